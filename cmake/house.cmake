@@ -1,0 +1,37 @@
+# The shape that every folder of the house has: a logic target that links no screen and, where the folder has windows,
+# a second target `<folder>_ui`. Whatever a folder's logic uses, its windows use too.
+
+add_library(house_options INTERFACE)
+target_compile_options(house_options INTERFACE -Wall -Wextra -Wpedantic -Werror -Wnon-virtual-dtor -Woverloaded-virtual
+                                               -Winvalid-pch -fpch-preprocess)
+target_compile_definitions(house_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS
+                                                   QT_NO_NARROWING_CONVERSIONS_IN_CONNECT QT_USE_QSTRINGBUILDER)
+
+function(house_folder name)
+  cmake_parse_arguments(F "" "" "LOGIC;UI;USES;LIBRARIES;UI_LIBRARIES" ${ARGN})
+  add_library(${name} STATIC ${F_LOGIC})
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(${name} PUBLIC house_options Qt6::Core ${F_USES} ${F_LIBRARIES})
+  target_precompile_headers(${name} PRIVATE <QtCore/QtCore> <optional> <variant> <functional> <memory> <vector>)
+  if(F_UI)
+    add_library(${name}_ui STATIC ${F_UI})
+    set_target_properties(${name}_ui PROPERTIES AUTOMOC ON)
+    target_link_libraries(${name}_ui PUBLIC ${name} Qt6::Widgets ${F_UI_LIBRARIES})
+    foreach(used IN LISTS F_USES)
+      if(TARGET ${used}_ui)
+        target_link_libraries(${name}_ui PUBLIC ${used}_ui)
+      endif()
+    endforeach()
+    target_precompile_headers(${name}_ui PRIVATE <QtWidgets/QtWidgets> <optional> <variant> <functional> <memory> <vector>)
+  endif()
+endfunction()
+
+# house_tests(marc USES marc SOURCES a.cpp b.cpp): one test program `<name>_tests`, run without a screen.
+function(house_tests name)
+  cmake_parse_arguments(T "" "" "SOURCES;USES" ${ARGN})
+  add_executable(${name}_tests ${T_SOURCES})
+  set_target_properties(${name}_tests PROPERTIES AUTOMOC ON)
+  target_link_libraries(${name}_tests PRIVATE test_support ${T_USES})
+  gtest_discover_tests(${name}_tests TEST_PREFIX ${name}. DISCOVERY_TIMEOUT 60
+    PROPERTIES TIMEOUT 60 ENVIRONMENT "QT_QPA_PLATFORM=offscreen;TZ=Asia/Shanghai;LC_ALL=C.UTF-8")
+endfunction()

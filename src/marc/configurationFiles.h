@@ -1,0 +1,34 @@
+// The four text files beside the executable that carry what the program knows of the format in words. They are read
+// afresh at each use. Each reader has its own rules, which differ on purpose.
+#pragma once
+
+#include "marc/fieldRows.h"
+#include <QString>
+#include <QStringList>
+
+namespace marc {
+
+inline constexpr QStringView fieldListFile = u"cnmarc_default.Qvs";
+inline constexpr QStringView subfieldListFile = u"cnmarc_zzdtshi.Qvs";
+inline constexpr QStringView descriptionFile = u"marcBJshuoming.Qvs";
+inline constexpr QStringView templateFile = u"mobanJiaoDui.QVs";
+
+// The lines of a pick list, or the text of the box that takes its place.
+struct PickList {
+    QStringList lines;
+    QString complaint; // empty when the list can be shown
+};
+
+// The fields on offer. `folder` ends in a separator.
+PickList readFieldList(const QString &folder);
+// The subfields of the field `tag`.
+PickList readSubfieldList(const QString &folder, const QString &tag);
+
+// Fills fieldLabel and subfieldLabel of all rows but the leader's. The text of the box where the file is missing, else
+// empty.
+QString fillDescriptions(FieldRows &rows, const QString &folder);
+
+// "配置文件【" + folder + file + ending
+QString configurationComplaint(const QString &folder, QStringView file, QStringView ending);
+
+} // namespace marc

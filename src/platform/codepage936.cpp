@@ -1,0 +1,140 @@
+#include "platform/codepage936.h"
+#include <array>
+#include <memory>
+#include <unicode/ucnv.h>
+
+namespace platform {
+
+namespace {
+
+constexpr uchar firstLead = 0x81;
+constexpr uchar lastLead = 0xFE;
+constexpr uchar firstTrail = 0x40;
+constexpr uchar lastTrail = 0xFE;
+constexpr int trails = 256;
+constexpr char16_t replacement = 0xFFFD;
+constexpr char16_t euroSign = 0x20AC;
+constexpr char16_t byteFF = 0xF8F5;
+
+constexpr bool isLead(uchar byte) {
+    return byte >= firstLead && byte <= lastLead;
+}
+constexpr bool isTrail(uchar byte) {
+    return byte >= firstTrail && byte <= lastTrail && byte != 0x7F;
+}
+
+struct Tables {
+    std::array<char16_t, (lastLead - firstLead + 1) * trails> text{}; // by lead and trail byte; 0 where no pair
+    std::array<quint16, 0x10000> code{};                              // by character; 0 where it has no code
+
+    char16_t pair(uchar lead, uchar trail) const { return text[size_t((lead - firstLead) * trails + trail)]; }
+};
+
+// The user-defined areas, in the order in which they go to the private use area.
+char16_t userDefined(uchar lead, uchar trail) {
+    const int low = trail - 0x40 - (trail > 0x7F ? 1 : 0); // column in the 96 columns below 0xA1
+    if (lead >= 0xAA && lead <= 0xAF && trail >= 0xA1)
+        return char16_t(0xE000 + (lead - 0xAA) * 94 + trail - 0xA1);
+    if (lead >= 0xF8 && lead <= 0xFE && trail >= 0xA1)
+        return char16_t(0xE234 + (lead - 0xF8) * 94 + trail - 0xA1);
+    if (lead >= 0xA1 && lead <= 0xA7 && trail <= 0xA0)
+        return char16_t(0xE4C6 + (lead - 0xA1) * 96 + low);
+    return 0;
+}
+
+std::unique_ptr<Tables> buildTables() {
+    auto tables = std::make_unique<Tables>();
+    UErrorCode status = U_ZERO_ERROR;
+    UConverter *converter = ucnv_open("windows-936", &status);
+    for (int lead = firstLead; lead <= lastLead; ++lead) {
+        for (int trail = firstTrail; trail <= lastTrail; ++trail) {
+            if (!isTrail(uchar(trail)))
+                continue;
+            const char bytes[2] = {char(lead), char(trail)};
+            UChar character[4] = {};
+            status = U_ZERO_ERROR;
+            const int length = ucnv_toUChars(converter, character, 4, bytes, 2, &status);
+            char16_t found = U_SUCCESS(status) && length == 1 && character[0] != replacement ? character[0] : u'\0';
+            if (!found)
+                found = userDefined(uchar(lead), uchar(trail));
+            tables->text[size_t((lead - firstLead) * trails + trail)] = found;
+            if (found && !tables->code[found])
+                tables->code[found] = quint16(lead << 8 | trail);
+        }
+    }
+    ucnv_close(converter);
+    for (char16_t ascii = 1; ascii < 0x80; ++ascii)
+        tables->code[ascii] = ascii;
+    tables->code[euroSign] = 0x80;
+    tables->code[byteFF] = 0xFF;
+    return tables;
+}
+
+const Tables &tables() {
+    static const std::unique_ptr<Tables> built = buildTables();
+    return *built;
+}
+
+} // namespace
+
+QString decode(QByteArrayView bytes) {
+    const Tables &table = tables();
+    QString text(bytes.size(), Qt::Uninitialized);
+    auto *out = reinterpret_cast<char16_t *>(text.data());
+    const char16_t *begin = out;
+    const auto *in = reinterpret_cast<const uchar *>(bytes.data());
+    const uchar *end = in + bytes.size();
+    while (in < end) {
+        const uchar byte = *in++;
+        if (byte < 0x80) {
+            *out++ = byte;
+        } else if (isLead(byte)) {
+            const char16_t character = in < end && isTrail(*in) ? table.pair(byte, *in) : u'\0';
+            if (character)
+                ++in;
+            *out++ = character ? character : replacement;
+        } else {
+            *out++ = byte == 0x80 ? euroSign : byteFF;
+        }
+    }
+    text.truncate(out - begin);
+    return text;
+}
+
+QByteArray encode(QStringView text) {
+    const Tables &table = tables();
+    QByteArray bytes(text.size() * 2, Qt::Uninitialized);
+    char *out = bytes.data();
+    const char *begin = out;
+    for (const QChar unit : text) {
+        const char16_t character = unit.unicode();
+        const quint16 code = table.code[character];
+        if (code > 0xFF) {
+            *out++ = char(code >> 8);
+            *out++ = char(code & 0xFF);
+        } else {
+            *out++ = code || !character ? char(code) : '?';
+        }
+    }
+    bytes.truncate(out - begin);
+    return bytes;
+}
+
+qsizetype gbkLength(QStringView text) {
+    const Tables &table = tables();
+    qsizetype length = text.size();
+    for (const QChar unit : text)
+        length += table.code[unit.unicode()] > 0xFF;
+    return length;
+}
+
+bool isEncodable(QStringView text) {
+    const Tables &table = tables();
+    for (const QChar unit : text) {
+        if (!table.code[unit.unicode()] && unit.unicode())
+            return false;
+    }
+    return true;
+}
+
+} // namespace platform

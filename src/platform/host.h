@@ -1,0 +1,62 @@
+// The operations of the machine that event procedures need. Windows know only this; the one implementation that shows
+// real boxes and dialogs stands in platform/desktop/, and tests hand in a scripted one.
+#pragma once
+
+#include "platform/settings.h"
+#include <QDateTime>
+#include <QString>
+
+class QWidget;
+
+namespace platform {
+
+enum class Icon { None, Information, Exclamation, Critical };
+enum class Buttons { Ok, YesNo };
+enum class Answer { Ok, Yes, No };
+
+// One message box. An empty title means the program's own title.
+struct Box {
+    QString text;
+    QString title;
+    Icon icon = Icon::Information;
+    Buttons buttons = Buttons::Ok;
+    Answer preselected = Answer::Yes; // of YesNo boxes
+};
+
+enum class FileDialogKind { Open, Save }; // Save: a name that does not exist yet may be given, and nothing is asked
+
+struct FileDialog {
+    QString title;
+    QString filter; // "label(*.iso)|*.iso|label(*.*)|*.*"; the first one is selected
+    FileDialogKind kind = FileDialogKind::Open;
+};
+
+class Host {
+public:
+    virtual ~Host() = default;
+
+    // Shows the box modally over the active window; esc and the close cross answer No where there is one.
+    virtual Answer show(const Box &box) = 0;
+    // The chosen path in the machine's manner; empty after a cancel.
+    virtual QString chooseFile(const FileDialog &dialog) = 0;
+    // Hands a folder, a file or a link to the desktop; false where that failed.
+    virtual bool openInShell(const QString &target) = 0;
+    virtual const Settings &settings() const = 0;
+    virtual QDateTime now() const = 0;
+    // The folder of the executable, with no separator at its end but for a root.
+    virtual QString programFolder() const = 0;
+    // Lets waiting events in once; costs next to nothing when none waits.
+    virtual void yield() = 0;
+    // Ends the process at once.
+    virtual void endProcess() = 0;
+
+    // The common boxes.
+    void tell(const QString &text, const QString &title, Icon icon = Icon::Information);
+    bool ask(const QString &text, const QString &title, Answer preselected = Answer::Yes,
+             Icon icon = Icon::Information);
+};
+
+// The title of every box that has none of its own.
+inline constexpr QStringView programTitle = u"Tarvex图书馆管理系统";
+
+} // namespace platform

@@ -1,0 +1,89 @@
+#include "platform/numbers.h"
+#include <cmath>
+#include <limits>
+
+namespace platform {
+
+namespace {
+
+bool isDigit(QChar c) {
+    return c >= u'0' && c <= u'9';
+}
+
+QStringView withoutBlanks(QStringView text) {
+    while (text.startsWith(u' '))
+        text = text.sliced(1);
+    while (text.endsWith(u' '))
+        text.chop(1);
+    return text;
+}
+
+// The length of the number at the start of the text: sign, digits, one decimal point. 0 where there is no digit.
+qsizetype numberLength(QStringView text) {
+    qsizetype at = text.startsWith(u'+') || text.startsWith(u'-') ? 1 : 0;
+    bool digits = false;
+    bool point = false;
+    for (; at < text.size(); ++at) {
+        if (isDigit(text[at]))
+            digits = true;
+        else if (text[at] == u'.' && !point)
+            point = true;
+        else
+            break;
+    }
+    return digits ? at : 0;
+}
+
+double valueOf(QStringView number) {
+    return number.toDouble();
+}
+
+template <class Integer>
+std::optional<Integer> toInteger(QStringView text) {
+    const std::optional<double> value = toDouble(text);
+    if (!value)
+        return std::nullopt;
+    const double whole = std::nearbyint(*value); // the default rounding takes a half to the even number
+    if (whole < double(std::numeric_limits<Integer>::min()) || whole > double(std::numeric_limits<Integer>::max()))
+        return std::nullopt;
+    return Integer(whole);
+}
+
+} // namespace
+
+bool isNumericText(QStringView text) {
+    const QStringView inner = withoutBlanks(text);
+    return !inner.isEmpty() && numberLength(inner) == inner.size();
+}
+
+std::optional<double> toDouble(QStringView text) {
+    if (!isNumericText(text))
+        return std::nullopt;
+    return valueOf(withoutBlanks(text));
+}
+
+std::optional<qint16> toInt16(QStringView text) {
+    return toInteger<qint16>(text);
+}
+std::optional<qint32> toInt32(QStringView text) {
+    return toInteger<qint32>(text);
+}
+
+double leadingNumber(QStringView text) {
+    while (text.startsWith(u' '))
+        text = text.sliced(1);
+    return valueOf(text.first(numberLength(text)));
+}
+
+QString trimBlanks(QStringView text) {
+    return withoutBlanks(text).toString();
+}
+
+QString padZero(int width, qint32 value) {
+    const QString digits = QString::number(value);
+    if (digits.size() > width)
+        return {};
+    return digits.rightJustified(width, u'0');
+}
+
+} // namespace platform

@@ -1,0 +1,41 @@
+#include "platform/paths.h"
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+namespace platform {
+
+QString pathWithSlash(const QString &path, QChar separator) {
+    return path.endsWith(separator) ? path : path + separator;
+}
+
+QString folderOf(const QString &path, QChar separator) {
+    return path.left(path.lastIndexOf(separator) + 1);
+}
+
+bool fileExists(const QString &path) {
+    const QFileInfo info(path);
+    return !path.isEmpty() && info.exists() && !info.isDir();
+}
+
+QStringList filesWithTwoWildcards(const QString &folder, const QString &prefix, const QString &suffix) {
+    constexpr Qt::CaseSensitivity sensitivity =
+        pathSeparator == u'\\' ? Qt::CaseInsensitive : Qt::CaseSensitive; // as the machine's own file names
+    QStringList found;
+    const QStringList names = QDir(folder).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Name);
+    for (const QString &name : names) {
+        if (name.size() == prefix.size() + 2 + suffix.size() && name.startsWith(prefix, sensitivity) &&
+            name.endsWith(suffix, sensitivity))
+            found.append(folder + name);
+    }
+    return found;
+}
+
+Status removeFile(const QString &path) {
+    QFile file(path);
+    if (!file.remove())
+        return Failure{file.errorString(), int(file.error())};
+    return success();
+}
+
+} // namespace platform

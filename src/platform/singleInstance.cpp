@@ -1,0 +1,58 @@
+#include "platform/singleInstance.h"
+#include <QDir>
+#include <QFile>
+#include <QStandardPaths>
+#ifdef Q_OS_WIN
+#include <windows.h>
+#else
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+#endif
+
+namespace platform {
+
+#ifdef Q_OS_WIN
+
+struct SingleInstance::Claim {
+    HANDLE mutex = nullptr;
+    ~Claim() {
+        if (mutex)
+            CloseHandle(mutex);
+    }
+};
+
+SingleInstance::SingleInstance(const QString &name)
+    : m_claim(std::make_unique<Claim>()) {
+    m_claim->mutex = CreateMutexW(nullptr, TRUE, reinterpret_cast<const wchar_t *>((u"Local\\" + name).utf16()));
+    m_first = m_claim->mutex && GetLastError() != ERROR_ALREADY_EXISTS;
+}
+
+#else
+
+// An advisory lock on a file of the user's: the kernel drops it with the process.
+struct SingleInstance::Claim {
+    int descriptor = -1;
+    ~Claim() {
+        if (descriptor >= 0)
+            close(descriptor);
+    }
+};
+
+SingleInstance::SingleInstance(const QString &name)
+    : m_claim(std::make_unique<Claim>()) {
+    QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    if (folder.isEmpty())
+        folder = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
+    QDir().mkpath(folder);
+    const QByteArray path = QFile::encodeName(folder + u'/' + name + u".lock");
+    m_claim->descriptor = open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    // Where the folder cannot be written there is no claim to hold: better two programs than none.
+    m_first = m_claim->descriptor < 0 || flock(m_claim->descriptor, LOCK_EX | LOCK_NB) == 0;
+}
+
+#endif
+
+SingleInstance::~SingleInstance() = default;
+
+} // namespace platform

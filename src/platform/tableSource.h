@@ -1,0 +1,17 @@
+// A table of texts that a grid can show without copying it: a database result, a list of records. Rows and columns
+// count from 0 and hold data only; headings belong to the grid.
+#pragma once
+
+#include <QString>
+
+namespace platform {
+
+class TableSource {
+public:
+    virtual ~TableSource() = default;
+    virtual int rowCount() const = 0;
+    virtual int columnCount() const = 0;
+    virtual QString text(int row, int column) const = 0;
+};
+
+} // namespace platform

@@ -1,0 +1,177 @@
+#include "platform/textFile.h"
+#include "platform/codepage936.h"
+#include <QFile>
+#include <QFileInfo>
+#include <algorithm>
+#include <cstring>
+
+namespace platform {
+
+namespace {
+
+constexpr qsizetype blockSize = 1 << 18;
+
+Result<std::unique_ptr<QFile>> openForReading(const QString &path) {
+    if (QFileInfo(path).isDir())
+        return Failure{QStringLiteral("%1 是文件夹，不是文件").arg(path)};
+    auto file = std::make_unique<QFile>(path);
+    if (!file->open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        return Failure{file->errorString(), int(file->error())};
+    return Result<std::unique_ptr<QFile>>(std::move(file));
+}
+
+} // namespace
+
+struct LineReader::State {
+    std::unique_ptr<QFile> file;
+    QByteArray block = QByteArray(blockSize, Qt::Uninitialized);
+    qsizetype at = 0;   // next unread byte in the block
+    qsizetype size = 0; // bytes in the block
+    QByteArray joined;  // a line that runs over a block's end
+
+    bool fill() {
+        at = 0;
+        size = std::max<qint64>(0, file->read(block.data(), block.size()));
+        return size > 0;
+    }
+    bool hasMore() { return at < size || fill(); }
+    const char *here() const { return block.constData() + at; }
+
+    // Takes the line feed that belongs to a carriage return just read.
+    void passLineFeed() {
+        if (hasMore() && *here() == '\n')
+            ++at;
+    }
+
+    // The next line; only up to and including the first `stop` byte where one is given.
+    QByteArrayView line(std::optional<char> stop) {
+        joined.clear();
+        bool stopped = false;
+        while (hasMore()) {
+            const char *from = here();
+            const qsizetype left = size - at;
+            const auto *end = static_cast<const char *>(std::memchr(from, '\r', size_t(left)));
+            const qsizetype length = end ? end - from : left;
+            qsizetype kept = length;
+            if (stopped) {
+                kept = 0;
+            } else if (stop) {
+                if (const auto *found = static_cast<const char *>(std::memchr(from, *stop, size_t(length)))) {
+                    kept = found - from + 1;
+                    stopped = true;
+                }
+            }
+            at += length + (end ? 1 : 0);
+            if (end && joined.isEmpty() && at < size) { // the common case: the line lies whole in the block
+                const QByteArrayView whole(from, kept);
+                if (*here() == '\n')
+                    ++at;
+                return whole;
+            }
+            joined.append(from, kept);
+            if (end) {
+                passLineFeed();
+                break;
+            }
+        }
+        return joined;
+    }
+};
+
+LineReader::LineReader(std::unique_ptr<State> state)
+    : m_state(std::move(state)) {}
+LineReader::LineReader(LineReader &&) noexcept = default;
+LineReader &LineReader::operator=(LineReader &&) noexcept = default;
+LineReader::~LineReader() = default;
+
+Result<LineReader> LineReader::open(const QString &path) {
+    auto file = openForReading(path);
+    if (!file)
+        return file.failure();
+    auto state = std::make_unique<State>();
+    state->file = std::move(file).value();
+    return LineReader(std::move(state));
+}
+
+bool LineReader::atEnd() const {
+    return !m_state->hasMore();
+}
+
+QByteArrayView LineReader::readLine() {
+    return m_state->line(std::nullopt);
+}
+
+QByteArrayView LineReader::readLineThrough(char stop) {
+    return m_state->line(stop);
+}
+
+void LineReader::rewind() {
+    m_state->file->seek(0);
+    m_state->at = m_state->size = 0;
+}
+
+Result<qint64> countLines(const QString &path) {
+    auto file = openForReading(path);
+    if (!file)
+        return file.failure();
+    QByteArray block(blockSize, Qt::Uninitialized);
+    qint64 lines = 0;
+    char last = '\n';       // the last byte read
+    char beforeLast = '\r'; // and the one before it: an empty file ends as a finished line does
+    for (qint64 size; (size = file.value()->read(block.data(), block.size())) > 0;) {
+        lines += std::count(block.cbegin(), block.cbegin() + size, '\r');
+        beforeLast = size > 1 ? block[size - 2] : last;
+        last = block[size - 1];
+    }
+    const bool finished = last == '\r' || (last == '\n' && beforeLast == '\r');
+    return finished ? lines : lines + 1;
+}
+
+Result<QStringList> readTextLines(const QString &path) {
+    auto reader = LineReader::open(path);
+    if (!reader)
+        return reader.failure();
+    QStringList lines;
+    while (!reader.value().atEnd())
+        lines.append(decode(reader.value().readLine()));
+    return lines;
+}
+
+Status writeTextFile(const QString &path, const QString &text) {
+    auto writer = ByteWriter::create(path);
+    if (!writer)
+        return writer.failure();
+    if (const Status written = writer.value().write(encode(text)); !written)
+        return written;
+    return writer.value().close();
+}
+
+ByteWriter::ByteWriter(std::unique_ptr<QFile> file)
+    : m_file(std::move(file)) {}
+ByteWriter::ByteWriter(ByteWriter &&) noexcept = default;
+ByteWriter &ByteWriter::operator=(ByteWriter &&) noexcept = default;
+ByteWriter::~ByteWriter() = default;
+
+Result<ByteWriter> ByteWriter::create(const QString &path) {
+    auto file = std::make_unique<QFile>(path);
+    if (!file->open(QIODevice::WriteOnly | QIODevice::Truncate))
+        return Failure{file->errorString(), int(file->error())};
+    return ByteWriter(std::move(file));
+}
+
+Status ByteWriter::write(QByteArrayView bytes) {
+    if (m_file->write(bytes.data(), bytes.size()) != bytes.size())
+        return Failure{m_file->errorString(), int(m_file->error())};
+    return success();
+}
+
+Status ByteWriter::close() {
+    const bool flushed = m_file->flush();
+    const Failure failure{m_file->errorString(), int(m_file->error())};
+    m_file->close();
+    if (!flushed)
+        return failure;
+    return success();
+}
+
+} // namespace platform

@@ -1,0 +1,70 @@
+// Text files on code page 936. Lines end at a carriage return, alone or followed by a line feed; a line feed alone ends
+// nothing. Lines are found in the bytes and decoded afterwards, one by one: 0x0D is never half of a character.
+#pragma once
+
+#include "platform/result.h"
+#include <QByteArray>
+#include <QByteArrayView>
+#include <QString>
+#include <QStringList>
+#include <memory>
+
+class QFile;
+
+namespace platform {
+
+// Reads a file line by line in blocks; holds no more than a block and the line in hand.
+class LineReader {
+public:
+    // Fails for what is missing, unreadable or a folder.
+    static Result<LineReader> open(const QString &path);
+    LineReader(LineReader &&) noexcept;
+    LineReader &operator=(LineReader &&) noexcept;
+    ~LineReader();
+
+    // Whether nothing is left to read, the line end of the last line taken as read.
+    bool atEnd() const;
+
+    // The next line without its line end; empty at the end of the file. Valid until the next call.
+    QByteArrayView readLine();
+
+    // The next line up to and including the first `stop` byte in it; what stands behind it on the line is read
+    // and dropped without being held. The whole line where it has no such byte. Valid until the next call.
+    QByteArrayView readLineThrough(char stop);
+
+    // Back to the start of the file.
+    void rewind();
+
+private:
+    struct State;
+    explicit LineReader(std::unique_ptr<State> state);
+    std::unique_ptr<State> m_state;
+};
+
+// The number of lines of the file, empty ones included; what stands behind the last line end counts if there is
+// anything.
+Result<qint64> countLines(const QString &path);
+
+// The decoded lines of a small file.
+Result<QStringList> readTextLines(const QString &path);
+
+// Replaces the file with the text in code page 936, as it stands: no line end is added or changed.
+Status writeTextFile(const QString &path, const QString &text);
+
+// A file being written, bytes as they come. A failed write is told by write() or close(), never lost.
+class ByteWriter {
+public:
+    static Result<ByteWriter> create(const QString &path); // replaces what is there
+    ByteWriter(ByteWriter &&) noexcept;
+    ByteWriter &operator=(ByteWriter &&) noexcept;
+    ~ByteWriter();
+
+    Status write(QByteArrayView bytes);
+    Status close();
+
+private:
+    explicit ByteWriter(std::unique_ptr<QFile> file);
+    std::unique_ptr<QFile> m_file;
+};
+
+} // namespace platform

@@ -1,0 +1,50 @@
+// What every window of the program has in common: one way of closing for the close cross, Esc and its own buttons, and
+// buttons that take the focus before they act, so that the field that is left does what it does on being left.
+#pragma once
+
+#include <QDialog>
+#include <QPushButton>
+
+namespace platform {
+
+class Button : public QPushButton {
+    Q_OBJECT
+public:
+    // objectName is the control's name; the caption may hold an access key as "&S 停止".
+    Button(const QString &objectName, const QString &caption, QWidget *parent = nullptr);
+
+protected:
+    bool event(QEvent *event) override; // a shortcut takes the focus here first, then clicks
+};
+
+class Window : public QDialog {
+    Q_OBJECT
+public:
+    explicit Window(const QString &objectName, const QString &caption, QWidget *parent = nullptr);
+
+    // The window's own way of closing, for its buttons; the same as the close cross and Esc.
+    void unload() { close(); }
+    void reject() override { unload(); }
+
+signals:
+    void unloaded();
+
+protected:
+    // Whether the window may close now; asks what it has to ask. The default lets it go.
+    virtual bool queryUnload() { return true; }
+    void closeEvent(QCloseEvent *event) override;
+};
+
+// Waits, with the wait cursor on the window, until the object goes.
+class WaitCursor {
+public:
+    explicit WaitCursor(QWidget *window);
+    ~WaitCursor();
+    WaitCursor(const WaitCursor &) = delete;
+    WaitCursor &operator=(const WaitCursor &) = delete;
+
+private:
+    QWidget *m_window;
+};
+
+} // namespace platform

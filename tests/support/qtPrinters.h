@@ -1,0 +1,17 @@
+// Lets failures show Chinese texts instead of dumps of bytes.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+#include <ostream>
+
+inline void PrintTo(const QString &text, std::ostream *out) {
+    *out << '"' << text.toStdString() << '"';
+}
+inline void PrintTo(const QStringList &texts, std::ostream *out) {
+    *out << '[' << texts.join(QStringLiteral(" | ")).toStdString() << ']';
+}
+inline void PrintTo(const QByteArray &bytes, std::ostream *out) {
+    *out << '"' << bytes.toPercentEncoding(" !#$&'()*+,/:;=?@[]{}<>").toStdString() << '"';
+}

@@ -1,0 +1,47 @@
+// A machine made of a script: it records every box, dialog and shell call, answers questions from a prepared list, and
+// fails the test on a question that nobody expected and on an answer that nobody used. It never waits.
+#pragma once
+
+#include "platform/host.h"
+#include "support/qtPrinters.h"
+#include <QList>
+#include <QStringList>
+#include <QTemporaryDir>
+#include <functional>
+
+class ScriptedHost final : public platform::Host {
+public:
+    ScriptedHost();
+    ~ScriptedHost() override; // fails where answers or files are left
+
+    // Prepares the answer of the next question, and the result of the next file dialog ("" cancels).
+    void willAnswer(platform::Answer answer) { m_answers.append(answer); }
+    void willChoose(const QString &path) { m_files.append(path); }
+
+    QList<platform::Box> boxes;          // all boxes, in order
+    QList<platform::FileDialog> dialogs; // all file dialogs, in order
+    QStringList opened;                  // what was handed to the shell
+    bool shellWorks = true;
+    int endings = 0;               // how often the process was told to end
+    QDateTime clock;               // what now() says
+    QString folder;                // what programFolder() says: a folder of the test's own
+    std::function<void()> onYield; // what happens while the program yields
+
+    QStringList texts() const; // the boxes' texts, in order
+    platform::Box lastBox() const;
+
+    platform::Answer show(const platform::Box &box) override;
+    QString chooseFile(const platform::FileDialog &dialog) override;
+    bool openInShell(const QString &target) override;
+    const platform::Settings &settings() const override { return m_settings; }
+    QDateTime now() const override { return clock; }
+    QString programFolder() const override { return folder; }
+    void yield() override;
+    void endProcess() override { ++endings; }
+
+private:
+    QTemporaryDir m_directory;
+    platform::Settings m_settings;
+    QList<platform::Answer> m_answers;
+    QStringList m_files;
+};
