@@ -59,7 +59,7 @@ public:
     // The place of a cell in the coordinates of the grid's parent, where an editor can be laid over it.
     QRect cellRect(int row, int column) const;
 
-signals:
+Q_SIGNALS:
     void leaveCell();          // before another row becomes current by the user's doing; row() is still the old one
     void enterCell();          // after it; row() is the new one
     void gridClicked();        // a press and release of any button on a cell

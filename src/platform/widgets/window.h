@@ -26,7 +26,7 @@ public:
     void unload() { close(); }
     void reject() override { unload(); }
 
-signals:
+Q_SIGNALS:
     void unloaded();
 
 protected:
