@@ -50,8 +50,8 @@ SingleInstance::SingleInstance(const QString &name)
     m_claim->descriptor = open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
     // Where the folder cannot be written or its file system knows no locks, there is no claim to hold: better two
     // programs than none.
-    const bool held = m_claim->descriptor >= 0 && flock(m_claim->descriptor, LOCK_EX | LOCK_NB) != 0;
-    m_first = !held || errno != EWOULDBLOCK;
+    const bool refused = m_claim->descriptor >= 0 && flock(m_claim->descriptor, LOCK_EX | LOCK_NB) != 0;
+    m_first = !refused || errno != EWOULDBLOCK;
 }
 
 #endif
