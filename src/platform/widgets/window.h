@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QPointer>
 #include <QPushButton>
 
 namespace platform {
@@ -14,7 +15,8 @@ public:
     Button(const QString &objectName, const QString &caption, QWidget *parent = nullptr);
 
 protected:
-    bool event(QEvent *event) override; // a shortcut takes the focus here first, then clicks
+    bool event(QEvent *event) override;            // a shortcut takes the focus here first, then clicks
+    void keyPressEvent(QKeyEvent *event) override; // Enter clicks, as the space bar does
 };
 
 class Window : public QDialog {
@@ -44,7 +46,7 @@ public:
     WaitCursor &operator=(const WaitCursor &) = delete;
 
 private:
-    QWidget *m_window;
+    QPointer<QWidget> m_window;
 };
 
 } // namespace platform

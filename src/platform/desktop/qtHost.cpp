@@ -1,0 +1,126 @@
+#include "platform/desktop/qtHost.h"
+#include <QApplication>
+#include <QDesktopServices>
+#include <QDir>
+#include <QFileDialog>
+#include <QFont>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QMessageBox>
+#include <QTranslator>
+#include <QUrl>
+#include <cstdlib>
+
+namespace platform {
+
+namespace {
+
+QMessageBox::Icon iconOf(Icon icon) {
+    switch (icon) {
+    case Icon::Information:
+        return QMessageBox::Information;
+    case Icon::Exclamation:
+        return QMessageBox::Warning;
+    case Icon::Critical:
+        return QMessageBox::Critical;
+    case Icon::None:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+// "label|pattern|label|pattern" as the toolkit's filters. The labels hold brackets of their own, so each gets its
+// pattern in a last pair, which the dialog does not show; "*.*" stands for every file.
+QStringList nameFilters(const QString &filter) {
+    const QStringList parts = filter.split(u'|');
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        const QString pattern = parts[i + 1] == u"*.*" ? QStringLiteral("*") : parts[i + 1];
+        filters.append(parts[i] + u" (" + pattern + u')');
+    }
+    return filters;
+}
+
+QWidget *windowInFront() {
+    if (QWidget *modal = QApplication::activeModalWidget())
+        return modal;
+    return QApplication::activeWindow();
+}
+
+} // namespace
+
+QtHost::QtHost(Settings settings)
+    : m_settings(std::move(settings)) {}
+
+Answer QtHost::show(const Box &box) {
+    QMessageBox window(windowInFront());
+    window.setIcon(iconOf(box.icon));
+    window.setWindowTitle(box.title.isEmpty() ? programTitle.toString() : box.title);
+    window.setTextFormat(Qt::PlainText);
+    window.setText(box.text);
+    if (box.buttons == Buttons::Ok) {
+        window.setStandardButtons(QMessageBox::Ok);
+        window.exec();
+        return Answer::Ok;
+    }
+    window.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    window.setDefaultButton(box.preselected == Answer::No ? QMessageBox::No : QMessageBox::Yes);
+    window.setEscapeButton(QMessageBox::No);
+    return window.exec() == QMessageBox::Yes ? Answer::Yes : Answer::No;
+}
+
+QString QtHost::chooseFile(const FileDialog &dialog) {
+    QFileDialog window(windowInFront(), dialog.title);
+    window.setOption(QFileDialog::HideNameFilterDetails);
+    window.setNameFilters(nameFilters(dialog.filter));
+    if (dialog.kind == FileDialogKind::Save) {
+        window.setAcceptMode(QFileDialog::AcceptSave);
+        window.setFileMode(QFileDialog::AnyFile);
+        window.setOption(QFileDialog::DontConfirmOverwrite);
+    } else {
+        window.setFileMode(QFileDialog::ExistingFile);
+    }
+    if (window.exec() != QDialog::Accepted || window.selectedFiles().isEmpty())
+        return {};
+    return QDir::toNativeSeparators(window.selectedFiles().constFirst());
+}
+
+bool QtHost::openInShell(const QString &target) {
+    const bool isLink = target.contains(u"://") || target.startsWith(u"mailto:");
+    return QDesktopServices::openUrl(isLink ? QUrl(target) : QUrl::fromLocalFile(target));
+}
+
+QDateTime QtHost::now() const {
+    return QDateTime::currentDateTime();
+}
+
+QString QtHost::programFolder() const {
+    return QDir::toNativeSeparators(QCoreApplication::applicationDirPath());
+}
+
+void QtHost::yield() {
+    QCoreApplication::processEvents();
+}
+
+void QtHost::endProcess() {
+    // At once and without asking any window: no close events, no destructors of windows.
+    std::_Exit(EXIT_SUCCESS);
+}
+
+void prepareToolkit() {
+    const QLocale chinese(QLocale::Chinese, QLocale::SimplifiedChineseScript, QLocale::China);
+    QLocale::setDefault(chinese);
+    for (const char *name : {"qtbase_zh_CN", "qt_zh_CN"}) {
+        auto *translator = new QTranslator(qApp);
+        if (translator->load(QLatin1StringView(name), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+            QCoreApplication::installTranslator(translator);
+    }
+    QFont font = QApplication::font();
+    QStringList families = font.families();
+    for (const char *family : {"Microsoft YaHei UI", "Noto Sans CJK SC", "WenQuanYi Micro Hei"})
+        families.append(QLatin1StringView(family));
+    font.setFamilies(families);
+    QApplication::setFont(font);
+}
+
+} // namespace platform
