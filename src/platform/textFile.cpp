@@ -20,6 +20,22 @@ Result<std::unique_ptr<QFile>> openForReading(const QString &path) {
     return Result<std::unique_ptr<QFile>>(std::move(file));
 }
 
+// How many of the bytes are `wanted`. Counted in stretches so short that a byte holds each one's number: compilers turn
+// that into a few instructions for sixteen bytes.
+qint64 countByte(QByteArrayView bytes, char wanted) {
+    constexpr qsizetype stretch = 240;
+    qint64 total = 0;
+    while (!bytes.isEmpty()) {
+        const QByteArrayView part = bytes.first(std::min(stretch, bytes.size()));
+        quint8 count = 0;
+        for (const char byte : part)
+            count = quint8(count + (byte == wanted));
+        total += count;
+        bytes = bytes.sliced(part.size());
+    }
+    return total;
+}
+
 } // namespace
 
 struct LineReader::State {
@@ -119,7 +135,7 @@ Result<qint64> countLines(const QString &path) {
     char last = '\n';       // the last byte read
     char beforeLast = '\r'; // and the one before it: an empty file ends as a finished line does
     for (qint64 size; (size = file.value()->read(block.data(), block.size())) > 0;) {
-        lines += std::count(block.cbegin(), block.cbegin() + size, '\r');
+        lines += countByte(QByteArrayView(block.constData(), size), '\r');
         beforeLast = size > 1 ? block[size - 2] : last;
         last = block[size - 1];
     }
