@@ -185,7 +185,7 @@ TEST_F(FlexGridTest, mouseMovesClickAndActivate) {
     release(Qt::LeftButton, 5);
     taken();
     QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, at(4, 2));
-    EXPECT_EQ(taken(), u"leave2 enter4 click4 activated4"_s);
+    EXPECT_EQ(taken(), u"leave2 enter4 activated4"_s);
     QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, grid.viewport()->rect().bottomRight() - QPoint(3, 3));
     EXPECT_EQ(taken(), QString()) << "nothing under the last row";
 }
@@ -194,8 +194,8 @@ TEST_F(FlexGridTest, everythingByKeyboard) {
     struct Step {
         Qt::Key key;
         Qt::KeyboardModifiers modifiers;
-        const char16_t *place;
-        const char16_t *signalsSeen;
+        QStringView place;
+        QStringView signalsSeen;
     };
     const Step steps[] = {
         {Qt::Key_Up, {}, u"1-1/1", u""},
@@ -219,8 +219,8 @@ TEST_F(FlexGridTest, everythingByKeyboard) {
     grid.setColumn(1);
     for (const Step &step : steps) {
         QTest::keyClick(&grid, step.key, step.modifiers);
-        EXPECT_EQ(place(), QString(QStringView(step.place)));
-        EXPECT_EQ(taken(), QString(QStringView(step.signalsSeen)));
+        EXPECT_EQ(place(), step.place.toString());
+        EXPECT_EQ(taken(), step.signalsSeen.toString());
     }
     grid.setRow(2);
     grid.setRowSel(1);
