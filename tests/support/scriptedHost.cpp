@@ -5,8 +5,9 @@ using namespace platform;
 
 ScriptedHost::ScriptedHost()
     : clock(QDate(2026, 3, 9), QTime(8, 5, 7))
-    , folder(m_directory.path())
-    , m_settings(m_directory.path()) {}
+    , m_settings(m_directory.path()) {
+    folder = m_directory.path();
+}
 
 ScriptedHost::~ScriptedHost() {
     EXPECT_TRUE(m_answers.isEmpty()) << m_answers.size() << " answers were not asked for";

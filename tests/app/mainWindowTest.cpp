@@ -1,0 +1,79 @@
+#include "app/marcMain.h"
+#include "support/scriptedHost.h"
+#include <QAction>
+#include <QCoreApplication>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace app;
+
+namespace {
+
+struct RecordedWindows final : CommandWindows {
+    QStringList calls;
+    void selectMarcFile() override { calls.append(u"select"_s); }
+    void queryCatalogue(const QueryLists &lists) override {
+        calls.append(u"catalogue "_s + QString::number(lists.columns.toString().split(u',').size()));
+    }
+    void queryStore(const QueryLists &lists) override {
+        calls.append(u"store "_s + QString::number(lists.columns.toString().split(u',').size()));
+    }
+    void splitFile() override { calls.append(u"split"_s); }
+    void mergeFiles() override { calls.append(u"merge"_s); }
+    void showHelp() override { calls.append(u"help"_s); }
+    void showAbout() override { calls.append(u"about"_s); }
+    void showNotice() override { calls.append(u"notice"_s); }
+};
+
+struct MainWindowTest : testing::Test {
+    ScriptedHost host;
+    RecordedWindows windows;
+    marcMain frame{host, windows};
+
+    QString callOf(const QString &name) {
+        windows.calls.clear();
+        frame.findChild<QAction *>(name)->trigger();
+        return windows.calls.join(u'|');
+    }
+};
+
+} // namespace
+
+TEST_F(MainWindowTest, MenuAndToolbarGiveTheSameCommands) {
+    const struct {
+        QString menu, key, call;
+    } rows[] = {
+        {u"mnuDaoru"_s, u"daoru"_s, u"select"_s},    {u"mnuDaochu"_s, u"daochu"_s, u"catalogue 8"_s},
+        {u"mnuDelete"_s, u"delete"_s, u"store 7"_s}, {u"ChaiFenFile"_s, u"chaifen"_s, u"split"_s},
+        {u"HeBingFile"_s, u"hebing"_s, u"merge"_s},  {u"aboutgongju"_s, u""_s, u"help"_s},
+        {u"mnuHelp"_s, u""_s, u"about"_s},
+    };
+    for (const auto &row : rows) {
+        EXPECT_EQ(callOf(row.menu), row.call);
+        if (!row.key.isEmpty()) {
+            EXPECT_EQ(callOf(row.key), row.call);
+        }
+    }
+}
+
+TEST_F(MainWindowTest, TheNoticeComesWithTheFirstShowingOnly) {
+    frame.show();
+    frame.hide();
+    frame.show();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(windows.calls, QStringList{u"notice"_s});
+}
+
+TEST_F(MainWindowTest, EveryWayOutAsksOnceAndEndsOnlyWithYes) {
+    frame.show();
+    host.willAnswer(platform::Answer::No);
+    frame.findChild<QAction *>(u"quit"_s)->trigger();
+    EXPECT_TRUE(frame.isVisible());
+    EXPECT_EQ(host.endings, 0);
+    host.willAnswer(platform::Answer::Yes);
+    frame.close();
+    EXPECT_EQ(host.endings, 1);
+    EXPECT_EQ(host.texts(), (QStringList{u"确定要退出系统吗？"_s, u"确定要退出系统吗？"_s}));
+    EXPECT_EQ(host.lastBox().title, u"Tarvex图书馆管理系统-[退出]"_s);
+    EXPECT_EQ(host.lastBox().icon, platform::Icon::Exclamation);
+}
