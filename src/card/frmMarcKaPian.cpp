@@ -5,13 +5,24 @@
 
 using namespace Qt::StringLiterals;
 using platform::Button;
+using platform::TextBox;
 
 namespace card {
+
+namespace {
+
+QString signsOfTheRecord() {
+    return u"%1 子字段标识符　%2 字段结束符　%3 记录结束符"_s.arg(TextBox::signOf(marc::subfieldDelimiter),
+                                                                  TextBox::signOf(marc::fieldTerminator),
+                                                                  TextBox::signOf(marc::recordTerminator));
+}
+
+} // namespace
 
 frmMarcKaPian::frmMarcKaPian(platform::Host &host, QWidget *parent)
     : Window(u"frmMarcKaPian"_s, u"MARC数据阅读1器"_s, parent)
     , Label2(new QLabel(u"通用MARC阅读器"_s, this))
-    , Text1(new platform::TextBox(u"Text1"_s, this))
+    , Text1(new TextBox(u"Text1"_s, this))
     , cmdclick{new Button(u"cmdclick0"_s, u"&B 标准式"_s, this), new Button(u"cmdclick1"_s, u"&K 卡片式"_s, this),
                new Button(u"cmdclick2"_s, u"&Q 返回"_s, this)}
     , m_host(host) {
@@ -49,10 +60,12 @@ void frmMarcKaPian::clicked(const Button *button) {
 
 void frmMarcKaPian::showStandard() {
     Text1->setText(marcRecord);
+    Text1->setToolTip(signsOfTheRecord());
 }
 
 void frmMarcKaPian::showCard() {
     const Card card = showKapian(marcRecord);
+    Text1->setToolTip({});
     for (const QString &text : card.boxes)
         m_host.tell(text, {}, platform::Icon::None);
     if (!card.fault.isEmpty())

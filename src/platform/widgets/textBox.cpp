@@ -25,7 +25,7 @@ QChar exchanged(QChar c) {
     const char16_t code = c.unicode();
     if (code < 0x20)
         return signs[code] ? QChar(signs[code]) : c;
-    if (code < 0x80)
+    if (code < 0x80 || code >= 0x2E80) // most of what a Chinese text is made of
         return c;
     const size_t at = signs.find(code);
     return at == signs.npos ? c : QChar(char16_t(at));
@@ -77,7 +77,9 @@ public:
 
 protected:
     void highlightBlock(const QString &text) override {
-        const QColor colour = m_box->palette().color(QPalette::Link);
+        QColor colour = m_box->palette().color(QPalette::Link);
+        if (m_box->palette().color(QPalette::Base).lightness() < 128)
+            colour = colour.lighter(170); // a dark desktop
         for (qsizetype i = 0; i < text.size(); ++i) {
             if (text[i].unicode() >= 0x80 && exchanged(text[i]) != text[i])
                 setFormat(int(i), 1, colour);
@@ -95,10 +97,15 @@ TextBox::TextBox(const QString &objectName, QWidget *parent)
     setObjectName(objectName);
     QFont face = font();
     face.setFamilies({u"宋体"_s, u"SimSun"_s, u"Noto Serif CJK SC"_s, u"Noto Sans CJK SC"_s});
+    face.setPointSize(face.pointSize() + 2); // Song strokes are thin
     setFont(face);
     setTabChangesFocus(true);
     setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     new SignColours(this);
+}
+
+QChar TextBox::signOf(QChar control) {
+    return exchanged(control);
 }
 
 void TextBox::setText(const QString &text) {

@@ -12,6 +12,9 @@ class TextBox : public QPlainTextEdit {
 public:
     explicit TextBox(const QString &objectName, QWidget *parent = nullptr);
 
+    // The sign that stands for a control character in the box.
+    static QChar signOf(QChar control);
+
     // Shows the text from its start. What a text of code page 936 can hold comes back from text() unchanged.
     void setText(const QString &text);
     // The text as it stands now, the user's changes included.
