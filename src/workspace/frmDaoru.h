@@ -8,9 +8,11 @@
 #include "platform/widgets/flexGrid.h"
 #include "platform/widgets/pacedLabel.h"
 #include "platform/widgets/window.h"
-#include "workspace/preReadEngine.h"
+#include "workspace/cellControls.h"
+#include "workspace/fieldCommands.h"
 #include "workspace/recordCommands.h"
 #include "workspace/recordMoving.h"
+#include "workspace/recordReading.h"
 #include "workspace/workspaceWindows.h"
 #include <QGroupBox>
 #include <array>
@@ -45,6 +47,19 @@ public:
     QString stopFlag;       // "yes" asks the running read to stop
     QString recordChanged;  // "yes" when Grid1 was edited and not yet taken over into the list
 
+    // Whether the state of the read allows to read all; an open editor holds the button back beside that.
+    void allowReadAll(bool allowed);
+    // While an editor is open: the grid of fields and the commands are out of reach, the list only where told.
+    void holdControls(bool listToo);
+    void releaseControls();
+    QRect rightHalf() const; // of the field grid, for what is laid over it
+    void updateStatus();     // says below the grids what would be lost of the record
+
+    int editRow = 0;     // the row that was clicked last, and the one that an open editor writes to; 0: none yet
+    int editCol = 0;     // the column that an open editor writes to
+    QString clickMark;   // "MouseDown" between a press of the right button and the click that follows it
+    QString public100ZD; // the text handed to and returned by the assistant of field 100
+
     QGroupBox *picTiMing;
     platform::FlexGrid *Grid2;
     QGroupBox *Picture1;
@@ -57,26 +72,31 @@ public:
     platform::Button *cmdJieShu;
     std::array<platform::Button *, 2> cmdTiMing;
     std::array<platform::Button *, 7> cmdclick;
+    CellText *richText; // edits column 4
+    CellLine *Text1;    // edits columns 1, 2 and 3
+    PickListBox *zdList;
+    PickListBox *Zzdlist;
+    platform::PacedLabel *labZhuangTai;
 
 protected:
     bool queryUnload() override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void lay();
     void connectControls();
-    ReadEnd read(platform::LineReader &reader, ReadRange range, bool firstBatch);
-    std::optional<platform::LineReader> open(const QString &file);
-    void sayState(QStringView text);
-    void endRead();
-    void readAll();
-    void stopReading();
+    void placeOverlays();
 
     platform::Host &m_host;
     WorkspaceWindows m_windows;
     std::shared_ptr<marc::PreReadStore> m_records = std::make_shared<marc::PreReadStore>();
     RecordMoving m_moving;
+    RecordReading m_reading;
     RecordCommands m_commands;
-    int m_readsBegun = 0; // a read that finds a later one begun leaves
+    CellEditors m_editors;
+    FieldCommands m_fields;
+    bool m_mayReadAll = true; // as far as the state of the read goes
+    int m_readsBegun = 0;     // a read that finds a later one begun leaves
     bool m_closed = false;
 };
 

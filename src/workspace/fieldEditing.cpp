@@ -1,0 +1,182 @@
+#include "workspace/fieldEditing.h"
+#include "marc/separators.h"
+#include "platform/codepage936.h"
+#include "platform/numbers.h"
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace workspace {
+
+namespace {
+
+constexpr int tagLength = 3;
+constexpr int subfieldIdentifierLength = 2; // "$" and the code
+constexpr int labelAt = 3;                  // in a line of a pick list
+constexpr int firstDataTag = 10;
+
+int lastRow(const marc::FieldRows &rows) {
+    return int(rows.size());
+}
+
+// An empty row where there is none.
+marc::FieldRow rowAt(const marc::FieldRows &rows, int row) {
+    return rows.value(row - 1);
+}
+
+bool isDataTag(const QString &identifier) {
+    const auto value = platform::toDouble(identifier);
+    return value && *value >= firstDataTag;
+}
+
+bool isAsciiLetter(QChar c) {
+    return (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z');
+}
+
+QString checkIdentifier(const marc::FieldRow &row, const QString &typed) {
+    if (typed.isEmpty())
+        return u"字段标识符不允许为空"_s;
+    if (beginsField(row)) {
+        if (!platform::isNumericText(typed))
+            return u"只允许输入数值"_s;
+        return typed.size() == tagLength ? QString() : u"只允许输入3位数值"_s;
+    }
+    if (typed.size() != subfieldIdentifierLength)
+        return u"只允许输入2位字符"_s;
+    // Letters only, although records have codes that are digits.
+    return typed[0] == u'$' && isAsciiLetter(typed[1]) ? QString() : u"格式错误，请重新输入或按【Esc】取消操作"_s;
+}
+
+} // namespace
+
+bool beginsField(const marc::FieldRow &row) {
+    return row.identifier == ownField || marc::isFieldRow(row);
+}
+
+std::optional<int> fieldOf(const marc::FieldRows &rows, int row) {
+    for (int i = std::min(row, lastRow(rows)); i >= 1; --i) {
+        if (beginsField(rowAt(rows, i)))
+            return i;
+    }
+    return std::nullopt;
+}
+
+QString tagOf(const marc::FieldRows &rows, int row) {
+    const auto field = fieldOf(rows, row);
+    return field ? rowAt(rows, *field).identifier : QString();
+}
+
+std::optional<int> contentLimit(const marc::FieldRows &rows, int row) {
+    constexpr int indicators = 2;
+    constexpr int field100Length = 36;
+    const QString identifier = rowAt(rows, row).identifier;
+    if (identifier == u"000")
+        return 24;
+    if (identifier.size() == tagLength)
+        return isDataTag(identifier) ? std::optional(indicators) : std::nullopt;
+    // It is the length of the cell above that counts, not its value; so field 100 has no limit in practice.
+    if (rowAt(rows, row - 1).identifier.size() == 100)
+        return field100Length;
+    return std::nullopt;
+}
+
+std::optional<int> identityLimit(const marc::FieldRow &row, IdentityColumn column) {
+    if (column != IdentityColumn::Identifier)
+        return std::nullopt;
+    return beginsField(row) ? tagLength : subfieldIdentifierLength;
+}
+
+QString checkIdentity(const marc::FieldRow &row, IdentityColumn column, const QString &typed) {
+    switch (column) {
+    case IdentityColumn::FieldLabel:
+        return marc::isFieldRow(row) && typed.isEmpty() ? u"字段说明不允许为空"_s : QString();
+    case IdentityColumn::Identifier:
+        return checkIdentifier(row, typed);
+    case IdentityColumn::SubfieldLabel:
+        break;
+    }
+    return typed.isEmpty() ? u"子字段说明不允许为空"_s : QString();
+}
+
+NewRow newField(const marc::FieldRows &rows, int current, const QString &line) {
+    const int last = lastRow(rows);
+    int place = current + 1;
+    while (place <= last && !beginsField(rowAt(rows, place)))
+        ++place;
+    const bool walkedToTheEnd = place > last && current != last;
+    const QString tag = line.left(tagLength);
+    const bool indicators = !walkedToTheEnd || tag == ownField || isDataTag(tag);
+    return {place,
+            {.number = QString::number(last + 2), // the heading counts
+             .fieldLabel = line.mid(labelAt),
+             .identifier = tag,
+             .subfieldLabel = indicators ? u"指示符"_s : QString(),
+             .value = {}}};
+}
+
+NewRow newSubfield(const marc::FieldRows &rows, int current, const QString &line) {
+    return {current + 1,
+            {.number = QString::number(lastRow(rows) + 2),
+             .fieldLabel = {},
+             .identifier = line.left(subfieldIdentifierLength),
+             .subfieldLabel = line.mid(labelAt),
+             .value = {}}};
+}
+
+int rowsOfField(const marc::FieldRows &rows, int field) {
+    // The count runs against the shrinking grid: of an even number of rows below, half at the most go. That leaves
+    // subfields behind when a field with two of them ends the record, and is kept.
+    const int below = lastRow(rows) - field;
+    int removed = 0;
+    while (removed < below && !marc::isFieldRow(rowAt(rows, field + 1 + removed))) {
+        ++removed;
+        if (2 * removed == below)
+            break;
+    }
+    return 1 + removed;
+}
+
+int field100Assistants(const marc::FieldRows &rows, int row) {
+    if (!rowAt(rows, row).identifier.endsWith(u'a'))
+        return 0;
+    return int(std::count_if(rows.begin(), rows.begin() + std::clamp(row - 1, 0, lastRow(rows)),
+                             [](const marc::FieldRow &above) { return above.identifier == u"100"; }));
+}
+
+QStringList charactersWithoutCode(QStringView text) {
+    QStringList found;
+    if (platform::isEncodable(text))
+        return found;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const bool pair = text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
+        const QStringView character = text.sliced(i, pair ? 2 : 1);
+        if (!platform::isEncodable(character) && !found.contains(character.toString()))
+            found.append(character.toString());
+        i += pair ? 1 : 0;
+    }
+    return found;
+}
+
+QString contentWarning(const marc::FieldRows &rows) {
+    constexpr int shownCharacters = 8;
+    QStringList lost;
+    bool separators = false;
+    for (const marc::FieldRow &row : rows) {
+        for (const QString &character : charactersWithoutCode(row.value)) {
+            if (!lost.contains(character))
+                lost.append(character);
+        }
+        separators = separators || std::any_of(row.value.begin(), row.value.end(), [](QChar c) {
+                         return c >= QChar(marc::recordTerminator) && c <= QChar(marc::subfieldDelimiter);
+                     });
+    }
+    QStringList warnings;
+    if (!lost.isEmpty())
+        warnings.append(u"注意：GBK 没有字符“"_s + lost.mid(0, shownCharacters).join(u' ') +
+                        (lost.size() > shownCharacters ? u" …"_s : QString()) + u"”，保存后将变成“?”。");
+    if (separators)
+        warnings.append(u"注意：字段内容含有分隔符(1D-1F)，保存后字段会被拆开。"_s);
+    return warnings.join(u' ');
+}
+
+} // namespace workspace

@@ -1,0 +1,17 @@
+// The controls of the workspace as they stand in its design: names, captions, hints.
+#pragma once
+
+#include "platform/widgets/pacedLabel.h"
+#include "platform/widgets/window.h"
+#include <QGroupBox>
+#include <array>
+
+namespace workspace {
+
+std::array<platform::Button *, 7> commandButtons(QWidget *parent); // cmdclick
+// A number beside its label, as large as any count of records.
+platform::PacedLabel *numberBox(const QString &name, const QString &meaning, QWidget *parent);
+QGroupBox *frameOf(const QString &name, QWidget *parent);
+QLabel *label(const QString &name, const QString &text, QWidget *parent);
+
+} // namespace workspace
