@@ -78,7 +78,9 @@ bool CellText::event(QEvent *event) {
 }
 
 void CellText::keyPressEvent(QKeyEvent *event) {
-    const bool types = !event->text().isEmpty() && event->text()[0].isPrint();
+    const bool command =
+        event->modifiers().testFlag(Qt::ControlModifier) && !event->modifiers().testFlag(Qt::AltModifier);
+    const bool types = !command && !event->text().isEmpty() && event->text()[0].isPrint();
     if (m_composing)
         event->accept(); // the input method's own keys must not reach the window either
     else if (isEnter(event))

@@ -1,0 +1,229 @@
+#include "workspaceFixture.h"
+#include <QClipboard>
+#include <QMenu>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+using platform::Answer;
+
+namespace {
+
+constexpr int titleRow = 4; // $a of field 200
+
+struct Editing : Workspace {
+    void SetUp() override {
+        Workspace::SetUp();
+        write("cnmarc_default.Qvs", u"300 附注\r\n???自定\r\n"_s);
+        write("cnmarc_zzdtshi.Qvs", u"[200]\r\n$e 副题名\r\n$f 责任者\r\n[999]\r\n"_s);
+    }
+    workspace::frmDaoru &open() {
+        auto &window = load(3);
+        show();
+        return window;
+    }
+    void editRow(int row) {
+        form->Grid1->setFocus();
+        form->Grid1->setRow(row);
+        QTest::keyClick(form->Grid1, Qt::Key_Return);
+    }
+    void type(QWidget *editor, const QString &text) {
+        QInputMethodEvent commit;
+        commit.setCommitString(text);
+        QApplication::sendEvent(editor, &commit);
+    }
+    void paste(const QString &text) {
+        QGuiApplication::clipboard()->setText(text);
+        form->richText->selectAll();
+        form->richText->paste();
+    }
+    // The popup of the current row, by the menu key, and the choice of an item by its number.
+    void choose(int item) {
+        QTimer::singleShot(0, [item] {
+            auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+            ASSERT_TRUE(menu);
+            menu->setActiveAction(menu->actions().at(item - 1));
+            QTest::keyClick(menu, Qt::Key_Return);
+        });
+        QTest::keyClick(form->Grid1, Qt::Key_Menu);
+        form->activateWindow(); // the popup was the active window
+        QApplication::processEvents();
+    }
+    bool editing() const { return form->richText->isVisible() || form->Text1->isVisible(); }
+};
+
+} // namespace
+
+TEST_F(Editing, ContentIsTakenOverOrDropped) {
+    auto &window = open();
+    editRow(titleRow);
+    EXPECT_EQ(window.richText->geometry(), window.Grid1->cellRect(titleRow, 4));
+    EXPECT_FALSE(window.Grid1->isEnabled() || window.Grid2->isEnabled() || window.cmdclick[6]->isEnabled() ||
+                 window.cmdTiMing[0]->isEnabled());
+    paste(u"甲\r\n乙\n丙\r丁\x1F"_s);
+    QTest::keyClick(window.richText, Qt::Key_Return);
+    EXPECT_EQ(cell(titleRow, 4), u"甲乙丙丁\x1F"_s);
+    EXPECT_EQ(window.recordChanged, u"yes"_s);
+    EXPECT_TRUE(window.Grid1->isEnabled() && window.Grid2->isEnabled() && window.cmdclick[3]->isEnabled());
+    EXPECT_TRUE(window.Grid1->hasFocus());
+    EXPECT_TRUE(window.labZhuangTai->text().contains(u"1D-1F"_s));
+
+    window.recordChanged.clear();
+    editRow(titleRow);
+    paste(u"弃"_s);
+    QTest::keyClick(window.richText, Qt::Key_Escape);
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(cell(titleRow, 4), u"甲乙丙丁\x1F"_s);
+
+    window.Grid1->setText(titleRow, 4, u"书名"_s);
+    editRow(titleRow);
+    paste(u"  书名 "_s); // blanks at the ends are written, yet are no change
+    QTest::keyClick(window.richText, Qt::Key_Return);
+    EXPECT_EQ(cell(titleRow, 4), u"  书名 "_s);
+    EXPECT_EQ(window.recordChanged, QString());
+
+    window.Grid1->setRowSel(2); // several rows: the key only makes it one
+    QTest::keyClick(window.Grid1, Qt::Key_Return);
+    EXPECT_FALSE(editing());
+    EXPECT_EQ(window.Grid1->rowSel(), titleRow);
+}
+
+TEST_F(Editing, LimitsCompositionsAndTheLargeForm) {
+    auto &window = open();
+    editRow(3); // indicators of 200
+    type(window.richText, u"长"_s);
+    EXPECT_EQ(window.richText->text(), u"1#"_s); // full
+    paste(u"12345"_s);
+    EXPECT_EQ(window.richText->text(), u"12"_s);
+    QTest::keyClick(window.richText, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(window.richText->text(), u"1#"_s);
+    QInputMethodEvent composing(u"zhong"_s, {});
+    QApplication::sendEvent(window.richText, &composing);
+    QTest::keyClick(window.richText, Qt::Key_Return);
+    EXPECT_TRUE(editing());
+    type(window.richText, {});
+    QTest::mouseClick(window.richText->viewport(), Qt::RightButton);
+    EXPECT_EQ(window.richText->geometry(), window.rightHalf());
+    QTest::mouseDClick(window.richText->viewport(), Qt::LeftButton);
+    EXPECT_EQ(window.richText->geometry(), window.Grid1->cellRect(3, 4));
+    window.resize(window.width() * 2, window.height() * 2);
+    QApplication::processEvents();
+    EXPECT_EQ(window.richText->geometry(), window.Grid1->cellRect(3, 4));
+
+    window.cmdJieShu->setEnabled(true);
+    window.cmdJieShu->setFocus();
+    QApplication::processEvents();
+    EXPECT_TRUE(window.richText->hasFocus()); // taken back, without the limit
+    paste(u"12345"_s);
+    QTest::keyClick(window.richText, Qt::Key_Enter);
+    EXPECT_EQ(cell(3, 4), u"12345"_s);
+}
+
+TEST_F(Editing, IdentitiesAreCheckedAndTheListStaysInReach) {
+    auto &window = open();
+    window.cmdclick[3]->click(); // all is read: the button is to stay disabled
+    window.Grid1->setFocus();
+    window.Grid1->setRow(titleRow);
+    choose(7);
+    ASSERT_TRUE(window.Text1->isVisible());
+    EXPECT_TRUE(window.Grid2->isEnabled());
+    EXPECT_FALSE(window.Grid1->isEnabled());
+    EXPECT_EQ(window.Text1->maxLength(), 2);
+    window.Text1->setText(u"$1"_s);
+    QTest::keyClick(window.Text1, Qt::Key_Return);
+    EXPECT_EQ(host.texts(), QStringList{u"格式错误，请重新输入或按【Esc】取消操作"_s});
+    EXPECT_TRUE(editing());
+    window.Text1->setText(u"$B"_s);
+    QTest::keyClick(window.Text1, Qt::Key_Return);
+    EXPECT_FALSE(editing());
+    EXPECT_EQ(cell(titleRow, 2), u"$B"_s);
+    EXPECT_EQ(window.recordChanged, u"yes"_s);
+    EXPECT_FALSE(window.cmdclick[3]->isEnabled());
+
+    choose(6); // a field's description, on a subfield row: nothing
+    EXPECT_FALSE(editing());
+    choose(8);
+    host.willAnswer(Answer::No);
+    QTest::keyClick(window.Grid2, Qt::Key_Down); // another record under the open editor
+    window.Text1->setText(u"题"_s);
+    QTest::keyClick(window.Text1, Qt::Key_Return);
+    EXPECT_EQ(cell(titleRow, 3), u"题"_s);
+    EXPECT_EQ(cell(titleRow, 4), u"题2"_s);
+}
+
+TEST_F(Editing, ListsAddAndTheMenuDeletes) {
+    auto &window = open();
+    window.Grid1->setFocus();
+    window.Grid1->setRow(titleRow);
+    choose(3);
+    ASSERT_TRUE(window.zdList->isVisible());
+    EXPECT_EQ(window.zdList->geometry(), window.rightHalf());
+    QTest::keyClick(window.zdList, Qt::Key_Down);
+    QTest::keyClick(window.zdList, Qt::Key_Return);
+    EXPECT_EQ(cell(6, 2) + cell(6, 1) + cell(6, 3), u"???自定指示符"_s);
+    EXPECT_EQ(window.Grid1->cellBackground(6, 2), std::nullopt);
+    choose(4);
+    QTest::keyClick(window.Zzdlist, Qt::Key_Return);
+    EXPECT_EQ(cell(5, 2) + cell(5, 3), u"$e副题名"_s);
+    EXPECT_EQ(window.recordChanged, QString());
+    choose(4);
+    window.cmdclick[6]->setFocus();
+    EXPECT_FALSE(window.Zzdlist->isVisible());
+    EXPECT_EQ(window.Zzdlist->count(), 0);
+    window.Grid1->setFocus();
+
+    host.willAnswer(Answer::Yes);
+    window.Grid1->setRow(5);
+    choose(11);
+    EXPECT_EQ(host.lastBox().text, u"确实要删除选择的子字段【$e副题名 】吗？"_s);
+    EXPECT_EQ(cell(5, 2), u"$f"_s);
+    host.willAnswer(Answer::Yes);
+    choose(10); // from a subfield row: the whole field
+    EXPECT_EQ(host.lastBox().text, u"确实要删除选择的字段【200题名与责任者 】吗？"_s);
+    EXPECT_EQ(host.lastBox().preselected, Answer::No);
+    EXPECT_EQ(window.Grid1->rows(), 3); // and the own field behind it, which the count does not know
+    choose(11);
+    EXPECT_EQ(host.lastBox().text, u"请选择字段的子字段，然后执行本操作"_s);
+    window.Grid1->setRow(1);
+    choose(10);
+    EXPECT_EQ(host.lastBox().text, u"不能删除！"_s);
+    choose(4);
+    EXPECT_EQ(host.lastBox().text, u"配置文件【"_s + host.folder + u"/cnmarc_zzdtshi.Qvs】损坏或者还没有本字段名。");
+}
+
+TEST_F(Editing, AssistantsExchangeTheLeaderAndAnySubfieldA) {
+    write("records.iso", recordOf({{u"100"_s, u"  $a20260309"_s}, {u"101"_s, u"0 $achi$beng"_s}}));
+    auto &window = load();
+    show();
+    const QString leader = cell(1, 4);
+    editRow(1);
+    assistantGives = u"00000cam0#2200000###450#"_s;
+    QTest::keyClick(window.richText, Qt::Key_E, Qt::ControlModifier);
+    EXPECT_EQ(opened, QStringList{u"LR000 "_s + leader});
+    EXPECT_EQ(cell(1, 4), *assistantGives);
+    EXPECT_EQ(window.publicTouBiao, *assistantGives);
+    EXPECT_FALSE(editing());
+    EXPECT_EQ(window.recordChanged, u"yes"_s);
+
+    assistantGives.reset(); // left without an answer: what was typed counts
+    editRow(5);             // 101 $a
+    paste(u"chi "_s);
+    QTest::keyClick(window.richText, Qt::Key_E, Qt::ControlModifier);
+    EXPECT_EQ(opened.last(), u"LR100 chi "_s);
+    EXPECT_EQ(cell(5, 4), u"chi "_s);
+    editRow(6); // 101 $b
+    QTest::keyClick(window.richText, Qt::Key_E, Qt::ControlModifier);
+    EXPECT_TRUE(editing());
+    EXPECT_EQ(opened.size(), 2);
+}
+
+TEST_F(Editing, RightButtonNeedsARowThatWasClicked) {
+    auto &window = open();
+    const QPoint at = window.Grid1->visualRect(window.Grid1->model()->index(2, 4)).center();
+    QTest::mouseClick(window.Grid1->viewport(), Qt::RightButton, {}, at); // would hang in a popup
+    EXPECT_EQ(window.editRow, 0);
+    EXPECT_EQ(window.clickMark, QString());
+    QTest::mouseClick(window.Grid1->viewport(), Qt::LeftButton, {}, at);
+    EXPECT_EQ(window.editRow, 3);
+    window.resetFieldGrid(); // no record: nothing pops up
+    QTest::mouseClick(window.Grid1->viewport(), Qt::RightButton, {}, at);
+}
