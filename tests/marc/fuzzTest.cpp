@@ -49,10 +49,13 @@ TEST(AnyBytes, AreReadShownAndRebuiltWithoutACrash) {
     Dice dice(3);
     const TestFolder folder;
     const QDateTime now(QDate(2026, 3, 9), QTime(8, 5, 7));
-    for (int round = 0; round < 3000; ++round) {
-        const QString path = folder.file(u"records"_s, nearlySense(dice) + "\r\n" + nearlySense(dice));
-        if (round % 10 == 0)
-            folder.file(descriptionFile.toString(), nearlySense(dice) + "\r\n[200]\r\n" + nearlySense(dice));
+    for (int round = 0; round < 60; ++round) {
+        QByteArray records;
+        for (int i = 0; i < 100; ++i)
+            records += nearlySense(dice) + "\x1D\r\n";
+        const QString path = folder.file(u"records"_s, records);
+        folder.file(descriptionFile.toString(), nearlySense(dice) + "\r\n[200]\r\n" + nearlySense(dice));
+        folder.file(subfieldListFile.toString(), nearlySense(dice) + "\r\n[200]\r\n" + nearlySense(dice));
         auto reader = platform::LineReader::open(path);
         RecordCutter cutter(reader.value());
         PreReadStore store;
