@@ -129,7 +129,12 @@ void FlexGrid::mouseDoubleClickEvent(QMouseEvent *event) {
     }
     event->accept();
     m_pressed = Qt::NoButton;
-    if (!m_moving && indexAt(event->position().toPoint()).isValid())
+    const QModelIndex cell = indexAt(event->position().toPoint());
+    if (!cell.isValid() || m_moving)
+        return;
+    const QPointer<FlexGrid> self(this);
+    moveByUser(cell.row() + m_fixedRows, cell.column()); // the first press may have gone to a box
+    if (self && rows() > m_fixedRows)
         Q_EMIT gridActivated();
 }
 
