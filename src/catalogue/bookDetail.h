@@ -8,6 +8,7 @@
 namespace catalogue {
 
 inline constexpr size_t detailLabels = 13;
+inline constexpr size_t titleLabel = 2;
 inline constexpr size_t copyCountLabel = 12; // the number of copies
 extern const std::array<QStringView, detailLabels> detailCaptions;
 
