@@ -16,7 +16,7 @@ inline constexpr QStringView templateFile = u"mobanJiaoDui.QVs";
 // The lines of a pick list, or the text of the box that takes its place.
 struct PickList {
     QStringList lines;
-    QString complaint; // empty when the list can be shown
+    QString complaint; // the whole text of the box; empty when the list can be shown
 };
 
 // The fields on offer. `folder` ends in a separator.

@@ -5,6 +5,7 @@
 #ifdef Q_OS_WIN
 #include <windows.h>
 #else
+#include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
@@ -47,8 +48,10 @@ SingleInstance::SingleInstance(const QString &name)
     QDir().mkpath(folder);
     const QByteArray path = QFile::encodeName(folder + u'/' + name + u".lock");
     m_claim->descriptor = open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
-    // Where the folder cannot be written there is no claim to hold: better two programs than none.
-    m_first = m_claim->descriptor < 0 || flock(m_claim->descriptor, LOCK_EX | LOCK_NB) == 0;
+    // Where the folder cannot be written or its file system knows no locks, there is no claim to hold: better two
+    // programs than none.
+    const bool refused = m_claim->descriptor >= 0 && flock(m_claim->descriptor, LOCK_EX | LOCK_NB) != 0;
+    m_first = !refused || errno != EWOULDBLOCK;
 }
 
 #endif

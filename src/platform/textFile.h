@@ -25,11 +25,12 @@ public:
     // Whether nothing is left to read, the line end of the last line taken as read.
     bool atEnd() const;
 
-    // The next line without its line end; empty at the end of the file. Valid until the next call.
+    // The next line without its line end; empty at the end of the file. Valid until the next call of any function here,
+    // atEnd() included.
     QByteArrayView readLine();
 
     // The next line up to and including the first `stop` byte in it; what stands behind it on the line is read
-    // and dropped without being held. The whole line where it has no such byte. Valid until the next call.
+    // and dropped without being held. The whole line where it has no such byte. Valid as above.
     QByteArrayView readLineThrough(char stop);
 
     // Back to the start of the file.

@@ -3,7 +3,9 @@
 
 using namespace platform;
 
-ScriptedHost::ScriptedHost() : clock(QDate(2026, 3, 9), QTime(8, 5, 7)), m_settings(m_directory.path()) {
+ScriptedHost::ScriptedHost()
+    : clock(QDate(2026, 3, 9), QTime(8, 5, 7))
+    , m_settings(m_directory.path()) {
     folder = m_directory.path();
 }
 

@@ -5,7 +5,7 @@
 
 namespace platform {
 
-class QtHost final : public Host {
+class QtHost : public Host {
 public:
     explicit QtHost(Settings settings);
 

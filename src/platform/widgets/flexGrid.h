@@ -5,9 +5,11 @@
 #pragma once
 
 #include "platform/tableSource.h"
-#include <QColor>
+#include <QBasicTimer>
 #include <QTableView>
 #include <memory>
+#include <optional>
+#include <vector>
 
 namespace platform {
 
@@ -27,11 +29,12 @@ public:
     int columns() const;
     QString text(int row, int column) const;
     void setText(int row, int column, const QString &text); // of a bound grid: overrides the bound cell
-    void insertRow(int row);                                // an empty row in front of `row`
-    void removeRow(int row);
-    void clear(); // empties all cells and backgrounds, unbinds; rows stay as many
+    void insertRow(int row);                                // an empty row in front of `row`; not of a bound grid
+    void removeRow(int row);                                // not of a bound grid
+    void clear(); // empties all data cells and backgrounds, unbinds; rows stay as many, headings and widths stay
 
-    // The current cell and the other end of the selected rows; setRow() selects that row alone and scrolls to it.
+    // The current cell and the other end of the selected rows; setRow() selects that row alone and scrolls to it. The
+    // numbers stay when rows are inserted or removed; without data rows row() is 0.
     int row() const;
     int column() const;
     void setRow(int row);
@@ -45,18 +48,25 @@ public:
     // A background for all data rows of a column that have none of their own.
     void setColumnBackground(int column, quint32 colour);
 
-    void setColumnTwips(int column, int twips); // 0 hides the column; it still holds its texts
+    // 0 hides the column; it still holds its texts. Never narrower than its heading; setting the same width again
+    // leaves a width that the user has drawn.
+    void setColumnTwips(int column, int twips);
     int columnTwips(int column) const;
-    void setHeadingTwips(int twips); // height of the heading row
+    void setHeadingTwips(int twips); // height of the heading row; never lower than its font needs, 0 hides it
+    int toTwips(int pixels) const;   // at the resolution of the grid's screen, rounded
+    int toPixels(int twips) const;
     void setColumnAlignment(int column, Qt::Alignment alignment);
     void setHeadingAlignment(Qt::Alignment alignment);
 
-    // Shows the source's rows behind the fixed ones; the grid keeps the source alive. bind(nullptr) unbinds.
+    // Shows the source's rows behind the fixed ones, in place of all rows that were there; the grid keeps the source
+    // alive. setRows() then adds empty rows behind the source's, which the source's growth takes up.
+    // bind(nullptr) unbinds and leaves no data rows.
     void bind(std::shared_ptr<const TableSource> source);
     // The bound source has grown at its end; the view is told at screen pace, once a frame at most.
     void sourceHasGrown();
 
-    // The place of a cell in the coordinates of the grid's parent, where an editor can be laid over it.
+    // The place of a cell, as far as it is in sight, in the coordinates of the grid's parent, where an editor can be
+    // laid over it. Of a cell out of sight: its whole place.
     QRect cellRect(int row, int column) const;
 
 Q_SIGNALS:
@@ -70,13 +80,47 @@ Q_SIGNALS:
 
 protected:
     void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void keyReleaseEvent(QKeyEvent *event) override;
+    void timerEvent(QTimerEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
 private:
+    struct Width {
+        int twips = -1;
+        int pixels = -1; // what came of it; another width was drawn by the user
+    };
+
+    int nearestRow(int row) const;
+    int shownColumn() const;
+    void select(int row, int rowSel, int column);
+    void showSelection();
+    void scrollToRow(int row);
+    void fitColumn(int column);
+    void fitHeights();
+    void copySelection() const;
+
+    void moveByUser(int row, int column);
+    void extendByUser(int row);
+    void moveColumnByUser(int step, bool toTheEnd);
+    std::optional<int> rowOfKey(const QKeyEvent *event) const;
+    void settlePress();
+
     FlexGridModel *m_model;
+    int m_fixedRows;
+    int m_row = 0; // may lie outside after rows went; row() tells the nearest
+    int m_rowSel = 0;
+    int m_column = 0;
+    int m_headingTwips = -1;     // as high as the font needs
+    std::vector<Width> m_widths; // the columns' widths as they were set
+    bool m_moving = false;       // between leaveCell and enterCell
+    Qt::MouseButton m_pressed = Qt::NoButton;
+    int m_dragDirection = 0; // while the mouse drags outside: -1 up, 1 down
+    QBasicTimer m_dragTimer;
 };
 
 } // namespace platform

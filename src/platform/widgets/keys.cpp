@@ -30,6 +30,8 @@ void sendTab(QWidget *from) {
     QCoreApplication::sendEvent(from, &release);
 }
 
-void enterActsAsTab(QWidget *control) { control->installEventFilter(new EnterAsTab(control)); }
+void enterActsAsTab(QWidget *control) {
+    control->installEventFilter(new EnterAsTab(control));
+}
 
 } // namespace platform

@@ -1,0 +1,71 @@
+#include "marc/fieldLookup.h"
+#include "platform/codepage936.h"
+#include "platform/numbers.h"
+
+namespace marc {
+
+namespace {
+
+using Found = std::optional<QString>; // a value, or that this field does not have the subfield
+
+// One field. The outer optional is empty where the call as a whole fails.
+std::optional<Found> lookInto(QStringView field, QChar code) {
+    for (SubfieldWalk walk(field); walk.next();) {
+        if (walk.negativeLength())
+            return std::nullopt;
+        if (walk.code() == code)
+            return Found(walk.value().toString());
+    }
+    return Found();
+}
+
+// `cutter` makes the GBK form when the first field has to be cut.
+std::optional<QString> lookUp(const RawRecord &record, QStringView wanted, const DamagedDirectory &damaged,
+                              const std::function<FieldCutter()> &cutter) {
+    const DirectoryView directory = viewDirectory(record);
+    const std::optional<qint32> base = platform::toInt32(directory.baseAddress);
+    if (!base || !directory.hasFieldTerminator)
+        return std::nullopt;
+    if (directory.damaged) {
+        if (damaged)
+            damaged(record);
+        return QString();
+    }
+    std::optional<FieldCutter> fields;
+    for (qsizetype i = 0; i < directory.count(); ++i) {
+        if (directory.tag(i) != wanted.first(3))
+            continue;
+        const std::optional<qint32> length = platform::toInt32(directory.length(i));
+        const std::optional<qint32> start = platform::toInt32(directory.start(i));
+        if (!length || !start)
+            return std::nullopt;
+        if (!fields)
+            fields = cutter();
+        const std::optional<QString> field = fields->cut(*base, *start, *length);
+        if (!field || field->isEmpty()) // there is no last character to take off
+            return std::nullopt;
+        const std::optional<Found> found = lookInto(QStringView(*field).chopped(1), wanted.back());
+        if (!found)
+            return std::nullopt;
+        if (*found)
+            return **found;
+    }
+    return QString();
+}
+
+} // namespace
+
+std::optional<QString> readZd(const RawRecord &record, QStringView wanted, const DamagedDirectory &damaged) {
+    return lookUp(record, wanted, damaged, [&] { return FieldCutter(record); });
+}
+
+std::optional<QString> readZd(const RawRecord &record, QByteArrayView gbk, QStringView wanted,
+                              const DamagedDirectory &damaged) {
+    return lookUp(record, wanted, damaged, [&] {
+        // Offsets and values are those of the text encoded again, which is the file's own bytes unless some of them
+        // stood for no character.
+        return record.contains(QChar::ReplacementCharacter) ? FieldCutter(record) : FieldCutter::over(gbk);
+    });
+}
+
+} // namespace marc

@@ -1,0 +1,296 @@
+#include "platform/widgets/flexGrid.h"
+#include "support/qtPrinters.h"
+#include <QAbstractItemModel>
+#include <QClipboard>
+#include <QElapsedTimer>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QScrollBar>
+#include <QTest>
+#include <gtest/gtest.h>
+
+using namespace platform;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Numbered final : TableSource {
+    explicit Numbered(int rows)
+        : count(rows) {}
+    int count;
+    int rowCount() const override { return count; }
+    int columnCount() const override { return 2; }
+    QString text(int row, int column) const override { return QString::number(row) + u':' + QString::number(column); }
+};
+
+// A grid in a window of its own that writes down its signals, each with the current row.
+struct FlexGridTest : testing::Test {
+    FlexGridTest() {
+        window.resize(420, 300);
+        grid.setGeometry(10, 20, 400, 260);
+        grid.setFormat(u"号|^题名|>标识|说明"_s);
+        grid.setRows(7);
+        for (int row = 1; row < 7; ++row)
+            for (int column = 0; column < 4; ++column)
+                grid.setText(row, column, QString::number(row * 10 + column));
+        grid.setColumnTwips(0, 0);
+        QObject::connect(&grid, &FlexGrid::leaveCell, [this] { note(u"leave"_s); });
+        QObject::connect(&grid, &FlexGrid::enterCell, [this] { note(u"enter"_s); });
+        QObject::connect(&grid, &FlexGrid::gridClicked, [this] { note(u"click"_s); });
+        QObject::connect(&grid, &FlexGrid::rightPressed, [this] { note(u"right"_s); });
+        QObject::connect(&grid, &FlexGrid::menuKeyPressed, [this] { note(u"menu"_s); });
+        QObject::connect(&grid, &FlexGrid::gridActivated, [this] { note(u"activated"_s); });
+        window.show();
+    }
+    void note(const QString &what) { log.append(what + QString::number(grid.row())); }
+    QString taken() { return std::exchange(log, {}).join(u' '); }
+    QString place() const {
+        return QString::number(grid.row()) + u'-' + QString::number(grid.rowSel()) + u'/' +
+               QString::number(grid.column());
+    }
+    QPoint at(int row, int column) { // in the viewport
+        return grid.viewport()->mapFrom(&window, grid.cellRect(row, column).center());
+    }
+    void press(Qt::MouseButton button, int row, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::mousePress(grid.viewport(), button, modifiers, at(row, 1));
+    }
+    void release(Qt::MouseButton button, int row) { QTest::mouseRelease(grid.viewport(), button, {}, at(row, 1)); }
+
+    QWidget window;
+    FlexGrid grid{u"Grid1"_s, 4, 1, &window};
+    QStringList log;
+};
+
+TEST_F(FlexGridTest, cellsMoveWithTheirRowsAndTheCurrentNumberStays) {
+    grid.setRow(3);
+    grid.setCellBackground(2, 1, 255);
+    grid.setColumnBackground(3, 0xC0C0C0);
+    grid.insertRow(2);
+    EXPECT_EQ(grid.rows(), 8);
+    EXPECT_EQ(grid.text(2, 1) + grid.text(3, 1) + grid.text(7, 1), u"2161"_s);
+    EXPECT_EQ(grid.cellBackground(3, 1), 255u);
+    EXPECT_EQ(grid.cellBackground(2, 1), std::nullopt);
+    EXPECT_EQ(grid.cellBackground(2, 3), 0xC0C0C0u);
+    EXPECT_EQ(grid.row(), 3);
+    grid.removeRow(3);
+    EXPECT_EQ(grid.text(3, 1), u"31"_s);
+    grid.setRows(3);
+    EXPECT_EQ(place(), u"2-2/0"_s);
+    grid.setRows(9);
+    EXPECT_EQ(place(), u"2-2/0"_s) << "rows that went took the current row along for good";
+    grid.clear();
+    EXPECT_EQ(grid.rows(), 9);
+    EXPECT_EQ(grid.text(1, 1) + grid.text(0, 1), u"题名"_s);
+    grid.setRows(-5);
+    EXPECT_EQ(grid.rows(), 1);
+    EXPECT_EQ(grid.row(), 0);
+    grid.setRows(2);
+    EXPECT_EQ(grid.row(), 1);
+    EXPECT_TRUE(taken().isEmpty()) << "the program's own changes are not reported";
+}
+
+TEST_F(FlexGridTest, placesOutsideReadEmptyAndTakeNothing) {
+    for (const auto &[row, column] : {std::pair{-1, 1}, {7, 1}, {1, -1}, {1, 4}, {0, 4}, {INT_MAX, INT_MIN}}) {
+        grid.setText(row, column, u"x"_s);
+        grid.setCellBackground(row, column, 255);
+        grid.insertRow(row == 1 || row == 7 ? -3 : row);
+        grid.removeRow(row == 1 ? 0 : row);
+        grid.cellRect(row, column);
+        grid.setColumnTwips(column < 4 ? -1 : column, 100);
+        EXPECT_EQ(grid.text(row, column), QString());
+    }
+    for (const int number : {-2, 99}) {
+        grid.setRow(number);
+        grid.setRowSel(number);
+        grid.setColumn(number);
+    }
+    EXPECT_EQ(place(), u"6-6/3"_s);
+    EXPECT_EQ(grid.rows(), 7);
+    EXPECT_EQ(grid.columnTwips(9) + grid.columnTwips(0), 0);
+}
+
+TEST_F(FlexGridTest, aMillionBoundRowsCostNothing) {
+    const auto source = std::make_shared<Numbered>(1'000'000);
+    QElapsedTimer timer;
+    timer.start();
+    grid.bind(source);
+    QCoreApplication::processEvents();
+    grid.setRow(999'999);
+    grid.verticalScrollBar()->setValue(grid.verticalScrollBar()->maximum());
+    QCoreApplication::processEvents();
+    EXPECT_LT(timer.elapsed(), 2000) << "meant to be far under 100 ms; this bound only catches work per row";
+    EXPECT_EQ(grid.rows(), 1'000'001);
+    EXPECT_EQ(grid.text(999'999, 1), u"999998:1"_s);
+    EXPECT_EQ(grid.text(5, 3), QString()) << "the source has two columns";
+    EXPECT_TRUE(grid.viewport()->rect().contains(at(1'000'000, 1)));
+    grid.setText(1'000'000, 1, u"改"_s);
+    EXPECT_EQ(grid.text(1'000'000, 1), u"改"_s);
+    grid.insertRow(4);
+    EXPECT_EQ(grid.rows(), 1'000'001);
+    grid.bind(std::make_shared<Numbered>(0));
+    EXPECT_EQ(grid.rows(), 1);
+    grid.setRows(2);
+    EXPECT_EQ(grid.text(1, 1), QString());
+    EXPECT_EQ(grid.columnTwips(0), 0) << "a new source leaves the columns as they are";
+}
+
+TEST_F(FlexGridTest, growthIsKnownAtOnceAndAnnouncedAtScreenPace) {
+    const auto source = std::make_shared<Numbered>(5);
+    grid.bind(source);
+    grid.setRows(21);
+    grid.setRow(4);
+    int announcements = 0;
+    QObject::connect(grid.model(), &QAbstractItemModel::rowsInserted, [&] { ++announcements; });
+    for (source->count = 6; source->count <= 3000; ++source->count) {
+        grid.sourceHasGrown();
+        ASSERT_EQ(grid.rows(), std::max(source->count, 20) + 1);
+        ASSERT_EQ(grid.text(source->count, 1), QString(QString::number(source->count - 1) + u":1"));
+    }
+    grid.setCellBackground(2900, 1, 255); // ahead of the announcement
+    EXPECT_EQ(announcements, 0);
+    QTest::qWait(60);
+    EXPECT_EQ(announcements, 1);
+    EXPECT_EQ(grid.model()->rowCount(), 3001);
+    EXPECT_EQ(place(), u"4-4/0"_s);
+    source->count = 4000;
+    grid.setRow(4000);
+    EXPECT_EQ(grid.row(), 4000) << "a row can be chosen before it is announced";
+    source->count = 10;
+    EXPECT_EQ(grid.row(), 20) << "a source may shrink, against the rules, without a crash";
+    grid.grab();
+}
+
+TEST_F(FlexGridTest, mouseMovesClickAndActivate) {
+    press(Qt::LeftButton, 3);
+    EXPECT_EQ(taken(), u"leave1 enter3"_s);
+    release(Qt::LeftButton, 3);
+    EXPECT_EQ(taken(), u"click3"_s);
+    press(Qt::LeftButton, 3);
+    release(Qt::LeftButton, 3);
+    EXPECT_EQ(taken(), u"click3"_s) << "the same row is not left";
+    press(Qt::RightButton, 5);
+    EXPECT_EQ(taken(), u"right3"_s);
+    release(Qt::RightButton, 5);
+    EXPECT_EQ(taken(), u"click3"_s);
+    press(Qt::LeftButton, 1, Qt::ShiftModifier);
+    EXPECT_EQ(place(), u"3-1/1"_s);
+    release(Qt::LeftButton, 1);
+    EXPECT_EQ(taken(), u"click3"_s);
+    press(Qt::LeftButton, 2);
+    QTest::mouseMove(grid.viewport(), at(5, 1));
+    QMouseEvent drag(QEvent::MouseMove, at(5, 1), grid.viewport()->mapToGlobal(at(5, 1)), Qt::NoButton, Qt::LeftButton,
+                     {});
+    QCoreApplication::sendEvent(grid.viewport(), &drag);
+    EXPECT_EQ(place(), u"2-5/1"_s);
+    release(Qt::LeftButton, 5);
+    taken();
+    QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, at(4, 2));
+    EXPECT_EQ(taken(), u"leave2 enter4 activated4"_s);
+    QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, grid.viewport()->rect().bottomRight() - QPoint(3, 3));
+    EXPECT_EQ(taken(), QString()) << "nothing under the last row";
+}
+
+TEST_F(FlexGridTest, everythingByKeyboard) {
+    struct Step {
+        Qt::Key key;
+        Qt::KeyboardModifiers modifiers;
+        QStringView place;
+        QStringView signalsSeen;
+    };
+    const Step steps[] = {
+        {Qt::Key_Up, {}, u"1-1/1", u""},
+        {Qt::Key_Down, {}, u"2-2/1", u"leave1 enter2"},
+        {Qt::Key_Right, {}, u"2-2/2", u""},
+        {Qt::Key_Down, Qt::ShiftModifier, u"2-3/2", u""},
+        {Qt::Key_Left, {}, u"2-3/1", u""},
+        {Qt::Key_Left, {}, u"2-3/1", u""}, // column 0 is hidden
+        {Qt::Key_End, {}, u"2-3/3", u""},
+        {Qt::Key_End, Qt::ShiftModifier | Qt::ControlModifier, u"2-6/3", u""},
+        {Qt::Key_Home, Qt::ShiftModifier | Qt::ControlModifier, u"2-1/3", u""},
+        {Qt::Key_Home, {}, u"2-1/1", u""},
+        {Qt::Key_PageDown, {}, u"6-6/1", u"leave2 enter6"},
+        {Qt::Key_Home, Qt::ControlModifier, u"1-1/1", u"leave6 enter1"},
+        {Qt::Key_Return, {}, u"1-1/1", u"activated1"},
+        {Qt::Key_Enter, Qt::KeypadModifier, u"1-1/1", u"activated1"},
+        {Qt::Key_Menu, {}, u"1-1/1", u"menu1"},
+        {Qt::Key_F10, Qt::ShiftModifier, u"1-1/1", u"menu1"},
+    };
+    grid.setFocus();
+    grid.setColumn(1);
+    for (const Step &step : steps) {
+        QTest::keyClick(&grid, step.key, step.modifiers);
+        EXPECT_EQ(place(), step.place.toString());
+        EXPECT_EQ(taken(), step.signalsSeen.toString());
+    }
+    grid.setRow(2);
+    grid.setRowSel(1);
+    grid.setText(2, 2, u"a\tb\r\nc"_s);
+    QTest::keyClick(&grid, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"11\t12\t13\n21\ta b  c\t23\n"_s);
+}
+
+TEST_F(FlexGridTest, slotsOfLeaveCellMayChangeAnything) {
+    const auto once = QObject::connect(&grid, &FlexGrid::leaveCell, [this] {
+        QTest::keyClick(&grid, Qt::Key_Down); // a box's event loop, in which keys go on
+        press(Qt::LeftButton, 4);
+        grid.setRows(3);
+    });
+    press(Qt::LeftButton, 6);
+    EXPECT_EQ(taken(), u"leave1 enter2"_s);
+    QObject::disconnect(once);
+    QObject::connect(&grid, &FlexGrid::leaveCell, [this] { grid.setRows(1); });
+    QTest::keyClick(&grid, Qt::Key_Up);
+    EXPECT_EQ(taken(), u"leave2"_s) << "no row is left to enter";
+    grid.setRows(3);
+    QTest::keyClick(&grid, Qt::Key_Down);
+    EXPECT_EQ(taken(), u"leave1"_s) << "the grid still listens";
+}
+
+TEST_F(FlexGridTest, anEditorFindsItsCell) {
+    grid.setColumnTwips(1, 3000);
+    grid.setColumnTwips(3, 9000);
+    grid.setRows(200);
+    EXPECT_EQ(grid.cellRect(0, 1).bottom() + 1, grid.cellRect(1, 1).top());
+    EXPECT_EQ(grid.columnTwips(3), 9000);
+    for (const int height : {260, 120}) {
+        grid.resize(380, height);
+        grid.setRow(150);
+        grid.setColumn(3);
+        const QRect place = grid.cellRect(150, 3);
+        EXPECT_TRUE(grid.geometry().contains(place));
+        EXPECT_EQ(grid.indexAt(at(150, 3)), grid.model()->index(149, 3));
+        EXPECT_GT(place.width(), 300);
+    }
+    grid.setColumnTwips(2, 100);
+    EXPECT_GE(grid.columnWidth(2), grid.fontMetrics().horizontalAdvance(u"标识"_s)) << "the heading is never cut";
+    EXPECT_EQ(grid.columnTwips(2), 100);
+    grid.setColumnWidth(2, 99); // by hand
+    grid.setColumnTwips(2, 100);
+    EXPECT_EQ(grid.columnTwips(2), grid.toTwips(99));
+    grid.setHeadingTwips(750);
+    EXPECT_EQ(grid.cellRect(0, 2).height(), grid.toPixels(750));
+}
+
+TEST_F(FlexGridTest, aColourStaysInSightUnderTheSelection) {
+    QPalette dark;
+    dark.setColor(QPalette::Base, Qt::black);
+    dark.setColor(QPalette::Text, Qt::white);
+    dark.setColor(QPalette::Highlight, QColor(0, 80, 160));
+    grid.setPalette(dark);
+    grid.setCellBackground(2, 1, 255);
+    grid.setCellBackground(3, 1, 0xC0FFFF);
+    grid.setRow(2);
+    const QImage image = grid.viewport()->grab().toImage();
+    const auto corner = [&](int row, int column, QPoint inside) {
+        const QRect cell = grid.visualRect(grid.model()->index(row - 1, column));
+        return image.pixelColor((cell.topRight() + QPoint(-inside.x(), inside.y())) * image.devicePixelRatio());
+    };
+    EXPECT_EQ(corner(2, 1, {6, 6}), QColor(255, 0, 0));
+    EXPECT_EQ(corner(2, 1, {6, 0}), QColor(0, 80, 160)) << "the selection's band";
+    EXPECT_EQ(corner(3, 1, {6, 6}), QColor(255, 255, 192));
+    EXPECT_EQ(corner(2, 2, {6, 6}), QColor(0, 80, 160));
+    for (const auto &[row, text] : {std::pair{2, Qt::white}, {3, Qt::black}})
+        EXPECT_EQ(grid.model()->index(row - 1, 1).data(Qt::ForegroundRole).value<QBrush>().color(), QColor(text));
+}
+
+} // namespace

@@ -1,0 +1,161 @@
+#include "tour/tourDriver.h"
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QMessageBox>
+#include <QPixmap>
+#include <QProcess>
+#include <QScreen>
+#include <QThread>
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace tour {
+
+namespace {
+
+void say(const QString &line) {
+    std::fprintf(stderr, "%s\n", line.toUtf8().constData());
+    std::fflush(stderr);
+}
+
+QMessageBox *boxWithText(const QString &text) {
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget *window : windows) {
+        auto *box = qobject_cast<QMessageBox *>(window);
+        if (box && box->isVisible() && box->text() == text)
+            return box;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+TourDriver::TourDriver(const QString &folder)
+    : m_folder(folder) {}
+
+void TourDriver::invoke(const std::function<void()> &function) {
+    QMetaObject::invokeMethod(qApp, function, Qt::BlockingQueuedConnection);
+}
+
+QWidget *TourDriver::find(const QString &name) {
+    const auto within = [&](QWidget *window) -> QWidget * {
+        if (!window || !window->isVisible())
+            return nullptr;
+        if (window->objectName() == name)
+            return window;
+        const QList<QWidget *> named = window->findChildren<QWidget *>(name);
+        for (QWidget *widget : named) {
+            if (widget->isVisible())
+                return widget;
+        }
+        return nullptr;
+    };
+    if (QWidget *found = within(QApplication::activeModalWidget()))
+        return found;
+    if (QWidget *found = within(QApplication::activeWindow()))
+        return found;
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget *window : windows) {
+        if (QWidget *found = within(window))
+            return found;
+    }
+    return nullptr;
+}
+
+bool TourDriver::waitUntil(const QString &what, const std::function<bool()> &condition, int milliseconds) {
+    QElapsedTimer clock;
+    clock.start();
+    while (!look([&] { return condition(); })) {
+        if (clock.elapsed() > milliseconds) {
+            expect(false, u"in time: " + what);
+            shot(u"too-late"_s);
+            return false;
+        }
+        QThread::msleep(20);
+    }
+    return true;
+}
+
+bool TourDriver::waitForWindow(const QString &name) {
+    const bool there = waitUntil(u"window " + name, [name] {
+        QWidget *widget = find(name);
+        return widget && widget->window()->isActiveWindow();
+    });
+    QThread::msleep(150); // the window manager's own painting
+    return there;
+}
+
+bool TourDriver::waitUntilGone(const QString &name) {
+    return waitUntil(name + u" gone", [name] { return !find(name); });
+}
+
+void TourDriver::xdotool(const QStringList &arguments) {
+    QProcess process;
+    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    process.start(u"xdotool"_s, arguments);
+    if (!process.waitForFinished(20000) || process.exitCode() != 0)
+        expect(false, u"xdotool " + arguments.join(u' '));
+    QThread::msleep(60);
+}
+
+void TourDriver::click(const QString &name, int button) {
+    if (!waitUntil(u"control " + name, [name] { return find(name) && find(name)->isEnabled(); }))
+        return;
+    const QPoint centre = look([&] {
+        QWidget *widget = find(name);
+        return widget->mapToGlobal(widget->rect().center());
+    });
+    clickAt(centre, button);
+}
+
+void TourDriver::clickAt(const QPoint &global, int button, int times) {
+    const qreal ratio = look([] { return qApp->devicePixelRatio(); });
+    xdotool({u"mousemove"_s, QString::number(qRound(global.x() * ratio)), QString::number(qRound(global.y() * ratio)),
+             u"click"_s, u"--repeat"_s, QString::number(times), u"--delay"_s, u"40"_s, QString::number(button)});
+}
+
+void TourDriver::key(const QString &chord, int times) {
+    QStringList arguments{u"key"_s, u"--clearmodifiers"_s, u"--delay"_s, u"15"_s};
+    for (int i = 0; i < times; ++i)
+        arguments.append(chord);
+    xdotool(arguments);
+}
+
+void TourDriver::type(const QString &text) {
+    xdotool({u"type"_s, u"--delay"_s, u"15"_s, text});
+}
+
+void TourDriver::answerBox(const QString &text, const QString &chord, const QString &picture) {
+    const bool there = waitUntil(u"box: " + text, [&] {
+        QMessageBox *box = boxWithText(text);
+        return box && box->isActiveWindow();
+    });
+    if (!there)
+        return;
+    if (!picture.isEmpty())
+        shot(picture);
+    key(chord);
+    waitUntil(u"box gone: " + text, [&] { return !boxWithText(text); });
+}
+
+void TourDriver::shot(const QString &name) {
+    QThread::msleep(250);
+    const QString path = u"%1/%2-%3.png"_s.arg(m_folder).arg(++m_pictures, 2, 10, QChar(u'0')).arg(name);
+    const bool saved = look([&] { return QApplication::primaryScreen()->grabWindow(0).save(path); });
+    expect(saved, u"picture " + path);
+    say(u"picture " + path.section(u'/', -1));
+}
+
+void TourDriver::expect(bool holds, const QString &what) {
+    if (holds)
+        return;
+    ++m_failures;
+    say(u"NOT AS IT SHOULD BE: " + what);
+}
+
+void TourDriver::expectEqual(const QString &is, const QString &shouldBe, const QString &what) {
+    expect(is == shouldBe, u"%1 is \"%2\", not \"%3\""_s.arg(what, is, shouldBe));
+}
+
+} // namespace tour
