@@ -71,8 +71,8 @@ void ListWindow::setWidths(const QList<int> &twips) {
         Grid1->setColumnTwips(column, twips[column]);
 }
 
-void ListWindow::startSize(int widthTwips, int heightTwips) {
-    resize(widthTwips * logicalDpiX() / kTwipsPerInch, heightTwips * logicalDpiX() / kTwipsPerInch);
+QSize ListWindow::sizeHint() const {
+    return {listWidthTwips * logicalDpiX() / kTwipsPerInch, listHeightTwips * logicalDpiY() / kTwipsPerInch};
 }
 
 } // namespace catalogue

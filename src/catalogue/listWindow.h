@@ -17,6 +17,7 @@ public:
 
     // Sets the column widths; called on each change of the grid's size.
     virtual void gridFix() = 0;
+    QSize sizeHint() const override; // the size it starts with
 
     platform::FlexGrid *Grid1;
 
@@ -33,7 +34,6 @@ protected:
     int dataRows() const { return Grid1->rows() - 1; }
     GridRoom gridRoom() const;
     void setWidths(const QList<int> &twips);
-    void startSize(int widthTwips, int heightTwips);
 
 private:
     QString m_headings;

@@ -45,11 +45,9 @@ void OrderbyFrm::layOut() {
     List2->setAccessibleName(u"排序的项目"_s);
     for (QListWidget *list : {List1, List2})
         list->installEventFilter(this);
-    setLayout(column({{row({{List1, 1},
-                            column({stretch(), CmdAdd, CmdMove, CmdAddAll, CmdMoveAll, stretch()}),
-                            {List2, 1}}),
-                       1},
-                      row({stretch(), cmdOK, cmdCancel})}));
+    setLayout(column(
+        {{row({{List1, 1}, column({stretch(), CmdAdd, CmdMove, CmdAddAll, CmdMoveAll, stretch()}), {List2, 1}}), 1},
+         row({stretch(), cmdOK, cmdCancel})}));
 }
 
 void OrderbyFrm::fillLists() {

@@ -2,6 +2,7 @@
 #include "catalogue/screenCursor.h"
 #include "platform/widgets/keys.h"
 #include "platform/widgets/layout.h"
+#include <QGridLayout>
 #include <QKeyEvent>
 
 using namespace Qt::StringLiterals;
@@ -72,24 +73,23 @@ void QueryDialog::nameControls() {
 }
 
 void QueryDialog::layOut() {
-    setLayout(column(
-        {{row({{LFields, 1},
-               {column({row({{column({heading(u"查找项目"_s, cSql), cSql}), 2},
-                             {column({heading(u"查找关系"_s, cFuhao), cFuhao}), 1},
-                             {column({heading(u"查找条件"_s, lSql), lSql}), 3},
-                             column({stretch(), Command3})}),
-                        signSql,
-                        row({stretch(), Command1[0], Command2}),
-                        {totalSql, 1},
-                        row({heading(u"排序项目"_s, cOrderby), {cOrderby, 1}, Label3[0], Label3[1]}),
-                        lOrderby}),
-                3}}),
-          1},
-         row({stretch(), Command1[1], Command1[2]})}));
-    LFields->setMinimumWidth(fontMetrics().horizontalAdvance(u"入库日期入库日期"_s));
+    auto *condition = new QGridLayout;
+    condition->addWidget(heading(u"查找项目"_s, cSql), 0, 0);
+    condition->addWidget(heading(u"查找关系"_s, cFuhao), 0, 1);
+    condition->addWidget(heading(u"查找条件"_s, lSql), 0, 2);
+    condition->addWidget(cSql, 1, 0);
+    condition->addWidget(cFuhao, 1, 1);
+    condition->addWidget(lSql, 1, 2);
+    condition->addWidget(Command3, 1, 3);
+    condition->setColumnStretch(2, 1);
+    QBoxLayout *sorting = row({heading(u"排序项目"_s, cOrderby), cOrderby, Label3[0], Label3[1], stretch()});
+    QBoxLayout *right =
+        column({condition, signSql, row({stretch(), Command1[0], Command2}), {totalSql, 1}, sorting, lOrderby});
+    setLayout(column({{row({{LFields, 1}, {right, 3}}), 1}, row({stretch(), Command1[1], Command1[2]})}));
     for (QComboBox *combo : {cSql, cOrderby})
-        combo->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+        combo->setMinimumContentsLength(8);
     cFuhao->setMinimumContentsLength(6);
+    LFields->setMinimumWidth(fontMetrics().horizontalAdvance(u"入库日期入库日期"_s));
 }
 
 void QueryDialog::connectControls() {

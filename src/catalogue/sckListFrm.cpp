@@ -41,7 +41,6 @@ SCKListFrm::SCKListFrm(const platform::SessionState &state, platform::Host &host
     makeLabels();
     layOut();
     connect(CmdExit, &Button::clicked, this, &SCKListFrm::unload);
-    startSize(listWidthTwips, listHeightTwips);
     gridInit();
 }
 

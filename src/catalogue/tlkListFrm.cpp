@@ -28,13 +28,11 @@ TLKListFrm::TLKListFrm(const platform::SessionState &state, platform::Host &host
             delAll();
     });
     connect(CmdDcgl[2], &Button::clicked, this, &TLKListFrm::unload);
-    startSize(listWidthTwips, listHeightTwips);
     gridInit();
 }
 
 void TLKListFrm::layOut() {
-    setLayout(
-        platform::column({{Grid1, 1}, platform::row({{lCounts, 1}, CmdDcgl[0], CmdDcgl[1], CmdDcgl[2]})}));
+    setLayout(platform::column({{Grid1, 1}, platform::row({{lCounts, 1}, CmdDcgl[0], CmdDcgl[1], CmdDcgl[2]})}));
 }
 
 void TLKListFrm::loadData(QString &condition, QString &order) {

@@ -35,7 +35,6 @@ ZSKListFrm::ZSKListFrm(const platform::SessionState &state, platform::Host &host
         CmdDcgl[index] = new Button(u"CmdDcgl"_s + QString::number(index), kCaptions[index].toString(), this);
     layOut();
     connectControls();
-    startSize(listWidthTwips, listHeightTwips);
     gridInit();
     labDaochu->hide();
 }
@@ -138,7 +137,8 @@ void ZSKListFrm::endRun() {
 bool ZSKListFrm::queryUnload() {
     lCounts->setText(leavingText.toString());
     endRun();
-    m_closesAfterRun = m_run != nullptr; // whoever owns the window may drop it on closing, and the run still stands on it
+    m_closesAfterRun =
+        m_run != nullptr; // whoever owns the window may drop it on closing, and the run still stands on it
     return !m_closesAfterRun;
 }
 
