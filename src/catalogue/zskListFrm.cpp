@@ -101,7 +101,7 @@ void ZSKListFrm::PrintRpt(const QString &title) {
         return;
     auto rows = connection.value().query(m_printSql);
     if (rows)
-        m_windows.showReport({.dataSource = rows.value(), .title = title});
+        m_windows.showReport(DataReportJs(rows.value(), title, m_host.now().date()));
 }
 
 void ZSKListFrm::showDetail() {

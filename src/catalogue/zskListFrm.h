@@ -17,7 +17,7 @@ namespace catalogue {
 struct CatalogueListWindows {
     std::function<void(qint32 zskid)> showDetail;
     std::function<void()> showOrderby;
-    std::function<void(DataReportJs report)> showReport;
+    std::function<void(const DataReportJs &report)> showReport;
 };
 
 class ZSKListFrm final : public ListWindow, public SortableList, private ExportSurface {
