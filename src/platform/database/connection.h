@@ -2,11 +2,10 @@
 // dialect, to the letter; what the server at the other end spells differently is rewritten on the way out.
 #pragma once
 
+#include "platform/database/dataSources.h"
 #include "platform/database/resultTable.h"
 #include "platform/result.h"
 #include <QString>
-#include <QStringList>
-#include <QVariant>
 #include <memory>
 
 namespace platform {
@@ -14,11 +13,12 @@ namespace platform {
 class Connection {
 public:
     // Opens by the text as stored ("PROVIDER=MSDASQL;" is cut on the way to the driver manager), with empty user and
-    // password beside it. A connection from the pool is proved before it is handed out; a dead one is replaced.
+    // password beside it. A connection kept from an earlier use is proved before it is handed out; one that is dead, or
+    // whose SQLite file was replaced, gives way to a new one.
     static Result<Connection> open(const QString &connectionString);
     Connection(Connection &&) noexcept;
     Connection &operator=(Connection &&) noexcept;
-    ~Connection(); // releases the connection (to the driver manager's pool)
+    ~Connection(); // releases the connection; it stays open for the next use
 
     // Runs a statement that gives no rows.
     Status execute(const QString &statement);
@@ -31,7 +31,8 @@ private:
     std::unique_ptr<Handle> m_handle;
 };
 
-// The names of the machine's data sources, the user's own included; empty where there is no driver manager.
-QStringList dataSourceNames();
+// Released connections are kept open for the next use. This ends them all, so that an SQLite database is one whole file
+// again; the end of the QCoreApplication does so too. To be called before a process ends in any other way.
+void endKeptConnections();
 
 } // namespace platform

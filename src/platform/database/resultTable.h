@@ -1,10 +1,13 @@
-// The whole result of a query, held compactly: one text store and one offset a cell, no object per cell. A NULL reads
-// as an empty text. Columns are found by name without regard to case.
+// The whole result of a query, held compactly: texts behind each other in large blocks and one offset a cell, no object
+// per cell, nothing copied as it grows. A NULL reads as an empty text. Columns are found by name without regard to
+// case.
 #pragma once
 
 #include "platform/tableSource.h"
 #include <QStringList>
+#include <deque>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace platform {
@@ -27,9 +30,11 @@ public:
     void appendNull();
 
 private:
+    QStringView cell(int row, int column) const;
+
     QStringList m_names;
-    std::vector<char16_t> m_text;
-    std::vector<quint64> m_ends; // end of each cell's text; the top bit marks a NULL
+    std::vector<std::u16string> m_blocks; // none ever grows beyond what it reserved
+    std::deque<quint64> m_cells;          // start of each cell's text: block << 32 | offset; the top bit marks a NULL
 };
 
 } // namespace platform

@@ -1,0 +1,58 @@
+#include "platform/database/dataSources.h"
+#include "platform/database/odbcHandles.h"
+#include <QList>
+#include <array>
+#include <utility>
+
+namespace platform {
+
+namespace {
+
+using Entries = QList<std::pair<QString, QString>>;
+
+// Walks one of the driver manager's lists of names and descriptions.
+template <class Call>
+Entries entries(Call next) {
+    Entries found;
+    const OdbcEnvironment environment;
+    if (!environment)
+        return found;
+    for (SQLUSMALLINT direction = SQL_FETCH_FIRST;; direction = SQL_FETCH_NEXT) {
+        std::array<SQLWCHAR, 1024> name{}, description{};
+        SQLSMALLINT nameLength = 0, descriptionLength = 0;
+        if (!SQL_SUCCEEDED(next(environment.get(), direction, name.data(), SQLSMALLINT(name.size() - 1), &nameLength,
+                                description.data(), SQLSMALLINT(description.size() - 1), &descriptionLength)))
+            return found;
+        found.append({fromOdbc(name.data(), qsizetype(name.size())),
+                      fromOdbc(description.data(), qsizetype(description.size()))});
+    }
+}
+
+QStringList names(const Entries &entries) {
+    QStringList names;
+    for (const auto &[name, description] : entries)
+        if (!name.trimmed().isEmpty())
+            names.append(name);
+    return names;
+}
+
+} // namespace
+
+QStringList dataSourceNames() {
+    return names(entries(SQLDataSourcesW));
+}
+
+QStringList driverNames() {
+    return names(entries(SQLDriversW));
+}
+
+QString driverOfDataSource(QStringView name) {
+    if (name.isEmpty())
+        return {};
+    for (const auto &[source, description] : entries(SQLDataSourcesW))
+        if (source.compare(name, Qt::CaseInsensitive) == 0)
+            return description;
+    return {};
+}
+
+} // namespace platform

@@ -1,0 +1,171 @@
+#include "platform/database/link.h"
+#include "platform/database/connectionText.h"
+#include "platform/database/dataSources.h"
+#include "platform/database/rowReader.h"
+#include <QCoreApplication>
+#include <QHash>
+#include <algorithm>
+#include <array>
+#include <vector>
+
+#ifndef Q_OS_WIN
+#include <sys/stat.h>
+#endif
+
+namespace platform {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::size_t mostKept = 4;
+
+struct Kept {
+    std::vector<std::unique_ptr<Link>> links;
+    // How many links of a text were ended. The driver manager may have a pool of its own, which would hand a link that
+    // we ended back to us; it finds them by the letters of the text, so each ending changes them by one more ";".
+    QHash<QString, int> ended;
+};
+
+// The process's idle links: the only state here that outlives a procedure, as the driver manager's pool would.
+Kept &kept() {
+    // Never destroyed: at the end of the process the drivers' libraries are gone before our objects.
+    static Kept *const links = [] {
+        qAddPostRoutine(Link::dropKept);
+        return new Kept;
+    }();
+    return *links;
+}
+
+// What tells a file from another one that took its name. Empty where there is no file.
+QString identityOf(const QString &file) {
+#ifdef Q_OS_WIN
+    return file; // an open database cannot be replaced there
+#else
+    struct stat facts {};
+    if (file.isEmpty() || ::stat(file.toLocal8Bit().constData(), &facts) != 0)
+        return {};
+    return QString::number(facts.st_dev) + u':' + QString::number(facts.st_ino);
+#endif
+}
+
+} // namespace
+
+Link::Link(const QString &connectionString)
+    : m_connectionString(connectionString)
+    , m_connection(SQL_HANDLE_DBC, m_environment.get()) {}
+
+Link::~Link() {
+    if (m_open)
+        SQLDisconnect(m_connection.get());
+}
+
+Result<std::unique_ptr<Link>> Link::connect(const QString &connectionString) {
+    std::unique_ptr<Link> link(new Link(connectionString));
+    if (!link->m_connection)
+        return link->m_environment.failure();
+    QString text = driverText(connectionString, driverOfDataSource(connectionValue(connectionString, u"DSN")));
+    text += QString(kept().ended.value(connectionString) % 256, u';');
+    std::array<SQLWCHAR, 2048> completed{};
+    SQLSMALLINT length = 0;
+    const SQLRETURN opened =
+        SQLDriverConnectW(link->m_connection.get(), nullptr, odbcText(text), SQL_NTS, completed.data(),
+                          SQLSMALLINT(completed.size() - 1), &length, SQL_DRIVER_NOPROMPT);
+    if (!SQL_SUCCEEDED(opened))
+        return link->m_connection.failure();
+    link->m_open = true;
+    link->learn();
+    return link;
+}
+
+Result<std::unique_ptr<Link>> Link::take(const QString &connectionString) {
+    std::vector<std::unique_ptr<Link>> &links = kept().links;
+    for (;;) {
+        const auto found = std::find_if(links.begin(), links.end(), [&connectionString](const auto &link) {
+            return link->m_connectionString == connectionString;
+        });
+        if (found == links.end())
+            return connect(connectionString);
+        std::unique_ptr<Link> link = std::move(*found);
+        links.erase(found);
+        if (link->works())
+            return link;
+        link->retire();
+    }
+}
+
+void Link::keep(std::unique_ptr<Link> link) {
+    std::vector<std::unique_ptr<Link>> &links = kept().links;
+    links.push_back(std::move(link));
+    if (links.size() > mostKept) {
+        links.front()->retire();
+        links.erase(links.begin());
+    }
+}
+
+void Link::dropKept() {
+    for (const std::unique_ptr<Link> &link : kept().links)
+        link->retire();
+    kept().links.clear();
+}
+
+// Before the link's end. The log of an SQLite database must not outlive its file: a file that takes its name would be
+// changed by it.
+void Link::retire() const {
+    ++kept().ended[m_connectionString];
+    if (m_server == Server::Sqlite)
+        run(u"PRAGMA wal_checkpoint(TRUNCATE)"_s);
+}
+
+bool Link::works() const {
+    switch (m_server) {
+    case Server::Sqlite:
+        return identityOf(m_file) == m_fileIdentity;
+    case Server::PostgreSql:
+    case Server::MariaDb:
+    case Server::SqlServer:
+        return run(u"select 1"_s);
+    case Server::Other:
+        break;
+    }
+    SQLUINTEGER dead = SQL_CD_FALSE;
+    SQLGetConnectAttrW(m_connection.get(), SQL_ATTR_CONNECTION_DEAD, &dead, sizeof(dead), nullptr);
+    return dead != SQL_CD_TRUE;
+}
+
+bool Link::run(const QString &statement) const {
+    const OdbcHandle handle(SQL_HANDLE_STMT, m_connection.get());
+    return handle && SQL_SUCCEEDED(SQLExecDirectW(handle.get(), odbcText(statement), SQLINTEGER(statement.size())));
+}
+
+QStringList Link::firstColumn(const QString &statement) const {
+    QStringList values;
+    const OdbcHandle handle(SQL_HANDLE_STMT, m_connection.get());
+    if (!handle || !SQL_SUCCEEDED(SQLExecDirectW(handle.get(), odbcText(statement), SQLINTEGER(statement.size()))))
+        return values;
+    const auto rows = readRows(handle, Fetching::Unbound);
+    if (rows && rows.value())
+        for (int row = 0; row < (*rows.value())->rowCount(); ++row)
+            values.append((*rows.value())->text(row, 0));
+    return values;
+}
+
+// Asks a new link what it is, and makes its server read statements as they are meant.
+void Link::learn() {
+    std::array<SQLWCHAR, 128> name{};
+    SQLGetInfoW(m_connection.get(), SQL_DBMS_NAME, name.data(), SQLSMALLINT(sizeof(name) - sizeof(SQLWCHAR)), nullptr);
+    m_server = serverOf(fromOdbc(name.data(), qsizetype(name.size())));
+    if (m_server == Server::Sqlite) {
+        m_file = firstColumn(u"select file from pragma_database_list where name='main'"_s).value(0);
+        m_fileIdentity = identityOf(m_file);
+    } else if (m_server == Server::MariaDb) {
+        run(u"set sql_mode=concat(@@sql_mode,',NO_BACKSLASH_ESCAPES')"_s);
+        m_tables = firstColumn(u"select table_name from information_schema.tables where table_schema=database()"_s);
+    }
+}
+
+QString Link::spelled(const QString &statement) const {
+    return rewrite(statement, m_server, m_tables);
+}
+
+} // namespace platform

@@ -1,0 +1,50 @@
+// A connection at work, with what is known of it, and the links that the process keeps for the next use. Opening one
+// costs a driver far more than a small insert, and a connection per use is the rule here; the driver manager's own pool
+// would hand out links that are dead (the server was started anew) or stale (the SQLite file was replaced), so that
+// rows go where nobody sees them. A kept link is therefore proved before it is handed out, at the cost of one look at
+// the file or one round trip. One thread.
+#pragma once
+
+#include "platform/database/odbcHandles.h"
+#include "platform/database/sqlDialect.h"
+#include <QStringList>
+#include <memory>
+
+namespace platform {
+
+class Link {
+public:
+    // A new link by the text as stored.
+    static Result<std::unique_ptr<Link>> connect(const QString &connectionString);
+    // A kept link that is proved to work, otherwise a new one.
+    static Result<std::unique_ptr<Link>> take(const QString &connectionString);
+    // Keeps the link for the next use; ends it where enough are kept.
+    static void keep(std::unique_ptr<Link> link);
+    // Ends all kept links.
+    static void dropKept();
+
+    ~Link();
+
+    SQLHDBC handle() const { return m_connection.get(); }
+    // The statement as this link's server spells it.
+    QString spelled(const QString &statement) const;
+
+private:
+    explicit Link(const QString &connectionString);
+    bool works() const;
+    bool run(const QString &statement) const;
+    QStringList firstColumn(const QString &statement) const;
+    void learn();
+    void retire() const;
+
+    QString m_connectionString;
+    OdbcEnvironment m_environment;
+    OdbcHandle m_connection;
+    bool m_open = false;
+    Server m_server = Server::Other;
+    QStringList m_tables;   // the server's spelling of the tables, where it tells names by case
+    QString m_file;         // of an SQLite database
+    QString m_fileIdentity; // of that file when it was opened
+};
+
+} // namespace platform

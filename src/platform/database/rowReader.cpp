@@ -1,0 +1,176 @@
+#include "platform/database/rowReader.h"
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+namespace platform {
+
+namespace {
+
+constexpr SQLULEN longest = 1000;              // characters of a column that is still bound
+constexpr std::size_t blockBytes = 512 * 1024; // of all bound columns together
+constexpr std::size_t mostRows = 256;
+
+struct Column {
+    std::size_t width = 0;       // characters of its buffer, the closing NUL included; 0: not bound
+    std::vector<char16_t> texts; // rows of a block x width
+    std::vector<SQLLEN> sizes;   // in bytes, or the mark of a NULL
+};
+
+// Characters that a value of the type may take; 0 where it is long or not known.
+std::size_t widthOf(SQLSMALLINT type, SQLULEN size) {
+    switch (type) {
+    case SQL_CHAR:
+    case SQL_VARCHAR:
+    case SQL_WCHAR:
+    case SQL_WVARCHAR:
+        // Twice the size: servers count characters, buffers count UTF-16 units.
+        return size == 0 || size > longest ? 0 : 2 * size + 1;
+    case SQL_LONGVARCHAR:
+    case SQL_WLONGVARCHAR:
+    case SQL_BINARY:
+    case SQL_VARBINARY:
+    case SQL_LONGVARBINARY:
+        return 0;
+    default:
+        return 64; // numbers, dates and times
+    }
+}
+
+class Reader {
+public:
+    Reader(const OdbcHandle &statement, Fetching fetching)
+        : m_statement(statement)
+        , m_fetching(fetching) {}
+
+    Result<std::optional<std::shared_ptr<ResultTable>>> read() {
+        if (!describe())
+            return m_statement.failure();
+        bind();
+        for (;;) {
+            const SQLRETURN fetched = SQLFetch(m_statement.get());
+            if (fetched == SQL_NO_DATA)
+                return std::optional(m_table);
+            if (!SQL_SUCCEEDED(fetched))
+                return m_statement.failure();
+            for (std::size_t row = 0; row < m_fetchedRows; ++row)
+                if (!takeRow(row))
+                    return m_tooLong ? Result(std::optional<std::shared_ptr<ResultTable>>()) : m_statement.failure();
+        }
+    }
+
+private:
+    bool describe() {
+        SQLSMALLINT count = 0;
+        if (!SQL_SUCCEEDED(SQLNumResultCols(m_statement.get(), &count)))
+            return false;
+        QStringList names;
+        for (SQLSMALLINT number = 1; number <= count; ++number) {
+            std::array<SQLWCHAR, 512> name{};
+            SQLSMALLINT length = 0, type = 0, digits = 0, nullable = 0;
+            SQLULEN size = 0;
+            if (!SQL_SUCCEEDED(SQLDescribeColW(m_statement.get(), SQLUSMALLINT(number), name.data(),
+                                               SQLSMALLINT(name.size() - 1), &length, &type, &size, &digits,
+                                               &nullable)))
+                return false;
+            names.append(fromOdbc(name.data(), qsizetype(name.size())));
+            Column column;
+            column.width = m_fetching == Fetching::Bound ? widthOf(type, size) : 0;
+            m_columns.push_back(std::move(column));
+        }
+        m_table = std::make_shared<ResultTable>(std::move(names));
+        return true;
+    }
+
+    // Drivers give a value on request only behind the last bound column, so nothing is bound from the first long one
+    // on.
+    void bind() {
+        const auto firstLong =
+            std::find_if(m_columns.begin(), m_columns.end(), [](const Column &column) { return column.width == 0; });
+        m_bound = std::size_t(firstLong - m_columns.begin());
+        std::size_t rowBytes = 1;
+        for (std::size_t i = 0; i < m_bound; ++i)
+            rowBytes += m_columns[i].width * sizeof(char16_t) + sizeof(SQLLEN);
+        std::size_t rows =
+            firstLong == m_columns.end() ? std::clamp<std::size_t>(blockBytes / rowBytes, 1, mostRows) : 1;
+        const auto wanted = reinterpret_cast<SQLPOINTER>(rows);
+        if (rows > 1 &&
+            SQLSetStmtAttrW(m_statement.get(), SQL_ATTR_ROW_ARRAY_SIZE, wanted, SQL_IS_UINTEGER) != SQL_SUCCESS) {
+            rows = 1;
+            SQLSetStmtAttrW(m_statement.get(), SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(rows),
+                            SQL_IS_UINTEGER);
+        }
+        if (rows > 1)
+            SQLSetStmtAttrW(m_statement.get(), SQL_ATTR_ROWS_FETCHED_PTR, &m_fetchedRows, SQL_IS_POINTER);
+        for (std::size_t i = 0; i < m_bound; ++i) {
+            Column &column = m_columns[i];
+            column.texts.resize(rows * column.width);
+            column.sizes.resize(rows);
+            SQLBindCol(m_statement.get(), SQLUSMALLINT(i + 1), SQL_C_WCHAR, column.texts.data(),
+                       SQLLEN(column.width * sizeof(char16_t)), column.sizes.data());
+        }
+    }
+
+    bool takeRow(std::size_t row) {
+        for (std::size_t i = 0; i < m_columns.size(); ++i)
+            if (!(i < m_bound ? takeBound(m_columns[i], row) : takeLong(SQLUSMALLINT(i + 1))))
+                return false;
+        return true;
+    }
+
+    bool takeBound(const Column &column, std::size_t row) {
+        const SQLLEN size = column.sizes[row];
+        if (size == SQL_NULL_DATA) {
+            m_table->appendNull();
+            return true;
+        }
+        m_tooLong = size < 0 || std::size_t(size) > (column.width - 1) * sizeof(char16_t);
+        if (!m_tooLong)
+            m_table->append(QStringView(column.texts.data() + row * column.width, size / qsizetype(sizeof(char16_t))));
+        return !m_tooLong;
+    }
+
+    // A value in pieces: each call fills the buffer but for its closing NUL, until one holds all that is left.
+    bool takeLong(SQLUSMALLINT number) {
+        constexpr std::size_t room = 16 * 1024;
+        m_piece.resize(room);
+        m_long.clear();
+        for (;;) {
+            SQLLEN size = 0;
+            const SQLRETURN got = SQLGetData(m_statement.get(), number, SQL_C_WCHAR, m_piece.data(),
+                                             SQLLEN(room * sizeof(char16_t)), &size);
+            if (got == SQL_NO_DATA)
+                break;
+            if (!SQL_SUCCEEDED(got))
+                return false;
+            if (size == SQL_NULL_DATA) {
+                m_table->appendNull();
+                return true;
+            }
+            const bool more = size < 0 || std::size_t(size) > (room - 1) * sizeof(char16_t);
+            m_long.append(m_piece.data(), more ? room - 1 : std::size_t(size) / sizeof(char16_t));
+            if (!more)
+                break;
+        }
+        m_table->append(m_long);
+        return true;
+    }
+
+    const OdbcHandle &m_statement;
+    Fetching m_fetching;
+    std::vector<Column> m_columns;
+    std::size_t m_bound = 0;
+    SQLULEN m_fetchedRows = 1;
+    bool m_tooLong = false;
+    std::vector<char16_t> m_piece;
+    std::u16string m_long;
+    std::shared_ptr<ResultTable> m_table;
+};
+
+} // namespace
+
+Result<std::optional<std::shared_ptr<ResultTable>>> readRows(const OdbcHandle &statement, Fetching fetching) {
+    return Reader(statement, fetching).read();
+}
+
+} // namespace platform

@@ -1,0 +1,56 @@
+// Records without end, for files of any size: varied, of the size that records of books have (some 700 to 900 bytes),
+// well formed, with right ISBNs. The same seed gives the same bytes on every machine.
+#pragma once
+
+#include "tools/recordAssembler.h"
+#include <QByteArray>
+#include <vector>
+
+namespace tools {
+
+// xorshift64*, spelled out because the standard library's distributions differ from machine to machine.
+class RandomNumbers {
+public:
+    explicit RandomNumbers(quint64 seed);
+    quint32 below(quint32 limit); // 0 to limit - 1
+    bool oneIn(quint32 count) { return below(count) == 0; }
+
+private:
+    quint64 m_state;
+};
+
+class RecordGenerator {
+public:
+    explicit RecordGenerator(quint64 seed = 1);
+
+    // The next record in code page 936, its terminator included, without a line end. Valid until the next call.
+    const QByteArray &next();
+
+private:
+    struct Book;
+
+    Book drawBook();
+    int drawPerson();
+    void addControlFields(const Book &book);
+    void addCodedFields(const Book &book);
+    void addDescription(const Book &book);
+    void addNotes(const Book &book);
+    void addSubjects(const Book &book);
+    void addNames(const Book &book);
+    void addOrigin(const Book &book);
+
+    void open(QByteArrayView tag, QByteArrayView indicators);
+    void subfield(char code, QByteArrayView value);
+    void subfield(char code, QByteArrayView value, QByteArrayView more);
+    void number(qsizetype value, int width);
+    void close() { m_assembler.closeField(); }
+
+    RandomNumbers m_random;
+    RecordAssembler m_assembler;
+    qsizetype m_serial = 0;
+};
+
+// The check character of the nine digits of an ISBN-10.
+char isbnCheckCharacter(QByteArrayView nineDigits);
+
+} // namespace tools
