@@ -1,5 +1,6 @@
 #include "workspace/fieldGrid.h"
 #include <array>
+#include <numeric>
 
 using namespace Qt::StringLiterals;
 
@@ -10,6 +11,9 @@ namespace {
 constexpr quint32 descriptionColour = 12632256; // grey
 constexpr auto fieldColumnTwips = std::to_array<int>({0, 2000, 450, 2000, 4600});
 constexpr auto listColumnTwips = std::to_array<int>({0, 2190, 0});
+
+static_assert(std::reduce(fieldColumnTwips.begin(), fieldColumnTwips.end()) == fieldGridTwips);
+static_assert(std::reduce(listColumnTwips.begin(), listColumnTwips.end()) == recordListTwips);
 
 template <size_t Columns>
 void formatColumns(platform::FlexGrid &grid, const std::array<int, Columns> &twips) {

@@ -8,6 +8,8 @@ namespace workspace {
 
 inline constexpr quint32 currentRecordColour = 255;      // red
 inline constexpr quint32 visitedRecordColour = 12648447; // light yellow
+inline constexpr int fieldGridTwips = 9050;              // all columns of the field grid
+inline constexpr int recordListTwips = 2190;             // and of the record list
 inline constexpr int titleColumn = 1;                    // of the record list
 
 // Grid columns of the fields.

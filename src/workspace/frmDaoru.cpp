@@ -60,10 +60,10 @@ frmDaoru::frmDaoru(platform::Host &host, WorkspaceWindows windows, QWidget *pare
 void frmDaoru::lay() {
     picTiMing->setLayout(column({{Grid2, 1}}));
     Picture1->setLayout(column({{Grid1, 1}}));
-    for (QGroupBox *frame : {picTiMing, Picture1})
+    for (QFrame *frame : {picTiMing, Picture1})
         frame->layout()->setContentsMargins(0, 0, 0, 0);
     setLayout(column({
-        {row({{picTiMing, 2}, {Picture1, 7}}), 1},
+        {row({picTiMing, {Picture1, 1}}), 1},
         labZhuangTai,
         row({Label1[0], Text2, Label1[1], Text3, Label1[2], Text4, labJinDu, platform::stretch(), cmdJieShu}),
         row({cmdTiMing[0], cmdTiMing[1], platform::stretch(), cmdclick[0], cmdclick[1], cmdclick[2], cmdclick[3],
@@ -73,7 +73,13 @@ void frmDaoru::lay() {
     labZhuangTai->setMinimumHeight(metrics.height()); // its place is kept while there is nothing to say
     richText->setFont(Grid1->font());
     Text1->setFont(Grid1->font());
-    resize(metrics.averageCharWidth() * 150, metrics.height() * 34);
+    // As wide as the columns of both grids, with their scroll bars; the list keeps its width.
+    const int beside = Grid1->verticalScrollBar()->sizeHint().width() + 2 * Grid1->frameWidth();
+    picTiMing->setFixedWidth(Grid2->toPixels(recordListTwips) + beside);
+    const QMargins margins = layout()->contentsMargins();
+    resize(picTiMing->width() + Grid1->toPixels(fieldGridTwips) + beside + layout()->spacing() + margins.left() +
+               margins.right() + metrics.averageCharWidth(),
+           metrics.height() * 36);
     Grid2->setFocus();
 }
 

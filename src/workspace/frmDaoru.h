@@ -14,7 +14,7 @@
 #include "workspace/recordMoving.h"
 #include "workspace/recordReading.h"
 #include "workspace/workspaceWindows.h"
-#include <QGroupBox>
+#include <QFrame>
 #include <array>
 
 namespace workspace {
@@ -60,9 +60,9 @@ public:
     QString clickMark;   // "MouseDown" between a press of the right button and the click that follows it
     QString public100ZD; // the text handed to and returned by the assistant of field 100
 
-    QGroupBox *picTiMing;
+    QFrame *picTiMing;
     platform::FlexGrid *Grid2;
-    QGroupBox *Picture1;
+    QFrame *Picture1;
     platform::FlexGrid *Grid1;
     std::array<QLabel *, 3> Label1;
     platform::PacedLabel *Text2;

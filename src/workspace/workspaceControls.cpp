@@ -43,10 +43,9 @@ platform::PacedLabel *numberBox(const QString &name, const QString &meaning, QWi
     return box;
 }
 
-QGroupBox *frameOf(const QString &name, QWidget *parent) {
-    auto *frame = new QGroupBox(parent);
+QFrame *frameOf(const QString &name, QWidget *parent) {
+    auto *frame = new QFrame(parent);
     frame->setObjectName(name);
-    frame->setFlat(true);
     return frame;
 }
 

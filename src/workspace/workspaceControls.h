@@ -3,7 +3,7 @@
 
 #include "platform/widgets/pacedLabel.h"
 #include "platform/widgets/window.h"
-#include <QGroupBox>
+#include <QFrame>
 #include <array>
 
 namespace workspace {
@@ -11,7 +11,7 @@ namespace workspace {
 std::array<platform::Button *, 7> commandButtons(QWidget *parent); // cmdclick
 // A number beside its label, as large as any count of records.
 platform::PacedLabel *numberBox(const QString &name, const QString &meaning, QWidget *parent);
-QGroupBox *frameOf(const QString &name, QWidget *parent);
+QFrame *frameOf(const QString &name, QWidget *parent);
 QLabel *label(const QString &name, const QString &text, QWidget *parent);
 
 } // namespace workspace
