@@ -129,9 +129,9 @@ bool takeSubfield(RecordRow &row, QStringView tag, char16_t code, QStringView va
 
 void takeField(RecordRow &row, QStringView tag, QStringView field) {
     field.chop(field.isEmpty() ? 0 : 1); // the terminator, unlooked at
-    for (const marc::Subfield &subfield : marc::splitSubfields(field)) {
-        const char16_t code = subfield.code.isEmpty() ? u'\0' : subfield.code[0].unicode();
-        if (!takeSubfield(row, tag, code, subfield.negativeLength ? QString() : subfield.value))
+    for (marc::SubfieldWalk walk(field); walk.next();) {
+        const char16_t code = walk.code().isEmpty() ? u'\0' : walk.code()[0].unicode();
+        if (!takeSubfield(row, tag, code, walk.value()))
             return;
     }
 }
@@ -143,27 +143,27 @@ bool hasRule(QStringView tag) {
 
 // The numbers of an entry are the numbers that their texts start with.
 qint64 entryNumber(QStringView text) {
+    if (const auto number = platform::toInt32(text))
+        return *number;
     return qint64(std::nearbyint(platform::leadingNumber(text)));
 }
 
 } // namespace
 
 std::optional<RecordRow> recordRow(const marc::RawRecord &record) {
-    const marc::Directory directory = marc::decodeDirectory(record);
+    const marc::DirectoryView directory = marc::viewDirectory(record);
     if (directory.damaged)
         return std::nullopt;
     RecordRow row;
     const marc::FieldCutter cutter(record);
     const auto base = platform::toDouble(directory.baseAddress);
     QByteArrayView field; // a cut that fails leaves the bytes of the entry before
-    for (const marc::DirectoryEntry &entry : directory.entries) {
-        if (base) {
-            const auto cut =
-                cutter.cutBytes(qint64(std::nearbyint(*base)), entryNumber(entry.start), entryNumber(entry.length));
-            field = cut.value_or(field);
-        }
-        if (hasRule(entry.tag))
-            takeField(row, entry.tag, platform::decode(field));
+    for (qsizetype i = 0; base && i < directory.count(); ++i) {
+        const auto cut = cutter.cutBytes(qint64(std::nearbyint(*base)), entryNumber(directory.start(i)),
+                                         entryNumber(directory.length(i)));
+        field = cut.value_or(field);
+        if (hasRule(directory.tag(i)))
+            takeField(row, directory.tag(i), platform::decode(field));
     }
     row.docclass = documentClass(directory.leader);
     row.marc = doubledApostrophes(record);
