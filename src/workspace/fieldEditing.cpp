@@ -33,6 +33,12 @@ bool isAsciiLetter(QChar c) {
     return (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z');
 }
 
+// The character and its code point, since a font often lacks what the code page lacks.
+QString named(const QString &character) {
+    return character + u"(U+" + QString::number(character.toUcs4().value(0), 16).toUpper().rightJustified(4, u'0') +
+           u')';
+}
+
 QString checkIdentifier(const marc::FieldRow &row, const QString &typed) {
     if (typed.isEmpty())
         return u"字段标识符不允许为空"_s;
@@ -171,9 +177,14 @@ QString contentWarning(const marc::FieldRows &rows) {
                      });
     }
     QStringList warnings;
-    if (!lost.isEmpty())
-        warnings.append(u"注意：GBK 没有字符“"_s + lost.mid(0, shownCharacters).join(u' ') +
-                        (lost.size() > shownCharacters ? u" …"_s : QString()) + u"”，保存后将变成“?”。");
+    if (!lost.isEmpty()) {
+        QStringList shown;
+        for (const QString &character : lost.mid(0, shownCharacters))
+            shown.append(named(character));
+        if (lost.size() > shownCharacters)
+            shown.append(u"…"_s);
+        warnings.append(u"注意：GBK 没有字符“"_s + shown.join(u' ') + u"”，保存后将变成“?”。");
+    }
     if (separators)
         warnings.append(u"注意：字段内容含有分隔符(1D-1F)，保存后字段会被拆开。"_s);
     return warnings.join(u' ');

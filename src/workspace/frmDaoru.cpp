@@ -6,6 +6,7 @@
 #include "workspace/fieldGrid.h"
 #include "workspace/workspaceControls.h"
 #include <QEvent>
+#include <QScreen>
 #include <QScrollBar>
 
 using namespace Qt::StringLiterals;
@@ -77,9 +78,10 @@ void frmDaoru::lay() {
     const int beside = Grid1->verticalScrollBar()->sizeHint().width() + 2 * Grid1->frameWidth();
     picTiMing->setFixedWidth(Grid2->toPixels(recordListTwips) + beside);
     const QMargins margins = layout()->contentsMargins();
-    resize(picTiMing->width() + Grid1->toPixels(fieldGridTwips) + beside + layout()->spacing() + margins.left() +
-               margins.right() + metrics.averageCharWidth(),
-           metrics.height() * 36);
+    const QSize wanted(picTiMing->width() + Grid1->toPixels(fieldGridTwips) + beside + layout()->spacing() +
+                           margins.left() + margins.right() + metrics.averageCharWidth(),
+                       metrics.height() * 36);
+    resize(wanted.boundedTo(screen()->availableSize()));
     Grid2->setFocus();
 }
 

@@ -115,5 +115,5 @@ TEST(FieldEditing, LimitsAndAssistants) {
     marc::FieldRows lossy = {row(u"$a"_s), row(u"$b"_s)};
     EXPECT_EQ(contentWarning(lossy), QString());
     lossy[1].value = u"𠮷野é家𠮷"_s;
-    EXPECT_EQ(contentWarning(lossy), u"注意：GBK 没有字符“𠮷”，保存后将变成“?”。"_s);
+    EXPECT_EQ(contentWarning(lossy), u"注意：GBK 没有字符“𠮷(U+20BB7)”，保存后将变成“?”。"_s);
 }
