@@ -25,6 +25,8 @@ CellEditors::CellEditors(frmDaoru &form, platform::Host &host, const WorkspaceWi
 void CellEditors::connectEditors() {
     CellText *content = m_form.richText;
     CellLine *identity = m_form.Text1;
+    content->setAccessibleName(u"字段内容"_s);
+    identity->setAccessibleName(u"字段说明或标识符"_s);
     const auto on = [this](auto *editor, auto signal, void (CellEditors::*slot)()) {
         QObject::connect(editor, signal, &m_form, [this, slot] { (this->*slot)(); });
     };
@@ -119,6 +121,7 @@ void CellEditors::openIdentity(IdentityColumn column) {
     const auto limit = identityLimit(fieldRow(*m_form.Grid1, row), column);
     m_form.Text1->setMaxLength(limit.value_or(lineLimit));
     place();
+    m_form.Text1->setToolTip(u"回车结束输入返回，按【Esc】取消"_s);
     m_form.Text1->setText(m_form.Grid1->text(row, int(column)));
     m_form.Text1->show();
     m_form.Text1->raise();

@@ -22,7 +22,7 @@ frmSelectMFile::frmSelectMFile(platform::Host &host, std::function<void(const QS
     Frame1->setObjectName(u"Frame1"_s);
     Text1->setObjectName(u"Text1"_s);
     Text1->setAccessibleName(u"机读目录数据文件"_s);
-    Text1->setMinimumWidth(fontMetrics().averageCharWidth() * 64);
+    Text1->setMinimumWidth(fontMetrics().averageCharWidth() * 44);
     platform::framed(Frame1, row({{Text1, 1}, cmdLL}));
     setLayout(column({Frame1, platform::stretch(), row({platform::stretch(), cmdClick[0], cmdClick[1]})}));
     connect(cmdLL, &Button::clicked, this, &frmSelectMFile::browse);
