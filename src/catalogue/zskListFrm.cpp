@@ -25,7 +25,7 @@ ZSKListFrm::ZSKListFrm(const platform::SessionState &state, platform::Host &host
     : ListWindow(u"ZSKListFrm"_s, u"导出marc数据文件"_s, u"控制号|ISBN|书   名|著 者|分类号|出版社|册 数|入库日期"_s,
                  parent)
     , lCounts(new QLabel(this))
-    , labDaochu(new platform::PacedLabel(u"labDaochu"_s, progressText(99'999'999, 99'999'999), this))
+    , labDaochu(new platform::PacedLabel(u"labDaochu"_s, {}, this))
     , m_state(state)
     , m_host(host)
     , m_order(order)
@@ -36,6 +36,7 @@ ZSKListFrm::ZSKListFrm(const platform::SessionState &state, platform::Host &host
     layOut();
     connectControls();
     gridInit();
+    labDaochu->setMinimumWidth(fontMetrics().horizontalAdvance(progressText(9'999'999, 9'999'999)));
     labDaochu->hide();
 }
 
@@ -145,7 +146,7 @@ bool ZSKListFrm::queryUnload() {
 void ZSKListFrm::showProgress(const QString &text) {
     labDaochu->show();
     if (!text.isEmpty())
-        labDaochu->setRunningText(text);
+        labDaochu->setPacedText(text);
 }
 
 bool ZSKListFrm::stopPressed() const {

@@ -264,7 +264,7 @@ QRect FlexGrid::cellRect(int row, int column) const {
 }
 
 void FlexGrid::copySelection() const {
-    const auto [first, last] = std::minmax(row(), rowSel());
+    const auto [first, last] = std::minmax({row(), rowSel()});
     QString copied;
     for (int row = first; row <= last; ++row) {
         bool behind = false;

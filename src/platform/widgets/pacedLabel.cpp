@@ -1,50 +1,77 @@
 #include "platform/widgets/pacedLabel.h"
-#include <QEvent>
+#include <QHelpEvent>
+#include <QStylePainter>
 #include <QTimerEvent>
+#include <QToolTip>
 
 namespace platform {
 
 namespace {
-constexpr int kFrameMilliseconds = 16;
-}
 
-PacedLabel::PacedLabel(const QString &objectName, const QString &widestText, QWidget *parent)
-    : QLabel(parent)
-    , m_widestText(widestText) {
+constexpr int frameMilliseconds = 16;
+constexpr int leastCharacters = 12; // the width below which a label does not shrink
+
+} // namespace
+
+PacedLabel::PacedLabel(const QString &objectName, const QString &text, QWidget *parent)
+    : QLabel(parent) {
     setObjectName(objectName);
     setTextFormat(Qt::PlainText);
-    fitSize();
-}
-
-void PacedLabel::setRunningText(const QString &text) {
-    if (!m_pace.isActive()) {
-        m_pace.start(kFrameMilliseconds, Qt::PreciseTimer, this);
-        setUpdatesEnabled(false);
-    }
     setText(text);
 }
 
-void PacedLabel::timerEvent(QTimerEvent *event) {
-    if (event->timerId() != m_pace.timerId()) {
-        QLabel::timerEvent(event);
+void PacedLabel::setPacedText(const QString &text) {
+    m_text = text;
+    if (!m_pace.isActive())
+        m_pace.start(frameMilliseconds, this);
+}
+
+void PacedLabel::flush() {
+    m_pace.stop();
+    if (QLabel::text() != m_text)
+        QLabel::setText(m_text);
+}
+
+void PacedLabel::setText(const QString &text) {
+    m_text = text;
+    flush();
+}
+
+QSize PacedLabel::minimumSizeHint() const {
+    const QSize whole = QLabel::minimumSizeHint();
+    return {std::min(whole.width(), leastCharacters * fontMetrics().horizontalAdvance(u'录')), whole.height()};
+}
+
+QString PacedLabel::shown() const {
+    if (QLabel::text().contains(u'\n'))
+        return QLabel::text();
+    return fontMetrics().elidedText(QLabel::text(), Qt::ElideMiddle, contentsRect().width());
+}
+
+bool PacedLabel::event(QEvent *event) {
+    if (event->type() == QEvent::ToolTip && shown() != QLabel::text()) {
+        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), m_text, this);
+        return true;
+    }
+    return QLabel::event(event);
+}
+
+void PacedLabel::paintEvent(QPaintEvent *event) {
+    const QString fitting = shown();
+    if (fitting == QLabel::text()) {
+        QLabel::paintEvent(event);
         return;
     }
-    m_pace.stop();
-    setUpdatesEnabled(true);
-    repaint(); // the next text may come before the loop gets round to painting
+    QStylePainter painter(this);
+    drawFrame(&painter);
+    painter.drawItemText(contentsRect(), int(alignment()), palette(), isEnabled(), fitting, foregroundRole());
 }
 
-void PacedLabel::changeEvent(QEvent *event) {
-    QLabel::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
-        fitSize();
-}
-
-// A fixed size: with any other, each text would ask the window for a new layout.
-void PacedLabel::fitSize() {
-    const QMargins margins = contentsMargins();
-    setFixedSize(fontMetrics().horizontalAdvance(m_widestText) + margins.left() + margins.right() + 2 * margin(),
-                 fontMetrics().height() + margins.top() + margins.bottom() + 2 * margin());
+void PacedLabel::timerEvent(QTimerEvent *event) {
+    if (event->timerId() == m_pace.timerId())
+        flush();
+    else
+        QLabel::timerEvent(event);
 }
 
 } // namespace platform

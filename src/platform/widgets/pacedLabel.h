@@ -1,5 +1,6 @@
-// A label for the text of a long run: it holds each text at once and is painted at the pace of the screen, always once
-// more behind the last text. Its size is that of the widest text, so that no text moves the window's layout.
+// A label for texts that run along with long work: it holds a new text at once and paints it at the pace of the
+// screen, since painting costs a hundred times what a record does. A text too long for the label is shown with its
+// middle left out, whole in the tool tip; it never widens its window.
 #pragma once
 
 #include <QBasicTimer>
@@ -10,20 +11,30 @@ namespace platform {
 class PacedLabel : public QLabel {
     Q_OBJECT
 public:
-    PacedLabel(const QString &objectName, const QString &widestText, QWidget *parent = nullptr);
+    explicit PacedLabel(const QString &objectName, const QString &text = {}, QWidget *parent = nullptr);
 
-    // The same as setText(), for texts that follow each other faster than anybody can read.
-    void setRunningText(const QString &text);
+    // Takes the text; it is painted within a sixtieth of a second, once events are let in.
+    void setPacedText(const QString &text);
+    QString pacedText() const { return m_text; }
+    // Brings the held text to the screen with the next events: at the end of the work and before a message box.
+    void flush();
+
+    // As of any label, for whoever does not care about the pace.
+    void setText(const QString &text);
+    QString text() const { return m_text; }
+
+    QSize minimumSizeHint() const override;
 
 protected:
-    void changeEvent(QEvent *event) override;
+    bool event(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
     void timerEvent(QTimerEvent *event) override;
 
 private:
-    void fitSize();
+    QString shown() const; // what has room
 
-    QString m_widestText;
-    QBasicTimer m_pace;
+    QString m_text;
+    QBasicTimer m_pace; // runs while the held text waits for its frame
 };
 
 } // namespace platform
