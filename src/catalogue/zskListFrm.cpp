@@ -36,7 +36,8 @@ ZSKListFrm::ZSKListFrm(const platform::SessionState &state, platform::Host &host
     layOut();
     connectControls();
     gridInit();
-    labDaochu->setMinimumWidth(fontMetrics().horizontalAdvance(progressText(9'999'999, 9'999'999)));
+    // Wide enough for any count, so that no text moves the buttons.
+    labDaochu->setMinimumWidth(labDaochu->fontMetrics().horizontalAdvance(progressText(99'999'999, 99'999'999)));
     labDaochu->hide();
 }
 
