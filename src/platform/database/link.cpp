@@ -4,8 +4,11 @@
 #include "platform/database/rowReader.h"
 #include <QCoreApplication>
 #include <QHash>
+#include <QPointer>
+#include <QTimer>
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <vector>
 
 #ifndef Q_OS_WIN
@@ -19,9 +22,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr std::size_t mostKept = 4;
+constexpr std::chrono::seconds idleTime(2);
 
 struct Kept {
     std::vector<std::unique_ptr<Link>> links;
+    QPointer<QTimer> idle;
     // How many links of a text were ended. The driver manager may have a pool of its own, which would hand a link that
     // we ended back to us; it finds them by the letters of the text, so each ending changes them by one more ";".
     QHash<QString, int> ended;
@@ -35,6 +40,19 @@ Kept &kept() {
         return new Kept;
     }();
     return *links;
+}
+
+// Ends the kept links when no one has used any for a while: nothing is held open between one piece of work and the
+// next. None where there is no event loop.
+QTimer *idleTimer() {
+    QPointer<QTimer> &timer = kept().idle;
+    if (!timer && QCoreApplication::instance()) {
+        timer = new QTimer(QCoreApplication::instance());
+        timer->setSingleShot(true);
+        timer->setInterval(idleTime);
+        QObject::connect(timer, &QTimer::timeout, [] { Link::dropKept(); });
+    }
+    return timer;
 }
 
 // The drivers of unixODBC that have no wide calls: those of SQLite and of Access files.
@@ -118,6 +136,8 @@ void Link::keep(std::unique_ptr<Link> link) {
         links.front()->retire();
         links.erase(links.begin());
     }
+    if (QTimer *timer = idleTimer())
+        timer->start();
 }
 
 void Link::dropKept() {

@@ -9,13 +9,13 @@ namespace {
 
 constexpr SQLULEN longest = 1000;              // characters of a column that is still bound
 constexpr std::size_t mostBytes = 4;           // of a character, in UTF-8 and in UTF-16
-constexpr std::size_t blockBytes = 512 * 1024; // of all bound columns together
+constexpr std::size_t blockBytes = 256 * 1024; // of all bound columns together
 constexpr std::size_t mostRows = 256;
 
 struct Column {
-    std::size_t width = 0;     // bytes of a value's buffer, the closing NUL included; 0: not bound
-    std::vector<char> texts;   // rows of a block x width
-    std::vector<SQLLEN> sizes; // in bytes, or the mark of a NULL
+    std::size_t width = 0;         // bytes of a value's buffer, the closing NUL included; 0: not bound
+    std::unique_ptr<char[]> texts; // rows of a block x width
+    std::vector<SQLLEN> sizes;     // in bytes, or the mark of a NULL
 };
 
 // Bytes that a value of the type may take; 0 where it is long or not known.
@@ -47,6 +47,8 @@ public:
     Result<std::optional<std::shared_ptr<ResultTable>>> read() {
         if (!describe())
             return m_statement.failure(m_forms.calls);
+        if (m_columns.empty()) // a statement that gives no rows
+            return std::optional(m_table);
         bind();
         for (;;) {
             const SQLRETURN fetched = SQLFetch(m_statement.get());
@@ -102,9 +104,9 @@ private:
             SQLSetStmtAttrW(m_statement.get(), SQL_ATTR_ROWS_FETCHED_PTR, &m_fetchedRows, SQL_IS_POINTER);
         for (std::size_t i = 0; i < m_bound; ++i) {
             Column &column = m_columns[i];
-            column.texts.resize(rows * column.width);
+            column.texts = std::make_unique_for_overwrite<char[]>(rows * column.width);
             column.sizes.resize(rows);
-            SQLBindCol(m_statement.get(), SQLUSMALLINT(i + 1), valueType(), column.texts.data(), SQLLEN(column.width),
+            SQLBindCol(m_statement.get(), SQLUSMALLINT(i + 1), valueType(), column.texts.get(), SQLLEN(column.width),
                        column.sizes.data());
         }
     }
@@ -124,7 +126,7 @@ private:
         }
         m_tooLong = size < 0 || std::size_t(size) > column.width - closing();
         if (!m_tooLong)
-            append(column.texts.data() + row * column.width, size);
+            append(column.texts.get() + row * column.width, size);
         return !m_tooLong;
     }
 

@@ -70,6 +70,8 @@ private:
 
     QString part(std::size_t from, std::size_t to) {
         QString out;
+        if (from < to)
+            out.reserve(m_tokens[to - 1].text.end() - m_tokens[from].text.begin() + 64);
         qsizetype operand = -1;      // where the operand of a coming Like starts in `out`
         bool patternFollows = false; // a Like waits for its pattern
         for (std::size_t at = from; at < to; ++at) {
@@ -89,7 +91,7 @@ private:
                 operand = -1;
                 continue;
             }
-            out += spelled(token);
+            append(out, token);
             if (patternFollows && token.kind == TokenKind::Literal) {
                 out += m_spelling.after;
                 patternFollows = false;
@@ -109,15 +111,16 @@ private:
         out.replace(operand, end - operand, m_spelling.folded.toString().replace(u"%1"_s, name));
     }
 
-    QString spelled(const Token &token) const {
-        if (token.kind == TokenKind::Bracket && token.text.endsWith(u']')) {
+    void append(QString &out, const Token &token) const {
+        if (token.kind == TokenKind::Word) {
+            out += tableSpelling(token.text);
+        } else if (token.kind == TokenKind::Bracket && token.text.endsWith(u']')) {
             QString name = token.text.sliced(1, token.text.size() - 2).toString();
             name.replace(u"]]"_s, u"]"_s).replace(m_spelling.quote, QString(2, m_spelling.quote));
-            return QString(m_spelling.quote + name + m_spelling.quote);
+            out += m_spelling.quote + name + m_spelling.quote;
+        } else {
+            out += token.text;
         }
-        if (token.kind == TokenKind::Word)
-            return tableSpelling(token.text).toString();
-        return token.text.toString();
     }
 
     QStringView tableSpelling(QStringView word) const {

@@ -4,6 +4,8 @@
 #include "support/databaseServers.h"
 #include "support/scriptedHost.h"
 #include <QFileInfo>
+#include <QScopeGuard>
+#include <QTest>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -70,6 +72,14 @@ TEST(Link, aReplacedSqliteFileIsNoticed) {
     }
 }
 
+// Some seconds after the last use an SQLite database is one whole file that can be copied and written over.
+TEST(Link, nothingIsHeldOpenBetweenWorks) {
+    const TestDatabase database(TestServer::Sqlite);
+    ASSERT_TRUE(import(database, u"一"_s));
+    ASSERT_GT(QFileInfo(database.file() + u"-wal").size(), 0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QFileInfo(database.file() + u"-wal").size() == 0; }, 20000));
+}
+
 TEST(Link, aDeletedSqliteFileLosesNoRecordInSilence) {
     const TestDatabase database(TestServer::Sqlite);
     ASSERT_TRUE(import(database, u"一"_s));
@@ -114,6 +124,7 @@ TEST(Link, aServerThatGoesAwayAndComesBack) {
     ScriptedHost host;
     ASSERT_EQ(openConnection(session, state, host), 0);
     commandServers(u"stop-postgresql"_s);
+    auto comesBack = qScopeGuard([] { commandServers(u"start-postgresql"_s); }); // for the other tests, whatever fails
     EXPECT_FALSE(session->execute(u"delete from taoluTable"_s));
     closeConnection(session);
     EXPECT_FALSE(import(database, u"二"_s));
@@ -122,6 +133,7 @@ TEST(Link, aServerThatGoesAwayAndComesBack) {
     ASSERT_EQ(host.texts(), QStringList{u"连接数据库失败"_s});
     EXPECT_EQ(host.lastBox().title, u"错误提示"_s);
     EXPECT_EQ(host.lastBox().icon, platform::Icon::Critical);
+    comesBack.dismiss();
     commandServers(u"start-postgresql"_s);
     EXPECT_TRUE(import(database, u"三"_s));
     EXPECT_EQ(database.selected(titles), u"一 三"_s);
