@@ -1,4 +1,5 @@
 #include "platform/desktop/qtHost.h"
+#include "platform/database/connection.h"
 #include <QApplication>
 #include <QDesktopServices>
 #include <QDir>
@@ -104,6 +105,7 @@ void QtHost::yield() {
 
 void QtHost::endProcess() {
     // At once and without asking any window: no close events, no destructors of windows.
+    endKeptConnections();
     std::_Exit(EXIT_SUCCESS);
 }
 
