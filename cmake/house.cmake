@@ -27,12 +27,16 @@ function(house_folder name)
   endif()
 endfunction()
 
-# house_tests(marc USES marc SOURCES a.cpp b.cpp): one test program `<name>_tests`, run without a screen.
+# house_tests(marc USES marc SOURCES a.cpp b.cpp): one test program `<name>_tests`, run without a screen. With SERVERS its
+# tests find the database servers running, and share them with no other test meanwhile.
 function(house_tests name)
-  cmake_parse_arguments(T "" "" "SOURCES;USES" ${ARGN})
+  cmake_parse_arguments(T "SERVERS" "" "SOURCES;USES" ${ARGN})
+  if(T_SERVERS)
+    set(servers FIXTURES_REQUIRED servers RESOURCE_LOCK servers)
+  endif()
   add_executable(${name}_tests ${T_SOURCES})
   set_target_properties(${name}_tests PROPERTIES AUTOMOC ON)
   target_link_libraries(${name}_tests PRIVATE test_support ${T_USES})
   gtest_discover_tests(${name}_tests TEST_PREFIX ${name}. DISCOVERY_TIMEOUT 60
-    PROPERTIES TIMEOUT 60 ENVIRONMENT "QT_QPA_PLATFORM=offscreen;TZ=Asia/Shanghai;LC_ALL=C.UTF-8")
+    PROPERTIES TIMEOUT 60 ${servers} ENVIRONMENT "QT_QPA_PLATFORM=offscreen;TZ=Asia/Shanghai;LC_ALL=C.UTF-8")
 endfunction()

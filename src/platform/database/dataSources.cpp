@@ -10,6 +10,18 @@ namespace {
 
 using Entries = QList<std::pair<QString, QString>>;
 
+// unixODBC keeps its files as they are written, in UTF-8 nearly always, and widens them byte by byte where it is asked
+// for wide texts; the driver manager of Windows knows what it widens.
+#ifdef Q_OS_WIN
+using Character = SQLWCHAR;
+constexpr auto nextDataSource = SQLDataSourcesW;
+constexpr auto nextDriver = SQLDriversW;
+#else
+using Character = SQLCHAR;
+constexpr auto nextDataSource = SQLDataSources;
+constexpr auto nextDriver = SQLDrivers;
+#endif
+
 // Walks one of the driver manager's lists of names and descriptions.
 template <class Call>
 Entries entries(Call next) {
@@ -18,7 +30,7 @@ Entries entries(Call next) {
     if (!environment)
         return found;
     for (SQLUSMALLINT direction = SQL_FETCH_FIRST;; direction = SQL_FETCH_NEXT) {
-        std::array<SQLWCHAR, 1024> name{}, description{};
+        std::array<Character, 1024> name{}, description{};
         SQLSMALLINT nameLength = 0, descriptionLength = 0;
         if (!SQL_SUCCEEDED(next(environment.get(), direction, name.data(), SQLSMALLINT(name.size() - 1), &nameLength,
                                 description.data(), SQLSMALLINT(description.size() - 1), &descriptionLength)))
@@ -39,17 +51,17 @@ QStringList names(const Entries &entries) {
 } // namespace
 
 QStringList dataSourceNames() {
-    return names(entries(SQLDataSourcesW));
+    return names(entries(nextDataSource));
 }
 
 QStringList driverNames() {
-    return names(entries(SQLDriversW));
+    return names(entries(nextDriver));
 }
 
 QString driverOfDataSource(QStringView name) {
     if (name.isEmpty())
         return {};
-    for (const auto &[source, description] : entries(SQLDataSourcesW))
+    for (const auto &[source, description] : entries(nextDataSource))
         if (source.compare(name, Qt::CaseInsensitive) == 0)
             return description;
     return {};
