@@ -1,6 +1,6 @@
 #include "tools/recordGenerator.h"
 #include "platform/codepage936.h"
-#include "tools/wordLists.h"
+#include "tools/encodedWords.h"
 
 using namespace Qt::StringLiterals;
 
@@ -8,79 +8,16 @@ namespace tools {
 
 namespace {
 
-struct Bytes {
-    QByteArray name;
-    QByteArray pinyin;
-};
-
-struct TopicBytes {
-    QByteArray name, pinyin, heading, classNumber, scienceNumber;
-    std::vector<QByteArray> sentences; // with the topic in its place
-};
-
-struct FormBytes {
-    QByteArray name, pinyin, division;
-};
-
-struct PublisherBytes {
-    QByteArray place, name, prefix, region;
-};
-
-// All words in the code page, made once: a record is then put together by copying.
-struct Words {
-    std::vector<TopicBytes> topics;
-    std::vector<FormBytes> forms;
-    std::vector<Bytes> people; // every surname with every given name
-    std::vector<PublisherBytes> publishers;
-    std::vector<QByteArray> series;
-    std::vector<QByteArray> notes;
-};
-
-QByteArray gbk(QStringView text) {
-    return platform::encode(text);
-}
-
-Words encodeWords() {
-    Words words;
-    for (const Topic &topic : topics) {
-        TopicBytes bytes{gbk(topic.name),        gbk(topic.pinyin),        gbk(topic.heading),
-                         gbk(topic.classNumber), gbk(topic.scienceNumber), {}};
-        for (const QStringView sentence : sentences)
-            bytes.sentences.push_back(gbk(sentence.toString().replace(u"%1"_s, topic.name.toString())));
-        words.topics.push_back(bytes);
-    }
-    for (const Form &form : forms)
-        words.forms.push_back({gbk(form.name), gbk(form.pinyin), gbk(form.division)});
-    for (const Word &surname : surnames) {
-        for (const Word &given : givenNames)
-            words.people.push_back(
-                {gbk(surname.name) + gbk(given.name), gbk(surname.pinyin) + ' ' + gbk(given.pinyin)});
-    }
-    for (const Publisher &publisher : publishers)
-        words.publishers.push_back(
-            {gbk(publisher.place), gbk(publisher.name), gbk(publisher.prefix), gbk(publisher.region)});
-    for (const QStringView title : seriesTitles)
-        words.series.push_back(gbk(title));
-    for (const QStringView note : notes)
-        words.notes.push_back(gbk(note));
-    return words;
-}
-
-const Words &words() {
-    static const Words encoded = encodeWords();
-    return encoded;
-}
-
 constexpr quint32 numbersOfWidth[] = {1, 10, 100, 1000, 10000, 100000, 1000000, 10000000};
 
 // Fixed Chinese words of a record.
-const QByteArray pagesWord = gbk(u"页");
-const QByteArray authorWord = gbk(u"著");
-const QByteArray compilerWord = gbk(u"编");
-const QByteArray translatorWord = gbk(u"译");
-const QByteArray revisedWord = gbk(u"修订版");
-const QByteArray illustratedWord = gbk(u"图");
-const QByteArray volumeWord = gbk(u"册");
+const QByteArray pagesWord = platform::encode(u"页");
+const QByteArray authorWord = platform::encode(u"著");
+const QByteArray compilerWord = platform::encode(u"编");
+const QByteArray translatorWord = platform::encode(u"译");
+const QByteArray revisedWord = platform::encode(u"修订版");
+const QByteArray illustratedWord = platform::encode(u"图");
+const QByteArray volumeWord = platform::encode(u"册");
 
 } // namespace
 

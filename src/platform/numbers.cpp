@@ -38,8 +38,19 @@ double valueOf(QStringView number) {
     return number.toDouble();
 }
 
+// The value of plain digits, which is what directories hold; -1 where the text is anything else or long.
+int plainDigits(QStringView text) {
+    constexpr int longest = 9;
+    int value = text.isEmpty() || text.size() > longest ? -1 : 0;
+    for (qsizetype i = 0; value >= 0 && i < text.size(); ++i)
+        value = isDigit(text[i]) ? value * 10 + (text[i].unicode() - u'0') : -1;
+    return value;
+}
+
 template <class Integer>
 std::optional<Integer> toInteger(QStringView text) {
+    if (const int plain = plainDigits(text); plain >= 0 && plain <= std::numeric_limits<Integer>::max())
+        return Integer(plain);
     const std::optional<double> value = toDouble(text);
     if (!value)
         return std::nullopt;
@@ -59,7 +70,10 @@ bool isNumericText(QStringView text) {
 std::optional<double> toDouble(QStringView text) {
     if (!isNumericText(text))
         return std::nullopt;
-    return valueOf(withoutBlanks(text));
+    const double value = valueOf(withoutBlanks(text));
+    if (!std::isfinite(value)) // hundreds of digits
+        return std::nullopt;
+    return value;
 }
 
 std::optional<qint16> toInt16(QStringView text) {

@@ -2,6 +2,8 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <filesystem>
+#include <system_error>
 
 namespace platform {
 
@@ -16,6 +18,11 @@ QString folderOf(const QString &path, QChar separator) {
 bool fileExists(const QString &path) {
     const QFileInfo info(path);
     return !path.isEmpty() && info.exists() && !info.isDir();
+}
+
+bool isSameFile(const QString &one, const QString &other) {
+    std::error_code ignored; // what cannot be looked up is no file
+    return std::filesystem::equivalent(one.toStdU16String(), other.toStdU16String(), ignored);
 }
 
 QStringList filesWithTwoWildcards(const QString &folder, const QString &prefix, const QString &suffix) {

@@ -23,6 +23,9 @@ QString folderOf(const QString &path, QChar separator = pathSeparator);
 // Whether a plain file (not a folder) of that name exists.
 bool fileExists(const QString &path);
 
+// Whether both paths lead to one existing file, however they are written, links included.
+bool isSameFile(const QString &one, const QString &other);
+
 // The files of `folder` whose name is prefix + two characters + suffix, compared literally (no wildcard reading of the
 // names' own characters); full paths, sorted. `folder` ends in a separator.
 QStringList filesWithTwoWildcards(const QString &folder, const QString &prefix, const QString &suffix);

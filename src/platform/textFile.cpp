@@ -10,6 +10,7 @@ namespace platform {
 namespace {
 
 constexpr qsizetype blockSize = 1 << 18;
+constexpr qsizetype gatherSize = 1 << 16;
 
 Result<std::unique_ptr<QFile>> openForReading(const QString &path) {
     if (QFileInfo(path).isDir())
@@ -20,6 +21,22 @@ Result<std::unique_ptr<QFile>> openForReading(const QString &path) {
     return Result<std::unique_ptr<QFile>>(std::move(file));
 }
 
+// How many of the bytes are `wanted`. Counted in stretches so short that a byte holds each one's number: compilers turn
+// that into a few instructions for sixteen bytes.
+qint64 countByte(QByteArrayView bytes, char wanted) {
+    constexpr qsizetype stretch = 240;
+    qint64 total = 0;
+    while (!bytes.isEmpty()) {
+        const QByteArrayView part = bytes.first(std::min(stretch, bytes.size()));
+        quint8 count = 0;
+        for (const char byte : part)
+            count = quint8(count + (byte == wanted));
+        total += count;
+        bytes = bytes.sliced(part.size());
+    }
+    return total;
+}
+
 } // namespace
 
 struct LineReader::State {
@@ -28,10 +45,14 @@ struct LineReader::State {
     qsizetype at = 0;   // next unread byte in the block
     qsizetype size = 0; // bytes in the block
     QByteArray joined;  // a line that runs over a block's end
+    std::optional<Failure> fault;
 
     bool fill() {
         at = 0;
-        size = std::max<qint64>(0, file->read(block.data(), block.size()));
+        const qint64 count = file->read(block.data(), block.size());
+        if (count < 0)
+            fault = Failure{file->errorString(), int(file->error())};
+        size = std::max<qint64>(0, count);
         return size > 0;
     }
     bool hasMore() { return at < size || fill(); }
@@ -105,7 +126,12 @@ QByteArrayView LineReader::readLineThrough(char stop) {
     return m_state->line(stop);
 }
 
+std::optional<Failure> LineReader::fault() const {
+    return m_state->fault;
+}
+
 void LineReader::rewind() {
+    m_state->fault.reset();
     m_state->file->seek(0);
     m_state->at = m_state->size = 0;
 }
@@ -118,11 +144,14 @@ Result<qint64> countLines(const QString &path) {
     qint64 lines = 0;
     char last = '\n';       // the last byte read
     char beforeLast = '\r'; // and the one before it: an empty file ends as a finished line does
-    for (qint64 size; (size = file.value()->read(block.data(), block.size())) > 0;) {
-        lines += std::count(block.cbegin(), block.cbegin() + size, '\r');
+    qint64 size = 0;
+    while ((size = file.value()->read(block.data(), block.size())) > 0) {
+        lines += countByte(QByteArrayView(block.constData(), size), '\r');
         beforeLast = size > 1 ? block[size - 2] : last;
         last = block[size - 1];
     }
+    if (size < 0)
+        return Failure{file.value()->errorString(), int(file.value()->error())};
     const bool finished = last == '\r' || (last == '\n' && beforeLast == '\r');
     return finished ? lines : lines + 1;
 }
@@ -134,6 +163,8 @@ Result<QStringList> readTextLines(const QString &path) {
     QStringList lines;
     while (!reader.value().atEnd())
         lines.append(decode(reader.value().readLine()));
+    if (const std::optional<Failure> fault = reader.value().fault())
+        return *fault;
     return lines;
 }
 
@@ -149,29 +180,53 @@ Status writeTextFile(const QString &path, const QString &text) {
 ByteWriter::ByteWriter(std::unique_ptr<QFile> file)
     : m_file(std::move(file)) {}
 ByteWriter::ByteWriter(ByteWriter &&) noexcept = default;
-ByteWriter &ByteWriter::operator=(ByteWriter &&) noexcept = default;
-ByteWriter::~ByteWriter() = default;
+ByteWriter &ByteWriter::operator=(ByteWriter &&other) noexcept {
+    m_file.swap(other.m_file); // the old file goes, and is finished, with the other
+    m_gathered.swap(other.m_gathered);
+    return *this;
+}
+
+ByteWriter::~ByteWriter() {
+    if (m_file)
+        std::ignore = flush();
+}
 
 Result<ByteWriter> ByteWriter::create(const QString &path) {
     auto file = std::make_unique<QFile>(path);
-    if (!file->open(QIODevice::WriteOnly | QIODevice::Truncate))
+    if (!file->open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered))
         return Failure{file->errorString(), int(file->error())};
-    return ByteWriter(std::move(file));
+    ByteWriter writer(std::move(file));
+    writer.m_gathered.reserve(gatherSize);
+    return writer;
 }
 
 Status ByteWriter::write(QByteArrayView bytes) {
-    if (m_file->write(bytes.data(), bytes.size()) != bytes.size())
+    if (m_gathered.size() + bytes.size() > gatherSize) {
+        if (const Status flushed = flush(); !flushed)
+            return flushed;
+    }
+    m_gathered.append(bytes);
+    return success();
+}
+
+Status ByteWriter::flush() {
+    QByteArrayView left = m_gathered;
+    qint64 written = 0;
+    while (!left.isEmpty() && (written = m_file->write(left.data(), left.size())) > 0)
+        left = left.sliced(written); // a short write: the next one says why
+    const bool whole = left.isEmpty();
+    m_gathered.resize(0); // keeps its room; what the machine refused once is not offered again
+    if (!whole)
         return Failure{m_file->errorString(), int(m_file->error())};
     return success();
 }
 
 Status ByteWriter::close() {
-    const bool flushed = m_file->flush();
-    const Failure failure{m_file->errorString(), int(m_file->error())};
+    const Status flushed = flush();
     m_file->close();
-    if (!flushed)
-        return failure;
-    return success();
+    if (flushed && m_file->error() != QFile::NoError)
+        return Failure{m_file->errorString(), int(m_file->error())};
+    return flushed;
 }
 
 } // namespace platform

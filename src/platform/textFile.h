@@ -8,6 +8,7 @@
 #include <QString>
 #include <QStringList>
 #include <memory>
+#include <optional>
 
 class QFile;
 
@@ -33,6 +34,9 @@ public:
     // and dropped without being held. The whole line where it has no such byte. Valid as above.
     QByteArrayView readLineThrough(char stop);
 
+    // Why the machine stopped giving bytes before the file's end, where it did; the reader counts as at its end then.
+    std::optional<Failure> fault() const;
+
     // Back to the start of the file.
     void rewind();
 
@@ -52,7 +56,8 @@ Result<QStringList> readTextLines(const QString &path);
 // Replaces the file with the text in code page 936, as it stands: no line end is added or changed.
 Status writeTextFile(const QString &path, const QString &text);
 
-// A file being written, bytes as they come. A failed write is told by write() or close(), never lost.
+// A file being written, bytes as they come, gathered to blocks. A failed write is told by write(), flush() or close(),
+// never lost; what is still gathered when the object goes is written without a word.
 class ByteWriter {
 public:
     static Result<ByteWriter> create(const QString &path); // replaces what is there
@@ -61,11 +66,13 @@ public:
     ~ByteWriter();
 
     Status write(QByteArrayView bytes);
+    Status flush(); // hands over to the machine what is gathered
     Status close();
 
 private:
     explicit ByteWriter(std::unique_ptr<QFile> file);
     std::unique_ptr<QFile> m_file;
+    QByteArray m_gathered;
 };
 
 } // namespace platform

@@ -104,7 +104,8 @@ void QtHost::yield() {
 }
 
 void QtHost::endProcess() {
-    // At once and without asking any window: no close events, no destructors of windows.
+    // At once and without asking any window: no close events, no destructors of windows. Only what would leave a
+    // database in pieces is put away.
     endKeptConnections();
     std::_Exit(EXIT_SUCCESS);
 }

@@ -1,9 +1,7 @@
 #include "platform/widgets/flexGrid.h"
 #include "platform/widgets/flexGridColours.h"
 #include "platform/widgets/flexGridModel.h"
-#include <QClipboard>
 #include <QEvent>
-#include <QGuiApplication>
 #include <QHeaderView>
 #include <QItemSelectionModel>
 
@@ -40,7 +38,7 @@ FlexGrid::FlexGrid(const QString &objectName, int columns, int fixedRows, QWidge
     horizontalHeader()->setVisible(m_fixedRows > 0);
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setMinimumSectionSize(kNarrowestColumn);
-    m_twips.assign(static_cast<std::size_t>(m_model->columnCount()), -1);
+    m_widths.resize(static_cast<std::size_t>(m_model->columnCount()));
     fitHeights();
     connect(m_model, &FlexGridModel::rowsInserted, this, [this](const QModelIndex &, int first) {
         if (first + m_fixedRows <= std::max(m_row, m_rowSel) || first == 0)
@@ -60,6 +58,7 @@ void FlexGrid::setFormat(const QString &format) {
         const bool marked = mark == u'^' || mark == u'<' || mark == u'>';
         m_model->setHeading(column, marked ? item.mid(1) : item);
         m_model->setHeadingAlignment(column, alignmentOfMark(mark));
+        fitColumn(column);
     }
 }
 
@@ -188,18 +187,28 @@ int FlexGrid::toPixels(int twips) const {
 void FlexGrid::setColumnTwips(int column, int twips) {
     if (column < 0 || column >= columns())
         return;
-    m_twips[static_cast<std::size_t>(column)] = std::max(twips, 0);
+    Width &width = m_widths[static_cast<std::size_t>(column)];
+    if (width.twips == std::max(twips, 0))
+        return;
     setColumnHidden(column, twips <= 0);
-    if (twips > 0)
-        setColumnWidth(column, std::max(toPixels(twips), kNarrowestColumn));
+    width = {std::max(twips, 0), columnWidth(column)};
+    fitColumn(column);
+}
+
+void FlexGrid::fitColumn(int column) {
+    Width &width = m_widths[static_cast<std::size_t>(column)];
+    if (width.twips <= 0 || width.pixels != columnWidth(column))
+        return;
+    const int heading = m_fixedRows > 0 ? horizontalHeader()->sectionSizeHint(column) : 0;
+    width.pixels = std::max({toPixels(width.twips), heading, kNarrowestColumn});
+    setColumnWidth(column, width.pixels);
 }
 
 int FlexGrid::columnTwips(int column) const {
     if (column < 0 || column >= columns() || isColumnHidden(column))
         return 0;
-    const int asSet = m_twips[static_cast<std::size_t>(column)];
-    const bool asItWas = asSet > 0 && std::max(toPixels(asSet), kNarrowestColumn) == columnWidth(column);
-    return asItWas ? asSet : toTwips(columnWidth(column)); // the user may have drawn it wider
+    const Width &width = m_widths[static_cast<std::size_t>(column)];
+    return width.pixels == columnWidth(column) ? width.twips : toTwips(columnWidth(column));
 }
 
 void FlexGrid::setHeadingTwips(int twips) {
@@ -213,6 +222,8 @@ void FlexGrid::fitHeights() {
     verticalHeader()->setDefaultSectionSize(needed);
     horizontalHeader()->setFixedHeight(std::max(toPixels(m_headingTwips), needed));
     horizontalHeader()->setVisible(m_fixedRows > 0 && m_headingTwips != 0);
+    for (int column = 0; column < columns(); ++column)
+        fitColumn(column);
 }
 
 void FlexGrid::setColumnAlignment(int column, Qt::Alignment alignment) {
@@ -248,28 +259,6 @@ QRect FlexGrid::cellRect(int row, int column) const {
     if (place.intersects(sight))
         place &= sight;
     return place.translated(within->mapTo(this, QPoint(0, 0)) + pos());
-}
-
-void FlexGrid::copySelection() const {
-    const auto [first, last] = std::minmax(row(), rowSel());
-    QString copied;
-    for (int row = first; row <= last; ++row) {
-        bool behind = false;
-        for (int column = 0; column < columns(); ++column) {
-            if (isColumnHidden(column))
-                continue;
-            QString cell = text(row, column);
-            for (QChar &character : cell)
-                if (character == u'\t' || character == u'\n' || character == u'\r')
-                    character = u' '; // they would read as cells and rows
-            if (behind)
-                copied += u'\t';
-            behind = true;
-            copied += cell;
-        }
-        copied += u'\n';
-    }
-    QGuiApplication::clipboard()->setText(copied);
 }
 
 void FlexGrid::changeEvent(QEvent *event) {

@@ -48,7 +48,9 @@ public:
     // A background for all data rows of a column that have none of their own.
     void setColumnBackground(int column, quint32 colour);
 
-    void setColumnTwips(int column, int twips); // 0 hides the column; it still holds its texts
+    // 0 hides the column; it still holds its texts. Never narrower than its heading; setting the same width again
+    // leaves a width that the user has drawn.
+    void setColumnTwips(int column, int twips);
     int columnTwips(int column) const;
     void setHeadingTwips(int twips); // height of the heading row; never lower than its font needs, 0 hides it
     int toTwips(int pixels) const;   // at the resolution of the grid's screen, rounded
@@ -88,11 +90,17 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
+    struct Width {
+        int twips = -1;
+        int pixels = -1; // what came of it; another width was drawn by the user
+    };
+
     int nearestRow(int row) const;
     int shownColumn() const;
     void select(int row, int rowSel, int column);
     void showSelection();
     void scrollToRow(int row);
+    void fitColumn(int column);
     void fitHeights();
     void copySelection() const;
 
@@ -107,9 +115,9 @@ private:
     int m_row = 0; // may lie outside after rows went; row() tells the nearest
     int m_rowSel = 0;
     int m_column = 0;
-    int m_headingTwips = -1;  // as high as the font needs
-    std::vector<int> m_twips; // the columns' widths as they were set
-    bool m_moving = false;    // between leaveCell and enterCell
+    int m_headingTwips = -1;     // as high as the font needs
+    std::vector<Width> m_widths; // the columns' widths as they were set
+    bool m_moving = false;       // between leaveCell and enterCell
     Qt::MouseButton m_pressed = Qt::NoButton;
     int m_dragDirection = 0; // while the mouse drags outside: -1 up, 1 down
     QBasicTimer m_dragTimer;

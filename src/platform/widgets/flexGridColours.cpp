@@ -7,7 +7,8 @@
 namespace platform {
 
 namespace {
-constexpr int kFrameWidth = 2;
+constexpr int kBandWidth = 2;
+constexpr int kLineDarkness = 125;
 constexpr int kTextMargins = 8;
 } // namespace
 
@@ -29,14 +30,18 @@ void FlexGridDelegate::initStyleOption(QStyleOptionViewItem *option, const QMode
 
 void FlexGridDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const {
     QStyledItemDelegate::paint(painter, option, index);
-    if (!(option.state & QStyle::State_Selected) || !index.data(Qt::BackgroundRole).isValid())
+    const QVariant background = index.data(Qt::BackgroundRole);
+    if (!background.isValid())
         return;
-    painter->save();
-    painter->setPen(
-        QPen(option.palette.color(QPalette::Highlight), kFrameWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
-    painter->setBrush(Qt::NoBrush);
-    painter->drawRect(option.rect.adjusted(1, 1, -1, -1));
-    painter->restore();
+    const QRect &cell = option.rect;
+    const QColor highlight = option.palette.color(QPalette::Highlight);
+    if (option.state & QStyle::State_Selected) {
+        painter->fillRect(cell.left(), cell.top(), cell.width(), kBandWidth, highlight);
+        painter->fillRect(cell.left(), cell.bottom() + 1 - kBandWidth, cell.width(), kBandWidth, highlight);
+    } else { // the view's own grid lines are as grey as grey cells
+        painter->fillRect(cell.left(), cell.bottom(), cell.width(), 1,
+                          background.value<QBrush>().color().darker(kLineDarkness));
+    }
 }
 
 bool FlexGridDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,

@@ -1,5 +1,5 @@
 // How cells with a background of their own are painted. The colour is kept where the row is selected, since it says
-// something (the current record is red); the selection then shows as a frame in the highlight colour.
+// something (the current record is red); the selection then shows as a band of the highlight colour above and below.
 #pragma once
 
 #include <QColor>

@@ -163,7 +163,7 @@ QString FlexGridModel::heading(int column) const {
 }
 
 void FlexGridModel::setHeading(int column, const QString &text) {
-    if (column < 0 || column >= columnCount())
+    if (column < 0 || column >= columnCount() || heading(column) == text)
         return;
     m_columns[static_cast<std::size_t>(column)].heading = text;
     Q_EMIT headerDataChanged(Qt::Horizontal, column, column);

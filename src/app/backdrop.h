@@ -1,0 +1,17 @@
+// The picture behind the notices: a shelf of books under a dusk sky, drawn to any size.
+#pragma once
+
+#include <QWidget>
+
+namespace app {
+
+class Backdrop final : public QWidget {
+    Q_OBJECT
+public:
+    explicit Backdrop(const QString &objectName, QWidget *parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+};
+
+} // namespace app

@@ -1,0 +1,40 @@
+// Joins a list of record files into one, in the order of the list.
+#pragma once
+
+#include "filetools/fileToolWindow.h"
+#include "filetools/mergeRun.h"
+#include "filetools/pathBox.h"
+#include <QGroupBox>
+#include <QListWidget>
+#include <array>
+
+namespace filetools {
+
+class frmUnionFile final : public FileToolWindow {
+    Q_OBJECT
+public:
+    frmUnionFile(platform::Host &host, ShowReport showReport, QWidget *parent = nullptr);
+
+    QListWidget *List1;
+    QGroupBox *Frame2;
+    std::array<platform::Button *, 2> cmdSelect; // add, remove
+    QGroupBox *Frame1;
+    PathBox *Text1;
+    platform::Button *cmdSave;
+    std::array<platform::Button *, 2> cmdClick;
+
+private:
+    void layOut();
+    void addFile();
+    void removeFile();
+    void merge();
+    QStringList sources() const;
+    // Whether the checks have passed and an existing target may be replaced.
+    bool mayMerge(const QStringList &sources, const QString &target);
+    platform::Status run(const QStringList &sources);
+    platform::Status mergeSource(const QString &path);
+
+    std::optional<MergeRun> m_run; // a run that failed keeps its files until the window goes
+};
+
+} // namespace filetools

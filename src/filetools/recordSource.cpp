@@ -1,0 +1,30 @@
+#include "filetools/recordSource.h"
+
+namespace filetools {
+
+RecordSource::RecordSource(platform::LineReader reader)
+    : m_reader(std::move(reader))
+    , m_cutter(m_reader) {}
+
+platform::Result<std::unique_ptr<RecordSource>> RecordSource::open(const QString &path) {
+    auto reader = platform::LineReader::open(path);
+    if (!reader)
+        return reader.failure();
+    return std::unique_ptr<RecordSource>(new RecordSource(std::move(reader).value()));
+}
+
+platform::Result<bool> RecordSource::next() {
+    if (m_cutter.next())
+        return true;
+    if (const auto fault = m_reader.fault())
+        return *fault;
+    return false;
+}
+
+platform::Status writeRecord(platform::ByteWriter &writer, QByteArrayView record) {
+    if (platform::Status written = writer.write(record); !written)
+        return written;
+    return writer.write("\r\n");
+}
+
+} // namespace filetools

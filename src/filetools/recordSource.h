@@ -1,0 +1,31 @@
+// The reading loop of the split and of the merge: the records of one file, as runs of bytes that nobody looks into.
+#pragma once
+
+#include "marc/recordReader.h"
+#include "platform/textFile.h"
+#include <memory>
+
+namespace filetools {
+
+class RecordSource {
+public:
+    static platform::Result<std::unique_ptr<RecordSource>> open(const QString &path);
+
+    // Moves on to the next record; false at the end of the file. Fails where the machine stops giving bytes.
+    platform::Result<bool> next();
+    // The record in hand, its terminator included and its line breaks left out; valid until next() or atEnd().
+    QByteArrayView bytes() const { return m_cutter.bytes(); }
+    // Whether nothing stands behind the line of the record in hand, at this moment: a file may still grow.
+    bool atEnd() const { return m_reader.atEnd(); }
+
+private:
+    explicit RecordSource(platform::LineReader reader);
+
+    platform::LineReader m_reader;
+    marc::RecordCutter m_cutter;
+};
+
+// Writes the record in hand on a line of its own.
+platform::Status writeRecord(platform::ByteWriter &writer, QByteArrayView record);
+
+} // namespace filetools

@@ -1,0 +1,103 @@
+#include "platform/widgets/maskedEdit.h"
+#include <QFocusEvent>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QValidator>
+
+namespace platform {
+
+namespace {
+constexpr QChar kDigit = u'#';
+constexpr QChar kPrompt = u'_';
+
+bool isDigit(QChar character) {
+    return character >= u'0' && character <= u'9';
+}
+
+// The toolkit's mask takes every script's digits for digits, full-width ones from an input method too.
+class AsciiDigits final : public QValidator {
+public:
+    using QValidator::QValidator;
+    State validate(QString &text, int &) const override {
+        const bool foreign =
+            std::any_of(text.cbegin(), text.cend(), [](QChar c) { return c.isNumber() && !isDigit(c); });
+        return foreign ? Invalid : Acceptable;
+    }
+};
+
+// In the toolkit's language: 0 is an optional digit (9 would call a partial value unfinished), a backslash makes any
+// other character stand for itself, and the prompt follows a semicolon.
+QString toolkitMask(const QString &mask) {
+    if (mask.isEmpty())
+        return {};
+    QString result;
+    for (const QChar character : mask)
+        result += character == kDigit ? QString(u'0') : QString(u"\\" + QString(character));
+    return result + u';' + kPrompt;
+}
+} // namespace
+
+MaskedEdit::MaskedEdit(const QString &objectName, QWidget *parent)
+    : QLineEdit(parent) {
+    setObjectName(objectName);
+    setAccessibleName(objectName);
+}
+
+void MaskedEdit::setMask(const QString &mask) {
+    m_mask = mask;
+    setInputMask({});
+    clear();
+    delete validator();
+    setValidator(mask.isEmpty() ? nullptr : new AsciiDigits(this));
+    setInputMask(toolkitMask(mask));
+}
+
+QString MaskedEdit::emptyMask() const {
+    return QString(m_mask).replace(kDigit, kPrompt);
+}
+
+// The toolkit would let the digits behind a prompt slip forward, so each digit is put into its own place.
+void MaskedEdit::setText(const QString &text) {
+    if (m_mask.isEmpty() || text.isEmpty()) {
+        QLineEdit::setText(text);
+        return;
+    }
+    clear();
+    for (qsizetype at = 0; at < m_mask.size() && at < text.size(); ++at) {
+        if (m_mask[at] != kDigit || !isDigit(text[at]))
+            continue;
+        setCursorPosition(static_cast<int>(at));
+        insert(text[at]);
+    }
+    setCursorPosition(0);
+}
+
+void MaskedEdit::focusInEvent(QFocusEvent *event) {
+    QLineEdit::focusInEvent(event);
+    if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason)
+        return;
+    m_selectOnRelease = event->reason() == Qt::MouseFocusReason;
+    selectAll();
+}
+
+void MaskedEdit::mouseReleaseEvent(QMouseEvent *event) {
+    QLineEdit::mouseReleaseEvent(event);
+    if (std::exchange(m_selectOnRelease, false) && !hasSelectedText())
+        selectAll();
+}
+
+void MaskedEdit::focusOutEvent(QFocusEvent *event) {
+    QLineEdit::focusOutEvent(event);
+    m_selectOnRelease = false;
+    const Qt::FocusReason reason = event->reason();
+    if (m_leaving || reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason ||
+        reason == Qt::ActiveWindowFocusReason)
+        return;
+    const QPointer<MaskedEdit> self(this);
+    m_leaving = true;
+    Q_EMIT left();
+    if (self)
+        m_leaving = false;
+}
+
+} // namespace platform

@@ -1,0 +1,51 @@
+#include "proof/structuralProof.h"
+#include <QHash>
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace proof {
+
+namespace {
+
+enum class Kind { Required, Single }; // required fields are not repeatable either
+
+struct Rule {
+    QStringView tag;
+    Kind kind;
+};
+
+// In the order of the report.
+constexpr auto rules = std::to_array<Rule>({
+    {u"000", Kind::Required}, {u"100", Kind::Required}, {u"101", Kind::Required}, {u"200", Kind::Required},
+    {u"801", Kind::Required}, {u"005", Kind::Single},   {u"102", Kind::Single},   {u"105", Kind::Single},
+    {u"106", Kind::Single},   {u"110", Kind::Single},   {u"120", Kind::Single},   {u"124", Kind::Single},
+    {u"125", Kind::Single},   {u"126", Kind::Single},   {u"127", Kind::Single},   {u"131", Kind::Single},
+    {u"140", Kind::Single},   {u"191", Kind::Single},   {u"207", Kind::Single},   {u"208", Kind::Single},
+    {u"210", Kind::Single},   {u"211", Kind::Single},   {u"225", Kind::Single},   {u"317", Kind::Single},
+    {u"322", Kind::Single},   {u"324", Kind::Single},   {u"325", Kind::Single},   {u"327", Kind::Single},
+    {u"345", Kind::Single},   {u"518", Kind::Single},   {u"700", Kind::Single},   {u"710", Kind::Single},
+    {u"720", Kind::Single},   {u"802", Kind::Single},
+});
+static_assert(rules.size() == 34);
+
+} // namespace
+
+QString proofFields(const marc::FieldRows &rows) {
+    QHash<QStringView, int> counts;
+    for (const marc::FieldRow &row : rows)
+        ++counts[row.identifier];
+
+    QString report;
+    for (const Rule &rule : rules) {
+        const int count = counts.value(rule.tag);
+        if (count == 0 && rule.kind == Kind::Required)
+            report += "Error:"_L1 + rule.tag + u"字段（必备字段）不存在！\r\n";
+        else if (count > 1)
+            report += "Error:"_L1 + rule.tag + u"字段（不可重复字段）重复！\r\n";
+    }
+    return report;
+}
+
+} // namespace proof

@@ -1,0 +1,208 @@
+#include "filetools/checks.h"
+#include "filetools/files.h"
+#include "filetools/mergeRun.h"
+#include "filetools/splitRun.h"
+#include <gtest/gtest.h>
+
+using namespace filetools;
+using namespace Qt::StringLiterals;
+using files::lines;
+using files::record;
+
+namespace {
+
+// Runs to the end; what failed, or empty.
+QString run(SplitRun &split, const QString &limit) {
+    platform::Status status = split.open();
+    while (status) {
+        const platform::Result<bool> found = split.next();
+        if (!found)
+            return found.failure().description;
+        if (!found.value()) {
+            status = split.close(limit);
+            break;
+        }
+        status = split.write(limit);
+    }
+    return status ? QString() : status.failure().description;
+}
+
+QString run(MergeRun &merge, const QStringList &sources) {
+    platform::Status status = merge.open();
+    for (const QString &source : sources) {
+        if (status)
+            status = merge.openSource(source);
+        while (status) {
+            const platform::Result<bool> found = merge.next();
+            if (!found)
+                return found.failure().description;
+            if (!found.value())
+                break;
+            status = merge.write();
+        }
+        if (!status)
+            return status.failure().description;
+        merge.closeSource();
+    }
+    if (status)
+        status = merge.close();
+    return status ? QString() : status.failure().description;
+}
+
+} // namespace
+
+TEST(TargetPattern, CutsTheTargetInEitherMannerOfPaths) {
+    struct Row {
+        QString target;
+        QChar separator;
+        QString number700, number1000, mask;
+    };
+    for (const Row &row :
+         {Row{u"/馆/a.iso"_s, u'/', u"/馆/a700.iso"_s, u"/馆/a1000.iso"_s, u"/馆/a7??.iso"_s},
+          Row{u"D:\\m\\b.x.txt"_s, u'\\', u"D:\\m\\b.x700.txt"_s, u"D:\\m\\b.x1000.txt"_s, u"D:\\m\\b.x7??.txt"_s},
+          Row{u"/.iso"_s, u'/', u"/700.iso"_s, u"/1000.iso"_s, u"/7??.iso"_s}}) {
+        const auto pattern = targetPattern(row.target, row.separator);
+        ASSERT_TRUE(pattern) << row.target.toStdString();
+        EXPECT_EQ(pattern->numbered(700), row.number700);
+        EXPECT_EQ(pattern->numbered(1000), row.number1000);
+        EXPECT_EQ(pattern->mask(), row.mask);
+    }
+    EXPECT_FALSE(targetPattern(u"/x.a/b"_s, u'/')); // the point stands in the folder
+}
+
+TEST(Checks, TheFirstThingAmissEndsTheSplit) {
+    struct Row {
+        QString source;
+        bool exists;
+        QString target, limit, text;
+        Field focus;
+    };
+    const QString few = u"每个拆分文件的最大记录数太小！最好不要小于10！"_s,
+                  ask = u"请输入每个拆分文件的最大记录数！"_s;
+    for (const Row &row : {
+             Row{u""_s, false, u"a"_s, u"abc"_s, u""_s, Field::Source},
+             Row{u"/s"_s, false, u""_s, u"abc"_s, u""_s, Field::Source},
+             Row{u"/s"_s, false, u"a"_s, u"abc"_s, u"文件[/s不存在！"_s, Field::None},
+             Row{u"/s"_s, true, u"a"_s, u" "_s, ask, Field::Limit},
+             Row{u"/s"_s, true, u"a"_s, u"1e3"_s, ask, Field::Limit},
+             Row{u"/s"_s, true, u"a"_s, u"9"_s, few, Field::Limit},
+             Row{u"/s"_s, true, u"a"_s, u"9.99"_s, few, Field::Limit},
+             Row{u"/s"_s, true, u"/t/a"_s, u"10"_s, u""_s, Field::None},
+             Row{u"/s"_s, true, u"/t/a.marc"_s, u"10"_s, u""_s, Field::None},
+             Row{u"/s"_s, true, u"a.iso"_s, u"10"_s, u""_s, Field::None},
+         }) {
+        const auto refusal = refuseSplit(row.source, row.exists, row.target, row.limit, u'/');
+        ASSERT_TRUE(refusal) << row.target.toStdString() << ' ' << row.limit.toStdString();
+        EXPECT_EQ(refusal->text, row.text);
+        EXPECT_EQ(refusal->focus, row.focus) << row.text.toStdString();
+    }
+    EXPECT_FALSE(refuseSplit(u"/s"_s, true, u"/t/a.iso"_s, u"10"_s, u'/'));
+}
+
+TEST(Checks, TheLimitIsTheNearestWholeNumberAHalfGoesToTheEvenOne) {
+    EXPECT_EQ(recordsPerFile(u"10.5"), 10);
+    EXPECT_EQ(recordsPerFile(u" 11.5 "), 12);
+    EXPECT_EQ(recordsPerFile(u"99999999999"), 99999999999);
+    for (const QStringView none : {u"0.5", u"-3", u"abc", u""})
+        EXPECT_FALSE(recordsPerFile(none)) << none.toString().toStdString();
+}
+
+TEST(Split, CutsAsTheLinesStand) {
+    struct Row {
+        const char *what;
+        QByteArray source;
+        qint32 total;
+        QList<QByteArray> targets; // from 700 on
+        QList<int> reported;
+    };
+    const QByteArray odd("\x80\xff\xa1\n\0\x81\x1d", 7); // no valid text, and a line feed that ends no line
+    for (const Row &row : {
+             Row{"25 records", lines(25), 25, {lines(10), lines(10, 11), lines(5, 21)}, {10, 10, 5}},
+             Row{"no file is begun behind a full last one", lines(20), 20, {lines(10), lines(10, 11)}, {10, 10}},
+             Row{"but empty lines do", lines(10) + "\r\n\r\r\n", 10, {lines(10), ""}, {10}},
+             Row{"one line", record(1) + record(2) + record(3), 1, {lines(1)}, {1}},
+             Row{"wrapped over lines", "\r\rrec\r\nord\r 1\x1e\r\n\r\n\x1d\r", 1, {lines(1)}, {1}},
+             Row{"an empty source", "", 0, {""}, {}},
+             Row{"the last terminator missing", lines(2) + "tail", 2, {lines(2)}, {2}},
+             Row{"bytes as they are", odd, 1, {odd + "\r\n"}, {1}},
+         }) {
+        files::Folder folder;
+        SplitRun split(folder.write(u"source.iso"_s, row.source), *targetPattern(folder.path(u"a.iso"_s), u'/'));
+        EXPECT_EQ(run(split, u"10"_s), QString()) << row.what;
+        EXPECT_EQ(split.total(), row.total) << row.what;
+        EXPECT_EQ(folder.names().size(), row.targets.size()) << row.what;
+        QString report = u"【源文件】\r\n文件{"_s + folder.path(u"source.iso"_s) + u"处理了" +
+                         QString::number(row.total) + u"条记录！\r\n【目标文件】\r\n";
+        for (qsizetype i = 0; i < row.targets.size(); ++i) {
+            const QString name = u"a"_s + QString::number(700 + i) + u".iso";
+            EXPECT_EQ(folder.read(name), row.targets[i]) << row.what;
+            if (i < row.reported.size())
+                report +=
+                    u"文件{" + folder.path(name) + u"}保存了" + QString::number(row.reported[i]) + u"条记录！\r\n";
+        }
+        EXPECT_EQ(split.report(), report) << row.what;
+        EXPECT_EQ(folder.read(u"source.iso"_s), row.source);
+    }
+}
+
+TEST(Split, NumbersGoOnBeyondThreeDigitsAndEachFileIsClosedAsItEnds) {
+    files::Folder folder;
+    const qsizetype before = files::openFiles();
+    SplitRun split(folder.write(u"source.iso"_s, lines(3011)), *targetPattern(folder.path(u"a.iso"_s)));
+    ASSERT_TRUE(split.open());
+    while (split.next().value()) {
+        ASSERT_TRUE(split.write(u"10"));
+        ASSERT_EQ(files::openFiles(), before + 2);
+    }
+    ASSERT_TRUE(split.close(u"10"));
+    EXPECT_EQ(folder.names().size(), 302);
+    EXPECT_EQ(folder.read(u"a1001.iso"_s), lines(1, 3011));
+}
+
+TEST(Merge, JoinsInTheOrderOfTheList) {
+    files::Folder folder;
+    const QString three = folder.write(u"3.iso"_s, lines(3)), four = folder.write(u"4.iso"_s, lines(4, 4)),
+                  none = folder.write(u"0.iso"_s, "\r\nno terminator");
+    MergeRun merge(folder.path(u"all.iso"_s));
+    EXPECT_EQ(run(merge, {three, none, four, three}), QString());
+    EXPECT_EQ(folder.read(u"all.iso"_s), lines(7) + lines(3));
+    EXPECT_EQ(merge.report(), u"【源文件】\r\n文件{"_s + three + u"}处理了3条记录！\r\n文件{" + none +
+                                  u"}处理了0条记录！\r\n文件{" + four + u"}处理了4条记录！\r\n文件{" + three +
+                                  u"}处理了3条记录！\r\n\r\n【目标文件】\r\n文件{" + folder.path(u"all.iso"_s) +
+                                  u"}保存了10条记录！");
+}
+
+TEST(Merge, ATargetSpelledDifferentlyIsEmptiedFirstAndNeverChasesItself) {
+    files::Folder folder;
+    const QString big = folder.write(u"big.iso"_s, lines(20000)), target = folder.write(u"t.iso"_s, lines(5));
+    const QString spelled = folder.path(u"./t.iso"_s);
+    EXPECT_FALSE(refuseMerge({spelled}, target));
+    EXPECT_EQ(refuseMerge({big, target}, target)->text, u"合并目标文件不能为源文件！"_s);
+    MergeRun alone(target);
+    EXPECT_EQ(run(alone, {spelled}), QString());
+    EXPECT_EQ(folder.read(u"t.iso"_s), "");
+    MergeRun behind(target);
+    EXPECT_EQ(run(behind, {big, spelled}), QString());
+    EXPECT_EQ(behind.total(), 40000);
+    EXPECT_TRUE(folder.read(u"t.iso"_s) == lines(20000) + lines(20000));
+}
+
+TEST(FileTools, AFailureIsToldAndLeavesWhatWasWritten) {
+    files::Folder folder;
+    const QString source = folder.write(u"source.iso"_s, lines(40));
+    ASSERT_TRUE(QFile::link(u"/dev/full"_s, folder.path(u"a702.iso"_s)));
+    SplitRun full(source, *targetPattern(folder.path(u"a.iso"_s)));
+    EXPECT_NE(run(full, u"10"_s), QString());
+    EXPECT_EQ(folder.read(u"a701.iso"_s), lines(10, 11));
+    SplitRun nowhere(source, *targetPattern(folder.path(u"none/a.iso"_s)));
+    EXPECT_NE(run(nowhere, u"10"_s), QString());
+
+    MergeRun halfway(folder.path(u"all.iso"_s));
+    EXPECT_NE(run(halfway, {source, folder.path(u"gone.iso"_s), source}), QString());
+    EXPECT_EQ(folder.read(u"all.iso"_s), lines(40)); // while the run still stands
+    MergeRun fullMerge(u"/dev/full"_s);
+    EXPECT_NE(run(fullMerge, {source}), QString());
+    MergeRun unreadable(folder.path(u"all.iso"_s)); // opens well, and gives an error instead of bytes
+    EXPECT_NE(run(unreadable, {u"/proc/self/mem"_s}), QString());
+    EXPECT_EQ(folder.read(u"source.iso"_s), lines(40));
+}

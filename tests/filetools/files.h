@@ -1,0 +1,52 @@
+// Small record files in a folder of the test's own.
+#pragma once
+
+#include "support/qtPrinters.h"
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+namespace files {
+
+inline QByteArray record(int number) {
+    return "record " + QByteArray::number(number) + "\x1e\x1d";
+}
+
+// `count` records on lines of their own, numbered from `first` on.
+inline QByteArray lines(int count, int first = 1) {
+    QByteArray bytes;
+    for (int i = 0; i < count; ++i)
+        bytes += record(first + i) + "\r\n";
+    return bytes;
+}
+
+class Folder {
+public:
+    QString path(const QString &name) const { return m_folder.filePath(name); }
+    QString write(const QString &name, const QByteArray &bytes) const {
+        QFile file(path(name));
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+            qFatal("cannot prepare %s", qPrintable(file.fileName()));
+        return path(name);
+    }
+    QByteArray read(const QString &name) const {
+        QFile file(path(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no such file)");
+    }
+    // The names of the files, without the source's own.
+    QStringList names() const {
+        QStringList all = QDir(m_folder.path()).entryList(QDir::Files | QDir::System, QDir::Name);
+        all.removeAll(QStringLiteral("source.iso"));
+        return all;
+    }
+
+private:
+    QTemporaryDir m_folder;
+};
+
+// How many files this process holds open.
+inline qsizetype openFiles() {
+    return QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::System | QDir::AllEntries).size();
+}
+
+} // namespace files

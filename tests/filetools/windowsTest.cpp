@@ -1,0 +1,251 @@
+#include "filetools/files.h"
+#include "filetools/frmCutFile.h"
+#include "filetools/frmUnionFile.h"
+#include "support/scriptedHost.h"
+#include <QTest>
+#include <gtest/gtest.h>
+
+using namespace filetools;
+using namespace Qt::StringLiterals;
+using files::lines;
+using platform::Answer;
+
+namespace {
+
+const QString unfinished = u"处理还没有结束，请先结束处理！"_s;
+const QString leave = u"确实要退出吗？"_s;
+const QString look = u"是否查看该目标文件？"_s;
+
+// A window of `Form` with its machine, its files and the reports it has shown.
+template <class Form>
+struct Desk {
+    files::Folder folder;
+    ScriptedHost host;
+    QStringList reports;
+    std::unique_ptr<Form> form = std::make_unique<Form>(host, [this](const QString &text) { reports.append(text); });
+
+    Desk() { show(); }
+    void show() {
+        form->show();
+        QApplication::setActiveWindow(form.get());
+        EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
+    }
+    // Tries every way of closing.
+    void refuseToClose(platform::Button *quit) {
+        host.boxes.clear();
+        quit->click();
+        form->reject();
+        form->close();
+        EXPECT_EQ(host.texts(), QStringList(3, unfinished));
+        EXPECT_TRUE(form->isVisible());
+        host.boxes.clear();
+    }
+};
+
+struct SplitDesk : Desk<frmCutFile> {
+    QString source = folder.write(u"source.iso"_s, lines(25));
+    void fill(const QString &from, const QString &to, const QString &limit) {
+        form->Text1[0]->setText(from);
+        form->Text1[1]->setText(to);
+        form->Text2->setText(limit);
+    }
+};
+
+struct MergeDesk : Desk<frmUnionFile> {
+    QString one = folder.write(u"1.iso"_s, lines(3)), two = folder.write(u"2.iso"_s, lines(4, 4));
+    void add(const QString &path) {
+        host.willChoose(path);
+        form->cmdSelect[0]->click();
+    }
+};
+
+} // namespace
+
+TEST(frmCutFile, SplitsByTheKeyboardAlone) {
+    SplitDesk desk;
+    frmCutFile &form = *desk.form;
+    ASSERT_TRUE(form.Text1[0]->hasFocus());
+    QTest::keyClicks(form.Text1[0], u' ' + desk.source);
+    QTest::keyClick(form.Text1[0], Qt::Key_Return);
+    EXPECT_TRUE(form.cmdSelect[0]->hasFocus());
+    desk.host.willChoose(desk.folder.path(u"a.iso"_s));
+    QTest::keyClick(&form, Qt::Key_O, Qt::AltModifier);
+    EXPECT_EQ(desk.host.dialogs.last().kind, platform::FileDialogKind::Save);
+    EXPECT_EQ(desk.host.dialogs.last().title, u"选择文件对话框"_s);
+    form.Text2->setFocus();
+    EXPECT_EQ(form.Text2->selectedText(), u"1000"_s);
+    QTest::keyClicks(form.Text2, u"10.5"_s); // ten: a half goes to the even number
+    QStringList counts;
+    desk.host.onYield = [&] {
+        counts.append(form.labShuDo->pacedText());
+        EXPECT_TRUE(form.labJinDu->isVisible() && form.Text2->isReadOnly());
+        EXPECT_FALSE(form.cmdclick[0]->isEnabled() || form.cmdSelect[0]->isEnabled() || form.cmdSelect[1]->isEnabled());
+        EXPECT_EQ(form.cursor().shape(), Qt::WaitCursor);
+        if (counts.size() == 12) {
+            EXPECT_EQ(form.labJinDu->pacedText(), desk.folder.path(u"a701.iso"_s));
+            desk.refuseToClose(form.cmdclick[1]);
+        }
+    };
+    desk.host.willAnswer(Answer::Yes);
+    QTest::keyClick(&form, Qt::Key_D, Qt::AltModifier);
+    EXPECT_EQ(counts.size(), 25);
+    EXPECT_EQ(counts.last(), u"成功处理：24条"_s);
+    EXPECT_EQ(form.labShuDo->pacedText(), u"成功处理：25条"_s);
+    EXPECT_EQ(form.labJinDu->pacedText(), u"处理结束"_s);
+    EXPECT_EQ(desk.host.texts(), QStringList{look});
+    EXPECT_EQ(desk.host.opened, QStringList{desk.folder.path(QString()) + u'/'});
+    EXPECT_EQ(desk.folder.read(u"a702.iso"_s), lines(5, 21));
+    ASSERT_EQ(desk.reports.size(), 1);
+    EXPECT_TRUE(desk.reports[0].startsWith(u"【源文件】\r\n文件{"_s + desk.source + u"处理了25条"));
+    EXPECT_TRUE(form.cmdclick[0]->isEnabled() && form.cmdSelect[1]->isEnabled() && !form.Text2->isReadOnly());
+    EXPECT_NE(form.cursor().shape(), Qt::WaitCursor);
+    desk.host.willAnswer(Answer::No);
+    form.reject();
+    EXPECT_TRUE(form.isVisible());
+    desk.host.willAnswer(Answer::Yes);
+    form.cmdclick[1]->click();
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(desk.host.lastBox().text, leave);
+    EXPECT_EQ(desk.host.lastBox().preselected, Answer::No);
+}
+
+TEST(frmCutFile, RefusesWithTheFocusWhereTheFaultIs) {
+    SplitDesk desk;
+    frmCutFile &form = *desk.form;
+    desk.fill(desk.source, u"  "_s, u"9"_s);
+    form.cmdclick[0]->click();
+    EXPECT_TRUE(form.Text1[0]->hasFocus());
+    desk.fill(desk.source, desk.folder.path(u"a.marc"_s), u"9"_s);
+    form.cmdclick[0]->click();
+    EXPECT_TRUE(form.Text2->hasFocus());
+    form.Text2->setText(u"10"_s);
+    form.cmdclick[0]->click();
+    desk.fill(desk.source, u"/x.a/b"_s, u"10"_s);
+    form.cmdclick[0]->click(); // a name that cannot be cut: told, and the window can still be closed
+    EXPECT_EQ(desk.host.texts(),
+              (QStringList{u"每个拆分文件的最大记录数太小！最好不要小于10！"_s, u"【cmdClick】目标文件名无效"_s}));
+    EXPECT_TRUE(desk.folder.names().isEmpty() && !form.labJinDu->isVisible());
+    desk.host.willChoose(QString());
+    form.cmdSelect[0]->click();
+    EXPECT_EQ(form.Text1[0]->text(), QString());
+}
+
+TEST(frmCutFile, DeletesWhatMatchesTheMaskToTheLetterAndOnlyAfterYes) {
+    SplitDesk desk;
+    const QStringList strangers{u"a750.iso"_s, u"[ab]*7001.iso"_s, u"[ab]*800.iso"_s, u"[ab]*7x.iso"_s, u"bz701.iso"_s};
+    for (const QString &name : strangers + QStringList{u"[ab]*701.iso"_s, u"[ab]*7zz.iso"_s})
+        desk.folder.write(name, "kept");
+    const QStringList before = desk.folder.names();
+    desk.fill(desk.source, desk.folder.path(u"[ab]*.iso"_s), u"1000"_s);
+    desk.host.willAnswer(Answer::No);
+    desk.form->cmdclick[0]->click();
+    EXPECT_EQ(desk.host.lastBox().text, u"选择的路径下存在形如\r\n【"_s + desk.folder.path(u"[ab]*7??.iso"_s) +
+                                            u"】的文件；继续则可能被覆盖。是否继续？");
+    EXPECT_EQ(desk.host.lastBox().preselected, Answer::No);
+    EXPECT_EQ(desk.folder.names(), before);
+    desk.host.willAnswer(Answer::Yes);
+    desk.host.willAnswer(Answer::No);
+    desk.form->cmdclick[0]->click();
+    QStringList after = strangers + QStringList{u"[ab]*700.iso"_s};
+    after.sort();
+    EXPECT_EQ(desk.folder.names(), after);
+    EXPECT_TRUE(desk.host.opened.isEmpty());
+}
+
+TEST(frmCutFile, AFailedRunIsADeadEndWithoutLostFiles) {
+    const qsizetype before = files::openFiles();
+    struct Row {
+        QString source, target;
+    };
+    for (const Row &row :
+         {Row{u"source.iso"_s, u"none/a.iso"_s}, Row{u"a755.iso"_s, u"a.iso"_s}, Row{u"source.iso"_s, u"b.iso"_s}}) {
+        SplitDesk desk;
+        desk.folder.write(u"a755.iso"_s, lines(3)); // the second row's source goes with the mask's files
+        desk.fill(desk.folder.path(row.source), desk.folder.path(row.target), u"10"_s);
+        if (row.target == u"a.iso")
+            desk.host.willAnswer(Answer::Yes);
+        desk.host.onYield = [&] { QFile::link(u"/dev/full"_s, desk.folder.path(u"b701.iso"_s)); };
+        desk.form->cmdclick[0]->click();
+        EXPECT_TRUE(desk.host.lastBox().text.startsWith(u"【cmdClick】"_s)) << desk.host.lastBox().text.toStdString();
+        EXPECT_FALSE(desk.form->cmdclick[0]->isEnabled() || desk.form->cmdSelect[1]->isEnabled());
+        EXPECT_EQ(desk.form->cursor().shape(), Qt::WaitCursor);
+        desk.refuseToClose(desk.form->cmdclick[1]);
+        EXPECT_EQ(desk.folder.read(u"source.iso"_s), lines(25));
+        EXPECT_TRUE(desk.reports.isEmpty());
+        desk.form.reset();
+        EXPECT_EQ(files::openFiles(), before);
+    }
+}
+
+TEST(frmCutFile, ReadsOnInASourceThatGrows) {
+    SplitDesk desk;
+    desk.fill(desk.source, desk.folder.path(u"a.iso"_s), u"10"_s);
+    desk.host.onYield = [&, left = 20]() mutable {
+        QFile file(desk.source);
+        if (left-- > 0 && file.open(QIODevice::Append))
+            file.write(files::record(100) + "\r\n");
+    };
+    desk.host.willAnswer(Answer::No);
+    desk.form->cmdclick[0]->click();
+    EXPECT_EQ(desk.form->labShuDo->pacedText(), u"成功处理：45条"_s);
+}
+
+TEST(frmUnionFile, MergesTheListInItsOrder) {
+    MergeDesk desk;
+    frmUnionFile &form = *desk.form;
+    const QString target = desk.folder.write(u"all.iso"_s, "kept");
+    for (const QString &path : {desk.one, desk.two, desk.one, QString(), desk.two})
+        desk.add(path);
+    form.List1->setCurrentRow(2);
+    form.List1->setFocus();
+    QTest::keyClick(form.List1, Qt::Key_Delete);
+    EXPECT_EQ(form.List1->count(), 3);
+    form.Text1->setText(target + u' ');
+    desk.host.willAnswer(Answer::No);
+    form.cmdClick[0]->click();
+    EXPECT_EQ(desk.host.lastBox().text, target + u"已经存在。要替换吗？");
+    EXPECT_EQ(desk.folder.read(u"all.iso"_s), "kept");
+
+    QStringList shown;
+    desk.host.onYield = [&] {
+        shown.append(form.labJinDu->pacedText() + u' ' + form.labShuDo->pacedText());
+        EXPECT_TRUE(form.Text1->isReadOnly());
+        EXPECT_FALSE(form.cmdClick[0]->isEnabled() || form.cmdSelect[0]->isEnabled() || form.cmdSave->isEnabled());
+        if (shown.size() == 5)
+            desk.refuseToClose(form.cmdClick[1]);
+    };
+    desk.host.willAnswer(Answer::Yes);
+    desk.host.willAnswer(Answer::Yes);
+    form.cmdClick[0]->click();
+    EXPECT_EQ(shown.size(), 11);
+    EXPECT_EQ(shown.first(), desk.one + u" 成功处理：0");
+    EXPECT_EQ(shown.last(), desk.two + u" 成功处理：10条");
+    EXPECT_EQ(desk.folder.read(u"all.iso"_s), lines(7) + lines(4, 4));
+    EXPECT_TRUE(desk.reports.value(0).endsWith(u"文件{"_s + target + u"}保存了11条记录！"));
+    EXPECT_EQ(desk.host.opened, QStringList{desk.folder.path(QString()) + u'/'});
+    EXPECT_TRUE(form.cmdSave->isEnabled() && !form.Text1->isReadOnly());
+    desk.host.willAnswer(Answer::Yes);
+    form.close();
+    EXPECT_EQ(desk.host.lastBox().text, leave);
+}
+
+TEST(frmUnionFile, RefusesAndEndsDeadAsTheSplitDoes) {
+    const qsizetype before = files::openFiles();
+    MergeDesk desk;
+    desk.form->Text1->setText(desk.one);
+    desk.form->cmdClick[0]->click(); // an empty list: not a word
+    EXPECT_TRUE(desk.host.boxes.isEmpty());
+    desk.add(desk.one);
+    desk.form->cmdClick[0]->click();
+    EXPECT_EQ(desk.host.texts(), QStringList{u"合并目标文件不能为源文件！"_s});
+    EXPECT_EQ(desk.folder.read(u"1.iso"_s), lines(3));
+    desk.form->Text1->setText(u"/dev/full"_s);
+    desk.host.willAnswer(Answer::Yes);
+    desk.form->cmdClick[0]->click();
+    EXPECT_TRUE(desk.host.lastBox().text.startsWith(u"【cmdClick】"_s));
+    EXPECT_EQ(desk.form->labJinDu->pacedText(), desk.one);
+    desk.refuseToClose(desk.form->cmdClick[1]);
+    EXPECT_FALSE(desk.form->cmdClick[0]->isEnabled());
+    desk.form.reset();
+    EXPECT_EQ(files::openFiles(), before);
+}

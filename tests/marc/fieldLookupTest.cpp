@@ -1,0 +1,69 @@
+#include "marc/fieldLookup.h"
+#include "marc/recordMaking.h"
+
+using namespace marc;
+
+namespace {
+
+// Both ways of calling, which must agree; "-" stands for a call that failed.
+QString lookedUp(const RawRecord &record, QStringView wanted, const QByteArray &bytes) {
+    const std::optional<QString> value = readZd(record, wanted, {});
+    EXPECT_EQ(readZd(record, bytes, wanted, {}), value) << visible(record).toStdString();
+    return value.value_or(u"-"_s);
+}
+
+TEST(ReadZd, GivesTheFirstMatchInDirectoryOrder) {
+    const std::pair<QString, QString> cases[] = {
+        {u"300=  $a附注"_s, u""_s},
+        {u"001=123|200=1 $f张三$a数据库$a另一"_s, u"数据库"_s},
+        {u"200=1 $A甲$b乙|200=1 $a丙"_s, u"丙"_s},
+        {u"200=1 $a$b乙|200=1 $a丙"_s, u""_s}, // empty is a match
+        {u"200=1 $$a丙"_s, u"-"_s},
+        {u"200=1 $a丙$$b"_s, u"丙"_s}, // what fails stands behind the match
+        {u"200=1 $b乙$|200=1 $a丙"_s, u"丙"_s},
+        {u"200=$|200=1 $a丙"_s, u"-"_s},
+    };
+    for (const auto &[fields, expected] : cases) {
+        const RawRecord record = makeRecord(fields);
+        EXPECT_EQ(lookedUp(record, u"200a", platform::encode(record)), expected) << visible(record).toStdString();
+    }
+}
+
+TEST(ReadZd, FailsAsAWholeOnlyInWhatItHasToRead) {
+    const QString data = real(u"1 <a题名|"_s);
+    const std::pair<QString, QString> cases[] = {
+        {u"200000900000"_s, u"题名"_s},
+        {u"200   9+  +0"_s, u"-"_s},
+        {u"200  +9  0.4"_s, u"题名"_s},
+        {u"2000009-0001"_s, u"题"_s}, // begins at the directory's terminator
+        {u"300xxxxyyyyy200000900000"_s, u"题名"_s},
+        {u"200xxxx00000"_s, u"-"_s},
+        {u"200000000000"_s, u"-"_s}, // no last character to take off
+        {u"200000999999"_s, u"-"_s},
+        {u"200-00100000"_s, u"-"_s},
+    };
+    for (const auto &[directory, expected] : cases) {
+        const RawRecord record = recordWithDirectory(directory, data);
+        EXPECT_EQ(lookedUp(record, u"200a", platform::encode(record)), expected) << directory.toStdString();
+    }
+    RawRecord noBase = recordWithDirectory(cases[0].first, data);
+    noBase.replace(12, 5, u"abcde"_s);
+    EXPECT_EQ(lookedUp(noBase, u"200a", platform::encode(noBase)), u"-");
+    EXPECT_EQ(lookedUp(u"no field terminator at all, in nearly 00049 characters"_s, u"200a", {}), u"-");
+}
+
+TEST(ReadZd, TellsOfADamagedDirectoryAndGivesNothing) {
+    const RawRecord record = recordWithDirectory(u"200000800000x"_s, u"data"_s);
+    QStringList told;
+    EXPECT_EQ(readZd(record, u"200a", [&](const RawRecord &damaged) { told.append(damaged); }), u""_s);
+    EXPECT_EQ(told, QStringList{record});
+}
+
+TEST(ReadZd, WorksOnTheTextEncodedAgain) {
+    // A lone lead byte in the title is a "?" there, and nothing moves.
+    QByteArray bytes = platform::encode(makeRecord(u"300=  $a_|200=1 $a题_$f甲"_s));
+    bytes.replace('_', '\xB0');
+    EXPECT_EQ(lookedUp(platform::decode(bytes), u"200a", bytes), u"题?"_s);
+}
+
+} // namespace

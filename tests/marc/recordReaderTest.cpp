@@ -1,0 +1,89 @@
+#include "marc/recordReader.h"
+#include "marc/recordMaking.h"
+
+using namespace marc;
+using namespace std::string_literals;
+
+namespace {
+
+struct FileCase {
+    std::string bytes; // ">" is the record terminator
+    QString records;   // each ends in ">"
+    qint64 lines;
+};
+
+TEST(RecordCutter, OneLineGivesOneRecordAtTheMost) {
+    const FileCase cases[] = {
+        {"", u""_s, 0},
+        {"a>b>", u"a>"_s, 1},
+        {"a>\r\nb>\r\nc>\r\nd>", u"a>b>c>"_s, 4}, // no more are wanted
+        {"a\r\nb\rc>d\r\ne>\r", u"abc>e>"_s, 4},
+        {"\r\n\r\r\na>\r\n\r\nb>\r\n\r\n", u"a>b>"_s, 7},
+        {"a\nb>\n", u"a\nb>"_s, 1},   // a line feed alone ends nothing
+        {"a>\r\nb\r\nc", u"a>"_s, 3}, // the last piece has no terminator
+        {"a\0b>\r"s, QString::fromUtf16(u"a\0b>", 4), 1},
+        {">\r\n>", u">>"_s, 2},
+        // half a character at the end of a line does not swallow the first byte of the next
+        {"\xB0\r\n\xA1>\r\n\xB0\xA1\r\n\xB0\xA2>", u"\uFFFD\uFFFD>啊阿>"_s, 4},
+    };
+    const TestFolder folder;
+    for (const FileCase &c : cases) {
+        const QString path =
+            folder.file(u"records"_s, QByteArray::fromStdString(c.bytes).replace('>', char(recordTerminator)));
+        auto reader = platform::LineReader::open(path);
+        ASSERT_TRUE(reader);
+        QString records;
+        cutRecord(reader.value(), [&](const RawRecord &record) {
+            records += visible(record);
+            return records.count(u'>') < 3;
+        });
+        EXPECT_EQ(records, c.records) << c.bytes;
+        EXPECT_EQ(lineCount(path).value(), c.lines);
+    }
+}
+
+TEST(Directory, OnlyItsLengthIsTested) {
+    const QString entry = u"200001200000"_s;
+    EXPECT_EQ(decodeDirectory(recordWithDirectory({}, {})).entries.size(), 0);
+    const Directory two = decodeDirectory(recordWithDirectory(entry + u"CATabcdx    ", u"data"_s));
+    ASSERT_EQ(two.entries.size(), 2);
+    EXPECT_EQ(two.baseAddress, u"00049");
+    EXPECT_EQ(two.entries[1].tag + u'/' + two.entries[1].length + u'/' + two.entries[1].start, u"CAT/abcd/x    "_s);
+    EXPECT_TRUE(decodeDirectory(recordWithDirectory(entry + entry + u'x', {})).damaged);
+    for (const RawRecord &record : {u""_s, u"short"_s, QString(100, u'x'), real(u"one | in the leader"_s)}) {
+        const Directory directory = decodeDirectory(record);
+        EXPECT_FALSE(directory.hasFieldTerminator || directory.damaged) << record.toStdString();
+        EXPECT_EQ(directory.leader, record.left(24));
+    }
+}
+
+TEST(FieldCutter, CountsBytesFromTheBaseAddress) {
+    const FieldCutter cutter(u"01234数据库\uFFFDx"_s); // five digits, six bytes, "?" and "x"
+    EXPECT_EQ(cutter.cut(4, 1, 4), u"数据"_s);
+    EXPECT_EQ(cutter.cut(5, 4, 99), u"库?x"_s);
+    EXPECT_EQ(cutter.cut(5, 1, 3), platform::decode("\xFD\xBE\xDD")); // as it comes
+    EXPECT_EQ(cutter.cut(5, -5, 3), u"012"_s);
+    EXPECT_EQ(cutter.cut(99999, 99999, 9999), u""_s);
+    EXPECT_EQ(cutter.cut(5, -6, 3), std::nullopt);
+    EXPECT_EQ(cutter.cut(5, 0, -1), std::nullopt);
+}
+
+TEST(Subfields, AreCutAtEachDelimiter) {
+    const std::pair<QString, QString> cases[] = {
+        {u"10"_s, u""_s},
+        {u"10<a数据<f张<x"_s, u"a:数据 f:张 x:"_s},
+        {u"<a1<a2"_s, u"a:1 a:2"_s},
+        {u"10<<a1"_s, u"<:! a:1"_s}, // the code of the first is the delimiter behind it
+        {u"10<"_s, u":!"_s},
+        {u"10<a1<"_s, u"a:1 :"_s}, // no failure behind another subfield
+        {u"10<a1<<"_s, u"a:1 <:! :"_s},
+    };
+    for (const auto &[field, expected] : cases) {
+        QStringList found;
+        for (const Subfield &part : splitSubfields(real(field)))
+            found.append(visible(part.code) + u':' + part.value + (part.negativeLength ? u"!" : u""));
+        EXPECT_EQ(found.join(u' '), expected) << field.toStdString();
+    }
+}
+
+} // namespace

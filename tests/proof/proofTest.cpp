@@ -1,0 +1,177 @@
+#include "marc/configurationFiles.h"
+#include "platform/textFile.h"
+#include "proof/isbn.h"
+#include "proof/proofChain.h"
+#include "proof/structuralProof.h"
+#include "proof/templateProof.h"
+#include "support/qtPrinters.h"
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace proof;
+using marc::FieldRows;
+
+namespace {
+
+// Rows written as "200 $a=题 $f= 010": an identifier and, behind "=", its value; "_" stands for a blank.
+FieldRows rowsOf(const QString &text) {
+    FieldRows rows;
+    for (QString word : text.split(u' ', Qt::SkipEmptyParts)) {
+        word.replace(u'_', u' ');
+        rows.append({.identifier = word.section(u'=', 0, 0), .value = word.section(u'=', 1)});
+    }
+    return rows;
+}
+
+const QString complete = u"000 100 101 200 801 "_s;
+
+struct ProgramFolder {
+    QTemporaryDir directory;
+    QString path = directory.path() + u'/';
+
+    explicit ProgramFolder(const QString &templateLines) {
+        write(marc::fieldListFile, u"200"_s);
+        write(marc::templateFile, templateLines);
+    }
+    void write(QStringView name, QString text) {
+        text.replace(u"|"_s, u"\r\n"_s);
+        EXPECT_TRUE(platform::writeTextFile(path + name, text).ok());
+    }
+};
+
+QString byTemplate(const QString &templateLines, const QString &rows) {
+    const ProgramFolder folder(templateLines);
+    auto result = proofTemplate(rowsOf(rows), folder.path);
+    EXPECT_TRUE(result.ok() && result.value().complaint.isEmpty());
+    return result.ok() ? result.value().report.replace(u"\r\n"_s, u"|"_s) : u"failed"_s;
+}
+
+} // namespace
+
+TEST(ProofFields, CountsTagsInTheOrderOfItsTable) {
+    const QList<std::pair<QString, QString>> cases{
+        {complete + u"010 010 300 300 ??? ???", u""_s},
+        {u""_s, u"Error:000字段（必备字段）不存在！\r\nError:100字段（必备字段）不存在！\r\n"
+                "Error:101字段（必备字段）不存在！\r\nError:200字段（必备字段）不存在！\r\n"
+                "Error:801字段（必备字段）不存在！\r\n"_s},
+        {complete + u"200 200 802 802 005 005", u"Error:200字段（不可重复字段）重复！\r\n"
+                                                "Error:005字段（不可重复字段）重复！\r\n"
+                                                "Error:802字段（不可重复字段）重复！\r\n"_s},
+        {u"000 100 101 200_ 801_ 801"_s, u"Error:200字段（必备字段）不存在！\r\n"_s},
+    };
+    for (const auto &[rows, report] : cases)
+        EXPECT_EQ(proofFields(rowsOf(rows)), report);
+}
+
+TEST(ProofTemplate, FollowsTheTemplateLineByLine) {
+    const QString missing = u"子字段(必备子字段)不存在|"_s;
+    const QString empty = u"子字段(必备子字段)内容不能为空值|"_s;
+    const QString twice = u"子字段(不可重复子字段)重复|"_s;
+    struct Case {
+        QString lines;
+        QString rows;
+        QString report;
+    };
+    const QList<Case> cases{
+        {u"说明|200a"_s, u"200"_s, u""_s},
+        {u"[必备子字段]|200 题名 a|101a|20|210c"_s, u"101 200 $f=x 210 $c"_s,
+         u"Error:200字段的a"_s + missing + u"Error:101字段的a" + missing + u"Error:210字段的c" + empty},
+        {u"[必备子字段]|200a"_s, u"200 $A=x $a=_ $a"_s, u""_s},
+        {u"[必备子字段]|200a"_s, u"200 $f \?\?\?=x $a=x"_s, u""_s}, // "???" is a subfield row to the proofs
+        {u"[必备子字段]|606a"_s, u"200 606 $a=x 606 $b"_s, u""_s},  // the first occurrence alone
+        {u"[必备子字段]|606a"_s, u"606 $b=x 606 $a=x"_s, u"Error:606字段的a"_s + missing},
+        {u"[必备子字段]|200a"_s, u"200_ $b"_s, u""_s},
+        // A section ends at an empty line, at the line of any section (which is lost), not at a blank one.
+        {u"[必备子字段]| |200a||200b"_s, u"200"_s, u"Error:200字段的a"_s + missing},
+        {u"[必备子字段]|200a|[x]|200b|[必备子字段]|200c"_s, u"200"_s,
+         u"Error:200字段的a"_s + missing + u"Error:200字段的c" + missing},
+        {u"[必备子字段]|200a|[必备子字段]|200c"_s, u"200"_s, u"Error:200字段的a"_s + missing},
+        {u"[必备子字段]|200a|[不能重复的子字段]|200b"_s, u"200 $b $b"_s,
+         u"Error:200字段的a"_s + missing + u"Error:200字段的b" + twice},
+        {u"[必备子字段] |200a| [不能重复的子字段]|200b"_s, u"200 $b $b"_s, u""_s}, // headings are not trimmed
+        {u"[不能重复的子字段]|702a|702b||[必备子字段]|702c|"_s, u"702 $a $a $b 702 $b $a $a"_s,
+         u"Error:702字段的c"_s + missing + u"Error:702字段的a" + twice},
+        {u"[不能重复的子字段]|702a"_s, u"702 $a $a 702 $a $a $a"_s, u"Error:702字段的a"_s + twice},
+    };
+    for (const Case &c : cases)
+        EXPECT_EQ(byTemplate(c.lines, c.rows), c.report) << c.lines.toStdString() << " on " << c.rows.toStdString();
+}
+
+TEST(ProofISBN, ChecksTheNumber) {
+    const QString four = u"Error:ISBN格式错误.ISBN号应该分为4段\r\n      第一段:国家、区域或语言集号\r\n"
+                         "      第二段:出版商代号\r\n      第三段:图书号\r\n      第四段:校验位\r\n"_s;
+    const QString head = u"ISBN格式错误！\r\n       ISBN号"_s;
+    const QString next = u"\r\n       ISBN号"_s;
+    const QString length = u"Error:ISBN格式错误.ISBN号长度应该为13位"_s;
+    const QString digits = u"Error:ISBN格式错误.ISBN号除校验位外只能为数字字符"_s;
+    const QString check = u"Error:ISBN号校验位错误"_s;
+    const QList<std::pair<QString, QString>> cases{
+        {u"7-5366-1234-6"_s, u"yes"_s},
+        {u"7-5366-1234-5"_s, check},
+        {u"7-5366-1005-X"_s, u"yes"_s},
+        {u"7-5366-1005-x"_s, check},
+        {u"0-0000-0000-0"_s, u"yes"_s},
+        {u"7-5366-1234"_s, length},
+        {u"7-5366-1234-67"_s, length},
+        {u"9787536612345"_s, four},
+        {u"7-5366--2345-"_s, four},
+        {u"-5366-12345-1"_s, head + u"第一段:国家、区域或语言集号不能为空！\r\n"},
+        {u"7-5366-123-45"_s, head + u"第四段:校验位只应为一位字符！\r\n"},
+        {u"七-53x6-12345-"_s.first(13), head + u"第一段:国家、区域或语言集号只能为数字！" + next +
+                                            u"第二段:出版商代号只能为数字！" + next + u"第四段:校验位不能为空！\r\n"},
+        {u"--12345678x-9"_s, head + u"第一段:国家、区域或语言集号不能为空！" + next + u"第二段:出版商代号不能为空！" +
+                                 next + u"第三段:图书号只能为数字！\r\n"},
+        {u"7-53.6-1.34-6"_s, digits}, // no number as one text
+        {u"7-5366-12.4-6"_s, digits}, // a number, but not all digits
+    };
+    for (const auto &[text, result] : cases)
+        EXPECT_EQ(checkISBN(text), result) << text.toStdString();
+}
+
+TEST(ProofISBN, TakesTheLastFilledOfTheFirstField) {
+    const QList<std::pair<QString, QString>> cases{
+        {u"200 $a=x"_s, u""_s},
+        {u"010 $a=_ $b=x"_s, u""_s},
+        {u"_010_ $a=x $a_=_7-5366-1234-6_ $a=_"_s, u"yes"_s},
+        {u"010 $b=x 010 $a=x"_s, u""_s},
+        {u"010 ??? $a=x"_s, u"Error:ISBN格式错误.ISBN号长度应该为13位"_s},
+    };
+    for (const auto &[rows, result] : cases)
+        EXPECT_EQ(proofISBN(rowsOf(rows)), result) << rows.toStdString();
+}
+
+TEST(ProofRecord, JoinsTheReportsWithAnEmptyLine) {
+    const ProgramFolder folder(u"[必备子字段]|200f"_s);
+    const QString fields = u"Error:801字段（必备字段）不存在！\r\n"_s;
+    const QString subfields = u"Error:200字段的f子字段(必备子字段)不存在\r\n"_s;
+    const QString isbn = u"【010$a】Error:ISBN格式错误.ISBN号长度应该为13位"_s;
+    const QList<std::pair<QString, QString>> cases{
+        {u"000 010 $a=7-5366-1234-6 100 101 801 200 $f=x"_s, u""_s},
+        {u"000 010 $a=7 100 101 200"_s, fields + u"\r\n" + subfields + u"\r\n" + isbn},
+        {u"000 010 $a=7 100 101 200 $f=x"_s, fields + u"\r\n" + isbn},
+        {u"000 010 $a=7 100 101 801 200 $f=x"_s, isbn},
+        {complete, subfields},
+    };
+    for (const auto &[rows, report] : cases) {
+        const auto result = proofRecord(rowsOf(rows), folder.path);
+        ASSERT_TRUE(result.ok());
+        EXPECT_EQ(result.value().report, report) << rows.toStdString();
+    }
+}
+
+TEST(ProofRecord, TellsMissingFiles) {
+    const ProgramFolder folder(u""_s);
+    ASSERT_TRUE(QFile::remove(folder.path + marc::templateFile));
+    const auto failed = proofRecord(rowsOf(complete), folder.path);
+    ASSERT_FALSE(failed.ok());
+    EXPECT_TRUE(failed.failure().description.contains(folder.path + marc::templateFile));
+
+    // The other file is the one that is tested; the proof goes on without the template.
+    ASSERT_TRUE(QFile::remove(folder.path + marc::fieldListFile));
+    const auto result = proofRecord({}, folder.path);
+    ASSERT_TRUE(result.ok());
+    EXPECT_EQ(result.value().complaint, u"配置文件【" + folder.path + u"mobanJiaoDui.QVs】丢失。");
+    EXPECT_EQ(result.value().report, proofFields({}));
+}

@@ -1,0 +1,38 @@
+// The words of generated records in code page 936, made once: a record is then put together by copying.
+#pragma once
+
+#include <QByteArray>
+#include <vector>
+
+namespace tools {
+
+struct Bytes {
+    QByteArray name;
+    QByteArray pinyin;
+};
+
+struct TopicBytes {
+    QByteArray name, pinyin, heading, classNumber, scienceNumber;
+    std::vector<QByteArray> sentences; // with the topic in its place
+};
+
+struct FormBytes {
+    QByteArray name, pinyin, division;
+};
+
+struct PublisherBytes {
+    QByteArray place, name, prefix, region;
+};
+
+struct Words {
+    std::vector<TopicBytes> topics;
+    std::vector<FormBytes> forms;
+    std::vector<Bytes> people; // every surname with every given name
+    std::vector<PublisherBytes> publishers;
+    std::vector<QByteArray> series;
+    std::vector<QByteArray> notes;
+};
+
+const Words &words();
+
+} // namespace tools
