@@ -49,19 +49,19 @@ struct SlotRow {
 };
 
 constexpr SlotRow note(QStringView tag, Format format = textA, bool replaces = false) {
-    return {tag, Slot::notes, format, u"\r\n\r\n  ", u"·—", u"", replaces};
+    return {tag, Slot::notes, format, u"\r\n\r\n  ", u"·—", {}, replaces};
 }
 
 inline constexpr auto slotRows = std::to_array<SlotRow>({
-    {u"010", Slot::s010, Kapian010, u"", u"\r\n  "},
-    {u"200", Slot::s200, Kapian200, u"", u"", u"", true},
-    {u"205", Slot::s205, Kapian205, u"", u"；"},
-    {u"206", Slot::s206, Kapian206, u"", u"；"},
-    {u"207", Slot::s207, Kapian207, u"", u"；"},
-    {u"208", Slot::s208, Kapian208, u"", u"", u"", true},
+    {u"010", Slot::s010, Kapian010, {}, u"\r\n  "},
+    {u"200", Slot::s200, Kapian200, {}, {}, {}, true},
+    {u"205", Slot::s205, Kapian205, {}, u"；"},
+    {u"206", Slot::s206, Kapian206, {}, u"；"},
+    {u"207", Slot::s207, Kapian207, {}, u"；"},
+    {u"208", Slot::s208, Kapian208, {}, {}, {}, true},
     {u"230", Slot::s230, textA, u"·—", u"；"},
-    {u"210", Slot::s210, Kapian210, u"", u"", u"", true},
-    {u"215", Slot::s215, Kapian215, u"", u"\r\n  "},
+    {u"210", Slot::s210, Kapian210, {}, {}, {}, true},
+    {u"215", Slot::s215, Kapian215, {}, u"\r\n  "},
     {u"225", Slot::s225, Kapian225, u"·—（", u"·—（", u"）"},
     note(u"300"),
     note(u"301"),

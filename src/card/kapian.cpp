@@ -23,51 +23,51 @@ constexpr auto rules200 = std::to_array<Rule>({
     {u'c', u"，"},
     {u'd', u"＝"},
     {u'e', u"："},
-    {u'f', u"／", u"", u"", Manner::ComplainAndDrop},
-    {u'g', u"；", u"", u"", Manner::ComplainAndStart},
+    {u'f', u"／", {}, {}, Manner::ComplainAndDrop},
+    {u'g', u"；", {}, {}, Manner::ComplainAndStart},
     {u'h', u"·"},
     {u'i', u"，"},
     {u'v', u"．"},
 });
 
 constexpr auto rules205 = std::to_array<Rule>({
-    {u'a', u"", u"", u"", Manner::Replace, 0},
-    {u'f', u"；", u"", u"", Manner::Join, 1},
+    {u'a', {}, {}, {}, Manner::Replace, 0},
+    {u'f', u"；", {}, {}, Manner::Join, 1},
 });
 
 constexpr auto rules206 = std::to_array<Rule>({{u'a', u"、"}});
 
-constexpr auto rules207 = std::to_array<Rule>({{u'a', u"", u"·—", u"", Manner::Replace}});
+constexpr auto rules207 = std::to_array<Rule>({{u'a', {}, u"·—", {}, Manner::Replace}});
 
 constexpr auto rules208 = std::to_array<Rule>({
-    {u'a', u"", u"", u"", Manner::Replace, 0},
-    {u'd', u"=", u"", u"", Manner::Join, 1},
+    {u'a', {}, {}, {}, Manner::Replace, 0},
+    {u'd', u"=", {}, {}, Manner::Join, 1},
 });
 
 // Accumulator 0 is the place of publication, 1 the manufacture.
 constexpr auto rules210 = std::to_array<Rule>({
-    {u'a', u"；", u"", u"", Manner::Join, 0},
+    {u'a', u"；", {}, {}, Manner::Join, 0},
     {u'b', u"（", u"（", u")", Manner::Join, 0},
-    {u'c', u"：", u"：", u"", Manner::Join, 0},
-    {u'd', u"，", u"，", u"", Manner::Join, 0},
-    {u'e', u"；", u"", u"", Manner::Join, 1},
-    {u'f', u",", u"", u"", Manner::Join, 1},
-    {u'g', u"：", u"", u"", Manner::Join, 1},
-    {u'h', u"，", u"", u"", Manner::Join, 1},
+    {u'c', u"：", u"：", {}, Manner::Join, 0},
+    {u'd', u"，", u"，", {}, Manner::Join, 0},
+    {u'e', u"；", {}, {}, Manner::Join, 1},
+    {u'f', u",", {}, {}, Manner::Join, 1},
+    {u'g', u"：", {}, {}, Manner::Join, 1},
+    {u'h', u"，", {}, {}, Manner::Join, 1},
 });
 
 constexpr auto rules215 = std::to_array<Rule>({
-    {u'a', u"、", u"", u"", Manner::Join, 0},
-    {u'c', u"", u"", u"", Manner::Replace, 1},
-    {u'd', u"、", u"", u"", Manner::Join, 2},
-    {u'e', u"、", u"", u"", Manner::Join, 3},
+    {u'a', u"、", {}, {}, Manner::Join, 0},
+    {u'c', {}, {}, {}, Manner::Replace, 1},
+    {u'd', u"、", {}, {}, Manner::Join, 2},
+    {u'e', u"、", {}, {}, Manner::Join, 3},
 });
 
 constexpr auto rules225 = std::to_array<Rule>({
     {u'a', u"，"},
     {u'd', u"＝"},
     {u'e', u"："},
-    {u'f', u"／", u"", u"", Manner::DropFirst},
+    {u'f', u"／", {}, {}, Manner::DropFirst},
     {u'h', u"·"},
     {u'i', u"，"},
     {u'v', u"；"},
@@ -108,7 +108,7 @@ QString finish210(Parts &parts) {
 }
 
 QString finish215(Parts &parts) {
-    constexpr std::array<QStringView, 4> fronts = {u"", u"：", u"；", u"+"};
+    constexpr std::array<QStringView, 4> fronts = {{}, u"：", u"；", u"+"};
     QString text;
     for (size_t i = 0; i < parts.size(); ++i) {
         if (!parts[i].isEmpty())
