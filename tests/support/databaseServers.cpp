@@ -16,7 +16,14 @@ QString fileText(const QString &path) {
     return QString::fromUtf8(file.readAll());
 }
 
-QString serverText(TestServer server) {
+} // namespace
+
+QString TestDatabase::nameOf(TestServer server) {
+    constexpr auto names = std::to_array<QStringView>({u"sqlite", u"postgresql", u"mariadb"});
+    return names[std::size_t(server)].toString();
+}
+
+QString TestDatabase::textOf(TestServer server) {
     const QString start = TestDatabase::nameOf(server) + u'=';
     for (const QString &line : fileText(QStringLiteral(TEST_SERVERS_FILE)).split(u'\n'))
         if (line.startsWith(start))
@@ -25,19 +32,12 @@ QString serverText(TestServer server) {
     return {};
 }
 
-} // namespace
-
-QString TestDatabase::nameOf(TestServer server) {
-    constexpr auto names = std::to_array<QStringView>({u"sqlite", u"postgresql", u"mariadb"});
-    return names[std::size_t(server)].toString();
-}
-
 TestDatabase::TestDatabase(TestServer server) {
     m_connectionString =
         u"PROVIDER=MSDASQL;" +
         (server == TestServer::Sqlite
              ? QString(u"Driver=SQLite3;Database=" + file() + u";JournalMode=WAL;SyncPragma=NORMAL;Timeout=5000;")
-             : serverText(server));
+             : textOf(server));
     auto connection = Connection::open(m_connectionString);
     if (!connection) {
         ADD_FAILURE() << connection.failure().description.toStdString();

@@ -14,6 +14,7 @@ public:
     explicit TestDatabase(TestServer server);
 
     static QString nameOf(TestServer server);                              // as its schema script is named
+    static QString textOf(TestServer server);                              // the connection text of a running server
     const QString &connectionString() const { return m_connectionString; } // as a person would have it stored
     QString file() const { return m_folder.filePath(QStringLiteral("library.sqlite")); } // of SQLite
 

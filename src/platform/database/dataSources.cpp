@@ -4,7 +4,13 @@
 #include <array>
 #include <utility>
 
+#ifndef Q_OS_WIN
+#include <odbcinst.h>
+#endif
+
 namespace platform {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -65,6 +71,29 @@ QString driverOfDataSource(QStringView name) {
         if (source.compare(name, Qt::CaseInsensitive) == 0)
             return description;
     return {};
+}
+
+QString pairsOfDataSource(const QString &name) {
+    QString pairs;
+#ifndef Q_OS_WIN
+    // A null key asks for all keys, each ended by a NUL.
+    const auto read = [&name](const char *key) {
+        QByteArray buffer(4096, '\0');
+        SQLGetPrivateProfileString(name.toUtf8().constData(), key, "", buffer.data(), int(buffer.size() - 1),
+                                   "ODBC.INI");
+        return buffer;
+    };
+    for (const QByteArray &key : read(nullptr).split('\0')) {
+        if (key.isEmpty())
+            break;
+        const QString pair =
+            QString::fromUtf8(key) + u'=' + QString::fromUtf8(read(key.constData()).constData()) + u';';
+        pairs = pair.startsWith(u"Driver="_s, Qt::CaseInsensitive) ? QString(pair + pairs) : QString(pairs + pair);
+    }
+#else
+    Q_UNUSED(name)
+#endif
+    return pairs;
 }
 
 } // namespace platform

@@ -3,6 +3,7 @@
 #include "platform/database/dataSources.h"
 #include "platform/database/rowReader.h"
 #include <QCoreApplication>
+#include <QFile>
 #include <QHash>
 #include <QPointer>
 #include <QTimer>
@@ -72,7 +73,8 @@ TextForm valuesOf(Server server, TextForm calls) {
     if (server == Server::MariaDb)
         return TextForm::Utf8;
 #endif
-    return server == Server::MariaDb ? TextForm::Wide : calls;
+    Q_UNUSED(server)
+    return calls;
 }
 
 // What tells a file from another one that took its name. Empty where there is no file.
@@ -81,7 +83,7 @@ QString identityOf(const QString &file) {
     return file; // an open database cannot be replaced there
 #else
     struct stat facts {};
-    if (file.isEmpty() || ::stat(file.toLocal8Bit().constData(), &facts) != 0)
+    if (file.isEmpty() || ::stat(QFile::encodeName(file).constData(), &facts) != 0)
         return {};
     return QString::number(facts.st_dev) + u':' + QString::number(facts.st_ino);
 #endif
@@ -102,10 +104,14 @@ Result<std::unique_ptr<Link>> Link::connect(const QString &connectionString) {
     std::unique_ptr<Link> link(new Link(connectionString));
     if (!link->m_connection)
         return link->m_environment.failure(TextForm::Wide);
-    const QString source = driverOfDataSource(connectionValue(connectionString, u"DSN"));
-    link->m_forms.calls = callsOf(connectionValue(connectionString, u"Driver") + source);
-    const QString text =
-        driverText(connectionString, source) + QString(kept().ended.value(connectionString) % 256, u';');
+    const QString source = connectionValue(connectionString, u"DSN");
+    const QString driver = driverOfDataSource(source);
+    link->m_forms.calls = callsOf(connectionValue(connectionString, u"Driver") + driver);
+    QString text = driverText(connectionString, driver);
+    // unixODBC finds no data source by the wide characters of a Chinese name: what stands under that name goes ahead.
+    if (link->m_forms.calls == TextForm::Wide && source.toUtf8().size() != source.size())
+        text.prepend(pairsOfDataSource(source));
+    text += QString(kept().ended.value(connectionString) % 256, u';');
     if (!SQL_SUCCEEDED(odbcConnect(link->m_connection.get(), text, link->m_forms.calls)))
         return link->m_connection.failure(link->m_forms.calls);
     link->m_open = true;

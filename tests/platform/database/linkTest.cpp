@@ -30,7 +30,10 @@ public:
         ASSERT_TRUE(system.open(QIODevice::ReadOnly));
         write(u"odbcinst.ini"_s,
               "[ODBC]\nPooling=Yes\n" + system.readAll().replace("Driver=", "CPTimeout=60\nDriver="));
-        write(u"odbc.ini"_s, "[馆藏]\nDriver=SQLite3\nDatabase=" + m_folder.filePath(u"a.sqlite"_s).toUtf8() + "\n");
+        const QString postgres = TestDatabase::textOf(TestServer::PostgreSql);
+        write(u"odbc.ini"_s,
+              "[馆藏]\nDriver=SQLite3\nDatabase=" + m_folder.filePath(u"a.sqlite"_s).toUtf8() + "\n[总馆]\n" +
+                  QString(postgres).replace(u"Server="_s, u"Servername="_s).replace(u';', u'\n').toUtf8());
         qputenv("ODBCSYSINI", m_folder.path().toUtf8());
     }
 
@@ -139,12 +142,13 @@ TEST(Link, aServerThatGoesAwayAndComesBack) {
     EXPECT_EQ(database.selected(titles), u"一 三"_s);
 }
 
-// As the connection dialog composes it for a data source.
-TEST(Link, aDataSourceIsListedAndOpened) {
-    EXPECT_TRUE(platform::dataSourceNames().contains(u"馆藏"_s))
-        << platform::dataSourceNames().join(u'|').toStdString();
-    auto connection = Connection::open(u"PROVIDER=MSDASQL;DSN=馆藏;UID=任何人;PWD=;"_s);
-    ASSERT_TRUE(connection) << connection.failure().description.toStdString();
-    EXPECT_TRUE(connection.value().execute(u"create table zsk (zskid integer)"_s));
-    EXPECT_TRUE(connection.value().query(u"select zskid from ZSK"_s));
+// As the connection dialog composes it for a data source, of a driver with narrow calls and of one with wide calls.
+TEST(Link, dataSourcesOfChineseNamesAreListedAndOpened) {
+    for (const QString &name : {u"馆藏"_s, u"总馆"_s}) {
+        EXPECT_TRUE(platform::dataSourceNames().contains(name)) << platform::dataSourceNames().join(u'|').toStdString();
+        auto connection = Connection::open(u"PROVIDER=MSDASQL;DSN=" + name + u";UID=tester;PWD=Tarvex-1;");
+        ASSERT_TRUE(connection) << connection.failure().description.toStdString();
+        (void)connection.value().execute(u"create table zsk (zskid integer)"_s);
+        EXPECT_TRUE(connection.value().query(u"select zskid from ZSK"_s));
+    }
 }
