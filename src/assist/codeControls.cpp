@@ -117,8 +117,8 @@ CodeLabel::CodeLabel(const QString &objectName, const QString &caption, QWidget 
     setAlignment(Qt::AlignHCenter | Qt::AlignBottom);
     const QFontMetrics metrics(font());
     const int perLine = caption.size() > 4 ? int(caption.size() + 1) / 2 : int(caption.size());
-    setMinimumSize(metrics.horizontalAdvance(QString(perLine, u'字')) + metrics.averageCharWidth() / 2,
-                   2 * metrics.lineSpacing());
+    setFixedWidth(metrics.horizontalAdvance(QString(perLine, u'字')) + metrics.averageCharWidth() / 2);
+    setMinimumHeight(2 * metrics.lineSpacing());
 }
 
 void CodeLabel::enterEvent(QEnterEvent *event) {

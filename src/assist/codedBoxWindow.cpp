@@ -1,6 +1,7 @@
 #include "assist/codedBoxWindow.h"
 #include "platform/widgets/keys.h"
 #include "platform/widgets/layout.h"
+#include <QScreen>
 #include <QShowEvent>
 
 using namespace Qt::StringLiterals;
@@ -54,6 +55,8 @@ CodedBoxWindow::CodedBoxWindow(platform::Host &host, std::span<const Box> table,
                       platform::labelled(new QLabel(texts.formatLabel, this), textMarc),
                       {row({{listLx, 1}, {richTextTS, 1}}), 1},
                       row({stretch(), cmdclick[0], cmdclick[1]})}));
+    // Room for the longest list, on a screen that has it.
+    resize(sizeHint().expandedTo(QSize(0, 27 * fontMetrics().lineSpacing())).boundedTo(screen()->availableSize()));
     wireLists();
     connect(cmdclick[0], &Button::clicked, this, &CodedBoxWindow::confirm);
     connect(cmdclick[1], &Button::clicked, this, &CodedBoxWindow::unload);
@@ -61,14 +64,16 @@ CodedBoxWindow::CodedBoxWindow(platform::Host &host, std::span<const Box> table,
 
 // The boxes in their order, each label above the boxes that it stands for.
 QLayout *CodedBoxWindow::boxRow() {
+    using platform::row, platform::column, platform::stretch;
     auto *groups = new QHBoxLayout;
     QBoxLayout *boxes = nullptr;
     for (int i = 0; i < m_boxes.count(); ++i) {
         if (!m_boxes.box(i).label.isEmpty()) {
             makeLabel(i);
-            boxes = platform::row({});
-            groups->addLayout(platform::column(
-                {LabShuoMing.back(), platform::row({platform::stretch(), boxes, platform::stretch()})}));
+            boxes = row({});
+            boxes->setSpacing(boxes->spacing() / 3); // what belongs together stands together
+            groups->addLayout(
+                column({row({stretch(), LabShuoMing.back(), stretch()}), row({stretch(), boxes, stretch()})}));
         }
         boxes->addWidget(Text1[size_t(i)]);
         if (m_boxes.box(i).fromList)
