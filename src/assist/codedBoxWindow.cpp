@@ -56,7 +56,7 @@ CodedBoxWindow::CodedBoxWindow(platform::Host &host, std::span<const Box> table,
                       {row({{listLx, 1}, {richTextTS, 1}}), 1},
                       row({stretch(), cmdclick[0], cmdclick[1]})}));
     // Room for the longest list, on a screen that has it.
-    resize(sizeHint().expandedTo(QSize(0, 27 * fontMetrics().lineSpacing())).boundedTo(screen()->availableSize()));
+    resize(sizeHint().expandedTo(QSize(0, 29 * fontMetrics().lineSpacing())).boundedTo(screen()->availableSize()));
     wireLists();
     connect(cmdclick[0], &Button::clicked, this, &CodedBoxWindow::confirm);
     connect(cmdclick[1], &Button::clicked, this, &CodedBoxWindow::unload);
