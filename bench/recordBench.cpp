@@ -9,7 +9,9 @@
 
 namespace {
 
-QString file() { return qEnvironmentVariable("TARVEX_BENCH_FILE"); }
+QString file() {
+    return qEnvironmentVariable("TARVEX_BENCH_FILE");
+}
 
 std::vector<QByteArray> firstRecords(int count) {
     std::vector<QByteArray> records;

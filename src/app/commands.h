@@ -70,6 +70,8 @@ public:
     virtual void showHelp() = 0;
     virtual void showAbout() = 0;
     virtual void showNotice() = 0; // without waiting
+    // Before the process ends: a run in progress ends with its files closed.
+    virtual void endRuns() = 0;
 };
 
 } // namespace app

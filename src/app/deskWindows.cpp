@@ -1,4 +1,15 @@
 #include "app/deskWindows.h"
+#include "app/AboutFrm.h"
+#include "app/frmHelp.h"
+#include "app/frmLook.h"
+#include "app/marcMain.h"
+#include "card/frmMarcKaPian.h"
+#include "filetools/frmCutFile.h"
+#include "filetools/frmUnionFile.h"
+#include "import/frmDaoRuJindu.h"
+#include "proof/frmMessage.h"
+#include "workspace/frmDaoru.h"
+#include "workspace/frmSelectMFile.h"
 
 using namespace Qt::StringLiterals;
 
@@ -6,33 +17,90 @@ namespace app {
 
 DeskWindows::DeskWindows(platform::Host &host, const platform::SessionState &state)
     : m_host(host)
-    , m_state(state) {}
+    , m_state(state)
+    , m_catalogue(host, state) {}
 
-void DeskWindows::notProvided() {
-    m_host.tell(u"暂无此功能"_s, u"操作提示"_s);
+void DeskWindows::setFrame(marcMain *frame) {
+    m_frame = frame;
+    m_catalogue.setArea(frame->area());
 }
 
 void DeskWindows::selectMarcFile() {
-    notProvided();
+    workspace::frmSelectMFile *opener = nullptr;
+    workspace::frmSelectMFile dialog(
+        m_host, [&](const QString &file) { showWorkspace(file, opener); }, m_frame);
+    opener = &dialog;
+    dialog.exec();
 }
-void DeskWindows::queryCatalogue(const QueryLists &) {
-    notProvided();
+
+void DeskWindows::showWorkspace(const QString &file, QWidget *owner) {
+    workspace::frmDaoru window(m_host, workspaceWindows(), owner);
+    window.publicMarcFile = file;
+    window.load();
+    window.exec();
 }
-void DeskWindows::queryStore(const QueryLists &) {
-    notProvided();
+
+workspace::WorkspaceWindows DeskWindows::workspaceWindows() {
+    return {
+        .showCard =
+            [this](const marc::RawRecord &record, const QString &mode, QWidget *owner) {
+                card::frmMarcKaPian window(m_host, owner);
+                window.marcRecord = record;
+                window.showMode = mode;
+                window.exec();
+            },
+        .showReport = [this](const QString &text, QWidget *owner) { showReport(text, owner); },
+        .runImport =
+            [this](std::shared_ptr<const marc::PreReadStore> records, const QString &count, QWidget *owner) {
+                importing::frmDaoRuJindu window(m_host, m_state, std::move(records), owner);
+                window.Text1->setText(u"0"_s);
+                window.Text2->setText(count);
+                window.exec();
+            },
+        .leaderAssistant = [this](const QString &, QWidget *) { return notProvided(); },
+        .field100Assistant = [this](const QString &, QWidget *) { return notProvided(); },
+    };
 }
+
+std::optional<QString> DeskWindows::notProvided() {
+    m_host.tell(u"暂无此功能"_s, u"操作提示"_s);
+    return std::nullopt;
+}
+
+void DeskWindows::showReport(const QString &text, QWidget *owner) {
+    proof::frmMessage window(m_host, owner);
+    window.setText(text);
+    window.exec();
+}
+
 void DeskWindows::splitFile() {
-    notProvided();
+    QWidget *owner = m_frame;
+    filetools::frmCutFile window(
+        m_host, [&](const QString &report) { showReport(report, owner); }, m_frame);
+    owner = &window;
+    window.exec();
 }
+
 void DeskWindows::mergeFiles() {
-    notProvided();
+    QWidget *owner = m_frame;
+    filetools::frmUnionFile window(
+        m_host, [&](const QString &report) { showReport(report, owner); }, m_frame);
+    owner = &window;
+    window.exec();
 }
+
 void DeskWindows::showHelp() {
-    notProvided();
+    frmHelp(m_frame).exec();
 }
+
 void DeskWindows::showAbout() {
-    notProvided();
+    AboutFrm(m_host, m_frame).exec();
 }
-void DeskWindows::showNotice() {}
+
+void DeskWindows::showNotice() {
+    auto *notice = new frmLook(m_host, m_frame);
+    notice->setAttribute(Qt::WA_DeleteOnClose);
+    notice->show();
+}
 
 } // namespace app

@@ -1,9 +1,9 @@
-// Owns the windows that the commands open, makes each at its first use and wires it to those it leads to.
+// Owns the windows that the commands open, makes each at its use and wires it to those it leads to.
 #pragma once
 
+#include "app/catalogueWindows.h"
 #include "app/commands.h"
-#include "platform/database/sublib.h"
-#include "platform/host.h"
+#include "workspace/workspaceWindows.h"
 
 namespace app {
 
@@ -14,23 +14,28 @@ public:
     DeskWindows(platform::Host &host, const platform::SessionState &state);
 
     // The frame that the list windows live in and that the dialogs belong to; outlives its use here.
-    void setFrame(marcMain *frame) { m_frame = frame; }
+    void setFrame(marcMain *frame);
 
     void selectMarcFile() override;
-    void queryCatalogue(const QueryLists &lists) override;
-    void queryStore(const QueryLists &lists) override;
+    void queryCatalogue(const QueryLists &lists) override { m_catalogue.queryCatalogue(lists); }
+    void queryStore(const QueryLists &lists) override { m_catalogue.queryStore(lists); }
     void splitFile() override;
     void mergeFiles() override;
     void showHelp() override;
     void showAbout() override;
     void showNotice() override;
+    void endRuns() override { m_catalogue.endRuns(); }
 
 private:
-    void notProvided();
+    void showWorkspace(const QString &file, QWidget *owner);
+    workspace::WorkspaceWindows workspaceWindows();
+    std::optional<QString> notProvided();
+    void showReport(const QString &text, QWidget *owner);
 
     platform::Host &m_host;
     const platform::SessionState &m_state;
-    marcMain *m_frame = nullptr;
+    CatalogueWindows m_catalogue;
+    QWidget *m_frame = nullptr;
 };
 
 } // namespace app

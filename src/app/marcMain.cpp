@@ -55,6 +55,7 @@ void marcMain::buildToolbar() {
         action->setData(row.key.toString());
         connect(action, &QAction::triggered, this, [this, command = row.command] { run(command); });
         if (QWidget *button = Toolbar1->widgetForAction(action)) {
+            button->setObjectName(row.key.toString());
             button->setFocusPolicy(Qt::TabFocus);
             button->setAccessibleName(row.caption.toString());
         }
@@ -106,8 +107,10 @@ void marcMain::showEvent(QShowEvent *event) {
 void marcMain::closeEvent(QCloseEvent *event) {
     event->ignore();
     if (m_host.ask(u"确定要退出系统吗？"_s, platform::programTitle + u"-[退出]"_s, platform::Answer::Yes,
-                   platform::Icon::Exclamation))
+                   platform::Icon::Exclamation)) {
+        m_windows.endRuns();
         m_host.endProcess(); // no other window is asked
+    }
 }
 
 } // namespace app

@@ -144,11 +144,14 @@ Result<qint64> countLines(const QString &path) {
     qint64 lines = 0;
     char last = '\n';       // the last byte read
     char beforeLast = '\r'; // and the one before it: an empty file ends as a finished line does
-    for (qint64 size; (size = file.value()->read(block.data(), block.size())) > 0;) {
+    qint64 size = 0;
+    while ((size = file.value()->read(block.data(), block.size())) > 0) {
         lines += countByte(QByteArrayView(block.constData(), size), '\r');
         beforeLast = size > 1 ? block[size - 2] : last;
         last = block[size - 1];
     }
+    if (size < 0)
+        return Failure{file.value()->errorString(), int(file.value()->error())};
     const bool finished = last == '\r' || (last == '\n' && beforeLast == '\r');
     return finished ? lines : lines + 1;
 }
@@ -160,6 +163,8 @@ Result<QStringList> readTextLines(const QString &path) {
     QStringList lines;
     while (!reader.value().atEnd())
         lines.append(decode(reader.value().readLine()));
+    if (const std::optional<Failure> fault = reader.value().fault())
+        return *fault;
     return lines;
 }
 

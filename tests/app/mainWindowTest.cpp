@@ -22,6 +22,7 @@ struct RecordedWindows final : CommandWindows {
     void mergeFiles() override { calls.append(u"merge"_s); }
     void showHelp() override { calls.append(u"help"_s); }
     void showAbout() override { calls.append(u"about"_s); }
+    void endRuns() override { calls.append(u"end"_s); }
     void showNotice() override { calls.append(u"notice"_s); }
 };
 

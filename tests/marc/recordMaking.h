@@ -1,4 +1,4 @@
-// Records and files for the tests of this folder. A "$" in a field's content stands for the subfield delimiter.
+// Records and files for the tests of this folder.
 #pragma once
 
 #include "marc/fieldRows.h"
@@ -15,40 +15,38 @@ namespace marc {
 
 using namespace Qt::StringLiterals;
 
-struct TestField {
-    QString tag;
-    QString content; // without its terminator
-};
+// Control characters stand as < | > (subfield, field, record), both ways.
+inline QString visible(QString text) {
+    return text.replace(subfieldDelimiter, u'<').replace(fieldTerminator, u'|').replace(recordTerminator, u'>');
+}
+inline QString real(QString text) {
+    return text.replace(u'<', subfieldDelimiter).replace(u'|', fieldTerminator).replace(u'>', recordTerminator);
+}
+
+// "identifier=value" of each row, for comparing at a glance.
+inline QString brief(const FieldRows &rows) {
+    QStringList parts;
+    for (const FieldRow &row : rows)
+        parts.append(visible(row.identifier + u'=' + row.value));
+    return parts.join(u' ');
+}
 
 inline RawRecord recordWithDirectory(const QString &directory, const QString &data) {
     const QString base = platform::padZero(5, qint32(25 + directory.size()));
     return u"00000nam0 22" + base + u"   450 " + directory + QChar(fieldTerminator) + data + QChar(recordTerminator);
 }
 
-inline RawRecord makeRecord(const QList<TestField> &fields) {
+// From "tag=content" pieces, parted by "|"; a "$" stands for the subfield delimiter.
+inline RawRecord makeRecord(const QString &fields) {
     QString directory;
     QString data;
-    for (const TestField &field : fields) {
-        const QString content = QString(field.content).replace(u'$', QChar(subfieldDelimiter)) + QChar(fieldTerminator);
-        directory += field.tag + platform::padZero(4, qint32(platform::gbkLength(content))) +
+    for (const QString &field : fields.split(u'|', Qt::SkipEmptyParts)) {
+        const QString content = field.sliced(4).replace(u'$', QChar(subfieldDelimiter)) + QChar(fieldTerminator);
+        directory += field.left(3) + platform::padZero(4, qint32(platform::gbkLength(content))) +
                      platform::padZero(5, qint32(platform::gbkLength(data)));
         data += content;
     }
     return recordWithDirectory(directory, data);
-}
-
-// "identifier=value" of each row, for comparing at a glance. Control characters stand as < | > (record, field,
-// subfield).
-inline QString visible(QString text) {
-    return text.replace(QChar(recordTerminator), u'>')
-        .replace(QChar(fieldTerminator), u'|')
-        .replace(QChar(subfieldDelimiter), u'<');
-}
-inline QString brief(const FieldRows &rows) {
-    QStringList parts;
-    for (const FieldRow &row : rows)
-        parts.append(visible(row.identifier + u'=' + row.value));
-    return parts.join(u' ');
 }
 
 class TestFolder {

@@ -110,42 +110,4 @@ TEST(MadeMyMarc, IsReadBackAsTheSameRows) {
     }
 }
 
-// The rows of data fields in the order of one walk through the grid for each tag, with the two ends of such a walk.
-QStringList walkedTagByTag(const FieldRows &rows) {
-    QStringList order;
-    for (int n = 2; n <= 999; ++n) {
-        const QString tag = platform::padZero(3, n);
-        for (qsizetype i = 0; i < rows.size(); ++i) {
-            if (rows[i].identifier != tag)
-                continue;
-            if (i == rows.size() - 1 || isFieldRow(rows[i + 1]))
-                break;
-            QString content;
-            for (qsizetype j = i + 1; j < rows.size() && !isFieldRow(rows[j]); ++j)
-                content += rows[j].identifier + rows[j].value;
-            order.append(tag + rows[i].value + content);
-        }
-    }
-    return order;
-}
-
-TEST(MadeMyMarc, KeepsTheOrderOfTagByTagWalks) {
-    Dice dice(2);
-    const QStringList identifiers{u"200"_s, u"300"_s, u"300"_s, u"701"_s, u"701"_s, u" 701"_s, u"CAT"_s, u"???"_s,
-                                  u"-12"_s, u"<a"_s,  u"<b"_s,  u"<c"_s,  u""_s,    u"<d"_s,   u"<e"_s,  u"010"_s};
-    for (int round = 0; round < 1000; ++round) {
-        FieldRows rows;
-        for (int i = dice.below(25); i >= 0; --i)
-            rows.append(row(dice.oneOf(identifiers), platform::padZero(2, i)));
-        const QString record = visible(madeMyMarc(rows, leader, clock));
-        const QString data = record.sliced(record.indexOf(mark) + mark.size());
-        QStringList fields = data.chopped(1).split(u'|', Qt::SkipEmptyParts);
-        const QStringList expected = walkedTagByTag(rows);
-        fields = fields.last(std::min(fields.size(), expected.size())); // the control fields come first
-        for (qsizetype i = 0; i < fields.size(); ++i)
-            ASSERT_EQ(expected[i].sliced(3), fields[i]) << brief(rows).toStdString();
-        ASSERT_EQ(fields.size(), expected.size()) << brief(rows).toStdString();
-    }
-}
-
 } // namespace

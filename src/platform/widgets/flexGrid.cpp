@@ -1,9 +1,7 @@
 #include "platform/widgets/flexGrid.h"
 #include "platform/widgets/flexGridColours.h"
 #include "platform/widgets/flexGridModel.h"
-#include <QClipboard>
 #include <QEvent>
-#include <QGuiApplication>
 #include <QHeaderView>
 #include <QItemSelectionModel>
 
@@ -261,28 +259,6 @@ QRect FlexGrid::cellRect(int row, int column) const {
     if (place.intersects(sight))
         place &= sight;
     return place.translated(within->mapTo(this, QPoint(0, 0)) + pos());
-}
-
-void FlexGrid::copySelection() const {
-    const auto [first, last] = std::minmax(row(), rowSel());
-    QString copied;
-    for (int row = first; row <= last; ++row) {
-        bool behind = false;
-        for (int column = 0; column < columns(); ++column) {
-            if (isColumnHidden(column))
-                continue;
-            QString cell = text(row, column);
-            for (QChar &character : cell)
-                if (character == u'\t' || character == u'\n' || character == u'\r')
-                    character = u' '; // they would read as cells and rows
-            if (behind)
-                copied += u'\t';
-            behind = true;
-            copied += cell;
-        }
-        copied += u'\n';
-    }
-    QGuiApplication::clipboard()->setText(copied);
 }
 
 void FlexGrid::changeEvent(QEvent *event) {

@@ -1,6 +1,7 @@
 // What the user does on a flexible grid. The view's own handlers are not called: a slot of leaveCell may open a box,
 // change the rows or run the event loop, and the view must not stand in the midst of its own work meanwhile.
 #include "platform/widgets/flexGrid.h"
+#include <QClipboard>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -159,6 +160,28 @@ std::optional<int> FlexGrid::rowOfKey(const QKeyEvent *event) const {
     default:
         return std::nullopt;
     }
+}
+
+void FlexGrid::copySelection() const {
+    const auto [first, last] = std::minmax({row(), rowSel()});
+    QString copied;
+    for (int row = first; row <= last; ++row) {
+        bool behind = false;
+        for (int column = 0; column < columns(); ++column) {
+            if (isColumnHidden(column))
+                continue;
+            QString cell = text(row, column);
+            for (QChar &character : cell)
+                if (character == u'\t' || character == u'\n' || character == u'\r')
+                    character = u' '; // they would read as cells and rows
+            if (behind)
+                copied += u'\t';
+            behind = true;
+            copied += cell;
+        }
+        copied += u'\n';
+    }
+    QGuiApplication::clipboard()->setText(copied);
 }
 
 void FlexGrid::keyPressEvent(QKeyEvent *event) {

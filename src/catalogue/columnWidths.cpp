@@ -1,0 +1,44 @@
+#include "catalogue/columnWidths.h"
+#include <algorithm>
+#include <cmath>
+
+namespace catalogue {
+
+namespace {
+
+constexpr int kShared = -1;     // in a row of widths: this column shares what is left
+constexpr int kNarrowest = 910; // a sharing column stays legible in a grid too narrow for its fixed columns
+constexpr int kWithScrollBar = 360;
+constexpr int kWithout = 80;
+
+QList<int> shareOut(QList<int> widths, const GridRoom &room) {
+    int fixed = 0;
+    for (const int width : widths)
+        fixed += width == kShared ? 0 : width;
+    const int left = room.width - fixed - (scrollBarShows(room) ? kWithScrollBar : kWithout);
+    const int share = std::max(kNarrowest, left / int(widths.count(kShared)));
+    std::ranges::replace(widths, kShared, share);
+    return widths;
+}
+
+} // namespace
+
+bool scrollBarShows(const GridRoom &room) {
+    if (room.headingHeight <= 0)
+        return false;
+    return room.rows - 1 > std::nearbyint(double(room.height - headingTwips) / room.headingHeight);
+}
+
+QList<int> catalogueWidths(const GridRoom &room) {
+    return shareOut({0, 1340, kShared, 1340, 910, kShared, 910, 1340}, room);
+}
+
+QList<int> copiesWidths(const GridRoom &room) {
+    return shareOut({kShared, 910, kShared, 910, 910, 910, kShared}, room);
+}
+
+QList<int> storeWidths() {
+    return {1200, 2800, 2800, 1400, 1000, 800, 800, 800};
+}
+
+} // namespace catalogue

@@ -1,0 +1,127 @@
+#include "catalogue/exportRecord.h"
+#include "platform/codepage936.h"
+#include "platform/numbers.h"
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace catalogue {
+
+namespace {
+
+using Value = QString CatalogueRow::*;
+
+struct Column {
+    QStringView name;
+    Value value;
+};
+
+// In reading order. "edtion" is no column: the read fails without a word, and no edition reaches a record.
+constexpr auto kColumns = std::to_array<Column>({
+    {u"zskid", &CatalogueRow::zskid},
+    {u"isbn", &CatalogueRow::isbn},
+    {u"lagclass", &CatalogueRow::lagclass},
+    {u"bookname", &CatalogueRow::bookname},
+    {u"author", &CatalogueRow::author},
+    {u"pubplace", &CatalogueRow::pubplace},
+    {u"publisher", &CatalogueRow::publisher},
+    {u"pubdate", &CatalogueRow::pubdate},
+    {u"pages", &CatalogueRow::pages},
+    {u"appendix", &CatalogueRow::appendix},
+    {u"classcode", &CatalogueRow::classcode},
+    {u"books", &CatalogueRow::books},
+    {u"booksauthor", &CatalogueRow::booksauthor},
+    {u"measure", &CatalogueRow::measure},
+    {u"edtion", &CatalogueRow::edition},
+    {u"ztc", &CatalogueRow::ztc},
+});
+
+struct Subfield {
+    char code;
+    Value value;
+};
+
+// A field is written where one of its `needs` is not empty; it then holds those of its subfields that are not.
+struct Field {
+    const char *tag;
+    const char *indicators;
+    std::array<Value, 2> needs;
+    std::array<Subfield, 3> subfields;
+};
+
+constexpr Subfield kNone{0, nullptr};
+
+constexpr auto kFields = std::to_array<Field>({
+    {"010", "  ", {&CatalogueRow::isbn}, {{{'a', &CatalogueRow::isbn}, kNone, kNone}}},
+    {"101", "  ", {&CatalogueRow::lagclass}, {{{'a', &CatalogueRow::lagclass}, kNone, kNone}}},
+    {"200", "1 ", {&CatalogueRow::bookname}, {{{'a', &CatalogueRow::bookname}, {'f', &CatalogueRow::author}, kNone}}},
+    {"210", "  ", {&CatalogueRow::pubdate}, {{{'c', &CatalogueRow::publisher}, {'d', &CatalogueRow::pubdate}, kNone}}},
+    {"215",
+     "  ",
+     {&CatalogueRow::pages, &CatalogueRow::appendix},
+     {{{'a', &CatalogueRow::pages}, {'e', &CatalogueRow::appendix}, {'d', &CatalogueRow::measure}}}},
+    {"690", "  ", {&CatalogueRow::classcode}, {{{'a', &CatalogueRow::classcode}, kNone, kNone}}},
+});
+
+constexpr char kRecordTerminator = 0x1D;
+constexpr char kFieldTerminator = 0x1E;
+constexpr char kSubfieldMark = 0x1F;
+constexpr int kLeaderLength = 24;
+constexpr int kControlNumberLength = 11; // counted so whatever it really has
+
+bool isWritten(const Field &field, const CatalogueRow &row) {
+    return std::ranges::any_of(field.needs, [&](Value value) { return value && !(row.*value).isEmpty(); });
+}
+
+QByteArray fieldBytes(const Field &field, const CatalogueRow &row) {
+    QByteArray bytes = field.indicators;
+    for (const Subfield &subfield : field.subfields) {
+        if (!subfield.value || (row.*subfield.value).isEmpty())
+            continue;
+        bytes += kSubfieldMark;
+        bytes += subfield.code;
+        bytes += platform::encode(row.*subfield.value);
+    }
+    return bytes += kFieldTerminator;
+}
+
+} // namespace
+
+CatalogueRow readCatalogueRow(const platform::ResultTable &result) {
+    CatalogueRow row;
+    if (result.rowCount() == 0)
+        return row;
+    for (const Column &column : kColumns) {
+        if (const std::optional<int> found = result.column(column.name))
+            row.*column.value = result.text(0, *found);
+    }
+    return row;
+}
+
+QString Geshi1(qint64 number) {
+    return QString::number(number).rightJustified(4, u'0');
+}
+
+QString Geshi2(qint64 number) {
+    return QString::number(number).rightJustified(5, u'0');
+}
+
+QByteArray exportRecord(const CatalogueRow &row) {
+    QByteArray directory = "001001100000"_ba;
+    QByteArray data = Geshi2(platform::toInt32(row.zskid).value_or(0)).toLatin1() + "hteva" + kFieldTerminator;
+    qint64 position = kControlNumberLength;
+    for (const Field &field : kFields) {
+        if (!isWritten(field, row))
+            continue;
+        const QByteArray bytes = fieldBytes(field, row);
+        directory += field.tag + Geshi1(bytes.size()).toLatin1() + Geshi2(position).toLatin1();
+        position += bytes.size();
+        data += bytes;
+    }
+    const QByteArray length = Geshi2(position + kLeaderLength + directory.size() + 2).toLatin1();
+    const QByteArray base = Geshi2(kLeaderLength + directory.size() + 1).toLatin1();
+    return length + "nam  22" + base + "   450 " + directory + kFieldTerminator + data + kRecordTerminator;
+}
+
+} // namespace catalogue

@@ -1,0 +1,103 @@
+#include "catalogue/exportRun.h"
+#include "catalogue/exportRecord.h"
+#include "catalogue/listStatements.h"
+#include "catalogue/listTexts.h"
+#include "platform/numbers.h"
+#include "platform/paths.h"
+
+using namespace Qt::StringLiterals;
+
+namespace catalogue {
+
+namespace {
+
+constexpr QStringView kTitle = u"提示";
+
+// The value where there is one; the failure is passed over.
+template <class T>
+std::optional<T> valueOf(platform::Result<T> result) {
+    return result ? std::optional<T>(std::move(result).value()) : std::nullopt;
+}
+
+} // namespace
+
+ExportRun::ExportRun(ExportSurface &list, platform::Host &host, const platform::SessionState &state)
+    : m_list(list)
+    , m_host(host)
+    , m_state(state) {}
+
+void ExportRun::daochuMarc() {
+    const QString name = chooseName();
+    if (name.isEmpty())
+        return;
+    m_list.showProgress({});
+    m_connection = valueOf(platform::Connection::open(m_state.connectionString));
+    m_file = valueOf(platform::ByteWriter::create(name));
+    const int row = exportRows();
+    if (m_ended)
+        return;
+    end();
+    // After a stop this is one less than what was written; after a full run it is the number of rows.
+    m_host.tell(u"本次操作成功导出" + QString::number(row - 1) + u"条数据\r\n以marc格式保存在文件" + name + u"中。",
+                kTitle.toString());
+}
+
+QString ExportRun::chooseName() {
+    const QString name = m_host.chooseFile({.title = u"导出书库数据为marc格式"_s,
+                                            .filter = u"cnmarc_file(*.iso)|*.iso|all files(*.*)|*.*"_s,
+                                            .kind = platform::FileDialogKind::Save});
+    if (name.isEmpty()) {
+        m_host.tell(u"请输入要保存marc数据的文件名！"_s, kTitle.toString());
+        return {};
+    }
+    // The file is made under the name with its blanks, and must not replace one either.
+    if (platform::fileExists(platform::trimBlanks(name)) || platform::fileExists(name)) {
+        m_host.tell(u"选择的路径下已经存在输入的文件名。请重新输入marc数据文件名！"_s, kTitle.toString());
+        return {};
+    }
+    return name;
+}
+
+int ExportRun::exportRows() {
+    int row = 1;
+    for (; row < m_list.rowCount(); ++row) {
+        const QString zskid = m_list.key(row);
+        if (zskid.isEmpty())
+            break;
+        exportRow(zskid);
+        m_list.showProgress(progressText(row, m_list.rowCount() - 1));
+        m_host.yield();
+        if (m_ended || askedToStop(row))
+            break;
+    }
+    return row;
+}
+
+void ExportRun::exportRow(const QString &zskid) {
+    CatalogueRow row;
+    if (m_connection) {
+        if (const auto result = m_connection->query(exportStatement(zskid)))
+            row = readCatalogueRow(*result.value());
+    }
+    if (m_file)
+        (void)m_file->write(exportRecord(row).append("\r\n"));
+}
+
+bool ExportRun::askedToStop(int row) {
+    if (!m_list.stopPressed())
+        return false;
+    if (m_host.ask(u"已经成功导出" + QString::number(row) + u"条数据。确定要终止导出吗？", kTitle.toString()))
+        return true;
+    m_list.goOn();
+    return false;
+}
+
+void ExportRun::end() {
+    m_ended = true;
+    if (m_file)
+        (void)m_file->close();
+    m_file.reset();
+    platform::closeConnection(m_connection);
+}
+
+} // namespace catalogue

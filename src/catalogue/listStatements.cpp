@@ -1,0 +1,59 @@
+#include "catalogue/listStatements.h"
+
+namespace catalogue {
+
+namespace {
+
+QString with(QStringView statement, const QString &condition, const QString &order) {
+    QString result = statement.toString();
+    if (!condition.isEmpty())
+        result += u" where " + condition;
+    if (!order.isEmpty())
+        result += u" order by " + order;
+    return result;
+}
+
+} // namespace
+
+QString catalogueStatement(const QString &condition, const QString &order) {
+    return with(u"select zskid as [控制号],ISBN as isbn,bookname as [书   名],author as [著 者],classcode as [分类号],"
+                u"publisher as [出版社],bookcount as [册 数],convert(varchar(10),catatime,111) as [入库日期] from zsk",
+                condition, order);
+}
+
+QString reportStatement(const QString &condition, const QString &order) {
+    return with(u"Select bookname,author,classcode,publisher,bookcount From zsk", condition, order);
+}
+
+QString exportStatement(const QString &zskid) {
+    return u"select zskid,ISBN ,bookname,author,classcode,publisher,bookcount,edition,pubplace,pubdate,pages,appendix,"
+           u"books,booksauthor,measure,ztc,lagclass from zsk where zskid=" +
+           zskid;
+}
+
+QString detailStatement(qint32 zskid) {
+    return u"select classcode,isbn,bookname,author,publisher,pubplace,pubdate,docclass,lagclass,"
+           u"edition,measure,pages,bookcount,bookname,zch from ZSK where zskid=" +
+           QString::number(zskid);
+}
+
+QString copiesStatement(qint32 zskid) {
+    return u"select sck.barcode as [条形码],rollcode as [卷 次],bookplace as [藏 地],price as [价 格],"
+           u"bookstatus as [状 态],convert(nvarchar(1),borrowstatus) as [可借否],convert(nvarchar(10),yhdate,111) as "
+           u"[应还日期] from sck Left Join jhsk On sck.barcode=jhsk.barcode Where zskid=" +
+           QString::number(zskid);
+}
+
+QString storeStatement(const QString &condition, const QString &order) {
+    return with(u"select zskid,bookname,author,ISBN,classcode,pages,measure,edition from taoluTable", condition, order);
+}
+
+QString deleteRowStatement(const QString &zskid) {
+    return u"delete from taoluTable where zskid=" + zskid;
+}
+
+QString deleteAllStatement(const QString &condition, const QString &order) {
+    return with(u"delete from taoluTable", condition, condition.isEmpty() ? QString() : order);
+}
+
+} // namespace catalogue

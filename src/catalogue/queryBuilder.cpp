@@ -1,0 +1,179 @@
+#include "catalogue/queryBuilder.h"
+#include "platform/numbers.h"
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace catalogue {
+
+namespace {
+
+struct Operator {
+    QStringView label;
+    QStringView sql;
+    bool forText;
+    bool forOthers;    // numbers and dates
+    QStringView dates; // as it stands in a date condition
+    char16_t fill;     // what takes the place of a digit not typed; 0 leaves the "_"
+};
+
+// In the order of the lists. With "=" the unfilled places act as the single-character wildcard; the ordering operators
+// fill them to the end that keeps the whole period on the right side.
+constexpr auto kOperators = std::to_array<Operator>({
+    {u"等于", u"=", true, true, u"Like ", 0},
+    {u"不等于", u"<>", true, true, u"<>", 0},
+    {u"包含", u"Like", true, false, {}, 0},
+    {u"大于", u">", false, true, u">", u'9'},
+    {u"不小于", u">=", false, true, u">=", u'0'},
+    {u"小于", u"<", false, true, u"<", u'0'},
+    {u"不大于", u"<=", false, true, u"<=", u'9'},
+});
+
+FieldType typeNamed(QStringView name, const QueryRules &rules) {
+    if (name == u"数字")
+        return FieldType::Number;
+    if (name == u"日期" && rules.knowsDates)
+        return FieldType::Date;
+    return FieldType::Text;
+}
+
+QString joined(const QString &before, QStringView separator, const QString &term) {
+    return before.isEmpty() ? term : QString(before + separator + term);
+}
+
+} // namespace
+
+QStringList operatorsOf(FieldType type) {
+    QStringList result;
+    for (const Operator &row : kOperators) {
+        if (type == FieldType::Text ? row.forText : row.forOthers)
+            result.append(row.label.toString());
+    }
+    return result;
+}
+
+QString maskOf(FieldType type) {
+    return type == FieldType::Date ? dateMask.toString() : QString();
+}
+
+QString emptyValue(QStringView mask) {
+    return mask == dateMask ? emptyDate.toString() : QString();
+}
+
+QString fuhaoToSql(QStringView label) {
+    const auto row = std::ranges::find(kOperators, label, &Operator::label);
+    return row == kOperators.end() ? QString() : row->sql.toString();
+}
+
+QString dateSql(const QString &fieldName, QStringView sqlOperator, const QString &value) {
+    QString compared = value;
+    compared.replace(u'-', u'/'); // style 111 of the conversion is yyyy/mm/dd
+    const auto row = std::ranges::find(kOperators, sqlOperator, &Operator::sql);
+    if (row == kOperators.end())
+        return {};
+    if (row->fill != 0)
+        compared.replace(u'_', QChar(row->fill));
+    return u"Convert(varchar(10)," + fieldName + u",111) " + row->dates + u"'" + compared + u"'";
+}
+
+platform::Status QueryBuilder::load(const QString &names, const QString &labels, const QString &types) {
+    const QStringList nameList = names.isEmpty() ? QStringList() : names.split(u',');
+    const QStringList labelList = labels.split(u',');
+    const QStringList typeList = types.split(u',');
+    if (m_rules.fieldLimit && nameList.size() > *m_rules.fieldLimit)
+        return platform::Failure{u"查询项目太多，下标越界。"_s};
+    m_fieldDefs.clear();
+    for (qsizetype i = 0; i < nameList.size(); ++i)
+        m_fieldDefs.append({nameList[i], labelList.value(i), typeNamed(typeList.value(i), m_rules)});
+    m_sortLabels = this->labels();
+    return platform::success();
+}
+
+QStringList QueryBuilder::labels() const {
+    QStringList result;
+    for (const FieldDef &field : m_fieldDefs)
+        result.append(field.fieldLabel);
+    return result;
+}
+
+bool QueryBuilder::chooseField(qsizetype field) {
+    if (field < 0 || field >= m_fieldDefs.size() || m_fieldDefs[field].fieldType == m_curType)
+        return false;
+    m_curType = m_fieldDefs[field].fieldType;
+    return true;
+}
+
+std::optional<QString> QueryBuilder::fragment(const FieldDef &field, QStringView sqlOperator,
+                                              const QString &value) const {
+    switch (field.fieldType) {
+    case FieldType::Number:
+        if (!platform::isNumericText(value))
+            return std::nullopt;
+        return field.fieldName + sqlOperator + value;
+    case FieldType::Date:
+        return dateSql(field.fieldName, sqlOperator, value);
+    case FieldType::Text:
+        break;
+    }
+    if (sqlOperator == u"Like")
+        return field.fieldName + u" Like '%" + value + u"%'";
+    return field.fieldName + sqlOperator + u"'" + value + u"'";
+}
+
+bool QueryBuilder::addCondition(qsizetype field, const QString &fuhao, const QString &value) {
+    if (value.isEmpty() || value == emptyDate || field < 0 || field >= m_fieldDefs.size())
+        return false;
+    const FieldDef &chosen = m_fieldDefs[field];
+    const std::optional<QString> condition = fragment(chosen, fuhaoToSql(fuhao), value);
+    if (!condition)
+        return false;
+    m_curSql = joined(m_curSql, u" And ", *condition);
+    m_signSql = joined(m_signSql, u";", chosen.fieldLabel + u"'" + fuhao + u"'" + value);
+    return true;
+}
+
+void QueryBuilder::merge() {
+    if (m_curSql.isEmpty())
+        return;
+    m_totalSql.append(m_signSql);
+    m_unionSql = joined(m_unionSql, u" OR ", u"(" + m_curSql + u")");
+    m_signSql.clear();
+    m_curSql.clear();
+}
+
+bool QueryBuilder::addSortTerm(const QString &label, bool ascending) {
+    const auto field = std::ranges::find(m_fieldDefs, label, &FieldDef::fieldLabel);
+    if (label.isEmpty() || field == m_fieldDefs.end())
+        return false;
+    m_orderSql = joined(m_orderSql, u",", field->fieldName + (ascending ? u" Asc"_s : u" Desc"_s));
+    m_lOrderby = joined(m_lOrderby, u";", u"'" + label + u"'" + (ascending ? u'升' : u'降'));
+    m_sortLabels.removeOne(label); // a field sorts once
+    return true;
+}
+
+void QueryBuilder::clear() {
+    m_signSql.clear();
+    m_totalSql.clear();
+    m_lOrderby.clear();
+    m_sortLabels = labels();
+    m_unionSql.clear();
+    m_orderSql.clear();
+    m_curSql.clear();
+}
+
+Query QueryBuilder::findData() {
+    // The last group gets its brackets only behind another one.
+    if (!m_curSql.isEmpty())
+        m_unionSql = m_unionSql.isEmpty() ? m_curSql : QString(m_unionSql + u" OR (" + m_curSql + u")");
+    return {m_unionSql, m_orderSql};
+}
+
+void QueryBuilder::unload() {
+    m_unionSql.clear();
+    m_orderSql.clear();
+    m_curSql.clear();
+    m_curType.reset();
+}
+
+} // namespace catalogue

@@ -1,0 +1,28 @@
+#include "import/importRun.h"
+
+using namespace Qt::StringLiterals;
+
+namespace importing {
+
+QString percentage(qint64 done, qint64 total) {
+    const qint64 hundredths = (done * 20'000 + total) / (total * 2);
+    return QString::number(hundredths / 100) + u'.' + QString::number(hundredths % 100).rightJustified(2, u'0') + u'%';
+}
+
+void ImportRun::take(const QString &record, const std::function<QString(const QString &)> &daoru) {
+    if (!record.isEmpty())
+        m_lastResult = daoru(record);
+    ++m_taken;
+    if (m_lastResult == u"yes")
+        ++m_succeeded;
+}
+
+QString ImportRun::countText() const {
+    return u"已经成功处理的记录数："_s + QString::number(m_lastResult == u"yes" ? m_succeeded : 0);
+}
+
+QString ImportRun::closingText() const {
+    return u"本次成功处理的记录数："_s + QString::number(m_succeeded);
+}
+
+} // namespace importing

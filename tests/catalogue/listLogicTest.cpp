@@ -1,0 +1,67 @@
+// The statements to the letter, the sort dialog's order, the widths of the columns, the progress text.
+#include "catalogue/columnWidths.h"
+#include "catalogue/listStatements.h"
+#include "catalogue/listTexts.h"
+#include "catalogue/sortOrder.h"
+#include "support/qtPrinters.h"
+#include <gtest/gtest.h>
+
+using namespace catalogue;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+TEST(ListStatements, PutConditionAndOrderBehindTheirWords) {
+    const QString list = u"select zskid as [控制号],ISBN as isbn,bookname as [书   名],author as [著 者],classcode as "
+                         u"[分类号],publisher as [出版社],bookcount as [册 数],convert(varchar(10),catatime,111) as "
+                         u"[入库日期] from zsk"_s;
+    EXPECT_EQ(catalogueStatement({}, {}), list);
+    EXPECT_EQ(catalogueStatement(u"a='b'"_s, u"c Desc"_s), list + u" where a='b' order by c Desc");
+    EXPECT_EQ(reportStatement({}, u"c"_s),
+              u"Select bookname,author,classcode,publisher,bookcount From zsk order by c"_s);
+    EXPECT_EQ(exportStatement(u"12"_s),
+              u"select zskid,ISBN ,bookname,author,classcode,publisher,bookcount,edition,pubplace,pubdate,pages,"
+              u"appendix,books,booksauthor,measure,ztc,lagclass from zsk where zskid=12"_s);
+    EXPECT_EQ(detailStatement(7), u"select classcode,isbn,bookname,author,publisher,pubplace,pubdate,docclass,lagclass,"
+                                  u"edition,measure,pages,bookcount,bookname,zch from ZSK where zskid=7"_s);
+    EXPECT_EQ(copiesStatement(7),
+              u"select sck.barcode as [条形码],rollcode as [卷 次],bookplace as [藏 地],price as [价 格],"
+              u"bookstatus as [状 态],convert(nvarchar(1),borrowstatus) as [可借否],"
+              u"convert(nvarchar(10),yhdate,111) as [应还日期] from sck Left Join jhsk On sck.barcode=jhsk.barcode "
+              u"Where zskid=7"_s);
+}
+
+TEST(ListStatements, LetTheOrderRideAlongOnADeleteOnlyBehindACondition) {
+    EXPECT_EQ(deleteAllStatement({}, u"author"_s), u"delete from taoluTable"_s);
+    EXPECT_EQ(deleteAllStatement(u"a='b'"_s, u"author"_s), u"delete from taoluTable where a='b' order by author"_s);
+    EXPECT_EQ(deleteRowStatement(u"0012"_s), u"delete from taoluTable where zskid=0012"_s);
+}
+
+TEST(SortOrder, ShowsAStoredOrderOfOneColumnAgain) {
+    EXPECT_EQ(orderText({2, 0, 5}), u"ISBN,bookname,catatime"_s);
+    EXPECT_EQ(chosenOf(u" ISBN "_s), QList<int>{2});
+    for (const QString &order : {u""_s, u"isbn"_s, u"bookname,author"_s, u"bookname Desc"_s})
+        EXPECT_TRUE(chosenOf(order).isEmpty()) << order.toStdString();
+}
+
+TEST(ColumnWidths, ShareWhatTheFixedColumnsLeave) {
+    // 17.37 rows fit beside a heading of 350: 17 need no scroll bar, 18 do.
+    const GridRoom room{11000, 350 + 6080, 18, 350};
+    EXPECT_EQ(catalogueWidths(room), (QList<int>{0, 1340, 2540, 1340, 910, 2540, 910, 1340}));
+    const GridRoom full{11000, 350 + 6080, 19, 350};
+    EXPECT_EQ(catalogueWidths(full)[2], (11000 - 5840 - 360) / 2);
+    EXPECT_EQ(copiesWidths(full), (QList<int>{2333, 910, 2333, 910, 910, 910, 2333}));
+    // A half goes to the even number: 17.5 rows count as 18, 16.5 as 16.
+    EXPECT_FALSE(scrollBarShows({0, 350 + 6125, 19, 350}));
+    EXPECT_TRUE(scrollBarShows({0, 350 + 5775, 18, 350}));
+    // A grid that is too narrow keeps its columns.
+    EXPECT_EQ(catalogueWidths({100, 100, 2, 350})[5], 910);
+}
+
+TEST(ListTexts, TellTheWholePartOfTheExactPercentage) {
+    EXPECT_EQ(progressText(29, 100), u"已经导出：29(29%)"_s);
+    EXPECT_EQ(progressText(2, 3), u"已经导出：2(66%)"_s);
+    EXPECT_EQ(progressText(50'000'000, 50'000'000), u"已经导出：50000000(100%)"_s);
+}
+
+} // namespace

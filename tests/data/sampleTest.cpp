@@ -1,0 +1,132 @@
+#include "platform/codepage936.h"
+#include "shippedFiles.h"
+#include "support/qtPrinters.h"
+#include <QMap>
+#include <QSet>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QList<QByteArray> samples() {
+    static const QList<QByteArray> records = recordLines(builtFile(u"samples/sample.iso"_s));
+    return records;
+}
+
+// Calls `visit(record number, field)` for every field of every sample.
+template <typename Visit>
+void forEachField(const Visit &visit) {
+    int number = 0;
+    for (const QByteArray &record : samples()) {
+        ++number;
+        for (const RawField &field : checkedFields(record).fields)
+            visit(number, field);
+    }
+}
+
+// Weighted sum of the digits, "X" counting 10: 0 where the check digit is right.
+int remainder(const QByteArray &digits, bool isbn13) {
+    int sum = 0;
+    for (qsizetype i = 0; i < digits.size(); ++i) {
+        const int value = digits[i] == 'X' ? 10 : digits[i] - '0';
+        sum += value * (isbn13 ? (i % 2 ? 3 : 1) : int(digits.size() - i));
+    }
+    return sum % (isbn13 ? 10 : 11);
+}
+
+} // namespace
+
+TEST(Samples, AreWholeRecordsOneToALine) {
+    EXPECT_GE(samples().size(), 320);
+    int number = 0;
+    for (const QByteArray &record : samples()) {
+        ++number;
+        EXPECT_EQ(checkedFields(record).fault, QString()) << "record " << number;
+        EXPECT_EQ(platform::encode(platform::decode(record)), record) << "record " << number;
+    }
+}
+
+TEST(Samples, UseOnlyFieldsAndSubfieldsThatAreDescribed) {
+    QMap<QString, QSet<QChar>> known;
+    for (const Section &section : sectionsOf(builtLines(u"marcBJshuoming.Qvs"_s))) {
+        auto &codes = known[section.tag];
+        for (const QString &line : section.lines)
+            codes.insert(line[1]);
+    }
+    forEachField([&known](int number, const RawField &field) {
+        QString tag = QString::fromLatin1(field.tag);
+        const bool embeds = tag.startsWith(u'4') || tag == u"604"_s;
+        EXPECT_TRUE(known.contains(tag)) << qPrintable(tag) << " in record " << number;
+        if (tag >= u"010"_s) {
+            EXPECT_EQ(field.content.indexOf('\x1F'), 2) << qPrintable(tag) << " in record " << number;
+        }
+        for (const RawSubfield &subfield : subfieldsOf(field)) {
+            if (embeds && subfield.code == '1') {
+                tag = QString::fromLatin1(subfield.value.first(3)); // what follows belongs to the embedded field
+                EXPECT_TRUE(known.contains(tag)) << qPrintable(tag) << " embedded in record " << number;
+                continue;
+            }
+            EXPECT_TRUE(known[tag].contains(QChar::fromLatin1(subfield.code)))
+                << qPrintable(tag) << '$' << subfield.code << " in record " << number;
+            EXPECT_FALSE(subfield.value.isEmpty()) << qPrintable(tag) << " in record " << number;
+        }
+    });
+}
+
+TEST(Samples, HaveTheFieldsThatEveryRecordNeeds) {
+    QMap<int, QMap<QByteArray, int>> counts;
+    forEachField([&counts](int number, const RawField &field) { ++counts[number][field.tag]; });
+    for (int number = 1; number <= samples().size(); ++number) {
+        for (const char *tag : {"001", "100", "101", "200", "210", "801"})
+            EXPECT_EQ(counts[number].value(tag), 1) << tag << " in record " << number;
+    }
+}
+
+TEST(Samples, HaveCodedDataOfTheirFixedLength) {
+    const QMap<QByteArray, qsizetype> lengths = {{"100", 36}, {"105", 13}, {"106", 1},  {"110", 11}, {"115", 20},
+                                                 {"120", 13}, {"125", 2},  {"126", 15}, {"127", 6},  {"135", 13}};
+    forEachField([&lengths](int number, const RawField &field) {
+        if (lengths.contains(field.tag)) {
+            EXPECT_EQ(subfieldsOf(field).value(0).value.size(), lengths[field.tag])
+                << field.tag.data() << " in record " << number;
+        }
+    });
+}
+
+TEST(Samples, HaveNumbersWithRightCheckDigits) {
+    QMap<qsizetype, int> counts; // by length of the digits
+    forEachField([&counts](int number, const RawField &field) {
+        if (field.tag != "010" && field.tag != "011")
+            return;
+        const RawSubfield first = subfieldsOf(field).value(0);
+        QByteArray digits = first.value;
+        digits.replace('-', "");
+        ++counts[digits.size()];
+        EXPECT_EQ(first.code, 'a');
+        EXPECT_EQ(remainder(digits, digits.size() == 13), 0) << first.value.data() << " in record " << number;
+        EXPECT_TRUE(digits.size() != 10 || (first.value.size() == 13 && first.value.count('-') == 3))
+            << first.value.data() << " in record " << number;
+    });
+    EXPECT_GT(counts[8], 10);
+    EXPECT_GT(counts[10], 150);
+    EXPECT_GE(counts[13], 3);
+}
+
+TEST(Samples, CoverTheKindsOfMaterialAndOfFields) {
+    QSet<char> kinds;
+    for (const QByteArray &record : samples())
+        kinds.insert(record[6]);
+    EXPECT_TRUE(kinds.contains(QSet<char>{'a', 'c', 'e', 'g', 'i', 'j', 'l', 'u', 'v'}));
+    QSet<QByteArray> tags;
+    qsizetype longestNote = 0;
+    forEachField([&tags, &longestNote](int, const RawField &field) {
+        tags.insert(field.tag);
+        if (field.tag == "330")
+            longestNote = qMax(longestNote, platform::decode(field.content).size());
+    });
+    for (const char *tag : {"105", "106", "110", "410", "430", "454", "461", "463", "517", "600", "601", "606",
+                            "607", "610", "690", "692", "700", "701", "702", "711", "712", "856", "905"})
+        EXPECT_TRUE(tags.contains(tag)) << tag;
+    EXPECT_GT(longestNote, 300);
+}

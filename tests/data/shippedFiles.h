@@ -1,0 +1,40 @@
+// Reads the built configuration and sample files with parsers of the tests' own, so that a fault in a file is not
+// hidden by the same fault in the program.
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QMap>
+#include <QString>
+#include <QStringList>
+
+QByteArray builtFile(const QString &name); // a file beside the executable
+QStringList builtLines(const QString &name);
+
+// "[200] name" and the lines under it.
+struct Section {
+    QString tag;
+    QString name;
+    QStringList lines; // as they stand, empty ones left out
+};
+QList<Section> sectionsOf(const QStringList &lines);
+
+struct RawField {
+    QByteArray tag;
+    QByteArray content; // indicators included, terminator left out
+};
+struct RawFields {
+    QList<RawField> fields;
+    QString fault; // empty where leader, directory and fields agree to the byte
+};
+// `record`: with its record terminator, without a line end.
+RawFields checkedFields(const QByteArray &record);
+
+struct RawSubfield {
+    char code;
+    QByteArray value;
+};
+QList<RawSubfield> subfieldsOf(const RawField &field);
+
+// The records of a file that has one to a line, each followed by CR LF.
+QList<QByteArray> recordLines(const QByteArray &file);

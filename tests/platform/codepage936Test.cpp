@@ -1,0 +1,74 @@
+#include "platform/codepage936.h"
+#include "support/qtPrinters.h"
+#include <gtest/gtest.h>
+#include <random>
+#include <set>
+
+using namespace platform;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+TEST(Codepage936, TakesEachTwoByteCodeThereAndBack) {
+    std::set<char16_t> seen;
+    for (int lead = 0x81; lead <= 0xFE; ++lead) {
+        for (int trail = 0x40; trail <= 0xFE; ++trail) {
+            const QByteArray bytes{std::initializer_list<char>{char(lead), char(trail)}.begin(), 2};
+            const QString text = decode(bytes);
+            if (trail == 0x7F) {
+                EXPECT_EQ(text, u"\uFFFD\u007F"_s);
+                continue;
+            }
+            ASSERT_EQ(text.size(), 1) << lead << ' ' << trail;
+            EXPECT_EQ(encode(text), bytes);
+            EXPECT_TRUE(seen.insert(text[0].unicode()).second) << lead << ' ' << trail;
+        }
+    }
+    EXPECT_EQ(seen.size(), 23'940u);
+    EXPECT_FALSE(seen.contains(0xFFFD));
+}
+
+TEST(Codepage936, AgreesWithKnownCodes) {
+    const std::pair<QByteArray, QString> cases[] = {
+        {"a\x7F~", u"a\u007F~"_s},
+        {"\xCA\xFD\xBE\xDD\xBF\xE2", u"数据库"_s},
+        {"\xA1\xAA\xA1\xA4\xA3\xA4\xA1\xAD", u"—·￥…"_s},
+        {"\x81\x40\xFE\x4F", u"丂\uFA29"_s},
+        {"\xAA\xA1\xAF\xFE\xF8\xA1\xFE\xFE\xA1\x40\xA7\xA0", u"\uE000\uE233\uE234\uE4C5\uE4C6\uE765"_s}, // user-defined
+        {"\x80\xFF", u"€\uF8F5"_s},
+        {QByteArray("\0\x1D\x1E\x1F", 4), QString::fromUtf16(u"\0\x1D\x1E\x1F", 4)},
+    };
+    for (const auto &[bytes, text] : cases) {
+        EXPECT_EQ(decode(bytes), text);
+        EXPECT_EQ(encode(text), bytes);
+        EXPECT_TRUE(isEncodable(text));
+    }
+}
+
+TEST(Codepage936, ReplacesWhatIsNone) {
+    const std::pair<QByteArray, QString> cases[] = {
+        {"\xB0", u"\uFFFD"_s},
+        {"\xB0\r\n", u"\uFFFD\r\n"_s},
+        {"\xB0\xFF\xB0\xB0\xA1", u"\uFFFD\uF8F5鞍\uFFFD"_s},
+        {"\xB0 \xB0\x39\xB0\x40", u"\uFFFD \uFFFD9癅"_s},
+        {"\xB0\x80x", u"皜x"_s}, // a valid second half, though it is no first one
+    };
+    for (const auto &[bytes, text] : cases)
+        EXPECT_EQ(decode(bytes), text) << bytes.toHex().toStdString();
+    EXPECT_EQ(encode(u"aก\uFFFD\U00020000é"_s), "a????\xA8\xA6"); // one for each unit
+    EXPECT_FALSE(isEncodable(u"ก"));
+}
+
+TEST(Codepage936, KeepsTheNumberOfBytesOfAnything) {
+    std::mt19937 engine(1);
+    for (int round = 0; round < 2000; ++round) {
+        QByteArray bytes(engine() % 40, 0);
+        std::ranges::generate(bytes, [&] { return char(engine() % 3 ? 0x80 + engine() % 0x80 : engine() % 0x80); });
+        const QString text = decode(bytes);
+        ASSERT_EQ(encode(text).size(), bytes.size()) << bytes.toHex().toStdString();
+        ASSERT_EQ(gbkLength(text), bytes.size());
+        ASSERT_EQ(text.contains(QChar::ReplacementCharacter), encode(text) != bytes || !isEncodable(text));
+    }
+}
+
+} // namespace

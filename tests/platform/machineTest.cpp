@@ -1,0 +1,89 @@
+// Settings, the claim of a single instance, and paths.
+#include "platform/paths.h"
+#include "platform/settings.h"
+#include "platform/singleInstance.h"
+#include "support/qtPrinters.h"
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace platform;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+TEST(Settings, ComeBackAsTheyWereAndAreTheOwnersAlone) {
+    const QTemporaryDir folder;
+    const QString inside = folder.filePath(u"new/one"_s);
+    const Settings settings(inside);
+    EXPECT_EQ(settings.read(u"应用"_s, u"Setting"_s, u"Key"_s, u"none"_s), u"none");
+    const QString file = inside + u"/应用.ini";
+    for (const QString &value : {u"PROVIDER=MSDASQL;DSN=a,b;PWD=\"x;y\" "_s, u" 密码 %1@\\ "_s, u"@x\r\ny"_s, u""_s}) {
+        ASSERT_TRUE(settings.write(u"应用"_s, u"Setting"_s, u"Key"_s, value));
+        ASSERT_TRUE(settings.write(u"应用"_s, u"SystemInf"_s, u"Key"_s, u"1"_s));
+        EXPECT_EQ(Settings(inside).read(u"应用"_s, u"Setting"_s, u"Key"_s, u"none"_s), value);
+        EXPECT_EQ(QFile::permissions(file) &
+                      (QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther),
+                  0);
+        QFile::setPermissions(file, QFile::permissions(file) | QFile::ReadOther);
+    }
+    EXPECT_EQ(QDir(inside).entryList(QDir::Files | QDir::Hidden).size(), 1);
+    EXPECT_FALSE(Settings(file + u"/below").write(u"a"_s, u"b"_s, u"c"_s, u"d"_s));
+}
+
+TEST(SingleInstance, LetsGoWhenItsProcessDies) {
+    const QTemporaryDir folder;
+    qputenv("XDG_RUNTIME_DIR", folder.path().toLocal8Bit());
+    const QString name = u"instance"_s;
+    int ready[2];
+    ASSERT_EQ(pipe(ready), 0);
+    const pid_t child = fork();
+    if (child == 0) {
+        const SingleInstance claim(name);
+        const char first = claim.isFirst() ? 'y' : 'n';
+        std::ignore = write(ready[1], &first, 1);
+        pause();
+    }
+    char first = 0;
+    ASSERT_EQ(read(ready[0], &first, 1), 1);
+    EXPECT_EQ(first, 'y');
+    EXPECT_FALSE(SingleInstance(name).isFirst());
+    EXPECT_TRUE(SingleInstance(u"another"_s).isFirst());
+    kill(child, SIGKILL);
+    waitpid(child, nullptr, 0);
+    const SingleInstance mine(name);
+    EXPECT_TRUE(mine.isFirst());
+    EXPECT_FALSE(SingleInstance(name).isFirst());
+    close(ready[0]);
+    close(ready[1]);
+}
+
+TEST(Paths, GoByTheSeparatorOfTheMachine) {
+    EXPECT_EQ(pathWithSlash(u"C:\\a"_s, u'\\'), u"C:\\a\\");
+    EXPECT_EQ(pathWithSlash(u"C:\\"_s, u'\\'), u"C:\\");
+    EXPECT_EQ(pathWithSlash(u""_s, u'/'), u"/");
+    EXPECT_EQ(folderOf(u"C:\\a\\b.iso"_s, u'\\'), u"C:\\a\\");
+    EXPECT_EQ(folderOf(u"b.iso"_s, u'\\'), u"");
+}
+
+TEST(Paths, WildcardsReadTheRestLiterally) {
+    const QTemporaryDir directory;
+    const QString folder = directory.path() + u'/';
+    for (const QString &name :
+         {u"a[1]*00.iso"_s, u"a[1]*01.iso"_s, u"a1x02.iso"_s, u"a[1]*003.iso"_s, u"A[1]*04.iso"_s})
+        ASSERT_TRUE(QFile(folder + name).open(QIODevice::WriteOnly));
+    ASSERT_TRUE(QDir(folder).mkdir(u"a[1]*05.iso"_s));
+    EXPECT_EQ(filesWithTwoWildcards(folder, u"a[1]*"_s, u".iso"_s),
+              (QStringList{folder + u"a[1]*00.iso", folder + u"a[1]*01.iso"}));
+    EXPECT_TRUE(fileExists(folder + u"a1x02.iso"));
+    ASSERT_TRUE(removeFile(folder + u"a1x02.iso"));
+    EXPECT_FALSE(removeFile(folder + u"a1x02.iso"));
+    for (const QString &none : QStringList{folder + u"a1x02.iso", folder, u""_s})
+        EXPECT_FALSE(fileExists(none)) << none.toStdString();
+}
+
+} // namespace

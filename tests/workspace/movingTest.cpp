@@ -1,0 +1,108 @@
+#include "workspaceFixture.h"
+
+using namespace Qt::StringLiterals;
+using Moving = Workspace;
+using platform::Answer;
+
+namespace {
+
+const QString question = u"本条记录已经改变,是否确定暂时改变该记录?\r\n"
+                         u"(注:你可以修改预读出的记录,然后可以点击保存按扭,保存到新文件中)"_s;
+
+} // namespace
+
+TEST_F(Moving, GridShowsTheCurrentRecord) {
+    auto &window = load(3);
+    EXPECT_EQ(window.Grid1->text(0, 3), u"子字段说明"_s);
+    const QStringList expected = {u"头标区|000|"_s, u"|001|"_s, u"题名与责任者|200|指示符"_s, u"|$a|正题名"_s,
+                                  u"|$f|第一责任者"_s};
+    ASSERT_EQ(window.Grid1->rows(), 6);
+    for (int row = 1; row < 6; ++row)
+        EXPECT_EQ(cell(row, 1) + u'|' + cell(row, 2) + u'|' + cell(row, 3), expected[row - 1]);
+    EXPECT_EQ(cell(2, 4), u"0#1"_s);
+    EXPECT_EQ(cell(3, 4), u"1#"_s);
+    EXPECT_EQ(window.Grid1->row(), 1);
+    EXPECT_EQ(window.Grid1->cellBackground(5, 3), quint32(0xC0C0C0));
+    EXPECT_EQ(window.Grid1->cellBackground(5, 4), std::nullopt);
+
+    QFile::remove(host.folder + u"/marcBJshuoming.Qvs"_s);
+    window.cmdTiMing[1]->click();
+    EXPECT_EQ(host.texts(), QStringList{u"配置文件【"_s + host.folder + u"/marcBJshuoming.Qvs】丢失。"});
+    EXPECT_EQ(cell(4, 4), u"题2"_s);
+}
+
+TEST_F(Moving, StepsColourRowsAndStopAtTheEnds) {
+    auto &window = load(19);
+    show();
+    window.cmdTiMing[0]->click();
+    EXPECT_EQ(window.Text2->text(), u"1"_s);
+    QTest::keyClick(window.Grid2, Qt::Key_Down);
+    EXPECT_EQ(window.Grid2->cellBackground(0, 1), workspace::visitedRecordColour);
+    EXPECT_EQ(window.Grid2->cellBackground(1, 1), workspace::currentRecordColour);
+    EXPECT_EQ(window.Text2->text(), u"2"_s);
+    EXPECT_EQ(cell(4, 4), u"题2"_s);
+    for (int i = 0; i < 30; ++i)
+        window.cmdTiMing[1]->click();
+    EXPECT_EQ(window.Grid2->row(), 19);
+    EXPECT_EQ(window.Text2->text(), QString()); // the list's last row is empty
+    EXPECT_EQ(cell(4, 4), u"题19"_s);           // and the grid keeps the record before it
+}
+
+TEST_F(Moving, LeavingAnEditedRecord) {
+    auto &window = load(5);
+    show();
+    const auto edit = [&](const QString &title) {
+        window.Grid1->setText(4, 4, title);
+        window.recordChanged = u"yes"_s;
+    };
+    const QString untouched = window.records().record(0);
+    edit(u"弃"_s);
+    host.willAnswer(Answer::No);
+    QTest::keyClick(window.Grid2, Qt::Key_Down);
+    EXPECT_EQ(window.records().record(0), untouched);
+    EXPECT_EQ(window.recordChanged, QString());
+
+    edit(u"留"_s); // record 2, in the list: the title follows
+    host.willAnswer(Answer::Yes);
+    QTest::keyClick(window.Grid2, Qt::Key_Down);
+    EXPECT_TRUE(window.records().record(1).contains(u"$a留$f"_s.replace(u'$', QChar(0x1F))));
+    EXPECT_EQ(window.records().title(1), u"留"_s);
+
+    edit(u"改"_s); // record 3, by the button: the title stays
+    host.willAnswer(Answer::Yes);
+    window.cmdTiMing[0]->click();
+    EXPECT_TRUE(window.records().record(2).contains(u'改'));
+    EXPECT_EQ(window.records().title(2), u"题3"_s);
+    EXPECT_EQ(cell(4, 4), u"留"_s);
+    EXPECT_EQ(host.texts(), QStringList(3, question));
+    EXPECT_EQ(host.lastBox().title, QString());
+    window.cmdTiMing[0]->click(); // the record that was entered is unchanged: nothing is asked
+}
+
+TEST_F(Moving, ViewsProofAndImport) {
+    auto &window = load(2);
+    window.Grid1->setText(4, 4, u"新名"_s);
+    window.recordChanged = u"yes"_s;
+    const QString made = window.madeMyMarc();
+    window.cmdclick[0]->click();
+    window.cmdclick[1]->click();
+    EXPECT_EQ(opened, (QStringList{u"标准 "_s + made, u"卡片 "_s + made}));
+    EXPECT_EQ(window.records().title(0), u"题1"_s);
+    window.cmdclick[4]->click();
+    EXPECT_EQ(host.lastBox().text, u"暂无此功能"_s);
+
+    opened.clear();
+    write("cnmarc_default.Qvs", u"200 题名\r\n"_s);
+    write("mobanJiaoDui.QVs", u"\r\n"_s);
+    window.cmdclick[2]->click();
+    ASSERT_EQ(opened.size(), 1);
+    EXPECT_TRUE(opened[0].startsWith(u"Error:100字段（必备字段）不存在！\r\n"_s)) << opened[0].toStdString();
+
+    host.willAnswer(Answer::Yes);
+    window.cmdclick[5]->click();
+    EXPECT_EQ(opened.last(), u"2 "_s + made);
+    EXPECT_EQ(window.recordChanged, u"yes"_s);
+    host.willAnswer(Answer::No);
+    EXPECT_FALSE(window.close());
+    EXPECT_EQ(host.lastBox().preselected, Answer::No);
+}

@@ -1,0 +1,129 @@
+#include "workspaceFixture.h"
+
+using namespace Qt::StringLiterals;
+using Reading = Workspace;
+
+TEST_F(Reading, FirstBatchAndRemainder) {
+    const struct {
+        int records, listed, rows;
+        const char *estimate;
+    } cases[] = {
+        {0, 0, 20, "0"}, {5, 5, 20, "5"}, {200, 200, 200, "200"}, {201, 200, 200, "201"}, {203, 200, 200, "203"}};
+    for (const auto &c : cases) {
+        auto &window = load(c.records);
+        EXPECT_EQ(window.records().rowCount(), c.rows);
+        EXPECT_EQ(window.Grid2->rows(), c.rows);
+        EXPECT_EQ(window.Text2->text(), c.records ? u"1"_s : QString());
+        EXPECT_EQ(window.Text3->pacedText(), c.listed ? QString::number(c.listed) : QString());
+        EXPECT_EQ(window.Text4->text(), QString::fromUtf8(c.estimate)) << c.records;
+        EXPECT_EQ(window.Grid2->cellBackground(0, 1), workspace::currentRecordColour);
+        EXPECT_EQ(window.labJinDu->text(), u"预读结束"_s);
+        EXPECT_FALSE(window.cmdJieShu->isEnabled());
+
+        window.cmdclick[3]->click();
+        EXPECT_EQ(window.Text4->text(), QString::number(c.records));
+        EXPECT_FALSE(window.cmdclick[3]->isEnabled());
+        EXPECT_EQ(window.labJinDu->text(), u"预读结束"_s);
+        EXPECT_EQ(window.Grid2->text(c.records - 1, 0), c.records ? QString::number(c.records) : QString());
+    }
+    EXPECT_TRUE(host.boxes.isEmpty());
+}
+
+TEST_F(Reading, StopAndGoOnLeavesNoGap) {
+    auto &window = load(500);
+    QString stateInTheMidst;
+    host.onYield = [&] {
+        if (window.records().rowCount() == 349) {
+            stateInTheMidst = window.labJinDu->text();
+            window.cmdclick[5]->click(); // refused while reading
+            EXPECT_FALSE(window.close());
+            window.cmdJieShu->click();
+        }
+    };
+    window.cmdclick[3]->click();
+    EXPECT_EQ(stateInTheMidst, u"正在继续预读......."_s);
+    EXPECT_EQ(host.texts(), (QStringList{u"正在预读或者正在导入！请先结束预读或者结束导入！"_s,
+                                         u"预读还没有结束，请先结束预读！"_s}));
+    EXPECT_EQ(window.records().rowCount(), 350);
+    EXPECT_EQ(window.Text4->text(), u"500"_s);
+    EXPECT_TRUE(window.cmdclick[3]->isEnabled());
+    EXPECT_FALSE(window.cmdJieShu->isEnabled());
+    host.onYield = {};
+    window.cmdclick[3]->click();
+    EXPECT_EQ(titles(348, 352), (QStringList{u"349 题349"_s, u"350 题350"_s, u"351 题351"_s, u"352 题352"_s}));
+    EXPECT_EQ(window.records().rowCount(), 500);
+}
+
+// Between the press on the stop button and the loop's next look at it, anything may be pressed.
+TEST_F(Reading, PressesBetweenStopAndItsEffect) {
+    auto &window = load(300);
+    bool pressed = false;
+    host.onYield = [&] {
+        if (pressed || window.records().rowCount() < 250)
+            return;
+        pressed = true;
+        window.cmdJieShu->click();
+        window.cmdclick[3]->click(); // reads on to the end, inside the yield
+        EXPECT_EQ(window.records().rowCount(), 300);
+        window.records().setTitle(299, u"改"_s);
+    };
+    window.cmdclick[3]->click();
+    EXPECT_EQ(window.records().title(299), u"改"_s); // the first loop has left and overwrites nothing
+    EXPECT_EQ(window.Text3->pacedText(), u"300"_s);
+    EXPECT_FALSE(window.cmdclick[3]->isEnabled());
+
+    auto &second = load(300);
+    host.onYield = [&] {
+        second.cmdJieShu->click();
+        host.willAnswer(platform::Answer::Yes);
+        EXPECT_TRUE(second.close());
+    };
+    second.show();
+    second.cmdclick[3]->click();
+    EXPECT_EQ(second.records().rowCount(), 200);
+}
+
+TEST_F(Reading, FilesThatDisappoint) {
+    const QString opening = u"打开文件失败，无法导入，请重新选择"_s;
+    auto &missing = load();
+    EXPECT_EQ(host.texts(), QStringList{opening});
+    EXPECT_EQ(missing.labJinDu->text(), u"预读结束"_s);
+    EXPECT_EQ(missing.Text4->text(), QString());
+    missing.cmdTiMing[1]->click(); // onto an empty row
+    missing.cmdclick[0]->click();
+
+    auto &window = load(201);
+    QFile::remove(path());
+    window.cmdclick[3]->click();
+    EXPECT_EQ(host.texts(), (QStringList{opening, opening}));
+    EXPECT_EQ(window.labJinDu->text(), u"正在预读......"_s);
+    EXPECT_TRUE(window.cmdJieShu->isEnabled());
+    window.cmdJieShu->click();
+    EXPECT_TRUE(window.cmdclick[3]->isEnabled());
+
+    write("records.iso",
+          u"\r\n"_s + titled(u"折"_s).insert(30, u"\r\n"_s) + u"尾巴\r\n"_s + titled(u"末"_s).chopped(1));
+    load();
+    EXPECT_EQ(form->records().record(0), titled(u"折"_s));
+    EXPECT_EQ(form->Text3->pacedText() + u' ' + form->Text4->text(), u"1 1"_s);
+}
+
+TEST_F(Reading, RecordsThatCannotBeRead) {
+    const QString damaged = titled(u"坏"_s).insert(24, u'0');
+    QString noNumbers = titled(u"误"_s);
+    noNumbers.replace(12, 5, u"xxxxx"_s);
+    write("records.iso", damaged + u"\r\n"_s + titled(u"好"_s) + u"\r\n"_s + noNumbers + u"\r\n"_s + damaged);
+    for (const auto answer : {platform::Answer::Yes, platform::Answer::No, platform::Answer::No})
+        host.willAnswer(answer); // record 1 for the title and for the grid, record 4 for the title
+    auto &window = load();
+    EXPECT_EQ(host.boxes.size(), 3);
+    EXPECT_EQ(host.boxes[0].text,
+              u"地址目次区数据存在错误，本条数据无法处理！\r\n是否查看该条机读数据？（不查看选择‘否’继续）"_s);
+    EXPECT_EQ(opened, QStringList{damaged});
+    EXPECT_EQ(titles(0, 4), (QStringList{u"1 "_s, u"2 好"_s, u"3 好"_s, u"4 "_s}));
+    EXPECT_EQ(window.Grid1->rows(), 2);
+    EXPECT_EQ(cell(1, 2), QString());
+    EXPECT_EQ(window.records().record(3), damaged);
+    window.cmdTiMing[1]->click();
+    EXPECT_EQ(cell(1, 2), u"000"_s);
+}

@@ -1,0 +1,80 @@
+// A workspace on files of the test's own, whose other windows only note that they were opened.
+#pragma once
+
+#include "platform/codepage936.h"
+#include "support/recordText.h"
+#include "support/scriptedHost.h"
+#include "workspace/fieldGrid.h"
+#include "workspace/frmDaoru.h"
+#include <QFile>
+#include <QtTest/QTest>
+#include <gtest/gtest.h>
+
+struct Workspace : testing::Test {
+    ScriptedHost host;
+    QStringList opened; // what the other windows were handed, in order
+    std::optional<QString> assistantGives;
+    std::unique_ptr<workspace::frmDaoru> form;
+
+    void SetUp() override {
+        write("marcBJshuoming.Qvs", QStringLiteral("[200] 题名与责任者\r\n$a 正题名\r\n$f 第一责任者\r\n[999]\r\n"));
+    }
+    QString write(const char *name, const QString &text) {
+        const QString path = host.folder + u'/' + QString::fromUtf8(name);
+        EXPECT_TRUE(platform::writeTextFile(path, text));
+        return path;
+    }
+    QString path() const { return host.folder + QStringLiteral("/records.iso"); }
+
+    static QString titled(const QString &title) {
+        return recordOf({{QStringLiteral("001"), QStringLiteral("0 1")},
+                         {QStringLiteral("200"), QStringLiteral("1 $a") + title + QStringLiteral("$f著者")}});
+    }
+    // Titles 题1, 题2, …
+    void writeRecords(int count) {
+        QString text;
+        for (int i = 1; i <= count; ++i)
+            text += titled(u"题" + QString::number(i)) + QStringLiteral("\r\n");
+        write("records.iso", text);
+    }
+    workspace::frmDaoru &load() {
+        const auto note = [this](const QString &what) { opened.append(what); };
+        form = std::make_unique<workspace::frmDaoru>(
+            host, workspace::WorkspaceWindows{
+                      .showCard = [note](const QString &record, const QString &mode,
+                                         QWidget *) { note(mode + u' ' + record); },
+                      .showReport = [note](const QString &text, QWidget *) { note(text); },
+                      .runImport = [note](std::shared_ptr<const marc::PreReadStore> records, const QString &count,
+                                          QWidget *) { note(count + u' ' + records->record(0)); },
+                      .leaderAssistant =
+                          [this, note](const QString &text, QWidget *) {
+                              note(QStringLiteral("LR000 ") + text);
+                              return assistantGives;
+                          },
+                      .field100Assistant =
+                          [this, note](const QString &text, QWidget *) {
+                              note(QStringLiteral("LR100 ") + text);
+                              return assistantGives;
+                          },
+                  });
+        form->publicMarcFile = path();
+        form->load();
+        return *form;
+    }
+    workspace::frmDaoru &load(int records) {
+        writeRecords(records);
+        return load();
+    }
+    void show() {
+        form->show();
+        form->activateWindow();
+        QApplication::processEvents();
+    }
+    QStringList titles(int from, int to) const {
+        QStringList found;
+        for (int row = from; row < to; ++row)
+            found.append(form->records().number(row) + u' ' + form->records().title(row));
+        return found;
+    }
+    QString cell(int row, int column) const { return form->Grid1->text(row, column); }
+};
