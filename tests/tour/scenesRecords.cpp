@@ -1,8 +1,10 @@
 #include "app/startUp.h"
 #include "platform/database/connection.h"
 #include "tour/scenes.h"
+#include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
 
 using namespace Qt::StringLiterals;
