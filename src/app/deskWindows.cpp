@@ -3,6 +3,8 @@
 #include "app/frmHelp.h"
 #include "app/frmLook.h"
 #include "app/marcMain.h"
+#include "assist/frmHelpLR000.h"
+#include "assist/frmHelpLR100.h"
 #include "card/frmMarcKaPian.h"
 #include "filetools/frmCutFile.h"
 #include "filetools/frmUnionFile.h"
@@ -57,14 +59,11 @@ workspace::WorkspaceWindows DeskWindows::workspaceWindows() {
                 window.Text2->setText(count);
                 window.exec();
             },
-        .leaderAssistant = [this](const QString &, QWidget *) { return notProvided(); },
-        .field100Assistant = [this](const QString &, QWidget *) { return notProvided(); },
+        .leaderAssistant = [this](const QString &leader,
+                                  QWidget *owner) { return assist::frmHelpLR000::edit(m_host, owner, leader); },
+        .field100Assistant = [this](const QString &field100,
+                                    QWidget *owner) { return assist::frmHelpLR100::edit(m_host, owner, field100); },
     };
-}
-
-std::optional<QString> DeskWindows::notProvided() {
-    m_host.tell(u"暂无此功能"_s, u"操作提示"_s);
-    return std::nullopt;
 }
 
 void DeskWindows::showReport(const QString &text, QWidget *owner) {

@@ -29,7 +29,6 @@ public:
 private:
     void showWorkspace(const QString &file, QWidget *owner);
     workspace::WorkspaceWindows workspaceWindows();
-    std::optional<QString> notProvided();
     void showReport(const QString &text, QWidget *owner);
 
     platform::Host &m_host;

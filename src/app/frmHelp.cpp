@@ -14,7 +14,7 @@ QString helpHtml() {
     for (const HelpSection &section : helpSections) {
         html += u"<h3>" + section.title + u"</h3>";
         for (const QStringView paragraph : section.text.split(u'\n', Qt::SkipEmptyParts))
-            html += u"<p style=\"line-height:150%\">　　" + paragraph + u"</p>";
+            html += u"<p style=\"line-height:150%; white-space:pre-wrap\">　　" + paragraph + u"</p>";
     }
     html += u"<table cellpadding=3>"_s;
     for (const Standard &standard : helpStandards)
@@ -31,11 +31,12 @@ frmHelp::frmHelp(QWidget *parent)
     RichTextBox1->setAccessibleName(windowTitle());
     RichTextBox1->setReadOnly(true);
     RichTextBox1->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    RichTextBox1->setCursorWidth(0); // it is there for selecting by keys; nothing is written here
     RichTextBox1->document()->setDocumentMargin(fontMetrics().height());
     RichTextBox1->setHtml(helpHtml());
     setLayout(platform::row({RichTextBox1}));
     const int line = fontMetrics().height();
-    resize(44 * line, 34 * line);
+    resize(48 * line, 37 * line);
 }
 
 } // namespace app

@@ -4,6 +4,7 @@
 #include "platform/widgets/layout.h"
 #include <QFrame>
 #include <QIcon>
+#include <QPainter>
 #include <QScreen>
 
 using namespace Qt::StringLiterals;
@@ -12,15 +13,36 @@ namespace app {
 
 namespace {
 
+constexpr QColor lightWords(0xfd, 0xfb, 0xf4);
+
 QFont enlarged(QFont font, double factor, bool bold) {
     font.setPointSizeF(font.pointSizeF() * factor);
     font.setBold(bold);
     return font;
 }
 
+// The maker's mark: the first letter of the name in a ring.
+QLabel *makerMark(const QString &objectName) {
+    auto *label = new QLabel;
+    label->setObjectName(objectName);
+    const int side = 2 * label->fontMetrics().lineSpacing();
+    const double ratio = label->devicePixelRatioF();
+    QPixmap mark(QSize(side, side) * ratio);
+    mark.setDevicePixelRatio(ratio);
+    mark.fill(Qt::transparent);
+    QPainter painter(&mark);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(lightWords, side / 14.0));
+    painter.drawEllipse(QRectF(0, 0, side, side).adjusted(2, 2, -2, -2));
+    painter.setFont(enlarged(label->font(), 1.2, true));
+    painter.drawText(QRect(0, 0, side, side), Qt::AlignCenter, makerName.first(1).toString());
+    label->setPixmap(mark);
+    return label;
+}
+
 // Light words on the dark picture, whatever the desktop's colours are; the button keeps its own.
 QPalette onPicture(QPalette palette) {
-    palette.setColor(QPalette::WindowText, QColor(0xfd, 0xfb, 0xf4));
+    palette.setColor(QPalette::WindowText, lightWords);
     palette.setColor(QPalette::Link, QColor(0xa9, 0xd4, 0xff));
     return palette;
 }
@@ -40,7 +62,7 @@ frmLook::frmLook(platform::Host &host, QWidget *parent)
     : Window(u"frmLook"_s, u"Tarvex图书馆管理集成系统"_s, parent)
     , Picture1(new Backdrop(u"Picture1"_s, this))
     , imgMain(emblem(u"imgMain"_s, 7))
-    , Image1(emblem(u"Image1"_s, 2))
+    , Image1(makerMark(u"Image1"_s))
     , lMain(new QLabel(u"Tarvex图书馆管理集成系统"_s))
     , Label1(new QLabel(makerName.toString()))
     , lHttp(webLink(u"lHttp"_s, host, this))

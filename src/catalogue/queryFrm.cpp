@@ -89,6 +89,7 @@ void QueryDialog::layOut() {
     for (QComboBox *combo : {cSql, cOrderby})
         combo->setMinimumContentsLength(8);
     cFuhao->setMinimumContentsLength(6);
+    lSql->setMinimumWidth(fontMetrics().horizontalAdvance(u"____-__-______"_s));
     LFields->setMinimumWidth(fontMetrics().horizontalAdvance(u"入库日期入库日期"_s));
 }
 

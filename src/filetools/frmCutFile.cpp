@@ -42,6 +42,7 @@ void frmCutFile::layOut() {
     }
     cmdSelect[0]->setAccessibleName(u"浏览需要处理的机读目录文件"_s);
     cmdSelect[1]->setAccessibleName(u"浏览拆分后的目标文件"_s);
+    Text1[0]->setMinimumWidth(24 * fontMetrics().height()); // a usual path is seen whole
     setLayout(column({
         framed(Frame1, column({
                            LabShuoMing[0],

@@ -50,7 +50,7 @@ Status SplitRun::write(QStringView limit) {
     ++m_inFile;
     if (const Status written = writeRecord(*m_writer, m_records->bytes()); !written)
         return written;
-    const std::optional<qint64> most = recordsPerFile(limit);
+    const std::optional<qint64> &most = mostPerFile(limit);
     if (!most)
         return failed(noLimit());
     return m_total % *most == 0 ? rollOver() : platform::success();
@@ -69,12 +69,20 @@ Status SplitRun::rollOver() {
 }
 
 Status SplitRun::close(QStringView limit) {
-    const std::optional<qint64> most = recordsPerFile(limit);
+    const std::optional<qint64> &most = mostPerFile(limit);
     if (!most)
         return failed(noLimit());
     if (m_total % *most != 0)
         reportTarget();
     return m_writer->close();
+}
+
+const std::optional<qint64> &SplitRun::mostPerFile(QStringView limit) {
+    if (limit != m_limit) {
+        m_limit = limit.toString();
+        m_mostPerFile = recordsPerFile(limit);
+    }
+    return m_mostPerFile;
 }
 
 void SplitRun::reportTarget() {

@@ -31,6 +31,8 @@ private:
     platform::Status openTarget(int number);
     platform::Status rollOver();
     void reportTarget();
+    // The records per file that the text means; it is read anew only where it has changed.
+    const std::optional<qint64> &mostPerFile(QStringView limit);
     // Hands over what was written so far, so that a failed run leaves all of it, and passes the failure on.
     platform::Failure failed(platform::Failure failure);
 
@@ -40,6 +42,8 @@ private:
     std::optional<platform::ByteWriter> m_writer;
     QString m_currentFile;
     QString m_targetLines;
+    QString m_limit; // the text that m_mostPerFile was read from
+    std::optional<qint64> m_mostPerFile;
     int m_number = TargetPattern::firstNumber;
     qint32 m_total = 0;
     qint32 m_inFile = 0;

@@ -1,12 +1,20 @@
 #include "tour/tourDriver.h"
+#include "platform/widgets/flexGrid.h"
+#include "platform/widgets/pacedLabel.h"
 #include <QApplication>
+#include <QComboBox>
 #include <QElapsedTimer>
+#include <QLineEdit>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QPixmap>
+#include <QPlainTextEdit>
 #include <QProcess>
 #include <QScreen>
 #include <QThread>
+#include <condition_variable>
 #include <cstdio>
+#include <mutex>
 
 using namespace Qt::StringLiterals;
 
@@ -34,8 +42,40 @@ QMessageBox *boxWithText(const QString &text) {
 TourDriver::TourDriver(const QString &folder)
     : m_folder(folder) {}
 
+// A call that waits for the windows' thread would wait for ever once the program has ended, so it is only queued, and
+// the waiting ends with the program.
 void TourDriver::invoke(const std::function<void()> &function) {
-    QMetaObject::invokeMethod(qApp, function, Qt::BlockingQueuedConnection);
+    struct Call {
+        std::mutex mutex;
+        std::condition_variable done;
+        bool finished = false;
+        bool abandoned = false;
+    };
+    const auto call = std::make_shared<Call>();
+    QMetaObject::invokeMethod(
+        qApp,
+        [call, &function] {
+            const std::lock_guard lock(call->mutex);
+            if (call->abandoned)
+                return;
+            function();
+            call->finished = true;
+            call->done.notify_one();
+        },
+        Qt::QueuedConnection);
+    std::unique_lock lock(call->mutex);
+    while (!call->finished && !m_ended)
+        call->done.wait_for(lock, std::chrono::milliseconds(50));
+    call->abandoned = !call->finished;
+}
+
+bool TourDriver::waitForEnd(int milliseconds) {
+    QElapsedTimer clock;
+    clock.start();
+    while (!m_ended && clock.elapsed() < milliseconds)
+        QThread::msleep(20);
+    expect(m_ended, u"the program ends"_s);
+    return m_ended;
 }
 
 QWidget *TourDriver::find(const QString &name) {
@@ -99,6 +139,56 @@ void TourDriver::xdotool(const QStringList &arguments) {
     QThread::msleep(60);
 }
 
+QString TourDriver::textOf(const QString &name) {
+    return look([name]() -> QString {
+        QWidget *widget = find(name);
+        if (auto *label = qobject_cast<platform::PacedLabel *>(widget))
+            return label->text();
+        if (auto *label = qobject_cast<QLabel *>(widget))
+            return label->text();
+        if (auto *line = qobject_cast<QLineEdit *>(widget))
+            return line->text();
+        if (auto *box = qobject_cast<QPlainTextEdit *>(widget))
+            return box->toPlainText();
+        if (auto *box = qobject_cast<QTextEdit *>(widget))
+            return box->toPlainText();
+        if (auto *box = qobject_cast<QComboBox *>(widget))
+            return box->currentText();
+        return widget ? widget->windowTitle() : QString();
+    });
+}
+
+bool TourDriver::waitForText(const QString &name, const QString &text, int milliseconds) {
+    QElapsedTimer clock;
+    clock.start();
+    while (textOf(name) != text && clock.elapsed() < milliseconds)
+        QThread::msleep(20);
+    expectEqual(textOf(name), text, name);
+    return textOf(name) == text;
+}
+
+QString TourDriver::cell(const QString &grid, int row, int column) {
+    return look([&] {
+        auto *found = find<platform::FlexGrid>(grid);
+        return found ? found->text(row, column) : QString();
+    });
+}
+
+int TourDriver::rows(const QString &grid) {
+    return look([&] {
+        auto *found = find<platform::FlexGrid>(grid);
+        return found ? found->rows() : -1;
+    });
+}
+
+void TourDriver::clickCell(const QString &grid, int row, int column, int button, int times) {
+    const QPoint centre = look([&] {
+        auto *found = find<platform::FlexGrid>(grid);
+        return found ? found->parentWidget()->mapToGlobal(found->cellRect(row, column).center()) : QPoint();
+    });
+    clickAt(centre, button, times);
+}
+
 void TourDriver::click(const QString &name, int button) {
     if (!waitUntil(u"control " + name, [name] { return find(name) && find(name)->isEnabled(); }))
         return;
@@ -107,6 +197,25 @@ void TourDriver::click(const QString &name, int button) {
         return widget->mapToGlobal(widget->rect().center());
     });
     clickAt(centre, button);
+}
+
+void TourDriver::openMenu(const QString &menu, const QString &item) {
+    const auto findMenu = [menu]() -> QMenu * {
+        QWidget *bar = find(u"marcMain"_s);
+        return bar ? bar->findChild<QMenu *>(menu) : nullptr;
+    };
+    const QPoint title = look([&] {
+        const QMenu *opened = findMenu();
+        auto *bar = opened ? qobject_cast<QMenuBar *>(opened->parentWidget()) : nullptr;
+        return bar ? bar->mapToGlobal(bar->actionGeometry(opened->menuAction()).center()) : QPoint();
+    });
+    clickAt(title);
+    waitUntil(u"menu " + menu, [&] { return findMenu() && findMenu()->isVisible(); });
+    const QPoint place = look([&] {
+        QMenu *opened = findMenu();
+        return opened->mapToGlobal(opened->actionGeometry(opened->findChild<QAction *>(item)).center());
+    });
+    clickAt(place);
 }
 
 void TourDriver::clickAt(const QPoint &global, int button, int times) {

@@ -8,6 +8,7 @@
 #include <QString>
 #include <QStringList>
 #include <QWidget>
+#include <atomic>
 #include <functional>
 
 namespace tour {
@@ -42,7 +43,17 @@ public:
     bool waitForWindow(const QString &name);
     bool waitUntilGone(const QString &name);
 
+    // What a control shows as text, whatever its kind.
+    QString textOf(const QString &name);
+    // Waits until the control shows that text.
+    bool waitForText(const QString &name, const QString &text, int milliseconds = 10000);
+    QString cell(const QString &grid, int row, int column);
+    int rows(const QString &grid);
+    void clickCell(const QString &grid, int row, int column, int button = 1, int times = 1);
+
     void click(const QString &name, int button = 1);
+    // Opens a menu of the main window and chooses an item, both by the mouse.
+    void openMenu(const QString &menu, const QString &item);
     void clickAt(const QPoint &global, int button = 1, int times = 1);
     // A key or chord as the X server's tools name it: "Return", "alt+s", "shift+Down".
     void key(const QString &chord, int times = 1);
@@ -56,11 +67,16 @@ public:
     void expectEqual(const QString &is, const QString &shouldBe, const QString &what);
     int failures() const { return m_failures; }
 
+    // The program has come to its end: from here on nothing can be looked at, and waits end at once.
+    void programEnded() { m_ended = true; }
+    bool waitForEnd(int milliseconds = 10000);
+
 private:
     void invoke(const std::function<void()> &function);
     void xdotool(const QStringList &arguments);
 
     QString m_folder;
+    std::atomic_bool m_ended = false;
     int m_pictures = 0;
     int m_failures = 0;
 };

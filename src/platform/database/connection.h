@@ -31,8 +31,9 @@ private:
     std::unique_ptr<Handle> m_handle;
 };
 
-// Released connections are kept open for the next use. This ends them all, so that an SQLite database is one whole file
-// again; the end of the QCoreApplication does so too. To be called before a process ends in any other way.
+// Released connections are kept open for the next use, for some seconds. This ends them at once, so that an SQLite
+// database is one whole file again; the end of the QCoreApplication does so too. To be called before a process ends
+// otherwise.
 void endKeptConnections();
 
 } // namespace platform

@@ -52,7 +52,7 @@ QString driverText(const QString &connectionString, const QString &dataSourceDri
         text += pair;
     };
     const QString database = connectionValue(text, u"Database");
-    if (contains(driver, u"*.mdb") && !database.isEmpty() && connectionValue(text, u"DBQ").isEmpty())
+    if (contains(driver, u"mdb") && !database.isEmpty() && connectionValue(text, u"DBQ").isEmpty())
         add(QString(u"DBQ=" + database + u';'));
     if (contains(driver, u"sqlite") && connectionValue(text, u"StepAPI").isEmpty())
         add(u"StepAPI=1;");

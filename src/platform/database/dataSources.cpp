@@ -4,11 +4,29 @@
 #include <array>
 #include <utility>
 
+#ifndef Q_OS_WIN
+#include <odbcinst.h>
+#endif
+
 namespace platform {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 using Entries = QList<std::pair<QString, QString>>;
+
+// unixODBC keeps its files as they are written, in UTF-8 nearly always, and widens them byte by byte where it is asked
+// for wide texts; the driver manager of Windows knows what it widens.
+#ifdef Q_OS_WIN
+using Character = SQLWCHAR;
+constexpr auto nextDataSource = SQLDataSourcesW;
+constexpr auto nextDriver = SQLDriversW;
+#else
+using Character = SQLCHAR;
+constexpr auto nextDataSource = SQLDataSources;
+constexpr auto nextDriver = SQLDrivers;
+#endif
 
 // Walks one of the driver manager's lists of names and descriptions.
 template <class Call>
@@ -18,7 +36,7 @@ Entries entries(Call next) {
     if (!environment)
         return found;
     for (SQLUSMALLINT direction = SQL_FETCH_FIRST;; direction = SQL_FETCH_NEXT) {
-        std::array<SQLWCHAR, 1024> name{}, description{};
+        std::array<Character, 1024> name{}, description{};
         SQLSMALLINT nameLength = 0, descriptionLength = 0;
         if (!SQL_SUCCEEDED(next(environment.get(), direction, name.data(), SQLSMALLINT(name.size() - 1), &nameLength,
                                 description.data(), SQLSMALLINT(description.size() - 1), &descriptionLength)))
@@ -39,20 +57,43 @@ QStringList names(const Entries &entries) {
 } // namespace
 
 QStringList dataSourceNames() {
-    return names(entries(SQLDataSourcesW));
+    return names(entries(nextDataSource));
 }
 
 QStringList driverNames() {
-    return names(entries(SQLDriversW));
+    return names(entries(nextDriver));
 }
 
 QString driverOfDataSource(QStringView name) {
     if (name.isEmpty())
         return {};
-    for (const auto &[source, description] : entries(SQLDataSourcesW))
+    for (const auto &[source, description] : entries(nextDataSource))
         if (source.compare(name, Qt::CaseInsensitive) == 0)
             return description;
     return {};
+}
+
+QString pairsOfDataSource(const QString &name) {
+    QString pairs;
+#ifndef Q_OS_WIN
+    // A null key asks for all keys, each ended by a NUL.
+    const auto read = [&name](const char *key) {
+        QByteArray buffer(4096, '\0');
+        SQLGetPrivateProfileString(name.toUtf8().constData(), key, "", buffer.data(), int(buffer.size() - 1),
+                                   "ODBC.INI");
+        return buffer;
+    };
+    for (const QByteArray &key : read(nullptr).split('\0')) {
+        if (key.isEmpty())
+            break;
+        const QString pair =
+            QString::fromUtf8(key) + u'=' + QString::fromUtf8(read(key.constData()).constData()) + u';';
+        pairs = pair.startsWith(u"Driver="_s, Qt::CaseInsensitive) ? QString(pair + pairs) : QString(pairs + pair);
+    }
+#else
+    Q_UNUSED(name)
+#endif
+    return pairs;
 }
 
 } // namespace platform

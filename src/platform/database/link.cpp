@@ -3,9 +3,13 @@
 #include "platform/database/dataSources.h"
 #include "platform/database/rowReader.h"
 #include <QCoreApplication>
+#include <QFile>
 #include <QHash>
+#include <QPointer>
+#include <QTimer>
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <vector>
 
 #ifndef Q_OS_WIN
@@ -19,9 +23,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr std::size_t mostKept = 4;
+constexpr std::chrono::seconds idleTime(2);
 
 struct Kept {
     std::vector<std::unique_ptr<Link>> links;
+    QPointer<QTimer> idle;
     // How many links of a text were ended. The driver manager may have a pool of its own, which would hand a link that
     // we ended back to us; it finds them by the letters of the text, so each ending changes them by one more ";".
     QHash<QString, int> ended;
@@ -37,13 +43,47 @@ Kept &kept() {
     return *links;
 }
 
+// Ends the kept links when no one has used any for a while: nothing is held open between one piece of work and the
+// next. None where there is no event loop.
+QTimer *idleTimer() {
+    QPointer<QTimer> &timer = kept().idle;
+    if (!timer && QCoreApplication::instance()) {
+        timer = new QTimer(QCoreApplication::instance());
+        timer->setSingleShot(true);
+        timer->setInterval(idleTime);
+        QObject::connect(timer, &QTimer::timeout, [] { Link::dropKept(); });
+    }
+    return timer;
+}
+
+// The drivers of unixODBC that have no wide calls: those of SQLite and of Access files.
+TextForm callsOf(const QString &driver) {
+#ifndef Q_OS_WIN
+    for (const QStringView narrow : {u"sqlite", u"mdb"})
+        if (driver.contains(narrow, Qt::CaseInsensitive))
+            return TextForm::Utf8;
+#endif
+    Q_UNUSED(driver)
+    return TextForm::Wide;
+}
+
+// MariaDB's driver takes a low byte of D8 to DB (勘, 盘, 还) for half of a surrogate pair and cuts the value's end off.
+TextForm valuesOf(Server server, TextForm calls) {
+#ifndef Q_OS_WIN
+    if (server == Server::MariaDb)
+        return TextForm::Utf8;
+#endif
+    Q_UNUSED(server)
+    return calls;
+}
+
 // What tells a file from another one that took its name. Empty where there is no file.
 QString identityOf(const QString &file) {
 #ifdef Q_OS_WIN
     return file; // an open database cannot be replaced there
 #else
     struct stat facts {};
-    if (file.isEmpty() || ::stat(file.toLocal8Bit().constData(), &facts) != 0)
+    if (file.isEmpty() || ::stat(QFile::encodeName(file).constData(), &facts) != 0)
         return {};
     return QString::number(facts.st_dev) + u':' + QString::number(facts.st_ino);
 #endif
@@ -63,16 +103,17 @@ Link::~Link() {
 Result<std::unique_ptr<Link>> Link::connect(const QString &connectionString) {
     std::unique_ptr<Link> link(new Link(connectionString));
     if (!link->m_connection)
-        return link->m_environment.failure();
-    QString text = driverText(connectionString, driverOfDataSource(connectionValue(connectionString, u"DSN")));
+        return link->m_environment.failure(TextForm::Wide);
+    const QString source = connectionValue(connectionString, u"DSN");
+    const QString driver = driverOfDataSource(source);
+    link->m_forms.calls = callsOf(connectionValue(connectionString, u"Driver") + driver);
+    QString text = driverText(connectionString, driver);
+    // unixODBC finds no data source by the wide characters of a Chinese name: what stands under that name goes ahead.
+    if (link->m_forms.calls == TextForm::Wide && source.toUtf8().size() != source.size())
+        text.prepend(pairsOfDataSource(source));
     text += QString(kept().ended.value(connectionString) % 256, u';');
-    std::array<SQLWCHAR, 2048> completed{};
-    SQLSMALLINT length = 0;
-    const SQLRETURN opened =
-        SQLDriverConnectW(link->m_connection.get(), nullptr, odbcText(text), SQL_NTS, completed.data(),
-                          SQLSMALLINT(completed.size() - 1), &length, SQL_DRIVER_NOPROMPT);
-    if (!SQL_SUCCEEDED(opened))
-        return link->m_connection.failure();
+    if (!SQL_SUCCEEDED(odbcConnect(link->m_connection.get(), text, link->m_forms.calls)))
+        return link->m_connection.failure(link->m_forms.calls);
     link->m_open = true;
     link->learn();
     return link;
@@ -101,6 +142,8 @@ void Link::keep(std::unique_ptr<Link> link) {
         links.front()->retire();
         links.erase(links.begin());
     }
+    if (QTimer *timer = idleTimer())
+        timer->start();
 }
 
 void Link::dropKept() {
@@ -114,15 +157,16 @@ void Link::dropKept() {
 void Link::retire() const {
     ++kept().ended[m_connectionString];
     if (m_server == Server::Sqlite)
-        run(u"PRAGMA wal_checkpoint(TRUNCATE)"_s);
+        firstColumn(u"PRAGMA wal_checkpoint(TRUNCATE)"_s); // it works when its result is fetched
 }
 
 bool Link::works() const {
     switch (m_server) {
     case Server::Sqlite:
         return identityOf(m_file) == m_fileIdentity;
-    case Server::PostgreSql:
     case Server::MariaDb:
+        return run(u"set @kept=0"_s); // its driver prepares a select first
+    case Server::PostgreSql:
     case Server::SqlServer:
         return run(u"select 1"_s);
     case Server::Other:
@@ -135,15 +179,15 @@ bool Link::works() const {
 
 bool Link::run(const QString &statement) const {
     const OdbcHandle handle(SQL_HANDLE_STMT, m_connection.get());
-    return handle && SQL_SUCCEEDED(SQLExecDirectW(handle.get(), odbcText(statement), SQLINTEGER(statement.size())));
+    return handle && SQL_SUCCEEDED(odbcExecute(handle.get(), statement, m_forms.calls));
 }
 
 QStringList Link::firstColumn(const QString &statement) const {
     QStringList values;
     const OdbcHandle handle(SQL_HANDLE_STMT, m_connection.get());
-    if (!handle || !SQL_SUCCEEDED(SQLExecDirectW(handle.get(), odbcText(statement), SQLINTEGER(statement.size()))))
+    if (!handle || !SQL_SUCCEEDED(odbcExecute(handle.get(), statement, m_forms.calls)))
         return values;
-    const auto rows = readRows(handle, Fetching::Unbound);
+    const auto rows = readRows(handle, m_forms, Fetching::Unbound);
     if (rows && rows.value())
         for (int row = 0; row < (*rows.value())->rowCount(); ++row)
             values.append((*rows.value())->text(row, 0));
@@ -155,6 +199,7 @@ void Link::learn() {
     std::array<SQLWCHAR, 128> name{};
     SQLGetInfoW(m_connection.get(), SQL_DBMS_NAME, name.data(), SQLSMALLINT(sizeof(name) - sizeof(SQLWCHAR)), nullptr);
     m_server = serverOf(fromOdbc(name.data(), qsizetype(name.size())));
+    m_forms.values = valuesOf(m_server, m_forms.calls);
     if (m_server == Server::Sqlite) {
         m_file = firstColumn(u"select file from pragma_database_list where name='main'"_s).value(0);
         m_fileIdentity = identityOf(m_file);

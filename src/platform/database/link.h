@@ -26,6 +26,7 @@ public:
     ~Link();
 
     SQLHDBC handle() const { return m_connection.get(); }
+    TextForms forms() const { return m_forms; }
     // The statement as this link's server spells it.
     QString spelled(const QString &statement) const;
 
@@ -41,6 +42,7 @@ private:
     OdbcEnvironment m_environment;
     OdbcHandle m_connection;
     bool m_open = false;
+    TextForms m_forms;
     Server m_server = Server::Other;
     QStringList m_tables;   // the server's spelling of the tables, where it tells names by case
     QString m_file;         // of an SQLite database

@@ -4,31 +4,114 @@
 
 namespace platform {
 
-QString fromOdbc(const SQLWCHAR *buffer, qsizetype capacity) {
-    const SQLWCHAR *const end = std::find(buffer, buffer + capacity, SQLWCHAR(0));
-    return QString::fromUtf16(reinterpret_cast<const char16_t *>(buffer), end - buffer);
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// One character of each buffer is kept back from the driver: it stays NUL whatever is written.
+template <class Character, std::size_t Size>
+SQLSMALLINT room(const std::array<Character, Size> &) {
+    return SQLSMALLINT(Size - 1);
 }
 
-Failure OdbcHandle::failure() const {
+// The driver manager takes texts that it does not change by a pointer that is not const.
+SQLWCHAR *wide(const QString &text) {
+    return reinterpret_cast<SQLWCHAR *>(const_cast<ushort *>(text.utf16()));
+}
+
+SQLCHAR *narrow(const QByteArray &text) {
+    return reinterpret_cast<SQLCHAR *>(const_cast<char *>(text.data()));
+}
+
+// One diagnostic record; false where there are no more.
+template <class Character, class Call>
+bool diagnostic(Call call, SQLSMALLINT kind, SQLHANDLE handle, SQLSMALLINT record, Failure &failure) {
+    std::array<Character, 8> state{};
+    std::array<Character, 4096> message{};
+    SQLINTEGER native = 0;
+    SQLSMALLINT length = 0;
+    if (!SQL_SUCCEEDED(call(kind, handle, record, state.data(), &native, message.data(), room(message), &length)))
+        return false;
+    failure.description = fromOdbc(message.data(), qsizetype(message.size())).trimmed();
+    if (native != 0)
+        failure.number = native;
+    return true;
+}
+
+template <class Character, class Call>
+bool describe(Call call, SQLHSTMT statement, SQLUSMALLINT number, ColumnFacts &facts) {
+    std::array<Character, 512> name{};
+    SQLSMALLINT length = 0, digits = 0, nullable = 0;
+    const SQLRETURN described =
+        call(statement, number, name.data(), room(name), &length, &facts.type, &facts.size, &digits, &nullable);
+    facts.name = fromOdbc(name.data(), qsizetype(name.size()));
+    return SQL_SUCCEEDED(described);
+}
+
+template <class Character, class Call>
+SQLRETURN connectBy(Call call, SQLHDBC connection, Character *text) {
+    std::array<Character, 2048> completed{};
+    SQLSMALLINT length = 0;
+    return call(connection, nullptr, text, SQL_NTS, completed.data(), room(completed), &length, SQL_DRIVER_NOPROMPT);
+}
+
+} // namespace
+
+OdbcHandle::OdbcHandle(SQLSMALLINT kind, SQLHANDLE parent)
+    : m_kind(kind) {
+    if (!SQL_SUCCEEDED(SQLAllocHandle(kind, parent, &m_handle)))
+        m_handle = SQL_NULL_HANDLE;
+}
+
+OdbcHandle::~OdbcHandle() {
+    if (m_handle)
+        SQLFreeHandle(m_kind, m_handle);
+}
+
+Failure OdbcHandle::failure(TextForm form) const {
     Failure failure;
-    for (SQLSMALLINT record = 1; m_handle; ++record) {
-        std::array<SQLWCHAR, 6> state{};
-        std::array<SQLWCHAR, 4096> message{};
-        SQLINTEGER native = 0;
-        SQLSMALLINT length = 0;
-        // One character of the buffer is kept back: it stays NUL whatever the driver writes.
-        if (!SQL_SUCCEEDED(SQLGetDiagRecW(m_kind, m_handle, record, state.data(), &native, message.data(),
-                                          SQLSMALLINT(message.size() - 1), &length)))
-            break;
-        failure.description = fromOdbc(message.data(), qsizetype(message.size())).trimmed();
-        if (native != 0)
-            failure.number = native;
-        if (!failure.description.isEmpty())
-            break;
-    }
+    const auto next = [&](SQLSMALLINT record) {
+        return form == TextForm::Wide ? diagnostic<SQLWCHAR>(SQLGetDiagRecW, m_kind, m_handle, record, failure)
+                                      : diagnostic<SQLCHAR>(SQLGetDiagRec, m_kind, m_handle, record, failure);
+    };
+    for (SQLSMALLINT record = 1; m_handle && failure.description.isEmpty() && next(record);)
+        ++record;
     if (failure.description.isEmpty())
-        failure.description = m_handle ? QStringLiteral("ODBC") : QStringLiteral("没有可用的ODBC驱动程序管理器");
+        failure.description = m_handle ? u"ODBC"_s : u"没有可用的ODBC驱动程序管理器"_s;
     return failure;
+}
+
+OdbcEnvironment::OdbcEnvironment()
+    : OdbcHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE) {
+    if (*this)
+        SQLSetEnvAttr(get(), SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0);
+}
+
+SQLRETURN odbcConnect(SQLHDBC connection, const QString &text, TextForm form) {
+    return form == TextForm::Wide ? connectBy<SQLWCHAR>(SQLDriverConnectW, connection, wide(text))
+                                  : connectBy<SQLCHAR>(SQLDriverConnect, connection, narrow(text.toUtf8()));
+}
+
+SQLRETURN odbcExecute(SQLHSTMT statement, const QString &text, TextForm form) {
+    if (form == TextForm::Wide)
+        return SQLExecDirectW(statement, wide(text), SQLINTEGER(text.size()));
+    const QByteArray bytes = text.toUtf8();
+    return SQLExecDirect(statement, narrow(bytes), SQLINTEGER(bytes.size()));
+}
+
+bool odbcDescribe(SQLHSTMT statement, SQLUSMALLINT number, TextForm form, ColumnFacts &facts) {
+    return form == TextForm::Wide ? describe<SQLWCHAR>(SQLDescribeColW, statement, number, facts)
+                                  : describe<SQLCHAR>(SQLDescribeCol, statement, number, facts);
+}
+
+QString fromOdbc(const SQLWCHAR *buffer, qsizetype capacity) {
+    return QString::fromUtf16(reinterpret_cast<const char16_t *>(buffer),
+                              std::find(buffer, buffer + capacity, SQLWCHAR(0)) - buffer);
+}
+
+QString fromOdbc(const SQLCHAR *buffer, qsizetype capacity) {
+    return QString::fromUtf8(reinterpret_cast<const char *>(buffer),
+                             std::find(buffer, buffer + capacity, SQLCHAR(0)) - buffer);
 }
 
 } // namespace platform

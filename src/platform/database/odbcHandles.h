@@ -1,11 +1,9 @@
-// The handles of the ODBC driver manager, freed by their owners' end, and the driver's own words about a failure. Only
-// the .cpp files of this folder include this: the C headers of ODBC spread macros.
+// The handles of the ODBC driver manager, freed by their owners' end, and the texts that go through them. Only the .cpp
+// files of this folder include this: the C headers of ODBC spread macros.
 #pragma once
 
 #include "platform/result.h"
 #include <QString>
-#include <QStringView>
-#include <utility>
 
 #ifdef Q_OS_WIN
 #include <windows.h>
@@ -17,26 +15,28 @@ namespace platform {
 
 static_assert(sizeof(SQLWCHAR) == sizeof(char16_t), "texts go to the driver manager as UTF-16");
 
+// How texts go through a driver. Wide calls are the rule. A driver without wide calls of its own takes and gives UTF-8
+// in the narrow ones; the driver manager's conversion is no substitute for them, since it follows the locale, fails on
+// characters beyond the BMP, and is not done at all on the first connection where a pool is configured.
+enum class TextForm { Wide, Utf8 };
+struct TextForms {
+    TextForm calls = TextForm::Wide;  // statements, names, messages
+    TextForm values = TextForm::Wide; // what is fetched
+};
+
 class OdbcHandle {
 public:
     // Holds nothing where the driver manager refuses.
-    OdbcHandle(SQLSMALLINT kind, SQLHANDLE parent)
-        : m_kind(kind) {
-        if (!SQL_SUCCEEDED(SQLAllocHandle(kind, parent, &m_handle)))
-            m_handle = SQL_NULL_HANDLE;
-    }
+    OdbcHandle(SQLSMALLINT kind, SQLHANDLE parent);
     OdbcHandle(const OdbcHandle &) = delete;
     OdbcHandle &operator=(const OdbcHandle &) = delete;
-    ~OdbcHandle() {
-        if (m_handle)
-            SQLFreeHandle(m_kind, m_handle);
-    }
+    ~OdbcHandle();
 
     SQLHANDLE get() const { return m_handle; }
     explicit operator bool() const { return m_handle != SQL_NULL_HANDLE; }
 
     // What the driver says about the last call on this handle: its native number (never 0) and its message.
-    Failure failure() const;
+    Failure failure(TextForm form) const;
 
 private:
     SQLSMALLINT m_kind;
@@ -46,20 +46,23 @@ private:
 // An environment that speaks ODBC 3; it holds nothing where there is no driver manager.
 class OdbcEnvironment : public OdbcHandle {
 public:
-    OdbcEnvironment()
-        : OdbcHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE) {
-        if (*this)
-            SQLSetEnvAttr(get(), SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0);
-    }
+    OdbcEnvironment();
 };
 
-// The driver manager takes texts that it promises not to change by a pointer that is not const.
-inline SQLWCHAR *odbcText(const QString &text) {
-    return reinterpret_cast<SQLWCHAR *>(
-        const_cast<char16_t *>(text.utf16() ? reinterpret_cast<const char16_t *>(text.utf16()) : u""));
-}
+SQLRETURN odbcConnect(SQLHDBC connection, const QString &text, TextForm form);
+SQLRETURN odbcExecute(SQLHSTMT statement, const QString &text, TextForm form);
 
-// A text in a buffer of `capacity` characters, up to its NUL: some drivers count the length they return in bytes.
+// The name of a column (from 1), its type and its size in characters; false where the driver fails.
+struct ColumnFacts {
+    QString name;
+    SQLSMALLINT type = 0;
+    SQLULEN size = 0;
+};
+bool odbcDescribe(SQLHSTMT statement, SQLUSMALLINT number, TextForm form, ColumnFacts &facts);
+
+// The text in a driver's buffer of `capacity` characters, up to its NUL: not all drivers count the length that they
+// return beside it in characters.
 QString fromOdbc(const SQLWCHAR *buffer, qsizetype capacity);
+QString fromOdbc(const SQLCHAR *buffer, qsizetype capacity);
 
 } // namespace platform

@@ -1,31 +1,31 @@
 #include "platform/database/rowReader.h"
 #include <algorithm>
-#include <array>
-#include <cstring>
+#include <string>
+#include <vector>
 
 namespace platform {
 
 namespace {
 
 constexpr SQLULEN longest = 1000;              // characters of a column that is still bound
-constexpr std::size_t blockBytes = 512 * 1024; // of all bound columns together
+constexpr std::size_t mostBytes = 4;           // of a character, in UTF-8 and in UTF-16
+constexpr std::size_t blockBytes = 256 * 1024; // of all bound columns together
 constexpr std::size_t mostRows = 256;
 
 struct Column {
-    std::size_t width = 0;       // characters of its buffer, the closing NUL included; 0: not bound
-    std::vector<char16_t> texts; // rows of a block x width
-    std::vector<SQLLEN> sizes;   // in bytes, or the mark of a NULL
+    std::size_t width = 0;         // bytes of a value's buffer, the closing NUL included; 0: not bound
+    std::unique_ptr<char[]> texts; // rows of a block x width
+    std::vector<SQLLEN> sizes;     // in bytes, or the mark of a NULL
 };
 
-// Characters that a value of the type may take; 0 where it is long or not known.
+// Bytes that a value of the type may take; 0 where it is long or not known.
 std::size_t widthOf(SQLSMALLINT type, SQLULEN size) {
     switch (type) {
     case SQL_CHAR:
     case SQL_VARCHAR:
     case SQL_WCHAR:
     case SQL_WVARCHAR:
-        // Twice the size: servers count characters, buffers count UTF-16 units.
-        return size == 0 || size > longest ? 0 : 2 * size + 1;
+        return size == 0 || size > longest ? 0 : mostBytes * size + sizeof(char16_t);
     case SQL_LONGVARCHAR:
     case SQL_WLONGVARCHAR:
     case SQL_BINARY:
@@ -33,29 +33,33 @@ std::size_t widthOf(SQLSMALLINT type, SQLULEN size) {
     case SQL_LONGVARBINARY:
         return 0;
     default:
-        return 64; // numbers, dates and times
+        return 128; // numbers, dates and times
     }
 }
 
 class Reader {
 public:
-    Reader(const OdbcHandle &statement, Fetching fetching)
+    Reader(const OdbcHandle &statement, TextForms forms, Fetching fetching)
         : m_statement(statement)
+        , m_forms(forms)
         , m_fetching(fetching) {}
 
     Result<std::optional<std::shared_ptr<ResultTable>>> read() {
         if (!describe())
-            return m_statement.failure();
+            return m_statement.failure(m_forms.calls);
+        if (m_columns.empty()) // a statement that gives no rows
+            return std::optional(m_table);
         bind();
         for (;;) {
             const SQLRETURN fetched = SQLFetch(m_statement.get());
             if (fetched == SQL_NO_DATA)
                 return std::optional(m_table);
             if (!SQL_SUCCEEDED(fetched))
-                return m_statement.failure();
+                return m_statement.failure(m_forms.calls);
             for (std::size_t row = 0; row < m_fetchedRows; ++row)
                 if (!takeRow(row))
-                    return m_tooLong ? Result(std::optional<std::shared_ptr<ResultTable>>()) : m_statement.failure();
+                    return m_tooLong ? Result(std::optional<std::shared_ptr<ResultTable>>())
+                                     : m_statement.failure(m_forms.calls);
         }
     }
 
@@ -66,16 +70,12 @@ private:
             return false;
         QStringList names;
         for (SQLSMALLINT number = 1; number <= count; ++number) {
-            std::array<SQLWCHAR, 512> name{};
-            SQLSMALLINT length = 0, type = 0, digits = 0, nullable = 0;
-            SQLULEN size = 0;
-            if (!SQL_SUCCEEDED(SQLDescribeColW(m_statement.get(), SQLUSMALLINT(number), name.data(),
-                                               SQLSMALLINT(name.size() - 1), &length, &type, &size, &digits,
-                                               &nullable)))
+            ColumnFacts facts;
+            if (!odbcDescribe(m_statement.get(), SQLUSMALLINT(number), m_forms.calls, facts))
                 return false;
-            names.append(fromOdbc(name.data(), qsizetype(name.size())));
+            names.append(facts.name);
             Column column;
-            column.width = m_fetching == Fetching::Bound ? widthOf(type, size) : 0;
+            column.width = m_fetching == Fetching::Bound ? widthOf(facts.type, facts.size) : 0;
             m_columns.push_back(std::move(column));
         }
         m_table = std::make_shared<ResultTable>(std::move(names));
@@ -90,7 +90,7 @@ private:
         m_bound = std::size_t(firstLong - m_columns.begin());
         std::size_t rowBytes = 1;
         for (std::size_t i = 0; i < m_bound; ++i)
-            rowBytes += m_columns[i].width * sizeof(char16_t) + sizeof(SQLLEN);
+            rowBytes += m_columns[i].width + sizeof(SQLLEN);
         std::size_t rows =
             firstLong == m_columns.end() ? std::clamp<std::size_t>(blockBytes / rowBytes, 1, mostRows) : 1;
         const auto wanted = reinterpret_cast<SQLPOINTER>(rows);
@@ -104,10 +104,10 @@ private:
             SQLSetStmtAttrW(m_statement.get(), SQL_ATTR_ROWS_FETCHED_PTR, &m_fetchedRows, SQL_IS_POINTER);
         for (std::size_t i = 0; i < m_bound; ++i) {
             Column &column = m_columns[i];
-            column.texts.resize(rows * column.width);
+            column.texts = std::make_unique_for_overwrite<char[]>(rows * column.width);
             column.sizes.resize(rows);
-            SQLBindCol(m_statement.get(), SQLUSMALLINT(i + 1), SQL_C_WCHAR, column.texts.data(),
-                       SQLLEN(column.width * sizeof(char16_t)), column.sizes.data());
+            SQLBindCol(m_statement.get(), SQLUSMALLINT(i + 1), valueType(), column.texts.get(), SQLLEN(column.width),
+                       column.sizes.data());
         }
     }
 
@@ -124,21 +124,21 @@ private:
             m_table->appendNull();
             return true;
         }
-        m_tooLong = size < 0 || std::size_t(size) > (column.width - 1) * sizeof(char16_t);
+        m_tooLong = size < 0 || std::size_t(size) > column.width - closing();
         if (!m_tooLong)
-            m_table->append(QStringView(column.texts.data() + row * column.width, size / qsizetype(sizeof(char16_t))));
+            append(column.texts.get() + row * column.width, size);
         return !m_tooLong;
     }
 
     // A value in pieces: each call fills the buffer but for its closing NUL, until one holds all that is left.
     bool takeLong(SQLUSMALLINT number) {
-        constexpr std::size_t room = 16 * 1024;
+        constexpr std::size_t room = 32 * 1024;
         m_piece.resize(room);
         m_long.clear();
-        for (;;) {
+        for (bool more = true; more;) {
             SQLLEN size = 0;
-            const SQLRETURN got = SQLGetData(m_statement.get(), number, SQL_C_WCHAR, m_piece.data(),
-                                             SQLLEN(room * sizeof(char16_t)), &size);
+            const SQLRETURN got =
+                SQLGetData(m_statement.get(), number, valueType(), m_piece.data(), SQLLEN(room), &size);
             if (got == SQL_NO_DATA)
                 break;
             if (!SQL_SUCCEEDED(got))
@@ -147,30 +147,41 @@ private:
                 m_table->appendNull();
                 return true;
             }
-            const bool more = size < 0 || std::size_t(size) > (room - 1) * sizeof(char16_t);
-            m_long.append(m_piece.data(), more ? room - 1 : std::size_t(size) / sizeof(char16_t));
-            if (!more)
-                break;
+            more = size < 0 || std::size_t(size) > room - closing();
+            m_long.append(m_piece.data(), more ? room - closing() : std::size_t(size));
         }
-        m_table->append(m_long);
+        append(m_long.data(), qsizetype(m_long.size()));
         return true;
     }
 
+    // The bytes of a whole value.
+    void append(const char *bytes, qsizetype size) {
+        if (m_forms.values == TextForm::Wide)
+            m_table->append(QStringView(reinterpret_cast<const char16_t *>(bytes), size / qsizetype(sizeof(char16_t))));
+        else
+            m_table->append(QString::fromUtf8(bytes, size));
+    }
+
+    SQLSMALLINT valueType() const { return m_forms.values == TextForm::Wide ? SQL_C_WCHAR : SQL_C_CHAR; }
+    std::size_t closing() const { return m_forms.values == TextForm::Wide ? sizeof(char16_t) : sizeof(char); }
+
     const OdbcHandle &m_statement;
+    TextForms m_forms;
     Fetching m_fetching;
     std::vector<Column> m_columns;
     std::size_t m_bound = 0;
     SQLULEN m_fetchedRows = 1;
     bool m_tooLong = false;
-    std::vector<char16_t> m_piece;
-    std::u16string m_long;
+    std::vector<char> m_piece;
+    std::string m_long;
     std::shared_ptr<ResultTable> m_table;
 };
 
 } // namespace
 
-Result<std::optional<std::shared_ptr<ResultTable>>> readRows(const OdbcHandle &statement, Fetching fetching) {
-    return Reader(statement, fetching).read();
+Result<std::optional<std::shared_ptr<ResultTable>>> readRows(const OdbcHandle &statement, TextForms forms,
+                                                             Fetching fetching) {
+    return Reader(statement, forms, fetching).read();
 }
 
 } // namespace platform

@@ -20,29 +20,19 @@ struct Spelling {
     QStringView text;   // no style
     QStringView like;   // the operator; without regard to case
     QStringView folded; // the operand of `like`; nothing where it stays as it is
-    QStringView after;  // behind the pattern
+    QStringView after;  // behind the pattern: makes a backslash in it an ordinary character
     QChar quote;        // around names
 };
 
 constexpr auto spellings = std::to_array<Spelling>({
     // SQLite has no date type: a date is a text that begins with the day.
     {Server::Sqlite, u"replace(substr(%1,1,%2),'-','/')", u"substr(cast(%1 as text),1,%2)", u"Like", {}, {}, u'"'},
-    // The empty escape character makes a backslash in a pattern an ordinary character, as everywhere else.
-    {Server::PostgreSql,
-     u"cast(to_char(cast(%1 as timestamp),'YYYY/MM/DD') as varchar(%2))",
-     u"cast(%1 as varchar(%2))",
-     u"ILike",
-     {},
-     u" Escape ''",
-     u'"'},
-    // A column may have any character set and collation, and only this form of the operand compares them all.
-    {Server::MariaDb,
-     u"cast(date_format(%1,'%Y/%m/%d') as char(%2))",
-     u"cast(%1 as char(%2))",
-     u"Like",
-     u"convert(%1 using utf8mb4) collate utf8mb4_general_ci",
-     {},
-     u'`'},
+    {Server::PostgreSql, u"cast(to_char(cast(%1 as timestamp),'YYYY/MM/DD') as varchar(%2))",
+     u"cast(%1 as varchar(%2))", u"ILike", QStringView(), u" Escape ''", u'"'},
+    // A column may have any character set and collation; this form of the operand suits them all. The escape character
+    // of a pattern cannot be switched off here, but no value that is typed has this one.
+    {Server::MariaDb, u"cast(date_format(%1,'%Y/%m/%d') as char(%2))", u"cast(%1 as char(%2))", u"Like",
+     u"convert(%1 using utf8mb4) collate utf8mb4_general_ci", u" Escape '\x1f'", u'`'},
 });
 
 bool is(const Token &token, QStringView word) {
@@ -80,6 +70,8 @@ private:
 
     QString part(std::size_t from, std::size_t to) {
         QString out;
+        if (from < to)
+            out.reserve(m_tokens[to - 1].text.end() - m_tokens[from].text.begin() + 64);
         qsizetype operand = -1;      // where the operand of a coming Like starts in `out`
         bool patternFollows = false; // a Like waits for its pattern
         for (std::size_t at = from; at < to; ++at) {
@@ -92,12 +84,14 @@ private:
             }
             if (token.kind == TokenKind::Word && !(at > from && isSign(m_tokens[at - 1], u'.')))
                 operand = out.size();
+            else if (token.kind != TokenKind::Word && token.kind != TokenKind::Blank && !isSign(token, u'.'))
+                operand = -1;
             if (const std::optional<std::size_t> end = is(token, u"convert") ? convert(at, to, out) : std::nullopt) {
                 at = *end;
                 operand = -1;
                 continue;
             }
-            out += spelled(token);
+            append(out, token);
             if (patternFollows && token.kind == TokenKind::Literal) {
                 out += m_spelling.after;
                 patternFollows = false;
@@ -117,15 +111,16 @@ private:
         out.replace(operand, end - operand, m_spelling.folded.toString().replace(u"%1"_s, name));
     }
 
-    QString spelled(const Token &token) const {
-        if (token.kind == TokenKind::Bracket && token.text.endsWith(u']')) {
+    void append(QString &out, const Token &token) const {
+        if (token.kind == TokenKind::Word) {
+            out += tableSpelling(token.text);
+        } else if (token.kind == TokenKind::Bracket && token.text.endsWith(u']')) {
             QString name = token.text.sliced(1, token.text.size() - 2).toString();
             name.replace(u"]]"_s, u"]"_s).replace(m_spelling.quote, QString(2, m_spelling.quote));
-            return QString(m_spelling.quote + name + m_spelling.quote);
+            out += m_spelling.quote + name + m_spelling.quote;
+        } else {
+            out += token.text;
         }
-        if (token.kind == TokenKind::Word)
-            return tableSpelling(token.text).toString();
-        return token.text.toString();
     }
 
     QStringView tableSpelling(QStringView word) const {

@@ -104,8 +104,7 @@ void QtHost::yield() {
 }
 
 void QtHost::endProcess() {
-    // At once and without asking any window: no close events, no destructors of windows. Only what would leave a
-    // database in pieces is put away.
+    // At once and without asking any window: no close events, no destructors of windows.
     endKeptConnections();
     std::_Exit(EXIT_SUCCESS);
 }

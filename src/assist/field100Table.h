@@ -1,0 +1,10 @@
+// The 36 characters of the general processing data, field 100 $a, as boxes with their codes.
+#pragma once
+
+#include "assist/codedBoxes.h"
+
+namespace assist {
+
+std::span<const Box> field100Table();
+
+} // namespace assist

@@ -1,0 +1,197 @@
+#include "assist/frmHelpLR000.h"
+#include "assist/frmHelpLR100.h"
+#include "support/scriptedHost.h"
+#include <QInputMethodEvent>
+#include <QTest>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using assist::CodeBox;
+using platform::Answer;
+
+namespace {
+
+const QString leaderText = u"00960NAM0 2200277   450 "_s;
+
+template <class Window>
+void open(Window &window, QString Window::*text, const QString &incoming) {
+    window.*text = incoming;
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+}
+
+template <class Press>
+void pressOn(const assist::CodeList *list, const QString &entry, Press press) {
+    const auto found = list->findItems(entry, Qt::MatchStartsWith);
+    ASSERT_EQ(found.size(), 1) << entry.toStdString();
+    press(list->viewport(), list->visualItemRect(found.first()).center());
+}
+void doubleClick(const assist::CodeList *list, const QString &entry) {
+    pressOn(list, entry, [](QWidget *at, QPoint where) {
+        QTest::mouseClick(at, Qt::LeftButton, {}, where);
+        QTest::mouseDClick(at, Qt::LeftButton, {}, where);
+    });
+}
+
+} // namespace
+
+TEST(FrmHelpLR000, FillsTheLeaderByKeyboardAlone) {
+    ScriptedHost host;
+    assist::frmHelpLR000 window(host);
+    open(window, &assist::frmHelpLR000::publicTouBiao, leaderText);
+    EXPECT_EQ(window.focusWidget(), window.Text1[1]);
+    EXPECT_EQ(window.textMarc->text(), u"?????nAM0#22?????###450#");
+    EXPECT_TRUE(window.richTextTS->toPlainText().startsWith(u"新记录（包括"));
+
+    QTest::keyClick(window.Text1[1], Qt::Key_Return);
+    EXPECT_EQ(window.focusWidget(), window.Text1[2]);
+    QTest::keyClick(window.Text1[2], Qt::Key_Down);
+    ASSERT_EQ(window.focusWidget(), window.listMenu);
+    EXPECT_EQ(window.listMenu->currentItem()->text(), u"a=文字资料印刷品录");
+    QTest::keyClick(window.listMenu, Qt::Key_Down);
+    QTest::keyClick(window.listMenu, Qt::Key_Return);
+    EXPECT_TRUE(window.listMenu->isHidden());
+    EXPECT_EQ(window.focusWidget(), window.Text1[2]);
+    EXPECT_EQ(window.richTextTS->toPlainText(), u"文字资料手稿");
+
+    QTest::keyClick(window.Text1[2], Qt::Key_Down);
+    QTest::keyClick(window.listMenu, Qt::Key_Escape);
+    EXPECT_TRUE(window.listMenu->isHidden());
+    EXPECT_EQ(window.focusWidget(), window.Text1[2]);
+    for (const int next : {3, 4, 9}) {
+        QTest::keyClick(window.focusWidget(), Qt::Key_Enter);
+        EXPECT_EQ(window.focusWidget(), window.Text1[size_t(next)]);
+    }
+    QTest::keyClick(window.Text1[9], '3');
+    QTest::keyClick(&window, Qt::Key_S, Qt::AltModifier);
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_EQ(window.confirmed, u"?????nbm0#22?????3##450#");
+}
+
+TEST(FrmHelpLR000, AsksAboutCodesThatItDoesNotKnow) {
+    ScriptedHost host;
+    assist::frmHelpLR000 window(host);
+    open(window, &assist::frmHelpLR000::publicTouBiao, leaderText);
+    CodeBox *type = window.Text1[2];
+    for (const Answer answer : {Answer::Yes, Answer::No}) {
+        type->setFocus();
+        host.willAnswer(answer);
+        QTest::keyClick(type, 'X');
+        EXPECT_EQ(type->text(), u"x");
+        EXPECT_EQ(window.focusWidget(), window.Text1[answer == Answer::Yes ? 2 : 3]);
+    }
+    const platform::Box box = host.lastBox();
+    EXPECT_EQ(box.text, u"输入字符不在规定范围内。是否重新输入？");
+    EXPECT_EQ(box.title, u"操作提示");
+    EXPECT_EQ(box.icon, platform::Icon::Information);
+    EXPECT_EQ(box.preselected, Answer::No);
+    EXPECT_EQ(window.textMarc->text(), u"?????nxm0#22?????###450#");
+}
+
+TEST(FrmHelpLR000, TheMouseChoosesAndDismisses) {
+    ScriptedHost host;
+    assist::frmHelpLR000 window(host);
+    open(window, &assist::frmHelpLR000::publicTouBiao, leaderText);
+    QTest::mouseClick(window.LabShuoMing[3], Qt::LeftButton);
+    EXPECT_EQ(window.focusWidget(), window.Text1[3]);
+    doubleClick(window.listLx, u"s="_s);
+    EXPECT_EQ(window.focusWidget(), window.Text1[3]);
+
+    // The button works on its own box, wherever the focus was.
+    window.picClick[5]->click();
+    doubleClick(window.listMenu, u"n＝"_s);
+    EXPECT_TRUE(window.listMenu->isHidden());
+    EXPECT_EQ(window.textMarc->text(), u"?????nAs0#22?????#n#450#");
+
+    window.picClick[0]->click();
+    QTest::mouseClick(window.listMenu->viewport(), Qt::RightButton);
+    EXPECT_TRUE(window.listMenu->isHidden());
+    EXPECT_EQ(window.focusWidget(), window.Text1[1]);
+    window.picClick[1]->click();
+    window.Text1[9]->setFocus();
+    EXPECT_TRUE(window.listMenu->isHidden());
+    EXPECT_EQ(window.focusWidget(), window.Text1[9]);
+    EXPECT_EQ(window.listLx->currentItem()->text(), u"#=完全级");
+}
+
+TEST(FrmHelpLR000, AnInputMethodTypesAtTheEndOfTheComposition) {
+    ScriptedHost host;
+    assist::frmHelpLR000 window(host);
+    open(window, &assist::frmHelpLR000::publicTouBiao, leaderText);
+    QInputMethodEvent composing(u"x"_s, {});
+    QCoreApplication::sendEvent(window.Text1[1], &composing);
+    EXPECT_EQ(window.Text1[1]->text(), u"n");
+    QInputMethodEvent done;
+    done.setCommitString(u"D"_s);
+    QCoreApplication::sendEvent(window.Text1[1], &done);
+    EXPECT_EQ(window.Text1[1]->text(), u"d");
+}
+
+TEST(FrmHelpLR100, TestsFullBoxesOnAFurtherKey) {
+    ScriptedHost host;
+    assist::frmHelpLR100 window(host);
+    open(window, &assist::frmHelpLR100::public100ZD, {});
+    CodeBox *year = window.Text1[2];
+    QTest::keyClick(window.Text1[1], Qt::Key_Tab);
+    year->selectAll();
+    QTest::keyClicks(year, u"19a8"_s);
+    EXPECT_TRUE(host.boxes.isEmpty());
+    QTest::keyClick(year, '1');
+    EXPECT_EQ(host.lastBox().text, u"输入年份格式不正确。请重新输入");
+    EXPECT_EQ(window.focusWidget(), year);
+    QTest::keyClick(year, Qt::Key_Backspace);
+    QTest::keyClick(year, Qt::Key_Backspace);
+    QTest::keyClicks(year, u"98"_s);
+    QTest::keyClick(year, '1');
+    EXPECT_EQ(window.focusWidget(), window.Text1[3]);
+
+    CodeBox *language = window.Text1[9];
+    language->setFocus();
+    QTest::keyClick(language, 'x');
+    EXPECT_EQ(window.focusWidget(), language);
+    language->selectAll();
+    QTest::keyClicks(language, u"XX"_s);
+    host.willAnswer(Answer::No);
+    QTest::keyClicks(language, u"Xy"_s);
+    EXPECT_EQ(host.lastBox().text, u"输入代码不在规定范围内。是否重新输入？");
+    EXPECT_EQ(window.focusWidget(), window.Text1[10]);
+    window.cmdclick[0]->click();
+    EXPECT_EQ(window.confirmed, u"????????#1998#########xxx###########");
+}
+
+TEST(FrmHelpLR100, SomeListsAreOnlyForReading) {
+    ScriptedHost host;
+    assist::frmHelpLR100 window(host);
+    open(window, &assist::frmHelpLR100::public100ZD, u"19980512d1998    km y0chiy1001  50ea"_s);
+    QTest::mouseClick(window.LabShuoMing[4], Qt::LeftButton);
+    EXPECT_EQ(window.focusWidget(), window.Text1[1]);
+    window.Text1[5]->setFocus();
+    QTest::keyClick(window.Text1[5], Qt::Key_Down);
+    EXPECT_TRUE(window.listMenu->isHidden());
+    EXPECT_EQ(window.listLx->currentItem()->text(), u"m=成人（一般）");
+    doubleClick(window.listLx, u"u=不详"_s);
+    EXPECT_EQ(window.Text1[5]->text(), u"m");
+    QTest::mouseClick(window.LabShuoMing[11], Qt::LeftButton);
+    EXPECT_EQ(window.focusWidget(), window.Text1[15]);
+    QTest::keyClick(window.Text1[15], Qt::Key_Down);
+    doubleClick(window.listMenu, u"ka "_s);
+    EXPECT_EQ(window.textMarc->text(), u"????????d1998####km#y0chiy1001##50ka");
+}
+
+TEST(FrmHelpLR100, EditGivesBackWhatWasConfirmedAndNothingAfterACancel) {
+    ScriptedHost host;
+    for (const int button : {0, 1, -1}) {
+        QTimer::singleShot(0, qApp, [button] {
+            auto *window = qobject_cast<assist::frmHelpLR100 *>(QApplication::activeModalWidget());
+            ASSERT_TRUE(window);
+            if (button < 0)
+                QTest::keyClick(window->Text1[1], Qt::Key_Escape);
+            else
+                window->cmdclick[size_t(button)]->click();
+        });
+        const auto text = assist::frmHelpLR100::edit(host, nullptr, u"平凡的世界"_s);
+        EXPECT_EQ(text.value_or(u"cancelled"_s),
+                  button == 0 ? u"????????"_s + QString(14, u'#') + u"chi" + QString(11, u'#') : u"cancelled"_s);
+    }
+}

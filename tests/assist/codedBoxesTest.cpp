@@ -1,0 +1,212 @@
+#include "assist/codedBoxes.h"
+#include "assist/field100Table.h"
+#include "assist/leaderTable.h"
+#include "support/qtPrinters.h"
+#include <gtest/gtest.h>
+#include <random>
+
+using namespace Qt::StringLiterals;
+using assist::CodedBoxes;
+using assist::KeyEffect;
+
+namespace {
+
+const auto leader = assist::leaderTable();
+const auto field = assist::field100Table();
+
+CodedBoxes loaded(std::span<const assist::Box> table, const QString &text) {
+    CodedBoxes boxes(table);
+    boxes.load(text);
+    return boxes;
+}
+
+} // namespace
+
+TEST(CodedBoxes, LoadsWhatHasCodesAndResetsTheRest) {
+    const QString blankField = u"????????"_s + QString(14, u'#') + u"chi" + QString(11, u'#');
+    struct Row {
+        std::span<const assist::Box> table;
+        QString incoming;
+        QString whole;
+    };
+    for (const Row &row : {
+             Row{leader, u"00960nam0 2200277   450 "_s, u"?????nam0#22?????###450#"_s},
+             Row{leader, u"00960NAM0X9900277 IX999Z and more"_s, u"?????NAM0#22?????#I#450#"_s},
+             Row{leader, u"00960na"_s, u"?????na###22?????###450#"_s},
+             Row{leader, {}, u"?????#####22?????###450#"_s},
+             Row{field, u"19980512D1998    KM Y0CHIY1001  50EA"_s, u"????????D1998####KM#Y0CHIY1001##50EA"_s},
+             // Blanks beside other characters are not a blank box; a box cut short stays short.
+             Row{field, u"19980512g19  20"_s, u"????????g19  20#####chi###########"_s},
+             Row{field, QString(36, u' '), blankField},
+             Row{field, {}, blankField},
+         }) {
+        const CodedBoxes boxes = loaded(row.table, row.incoming);
+        EXPECT_EQ(boxes.whole(), row.whole);
+        EXPECT_EQ(boxes.result(), row.whole.toLower());
+        EXPECT_EQ(boxes.currentBox(), CodedBoxes::noBox);
+        EXPECT_TRUE(boxes.list().isEmpty());
+    }
+}
+
+TEST(CodedBoxes, LowerCaseComesWithEnteringAndLeaving) {
+    CodedBoxes boxes = loaded(leader, u"00960NAM0 2200277   450 "_s);
+    boxes.focus(2);
+    EXPECT_EQ(boxes.whole(), u"?????NaM0#22?????###450#");
+    boxes.edit(2, u""_s);
+    EXPECT_EQ(boxes.whole(), u"?????NaM0#22?????###450#");
+    boxes.leave(2);
+    EXPECT_EQ(boxes.whole(), u"?????N#M0#22?????###450#");
+    boxes.edit(3, u"S"_s); // pasted, and confirmed from there
+    EXPECT_EQ(boxes.result(), u"?????n#s0#22?????###450#");
+}
+
+TEST(CodedBoxes, AKeyIsTakenTestedOrLeftToTheBox) {
+    using enum KeyEffect;
+    struct Row {
+        std::span<const assist::Box> table;
+        int box;
+        QString before;
+        char16_t key;
+        KeyEffect effect;
+        QString after;
+        bool selection = false;
+    };
+    const Row rows[] = {
+        {leader, 1, u"c"_s, u'N', Taken, u"n"_s},
+        {leader, 1, u"c"_s, u'#', Taken, u"#"_s}, // allowed, though its list has no such entry
+        {leader, 2, u"a"_s, u'x', AsksAgain, u"x"_s},
+        {leader, 3, u"m"_s, u'C', Taken, u"c"_s}, // its entry has a full-width sign behind the code
+        {leader, 4, u"0"_s, u'3', AsksAgain, u"3"_s},
+        {leader, 10, u"#"_s, u'I', Taken, u"i"_s, true},
+        {leader, 2, u"a"_s, u'\r', MovesOn, u"a"_s},
+        {leader, 2, u"a"_s, u' ', LeftToBox, u"a"_s},
+        {leader, 2, u"a"_s, u'\b', LeftToBox, u"a"_s},
+        {leader, 2, u"a"_s, u'\x7F', LeftToBox, u"a"_s},
+        {leader, 2, u"a"_s, u'书', LeftToBox, u"a"_s},
+        {leader, 2, u"a"_s, u'~', AsksAgain, u"~"_s},
+        {field, 5, u"#"_s, u'k', Taken, u"k"_s},
+        {field, 5, u"#"_s, u'z', AsksAgain, u"z"_s},
+        {field, 2, u"199"_s, u'x', LeftToBox, u"199"_s},
+        {field, 2, u"1998"_s, u'x', MovesOn, u"1998"_s},
+        {field, 2, u"1998"_s, u'2', LeftToBox, u"1998"_s, true},
+        {field, 2, u"1998"_s, u' ', LeftToBox, u"1998"_s},
+        {field, 2, u"####"_s, u'1', MovesOn, u"####"_s},
+        {field, 3, u"19a8"_s, u'1', YearRefused, u"19a8"_s},
+        {field, 3, u"19##"_s, u'1', YearRefused, u"19##"_s},
+        {field, 3, u"199 "_s, u'1', YearRefused, u"199 "_s},
+        {field, 3, u"-198"_s, u'1', YearRefused, u"-198"_s},
+        {field, 3, u"１９９８"_s, u'1', YearRefused, u"１９９８"_s},
+        {field, 3, u"0000"_s, u'1', YearRefused, u"0000"_s},
+        {field, 9, u"ch"_s, u'X', LeftToBox, u"ch"_s},
+        {field, 9, u"chi"_s, u'x', Taken, u"chi"_s},
+        {field, 9, u"CHI"_s, u'x', Taken, u"CHI"_s},
+        {field, 9, u"xxx"_s, u'x', AsksAgain, u"xxx"_s},
+        {field, 9, u"###"_s, u'x', AsksAgain, u"###"_s},
+        {field, 11, u"##"_s, u'0', Taken, u"##"_s},
+        {field, 14, u"13"_s, u'0', Taken, u"13"_s},
+        {field, 12, u"07"_s, u'0', AsksAgain, u"07"_s},
+        {field, 15, u"da"_s, u'x', Taken, u"da"_s}, // its entry has a blank behind the code
+        {field, 15, u"d "_s, u'x', AsksAgain, u"d "_s},
+    };
+    for (const Row &row : rows) {
+        CodedBoxes boxes(row.table);
+        boxes.edit(row.box, row.before);
+        EXPECT_EQ(boxes.type(row.box, row.key, row.selection), row.effect) << row.box << row.before.toStdString();
+        EXPECT_EQ(boxes.text(row.box), row.after);
+    }
+    EXPECT_EQ(CodedBoxes(field).question(5), u"输入字符不在规定范围内。是否重新输入？");
+    EXPECT_EQ(CodedBoxes(field).question(9), u"输入代码不在规定范围内。是否重新输入？");
+}
+
+TEST(CodedBoxes, ListAndChoiceBelongToTheCurrentBox) {
+    struct Row {
+        std::span<const assist::Box> table;
+        int box;
+        QString text;
+        int entries;
+        QString listed;    // the entry that goes with the text
+        QString choice;    // an entry of the list
+        QString chosen;    // the text after it
+        QString explained; // the start of the choice's explanation
+    };
+    const Row rows[] = {
+        {leader, 1, u"O"_s, 5, u"o=曾发行较高层次记录"_s, u"p=曾发行不完整的记录或出版前记录"_s, u"p"_s, u"用于替代"_s},
+        {leader, 9, u" "_s, 4, u"#=完全级"_s, u"2=次级2"_s, u"2"_s, u"该记录为出版前记录"_s},
+        {leader, 3, u"c"_s, 4, u"c＝合集"_s, u"c＝合集"_s, u"c"_s, u"汇集型书目实体"_s},
+        {field, 15, u"FA"_s, 17, u"fa =阿拉伯文"_s, u"da =日文—文字类型未指定"_s, u"da"_s, {}},
+        {field, 9, u"jp"_s, 17, u"jpn=日语"_s, u"eng=英语"_s, u"eng"_s, {}},
+        {field, 5, u"m"_s, 8, u"m=成人（一般）"_s, u"u=不详"_s, u"m"_s, {}}, // for reading only
+        {field,
+         11,
+         u"10"_s,
+         10,
+         u"10=GB/IEC 2312-80信息交换用汉字编码字符集基本集（双七位）"_s,
+         u"50=ISO/IEC 10646 通用多八位编码字符集"_s,
+         u"10"_s,
+         {}},
+        {field, 1, u"z"_s, 10, {}, u"j=具有详细出版时间专著"_s, u"j"_s, {}},
+        {field, 2, u"1998"_s, 0, {}, u"x"_s, u"1998"_s, {}},
+    };
+    for (const Row &row : rows) {
+        CodedBoxes boxes(row.table);
+        EXPECT_FALSE(boxes.choose(row.choice));
+        EXPECT_FALSE(boxes.explanation(row.choice));
+        boxes.edit(row.box, row.text);
+        boxes.focus(row.box);
+        EXPECT_EQ(boxes.list().size(), row.entries);
+        EXPECT_EQ(boxes.list().value(boxes.listed()), row.listed);
+        EXPECT_TRUE(boxes.explanation(row.choice).value_or(QString()).startsWith(row.explained));
+        EXPECT_FALSE(boxes.explanation(u"~"));
+        EXPECT_EQ(boxes.choose(row.choice), boxes.box(row.box).fromList);
+        EXPECT_EQ(boxes.text(row.box), row.chosen);
+    }
+}
+
+// Whatever is done in whatever order: fixed boxes stand, no box is blank in the whole, the result is in lower case.
+TEST(CodedBoxes, KeepTheirShapeUnderAnyTreatment) {
+    const QString material = u"aZ09#~ 书ＡЯ\t\x1F"_s;
+    std::mt19937 random(20260309);
+    auto below = [&](qsizetype n) { return int(random() % unsigned(n)); };
+    for (const auto table : {leader, field}) {
+        CodedBoxes boxes(table);
+        for (int step = 0; step < 20000; ++step) {
+            QString text;
+            for (int length = below(40); length > 0; --length)
+                text += material[below(material.size())];
+            const int i = below(boxes.count());
+            const bool open = boxes.box(i).kind != assist::BoxKind::Fixed;
+            switch (below(6)) {
+            case 0:
+                boxes.load(below(50) ? boxes.whole() : text);
+                break;
+            case 1:
+                if (open)
+                    boxes.focus(i);
+                break;
+            case 2:
+                if (open)
+                    boxes.leave(i);
+                break;
+            case 3:
+                if (open)
+                    boxes.edit(i, text.left(boxes.box(i).width));
+                break;
+            case 4:
+                if (open)
+                    boxes.type(i, material[below(material.size())].unicode(), below(2));
+                break;
+            default:
+                boxes.choose(boxes.list().value(below(5)));
+            }
+            const QString result = boxes.result();
+            ASSERT_EQ(result, result.toLower());
+            ASSERT_LE(result.size(), table.data() == leader.data() ? 24 : 36);
+            ASSERT_TRUE(result.startsWith(boxes.box(0).whenEmpty));
+            if (table.data() == leader.data()) {
+                ASSERT_EQ(result.size(), 24);
+                ASSERT_TRUE(result.endsWith(u"#450#"));
+                ASSERT_FALSE(result.contains(u' '));
+            }
+        }
+    }
+}

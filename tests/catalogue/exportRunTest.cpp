@@ -1,0 +1,156 @@
+// The export of a listed catalogue: the file as others read it, its refusals, its stops, and what comes in between.
+#include "catalogue/exportRecord.h"
+#include "catalogue/listStatements.h"
+#include "catalogue/zskListFrm.h"
+#include "catalogueDatabase.h"
+#include "marc/recordReader.h"
+#include "support/scriptedHost.h"
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTest>
+
+using namespace catalogue;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class ExportRunTest : public testing::Test {
+protected:
+    enum { Export = 3, Stop = 4 };
+
+    ExportRunTest() {
+        database.runFile("sample.sql");
+        load(u"zskid<=10"_s);
+        list.show();
+    }
+    void load(QString condition, QString sort = u"zskid"_s) { list.loadData(condition, sort); }
+    void run() {
+        host.willChoose(path);
+        list.CmdDcgl[Export]->click();
+    }
+    // Does something while the program yields behind the given record.
+    void behindRecord(int number, const std::function<void()> &act) {
+        host.onYield = [this, number, act, yields = 0]() mutable {
+            if (++yields == number)
+                act();
+        };
+    }
+    QList<QByteArray> records() const {
+        QFile file(path);
+        EXPECT_TRUE(file.open(QFile::ReadOnly));
+        QList<QByteArray> result = file.readAll().replace("\r\n", "\n").split('\n');
+        EXPECT_TRUE(result.takeLast().isEmpty());
+        return result;
+    }
+    CatalogueDatabase database;
+    ScriptedHost host;
+    CatalogueOrder order;
+    QTemporaryDir folder;
+    QString path = folder.filePath(u"导出.iso"_s);
+    ZSKListFrm list{database.state, host, order, {}};
+};
+
+QString finalWord(int count, const QString &path) {
+    return u"本次操作成功导出%1条数据\r\n以marc格式保存在文件%2中。"_s.arg(count).arg(path);
+}
+
+TEST_F(ExportRunTest, WritesEveryListedRowAsARecordThatOthersRead) {
+    database.run(u"insert into zsk (zskid,bookname,author) values (100,'“引号”与''撇号''','Ŷ');"_s);
+    load({});
+    run();
+    const int count = list.Grid1->rows() - 1;
+    const qsizetype longNumbers = database.column(u"select zskid from zsk where zskid>99999"_s).size();
+    EXPECT_EQ(host.dialogs[0].title, u"导出书库数据为marc格式"_s);
+    EXPECT_EQ(host.texts(), QStringList{finalWord(count, path)});
+    EXPECT_EQ(list.labDaochu->text(), u"已经导出：%1(100%)"_s.arg(count));
+
+    auto reader = platform::LineReader::open(path);
+    ASSERT_TRUE(reader);
+    int row = 0;
+    marc::cutRecord(reader.value(), [&](const marc::RawRecord &record) {
+        const marc::Directory directory = marc::decodeDirectory(record);
+        EXPECT_FALSE(directory.damaged);
+        EXPECT_TRUE(record.contains(list.Grid1->text(++row, 0).rightJustified(5, u'0') + u"hteva"));
+        return true;
+    });
+    EXPECT_EQ(row, count);
+
+    QFile joined(folder.filePath(u"joined.iso"_s));
+    ASSERT_TRUE(joined.open(QFile::WriteOnly));
+    joined.write(records().join());
+    joined.close();
+    QProcess yaz;
+    yaz.start(u"yaz-marcdump"_s, {u"-f"_s, u"gbk"_s, u"-t"_s, u"utf-8"_s, u"-o"_s, u"line"_s, joined.fileName()});
+    ASSERT_TRUE(yaz.waitForFinished());
+    const QString dump = QString::fromUtf8(yaz.readAllStandardOutput() + yaz.readAllStandardError());
+    EXPECT_EQ(dump.count(u"hteva\n"_s), count - longNumbers); // those are cut to the eleven bytes that were counted
+    EXPECT_EQ(dump.count(QRegularExpression(u"\n001 |^001 "_s)), count);
+    EXPECT_TRUE(dump.contains(u"200 1  $a 红楼梦 $f 曹雪芹著\n"_s)) << dump.left(600).toStdString();
+    EXPECT_FALSE(dump.contains(u"Bad") || dump.contains(u"rror")) << dump.toStdString();
+}
+
+TEST_F(ExportRunTest, RefusesNoNameAndAnExistingFile) {
+    host.willChoose({});
+    list.CmdDcgl[Export]->click();
+    QFile(path).open(QFile::WriteOnly);
+    path += u' ';
+    run();
+    EXPECT_EQ(host.texts(), (QStringList{u"请输入要保存marc数据的文件名！"_s,
+                                         u"选择的路径下已经存在输入的文件名。请重新输入marc数据文件名！"_s}));
+    EXPECT_FALSE(list.labDaochu->isVisible());
+}
+
+TEST_F(ExportRunTest, AsksBehindTheRecordInHandWhetherToStop) {
+    host.willAnswer(platform::Answer::No);
+    host.willAnswer(platform::Answer::Yes);
+    host.onYield = [this, yields = 0]() mutable {
+        if (++yields >= 2)
+            list.CmdDcgl[Stop]->click();
+    };
+    run();
+    EXPECT_EQ(host.texts(), (QStringList{u"已经成功导出2条数据。确定要终止导出吗？"_s,
+                                         u"已经成功导出3条数据。确定要终止导出吗？"_s, finalWord(2, path)}));
+    EXPECT_EQ(records().size(), 3);
+    EXPECT_FALSE(list.CmdDcgl[Export]->isEnabled()); // and nothing brings it back
+}
+
+TEST_F(ExportRunTest, EndsSilentlyWithTheFileClosedWhenItsWindowGoes) {
+    behindRecord(4, [this] {
+        list.unload();
+        EXPECT_TRUE(list.isVisible()); // the run still stands on it
+        EXPECT_EQ(records().size(), 4);
+    });
+    run();
+    EXPECT_EQ(records().size(), 4);
+    EXPECT_FALSE(list.isVisible());
+    EXPECT_TRUE(host.boxes.isEmpty());
+}
+
+TEST_F(ExportRunTest, GoesOnWithTheRowsThatStandAndIgnoresASecondPress) {
+    behindRecord(4, [this] {
+        list.CmdDcgl[Export]->click();
+        load(u"zskid Between 11 And 17"_s);
+    });
+    run();
+    EXPECT_EQ(host.texts(), QStringList{finalWord(7, path)});
+    ASSERT_EQ(records().size(), 7);
+    EXPECT_TRUE(records()[3].contains("00004hteva") && records()[4].contains("00015hteva"));
+}
+
+TEST_F(ExportRunTest, WritesEmptyRecordsWithoutAWordWhenRowsCannotBeRead) {
+    behindRecord(2, [this] { database.run(u"drop table zsk;"_s); });
+    run();
+    EXPECT_EQ(host.texts(), QStringList{finalWord(10, path)});
+    EXPECT_EQ(records().count(exportRecord({})), 8);
+
+    path = folder.filePath(u"没有/导出.iso"_s); // nor is a file that cannot be made worth a word
+    run();
+    EXPECT_EQ(host.texts().last(), finalWord(10, path));
+    path = folder.filePath(u"empty.iso"_s);
+    load(u"zskid=0"_s);
+    run();
+    EXPECT_EQ(host.texts().last(), finalWord(0, path));
+    EXPECT_TRUE(records().isEmpty());
+}
+
+} // namespace

@@ -1,0 +1,78 @@
+// The sort dialog on a list window, with and without one.
+#include "catalogue/orderbyFrm.h"
+#include "support/scriptedHost.h"
+#include <QTest>
+#include <gtest/gtest.h>
+
+using namespace catalogue;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct List final : SortableList {
+    void loadData(QString &condition, QString &order) override { received.append({condition, order}); }
+    QString queryCondition() const override { return u"author='a'"_s; }
+    QList<QStringList> received;
+};
+
+class OrderbyFrmTest : public testing::Test {
+protected:
+    OrderbyFrmTest() {
+        dialog.show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    }
+    QStringList chosen(const OrderbyFrm &of) {
+        QStringList result;
+        for (int i = 0; i < of.List2->count(); ++i)
+            result.append(of.List2->item(i)->text());
+        return result;
+    }
+    ScriptedHost host;
+    CatalogueOrder order;
+    List list;
+    OrderbyFrm dialog{host, order, [this] { return &list; }};
+};
+
+TEST_F(OrderbyFrmTest, StoresTheOrderAndLoadsTheListAnew) {
+    QTest::mouseClick(dialog.CmdAdd, Qt::LeftButton); // nothing is selected yet
+    dialog.List1->setCurrentRow(0);
+    QTest::keyClick(dialog.List1, Qt::Key_Return);
+    dialog.List1->setCurrentRow(1);
+    QTest::mouseClick(dialog.CmdAdd, Qt::LeftButton);
+    QTest::mouseClick(dialog.CmdAdd, Qt::LeftButton);
+    EXPECT_TRUE(dialog.List1->hasFocus()); // it stands there already
+    EXPECT_EQ(chosen(dialog), (QStringList{u"书名"_s, u"著者"_s}));
+    QTest::keyClick(&dialog, Qt::Key_O, Qt::AltModifier);
+    EXPECT_FALSE(dialog.isVisible());
+    EXPECT_EQ(order.sortOrder, u"bookname,author"_s);
+    EXPECT_EQ(list.received, (QList<QStringList>{{u"author='a'"_s, u"bookname,author"_s}}));
+    EXPECT_TRUE(chosen(OrderbyFrm(host, order, [] { return nullptr; })).isEmpty());
+}
+
+TEST_F(OrderbyFrmTest, RefusesAnEmptyChoiceAndCancelsWithoutATrace) {
+    QTest::mouseClick(dialog.CmdAddAll, Qt::LeftButton);
+    EXPECT_EQ(dialog.List2->count(), 6);
+    dialog.List2->setCurrentRow(5);
+    QTest::mouseClick(dialog.CmdMove, Qt::LeftButton);
+    EXPECT_EQ(dialog.List2->count(), 5);
+    QTest::mouseClick(dialog.CmdMoveAll, Qt::LeftButton);
+    QTest::mouseClick(dialog.cmdOK, Qt::LeftButton);
+    EXPECT_EQ(host.texts(), QStringList{u"请输入排序条件，取消该操作。"_s});
+    EXPECT_TRUE(dialog.isVisible());
+    QTest::mouseClick(dialog.CmdAddAll, Qt::LeftButton);
+    QTest::mouseClick(dialog.cmdCancel, Qt::LeftButton);
+    EXPECT_FALSE(dialog.isVisible());
+    EXPECT_TRUE(order.sortOrder.isEmpty() && list.received.isEmpty());
+}
+
+TEST_F(OrderbyFrmTest, ShowsAnOrderOfOneColumnAgainAndNeedsNoList) {
+    order.sortOrder = u"ISBN"_s;
+    OrderbyFrm next(host, order, [] { return nullptr; });
+    EXPECT_EQ(chosen(next), QStringList{u"ISBN"_s});
+    next.List1->setCurrentRow(5);
+    next.CmdAdd->click();
+    next.cmdOK->click();
+    EXPECT_EQ(order.sortOrder, u"ISBN,catatime"_s);
+}
+
+} // namespace

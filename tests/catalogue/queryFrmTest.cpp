@@ -1,0 +1,121 @@
+// The query dialogs, driven by keys and clicks.
+#include "catalogue/queryFrm.h"
+#include "support/scriptedHost.h"
+#include <QGuiApplication>
+#include <QTest>
+#include <gtest/gtest.h>
+
+using namespace catalogue;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Target final : QueryTarget {
+    void loadData(QString &condition, QString &order) override {
+        received.append({condition, order});
+        dialogWasOpen = dialog && dialog->isVisible();
+        waited = QGuiApplication::overrideCursor() != nullptr;
+    }
+    const QWidget *dialog = nullptr;
+    QList<QStringList> received;
+    bool dialogWasOpen = false;
+    bool waited = false;
+};
+
+class QueryFrmTest : public testing::Test {
+protected:
+    QueryFrmTest() {
+        target.dialog = &dialog;
+        dialog.resultForm = &target;
+        dialog.LoadCombo(u"bookname,author,catatime"_s, u"书名,著者,入库日期"_s, u"字符,字符,日期"_s);
+        dialog.show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    }
+    void choose(const QString &label) {
+        const QListWidgetItem *item = dialog.LFields->findItems(label, Qt::MatchExactly).constFirst();
+        QTest::mouseClick(dialog.LFields->viewport(), Qt::LeftButton, {},
+                          dialog.LFields->visualItemRect(item).center());
+    }
+    void type(const QString &text) {
+        dialog.lSql->setFocus();
+        QTest::keyClicks(dialog.lSql, text);
+    }
+
+    ScriptedHost host;
+    Target target;
+    QueryFrm dialog{host};
+};
+
+TEST_F(QueryFrmTest, HandsOverWhatStandsInItWhenItsKeyIsPressed) {
+    EXPECT_EQ(dialog.cSql->currentText() + dialog.cFuhao->currentText(),
+              u"书名等于"_s); // the first field counts as clicked
+    type(u"O'Neill"_s);
+    QTest::keyClick(dialog.lSql, Qt::Key_Tab);
+    EXPECT_EQ(dialog.lSql->text(), QString());
+    QTest::mouseClick(dialog.Command3, Qt::LeftButton); // the box is empty by now
+    EXPECT_EQ(dialog.signSql->toPlainText(), u"书名'等于'O'Neill"_s);
+    QTest::mouseClick(dialog.Command1[0], Qt::LeftButton);
+    EXPECT_EQ(dialog.totalSql->item(0)->text(), u"书名'等于'O'Neill"_s);
+    choose(u"入库日期"_s);
+    EXPECT_EQ(dialog.lSql->text(), u"____-__-__"_s);
+    type(u"2005"_s);
+    QTest::keyClick(&dialog, Qt::Key_O, Qt::AltModifier); // the value is not added yet
+    EXPECT_EQ(target.received,
+              (QList<QStringList>{
+                  {u"(bookname='O'Neill') OR (Convert(varchar(10),catatime,111) Like '2005/__/__')"_s, QString()}}));
+    EXPECT_TRUE(target.waited && !target.dialogWasOpen);
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(QueryFrmTest, ClearsBackToTheEmptyMaskAndAllSortFields) {
+    choose(u"入库日期"_s);
+    type(u"2005"_s);
+    dialog.cOrderby->setCurrentIndex(1);
+    QTest::mouseClick(dialog.Label3[1], Qt::LeftButton);
+    EXPECT_EQ(dialog.lOrderby->toPlainText(), u"'著者'降"_s);
+    EXPECT_EQ(dialog.cOrderby->findText(u"著者"_s), -1);
+    EXPECT_EQ(dialog.cOrderby->currentText(), QString());
+    QTest::keyClick(&dialog, Qt::Key_C, Qt::AltModifier);
+    EXPECT_EQ(dialog.signSql->toPlainText() + dialog.lOrderby->toPlainText(), QString());
+    EXPECT_EQ(dialog.lSql->text(), u"____-__-__"_s);
+    EXPECT_EQ(dialog.cOrderby->count(), 3);
+    QTest::mouseClick(dialog.Command1[1], Qt::LeftButton);
+    EXPECT_EQ(target.received, QList<QStringList>({{QString(), QString()}}));
+}
+
+TEST_F(QueryFrmTest, RefusesToSortByNothingAndHandsNothingOverWhenClosed) {
+    QTest::keyClick(dialog.Label3[0], Qt::Key_Space);
+    EXPECT_EQ(host.texts(), QStringList{u"请选择排序项目，取消该操作。"_s});
+    EXPECT_EQ(host.lastBox().icon, platform::Icon::Critical);
+    EXPECT_TRUE(dialog.cOrderby->hasFocus());
+    type(u"a"_s);
+    QTest::keyClick(&dialog, Qt::Key_X, Qt::AltModifier);
+    EXPECT_FALSE(dialog.isVisible());
+    EXPECT_TRUE(target.received.isEmpty());
+}
+
+TEST_F(QueryFrmTest, LeadsOnByEnterAndSwallowsKeysInTheReadableForms) {
+    dialog.cSql->setFocus();
+    QTest::keyClick(dialog.cSql, Qt::Key_Return);
+    EXPECT_TRUE(dialog.cFuhao->hasFocus());
+    QTest::keyClick(dialog.cFuhao, Qt::Key_Return);
+    EXPECT_TRUE(dialog.lSql->hasFocus());
+    dialog.signSql->setFocus();
+    QTest::keyClicks(dialog.signSql, u"a"_s);
+    EXPECT_EQ(dialog.signSql->toPlainText(), QString());
+    QTest::keyClick(dialog.signSql, Qt::Key_Tab);
+    EXPECT_FALSE(dialog.signSql->hasFocus());
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+    EXPECT_FALSE(dialog.isVisible());
+}
+
+TEST(QueryFrmdel, SaysSoWhenItsFieldsDoNotFit) {
+    ScriptedHost host;
+    QueryFrmdel dialog(host);
+    const QString fields = QStringList(47, u"f"_s).join(u',');
+    dialog.LoadCombo(fields, fields, fields);
+    EXPECT_EQ(host.boxes.size(), 1);
+    EXPECT_EQ(dialog.LFields->count(), 0);
+}
+
+} // namespace

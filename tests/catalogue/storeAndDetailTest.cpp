@@ -1,0 +1,126 @@
+// The detail window and the store list on a real database.
+#include "catalogue/sckListFrm.h"
+#include "catalogue/tlkListFrm.h"
+#include "catalogueDatabase.h"
+#include "support/scriptedHost.h"
+#include <QTest>
+
+using namespace catalogue;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class SckListFrmTest : public testing::Test {
+protected:
+    CatalogueDatabase database;
+    ScriptedHost host;
+    SCKListFrm detail{database.state, host};
+};
+
+TEST_F(SckListFrmTest, ShowsARowAndItsCopies) {
+    database.run(uR"(insert into zsk (zskid,bookname,classcode,zch,bookcount) values (3,'<b>题名&</b>','TP3','12',5);
+        insert into sck (barcode,zskid,price,borrowstatus) values ('B1',3,12.5,'1'),('B2',3,null,'0'),('B3',3,8,null);
+        insert into jhsk (barcode,yhdate) values ('B2','2006-03-04');)"_s);
+    detail.InfoLoad(3);
+    EXPECT_EQ(detail.windowTitle(), u"书目详细资料-书册信息--><b>题名&</b>"_s);
+    EXPECT_EQ(detail.LabelZSK[0]->text(), u"TP3/12"_s);
+    EXPECT_EQ(detail.LabelZSK[12]->text(), u"3"_s); // the copies count, not the stored number
+    EXPECT_EQ(detail.Grid1->text(1, 5) + detail.Grid1->text(2, 5) + detail.Grid1->text(3, 5), u"是否否"_s);
+    EXPECT_EQ(detail.Grid1->text(2, 6), u"2006/03/04"_s);
+    EXPECT_EQ(detail.Grid1->text(1, 6), QString());
+
+    database.run(u"drop table jhsk;"_s); // the copies of another title must not stay
+    database.run(u"insert into zsk (zskid,bookname,bookcount) values (4,'乙',9);"_s);
+    detail.InfoLoad(4);
+    EXPECT_EQ(detail.LabelZSK[12]->text(), u"9"_s);
+    EXPECT_EQ(detail.Grid1->text(1, 0), QString());
+    detail.InfoLoad(99);
+    EXPECT_EQ(detail.windowTitle(), u"书目详细资料-书册信息-->(空)"_s);
+    EXPECT_EQ(detail.LabelZSK[0]->text() + detail.LabelZSK[12]->text(), QString());
+    EXPECT_EQ(detail.Grid1->rows(), 2);
+}
+
+TEST_F(SckListFrmTest, KeepsWhatItHadWhenTheServerFails) {
+    database.run(u"insert into zsk (zskid,bookname) values (3,'甲');"_s);
+    detail.InfoLoad(3);
+    EXPECT_EQ(detail.LabelZSK[12]->text(), u"0"_s);
+    database.state.connectionString = u"Driver=SQLite3;Database=/nowhere/books.db"_s;
+    detail.InfoLoad(0);
+    detail.InfoLoad(4);
+    EXPECT_EQ(host.texts(), QStringList{u"连接数据库失败"_s});
+    EXPECT_EQ(detail.LabelZSK[2]->text(), u"甲"_s);
+}
+
+class TlkListFrmTest : public testing::Test {
+protected:
+    TlkListFrmTest() {
+        database.run(
+            u"insert into taoluTable (bookname,author) values ('e','x'),('d','x'),('c','y'),('b','y'),('a','y');"_s);
+    }
+    void load(QString condition, QString order = {}) { list.loadData(condition, order); }
+    QStringList left() { return database.column(u"select bookname from taoluTable order by zskid"_s); }
+
+    CatalogueDatabase database;
+    ScriptedHost host;
+    int hidden = 0;
+    TLKListFrm list{database.state, host, [this] { ++hidden; }};
+};
+
+TEST_F(TlkListFrmTest, DeletesASelectionInEitherDirection) {
+    load({}, u"bookname"_s);
+    EXPECT_EQ(list.lCounts->text(), u"记录数：5"_s);
+    list.Grid1->setRow(3);
+    list.Grid1->setRowSel(2); // c and b, dragged upwards
+    host.willAnswer(platform::Answer::No);
+    list.CmdDcgl[0]->click();
+    EXPECT_EQ(left().size(), 5);
+    EXPECT_EQ(host.lastBox().text, u"确定要将选择的文献从套录库中删除吗吗？(Y/N)"_s);
+    EXPECT_EQ(host.lastBox().title, QString());
+    EXPECT_EQ(host.lastBox().preselected, platform::Answer::No);
+    host.willAnswer(platform::Answer::Yes);
+    list.CmdDcgl[0]->click();
+    EXPECT_EQ(left(), (QStringList{u"e"_s, u"d"_s, u"a"_s}));
+    EXPECT_EQ(list.lCounts->text(), u"记录数：3"_s);
+    EXPECT_EQ(list.Grid1->text(1, 1), u"a"_s); // the reload keeps the order
+    EXPECT_EQ(hidden, 2);
+
+    load(u"author='nobody'"_s);
+    EXPECT_EQ(list.lCounts->text(), u"记录数：0"_s);
+    host.willAnswer(platform::Answer::Yes);
+    list.CmdDcgl[0]->click(); // the empty row of an empty list
+    EXPECT_EQ(left().size(), 3);
+}
+
+TEST_F(TlkListFrmTest, DeletesWhatTheQueryFoundOrEverything) {
+    const auto deleteAll = [this](platform::Answer answer) {
+        host.willAnswer(answer);
+        list.CmdDcgl[1]->click();
+        return left().size();
+    };
+    load(u"author='x'"_s, u"bookname"_s);
+    EXPECT_EQ(deleteAll(platform::Answer::No), 5);
+    EXPECT_EQ(deleteAll(platform::Answer::Yes), 5); // the order rides along, and this server refuses it
+    load(u"author='x'"_s);
+    EXPECT_EQ(deleteAll(platform::Answer::Yes), 3);
+    EXPECT_EQ(list.lCounts->text(), u"记录数：0"_s);
+    load({}, u"bookname"_s);
+    EXPECT_EQ(deleteAll(platform::Answer::Yes), 0);
+    EXPECT_EQ(host.texts(), QStringList(4, u"你确定将检索出的数据从套录库中删除吗？"_s)); // and not a word more
+}
+
+TEST_F(TlkListFrmTest, TellsEveryFailureWithTheOneMessage) {
+    load({});
+    load(u"author='O'Neill'"_s);
+    EXPECT_EQ(list.Grid1->rows(), 2);
+    EXPECT_EQ(list.Grid1->text(1, 0), QString());
+    database.run(u"drop table taoluTable;"_s);
+    load({});
+    database.state.connectionString = u"Driver=SQLite3;Database=/nowhere/books.db"_s;
+    host.willAnswer(platform::Answer::Yes);
+    list.delSelected();
+    const QString broken = u"套录库已经损坏,数据不能正常显示。请修复。"_s;
+    EXPECT_EQ(host.texts(), (QStringList{broken, broken, u"确定要将选择的文献从套录库中删除吗吗？(Y/N)"_s, broken}));
+    EXPECT_EQ(list.lCounts->text(), u"记录数：0"_s);
+}
+
+} // namespace

@@ -1,0 +1,127 @@
+// The catalogue list on a real database: loading, its counters, sorting, details, printing, the key that ends all.
+#include "catalogue/zskListFrm.h"
+#include "catalogueDatabase.h"
+#include "support/scriptedHost.h"
+#include <QGuiApplication>
+#include <QPrinter>
+#include <QProcess>
+#include <QTest>
+
+using namespace catalogue;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class ZskListFrmTest : public testing::Test {
+protected:
+    ~ZskListFrmTest() override {
+        while (QGuiApplication::overrideCursor())
+            QGuiApplication::restoreOverrideCursor();
+    }
+    void load(QString condition, QString sort = {}) { list.loadData(condition, sort); }
+    QStringList shown(int column) {
+        QStringList texts;
+        for (int row = 1; row < list.Grid1->rows(); ++row)
+            texts.append(list.Grid1->text(row, column));
+        return texts;
+    }
+    CatalogueDatabase database;
+    ScriptedHost host;
+    CatalogueOrder order;
+    QList<qint32> details;
+    QList<DataReportJs> reports;
+    ZSKListFrm list{database.state,
+                    host,
+                    order,
+                    {[this](qint32 zskid) { details.append(zskid); }, [] {},
+                     [this](const DataReportJs &report) { reports.append(report); }}};
+};
+
+TEST_F(ZskListFrmTest, ListsRowsInTheQuerysOrderOrElseTheStoredOne) {
+    database.runFile("sample.sql");
+    load({});
+    const QStringList all = database.column(u"select zskid from zsk"_s);
+    EXPECT_EQ(shown(0), all);
+    EXPECT_EQ(list.lCounts->text(), u"记录数：%1"_s.arg(all.size()));
+    EXPECT_EQ(list.Grid1->text(1, 7), u"1999/06/08"_s);
+    EXPECT_EQ(list.Grid1->columnTwips(0), 0);
+
+    order.sortOrder = u"catatime"_s;
+    load(u"author='鲁迅著' And Convert(varchar(10),catatime,111) Like '____/__/__'"_s);
+    EXPECT_EQ(shown(7), (QStringList{u"1998/10/08"_s, u"2005/12/22"_s, u"2006/05/01"_s}));
+    load(u"author='鲁迅著'"_s, u"zskid Desc"_s);
+    EXPECT_EQ(shown(0), (QStringList{u"9"_s, u"8"_s, u"7"_s}));
+    EXPECT_EQ(order.sortOrder, u"catatime"_s);
+    EXPECT_EQ(list.queryCondition(), u"author='鲁迅著'"_s);
+}
+
+TEST_F(ZskListFrmTest, CountsWhatIsNotThereInItsOwnWords) {
+    database.run(u"insert into zsk (bookname) values ('a'); update zsk set bookname=null;"_s);
+    load({});
+    ASSERT_EQ(list.lCounts->text(), u"记录数：1"_s);
+    for (const QString &condition : {u"zskid=0"_s, u"author='O'Neill'"_s}) { // no row; a statement that fails
+        load(condition);
+        EXPECT_EQ(list.lCounts->text(), u"要导出的记录数：0"_s);
+        EXPECT_EQ(shown(0), QStringList{QString()});
+    }
+    list.PrintRpt({});
+    list.CmdDcgl[0]->click();
+    EXPECT_TRUE(reports.isEmpty() && details.isEmpty() && host.boxes.isEmpty());
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+
+    load({});
+    database.state.connectionString = u"Driver=SQLite3;Database=/nowhere/books.db"_s;
+    load(u"zskid=0"_s);
+    EXPECT_EQ(host.texts(), QStringList{u"连接数据库失败"_s});
+    EXPECT_EQ(list.lCounts->text(), u"记录数：1"_s); // the list as it was, and the caller's cursor to reset
+    EXPECT_NE(QGuiApplication::overrideCursor(), nullptr);
+    list.PrintRpt({});
+    EXPECT_TRUE(reports.isEmpty());
+    EXPECT_EQ(host.boxes.size(), 1);
+}
+
+TEST_F(ZskListFrmTest, OpensTheDetailsOfTheCurrentRow) {
+    database.runFile("sample.sql");
+    load(u"zskid In (2,5)"_s, u"zskid"_s);
+    list.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&list));
+    list.Grid1->setFocus();
+    list.Grid1->setRow(2);
+    QTest::keyClick(list.Grid1, Qt::Key_Return);
+    QTest::keyClick(&list, Qt::Key_M, Qt::AltModifier);
+    EXPECT_EQ(details, (QList<qint32>{5, 5}));
+}
+
+TEST_F(ZskListFrmTest, PrintsTheListedRows) {
+    database.runFile("sample.sql");
+    load(u"author='鲁迅著'"_s, u"zskid"_s);
+    list.CmdDcgl[2]->click();
+    ASSERT_EQ(reports.size(), 1);
+    EXPECT_EQ(reports[0].caption, u"打印图书检索一览表"_s);
+    QTemporaryDir folder;
+    QPrinter printer;
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(folder.filePath(u"list.pdf"_s));
+    EXPECT_EQ(platform::print(reports[0], printer), 1);
+    QProcess reader;
+    reader.start(u"pdftotext"_s, {u"-layout"_s, printer.outputFileName(), u"-"_s});
+    ASSERT_TRUE(reader.waitForFinished());
+    // Some characters come back as the radicals that share their glyph.
+    QString text = QString::fromUtf8(reader.readAllStandardOutput()).normalized(QString::NormalizationForm_KC);
+    text.remove(u' ').replace(u'⻚', u'页').replace(u'⺠', u'民');
+    for (const QString &wanted :
+         {u"图书检索一览表"_s, u"书名著者分类号出版社馆藏册数"_s, u"呐喊鲁迅著I210.6人民文学出版社3"_s,
+          u"报表日期:2026-03-09"_s, u"共1页"_s, u"第1页"_s})
+        EXPECT_TRUE(text.contains(wanted)) << wanted.toStdString() << " in\n" << text.toStdString();
+}
+
+TEST_F(ZskListFrmTest, EndsTheProgramOnTheKeyThatHasNoQueryBehindIt) {
+    list.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&list));
+    list.Grid1->setFocus();
+    QTest::keyClick(list.Grid1, Qt::Key_F, Qt::ControlModifier);
+    EXPECT_EQ(host.boxes.size(), 1);
+    EXPECT_EQ(host.endings, 1);
+}
+
+} // namespace

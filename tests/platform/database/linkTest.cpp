@@ -1,0 +1,154 @@
+// Connections that die, databases that change behind the program's back.
+#include "platform/database/connection.h"
+#include "platform/database/sublib.h"
+#include "support/databaseServers.h"
+#include "support/scriptedHost.h"
+#include <QFileInfo>
+#include <QScopeGuard>
+#include <QTest>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using platform::Connection;
+
+namespace {
+
+const QString titles = u"select bookname from taoluTable order by zskid"_s;
+
+// One record as the import does it: a connection of its own, a failure that is not silent.
+bool import(const TestDatabase &database, const QString &title) {
+    auto connection = Connection::open(database.connectionString());
+    return connection && connection.value().execute(u"insert  taolutable (bookname) values ('" + title + u"')");
+}
+
+// All tests of this program run with a driver manager that has a pool of its own, the hardest case for telling dead
+// connections, and with a data source that stands in the user's settings.
+class DriverManager final : public testing::Environment {
+public:
+    void SetUp() override {
+        QFile system(u"/etc/odbcinst.ini"_s);
+        ASSERT_TRUE(system.open(QIODevice::ReadOnly));
+        write(u"odbcinst.ini"_s,
+              "[ODBC]\nPooling=Yes\n" + system.readAll().replace("Driver=", "CPTimeout=60\nDriver="));
+        const QString postgres = TestDatabase::textOf(TestServer::PostgreSql);
+        write(u"odbc.ini"_s,
+              "[馆藏]\nDriver=SQLite3\nDatabase=" + m_folder.filePath(u"a.sqlite"_s).toUtf8() + "\n[总馆]\n" +
+                  QString(postgres).replace(u"Server="_s, u"Servername="_s).replace(u';', u'\n').toUtf8());
+        qputenv("ODBCSYSINI", m_folder.path().toUtf8());
+    }
+
+private:
+    void write(const QString &name, const QByteArray &bytes) const {
+        QFile file(m_folder.filePath(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    }
+
+    QTemporaryDir m_folder;
+};
+[[maybe_unused]] const auto *driverManager = testing::AddGlobalTestEnvironment(new DriverManager);
+
+} // namespace
+
+// A replaced file takes the rows from then on, complete; the rows before stay in the old one. The log of the old file
+// must not get into the new one.
+TEST(Link, aReplacedSqliteFileIsNoticed) {
+    for (const bool whileInUse : {false, true}) {
+        const TestDatabase database(TestServer::Sqlite), other(TestServer::Sqlite);
+        ASSERT_TRUE(import(other, u"新库"_s));
+        platform::endKeptConnections();
+        ASSERT_EQ(QFileInfo(other.file() + u"-wal").size(), 0);
+        ASSERT_TRUE(import(database, u"一"_s));
+        {
+            const auto inUse = whileInUse ? Connection::open(database.connectionString()) : platform::Failure{};
+            ASSERT_TRUE(QFile::rename(database.file(), database.file() + u".old"));
+            ASSERT_TRUE(QFile::rename(other.file(), database.file()));
+        }
+        for (int i = 2; i < 30; ++i)
+            ASSERT_TRUE(import(database, QString::number(i)));
+        EXPECT_TRUE(database.selected(titles).startsWith(u"新库 2 3 4")) << database.selected(titles).toStdString();
+        EXPECT_EQ(database.selected(u"PRAGMA integrity_check"_s), u"ok"_s);
+        platform::endKeptConnections();
+        ASSERT_TRUE(QFile::remove(database.file()));
+        ASSERT_TRUE(QFile::rename(database.file() + u".old", database.file()));
+        EXPECT_EQ(database.selected(titles), u"一"_s);
+        platform::endKeptConnections();
+    }
+}
+
+// Some seconds after the last use an SQLite database is one whole file that can be copied and written over.
+TEST(Link, nothingIsHeldOpenBetweenWorks) {
+    const TestDatabase database(TestServer::Sqlite);
+    ASSERT_TRUE(import(database, u"一"_s));
+    ASSERT_GT(QFileInfo(database.file() + u"-wal").size(), 0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QFileInfo(database.file() + u"-wal").size() == 0; }, 20000));
+}
+
+TEST(Link, aDeletedSqliteFileLosesNoRecordInSilence) {
+    const TestDatabase database(TestServer::Sqlite);
+    ASSERT_TRUE(import(database, u"一"_s));
+    ASSERT_TRUE(QFile::remove(database.file()));
+    EXPECT_FALSE(import(database, u"二"_s));
+}
+
+TEST(Link, aFullDiskRefusesAndHarmsNothing) {
+    const TestDatabase database(TestServer::Sqlite);
+    database.selected(u"PRAGMA max_page_count=40"_s); // of the one connection that all uses share
+    int stored = 0;
+    for (int i = 0; i < 300; ++i)
+        stored += import(database, QString(150, u'满'));
+    EXPECT_GT(stored, 10);
+    EXPECT_LT(stored, 300);
+    database.selected(u"PRAGMA max_page_count=4000"_s);
+    EXPECT_TRUE(import(database, u"又有地方"_s));
+    EXPECT_EQ(database.selected(u"select count(*) from taoluTable"_s), QString::number(stored + 1));
+}
+
+// The server ends a connection that waits for its next use.
+TEST(Link, aDeadConnectionIsReplaced) {
+    for (const TestServer server : {TestServer::PostgreSql, TestServer::MariaDb}) {
+        const TestDatabase database(server);
+        const bool postgres = server == TestServer::PostgreSql;
+        const QString own = postgres ? u"select pg_backend_pid()"_s : u"select connection_id()"_s;
+        auto killer = Connection::open(database.connectionString());
+        const QString waiting = database.selected(own);
+        ASSERT_EQ(database.selected(own), waiting); // the same connection serves one use after the other
+        ASSERT_TRUE(
+            killer.value().execute((postgres ? u"select pg_terminate_backend(%1)"_s : u"kill %1"_s).arg(waiting)));
+        EXPECT_TRUE(import(database, u"一"_s));
+        EXPECT_EQ(database.selected(titles), u"一"_s);
+    }
+}
+
+TEST(Link, aServerThatGoesAwayAndComesBack) {
+    const TestDatabase database(TestServer::PostgreSql);
+    ASSERT_TRUE(import(database, u"一"_s));
+    platform::SessionState state{database.connectionString()};
+    platform::DbSession session;
+    ScriptedHost host;
+    ASSERT_EQ(openConnection(session, state, host), 0);
+    commandServers(u"stop-postgresql"_s);
+    auto comesBack = qScopeGuard([] { commandServers(u"start-postgresql"_s); }); // for the other tests, whatever fails
+    EXPECT_FALSE(session->execute(u"delete from taoluTable"_s));
+    closeConnection(session);
+    EXPECT_FALSE(import(database, u"二"_s));
+    EXPECT_EQ(openConnection(session, state, host), -1);
+    EXPECT_FALSE(session);
+    ASSERT_EQ(host.texts(), QStringList{u"连接数据库失败"_s});
+    EXPECT_EQ(host.lastBox().title, u"错误提示"_s);
+    EXPECT_EQ(host.lastBox().icon, platform::Icon::Critical);
+    comesBack.dismiss();
+    commandServers(u"start-postgresql"_s);
+    EXPECT_TRUE(import(database, u"三"_s));
+    EXPECT_EQ(database.selected(titles), u"一 三"_s);
+}
+
+// As the connection dialog composes it for a data source, of a driver with narrow calls and of one with wide calls.
+TEST(Link, dataSourcesOfChineseNamesAreListedAndOpened) {
+    for (const QString &name : {u"馆藏"_s, u"总馆"_s}) {
+        EXPECT_TRUE(platform::dataSourceNames().contains(name)) << platform::dataSourceNames().join(u'|').toStdString();
+        auto connection = Connection::open(u"PROVIDER=MSDASQL;DSN=" + name + u";UID=tester;PWD=Tarvex-1;");
+        ASSERT_TRUE(connection) << connection.failure().description.toStdString();
+        (void)connection.value().execute(u"create table zsk (zskid integer)"_s);
+        EXPECT_TRUE(connection.value().query(u"select zskid from ZSK"_s));
+    }
+}

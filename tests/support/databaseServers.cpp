@@ -1,0 +1,80 @@
+#include "support/databaseServers.h"
+#include "platform/database/script.h"
+#include "support/qtPrinters.h"
+#include <QFile>
+#include <QProcess>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using platform::Connection;
+
+namespace {
+
+QString fileText(const QString &path) {
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
+    return QString::fromUtf8(file.readAll());
+}
+
+} // namespace
+
+QString TestDatabase::nameOf(TestServer server) {
+    constexpr auto names = std::to_array<QStringView>({u"sqlite", u"postgresql", u"mariadb"});
+    return names[std::size_t(server)].toString();
+}
+
+QString TestDatabase::textOf(TestServer server) {
+    const QString start = TestDatabase::nameOf(server) + u'=';
+    for (const QString &line : fileText(QStringLiteral(TEST_SERVERS_FILE)).split(u'\n'))
+        if (line.startsWith(start))
+            return line.sliced(start.size());
+    ADD_FAILURE() << "no such server is running: " << start.toStdString();
+    return {};
+}
+
+TestDatabase::TestDatabase(TestServer server) {
+    m_connectionString =
+        u"PROVIDER=MSDASQL;" +
+        (server == TestServer::Sqlite
+             ? QString(u"Driver=SQLite3;Database=" + file() + u";JournalMode=WAL;SyncPragma=NORMAL;Timeout=5000;")
+             : textOf(server));
+    auto connection = Connection::open(m_connectionString);
+    if (!connection) {
+        ADD_FAILURE() << connection.failure().description.toStdString();
+        return;
+    }
+    if (server != TestServer::Sqlite)
+        for (const QStringView table : {u"taoluTable", u"zsk", u"sck", u"jhsk"})
+            (void)connection.value().execute(u"drop table if exists " + table);
+    const platform::Status made = runScript(connection.value(), schemaScript(nameOf(server) + u".sql"));
+    EXPECT_TRUE(made) << made.failure().description.toStdString();
+}
+
+void TestDatabase::run(const QString &statement) const {
+    auto connection = Connection::open(m_connectionString);
+    ASSERT_TRUE(connection) << connection.failure().description.toStdString();
+    const platform::Status ran = connection.value().execute(statement);
+    EXPECT_TRUE(ran) << ran.failure().description.toStdString() << "\n" << statement.toStdString();
+}
+
+QString TestDatabase::selected(const QString &statement) const {
+    auto connection = Connection::open(m_connectionString);
+    if (!connection)
+        return connection.failure().description;
+    const auto rows = connection.value().query(statement);
+    if (!rows)
+        return rows.failure().description;
+    QStringList values;
+    for (int row = 0; row < rows.value()->rowCount(); ++row)
+        values.append(rows.value()->text(row, 0));
+    return values.join(u' ');
+}
+
+QString schemaScript(const QString &name) {
+    return fileText(QStringLiteral(TEST_SCHEMA_FOLDER) + u'/' + name);
+}
+
+void commandServers(const QString &command) {
+    EXPECT_EQ(QProcess::execute(QStringLiteral(TEST_SERVERS_SCRIPT), {command, QStringLiteral(TEST_SERVERS_FILE)}), 0)
+        << command.toStdString();
+}

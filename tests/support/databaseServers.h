@@ -1,0 +1,39 @@
+// The database servers of the tests: a real SQLite file, a real PostgreSQL and a real MariaDB. The latter two are
+// started and stopped by the test run (scripts/test-servers); a program that needs them is a house_tests with SERVERS.
+#pragma once
+
+#include <QString>
+#include <QTemporaryDir>
+#include <ostream>
+
+enum class TestServer { Sqlite, PostgreSql, MariaDb };
+
+// A library's database with empty tables, made by the server's own schema script.
+class TestDatabase {
+public:
+    explicit TestDatabase(TestServer server);
+
+    static QString nameOf(TestServer server);                              // as its schema script is named
+    static QString textOf(TestServer server);                              // the connection text of a running server
+    const QString &connectionString() const { return m_connectionString; } // as a person would have it stored
+    QString file() const { return m_folder.filePath(QStringLiteral("library.sqlite")); } // of SQLite
+
+    // Runs a statement that must work.
+    void run(const QString &statement) const;
+    // The first column of what a statement selects, joined by blanks.
+    QString selected(const QString &statement) const;
+
+private:
+    QTemporaryDir m_folder;
+    QString m_connectionString;
+};
+
+inline void PrintTo(TestServer server, std::ostream *out) {
+    *out << TestDatabase::nameOf(server).toStdString();
+}
+
+// The text of a file of data/schema.
+QString schemaScript(const QString &name);
+
+// A command of scripts/test-servers: "stop-postgresql", "start-postgresql".
+void commandServers(const QString &command);

@@ -1,0 +1,7 @@
+#include "tour/scenes.h"
+
+namespace tour {
+
+void fileTools(TourDriver &) {}
+
+} // namespace tour

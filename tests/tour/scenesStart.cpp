@@ -1,0 +1,89 @@
+#include "app/startUp.h"
+#include "tour/scenes.h"
+#include <QApplication>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QThread>
+
+using namespace Qt::StringLiterals;
+
+namespace tour {
+
+namespace {
+
+QString storedSetting() {
+    return platform::Settings().read(app::settingApplication.toString(), app::settingSection.toString(),
+                                     app::settingKey.toString(), app::settingAbsent.toString());
+}
+
+} // namespace
+
+void firstRun(TourDriver &driver) {
+    if (!driver.waitForWindow(u"frmODBC"_s))
+        return;
+    driver.shot(u"first-run"_s);
+    driver.key(u"alt+c"_s);
+    driver.answerBox(u"填写的信息不完整!请重新输入!"_s, u"Return"_s, u"first-run-refused"_s);
+    driver.click(u"cboDSNList"_s);
+    driver.key(u"End"_s);
+    driver.key(u"Return"_s);
+    driver.waitUntil(u"data source chosen"_s, [] {
+        auto *sources = TourDriver::find<QComboBox>(u"cboDSNList"_s);
+        return sources && sources->currentText() == u"TarvexLibrary" &&
+               !TourDriver::find(u"txtServer"_s)->isEnabled() && TourDriver::find(u"txtUID"_s)->hasFocus();
+    });
+    driver.type(u"cataloguer"_s);
+    driver.key(u"alt+c"_s);
+    driver.answerBox(u"测试通过！\r\n请保存连接参数！"_s, u"Return"_s, u"first-run-tested"_s);
+    driver.expectEqual(storedSetting(), app::settingAbsent.toString(), u"the setting after a test"_s);
+    driver.click(u"cmdOK"_s);
+    driver.answerBox(u"请重新运行Quelt系统！"_s, u"Return"_s, u"first-run-saved"_s);
+    driver.waitForEnd();
+    driver.expectEqual(storedSetting(), u"PROVIDER=MSDASQL;DSN=TarvexLibrary;UID=cataloguer;PWD=;"_s, u"the setting"_s);
+}
+
+void notices(TourDriver &driver) {
+    if (driver.waitForWindow(u"frmLook"_s)) {
+        driver.shot(u"notice"_s);
+        driver.click(u"cmOK"_s);
+        driver.waitUntilGone(u"frmLook"_s);
+    }
+    driver.waitForWindow(u"marcMain"_s);
+    driver.shot(u"main-window"_s);
+
+    QProcess second;
+    second.start(QApplication::applicationDirPath() + u"/tarvex", {});
+    QThread::sleep(2);
+    driver.shot(u"second-start"_s);
+    driver.key(u"Return"_s);
+    driver.expect(second.waitForFinished(10000), u"a second start ends"_s);
+    driver.waitForWindow(u"marcMain"_s);
+
+    driver.openMenu(u"gongjumnu"_s, u"aboutgongju"_s);
+    if (driver.waitForWindow(u"frmHelp"_s)) {
+        driver.shot(u"help"_s);
+        driver.key(u"Escape"_s);
+        driver.waitUntilGone(u"frmHelp"_s);
+    }
+    driver.openMenu(u"gongjumnu"_s, u"mnuHelp"_s);
+    if (driver.waitForWindow(u"AboutFrm"_s)) {
+        driver.shot(u"about"_s);
+        driver.key(u"alt+q"_s);
+        driver.waitUntilGone(u"AboutFrm"_s);
+    }
+}
+
+void leave(TourDriver &driver) {
+    driver.waitForWindow(u"marcMain"_s);
+    driver.click(u"quit"_s);
+    driver.answerBox(u"确定要退出系统吗？"_s, u"n"_s, u"leave"_s);
+    driver.expect(driver.look([] { return TourDriver::find(u"marcMain"_s) != nullptr; }), u"No keeps the program"_s);
+    driver.openMenu(u"quitmnu"_s, u"mnuQuit"_s);
+    driver.answerBox(u"确定要退出系统吗？"_s, u"y"_s);
+    driver.waitForEnd();
+}
+
+} // namespace tour

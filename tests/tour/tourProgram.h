@@ -1,0 +1,19 @@
+// The program as the tour runs it: on the real machine, but the end of the process comes back to the tour.
+#pragma once
+
+#include "platform/desktop/qtHost.h"
+#include "tour/tourDriver.h"
+#include <functional>
+
+namespace tour {
+
+class TourHost final : public platform::QtHost {
+public:
+    using QtHost::QtHost;
+    void endProcess() override;
+};
+
+// Runs the program from its start to its end, with the script driving it from a thread of its own.
+void runProgram(TourDriver &driver, const std::function<void(TourDriver &)> &script);
+
+} // namespace tour
