@@ -107,7 +107,8 @@ bool TourDriver::waitUntil(const QString &what, const std::function<bool()> &con
     QElapsedTimer clock;
     clock.start();
     while (!look([&] { return condition(); })) {
-        if (clock.elapsed() > milliseconds) {
+        // Once something is amiss, what follows from it need not take its time.
+        if (m_ended || clock.elapsed() > (m_failures > 3 ? 1000 : milliseconds)) {
             expect(false, u"in time: " + what);
             shot(u"too-late"_s);
             return false;

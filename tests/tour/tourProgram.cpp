@@ -1,6 +1,7 @@
 #include "tour/tourProgram.h"
 #include "app/program.h"
 #include <QCoreApplication>
+#include <cstdlib>
 #include <thread>
 
 namespace tour {
@@ -11,7 +12,12 @@ void TourHost::endProcess() {
 
 void runProgram(TourDriver &driver, const std::function<void(TourDriver &)> &script) {
     TourHost host{platform::Settings()};
-    std::thread scriptThread([&] { script(driver); });
+    std::thread scriptThread([&] {
+        script(driver);
+        // A script that went astray leaves the program standing behind some box: the tour is over then.
+        if (!driver.waitForEnd())
+            std::_Exit(1);
+    });
     app::runProgram(host);
     driver.programEnded();
     scriptThread.join();
