@@ -6,7 +6,8 @@
 
 namespace bench {
 
-void recordPairs(Table &table, const BenchStage &stage);   // counting, reading, memory, stepping
+void recordPairs(Table &table, const BenchStage &stage); // counting, reading, memory
+void stepping(Table &table, const BenchStage &stage);
 void databasePairs(Table &table, const BenchStage &stage); // import, listing, export
 void filePairs(Table &table, const BenchStage &stage);     // split, merge
 

@@ -105,7 +105,10 @@ void recordPairs(Table &table, const BenchStage &stage) {
     if (memory)
         table.size("memory of the window then, less 100 MB | the file", *memory - fixedPart,
                    double(QFileInfo(file).size()), 1.4);
-    table.rate("step through records with the button, in the window", stepsPerSecond(file), " rec/s");
+}
+
+void stepping(Table &table, const BenchStage &stage) {
+    table.rate("step through records with the button, in the window", stepsPerSecond(stage.records()), " rec/s");
 }
 
 } // namespace bench
