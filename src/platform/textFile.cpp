@@ -10,7 +10,7 @@ namespace platform {
 namespace {
 
 constexpr qsizetype blockSize = 1 << 18;
-constexpr qsizetype gatherSize = 1 << 20; // fewer, larger writes: an eighth of the time of a split
+constexpr qsizetype gatherSize = 1 << 20; // a split in pieces of this size takes an eighth less than in quarters of it
 
 Result<std::unique_ptr<QFile>> openForReading(const QString &path) {
     if (QFileInfo(path).isDir())
