@@ -45,7 +45,8 @@ public:
     virtual QDateTime now() const = 0;
     // The folder of the executable, with no separator at its end but for a root.
     virtual QString programFolder() const = 0;
-    // Lets waiting events in once; costs next to nothing when none waits.
+    // Lets waiting events in, within a fraction of a millisecond; costs next to nothing otherwise. For each record of a
+    // long run.
     virtual void yield() = 0;
     // Ends the process at once.
     virtual void endProcess() = 0;

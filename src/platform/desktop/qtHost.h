@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/host.h"
+#include <QElapsedTimer>
 
 namespace platform {
 
@@ -20,6 +21,7 @@ public:
 
 private:
     Settings m_settings;
+    QElapsedTimer m_sinceEvents; // since events were last let in
 };
 
 // Loads the toolkit's own words in Chinese and the font fall-backs; call once, before any window.

@@ -1,0 +1,52 @@
+#include "benchStage.h"
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QWidget>
+#include <QWindow>
+
+namespace bench {
+
+QString BenchStage::freshPath(QStringView name) const {
+    static int count = 0;
+    const QString numbered = QString::number(++count) + u'-' + name;
+    return file(numbered);
+}
+
+QString BenchStage::freshFolder(QStringView name) const {
+    const QString path = freshPath(name);
+    QDir().mkpath(path);
+    return path;
+}
+
+QString connectionTo(const QString &database) {
+    return u"Driver=SQLite3;Database=" + database + u";JournalMode=WAL;SyncPragma=NORMAL;Timeout=10000;";
+}
+
+BenchHost::BenchHost()
+    : QtHost(platform::Settings()) {}
+
+platform::Answer BenchHost::show(const platform::Box &box) {
+    ++boxes;
+    return box.buttons == platform::Buttons::Ok ? platform::Answer::Ok : platform::Answer::No;
+}
+
+QString BenchHost::chooseFile(const platform::FileDialog &) {
+    return chosenFile;
+}
+
+void putUp(QWidget &window) {
+    window.show();
+    QElapsedTimer clock;
+    clock.start();
+    while (!window.windowHandle()->isExposed() && clock.elapsed() < 5000)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+    settle();
+}
+
+void settle() {
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents();
+}
+
+} // namespace bench

@@ -1,0 +1,18 @@
+// The comparisons by subject; each takes its figures and prints its rows.
+#pragma once
+
+#include "benchStage.h"
+#include "sideBySide.h"
+
+namespace bench {
+
+void recordPairs(Table &table, const BenchStage &stage); // counting, reading, memory
+void stepping(Table &table, const BenchStage &stage);
+void databasePairs(Table &table, const BenchStage &stage); // import, listing, export
+void filePairs(Table &table, const BenchStage &stage);     // split, merge
+
+// Reads the file into the window and prints the bytes that the process then has in memory: a process of its own, since
+// what went before would count. The exit code of the process.
+int tellMemory(const QString &file);
+
+} // namespace bench
