@@ -2,6 +2,7 @@
 #include <QCloseEvent>
 #include <QIcon>
 #include <QMenuBar>
+#include <QScreen>
 #include <QTimer>
 #include <QToolButton>
 
@@ -23,7 +24,8 @@ marcMain::marcMain(platform::Host &host, CommandWindows &windows)
     setCentralWidget(mdiArea);
     buildMenu();
     buildToolbar();
-    resize(fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 42);
+    const QSize room = screen()->availableSize() * 9 / 10;
+    resize(QSize(fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 42).boundedTo(room));
 }
 
 void marcMain::buildMenu() {

@@ -1,7 +1,6 @@
 #include "platform/singleInstance.h"
 #include <QDir>
 #include <QFile>
-#include <QStandardPaths>
 #ifdef Q_OS_WIN
 #include <windows.h>
 #else
@@ -25,13 +24,13 @@ struct SingleInstance::Claim {
 
 SingleInstance::SingleInstance(const QString &name)
     : m_claim(std::make_unique<Claim>()) {
-    m_claim->mutex = CreateMutexW(nullptr, TRUE, reinterpret_cast<const wchar_t *>((u"Local\\" + name).utf16()));
+    m_claim->mutex = CreateMutexW(nullptr, TRUE, reinterpret_cast<const wchar_t *>((u"Global\\" + name).utf16()));
     m_first = m_claim->mutex && GetLastError() != ERROR_ALREADY_EXISTS;
 }
 
 #else
 
-// An advisory lock on a file of the user's: the kernel drops it with the process.
+// An advisory lock on a file in the machine's folder for passing files: the kernel drops it with the process.
 struct SingleInstance::Claim {
     int descriptor = -1;
     ~Claim() {
@@ -42,12 +41,12 @@ struct SingleInstance::Claim {
 
 SingleInstance::SingleInstance(const QString &name)
     : m_claim(std::make_unique<Claim>()) {
-    QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-    if (folder.isEmpty())
-        folder = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
-    QDir().mkpath(folder);
-    const QByteArray path = QFile::encodeName(folder + u'/' + name + u".lock");
-    m_claim->descriptor = open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    const QByteArray path = QFile::encodeName(QDir::tempPath() + u'/' + name + u".lock");
+    // Whoever comes first makes the file; to lock it, reading it is enough, so that it serves every user of the
+    // machine.
+    m_claim->descriptor = open(path.constData(), O_RDONLY | O_CLOEXEC);
+    if (m_claim->descriptor < 0)
+        m_claim->descriptor = open(path.constData(), O_RDONLY | O_CREAT | O_CLOEXEC, 0644);
     // Where the folder cannot be written or its file system knows no locks, there is no claim to hold: better two
     // programs than none.
     const bool refused = m_claim->descriptor >= 0 && flock(m_claim->descriptor, LOCK_EX | LOCK_NB) != 0;

@@ -1,5 +1,5 @@
-// Tells whether another instance of the program runs on this machine for this user. The answer survives a crash of the
-// first instance: the machine itself lets go of the claim when the process ends, however it ends.
+// Tells whether another instance of the program runs on this machine, whoever started it. The answer survives a crash
+// of the first instance: the machine itself lets go of the claim when the process ends, however it ends.
 #pragma once
 
 #include <QString>

@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <algorithm>
 
 namespace files {
 
@@ -44,9 +45,13 @@ private:
     QTemporaryDir m_folder;
 };
 
-// How many files this process holds open.
+// How many record files this process holds open; what the toolkit opens for itself does not count.
 inline qsizetype openFiles() {
-    return QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::System | QDir::AllEntries).size();
+    const QFileInfoList held = QDir(QStringLiteral("/proc/self/fd")).entryInfoList(QDir::System | QDir::AllEntries);
+    return std::count_if(held.begin(), held.end(), [](const QFileInfo &file) {
+        const QString target = file.symLinkTarget();
+        return target.contains(u".iso") || target == u"/dev/full";
+    });
 }
 
 } // namespace files

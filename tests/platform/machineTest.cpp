@@ -37,7 +37,7 @@ TEST(Settings, ComeBackAsTheyWereAndAreTheOwnersAlone) {
 
 TEST(SingleInstance, LetsGoWhenItsProcessDies) {
     const QTemporaryDir folder;
-    qputenv("XDG_RUNTIME_DIR", folder.path().toLocal8Bit());
+    qputenv("TMPDIR", folder.path().toLocal8Bit());
     const QString name = u"instance"_s;
     int ready[2];
     ASSERT_EQ(pipe(ready), 0);

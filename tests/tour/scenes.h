@@ -6,7 +6,8 @@
 namespace tour {
 
 void firstRun(TourDriver &driver); // no setting yet: data sources, test, save, the end
-void notices(TourDriver &driver);  // the notice, a second start, the help windows
+void closeNotice(TourDriver &driver);
+void notices(TourDriver &driver); // a second start, the help windows
 void readAndImport(TourDriver &driver);
 void edit(TourDriver &driver);
 void proofAndCard(TourDriver &driver);

@@ -1,56 +1,14 @@
-#include "app/startUp.h"
-#include "platform/database/connection.h"
+#include "tour/errands.h"
 #include "tour/scenes.h"
 #include <QApplication>
-#include <QDir>
 #include <QFileDialog>
 #include <QLabel>
-#include <QLineEdit>
 
 using namespace Qt::StringLiterals;
 
 namespace tour {
 
 namespace {
-
-const QString closeQuestion = u"确实要退出吗？"_s;
-
-// One value of the tour's own database.
-QString fromDatabase(TourDriver &driver, const QString &statement) {
-    return driver.look([&]() -> QString {
-        const QString text =
-            platform::Settings().read(app::settingApplication.toString(), app::settingSection.toString(),
-                                      app::settingKey.toString(), app::settingAbsent.toString());
-        auto connection = platform::Connection::open(text);
-        if (!connection)
-            return u"no connection: "_s + connection.failure().description;
-        auto rows = connection.value().query(statement);
-        return rows ? rows.value()->text(0, 0) : rows.failure().description;
-    });
-}
-
-void choose(TourDriver &driver, const QString &file) {
-    driver.look([] {
-        auto *path = TourDriver::find<QLineEdit>(u"Text1"_s);
-        path->setFocus();
-        path->selectAll();
-    });
-    driver.type(QDir::currentPath() + u'/' + file);
-    driver.key(u"alt+s"_s);
-}
-
-void openSample(TourDriver &driver, const QString &file) {
-    driver.click(u"daoru"_s);
-    driver.waitForWindow(u"frmSelectMFile"_s);
-    choose(driver, file);
-    driver.waitForWindow(u"frmDaoru"_s);
-}
-
-void closeWorkspace(TourDriver &driver) {
-    driver.key(u"alt+q"_s);
-    driver.answerBox(closeQuestion, u"y"_s);
-    driver.waitUntilGone(u"frmDaoru"_s);
-}
 
 void selectFile(TourDriver &driver) {
     driver.click(u"daoru"_s);
@@ -153,6 +111,9 @@ void damaged(TourDriver &driver) {
         driver.key(u"alt+q"_s);
         driver.waitUntilGone(u"frmMessage"_s);
     }
+    driver.waitForWindow(u"frmDaoru"_s);
+    driver.shot(u"damaged-file"_s);
+    closeWorkspace(driver);
 }
 
 } // namespace
@@ -162,21 +123,15 @@ void readAndImport(TourDriver &driver) {
     readOn(driver);
     import(driver);
     driver.key(u"alt+q"_s);
-    driver.answerBox(closeQuestion, u"n"_s);
+    driver.answerBox(closeQuestion.toString(), u"n"_s);
     closeWorkspace(driver);
     driver.waitForWindow(u"frmSelectMFile"_s);
     stopHalfWay(driver);
     driver.waitForWindow(u"frmSelectMFile"_s);
+    damaged(driver);
+    driver.waitForWindow(u"frmSelectMFile"_s);
     driver.key(u"alt+q"_s);
     driver.waitUntilGone(u"frmSelectMFile"_s);
 }
-
-void edit(TourDriver &driver) {
-    openSample(driver, u"sample.iso"_s);
-    closeWorkspace(driver);
-    damaged(driver);
-}
-
-void proofAndCard(TourDriver &) {}
 
 } // namespace tour

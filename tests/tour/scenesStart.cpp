@@ -45,7 +45,7 @@ void firstRun(TourDriver &driver) {
     driver.expectEqual(storedSetting(), u"PROVIDER=MSDASQL;DSN=TarvexLibrary;UID=cataloguer;PWD=;"_s, u"the setting"_s);
 }
 
-void notices(TourDriver &driver) {
+void closeNotice(TourDriver &driver) {
     if (driver.waitForWindow(u"frmLook"_s)) {
         driver.shot(u"notice"_s);
         driver.click(u"cmOK"_s);
@@ -53,7 +53,9 @@ void notices(TourDriver &driver) {
     }
     driver.waitForWindow(u"marcMain"_s);
     driver.shot(u"main-window"_s);
+}
 
+void notices(TourDriver &driver) {
     QProcess second;
     second.start(QApplication::applicationDirPath() + u"/tarvex", {});
     QThread::sleep(2);

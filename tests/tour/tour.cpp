@@ -1,24 +1,44 @@
-// The tour through the whole program; see tourDriver.h. Usage: tour FOLDER-FOR-PICTURES
+// The tour through the whole program; see tourDriver.h. Usage: tour FOLDER-FOR-PICTURES [SCENE…]
 #include "tour/scenes.h"
 #include "tour/tourProgram.h"
 #include <QApplication>
 #include <cstdio>
 
+namespace {
+
+struct Scene {
+    const char *name;
+    void (*play)(tour::TourDriver &);
+};
+
+// Played in this order; naming some on the command line plays those alone.
+constexpr Scene scenes[] = {
+    {"notices", tour::notices},     {"import", tour::readAndImport}, {"edit", tour::edit},
+    {"card", tour::proofAndCard},   {"catalogue", tour::catalogue},  {"store", tour::store},
+    {"filetools", tour::fileTools},
+};
+
+bool isWanted(const Scene &scene, const QStringList &wanted) {
+    return wanted.isEmpty() || wanted.contains(QLatin1StringView(scene.name));
+}
+
+} // namespace
+
 int main(int argc, char **argv) {
     QApplication application(argc, argv);
     platform::prepareToolkit();
-    if (argc != 2)
+    const QStringList arguments = QApplication::arguments();
+    if (arguments.size() < 2)
         return 2;
-    tour::TourDriver driver(QString::fromLocal8Bit(argv[1]));
+    tour::TourDriver driver(arguments[1]);
+    const QStringList wanted = arguments.mid(2);
     tour::runProgram(driver, tour::firstRun);
-    tour::runProgram(driver, [](tour::TourDriver &at) {
-        tour::notices(at);
-        tour::readAndImport(at);
-        tour::edit(at);
-        tour::proofAndCard(at);
-        tour::catalogue(at);
-        tour::store(at);
-        tour::fileTools(at);
+    tour::runProgram(driver, [&wanted](tour::TourDriver &at) {
+        tour::closeNotice(at);
+        for (const Scene &scene : scenes) {
+            if (isWanted(scene, wanted))
+                scene.play(at);
+        }
         tour::leave(at);
     });
     std::fprintf(stderr, "%d not as they should be\n", driver.failures());

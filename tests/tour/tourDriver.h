@@ -67,6 +67,7 @@ public:
     void expectEqual(const QString &is, const QString &shouldBe, const QString &what);
     int failures() const { return m_failures; }
 
+    void programStarts() { m_ended = false; }
     // The program has come to its end: from here on nothing can be looked at, and waits end at once.
     void programEnded() { m_ended = true; }
     bool waitForEnd(int milliseconds = 10000);

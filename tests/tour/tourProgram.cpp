@@ -12,6 +12,7 @@ void TourHost::endProcess() {
 
 void runProgram(TourDriver &driver, const std::function<void(TourDriver &)> &script) {
     TourHost host{platform::Settings()};
+    driver.programStarts();
     std::thread scriptThread([&] {
         script(driver);
         // A script that went astray leaves the program standing behind some box: the tour is over then.

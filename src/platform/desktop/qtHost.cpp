@@ -74,6 +74,8 @@ QString QtHost::chooseFile(const FileDialog &dialog) {
     QFileDialog window(windowInFront(), dialog.title);
     window.setOption(QFileDialog::HideNameFilterDetails);
     window.setNameFilters(nameFilters(dialog.filter));
+    // Room for a name, a size and a date beside each other.
+    window.resize(QSize(window.fontMetrics().averageCharWidth() * 100, window.fontMetrics().height() * 30));
     if (dialog.kind == FileDialogKind::Save) {
         window.setAcceptMode(QFileDialog::AcceptSave);
         window.setFileMode(QFileDialog::AnyFile);

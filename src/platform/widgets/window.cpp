@@ -48,6 +48,13 @@ void Window::closeEvent(QCloseEvent *event) {
     Q_EMIT unloaded();
 }
 
+void Window::hideEvent(QHideEvent *event) {
+    QDialog::hideEvent(event);
+    // Where several windows close at once, a window manager may leave the keyboard with none of them.
+    if (isModal() && !event->spontaneous() && parentWidget() && parentWidget()->isVisible())
+        parentWidget()->window()->activateWindow();
+}
+
 WaitCursor::WaitCursor(QWidget *window)
     : m_window(window) {
     m_window->setCursor(Qt::WaitCursor);

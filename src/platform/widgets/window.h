@@ -35,6 +35,7 @@ protected:
     // Whether the window may close now; asks what it has to ask. The default lets it go.
     virtual bool queryUnload() { return true; }
     void closeEvent(QCloseEvent *event) override;
+    void hideEvent(QHideEvent *event) override; // gives the keyboard back to the window behind
 };
 
 // Waits, with the wait cursor on the window, until the object goes.
