@@ -131,6 +131,7 @@ void FieldCommands::showSubfieldList() {
 void FieldCommands::insert(const NewRow &row) {
     m_form.Grid1->insertRow(row.place);
     setFieldRow(*m_form.Grid1, row.place, row.content);
+    m_form.Grid1->scrollToRow(row.place); // the current row stays, yet what was added is to be seen
 }
 
 void FieldCommands::addField(const QString &line) {

@@ -41,6 +41,7 @@ public:
     void setColumn(int column);
     int rowSel() const;
     void setRowSel(int row);
+    void scrollToRow(int row); // into sight, no further than needed; the current row stays
 
     // Backgrounds are 24-bit numbers with red in the low byte; the text colour on them stays legible.
     void setCellBackground(int row, int column, quint32 colour);
@@ -99,7 +100,6 @@ private:
     int shownColumn() const;
     void select(int row, int rowSel, int column);
     void showSelection();
-    void scrollToRow(int row);
     void fitColumn(int column);
     void fitHeights();
     void copySelection() const;
