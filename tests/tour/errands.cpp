@@ -43,6 +43,15 @@ void changeDatabase(TourDriver &driver, const QString &statement) {
     driver.expectEqual(failure, {}, statement);
 }
 
+void giveFocus(TourDriver &driver, const QString &name) {
+    driver.waitUntil(u"the keyboard in " + name, [&] {
+        QWidget *widget = TourDriver::find(name);
+        if (widget)
+            widget->setFocus();
+        return widget && widget->hasFocus();
+    });
+}
+
 void paste(TourDriver &driver, const QString &text) {
     driver.look([&] { QApplication::clipboard()->setText(text); });
     driver.key(u"ctrl+v"_s);

@@ -13,6 +13,9 @@ QString fromDatabase(TourDriver &driver, const QString &statement);
 // Runs a statement that gives no rows.
 void changeDatabase(TourDriver &driver, const QString &statement);
 
+// Gives the keyboard to a control, as soon as it is there.
+void giveFocus(TourDriver &driver, const QString &name);
+
 // Puts the text where the keyboard is, from the clipboard: keys alone give no Chinese.
 void paste(TourDriver &driver, const QString &text);
 

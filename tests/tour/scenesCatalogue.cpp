@@ -68,7 +68,7 @@ void composeQuery(TourDriver &driver) {
         return merged->count() == 1 ? merged->item(0)->text() : QString();
     }),
                        u"ISBN'包含'7-02;入库日期'不小于'2002-__-__"_s, u"the merged line"_s);
-    driver.look([] { TourDriver::find(u"LFields"_s)->setFocus(); });
+    giveFocus(driver, u"LFields"_s);
     driver.key(u"Home"_s);
     driver.key(u"Tab"_s);
     addCondition(driver, u"Home"_s, 2, u"三"_s);
@@ -246,7 +246,5 @@ void catalogue(TourDriver &driver) {
     stopExport(driver);
     nothingFound(driver);
 }
-
-void store(TourDriver &) {}
 
 } // namespace tour
