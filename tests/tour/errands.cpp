@@ -1,25 +1,84 @@
 #include "tour/errands.h"
 #include "app/startUp.h"
+#include "marc/recordReader.h"
 #include "platform/database/connection.h"
+#include <QApplication>
+#include <QClipboard>
 #include <QDir>
+#include <QFileDialog>
 #include <QLineEdit>
 
 using namespace Qt::StringLiterals;
 
 namespace tour {
 
-// One value of the tour's own database.
+namespace {
+
+platform::Result<platform::Connection> ownDatabase() {
+    return platform::Connection::open(
+        platform::Settings().read(app::settingApplication.toString(), app::settingSection.toString(),
+                                  app::settingKey.toString(), app::settingAbsent.toString()));
+}
+
+} // namespace
+
 QString fromDatabase(TourDriver &driver, const QString &statement) {
     return driver.look([&]() -> QString {
-        const QString text =
-            platform::Settings().read(app::settingApplication.toString(), app::settingSection.toString(),
-                                      app::settingKey.toString(), app::settingAbsent.toString());
-        auto connection = platform::Connection::open(text);
+        auto connection = ownDatabase();
         if (!connection)
             return u"no connection: "_s + connection.failure().description;
         auto rows = connection.value().query(statement);
         return rows ? rows.value()->text(0, 0) : rows.failure().description;
     });
+}
+
+void changeDatabase(TourDriver &driver, const QString &statement) {
+    const QString failure = driver.look([&] {
+        auto connection = ownDatabase();
+        if (!connection)
+            return connection.failure().description;
+        const auto done = connection.value().execute(statement);
+        return done ? QString() : done.failure().description;
+    });
+    driver.expectEqual(failure, {}, statement);
+}
+
+void giveFocus(TourDriver &driver, const QString &name) {
+    driver.waitUntil(u"the keyboard in " + name, [&] {
+        QWidget *widget = TourDriver::find(name);
+        if (widget)
+            widget->setFocus();
+        return widget && widget->hasFocus();
+    });
+}
+
+void paste(TourDriver &driver, const QString &text) {
+    driver.look([&] { QApplication::clipboard()->setText(text); });
+    driver.key(u"ctrl+v"_s);
+}
+
+void enterFile(TourDriver &driver, const QString &title, const QString &path, const QString &picture) {
+    driver.waitUntil(u"file dialog " + title, [&] {
+        auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+        return dialog && dialog->windowTitle() == title && dialog->isActiveWindow();
+    });
+    driver.type(path);
+    if (!picture.isEmpty())
+        driver.shot(picture);
+    driver.key(u"Return"_s);
+    driver.waitUntil(u"file dialog gone"_s,
+                     [] { return !qobject_cast<QFileDialog *>(QApplication::activeModalWidget()); });
+}
+
+int recordsIn(const QString &path) {
+    auto reader = platform::LineReader::open(path);
+    if (!reader)
+        return -1;
+    marc::RecordCutter cutter(reader.value());
+    int records = 0;
+    while (cutter.next())
+        ++records;
+    return records;
 }
 
 void choose(TourDriver &driver, const QString &file) {

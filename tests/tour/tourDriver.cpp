@@ -79,6 +79,11 @@ bool TourDriver::waitForEnd(int milliseconds) {
 }
 
 QWidget *TourDriver::find(const QString &name) {
+    if (const qsizetype slash = name.indexOf(u'/'); slash >= 0) {
+        const QWidget *outer = find(name.left(slash));
+        QWidget *inner = outer ? outer->findChild<QWidget *>(name.mid(slash + 1)) : nullptr;
+        return inner && inner->isVisible() ? inner : nullptr;
+    }
     const auto within = [&](QWidget *window) -> QWidget * {
         if (!window || !window->isVisible())
             return nullptr;
@@ -150,7 +155,7 @@ QString TourDriver::textOf(const QString &name) {
         if (auto *label = qobject_cast<QLabel *>(widget))
             return label->text();
         if (auto *line = qobject_cast<QLineEdit *>(widget))
-            return line->text();
+            return line->displayText();
         if (auto *box = qobject_cast<QPlainTextEdit *>(widget))
             return box->toPlainText();
         if (auto *box = qobject_cast<QTextEdit *>(widget))
@@ -227,6 +232,19 @@ void TourDriver::clickAt(const QPoint &global, int button, int times) {
              u"click"_s, u"--repeat"_s, QString::number(times), u"--delay"_s, u"40"_s, QString::number(button)});
 }
 
+void TourDriver::drag(const QPoint &from, const QPoint &to) {
+    const qreal ratio = look([] { return qApp->devicePixelRatio(); });
+    const auto place = [&](const QPoint &point) {
+        return QStringList{u"mousemove"_s, QString::number(qRound(point.x() * ratio)),
+                           QString::number(qRound(point.y() * ratio))};
+    };
+    xdotool(place(from));
+    xdotool({u"mousedown"_s, u"1"_s});
+    xdotool(place((from + to) / 2));
+    xdotool(place(to));
+    xdotool({u"mouseup"_s, u"1"_s});
+}
+
 void TourDriver::key(const QString &chord, int times) {
     QStringList arguments{u"key"_s, u"--clearmodifiers"_s, u"--delay"_s, u"15"_s};
     for (int i = 0; i < times; ++i)
@@ -249,6 +267,13 @@ void TourDriver::answerBox(const QString &text, const QString &chord, const QStr
         shot(picture);
     key(chord);
     waitUntil(u"box gone: " + text, [&] { return !boxWithText(text); });
+}
+
+QString TourDriver::boxText() {
+    const auto box = [] { return qobject_cast<QMessageBox *>(QApplication::activeModalWidget()); };
+    waitUntil(
+        u"a box"_s, [&] { return box() && box()->isActiveWindow(); }, 30000);
+    return look([&] { return box() ? box()->text() : QString(); });
 }
 
 void TourDriver::shot(const QString &name) {

@@ -31,7 +31,8 @@ public:
         }
     }
 
-    // A visible widget by its name, in the front-most window that has one. Only inside look().
+    // A visible widget by its name, in the front-most window that has one; "ZSKListFrm/Grid1" asks for the one within
+    // a named window of the frame. Only inside look().
     static QWidget *find(const QString &name);
     template <class Widget>
     static Widget *find(const QString &name) {
@@ -55,12 +56,15 @@ public:
     // Opens a menu of the main window and chooses an item, both by the mouse.
     void openMenu(const QString &menu, const QString &item);
     void clickAt(const QPoint &global, int button = 1, int times = 1);
+    void drag(const QPoint &from, const QPoint &to);
     // A key or chord as the X server's tools name it: "Return", "alt+s", "shift+Down".
     void key(const QString &chord, int times = 1);
     void type(const QString &text);
 
     // Waits for a message box with that text, takes its picture when it has a name, and presses the key.
     void answerBox(const QString &text, const QString &key, const QString &picture = {});
+    // Waits for any message box and gives its text; the box stays.
+    QString boxText();
 
     void shot(const QString &name);
     void expect(bool holds, const QString &what);
