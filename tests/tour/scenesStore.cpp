@@ -37,6 +37,8 @@ void listStore(TourDriver &driver) {
     driver.key(u"alt+o"_s);
     driver.waitForWindow(u"TLKListFrm"_s);
     checkStoreList(driver, stored(driver));
+    driver.expect(driver.look([] { return TourDriver::find(grid.toString())->hasFocus(); }),
+                  u"the keyboard is in the list"_s);
     driver.shot(u"store-list"_s);
 }
 
@@ -100,7 +102,7 @@ QRect placeOf(TourDriver &driver, const QString &list) {
 
 void makeNarrower(TourDriver &driver, const QString &list, int right) {
     const QRect place = placeOf(driver, list);
-    driver.drag({place.right() - 1, place.center().y()}, {right - 2, place.center().y()});
+    driver.drag({place.right() - 1, place.center().y()}, {right - 12, place.center().y()});
     driver.expect(placeOf(driver, list).right() < place.right(), list + u" was made narrower");
 }
 
@@ -123,7 +125,7 @@ void sideBySide(TourDriver &driver) {
     makeNarrower(driver, u"ZSKListFrm"_s, middle);
     const QRect list = placeOf(driver, u"ZSKListFrm"_s);
     const QPoint title(list.center().x(), list.top() + 10);
-    driver.drag(title, title + QPoint(middle - list.left() + 2, 0));
+    driver.drag(title, title + QPoint(middle - list.left() + 2, 12));
     const QRect moved = placeOf(driver, u"ZSKListFrm"_s);
     driver.expect(area.contains(moved), u"the catalogue stands whole in the frame"_s);
     driver.expect(!moved.intersects(placeOf(driver, u"TLKListFrm"_s)), u"neither list hides the other"_s);
