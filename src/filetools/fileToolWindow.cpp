@@ -48,6 +48,7 @@ QString FileToolWindow::chooseFile(platform::FileDialogKind kind) {
 void FileToolWindow::beginRun(const QList<QWidget *> &disabled) {
     m_waiting.emplace(this);
     m_disabled = disabled;
+    m_focused = focusWidget();
     for (QWidget *control : m_disabled)
         control->setEnabled(false);
     labJinDu->show();
@@ -60,6 +61,9 @@ void FileToolWindow::endRun() {
     m_waiting.reset();
     for (QWidget *control : m_disabled)
         control->setEnabled(true);
+    // Disabling its button sent the keyboard on to the one that closes the window.
+    if (m_focused)
+        m_focused->setFocus();
 }
 
 void FileToolWindow::showCount(qint32 total) {

@@ -7,6 +7,7 @@
 #include "platform/result.h"
 #include "platform/widgets/pacedLabel.h"
 #include "platform/widgets/window.h"
+#include <QPointer>
 #include <functional>
 #include <optional>
 
@@ -28,7 +29,8 @@ protected:
 
     // The path chosen in the file dialog; empty after a cancel.
     QString chooseFile(platform::FileDialogKind kind);
-    // Puts up the hourglass, shows the labels and disables these until the run has ended well.
+    // Puts up the hourglass, shows the labels and disables these until the run has ended well; the keyboard
+    // is then where it was.
     void beginRun(const QList<QWidget *> &disabled);
     void endRun();
     void showCount(qint32 total);
@@ -42,6 +44,7 @@ protected:
 private:
     ShowReport m_showReport;
     QList<QWidget *> m_disabled;
+    QPointer<QWidget> m_focused; // when the run began
     std::optional<platform::WaitCursor> m_waiting;
 };
 

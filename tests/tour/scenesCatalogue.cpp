@@ -98,6 +98,7 @@ void queriedList(TourDriver &driver) {
     driver.expect(rows > 5 && rows < 71, u"some of the catalogue: %1"_s.arg(rows));
     checkList(driver, u"ZSKListFrm"_s, rows, catalogue::countText(rows));
     const QString grid = u"ZSKListFrm/Grid1"_s;
+    driver.expect(hasFocus(driver, grid), u"the keyboard is in the list"_s);
     const QString names = u"select bookname" + wanted + u" order by bookname";
     driver.expectEqual(driver.cell(grid, 1, 2), fromDatabase(driver, names + u" desc"), u"the first in the order"_s);
     driver.expectEqual(driver.cell(grid, rows, 2), fromDatabase(driver, names), u"the last in the order"_s);
@@ -123,6 +124,7 @@ void details(TourDriver &driver) {
     driver.key(u"alt+x"_s);
     driver.waitUntilGone(u"SCKListFrm"_s);
     driver.waitForWindow(u"ZSKListFrm"_s); // which has the same key for its own end
+    driver.expect(hasFocus(driver, grid), u"the keyboard is back in the list"_s);
 }
 
 void sortAnew(TourDriver &driver) {

@@ -89,6 +89,8 @@ void split(TourDriver &driver) {
     driver.answerBox(viewQuestion.toString(), u"n"_s, u"split-view"_s);
     driver.expectEqual(driver.textOf(u"labJinDu"_s), u"处理结束"_s, u"the state"_s);
     driver.expectEqual(driver.textOf(u"labShuDo"_s), u"成功处理：%1条"_s.arg(records), u"the count"_s);
+    driver.expect(driver.look([] { return TourDriver::find(u"cmdclick0"_s)->hasFocus(); }),
+                  u"the keyboard is where it was before the run"_s);
     driver.shot(u"split-done"_s);
     driver.key(u"alt+q"_s);
     driver.answerBox(closeQuestion.toString(), u"Return"_s); // No is preselected
@@ -111,6 +113,8 @@ void chooseTarget(TourDriver &driver, const QString &file) {
 void mergeRefusals(TourDriver &driver) {
     driver.click(u"hebing"_s);
     driver.waitForWindow(u"frmUnionFile"_s);
+    driver.expect(driver.look([] { return TourDriver::find(u"cmdSelect0"_s)->hasFocus(); }),
+                  u"the keyboard is where the first file is added"_s);
     driver.shot(u"merge-empty"_s);
     addSource(driver, u"five.iso"_s);
     addSource(driver, u"sample.iso"_s);

@@ -37,6 +37,8 @@ void listStore(TourDriver &driver) {
     driver.key(u"alt+o"_s);
     driver.waitForWindow(u"TLKListFrm"_s);
     checkStoreList(driver, stored(driver));
+    driver.expect(driver.look([] { return TourDriver::find(grid.toString())->hasFocus(); }),
+                  u"the keyboard is in the list"_s);
     driver.shot(u"store-list"_s);
 }
 
@@ -98,27 +100,35 @@ QRect placeOf(TourDriver &driver, const QString &list) {
     });
 }
 
+void makeNarrower(TourDriver &driver, const QString &list, int right) {
+    const QRect place = placeOf(driver, list);
+    driver.drag({place.right() - 1, place.center().y()}, {right - 12, place.center().y()});
+    driver.expect(placeOf(driver, list).right() < place.right(), list + u" was made narrower");
+}
+
 // The frame filled by the window manager, and the two lists drawn side by side in it by their titles and edges.
 void sideBySide(TourDriver &driver) {
     const QRect frame = driver.look([] { return TourDriver::find(u"marcMain"_s)->geometry(); });
     driver.clickAt({frame.center().x(), frame.top() - 8}, 1, 2);
     driver.waitUntil(u"the frame fills the screen"_s,
                      [] { return TourDriver::find(u"marcMain"_s)->window()->isMaximized(); });
-    driver.click(u"daochu"_s);
-    driver.waitForWindow(u"QueryFrm"_s);
-    driver.key(u"alt+o"_s);
-    driver.waitForWindow(u"ZSKListFrm"_s);
     const QRect area = driver.look([] {
         QWidget *inside = TourDriver::find<QMdiArea>(u"mdiArea"_s)->viewport();
         return QRect(inside->mapToGlobal(QPoint(0, 0)), inside->size());
     });
+    const int middle = area.center().x();
+    makeNarrower(driver, u"TLKListFrm"_s, middle);
+    driver.click(u"daochu"_s);
+    driver.waitForWindow(u"QueryFrm"_s);
+    driver.key(u"alt+o"_s);
+    driver.waitForWindow(u"ZSKListFrm"_s);
+    makeNarrower(driver, u"ZSKListFrm"_s, middle);
     const QRect list = placeOf(driver, u"ZSKListFrm"_s);
-    driver.drag({list.center().x(), list.top() + 10}, {list.center().x() + 40, area.bottom() - list.height() - 10});
+    const QPoint title(list.center().x(), list.top() + 10);
+    driver.drag(title, title + QPoint(middle - list.left() + 2, 12));
     const QRect moved = placeOf(driver, u"ZSKListFrm"_s);
-    driver.expect(moved.top() > list.top() && area.contains(moved), u"the list was moved by its title"_s);
-    driver.drag({moved.right() - 1, moved.center().y()}, {area.right() - 20, moved.center().y()});
-    const QRect wider = placeOf(driver, u"ZSKListFrm"_s);
-    driver.expect(wider.width() > moved.width(), u"the list was made wider"_s);
+    driver.expect(area.contains(moved), u"the catalogue stands whole in the frame"_s);
+    driver.expect(!moved.intersects(placeOf(driver, u"TLKListFrm"_s)), u"neither list hides the other"_s);
     driver.shot(u"two-lists"_s);
 }
 
@@ -129,6 +139,7 @@ void maximise(TourDriver &driver) {
         QWidget *list = TourDriver::find(u"ZSKListFrm"_s);
         return list && list->parentWidget()->isMaximized();
     };
+    driver.click(u"ZSKListFrm/lCounts"_s); // brings it to the front
     driver.clickAt({before.center().x(), before.top() + 10}, 1, 2);
     driver.waitUntil(u"the list fills the frame"_s, isLarge);
     driver.shot(u"list-maximised"_s);
