@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QThread>
 
 using namespace Qt::StringLiterals;
 
@@ -66,8 +67,11 @@ void enterFile(TourDriver &driver, const QString &title, const QString &path, co
     if (!picture.isEmpty())
         driver.shot(picture);
     driver.key(u"Return"_s);
-    driver.waitUntil(u"file dialog gone"_s,
-                     [] { return !qobject_cast<QFileDialog *>(QApplication::activeModalWidget()); });
+    // The window behind has the keyboard again only when the window manager says so; a click before is lost.
+    driver.waitUntil(u"file dialog gone"_s, [] {
+        return !qobject_cast<QFileDialog *>(QApplication::activeModalWidget()) && QApplication::activeWindow();
+    });
+    QThread::msleep(150);
 }
 
 int recordsIn(const QString &path) {
