@@ -19,6 +19,9 @@ bool RecordCutter::next() {
         m_buffer.append(line);
         if (line.back() == char(recordTerminator))
             return true;
+        // What never comes to an end is dropped anyway, and must not fill the memory first.
+        if (m_buffer.size() > platform::LineReader::heldOnTrust && !m_reader.reaches(char(recordTerminator)))
+            break;
     }
     m_buffer.clear();
     return false;

@@ -45,6 +45,8 @@ struct LineReader::State {
     qsizetype at = 0;   // next unread byte in the block
     qsizetype size = 0; // bytes in the block
     QByteArray joined;  // a line that runs over a block's end
+    char sought = 0;    // the byte that was found ahead, and where in the file; behind it nothing is known
+    qint64 soughtAt = -1;
     std::optional<Failure> fault;
 
     bool fill() {
@@ -57,6 +59,25 @@ struct LineReader::State {
     }
     bool hasMore() { return at < size || fill(); }
     const char *here() const { return block.constData() + at; }
+
+    bool reaches(char wanted) {
+        if (file->isSequential() || QByteArrayView(block).sliced(at, size - at).contains(wanted))
+            return true;
+        const qint64 back = file->pos(); // of the byte behind the block
+        if (sought == wanted && soughtAt >= back)
+            return true;
+        QByteArray piece(blockSize, Qt::Uninitialized);
+        for (qint64 from = back, count = 0; (count = file->read(piece.data(), piece.size())) > 0; from += count) {
+            const qsizetype found = QByteArrayView(piece.constData(), count).indexOf(wanted);
+            if (found < 0)
+                continue;
+            sought = wanted;
+            soughtAt = from + found;
+            return file->seek(back);
+        }
+        at = size = 0;
+        return false;
+    }
 
     // Takes the line feed that belongs to a carriage return just read.
     void passLineFeed() {
@@ -94,6 +115,8 @@ struct LineReader::State {
                 passLineFeed();
                 break;
             }
+            if (stop && !stopped && joined.size() > heldOnTrust && !reaches(*stop))
+                break;
         }
         return joined;
     }
@@ -126,6 +149,10 @@ QByteArrayView LineReader::readLineThrough(char stop) {
     return m_state->line(stop);
 }
 
+bool LineReader::reaches(char wanted) {
+    return m_state->reaches(wanted);
+}
+
 std::optional<Failure> LineReader::fault() const {
     return m_state->fault;
 }
@@ -134,6 +161,7 @@ void LineReader::rewind() {
     m_state->fault.reset();
     m_state->file->seek(0);
     m_state->at = m_state->size = 0;
+    m_state->soughtAt = -1;
 }
 
 Result<qint64> countLines(const QString &path) {

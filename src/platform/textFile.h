@@ -31,8 +31,14 @@ public:
     QByteArrayView readLine();
 
     // The next line up to and including the first `stop` byte in it; what stands behind it on the line is read
-    // and dropped without being held. The whole line where it has no such byte. Valid as above.
+    // and dropped without being held. The whole line where it has no such byte; of a long one, when the rest of the
+    // file has none either, only a beginning, and the reader is at its end. Valid as above.
     QByteArrayView readLineThrough(char stop);
+
+    // Whether the byte stands anywhere in what is left of the file; where it does not, the reader is at its end
+    // afterwards. For whoever gathers bytes up to that one: beyond `heldOnTrust` of them it pays to ask.
+    bool reaches(char wanted);
+    static constexpr qsizetype heldOnTrust = 8 << 20;
 
     // Why the machine stopped giving bytes before the file's end, where it did; the reader counts as at its end then.
     std::optional<Failure> fault() const;

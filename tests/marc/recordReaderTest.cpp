@@ -42,6 +42,28 @@ TEST(RecordCutter, OneLineGivesOneRecordAtTheMost) {
     }
 }
 
+// Beyond what is held on trust the reader looks ahead for the terminator: nothing may be lost or cut by that.
+TEST(RecordCutter, LongPiecesAreWholeOrDropped) {
+    constexpr qsizetype longSize = platform::LineReader::heldOnTrust + 5'000'000;
+    const QByteArray line(longSize, 'x');
+    const QByteArray lines = QByteArray(QByteArray(1000, 'x') + "\r\n").repeated(longSize / 1000);
+    const TestFolder folder;
+    for (const QByteArray &piece : {line, lines}) {
+        for (const bool ended : {true, false}) {
+            const QByteArray terminated = piece + (ended ? "\x1D" : "") + "z\r\n" + (ended ? "next\x1D\r\n" : "");
+            auto reader = platform::LineReader::open(folder.file(u"records"_s, "first\x1D\r\n" + terminated));
+            ASSERT_TRUE(reader);
+            QList<qsizetype> sizes;
+            RecordCutter cutter(reader.value());
+            while (cutter.next())
+                sizes.append(cutter.bytes().size());
+            const QList<qsizetype> all = {6, piece.count('x') + 1, 5};
+            EXPECT_EQ(sizes, ended ? all : all.first(1));
+            EXPECT_TRUE(reader.value().atEnd());
+        }
+    }
+}
+
 TEST(Directory, OnlyItsLengthIsTested) {
     const QString entry = u"200001200000"_s;
     EXPECT_EQ(decodeDirectory(recordWithDirectory({}, {})).entries.size(), 0);
