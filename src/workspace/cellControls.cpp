@@ -1,5 +1,7 @@
 #include "workspace/cellControls.h"
 #include <QFocusEvent>
+#include <QGuiApplication>
+#include <QInputMethod>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <limits>
@@ -19,6 +21,12 @@ bool isEnter(const QKeyEvent *event) {
 
 bool isAssistantKey(const QKeyEvent *event) {
     return event->key() == Qt::Key_E && event->modifiers() == Qt::ControlModifier;
+}
+
+bool typesText(const QKeyEvent *event) {
+    const bool command =
+        event->modifiers().testFlag(Qt::ControlModifier) && !event->modifiers().testFlag(Qt::AltModifier);
+    return !command && !event->text().isEmpty() && event->text()[0].isPrint();
 }
 
 // Claims the keys that an open editor or list answers itself, ahead of the window and its shortcuts.
@@ -47,6 +55,23 @@ void takeFocusBack(QWidget *editor, const QFocusEvent *event) {
 }
 
 } // namespace
+
+bool Composition::uses(QKeyEvent *event, QWidget *editor) {
+    if (m_preedit.isEmpty())
+        return false;
+    event->accept(); // the input method's own keys must not reach the window either
+    const bool drops = event->key() == Qt::Key_Escape;
+    const bool ends = drops || isEnter(event);
+    if (!ends && !typesText(event))
+        return true;
+    QInputMethodEvent over;
+    if (!drops)
+        over.setCommitString(m_preedit);
+    QGuiApplication::inputMethod()->reset(); // may answer with an end of its own
+    if (!m_preedit.isEmpty())
+        QCoreApplication::sendEvent(editor, &over);
+    return ends;
+}
 
 CellText::CellText(const QString &objectName, QWidget *parent)
     : TextBox(objectName, parent) {
@@ -78,23 +103,20 @@ bool CellText::event(QEvent *event) {
 }
 
 void CellText::keyPressEvent(QKeyEvent *event) {
-    const bool command =
-        event->modifiers().testFlag(Qt::ControlModifier) && !event->modifiers().testFlag(Qt::AltModifier);
-    const bool types = !command && !event->text().isEmpty() && event->text()[0].isPrint();
-    if (m_composing)
-        event->accept(); // the input method's own keys must not reach the window either
-    else if (isEnter(event))
+    if (m_composition.uses(event, this))
+        return;
+    if (isEnter(event))
         Q_EMIT entered();
     else if (event->key() == Qt::Key_Escape)
         Q_EMIT cancelled();
     else if (isAssistantKey(event))
         Q_EMIT assistantWanted();
-    else if (!types || room() > 0)
+    else if (!typesText(event) || room() > 0)
         TextBox::keyPressEvent(event);
 }
 
 void CellText::inputMethodEvent(QInputMethodEvent *event) {
-    m_composing = !event->preeditString().isEmpty();
+    m_composition.note(event);
     QInputMethodEvent fitting(event->preeditString(), event->attributes());
     fitting.setCommitString(event->commitString().left(room()), event->replacementStart(), event->replacementLength());
     TextBox::inputMethodEvent(&fitting);
@@ -130,7 +152,7 @@ void CellText::focusInEvent(QFocusEvent *event) {
 
 void CellText::focusOutEvent(QFocusEvent *event) {
     m_limit.reset(); // the limit holds until the box is left for the first time
-    m_composing = false;
+    m_composition.forget();
     TextBox::focusOutEvent(event);
     takeFocusBack(this, event);
 }
@@ -148,9 +170,9 @@ bool CellLine::event(QEvent *event) {
 }
 
 void CellLine::keyPressEvent(QKeyEvent *event) {
-    if (m_composing)
-        event->accept(); // the input method's own keys must not reach the window either
-    else if (isEnter(event))
+    if (m_composition.uses(event, this))
+        return;
+    if (isEnter(event))
         Q_EMIT entered();
     else if (event->key() == Qt::Key_Escape)
         Q_EMIT cancelled();
@@ -159,7 +181,7 @@ void CellLine::keyPressEvent(QKeyEvent *event) {
 }
 
 void CellLine::inputMethodEvent(QInputMethodEvent *event) {
-    m_composing = !event->preeditString().isEmpty();
+    m_composition.note(event);
     QLineEdit::inputMethodEvent(event);
 }
 
@@ -169,7 +191,7 @@ void CellLine::focusInEvent(QFocusEvent *event) {
 }
 
 void CellLine::focusOutEvent(QFocusEvent *event) {
-    m_composing = false;
+    m_composition.forget();
     QLineEdit::focusOutEvent(event);
     takeFocusBack(this, event);
 }

@@ -3,11 +3,25 @@
 #pragma once
 
 #include "platform/widgets/textBox.h"
+#include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QListWidget>
 #include <optional>
 
 namespace workspace {
+
+// What an input method has under way in an editor.
+class Composition {
+public:
+    void note(const QInputMethodEvent *event) { m_preedit = event->preeditString(); }
+    void forget() { m_preedit.clear(); }
+    // Whether the key is used up by the composition. One that the input method did not take, perhaps because it is no
+    // longer there, ends the composition: Esc drops what was composed, Enter and typing keep it.
+    bool uses(QKeyEvent *event, QWidget *editor);
+
+private:
+    QString m_preedit;
+};
 
 // Edits the content of a cell, in one line or, enlarged, in many.
 class CellText final : public platform::TextBox {
@@ -41,7 +55,7 @@ private:
     qsizetype room() const; // characters that may still come in, in place of the selection
 
     std::optional<int> m_limit;
-    bool m_composing = false;
+    Composition m_composition;
     bool m_enlarged = false;
 };
 
@@ -64,7 +78,7 @@ protected:
     void focusOutEvent(QFocusEvent *event) override;
 
 private:
-    bool m_composing = false;
+    Composition m_composition;
 };
 
 // A list of lines to choose from. It goes when it is left, with Esc and with the right button.

@@ -87,7 +87,7 @@ TEST_F(Editing, ContentIsTakenOverOrDropped) {
     EXPECT_EQ(window.Grid1->rowSel(), titleRow);
 }
 
-TEST_F(Editing, LimitsCompositionsAndTheLargeForm) {
+TEST_F(Editing, LimitsAndTheLargeForm) {
     auto &window = open();
     editRow(3); // indicators of 200
     type(window.richText, u"长"_s);
@@ -96,11 +96,6 @@ TEST_F(Editing, LimitsCompositionsAndTheLargeForm) {
     EXPECT_EQ(window.richText->text(), u"12"_s);
     QTest::keyClick(window.richText, Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(window.richText->text(), u"1#"_s);
-    QInputMethodEvent composing(u"zhong"_s, {});
-    QApplication::sendEvent(window.richText, &composing);
-    QTest::keyClick(window.richText, Qt::Key_Return);
-    EXPECT_TRUE(editing());
-    type(window.richText, {});
     QTest::mouseClick(window.richText->viewport(), Qt::RightButton);
     EXPECT_EQ(window.richText->geometry(), window.rightHalf());
     QTest::mouseDClick(window.richText->viewport(), Qt::LeftButton);
@@ -116,6 +111,35 @@ TEST_F(Editing, LimitsCompositionsAndTheLargeForm) {
     paste(u"12345"_s);
     QTest::keyClick(window.richText, Qt::Key_Enter);
     EXPECT_EQ(cell(3, 4), u"12345"_s);
+}
+
+// The keys come from a machine whose input method went away in the middle of a composition.
+TEST_F(Editing, AKeyEndsTheCompositionAndNotTheEdit) {
+    auto &window = open();
+    const auto compose = [](QWidget *editor) {
+        QInputMethodEvent composing(u"zhong"_s, {});
+        QApplication::sendEvent(editor, &composing);
+    };
+    editRow(titleRow);
+    paste(u"甲"_s);
+    compose(window.richText);
+    QTest::keyClick(window.richText, Qt::Key_Shift);
+    EXPECT_EQ(window.richText->text(), u"甲"_s); // still under way
+    QTest::keyClick(window.richText, Qt::Key_Escape);
+    EXPECT_EQ(window.richText->text(), u"甲"_s);
+    compose(window.richText);
+    QTest::keyClick(window.richText, Qt::Key_Return);
+    EXPECT_TRUE(editing());
+    QTest::keyClick(window.richText, Qt::Key_Return);
+    EXPECT_EQ(cell(titleRow, 4), u"甲zhong"_s);
+
+    choose(8);
+    window.Text1->clear();
+    compose(window.Text1);
+    QTest::keyClick(window.Text1, 'x');
+    EXPECT_EQ(window.Text1->text(), u"zhongx"_s);
+    QTest::keyClick(window.Text1, Qt::Key_Return);
+    EXPECT_FALSE(editing());
 }
 
 TEST_F(Editing, IdentitiesAreCheckedAndTheListStaysInReach) {
