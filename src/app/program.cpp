@@ -24,10 +24,10 @@ platform::Status probe(const QString &connectionString) {
 
 } // namespace
 
-int runProgram(platform::Host &host) {
+int runProgram(platform::Host &host, const QString &claimFolder) {
     QApplication::setQuitOnLastWindowClosed(false); // only the exit question ends the program
     QApplication::setWindowIcon(QIcon(u":/program.svg"_s));
-    const platform::SingleInstance instance(u"tarvex-marc"_s);
+    const platform::SingleInstance instance(u"tarvex-marc"_s, claimFolder);
     platform::SessionState state;
     DeskWindows windows(host, state);
     std::optional<marcMain> frame;

@@ -2,10 +2,12 @@
 #pragma once
 
 #include "platform/host.h"
+#include "platform/singleInstance.h"
 
 namespace app {
 
-// Runs start-up and, where it goes on, the event loop; the exit code of the process.
-int runProgram(platform::Host &host);
+// Runs start-up and, where it goes on, the event loop; the exit code of the process. The folder is the one in which a
+// second start finds the first.
+int runProgram(platform::Host &host, const QString &claimFolder = platform::SingleInstance::machineFolder());
 
 } // namespace app

@@ -1,5 +1,4 @@
 #include "platform/singleInstance.h"
-#include <QDir>
 #include <QFile>
 #ifdef Q_OS_WIN
 #include <windows.h>
@@ -7,6 +6,8 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
+#include <tuple>
 #include <unistd.h>
 #endif
 
@@ -22,7 +23,7 @@ struct SingleInstance::Claim {
     }
 };
 
-SingleInstance::SingleInstance(const QString &name)
+SingleInstance::SingleInstance(const QString &name, const QString & /*folder*/)
     : m_claim(std::make_unique<Claim>()) {
     m_claim->mutex = CreateMutexW(nullptr, TRUE, reinterpret_cast<const wchar_t *>((u"Global\\" + name).utf16()));
     m_first = m_claim->mutex && GetLastError() != ERROR_ALREADY_EXISTS;
@@ -30,7 +31,7 @@ SingleInstance::SingleInstance(const QString &name)
 
 #else
 
-// An advisory lock on a file in the machine's folder for passing files: the kernel drops it with the process.
+// An advisory lock on a file that every account finds: the kernel drops it with the process.
 struct SingleInstance::Claim {
     int descriptor = -1;
     ~Claim() {
@@ -39,22 +40,47 @@ struct SingleInstance::Claim {
     }
 };
 
-SingleInstance::SingleInstance(const QString &name)
+namespace {
+
+// What else may stand under the name in a folder where anybody may write must neither lead elsewhere nor hold us up.
+constexpr int carefully = O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;
+
+// Whoever comes first makes the file, readable by all whatever his umask: to lock it, reading is enough. It is opened
+// before it is made, since a shared folder may refuse O_CREAT on what another account owns.
+int openLockFile(const char *path) {
+    int descriptor = open(path, carefully);
+    if (descriptor >= 0 || errno != ENOENT)
+        return descriptor;
+    descriptor = open(path, carefully | O_CREAT | O_EXCL, 0644);
+    if (descriptor < 0)
+        return open(path, carefully); // another start was quicker
+    std::ignore = fchmod(descriptor, 0644);
+    return descriptor;
+}
+
+bool isPlainFile(int descriptor) {
+    struct stat entry = {};
+    return fstat(descriptor, &entry) == 0 && S_ISREG(entry.st_mode);
+}
+
+} // namespace
+
+SingleInstance::SingleInstance(const QString &name, const QString &folder)
     : m_claim(std::make_unique<Claim>()) {
-    const QByteArray path = QFile::encodeName(QDir::tempPath() + u'/' + name + u".lock");
-    // Whoever comes first makes the file; to lock it, reading it is enough, so that it serves every user of the
-    // machine.
-    m_claim->descriptor = open(path.constData(), O_RDONLY | O_CLOEXEC);
-    if (m_claim->descriptor < 0)
-        m_claim->descriptor = open(path.constData(), O_RDONLY | O_CREAT | O_CLOEXEC, 0644);
-    // Where the folder cannot be written or its file system knows no locks, there is no claim to hold: better two
-    // programs than none.
-    const bool refused = m_claim->descriptor >= 0 && flock(m_claim->descriptor, LOCK_EX | LOCK_NB) != 0;
+    m_claim->descriptor = openLockFile(QFile::encodeName(folder + u'/' + name + u".lock").constData());
+    // Where there is no file to lock or its file system knows no locks, there is no claim to hold: better two programs
+    // than none.
+    const bool refused = m_claim->descriptor >= 0 && isPlainFile(m_claim->descriptor) &&
+                         flock(m_claim->descriptor, LOCK_EX | LOCK_NB) != 0;
     m_first = !refused || errno != EWOULDBLOCK;
 }
 
 #endif
 
 SingleInstance::~SingleInstance() = default;
+
+QString SingleInstance::machineFolder() {
+    return QStringLiteral("/tmp");
+}
 
 } // namespace platform

@@ -9,11 +9,16 @@ namespace platform {
 
 class SingleInstance {
 public:
-    explicit SingleInstance(const QString &name);
+    // The claim lies in a file of that name in the folder, where the machine keeps claims in files. Another folder than
+    // the machine's is for who must not meet the program that people run: the tour, and tests.
+    explicit SingleInstance(const QString &name, const QString &folder = machineFolder());
     ~SingleInstance();
 
     // Whether this process is the first; the claim is held until the object goes.
     bool isFirst() const { return m_first; }
+
+    // The folder for passing files, the same for every account whatever its environment says.
+    static QString machineFolder();
 
 private:
     struct Claim;

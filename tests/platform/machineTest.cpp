@@ -8,6 +8,7 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -37,13 +38,13 @@ TEST(Settings, ComeBackAsTheyWereAndAreTheOwnersAlone) {
 
 TEST(SingleInstance, LetsGoWhenItsProcessDies) {
     const QTemporaryDir folder;
-    qputenv("TMPDIR", folder.path().toLocal8Bit());
     const QString name = u"instance"_s;
     int ready[2];
     ASSERT_EQ(pipe(ready), 0);
     const pid_t child = fork();
     if (child == 0) {
-        const SingleInstance claim(name);
+        umask(077); // other accounts are to see the claim all the same
+        const SingleInstance claim(name, folder.path());
         const char first = claim.isFirst() ? 'y' : 'n';
         std::ignore = write(ready[1], &first, 1);
         pause();
@@ -51,15 +52,34 @@ TEST(SingleInstance, LetsGoWhenItsProcessDies) {
     char first = 0;
     ASSERT_EQ(read(ready[0], &first, 1), 1);
     EXPECT_EQ(first, 'y');
-    EXPECT_FALSE(SingleInstance(name).isFirst());
-    EXPECT_TRUE(SingleInstance(u"another"_s).isFirst());
+    EXPECT_TRUE(QFile::permissions(folder.filePath(u"instance.lock"_s)).testFlag(QFile::ReadOther));
+    qputenv("TMPDIR", folder.path().toLocal8Bit());
+    EXPECT_NE(SingleInstance::machineFolder(), folder.path()) << "two accounts with folders of their own";
+    qunsetenv("TMPDIR");
+    EXPECT_FALSE(SingleInstance(name, folder.path()).isFirst());
+    EXPECT_TRUE(SingleInstance(u"another"_s, folder.path()).isFirst());
     kill(child, SIGKILL);
     waitpid(child, nullptr, 0);
-    const SingleInstance mine(name);
+    const SingleInstance mine(name, folder.path());
     EXPECT_TRUE(mine.isFirst());
-    EXPECT_FALSE(SingleInstance(name).isFirst());
+    EXPECT_FALSE(SingleInstance(name, folder.path()).isFirst());
     close(ready[0]);
     close(ready[1]);
+}
+
+// Anybody may lay something under the name beforehand: it neither hangs the start nor keeps the program away.
+TEST(SingleInstance, IsNotHeldUpByWhatIsNoFile) {
+    const QTemporaryDir folder;
+    ASSERT_EQ(mkfifo(QFile::encodeName(folder.filePath(u"pipe.lock"_s)).constData(), 0644), 0);
+    ASSERT_TRUE(QFile::link(folder.filePath(u"elsewhere"_s), folder.filePath(u"link.lock"_s)));
+    ASSERT_TRUE(QDir(folder.path()).mkdir(u"folder.lock"_s));
+    alarm(20); // an open that waits for a writer is ended
+    for (const QString &name : {u"pipe"_s, u"link"_s, u"folder"_s}) {
+        const SingleInstance claim(name, folder.path());
+        EXPECT_TRUE(claim.isFirst()) << name.toStdString();
+    }
+    alarm(0);
+    EXPECT_FALSE(QFile::exists(folder.filePath(u"elsewhere"_s)));
 }
 
 TEST(Paths, GoByTheSeparatorOfTheMachine) {

@@ -57,7 +57,7 @@ void closeNotice(TourDriver &driver) {
 
 void notices(TourDriver &driver) {
     QProcess second;
-    second.start(QApplication::applicationDirPath() + u"/tarvex", {});
+    second.start(QApplication::applicationFilePath(), {u"second"_s});
     QThread::sleep(2);
     driver.shot(u"second-start"_s);
     driver.key(u"Return"_s);

@@ -1,4 +1,6 @@
 // The tour through the whole program; see tourDriver.h. Usage: tour FOLDER-FOR-PICTURES [SCENE…]
+// It finds another start of the program in TMPDIR alone, which scripts/tour makes its own; "tour second" is such a
+// start.
 #include "tour/scenes.h"
 #include "tour/tourProgram.h"
 #include <QApplication>
@@ -30,6 +32,10 @@ int main(int argc, char **argv) {
     const QStringList arguments = QApplication::arguments();
     if (arguments.size() < 2)
         return 2;
+    if (arguments[1] == u"second") {
+        tour::runSecondProgram();
+        return 0;
+    }
     tour::TourDriver driver(arguments[1]);
     const QStringList wanted = arguments.mid(2);
     tour::runProgram(driver, tour::firstRun);

@@ -1,6 +1,7 @@
 #include "tour/tourProgram.h"
 #include "app/program.h"
 #include <QCoreApplication>
+#include <QDir>
 #include <cstdlib>
 #include <thread>
 
@@ -19,9 +20,14 @@ void runProgram(TourDriver &driver, const std::function<void(TourDriver &)> &scr
         if (!driver.waitForEnd())
             std::_Exit(1);
     });
-    app::runProgram(host);
+    app::runProgram(host, QDir::tempPath());
     driver.programEnded();
     scriptThread.join();
+}
+
+void runSecondProgram() {
+    TourHost host{platform::Settings()};
+    app::runProgram(host, QDir::tempPath());
 }
 
 } // namespace tour

@@ -16,4 +16,7 @@ public:
 // Runs the program from its start to its end, with the script driving it from a thread of its own.
 void runProgram(TourDriver &driver, const std::function<void(TourDriver &)> &script);
 
+// Runs the program with nobody to drive it, as the second start beside the first.
+void runSecondProgram();
+
 } // namespace tour
