@@ -1,19 +1,15 @@
 // Builds the sample files of a folder: "sample.iso" with all records of the tagged texts, one to a line of code page
 // 936, and a small file for each kind of damage.
 #include "tools/damageRecipes.h"
+#include "tools/sourceText.h"
 #include "tools/taggedText.h"
 #include <QDir>
 #include <QFile>
-#include <cstdio>
 
 using namespace Qt::StringLiterals;
+using tools::complain;
 
 namespace {
-
-int complain(const QString &path, const QString &what) {
-    std::fprintf(stderr, "%s: %s\n", qPrintable(path), qPrintable(what));
-    return 1;
-}
 
 bool write(const QString &path, const QByteArray &bytes) {
     QFile file(path);
@@ -27,19 +23,13 @@ int main(int count, char **arguments) {
         return complain(u"makeSamples"_s, u"usage: makeSamples FOLDER TAGGEDTEXT..."_s);
     QList<QByteArray> records;
     for (int i = 2; i < count; ++i) {
-        QFile source(QString::fromLocal8Bit(arguments[i]));
-        if (!source.open(QIODevice::ReadOnly))
-            return complain(source.fileName(), source.errorString());
-        const tools::TaggedText text = tools::parseTaggedText(QString::fromUtf8(source.readAll()));
-        if (!text.error.isEmpty())
-            return complain(source.fileName(), text.error);
-        for (const tools::TaggedRecord &record : text.records) {
-            const auto bytes = tools::assemble(record);
-            if (!bytes)
-                return complain(source.fileName(), u"a record has a character without a code in code page 936: "_s +
-                                                       record.fields.value(0).content);
-            records.append(*bytes);
-        }
+        const QString path = QString::fromLocal8Bit(arguments[i]);
+        const auto lines = tools::readSource(path);
+        const auto text = lines ? tools::parseTaggedText(lines.value()) : lines.failure();
+        if (!text)
+            return complain(path, text.failure().description);
+        for (const tools::TaggedRecord &record : text.value())
+            records.append(tools::assemble(record));
     }
     const QDir folder(QString::fromLocal8Bit(arguments[1]));
     bool good = folder.mkpath(u"."_s) && write(folder.filePath(u"sample.iso"_s), records.join("\r\n") + "\r\n");

@@ -1,6 +1,7 @@
 #include "tools/taggedText.h"
 #include "platform/codepage936.h"
 #include "tools/recordAssembler.h"
+#include "tools/sourceText.h"
 
 using namespace Qt::StringLiterals;
 
@@ -80,13 +81,11 @@ bool parseField(const QString &line, TaggedRecord &record) {
 
 } // namespace
 
-TaggedText parseTaggedText(const QString &text) {
-    TaggedText result;
+platform::Result<QList<TaggedRecord>> parseTaggedText(const QStringList &lines) {
+    QList<TaggedRecord> records;
     bool inRecord = false;
-    int number = 0;
-    const auto lines = text.split(u'\n');
-    for (const QString &line : lines) {
-        ++number;
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        const QString &line = lines[i];
         if (line.startsWith(u';'))
             continue;
         bool good = true;
@@ -96,26 +95,21 @@ TaggedText parseTaggedText(const QString &text) {
             inRecord = true;
             QString leader = withBlanks(line.mid(4));
             good = line.startsWith(u"LDR ") && leader.size() == 9 && leader[5] == u' ';
-            result.records.append({leader.remove(5, 1), {}});
+            records.append({leader.remove(5, 1), {}});
         } else {
-            good = parseField(line, result.records.back());
+            good = parseField(line, records.back());
         }
-        if (!good) {
-            result.error = u"line %1: %2"_s.arg(number).arg(line);
-            return result;
-        }
+        if (!good)
+            return platform::Failure{atLine(i, line)};
     }
-    return result;
+    return records;
 }
 
-std::optional<QByteArray> assemble(const TaggedRecord &record) {
+QByteArray assemble(const TaggedRecord &record) {
     RecordAssembler assembler;
     assembler.begin(record.leader.toLatin1());
-    for (const TaggedField &field : record.fields) {
-        if (!platform::isEncodable(field.content))
-            return std::nullopt;
+    for (const TaggedField &field : record.fields)
         assembler.add(field.tag.toLatin1(), platform::encode(field.content));
-    }
     return assembler.finish();
 }
 

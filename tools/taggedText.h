@@ -5,10 +5,10 @@
 // to 199. In 4XX and 604 a subfield $1 begins an embedded field: "$1200 1#$a..." or, below 010, "$1001 data".
 #pragma once
 
+#include "platform/result.h"
 #include <QByteArray>
 #include <QList>
-#include <QString>
-#include <optional>
+#include <QStringList>
 
 namespace tools {
 
@@ -22,14 +22,10 @@ struct TaggedRecord {
     QList<TaggedField> fields;
 };
 
-struct TaggedText {
-    QList<TaggedRecord> records;
-    QString error; // "line 12: ..."; empty when all is well
-};
+// Fails with the first malformed line, as "line 12: ...".
+platform::Result<QList<TaggedRecord>> parseTaggedText(const QStringList &lines);
 
-TaggedText parseTaggedText(const QString &text);
-
-// The record in code page 936. Nothing where a character has no code.
-std::optional<QByteArray> assemble(const TaggedRecord &record);
+// The record in code page 936.
+QByteArray assemble(const TaggedRecord &record);
 
 } // namespace tools

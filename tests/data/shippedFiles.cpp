@@ -1,5 +1,4 @@
 #include "shippedFiles.h"
-#include "platform/codepage936.h"
 #include <QFile>
 
 using namespace Qt::StringLiterals;
@@ -7,21 +6,6 @@ using namespace Qt::StringLiterals;
 QByteArray builtFile(const QString &name) {
     QFile file(QStringLiteral(PROGRAM_FOLDER) + u'/' + name);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-QStringList builtLines(const QString &name) {
-    return platform::decode(builtFile(name)).split(u"\r\n"_s);
-}
-
-QList<Section> sectionsOf(const QStringList &lines) {
-    QList<Section> sections;
-    for (const QString &line : lines) {
-        if (line.startsWith(u'['))
-            sections.append({line.mid(1, 3), line.mid(5).trimmed(), {}});
-        else if (!line.isEmpty() && !sections.isEmpty())
-            sections.back().lines.append(line);
-    }
-    return sections;
 }
 
 RawFields checkedFields(const QByteArray &record) {

@@ -1,23 +1,12 @@
-// Reads the built configuration and sample files with parsers of the tests' own, so that a fault in a file is not
-// hidden by the same fault in the program.
+// Reads built files with parsers of the tests' own, so that a fault in a file is not hidden by the same fault in the
+// program.
 #pragma once
 
 #include <QByteArray>
 #include <QList>
-#include <QMap>
 #include <QString>
-#include <QStringList>
 
 QByteArray builtFile(const QString &name); // a file beside the executable
-QStringList builtLines(const QString &name);
-
-// "[200] name" and the lines under it.
-struct Section {
-    QString tag;
-    QString name;
-    QStringList lines; // as they stand, empty ones left out
-};
-QList<Section> sectionsOf(const QStringList &lines);
 
 struct RawField {
     QByteArray tag;

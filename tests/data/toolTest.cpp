@@ -2,6 +2,7 @@
 #include "support/qtPrinters.h"
 #include "tools/recordAssembler.h"
 #include "tools/taggedText.h"
+#include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -11,23 +12,31 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Conversion {
+struct Build {
     int exitCode;
-    QByteArray target; // null where no file was written
     QByteArray complaint;
+    QList<QByteArray> files; // what stands in the folder afterwards, by name: the field list comes first
 };
 
-Conversion convert(const QByteArray &utf8) {
+Build configurationOf(const QByteArray &format, const QByteArray &rules) {
     const QTemporaryDir folder;
-    QFile source(folder.filePath(u"in.txt"_s));
-    EXPECT_TRUE(source.open(QIODevice::WriteOnly) && source.write(utf8) == utf8.size());
-    source.close();
+    const auto source = [&folder](const QString &name, const QByteArray &utf8) {
+        QFile file(folder.filePath(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(utf8) == utf8.size());
+        return file.fileName();
+    };
+    QDir(folder.path()).mkdir(u"built"_s);
+    const QDir built(folder.filePath(u"built"_s));
     QProcess tool;
-    tool.start(QStringLiteral(PROGRAM_FOLDER "/convertText"), {source.fileName(), folder.filePath(u"out"_s)});
+    tool.start(QStringLiteral(PROGRAM_FOLDER "/makeConfiguration"),
+               {built.path(), source(u"cnmarc.txt"_s, format), source(u"template.txt"_s, rules)});
     EXPECT_TRUE(tool.waitForFinished());
-    QFile target(folder.filePath(u"out"_s));
-    return {tool.exitCode(), target.open(QIODevice::ReadOnly) ? target.readAll() : QByteArray(),
-            tool.readAllStandardError()};
+    Build build{tool.exitCode(), tool.readAllStandardError(), {}};
+    for (const QString &name : built.entryList(QDir::Files, QDir::Name)) {
+        QFile file(built.filePath(name));
+        build.files.append(file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray());
+    }
+    return build;
 }
 
 // Bytes of a text in which "$", "|" and "%" stand for the separators.
@@ -37,38 +46,68 @@ QByteArray marked(const QString &text) {
 
 } // namespace
 
-TEST(ConvertText, WritesGbkWithCrLf) {
-    const Conversion done = convert("[200] 题名\n$a 正题名\r\n\n");
-    EXPECT_EQ(done.exitCode, 0);
-    EXPECT_EQ(done.target, platform::encode(u"[200] 题名\r\n$a 正题名\r\n\r\n"));
+TEST(MakeConfiguration, WritesFourFilesOfTwoTexts) {
+    const Build build = configurationOf("; 说明\n001 标识号\n\n200 题名 项\r\n$a 正题名\n$A 拼音\n??? 自定义\n",
+                                        "说明\n[必备子字段]\n200 题名 a\n\n[不能重复的子字段]\n200$a\n");
+    EXPECT_EQ(build.complaint, QByteArray());
+    ASSERT_EQ(build.files.size(), 4);
+    EXPECT_EQ(build.files[0], platform::encode(u"001 标识号\r\n200 题名 项\r\n??? 自定义\r\n"));
+    EXPECT_EQ(build.files[1], platform::encode(u"[001]\r\n[200]\r\n$a 正题名\r\n$A 拼音\r\n\r\n"));
+    EXPECT_EQ(build.files[2], platform::encode(u"[001] 标识号\r\n[200] 题名 项\r\n$a 正题名\r\n$A 拼音\r\n\r\n"));
+    EXPECT_EQ(build.files[3], platform::encode(u"说明\r\n[必备子字段]\r\n200 题名 a\r\n\r\n"
+                                               "[不能重复的子字段]\r\n200$a\r\n"));
 }
 
-TEST(ConvertText, RefusesWhatTheCodePageLacks) {
-    for (const char *text : {"好\n坏ë\n", "好\n坏\xF0\xA0\x80\x80\n", "\xB0\xA1"}) {
-        const Conversion refused = convert(text);
-        EXPECT_EQ(refused.exitCode, 1);
-        EXPECT_TRUE(refused.target.isNull());
-        EXPECT_TRUE(refused.complaint.contains("line 2") || refused.complaint.contains("UTF-8"))
-            << refused.complaint.data();
+TEST(MakeConfiguration, NamesTheLineThatIsMalformedAndWritesNothing) {
+    const QByteArray good = "200 题名\n$a 正题名\n";
+    const struct {
+        QByteArray format, rules, complaint;
+    } cases[] = {
+        {"好\n" + good, {}, "cnmarc.txt: line 1: neither"},
+        {good + "[210] 出版\n", {}, "line 3: neither"},
+        {good + "$b  两个空格\n", {}, "line 3: neither"},
+        {good + "210 \n", {}, "line 3: neither"},
+        {good + "$a 又一个\n", {}, "line 3: the field has this code already: $a 又一个"},
+        {good + "101 语种\n$a 语种\n", {}, "line 3: the field must stand behind 200, and once"},
+        {good + good, {}, "line 3: the field must stand behind 200, and once"},
+        {"$a 正题名\n", {}, "line 1: no field above"},
+        {"001 标识号\n$a 标识号\n", {}, "line 2: no field above"},
+        {good + "??? 自定义\n$a 一\n", {}, "line 4: no field above"},
+        {"101 语种\n" + good, {}, "line 1: the field has no subfields: 101 语种"},
+        {good + "210 出版\n", {}, "line 3: the field has no subfields: 210 出版"},
+        {good + "$b ë\n", {}, "line 3: U+00EB has no code in code page 936"},
+        {"\xB0\xA1\n", {}, "cnmarc.txt: not UTF-8"},
+        {good, "说明\n[必备字段]\n", "template.txt: line 2: no section of this name"},
+        {good, "[必备子字段]\n200$a\n[不能重复的子字段]\n", "line 3: the section must stand behind an empty line"},
+        {good, "[必备子字段]\n200$f\n", "line 2: no such subfield: 200$f"},
+        {good, "[必备子字段]\n200$a\n200a\n", "line 3: the rule stands twice: 200a"},
+        {good, "[必备子字段]\n𠀀\n", "template.txt: line 2: U+20000 has no code"},
+    };
+    for (const auto &[format, rules, complaint] : cases) {
+        const Build refused = configurationOf(format, rules);
+        EXPECT_EQ(refused.exitCode, 1) << complaint.data();
+        EXPECT_TRUE(refused.complaint.contains(complaint)) << refused.complaint.data();
+        EXPECT_TRUE(refused.files.isEmpty()) << complaint.data();
     }
 }
 
 TEST(TaggedText, GivesTheRecordThatItShows) {
-    const auto text = tools::parseTaggedText(u"; remark\nLDR nam0# ###\n001 12\n100 ## $aa#b\n200 1# $aC#$f著\n"
-                                             "461 #0 $1001 7$1200 1#$a集$v2\n"_s);
-    ASSERT_EQ(text.error, QString());
-    ASSERT_EQ(text.records.size(), 1);
-    EXPECT_EQ(tools::assemble(text.records[0]).value_or(QByteArray()),
+    const auto text = tools::parseTaggedText({u"; remark"_s, u"LDR nam0# ###"_s, u"001 12"_s, u"100 ## $aa#b"_s,
+                                              u"200 1# $aC#$f著"_s, u"461 #0 $1001 7$1200 1#$a集$v2"_s});
+    ASSERT_TRUE(text.ok());
+    ASSERT_EQ(text.value().size(), 1);
+    EXPECT_EQ(tools::assemble(text.value()[0]),
               marked(u"00119nam0 2200073   450 001000300000100000800003200001100011461002300022|"
                      "12|  $aa b|1 $aC#$f著| 0$10017$12001 $a集$v2|%"_s));
-    EXPECT_FALSE(tools::assemble({u"nam0    "_s, {{u"200"_s, u"1 aë"_s}}}));
 }
 
 TEST(TaggedText, NamesTheLineThatIsMalformed) {
     for (const auto &line : {u"200 1#$a题名"_s, u"20x 1# $a题名"_s, u"200 1# 题名"_s, u"200 1# $a"_s,
-                             u"461 #0 $12001#$a"_s, u"LDR nam0# ###"_s, u"461 #0 $1200 1# $a集"_s, u"00"_s})
-        EXPECT_EQ(tools::parseTaggedText(u"\nLDR nam0# ###\n001 1\n"_s + line).error, u"line 4: "_s + line);
-    EXPECT_EQ(tools::parseTaggedText(u"LDR nam0####\n"_s).error, u"line 1: LDR nam0####"_s);
+                             u"461 #0 $12001#$a"_s, u"LDR nam0# ###"_s, u"461 #0 $1200 1# $a集"_s, u"00"_s}) {
+        const auto text = tools::parseTaggedText({{}, u"LDR nam0# ###"_s, u"001 1"_s, line});
+        EXPECT_TRUE(!text && text.failure().description == u"line 4: "_s + line) << qPrintable(line);
+    }
+    EXPECT_FALSE(tools::parseTaggedText({u"LDR nam0####"_s}));
 }
 
 TEST(RecordAssembler, WritesNinesWhereANumberIsTooWide) {

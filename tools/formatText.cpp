@@ -1,0 +1,129 @@
+#include "tools/formatText.h"
+#include "tools/sourceText.h"
+#include <QRegularExpression>
+#include <QSet>
+
+using namespace Qt::StringLiterals;
+
+namespace tools {
+
+namespace {
+
+constexpr QStringView firstDataTag = u"010";
+constexpr QStringView typedTag = u"???";
+
+bool hasSubfields(const FormatField &field) {
+    return field.tag >= firstDataTag && field.tag != typedTag;
+}
+
+// Takes one line into the format. Gives what is wrong with it, empty where nothing is.
+QString takeLine(const QString &line, Format &format) {
+    static const QRegularExpression fieldShape(uR"(^(\d{3}|\?\?\?) (\S|\S.*\S)$)"_s);
+    static const QRegularExpression subfieldShape(uR"(^\$[0-9A-Za-z] (\S|\S.*\S)$)"_s);
+    if (const auto field = fieldShape.match(line); field.hasMatch()) {
+        if (!format.isEmpty() && format.back().tag >= field.captured(1)) // "???" sorts behind the digits
+            return u"the field must stand behind "_s + format.back().tag + u", and once"_s;
+        format.append({field.captured(1), field.captured(2), {}});
+        return {};
+    }
+    if (!subfieldShape.match(line).hasMatch())
+        return u"neither \"200 name\" nor \"$a name\""_s;
+    if (format.isEmpty() || !hasSubfields(format.back()))
+        return u"no field above that has subfields"_s;
+    QStringList &subfields = format.back().subfields;
+    if (std::ranges::any_of(subfields, [&line](const QString &other) { return other[1] == line[1]; }))
+        return u"the field has this code already"_s;
+    subfields.append(line);
+    return {};
+}
+
+// Each field as a section: its header, then its subfields. An empty line ends the file, as its readers never take the
+// last one.
+QString sections(const Format &format, QString (*header)(const FormatField &)) {
+    QString text;
+    for (const FormatField &field : format) {
+        if (field.tag == typedTag)
+            continue;
+        text += header(field) + u"\r\n"_s;
+        for (const QString &subfield : field.subfields)
+            text += subfield + u"\r\n"_s;
+    }
+    return text + u"\r\n"_s;
+}
+
+// Tag and code of every subfield, as "200a".
+QSet<QString> references(const Format &format) {
+    QSet<QString> all;
+    for (const FormatField &field : format) {
+        for (const QString &subfield : field.subfields)
+            all.insert(field.tag + subfield[1]);
+    }
+    return all;
+}
+
+} // namespace
+
+platform::Result<Format> parseFormat(const QStringList &lines) {
+    Format format;
+    QList<qsizetype> begins; // the line of each field
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        if (lines[i].isEmpty() || lines[i].startsWith(u';'))
+            continue;
+        if (const QString fault = takeLine(lines[i], format); !fault.isEmpty())
+            return platform::Failure{atLine(i, fault + u": "_s + lines[i])};
+        if (begins.size() < format.size())
+            begins.append(i);
+    }
+    for (qsizetype i = 0; i < format.size(); ++i) {
+        if (hasSubfields(format[i]) && format[i].subfields.isEmpty())
+            return platform::Failure{atLine(begins[i], u"the field has no subfields: "_s + lines[begins[i]])};
+    }
+    return format;
+}
+
+QString fieldList(const Format &format) {
+    QString text;
+    for (const FormatField &field : format)
+        text += field.tag + u' ' + field.name + u"\r\n"_s;
+    return text;
+}
+
+QString subfieldList(const Format &format) {
+    return sections(format, [](const FormatField &field) -> QString { return u'[' + field.tag + u']'; });
+}
+
+QString descriptions(const Format &format) {
+    return sections(format, [](const FormatField &field) -> QString { return u'[' + field.tag + u"] " + field.name; });
+}
+
+QString templateFault(const QStringList &lines, const Format &format) {
+    const QSet<QString> known = references(format);
+    QSet<QString> rules; // of the section
+    bool inSection = false;
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        const QString &line = lines[i];
+        const QString rule = line.left(3) + line.right(1);
+        QString fault;
+        if (line.startsWith(u'[')) {
+            if (line != u"[必备子字段]" && line != u"[不能重复的子字段]")
+                fault = u"no section of this name"_s;
+            else if (inSection)
+                fault = u"the section must stand behind an empty line"_s;
+            inSection = true;
+            rules.clear();
+        } else if (line.isEmpty()) {
+            inSection = false;
+        } else if (inSection) {
+            if (!known.contains(rule))
+                fault = u"no such subfield"_s;
+            else if (rules.contains(rule))
+                fault = u"the rule stands twice"_s;
+            rules.insert(rule);
+        }
+        if (!fault.isEmpty())
+            return atLine(i, fault + u": "_s + line);
+    }
+    return {};
+}
+
+} // namespace tools
