@@ -40,6 +40,4 @@ TEST(Generator, MakesWholeVariedRecordsOfRealisticSize) {
 TEST(Generator, GivesTheSameBytesForTheSameSeed) {
     const QByteArray sum = QCryptographicHash::hash(generated(1, 500), QCryptographicHash::Sha1).toHex();
     EXPECT_EQ(sum, QByteArray("f3284be1a9dd03a2a2116f331a3924d6c53452db"));
-    EXPECT_NE(generated(1, 5), generated(2, 5));
-    EXPECT_NE(generated(0, 2).size(), 0);
 }
