@@ -21,11 +21,7 @@ Status run(const Link &link, const OdbcHandle &handle, const QString &statement)
         return Failure{};
     // Braces and question marks in a value are text, nothing for the driver to look into.
     SQLSetStmtAttrW(handle.get(), SQL_ATTR_NOSCAN, reinterpret_cast<SQLPOINTER>(SQL_NOSCAN_ON), SQL_IS_UINTEGER);
-    const QString spelled = link.spelled(statement);
-    const SQLRETURN ran = odbcExecute(handle.get(), spelled, link.forms().calls);
-    if (SQL_SUCCEEDED(ran) || ran == SQL_NO_DATA)
-        return success();
-    return handle.failure(link.forms().calls);
+    return odbcExecute(handle, link.spelled(statement), link.form());
 }
 
 } // namespace
@@ -55,7 +51,7 @@ Result<std::shared_ptr<ResultTable>> Connection::query(const QString &statement)
         const OdbcHandle handle(SQL_HANDLE_STMT, m_handle->link->handle());
         if (Status ran = run(*m_handle->link, handle, statement); !ran)
             return ran.failure();
-        auto rows = readRows(handle, m_handle->link->forms(), fetching);
+        auto rows = readRows(handle, m_handle->link->form(), fetching);
         if (!rows)
             return rows.failure();
         if (rows.value())

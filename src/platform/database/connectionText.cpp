@@ -1,4 +1,5 @@
 #include "platform/database/connectionText.h"
+#include <vector>
 
 namespace platform {
 
@@ -24,38 +25,65 @@ bool contains(QStringView text, QStringView part) {
     return text.contains(part, Qt::CaseInsensitive);
 }
 
+// The pairs of a text, each with its key and its value without blanks around it.
+struct Pair {
+    QStringView whole, key, value;
+};
+
+std::vector<Pair> pairsOf(QStringView text) {
+    std::vector<Pair> pairs;
+    for (qsizetype at = 0; at < text.size();) {
+        const qsizetype end = pairEnd(text, at);
+        const QStringView whole = text.sliced(at, end - at);
+        if (const qsizetype equals = whole.indexOf(u'='); equals > 0)
+            pairs.push_back({whole, whole.first(equals).trimmed(), whole.sliced(equals + 1).trimmed()});
+        at = end + 1;
+    }
+    return pairs;
+}
+
+bool isKey(const Pair &pair, QStringView key) {
+    return pair.key.compare(key, Qt::CaseInsensitive) == 0;
+}
+
+void append(QString &text, QStringView key, QStringView value) {
+    if (!text.isEmpty() && !text.endsWith(u';'))
+        text += u';';
+    text += key + u'=' + value + u';';
+}
+
+// That pair in the place of all of its key: which of two a driver takes is its own affair.
+void force(QString &text, QStringView key, QStringView value) {
+    QString forced;
+    for (const Pair &pair : pairsOf(text))
+        if (!isKey(pair, key))
+            forced += pair.whole + u';';
+    append(forced, key, value);
+    text = forced;
+}
+
 } // namespace
 
 QString connectionValue(QStringView text, QStringView key) {
-    for (qsizetype at = 0; at < text.size();) {
-        const qsizetype end = pairEnd(text, at);
-        const QStringView pair = text.sliced(at, end - at);
-        const qsizetype equals = pair.indexOf(u'=');
-        if (equals > 0 && pair.first(equals).trimmed().compare(key, Qt::CaseInsensitive) == 0) {
-            QStringView value = pair.sliced(equals + 1).trimmed();
-            if (value.startsWith(u'{') && value.endsWith(u'}'))
-                value = value.sliced(1, value.size() - 2);
-            return value.toString();
+    for (const Pair &pair : pairsOf(text))
+        if (isKey(pair, key)) {
+            const bool braces = pair.value.startsWith(u'{') && pair.value.endsWith(u'}');
+            return (braces ? pair.value.sliced(1, pair.value.size() - 2) : pair.value).toString();
         }
-        at = end + 1;
-    }
     return {};
 }
 
-QString driverText(const QString &connectionString, const QString &dataSourceDriver) {
+QString driverText(const QString &connectionString, const QString &dataSource) {
     QString text = connectionString;
     text.remove(u"PROVIDER=MSDASQL;"_s, Qt::CaseInsensitive);
-    const QString driver = connectionValue(text, u"Driver") + dataSourceDriver;
-    const auto add = [&text](QStringView pair) {
-        if (!text.isEmpty() && !text.endsWith(u';'))
-            text += u';';
-        text += pair;
-    };
+    const QString driver = connectionValue(text, u"Driver") + connectionValue(dataSource, u"Driver");
     const QString database = connectionValue(text, u"Database");
     if (contains(driver, u"mdb") && !database.isEmpty() && connectionValue(text, u"DBQ").isEmpty())
-        add(QString(u"DBQ=" + database + u';'));
+        append(text, u"DBQ", database);
     if (contains(driver, u"sqlite") && connectionValue(text, u"StepAPI").isEmpty())
-        add(u"StepAPI=1;");
+        append(text, u"StepAPI", u"1");
+    if (contains(driver, u"maria"))
+        force(text, u"CHARSET", u"utf8mb4");
     return text;
 }
 

@@ -11,8 +11,8 @@ namespace platform {
 QString connectionValue(QStringView text, QStringView key);
 
 // The stored text as the driver manager takes it: "PROVIDER=MSDASQL;" cut, the file of an Access database named as its
-// driver on this system wants it, and results of SQLite streamed instead of read whole into the driver.
-// `dataSourceDriver` is what the machine says of the text's data source.
-QString driverText(const QString &connectionString, const QString &dataSourceDriver);
+// driver on this system wants it, results of SQLite streamed instead of read whole into the driver, texts of MariaDB in
+// UTF-8. `dataSource` is what the machine says of the text's data source, as pairs with the driver first.
+QString driverText(const QString &connectionString, const QString &dataSource);
 
 } // namespace platform

@@ -54,6 +54,13 @@ QStringList names(const Entries &entries) {
     return names;
 }
 
+QString driverOf(const QString &dataSource) {
+    for (const auto &[source, description] : entries(nextDataSource))
+        if (source.compare(dataSource, Qt::CaseInsensitive) == 0)
+            return description;
+    return {};
+}
+
 } // namespace
 
 QStringList dataSourceNames() {
@@ -64,17 +71,11 @@ QStringList driverNames() {
     return names(entries(nextDriver));
 }
 
-QString driverOfDataSource(QStringView name) {
-    if (name.isEmpty())
-        return {};
-    for (const auto &[source, description] : entries(nextDataSource))
-        if (source.compare(name, Qt::CaseInsensitive) == 0)
-            return description;
-    return {};
-}
-
 QString pairsOfDataSource(const QString &name) {
-    QString pairs;
+    const QString driver = name.isEmpty() ? QString() : driverOf(name);
+    if (driver.isEmpty())
+        return {};
+    QString pairs = u"Driver=" + driver + u';';
 #ifndef Q_OS_WIN
     // A null key asks for all keys, each ended by a NUL.
     const auto read = [&name](const char *key) {
@@ -86,12 +87,9 @@ QString pairsOfDataSource(const QString &name) {
     for (const QByteArray &key : read(nullptr).split('\0')) {
         if (key.isEmpty())
             break;
-        const QString pair =
-            QString::fromUtf8(key) + u'=' + QString::fromUtf8(read(key.constData()).constData()) + u';';
-        pairs = pair.startsWith(u"Driver="_s, Qt::CaseInsensitive) ? QString(pair + pairs) : QString(pairs + pair);
+        if (key.compare("driver", Qt::CaseInsensitive) != 0)
+            pairs += QString::fromUtf8(key) + u'=' + QString::fromUtf8(read(key.constData()).constData()) + u';';
     }
-#else
-    Q_UNUSED(name)
 #endif
     return pairs;
 }

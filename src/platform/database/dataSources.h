@@ -12,11 +12,8 @@ QStringList dataSourceNames();
 // The names of the machine's drivers.
 QStringList driverNames();
 
-// What the machine says of a data source, on most systems its driver's name; empty where there is no such source.
-QString driverOfDataSource(QStringView name);
-
-// What stands under a data source in the driver manager's files, as pairs of a connection text with the driver first;
-// empty where that is not kept in files.
+// What the machine says of a data source, as pairs of a connection text with the driver first; empty where there is no
+// such source. On Windows its driver is all that is told.
 QString pairsOfDataSource(const QString &name);
 
 } // namespace platform

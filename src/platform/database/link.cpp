@@ -56,25 +56,18 @@ QTimer *idleTimer() {
     return timer;
 }
 
-// The drivers of unixODBC that have no wide calls: those of SQLite and of Access files.
+// The drivers of unixODBC that have no wide calls, those of SQLite and of Access files, and MariaDB's, whose wide calls
+// (3.1.15) take a low byte of D8 to DB (勘, 盘, 还) for half of a surrogate pair: given such a text with its length
+// they write behind their own buffer, ended by a NUL they refuse it where it has many, and they cut the ends of values
+// off.
 TextForm callsOf(const QString &driver) {
 #ifndef Q_OS_WIN
-    for (const QStringView narrow : {u"sqlite", u"mdb"})
+    for (const QStringView narrow : {u"sqlite", u"mdb", u"maria"})
         if (driver.contains(narrow, Qt::CaseInsensitive))
             return TextForm::Utf8;
 #endif
     Q_UNUSED(driver)
     return TextForm::Wide;
-}
-
-// MariaDB's driver takes a low byte of D8 to DB (勘, 盘, 还) for half of a surrogate pair and cuts the value's end off.
-TextForm valuesOf(Server server, TextForm calls) {
-#ifndef Q_OS_WIN
-    if (server == Server::MariaDb)
-        return TextForm::Utf8;
-#endif
-    Q_UNUSED(server)
-    return calls;
 }
 
 // What tells a file from another one that took its name. Empty where there is no file.
@@ -104,16 +97,15 @@ Result<std::unique_ptr<Link>> Link::connect(const QString &connectionString) {
     std::unique_ptr<Link> link(new Link(connectionString));
     if (!link->m_connection)
         return link->m_environment.failure(TextForm::Wide);
-    const QString source = connectionValue(connectionString, u"DSN");
-    const QString driver = driverOfDataSource(source);
-    link->m_forms.calls = callsOf(connectionValue(connectionString, u"Driver") + driver);
-    QString text = driverText(connectionString, driver);
+    const QString name = connectionValue(connectionString, u"DSN");
+    const QString source = pairsOfDataSource(name);
+    link->m_form = callsOf(connectionValue(connectionString, u"Driver") + connectionValue(source, u"Driver"));
     // unixODBC finds no data source by the wide characters of a Chinese name: what stands under that name goes ahead.
-    if (link->m_forms.calls == TextForm::Wide && source.toUtf8().size() != source.size())
-        text.prepend(pairsOfDataSource(source));
+    const bool hidden = link->m_form == TextForm::Wide && name.toUtf8().size() != name.size();
+    QString text = driverText(hidden ? QString(source + connectionString) : connectionString, source);
     text += QString(kept().ended.value(connectionString) % 256, u';');
-    if (!SQL_SUCCEEDED(odbcConnect(link->m_connection.get(), text, link->m_forms.calls)))
-        return link->m_connection.failure(link->m_forms.calls);
+    if (const Status connected = odbcConnect(link->m_connection, text, link->m_form); !connected)
+        return connected.failure();
     link->m_open = true;
     link->learn();
     return link;
@@ -165,10 +157,10 @@ bool Link::works() const {
     case Server::Sqlite:
         return identityOf(m_file) == m_fileIdentity;
     case Server::MariaDb:
-        return run(u"set @kept=0"_s); // its driver prepares a select first
+        return run(u"set @kept=0"_s).ok(); // its driver prepares a select first
     case Server::PostgreSql:
     case Server::SqlServer:
-        return run(u"select 1"_s);
+        return run(u"select 1"_s).ok();
     case Server::Other:
         break;
     }
@@ -177,17 +169,17 @@ bool Link::works() const {
     return dead != SQL_CD_TRUE;
 }
 
-bool Link::run(const QString &statement) const {
+Status Link::run(const QString &statement) const {
     const OdbcHandle handle(SQL_HANDLE_STMT, m_connection.get());
-    return handle && SQL_SUCCEEDED(odbcExecute(handle.get(), statement, m_forms.calls));
+    return handle ? odbcExecute(handle, statement, m_form) : Failure{};
 }
 
 QStringList Link::firstColumn(const QString &statement) const {
     QStringList values;
     const OdbcHandle handle(SQL_HANDLE_STMT, m_connection.get());
-    if (!handle || !SQL_SUCCEEDED(odbcExecute(handle.get(), statement, m_forms.calls)))
+    if (!handle || !odbcExecute(handle, statement, m_form))
         return values;
-    const auto rows = readRows(handle, m_forms, Fetching::Unbound);
+    const auto rows = readRows(handle, m_form, Fetching::Unbound);
     if (rows && rows.value())
         for (int row = 0; row < (*rows.value())->rowCount(); ++row)
             values.append((*rows.value())->text(row, 0));
@@ -199,12 +191,11 @@ void Link::learn() {
     std::array<SQLWCHAR, 128> name{};
     SQLGetInfoW(m_connection.get(), SQL_DBMS_NAME, name.data(), SQLSMALLINT(sizeof(name) - sizeof(SQLWCHAR)), nullptr);
     m_server = serverOf(fromOdbc(name.data(), qsizetype(name.size())));
-    m_forms.values = valuesOf(m_server, m_forms.calls);
     if (m_server == Server::Sqlite) {
         m_file = firstColumn(u"select file from pragma_database_list where name='main'"_s).value(0);
         m_fileIdentity = identityOf(m_file);
     } else if (m_server == Server::MariaDb) {
-        run(u"set sql_mode=concat(@@sql_mode,',NO_BACKSLASH_ESCAPES')"_s);
+        (void)run(u"set sql_mode=concat(@@sql_mode,',NO_BACKSLASH_ESCAPES')"_s);
         m_tables = firstColumn(u"select table_name from information_schema.tables where table_schema=database()"_s);
     }
 }

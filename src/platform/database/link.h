@@ -26,14 +26,14 @@ public:
     ~Link();
 
     SQLHDBC handle() const { return m_connection.get(); }
-    TextForms forms() const { return m_forms; }
+    TextForm form() const { return m_form; }
     // The statement as this link's server spells it.
     QString spelled(const QString &statement) const;
 
 private:
     explicit Link(const QString &connectionString);
     bool works() const;
-    bool run(const QString &statement) const;
+    Status run(const QString &statement) const;
     QStringList firstColumn(const QString &statement) const;
     void learn();
     void retire() const;
@@ -42,7 +42,7 @@ private:
     OdbcEnvironment m_environment;
     OdbcHandle m_connection;
     bool m_open = false;
-    TextForms m_forms;
+    TextForm m_form = TextForm::Wide;
     Server m_server = Server::Other;
     QStringList m_tables;   // the server's spelling of the tables, where it tells names by case
     QString m_file;         // of an SQLite database

@@ -19,10 +19,6 @@ static_assert(sizeof(SQLWCHAR) == sizeof(char16_t), "texts go to the driver mana
 // in the narrow ones; the driver manager's conversion is no substitute for them, since it follows the locale, fails on
 // characters beyond the BMP, and is not done at all on the first connection where a pool is configured.
 enum class TextForm { Wide, Utf8 };
-struct TextForms {
-    TextForm calls = TextForm::Wide;  // statements, names, messages
-    TextForm values = TextForm::Wide; // what is fetched
-};
 
 class OdbcHandle {
 public:
@@ -49,8 +45,10 @@ public:
     OdbcEnvironment();
 };
 
-SQLRETURN odbcConnect(SQLHDBC connection, const QString &text, TextForm form);
-SQLRETURN odbcExecute(SQLHSTMT statement, const QString &text, TextForm form);
+// Texts go out ended by a NUL and never with a length, so one that holds a NUL is refused as a whole. No
+// data is a success.
+Status odbcConnect(const OdbcHandle &connection, const QString &text, TextForm form);
+Status odbcExecute(const OdbcHandle &statement, const QString &text, TextForm form);
 
 // The name of a column (from 1), its type and its size in characters; false where the driver fails.
 struct ColumnFacts {

@@ -39,14 +39,14 @@ std::size_t widthOf(SQLSMALLINT type, SQLULEN size) {
 
 class Reader {
 public:
-    Reader(const OdbcHandle &statement, TextForms forms, Fetching fetching)
+    Reader(const OdbcHandle &statement, TextForm form, Fetching fetching)
         : m_statement(statement)
-        , m_forms(forms)
+        , m_form(form)
         , m_fetching(fetching) {}
 
     Result<std::optional<std::shared_ptr<ResultTable>>> read() {
         if (!describe())
-            return m_statement.failure(m_forms.calls);
+            return m_statement.failure(m_form);
         if (m_columns.empty()) // a statement that gives no rows
             return std::optional(m_table);
         bind();
@@ -55,11 +55,11 @@ public:
             if (fetched == SQL_NO_DATA)
                 return std::optional(m_table);
             if (!SQL_SUCCEEDED(fetched))
-                return m_statement.failure(m_forms.calls);
+                return m_statement.failure(m_form);
             for (std::size_t row = 0; row < m_fetchedRows; ++row)
                 if (!takeRow(row))
                     return m_tooLong ? Result(std::optional<std::shared_ptr<ResultTable>>())
-                                     : m_statement.failure(m_forms.calls);
+                                     : m_statement.failure(m_form);
         }
     }
 
@@ -71,7 +71,7 @@ private:
         QStringList names;
         for (SQLSMALLINT number = 1; number <= count; ++number) {
             ColumnFacts facts;
-            if (!odbcDescribe(m_statement.get(), SQLUSMALLINT(number), m_forms.calls, facts))
+            if (!odbcDescribe(m_statement.get(), SQLUSMALLINT(number), m_form, facts))
                 return false;
             names.append(facts.name);
             Column column;
@@ -156,17 +156,17 @@ private:
 
     // The bytes of a whole value.
     void append(const char *bytes, qsizetype size) {
-        if (m_forms.values == TextForm::Wide)
+        if (m_form == TextForm::Wide)
             m_table->append(QStringView(reinterpret_cast<const char16_t *>(bytes), size / qsizetype(sizeof(char16_t))));
         else
             m_table->append(QString::fromUtf8(bytes, size));
     }
 
-    SQLSMALLINT valueType() const { return m_forms.values == TextForm::Wide ? SQL_C_WCHAR : SQL_C_CHAR; }
-    std::size_t closing() const { return m_forms.values == TextForm::Wide ? sizeof(char16_t) : sizeof(char); }
+    SQLSMALLINT valueType() const { return m_form == TextForm::Wide ? SQL_C_WCHAR : SQL_C_CHAR; }
+    std::size_t closing() const { return m_form == TextForm::Wide ? sizeof(char16_t) : sizeof(char); }
 
     const OdbcHandle &m_statement;
-    TextForms m_forms;
+    TextForm m_form;
     Fetching m_fetching;
     std::vector<Column> m_columns;
     std::size_t m_bound = 0;
@@ -179,9 +179,9 @@ private:
 
 } // namespace
 
-Result<std::optional<std::shared_ptr<ResultTable>>> readRows(const OdbcHandle &statement, TextForms forms,
+Result<std::optional<std::shared_ptr<ResultTable>>> readRows(const OdbcHandle &statement, TextForm form,
                                                              Fetching fetching) {
-    return Reader(statement, forms, fetching).read();
+    return Reader(statement, form, fetching).read();
 }
 
 } // namespace platform

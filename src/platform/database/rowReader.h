@@ -13,7 +13,7 @@ enum class Fetching { Bound, Unbound };
 
 // Nothing where a bound value proved longer than its column was said to be: the statement is to be run again and read
 // unbound. The failure is the driver's.
-Result<std::optional<std::shared_ptr<ResultTable>>> readRows(const OdbcHandle &statement, TextForms forms,
+Result<std::optional<std::shared_ptr<ResultTable>>> readRows(const OdbcHandle &statement, TextForm form,
                                                              Fetching fetching);
 
 } // namespace platform
