@@ -5,7 +5,7 @@ add_library(house_options INTERFACE)
 # g++ 12 sees array bounds broken where the toolkit joins a text with an empty one.
 target_compile_options(house_options INTERFACE -Wall -Wextra -Wpedantic -Werror -Wnon-virtual-dtor -Woverloaded-virtual
                                                -Wno-missing-field-initializers -Wno-array-bounds
-                                               -Winvalid-pch -fpch-preprocess)
+                                               -Winvalid-pch $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
 target_compile_definitions(house_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS
                                                    QT_NO_NARROWING_CONVERSIONS_IN_CONNECT QT_USE_QSTRINGBUILDER)
 

@@ -1,0 +1,169 @@
+#include "card/showKapian.h"
+#include "fuzz/input.h"
+#include "fuzz/targets.h"
+#include "marc/fieldLookup.h"
+#include "marc/preReadStore.h"
+#include "marc/recordWriter.h"
+#include "platform/codepage936.h"
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+using namespace marc;
+
+namespace fuzz {
+
+namespace {
+
+// The bytes of a rebuilt record up to which none of its numbers is too wide for its place.
+constexpr qsizetype plainSize = 9999;
+
+const QDateTime clockTime(QDate(2026, 3, 9), QTime(8, 5, 7));
+constexpr QStringView mark = u"Norvas20260309080507MarcData";
+
+bool isDigits(QStringView text, qsizetype length) {
+    return text.size() == length && std::ranges::all_of(text, [](QChar c) { return c >= u'0' && c <= u'9'; });
+}
+
+bool isPlain(QStringView text) {
+    return platform::isEncodable(text) && std::ranges::none_of(text, [](QChar c) {
+               return c == recordTerminator || c == fieldTerminator || c == subfieldDelimiter;
+           });
+}
+
+bool isAscii(QStringView text) {
+    return std::ranges::all_of(text, [](QChar c) { return c < QChar(0x80); });
+}
+
+// A field as the writer is promised to keep it: tag, indicators (the value, for a control field), subfields.
+struct Field {
+    QString tag;
+    QString head;
+    QList<std::pair<QString, QString>> subfields;
+    friend bool operator==(const Field &, const Field &) = default;
+};
+
+// The fields of rows that stand as a cataloguer would leave them; nothing where something odd is among them. Embedded
+// fields are odd: what the writer makes of their signs is a matter of its own.
+std::optional<QList<Field>> soundFields(const FieldRows &rows) {
+    QList<Field> fields;
+    for (const FieldRow &row : rows.sliced(1)) {
+        if (!isPlain(row.value) || !isPlain(row.identifier))
+            return std::nullopt;
+        if (isDigits(row.identifier, 3)) {
+            // Of a control field of one character the reader takes the terminator for the second.
+            const bool control = row.identifier.startsWith(u"00");
+            const bool head = control ? row.value.size() >= 2 : row.value.size() == 2 && isAscii(row.value);
+            if (!head || row.identifier == u"000" || row.identifier.startsWith(u'4'))
+                return std::nullopt;
+            fields.append({row.identifier, row.value, {}});
+        } else {
+            if (row.identifier.size() != 2 || row.identifier.endsWith(u'$') || fields.isEmpty() ||
+                fields.last().tag.startsWith(u"00"))
+                return std::nullopt;
+            fields.last().subfields.append({row.identifier, row.value});
+        }
+    }
+    return fields;
+}
+
+// What of these fields a rebuilt record holds, in its order.
+QList<Field> kept(const QList<Field> &fields) {
+    constexpr auto droppedTags = std::to_array<QStringView>({u"105", u"106", u"110", u"115"});
+    QList<Field> control{{u"001"_s, mark.toString(), {}}};
+    QList<Field> data;
+    QStringList ended; // a field with nothing under it ends its tag
+    for (Field field : fields) {
+        if (field.tag.startsWith(u"00")) {
+            if (field.tag != u"001")
+                control.append(field);
+            continue;
+        }
+        if (field.subfields.isEmpty())
+            ended.append(field.tag);
+        field.subfields.removeIf([](const auto &subfield) { return subfield.second.isEmpty(); });
+        for (auto &[code, value] : field.subfields) {
+            if (field.tag == u"100" && code == u"$a")
+                value.replace(u'#', u' ');
+        }
+        if (!field.subfields.isEmpty() && !ended.contains(field.tag) && !std::ranges::count(droppedTags, field.tag))
+            data.append(field);
+    }
+    std::ranges::stable_sort(data, {}, &Field::tag);
+    return control + data;
+}
+
+std::optional<QString> firstTitle(const QList<Field> &fields) {
+    for (const Field &field : fields) {
+        for (const auto &[code, value] : field.subfields) {
+            if (field.tag == u"200" && code == u"$a")
+                return value;
+        }
+    }
+    return QString();
+}
+
+// The numbers that a rebuilt record gives of itself are those of its bytes.
+void checkNumbers(const RawRecord &rebuilt, QByteArrayView gbk) {
+    const DirectoryView directory = viewDirectory(rebuilt);
+    require(directory.hasFieldTerminator && !directory.damaged, "a rebuilt record has a directory");
+    require(gbk.first(5).toInt() == gbk.size(), "the leader tells the record's bytes");
+    const qsizetype base = directory.baseAddress.toInt();
+    require(base == leaderLength + directory.text.size() + 1, "the leader tells where the fields begin");
+    qsizetype next = base;
+    for (qsizetype i = 0; i < directory.count(); ++i) {
+        require(base + directory.start(i).toInt() == next, "fields lie side by side");
+        next += directory.length(i).toInt();
+        require(next < gbk.size() && gbk[next - 1] == char(fieldTerminator), "a length reaches up to a terminator");
+    }
+    require(next == gbk.size() - 1, "nothing but the record's terminator stands behind the fields");
+}
+
+void checkRebuilt(const ShownRecord &shown) {
+    const RawRecord rebuilt = madeMyMarc(shown.rows, shown.leader, clockTime);
+    const QByteArray gbk = platform::encode(rebuilt);
+    require(gbk.size() == platform::gbkLength(rebuilt), "bytes are counted as they are made");
+    card::showKapian(rebuilt);
+    const ShownRecord again = showRecord(rebuilt);
+    if (shown.leader.size() != leaderLength || gbk.size() > plainSize)
+        return;
+    require(!again.damaged, "a rebuilt record's directory is whole");
+
+    if (shown.damaged || !isPlain(shown.leader) || !isAscii(shown.leader))
+        return;
+    const auto fields = soundFields(shown.rows);
+    if (!fields)
+        return;
+    checkNumbers(rebuilt, gbk);
+    const QList<Field> expected = kept(*fields);
+    require(soundFields(again.rows) == expected, "a rebuilt record reads back with the rows that were kept");
+    require(readZd(rebuilt, u"200a", {}) == firstTitle(expected), "the title is the first 200 $a");
+    require(madeMyMarc(again.rows, again.leader, clockTime) == rebuilt, "a rebuilt record is rebuilt to itself");
+}
+
+void checkRecord(const RawRecord &record, QByteArrayView bytes) {
+    require(record.indexOf(QChar(recordTerminator)) == record.size() - 1, "a record ends at its first terminator");
+    for (const QStringView wanted : {u"200a", u"010d", u"001 "})
+        require(readZd(record, wanted, {}) == readZd(record, bytes, wanted, {}), "bytes and text say the same title");
+    PreReadStore store;
+    store.setRecord(0, record, bytes);
+    require(store.record(0) == record, "the list gives a record back as it was");
+
+    const ShownRecord shown = showRecord(record);
+    require(!shown.rows.isEmpty(), "there is a row");
+    const card::Card card = card::showKapian(record);
+    require(card.text || !card.boxes.isEmpty() || !card.fault.isEmpty(), "a card says something");
+    checkRebuilt(shown);
+}
+
+} // namespace
+
+void record(QByteArrayView bytes) {
+    auto reader = platform::LineReader::open(scratchFile(u"records", bytes));
+    require(reader.ok(), "a plain file can be read");
+    RecordCutter cutter(reader.value());
+    while (cutter.next())
+        checkRecord(cutter.record(), cutter.bytes());
+}
+
+} // namespace fuzz
