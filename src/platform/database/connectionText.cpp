@@ -84,6 +84,8 @@ QString driverText(const QString &connectionString, const QString &dataSource) {
         append(text, u"StepAPI", u"1");
     if (contains(driver, u"maria"))
         force(text, u"CHARSET", u"utf8mb4");
+    if (contains(driver, u"maria") || contains(driver, u"mysql"))
+        force(text, u"AUTO_RECONNECT", u"0");
     return text;
 }
 

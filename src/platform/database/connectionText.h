@@ -12,7 +12,8 @@ QString connectionValue(QStringView text, QStringView key);
 
 // The stored text as the driver manager takes it: "PROVIDER=MSDASQL;" cut, the file of an Access database named as its
 // driver on this system wants it, results of SQLite streamed instead of read whole into the driver, texts of MariaDB in
-// UTF-8. `dataSource` is what the machine says of the text's data source, as pairs with the driver first.
+// UTF-8 and no connection of it made anew behind our back. `dataSource` is what the machine says of the text's data
+// source, as pairs with the driver first.
 QString driverText(const QString &connectionString, const QString &dataSource);
 
 } // namespace platform

@@ -97,18 +97,23 @@ Result<std::unique_ptr<Link>> Link::connect(const QString &connectionString) {
     std::unique_ptr<Link> link(new Link(connectionString));
     if (!link->m_connection)
         return link->m_environment.failure(TextForm::Wide);
-    const QString name = connectionValue(connectionString, u"DSN");
-    const QString source = pairsOfDataSource(name);
-    link->m_form = callsOf(connectionValue(connectionString, u"Driver") + connectionValue(source, u"Driver"));
-    // unixODBC finds no data source by the wide characters of a Chinese name: what stands under that name goes ahead.
-    const bool hidden = link->m_form == TextForm::Wide && name.toUtf8().size() != name.size();
-    QString text = driverText(hidden ? QString(source + connectionString) : connectionString, source);
-    text += QString(kept().ended.value(connectionString) % 256, u';');
-    if (const Status connected = odbcConnect(link->m_connection, text, link->m_form); !connected)
-        return connected.failure();
-    link->m_open = true;
-    link->learn();
+    if (const Status opened = link->open(); !opened)
+        return opened.failure();
     return link;
+}
+
+Status Link::open() {
+    const QString name = connectionValue(m_connectionString, u"DSN");
+    const QString source = pairsOfDataSource(name);
+    m_form = callsOf(connectionValue(m_connectionString, u"Driver") + connectionValue(source, u"Driver"));
+    // unixODBC finds no data source by the wide characters of a Chinese name: what stands under that name goes ahead.
+    const bool hidden = m_form == TextForm::Wide && name.toUtf8().size() != name.size();
+    QString text = driverText(hidden ? QString(source + m_connectionString) : m_connectionString, source);
+    text += QString(kept().ended.value(m_connectionString) % 256, u';');
+    if (Status connected = odbcConnect(m_connection, text, m_form); !connected)
+        return connected;
+    m_open = true;
+    return learn();
 }
 
 Result<std::unique_ptr<Link>> Link::take(const QString &connectionString) {
@@ -149,7 +154,7 @@ void Link::dropKept() {
 void Link::retire() const {
     ++kept().ended[m_connectionString];
     if (m_server == Server::Sqlite)
-        firstColumn(u"PRAGMA wal_checkpoint(TRUNCATE)"_s); // it works when its result is fetched
+        (void)firstColumn(u"PRAGMA wal_checkpoint(TRUNCATE)"_s); // it works when its result is fetched
 }
 
 bool Link::works() const {
@@ -174,30 +179,59 @@ Status Link::run(const QString &statement) const {
     return handle ? odbcExecute(handle, statement, m_form) : Failure{};
 }
 
-QStringList Link::firstColumn(const QString &statement) const {
-    QStringList values;
+Result<QStringList> Link::firstColumn(const QString &statement) const {
     const OdbcHandle handle(SQL_HANDLE_STMT, m_connection.get());
-    if (!handle || !odbcExecute(handle, statement, m_form))
-        return values;
+    if (!handle)
+        return Failure{};
+    if (const Status ran = odbcExecute(handle, statement, m_form); !ran)
+        return ran.failure();
     const auto rows = readRows(handle, m_form, Fetching::Unbound);
-    if (rows && rows.value())
-        for (int row = 0; row < (*rows.value())->rowCount(); ++row)
-            values.append((*rows.value())->text(row, 0));
+    if (!rows)
+        return rows.failure();
+    QStringList values;
+    for (int row = 0; rows.value() && row < (*rows.value())->rowCount(); ++row)
+        values.append((*rows.value())->text(row, 0));
     return values;
 }
 
-// Asks a new link what it is, and makes its server read statements as they are meant.
-void Link::learn() {
+// Asks a new link what it is, and makes its server read statements as they are meant: a backslash in a literal is a
+// backslash, else a title could end its literal and go on as a statement. A server that refuses any of it is not worked
+// with.
+Status Link::learn() {
     std::array<SQLWCHAR, 128> name{};
     SQLGetInfoW(m_connection.get(), SQL_DBMS_NAME, name.data(), SQLSMALLINT(sizeof(name) - sizeof(SQLWCHAR)), nullptr);
     m_server = serverOf(fromOdbc(name.data(), qsizetype(name.size())));
-    if (m_server == Server::Sqlite) {
-        m_file = firstColumn(u"select file from pragma_database_list where name='main'"_s).value(0);
-        m_fileIdentity = identityOf(m_file);
-    } else if (m_server == Server::MariaDb) {
-        (void)run(u"set sql_mode=concat(@@sql_mode,',NO_BACKSLASH_ESCAPES')"_s);
-        m_tables = firstColumn(u"select table_name from information_schema.tables where table_schema=database()"_s);
+    switch (m_server) {
+    case Server::PostgreSql:
+        return run(u"set standard_conforming_strings=on"_s);
+    case Server::MariaDb:
+        if (Status safe = run(u"set sql_mode=concat(@@sql_mode,',NO_BACKSLASH_ESCAPES')"_s); !safe)
+            return safe;
+        return learnTables();
+    case Server::Sqlite:
+        return learnFile();
+    case Server::SqlServer:
+    case Server::Other:
+        break;
     }
+    return success();
+}
+
+Status Link::learnTables() {
+    auto tables = firstColumn(u"select table_name from information_schema.tables where table_schema=database()"_s);
+    if (!tables)
+        return tables.failure();
+    m_tables = std::move(tables).value();
+    return success();
+}
+
+Status Link::learnFile() {
+    const auto file = firstColumn(u"select file from pragma_database_list where name='main'"_s);
+    if (!file)
+        return file.failure();
+    m_file = file.value().value(0);
+    m_fileIdentity = identityOf(m_file);
+    return success();
 }
 
 QString Link::spelled(const QString &statement) const {

@@ -32,10 +32,13 @@ public:
 
 private:
     explicit Link(const QString &connectionString);
+    Status open();
     bool works() const;
     Status run(const QString &statement) const;
-    QStringList firstColumn(const QString &statement) const;
-    void learn();
+    Result<QStringList> firstColumn(const QString &statement) const;
+    Status learn();
+    Status learnTables();
+    Status learnFile();
     void retire() const;
 
     QString m_connectionString;

@@ -103,6 +103,46 @@ TEST(Link, aFullDiskRefusesAndHarmsNothing) {
     EXPECT_EQ(database.selected(u"select count(*) from taoluTable"_s), QString::number(stored + 1));
 }
 
+// A title whose backslash would end its literal where a server takes backslashes for escapes; what follows empties a
+// table that is none of the import's.
+const QString hostileTitle = u"\\''); delete from zsk; -- "_s;
+
+// However the server is set up, and however a driver is told to come back by itself: no session reads a title as more.
+TEST(Link, aSessionReadsABackslashAsABackslash) {
+    for (const TestServer server : {TestServer::PostgreSql, TestServer::MariaDb}) {
+        const bool postgres = server == TestServer::PostgreSql;
+        const TestDatabase database(server);
+        database.run(u"insert into zsk (zskid) values (7)"_s);
+        if (postgres)
+            database.run(u"alter role tester set standard_conforming_strings=off"_s);
+        const auto back = qScopeGuard([&] {
+            if (postgres)
+                database.run(u"alter role tester reset standard_conforming_strings"_s);
+        });
+        const QString text = database.connectionString() + u"AUTO_RECONNECT=1;OPTION=4194304;";
+        auto killer = Connection::open(database.connectionString());
+        auto connection = Connection::open(text);
+        ASSERT_TRUE(connection) << connection.failure().description.toStdString();
+        const QString statement = u"insert  taolutable (bookname) values ('" + hostileTitle + u"')";
+        EXPECT_TRUE(connection.value().execute(statement));
+        const auto own =
+            connection.value().query(postgres ? u"select pg_backend_pid()"_s : u"select connection_id()"_s);
+        ASSERT_TRUE(killer.value().execute(
+            (postgres ? u"select pg_terminate_backend(%1)"_s : u"kill %1"_s).arg(own.value()->text(0, 0))));
+        for (int i = 0; i < 3; ++i)
+            (void)connection.value().execute(u"insert  taolutable (bookname) values ('路\\径')"_s);
+        EXPECT_EQ(database.selected(u"select zskid from zsk"_s), u"7"_s);
+        EXPECT_EQ(database.selected(u"select bookname from taoluTable where bookname<>'路\\径'"_s),
+                  QString(hostileTitle).replace(u"''"_s, u"'"_s));
+    }
+}
+
+// A session in which the first question fails: what it takes a backslash for is not known.
+TEST(Link, aSessionThatCannotBePreparedIsNoConnection) {
+    const TestDatabase database(TestServer::MariaDb);
+    EXPECT_FALSE(Connection::open(database.connectionString() + u"INITSTMT={set max_session_mem_used=8192};"));
+}
+
 // The server ends a connection that waits for its next use.
 TEST(Link, aDeadConnectionIsReplaced) {
     for (const TestServer server : {TestServer::PostgreSql, TestServer::MariaDb}) {
