@@ -24,7 +24,7 @@ TLKListFrm::TLKListFrm(const platform::SessionState &state, platform::Host &host
     layOut();
     connect(CmdDcgl[0], &Button::clicked, this, &TLKListFrm::delSelected);
     connect(CmdDcgl[1], &Button::clicked, this, [this] {
-        if (m_host.ask(u"你确定将检索出的数据从套录库中删除吗？"_s, u"操作提示"_s, Answer::No))
+        if (m_host.insist(u"你确定将检索出的数据从套录库中删除吗？"_s, u"操作提示"_s, Answer::No))
             delAll();
     });
     connect(CmdDcgl[2], &Button::clicked, this, &TLKListFrm::unload);
@@ -50,10 +50,10 @@ void TLKListFrm::loadData(QString &condition, QString &order) {
 void TLKListFrm::bindRows() {
     auto connection = platform::Connection::open(m_state.connectionString);
     if (connection) {
-        lCounts->setText(loadingText.toString());
-        lCounts->repaint();
         const auto rows = connection.value().query(storeStatement(m_storeCondition, m_storeOrder));
         if (rows) {
+            lCounts->setText(loadingText.toString());
+            lCounts->repaint();
             showRows(rows.value());
             m_hideWorking();
             return;
@@ -73,7 +73,7 @@ void TLKListFrm::announceDeletion() {
 
 void TLKListFrm::delSelected() {
     auto connection = platform::Connection::open(m_state.connectionString);
-    if (!m_host.ask(u"确定要将选择的文献从套录库中删除吗吗？(Y/N)"_s, {}, Answer::No))
+    if (!m_host.insist(u"确定要将选择的文献从套录库中删除吗吗？(Y/N)"_s, {}, Answer::No))
         return;
     announceDeletion();
     const auto [first, last] = std::minmax({Grid1->row(), Grid1->rowSel()});

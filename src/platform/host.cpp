@@ -11,4 +11,12 @@ bool Host::ask(const QString &text, const QString &title, Answer preselected, Ic
            Answer::Yes;
 }
 
+bool Host::insist(const QString &text, const QString &title, Answer preselected) {
+    return show({.text = text,
+                 .title = title,
+                 .buttons = Buttons::YesNo,
+                 .preselected = preselected,
+                 .leaving = Leaving::ByButtonsOnly}) == Answer::Yes;
+}
+
 } // namespace platform

@@ -13,6 +13,8 @@ namespace platform {
 enum class Icon { None, Information, Exclamation, Critical };
 enum class Buttons { Ok, YesNo };
 enum class Answer { Ok, Yes, No };
+// How a box may be left beside its buttons: Esc and the close cross may stand for No, or leave it standing.
+enum class Leaving { Freely, ByButtonsOnly };
 
 // One message box. An empty title means the program's own title.
 struct Box {
@@ -21,6 +23,7 @@ struct Box {
     Icon icon = Icon::Information;
     Buttons buttons = Buttons::Ok;
     Answer preselected = Answer::Yes; // of YesNo boxes
+    Leaving leaving = Leaving::Freely;
 };
 
 enum class FileDialogKind { Open, Save }; // Save: a name that does not exist yet may be given, and nothing is asked
@@ -35,7 +38,8 @@ class Host {
 public:
     virtual ~Host() = default;
 
-    // Shows the box modally over the active window; esc and the close cross answer No where there is one.
+    // Shows the box modally over the active window; where it may be left freely, Esc and the close cross answer No if
+    // there is one.
     virtual Answer show(const Box &box) = 0;
     // The chosen path in the machine's manner; empty after a cancel.
     virtual QString chooseFile(const FileDialog &dialog) = 0;
@@ -55,6 +59,8 @@ public:
     void tell(const QString &text, const QString &title, Icon icon = Icon::Information);
     bool ask(const QString &text, const QString &title, Answer preselected = Answer::Yes,
              Icon icon = Icon::Information);
+    // A question on which edits or rows hang: only its two buttons answer it.
+    bool insist(const QString &text, const QString &title, Answer preselected = Answer::Yes);
 };
 
 // The title of every box that has none of its own.

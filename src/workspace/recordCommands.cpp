@@ -40,9 +40,9 @@ void RecordCommands::importRecords() {
     if (!m_form.labJinDu->isHidden() && state != u"导入结束" && state != u"预读结束")
         return m_host.tell(u"正在预读或者正在导入！请先结束预读或者结束导入！"_s, boxTitle);
     if (m_form.recordChanged == u"yes" &&
-        m_host.ask(u"本条记录已经改变,是否确定改变该记录?\r\n"
-                   u"(注:你可以修改预读出的记录,然后可以点击保存按扭,保存到新文件中)"_s,
-                   {})) {
+        m_host.insist(u"本条记录已经改变,是否确定改变该记录?\r\n"
+                      u"(注:你可以修改预读出的记录,然后可以点击保存按扭,保存到新文件中)"_s,
+                      {})) {
         // The title in the list and the mark of a change stay as they are.
         if (const marc::RawRecord record = m_form.madeMyMarc(); !record.isEmpty())
             m_form.records().setRecord(m_form.Grid2->row(), record);

@@ -40,9 +40,9 @@ void RecordMoving::enterStep() {
 }
 
 QString RecordMoving::rebuiltIfWanted() {
-    if (!m_host.ask(u"本条记录已经改变,是否确定暂时改变该记录?\r\n"
-                    u"(注:你可以修改预读出的记录,然后可以点击保存按扭,保存到新文件中)"_s,
-                    {}))
+    if (!m_host.insist(u"本条记录已经改变,是否确定暂时改变该记录?\r\n"
+                       u"(注:你可以修改预读出的记录,然后可以点击保存按扭,保存到新文件中)"_s,
+                       {}))
         return {};
     const marc::RawRecord record = m_form.madeMyMarc();
     if (record.isEmpty())

@@ -77,6 +77,7 @@ TEST_F(TlkListFrmTest, DeletesASelectionInEitherDirection) {
     EXPECT_EQ(host.lastBox().text, u"确定要将选择的文献从套录库中删除吗吗？(Y/N)"_s);
     EXPECT_EQ(host.lastBox().title, QString());
     EXPECT_EQ(host.lastBox().preselected, platform::Answer::No);
+    EXPECT_EQ(host.lastBox().leaving, platform::Leaving::ByButtonsOnly);
     host.willAnswer(platform::Answer::Yes);
     list.CmdDcgl[0]->click();
     EXPECT_EQ(left(), (QStringList{u"e"_s, u"d"_s, u"a"_s}));
@@ -106,10 +107,12 @@ TEST_F(TlkListFrmTest, DeletesWhatTheQueryFoundOrEverything) {
     load({}, u"bookname"_s);
     EXPECT_EQ(deleteAll(platform::Answer::Yes), 0);
     EXPECT_EQ(host.texts(), QStringList(4, u"你确定将检索出的数据从套录库中删除吗？"_s)); // and not a word more
+    EXPECT_EQ(host.lastBox().leaving, platform::Leaving::ByButtonsOnly);
 }
 
 TEST_F(TlkListFrmTest, TellsEveryFailureWithTheOneMessage) {
     load({});
+    host.onShow = [this] { EXPECT_FALSE(list.lCounts->text().contains(u"加载"_s)) << "nothing is being loaded"; };
     load(u"author='O'Neill'"_s);
     EXPECT_EQ(list.Grid1->rows(), 2);
     EXPECT_EQ(list.Grid1->text(1, 0), QString());

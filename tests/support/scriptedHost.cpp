@@ -27,6 +27,8 @@ Box ScriptedHost::lastBox() const {
 
 Answer ScriptedHost::show(const Box &box) {
     boxes.append(box);
+    if (onShow)
+        onShow();
     if (box.buttons == Buttons::Ok)
         return Answer::Ok;
     if (m_answers.isEmpty()) {

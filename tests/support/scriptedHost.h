@@ -26,6 +26,7 @@ public:
     QDateTime clock;               // what now() says
     QString folder;                // what programFolder() says: a folder of the test's own
     std::function<void()> onYield; // what happens while the program yields
+    std::function<void()> onShow;  // what is looked at while a box stands
 
     QStringList texts() const; // the boxes' texts, in order
     platform::Box lastBox() const;

@@ -111,7 +111,10 @@ void changeTitle(TourDriver &driver) {
     driver.clickCell(u"Grid1"_s, 1, 1);
     retype(driver, rowOf(driver, u"200"_s, u"$a"_s), u"Dream"_s);
     driver.clickCell(u"Grid2"_s, 2, 1);
-    driver.answerBox(editQuestion.toString(), u"n"_s);
+    driver.boxText();
+    for (const QString &noAnswer : {u"Escape"_s, u"alt+F4"_s})
+        driver.key(noAnswer);
+    driver.answerBox(editQuestion.toString(), u"n"_s, u"question-stands"_s);
     driver.waitForText(u"Text2"_s, u"3"_s);
     driver.clickCell(u"Grid2"_s, 0, 1);
     driver.waitForText(u"Text2"_s, u"1"_s);

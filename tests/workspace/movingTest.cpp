@@ -76,6 +76,7 @@ TEST_F(Moving, LeavingAnEditedRecord) {
     EXPECT_EQ(cell(4, 4), u"留"_s);
     EXPECT_EQ(host.texts(), QStringList(3, question));
     EXPECT_EQ(host.lastBox().title, QString());
+    EXPECT_EQ(host.lastBox().leaving, platform::Leaving::ByButtonsOnly);
     window.cmdTiMing[0]->click(); // the record that was entered is unchanged: nothing is asked
 }
 
@@ -101,6 +102,7 @@ TEST_F(Moving, ViewsProofAndImport) {
     host.willAnswer(Answer::Yes);
     window.cmdclick[5]->click();
     EXPECT_EQ(opened.last(), u"2 "_s + made);
+    EXPECT_EQ(host.lastBox().leaving, platform::Leaving::ByButtonsOnly);
     EXPECT_EQ(window.recordChanged, u"yes"_s);
     host.willAnswer(Answer::No);
     EXPECT_FALSE(window.close());

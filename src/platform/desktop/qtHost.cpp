@@ -1,10 +1,12 @@
 #include "platform/desktop/qtHost.h"
 #include "platform/database/connection.h"
 #include <QApplication>
+#include <QCloseEvent>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileDialog>
 #include <QFont>
+#include <QKeyEvent>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QMessageBox>
@@ -42,6 +44,32 @@ QStringList nameFilters(const QString &filter) {
     return filters;
 }
 
+// The toolkit takes No for the way out of a box with Yes and No, even where it was told of none; a box that may be left
+// by its buttons only has to refuse the other ways itself.
+class QuestionBox final : public QMessageBox {
+public:
+    QuestionBox(QWidget *parent, Leaving leaving)
+        : QMessageBox(parent)
+        , m_leaving(leaving) {}
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override {
+        if (m_leaving == Leaving::ByButtonsOnly && event->matches(QKeySequence::Cancel))
+            event->accept();
+        else
+            QMessageBox::keyPressEvent(event);
+    }
+    void closeEvent(QCloseEvent *event) override {
+        if (m_leaving == Leaving::ByButtonsOnly)
+            event->ignore();
+        else
+            QMessageBox::closeEvent(event);
+    }
+
+private:
+    Leaving m_leaving;
+};
+
 QWidget *windowInFront() {
     if (QWidget *modal = QApplication::activeModalWidget())
         return modal;
@@ -54,7 +82,7 @@ QtHost::QtHost(Settings settings)
     : m_settings(std::move(settings)) {}
 
 Answer QtHost::show(const Box &box) {
-    QMessageBox window(windowInFront());
+    QuestionBox window(windowInFront(), box.leaving);
     window.setIcon(iconOf(box.icon));
     window.setWindowTitle(box.title.isEmpty() ? programTitle.toString() : box.title);
     window.setTextFormat(Qt::PlainText);
