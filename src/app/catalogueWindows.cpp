@@ -107,7 +107,7 @@ void CatalogueWindows::showDetail(qint32 zskid) {
 void CatalogueWindows::showOrderby() {
     if (!m_orderby) {
         m_orderby = new catalogue::OrderbyFrm(
-            m_host, m_order, [this]() -> catalogue::SortableList * { return m_catalogueList; }, frame());
+            m_host, m_order, [this]() -> catalogue::SortableList & { return *catalogueList(); }, frame());
         m_orderby->setAttribute(Qt::WA_DeleteOnClose);
     }
     m_orderby->show();

@@ -12,7 +12,7 @@ using platform::stretch;
 
 namespace catalogue {
 
-OrderbyFrm::OrderbyFrm(platform::Host &host, CatalogueOrder &order, std::function<SortableList *()> list,
+OrderbyFrm::OrderbyFrm(platform::Host &host, CatalogueOrder &order, std::function<SortableList &()> list,
                        QWidget *parent)
     : Window(u"OrderbyFrm"_s, u"排序方式"_s, parent)
     , List1(new QListWidget(this))
@@ -110,13 +110,12 @@ void OrderbyFrm::takeOrder() {
         return;
     }
     m_order.sortOrder = orderText(chosen);
-    if (SortableList *list = m_list()) {
-        QString condition = list->queryCondition();
-        QString order = m_order.sortOrder;
-        setWaitCursor();
-        list->loadData(condition, order);
-        setNormalCursor();
-    }
+    SortableList &list = m_list();
+    QString condition = list.queryCondition();
+    QString order = m_order.sortOrder;
+    setWaitCursor();
+    list.loadData(condition, order);
+    setNormalCursor();
     unload();
 }
 

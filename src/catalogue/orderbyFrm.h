@@ -13,8 +13,8 @@ namespace catalogue {
 class OrderbyFrm final : public platform::Window {
     Q_OBJECT
 public:
-    // `list` gives the list window that stands at that moment, or null.
-    OrderbyFrm(platform::Host &host, CatalogueOrder &order, std::function<SortableList *()> list,
+    // `list` gives the list window, which comes up anew where it was closed meanwhile.
+    OrderbyFrm(platform::Host &host, CatalogueOrder &order, std::function<SortableList &()> list,
                QWidget *parent = nullptr);
 
     QListWidget *List1;
@@ -41,7 +41,7 @@ private:
 
     platform::Host &m_host;
     CatalogueOrder &m_order;
-    std::function<SortableList *()> m_list;
+    std::function<SortableList &()> m_list;
 };
 
 } // namespace catalogue

@@ -1,4 +1,4 @@
-// The sort dialog on a list window, with and without one.
+// The sort dialog on a list window.
 #include "catalogue/orderbyFrm.h"
 #include "support/scriptedHost.h"
 #include <QTest>
@@ -30,7 +30,8 @@ protected:
     ScriptedHost host;
     CatalogueOrder order;
     List list;
-    OrderbyFrm dialog{host, order, [this] { return &list; }};
+    const std::function<SortableList &()> theList = [this]() -> SortableList & { return list; };
+    OrderbyFrm dialog{host, order, theList};
 };
 
 TEST_F(OrderbyFrmTest, StoresTheOrderAndLoadsTheListAnew) {
@@ -46,7 +47,7 @@ TEST_F(OrderbyFrmTest, StoresTheOrderAndLoadsTheListAnew) {
     EXPECT_FALSE(dialog.isVisible());
     EXPECT_EQ(order.sortOrder, u"bookname,author"_s);
     EXPECT_EQ(list.received, (QList<QStringList>{{u"author='a'"_s, u"bookname,author"_s}}));
-    EXPECT_TRUE(chosen(OrderbyFrm(host, order, [] { return nullptr; })).isEmpty());
+    EXPECT_TRUE(chosen(OrderbyFrm(host, order, theList)).isEmpty());
 }
 
 TEST_F(OrderbyFrmTest, RefusesAnEmptyChoiceAndCancelsWithoutATrace) {
@@ -65,9 +66,9 @@ TEST_F(OrderbyFrmTest, RefusesAnEmptyChoiceAndCancelsWithoutATrace) {
     EXPECT_TRUE(order.sortOrder.isEmpty() && list.received.isEmpty());
 }
 
-TEST_F(OrderbyFrmTest, ShowsAnOrderOfOneColumnAgainAndNeedsNoList) {
+TEST_F(OrderbyFrmTest, ShowsAnOrderOfOneColumnAgain) {
     order.sortOrder = u"ISBN"_s;
-    OrderbyFrm next(host, order, [] { return nullptr; });
+    OrderbyFrm next(host, order, theList);
     EXPECT_EQ(chosen(next), QStringList{u"ISBN"_s});
     next.List1->setCurrentRow(5);
     next.CmdAdd->click();

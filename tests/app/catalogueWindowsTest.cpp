@@ -1,0 +1,49 @@
+// How the windows on the catalogue lead to each other.
+#include "app/catalogueWindows.h"
+#include "catalogue/catalogueDatabase.h"
+#include "catalogue/orderbyFrm.h"
+#include "catalogue/queryFrm.h"
+#include "catalogue/zskListFrm.h"
+#include "support/scriptedHost.h"
+#include <QMainWindow>
+#include <QTest>
+#include <QTimer>
+
+using namespace app;
+using namespace Qt::StringLiterals;
+
+TEST(CatalogueWindows, TheSortDialogBringsAClosedListBack) {
+    CatalogueDatabase database;
+    database.run(u"insert into zsk (zskid,bookname) values (1,'b'),(2,'a');"_s);
+    ScriptedHost host;
+    QMainWindow frame;
+    frame.setCentralWidget(new QMdiArea);
+    frame.show();
+    CatalogueWindows windows(host, database.state);
+    windows.setArea(frame.findChild<QMdiArea *>());
+    QTimer::singleShot(0, [] {
+        if (auto *query = qobject_cast<catalogue::QueryFrm *>(QApplication::activeModalWidget()))
+            query->findData();
+    });
+    windows.queryCatalogue(catalogueQuery);
+    const auto list = [&] { return frame.findChild<catalogue::ZSKListFrm *>(); };
+    ASSERT_TRUE(list());
+    EXPECT_EQ(list()->Grid1->text(1, 2), u"b"_s);
+    QString condition = u"bookname='b'"_s;
+    QString order;
+    list()->loadData(condition, order);
+
+    list()->CmdDcgl[1]->click(); // 排序
+    auto *sorting = frame.findChild<catalogue::OrderbyFrm *>();
+    ASSERT_TRUE(sorting);
+    list()->CmdDcgl[5]->click();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    ASSERT_FALSE(list());
+    sorting->List1->setCurrentRow(0);
+    sorting->CmdAdd->click();
+    sorting->cmdOK->click();
+    ASSERT_TRUE(list());
+    EXPECT_TRUE(list()->isVisible());
+    EXPECT_EQ(list()->Grid1->text(1, 2) + list()->Grid1->text(2, 2), u"ab"_s); // in the order, without the condition
+    EXPECT_TRUE(host.boxes.isEmpty());
+}
