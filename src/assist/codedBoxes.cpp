@@ -81,9 +81,9 @@ KeyEffect CodedBoxes::type(int i, char16_t key, bool replacesSelection) {
     return allowed(i) ? KeyEffect::Taken : KeyEffect::AsksAgain;
 }
 
-// Capitals are no fault: the text goes to lower case when the box is left.
+// A typed capital is a small letter by now; one that came otherwise is no code until the box is left.
 bool CodedBoxes::allowed(int i) const {
-    const QString code = lowered(text(i));
+    const QString &code = text(i);
     const Box &row = box(i);
     return code == row.alsoAllowed ||
            std::ranges::any_of(row.codes, [&](const Code &c) { return c.listText.first(row.width) == code; });
