@@ -3,8 +3,12 @@
 
 using namespace Qt::StringLiterals;
 
+QString builtPath(const QString &name) {
+    return QStringLiteral(PROGRAM_FOLDER) + u'/' + name;
+}
+
 QByteArray builtFile(const QString &name) {
-    QFile file(QStringLiteral(PROGRAM_FOLDER) + u'/' + name);
+    QFile file(builtPath(name));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 

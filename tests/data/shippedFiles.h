@@ -6,7 +6,8 @@
 #include <QList>
 #include <QString>
 
-QByteArray builtFile(const QString &name); // a file beside the executable
+QString builtPath(const QString &name); // of a file beside the executable
+QByteArray builtFile(const QString &name);
 
 struct RawField {
     QByteArray tag;
