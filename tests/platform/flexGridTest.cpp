@@ -2,7 +2,6 @@
 #include "support/qtPrinters.h"
 #include <QAbstractItemModel>
 #include <QClipboard>
-#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QScrollBar>
@@ -18,9 +17,13 @@ struct Numbered final : TableSource {
     explicit Numbered(int rows)
         : count(rows) {}
     int count;
+    mutable int asked = 0; // how often for a cell
     int rowCount() const override { return count; }
     int columnCount() const override { return 2; }
-    QString text(int row, int column) const override { return QString::number(row) + u':' + QString::number(column); }
+    QString text(int row, int column) const override {
+        ++asked;
+        return QString::number(row) + u':' + QString::number(column);
+    }
 };
 
 // A grid in a window of its own that writes down its signals, each with the current row.
@@ -111,14 +114,12 @@ TEST_F(FlexGridTest, placesOutsideReadEmptyAndTakeNothing) {
 
 TEST_F(FlexGridTest, aMillionBoundRowsCostNothing) {
     const auto source = std::make_shared<Numbered>(1'000'000);
-    QElapsedTimer timer;
-    timer.start();
     grid.bind(source);
     QCoreApplication::processEvents();
     grid.setRow(999'999);
     grid.verticalScrollBar()->setValue(grid.verticalScrollBar()->maximum());
     QCoreApplication::processEvents();
-    EXPECT_LT(timer.elapsed(), 2000) << "meant to be far under 100 ms; this bound only catches work per row";
+    EXPECT_LT(source->asked, 1000) << "only what is in sight is looked at";
     EXPECT_EQ(grid.rows(), 1'000'001);
     EXPECT_EQ(grid.text(999'999, 1), u"999998:1"_s);
     EXPECT_EQ(grid.text(5, 3), QString()) << "the source has two columns";
@@ -148,13 +149,13 @@ TEST_F(FlexGridTest, growthIsKnownAtOnceAndAnnouncedAtScreenPace) {
     }
     grid.setCellBackground(2900, 1, 255); // ahead of the announcement
     EXPECT_EQ(announcements, 0);
-    QTest::qWait(60);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return announcements > 0; }, 20'000));
     EXPECT_EQ(announcements, 1);
     EXPECT_EQ(grid.model()->rowCount(), 3001);
     EXPECT_EQ(place(), u"4-4/0"_s);
     source->count = 4000;
     grid.setRow(4000);
-    EXPECT_EQ(grid.row(), 4000) << "a row can be chosen before it is announced";
+    EXPECT_EQ(grid.currentIndex().row(), 3999) << "a row can be chosen before it is announced";
     source->count = 10;
     EXPECT_EQ(grid.row(), 20) << "a source may shrink, against the rules, without a crash";
     grid.grab();
@@ -186,8 +187,14 @@ TEST_F(FlexGridTest, mouseMovesClickAndActivate) {
     taken();
     QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, at(4, 2));
     EXPECT_EQ(taken(), u"leave2 enter4 activated4"_s);
-    QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, grid.viewport()->rect().bottomRight() - QPoint(3, 3));
-    EXPECT_EQ(taken(), QString()) << "nothing under the last row";
+    const QPoint below = grid.viewport()->rect().bottomRight() - QPoint(3, 3);
+    QTest::mouseClick(grid.viewport(), Qt::RightButton, {}, below);
+    QTest::mousePress(grid.viewport(), Qt::LeftButton, {}, below);
+    QCoreApplication::sendEvent(grid.viewport(), &drag);
+    QTest::mouseRelease(grid.viewport(), Qt::LeftButton, {}, below);
+    QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, below);
+    EXPECT_EQ(taken(), u"right4 click4 click4 activated4"_s) << "under the last row all is for the current one";
+    EXPECT_EQ(place(), u"4-4/2"_s);
 }
 
 TEST_F(FlexGridTest, everythingByKeyboard) {

@@ -152,16 +152,20 @@ void FlexGrid::showSelection() {
     selectionModel()->setCurrentIndex(m_model->index(end, m_column), QItemSelectionModel::NoUpdate);
 }
 
-// The current column if it shows, else the first that does: the view refuses to scroll to a hidden one.
-int FlexGrid::shownColumn() const {
-    int column = isColumnHidden(m_column) ? 0 : m_column;
+// The column if it shows, else the first that does: the view refuses to scroll to a hidden one.
+int FlexGrid::shownColumn(int wanted) const {
+    int column = isColumnHidden(wanted) ? 0 : wanted;
     while (column < columns() - 1 && isColumnHidden(column))
         ++column;
     return column;
 }
 
 void FlexGrid::scrollToRow(int row) {
-    scrollTo(m_model->index(row - m_fixedRows, shownColumn()));
+    scrollToCell(row, m_column);
+}
+
+void FlexGrid::scrollToCell(int row, int column) {
+    scrollTo(m_model->index(row - m_fixedRows, shownColumn(column)));
 }
 
 void FlexGrid::setCellBackground(int row, int column, quint32 colour) {

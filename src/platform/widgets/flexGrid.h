@@ -41,7 +41,9 @@ public:
     void setColumn(int column);
     int rowSel() const;
     void setRowSel(int row);
-    void scrollToRow(int row); // into sight, no further than needed; the current row stays
+    // Into sight, no further than needed; the current cell stays.
+    void scrollToRow(int row);
+    void scrollToCell(int row, int column);
 
     // Backgrounds are 24-bit numbers with red in the low byte; the text colour on them stays legible.
     void setCellBackground(int row, int column, quint32 colour);
@@ -73,10 +75,10 @@ public:
 Q_SIGNALS:
     void leaveCell();          // before another row becomes current by the user's doing; row() is still the old one
     void enterCell();          // after it; row() is the new one
-    void gridClicked();        // a press and release of any button on a cell
-    void rightPressed();       // right button down; the current row does not move
+    void gridClicked();        // a press and release of any button, below the last row too
+    void rightPressed();       // right button down, wherever; the current row does not move
     void menuKeyPressed();     // the menu key, for the current row
-    void gridActivated();      // Enter or a double click
+    void gridActivated();      // Enter or a double click, wherever
     void keyReleased(int key); // Qt::Key of a key released on the grid
 
 protected:
@@ -97,7 +99,7 @@ private:
     };
 
     int nearestRow(int row) const;
-    int shownColumn() const;
+    int shownColumn(int wanted) const;
     void select(int row, int rowSel, int column);
     void showSelection();
     void fitColumn(int column);
@@ -119,6 +121,7 @@ private:
     std::vector<Width> m_widths; // the columns' widths as they were set
     bool m_moving = false;       // between leaveCell and enterCell
     Qt::MouseButton m_pressed = Qt::NoButton;
+    bool m_drags = false;    // the press was on a row, so that moving the mouse extends the selection
     int m_dragDirection = 0; // while the mouse drags outside: -1 up, 1 down
     QBasicTimer m_dragTimer;
 };

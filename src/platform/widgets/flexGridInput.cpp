@@ -59,19 +59,20 @@ void FlexGrid::moveColumnByUser(int step, bool toTheEnd) {
 
 void FlexGrid::mousePressEvent(QMouseEvent *event) {
     event->accept();
-    const QModelIndex cell = indexAt(event->position().toPoint());
-    if (!cell.isValid() || m_moving)
+    if (m_moving)
         return;
+    const QModelIndex cell = indexAt(event->position().toPoint()); // none below the last row
     m_pressed = event->button();
+    m_drags = m_pressed == Qt::LeftButton && cell.isValid();
     // A box or menu that a slot opens swallows the release; the click is then owed. (Events made up by a test do not
     // show in mouseButtons().)
     const bool byHand = QGuiApplication::mouseButtons().testFlag(m_pressed);
     const QPointer<FlexGrid> self(this);
     if (m_pressed == Qt::RightButton)
         Q_EMIT rightPressed();
-    else if (m_pressed == Qt::LeftButton && event->modifiers().testFlag(Qt::ShiftModifier))
+    else if (m_drags && event->modifiers().testFlag(Qt::ShiftModifier))
         extendByUser(cell.row() + m_fixedRows);
-    else if (m_pressed == Qt::LeftButton)
+    else if (m_drags)
         moveByUser(cell.row() + m_fixedRows, cell.column());
     if (self && byHand)
         QMetaObject::invokeMethod(this, &FlexGrid::settlePress, Qt::QueuedConnection);
@@ -87,7 +88,7 @@ void FlexGrid::settlePress() {
 
 void FlexGrid::mouseMoveEvent(QMouseEvent *event) {
     event->accept();
-    if (m_pressed != Qt::LeftButton || !event->buttons().testFlag(Qt::LeftButton))
+    if (m_pressed != Qt::LeftButton || !m_drags || !event->buttons().testFlag(Qt::LeftButton))
         return;
     const int y = event->position().toPoint().y();
     const int height = viewport()->height();
@@ -118,7 +119,7 @@ void FlexGrid::mouseReleaseEvent(QMouseEvent *event) {
     if (event->button() != m_pressed)
         return;
     m_pressed = Qt::NoButton;
-    if (indexAt(event->position().toPoint()).isValid())
+    if (viewport()->rect().contains(event->position().toPoint()))
         Q_EMIT gridClicked();
 }
 
@@ -130,11 +131,11 @@ void FlexGrid::mouseDoubleClickEvent(QMouseEvent *event) {
     }
     event->accept();
     m_pressed = Qt::NoButton;
-    const QModelIndex cell = indexAt(event->position().toPoint());
-    if (!cell.isValid() || m_moving)
+    if (m_moving)
         return;
     const QPointer<FlexGrid> self(this);
-    moveByUser(cell.row() + m_fixedRows, cell.column()); // the first press may have gone to a box
+    if (const QModelIndex cell = indexAt(event->position().toPoint()); cell.isValid())
+        moveByUser(cell.row() + m_fixedRows, cell.column()); // the first press may have gone to a box
     if (self && rows() > m_fixedRows)
         Q_EMIT gridActivated();
 }
