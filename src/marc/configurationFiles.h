@@ -13,7 +13,7 @@ inline constexpr QStringView subfieldListFile = u"cnmarc_zzdtshi.Qvs";
 inline constexpr QStringView descriptionFile = u"marcBJshuoming.Qvs";
 inline constexpr QStringView templateFile = u"mobanJiaoDui.QVs";
 
-// The lines of a pick list, or the text of the box that takes its place.
+// The lines of a pick list, and the text of the box that comes up in its stead.
 struct PickList {
     QStringList lines;
     QString complaint; // the whole text of the box; empty when the list can be shown

@@ -205,8 +205,12 @@ PickListBox::PickListBox(const QString &objectName, const QString &accessibleNam
     hide();
 }
 
-void PickListBox::offer(const QStringList &lines) {
+void PickListBox::fill(const QStringList &lines) {
+    clear();
     addItems(lines);
+}
+
+void PickListBox::offer() {
     setCurrentRow(0);
     show();
     raise();

@@ -87,7 +87,8 @@ class PickListBox final : public QListWidget {
 public:
     PickListBox(const QString &objectName, const QString &accessibleName, QWidget *parent);
 
-    void offer(const QStringList &lines);
+    void fill(const QStringList &lines); // in place of what it held
+    void offer();
     void dismiss(); // hides and clears it
 
 Q_SIGNALS:

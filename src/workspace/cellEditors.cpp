@@ -82,7 +82,18 @@ void CellEditors::place() {
         return editor->setGeometry(m_form.rightHalf());
     const QRect cell = m_form.Grid1->cellRect(m_form.editRow, m_form.editCol);
     if (cell.isValid())
-        editor->setGeometry(cell);
+        return editor->setGeometry(cell);
+    // A record without that row came under the editor, which then stays where it was as far as the grid goes.
+    const QRect grid = m_form.Grid1->geometry();
+    editor->move(std::min(editor->x(), grid.right() - editor->width()),
+                 std::min(editor->y(), grid.bottom() - editor->height()));
+}
+
+void CellEditors::keepInSight() {
+    if (!m_form.richText->isVisible() && !m_form.Text1->isVisible())
+        return;
+    m_form.Grid1->scrollToCell(m_form.editRow, m_form.editCol);
+    place();
 }
 
 void CellEditors::showEditedCell() {
@@ -91,6 +102,8 @@ void CellEditors::showEditedCell() {
 }
 
 void CellEditors::changeCell(const QString &value, bool changed) {
+    if (m_form.editRow >= m_form.Grid1->rows())
+        return; // another record was chosen meanwhile, which has no such row
     if (changed)
         m_form.recordChanged = u"yes"_s;
     m_form.Grid1->setText(m_form.editRow, m_form.editCol, value);

@@ -20,6 +20,8 @@ public:
     void openIdentity(IdentityColumn column);
     // Lays what is open over its place again, after scrolling and resizing.
     void place();
+    // Scrolls the grid to the cell under what is open, whatever row has become current.
+    void keepInSight();
 
 private:
     void connectEditors();

@@ -1,5 +1,4 @@
 #include "workspace/fieldCommands.h"
-#include "marc/configurationFiles.h"
 #include "platform/numbers.h"
 #include "platform/paths.h"
 #include "workspace/fieldGrid.h"
@@ -112,20 +111,21 @@ void FieldCommands::run(int item) {
 }
 
 void FieldCommands::showFieldList() {
-    const marc::PickList list = marc::readFieldList(platform::pathWithSlash(m_host.programFolder()));
-    if (!list.complaint.isEmpty())
-        return m_host.tell(list.complaint, boxTitle);
-    m_form.zdList->setGeometry(m_form.rightHalf());
-    m_form.zdList->offer(list.lines);
+    offer(*m_form.zdList, marc::readFieldList(platform::pathWithSlash(m_host.programFolder())));
 }
 
 void FieldCommands::showSubfieldList() {
-    const marc::PickList list = marc::readSubfieldList(platform::pathWithSlash(m_host.programFolder()),
-                                                       tagOf(fieldRows(*m_form.Grid1), m_form.Grid1->row()));
+    offer(*m_form.Zzdlist, marc::readSubfieldList(platform::pathWithSlash(m_host.programFolder()),
+                                                  tagOf(fieldRows(*m_form.Grid1), m_form.Grid1->row())));
+}
+
+// The lines in front of a damage are in the list by then, which does not come up.
+void FieldCommands::offer(PickListBox &box, const marc::PickList &list) {
+    box.fill(list.lines);
     if (!list.complaint.isEmpty())
         return m_host.tell(list.complaint, boxTitle);
-    m_form.Zzdlist->setGeometry(m_form.rightHalf());
-    m_form.Zzdlist->offer(list.lines);
+    box.setGeometry(m_form.rightHalf());
+    box.offer();
 }
 
 void FieldCommands::insert(const NewRow &row) {

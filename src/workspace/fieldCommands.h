@@ -1,12 +1,14 @@
 // The commands of the popup menu over the field grid: the editors, the pick lists of fields and subfields, deletion.
 #pragma once
 
+#include "marc/configurationFiles.h"
 #include "platform/host.h"
 #include "workspace/cellEditors.h"
 
 namespace workspace {
 
 class frmDaoru;
+class PickListBox;
 
 class FieldCommands {
 public:
@@ -25,6 +27,7 @@ public:
 
 private:
     void popup(const QPoint &at);
+    void offer(PickListBox &box, const marc::PickList &list);
     void run(int item);
     void insert(const NewRow &row);
 

@@ -14,6 +14,7 @@ constexpr int tagLength = 3;
 constexpr int subfieldIdentifierLength = 2; // "$" and the code
 constexpr int labelAt = 3;                  // in a line of a pick list
 constexpr int firstDataTag = 10;
+constexpr int embeddedHead = 5; // tag and indicators of an embedded field
 
 int lastRow(const marc::FieldRows &rows) {
     return int(rows.size());
@@ -37,6 +38,18 @@ bool isAsciiLetter(QChar c) {
 QString named(const QString &character) {
     return character + u"(U+" + QString::number(character.toUcs4().value(0), 16).toUpper().rightJustified(4, u'0') +
            u')';
+}
+
+// Whether a separator in the content would tear the field when it is saved. A delimiter in the short head of an
+// embedded field is the record's own: it is shown as it was read, and goes back as it is.
+bool tears(const QString &tag, const marc::FieldRow &row) {
+    const bool embedded = tag.startsWith(u'4') && row.identifier == u"$1";
+    const auto isSeparator = [](QChar c) {
+        return c >= QChar(marc::recordTerminator) && c <= QChar(marc::subfieldDelimiter);
+    };
+    const QString head = row.value.left(embedded ? embeddedHead : 0).remove(QChar(marc::subfieldDelimiter));
+    const QString rest = row.value.mid(embedded ? embeddedHead : 0);
+    return std::ranges::any_of(head, isSeparator) || std::ranges::any_of(rest, isSeparator);
 }
 
 QString checkIdentifier(const marc::FieldRow &row, const QString &typed) {
@@ -167,14 +180,15 @@ QString contentWarning(const marc::FieldRows &rows) {
     constexpr int shownCharacters = 8;
     QStringList lost;
     bool separators = false;
+    QString tag;
     for (const marc::FieldRow &row : rows) {
+        if (marc::isFieldRow(row))
+            tag = row.identifier;
         for (const QString &character : charactersWithoutCode(row.value)) {
             if (!lost.contains(character))
                 lost.append(character);
         }
-        separators = separators || std::any_of(row.value.begin(), row.value.end(), [](QChar c) {
-                         return c >= QChar(marc::recordTerminator) && c <= QChar(marc::subfieldDelimiter);
-                     });
+        separators = separators || tears(tag, row);
     }
     QStringList warnings;
     if (!lost.isEmpty()) {

@@ -148,14 +148,14 @@ void frmDaoru::showRecord(const marc::RawRecord &record) {
     publicTouBiao = shown.leader;
     if (shown.damaged) {
         damagedDirectory()(record);
-        updateStatus();
-        return formatFieldGrid(*Grid1);
+    } else {
+        const QString complaint = marc::fillDescriptions(shown.rows, platform::pathWithSlash(m_host.programFolder()));
+        showFieldRows(*Grid1, shown.rows);
+        if (!complaint.isEmpty())
+            m_host.tell(complaint, boxTitle);
     }
-    const QString complaint = marc::fillDescriptions(shown.rows, platform::pathWithSlash(m_host.programFolder()));
-    showFieldRows(*Grid1, shown.rows);
-    if (!complaint.isEmpty())
-        m_host.tell(complaint, boxTitle);
     formatFieldGrid(*Grid1);
+    m_editors.keepInSight(); // the list stays in reach of an open Text1
     updateStatus();
 }
 
@@ -226,9 +226,7 @@ bool frmDaoru::eventFilter(QObject *watched, QEvent *event) {
 }
 
 void frmDaoru::placeOverlays() {
-    if (richText->isVisible() || Text1->isVisible())
-        Grid1->setColumn(editCol); // scrolls to the cell where it has gone out of sight
-    m_editors.place();
+    m_editors.keepInSight();
     zdList->setGeometry(rightHalf());
     Zzdlist->setGeometry(rightHalf());
 }

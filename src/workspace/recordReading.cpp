@@ -53,6 +53,7 @@ void RecordReading::finish() {
 
 void RecordReading::firstBatch(const QString &file, int limit) {
     m_form.resetRecordList();
+    m_form.Text3->setText(u"0"_s);
     auto reader = open(file);
     if (!reader)
         return;

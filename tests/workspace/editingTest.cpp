@@ -36,15 +36,15 @@ struct Editing : Workspace {
         form->richText->selectAll();
         form->richText->paste();
     }
-    // The popup of the current row, by the menu key, and the choice of an item by its number.
-    void choose(int item) {
+    // The popup of the current row, by the menu key or in another way, and the choice of an item by its number.
+    void choose(int item, const std::function<void()> &open = {}) {
         QTimer::singleShot(0, [item] {
             auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
             ASSERT_TRUE(menu);
             menu->setActiveAction(menu->actions().at(item - 1));
             QTest::keyClick(menu, Qt::Key_Return);
         });
-        QTest::keyClick(form->Grid1, Qt::Key_Menu);
+        open ? open() : QTest::keyClick(form->Grid1, Qt::Key_Menu);
         form->activateWindow(); // the popup was the active window
         QApplication::processEvents();
     }
@@ -174,6 +174,35 @@ TEST_F(Editing, IdentitiesAreCheckedAndTheListStaysInReach) {
     EXPECT_EQ(cell(titleRow, 4), u"题2"_s);
 }
 
+TEST_F(Editing, TheEditorStaysOverItsCellWhateverRecordComes) {
+    const auto notes = [](int count) -> QString {
+        return recordOf(QList<TestField>(count, {u"300"_s, u"  $a附注"_s})) + u"\r\n";
+    };
+    write("records.iso", notes(40) + notes(45) + notes(1));
+    auto &window = load();
+    show();
+    const int row = 70;
+    window.Grid1->setFocus();
+    window.Grid1->setRow(row);
+    choose(8);
+    const auto turnTo = [&](int height) {
+        QTest::keyClick(window.Grid2, Qt::Key_Down);
+        EXPECT_TRUE(window.Grid1->geometry().contains(window.Text1->geometry())) << height;
+        window.resize(window.width(), height);
+        QApplication::processEvents();
+        EXPECT_TRUE(window.Grid1->geometry().contains(window.Text1->geometry())) << height;
+    };
+    turnTo(window.height() - 80);
+    EXPECT_EQ(window.Text1->geometry(), window.Grid1->cellRect(row, 3));
+    EXPECT_EQ(window.Grid1->row(), 1);
+    turnTo(window.height() - 80); // a record that has no such row
+    window.Text1->setText(u"无处可写"_s);
+    QTest::keyClick(window.Text1, Qt::Key_Return);
+    EXPECT_FALSE(editing());
+    EXPECT_EQ(window.recordChanged, QString());
+    EXPECT_EQ(window.Grid1->rows(), 4);
+}
+
 TEST_F(Editing, ListsAddAndTheMenuDeletes) {
     auto &window = open();
     window.Grid1->setFocus();
@@ -212,6 +241,15 @@ TEST_F(Editing, ListsAddAndTheMenuDeletes) {
     EXPECT_EQ(host.lastBox().text, u"不能删除！"_s);
     choose(4);
     EXPECT_EQ(host.lastBox().text, u"配置文件【"_s + host.folder + u"/cnmarc_zzdtshi.Qvs】损坏或者还没有本字段名。");
+
+    write("cnmarc_default.Qvs", u"300 附注\r\nabc\r\n305 版本\r\n"_s);
+    for (int press = 0; press < 2; ++press) {
+        choose(3);
+        EXPECT_EQ(host.lastBox().text, u"配置文件【"_s + host.folder + u"/cnmarc_default.Qvs】损坏。");
+        EXPECT_FALSE(window.zdList->isVisible());
+        ASSERT_EQ(window.zdList->count(), 1); // the lines in front of the damage are listed all the same
+        EXPECT_EQ(window.zdList->item(0)->text(), u"300 附注"_s);
+    }
 }
 
 TEST_F(Editing, AssistantsExchangeTheLeaderAndAnySubfieldA) {
@@ -248,6 +286,19 @@ TEST_F(Editing, RightButtonNeedsARowThatWasClicked) {
     EXPECT_EQ(window.clickMark, QString());
     QTest::mouseClick(window.Grid1->viewport(), Qt::LeftButton, {}, at);
     EXPECT_EQ(window.editRow, 3);
+
+    // Below the last row everything is for the current one.
+    const QPoint below = window.Grid1->viewport()->rect().bottomLeft() + QPoint(20, -3);
+    choose(7, [&] { QTest::mouseClick(window.Grid1->viewport(), Qt::RightButton, {}, below); });
+    EXPECT_TRUE(window.Text1->isVisible());
+    EXPECT_EQ(window.editRow, 3);
+    EXPECT_EQ(window.clickMark, QString());
+    QTest::keyClick(window.Text1, Qt::Key_Escape);
+    QTest::mouseDClick(window.Grid1->viewport(), Qt::LeftButton, {}, below);
+    EXPECT_TRUE(window.richText->isVisible());
+    EXPECT_EQ(window.editRow, 3);
+    QTest::keyClick(window.richText, Qt::Key_Escape);
+
     window.resetFieldGrid(); // no record: nothing pops up
     QTest::mouseClick(window.Grid1->viewport(), Qt::RightButton, {}, at);
 }
