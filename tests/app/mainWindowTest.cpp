@@ -10,7 +10,10 @@ using namespace app;
 namespace {
 
 struct RecordedWindows final : CommandWindows {
+    const ScriptedHost &host;
     QStringList calls;
+    explicit RecordedWindows(const ScriptedHost &host)
+        : host(host) {}
     void selectMarcFile() override { calls.append(u"select"_s); }
     void queryCatalogue(const QueryLists &lists) override {
         calls.append(u"catalogue "_s + QString::number(lists.columns.toString().split(u',').size()));
@@ -22,13 +25,13 @@ struct RecordedWindows final : CommandWindows {
     void mergeFiles() override { calls.append(u"merge"_s); }
     void showHelp() override { calls.append(u"help"_s); }
     void showAbout() override { calls.append(u"about"_s); }
-    void endRuns() override { calls.append(u"end"_s); }
+    void endRuns() override { calls.append(u"end "_s + QString::number(host.endings)); }
     void showNotice() override { calls.append(u"notice"_s); }
 };
 
 struct MainWindowTest : testing::Test {
     ScriptedHost host;
-    RecordedWindows windows;
+    RecordedWindows windows{host};
     marcMain frame{host, windows};
 
     QString callOf(const QString &name) {
@@ -71,8 +74,10 @@ TEST_F(MainWindowTest, EveryWayOutAsksOnceAndEndsOnlyWithYes) {
     frame.findChild<QAction *>(u"quit"_s)->trigger();
     EXPECT_TRUE(frame.isVisible());
     EXPECT_EQ(host.endings, 0);
+    windows.calls.clear();
     host.willAnswer(platform::Answer::Yes);
     frame.close();
+    EXPECT_EQ(windows.calls, QStringList{u"end 0"_s}) << "the runs end before the process does";
     EXPECT_EQ(host.endings, 1);
     EXPECT_EQ(host.texts(), (QStringList{u"确定要退出系统吗？"_s, u"确定要退出系统吗？"_s}));
     EXPECT_EQ(host.lastBox().title, u"Tarvex图书馆管理系统-[退出]"_s);
