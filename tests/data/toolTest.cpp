@@ -1,11 +1,10 @@
 #include "platform/codepage936.h"
 #include "support/qtPrinters.h"
+#include "support/testFolder.h"
 #include "tools/recordAssembler.h"
 #include "tools/taggedText.h"
 #include <QDir>
-#include <QFile>
 #include <QProcess>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -19,21 +18,15 @@ struct Build {
 };
 
 Build configurationOf(const QByteArray &format, const QByteArray &rules) {
-    const QTemporaryDir folder;
-    const auto source = [&folder](const QString &name, const QByteArray &utf8) {
-        QFile file(folder.filePath(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(utf8) == utf8.size());
-        return file.fileName();
-    };
-    QDir(folder.path()).mkdir(u"built"_s);
-    const QDir built(folder.filePath(u"built"_s));
+    const TestFolder sources;
+    const TestFolder target;
     QProcess tool;
     tool.start(QStringLiteral(PROGRAM_FOLDER "/makeConfiguration"),
-               {built.path(), source(u"cnmarc.txt"_s, format), source(u"template.txt"_s, rules)});
+               {target.path(), sources.file(u"cnmarc.txt"_s, format), sources.file(u"template.txt"_s, rules)});
     EXPECT_TRUE(tool.waitForFinished());
     Build build{tool.exitCode(), tool.readAllStandardError(), {}};
-    for (const QString &name : built.entryList(QDir::Files, QDir::Name)) {
-        QFile file(built.filePath(name));
+    for (const QString &name : QDir(target.path()).entryList(QDir::Files, QDir::Name)) {
+        QFile file(target.path(name));
         build.files.append(file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray());
     }
     return build;

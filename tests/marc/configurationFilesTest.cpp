@@ -60,7 +60,7 @@ TEST(ConfigurationFiles, AreMissed) {
     };
     EXPECT_EQ(readFieldList(folder.path()).complaint, complaint(fieldListFile));
     EXPECT_EQ(readSubfieldList(folder.path(), u"200"_s).complaint, complaint(subfieldListFile));
-    FieldRows rows = showRecord(makeRecord(u"200=1 $a甲"_s)).rows;
+    FieldRows rows = showRecord(recordOf(u"200=1 $a甲"_s)).rows;
     const FieldRows before = rows;
     EXPECT_EQ(fillDescriptions(rows, folder.path()), complaint(descriptionFile));
     EXPECT_EQ(rows, before);
@@ -72,7 +72,7 @@ TEST(Descriptions, ComeFromTheFirstSectionOfATag) {
                 fileText(u"[001] 记录标识\n[200] 题名 \n$a 正题名\n $b 不合\n\n#f: 责任者\n$1 嵌入\n"
                          "[200] 另一\n$a 另一\n[005x]y\n[606] 主题\n$a 款目\n$x 末行"_s));
     FieldRows rows =
-        showRecord(makeRecord(u"001=1|005=2|200=1 $a甲$a乙$b丙$f丁|CAT=  $f戊|606=  $a己$x庚|606=  $a辛"_s)).rows;
+        showRecord(recordOf(u"001=1|005=2|200=1 $a甲$a乙$b丙$f丁|CAT=  $f戊|606=  $a己$x庚|606=  $a辛"_s)).rows;
     EXPECT_EQ(fillDescriptions(rows, folder.path()), u"");
     QStringList found;
     for (const FieldRow &row : rows)
@@ -85,7 +85,7 @@ TEST(Descriptions, ComeFromTheFirstSectionOfATag) {
 TEST(Descriptions, EndAtAHeaderOnTheVeryLastLine) {
     const TestFolder folder;
     folder.file(descriptionFile.toString(), fileText(u"[300] 附注\n[200] 题名"_s));
-    FieldRows rows = showRecord(makeRecord(u"200=1 $a甲|300=  $a乙"_s)).rows;
+    FieldRows rows = showRecord(recordOf(u"200=1 $a甲|300=  $a乙"_s)).rows;
     fillDescriptions(rows, folder.path());
     EXPECT_EQ(rows[1].fieldLabel + u'/' + rows[3].fieldLabel, u"题名/"_s);
 }

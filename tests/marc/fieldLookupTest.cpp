@@ -24,7 +24,7 @@ TEST(ReadZd, GivesTheFirstMatchInDirectoryOrder) {
         {u"200=$|200=1 $a丙"_s, u"-"_s},
     };
     for (const auto &[fields, expected] : cases) {
-        const RawRecord record = makeRecord(fields);
+        const RawRecord record = recordOf(fields);
         EXPECT_EQ(lookedUp(record, u"200a", platform::encode(record)), expected) << visible(record).toStdString();
     }
 }
@@ -61,7 +61,7 @@ TEST(ReadZd, TellsOfADamagedDirectoryAndGivesNothing) {
 
 TEST(ReadZd, WorksOnTheTextEncodedAgain) {
     // A lone lead byte in the title is a "?" there, and nothing moves.
-    QByteArray bytes = platform::encode(makeRecord(u"300=  $a_|200=1 $a题_$f甲"_s));
+    QByteArray bytes = platform::encode(recordOf(u"300=  $a_|200=1 $a题_$f甲"_s));
     bytes.replace('_', '\xB0');
     EXPECT_EQ(lookedUp(platform::decode(bytes), u"200a", bytes), u"题?"_s);
 }

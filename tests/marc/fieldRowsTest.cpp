@@ -30,8 +30,8 @@ TEST(ShowRecord, MakesTheRowsOfEachKindOfField) {
         {u"200=1 $12001 $a甲"_s, u"200=1# $1=2001  $a=甲"_s}, // embedded fields in 4XX alone
     };
     for (const auto &[fields, expected] : cases)
-        EXPECT_EQ(shown(makeRecord(fields)), expected);
-    const FieldRows rows = showRecord(makeRecord(u"200=1 $a甲"_s)).rows;
+        EXPECT_EQ(shown(recordOf(fields)), expected);
+    const FieldRows rows = showRecord(recordOf(u"200=1 $a甲"_s)).rows;
     EXPECT_EQ(rows[0].fieldLabel, u"头标区"_s);
     EXPECT_EQ(rows[1].subfieldLabel, u"指示符"_s);
 }

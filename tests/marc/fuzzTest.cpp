@@ -3,6 +3,7 @@
 #include "marc/preReadStore.h"
 #include "marc/recordMaking.h"
 #include "marc/recordWriter.h"
+#include "support/dice.h"
 
 using namespace marc;
 using namespace std::string_literals;

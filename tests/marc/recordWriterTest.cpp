@@ -1,5 +1,6 @@
 #include "marc/recordWriter.h"
 #include "marc/recordMaking.h"
+#include "support/dice.h"
 
 using namespace marc;
 

@@ -8,6 +8,14 @@
 #include <QString>
 #include <utility>
 
+// The directory and the fields as they are given.
+inline QString recordWithDirectory(const QString &directory, const QString &data, QChar type = u'a') {
+    const int base = 24 + int(directory.size()) + 1;
+    const int total = base + int(platform::gbkLength(data)) + 1;
+    return platform::padZero(5, total) + u'n' + type + QStringLiteral("m0 22") + platform::padZero(5, base) +
+           QStringLiteral("   450 ") + directory + QChar(0x1E) + data + QChar(0x1D);
+}
+
 // Tag and content; "$" stands for the subfield delimiter. The field terminator is added.
 using TestField = std::pair<QString, QString>;
 
@@ -21,8 +29,13 @@ inline QString recordOf(const QList<TestField> &fields, QChar type = u'a') {
                      platform::padZero(5, int(platform::gbkLength(data)));
         data += field;
     }
-    const int base = 24 + int(directory.size()) + 1;
-    const int total = base + int(platform::gbkLength(data)) + 1;
-    return platform::padZero(5, total) + u'n' + type + QStringLiteral("m0 22") + platform::padZero(5, base) +
-           QStringLiteral("   450 ") + directory + QChar(0x1E) + data + QChar(0x1D);
+    return recordWithDirectory(directory, data, type);
+}
+
+// The same from "tag=content" pieces, parted by "|".
+inline QString recordOf(const QString &fields) {
+    QList<TestField> list;
+    for (const QString &field : fields.split(u'|', Qt::SkipEmptyParts))
+        list.append({field.left(3), field.sliced(4)});
+    return recordOf(list);
 }
