@@ -67,7 +67,8 @@ const QByteArray &RecordGenerator::next() {
     m_assembler.begin("nam0    ");
     addControlFields(book);
     addCodedFields(book);
-    addDescription(book);
+    addTitle(book);
+    addPublication(book);
     addNotes(book);
     addSubjects(book);
     addNames(book);
@@ -166,7 +167,7 @@ void RecordGenerator::addCodedFields(const Book &book) {
     close();
 }
 
-void RecordGenerator::addDescription(const Book &book) {
+void RecordGenerator::addTitle(const Book &book) {
     const TopicBytes &topic = words().topics[size_t(book.topic)];
     const FormBytes &form = words().forms[size_t(book.form)];
     open("200", "1 ");
@@ -184,6 +185,9 @@ void RecordGenerator::addDescription(const Book &book) {
     if (book.translated)
         subfield('g', words().people[size_t(book.authors[2])].name, translatorWord);
     close();
+}
+
+void RecordGenerator::addPublication(const Book &book) {
     if (m_random.oneIn(4)) {
         open("205", "  ");
         subfield('a', revisedWord);

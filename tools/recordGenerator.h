@@ -33,7 +33,8 @@ private:
     int drawPerson();
     void addControlFields(const Book &book);
     void addCodedFields(const Book &book);
-    void addDescription(const Book &book);
+    void addTitle(const Book &book);
+    void addPublication(const Book &book);
     void addNotes(const Book &book);
     void addSubjects(const Book &book);
     void addNames(const Book &book);
