@@ -94,4 +94,15 @@ QString pairsOfDataSource(const QString &name) {
     return pairs;
 }
 
+bool driverManagerPools() {
+#ifdef Q_OS_WIN
+    return false;
+#else
+    std::array<char, 16> said{};
+    SQLGetPrivateProfileString("ODBC", "Pooling", "0", said.data(), int(said.size() - 1), "ODBCINST.INI");
+    const QByteArray pooling = QByteArray(said.data()).toLower();
+    return pooling.startsWith('1') || pooling.startsWith('y') || pooling.startsWith("on");
+#endif
+}
+
 } // namespace platform

@@ -16,4 +16,8 @@ QStringList driverNames();
 // such source. On Windows its driver is all that is told.
 QString pairsOfDataSource(const QString &name);
 
+// Whether the driver manager keeps ended connections in a pool of its own. unixODBC has that from its files alone, and
+// no process can have it otherwise; on Windows a process has none that asks for none.
+bool driverManagerPools();
+
 } // namespace platform

@@ -4,7 +4,6 @@
 #include "platform/database/rowReader.h"
 #include <QCoreApplication>
 #include <QFile>
-#include <QHash>
 #include <QPointer>
 #include <QTimer>
 #include <algorithm>
@@ -28,9 +27,7 @@ constexpr std::chrono::seconds idleTime(2);
 struct Kept {
     std::vector<std::unique_ptr<Link>> links;
     QPointer<QTimer> idle;
-    // How many links of a text were ended. The driver manager may have a pool of its own, which would hand a link that
-    // we ended back to us; it finds them by the letters of the text, so each ending changes them by one more ";".
-    QHash<QString, int> ended;
+    int opened = 0; // so many links
 };
 
 // The process's idle links: the only state here that outlives a procedure, as the driver manager's pool would.
@@ -109,7 +106,10 @@ Status Link::open() {
     // unixODBC finds no data source by the wide characters of a Chinese name: what stands under that name goes ahead.
     const bool hidden = m_form == TextForm::Wide && name.toUtf8().size() != name.size();
     QString text = driverText(hidden ? QString(source + m_connectionString) : m_connectionString, source);
-    text += QString(kept().ended.value(m_connectionString) % 256, u';');
+    // A pool of the driver manager would hand back to us what we ended. It finds its links by the letters of the text,
+    // so no two of ours are the same; no driver knows the word.
+    if (driverManagerPools())
+        text += (text.endsWith(u';') ? u"Link=%1;"_s : u";Link=%1;"_s).arg(++kept().opened);
     if (Status connected = odbcConnect(m_connection, text, m_form); !connected)
         return connected;
     m_open = true;
@@ -152,7 +152,6 @@ void Link::dropKept() {
 // Before the link's end. The log of an SQLite database must not outlive its file: a file that takes its name would be
 // changed by it.
 void Link::retire() const {
-    ++kept().ended[m_connectionString];
     if (m_server == Server::Sqlite)
         (void)firstColumn(u"PRAGMA wal_checkpoint(TRUNCATE)"_s); // it works when its result is fetched
 }

@@ -48,6 +48,9 @@ bool describe(Call call, SQLHSTMT statement, SQLUSMALLINT number, ColumnFacts &f
     return SQL_SUCCEEDED(described);
 }
 
+// The driver manager's pool copies a connection text into 1,024 bytes, unchecked.
+constexpr qsizetype longestConnectionText = 1023;
+
 template <class Character, class Call>
 SQLRETURN connectBy(Call call, SQLHDBC connection, Character *text) {
     std::array<Character, 2048> completed{};
@@ -102,6 +105,8 @@ OdbcEnvironment::OdbcEnvironment()
 }
 
 Status odbcConnect(const OdbcHandle &connection, const QString &text, TextForm form) {
+    if (text.toUtf8().size() > longestConnectionText)
+        return Failure{u"连接字符串太长，最多%1个字节"_s.arg(longestConnectionText)};
     return handOver(
         connection, text, form,
         [&](SQLWCHAR *given) { return connectBy<SQLWCHAR>(SQLDriverConnectW, connection.get(), given); },

@@ -45,8 +45,8 @@ public:
     OdbcEnvironment();
 };
 
-// Texts go out ended by a NUL and never with a length, so one that holds a NUL is refused as a whole. No
-// data is a success.
+// Texts go out ended by a NUL and never with a length, so one that holds a NUL is refused as a whole; so is
+// a connection text that is longer than the driver manager's room. No data is a success.
 Status odbcConnect(const OdbcHandle &connection, const QString &text, TextForm form);
 Status odbcExecute(const OdbcHandle &statement, const QString &text, TextForm form);
 

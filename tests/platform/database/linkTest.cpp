@@ -182,6 +182,28 @@ TEST(Link, aServerThatGoesAwayAndComesBack) {
     EXPECT_EQ(database.selected(titles), u"一 三"_s);
 }
 
+// The driver manager's room is 1,024 bytes. What is added on the way counts, and no use of the program takes more of
+// it.
+TEST(Link, aConnectionTextThatIsTooLongIsRefused) {
+    const TestDatabase database(TestServer::Sqlite);
+    const auto open = [&](int size) {
+        return Connection::open(database.connectionString() + u"A=" + QString(size, u'x') + u';');
+    };
+    int longest = 700;
+    for (platform::Failure refused; refused.description.isEmpty(); longest += 5)
+        if (const auto opened = open(longest); !opened) {
+            refused = opened.failure();
+            EXPECT_TRUE(refused.description.startsWith(u"连接字符串太长")) << refused.description.toStdString();
+        }
+    EXPECT_LT(longest, 1024);
+    EXPECT_FALSE(open(5000));
+    EXPECT_FALSE(Connection::open(u"Driver={PostgreSQL Unicode};A="_s + QString(400, u'馆') + u';'));
+    for (int use = 0; use < 30; ++use) {
+        EXPECT_TRUE(open(longest - 15)) << use;
+        platform::endKeptConnections();
+    }
+}
+
 // As the connection dialog composes it for a data source, of a driver with narrow calls and of one with wide calls.
 TEST(Link, dataSourcesOfChineseNamesAreListedAndOpened) {
     for (const QString &name : {u"馆藏"_s, u"总馆"_s}) {
