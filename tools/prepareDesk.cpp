@@ -1,5 +1,7 @@
-// Prepares a user's desk once: makes the embedded database with its tables and sample rows where there is none, and
-// stores the connection text where there is no setting yet. Usage: prepareDesk DATABASE-FILE CONNECTION-TEXT
+// Prepares a user's desk: makes the embedded database with its tables and sample rows where there is none, and in one
+// that stands the tables that it lacks; stores the connection text where there is no setting yet. It says what it did.
+// Nothing else makes a database: the program takes a file that is not there for a database that cannot be reached.
+// Usage: prepareDesk DATABASE-FILE CONNECTION-TEXT
 #include "app/startUp.h"
 #include "platform/database/script.h"
 #include <QCoreApplication>
@@ -15,17 +17,25 @@ QString resource(const QString &path) {
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
+platform::Result<platform::Connection> openDatabase(const QString &path) {
+    return platform::Connection::open(u"Driver=SQLite3;Database=" + path + u';');
+}
+
+platform::Status runWhole(platform::Connection &connection, const QString &script) {
+    return platform::runScript(connection, u"begin transaction;" + script + u"commit;");
+}
+
 // The database grows under another name and gets its own only when it is whole.
 platform::Status makeDatabase(const QString &path) {
     const QString growing = path + u".new";
-    QFile::remove(growing);
+    if (QFile empty(growing); !empty.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        return platform::Failure{empty.errorString()};
     {
-        auto connection = platform::Connection::open(u"Driver=SQLite3;Database=" + growing + u';');
+        auto connection = openDatabase(growing);
         if (!connection)
             return connection.failure();
-        const QString script = u"begin transaction;" + resource(u":/schema/sqlite.sql"_s) +
-                               resource(u":/schema/sample.sql"_s) + u"commit;";
-        if (const platform::Status run = platform::runScript(connection.value(), script); !run)
+        const QString script = resource(u":/schema/sqlite.sql"_s) + resource(u":/schema/sample.sql"_s);
+        if (const platform::Status run = runWhole(connection.value(), script); !run)
             return run;
     }
     platform::endKeptConnections();
@@ -33,6 +43,30 @@ platform::Status makeDatabase(const QString &path) {
     if (!file.rename(path))
         return platform::Failure{file.errorString()};
     return platform::success();
+}
+
+// Makes the tables and indexes that a database lacks, without rows; the names of what was made.
+platform::Result<QStringList> mendDatabase(const QString &path) {
+    auto connection = openDatabase(path);
+    if (!connection)
+        return connection.failure();
+    const auto standing = connection.value().query(u"select lower(name) from sqlite_master"_s);
+    if (!standing)
+        return standing.failure();
+    QStringList known, made;
+    for (int row = 0; row < standing.value()->rowCount(); ++row)
+        known.append(standing.value()->text(row, 0));
+    QString script;
+    for (const QString &statement : platform::statementsOf(resource(u":/schema/sqlite.sql"_s))) {
+        const QString name = statement.simplified().section(u' ', 2, 2); // create table NAME
+        if (known.contains(name.toLower()))
+            continue;
+        script += statement + u';';
+        made.append(name);
+    }
+    if (const platform::Status run = runWhole(connection.value(), script); !run)
+        return run.failure();
+    return made;
 }
 
 platform::Status storeSetting(const QString &connectionString) {
@@ -44,6 +78,26 @@ platform::Status storeSetting(const QString &connectionString) {
     if (settings.read(application, section, key, absent) != absent)
         return platform::success();
     return settings.write(application, section, key, connectionString);
+}
+
+// A database that cannot be mended keeps nobody from the program: files are read without one.
+platform::Status prepareDatabase(const QString &path) {
+    const QByteArray name = path.toUtf8();
+    if (!QFile::exists(path)) {
+        platform::Status made = makeDatabase(path);
+        if (made)
+            std::printf("The embedded database stands in %s\n", name.constData());
+        return made;
+    }
+    const auto mended = mendDatabase(path);
+    if (!mended)
+        std::printf("%s is left as it is, it does not work as a database: %s\n", name.constData(),
+                    mended.failure().description.toUtf8().constData());
+    else if (!mended.value().isEmpty())
+        std::printf("The embedded database %s lacked tables. Made anew, empty: %s\n"
+                    "If it held rows, another file has taken its place: bring the old one back.\n",
+                    name.constData(), mended.value().join(u", "_s).toUtf8().constData());
+    return platform::success();
 }
 
 int complain(const platform::Failure &failure) {
@@ -58,11 +112,8 @@ int main(int argc, char **argv) {
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() != 3)
         return complain({u"usage: prepareDesk DATABASE-FILE CONNECTION-TEXT"_s});
-    if (!QFile::exists(arguments[1])) {
-        if (const platform::Status made = makeDatabase(arguments[1]); !made)
-            return complain(made.failure());
-        std::printf("The embedded database stands in %s\n", arguments[1].toUtf8().constData());
-    }
+    if (const platform::Status prepared = prepareDatabase(arguments[1]); !prepared)
+        return complain(prepared.failure());
     if (const platform::Status stored = storeSetting(arguments[2]); !stored)
         return complain(stored.failure());
     return 0;

@@ -3,6 +3,7 @@
 
 #include "platform/database/script.h"
 #include "platform/database/sublib.h"
+#include "support/databaseServers.h"
 #include "support/qtPrinters.h"
 #include <QFile>
 #include <QTemporaryDir>
@@ -14,6 +15,7 @@ public:
         using namespace Qt::StringLiterals;
         state.connectionString = u"PROVIDER=MSDASQL;Driver=SQLite3;Database="_s + m_folder.filePath(u"books.db"_s) +
                                  u";JournalMode=WAL;SyncPragma=NORMAL;Timeout=1000";
+        makeEmptyFile(m_folder.filePath(u"books.db"_s));
         runFile("sqlite.sql");
     }
     ~CatalogueDatabase() { platform::endKeptConnections(); }

@@ -110,3 +110,38 @@ TEST(RecordAssembler, WritesNinesWhereANumberIsTooWide) {
     tools::appendNumber(digits, 10000, 4);
     EXPECT_EQ(digits, QByteArray("004299999999"));
 }
+
+// What stands in the way of a database: nothing, an empty file, one that lost a table, one that is none.
+TEST(PrepareDesk, makesADatabaseOrItsTablesAndSaysSo) {
+    const QTemporaryDir folder;
+    const QString database = folder.filePath(u"library.db"_s);
+    const auto run = [&](const QString &program, const QStringList &arguments) {
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"XDG_CONFIG_HOME"_s, folder.path());
+        process.setProcessEnvironment(environment);
+        process.start(program, arguments);
+        EXPECT_TRUE(process.waitForFinished());
+        EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
+        return QString::fromUtf8(process.readAllStandardOutput());
+    };
+    const auto prepare = [&] { return run(QStringLiteral(PROGRAM_FOLDER "/prepareDesk"), {database, u"DSN=x;"_s}); };
+    const auto sql = [&](const QString &statement) { return run(u"sqlite3"_s, {database, statement}).trimmed(); };
+    const QString books = u"select count(*)>20 from zsk"_s;
+
+    EXPECT_TRUE(prepare().contains(u"stands in "_s + database));
+    EXPECT_EQ(sql(books), u"1"_s);
+    EXPECT_EQ(prepare(), QString());
+    sql(u"drop table sck; insert into taoluTable (bookname) values ('甲')"_s);
+    EXPECT_TRUE(prepare().contains(u"empty: sck, sck_zskid\n"));
+    EXPECT_EQ(sql(books + u"; select bookname from taoluTable where bookname='甲'; select count(*) from sck"),
+              u"1\n甲\n0"_s);
+
+    ASSERT_TRUE(QFile::resize(database, 0));
+    EXPECT_TRUE(prepare().contains(u"taoluTable, zsk, sck, sck_zskid, jhsk"));
+    EXPECT_EQ(sql(books), u"0"_s);
+    QFile none(database);
+    ASSERT_TRUE(none.open(QIODevice::WriteOnly) && none.write(QByteArray(5000, 'x')) == 5000);
+    none.close();
+    EXPECT_TRUE(prepare().contains(u"is left as it is"));
+}

@@ -1,4 +1,5 @@
 #include "import/frmDaoRuJindu.h"
+#include "support/databaseServers.h"
 #include "support/recordText.h"
 #include "support/scriptedHost.h"
 #include <QApplication>
@@ -16,6 +17,7 @@ struct ImportWindow : testing::Test {
     std::shared_ptr<marc::PreReadStore> records = std::make_shared<marc::PreReadStore>();
 
     void SetUp() override {
+        makeEmptyFile(host.folder + u"/store.db");
         run(u"create table taolutable (zskid integer primary key, bookname text unique, author text, edition text, "
             u"isbn text, pubplace text, publisher text, pubdate text, pages integer, classcode text, books text, "
             u"booksauthor text, measure text, docclass text, ztc text, appendix text, lagclass text, price real, "

@@ -33,6 +33,7 @@ QString TestDatabase::textOf(TestServer server) {
 }
 
 TestDatabase::TestDatabase(TestServer server) {
+    makeEmptyFile(file());
     m_connectionString =
         u"PROVIDER=MSDASQL;" +
         (server == TestServer::Sqlite
@@ -68,6 +69,11 @@ QString TestDatabase::selected(const QString &statement) const {
     for (int row = 0; row < rows.value()->rowCount(); ++row)
         values.append(rows.value()->text(row, 0));
     return values.join(u' ');
+}
+
+void makeEmptyFile(const QString &path) {
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
 }
 
 QString schemaScript(const QString &name) {

@@ -32,6 +32,9 @@ inline void PrintTo(TestServer server, std::ostream *out) {
     *out << TestDatabase::nameOf(server).toStdString();
 }
 
+// Makes an empty file: a database of SQLite without tables. The program makes none.
+void makeEmptyFile(const QString &path);
+
 // The text of a file of data/schema.
 QString schemaScript(const QString &name);
 

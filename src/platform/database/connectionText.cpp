@@ -80,8 +80,11 @@ QString driverText(const QString &connectionString, const QString &dataSource) {
     const QString database = connectionValue(text, u"Database");
     if (contains(driver, u"mdb") && !database.isEmpty() && connectionValue(text, u"DBQ").isEmpty())
         append(text, u"DBQ", database);
-    if (contains(driver, u"sqlite") && connectionValue(text, u"StepAPI").isEmpty())
-        append(text, u"StepAPI", u"1");
+    if (contains(driver, u"sqlite")) {
+        force(text, u"NoCreat", u"1");
+        if (connectionValue(text, u"StepAPI").isEmpty())
+            append(text, u"StepAPI", u"1");
+    }
     if (contains(driver, u"maria"))
         force(text, u"CHARSET", u"utf8mb4");
     if (contains(driver, u"maria") || contains(driver, u"mysql"))

@@ -11,9 +11,9 @@ namespace platform {
 QString connectionValue(QStringView text, QStringView key);
 
 // The stored text as the driver manager takes it: "PROVIDER=MSDASQL;" cut, the file of an Access database named as its
-// driver on this system wants it, results of SQLite streamed instead of read whole into the driver, texts of MariaDB in
-// UTF-8 and no connection of it made anew behind our back. `dataSource` is what the machine says of the text's data
-// source, as pairs with the driver first.
+// driver on this system wants it, results of SQLite streamed instead of read whole into the driver and no file made
+// where there is none, texts of MariaDB in UTF-8 and no connection of it made anew behind our back. `dataSource` is
+// what the machine says of the text's data source, as pairs with the driver first.
 QString driverText(const QString &connectionString, const QString &dataSource);
 
 } // namespace platform

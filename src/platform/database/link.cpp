@@ -67,6 +67,13 @@ TextForm callsOf(const QString &driver) {
     return TextForm::Wide;
 }
 
+// SQLite's driver says no more than "connect failed" of a file that is not there.
+Failure explained(const QString &pairs, const Failure &failure) {
+    const QString file = connectionValue(pairs, u"Database");
+    const bool sqlite = connectionValue(pairs, u"Driver").contains(u"sqlite", Qt::CaseInsensitive);
+    return sqlite && !QFile::exists(file) ? Failure{u"数据库文件“"_s + file + u"”不存在", failure.number} : failure;
+}
+
 // What tells a file from another one that took its name. Empty where there is no file.
 QString identityOf(const QString &file) {
 #ifdef Q_OS_WIN
@@ -111,7 +118,7 @@ Status Link::open() {
     if (driverManagerPools())
         text += (text.endsWith(u';') ? u"Link=%1;"_s : u";Link=%1;"_s).arg(++kept().opened);
     if (Status connected = odbcConnect(m_connection, text, m_form); !connected)
-        return connected;
+        return explained(text + u';' + source, connected.failure());
     m_open = true;
     return learn();
 }

@@ -70,7 +70,7 @@ TEST(ConnectionText, goesToTheDriverManagerAsItsDriversWantIt) {
               u"Driver=SQL Server;Server=S;UID=u;PWD=a{b};Database=d;"_s);
     EXPECT_EQ(text(u"provider=msdasql;Driver=Microsoft Access Driver (*.mdb);Server=x;Database=/a b/c.mdb;"),
               u"Driver=Microsoft Access Driver (*.mdb);Server=x;Database=/a b/c.mdb;DBQ=/a b/c.mdb;"_s);
-    EXPECT_EQ(text(u"DSN=lib;UID=u", u"Driver=SQLite3;"), u"DSN=lib;UID=u;StepAPI=1;"_s);
+    EXPECT_EQ(text(u"DSN=lib;UID=u", u"Driver=SQLite3;"), u"DSN=lib;UID=u;NoCreat=1;StepAPI=1;"_s);
     EXPECT_EQ(platform::connectionValue(u"Driver={a;b};PWD=x=y; uid = u", u"pwd"), u"x=y"_s);
     EXPECT_EQ(platform::connectionValue(u"Driver={a;b};PWD=x=y; uid = u", u"UID"), u"u"_s);
     EXPECT_EQ(platform::connectionValue(u"Driver={a;b};PWD=x=y; uid = u", u"driver"), u"a;b"_s);

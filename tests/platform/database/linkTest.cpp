@@ -32,10 +32,15 @@ public:
               "[ODBC]\nPooling=Yes\n" + system.readAll().replace("Driver=", "CPTimeout=60\nDriver="));
         const QString postgres = TestDatabase::textOf(TestServer::PostgreSql);
         write(u"odbc.ini"_s,
-              "[馆藏]\nDriver=SQLite3\nDatabase=" + m_folder.filePath(u"a.sqlite"_s).toUtf8() + "\n[总馆]\n" +
+              "[馆藏]\nDriver=SQLite3\nDatabase=" + m_folder.filePath(u"a.sqlite"_s).toUtf8() +
+                  "\n[空]\nDriver=SQLite3\nNoCreat=0\nDatabase=" + m_folder.filePath(u"gone.sqlite"_s).toUtf8() +
+                  "\n[总馆]\n" +
                   QString(postgres).replace(u"Server="_s, u"Servername="_s).replace(u';', u'\n').toUtf8());
+        write(u"a.sqlite"_s, {});
         qputenv("ODBCSYSINI", m_folder.path().toUtf8());
     }
+
+    static QString folder() { return qEnvironmentVariable("ODBCSYSINI"); }
 
 private:
     void write(const QString &name, const QByteArray &bytes) const {
@@ -83,11 +88,21 @@ TEST(Link, nothingIsHeldOpenBetweenWorks) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return QFileInfo(database.file() + u"-wal").size() == 0; }, 20000));
 }
 
-TEST(Link, aDeletedSqliteFileLosesNoRecordInSilence) {
+// A file that is gone is a database that cannot be reached, by a text and by a data source, whatever they say; nothing
+// takes its place.
+TEST(Link, noFileIsMadeWhereThereIsNone) {
     const TestDatabase database(TestServer::Sqlite);
     ASSERT_TRUE(import(database, u"一"_s));
     ASSERT_TRUE(QFile::remove(database.file()));
     EXPECT_FALSE(import(database, u"二"_s));
+    const QString sourceFile = DriverManager::folder() + u"/gone.sqlite";
+    for (const QString &text : {QString(database.connectionString() + u"NoCreat=0;"), u"DSN=空;UID=u;PWD=;"_s}) {
+        const auto opened = Connection::open(text);
+        ASSERT_FALSE(opened) << text.toStdString();
+        EXPECT_TRUE(opened.failure().description.contains(u".sqlite”不存在"))
+            << opened.failure().description.toStdString();
+    }
+    EXPECT_FALSE(QFile::exists(database.file()) || QFile::exists(sourceFile));
 }
 
 TEST(Link, aFullDiskRefusesAndHarmsNothing) {
