@@ -47,6 +47,7 @@ class Builder {
 public:
     Builder(const Source &source, Card &card)
         : m_source(source)
+        , m_allowance(source.cutter)
         , m_card(card) {}
 
     void build();
@@ -64,6 +65,7 @@ private:
     void assemble();
 
     const Source &m_source;
+    marc::FieldAllowance m_allowance;
     Card &m_card;
     std::array<QString, size_t(Slot::count)> m_slots;
     int m_itemNo = 1;
@@ -78,6 +80,8 @@ void Builder::forEachField(QStringView tag, Work work) {
         const auto start = qint64(std::nearbyint(platform::leadingNumber(directory.start(i))));
         const auto length = qint64(std::nearbyint(platform::leadingNumber(directory.length(i))));
         std::optional<QString> field = m_source.cutter.cut(m_source.base, start, length);
+        if (field && !m_allowance.admits(field->size()))
+            return;
         if (field)
             work(*field);
         else

@@ -158,10 +158,13 @@ std::optional<RecordRow> recordRow(const marc::RawRecord &record) {
     const marc::FieldCutter cutter(record);
     // A base address that is no number leaves the variable at 0, and the fields are cut from there.
     const auto base = qint64(std::nearbyint(platform::toDouble(directory.baseAddress).value_or(0)));
+    marc::FieldAllowance allowance(cutter);
     QByteArrayView field; // a cut that fails leaves the bytes of the entry before
     for (qsizetype i = 0; i < directory.count(); ++i) {
         const auto cut = cutter.cutBytes(base, entryNumber(directory.start(i)), entryNumber(directory.length(i)));
         field = cut.value_or(field);
+        if (!allowance.admits(field.size()))
+            break;
         if (hasRule(directory.tag(i)))
             takeField(row, directory.tag(i), platform::decode(field));
     }

@@ -32,6 +32,7 @@ std::optional<QString> lookUp(const RawRecord &record, QStringView wanted, const
         return QString();
     }
     std::optional<FieldCutter> fields;
+    std::optional<FieldAllowance> allowance;
     for (qsizetype i = 0; i < directory.count(); ++i) {
         if (directory.tag(i) != wanted.first(3))
             continue;
@@ -39,11 +40,15 @@ std::optional<QString> lookUp(const RawRecord &record, QStringView wanted, const
         const std::optional<qint32> start = platform::toInt32(directory.start(i));
         if (!length || !start)
             return std::nullopt;
-        if (!fields)
+        if (!fields) {
             fields = cutter();
+            allowance.emplace(*fields);
+        }
         const std::optional<QString> field = fields->cut(*base, *start, *length);
         if (!field || field->isEmpty()) // there is no last character to take off
             return std::nullopt;
+        if (!allowance->admits(field->size()))
+            break;
         const std::optional<Found> found = lookInto(QStringView(*field).chopped(1), wanted.back());
         if (!found)
             return std::nullopt;

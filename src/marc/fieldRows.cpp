@@ -1,5 +1,6 @@
 #include "marc/fieldRows.h"
 #include "platform/numbers.h"
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -32,32 +33,41 @@ class RowMaker {
 public:
     RowMaker(const RawRecord &record, const QString &baseAddress, FieldRows &rows)
         : m_cutter(record)
+        , m_allowance(m_cutter)
         , m_base(platform::toInt32(baseAddress).value_or(0))
         , m_rows(rows) {}
 
-    void take(const DirectoryEntry &entry) {
+    // False where the rows of the record end here, be it within the field.
+    bool take(const DirectoryEntry &entry) {
         m_length = platform::toInt32(entry.length).value_or(m_length);
         m_start = platform::toInt32(entry.start).value_or(m_start);
         if (std::optional<QString> cut = m_cutter.cut(m_base, m_start, m_length))
             m_field = *std::move(cut);
+        if (!m_allowance.admits(m_field.size()))
+            return false;
         const QString indicators = blanksShown(QStringView(m_field).left(indicatorCount));
         dropFirst(m_field, indicatorCount);
-        if (isControlTag(entry.tag))
-            return append(entry.tag, {}, indicators + m_field.chopped(m_field.isEmpty() ? 0 : 1));
+        if (isControlTag(entry.tag)) {
+            append(entry.tag, {}, indicators + m_field.chopped(m_field.isEmpty() ? 0 : 1));
+            return !m_full;
+        }
         append(entry.tag, u"指示符"_s, indicators);
         const bool embedded = entry.tag.startsWith(u'4') && m_field.contains(QStringView(embeddedDelimiter));
         m_field.chop(1);
         embedded ? takeEmbedded() : takeSubfields();
+        return !m_full;
     }
 
 private:
     void append(const QString &identifier, const QString &subfieldLabel, const QString &value) {
-        m_rows.append({{}, {}, identifier, subfieldLabel, value});
+        m_full = m_full || m_rows.size() >= m_cutter.recordBytes();
+        if (!m_full)
+            m_rows.append({{}, {}, identifier, subfieldLabel, value});
     }
 
     void takeSubfields() {
         SubfieldWalk walk(m_field);
-        while (walk.next()) {
+        while (!m_full && walk.next()) {
             if (!walk.negativeLength())
                 m_value = walk.value().toString();
             append(u'$' + walk.code(), {}, m_value);
@@ -69,23 +79,28 @@ private:
     void takeEmbedded() {
         constexpr int delimiterLength = 2;
         const QStringView delimiter(embeddedDelimiter);
-        for (qsizetype at; (at = m_field.indexOf(delimiter)) >= 0; dropFirst(m_field, at + 1)) {
-            const qsizetype next = m_field.indexOf(delimiter, at + 1);
-            const qsizetype from = at + delimiterLength;
-            m_value = m_field.mid(from, next < 0 ? -1 : next - from);
+        QStringView rest = m_field;
+        for (qsizetype at = rest.indexOf(delimiter); at >= 0 && !m_full; at = rest.indexOf(delimiter)) {
+            rest = rest.sliced(at + 1);
+            const qsizetype next = rest.indexOf(delimiter);
+            m_value =
+                rest.sliced(delimiterLength - 1, (next < 0 ? rest.size() : next) - (delimiterLength - 1)).toString();
             append(u"$1"_s, {},
                    blanksShown(QStringView(m_value).left(embeddedHead)) +
                        m_value.mid(embeddedHead).replace(QChar(subfieldDelimiter), u'$'));
         }
+        m_field = rest.toString();
     }
 
     FieldCutter m_cutter;
+    FieldAllowance m_allowance;
     qint32 m_base = 0;
     qint32 m_length = 0;
     qint32 m_start = 0;
     QString m_field;
     QString m_value;
     FieldRows &m_rows;
+    bool m_full = false; // a row had no place any more
 };
 
 } // namespace
@@ -96,15 +111,15 @@ bool isFieldRow(const FieldRow &row) {
 
 ShownRecord showRecord(const RawRecord &record) {
     const Directory directory = decodeDirectory(record);
-    ShownRecord shown{directory.leader, directory.damaged, {}};
+    ShownRecord shown{directory.leader, directory.damaged, false, {}};
     if (shown.damaged) {
         shown.rows.append(FieldRow{});
         return shown;
     }
     shown.rows.append({{}, u"头标区"_s, u"000"_s, {}, directory.leader});
     RowMaker maker(record, directory.baseAddress, shown.rows);
-    for (const DirectoryEntry &entry : directory.entries)
-        maker.take(entry);
+    shown.cutOff =
+        !std::ranges::all_of(directory.entries, [&](const DirectoryEntry &entry) { return maker.take(entry); });
     return shown;
 }
 

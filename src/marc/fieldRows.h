@@ -25,10 +25,12 @@ bool isFieldRow(const FieldRow &row);
 struct ShownRecord {
     QString leader;       // for `publicTouBiao`
     bool damaged = false; // damaged directory: one empty row stands in `rows`
+    bool cutOff = false;  // the entries of the directory overlap so much that not all of them have their rows
     FieldRows rows;
 };
 
-// The rows of a record, without descriptions. A step that fails is passed over and leaves its target as it was.
+// The rows of a record, without descriptions. A step that fails is passed over and leaves its target as it was. There
+// are at most as many rows as the record has bytes, which none comes to whose fields do not overlap.
 ShownRecord showRecord(const RawRecord &record);
 
 } // namespace marc

@@ -87,9 +87,28 @@ public:
     // The same bytes, not decoded. Valid as long as the cutter.
     std::optional<QByteArrayView> cutBytes(qint64 base, qint64 start, qint64 length) const;
 
+    qsizetype recordBytes() const { return m_bytes.size(); }
+
 private:
     explicit FieldCutter(QByteArray bytes);
     QByteArray m_bytes;
+};
+
+// How much the fields of one record may come to, all taken together: directory entries that overlap can ask for the
+// same bytes over and over, and a small record would fill the memory. Fields that share nothing come to less than the
+// record once; the room beyond is for records whose lengths are wrong. What stands in the directory behind the entry
+// that goes over the limit is not looked at.
+class FieldAllowance {
+public:
+    static constexpr qsizetype timesTheRecord = 16;
+    explicit FieldAllowance(const FieldCutter &cutter)
+        : m_left(timesTheRecord * cutter.recordBytes()) {}
+
+    // Takes the field's size; false where it goes over the limit.
+    bool admits(qsizetype size) { return (m_left -= size) >= 0; }
+
+private:
+    qsizetype m_left;
 };
 
 // Walks the subfields of a field whose terminator has been taken off.

@@ -204,4 +204,8 @@ QString contentWarning(const marc::FieldRows &rows) {
     return warnings.join(u' ');
 }
 
+QString cutOffWarning(const marc::ShownRecord &shown) {
+    return shown.cutOff ? u"本条记录目次区重叠，只显示前 %1 行"_s.arg(shown.rows.size()) : QString();
+}
+
 } // namespace workspace

@@ -46,5 +46,7 @@ QStringList charactersWithoutCode(QStringView text);
 // What is to be said about the rows below the grid: which of them hold such characters, or characters that part fields
 // from each other. Empty when all is well.
 QString contentWarning(const marc::FieldRows &rows);
+// The same about a record that has more rows than are shown.
+QString cutOffWarning(const marc::ShownRecord &shown);
 
 } // namespace workspace

@@ -151,6 +151,7 @@ void frmDaoru::showRecord(const marc::RawRecord &record) {
     } else {
         const QString complaint = marc::fillDescriptions(shown.rows, platform::pathWithSlash(m_host.programFolder()));
         showFieldRows(*Grid1, shown.rows);
+        m_cutOff = cutOffWarning(shown);
         if (!complaint.isEmpty())
             m_host.tell(complaint, boxTitle);
     }
@@ -162,6 +163,7 @@ void frmDaoru::showRecord(const marc::RawRecord &record) {
 void frmDaoru::resetFieldGrid() {
     Grid1->clear();
     Grid1->setRows(2);
+    m_cutOff.clear();
     formatFieldGrid(*Grid1);
 }
 
@@ -215,7 +217,9 @@ void frmDaoru::updateStatus() {
     marc::FieldRows rows = fieldRows(*Grid1);
     if (richText->isVisible() && editRow >= 1 && editRow <= rows.size())
         rows[editRow - 1].value = richText->text();
-    labZhuangTai->setText(contentWarning(rows));
+    QStringList warnings{m_cutOff, contentWarning(rows)};
+    warnings.removeAll(QString());
+    labZhuangTai->setText(warnings.join(u' '));
 }
 
 // What lies over the grid follows it, once the grid has laid itself out anew.

@@ -98,6 +98,7 @@ private:
     bool m_mayReadAll = true; // as far as the state of the read goes
     int m_readsBegun = 0;     // a read that finds a later one begun leaves
     bool m_closed = false;
+    QString m_cutOff; // said below the grids of a record that is not shown to its end
 };
 
 } // namespace workspace

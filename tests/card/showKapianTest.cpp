@@ -117,6 +117,20 @@ TEST(ShowKapian, DropsTheEleventhItem) {
     EXPECT_EQ(cardOf(fields), u"||  题||  ||  Ⅰ.题···Ⅲ.①题1 ②题2③题3④题4⑤题5⑥题6⑦题7⑧题8⑨题9⑩题10 "_s);
 }
 
+// Entries that point at one long note over and over: the card stays in proportion to the record.
+TEST(ShowKapian, EndsWhereADirectoryAsksForTheSameBytesOverAndOver) {
+    const QString data = u"1 \x1F"
+                         "a题\x1E  \x1F"
+                         "a"_s +
+                         u"x"_s.repeated(9990) + u'\x1E';
+    const QString directory = directoryEntry(u"200"_s, 7, 0) + directoryEntry(u"300"_s, 9995, 7).repeated(60);
+    const QString record = recordWith(platform::padZero(5, 25 + int(directory.size())), directory, data);
+    const QString text = showKapian(record).text.value_or(QString());
+    EXPECT_TRUE(text.contains(u"题"_s));
+    EXPECT_GT(text.size(), 10 * record.size());
+    EXPECT_LT(text.size(), 17 * record.size());
+}
+
 TEST(ShowKapian, ShowsTheBoxesOnTheWay) {
     const Card card = showKapian(recordOf({{u"200"_s, u"$f甲$g乙"_s}, {u"200"_s, u"$f丙"_s}}));
     EXPECT_EQ(card.boxes, QStringList(3, u"本条记录缺少题名，无法正常显示！"_s));

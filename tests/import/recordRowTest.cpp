@@ -81,6 +81,12 @@ TEST(RecordRow, DirectoryThatMisleads) {
     // A cut that fails leaves the bytes of the entry before, which the rule of this entry's tag then reads.
     const QString two = recordOf({{u"300"_s, u"  $a前一个"_s}, {u"200"_s, u"1 $a后一个"_s}});
     EXPECT_EQ(recordRow(QString(two).replace(36 + 3, 4, u"-001"_s))->bookname, u"前一个"_s);
+
+    // Many entries on one long field: what is read stays in proportion to the record.
+    QString many = recordOf({{u"200"_s, u"1 $f"_s + u"x"_s.repeated(9990)}, {u"210"_s, u"  $a北京"_s}});
+    many.insert(24 + 12, many.mid(24, 12).repeated(60)).replace(12, 5, u"00769"_s);
+    EXPECT_EQ(recordRow(many)->author, u"x"_s.repeated(30));
+    EXPECT_EQ(recordRow(many)->pubplace, QString());
 }
 
 TEST(RecordRow, Statement) {

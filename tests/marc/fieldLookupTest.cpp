@@ -46,6 +46,12 @@ TEST(ReadZd, FailsAsAWholeOnlyInWhatItHasToRead) {
         const RawRecord record = recordWithDirectory(directory, data);
         EXPECT_EQ(lookedUp(record, u"200a", platform::encode(record)), expected) << directory.toStdString();
     }
+    // Many entries on one long field: what is read stays in proportion to the record.
+    const QString twoFields = real(u"1 <b"_s + u"x"_s.repeated(9994) + u"|1 <a题名|"_s);
+    for (const auto &[entries, expected] : {std::pair(8, u"题名"_s), std::pair(60, u""_s)}) {
+        const RawRecord record = recordWithDirectory(u"200999900000"_s.repeated(entries) + u"200000909999", twoFields);
+        EXPECT_EQ(lookedUp(record, u"200a", platform::encode(record)), expected);
+    }
     RawRecord noBase = recordWithDirectory(cases[0].first, data);
     noBase.replace(12, 5, u"abcde"_s);
     EXPECT_EQ(lookedUp(noBase, u"200a", platform::encode(noBase)), u"-");

@@ -59,6 +59,34 @@ TEST(ShowRecord, AFailingStepLeavesWhatStoodBefore) {
     EXPECT_EQ(shown(u""_s), u""_s);
 }
 
+// Entries without end that point at the same bytes: what is made of them stays in proportion to the record.
+TEST(ShowRecord, EndsWhereADirectoryAsksForTheSameBytesOverAndOver) {
+    const struct {
+        QString directory;
+        QString data;
+        bool cutOff;
+    } cases[] = {
+        {u"200999900000"_s.repeated(60), u"1 "_s + u"<"_s.repeated(9996) + u'|', true},
+        {u"461999900000"_s.repeated(60), u"1 "_s + u"<1"_s.repeated(4998) + u'|', true},
+        {u"300999900000"_s.repeated(60), u"  <a"_s + u"甲"_s.repeated(4997) + u'|', true},
+        {u"005999900000"_s + u"006-00100000"_s.repeated(60), u"x"_s.repeated(9998) + u'|',
+         true}, // no cut, the last field
+        {u"300999900000"_s.repeated(9), u"  <a"_s + u"x"_s.repeated(9994) + u'|', false},
+        {u"300999900000"_s + u"320999909999"_s,
+         u"1 "_s + u"<"_s.repeated(9996) + u"|1 "_s + u"<"_s.repeated(9996) + u'|', false},
+    };
+    for (const auto &[directory, data, cutOff] : cases) {
+        const RawRecord record = recordWithDirectory(directory, real(data));
+        const ShownRecord shown = showRecord(record);
+        EXPECT_EQ(shown.cutOff, cutOff) << directory.left(24).toStdString();
+        EXPECT_LE(shown.rows.size(), platform::gbkLength(record));
+        qsizetype characters = 0;
+        for (const FieldRow &row : shown.rows)
+            characters += row.value.size();
+        EXPECT_LE(characters, 17 * platform::gbkLength(record));
+    }
+}
+
 TEST(ShowRecord, ADamagedDirectoryLeavesOneEmptyRow) {
     const ShownRecord result = showRecord(recordWithDirectory(u"2000"_s, u"data"_s));
     EXPECT_TRUE(result.damaged);

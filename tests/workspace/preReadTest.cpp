@@ -126,4 +126,14 @@ TEST_F(Reading, RecordsThatCannotBeRead) {
     EXPECT_EQ(window.records().record(3), damaged);
     window.cmdTiMing[1]->click();
     EXPECT_EQ(cell(1, 2), u"000"_s);
+
+    // Directory entries that all point at one field of delimiters: as many rows as bytes, and it is said.
+    QString hostile = recordOf({{u"300"_s, u"  "_s + u"$"_s.repeated(9000)}});
+    hostile.insert(36, hostile.mid(24, 12).repeated(99)).replace(12, 5, u"01225"_s);
+    write("records.iso", hostile + u"\r\n"_s + titled(u"好"_s));
+    load();
+    EXPECT_EQ(form->Grid1->rows(), 1 + hostile.size());
+    EXPECT_EQ(form->labZhuangTai->text(), u"本条记录目次区重叠，只显示前 %1 行"_s.arg(hostile.size()));
+    form->cmdTiMing[1]->click();
+    EXPECT_EQ(form->labZhuangTai->text(), QString());
 }
