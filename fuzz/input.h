@@ -1,5 +1,5 @@
 // What every fuzz target shares: its input taken apart, a folder for files, and the one way to say that a property does
-// not hold. A target is a function that takes any bytes and returns; it ends the process where the program is wrong.
+// not hold.
 #pragma once
 
 #include <QByteArray>
@@ -17,6 +17,7 @@ public:
     bool atEnd() const { return m_left.isEmpty(); }
     int byte();                                     // 0 to 255
     int below(int limit) { return byte() % limit; } // limit at most 256
+    bool flag() { return byte() % 2 == 1; }
     QByteArrayView piece() { return take(byte()); } // a byte tells how long
     QByteArrayView rest() { return take(m_left.size()); }
     QString text();   // a piece, as GBK or as UTF-16 units

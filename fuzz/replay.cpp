@@ -9,25 +9,37 @@ namespace {
 struct Target {
     const char *name;
     void (*run)(QByteArrayView);
+    bool readsFiles = false; // the sample files, damaged ones among them, are inputs too
     friend void PrintTo(const Target &target, std::ostream *out) { *out << target.name; }
 };
 
-class Corpus : public testing::TestWithParam<Target> {};
-
-TEST_P(Corpus, Holds) {
-    const QDir folder(QStringLiteral(FUZZ_CORPUS) + u'/' + QLatin1String(GetParam().name));
-    const QFileInfoList members = folder.entryInfoList(QDir::Files, QDir::Name);
-    ASSERT_FALSE(members.isEmpty());
-    for (const QFileInfo &member : members) {
-        QFile file(member.filePath());
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        std::printf("%s\n", qPrintable(member.fileName())); // a property that does not hold ends the process
-        std::fflush(stdout);
-        GetParam().run(file.readAll());
+class Replay : public testing::TestWithParam<Target> {
+protected:
+    // A property that does not hold ends the process: the last name printed is that of the file.
+    static void play(const QDir &folder) {
+        const QFileInfoList members = folder.entryInfoList(QDir::Files, QDir::Name);
+        ASSERT_FALSE(members.isEmpty());
+        for (const QFileInfo &member : members) {
+            QFile file(member.filePath());
+            ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+            std::printf("%s\n", qPrintable(member.filePath()));
+            std::fflush(stdout);
+            GetParam().run(file.readAll());
+        }
     }
+};
+
+TEST_P(Replay, KeptInputs) {
+    play(QDir(QStringLiteral(FUZZ_CORPUS) + u'/' + QLatin1String(GetParam().name)));
+    if (GetParam().readsFiles)
+        play(QDir(QStringLiteral(FUZZ_SAMPLES)));
 }
 
-INSTANTIATE_TEST_SUITE_P(, Corpus, testing::Values(Target{"record", fuzz::record}),
+INSTANTIATE_TEST_SUITE_P(, Replay,
+                         testing::Values(Target{"record", fuzz::record, true}, Target{"mapping", fuzz::mapping},
+                                         Target{"configuration", fuzz::configuration}, Target{"texts", fuzz::texts},
+                                         Target{"query", fuzz::query}, Target{"maskedEdit", fuzz::maskedEdit},
+                                         Target{"splitMerge", fuzz::splitMerge, true}),
                          [](const auto &info) { return info.param.name; });
 
 } // namespace

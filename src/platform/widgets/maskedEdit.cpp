@@ -14,15 +14,23 @@ bool isDigit(QChar character) {
     return character >= u'0' && character <= u'9';
 }
 
-// The toolkit's mask takes every script's digits for digits, full-width ones from an input method too.
+// The toolkit's mask takes every script's digits for digits, full-width ones from an input method too, and lets a NUL
+// into any place.
 class AsciiDigits final : public QValidator {
 public:
-    using QValidator::QValidator;
+    explicit AsciiDigits(QString mask, QObject *parent)
+        : QValidator(parent)
+        , m_mask(std::move(mask)) {}
     State validate(QString &text, int &) const override {
-        const bool foreign =
-            std::any_of(text.cbegin(), text.cend(), [](QChar c) { return c.isNumber() && !isDigit(c); });
-        return foreign ? Invalid : Acceptable;
+        for (qsizetype at = 0; at < text.size(); ++at) {
+            if (m_mask.mid(at, 1) != text.mid(at, 1) && text[at] != kPrompt && !isDigit(text[at]))
+                return Invalid;
+        }
+        return Acceptable;
     }
+
+private:
+    QString m_mask;
 };
 
 // In the toolkit's language: 0 is an optional digit (9 would call a partial value unfinished), a backslash makes any
@@ -48,7 +56,7 @@ void MaskedEdit::setMask(const QString &mask) {
     setInputMask({});
     clear();
     delete validator();
-    setValidator(mask.isEmpty() ? nullptr : new AsciiDigits(this));
+    setValidator(mask.isEmpty() ? nullptr : new AsciiDigits(mask, this));
     setInputMask(toolkitMask(mask));
 }
 

@@ -1,0 +1,101 @@
+// A record on its way into the store: row, statement, and the statement as each server spells it.
+#include "fuzz/apart.h"
+#include "fuzz/input.h"
+#include "fuzz/targets.h"
+#include "import/recordRow.h"
+#include "platform/codepage936.h"
+#include "platform/database/sqlDialect.h"
+#include "platform/database/sqlTokens.h"
+#include <QFile>
+#include <array>
+#include <memory>
+#include <sqlite3.h>
+
+using namespace Qt::StringLiterals;
+using platform::Server;
+
+namespace fuzz {
+
+namespace {
+
+constexpr auto servers =
+    std::to_array<Server>({Server::Sqlite, Server::PostgreSql, Server::MariaDb, Server::SqlServer});
+
+// The characters that each text column takes, in the order of the statement; the last column holds the whole record.
+constexpr auto widths = std::to_array<qsizetype>({50, 30, 20, 13, 10, 30, 10, 10, 50, 30, 10, 8, 50, 50, 10});
+
+// A store without a driver in between, so that the server's own reading of the statement counts.
+class Store {
+public:
+    Store() {
+        QFile schema(QStringLiteral(FUZZ_SCHEMA));
+        require(schema.open(QIODevice::ReadOnly) && sqlite3_open(":memory:", &m_store) == SQLITE_OK &&
+                    sqlite3_exec(m_store, schema.readAll(), nullptr, nullptr, nullptr) == SQLITE_OK,
+                "a store in memory");
+    }
+    Store(const Store &) = delete;
+    Store &operator=(const Store &) = delete;
+    ~Store() { sqlite3_close(m_store); }
+
+    void takes(const QString &statement, const QString &record) {
+        const QByteArray text = statement.toUtf8();
+        const char *behind = nullptr;
+        sqlite3_stmt *insert = nullptr;
+        require(sqlite3_prepare_v2(m_store, text, -1, &insert, &behind) == SQLITE_OK && !*behind,
+                "one sound statement");
+        require(sqlite3_step(insert) == SQLITE_DONE, "the row goes in");
+        sqlite3_finalize(insert);
+        sqlite3_stmt *select = nullptr;
+        sqlite3_prepare_v2(m_store, "select marc, count(*) from taoluTable", -1, &select, nullptr);
+        require(sqlite3_step(select) == SQLITE_ROW && sqlite3_column_int(select, 1) == 1, "one row went in");
+        const auto *stored = reinterpret_cast<const char *>(sqlite3_column_text(select, 0));
+        require(QString::fromUtf8(stored) == record, "the store holds the record as it was");
+        sqlite3_finalize(select);
+        sqlite3_exec(m_store, "delete from taoluTable", nullptr, nullptr, nullptr);
+    }
+
+private:
+    sqlite3 *m_store = nullptr;
+};
+
+void checkStatement(const importing::RecordRow &row, const QString &record) {
+    const QString statement = importing::insertStatement(row);
+    const Apart parts = apart(statement);
+    require(parts.literals.size() == qsizetype(widths.size()) + 1, "a literal for each text column");
+    require(parts.literals.last() == record, "the record goes in whole");
+    for (size_t i = 0; i < widths.size(); ++i)
+        require(parts.literals[qsizetype(i)].size() <= widths[i], "a value is cut to its column");
+
+    importing::RecordRow bare;
+    bare.pages = row.pages;
+    bare.price = row.price;
+    const QString bareStatement = importing::insertStatement(bare);
+    for (const Server server : servers) {
+        const Apart spelled = apart(platform::rewrite(statement, server));
+        require(spelled.literals == parts.literals, "literals survive the rewriting");
+        require(spelled.outside == apart(platform::rewrite(bareStatement, server)).outside,
+                "no record has a say in what stands outside the literals");
+    }
+    static const std::unique_ptr<Store> store = std::make_unique<Store>();
+    if (!record.contains(u'\0'))
+        store->takes(platform::rewrite(statement, Server::Sqlite), record);
+}
+
+} // namespace
+
+void mapping(QByteArrayView bytes) {
+    const QString record = platform::decode(bytes);
+    if (const auto row = importing::recordRow(record))
+        checkStatement(*row, record);
+
+    QString joined;
+    for (const platform::Token &token : platform::tokensOf(record)) {
+        require(!token.text.isEmpty(), "no token is empty");
+        joined += token.text;
+    }
+    require(joined == record, "tokens leave nothing out");
+    for (const Server server : servers)
+        require(platform::rewrite(record, server).isEmpty() == record.isEmpty(), "any text is rewritten to a text");
+}
+
+} // namespace fuzz

@@ -1,0 +1,94 @@
+// The box with a mask under any keys and texts.
+#include "platform/widgets/maskedEdit.h"
+#include "fuzz/input.h"
+#include "fuzz/targets.h"
+#include <QApplication>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <array>
+
+using namespace Qt::StringLiterals;
+using platform::MaskedEdit;
+
+namespace fuzz {
+
+namespace {
+
+void checkShape(const MaskedEdit &edit) {
+    const QString mask = edit.mask();
+    const QString text = edit.text();
+    if (mask.isEmpty())
+        return;
+    require(text.size() == mask.size() && edit.emptyMask().size() == mask.size(), "a mask keeps its length");
+    for (qsizetype i = 0; i < mask.size(); ++i) {
+        const bool digit = text[i] >= u'0' && text[i] <= u'9';
+        require(mask[i] == u'#' ? digit || text[i] == u'_' : text[i] == mask[i],
+                "digits and prompts stand at their places");
+    }
+}
+
+void setText(MaskedEdit &edit, const QString &text) {
+    edit.setText(text);
+    if (edit.mask().isEmpty())
+        return;
+    for (qsizetype i = 0; i < edit.mask().size(); ++i) {
+        const QChar given = i < text.size() ? text[i] : u'_';
+        const QChar wanted = given >= u'0' && given <= u'9' ? given : QChar(u'_');
+        require(edit.mask()[i] != u'#' || edit.text()[i] == wanted, "a text goes in place by place");
+    }
+}
+
+void press(MaskedEdit &edit, Input &input) {
+    constexpr auto masks = std::to_array<QStringView>({u"####-##-##", u"", u"##", u"a0-#9\\#X_"});
+    constexpr auto keys = std::to_array<Qt::Key>(
+        {Qt::Key_Backspace, Qt::Key_Delete, Qt::Key_Left, Qt::Key_Right, Qt::Key_Home, Qt::Key_End});
+    switch (input.below(7)) {
+    case 0:
+        edit.setMask(input.oneOf(masks).toString());
+        require(edit.text() == edit.emptyMask(), "a new mask is empty");
+        break;
+    case 1:
+        setText(edit, input.text());
+        break;
+    case 2: {
+        QInputMethodEvent composed;
+        composed.setCommitString(input.text(), -input.below(3), input.below(3));
+        QApplication::sendEvent(&edit, &composed);
+        break;
+    }
+    case 3:
+        edit.setSelection(input.below(12), input.below(12));
+        edit.insert(input.number());
+        break;
+    case 4:
+        edit.setCursorPosition(input.below(16));
+        edit.insert(input.text());
+        break;
+    default: {
+        const int key = input.below(18);
+        const QString typed = key < 10 ? QString(QChar(u'0' + key)) : key < 12 ? input.text() : QString();
+        QKeyEvent event(QEvent::KeyPress, key < 12 ? Qt::Key_unknown : keys[size_t(key - 12)],
+                        input.flag() ? Qt::ShiftModifier : Qt::NoModifier, typed);
+        QApplication::sendEvent(&edit, &event);
+    }
+    }
+    checkShape(edit);
+}
+
+} // namespace
+
+void maskedEdit(QByteArrayView bytes) {
+    static int count = 1;
+    static char name[] = "fuzz";
+    static char *names[] = {name, nullptr};
+    static const auto *const application =
+        qApp ? qApp : new QApplication(count, names); // outlives what ends the process
+    std::ignore = application;
+    Input input(bytes);
+    MaskedEdit edit(u"edit"_s);
+    edit.setMask(u"####-##-##"_s);
+    for (int presses = 0; presses < 30 && !input.atEnd(); ++presses)
+        press(edit, input);
+}
+
+} // namespace fuzz

@@ -1,0 +1,112 @@
+// The query dialogs' logic under any series of presses, twice in step: once with the values as they come, once with
+// harmless ones. Where no value holds an apostrophe, the two differ in nothing but their literals.
+#include "catalogue/listStatements.h"
+#include "catalogue/queryBuilder.h"
+#include "fuzz/apart.h"
+#include "fuzz/input.h"
+#include "fuzz/targets.h"
+#include "platform/database/sqlDialect.h"
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+using namespace catalogue;
+using platform::Server;
+
+namespace fuzz {
+
+namespace {
+
+constexpr auto servers =
+    std::to_array<Server>({Server::Sqlite, Server::PostgreSql, Server::MariaDb, Server::SqlServer});
+
+struct Pair {
+    explicit Pair(const QueryRules &rules)
+        : real(rules)
+        , harmless(rules) {
+        for (QueryBuilder *builder : {&real, &harmless})
+            require(builder
+                        ->load(u"bookname,author,bookcount,catatime"_s, u"书名,著者,册数,入库日期"_s,
+                               u"字符,字符,数字,日期"_s)
+                        .ok(),
+                    "four fields");
+    }
+    QueryBuilder real;
+    QueryBuilder harmless;
+    QStringList values; // of text fields, as the server is to see them
+    bool torn = false;  // a value goes in as typed, apostrophes too
+};
+
+void addCondition(Pair &pair, Input &input) {
+    const int field = input.below(5) - (input.byte() == 255);
+    const bool known = field >= 0 && field < pair.real.fieldDefs().size();
+    const FieldType type = known ? pair.real.fieldDefs()[field].fieldType : FieldType::Text;
+    const QStringList offered = operatorsOf(type);
+    const QString sign = offered[input.below(int(offered.size()))];
+    const QString value = type == FieldType::Number ? input.number() : input.text();
+    if (!pair.real.addCondition(field, sign, value))
+        return;
+    const bool number = type == FieldType::Number;
+    const auto ofNumber = [](QChar c) { return (c >= u'0' && c <= u'9') || QStringView(u"+-. ").contains(c); };
+    require(!number || std::ranges::all_of(value, ofNumber), "what stands outside the literals is a number");
+    require(pair.harmless.addCondition(field, sign, number ? value : u"v"_s), "any text makes a condition");
+    pair.torn = pair.torn || value.contains(u'\'');
+    if (type == FieldType::Text)
+        pair.values.append(sign == u"包含" ? QString(u'%' + value + u'%') : value);
+}
+
+void checkStatements(Pair &pair) {
+    const Query real = pair.real.findData();
+    const Query harmless = pair.harmless.findData();
+    require(real.order == harmless.order, "values have no part in the order");
+    if (pair.torn)
+        return;
+    for (auto *statement : {catalogueStatement, storeStatement, deleteAllStatement}) {
+        const QString text = statement(real.condition, real.order);
+        const QString model = statement(harmless.condition, harmless.order);
+        require(apart(text).outside == apart(model).outside, "only literals hold what was typed");
+        for (const Server server : servers) {
+            const Apart spelled = apart(platform::rewrite(text, server));
+            require(spelled.outside == apart(platform::rewrite(model, server)).outside,
+                    "no value has a say in what stands outside the literals");
+            for (const QString &value : pair.values)
+                require(spelled.literals.contains(value), "a value goes to the server as it was typed");
+        }
+    }
+}
+
+// Whether the next press starts with no conditions.
+void press(Pair &pair, Input &input) {
+    constexpr auto labels = std::to_array<QStringView>({u"书名", u"著者", u"册数", u"入库日期", u"", u"别的"});
+    const int what = input.below(8);
+    const QString label = input.oneOf(labels).toString();
+    const bool ascending = input.flag();
+    if (what < 4)
+        return addCondition(pair, input);
+    for (QueryBuilder *builder : {&pair.real, &pair.harmless}) {
+        if (what == 4)
+            builder->merge();
+        else if (what == 5)
+            builder->addSortTerm(label, ascending);
+        else if (what == 6 && label.isEmpty())
+            builder->clear();
+        else
+            builder->chooseField(label.size());
+    }
+    if (what == 6 && label.isEmpty()) {
+        pair.values.clear();
+        pair.torn = false;
+    }
+}
+
+} // namespace
+
+void query(QByteArrayView bytes) {
+    Input input(bytes);
+    Pair pair(input.flag() ? catalogueRules : storeRules);
+    for (int presses = 0; presses < 40 && !input.atEnd(); ++presses)
+        press(pair, input);
+    checkStatements(pair);
+}
+
+} // namespace fuzz
