@@ -26,6 +26,13 @@ struct Numbered final : TableSource {
     }
 };
 
+struct Listed final : TableSource {
+    QStringList rows;
+    int rowCount() const override { return int(rows.size()); }
+    int columnCount() const override { return 4; }
+    QString text(int row, int column) const override { return rows[row] + QString::number(column); }
+};
+
 // A grid in a window of its own that writes down its signals, each with the current row.
 struct FlexGridTest : testing::Test {
     FlexGridTest() {
@@ -65,18 +72,40 @@ struct FlexGridTest : testing::Test {
 };
 
 TEST_F(FlexGridTest, cellsMoveWithTheirRowsAndTheCurrentNumberStays) {
+    const auto source = std::make_shared<Listed>();
+    source->rows = {u"a"_s, u"b"_s, u"c"_s, u"d"_s};
+    grid.bind(source);
     grid.setRow(3);
     grid.setCellBackground(2, 1, 255);
+    grid.setText(4, 1, u"改"_s);
     grid.setColumnBackground(3, 0xC0C0C0);
-    grid.insertRow(2);
-    EXPECT_EQ(grid.rows(), 8);
-    EXPECT_EQ(grid.text(2, 1) + grid.text(3, 1) + grid.text(7, 1), u"2161"_s);
-    EXPECT_EQ(grid.cellBackground(3, 1), 255u);
-    EXPECT_EQ(grid.cellBackground(2, 1), std::nullopt);
+    source->rows.insert(1, u"x"_s);
+    grid.sourceInsertedRow(2);
+    const auto shown = [this] {
+        QString texts;
+        for (int row = 1; row <= grid.model()->rowCount(); ++row)
+            texts += grid.text(row, 1) + (grid.cellBackground(row, 1) ? u"! "_s : u" "_s);
+        return texts;
+    };
+    EXPECT_EQ(shown(), u"a1 x1 b1! c1 改 "_s);
     EXPECT_EQ(grid.cellBackground(2, 3), 0xC0C0C0u);
     EXPECT_EQ(grid.row(), 3);
-    grid.removeRow(3);
-    EXPECT_EQ(grid.text(3, 1), u"31"_s);
+    source->rows.removeAt(3);
+    grid.sourceRemovedRow(4);
+    EXPECT_EQ(shown(), u"a1 x1 b1! 改 "_s);
+    source->rows.removeAt(2);
+    grid.sourceRemovedRow(3);
+    EXPECT_EQ(shown(), u"a1 x1 改 "_s);
+    grid.setRows(6); // empty rows behind the source's
+    source->rows.append(u"y"_s);
+    grid.sourceHasGrown(); // not told yet
+    source->rows.insert(0, u"z"_s);
+    grid.sourceInsertedRow(1);
+    EXPECT_EQ(shown(), u"z1 a1 x1 改 y1  "_s);
+
+    grid.bind(nullptr);
+    grid.setRows(7);
+    grid.setRow(3);
     grid.setRows(3);
     EXPECT_EQ(place(), u"2-2/0"_s);
     grid.setRows(9);
@@ -96,8 +125,8 @@ TEST_F(FlexGridTest, placesOutsideReadEmptyAndTakeNothing) {
     for (const auto &[row, column] : {std::pair{-1, 1}, {7, 1}, {1, -1}, {1, 4}, {0, 4}, {INT_MAX, INT_MIN}}) {
         grid.setText(row, column, u"x"_s);
         grid.setCellBackground(row, column, 255);
-        grid.insertRow(row == 1 || row == 7 ? -3 : row);
-        grid.removeRow(row == 1 ? 0 : row);
+        grid.sourceInsertedRow(row);
+        grid.sourceRemovedRow(row);
         grid.cellRect(row, column);
         grid.setColumnTwips(column < 4 ? -1 : column, 100);
         EXPECT_EQ(grid.text(row, column), QString());
@@ -126,8 +155,12 @@ TEST_F(FlexGridTest, aMillionBoundRowsCostNothing) {
     EXPECT_TRUE(grid.viewport()->rect().contains(at(1'000'000, 1)));
     grid.setText(1'000'000, 1, u"改"_s);
     EXPECT_EQ(grid.text(1'000'000, 1), u"改"_s);
-    grid.insertRow(4);
-    EXPECT_EQ(grid.rows(), 1'000'001);
+    for (const int row : {-1, 0, 1'000'002}) {
+        grid.sourceInsertedRow(row);
+        grid.sourceRemovedRow(row == 0 ? row : row + 1);
+        grid.sourceChanged(row, 1);
+    }
+    EXPECT_EQ(grid.model()->rowCount(), 1'000'000);
     grid.bind(std::make_shared<Numbered>(0));
     EXPECT_EQ(grid.rows(), 1);
     grid.setRows(2);

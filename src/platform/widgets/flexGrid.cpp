@@ -248,6 +248,18 @@ void FlexGrid::sourceHasGrown() {
     m_model->sourceHasGrown();
 }
 
+void FlexGrid::sourceInsertedRow(int row) {
+    m_model->sourceInsertedRow(row - m_fixedRows);
+}
+
+void FlexGrid::sourceRemovedRow(int row) {
+    m_model->sourceRemovedRow(row - m_fixedRows);
+}
+
+void FlexGrid::sourceChanged(int row, int column) {
+    m_model->sourceChanged(row - m_fixedRows, column);
+}
+
 QRect FlexGrid::cellRect(int row, int column) const {
     m_model->announce();
     QRect place;

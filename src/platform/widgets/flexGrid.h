@@ -65,8 +65,12 @@ public:
     // alive. setRows() then adds empty rows behind the source's, which the source's growth takes up.
     // bind(nullptr) unbinds and leaves no data rows.
     void bind(std::shared_ptr<const TableSource> source);
-    // The bound source has grown at its end; the view is told at screen pace, once a frame at most.
+    // What became of the bound source, told behind it. Growth at its end reaches the view at screen pace, once a frame
+    // at most. With a row that came or went, the backgrounds and texts given to the cells behind it move along.
     void sourceHasGrown();
+    void sourceInsertedRow(int row); // it stands in front of what was `row`
+    void sourceRemovedRow(int row);
+    void sourceChanged(int row, int column);
 
     // The place of a cell, as far as it is in sight, in the coordinates of the grid's parent, where an editor can be
     // laid over it. Of a cell out of sight: its whole place.

@@ -130,6 +130,45 @@ void FlexGridModel::removeDataRow(int row) {
     endRemoveRows();
 }
 
+void FlexGridModel::moveOverrides(int from, int by) {
+    std::unordered_map<int, Row> moved;
+    moved.reserve(m_overrides.size());
+    for (auto &[row, cells] : m_overrides)
+        moved.emplace(row < from ? row : row + by, std::move(cells));
+    m_overrides = std::move(moved);
+}
+
+// Rows that the view has not been told of yet are told with the growth.
+void FlexGridModel::sourceInsertedRow(int row) {
+    if (!m_source || row < 0 || row >= m_source->rowCount())
+        return;
+    moveOverrides(row, 1);
+    ++m_leastRows;
+    if (row > m_announced)
+        return;
+    beginInsertRows({}, row, row);
+    ++m_announced;
+    endInsertRows();
+}
+
+void FlexGridModel::sourceRemovedRow(int row) {
+    if (!m_source || row < 0 || row > m_source->rowCount())
+        return;
+    m_overrides.erase(row);
+    moveOverrides(row, -1);
+    m_leastRows = std::max(m_leastRows - 1, 0);
+    if (row >= m_announced)
+        return;
+    beginRemoveRows({}, row, row);
+    --m_announced;
+    endRemoveRows();
+}
+
+void FlexGridModel::sourceChanged(int row, int column) {
+    if (m_source && holds(row, column))
+        changed(row, column);
+}
+
 void FlexGridModel::clear() {
     announce();
     m_rows.clear();

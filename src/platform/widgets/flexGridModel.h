@@ -28,6 +28,9 @@ public:
     void clear();                // empties all cells and backgrounds, unbinds; rows stay as many
     void bind(std::shared_ptr<const TableSource> source); // drops all cells and backgrounds
     void sourceHasGrown();
+    void sourceInsertedRow(int row); // told behind it, as all that became of the source; an unbound model takes no heed
+    void sourceRemovedRow(int row);
+    void sourceChanged(int row, int column);
     void announce(); // tells the view of all rows at once
 
     QString heading(int column) const;
@@ -61,6 +64,7 @@ private:
     const Cell *find(int row, int column) const;
     Cell &touch(int row, int column);
     void changed(int row, int column);
+    void moveOverrides(int from, int by);
 
     std::vector<Column> m_columns;
     std::vector<std::unique_ptr<Row>> m_rows; // own cells; null where a row was never written
