@@ -1,7 +1,5 @@
 #include "workspace/cellEditors.h"
 #include "platform/numbers.h"
-#include "workspace/fieldGrid.h"
-#include "workspace/frmDaoru.h"
 
 using namespace Qt::StringLiterals;
 
@@ -15,142 +13,144 @@ constexpr int lineLimit = 1 << 20; // characters; as good as none
 
 } // namespace
 
-CellEditors::CellEditors(frmDaoru &form, platform::Host &host, const WorkspaceWindows &windows)
-    : m_form(form)
+CellEditors::CellEditors(FieldGrid &grid, EditedRecord &record, platform::Host &host, const WorkspaceWindows &windows)
+    : richText(new CellText(u"richText"_s, grid.parentWidget()))
+    , Text1(new CellLine(u"Text1"_s, grid.parentWidget()))
+    , m_grid(grid)
+    , m_record(record)
     , m_host(host)
     , m_windows(windows) {
+    richText->setAccessibleName(u"字段内容"_s);
+    Text1->setAccessibleName(u"字段说明或标识符"_s);
+    richText->setFont(grid.font());
+    Text1->setFont(grid.font());
     connectEditors();
 }
 
 void CellEditors::connectEditors() {
-    CellText *content = m_form.richText;
-    CellLine *identity = m_form.Text1;
-    content->setAccessibleName(u"字段内容"_s);
-    identity->setAccessibleName(u"字段说明或标识符"_s);
-    const auto on = [this](auto *editor, auto signal, void (CellEditors::*slot)()) {
-        QObject::connect(editor, signal, &m_form, [this, slot] { (this->*slot)(); });
-    };
-    on(content, &CellText::entered, &CellEditors::commitContent);
-    on(content, &CellText::cancelled, &CellEditors::endContent);
-    on(content, &CellText::assistantWanted, &CellEditors::openAssistant);
-    on(content, &CellText::enlargeWanted, &CellEditors::enlarge);
-    on(content, &CellText::reduceWanted, &CellEditors::reduce);
-    on(identity, &CellLine::entered, &CellEditors::commitIdentity);
-    on(identity, &CellLine::cancelled, &CellEditors::cancelIdentity);
-    QObject::connect(content, &CellText::focused, &m_form, [this] { m_form.holdControls(true); });
-    QObject::connect(identity, &CellLine::focused, &m_form, [this] { m_form.holdControls(false); });
+    connect(richText, &CellText::entered, this, &CellEditors::commitContent);
+    connect(richText, &CellText::cancelled, this, &CellEditors::endContent);
+    connect(richText, &CellText::assistantWanted, this, &CellEditors::openAssistant);
+    connect(richText, &CellText::enlargeWanted, this, &CellEditors::enlarge);
+    connect(richText, &CellText::reduceWanted, this, &CellEditors::reduce);
+    connect(richText, &CellText::textChanged, this, &CellEditors::contentTyped);
+    connect(richText, &CellText::focused, this, [this] { Q_EMIT opened(Hold::FieldsAndList); });
+    connect(Text1, &CellLine::entered, this, &CellEditors::commitIdentity);
+    connect(Text1, &CellLine::cancelled, this, &CellEditors::cancelIdentity);
+    connect(Text1, &CellLine::focused, this, [this] { Q_EMIT opened(Hold::Fields); });
+    connect(&m_grid, &FieldGrid::scrolled, this, &CellEditors::place);
+    connect(&m_grid, &FieldGrid::rearranged, this, &CellEditors::keepInSight);
 }
 
 void CellEditors::openContent() {
-    const int row = m_form.Grid1->row();
+    const int row = m_grid.row();
     if (row < 1)
         return;
-    if (m_form.Grid1->rowSel() != row)
-        return m_form.Grid1->setRowSel(row);
-    if (m_form.Grid1->text(row, IdentifierColumn).isEmpty())
+    if (m_grid.rowSel() != row)
+        return m_grid.setRowSel(row);
+    if (m_record.row(row).identifier.isEmpty())
         return;
-    m_form.editRow = row;
-    m_form.editCol = ValueColumn;
-    m_form.Grid1->setColumn(ValueColumn);
-    m_form.richText->setText(m_form.Grid1->text(row, ValueColumn));
+    editRow = row;
+    editCol = ValueColumn;
+    m_grid.setColumn(ValueColumn);
+    richText->setText(m_record.row(row).value);
     reduce();
-    m_form.richText->setLimit(contentLimit(fieldRows(*m_form.Grid1), row));
-    m_form.richText->show();
-    m_form.richText->raise();
-    m_form.richText->setFocus();
-    m_form.holdControls(true);
+    richText->setLimit(contentLimit(m_record.rows(), row));
+    richText->show();
+    richText->raise();
+    richText->setFocus();
+    Q_EMIT opened(Hold::FieldsAndList);
 }
 
 void CellEditors::enlarge() {
     m_enlarged = true;
-    m_form.richText->setToolTip(largeHint);
-    m_form.richText->setEnlarged(true);
+    richText->setToolTip(largeHint);
+    richText->setEnlarged(true);
     place();
 }
 
 void CellEditors::reduce() {
     m_enlarged = false;
     showEditedCell();
-    m_form.richText->setToolTip(smallHint);
-    m_form.richText->setEnlarged(false);
+    richText->setToolTip(smallHint);
+    richText->setEnlarged(false);
     place();
 }
 
 void CellEditors::place() {
-    QWidget *editor = m_form.editCol == ValueColumn ? static_cast<QWidget *>(m_form.richText) : m_form.Text1;
-    if (m_enlarged && editor == m_form.richText)
-        return editor->setGeometry(m_form.rightHalf());
-    const QRect cell = m_form.Grid1->cellRect(m_form.editRow, m_form.editCol);
+    QWidget *editor = editCol == ValueColumn ? static_cast<QWidget *>(richText) : Text1;
+    if (m_enlarged && editor == richText)
+        return editor->setGeometry(m_grid.rightHalf());
+    const QRect cell = m_grid.cellRect(editRow, editCol);
     if (cell.isValid())
         return editor->setGeometry(cell);
     // A record without that row came under the editor, which then stays where it was as far as the grid goes.
-    const QRect grid = m_form.Grid1->geometry();
+    const QRect grid = m_grid.geometry();
     editor->move(std::min(editor->x(), grid.right() - editor->width()),
                  std::min(editor->y(), grid.bottom() - editor->height()));
 }
 
+// Whatever row has become current.
 void CellEditors::keepInSight() {
-    if (!m_form.richText->isVisible() && !m_form.Text1->isVisible())
+    if (!richText->isVisible() && !Text1->isVisible())
         return;
-    m_form.Grid1->scrollToCell(m_form.editRow, m_form.editCol);
+    m_grid.scrollToCell(editRow, editCol);
     place();
 }
 
 void CellEditors::showEditedCell() {
-    m_form.Grid1->setRow(m_form.editRow);
-    m_form.Grid1->setColumn(m_form.editCol);
+    m_grid.setRow(editRow);
+    m_grid.setColumn(editCol);
 }
 
 void CellEditors::changeCell(const QString &value, bool changed) {
-    if (m_form.editRow >= m_form.Grid1->rows())
+    if (editRow > m_record.rows().size())
         return; // another record was chosen meanwhile, which has no such row
     if (changed)
-        m_form.recordChanged = u"yes"_s;
-    m_form.Grid1->setText(m_form.editRow, m_form.editCol, value);
+        m_record.recordChanged = true;
+    m_record.change(editRow, editCol, value);
 }
 
 void CellEditors::commitContent() {
-    QString typed = m_form.richText->text();
-    const QString before = m_form.Grid1->text(m_form.editRow, ValueColumn);
-    const bool changed = platform::trimBlanks(typed) != before;
+    QString typed = richText->text();
+    const bool changed = platform::trimBlanks(typed) != m_record.row(editRow).value;
     changeCell(typed.remove(u"\r\n"_s), changed); // the blanks at the ends stay
     endContent();
 }
 
 void CellEditors::endContent() {
-    m_form.releaseControls();
-    m_form.richText->setText({});
-    m_form.richText->hide();
+    Q_EMIT closed();
+    richText->setText({});
+    richText->hide();
     showEditedCell();
-    m_form.Grid1->setFocus();
-    m_form.updateStatus();
+    m_grid.setFocus();
+    Q_EMIT contentTyped();
 }
 
 void CellEditors::openIdentity(IdentityColumn column) {
-    const int row = m_form.Grid1->row();
-    m_form.editRow = row;
-    m_form.editCol = int(column);
+    const int row = m_grid.row();
+    editRow = row;
+    editCol = int(column);
     showEditedCell();
-    const auto limit = identityLimit(fieldRow(*m_form.Grid1, row), column);
-    m_form.Text1->setMaxLength(limit.value_or(lineLimit));
+    const auto limit = identityLimit(m_record.row(row), column);
+    Text1->setMaxLength(limit.value_or(lineLimit));
     place();
-    m_form.Text1->setToolTip(u"回车结束输入返回，按【Esc】取消"_s);
-    m_form.Text1->setText(m_form.Grid1->text(row, int(column)));
-    m_form.Text1->show();
-    m_form.Text1->raise();
-    m_form.Text1->setFocus();
-    m_form.holdControls(false);
+    Text1->setToolTip(u"回车结束输入返回，按【Esc】取消"_s);
+    Text1->setText(m_record.cell(row, editCol));
+    Text1->show();
+    Text1->raise();
+    Text1->setFocus();
+    Q_EMIT opened(Hold::Fields);
 }
 
 void CellEditors::commitIdentity() {
-    const QString typed = platform::trimBlanks(m_form.Text1->text());
-    const auto column = IdentityColumn(m_form.editCol);
-    const QString refusal = checkIdentity(fieldRow(*m_form.Grid1, m_form.editRow), column, typed);
+    const QString typed = platform::trimBlanks(Text1->text());
+    const QString refusal = checkIdentity(m_record.row(editRow), IdentityColumn(editCol), typed);
     if (!refusal.isEmpty()) {
         m_host.tell(refusal, u"操作提示"_s);
-        return m_form.Text1->setFocus();
+        return Text1->setFocus();
     }
-    changeCell(typed, typed != m_form.Grid1->text(m_form.editRow, m_form.editCol));
+    changeCell(typed, typed != m_record.cell(editRow, editCol));
     endIdentity();
 }
 
@@ -160,31 +160,31 @@ void CellEditors::cancelIdentity() {
 }
 
 void CellEditors::endIdentity() {
-    m_form.releaseControls();
-    m_form.Text1->clear();
-    m_form.Text1->hide();
-    m_form.Grid1->setFocus();
-    m_form.updateStatus();
+    Q_EMIT closed();
+    Text1->clear();
+    Text1->hide();
+    m_grid.setFocus();
 }
 
 void CellEditors::openAssistant() {
-    const marc::FieldRows rows = fieldRows(*m_form.Grid1);
-    if (m_form.Grid1->text(m_form.editRow, IdentifierColumn) == u"000")
-        return runAssistant(m_form.publicTouBiao, m_windows.leaderAssistant);
+    if (m_record.row(editRow).identifier == u"000")
+        return runAssistant(m_record.publicTouBiao, m_windows.leaderAssistant);
     // Each further field 100 above opens the assistant once more, on a box that is empty by then.
-    for (int left = field100Assistants(rows, m_form.editRow); left > 0; --left)
-        runAssistant(m_form.public100ZD, m_windows.field100Assistant);
+    for (int left = field100Assistants(m_record.rows(), editRow); left > 0; --left)
+        runAssistant(public100ZD, m_windows.field100Assistant);
 }
 
-void CellEditors::runAssistant(QString &exchanged,
-                               const std::function<std::optional<QString>(const QString &, QWidget *)> &assistant) {
-    m_form.richText->hide();
-    exchanged = m_form.richText->text();
-    if (const auto given = assistant(exchanged, &m_form))
+void CellEditors::runAssistant(QString &exchanged, const Assistant &assistant) {
+    richText->hide();
+    exchanged = richText->text();
+    if (const auto given = assistant(exchanged, m_grid.window()))
         exchanged = *given;
-    const bool changed = exchanged != m_form.Grid1->text(m_form.editRow, ValueColumn);
-    changeCell(exchanged, changed);
+    changeCell(exchanged, exchanged != m_record.row(editRow).value);
     endContent();
+}
+
+QString CellEditors::warning() const {
+    return richText->isVisible() ? m_record.warning(editRow, richText->text()) : m_record.warning();
 }
 
 } // namespace workspace

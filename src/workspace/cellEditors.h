@@ -3,25 +3,38 @@
 #pragma once
 
 #include "platform/host.h"
-#include "workspace/fieldEditing.h"
+#include "workspace/cellControls.h"
+#include "workspace/fieldGrid.h"
 #include "workspace/workspaceWindows.h"
 
 namespace workspace {
 
-class frmDaoru;
-
-class CellEditors {
+class CellEditors final : public QObject {
+    Q_OBJECT
 public:
-    CellEditors(frmDaoru &form, platform::Host &host, const WorkspaceWindows &windows);
+    // What is out of reach while an editor is open, beside the commands.
+    enum class Hold { FieldsAndList, Fields };
+
+    CellEditors(FieldGrid &grid, EditedRecord &record, platform::Host &host, const WorkspaceWindows &windows);
+
+    CellText *const richText; // edits column 4
+    CellLine *const Text1;    // edits columns 1, 2 and 3
+
+    int editRow = 0;     // the row that was clicked last, and the one that an open editor writes to; 0: none yet
+    int editCol = 0;     // the column that an open editor writes to
+    QString public100ZD; // the text handed to and returned by the assistant of field 100
 
     // Of the current row. Does nothing where the row has no identifier or several rows are selected.
     void openContent();
     // Of the current row, in the column.
     void openIdentity(IdentityColumn column);
-    // Lays what is open over its place again, after scrolling and resizing.
-    void place();
-    // Scrolls the grid to the cell under what is open, whatever row has become current.
-    void keepInSight();
+    // What is to be said about the record, with the content that is being typed.
+    QString warning() const;
+
+Q_SIGNALS:
+    void opened(Hold hold);
+    void closed();
+    void contentTyped(); // the content being typed is another one, or none any more
 
 private:
     void connectEditors();
@@ -33,12 +46,14 @@ private:
     void cancelIdentity();
     void endIdentity();
     void openAssistant();
-    void runAssistant(QString &exchanged,
-                      const std::function<std::optional<QString>(const QString &, QWidget *)> &assistant);
+    void runAssistant(QString &exchanged, const Assistant &assistant);
+    void place();
+    void keepInSight();
     void showEditedCell();
     void changeCell(const QString &value, bool changed);
 
-    frmDaoru &m_form;
+    FieldGrid &m_grid;
+    EditedRecord &m_record;
     platform::Host &m_host;
     const WorkspaceWindows &m_windows;
     bool m_enlarged = false;

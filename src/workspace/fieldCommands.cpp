@@ -1,8 +1,6 @@
 #include "workspace/fieldCommands.h"
 #include "platform/numbers.h"
 #include "platform/paths.h"
-#include "workspace/fieldGrid.h"
-#include "workspace/frmDaoru.h"
 #include "workspace/menuClass.h"
 
 using namespace Qt::StringLiterals;
@@ -12,7 +10,6 @@ namespace workspace {
 namespace {
 
 const QString boxTitle = u"操作提示"_s;
-const QString mouseDown = u"MouseDown"_s;
 
 // The items of the popup; their numbers count from 1.
 enum Item {
@@ -42,51 +39,53 @@ QStringList popupItems() {
 
 } // namespace
 
-FieldCommands::FieldCommands(frmDaoru &form, platform::Host &host, CellEditors &editors)
-    : m_form(form)
-    , m_host(host)
-    , m_editors(editors) {
-    QObject::connect(form.zdList, &PickListBox::chosen, &form, [this](const QString &line) { addField(line); });
-    QObject::connect(form.Zzdlist, &PickListBox::chosen, &form, [this](const QString &line) { addSubfield(line); });
-    for (PickListBox *list : {form.zdList, form.Zzdlist})
-        QObject::connect(list, &PickListBox::cancelled, &form, [this, list] {
+FieldCommands::FieldCommands(FieldGrid &grid, EditedRecord &record, CellEditors &editors, platform::Host &host)
+    : zdList(new PickListBox(u"zdList"_s, u"可添加的字段"_s, grid.parentWidget()))
+    , Zzdlist(new PickListBox(u"Zzdlist"_s, u"可添加的子字段"_s, grid.parentWidget()))
+    , m_grid(grid)
+    , m_record(record)
+    , m_editors(editors)
+    , m_host(host) {
+    connect(zdList, &PickListBox::chosen, this, &FieldCommands::addField);
+    connect(Zzdlist, &PickListBox::chosen, this, &FieldCommands::addSubfield);
+    for (PickListBox *list : {zdList, Zzdlist}) {
+        connect(list, &PickListBox::cancelled, this, [this, list] {
             list->dismiss();
-            m_form.Grid1->setFocus();
+            m_grid.setFocus();
         });
+        connect(&grid, &FieldGrid::rearranged, this, [this, list] { list->setGeometry(m_grid.rightHalf()); });
+    }
 }
 
 void FieldCommands::gridClicked() {
-    m_form.Grid1->setRowSel(m_form.Grid1->row());
-    if (m_form.clickMark.isEmpty())
-        m_form.editRow = m_form.Grid1->row();
-    else
-        m_form.clickMark.clear();
+    m_grid.setRowSel(m_grid.row());
+    if (!std::exchange(clickMark, false))
+        m_editors.editRow = m_grid.row();
 }
 
 void FieldCommands::rightPressed() {
-    m_form.clickMark = mouseDown;
-    if (m_form.Grid1->row() >= 1 && m_form.editRow != 0)
+    clickMark = true;
+    if (m_grid.row() >= 1 && m_editors.editRow != 0)
         popup(QCursor::pos());
 }
 
 void FieldCommands::menuKeyPressed() {
-    const int row = m_form.Grid1->row();
+    const int row = m_grid.row();
     if (row < 1)
         return;
-    m_form.editRow = row; // the row that the key is for counts as noted, or the keyboard alone would never get here
-    const QRect cell = m_form.Grid1->cellRect(row, m_form.Grid1->column());
-    popup(m_form.Picture1->mapToGlobal(cell.center()));
+    m_editors.editRow = row; // the row that the key is for counts as noted, or the keyboard alone would never get here
+    popup(m_grid.parentWidget()->mapToGlobal(m_grid.cellRect(row, m_grid.column()).center()));
 }
 
 void FieldCommands::popup(const QPoint &at) {
-    if (m_form.Grid1->text(1, IdentifierColumn).isEmpty())
+    if (m_record.row(1).identifier.isEmpty())
         return;
     menuClass menu;
-    run(menu.Popup(popupItems(), at, &m_form));
+    run(menu.Popup(popupItems(), at, m_grid.window()));
 }
 
 void FieldCommands::run(int item) {
-    const marc::FieldRow row = fieldRow(*m_form.Grid1, m_form.Grid1->row());
+    const marc::FieldRow row = m_record.row(m_grid.row());
     const bool identified = !platform::trimBlanks(row.identifier).isEmpty();
     switch (item) {
     case EditContent:
@@ -110,69 +109,63 @@ void FieldCommands::run(int item) {
     }
 }
 
+// The lines in front of a damage are in the list by then, which does not come up.
+void FieldCommands::offer(PickListBox *box, const marc::PickList &list) {
+    box->fill(list.lines);
+    if (!list.complaint.isEmpty())
+        return m_host.tell(list.complaint, boxTitle);
+    box->setGeometry(m_grid.rightHalf());
+    box->offer();
+}
+
 void FieldCommands::showFieldList() {
-    offer(*m_form.zdList, marc::readFieldList(platform::pathWithSlash(m_host.programFolder())));
+    offer(zdList, marc::readFieldList(platform::pathWithSlash(m_host.programFolder())));
 }
 
 void FieldCommands::showSubfieldList() {
-    offer(*m_form.Zzdlist, marc::readSubfieldList(platform::pathWithSlash(m_host.programFolder()),
-                                                  tagOf(fieldRows(*m_form.Grid1), m_form.Grid1->row())));
+    const QString tag = tagOf(m_record.rows(), m_grid.row());
+    offer(Zzdlist, marc::readSubfieldList(platform::pathWithSlash(m_host.programFolder()), tag));
 }
 
-// The lines in front of a damage are in the list by then, which does not come up.
-void FieldCommands::offer(PickListBox &box, const marc::PickList &list) {
-    box.fill(list.lines);
-    if (!list.complaint.isEmpty())
-        return m_host.tell(list.complaint, boxTitle);
-    box.setGeometry(m_form.rightHalf());
-    box.offer();
-}
-
-void FieldCommands::insert(const NewRow &row) {
-    m_form.Grid1->insertRow(row.place);
-    setFieldRow(*m_form.Grid1, row.place, row.content);
-    m_form.Grid1->scrollToRow(row.place); // the current row stays, yet what was added is to be seen
+void FieldCommands::insert(const NewRow &row, PickListBox *chosenFrom) {
+    m_record.insert(row);
+    m_grid.scrollToRow(row.place); // the current row stays, yet what was added is to be seen
+    chosenFrom->dismiss();
+    m_grid.setFocus();
 }
 
 void FieldCommands::addField(const QString &line) {
-    insert(newField(fieldRows(*m_form.Grid1), m_form.Grid1->row(), line));
-    m_form.zdList->dismiss();
-    m_form.Grid1->setFocus();
+    insert(newField(m_record.rows(), m_grid.row(), line), zdList);
 }
 
 void FieldCommands::addSubfield(const QString &line) {
-    insert(newSubfield(fieldRows(*m_form.Grid1), m_form.Grid1->row(), line));
-    m_form.Zzdlist->dismiss();
-    m_form.Grid1->setFocus();
+    insert(newSubfield(m_record.rows(), m_grid.row(), line), Zzdlist);
 }
 
 void FieldCommands::deleteField() {
-    const marc::FieldRows rows = fieldRows(*m_form.Grid1);
-    const int current = m_form.Grid1->row();
+    const int current = m_grid.row();
     if (current == 1)
         return m_host.tell(u"不能删除！"_s, boxTitle);
-    const auto field = fieldOf(rows, current);
+    const auto field = fieldOf(m_record.rows(), current);
     if (!field)
         return m_host.tell(u"操作失败本行不属于任何字段"_s, boxTitle);
-    const marc::FieldRow &head = rows[*field - 1];
+    const marc::FieldRow head = m_record.row(*field);
     if (!m_host.ask(u"确实要删除选择的字段【"_s + head.identifier + head.fieldLabel + u" 】吗？", boxTitle,
                     platform::Answer::No))
         return;
-    for (int left = rowsOfField(rows, *field); left > 0; --left)
-        m_form.Grid1->removeRow(*field);
-    m_form.updateStatus();
+    for (int left = rowsOfField(m_record.rows(), *field); left > 0; --left)
+        m_record.remove(*field);
 }
 
 void FieldCommands::deleteSubfield() {
-    const int current = m_form.Grid1->row();
-    const marc::FieldRow row = fieldRow(*m_form.Grid1, current);
+    const int current = m_grid.row();
+    const marc::FieldRow row = m_record.row(current);
     if (beginsField(row))
         return m_host.tell(u"请选择字段的子字段，然后执行本操作"_s, boxTitle);
     if (!m_host.ask(u"确实要删除选择的子字段【"_s + row.identifier + row.subfieldLabel + u" 】吗？", boxTitle,
                     platform::Answer::No))
         return;
-    m_form.Grid1->removeRow(current);
-    m_form.updateStatus();
+    m_record.remove(current);
 }
 
 } // namespace workspace

@@ -2,17 +2,18 @@
 #pragma once
 
 #include "marc/configurationFiles.h"
-#include "platform/host.h"
 #include "workspace/cellEditors.h"
 
 namespace workspace {
 
-class frmDaoru;
-class PickListBox;
-
-class FieldCommands {
+class FieldCommands final : public QObject {
 public:
-    FieldCommands(frmDaoru &form, platform::Host &host, CellEditors &editors);
+    FieldCommands(FieldGrid &grid, EditedRecord &record, CellEditors &editors, platform::Host &host);
+
+    PickListBox *const zdList;  // fields
+    PickListBox *const Zzdlist; // subfields
+
+    bool clickMark = false; // between a press of the right button and the click that follows it
 
     void rightPressed();   // the popup at the mouse
     void menuKeyPressed(); // the popup at the current row
@@ -27,13 +28,14 @@ public:
 
 private:
     void popup(const QPoint &at);
-    void offer(PickListBox &box, const marc::PickList &list);
     void run(int item);
-    void insert(const NewRow &row);
+    void offer(PickListBox *box, const marc::PickList &list);
+    void insert(const NewRow &row, PickListBox *chosenFrom);
 
-    frmDaoru &m_form;
-    platform::Host &m_host;
+    FieldGrid &m_grid;
+    EditedRecord &m_record;
     CellEditors &m_editors;
+    platform::Host &m_host;
 };
 
 } // namespace workspace

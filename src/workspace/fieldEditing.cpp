@@ -40,16 +40,18 @@ QString named(const QString &character) {
            u')';
 }
 
-// Whether a separator in the content would tear the field when it is saved. A delimiter in the short head of an
-// embedded field is the record's own: it is shown as it was read, and goes back as it is.
-bool tears(const QString &tag, const marc::FieldRow &row) {
-    const bool embedded = tag.startsWith(u'4') && row.identifier == u"$1";
-    const auto isSeparator = [](QChar c) {
-        return c >= QChar(marc::recordTerminator) && c <= QChar(marc::subfieldDelimiter);
-    };
-    const QString head = row.value.left(embedded ? embeddedHead : 0).remove(QChar(marc::subfieldDelimiter));
-    const QString rest = row.value.mid(embedded ? embeddedHead : 0);
-    return std::ranges::any_of(head, isSeparator) || std::ranges::any_of(rest, isSeparator);
+bool holdsSeparator(const QString &text) {
+    return std::ranges::any_of(
+        text, [](QChar c) { return c >= QChar(marc::recordTerminator) && c <= QChar(marc::subfieldDelimiter); });
+}
+
+// Whether the element of the list is an embedded field.
+bool isEmbedded(const marc::FieldRows &rows, qsizetype at) {
+    if (rows[at].identifier != u"$1")
+        return false;
+    while (at > 0 && !marc::isFieldRow(rows[at]))
+        --at;
+    return rows[at].identifier.startsWith(u'4');
 }
 
 QString checkIdentifier(const marc::FieldRow &row, const QString &typed) {
@@ -162,33 +164,35 @@ int field100Assistants(const marc::FieldRows &rows, int row) {
                              [](const marc::FieldRow &above) { return above.identifier == u"100"; }));
 }
 
-QStringList charactersWithoutCode(QStringView text) {
-    QStringList found;
-    if (platform::isEncodable(text))
+Losses lossesOf(const QString &content) {
+    Losses found;
+    const QString head = content.left(embeddedHead).remove(QChar(marc::subfieldDelimiter));
+    found.separators = holdsSeparator(content);
+    found.foreignSeparators = holdsSeparator(head) || holdsSeparator(content.mid(embeddedHead));
+    if (platform::isEncodable(content))
         return found;
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const bool pair = text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
-        const QStringView character = text.sliced(i, pair ? 2 : 1);
-        if (!platform::isEncodable(character) && !found.contains(character.toString()))
-            found.append(character.toString());
+    for (qsizetype i = 0; i < content.size(); ++i) {
+        const bool pair = content[i].isHighSurrogate() && i + 1 < content.size() && content[i + 1].isLowSurrogate();
+        const QString character = content.sliced(i, pair ? 2 : 1);
+        if (!platform::isEncodable(character) && !found.characters.contains(character))
+            found.characters.append(character);
         i += pair ? 1 : 0;
     }
     return found;
 }
 
-QString contentWarning(const marc::FieldRows &rows) {
+QString warningOf(const marc::FieldRows &rows, const QList<Losses> &losses) {
     constexpr int shownCharacters = 8;
     QStringList lost;
     bool separators = false;
-    QString tag;
-    for (const marc::FieldRow &row : rows) {
-        if (marc::isFieldRow(row))
-            tag = row.identifier;
-        for (const QString &character : charactersWithoutCode(row.value)) {
+    for (qsizetype i = 0; i < losses.size(); ++i) {
+        for (const QString &character : losses[i].characters) {
             if (!lost.contains(character))
                 lost.append(character);
         }
-        separators = separators || tears(tag, row);
+        // A delimiter in the short head of an embedded field is the record's own: it is shown as it was read, and goes
+        // back as it is.
+        separators = separators || losses[i].foreignSeparators || (losses[i].separators && !isEmbedded(rows, i));
     }
     QStringList warnings;
     if (!lost.isEmpty()) {
@@ -202,10 +206,6 @@ QString contentWarning(const marc::FieldRows &rows) {
     if (separators)
         warnings.append(u"注意：字段内容含有分隔符(1D-1F)，保存后字段会被拆开。"_s);
     return warnings.join(u' ');
-}
-
-QString cutOffWarning(const marc::ShownRecord &shown) {
-    return shown.cutOff ? u"本条记录目次区重叠，只显示前 %1 行"_s.arg(shown.rows.size()) : QString();
 }
 
 } // namespace workspace

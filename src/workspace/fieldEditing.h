@@ -41,12 +41,14 @@ int rowsOfField(const marc::FieldRows &rows, int field);
 // subfield belongs to.
 int field100Assistants(const marc::FieldRows &rows, int row);
 
-// The characters of the text that code page 936 lacks, each once; they are lost when the record is stored.
-QStringList charactersWithoutCode(QStringView text);
-// What is to be said about the rows below the grid: which of them hold such characters, or characters that part fields
-// from each other. Empty when all is well.
-QString contentWarning(const marc::FieldRows &rows);
-// The same about a record that has more rows than are shown.
-QString cutOffWarning(const marc::ShownRecord &shown);
+// What the content of a row loses when the record is stored.
+struct Losses {
+    QStringList characters;         // that code page 936 lacks, each once
+    bool separators = false;        // it holds characters that part fields from each other
+    bool foreignSeparators = false; // others than delimiters in what would be the short head of an embedded field
+};
+Losses lossesOf(const QString &content);
+// What is to be said below the grid about the losses of its rows, one each. Empty when all is well.
+QString warningOf(const marc::FieldRows &rows, const QList<Losses> &losses);
 
 } // namespace workspace

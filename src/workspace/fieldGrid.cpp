@@ -1,4 +1,5 @@
 #include "workspace/fieldGrid.h"
+#include <QScrollBar>
 #include <array>
 #include <numeric>
 
@@ -9,61 +10,51 @@ namespace workspace {
 namespace {
 
 constexpr quint32 descriptionColour = 12632256; // grey
-constexpr auto fieldColumnTwips = std::to_array<int>({0, 2000, 450, 2000, 4600});
-constexpr auto listColumnTwips = std::to_array<int>({0, 2190, 0});
+constexpr auto widths = std::to_array<int>({0, 2000, 450, 2000, 4600});
+constexpr int fixedRows = 1;
 
-static_assert(std::reduce(fieldColumnTwips.begin(), fieldColumnTwips.end()) == fieldGridTwips);
-static_assert(std::reduce(listColumnTwips.begin(), listColumnTwips.end()) == recordListTwips);
-
-template <size_t Columns>
-void formatColumns(platform::FlexGrid &grid, const std::array<int, Columns> &twips) {
-    for (int column = 0; column < int(Columns); ++column) {
-        grid.setColumnTwips(column, twips[size_t(column)]);
-        grid.setColumnAlignment(column, Qt::AlignLeft | Qt::AlignVCenter);
-    }
-}
+static_assert(std::reduce(widths.begin(), widths.end()) == FieldGrid::allTwips);
 
 } // namespace
 
-marc::FieldRow fieldRow(const platform::FlexGrid &grid, int row) {
-    return {grid.text(row, NumberColumn), grid.text(row, FieldLabelColumn), grid.text(row, IdentifierColumn),
-            grid.text(row, SubfieldLabelColumn), grid.text(row, ValueColumn)};
-}
-
-void setFieldRow(platform::FlexGrid &grid, int row, const marc::FieldRow &content) {
-    grid.setText(row, NumberColumn, content.number);
-    grid.setText(row, FieldLabelColumn, content.fieldLabel);
-    grid.setText(row, IdentifierColumn, content.identifier);
-    grid.setText(row, SubfieldLabelColumn, content.subfieldLabel);
-    grid.setText(row, ValueColumn, content.value);
-}
-
-marc::FieldRows fieldRows(const platform::FlexGrid &grid) {
-    marc::FieldRows rows;
-    rows.reserve(grid.rows());
-    for (int row = 1; row < grid.rows(); ++row)
-        rows.append(fieldRow(grid, row));
-    return rows;
-}
-
-void showFieldRows(platform::FlexGrid &grid, const marc::FieldRows &rows) {
-    grid.setRows(1 + int(rows.size()));
-    for (int i = 0; i < rows.size(); ++i)
-        setFieldRow(grid, i + 1, rows[i]);
-}
-
-void formatFieldGrid(platform::FlexGrid &grid) {
-    grid.setFormat(u"行数|^字段说明|标识符|^子字段说明|^字段内容"_s);
-    formatColumns(grid, fieldColumnTwips);
-    for (int row = 1; row < grid.rows(); ++row) {
-        for (const int column : {FieldLabelColumn, IdentifierColumn, SubfieldLabelColumn})
-            grid.setCellBackground(row, column, descriptionColour);
+FieldGrid::FieldGrid(const QString &objectName, QWidget *parent)
+    : FlexGrid(objectName, int(widths.size()), fixedRows, parent) {
+    setFormat(u"行数|^字段说明|标识符|^子字段说明|^字段内容"_s);
+    for (int column = 0; column < columns(); ++column) {
+        setColumnTwips(column, widths[size_t(column)]);
+        setColumnAlignment(column, Qt::AlignLeft | Qt::AlignVCenter);
     }
-    grid.setRow(1);
+    for (const QScrollBar *bar : {horizontalScrollBar(), verticalScrollBar()})
+        connect(bar, &QScrollBar::valueChanged, this, &FieldGrid::scrolled);
 }
 
-void formatRecordList(platform::FlexGrid &grid) {
-    formatColumns(grid, listColumnTwips);
+void FieldGrid::follow(std::shared_ptr<const EditedRecord> record) {
+    m_record = std::move(record);
+    connect(m_record.get(), &EditedRecord::shown, this, &FieldGrid::showAnew);
+    connect(m_record.get(), &EditedRecord::rowInserted, this, &FieldGrid::sourceInsertedRow);
+    connect(m_record.get(), &EditedRecord::rowRemoved, this, &FieldGrid::sourceRemovedRow);
+    connect(m_record.get(), &EditedRecord::cellChanged, this, &FieldGrid::sourceChanged);
+    showAnew();
+}
+
+void FieldGrid::showAnew() {
+    bind(m_record); // makes row 1 current
+    for (int row = fixedRows; row < rows(); ++row) {
+        for (const int column : {FieldLabelColumn, IdentifierColumn, SubfieldLabelColumn})
+            setCellBackground(row, column, descriptionColour);
+    }
+    Q_EMIT rearranged();
+}
+
+QRect FieldGrid::rightHalf() const {
+    QRect half = geometry();
+    half.setLeft(half.left() + half.width() / 2);
+    return half;
+}
+
+void FieldGrid::resizeEvent(QResizeEvent *event) {
+    FlexGrid::resizeEvent(event);
+    QMetaObject::invokeMethod(this, &FieldGrid::rearranged, Qt::QueuedConnection);
 }
 
 } // namespace workspace

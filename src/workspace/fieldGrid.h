@@ -1,29 +1,34 @@
-// What the two grids of the workspace look like, and the way between the field grid and the rows of a record.
+// The field grid: the record as it stands, with grey descriptions; the rows that the user adds stay white.
 #pragma once
 
-#include "marc/fieldRows.h"
 #include "platform/widgets/flexGrid.h"
+#include "workspace/editedRecord.h"
 
 namespace workspace {
 
-inline constexpr quint32 currentRecordColour = 255;      // red
-inline constexpr quint32 visitedRecordColour = 12648447; // light yellow
-inline constexpr int fieldGridTwips = 9050;              // all columns of the field grid
-inline constexpr int recordListTwips = 2190;             // and of the record list
-inline constexpr int titleColumn = 1;                    // of the record list
+class FieldGrid final : public platform::FlexGrid {
+    Q_OBJECT
+public:
+    static constexpr int allTwips = 9050; // the width of all columns
 
-// Grid columns of the fields.
-enum FieldColumn { NumberColumn, FieldLabelColumn, IdentifierColumn, SubfieldLabelColumn, ValueColumn };
+    FieldGrid(const QString &objectName, QWidget *parent);
 
-// The rows of the grid below its heading.
-marc::FieldRows fieldRows(const platform::FlexGrid &grid);
-marc::FieldRow fieldRow(const platform::FlexGrid &grid, int row);
-void setFieldRow(platform::FlexGrid &grid, int row, const marc::FieldRow &content);
-// Makes the grid's rows these rows.
-void showFieldRows(platform::FlexGrid &grid, const marc::FieldRows &rows);
+    // From now on the grid shows the record and follows it.
+    void follow(std::shared_ptr<const EditedRecord> record);
+    // The half of the grid for what is laid over it, in the coordinates of its parent, as cellRect().
+    QRect rightHalf() const;
 
-// Heading, widths, alignment, grey descriptions; row 1 is current afterwards. A row that comes later is not grey.
-void formatFieldGrid(platform::FlexGrid &grid);
-void formatRecordList(platform::FlexGrid &grid);
+Q_SIGNALS:
+    void scrolled();
+    void rearranged(); // other rows, or another size; told once the grid has laid itself out anew
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    void showAnew();
+
+    std::shared_ptr<const EditedRecord> m_record;
+};
 
 } // namespace workspace

@@ -1,11 +1,6 @@
 #include "workspace/frmDaoru.h"
-#include "marc/configurationFiles.h"
-#include "marc/recordWriter.h"
-#include "platform/paths.h"
 #include "platform/widgets/layout.h"
-#include "workspace/fieldGrid.h"
 #include "workspace/workspaceControls.h"
-#include <QEvent>
 #include <QScreen>
 #include <QScrollBar>
 
@@ -20,42 +15,43 @@ namespace {
 
 const QString boxTitle = u"操作提示"_s;
 constexpr int firstBatch = 200; // records read before the window is shown
-constexpr int fieldColumns = 5;
-constexpr int listColumns = 3;
 
 } // namespace
 
 frmDaoru::frmDaoru(platform::Host &host, WorkspaceWindows windows, QWidget *parent)
     : Window(u"frmDaoru"_s, u"套录库数据导入"_s, parent)
     , picTiMing(frameOf(u"picTiMing"_s, this))
-    , Grid2(new platform::FlexGrid(u"Grid2"_s, listColumns, 0, picTiMing))
+    , Grid2(new RecordList(u"Grid2"_s, picTiMing))
     , Picture1(frameOf(u"Picture1"_s, this))
-    , Grid1(new platform::FlexGrid(u"Grid1"_s, fieldColumns, 1, Picture1))
+    , Grid1(new FieldGrid(u"Grid1"_s, Picture1))
     , Label1{label(u"Label10"_s, u"当前记录"_s, this), label(u"Label11"_s, u"已经读出"_s, this),
              label(u"Label12"_s, u"估计记录"_s, this)}
     , Text2(numberBox(u"Text2"_s, u"当前记录"_s, this))
     , Text3(numberBox(u"Text3"_s, u"已经读出"_s, this))
     , Text4(numberBox(u"Text4"_s, u"估计记录"_s, this))
-    , labJinDu(label(u"labJinDu"_s, RecordReading::ended.toString(), this))
+    , labJinDu(label(u"labJinDu"_s, rulesOf(ReadState::Idle).text.toString(), this))
     , cmdJieShu(new Button(u"cmdJieShu"_s, u"结束预读"_s, this))
     , cmdTiMing{new Button(u"cmdTiMing0"_s, u"&P 上一条"_s, this), new Button(u"cmdTiMing1"_s, u"&N 下一条"_s, this)}
     , cmdclick(commandButtons(this))
-    , richText(new CellText(u"richText"_s, Picture1))
-    , Text1(new CellLine(u"Text1"_s, Picture1))
-    , zdList(new PickListBox(u"zdList"_s, u"可添加的字段"_s, Picture1))
-    , Zzdlist(new PickListBox(u"Zzdlist"_s, u"可添加的子字段"_s, Picture1))
     , labZhuangTai(new platform::PacedLabel(u"labZhuangTai"_s, {}, this))
     , m_host(host)
     , m_windows(std::move(windows))
-    , m_moving(*this, host)
-    , m_reading(*this, host, m_moving)
-    , m_commands(*this, host, m_windows)
-    , m_editors(*this, host, m_windows)
-    , m_fields(*this, host, m_editors) {
+    , m_editors(*Grid1, *m_record, host, m_windows)
+    , m_fields(*Grid1, *m_record, m_editors, host)
+    , m_moving(*Grid2, *m_record, host, damagedDirectory())
+    , m_reading(*Grid2, host, damagedDirectory())
+    , m_commands(*Grid2, *m_record, host, m_windows) {
+    richText = m_editors.richText;
+    Text1 = m_editors.Text1;
+    zdList = m_fields.zdList;
+    Zzdlist = m_fields.Zzdlist;
     Grid1->setAccessibleName(u"字段"_s);
     Grid2->setAccessibleName(u"题名列表"_s);
+    Grid1->follow(m_record);
     lay();
-    connectControls();
+    connectGrids();
+    connectHelpers();
+    connectButtons();
 }
 
 void frmDaoru::lay() {
@@ -72,52 +68,55 @@ void frmDaoru::lay() {
     }));
     const QFontMetrics metrics = fontMetrics();
     labZhuangTai->setMinimumHeight(metrics.height()); // its place is kept while there is nothing to say
-    richText->setFont(Grid1->font());
-    Text1->setFont(Grid1->font());
     // As wide as the columns of both grids, with their scroll bars; the list keeps its width.
     const int beside = Grid1->verticalScrollBar()->sizeHint().width() + 2 * Grid1->frameWidth();
-    picTiMing->setFixedWidth(Grid2->toPixels(recordListTwips) + beside);
+    picTiMing->setFixedWidth(Grid2->toPixels(RecordList::allTwips) + beside);
     const QMargins margins = layout()->contentsMargins();
-    const QSize wanted(picTiMing->width() + Grid1->toPixels(fieldGridTwips) + beside + layout()->spacing() +
+    const QSize wanted(picTiMing->width() + Grid1->toPixels(FieldGrid::allTwips) + beside + layout()->spacing() +
                            margins.left() + margins.right() + metrics.averageCharWidth(),
                        metrics.height() * 36);
     resize(wanted.boundedTo(screen()->availableSize()));
     Grid2->setFocus();
 }
 
-void frmDaoru::connectControls() {
-    connect(Grid2, &platform::FlexGrid::gridClicked, this, [this] { m_moving.clickStep(); });
-    connect(Grid2, &platform::FlexGrid::keyReleased, this, [this](int key) { m_moving.keyStep(key); });
-    connect(Grid2, &platform::FlexGrid::leaveCell, this, [this] { m_moving.leaveStep(); });
-    connect(Grid2, &platform::FlexGrid::enterCell, this, [this] { m_moving.enterStep(); });
-    connect(Grid1, &platform::FlexGrid::gridClicked, this, [this] { m_fields.gridClicked(); });
-    connect(Grid1, &platform::FlexGrid::gridActivated, this, [this] { m_editors.openContent(); });
-    connect(Grid1, &platform::FlexGrid::rightPressed, this, [this] { m_fields.rightPressed(); });
-    connect(Grid1, &platform::FlexGrid::menuKeyPressed, this, [this] { m_fields.menuKeyPressed(); });
-    for (const QScrollBar *bar : {Grid1->horizontalScrollBar(), Grid1->verticalScrollBar()})
-        connect(bar, &QScrollBar::valueChanged, this, [this] { m_editors.place(); });
-    connect(richText, &QPlainTextEdit::textChanged, this, [this] { updateStatus(); });
-    Grid1->viewport()->installEventFilter(this);
+void frmDaoru::connectGrids() {
+    connect(Grid2, &RecordList::currentMarked, Text2, &platform::PacedLabel::setText);
+    connect(Grid2, &RecordList::leaveCell, this, [this] { m_moving.leaveStep(); });
+    connect(Grid2, &RecordList::enterCell, this, [this] { m_moving.enterStep(); });
+    connect(Grid1, &FieldGrid::gridClicked, &m_fields, &FieldCommands::gridClicked);
+    connect(Grid1, &FieldGrid::rightPressed, &m_fields, &FieldCommands::rightPressed);
+    connect(Grid1, &FieldGrid::menuKeyPressed, &m_fields, &FieldCommands::menuKeyPressed);
+    connect(Grid1, &FieldGrid::gridActivated, &m_editors, &CellEditors::openContent);
+}
+
+void frmDaoru::connectHelpers() {
+    connect(m_record.get(), &EditedRecord::changed, this, &frmDaoru::updateStatus);
+    connect(&m_editors, &CellEditors::contentTyped, this, &frmDaoru::updateStatus);
+    connect(&m_editors, &CellEditors::opened, this, &frmDaoru::holdControls);
+    connect(&m_editors, &CellEditors::closed, this, &frmDaoru::releaseControls);
+    connect(&m_reading, &RecordReading::listed, this, &frmDaoru::listed);
+    connect(&m_reading, &RecordReading::counted, this,
+            [this](qint64 count) { Text4->setText(QString::number(count)); });
+    connect(&m_reading, &RecordReading::stateChanged, this, &frmDaoru::enterState);
+    connect(this, &Window::unloaded, &m_reading, &RecordReading::abandon);
+}
+
+void frmDaoru::connectButtons() {
     connect(cmdTiMing[0], &Button::clicked, this, [this] { m_moving.step(-1); });
     connect(cmdTiMing[1], &Button::clicked, this, [this] { m_moving.step(1); });
     connect(cmdJieShu, &Button::clicked, this, [this] { m_reading.stop(); });
     connect(cmdclick[0], &Button::clicked, this, [this] { m_commands.showCard(u"标准"_s); });
     connect(cmdclick[1], &Button::clicked, this, [this] { m_commands.showCard(u"卡片"_s); });
     connect(cmdclick[2], &Button::clicked, this, [this] { m_commands.proof(); });
-    connect(cmdclick[3], &Button::clicked, this, [this] { m_reading.all(); });
+    connect(cmdclick[3], &Button::clicked, this, [this] { m_reading.all(publicMarcFile); });
     connect(cmdclick[4], &Button::clicked, this, [this] { m_host.tell(u"暂无此功能"_s, boxTitle); });
-    connect(cmdclick[5], &Button::clicked, this, [this] { m_commands.importRecords(); });
+    connect(cmdclick[5], &Button::clicked, this,
+            [this] { m_commands.importRecords(m_reading.state(), Text3->pacedText()); });
     connect(cmdclick[6], &Button::clicked, this, [this] { unload(); });
-    connect(this, &Window::unloaded, this, [this] { m_reading.abandon(); });
 }
 
 void frmDaoru::load() {
-    cmdJieShu->setEnabled(false);
-    stopFlag.clear();
-    recordChanged.clear();
-    editRow = 0;
-    editCol = 0;
-    clickMark.clear();
+    enterState(m_reading.state());
     resetFieldGrid();
     loadData();
 }
@@ -143,54 +142,42 @@ marc::DamagedDirectory frmDaoru::damagedDirectory() {
 }
 
 void frmDaoru::showRecord(const marc::RawRecord &record) {
-    resetFieldGrid();
-    marc::ShownRecord shown = marc::showRecord(record);
-    publicTouBiao = shown.leader;
-    if (shown.damaged) {
-        damagedDirectory()(record);
-    } else {
-        const QString complaint = marc::fillDescriptions(shown.rows, platform::pathWithSlash(m_host.programFolder()));
-        showFieldRows(*Grid1, shown.rows);
-        m_cutOff = cutOffWarning(shown);
-        if (!complaint.isEmpty())
-            m_host.tell(complaint, boxTitle);
-    }
-    formatFieldGrid(*Grid1);
-    m_editors.keepInSight(); // the list stays in reach of an open Text1
-    updateStatus();
+    m_moving.showRecord(record);
 }
 
 void frmDaoru::resetFieldGrid() {
-    Grid1->clear();
-    Grid1->setRows(2);
-    m_cutOff.clear();
-    formatFieldGrid(*Grid1);
+    m_record->reset();
 }
 
 void frmDaoru::resetRecordList() {
-    m_records->reset();
-    Grid2->clear();
-    Grid2->bind(m_records);
-    formatRecordList(*Grid2);
+    Grid2->reset();
 }
 
 marc::RawRecord frmDaoru::madeMyMarc() const {
-    return marc::madeMyMarc(fieldRows(*Grid1), publicTouBiao, m_host.now());
+    return m_record->rebuilt(m_host.now());
 }
 
-void frmDaoru::setTitle(int row, const QString &title) {
-    m_records->setTitle(row, title);
-    Grid2->viewport()->update();
+void frmDaoru::listed(int count) {
+    Text3->setPacedText(QString::number(count));
+    if (count == 1)
+        showRecord(records().record(0));
 }
 
-void frmDaoru::allowReadAll(bool allowed) {
-    m_mayReadAll = allowed;
-    cmdclick[3]->setEnabled(allowed && Grid1->isEnabled());
+void frmDaoru::enterState(ReadState state) {
+    labJinDu->setText(rulesOf(state).text.toString());
+    labJinDu->repaint();
+    allowReadAll();
+    cmdJieShu->setEnabled(rulesOf(state).mayStop);
 }
 
-void frmDaoru::holdControls(bool listToo) {
+// An open editor holds the button back beside the state of the read.
+void frmDaoru::allowReadAll() {
+    cmdclick[3]->setEnabled(rulesOf(m_reading.state()).mayReadAll && Grid1->isEnabled());
+}
+
+void frmDaoru::holdControls(CellEditors::Hold hold) {
     Grid1->setEnabled(false);
-    Grid2->setEnabled(!listToo);
+    Grid2->setEnabled(hold == CellEditors::Hold::Fields);
     for (Button *button : cmdclick)
         button->setEnabled(false);
     for (Button *button : cmdTiMing)
@@ -204,39 +191,15 @@ void frmDaoru::releaseControls() {
         button->setEnabled(true);
     for (Button *button : cmdTiMing)
         button->setEnabled(true);
-    allowReadAll(m_mayReadAll); // an edit does not give back what the state of the read has taken
-}
-
-QRect frmDaoru::rightHalf() const {
-    QRect half = Grid1->geometry();
-    half.setLeft(half.left() + half.width() / 2);
-    return half;
+    allowReadAll(); // an edit does not give back what the state of the read has taken
 }
 
 void frmDaoru::updateStatus() {
-    marc::FieldRows rows = fieldRows(*Grid1);
-    if (richText->isVisible() && editRow >= 1 && editRow <= rows.size())
-        rows[editRow - 1].value = richText->text();
-    QStringList warnings{m_cutOff, contentWarning(rows)};
-    warnings.removeAll(QString());
-    labZhuangTai->setText(warnings.join(u' '));
-}
-
-// What lies over the grid follows it, once the grid has laid itself out anew.
-bool frmDaoru::eventFilter(QObject *watched, QEvent *event) {
-    if (watched == Grid1->viewport() && event->type() == QEvent::Resize)
-        QMetaObject::invokeMethod(this, &frmDaoru::placeOverlays, Qt::QueuedConnection);
-    return Window::eventFilter(watched, event);
-}
-
-void frmDaoru::placeOverlays() {
-    m_editors.keepInSight();
-    zdList->setGeometry(rightHalf());
-    Zzdlist->setGeometry(rightHalf());
+    labZhuangTai->setText(m_editors.warning());
 }
 
 bool frmDaoru::queryUnload() {
-    if (!labJinDu->isHidden() && labJinDu->text() != RecordReading::ended) {
+    if (rulesOf(m_reading.state()).running) {
         m_host.tell(u"预读还没有结束，请先结束预读！"_s, boxTitle);
         return false;
     }

@@ -1,6 +1,28 @@
 #include "workspace/preReadEngine.h"
+#include <algorithm>
+#include <array>
 
 namespace workspace {
+
+namespace {
+
+using enum ReadState;
+constexpr auto states = std::to_array<ReadStateRow>({
+    {Idle, u"预读结束", false, true, false},
+    {Loading, u"正在预读.......", true, true, false},
+    {Asked, u"正在预读......", true, false, true},
+    {Reading, u"正在继续预读.......", true, false, true},
+    {Stopping, u"预读结束", false, true, false},
+    {Finished, u"预读结束", false, false, false},
+});
+static_assert(std::ranges::adjacent_find(states, std::ranges::greater_equal{}, &ReadStateRow::state) == states.end());
+static_assert(states.size() == size_t(Finished) + 1);
+
+} // namespace
+
+const ReadStateRow &rulesOf(ReadState state) {
+    return states[size_t(state)];
+}
 
 ReadEnd readRecords(platform::LineReader &reader, ReadRange range, marc::PreReadStore &store,
                     const ReadWatcher &watcher) {

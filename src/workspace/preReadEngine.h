@@ -10,6 +10,24 @@
 
 namespace workspace {
 
+enum class ReadState {
+    Idle,     // more may be read
+    Loading,  // the first batch
+    Asked,    // the remainder is asked for, its file not open yet; stays so where that fails
+    Reading,  // the remainder
+    Stopping, // it ends behind the record in hand
+    Finished, // nothing is left to read
+};
+
+struct ReadStateRow {
+    ReadState state;
+    QStringView text; // what the window says
+    bool running;     // neither an import nor the window's end may come between
+    bool mayReadAll;
+    bool mayStop;
+};
+const ReadStateRow &rulesOf(ReadState state);
+
 // The records of a file that a read lists: those behind the first `passOver`, up to record number `limit`.
 struct ReadRange {
     qint64 passOver = 0;

@@ -1,8 +1,6 @@
 #include "workspace/recordCommands.h"
 #include "platform/paths.h"
 #include "proof/proofChain.h"
-#include "workspace/fieldGrid.h"
-#include "workspace/frmDaoru.h"
 
 using namespace Qt::StringLiterals;
 
@@ -14,40 +12,40 @@ const QString boxTitle = u"操作提示"_s;
 
 } // namespace
 
-RecordCommands::RecordCommands(frmDaoru &form, platform::Host &host, const WorkspaceWindows &windows)
-    : m_form(form)
+RecordCommands::RecordCommands(RecordList &list, EditedRecord &record, platform::Host &host,
+                               const WorkspaceWindows &windows)
+    : m_list(list)
+    , m_record(record)
     , m_host(host)
     , m_windows(windows) {}
 
 void RecordCommands::showCard(const QString &mode) {
-    m_windows.showCard(m_form.madeMyMarc(), mode, &m_form);
+    m_windows.showCard(m_record.rebuilt(m_host.now()), mode, m_list.window());
 }
 
 void RecordCommands::proof() {
-    const auto proofed = proof::proofRecord(fieldRows(*m_form.Grid1), platform::pathWithSlash(m_host.programFolder()));
+    const auto proofed = proof::proofRecord(m_record.rows(), platform::pathWithSlash(m_host.programFolder()));
     if (!proofed)
         return m_host.tell(proofed.failure().description, boxTitle);
     if (const QString &complaint = proofed.value().complaint; !complaint.isEmpty())
         m_host.tell(complaint, boxTitle);
     if (const QString &report = proofed.value().report; !report.isEmpty())
-        m_windows.showReport(report, &m_form);
+        m_windows.showReport(report, m_list.window());
     else
         m_host.tell(proof::proofPassed.toString(), boxTitle);
 }
 
-void RecordCommands::importRecords() {
-    const QString state = m_form.labJinDu->text();
-    if (!m_form.labJinDu->isHidden() && state != u"导入结束" && state != u"预读结束")
+void RecordCommands::importRecords(ReadState state, const QString &count) {
+    if (rulesOf(state).running)
         return m_host.tell(u"正在预读或者正在导入！请先结束预读或者结束导入！"_s, boxTitle);
-    if (m_form.recordChanged == u"yes" &&
-        m_host.insist(u"本条记录已经改变,是否确定改变该记录?\r\n"
-                      u"(注:你可以修改预读出的记录,然后可以点击保存按扭,保存到新文件中)"_s,
-                      {})) {
+    if (m_record.recordChanged && m_host.insist(u"本条记录已经改变,是否确定改变该记录?\r\n"
+                                                u"(注:你可以修改预读出的记录,然后可以点击保存按扭,保存到新文件中)"_s,
+                                                {})) {
         // The title in the list and the mark of a change stay as they are.
-        if (const marc::RawRecord record = m_form.madeMyMarc(); !record.isEmpty())
-            m_form.records().setRecord(m_form.Grid2->row(), record);
+        if (const marc::RawRecord record = m_record.rebuilt(m_host.now()); !record.isEmpty())
+            m_list.records().setRecord(m_list.row(), record);
     }
-    m_windows.runImport(m_form.sharedRecords(), m_form.Text3->pacedText(), &m_form);
+    m_windows.runImport(m_list.sharedRecords(), count, m_list.window());
 }
 
 } // namespace workspace

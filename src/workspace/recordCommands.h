@@ -2,22 +2,25 @@
 #pragma once
 
 #include "platform/host.h"
+#include "workspace/editedRecord.h"
+#include "workspace/preReadEngine.h"
+#include "workspace/recordList.h"
 #include "workspace/workspaceWindows.h"
 
 namespace workspace {
 
-class frmDaoru;
-
 class RecordCommands {
 public:
-    RecordCommands(frmDaoru &form, platform::Host &host, const WorkspaceWindows &windows);
+    RecordCommands(RecordList &list, EditedRecord &record, platform::Host &host, const WorkspaceWindows &windows);
 
     void showCard(const QString &mode);
     void proof();
-    void importRecords();
+    // Refused while a read runs. `count` is the number of records as text.
+    void importRecords(ReadState state, const QString &count);
 
 private:
-    frmDaoru &m_form;
+    RecordList &m_list;
+    EditedRecord &m_record;
     platform::Host &m_host;
     const WorkspaceWindows &m_windows;
 };

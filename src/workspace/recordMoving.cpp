@@ -1,42 +1,36 @@
 #include "workspace/recordMoving.h"
-#include "marc/fieldLookup.h"
-#include "workspace/fieldGrid.h"
-#include "workspace/frmDaoru.h"
+#include "platform/paths.h"
 
 using namespace Qt::StringLiterals;
 
 namespace workspace {
 
-RecordMoving::RecordMoving(frmDaoru &form, platform::Host &host)
-    : m_form(form)
-    , m_host(host) {}
+namespace {
 
-void RecordMoving::markCurrent() {
-    const int row = m_form.Grid2->row();
-    m_form.Text2->setText(m_form.records().number(row));
-    m_form.Grid2->setColumn(titleColumn);
-    m_form.Grid2->setCellBackground(row, titleColumn, currentRecordColour);
-}
+const QString boxTitle = u"操作提示"_s;
 
-void RecordMoving::clickStep() {
-    if (m_form.Grid2->rowSel() != m_form.Grid2->row())
-        m_form.Grid2->setRowSel(m_form.Grid2->row());
-    markCurrent();
-}
+} // namespace
 
-void RecordMoving::keyStep(int key) {
-    if (key == Qt::Key_Up || key == Qt::Key_Down)
-        markCurrent();
+RecordMoving::RecordMoving(RecordList &list, EditedRecord &record, platform::Host &host, marc::DamagedDirectory damaged)
+    : m_list(list)
+    , m_record(record)
+    , m_host(host)
+    , m_damaged(std::move(damaged)) {}
+
+void RecordMoving::showRecord(const marc::RawRecord &record) {
+    const QString complaint = m_record.show(record, platform::pathWithSlash(m_host.programFolder()), m_damaged);
+    if (!complaint.isEmpty())
+        m_host.tell(complaint, boxTitle);
 }
 
 void RecordMoving::enterStep() {
-    markCurrent();
-    const marc::RawRecord record = m_form.records().record(m_form.Grid2->row());
+    m_list.markCurrent();
+    const marc::RawRecord record = m_list.records().record(m_list.row());
     if (record.isEmpty())
         return; // the field grid keeps the record before it
-    m_form.showRecord(record);
+    showRecord(record);
     // What was edited is no longer in the grid, whatever road led here: nothing may be asked about it again.
-    m_form.recordChanged.clear();
+    m_record.recordChanged = false;
 }
 
 QString RecordMoving::rebuiltIfWanted() {
@@ -44,38 +38,38 @@ QString RecordMoving::rebuiltIfWanted() {
                        u"(注:你可以修改预读出的记录,然后可以点击保存按扭,保存到新文件中)"_s,
                        {}))
         return {};
-    const marc::RawRecord record = m_form.madeMyMarc();
+    const marc::RawRecord record = m_record.rebuilt(m_host.now());
     if (record.isEmpty())
-        m_host.tell(u"修改失败!"_s, u"操作提示"_s);
+        m_host.tell(u"修改失败!"_s, boxTitle);
     return record;
 }
 
 void RecordMoving::leaveStep() {
-    const int row = m_form.Grid2->row();
-    m_form.Grid2->setCellBackground(row, titleColumn, visitedRecordColour);
-    if (m_form.recordChanged != u"yes")
+    const int row = m_list.row();
+    m_list.markVisited();
+    if (!m_record.recordChanged)
         return;
     if (const marc::RawRecord record = rebuiltIfWanted(); !record.isEmpty()) {
-        m_form.records().setRecord(row, record);
-        const QString title = marc::readZd(record, u"200a", m_form.damagedDirectory()).value_or(QString());
+        m_list.records().setRecord(row, record);
+        const QString title = marc::readZd(record, u"200a", m_damaged).value_or(QString());
         if (!title.isEmpty())
-            m_form.setTitle(row, title);
+            m_list.setTitle(row, title);
     }
-    m_form.recordChanged.clear();
+    m_record.recordChanged = false;
 }
 
 void RecordMoving::step(int by) {
-    const int row = m_form.Grid2->row();
+    const int row = m_list.row();
     const int next = row + by;
-    if (row < 0 || next < 0 || next >= m_form.records().rowCount())
+    if (row < 0 || next < 0 || next >= m_list.records().rowCount())
         return;
-    if (m_form.recordChanged == u"yes") {
+    if (m_record.recordChanged) {
         // The title in the list stays as it is, and the mark of a change stands until the next record is entered.
         if (const marc::RawRecord record = rebuiltIfWanted(); !record.isEmpty())
-            m_form.records().setRecord(row, record);
+            m_list.records().setRecord(row, record);
     }
-    m_form.Grid2->setCellBackground(row, titleColumn, visitedRecordColour);
-    m_form.Grid2->setRow(next);
+    m_list.markVisited();
+    m_list.setRow(next);
     enterStep();
 }
 

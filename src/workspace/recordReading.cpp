@@ -1,15 +1,14 @@
 #include "workspace/recordReading.h"
 #include "marc/recordReader.h"
-#include "workspace/frmDaoru.h"
 
 using namespace Qt::StringLiterals;
 
 namespace workspace {
 
-RecordReading::RecordReading(frmDaoru &form, platform::Host &host, RecordMoving &moving)
-    : m_form(form)
+RecordReading::RecordReading(RecordList &list, platform::Host &host, marc::DamagedDirectory damaged)
+    : m_list(list)
     , m_host(host)
-    , m_moving(moving) {}
+    , m_damaged(std::move(damaged)) {}
 
 std::optional<platform::LineReader> RecordReading::open(const QString &file) {
     auto reader = platform::LineReader::open(file);
@@ -19,54 +18,51 @@ std::optional<platform::LineReader> RecordReading::open(const QString &file) {
     return std::nullopt;
 }
 
-void RecordReading::say(QStringView text) {
-    m_form.labJinDu->setText(text.toString());
-    m_form.labJinDu->repaint();
+void RecordReading::enter(ReadState state) {
+    m_state = state;
+    Q_EMIT stateChanged(state);
 }
 
-ReadEnd RecordReading::read(platform::LineReader &reader, ReadRange range, bool first) {
+ReadEnd RecordReading::read(platform::LineReader &reader, ReadRange range) {
     const int begun = ++m_readsBegun;
     const ReadWatcher watcher{
         .yield = [this] { m_host.yield(); },
         .abandoned = [this, begun] { return begun != m_readsBegun; },
-        .stopRequested = [this] { return m_form.stopFlag == u"yes"; },
-        .damaged = m_form.damagedDirectory(),
+        .stopRequested = [this] { return m_stopFlag; },
+        .damaged = m_damaged,
         .listed =
-            [this, first](int count) {
-                m_form.Text3->setPacedText(QString::number(count));
-                m_form.Grid2->sourceHasGrown();
-                if (first && count == 1)
-                    m_form.showRecord(m_form.records().record(0));
+            [this](int count) {
+                m_list.sourceHasGrown();
+                Q_EMIT listed(count);
             },
     };
-    const ReadEnd end = readRecords(reader, range, m_form.records(), watcher);
+    const ReadEnd end = readRecords(reader, range, m_list.records(), watcher);
     if (end.atEnd)
-        m_form.Text4->setText(QString::number(end.count));
+        Q_EMIT counted(end.count);
     return end;
 }
 
-void RecordReading::finish() {
-    say(ended);
-    m_form.cmdJieShu->setEnabled(false);
-    m_form.stopFlag.clear();
+void RecordReading::finish(ReadState state) {
+    m_stopFlag = false;
+    enter(state);
 }
 
 void RecordReading::firstBatch(const QString &file, int limit) {
-    m_form.resetRecordList();
-    m_form.Text3->setText(u"0"_s);
+    m_list.reset();
+    Q_EMIT listed(0);
     auto reader = open(file);
     if (!reader)
         return;
-    say(u"正在预读.......");
+    enter(ReadState::Loading);
     if (const auto estimate = marc::lineCount(file))
-        m_form.Text4->setText(QString::number(estimate.value()));
-    const ReadEnd end = read(*reader, {.passOver = 0, .limit = limit}, true);
+        Q_EMIT counted(estimate.value());
+    const ReadEnd end = read(*reader, {.passOver = 0, .limit = limit});
     reader.reset();
     if (end.abandoned)
         return;
-    m_form.Grid2->setRow(0);
-    m_moving.clickStep();
-    finish();
+    m_list.setRow(0);
+    m_list.markCurrent();
+    finish(ReadState::Idle);
 }
 
 void RecordReading::remainder(const QString &file, int passOver) {
@@ -75,25 +71,21 @@ void RecordReading::remainder(const QString &file, int passOver) {
     auto reader = open(file);
     if (!reader)
         return;
-    say(u"正在继续预读.......");
-    const ReadEnd end = read(*reader, {.passOver = passOver}, false);
+    enter(ReadState::Reading);
+    const ReadEnd end = read(*reader, {.passOver = passOver});
     if (!end.abandoned)
-        finish();
+        finish(m_state == ReadState::Stopping ? ReadState::Idle : ReadState::Finished);
 }
 
-void RecordReading::all() {
-    m_form.allowReadAll(false);
-    m_form.stopFlag.clear();
-    m_form.cmdJieShu->setEnabled(true);
-    say(u"正在预读......");
-    m_form.readRemainder(m_form.publicMarcFile, m_form.records().rowCount());
+void RecordReading::all(const QString &file) {
+    m_stopFlag = false;
+    enter(ReadState::Asked);
+    remainder(file, m_list.records().rowCount());
 }
 
 void RecordReading::stop() {
-    m_form.cmdJieShu->setEnabled(false);
-    m_form.stopFlag = u"yes"_s;
-    say(ended);
-    m_form.allowReadAll(true);
+    m_stopFlag = true;
+    enter(ReadState::Stopping);
 }
 
 } // namespace workspace

@@ -1,38 +1,45 @@
-// The reads of the workspace: the first batch, the remainder, stopping, and what the window says meanwhile.
+// The reads of the workspace: the first batch, the remainder, stopping.
 #pragma once
 
 #include "platform/host.h"
 #include "workspace/preReadEngine.h"
+#include "workspace/recordList.h"
 #include <optional>
 
 namespace workspace {
 
-class frmDaoru;
-class RecordMoving;
-
-class RecordReading {
+class RecordReading final : public QObject {
+    Q_OBJECT
 public:
-    static constexpr QStringView ended = u"预读结束"; // the state in which no read runs
+    RecordReading(RecordList &list, platform::Host &host, marc::DamagedDirectory damaged);
 
-    RecordReading(frmDaoru &form, platform::Host &host, RecordMoving &moving);
+    ReadState state() const { return m_state; }
+    bool stopFlag() const { return m_stopFlag; } // asks the running read to stop
 
     void firstBatch(const QString &file, int limit);
     // `passOver` is the number of rows that the list has, not of the records read.
     void remainder(const QString &file, int passOver);
-    void all();  // the command: the remainder of the window's file
-    void stop(); // the running read ends behind the record in hand
+    void all(const QString &file); // the command: the remainder of the file
+    void stop();                   // the running read ends behind the record in hand
     // The running read leaves when it gets its turn again, and touches nothing: the window is closed.
     void abandon() { ++m_readsBegun; }
 
+Q_SIGNALS:
+    void stateChanged(workspace::ReadState state);
+    void listed(int count);     // record number `count` now stands in row `count` - 1; 0 at the start of a list
+    void counted(qint64 count); // the file's records: an estimate first, the true number once its end was reached
+
 private:
     std::optional<platform::LineReader> open(const QString &file);
-    ReadEnd read(platform::LineReader &reader, ReadRange range, bool first);
-    void finish();
-    void say(QStringView state);
+    ReadEnd read(platform::LineReader &reader, ReadRange range);
+    void enter(ReadState state);
+    void finish(ReadState state);
 
-    frmDaoru &m_form;
+    RecordList &m_list;
     platform::Host &m_host;
-    RecordMoving &m_moving;
+    marc::DamagedDirectory m_damaged;
+    ReadState m_state = ReadState::Idle;
+    bool m_stopFlag = false;
     int m_readsBegun = 0; // a read that finds a later one begun has been taken over and leaves
 };
 

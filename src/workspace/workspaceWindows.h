@@ -12,6 +12,9 @@ class QWidget;
 
 namespace workspace {
 
+// Edits a text; nothing where it was left without an answer.
+using Assistant = std::function<std::optional<QString>(const QString &text, QWidget *owner)>;
+
 struct WorkspaceWindows {
     // frmMarcKaPian with the record; the mode is "标准" or "卡片".
     std::function<void(const marc::RawRecord &record, const QString &mode, QWidget *owner)> showCard;
@@ -20,9 +23,8 @@ struct WorkspaceWindows {
     // frmDaoRuJindu over the list; `count` is the number of records as text.
     std::function<void(std::shared_ptr<const marc::PreReadStore> records, const QString &count, QWidget *owner)>
         runImport;
-    // frmHelpLR000 and frmHelpLR100: the text that the assistant hands back; nothing where it was left without one.
-    std::function<std::optional<QString>(const QString &leader, QWidget *owner)> leaderAssistant;
-    std::function<std::optional<QString>(const QString &field100, QWidget *owner)> field100Assistant;
+    Assistant leaderAssistant;   // frmHelpLR000
+    Assistant field100Assistant; // frmHelpLR100
 };
 
 } // namespace workspace

@@ -88,7 +88,7 @@ void popupByMouse(TourDriver &driver) {
 QString chooseFromList(TourDriver &driver, const QString &name, int down, bool byMouse) {
     driver.waitUntil(name + u" open", [&] {
         auto *list = TourDriver::find<QListWidget>(name);
-        return list && list->hasFocus() && list->count() > down && list->geometry() == desk()->rightHalf();
+        return list && list->hasFocus() && list->count() > down && list->geometry() == desk()->Grid1->rightHalf();
     });
     driver.shot(name);
     driver.key(u"Down"_s, down);

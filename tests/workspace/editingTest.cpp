@@ -62,24 +62,24 @@ TEST_F(Editing, ContentIsTakenOverOrDropped) {
     paste(u"甲\r\n乙\n丙\r丁\x1F"_s);
     QTest::keyClick(window.richText, Qt::Key_Return);
     EXPECT_EQ(cell(titleRow, 4), u"甲乙丙丁\x1F"_s);
-    EXPECT_EQ(window.recordChanged, u"yes"_s);
+    EXPECT_TRUE(window.recordChanged());
     EXPECT_TRUE(window.Grid1->isEnabled() && window.Grid2->isEnabled() && window.cmdclick[3]->isEnabled());
     EXPECT_TRUE(window.Grid1->hasFocus());
     EXPECT_TRUE(window.labZhuangTai->text().contains(u"1D-1F"_s));
 
-    window.recordChanged.clear();
+    window.record().recordChanged = false;
     editRow(titleRow);
     paste(u"弃"_s);
     QTest::keyClick(window.richText, Qt::Key_Escape);
     EXPECT_TRUE(window.isVisible());
     EXPECT_EQ(cell(titleRow, 4), u"甲乙丙丁\x1F"_s);
 
-    window.Grid1->setText(titleRow, 4, u"书名"_s);
+    window.record().change(titleRow, 4, u"书名"_s);
     editRow(titleRow);
     paste(u"  书名 "_s); // blanks at the ends are written, yet are no change
     QTest::keyClick(window.richText, Qt::Key_Return);
     EXPECT_EQ(cell(titleRow, 4), u"  书名 "_s);
-    EXPECT_EQ(window.recordChanged, QString());
+    EXPECT_FALSE(window.recordChanged());
 
     window.Grid1->setRowSel(2); // several rows: the key only makes it one
     QTest::keyClick(window.Grid1, Qt::Key_Return);
@@ -97,7 +97,7 @@ TEST_F(Editing, LimitsAndTheLargeForm) {
     QTest::keyClick(window.richText, Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(window.richText->text(), u"1#"_s);
     QTest::mouseClick(window.richText->viewport(), Qt::RightButton);
-    EXPECT_EQ(window.richText->geometry(), window.rightHalf());
+    EXPECT_EQ(window.richText->geometry(), window.Grid1->rightHalf());
     QTest::mouseDClick(window.richText->viewport(), Qt::LeftButton);
     EXPECT_EQ(window.richText->geometry(), window.Grid1->cellRect(3, 4));
     window.resize(window.width() * 2, window.height() * 2);
@@ -160,7 +160,7 @@ TEST_F(Editing, IdentitiesAreCheckedAndTheListStaysInReach) {
     QTest::keyClick(window.Text1, Qt::Key_Return);
     EXPECT_FALSE(editing());
     EXPECT_EQ(cell(titleRow, 2), u"$B"_s);
-    EXPECT_EQ(window.recordChanged, u"yes"_s);
+    EXPECT_TRUE(window.recordChanged());
     EXPECT_FALSE(window.cmdclick[3]->isEnabled());
 
     choose(6); // a field's description, on a subfield row: nothing
@@ -199,7 +199,7 @@ TEST_F(Editing, TheEditorStaysOverItsCellWhateverRecordComes) {
     window.Text1->setText(u"无处可写"_s);
     QTest::keyClick(window.Text1, Qt::Key_Return);
     EXPECT_FALSE(editing());
-    EXPECT_EQ(window.recordChanged, QString());
+    EXPECT_FALSE(window.recordChanged());
     EXPECT_EQ(window.Grid1->rows(), 4);
 }
 
@@ -209,7 +209,7 @@ TEST_F(Editing, ListsAddAndTheMenuDeletes) {
     window.Grid1->setRow(titleRow);
     choose(3);
     ASSERT_TRUE(window.zdList->isVisible());
-    EXPECT_EQ(window.zdList->geometry(), window.rightHalf());
+    EXPECT_EQ(window.zdList->geometry(), window.Grid1->rightHalf());
     QTest::keyClick(window.zdList, Qt::Key_Down);
     QTest::keyClick(window.zdList, Qt::Key_Return);
     EXPECT_EQ(cell(6, 2) + cell(6, 1) + cell(6, 3), u"???自定指示符"_s);
@@ -217,7 +217,7 @@ TEST_F(Editing, ListsAddAndTheMenuDeletes) {
     choose(4);
     QTest::keyClick(window.Zzdlist, Qt::Key_Return);
     EXPECT_EQ(cell(5, 2) + cell(5, 3), u"$e副题名"_s);
-    EXPECT_EQ(window.recordChanged, QString());
+    EXPECT_FALSE(window.recordChanged());
     choose(4);
     window.cmdclick[6]->setFocus();
     EXPECT_FALSE(window.Zzdlist->isVisible());
@@ -262,9 +262,9 @@ TEST_F(Editing, AssistantsExchangeTheLeaderAndAnySubfieldA) {
     QTest::keyClick(window.richText, Qt::Key_E, Qt::ControlModifier);
     EXPECT_EQ(opened, QStringList{u"LR000 "_s + leader});
     EXPECT_EQ(cell(1, 4), *assistantGives);
-    EXPECT_EQ(window.publicTouBiao, *assistantGives);
+    EXPECT_EQ(window.publicTouBiao(), *assistantGives);
     EXPECT_FALSE(editing());
-    EXPECT_EQ(window.recordChanged, u"yes"_s);
+    EXPECT_TRUE(window.recordChanged());
 
     assistantGives.reset(); // left without an answer: what was typed counts
     editRow(5);             // 101 $a
@@ -282,21 +282,21 @@ TEST_F(Editing, RightButtonNeedsARowThatWasClicked) {
     auto &window = open();
     const QPoint at = window.Grid1->visualRect(window.Grid1->model()->index(2, 4)).center();
     QTest::mouseClick(window.Grid1->viewport(), Qt::RightButton, {}, at); // would hang in a popup
-    EXPECT_EQ(window.editRow, 0);
-    EXPECT_EQ(window.clickMark, QString());
+    EXPECT_EQ(window.editRow(), 0);
+    EXPECT_FALSE(window.clickMark());
     QTest::mouseClick(window.Grid1->viewport(), Qt::LeftButton, {}, at);
-    EXPECT_EQ(window.editRow, 3);
+    EXPECT_EQ(window.editRow(), 3);
 
     // Below the last row everything is for the current one.
     const QPoint below = window.Grid1->viewport()->rect().bottomLeft() + QPoint(20, -3);
     choose(7, [&] { QTest::mouseClick(window.Grid1->viewport(), Qt::RightButton, {}, below); });
     EXPECT_TRUE(window.Text1->isVisible());
-    EXPECT_EQ(window.editRow, 3);
-    EXPECT_EQ(window.clickMark, QString());
+    EXPECT_EQ(window.editRow(), 3);
+    EXPECT_FALSE(window.clickMark());
     QTest::keyClick(window.Text1, Qt::Key_Escape);
     QTest::mouseDClick(window.Grid1->viewport(), Qt::LeftButton, {}, below);
     EXPECT_TRUE(window.richText->isVisible());
-    EXPECT_EQ(window.editRow, 3);
+    EXPECT_EQ(window.editRow(), 3);
     QTest::keyClick(window.richText, Qt::Key_Escape);
 
     window.resetFieldGrid(); // no record: nothing pops up

@@ -1,6 +1,5 @@
 #include "workspace/fieldEditing.h"
 #include "support/qtPrinters.h"
-#include "support/recordText.h"
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -112,18 +111,4 @@ TEST(FieldEditing, LimitsAndAssistants) {
     EXPECT_EQ(field100Assistants(rows, 10), 0);
     EXPECT_EQ(field100Assistants(rows, 11), 2);
     EXPECT_EQ(field100Assistants(rows, 3), 0);
-
-    marc::FieldRows lossy = {row(u"$a"_s), row(u"$b"_s)};
-    EXPECT_EQ(contentWarning(lossy), QString());
-    lossy[1].value = u"𠮷野é家𠮷"_s;
-    EXPECT_EQ(contentWarning(lossy), u"注意：GBK 没有字符“𠮷(U+20BB7)”，保存后将变成“?”。"_s);
-}
-
-TEST(FieldEditing, ADelimiterOfTheRecordsOwnTearsNothing) {
-    const QString record = recordOf({{u"461"_s, u" 0$1200$a题$v3"_s}, {u"410"_s, u" 0$12001 $a题"_s}});
-    marc::FieldRows rows = marc::showRecord(record).rows;
-    ASSERT_TRUE(rows[2].value.contains(QChar(0x1F))); // the head is too short for indicators
-    EXPECT_EQ(contentWarning(rows), QString());
-    rows[2].value.append(QChar(0x1F));
-    EXPECT_TRUE(contentWarning(rows).contains(u"1D-1F"_s));
 }

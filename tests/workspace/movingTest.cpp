@@ -37,8 +37,8 @@ TEST_F(Moving, StepsColourRowsAndStopAtTheEnds) {
     window.cmdTiMing[0]->click();
     EXPECT_EQ(window.Text2->text(), u"1"_s);
     QTest::keyClick(window.Grid2, Qt::Key_Down);
-    EXPECT_EQ(window.Grid2->cellBackground(0, 1), workspace::visitedRecordColour);
-    EXPECT_EQ(window.Grid2->cellBackground(1, 1), workspace::currentRecordColour);
+    EXPECT_EQ(window.Grid2->cellBackground(0, 1), workspace::RecordList::visitedColour);
+    EXPECT_EQ(window.Grid2->cellBackground(1, 1), workspace::RecordList::currentColour);
     EXPECT_EQ(window.Text2->text(), u"2"_s);
     EXPECT_EQ(cell(4, 4), u"题2"_s);
     for (int i = 0; i < 30; ++i)
@@ -52,15 +52,15 @@ TEST_F(Moving, LeavingAnEditedRecord) {
     auto &window = load(5);
     show();
     const auto edit = [&](const QString &title) {
-        window.Grid1->setText(4, 4, title);
-        window.recordChanged = u"yes"_s;
+        window.record().change(4, 4, title);
+        window.record().recordChanged = true;
     };
     const QString untouched = window.records().record(0);
     edit(u"弃"_s);
     host.willAnswer(Answer::No);
     QTest::keyClick(window.Grid2, Qt::Key_Down);
     EXPECT_EQ(window.records().record(0), untouched);
-    EXPECT_EQ(window.recordChanged, QString());
+    EXPECT_FALSE(window.recordChanged());
 
     edit(u"留"_s); // record 2, in the list: the title follows
     host.willAnswer(Answer::Yes);
@@ -82,8 +82,8 @@ TEST_F(Moving, LeavingAnEditedRecord) {
 
 TEST_F(Moving, ViewsProofAndImport) {
     auto &window = load(2);
-    window.Grid1->setText(4, 4, u"新名"_s);
-    window.recordChanged = u"yes"_s;
+    window.record().change(4, 4, u"新名"_s);
+    window.record().recordChanged = true;
     const QString made = window.madeMyMarc();
     window.cmdclick[0]->click();
     window.cmdclick[1]->click();
@@ -103,7 +103,7 @@ TEST_F(Moving, ViewsProofAndImport) {
     window.cmdclick[5]->click();
     EXPECT_EQ(opened.last(), u"2 "_s + made);
     EXPECT_EQ(host.lastBox().leaving, platform::Leaving::ByButtonsOnly);
-    EXPECT_EQ(window.recordChanged, u"yes"_s);
+    EXPECT_TRUE(window.recordChanged());
     host.willAnswer(Answer::No);
     EXPECT_FALSE(window.close());
     EXPECT_EQ(host.lastBox().preselected, Answer::No);

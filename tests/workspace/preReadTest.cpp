@@ -16,7 +16,7 @@ TEST_F(Reading, FirstBatchAndRemainder) {
         EXPECT_EQ(window.Text2->text(), c.records ? u"1"_s : QString());
         EXPECT_EQ(window.Text3->pacedText(), QString::number(c.listed));
         EXPECT_EQ(window.Text4->text(), QString::fromUtf8(c.estimate)) << c.records;
-        EXPECT_EQ(window.Grid2->cellBackground(0, 1), workspace::currentRecordColour);
+        EXPECT_EQ(window.Grid2->cellBackground(0, 1), workspace::RecordList::currentColour);
         EXPECT_EQ(window.labJinDu->text(), u"预读结束"_s);
         EXPECT_FALSE(window.cmdJieShu->isEnabled());
 

@@ -4,7 +4,6 @@
 #include "platform/codepage936.h"
 #include "support/recordText.h"
 #include "support/scriptedHost.h"
-#include "workspace/fieldGrid.h"
 #include "workspace/frmDaoru.h"
 #include <QFile>
 #include <QtTest/QTest>

@@ -85,14 +85,6 @@ void FlexGrid::setText(int row, int column, const QString &text) {
         m_model->setText(row - m_fixedRows, column, text);
 }
 
-void FlexGrid::insertRow(int row) {
-    m_model->insertDataRow(row - m_fixedRows);
-}
-
-void FlexGrid::removeRow(int row) {
-    m_model->removeDataRow(row - m_fixedRows);
-}
-
 void FlexGrid::clear() {
     m_model->clear();
 }

@@ -29,8 +29,6 @@ public:
     int columns() const;
     QString text(int row, int column) const;
     void setText(int row, int column, const QString &text); // of a bound grid: overrides the bound cell
-    void insertRow(int row);                                // an empty row in front of `row`; not of a bound grid
-    void removeRow(int row);                                // not of a bound grid
     void clear(); // empties all data cells and backgrounds, unbinds; rows stay as many, headings and widths stay
 
     // The current cell and the other end of the selected rows; setRow() selects that row alone and scrolls to it. The

@@ -112,24 +112,6 @@ void FlexGridModel::setText(int row, int column, const QString &text) {
     changed(row, column);
 }
 
-void FlexGridModel::insertDataRow(int row) {
-    if (m_source || row < 0 || row > m_announced)
-        return;
-    beginInsertRows({}, row, row);
-    m_rows.insert(m_rows.begin() + row, nullptr);
-    ++m_announced;
-    endInsertRows();
-}
-
-void FlexGridModel::removeDataRow(int row) {
-    if (m_source || row < 0 || row >= m_announced)
-        return;
-    beginRemoveRows({}, row, row);
-    m_rows.erase(m_rows.begin() + row);
-    --m_announced;
-    endRemoveRows();
-}
-
 void FlexGridModel::moveOverrides(int from, int by) {
     std::unordered_map<int, Row> moved;
     moved.reserve(m_overrides.size());

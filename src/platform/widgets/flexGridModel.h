@@ -23,9 +23,7 @@ public:
     void setDataRows(int count); // of a bound model: empty rows behind the source's, which its growth takes up
     QString text(int row, int column) const;
     void setText(int row, int column, const QString &text);
-    void insertDataRow(int row); // not into a bound model
-    void removeDataRow(int row); // not from a bound model
-    void clear();                // empties all cells and backgrounds, unbinds; rows stay as many
+    void clear(); // empties all cells and backgrounds, unbinds; rows stay as many
     void bind(std::shared_ptr<const TableSource> source); // drops all cells and backgrounds
     void sourceHasGrown();
     void sourceInsertedRow(int row); // told behind it, as all that became of the source; an unbound model takes no heed
