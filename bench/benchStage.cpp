@@ -20,7 +20,7 @@ QString BenchStage::freshFolder(QStringView name) const {
 }
 
 QString connectionTo(const QString &database) {
-    return u"Driver=SQLite3;Database=" + database + u";JournalMode=WAL;SyncPragma=NORMAL;Timeout=10000;";
+    return u"Driver=SQLite3;Database=" + database + u";JournalMode=WAL;SyncPragma=NORMAL;Timeout=2000;";
 }
 
 BenchHost::BenchHost()

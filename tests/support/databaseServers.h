@@ -38,5 +38,5 @@ void makeEmptyFile(const QString &path);
 // The text of a file of data/schema.
 QString schemaScript(const QString &name);
 
-// A command of scripts/test-servers: "stop-postgresql", "start-postgresql".
+// A command of scripts/test-servers, such as "stop-postgresql".
 void commandServers(const QString &command);

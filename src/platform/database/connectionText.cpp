@@ -1,4 +1,5 @@
 #include "platform/database/connectionText.h"
+#include "platform/numbers.h"
 #include <vector>
 
 namespace platform {
@@ -73,22 +74,62 @@ QString connectionValue(QStringView text, QStringView key) {
     return {};
 }
 
+namespace {
+
+// What the text says of a key, else its data source.
+QString saidOf(const QString &text, const QString &dataSource, QStringView key) {
+    const QString said = connectionValue(text, key);
+    return said.isEmpty() ? connectionValue(dataSource, key) : said;
+}
+
+void addMissing(QString &text, const QString &dataSource, QStringView key, QStringView value) {
+    if (saidOf(text, dataSource, key).isEmpty())
+        append(text, key, value);
+}
+
+void tellSqlite(QString &text, const QString &dataSource) {
+    constexpr qint32 longestWait = 2000; // ms; the window stands still as long
+    addMissing(text, {}, u"StepAPI", u"1");
+    force(text, u"NoCreat", u"1");
+    const auto wait = toInt32(saidOf(text, dataSource, u"Timeout"));
+    if (!wait || *wait < 0 || *wait > longestWait)
+        force(text, u"Timeout", QString::number(longestWait));
+}
+
+void tellMariaDb(QString &text, const QString &dataSource) {
+    const TimeLimits limits = timeLimits(text, dataSource);
+    if (limits.login.count() > 0)
+        addMissing(text, dataSource, u"CONN_TIMEOUT", QString::number(limits.login.count()));
+    if (limits.statement.count() > 0)
+        for (const QStringView key : {u"READ_TIMEOUT", u"WRITE_TIMEOUT"})
+            addMissing(text, dataSource, key, QString::number(limits.silence().count()));
+    force(text, u"CHARSET", u"utf8mb4");
+    force(text, u"AUTO_RECONNECT", u"0");
+}
+
+} // namespace
+
+TimeLimits timeLimits(const QString &connectionString, const QString &dataSource) {
+    TimeLimits limits;
+    const auto read = [&](QStringView key, std::chrono::seconds &limit) {
+        if (const auto seconds = toInt32(saidOf(connectionString, dataSource, key)); seconds && *seconds >= 0)
+            limit = std::chrono::seconds(*seconds);
+    };
+    read(u"LoginTimeout", limits.login);
+    read(u"StatementTimeout", limits.statement);
+    return limits;
+}
+
 QString driverText(const QString &connectionString, const QString &dataSource) {
     QString text = connectionString;
     text.remove(u"PROVIDER=MSDASQL;"_s, Qt::CaseInsensitive);
     const QString driver = connectionValue(text, u"Driver") + connectionValue(dataSource, u"Driver");
-    const QString database = connectionValue(text, u"Database");
-    if (contains(driver, u"mdb") && !database.isEmpty() && connectionValue(text, u"DBQ").isEmpty())
-        append(text, u"DBQ", database);
-    if (contains(driver, u"sqlite")) {
-        force(text, u"NoCreat", u"1");
-        if (connectionValue(text, u"StepAPI").isEmpty())
-            append(text, u"StepAPI", u"1");
-    }
-    if (contains(driver, u"maria"))
-        force(text, u"CHARSET", u"utf8mb4");
+    if (const QString file = connectionValue(text, u"Database"); contains(driver, u"mdb") && !file.isEmpty())
+        addMissing(text, {}, u"DBQ", file);
+    if (contains(driver, u"sqlite"))
+        tellSqlite(text, dataSource);
     if (contains(driver, u"maria") || contains(driver, u"mysql"))
-        force(text, u"AUTO_RECONNECT", u"0");
+        tellMariaDb(text, dataSource);
     return text;
 }
 

@@ -4,16 +4,32 @@
 
 #include <QString>
 #include <QStringView>
+#include <chrono>
 
 namespace platform {
 
 // The value of the first pair of that key (compared without regard to case), without braces; empty where there is none.
 QString connectionValue(QStringView text, QStringView key);
 
-// The stored text as the driver manager takes it: "PROVIDER=MSDASQL;" cut, the file of an Access database named as its
-// driver on this system wants it, results of SQLite streamed instead of read whole into the driver and no file made
-// where there is none, texts of MariaDB in UTF-8 and no connection of it made anew behind our back. `dataSource` is
-// what the machine says of the text's data source, as pairs with the driver first.
+// How long a server may take to open a connection, and for one statement; 0: as long as it likes. The keys LoginTimeout
+// and StatementTimeout of the text, else of its data source, say otherwise (whole seconds).
+struct TimeLimits {
+    std::chrono::seconds login{15};
+    std::chrono::seconds statement{60};
+
+    // For the socket: the server's own answer that it took too long must have time to come, else the connection is
+    // lost.
+    std::chrono::seconds silence() const {
+        return statement.count() > 0 ? statement + std::chrono::seconds(2) : statement;
+    }
+};
+TimeLimits timeLimits(const QString &connectionString, const QString &dataSource);
+
+// The stored text as the driver manager takes it: "PROVIDER=MSDASQL;" cut, and what each driver must be told added. Of
+// SQLite results are streamed instead of read whole into the driver, no file is made where there is none, and a lock is
+// waited for no longer than two seconds; MariaDB gets the time limits and UTF-8, and makes no connection anew behind
+// our back; the file of an Access database is named as its driver on this system wants it. `dataSource` is what the
+// machine says of the text's data source, as pairs with the driver first.
 QString driverText(const QString &connectionString, const QString &dataSource);
 
 } // namespace platform

@@ -1,5 +1,4 @@
 #include "platform/database/link.h"
-#include "platform/database/connectionText.h"
 #include "platform/database/dataSources.h"
 #include "platform/database/rowReader.h"
 #include <QCoreApplication>
@@ -93,8 +92,10 @@ Link::Link(const QString &connectionString)
     , m_connection(SQL_HANDLE_DBC, m_environment.get()) {}
 
 Link::~Link() {
-    if (m_open)
-        SQLDisconnect(m_connection.get());
+    if (!m_calls)
+        return;
+    m_calls.reset();
+    SQLDisconnect(m_connection.get());
 }
 
 Result<std::unique_ptr<Link>> Link::connect(const QString &connectionString) {
@@ -117,9 +118,17 @@ Status Link::open() {
     // so no two of ours are the same; no driver knows the word.
     if (driverManagerPools())
         text += (text.endsWith(u';') ? u"Link=%1;"_s : u";Link=%1;"_s).arg(++kept().opened);
+    // A limit of the driver's own in the text stays the only one: PostgreSQL's driver refuses two.
+    m_limits = timeLimits(m_connectionString, source);
+    if (m_limits.login.count() > 0 && !QString(text + source).contains(u"connect_timeout", Qt::CaseInsensitive))
+        SQLSetConnectAttrW(m_connection.get(), SQL_ATTR_LOGIN_TIMEOUT,
+                           reinterpret_cast<SQLPOINTER>(m_limits.login.count()), SQL_IS_UINTEGER);
+    const std::vector<int> others = CallLimit::sockets();
     if (Status connected = odbcConnect(m_connection, text, m_form); !connected)
         return explained(text + u';' + source, connected.failure());
-    m_open = true;
+    std::vector<int> own = CallLimit::sockets();
+    std::erase_if(own, [&](int socket) { return std::find(others.begin(), others.end(), socket) != others.end(); });
+    m_calls.emplace(std::move(own));
     return learn();
 }
 
@@ -175,21 +184,66 @@ bool Link::works() const {
     case Server::Other:
         break;
     }
+    return !lost();
+}
+
+bool Link::lost() const {
+    if (m_calls->struck())
+        return true;
+    const CallLimit::Call call(*m_calls, m_limits.login);
     SQLUINTEGER dead = SQL_CD_FALSE;
     SQLGetConnectAttrW(m_connection.get(), SQL_ATTR_CONNECTION_DEAD, &dead, sizeof(dead), nullptr);
-    return dead != SQL_CD_TRUE;
+    return dead == SQL_CD_TRUE;
+}
+
+// A server that has a limit of its own was told it; the others' drivers are told with each statement.
+Status Link::start(const OdbcHandle &handle, const QString &statement) const {
+    if (!handle)
+        return m_connection.failure(m_form);
+    // Braces and question marks in a value are text, nothing for the driver to look into.
+    SQLSetStmtAttrW(handle.get(), SQL_ATTR_NOSCAN, reinterpret_cast<SQLPOINTER>(SQL_NOSCAN_ON), SQL_IS_UINTEGER);
+    if (m_server == Server::SqlServer || m_server == Server::Other)
+        SQLSetStmtAttrW(handle.get(), SQL_ATTR_QUERY_TIMEOUT, reinterpret_cast<SQLPOINTER>(m_limits.statement.count()),
+                        SQL_IS_UINTEGER);
+    return odbcExecute(handle, statement, m_form);
+}
+
+Failure Link::told(const Failure &failure) const {
+    return m_calls->struck() ? Failure{u"数据库服务器没有应答，连接已断开"_s, failure.number} : failure;
+}
+
+Status Link::execute(const QString &statement) const {
+    const CallLimit::Call call(*m_calls, m_limits.silence());
+    const OdbcHandle handle(SQL_HANDLE_STMT, m_connection.get());
+    const Status ran = start(handle, rewrite(statement, m_server, m_tables));
+    return ran ? success() : told(ran.failure());
+}
+
+Result<std::shared_ptr<ResultTable>> Link::query(const QString &statement) const {
+    const QString spelled = rewrite(statement, m_server, m_tables);
+    for (const Fetching fetching : {Fetching::Bound, Fetching::Unbound}) {
+        const CallLimit::Call call(*m_calls, m_limits.silence());
+        const OdbcHandle handle(SQL_HANDLE_STMT, m_connection.get());
+        if (const Status ran = start(handle, spelled); !ran)
+            return told(ran.failure());
+        const auto rows = readRows(handle, m_form, fetching);
+        if (!rows)
+            return told(rows.failure());
+        if (rows.value())
+            return *rows.value();
+    }
+    Q_UNREACHABLE();
 }
 
 Status Link::run(const QString &statement) const {
-    const OdbcHandle handle(SQL_HANDLE_STMT, m_connection.get());
-    return handle ? odbcExecute(handle, statement, m_form) : Failure{};
+    const CallLimit::Call call(*m_calls, m_limits.login);
+    return start(OdbcHandle(SQL_HANDLE_STMT, m_connection.get()), statement);
 }
 
 Result<QStringList> Link::firstColumn(const QString &statement) const {
+    const CallLimit::Call call(*m_calls, m_limits.login);
     const OdbcHandle handle(SQL_HANDLE_STMT, m_connection.get());
-    if (!handle)
-        return Failure{};
-    if (const Status ran = odbcExecute(handle, statement, m_form); !ran)
+    if (const Status ran = start(handle, statement); !ran)
         return ran.failure();
     const auto rows = readRows(handle, m_form, Fetching::Unbound);
     if (!rows)
@@ -207,10 +261,15 @@ Status Link::learn() {
     std::array<SQLWCHAR, 128> name{};
     SQLGetInfoW(m_connection.get(), SQL_DBMS_NAME, name.data(), SQLSMALLINT(sizeof(name) - sizeof(SQLWCHAR)), nullptr);
     m_server = serverOf(fromOdbc(name.data(), qsizetype(name.size())));
+    const qint64 seconds = m_limits.statement.count();
     switch (m_server) {
     case Server::PostgreSql:
+        if (seconds > 0)
+            (void)run(u"set statement_timeout=%1"_s.arg(seconds * 1000));
         return run(u"set standard_conforming_strings=on"_s);
     case Server::MariaDb:
+        if (seconds > 0)
+            (void)run(u"set max_statement_time=%1"_s.arg(seconds)); // MySQL has none of that name
         if (Status safe = run(u"set sql_mode=concat(@@sql_mode,',NO_BACKSLASH_ESCAPES')"_s); !safe)
             return safe;
         return learnTables();
@@ -238,10 +297,6 @@ Status Link::learnFile() {
     m_file = file.value().value(0);
     m_fileIdentity = identityOf(m_file);
     return success();
-}
-
-QString Link::spelled(const QString &statement) const {
-    return rewrite(statement, m_server, m_tables);
 }
 
 } // namespace platform

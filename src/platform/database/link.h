@@ -5,10 +5,14 @@
 // the file or one round trip. One thread.
 #pragma once
 
+#include "platform/database/callLimit.h"
+#include "platform/database/connectionText.h"
 #include "platform/database/odbcHandles.h"
+#include "platform/database/resultTable.h"
 #include "platform/database/sqlDialect.h"
 #include <QStringList>
 #include <memory>
+#include <optional>
 
 namespace platform {
 
@@ -25,26 +29,32 @@ public:
 
     ~Link();
 
-    SQLHDBC handle() const { return m_connection.get(); }
-    TextForm form() const { return m_form; }
-    // The statement as this link's server spells it.
-    QString spelled(const QString &statement) const;
+    // Runs a statement, spelled as this link's server wants it; takes its whole result. A call that lasts longer than
+    // the text allows ends with a fault.
+    Status execute(const QString &statement) const;
+    Result<std::shared_ptr<ResultTable>> query(const QString &statement) const;
+    // Whether the server at the other end is gone, so that no statement can succeed any more.
+    bool lost() const;
 
 private:
     explicit Link(const QString &connectionString);
     Status open();
     bool works() const;
-    Status run(const QString &statement) const;
-    Result<QStringList> firstColumn(const QString &statement) const;
     Status learn();
     Status learnTables();
     Status learnFile();
+    // A statement as it stands, for the link's own ends, within the time of an opening.
+    Status run(const QString &statement) const;
+    Result<QStringList> firstColumn(const QString &statement) const;
+    Status start(const OdbcHandle &handle, const QString &statement) const;
+    Failure told(const Failure &failure) const;
     void retire() const;
 
     QString m_connectionString;
     OdbcEnvironment m_environment;
     OdbcHandle m_connection;
-    bool m_open = false;
+    TimeLimits m_limits;
+    mutable std::optional<CallLimit> m_calls; // where the link is open
     TextForm m_form = TextForm::Wide;
     Server m_server = Server::Other;
     QStringList m_tables;   // the server's spelling of the tables, where it tells names by case

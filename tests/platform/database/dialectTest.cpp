@@ -70,7 +70,15 @@ TEST(ConnectionText, goesToTheDriverManagerAsItsDriversWantIt) {
               u"Driver=SQL Server;Server=S;UID=u;PWD=a{b};Database=d;"_s);
     EXPECT_EQ(text(u"provider=msdasql;Driver=Microsoft Access Driver (*.mdb);Server=x;Database=/a b/c.mdb;"),
               u"Driver=Microsoft Access Driver (*.mdb);Server=x;Database=/a b/c.mdb;DBQ=/a b/c.mdb;"_s);
-    EXPECT_EQ(text(u"DSN=lib;UID=u", u"Driver=SQLite3;"), u"DSN=lib;UID=u;NoCreat=1;StepAPI=1;"_s);
+    EXPECT_EQ(text(u"DSN=lib;UID=u", u"Driver=SQLite3;"), u"DSN=lib;UID=u;StepAPI=1;NoCreat=1;Timeout=2000;"_s);
+    EXPECT_EQ(text(u"Driver=SQLite3;NoCreat=0;Timeout=5000;StepAPI=0"),
+              u"Driver=SQLite3;StepAPI=0;NoCreat=1;Timeout=2000;"_s);
+    EXPECT_EQ(text(u"DSN=lib;", u"Driver=SQLite3;Timeout=300;"), u"DSN=lib;StepAPI=1;NoCreat=1;"_s);
+    EXPECT_EQ(text(u"Driver=MariaDB Unicode;AUTO_RECONNECT=1;CONN_TIMEOUT=3;StatementTimeout=0;"),
+              u"Driver=MariaDB Unicode;CONN_TIMEOUT=3;StatementTimeout=0;CHARSET=utf8mb4;AUTO_RECONNECT=0;"_s);
+    EXPECT_EQ(text(u"DSN=m;", u"Driver=libmaodbc;LoginTimeout=4;"), u"DSN=m;"_s);
+    EXPECT_EQ(text(u"DSN=m;", u"Driver=MariaDB;LoginTimeout=4;"),
+              u"DSN=m;CONN_TIMEOUT=4;READ_TIMEOUT=62;WRITE_TIMEOUT=62;CHARSET=utf8mb4;AUTO_RECONNECT=0;"_s);
     EXPECT_EQ(platform::connectionValue(u"Driver={a;b};PWD=x=y; uid = u", u"pwd"), u"x=y"_s);
     EXPECT_EQ(platform::connectionValue(u"Driver={a;b};PWD=x=y; uid = u", u"UID"), u"u"_s);
     EXPECT_EQ(platform::connectionValue(u"Driver={a;b};PWD=x=y; uid = u", u"driver"), u"a;b"_s);

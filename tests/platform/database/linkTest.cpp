@@ -197,6 +197,32 @@ TEST(Link, aServerThatGoesAwayAndComesBack) {
     EXPECT_EQ(database.selected(titles), u"一 三"_s);
 }
 
+// A server that stands still, and a statement that takes too long: a fault each, and then all goes on. The limits are
+// given with the text, or no test would see them.
+TEST(Link, aServerThatDoesNotAnswerIsAFault) {
+    for (const TestServer server : {TestServer::PostgreSql, TestServer::MariaDb}) {
+        const TestDatabase database(server);
+        const bool postgres = server == TestServer::PostgreSql;
+        const QString name = TestDatabase::nameOf(server);
+        const QString text = database.connectionString() + u"LoginTimeout=1;StatementTimeout=1;";
+        const QString own = postgres ? u"select pg_backend_pid()"_s : u"select connection_id()"_s;
+        auto connection = Connection::open(text);
+        ASSERT_TRUE(connection);
+        const QString session = connection.value().query(own).value()->text(0, 0);
+        EXPECT_FALSE(connection.value().query(postgres ? u"select pg_sleep(50)"_s : u"select sleep(50)"_s));
+        EXPECT_EQ(connection.value().query(own).value()->text(0, 0), session); // the server itself broke it off
+
+        commandServers(u"freeze-" + name);
+        auto thaws = qScopeGuard([&] { commandServers(u"thaw-" + name); });
+        EXPECT_FALSE(connection.value().execute(u"insert  taolutable (bookname) values ('一')"_s))
+            << name.toStdString();
+        EXPECT_FALSE(Connection::open(text + u"A=1;")); // none of that text is kept
+        thaws.dismiss();
+        commandServers(u"thaw-" + name);
+        EXPECT_TRUE(import(database, u"二"_s));
+    }
+}
+
 // The driver manager's room is 1,024 bytes. What is added on the way counts, and no use of the program takes more of
 // it.
 TEST(Link, aConnectionTextThatIsTooLongIsRefused) {
