@@ -20,9 +20,12 @@ public:
     Connection &operator=(Connection &&) noexcept;
     ~Connection(); // releases the connection; it stays open for the next use
 
+    // A connection that proves dead when a statement fails is opened anew: for the next statement, and for the question
+    // that failed. A statement that changes something is never sent twice.
+
     // Runs a statement that gives no rows.
     Status execute(const QString &statement);
-    // Runs a statement and takes its whole result, in blocks.
+    // Asks a question, which changes nothing, and takes its whole result, in blocks.
     Result<std::shared_ptr<ResultTable>> query(const QString &statement);
 
 private:
