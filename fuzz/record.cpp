@@ -141,6 +141,19 @@ void checkRebuilt(const ShownRecord &shown) {
     require(madeMyMarc(again.rows, again.leader, clockTime) == rebuilt, "a rebuilt record is rebuilt to itself");
 }
 
+// What is made of a record stays in proportion to it, whatever its directory points at.
+qsizetype largest(qsizetype recordBytes) {
+    return 40 * recordBytes + 2000;
+}
+
+void checkBounds(const ShownRecord &shown, qsizetype recordBytes) {
+    require(!shown.rows.isEmpty() && shown.rows.size() <= recordBytes, "a row at least, and no more than bytes");
+    qsizetype size = 0;
+    for (const FieldRow &row : shown.rows)
+        size += row.value.size();
+    require(size <= largest(recordBytes), "rows hold no more than their record allows");
+}
+
 void checkRecord(const RawRecord &record, QByteArrayView bytes) {
     require(record.indexOf(QChar(recordTerminator)) == record.size() - 1, "a record ends at its first terminator");
     for (const QStringView wanted : {u"200a", u"010d", u"001 "})
@@ -150,9 +163,11 @@ void checkRecord(const RawRecord &record, QByteArrayView bytes) {
     require(store.record(0) == record, "the list gives a record back as it was");
 
     const ShownRecord shown = showRecord(record);
-    require(!shown.rows.isEmpty(), "there is a row");
+    checkBounds(shown, platform::gbkLength(record));
     const card::Card card = card::showKapian(record);
     require(card.text || !card.boxes.isEmpty() || !card.fault.isEmpty(), "a card says something");
+    require(card.text.value_or(QString()).size() <= largest(bytes.size()),
+            "a card is no longer than its record allows");
     checkRebuilt(shown);
 }
 

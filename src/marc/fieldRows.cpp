@@ -70,6 +70,8 @@ private:
         while (!m_full && walk.next()) {
             if (!walk.negativeLength())
                 m_value = walk.value().toString();
+            else // the value before once more, and as much again for whoever joins the rows
+                m_full = !m_allowance.admits(m_value.size());
             append(u'$' + walk.code(), {}, m_value);
         }
         m_field = walk.rest().toString();
