@@ -7,7 +7,6 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
-#include <QThread>
 
 using namespace Qt::StringLiterals;
 
@@ -44,6 +43,11 @@ void changeDatabase(TourDriver &driver, const QString &statement) {
     driver.expectEqual(failure, {}, statement);
 }
 
+void enlargeCatalogue(TourDriver &driver) {
+    changeDatabase(driver, u"insert into zsk (zskid,bookname,author,isbn) select 200000+row_number() over (order by "
+                           u"a.zskid),a.bookname,b.author,a.isbn from zsk a, zsk b, sck c where c.zskid<=10"_s);
+}
+
 void giveFocus(TourDriver &driver, const QString &name) {
     driver.waitUntil(u"the keyboard in " + name, [&] {
         QWidget *widget = TourDriver::find(name);
@@ -67,11 +71,8 @@ void enterFile(TourDriver &driver, const QString &title, const QString &path, co
     if (!picture.isEmpty())
         driver.shot(picture);
     driver.key(u"Return"_s);
-    // The window behind has the keyboard again only when the window manager says so; a click before is lost.
-    driver.waitUntil(u"file dialog gone"_s, [] {
-        return !qobject_cast<QFileDialog *>(QApplication::activeModalWidget()) && QApplication::activeWindow();
-    });
-    QThread::msleep(150);
+    driver.waitUntil(u"file dialog gone"_s,
+                     [] { return !qobject_cast<QFileDialog *>(QApplication::activeModalWidget()); });
 }
 
 int recordsIn(const QString &path) {

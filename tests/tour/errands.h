@@ -13,6 +13,9 @@ QString fromDatabase(TourDriver &driver, const QString &statement);
 // Runs a statement that gives no rows.
 void changeDatabase(TourDriver &driver, const QString &statement);
 
+// Makes a catalogue large enough for an export to be met in the middle.
+void enlargeCatalogue(TourDriver &driver);
+
 // Gives the keyboard to a control, as soon as it is there.
 void giveFocus(TourDriver &driver, const QString &name);
 

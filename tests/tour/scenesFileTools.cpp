@@ -40,8 +40,7 @@ void splitRefusals(TourDriver &driver) {
     driver.expectEqual(driver.textOf(u"Text2"_s), u"1000"_s, u"records per file at the start"_s);
     driver.shot(u"split-empty"_s);
     driver.key(u"alt+d"_s);
-    driver.expect(driver.look([] { return TourDriver::find(u"Text10"_s)->hasFocus(); }),
-                  u"with nothing filled in the keyboard is at the source"_s);
+    driver.waitForFocus(u"Text10"_s);
     driver.key(u"alt+l"_s);
     enterFile(driver, dialogTitle.toString(), pathOf(u"sample.iso"_s));
     driver.waitForText(u"Text10"_s, pathOf(u"sample.iso"_s));
@@ -89,8 +88,7 @@ void split(TourDriver &driver) {
     driver.answerBox(viewQuestion.toString(), u"n"_s, u"split-view"_s);
     driver.expectEqual(driver.textOf(u"labJinDu"_s), u"处理结束"_s, u"the state"_s);
     driver.expectEqual(driver.textOf(u"labShuDo"_s), u"成功处理：%1条"_s.arg(records), u"the count"_s);
-    driver.expect(driver.look([] { return TourDriver::find(u"cmdclick0"_s)->hasFocus(); }),
-                  u"the keyboard is where it was before the run"_s);
+    driver.waitForFocus(u"cmdclick0"_s); // where it was before the run
     driver.shot(u"split-done"_s);
     driver.key(u"alt+q"_s);
     driver.answerBox(closeQuestion.toString(), u"Return"_s); // No is preselected
@@ -113,8 +111,7 @@ void chooseTarget(TourDriver &driver, const QString &file) {
 void mergeRefusals(TourDriver &driver) {
     driver.click(u"hebing"_s);
     driver.waitForWindow(u"frmUnionFile"_s);
-    driver.expect(driver.look([] { return TourDriver::find(u"cmdSelect0"_s)->hasFocus(); }),
-                  u"the keyboard is where the first file is added"_s);
+    driver.waitForFocus(u"cmdSelect0"_s);
     driver.shot(u"merge-empty"_s);
     addSource(driver, u"five.iso"_s);
     addSource(driver, u"sample.iso"_s);

@@ -5,11 +5,12 @@
 #include <QComboBox>
 #include <QElapsedTimer>
 #include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPixmap>
 #include <QPlainTextEdit>
-#include <QProcess>
 #include <QScreen>
 #include <QThread>
 #include <condition_variable>
@@ -40,7 +41,8 @@ QMessageBox *boxWithText(const QString &text) {
 } // namespace
 
 TourDriver::TourDriver(const QString &folder)
-    : m_folder(folder) {}
+    : m_arrivals(m_server)
+    , m_folder(folder) {}
 
 // A call that waits for the windows' thread would wait for ever once the program has ended, so it is only queued, and
 // the waiting ends with the program.
@@ -111,6 +113,7 @@ QWidget *TourDriver::find(const QString &name) {
 bool TourDriver::waitUntil(const QString &what, const std::function<bool()> &condition, int milliseconds) {
     QElapsedTimer clock;
     clock.start();
+    unsigned long pause = 1;
     while (!look([&] { return condition(); })) {
         if (m_ended) // with the program everything is gone that was waited to go
             return true;
@@ -120,31 +123,43 @@ bool TourDriver::waitUntil(const QString &what, const std::function<bool()> &con
             shot(u"too-late"_s);
             return false;
         }
-        QThread::msleep(20);
+        QThread::msleep(pause);
+        pause = std::min(2 * pause, 20UL);
     }
     return true;
 }
 
 bool TourDriver::waitForWindow(const QString &name) {
-    const bool there = waitUntil(u"window " + name, [name] {
+    return waitUntil(u"window " + name, [name] {
         QWidget *widget = find(name);
-        return widget && widget->window()->isActiveWindow();
+        if (!widget || !widget->window()->isActiveWindow())
+            return false;
+        auto *inFrame = qobject_cast<QMdiSubWindow *>(widget->parentWidget());
+        return !inFrame || inFrame->mdiArea()->activeSubWindow() == inFrame;
     });
-    QThread::msleep(150); // the window manager's own painting
-    return there;
 }
 
 bool TourDriver::waitUntilGone(const QString &name) {
     return waitUntil(name + u" gone", [name] { return !find(name); });
 }
 
-void TourDriver::xdotool(const QStringList &arguments) {
-    QProcess process;
-    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    process.start(u"xdotool"_s, arguments);
-    if (!process.waitForFinished(20000) || process.exitCode() != 0)
-        expect(false, u"xdotool " + arguments.join(u' '));
-    QThread::msleep(60);
+bool TourDriver::waitForFocus(const QString &name) {
+    return waitUntil(u"the keyboard is in " + name, [name] { return find(name) && find(name)->hasFocus(); });
+}
+
+void TourDriver::settle() {
+    const quint32 mark = ++m_marks;
+    m_server.mark(m_arrivals.window(), Arrivals::message, mark);
+    waitUntil(u"the program deals with what is pressed"_s, [&] { return m_arrivals.mark() >= mark; });
+}
+
+// Between two windows nobody has the keyboard, until the window manager gives it on: what is pressed then is lost.
+void TourDriver::waitForKeyboard(const QString &what) {
+    waitUntil(u"a window takes " + what, [] {
+        const QWidget *modal = QApplication::activeModalWidget();
+        return QApplication::activePopupWidget() ||
+               (modal ? modal->isActiveWindow() : QApplication::activeWindow() != nullptr);
+    });
 }
 
 QString TourDriver::textOf(const QString &name) {
@@ -226,34 +241,60 @@ void TourDriver::openMenu(const QString &menu, const QString &item) {
     clickAt(place);
 }
 
-void TourDriver::clickAt(const QPoint &global, int button, int times) {
+void TourDriver::moveTo(const QPoint &global) {
     const qreal ratio = look([] { return qApp->devicePixelRatio(); });
-    xdotool({u"mousemove"_s, QString::number(qRound(global.x() * ratio)), QString::number(qRound(global.y() * ratio)),
-             u"click"_s, u"--repeat"_s, QString::number(times), u"--delay"_s, u"40"_s, QString::number(button)});
+    m_server.move((QPointF(global) * ratio).toPoint());
+    settle();
+}
+
+void TourDriver::clickAt(const QPoint &global, int button, int times) {
+    waitForKeyboard(u"a click"_s);
+    moveTo(global + QPoint(20, 0)); // two clicks at one place, one after the other, are no double click
+    moveTo(global);
+    const bool inside = look([&] { return QApplication::widgetAt(global) != nullptr; });
+    for (int i = 0; i < times; ++i) {
+        press(button, inside);
+        m_server.button(button, false);
+    }
+    settle();
+}
+
+void TourDriver::press(int button, bool inside) {
+    const int presses = m_arrivals.presses();
+    m_server.button(button, true);
+    if (inside) // what lies on the window manager's own title bars never comes here
+        waitUntil(u"the press arrives"_s, [&] { return m_arrivals.presses() > presses; });
 }
 
 void TourDriver::drag(const QPoint &from, const QPoint &to) {
-    const qreal ratio = look([] { return qApp->devicePixelRatio(); });
-    const auto place = [&](const QPoint &point) {
-        return QStringList{u"mousemove"_s, QString::number(qRound(point.x() * ratio)),
-                           QString::number(qRound(point.y() * ratio))};
-    };
-    xdotool(place(from));
-    xdotool({u"mousedown"_s, u"1"_s});
-    xdotool(place((from + to) / 2));
-    xdotool(place(to));
-    xdotool({u"mouseup"_s, u"1"_s});
+    waitForKeyboard(u"a drag"_s);
+    moveTo(from);
+    press(1, true);
+    moveTo((from + to) / 2);
+    moveTo(to);
+    m_server.button(1, false);
+    settle();
 }
 
 void TourDriver::key(const QString &chord, int times) {
-    QStringList arguments{u"key"_s, u"--clearmodifiers"_s, u"--delay"_s, u"15"_s};
-    for (int i = 0; i < times; ++i)
-        arguments.append(chord);
-    xdotool(arguments);
+    for (int i = 0; i < times; ++i) {
+        waitForKeyboard(chord);
+        expect(m_server.key(chord), u"a key " + chord);
+        settle();
+    }
+}
+
+void TourDriver::keyElsewhere(const QString &chord) {
+    waitUntil(u"another program has the keyboard"_s, [] { return !QApplication::activeWindow(); });
+    expect(m_server.key(chord), u"a key " + chord);
 }
 
 void TourDriver::type(const QString &text) {
-    xdotool({u"type"_s, u"--delay"_s, u"15"_s, text});
+    waitForKeyboard(text);
+    for (const QChar character : text) {
+        expect(m_server.type(character), u"a key for "_s + character);
+        settle();
+    }
 }
 
 void TourDriver::answerBox(const QString &text, const QString &chord, const QString &picture) {
@@ -271,16 +312,21 @@ void TourDriver::answerBox(const QString &text, const QString &chord, const QStr
 
 QString TourDriver::boxText() {
     const auto box = [] { return qobject_cast<QMessageBox *>(QApplication::activeModalWidget()); };
-    waitUntil(
-        u"a box"_s, [&] { return box() && box()->isActiveWindow(); }, 30000);
+    waitUntil(u"a box"_s, [&] { return box() && box()->isActiveWindow(); });
     return look([&] { return box() ? box()->text() : QString(); });
 }
 
 void TourDriver::shot(const QString &name) {
-    QThread::msleep(250);
     const QString path = u"%1/%2-%3.png"_s.arg(m_folder).arg(++m_pictures, 2, 10, QChar(u'0')).arg(name);
-    const bool saved = look([&] { return QApplication::primaryScreen()->grabWindow(0).save(path); });
-    expect(saved, u"picture " + path);
+    const auto screen = [this] { return look([] { return QApplication::primaryScreen()->grabWindow(0).toImage(); }); };
+    settle();
+    QImage before;
+    QImage now = screen();
+    for (int i = 0; i < 20 && now != before; ++i) {
+        QThread::msleep(40);
+        before = std::exchange(now, screen());
+    }
+    expect(m_ended || now.save(path), u"picture " + path);
     say(u"picture " + path.section(u'/', -1));
 }
 

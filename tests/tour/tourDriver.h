@@ -1,12 +1,15 @@
 // Drives the real windows of the program in a real X server, from a thread of its own: moves the pointer, presses keys
 // and buttons through the server, looks at the windows, saves numbered pictures, and counts what is not as it should
-// be. Every look at a widget happens in the thread of the windows.
+// be. Every look at a widget happens in the thread of the windows. Keys and clicks wait until the window in front has
+// the keyboard, and come back when the program has dealt with them, so that a look behind them is no race; what the
+// window manager has to do with (a window in front, the place of the keyboard behind a closed one) is waited for.
 #pragma once
 
+#include "tour/arrivals.h"
+#include "tour/xServer.h"
 #include <QObject>
 #include <QPoint>
 #include <QString>
-#include <QStringList>
 #include <QWidget>
 #include <atomic>
 #include <functional>
@@ -39,15 +42,16 @@ public:
         return qobject_cast<Widget *>(find(name));
     }
 
-    // Waits until the condition, looked at in the thread of the windows, holds; a failure after ten seconds.
-    bool waitUntil(const QString &what, const std::function<bool()> &condition, int milliseconds = 10000);
-    bool waitForWindow(const QString &name);
+    // Waits until the condition, looked at in the thread of the windows, holds; a failure after half a minute.
+    bool waitUntil(const QString &what, const std::function<bool()> &condition, int milliseconds = 30000);
+    bool waitForWindow(const QString &name); // in front, with the keyboard
     bool waitUntilGone(const QString &name);
+    bool waitForFocus(const QString &name);
 
     // What a control shows as text, whatever its kind.
     QString textOf(const QString &name);
     // Waits until the control shows that text.
-    bool waitForText(const QString &name, const QString &text, int milliseconds = 10000);
+    bool waitForText(const QString &name, const QString &text, int milliseconds = 30000);
     QString cell(const QString &grid, int row, int column);
     int rows(const QString &grid);
     void clickCell(const QString &grid, int row, int column, int button = 1, int times = 1);
@@ -57,8 +61,10 @@ public:
     void openMenu(const QString &menu, const QString &item);
     void clickAt(const QPoint &global, int button = 1, int times = 1);
     void drag(const QPoint &from, const QPoint &to);
-    // A key or chord as the X server's tools name it: "Return", "alt+s", "shift+Down".
+    // A key or chord as the X server names it: "Return", "alt+s", "shift+Down".
     void key(const QString &chord, int times = 1);
+    // The same for another program, once that has taken the keyboard away.
+    void keyElsewhere(const QString &chord);
     void type(const QString &text);
 
     // Waits for a message box with that text, takes its picture when it has a name, and presses the key.
@@ -66,7 +72,7 @@ public:
     // Waits for any message box and gives its text; the box stays.
     QString boxText();
 
-    void shot(const QString &name);
+    void shot(const QString &name); // of the whole screen, once it has come to rest
     void expect(bool holds, const QString &what);
     void expectEqual(const QString &is, const QString &shouldBe, const QString &what);
     int failures() const { return m_failures; }
@@ -74,16 +80,25 @@ public:
     void programStarts() { m_ended = false; }
     // The program has come to its end: from here on nothing can be looked at, and waits end at once.
     void programEnded() { m_ended = true; }
-    bool waitForEnd(int milliseconds = 10000);
+    bool waitForEnd(int milliseconds = 30000);
+
+    XServer &server() { return m_server; }
+    // Comes back when the program has dealt with all that the server has sent it until now.
+    void settle();
 
 private:
     void invoke(const std::function<void()> &function);
-    void xdotool(const QStringList &arguments);
+    void waitForKeyboard(const QString &what);
+    void moveTo(const QPoint &global);
+    void press(int button, bool inside); // whether a window of the program lies there
 
+    XServer m_server;
+    Arrivals m_arrivals;
+    quint32 m_marks = 0;
     QString m_folder;
     std::atomic_bool m_ended = false;
     int m_pictures = 0;
-    int m_failures = 0;
+    std::atomic_int m_failures = 0; // told by either thread
 };
 
 } // namespace tour
