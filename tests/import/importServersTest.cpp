@@ -1,6 +1,7 @@
 // The import of records into real servers, over the road that the program takes.
 #include "import/daoruClass.h"
 #include "support/databaseServers.h"
+#include "support/killedChild.h"
 #include "support/recordText.h"
 #include "support/scriptedHost.h"
 #include <gtest/gtest.h>
@@ -48,4 +49,25 @@ TEST_P(ImportIntoServers, aRecordWithANulIsRefusedAsAWhole) {
     EXPECT_TRUE(import(u"丁"_s));
     EXPECT_EQ(database.selected(u"select bookname from taoluTable"_s), u"丁"_s);
     EXPECT_TRUE(host.boxes.isEmpty());
+}
+
+// A killed import leaves whole rows, one behind the other, and a store that takes the next one.
+TEST_P(ImportIntoServers, aKilledRunLeavesWholeRows) {
+    const auto title = [](int i) -> QString { return u"书"_s.repeated(1 + i % 40) + QString::number(i); };
+    const auto count = [this] { return database.selected(u"select count(*) from taoluTable"_s).toInt(); };
+    for (const int atLeast : {5, 60, 200}) {
+        database.run(u"delete from taoluTable"_s);
+        killInMidWork([&, i = 0]() mutable { import(title(i++)); }, [&] { return count() >= atLeast; });
+        auto connection = platform::Connection::open(state.connectionString);
+        const auto rows = connection.value().query(u"select bookname,marc from taoluTable order by zskid"_s).value();
+        for (int row = 0; row < rows->rowCount(); ++row) {
+            ASSERT_EQ(rows->text(row, 0), title(row));
+            ASSERT_EQ(rows->text(row, 1), recordWith(title(row)));
+        }
+        EXPECT_TRUE(import(u"又一"_s));
+        EXPECT_EQ(count(), rows->rowCount() + 1);
+    }
+    if (GetParam() == TestServer::Sqlite) {
+        EXPECT_EQ(database.selected(u"PRAGMA integrity_check"_s), u"ok"_s);
+    }
 }

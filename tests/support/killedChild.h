@@ -1,0 +1,22 @@
+// A process of its own that works until it is killed as no program can guard against (kill -9).
+#pragma once
+
+#include "platform/database/connection.h"
+#include <QTest>
+#include <csignal>
+#include <functional>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+// The child works in a loop; it is killed once `farEnough`, which is asked here.
+inline void killInMidWork(const std::function<void()> &work, const std::function<bool()> &farEnough) {
+    platform::endKeptConnections(); // nothing of ours is open in the child
+    const pid_t child = fork();
+    if (child == 0)
+        for (;;)
+            work();
+    EXPECT_TRUE(QTest::qWaitFor(farEnough, 30000));
+    ::kill(child, SIGKILL);
+    EXPECT_EQ(::waitpid(child, nullptr, 0), child);
+}
