@@ -66,8 +66,7 @@ TEST_F(ConnectionDialogTest, ADataSourceIsTestedSavedAndClosesTheDialog) {
     dialog.show();
     dialog.txtDatabase->setText(u"before"_s);
     choose(1);
-    EXPECT_FALSE(dialog.txtServer->isEnabled());
-    EXPECT_FALSE(dialog.cboDrivers->isEnabled());
+    EXPECT_FALSE(dialog.txtServer->isEnabled() || dialog.cboDrivers->isEnabled() || dialog.txtDatabase->isEnabled());
     dialog.txtUID->setText(u"u"_s);
     dialog.cmdCeshi->click();
     EXPECT_EQ(opened, QStringList{u"PROVIDER=MSDASQL;DSN=lib;UID=u;PWD=;Database=before;"_s});
@@ -86,10 +85,10 @@ TEST_F(ConnectionDialogTest, RefusesWhatIsIncompleteAndTellsAFailedTest) {
     EXPECT_TRUE(opened.isEmpty());
     dialog.txtUID->setText(u"u"_s);
     fault = u"away"_s;
+    host.onShow = [this] { EXPECT_NE(dialog.cursor().shape(), Qt::WaitCursor); };
     dialog.cmdCeshi->click();
     EXPECT_EQ(host.lastBox().text, u"away\r\n请重试！！"_s);
     EXPECT_EQ(dialog.fraStep3->title(), u"连接值"_s);
-    EXPECT_NE(dialog.cursor().shape(), Qt::WaitCursor);
 }
 
 TEST_F(ConnectionDialogTest, CancellingLeavesTheSettingAlone) {

@@ -55,8 +55,12 @@ TEST_F(OrderbyFrmTest, RefusesAnEmptyChoiceAndCancelsWithoutATrace) {
     EXPECT_EQ(dialog.List2->count(), 6);
     dialog.List2->setCurrentRow(5);
     QTest::mouseClick(dialog.CmdMove, Qt::LeftButton);
-    EXPECT_EQ(dialog.List2->count(), 5);
+    const QPoint first = dialog.List2->visualItemRect(dialog.List2->item(0)).center();
+    QTest::mouseClick(dialog.List2->viewport(), Qt::LeftButton, {}, first);
+    QTest::mouseDClick(dialog.List2->viewport(), Qt::LeftButton, {}, first);
+    EXPECT_EQ(chosen(dialog).join(u' '), u"著者 ISBN 分类号 出版社"_s);
     QTest::mouseClick(dialog.CmdMoveAll, Qt::LeftButton);
+    EXPECT_TRUE(dialog.List1->hasFocus());
     QTest::mouseClick(dialog.cmdOK, Qt::LeftButton);
     EXPECT_EQ(host.texts(), QStringList{u"请输入排序条件，取消该操作。"_s});
     EXPECT_TRUE(dialog.isVisible());

@@ -97,7 +97,7 @@ TEST(frmCutFile, SplitsByTheKeyboardAlone) {
     EXPECT_EQ(desk.folder.read(u"a702.iso"_s), lines(5, 21));
     ASSERT_EQ(desk.reports.size(), 1);
     EXPECT_TRUE(desk.reports[0].startsWith(u"【源文件】\r\n文件{"_s + desk.source + u"处理了25条"));
-    EXPECT_TRUE(form.cmdclick[0]->isEnabled() && form.cmdSelect[1]->isEnabled() && !form.Text2->isReadOnly());
+    EXPECT_TRUE(form.cmdclick[0]->hasFocus() && form.cmdSelect[1]->isEnabled() && !form.Text2->isReadOnly());
     EXPECT_NE(form.cursor().shape(), Qt::WaitCursor);
     desk.host.willAnswer(Answer::No);
     form.reject();
@@ -204,6 +204,7 @@ TEST(frmUnionFile, MergesTheListInItsOrder) {
     desk.host.willAnswer(Answer::No);
     form.cmdClick[0]->click();
     EXPECT_EQ(desk.host.lastBox().text, target + u"已经存在。要替换吗？");
+    EXPECT_EQ(desk.host.lastBox().preselected, Answer::Yes);
     EXPECT_EQ(desk.folder.read(u"all.iso"_s), "kept");
 
     QStringList shown;

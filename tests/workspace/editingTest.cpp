@@ -97,7 +97,8 @@ TEST_F(Editing, LimitsAndTheLargeForm) {
     QTest::keyClick(window.richText, Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(window.richText->text(), u"1#"_s);
     QTest::mouseClick(window.richText->viewport(), Qt::RightButton);
-    EXPECT_EQ(window.richText->geometry(), window.Grid1->rightHalf());
+    EXPECT_EQ(window.richText->geometry(), window.Grid1->geometry().adjusted(window.Grid1->width() / 2, 0, 0, 0));
+    EXPECT_TRUE(window.richText->toolTip().startsWith(u"双击"_s));
     QTest::mouseDClick(window.richText->viewport(), Qt::LeftButton);
     EXPECT_EQ(window.richText->geometry(), window.Grid1->cellRect(3, 4));
     window.resize(window.width() * 2, window.height() * 2);
@@ -168,7 +169,7 @@ TEST_F(Editing, IdentitiesAreCheckedAndTheListStaysInReach) {
     choose(8);
     host.willAnswer(Answer::No);
     QTest::keyClick(window.Grid2, Qt::Key_Down); // another record under the open editor
-    window.Text1->setText(u"题"_s);
+    window.Text1->setText(u" 题 "_s);
     QTest::keyClick(window.Text1, Qt::Key_Return);
     EXPECT_EQ(cell(titleRow, 3), u"题"_s);
     EXPECT_EQ(cell(titleRow, 4), u"题2"_s);
@@ -195,6 +196,9 @@ TEST_F(Editing, TheEditorStaysOverItsCellWhateverRecordComes) {
     turnTo(window.height() - 80);
     EXPECT_EQ(window.Text1->geometry(), window.Grid1->cellRect(row, 3));
     EXPECT_EQ(window.Grid1->row(), 1);
+    QTest::keyClick(window.Text1, Qt::Key_Escape);
+    EXPECT_EQ(window.Grid1->row(), row); // back to the cell
+    choose(8);
     turnTo(window.height() - 80); // a record that has no such row
     window.Text1->setText(u"无处可写"_s);
     QTest::keyClick(window.Text1, Qt::Key_Return);
@@ -209,6 +213,7 @@ TEST_F(Editing, ListsAddAndTheMenuDeletes) {
     window.Grid1->setRow(titleRow);
     choose(3);
     ASSERT_TRUE(window.zdList->isVisible());
+    EXPECT_EQ(window.editRow(), titleRow); // the menu key notes the row
     EXPECT_EQ(window.zdList->geometry(), window.Grid1->rightHalf());
     QTest::keyClick(window.zdList, Qt::Key_Down);
     QTest::keyClick(window.zdList, Qt::Key_Return);
@@ -222,7 +227,9 @@ TEST_F(Editing, ListsAddAndTheMenuDeletes) {
     window.cmdclick[6]->setFocus();
     EXPECT_FALSE(window.Zzdlist->isVisible());
     EXPECT_EQ(window.Zzdlist->count(), 0);
-    window.Grid1->setFocus();
+    choose(4);
+    QTest::keyClick(window.Zzdlist, Qt::Key_Escape);
+    EXPECT_TRUE(window.Grid1->hasFocus());
 
     host.willAnswer(Answer::Yes);
     window.Grid1->setRow(5);

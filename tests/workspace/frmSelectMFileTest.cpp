@@ -19,7 +19,9 @@ TEST(SelectMarcFile, RefusesAndOpens) {
     window.show();
     window.cmdClick[0]->click();
     window.Text1->setText(u" "_s + host.folder);
+    window.cmdClick[0]->setFocus();
     window.cmdClick[0]->click(); // a folder is no file
+    EXPECT_EQ(window.focusWidget(), window.Text1);
     EXPECT_EQ(host.texts(), (QStringList{u"没有选择机读目录数据文件！"_s, u"该机读目录数据文件不存在！"_s}));
 
     const QString path = host.folder + u"/书目 1.iso";
