@@ -69,8 +69,10 @@ TEST_F(Editing, ContentIsTakenOverOrDropped) {
 
     window.record().recordChanged = false;
     editRow(titleRow);
-    paste(u"弃"_s);
+    paste(u"弃𠮷"_s);
+    EXPECT_TRUE(window.labZhuangTai->text().contains(u"𠮷"_s)); // said while it is typed
     QTest::keyClick(window.richText, Qt::Key_Escape);
+    EXPECT_FALSE(window.labZhuangTai->text().contains(u"𠮷"_s));
     EXPECT_TRUE(window.isVisible());
     EXPECT_EQ(cell(titleRow, 4), u"甲乙丙丁\x1F"_s);
 
