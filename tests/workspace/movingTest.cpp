@@ -44,7 +44,7 @@ TEST_F(Moving, StepsColourRowsAndStopAtTheEnds) {
     for (int i = 0; i < 30; ++i)
         window.cmdTiMing[1]->click();
     EXPECT_EQ(window.Grid2->row(), 19);
-    EXPECT_EQ(window.Grid2->cellBackground(18, 1), workspace::visitedRecordColour);
+    EXPECT_EQ(window.Grid2->cellBackground(18, 1), workspace::RecordList::visitedColour);
     EXPECT_EQ(window.Text2->text(), QString()); // the list's last row is empty
     EXPECT_EQ(cell(4, 4), u"题19"_s);           // and the grid keeps the record before it
 }
