@@ -30,6 +30,7 @@ endfunction()
 
 # house_tests(marc USES marc SOURCES a.cpp b.cpp): one test program `<name>_tests`, run without a screen. With SERVERS its
 # tests find the database servers running, and share them with no other test meanwhile.
+set(TARVEX_TEST_TIMEOUT 60 CACHE STRING "Seconds that one test may take; a build with sanitizers needs more")
 function(house_tests name)
   cmake_parse_arguments(T "SERVERS" "" "SOURCES;USES" ${ARGN})
   if(T_SERVERS)
@@ -39,5 +40,5 @@ function(house_tests name)
   set_target_properties(${name}_tests PROPERTIES AUTOMOC ON)
   target_link_libraries(${name}_tests PRIVATE test_support ${T_USES})
   gtest_discover_tests(${name}_tests TEST_PREFIX ${name}. DISCOVERY_TIMEOUT 60
-    PROPERTIES TIMEOUT 60 ${servers} ENVIRONMENT "QT_QPA_PLATFORM=offscreen;TZ=Asia/Shanghai;LC_ALL=C.UTF-8")
+    PROPERTIES TIMEOUT ${TARVEX_TEST_TIMEOUT} ${servers} ENVIRONMENT "QT_QPA_PLATFORM=offscreen;TZ=Asia/Shanghai;LC_ALL=C.UTF-8")
 endfunction()
