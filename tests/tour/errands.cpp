@@ -48,6 +48,10 @@ void enlargeCatalogue(TourDriver &driver) {
                            u"a.zskid),a.bookname,b.author,a.isbn from zsk a, zsk b, sck c where c.zskid<=10"_s);
 }
 
+void shrinkCatalogue(TourDriver &driver) {
+    changeDatabase(driver, u"delete from zsk where zskid>200000"_s);
+}
+
 void giveFocus(TourDriver &driver, const QString &name) {
     driver.waitUntil(u"the keyboard in " + name, [&] {
         QWidget *widget = TourDriver::find(name);

@@ -15,6 +15,7 @@ void changeDatabase(TourDriver &driver, const QString &statement);
 
 // Makes a catalogue large enough for an export to be met in the middle.
 void enlargeCatalogue(TourDriver &driver);
+void shrinkCatalogue(TourDriver &driver); // back to what it was
 
 // Gives the keyboard to a control, as soon as it is there.
 void giveFocus(TourDriver &driver, const QString &name);

@@ -211,7 +211,7 @@ void stopExport(TourDriver &driver) {
                   u"no further export from this window"_s);
     driver.key(u"alt+x"_s);
     driver.waitUntilGone(u"ZSKListFrm"_s);
-    changeDatabase(driver, u"delete from zsk where zskid>200000"_s);
+    shrinkCatalogue(driver);
 }
 
 void nothingFound(TourDriver &driver) {

@@ -1,6 +1,7 @@
-// The tour through the whole program; see tourDriver.h. Usage: tour FOLDER-FOR-PICTURES [SCENE…]
-// It finds another start of the program in TMPDIR alone, which scripts/tour makes its own; "tour second" is such a
-// start.
+// The tour through the whole program; see tourDriver.h. Usage: tour FOLDER-FOR-PICTURES [SCENE… | --monkey SEED
+// SECONDS] It finds another start of the program in TMPDIR alone, which scripts/stage makes its own; "tour second" is
+// such a start.
+#include "tour/monkey.h"
 #include "tour/scenes.h"
 #include "tour/tourProgram.h"
 #include <QApplication>
@@ -24,6 +25,11 @@ bool isWanted(const Scene &scene, const QStringList &wanted) {
     return wanted.isEmpty() || wanted.contains(QLatin1StringView(scene.name));
 }
 
+int report(const tour::TourDriver &driver) {
+    std::fprintf(stderr, "%d not as they should be\n", driver.failures());
+    return driver.failures() == 0 ? 0 : 1;
+}
+
 } // namespace
 
 int main(int argc, char **argv) {
@@ -38,6 +44,10 @@ int main(int argc, char **argv) {
     }
     tour::TourDriver driver(arguments[1]);
     const QStringList wanted = arguments.mid(2);
+    if (wanted.value(0) == u"--monkey") {
+        tour::monkey(driver, wanted.value(1).toUInt(), wanted.value(2).toInt());
+        return report(driver);
+    }
     tour::runProgram(driver, tour::firstRun);
     tour::runProgram(driver, [&wanted](tour::TourDriver &at) {
         tour::closeNotice(at);
@@ -47,6 +57,5 @@ int main(int argc, char **argv) {
         }
         tour::leave(at);
     });
-    std::fprintf(stderr, "%d not as they should be\n", driver.failures());
-    return driver.failures() == 0 ? 0 : 1;
+    return report(driver);
 }

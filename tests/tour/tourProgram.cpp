@@ -11,6 +11,11 @@ void TourHost::endProcess() {
     QCoreApplication::quit();
 }
 
+bool TourHost::openInShell(const QString &target) {
+    Q_UNUSED(target)
+    return true;
+}
+
 void runProgram(TourDriver &driver, const std::function<void(TourDriver &)> &script) {
     TourHost host{platform::Settings()};
     driver.programStarts();

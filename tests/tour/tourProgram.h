@@ -11,6 +11,7 @@ class TourHost final : public platform::QtHost {
 public:
     using QtHost::QtHost;
     void endProcess() override;
+    bool openInShell(const QString &target) override; // there is no desktop to hand it to
 };
 
 // Runs the program from its start to its end, with the script driving it from a thread of its own.

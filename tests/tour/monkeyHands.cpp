@@ -1,0 +1,213 @@
+#include "tour/monkeyHands.h"
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFileDialog>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPrintPreviewDialog>
+#include <QThread>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace tour {
+
+namespace {
+
+constexpr QStringView exitQuestion = u"确定要退出系统吗？";
+
+// Not among them: Ctrl+F, which ends the program where it stands on the catalogue, and what the window manager keeps
+// for itself.
+constexpr auto chords = std::to_array<const char *>(
+    {"Tab",      "shift+Tab", "Return",     "Escape",    "space",  "Up",        "Down",     "Left",      "Right",
+     "Home",     "End",       "Page_Up",    "Page_Down", "Menu",   "F2",        "F10",      "BackSpace", "Delete",
+     "ctrl+a",   "ctrl+c",    "ctrl+v",     "ctrl+z",    "ctrl+e", "ctrl+Home", "ctrl+End", "ctrl+Tab",  "shift+Down",
+     "shift+Up", "ctrl+Down", "shift+Home", "y",         "n",      "a",         "Z",        "9",         "0"});
+constexpr QStringView accessKeys = u"abcdefghijklmnoqrstuvwxyz"; // Alt+P paginates a whole catalogue
+
+// Whether a read or an import ran in the window in front: it ends behind the record in hand.
+bool stopRun() {
+    for (const QString &name : {u"frmDaoru/cmdJieShu"_s, u"frmDaoRuJindu/cmdStop"_s}) {
+        auto *stop = TourDriver::find<QAbstractButton>(name);
+        if (stop && stop->isEnabled() && stop->window()->isActiveWindow()) {
+            stop->click();
+            return true;
+        }
+    }
+    return false;
+}
+
+QString buttonName(const QMessageBox &box, QMessageBox::StandardButton button) {
+    return box.button(button) ? box.button(button)->text() : QString();
+}
+
+} // namespace
+
+// All numbers of one act, thrown before anything is looked at, so that the dice do not hang on the machine's pace.
+struct MonkeyHands::Throw {
+    explicit Throw(std::mt19937 &dice)
+        : kind(int(dice() % 1000))
+        , choice(dice())
+        , x(dice() % 10000)
+        , y(dice() % 10000) {}
+
+    int kind;
+    quint32 choice;
+    quint32 x;
+    quint32 y;
+};
+
+MonkeyHands::MonkeyHands(TourDriver &driver, unsigned seed)
+    : m_driver(driver)
+    , m_dice(seed) {}
+
+MonkeyHands::Front MonkeyHands::front() const {
+    return m_driver.look([]() -> Front {
+        QWidget *modal = QApplication::activeModalWidget();
+        QWidget *window = modal ? modal : QApplication::activeWindow();
+        if (!window || !window->isActiveWindow())
+            return {};
+        const auto *box = qobject_cast<QMessageBox *>(window);
+        return {.id = window->winId(),
+                .name = window->objectName(),
+                .question = box ? box->text() : QString(),
+                .hasAnswers = box && !buttonName(*box, QMessageBox::No).isEmpty(),
+                .isFileDialog = qobject_cast<QFileDialog *>(window) != nullptr,
+                .isPreview = qobject_cast<QPrintPreviewDialog *>(window) != nullptr,
+                .isMain = window->objectName() == u"marcMain",
+                .hasPopup = QApplication::activePopupWidget() != nullptr,
+                .place = QRect(window->mapToGlobal(QPoint(0, 0)), window->size())};
+    });
+}
+
+void MonkeyHands::act() {
+    secondRuns();
+    const Front front = this->front();
+    if (front.id == 0)
+        return meetNobody();
+    ++m_acts;
+    actOn(front, Throw(m_dice));
+    m_driver.settle();
+}
+
+void MonkeyHands::actOn(const Front &front, const Throw &dice) {
+    if (front.question == exitQuestion)
+        return answer(front, false);
+    if (front.isFileDialog)
+        return answerFile(dice);
+    if (front.isPreview)
+        return close(front);
+    if (!front.question.isEmpty() && dice.kind < 700)
+        return answer(front, dice.choice % 2);
+    if (dice.kind < 300)
+        return press(QString::fromLatin1(chords[dice.choice % chords.size()]));
+    if (dice.kind < 600)
+        return press(u"alt+"_s + accessKeys[dice.choice % accessKeys.size()]);
+    if (dice.kind < 930)
+        return click(front, dice);
+    if (dice.kind < 960)
+        return close(front);
+    if (dice.kind < 995)
+        return m_driver.server().resize(front.id, QSize(200 + int(dice.x) % 1200, 120 + int(dice.y) % 800));
+    startSecond();
+}
+
+// A box shows its button pressed for a while before it goes.
+void MonkeyHands::answer(const Front &front, bool yes) {
+    press(!front.hasAnswers ? u"Return"_s : yes ? u"y"_s : u"n"_s);
+    m_driver.waitUntil(u"box gone: "_s + front.question, [id = front.id] {
+        const QWidget *box = QWidget::find(id);
+        return !box || !box->isVisible();
+    });
+}
+
+// A name of its own in the folder of the samples, one that stands there, or none: the rest of the disk is not for it.
+void MonkeyHands::answerFile(const Throw &dice) {
+    if (dice.choice % 4 == 0)
+        return press(u"Escape"_s);
+    const QString name = dice.choice % 4 == 1 ? u"five.iso"_s : u"monkey%1.iso"_s.arg(++m_names);
+    press(u"ctrl+a"_s);
+    typeText(QDir::currentPath() + u'/' + name);
+    press(u"Return"_s);
+    m_driver.settle();
+    if (front().isFileDialog) // there is no such file to open
+        press(u"Escape"_s);
+}
+
+void MonkeyHands::press(const QString &chord) {
+    m_driver.server().key(chord);
+}
+
+void MonkeyHands::typeText(const QString &text) {
+    for (const QChar character : text)
+        m_driver.server().type(character);
+}
+
+void MonkeyHands::click(const Front &front, const Throw &dice) {
+    const QPoint place(front.place.left() + int(dice.x) * front.place.width() / 10000,
+                       front.place.top() + int(dice.y) * front.place.height() / 10000);
+    const int times = dice.choice % 5 == 0 ? 2 : 1;
+    const int button = dice.choice % 7 == 0 ? 3 : 1;
+    m_driver.server().move(place);
+    for (int i = 0; i < 2 * times; ++i)
+        m_driver.server().button(button, i % 2 == 0);
+}
+
+// Between two windows the window manager is about to give the keyboard on; where the box of the second start went, it
+// may give it to nobody, and a person would reach for the window.
+void MonkeyHands::meetNobody() {
+    QThread::msleep(1);
+    if (++m_alone % 500 != 0)
+        return;
+    m_driver.look([] {
+        QWidget *modal = QApplication::activeModalWidget();
+        (modal ? modal : TourDriver::find(u"marcMain"_s))->activateWindow();
+    });
+}
+
+void MonkeyHands::startSecond() {
+    if (!secondRuns())
+        m_second.start(QApplication::applicationFilePath(), {u"second"_s});
+}
+
+bool MonkeyHands::secondRuns() {
+    if (m_second.state() == QProcess::NotRunning || m_second.waitForFinished(1))
+        return false;
+    m_driver.server().closeWindowsOf(m_second.processId());
+    return true;
+}
+
+void MonkeyHands::close(const Front &front) {
+    m_driver.server().close(front.id);
+}
+
+void MonkeyHands::tidyUp(const std::function<void()> &help) {
+    QElapsedTimer clock;
+    clock.start();
+    while (m_driver.waitUntil(
+        u"the main window stands alone"_s, [&] { return clock.elapsed() < 60000; }, 0)) {
+        secondRuns();
+        QThread::msleep(1);
+        const Front front = this->front();
+        if (front.isMain && !front.hasPopup)
+            break;
+        if (front.id == 0) {
+            meetNobody();
+            continue;
+        }
+        if (!front.question.isEmpty())
+            answer(front, front.question == u"确实要退出吗？");
+        else if (!m_driver.look(stopRun))
+            press(u"Escape"_s);
+        m_driver.settle();
+        help();
+    }
+    clock.restart();
+    while (secondRuns() && clock.elapsed() < 30000)
+        QThread::msleep(1);
+    m_driver.expect(m_second.state() == QProcess::NotRunning, u"a second start ends"_s);
+}
+
+} // namespace tour
