@@ -41,6 +41,9 @@ TEST_F(Moving, StepsColourRowsAndStopAtTheEnds) {
     EXPECT_EQ(window.Grid2->cellBackground(1, 1), workspace::RecordList::currentColour);
     EXPECT_EQ(window.Text2->text(), u"2"_s);
     EXPECT_EQ(cell(4, 4), u"题2"_s);
+    window.Grid2->setRowSel(4);
+    QTest::mouseClick(window.Grid2->viewport(), Qt::RightButton);
+    EXPECT_EQ(window.Grid2->rowSel(), 1); // a click leaves one row selected
     for (int i = 0; i < 30; ++i)
         window.cmdTiMing[1]->click();
     EXPECT_EQ(window.Grid2->row(), 19);
