@@ -1,8 +1,13 @@
 #include "platform/settings.h"
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QHash>
 #include <QSettings>
 #include <QStandardPaths>
+#include <QVariant>
+#include <filesystem>
+#include <system_error>
 
 namespace platform {
 
@@ -16,6 +21,32 @@ QString fileOf(const QString &folder, const QString &application) {
 
 QString keyOf(const QString &section, const QString &key) {
     return section + u'/' + key;
+}
+
+bool storeAll(const QHash<QString, QVariant> &all, const QString &path) {
+    QFile::remove(path);
+    if (QFile file(path); !file.open(QIODevice::WriteOnly | QIODevice::NewOnly, ownerOnly))
+        return false;
+    QSettings store(path, QSettings::IniFormat);
+    for (auto entry = all.cbegin(); entry != all.cend(); ++entry)
+        store.setValue(entry.key(), entry.value());
+    store.sync();
+    return store.status() == QSettings::NoError && QFile::setPermissions(path, ownerOnly);
+}
+
+bool holdsAll(const QHash<QString, QVariant> &all, const QString &path) {
+    const QSettings store(path, QSettings::IniFormat);
+    for (auto entry = all.cbegin(); entry != all.cend(); ++entry) {
+        if (store.value(entry.key()) != entry.value())
+            return false;
+    }
+    return true;
+}
+
+bool movedOver(const QString &from, const QString &to) {
+    std::error_code failed;
+    std::filesystem::rename(from.toStdU16String(), to.toStdU16String(), failed);
+    return !failed;
 }
 
 } // namespace
@@ -38,22 +69,26 @@ QString Settings::read(const QString &application, const QString &section, const
 
 Status Settings::write(const QString &application, const QString &section, const QString &key,
                        const QString &value) const {
-    const QString path = fileOf(m_folder, application);
     if (!QDir().mkpath(m_folder))
         return Failure{QStringLiteral("无法建立设置文件夹 %1").arg(m_folder)};
-    if (!QFile::exists(path)) {
-        QFile file(path);
-        if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly, ownerOnly))
-            return Failure{file.errorString(), int(file.error())};
-    }
-    QFile::setPermissions(path, ownerOnly);
-    QSettings store(path, QSettings::IniFormat);
-    store.setAtomicSyncRequired(false); // the file keeps its permissions only when it is written in place
-    store.setValue(keyOf(section, key), value);
-    store.sync();
-    if (store.status() != QSettings::NoError)
-        return Failure{QStringLiteral("无法写入设置文件 %1").arg(path), int(store.status())};
-    return success();
+    const QString path = fileOf(m_folder, application);
+    QString place = QFileInfo(path).canonicalFilePath(); // of a linked file, the file itself is replaced
+    if (place.isEmpty())
+        place = path;
+    QHash<QString, QVariant> all;
+    const QSettings standing(place, QSettings::IniFormat);
+    for (const QString &other : standing.allKeys())
+        all.insert(other, standing.value(other));
+    all.insert(keyOf(section, key), value);
+    // A full disk must not cost the settings that were there: the new file is made beside the old one, and takes its
+    // place when it has shown that it holds everything.
+    const QString made = place + u".making";
+    const QString whole = place + u".made"; // under another name, so that the toolkit reads what is on the disk
+    const bool replaced =
+        storeAll(all, made) && movedOver(made, whole) && holdsAll(all, whole) && movedOver(whole, place);
+    QFile::remove(made);
+    QFile::remove(whole);
+    return replaced ? success() : Status(Failure{QStringLiteral("无法写入设置文件 %1").arg(path)});
 }
 
 } // namespace platform

@@ -2,8 +2,17 @@
 #include "platform/codepage936.h"
 #include <QFile>
 #include <QFileInfo>
+#include <QSaveFile>
 #include <algorithm>
 #include <cstring>
+#ifndef Q_OS_WIN
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
+using namespace Qt::StringLiterals;
 
 namespace platform {
 
@@ -12,13 +21,52 @@ namespace {
 constexpr qsizetype blockSize = 1 << 18;
 constexpr qsizetype gatherSize = 1 << 20; // a split in pieces of this size takes an eighth less than in quarters of it
 
-Result<std::unique_ptr<QFile>> openForReading(const QString &path) {
-    if (QFileInfo(path).isDir())
-        return Failure{QStringLiteral("%1 是文件夹，不是文件").arg(path)};
+Failure notAFile(const QString &path, bool isFolder) {
+    return Failure{QStringLiteral("%1 是%2，不是文件").arg(path, isFolder ? u"文件夹"_s : u"管道或设备"_s)};
+}
+
+// Decides what may be opened as a file: a plain one, or a link to one. Anything else could keep us waiting for ever, so
+// that looking at it must not wait either.
+#ifdef Q_OS_WIN
+
+Result<std::unique_ptr<QFile>> openPlainFile(const QString &path, QIODevice::OpenMode mode) {
+    if (const QFileInfo standing(path); standing.exists() && !standing.isFile())
+        return notAFile(path, standing.isDir());
     auto file = std::make_unique<QFile>(path);
-    if (!file->open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+    if (!file->open(mode | QIODevice::Unbuffered))
         return Failure{file->errorString(), int(file->error())};
     return Result<std::unique_ptr<QFile>>(std::move(file));
+}
+
+#else
+
+Result<std::unique_ptr<QFile>> openPlainFile(const QString &path, QIODevice::OpenMode mode) {
+    constexpr int withoutWaiting = O_NONBLOCK | O_CLOEXEC | O_NOCTTY;
+    const int access = mode & QIODevice::WriteOnly ? O_WRONLY | O_CREAT : O_RDONLY;
+    const int descriptor = ::open(QFile::encodeName(path).constData(), access | withoutWaiting, 0666);
+    if (descriptor < 0)
+        return Failure{qt_error_string(errno), errno};
+    auto file = std::make_unique<QFile>(path);
+    if (!file->open(descriptor, mode | QIODevice::Unbuffered, QFile::AutoCloseHandle)) {
+        ::close(descriptor);
+        return Failure{file->errorString(), int(file->error())};
+    }
+    struct stat entry = {};
+    if (fstat(descriptor, &entry) != 0 || !S_ISREG(entry.st_mode))
+        return notAFile(path, S_ISDIR(entry.st_mode));
+    if (mode & QIODevice::Truncate && !file->resize(0)) // only now that it is known what it is
+        return Failure{file->errorString(), int(file->error())};
+    return Result<std::unique_ptr<QFile>>(std::move(file));
+}
+
+#endif
+
+// Writes the bytes; what is left of them where the machine takes no more.
+QByteArrayView notTaken(QIODevice &device, QByteArrayView bytes) {
+    qint64 written = 0;
+    while (!bytes.isEmpty() && (written = device.write(bytes.data(), bytes.size())) > 0)
+        bytes = bytes.sliced(written); // a short write: the next one says why
+    return bytes;
 }
 
 // How many of the bytes are `wanted`. Counted in stretches so short that a byte holds each one's number: compilers turn
@@ -129,7 +177,7 @@ LineReader &LineReader::operator=(LineReader &&) noexcept = default;
 LineReader::~LineReader() = default;
 
 Result<LineReader> LineReader::open(const QString &path) {
-    auto file = openForReading(path);
+    auto file = openPlainFile(path, QIODevice::ReadOnly);
     if (!file)
         return file.failure();
     auto state = std::make_unique<State>();
@@ -165,7 +213,7 @@ void LineReader::rewind() {
 }
 
 Result<qint64> countLines(const QString &path) {
-    auto file = openForReading(path);
+    auto file = openPlainFile(path, QIODevice::ReadOnly);
     if (!file)
         return file.failure();
     QByteArray block(blockSize, Qt::Uninitialized);
@@ -197,12 +245,15 @@ Result<QStringList> readTextLines(const QString &path) {
 }
 
 Status writeTextFile(const QString &path, const QString &text) {
-    auto writer = ByteWriter::create(path);
-    if (!writer)
-        return writer.failure();
-    if (const Status written = writer.value().write(encode(text)); !written)
-        return written;
-    return writer.value().close();
+    if (const QFileInfo standing(path); standing.exists() && !standing.isFile())
+        return notAFile(path, standing.isDir());
+    QSaveFile file(path);
+    file.setDirectWriteFallback(true);
+    // Unbuffered, since commit() does not see that the last of a buffer had no room.
+    if (file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && notTaken(file, encode(text)).isEmpty() &&
+        file.commit())
+        return success();
+    return Failure{file.errorString(), int(file.error())};
 }
 
 ByteWriter::ByteWriter(std::unique_ptr<QFile> file)
@@ -220,10 +271,10 @@ ByteWriter::~ByteWriter() {
 }
 
 Result<ByteWriter> ByteWriter::create(const QString &path) {
-    auto file = std::make_unique<QFile>(path);
-    if (!file->open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered))
-        return Failure{file->errorString(), int(file->error())};
-    ByteWriter writer(std::move(file));
+    auto file = openPlainFile(path, QIODevice::WriteOnly | QIODevice::Truncate);
+    if (!file)
+        return file.failure();
+    ByteWriter writer(std::move(file).value());
     writer.m_gathered.reserve(gatherSize);
     return writer;
 }
@@ -238,11 +289,7 @@ Status ByteWriter::write(QByteArrayView bytes) {
 }
 
 Status ByteWriter::flush() {
-    QByteArrayView left = m_gathered;
-    qint64 written = 0;
-    while (!left.isEmpty() && (written = m_file->write(left.data(), left.size())) > 0)
-        left = left.sliced(written); // a short write: the next one says why
-    const bool whole = left.isEmpty();
+    const bool whole = notTaken(*m_file, m_gathered).isEmpty();
     m_gathered.resize(0); // keeps its room; what the machine refused once is not offered again
     if (!whole)
         return Failure{m_file->errorString(), int(m_file->error())};

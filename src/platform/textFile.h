@@ -17,7 +17,7 @@ namespace platform {
 // Reads a file line by line in blocks; holds no more than a block and the line in hand.
 class LineReader {
 public:
-    // Fails for what is missing, unreadable or a folder.
+    // Fails for what is missing, unreadable or no plain file: nobody waits for what a pipe or a device may bring.
     static Result<LineReader> open(const QString &path);
     LineReader(LineReader &&) noexcept;
     LineReader &operator=(LineReader &&) noexcept;
@@ -59,14 +59,16 @@ Result<qint64> countLines(const QString &path);
 // The decoded lines of a small file.
 Result<QStringList> readTextLines(const QString &path);
 
-// Replaces the file with the text in code page 936, as it stands: no line end is added or changed.
+// Replaces the file with the text in code page 936, as it stands: no line end is added or changed. The new file is made
+// beside the old one and takes its name and permissions when it is whole, so that a full disk leaves the old one. Where
+// the folder allows no new file the old one is written over in place.
 Status writeTextFile(const QString &path, const QString &text);
 
 // A file being written, bytes as they come, gathered to blocks. A failed write is told by write(), flush() or close(),
 // never lost; what is still gathered when the object goes is written without a word.
 class ByteWriter {
 public:
-    static Result<ByteWriter> create(const QString &path); // replaces what is there
+    static Result<ByteWriter> create(const QString &path); // replaces what is there; fails for what is no plain file
     ByteWriter(ByteWriter &&) noexcept;
     ByteWriter &operator=(ByteWriter &&) noexcept;
     ~ByteWriter();

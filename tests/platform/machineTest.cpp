@@ -2,6 +2,7 @@
 #include "platform/paths.h"
 #include "platform/settings.h"
 #include "platform/singleInstance.h"
+#include "support/fullDisk.h"
 #include "support/qtPrinters.h"
 #include <QDir>
 #include <QFile>
@@ -33,6 +34,12 @@ TEST(Settings, ComeBackAsTheyWereAndAreTheOwnersAlone) {
         QFile::setPermissions(file, QFile::permissions(file) | QFile::ReadOther);
     }
     EXPECT_EQ(QDir(inside).entryList(QDir::Files | QDir::Hidden).size(), 1);
+    for (const rlim_t room : {0, 40, 60, 80}) {
+        const FullDisk disk(room);
+        EXPECT_FALSE(settings.write(u"应用"_s, u"Setting"_s, u"Key"_s, QString(100, u'x'))) << room;
+        EXPECT_EQ(Settings(inside).read(u"应用"_s, u"SystemInf"_s, u"Key"_s, u"none"_s), u"1") << room;
+        EXPECT_EQ(QDir(inside).entryList(QDir::Files | QDir::Hidden).size(), 1) << room;
+    }
     EXPECT_FALSE(Settings(file + u"/below").write(u"a"_s, u"b"_s, u"c"_s, u"d"_s));
 }
 

@@ -1,9 +1,15 @@
 #include "platform/textFile.h"
+#include "support/fullDisk.h"
 #include "support/qtPrinters.h"
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 using namespace platform;
 using namespace Qt::StringLiterals;
@@ -77,21 +83,44 @@ TEST_F(TextFile, WhatStandsBehindAStopIsNotHeld) {
     EXPECT_LT(after.ru_maxrss - before.ru_maxrss, 20 << 10); // kilobytes
 }
 
-TEST_F(TextFile, WhatCannotBeReadIsTold) {
-    for (const QString &name : {path(u"missing"_s), path(u"."_s), u"/proc/self/mem"_s}) {
+TEST_F(TextFile, WhatIsNoPlainFileIsRefusedAndNobodyWaits) {
+    const QString pipe = path(u"pipe"_s);
+    ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0644), 0);
+    ASSERT_TRUE(QFile::link(pipe, path(u"link"_s)));
+    alarm(20); // an open that waits is ended
+    for (const QString &name : {path(u"missing"_s), path(u"."_s), u"/proc/self/mem"_s, pipe, path(u"link"_s),
+                                u"/dev/zero"_s, u"/dev/ptmx"_s}) {
         EXPECT_FALSE(countLines(name)) << name.toStdString();
         const auto lines = readTextLines(name);
         ASSERT_FALSE(lines) << name.toStdString();
         EXPECT_FALSE(lines.failure().description.isEmpty());
     }
+    const int reader = open(QFile::encodeName(pipe).constData(), O_RDONLY | O_NONBLOCK); // so that it could be written
+    for (const QString &name : {path(u"missing/file"_s), path(u"."_s), pipe, path(u"link"_s), u"/dev/null"_s}) {
+        EXPECT_FALSE(writeTextFile(name, u"x"_s)) << name.toStdString();
+        EXPECT_FALSE(ByteWriter::create(name)) << name.toStdString();
+    }
+    close(reader);
+    alarm(0);
+    const QString plain = file("a\rb");
+    ASSERT_TRUE(QFile::link(plain, path(u"toPlain"_s)));
+    EXPECT_EQ(readTextLines(path(u"toPlain"_s)).value(), (QStringList{u"a"_s, u"b"_s}));
 }
 
-TEST_F(TextFile, WhatCannotBeWrittenIsTold) {
-    EXPECT_FALSE(writeTextFile(path(u"missing/file"_s), u"x"_s));
-    EXPECT_FALSE(writeTextFile(u"/dev/full"_s, u"x"_s));
-    EXPECT_FALSE(writeTextFile(u"/dev/full"_s, QString(1'000'000, u'x')));
-    ASSERT_TRUE(writeTextFile(file("what stood here before"), u"甲\r\n乙\nก"_s));
-    EXPECT_EQ(readTextLines(path(u"file"_s)).value(), (QStringList{u"甲"_s, u"乙\n?"_s}));
+TEST_F(TextFile, AFullDiskLeavesTheFileThatWasThere) {
+    const QString old = file("what stood here before");
+    ASSERT_TRUE(QFile::link(old, path(u"link"_s)));
+    ASSERT_TRUE(QFile::setPermissions(old, QFile::ReadOwner | QFile::WriteOwner));
+    for (const QString &name : {old, path(u"link"_s)}) {
+        const FullDisk disk(100);
+        EXPECT_FALSE(writeTextFile(name, QString(1'000, u'x')));
+        EXPECT_EQ(readTextLines(old).value(), QStringList{u"what stood here before"_s});
+    }
+    ASSERT_TRUE(writeTextFile(path(u"link"_s), u"甲\r\n乙\nก"_s));
+    EXPECT_TRUE(QFileInfo(path(u"link"_s)).isSymLink());
+    EXPECT_EQ(readTextLines(old).value(), (QStringList{u"甲"_s, u"乙\n?"_s}));
+    EXPECT_FALSE(QFile::permissions(old).testFlag(QFile::ReadOther));
+    EXPECT_EQ(QFileInfo(old).dir().entryList(QDir::Files | QDir::Hidden).size(), 2) << "nothing is left beside it";
 }
 
 } // namespace

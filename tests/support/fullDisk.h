@@ -1,0 +1,22 @@
+// A disk without room: while this stands no file of the process can be written beyond `bytes`.
+#pragma once
+
+#include <csignal>
+#include <sys/resource.h>
+
+class FullDisk {
+public:
+    explicit FullDisk(rlim_t bytes) {
+        std::signal(SIGXFSZ, SIG_IGN); // the write fails instead
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        rlimit limit = m_before;
+        limit.rlim_cur = bytes;
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &m_before); }
+    FullDisk(const FullDisk &) = delete;
+    FullDisk &operator=(const FullDisk &) = delete;
+
+private:
+    rlimit m_before{};
+};
