@@ -80,16 +80,22 @@ void ExportRun::exportRow(const QString &zskid) {
             row = readCatalogueRow(*result.value());
     }
     if (m_file)
-        (void)m_file->write(exportRecord(row).append("\r\n"));
+        (void)m_file->writeLine(exportRecord(row));
 }
 
 bool ExportRun::askedToStop(int row) {
     if (!m_list.stopPressed())
         return false;
+    handOver();
     if (m_host.ask(u"已经成功导出" + QString::number(row) + u"条数据。确定要终止导出吗？", kTitle.toString()))
         return true;
     m_list.goOn();
     return false;
+}
+
+void ExportRun::handOver() {
+    if (m_file)
+        (void)m_file->flush();
 }
 
 void ExportRun::end() {

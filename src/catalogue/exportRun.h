@@ -31,6 +31,9 @@ public:
     // Called while the run yields: closes the file behind the record in hand; the run then comes back without a word.
     void end();
 
+    // Hands over to the file what was written so far; called before a count is seen.
+    void handOver();
+
 private:
     QString chooseName();
     // The number of the row behind the last one written.

@@ -59,6 +59,10 @@ void ZSKListFrm::connectControls() {
         CmdDcgl[Stop]->setEnabled(false);
     });
     connect(CmdDcgl[Close], &Button::clicked, this, &ZSKListFrm::unload);
+    connect(labDaochu, &platform::PacedLabel::aboutToShow, this, [this] {
+        if (m_run)
+            m_run->handOver();
+    });
     connect(Grid1, &platform::FlexGrid::gridActivated, this, &ZSKListFrm::showDetail);
     auto *find = new QShortcut(QKeySequence(u"Ctrl+F"_s), Grid1, nullptr, nullptr, Qt::WidgetShortcut);
     connect(find, &QShortcut::activated, this, &ZSKListFrm::loadQueryByKey);

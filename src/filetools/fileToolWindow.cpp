@@ -27,7 +27,12 @@ FileToolWindow::FileToolWindow(const QString &objectName, const QString &caption
     , labJinDu(progressLabel(u"labJinDu"_s, this))
     , labShuDo(progressLabel(u"labShuDo"_s, this))
     , m_host(host)
-    , m_showReport(std::move(showReport)) {}
+    , m_showReport(std::move(showReport)) {
+    connect(labShuDo, &platform::PacedLabel::aboutToShow, this, [this] {
+        if (const std::optional<qint32> inFiles = handOver())
+            showCount(*inFiles);
+    });
+}
 
 bool FileToolWindow::queryUnload() {
     if (!labJinDu->isHidden() && labJinDu->pacedText() != workDone) {

@@ -34,6 +34,9 @@ protected:
     void beginRun(const QList<QWidget *> &disabled);
     void endRun();
     void showCount(qint32 total);
+    // Called before a count is seen: hands over to the files what was written. The number of records that stand in
+    // them, which is the one that is seen; nothing while there is none.
+    virtual std::optional<qint32> handOver() = 0;
     // Required as it stands: the box, and nothing is put back, so that the window cannot be closed any more.
     void tellFailure(const QString &description);
     // The report, then the question whether to look at the folder; it goes to the desktop unless it is empty.

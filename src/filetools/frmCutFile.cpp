@@ -120,4 +120,10 @@ Status frmCutFile::run() {
     return m_run->close(Text2->text());
 }
 
+std::optional<qint32> frmCutFile::handOver() {
+    if (!m_run || m_run->total() == 0)
+        return std::nullopt;
+    return m_run->handOver();
+}
+
 } // namespace filetools

@@ -129,4 +129,10 @@ Status frmUnionFile::mergeSource(const QString &path) {
     return platform::success();
 }
 
+std::optional<qint32> frmUnionFile::handOver() {
+    if (!m_run || m_run->total() == 0)
+        return std::nullopt;
+    return m_run->handOver();
+}
+
 } // namespace filetools

@@ -33,6 +33,7 @@ private:
     bool mayMerge(const QStringList &sources, const QString &target);
     platform::Status run(const QStringList &sources);
     platform::Status mergeSource(const QString &path);
+    std::optional<qint32> handOver() override;
 
     std::optional<MergeRun> m_run; // a run that failed keeps its files until the window goes
 };

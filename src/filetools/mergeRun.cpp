@@ -46,11 +46,18 @@ platform::Result<bool> MergeRun::next() {
 }
 
 Status MergeRun::write() {
-    if (Status written = writeRecord(*m_writer, m_records->bytes()); !written)
+    if (Status written = m_writer->writeLine(m_records->bytes()); !written)
         return written;
     ++m_total;
     ++m_ofSource;
     return platform::success();
+}
+
+qint32 MergeRun::handOver() {
+    if (!m_writer)
+        return 0;
+    std::ignore = m_writer->flush();
+    return qint32(m_writer->linesHandedOver());
 }
 
 void MergeRun::closeSource() {

@@ -23,6 +23,9 @@ public:
     platform::Status close();
 
     qint32 total() const { return m_total; } // records written
+    // Hands over what was written so far; how many records stand whole in the target. A failure is told by the next
+    // write() or close().
+    qint32 handOver();
     QString report() const;
 
 private:

@@ -21,10 +21,4 @@ platform::Result<bool> RecordSource::next() {
     return false;
 }
 
-platform::Status writeRecord(platform::ByteWriter &writer, QByteArrayView record) {
-    if (platform::Status written = writer.write(record); !written)
-        return written;
-    return writer.write("\r\n");
-}
-
 } // namespace filetools

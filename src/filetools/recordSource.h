@@ -25,7 +25,4 @@ private:
     marc::RecordCutter m_cutter;
 };
 
-// Writes the record in hand on a line of its own.
-platform::Status writeRecord(platform::ByteWriter &writer, QByteArrayView record);
-
 } // namespace filetools

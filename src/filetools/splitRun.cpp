@@ -32,6 +32,8 @@ Status SplitRun::openTarget(int number) {
     auto writer = platform::ByteWriter::create(path);
     if (!writer)
         return writer.failure();
+    if (m_writer)
+        m_inFilesBefore += m_writer->linesHandedOver();
     m_writer = std::move(writer).value();
     m_number = number;
     m_currentFile = path;
@@ -48,7 +50,7 @@ platform::Result<bool> SplitRun::next() {
 Status SplitRun::write(QStringView limit) {
     ++m_total;
     ++m_inFile;
-    if (const Status written = writeRecord(*m_writer, m_records->bytes()); !written)
+    if (const Status written = m_writer->writeLine(m_records->bytes()); !written)
         return written;
     const std::optional<qint64> &most = mostPerFile(limit);
     if (!most)
@@ -66,6 +68,13 @@ Status SplitRun::rollOver() {
     if (const Status closed = m_writer->close(); !closed)
         return closed;
     return openTarget(m_number + 1);
+}
+
+qint32 SplitRun::handOver() {
+    if (!m_writer)
+        return 0;
+    std::ignore = m_writer->flush();
+    return qint32(m_inFilesBefore + m_writer->linesHandedOver());
 }
 
 Status SplitRun::close(QStringView limit) {

@@ -25,6 +25,9 @@ public:
 
     const QString &currentFile() const { return m_currentFile; }
     qint32 total() const { return m_total; } // records written
+    // Hands over what was written so far; how many records stand whole in the targets. A failure is told by the next
+    // write() or close().
+    qint32 handOver();
     QString report() const;
 
 private:
@@ -47,6 +50,7 @@ private:
     int m_number = TargetPattern::firstNumber;
     qint32 m_total = 0;
     qint32 m_inFile = 0;
+    qint64 m_inFilesBefore = 0; // whole in the targets before this one
 };
 
 } // namespace filetools

@@ -262,6 +262,9 @@ ByteWriter::ByteWriter(ByteWriter &&) noexcept = default;
 ByteWriter &ByteWriter::operator=(ByteWriter &&other) noexcept {
     m_file.swap(other.m_file); // the old file goes, and is finished, with the other
     m_gathered.swap(other.m_gathered);
+    m_lineEnds.swap(other.m_lineEnds);
+    std::swap(m_linesHandedOver, other.m_linesHandedOver);
+    m_fault.swap(other.m_fault);
     return *this;
 }
 
@@ -279,21 +282,30 @@ Result<ByteWriter> ByteWriter::create(const QString &path) {
     return writer;
 }
 
-Status ByteWriter::write(QByteArrayView bytes) {
-    if (m_gathered.size() + bytes.size() > gatherSize) {
+Status ByteWriter::writeLine(QByteArrayView line) {
+    constexpr QByteArrayView lineEnd("\r\n");
+    if (m_gathered.size() + line.size() + lineEnd.size() > gatherSize) {
         if (const Status flushed = flush(); !flushed)
             return flushed;
     }
-    m_gathered.append(bytes);
+    if (m_fault)
+        return *m_fault;
+    m_gathered.append(line).append(lineEnd);
+    m_lineEnds.append(m_gathered.size());
     return success();
 }
 
 Status ByteWriter::flush() {
-    const bool whole = notTaken(*m_file, m_gathered).isEmpty();
-    m_gathered.resize(0); // keeps its room; what the machine refused once is not offered again
-    if (!whole)
-        return Failure{m_file->errorString(), int(m_file->error())};
-    return success();
+    if (m_fault)
+        return *m_fault;
+    const QByteArrayView left = notTaken(*m_file, m_gathered);
+    if (!left.isEmpty())
+        m_fault = Failure{m_file->errorString(), int(m_file->error())};
+    const qsizetype taken = m_gathered.size() - left.size();
+    m_linesHandedOver += std::upper_bound(m_lineEnds.cbegin(), m_lineEnds.cend(), taken) - m_lineEnds.cbegin();
+    m_gathered.resize(0); // both keep their room
+    m_lineEnds.resize(0);
+    return m_fault ? Status(*m_fault) : success();
 }
 
 Status ByteWriter::close() {

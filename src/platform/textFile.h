@@ -5,6 +5,7 @@
 #include "platform/result.h"
 #include <QByteArray>
 #include <QByteArrayView>
+#include <QList>
 #include <QString>
 #include <QStringList>
 #include <memory>
@@ -64,8 +65,9 @@ Result<QStringList> readTextLines(const QString &path);
 // the folder allows no new file the old one is written over in place.
 Status writeTextFile(const QString &path, const QString &text);
 
-// A file being written, bytes as they come, gathered to blocks. A failed write is told by write(), flush() or close(),
-// never lost; what is still gathered when the object goes is written without a word.
+// A file of lines being written, bytes as they come, gathered to blocks. A failed write is told by writeLine(), flush()
+// or close() and by each of them from then on, never lost; what is still gathered when the object goes is written
+// without a word.
 class ByteWriter {
 public:
     static Result<ByteWriter> create(const QString &path); // replaces what is there; fails for what is no plain file
@@ -73,14 +75,20 @@ public:
     ByteWriter &operator=(ByteWriter &&) noexcept;
     ~ByteWriter();
 
-    Status write(QByteArrayView bytes);
-    Status flush(); // hands over to the machine what is gathered
+    Status writeLine(QByteArrayView line); // and CR LF behind it
+    Status flush();                        // hands over to the machine what is gathered
     Status close();
+
+    // How many of the lines stand whole in the file.
+    qint64 linesHandedOver() const { return m_linesHandedOver; }
 
 private:
     explicit ByteWriter(std::unique_ptr<QFile> file);
     std::unique_ptr<QFile> m_file;
     QByteArray m_gathered;
+    QList<qsizetype> m_lineEnds; // in what is gathered
+    qint64 m_linesHandedOver = 0;
+    std::optional<Failure> m_fault; // what the machine refused once is not offered again
 };
 
 } // namespace platform

@@ -2,6 +2,7 @@
 #include "filetools/files.h"
 #include "filetools/mergeRun.h"
 #include "filetools/splitRun.h"
+#include "support/fullDisk.h"
 #include <gtest/gtest.h>
 
 using namespace filetools;
@@ -174,7 +175,8 @@ TEST(Merge, JoinsInTheOrderOfTheList) {
 
 TEST(Merge, ATargetSpelledDifferentlyIsEmptiedFirstAndNeverChasesItself) {
     files::Folder folder;
-    const QString big = folder.write(u"big.iso"_s, lines(20000)), target = folder.write(u"t.iso"_s, lines(5));
+    constexpr int many = 100'000; // more than what is gathered before it is written
+    const QString big = folder.write(u"big.iso"_s, lines(many)), target = folder.write(u"t.iso"_s, lines(5));
     const QString spelled = folder.path(u"./t.iso"_s);
     EXPECT_FALSE(refuseMerge({spelled}, target));
     EXPECT_EQ(refuseMerge({big, target}, target)->text, u"合并目标文件不能为源文件！"_s);
@@ -183,16 +185,16 @@ TEST(Merge, ATargetSpelledDifferentlyIsEmptiedFirstAndNeverChasesItself) {
     EXPECT_EQ(folder.read(u"t.iso"_s), "");
     MergeRun behind(target);
     EXPECT_EQ(run(behind, {big, spelled}), QString());
-    EXPECT_EQ(behind.total(), 40000);
-    EXPECT_TRUE(folder.read(u"t.iso"_s) == lines(20000) + lines(20000));
+    EXPECT_EQ(behind.total(), 2 * many);
+    EXPECT_TRUE(folder.read(u"t.iso"_s) == lines(many) + lines(many));
 }
 
 TEST(FileTools, AFailureIsToldAndLeavesWhatWasWritten) {
     files::Folder folder;
     const QString source = folder.write(u"source.iso"_s, lines(40));
     ASSERT_TRUE(QFile::link(u"/dev/full"_s, folder.path(u"a702.iso"_s)));
-    SplitRun full(source, *targetPattern(folder.path(u"a.iso"_s)));
-    EXPECT_NE(run(full, u"10"_s), QString());
+    SplitRun device(source, *targetPattern(folder.path(u"a.iso"_s)));
+    EXPECT_NE(run(device, u"10"_s), QString());
     EXPECT_EQ(folder.read(u"a701.iso"_s), lines(10, 11));
     SplitRun nowhere(source, *targetPattern(folder.path(u"none/a.iso"_s)));
     EXPECT_NE(run(nowhere, u"10"_s), QString());
@@ -200,9 +202,44 @@ TEST(FileTools, AFailureIsToldAndLeavesWhatWasWritten) {
     MergeRun halfway(folder.path(u"all.iso"_s));
     EXPECT_NE(run(halfway, {source, folder.path(u"gone.iso"_s), source}), QString());
     EXPECT_EQ(folder.read(u"all.iso"_s), lines(40)); // while the run still stands
-    MergeRun fullMerge(u"/dev/full"_s);
-    EXPECT_NE(run(fullMerge, {source}), QString());
+    MergeRun fullMerge(folder.path(u"all.iso"_s));
+    SplitRun fullSplit(source, *targetPattern(folder.path(u"b.iso"_s)));
+    {
+        const FullDisk disk(lines(3).size() + 5);
+        EXPECT_NE(run(fullMerge, {source}), QString());
+        EXPECT_NE(run(fullSplit, u"10"_s), QString());
+    }
+    EXPECT_EQ(fullMerge.handOver(), 3); // whole in the file
+    EXPECT_EQ(fullSplit.handOver(), 3);
+    EXPECT_TRUE(folder.read(u"b700.iso"_s).startsWith(lines(3)));
     MergeRun unreadable(folder.path(u"all.iso"_s)); // opens well, and gives an error instead of bytes
     EXPECT_NE(run(unreadable, {u"/proc/self/mem"_s}), QString());
     EXPECT_EQ(folder.read(u"source.iso"_s), lines(40));
+}
+
+// What is seen is in the files, and a source that shrinks or goes away in mid-run ends the run with what was read.
+TEST(FileTools, CountsWhatTheFilesHoldWhateverHappensToTheSource) {
+    for (const bool gone : {false, true}) {
+        files::Folder folder;
+        const QString source = folder.write(u"source.iso"_s, lines(50'000)); // more than is read ahead
+        SplitRun split(source, *targetPattern(folder.path(u"a.iso"_s)));
+        MergeRun merge(folder.path(u"all.iso"_s));
+        ASSERT_TRUE(split.open() && merge.open() && merge.openSource(source));
+        for (int i = 0; i < 25; ++i)
+            ASSERT_TRUE(split.next().value() && split.write(u"10") && merge.next().value() && merge.write());
+        EXPECT_EQ(split.handOver(), 25);
+        EXPECT_EQ(merge.handOver(), 25);
+        EXPECT_EQ(folder.read(u"a702.iso"_s), lines(5, 21));
+        EXPECT_EQ(folder.read(u"all.iso"_s), lines(25));
+        ASSERT_TRUE(gone ? QFile::remove(source) : QFile::resize(source, lines(30).size()));
+        while (split.next().value())
+            ASSERT_TRUE(split.write(u"10"));
+        while (merge.next().value())
+            ASSERT_TRUE(merge.write());
+        ASSERT_TRUE(split.close(u"10") && merge.close());
+        EXPECT_EQ(split.total(), merge.total());
+        EXPECT_EQ(split.total() == 50'000, gone) << split.total();
+        EXPECT_EQ(split.handOver(), split.total());
+        EXPECT_EQ(folder.read(u"all.iso"_s).count('\x1d'), merge.total());
+    }
 }

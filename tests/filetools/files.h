@@ -50,7 +50,7 @@ inline qsizetype openFiles() {
     const QFileInfoList held = QDir(QStringLiteral("/proc/self/fd")).entryInfoList(QDir::System | QDir::AllEntries);
     return std::count_if(held.begin(), held.end(), [](const QFileInfo &file) {
         const QString target = file.symLinkTarget();
-        return target.contains(u".iso") || target == u"/dev/full";
+        return target.contains(u".iso");
     });
 }
 

@@ -1,6 +1,7 @@
 #include "filetools/files.h"
 #include "filetools/frmCutFile.h"
 #include "filetools/frmUnionFile.h"
+#include "support/fullDisk.h"
 #include "support/scriptedHost.h"
 #include <QTest>
 #include <gtest/gtest.h>
@@ -164,8 +165,11 @@ TEST(frmCutFile, AFailedRunIsADeadEndWithoutLostFiles) {
         desk.fill(desk.folder.path(row.source), desk.folder.path(row.target), u"10"_s);
         if (row.target == u"a.iso")
             desk.host.willAnswer(Answer::Yes);
-        desk.host.onYield = [&] { QFile::link(u"/dev/full"_s, desk.folder.path(u"b701.iso"_s)); };
+        const FullDisk disk(4 * lines(1).size() + 1);
         desk.form->cmdclick[0]->click();
+        if (row.target == u"b.iso") {
+            EXPECT_EQ(desk.form->labShuDo->text(), u"成功处理：4条"_s) << "as many as the file holds";
+        }
         EXPECT_TRUE(desk.host.lastBox().text.startsWith(u"【cmdClick】"_s)) << desk.host.lastBox().text.toStdString();
         EXPECT_FALSE(desk.form->cmdclick[0]->isEnabled() || desk.form->cmdSelect[1]->isEnabled());
         EXPECT_EQ(desk.form->cursor().shape(), Qt::WaitCursor);
@@ -240,9 +244,10 @@ TEST(frmUnionFile, RefusesAndEndsDeadAsTheSplitDoes) {
     desk.form->cmdClick[0]->click();
     EXPECT_EQ(desk.host.texts(), QStringList{u"合并目标文件不能为源文件！"_s});
     EXPECT_EQ(desk.folder.read(u"1.iso"_s), lines(3));
-    desk.form->Text1->setText(u"/dev/full"_s);
-    desk.host.willAnswer(Answer::Yes);
+    desk.form->Text1->setText(desk.folder.path(u"all.iso"_s));
+    const FullDisk disk(2 * lines(1).size());
     desk.form->cmdClick[0]->click();
+    EXPECT_EQ(desk.form->labShuDo->text(), u"成功处理：2条"_s) << "as many as the file holds";
     EXPECT_TRUE(desk.host.lastBox().text.startsWith(u"【cmdClick】"_s));
     EXPECT_EQ(desk.form->labJinDu->pacedText(), desk.one);
     desk.refuseToClose(desk.form->cmdClick[1]);

@@ -27,7 +27,8 @@ void PacedLabel::setPacedText(const QString &text) {
 }
 
 void PacedLabel::flush() {
-    m_pace.stop();
+    Q_EMIT aboutToShow();
+    m_pace.stop(); // also where that brought another text
     if (QLabel::text() != m_text)
         QLabel::setText(m_text);
 }

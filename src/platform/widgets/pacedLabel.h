@@ -25,6 +25,10 @@ public:
 
     QSize minimumSizeHint() const override;
 
+Q_SIGNALS:
+    // The held text goes to the screen next: the last moment to make it true, or to replace it.
+    void aboutToShow();
+
 protected:
     bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
