@@ -3,6 +3,7 @@
 #include "app/frmODBC.h"
 #include "app/marcMain.h"
 #include "app/startUp.h"
+#include "platform/codepage936.h"
 #include "platform/database/connection.h"
 #include "platform/singleInstance.h"
 #include <QApplication>
@@ -32,7 +33,7 @@ int runProgram(platform::Host &host, const QString &claimFolder) {
     DeskWindows windows(host, state);
     std::optional<marcMain> frame;
     const bool goesOn =
-        startUp(host, !instance.isFirst(), state,
+        startUp(host, {.codePage = platform::codePageReady(), .anotherInstanceRuns = !instance.isFirst()}, state,
                 {.showConnectionDialog =
                      [&] { frmODBC(host, {.dataSources = platform::dataSourceNames, .open = probe}).exec(); },
                  .showMain =

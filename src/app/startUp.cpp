@@ -4,9 +4,13 @@ using namespace Qt::StringLiterals;
 
 namespace app {
 
-bool startUp(platform::Host &host, bool anotherInstanceRuns, platform::SessionState &state,
+bool startUp(platform::Host &host, const StartUpFindings &found, platform::SessionState &state,
              const StartUpWindows &windows) {
-    if (anotherInstanceRuns) {
+    if (!found.codePage) {
+        host.tell(found.codePage.failure().description, u"操作提示"_s, platform::Icon::Critical);
+        return false;
+    }
+    if (found.anotherInstanceRuns) {
         host.tell(u"程序已经运行，不能再次装载。"_s, u"操作提示"_s);
         return false;
     }

@@ -19,8 +19,13 @@ struct StartUpWindows {
     std::function<void()> showMain;             // without waiting
 };
 
+struct StartUpFindings {
+    platform::Status codePage; // nothing can be done without the characters
+    bool anotherInstanceRuns = false;
+};
+
 // Fills the session state; whether the program goes on into its event loop. Otherwise it ends.
-bool startUp(platform::Host &host, bool anotherInstanceRuns, platform::SessionState &state,
+bool startUp(platform::Host &host, const StartUpFindings &found, platform::SessionState &state,
              const StartUpWindows &windows);
 
 } // namespace app

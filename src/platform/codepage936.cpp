@@ -42,10 +42,16 @@ char16_t userDefined(uchar lead, uchar trail) {
     return 0;
 }
 
+using Converter = std::unique_ptr<UConverter, decltype(&ucnv_close)>;
+
+Converter openConverter(const char *name, UErrorCode &status) {
+    return {ucnv_open(name, &status), ucnv_close};
+}
+
 std::unique_ptr<Tables> buildTables() {
     auto tables = std::make_unique<Tables>();
     UErrorCode status = U_ZERO_ERROR;
-    UConverter *converter = ucnv_open("windows-936", &status);
+    const Converter converter = openConverter("windows-936", status);
     for (int lead = firstLead; lead <= lastLead; ++lead) {
         for (int trail = firstTrail; trail <= lastTrail; ++trail) {
             if (!isTrail(uchar(trail)))
@@ -53,7 +59,7 @@ std::unique_ptr<Tables> buildTables() {
             const char bytes[2] = {char(lead), char(trail)};
             UChar character[4] = {};
             status = U_ZERO_ERROR;
-            const int length = ucnv_toUChars(converter, character, 4, bytes, 2, &status);
+            const int length = ucnv_toUChars(converter.get(), character, 4, bytes, 2, &status);
             char16_t found = U_SUCCESS(status) && length == 1 && character[0] != replacement ? character[0] : u'\0';
             if (!found)
                 found = userDefined(uchar(lead), uchar(trail));
@@ -62,7 +68,6 @@ std::unique_ptr<Tables> buildTables() {
                 tables->code[found] = quint16(lead << 8 | trail);
         }
     }
-    ucnv_close(converter);
     for (char16_t ascii = 1; ascii < 0x80; ++ascii)
         tables->code[ascii] = ascii;
     tables->code[euroSign] = 0x80;
@@ -76,6 +81,15 @@ const Tables &tables() {
 }
 
 } // namespace
+
+Status codePageReady(const char *converter) {
+    UErrorCode status = U_ZERO_ERROR;
+    if (openConverter(converter, status))
+        return success();
+    return Failure{QStringLiteral("系统的 ICU 库没有 GBK 字符集（%1，%2），汉字会全部丢失，程序不能运行。")
+                       .arg(QLatin1StringView(converter), QLatin1StringView(u_errorName(status))),
+                   int(status)};
+}
 
 QString decode(QByteArrayView bytes) {
     const Tables &table = tables();

@@ -3,12 +3,17 @@
 // A character without a code becomes "?", one per UTF-16 unit. All 23,940 two-byte codes survive the way out and back.
 #pragma once
 
+#include "platform/result.h"
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QString>
 #include <QStringView>
 
 namespace platform {
+
+// Whether the machine has the tables of the code page; without them every Chinese character would be lost, so that this
+// is to be looked at before any other function here.
+Status codePageReady(const char *converter = "windows-936");
 
 QString decode(QByteArrayView bytes);
 QByteArray encode(QStringView text);

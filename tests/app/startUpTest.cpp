@@ -1,4 +1,5 @@
 #include "app/startUp.h"
+#include "platform/codepage936.h"
 #include "support/scriptedHost.h"
 #include <gtest/gtest.h>
 
@@ -13,8 +14,8 @@ struct StartUpTest : testing::Test {
     QStringList shown;
     std::function<void()> inDialog = [] {};
 
-    bool start(bool another = false) {
-        return startUp(host, another, state,
+    bool start(bool another = false, const platform::Status &codePage = platform::codePageReady()) {
+        return startUp(host, {.codePage = codePage, .anotherInstanceRuns = another}, state,
                        {.showConnectionDialog =
                             [this] {
                                 shown.append(u"frmODBC"_s);
@@ -32,6 +33,9 @@ struct StartUpTest : testing::Test {
 
 TEST_F(StartUpTest, ASecondInstanceSaysSoAndEndsBeforeAnySettingIsRead) {
     store(u"DSN=x;"_s);
+    EXPECT_FALSE(start(true, platform::codePageReady("no-such-code-page")));
+    EXPECT_TRUE(host.lastBox().text.contains(u"no-such-code-page"_s)) << "before all else";
+    host.boxes.clear();
     EXPECT_FALSE(start(true));
     EXPECT_EQ(host.texts(), QStringList{u"程序已经运行，不能再次装载。"_s});
     EXPECT_EQ(host.lastBox().title, u"操作提示"_s);
