@@ -43,7 +43,8 @@ public:
     virtual Answer show(const Box &box) = 0;
     // The chosen path in the machine's manner; empty after a cancel.
     virtual QString chooseFile(const FileDialog &dialog) = 0;
-    // Hands a folder, a file or a link to the desktop; false where that failed.
+    // Hands a folder, a file or a link to the desktop; false where that failed. May take some seconds, in which windows
+    // are painted and no keys and clicks come in.
     virtual bool openInShell(const QString &target) = 0;
     virtual const Settings &settings() const = 0;
     virtual QDateTime now() const = 0;

@@ -1,7 +1,8 @@
-// The real boxes.
+// The real boxes and the desktop.
 #include "platform/desktop/qtHost.h"
 #include "support/qtPrinters.h"
 #include <QApplication>
+#include <QFile>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTemporaryDir>
@@ -38,6 +39,27 @@ TEST(QtHost, AQuestionMayBeLeftByItsButtonsOnly) {
             EXPECT_EQ(answer, stands ? Answer::Yes : Answer::No);
         }
     }
+}
+
+// A helper that starts and then finds no browser has opened nothing.
+TEST(QtHost, BelievesTheHelperThatOpensLinks) {
+    const QTemporaryDir folder;
+    QtHost host{Settings(folder.path())};
+    const QByteArray before = qgetenv("PATH");
+    qputenv("PATH", QFile::encodeName(folder.path()));
+    for (const int code : {0, 3, 4}) {
+        QFile helper(folder.filePath(u"xdg-open"_s));
+        ASSERT_TRUE(helper.open(QIODevice::WriteOnly));
+        helper.write("#!/bin/sh\necho \"$1\" >" + QFile::encodeName(folder.filePath(u"asked"_s)) + "\nexit " +
+                     QByteArray::number(code) + "\n");
+        helper.close();
+        ASSERT_TRUE(helper.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+        EXPECT_EQ(host.openInShell(u"http://localhost/馆"_s), code == 0) << code;
+        QFile asked(folder.filePath(u"asked"_s));
+        ASSERT_TRUE(asked.open(QIODevice::ReadOnly));
+        EXPECT_EQ(asked.readAll(), "http://localhost/%E9%A6%86\n");
+    }
+    qputenv("PATH", before);
 }
 
 } // namespace

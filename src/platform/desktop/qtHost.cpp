@@ -4,12 +4,16 @@
 #include <QCloseEvent>
 #include <QDesktopServices>
 #include <QDir>
+#include <QEventLoop>
 #include <QFileDialog>
 #include <QFont>
 #include <QKeyEvent>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QMessageBox>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTimer>
 #include <QTranslator>
 #include <QUrl>
 #include <cstdlib>
@@ -76,6 +80,32 @@ QWidget *windowInFront() {
     return QApplication::activeWindow();
 }
 
+// The toolkit takes a helper that has started for one that has opened something; the helper says by its exit code that
+// there is no browser. One that still runs after a while has become the browser itself, or waits for it. Meanwhile the
+// windows are painted, and what is typed waits.
+[[maybe_unused]] bool openBy(const QString &opener, const QUrl &url) {
+    constexpr int patienceMilliseconds = 3000;
+    auto *helper = new QProcess(qApp); // goes when it has ended, whenever that is
+    helper->setStandardInputFile(QProcess::nullDevice());
+    helper->setStandardOutputFile(QProcess::nullDevice());
+    helper->setStandardErrorFile(QProcess::nullDevice());
+    QEventLoop waiting;
+    bool opened = true;
+    const auto done = [&](bool well) {
+        opened = well;
+        waiting.quit();
+    };
+    QObject::connect(helper, &QProcess::finished, &waiting,
+                     [&](int code, QProcess::ExitStatus status) { done(code == 0 && status == QProcess::NormalExit); });
+    QObject::connect(helper, &QProcess::errorOccurred, &waiting, [&] { done(false); });
+    QObject::connect(helper, &QProcess::finished, helper, &QObject::deleteLater);
+    QTimer::singleShot(patienceMilliseconds, &waiting, &QEventLoop::quit);
+    helper->start(opener, {url.toString(QUrl::FullyEncoded)});
+    if (helper->state() != QProcess::NotRunning)
+        waiting.exec(QEventLoop::ExcludeUserInputEvents);
+    return opened;
+}
+
 } // namespace
 
 QtHost::QtHost(Settings settings)
@@ -118,7 +148,12 @@ QString QtHost::chooseFile(const FileDialog &dialog) {
 
 bool QtHost::openInShell(const QString &target) {
     const bool isLink = target.contains(u"://") || target.startsWith(u"mailto:");
-    return QDesktopServices::openUrl(isLink ? QUrl(target) : QUrl::fromLocalFile(target));
+    const QUrl url = isLink ? QUrl(target) : QUrl::fromLocalFile(target);
+#ifndef Q_OS_WIN
+    if (const QString opener = QStandardPaths::findExecutable(QStringLiteral("xdg-open")); !opener.isEmpty())
+        return openBy(opener, url);
+#endif
+    return QDesktopServices::openUrl(url);
 }
 
 QDateTime QtHost::now() const {
