@@ -24,6 +24,21 @@ const QMarginsF kMargins(15, 15, 15, 15); // millimetres, until the user sets ot
 constexpr auto kSongFaces = std::to_array<QStringView>(
     {u"SimSun", u"NSimSun", u"Songti SC", u"Noto Serif CJK SC", u"Source Han Serif SC", u"Noto Sans CJK SC"});
 
+// The beginning of a text, which is all of any honest one: to lay out a million characters takes a minute. Characters
+// that draw nothing become blanks, since each is looked for in every font of the machine.
+QString printable(const QString &text) {
+    constexpr qsizetype longest = 2000;
+    QString shown = text.left(longest);
+    if (text.size() > longest)
+        shown += u'…';
+    shown.replace(u"\r\n"_s, u"\n"_s);
+    for (QChar &character : shown) {
+        if (character.category() == QChar::Other_Control && character != u'\n')
+            character = u' ';
+    }
+    return shown;
+}
+
 // What a font measures on the device that is printed on.
 struct Face {
     Face(const QFont &font, const QPaintDevice *device)
@@ -39,12 +54,13 @@ struct Face {
         lineHeight = line.height() + std::max(line.leading(), 0.0);
     }
 
-    QStringList wrapped(const QString &text, double width) const {
+    QStringList wrapped(const QString &whole, double width) const {
+        const QString text = printable(whole);
         const bool oneLine = !text.contains(u'\n') && metrics.horizontalAdvance(text) <= width;
         if (oneLine)
             return {text};
         QString content = text;
-        content.replace(u"\r\n"_s, u"\n"_s).replace(u'\n', QChar::LineSeparator);
+        content.replace(u'\n', QChar::LineSeparator);
         QTextLayout layout(content, font, device);
         QTextOption option;
         option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);

@@ -1,6 +1,6 @@
 // A list printed in bands: on each page the title and the column heads above a rule, as many rows as fit, and under a
 // second rule the date, the number of pages and the page's own. Texts wrap inside their columns; a row goes to the next
-// page whole, unless no page is long enough for it.
+// page whole, unless no page is long enough for it. Of a text longer than 2,000 characters the rest is left out.
 #pragma once
 
 #include "platform/tableSource.h"
