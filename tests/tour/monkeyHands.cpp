@@ -114,13 +114,12 @@ void MonkeyHands::actOn(const Front &front, const Throw &dice) {
     startSecond();
 }
 
-// A box shows its button pressed for a while before it goes.
+// A box shows its button pressed for a while before it goes; where a second start has caught the key, it stays.
 void MonkeyHands::answer(const Front &front, bool yes) {
     press(!front.hasAnswers ? u"Return"_s : yes ? u"y"_s : u"n"_s);
-    m_driver.waitUntil(u"box gone: "_s + front.question, [id = front.id] {
-        const QWidget *box = QWidget::find(id);
-        return !box || !box->isVisible();
-    });
+    const auto isOpen = [id = front.id] { return QWidget::find(id) && QWidget::find(id)->isVisible(); };
+    for (int i = 0; i < 500 && m_driver.look(isOpen); ++i)
+        QThread::msleep(1);
 }
 
 // A name of its own in the folder of the samples, one that stands there, or none: the rest of the disk is not for it.
@@ -183,29 +182,44 @@ void MonkeyHands::close(const Front &front) {
     m_driver.server().close(front.id);
 }
 
+// What the window manager was asked before has come when the window has the size that is asked of it now, with room for
+// its toolbar.
+void MonkeyHands::hearTheManager(const Front &front) {
+    const QSize size(1100 + m_acts % 100, 700);
+    m_driver.server().resize(front.id, size);
+    m_driver.waitUntil(u"the main window has its size"_s,
+                       [&] { return TourDriver::find(u"marcMain"_s)->size() == size; });
+}
+
+void MonkeyHands::closeFront(const Front &front) {
+    if (front.id == 0)
+        return meetNobody();
+    if (front.isMain && !front.hasPopup)
+        return hearTheManager(front);
+    if (!front.question.isEmpty())
+        answer(front, front.question == u"确实要退出吗？");
+    else if (front.hasPopup || !m_driver.look(stopRun))
+        press(u"Escape"_s);
+    m_driver.settle();
+}
+
 void MonkeyHands::tidyUp(const std::function<void()> &help) {
     QElapsedTimer clock;
     clock.start();
-    while (m_driver.waitUntil(
-        u"the main window stands alone"_s, [&] { return clock.elapsed() < 60000; }, 0)) {
+    bool heard = false;
+    const auto inTime = [&] { return clock.elapsed() < 60000; };
+    while (m_driver.waitUntil(u"the main window stands alone"_s, inTime, 0)) {
         secondRuns();
         QThread::msleep(1);
         const Front front = this->front();
-        if (front.isMain && !front.hasPopup)
+        const bool isAlone = front.isMain && !front.hasPopup;
+        if (isAlone && heard)
             break;
-        if (front.id == 0) {
-            meetNobody();
-            continue;
-        }
-        if (!front.question.isEmpty())
-            answer(front, front.question == u"确实要退出吗？");
-        else if (!m_driver.look(stopRun))
-            press(u"Escape"_s);
-        m_driver.settle();
+        closeFront(front);
+        heard = heard || isAlone;
         help();
     }
-    clock.restart();
-    while (secondRuns() && clock.elapsed() < 30000)
+    while (secondRuns() && inTime())
         QThread::msleep(1);
     m_driver.expect(m_second.state() == QProcess::NotRunning, u"a second start ends"_s);
 }

@@ -42,6 +42,8 @@ private:
     void click(const Front &front, const Throw &dice);
     void meetNobody();
     void startSecond();
+    void closeFront(const Front &front);
+    void hearTheManager(const Front &front);
     bool secondRuns(); // closes its box, as soon as that comes up
     void close(const Front &front);
 

@@ -1,6 +1,8 @@
-// The tour through the whole program; see tourDriver.h. Usage: tour FOLDER-FOR-PICTURES [SCENE… | --monkey SEED
-// SECONDS] It finds another start of the program in TMPDIR alone, which scripts/stage makes its own; "tour second" is
-// such a start.
+// The tour through the whole program (see tourDriver.h), or the monkey in it. Usage:
+//   tour FOLDER-FOR-PICTURES [SCENE…]
+//   tour FOLDER-FOR-PICTURES --monkey SEED SECONDS
+// It finds another start of the program in TMPDIR alone, which scripts/stage makes its own; "tour second" is such a
+// start.
 #include "tour/monkey.h"
 #include "tour/scenes.h"
 #include "tour/tourProgram.h"
