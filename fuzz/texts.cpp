@@ -6,6 +6,7 @@
 #include "platform/database/connectionText.h"
 #include "platform/numbers.h"
 #include <QRegularExpression>
+#include <array>
 #include <cmath>
 #include <limits>
 
@@ -65,27 +66,44 @@ bool isSimple(const QString &value) {
     return value == value.trimmed() && !value.contains(u';') && !value.contains(u'{') && !value.contains(u'}');
 }
 
+// What a driver must be told, whatever else the text says.
+void checkTold(const QString &text, QStringView driver) {
+    if (driver.contains(u"sqlite", Qt::CaseInsensitive)) {
+        const qint32 wait = toInt32(connectionValue(text, u"Timeout")).value_or(-1);
+        require(connectionValue(text, u"NoCreat") == u"1", "no database file is made");
+        require(wait >= 0 && wait <= 2000, "a lock is not waited for long");
+    }
+    if (driver.contains(u"maria", Qt::CaseInsensitive))
+        require(connectionValue(text, u"CHARSET") == u"utf8mb4" && connectionValue(text, u"AUTO_RECONNECT") == u"0",
+                "no session is made behind our back");
+}
+
 void checkConnection(Input &input) {
-    app::ConnectionFields fields{input.flag(), input.text(), input.text(), input.text(),
-                                 input.text(), input.text(), input.text()};
+    constexpr auto drivers =
+        std::to_array<QStringView>({u"", u"SQLite3", u"libmaodbc MariaDB", u"mdb", u"psqlodbcw.so"});
+    app::ConnectionFields fields{input.flag(), input.text(), input.oneOf(drivers) + input.text(),
+                                 input.text(), input.text(), input.text(),
+                                 input.text()};
     const QString text = app::composeConnectionString(fields);
+    const QString source = u"Driver=" + input.oneOf(drivers);
     const QString any = input.text();
-    driverText(any, fields.driver);
-    connectionValue(any, fields.user);
-    if (!isSimple(fields.dataSource) || !isSimple(fields.driver) || !isSimple(fields.server) ||
-        !isSimple(fields.user) || !isSimple(fields.password) || !isSimple(fields.database))
-        return;
+    for (const QString &data : {any, source})
+        require(timeLimits(driverText(any, data), data).silence().count() >= 0, "no limit lies in the past");
+    for (const QString &field :
+         {fields.dataSource, fields.driver, fields.server, fields.user, fields.password, fields.database})
+        if (!isSimple(field))
+            return;
     const QString driver = fields.dataSourceChosen ? QString() : fields.driver;
+    const QString told = driverText(text, source);
+    checkTold(told, QString(driver + source));
     require(connectionValue(text, u"dsn") == (fields.dataSourceChosen ? fields.dataSource : QString()),
-            "the data source");
-    for (const QString &form : {text, driverText(text, any)}) {
+            "the data source comes through");
+    for (const QString &form : {text, told}) {
         require(connectionValue(form, u"Driver") == driver, "the driver comes through");
         require(connectionValue(form, u"uid") == fields.user, "the user comes through");
         require(connectionValue(form, u"PWD") == fields.password, "the password comes through");
         require(connectionValue(form, u"database") == fields.database, "the database comes through");
     }
-    const QString once = driverText(text, any);
-    require(driverText(once, any) == once, "the driver's text is made once");
 }
 
 } // namespace
