@@ -2,7 +2,9 @@
 //   tour FOLDER-FOR-PICTURES [SCENE…]
 //   tour FOLDER-FOR-PICTURES --monkey SEED SECONDS
 // It finds another start of the program in TMPDIR alone, which scripts/stage makes its own; "tour second" is such a
-// start.
+// start, "tour FOLDER --kill RUN" one that kills itself.
+#include "tour/errands.h"
+#include "tour/kills.h"
 #include "tour/monkey.h"
 #include "tour/scenes.h"
 #include "tour/tourProgram.h"
@@ -50,9 +52,16 @@ int main(int argc, char **argv) {
         tour::monkey(driver, wanted.value(1).toUInt(), wanted.value(2).toInt());
         return report(driver);
     }
+    if (wanted.value(0) == u"--kill") {
+        tour::playUntilKilled(driver, wanted.value(1));
+        return 1;
+    }
     tour::runProgram(driver, tour::firstRun);
+    if (wanted.isEmpty() || wanted.contains(u"kills"))
+        tour::kills(driver);
     tour::runProgram(driver, [&wanted](tour::TourDriver &at) {
         tour::closeNotice(at);
+        tour::shrinkCatalogue(at);
         for (const Scene &scene : scenes) {
             if (isWanted(scene, wanted))
                 scene.play(at);
