@@ -57,6 +57,7 @@ void removeFiles() {
 void play(TourDriver &driver, MonkeyHands &hands, MonkeyWatch &watch, const LongRun &loop, int milliseconds) {
     QElapsedTimer clock;
     clock.start();
+    const int failures = driver.failures();
     const int acts = hands.acts();
     const int checks = watch.checks();
     int rounds = 0;
@@ -75,6 +76,8 @@ void play(TourDriver &driver, MonkeyHands &hands, MonkeyWatch &watch, const Long
                       u"%1 rows in the store, %2 told of"_s.arg(stored(driver)).arg(watch.imported() - before));
         removeFiles();
     } while (clock.elapsed() < milliseconds && driver.failures() == 0);
+    if (driver.failures() > failures)
+        std::fprintf(stderr, "last of all:\n%s\n", qUtf8Printable(hands.lastActs()));
     std::fprintf(stderr, "%s: %d rounds, %d acts, %d comparisons, %d records imported, %.1f s\n", loop.name, rounds,
                  hands.acts() - acts, watch.checks() - checks, watch.imported(), double(clock.elapsed()) / 1000);
 }

@@ -88,6 +88,7 @@ void MonkeyHands::act() {
     if (front.id == 0)
         return meetNobody();
     ++m_acts;
+    note(front, {});
     actOn(front, Throw(m_dice));
     m_driver.settle();
 }
@@ -135,7 +136,14 @@ void MonkeyHands::answerFile(const Throw &dice) {
         press(u"Escape"_s);
 }
 
+void MonkeyHands::note(const Front &front, const QString &done) {
+    constexpr qsizetype kept = 60;
+    m_last.append(front.name + u' ' + front.question + u' ' + done);
+    m_last = m_last.last(std::min(m_last.size(), kept));
+}
+
 void MonkeyHands::press(const QString &chord) {
+    m_last.last() += u' ' + chord;
     m_driver.server().key(chord);
 }
 
@@ -149,6 +157,7 @@ void MonkeyHands::click(const Front &front, const Throw &dice) {
                        front.place.top() + int(dice.y) * front.place.height() / 10000);
     const int times = dice.choice % 5 == 0 ? 2 : 1;
     const int button = dice.choice % 7 == 0 ? 3 : 1;
+    m_last.last() += u" button %1 at %2,%3"_s.arg(button).arg(place.x()).arg(place.y());
     m_driver.server().move(place);
     for (int i = 0; i < 2 * times; ++i)
         m_driver.server().button(button, i % 2 == 0);
@@ -167,6 +176,7 @@ void MonkeyHands::meetNobody() {
 }
 
 void MonkeyHands::startSecond() {
+    m_last.last() += u" second start";
     if (!secondRuns())
         m_second.start(QApplication::applicationFilePath(), {u"second"_s});
 }
@@ -179,6 +189,7 @@ bool MonkeyHands::secondRuns() {
 }
 
 void MonkeyHands::close(const Front &front) {
+    m_last.last() += u" close";
     m_driver.server().close(front.id);
 }
 
@@ -194,6 +205,7 @@ void MonkeyHands::hearTheManager(const Front &front) {
 void MonkeyHands::closeFront(const Front &front) {
     if (front.id == 0)
         return meetNobody();
+    note(front, u"tidy"_s);
     if (front.isMain && !front.hasPopup)
         return hearTheManager(front);
     if (!front.question.isEmpty())

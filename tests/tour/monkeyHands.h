@@ -17,6 +17,7 @@ public:
     void tidyUp(const std::function<void()> &help);
 
     int acts() const { return m_acts; }
+    QString lastActs() const { return m_last.join(u'\n'); } // for whoever looks for the cause of a failure
 
 private:
     // The window that has the keyboard, as the hands see it.
@@ -37,6 +38,7 @@ private:
     void actOn(const Front &front, const Throw &dice);
     void answer(const Front &front, bool yes);
     void answerFile(const Throw &dice);
+    void note(const Front &front, const QString &done);
     void press(const QString &chord);
     void typeText(const QString &text);
     void click(const Front &front, const Throw &dice);
@@ -50,6 +52,7 @@ private:
     TourDriver &m_driver;
     std::mt19937 m_dice;
     QProcess m_second;
+    QStringList m_last;
     int m_acts = 0;
     int m_alone = 0; // looks that found no window with the keyboard
     int m_names = 0;
