@@ -153,13 +153,15 @@ void TourDriver::settle() {
     waitUntil(u"the program deals with what is pressed"_s, [&] { return m_arrivals.mark() >= mark; });
 }
 
-// Between two windows nobody has the keyboard, until the window manager gives it on: what is pressed then is lost.
+// Between two windows nobody has the keyboard, until the window manager gives it on: what is pressed then is lost, even
+// where the toolkit calls the next window active already.
 void TourDriver::waitForKeyboard(const QString &what) {
-    waitUntil(u"a window takes " + what, [] {
+    waitUntil(u"a window takes " + what, [this] {
         const QWidget *modal = QApplication::activeModalWidget();
-        return QApplication::activePopupWidget() ||
-               (modal ? modal->isActiveWindow() : QApplication::activeWindow() != nullptr);
+        const QWidget *front = modal && !modal->isActiveWindow() ? nullptr : QApplication::activeWindow();
+        return QApplication::activePopupWidget() || (front && m_server.hasKeyboard(front->winId()));
     });
+    settle();
 }
 
 QString TourDriver::textOf(const QString &name) {

@@ -119,6 +119,13 @@ void XServer::button(int number, bool down) {
     XSync(m_connection->display, False);
 }
 
+bool XServer::hasKeyboard(Window window) {
+    ::Window focused = None;
+    int whenItGoes = 0;
+    XGetInputFocus(m_connection->display, &focused, &whenItGoes);
+    return focused == window;
+}
+
 void XServer::close(Window window) {
     Display *display = m_connection->display;
     m_connection->send(DefaultRootWindow(display), window, XInternAtom(display, "_NET_CLOSE_WINDOW", False),

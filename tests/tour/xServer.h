@@ -25,6 +25,9 @@ public:
     void move(const QPoint &place); // in pixels of the screen
     void button(int number, bool down);
 
+    // Whether keys go to this window now; the toolkit may believe so before the window manager has seen to it.
+    bool hasKeyboard(Window window);
+
     // What the close cross and the edge of a window lead to: the window manager is asked.
     void close(Window window);
     void closeWindowsOf(qint64 process);
