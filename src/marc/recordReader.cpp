@@ -10,14 +10,14 @@ bool RecordCutter::next() {
     m_buffer.truncate(0);
     m_lineEnds.clear();
     while (!m_reader.atEnd()) {
-        const QByteArrayView line = m_reader.readLineThrough(char(recordTerminator));
-        if (line.isEmpty())
+        const qsizetype before = m_buffer.size();
+        m_reader.gatherLineThrough(char(recordTerminator), m_buffer);
+        if (m_buffer.size() == before)
             continue;
         // Lines are decoded one by one. That makes a difference only where one ends in half a character.
-        if (!m_buffer.isEmpty() && uchar(m_buffer.back()) > 0x80)
-            m_lineEnds.append(m_buffer.size());
-        m_buffer.append(line);
-        if (line.back() == char(recordTerminator))
+        if (before > 0 && uchar(m_buffer[before - 1]) > 0x80)
+            m_lineEnds.append(before);
+        if (m_buffer.back() == char(recordTerminator))
             return true;
         // What never comes to an end is dropped anyway, and must not fill the memory first.
         if (m_buffer.size() > platform::LineReader::heldOnTrust && !m_reader.reaches(char(recordTerminator)))

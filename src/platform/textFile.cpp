@@ -133,9 +133,10 @@ struct LineReader::State {
             ++at;
     }
 
-    // The next line; only up to and including the first `stop` byte where one is given.
-    QByteArrayView line(std::optional<char> stop) {
-        joined.clear();
+    // The next line; only up to and including the first `stop` byte where one is given. One that lies whole in the
+    // block is handed back as it stands there, another one goes behind what is gathered.
+    std::optional<QByteArrayView> line(std::optional<char> stop, QByteArray &gathered) {
+        const qsizetype before = gathered.size();
         bool stopped = false;
         while (hasMore()) {
             const char *from = here();
@@ -152,21 +153,21 @@ struct LineReader::State {
                 }
             }
             at += length + (end ? 1 : 0);
-            if (end && joined.isEmpty() && at < size) { // the common case: the line lies whole in the block
+            if (end && gathered.size() == before && at < size) { // the common case: the line lies whole in the block
                 const QByteArrayView whole(from, kept);
                 if (*here() == '\n')
                     ++at;
                 return whole;
             }
-            joined.append(from, kept);
+            gathered.append(from, kept);
             if (end) {
                 passLineFeed();
                 break;
             }
-            if (stop && !stopped && joined.size() > heldOnTrust && !reaches(*stop))
+            if (stop && !stopped && gathered.size() - before > heldOnTrust && !reaches(*stop))
                 break;
         }
-        return joined;
+        return std::nullopt;
     }
 };
 
@@ -190,11 +191,14 @@ bool LineReader::atEnd() const {
 }
 
 QByteArrayView LineReader::readLine() {
-    return m_state->line(std::nullopt);
+    QByteArray &joined = m_state->joined;
+    joined.clear();
+    return m_state->line(std::nullopt, joined).value_or(joined);
 }
 
-QByteArrayView LineReader::readLineThrough(char stop) {
-    return m_state->line(stop);
+void LineReader::gatherLineThrough(char stop, QByteArray &gathered) {
+    if (const auto whole = m_state->line(stop, gathered))
+        gathered.append(*whole);
 }
 
 bool LineReader::reaches(char wanted) {

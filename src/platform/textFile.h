@@ -31,10 +31,10 @@ public:
     // atEnd() included.
     QByteArrayView readLine();
 
-    // The next line up to and including the first `stop` byte in it; what stands behind it on the line is read
-    // and dropped without being held. The whole line where it has no such byte; of a long one, when the rest of the
-    // file has none either, only a beginning, and the reader is at its end. Valid as above.
-    QByteArrayView readLineThrough(char stop);
+    // Puts the next line up to and including the first `stop` byte in it behind what is gathered; what stands behind
+    // that byte on the line is read and dropped without being held. The whole line where it has no such byte; of a long
+    // one, when the rest of the file has none either, only a beginning, and the reader is at its end.
+    void gatherLineThrough(char stop, QByteArray &gathered);
 
     // Whether the byte stands anywhere in what is left of the file; where it does not, the reader is at its end
     // afterwards. For whoever gathers bytes up to that one: beyond `heldOnTrust` of them it pays to ask.

@@ -1,5 +1,6 @@
 #include "marc/recordReader.h"
 #include "marc/recordMaking.h"
+#include <sys/resource.h>
 
 using namespace marc;
 using namespace std::string_literals;
@@ -62,6 +63,23 @@ TEST(RecordCutter, LongPiecesAreWholeOrDropped) {
             EXPECT_TRUE(reader.value().atEnd());
         }
     }
+}
+
+TEST(RecordCutter, HoldsALongRecordOnce) {
+    constexpr qint64 size = 64 << 20;
+    const TestFolder folder;
+    QFile large(folder.file(u"long.iso"_s, {}));
+    ASSERT_TRUE(large.open(QIODevice::ReadWrite) && large.resize(size) && large.seek(size));
+    ASSERT_TRUE(large.write("\x1d") == 1 && large.flush());
+    rusage before{};
+    rusage after{};
+    getrusage(RUSAGE_SELF, &before);
+    auto reader = platform::LineReader::open(large.fileName());
+    RecordCutter cutter(reader.value());
+    ASSERT_TRUE(cutter.next());
+    EXPECT_EQ(cutter.bytes().size(), size + 1);
+    getrusage(RUSAGE_SELF, &after);
+    EXPECT_LT((after.ru_maxrss - before.ru_maxrss) << 10, size * 3 / 2);
 }
 
 TEST(Directory, OnlyItsLengthIsTested) {
