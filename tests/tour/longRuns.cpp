@@ -59,17 +59,6 @@ void merge(TourDriver &driver, int round) {
     driver.click(u"cmdClick0"_s);
 }
 
-struct Loop {
-    const char *name;
-    const char *window; // as long as it stands, the monkey stays
-    void (*begin)(TourDriver &, int round);
-};
-
-constexpr Loop loops[] = {
-    {"read", "frmDaoru", read},     {"import", "frmDaoru", import},   {"export", "ZSKListFrm", exportCatalogue},
-    {"split", "frmCutFile", split}, {"merge", "frmUnionFile", merge},
-};
-
 } // namespace
 
 const std::array<LongRun, 5> longRuns{{
