@@ -1,11 +1,7 @@
 #include "support/databaseServers.h"
 #include "platform/database/script.h"
-#include "support/qtPrinters.h"
-#include <QFile>
 #include <QProcess>
-#include <gtest/gtest.h>
 
-using namespace Qt::StringLiterals;
 using platform::Connection;
 
 namespace {
@@ -34,12 +30,12 @@ QString TestDatabase::textOf(TestServer server) {
 
 TestDatabase::TestDatabase(TestServer server) {
     makeEmptyFile(file());
-    m_connectionString =
+    state.connectionString =
         u"PROVIDER=MSDASQL;" +
         (server == TestServer::Sqlite
              ? QString(u"Driver=SQLite3;Database=" + file() + u";JournalMode=WAL;SyncPragma=NORMAL;Timeout=5000;")
              : textOf(server));
-    auto connection = Connection::open(m_connectionString);
+    auto connection = Connection::open(connectionString());
     if (!connection) {
         ADD_FAILURE() << connection.failure().description.toStdString();
         return;
@@ -51,24 +47,24 @@ TestDatabase::TestDatabase(TestServer server) {
     EXPECT_TRUE(made) << made.failure().description.toStdString();
 }
 
-void TestDatabase::run(const QString &statement) const {
-    auto connection = Connection::open(m_connectionString);
+void TestDatabase::run(const QString &script) const {
+    auto connection = Connection::open(connectionString());
     ASSERT_TRUE(connection) << connection.failure().description.toStdString();
-    const platform::Status ran = connection.value().execute(statement);
-    EXPECT_TRUE(ran) << ran.failure().description.toStdString() << "\n" << statement.toStdString();
+    const platform::Status ran = runScript(connection.value(), script);
+    EXPECT_TRUE(ran) << ran.failure().description.toStdString() << "\n" << script.toStdString();
 }
 
-QString TestDatabase::selected(const QString &statement) const {
-    auto connection = Connection::open(m_connectionString);
+QStringList TestDatabase::column(const QString &statement) const {
+    auto connection = Connection::open(connectionString());
     if (!connection)
-        return connection.failure().description;
+        return {connection.failure().description};
     const auto rows = connection.value().query(statement);
     if (!rows)
-        return rows.failure().description;
+        return {rows.failure().description};
     QStringList values;
     for (int row = 0; row < rows.value()->rowCount(); ++row)
         values.append(rows.value()->text(row, 0));
-    return values.join(u' ');
+    return values;
 }
 
 void makeEmptyFile(const QString &path) {

@@ -2,30 +2,33 @@
 // started and stopped by the test run (scripts/test-servers); a program that needs them is a house_tests with SERVERS.
 #pragma once
 
-#include <QString>
+#include "platform/database/sublib.h"
+#include "support/qtPrinters.h"
 #include <QTemporaryDir>
-#include <ostream>
 
 enum class TestServer { Sqlite, PostgreSql, MariaDb };
 
 // A library's database with empty tables, made by the server's own schema script.
 class TestDatabase {
 public:
-    explicit TestDatabase(TestServer server);
+    explicit TestDatabase(TestServer server = TestServer::Sqlite);
+    ~TestDatabase() { platform::endKeptConnections(); }
 
-    static QString nameOf(TestServer server);                              // as its schema script is named
-    static QString textOf(TestServer server);                              // the connection text of a running server
-    const QString &connectionString() const { return m_connectionString; } // as a person would have it stored
+    static QString nameOf(TestServer server); // as its schema script is named
+    static QString textOf(TestServer server); // the connection text of a running server
+    const QString &connectionString() const { return state.connectionString; }
     QString file() const { return m_folder.filePath(QStringLiteral("library.sqlite")); } // of SQLite
 
-    // Runs a statement that must work.
-    void run(const QString &statement) const;
-    // The first column of what a statement selects, joined by blanks.
-    QString selected(const QString &statement) const;
+    // Runs statements that must work.
+    void run(const QString &script) const;
+    // The first column of what a statement selects, or the fault; and joined by blanks.
+    QStringList column(const QString &statement) const;
+    QString selected(const QString &statement) const { return column(statement).join(u' '); }
+
+    platform::SessionState state; // with the text as a person would have it stored
 
 private:
     QTemporaryDir m_folder;
-    QString m_connectionString;
 };
 
 inline void PrintTo(TestServer server, std::ostream *out) {

@@ -1,10 +1,12 @@
-// Lets failures show Chinese texts instead of dumps of bytes.
+// What every test begins with: GoogleTest, whose failures show Chinese texts instead of dumps of bytes.
 #pragma once
 
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
-#include <ostream>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
 
 inline void PrintTo(const QString &text, std::ostream *out) {
     *out << '"' << text.toStdString() << '"';

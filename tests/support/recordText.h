@@ -4,9 +4,7 @@
 
 #include "platform/codepage936.h"
 #include "platform/numbers.h"
-#include <QList>
-#include <QString>
-#include <utility>
+#include "support/qtPrinters.h"
 
 // The directory and the fields as they are given.
 inline QString recordWithDirectory(const QString &directory, const QString &data, QChar type = u'a') {

@@ -1,5 +1,4 @@
 #include "support/scriptedHost.h"
-#include <gtest/gtest.h>
 
 using namespace platform;
 

@@ -3,10 +3,10 @@
 #pragma once
 
 #include "platform/host.h"
-#include "support/qtPrinters.h"
-#include <QList>
-#include <QStringList>
-#include <QTemporaryDir>
+#include "support/testFolder.h"
+#include <QApplication>
+#include <QClipboard>
+#include <QTest>
 #include <functional>
 
 class ScriptedHost final : public platform::Host {

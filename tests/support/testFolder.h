@@ -1,9 +1,9 @@
 // A folder of the test's own, gone when the test ends.
 #pragma once
 
+#include "support/qtPrinters.h"
 #include <QFile>
 #include <QTemporaryDir>
-#include <gtest/gtest.h>
 
 class TestFolder {
 public:
@@ -14,6 +14,10 @@ public:
         QFile file(path(name));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
         return file.fileName();
+    }
+    QByteArray read(const QString &name) const {
+        QFile file(path(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no such file)");
     }
 
 private:
