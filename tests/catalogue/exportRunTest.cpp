@@ -1,16 +1,12 @@
 // The export of a listed catalogue: the file as others read it, its refusals, its stops, and what comes in between.
 #include "catalogue/exportRecord.h"
-#include "catalogue/listStatements.h"
 #include "catalogue/zskListFrm.h"
-#include "catalogueDatabase.h"
-#include "marc/recordReader.h"
+#include "support/databaseServers.h"
 #include "support/scriptedHost.h"
 #include <QProcess>
 #include <QRegularExpression>
-#include <QTest>
 
 using namespace catalogue;
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -19,7 +15,7 @@ protected:
     enum { Export = 3, Stop = 4 };
 
     ExportRunTest() {
-        database.runFile("sample.sql");
+        database.run(schemaScript(u"sample.sql"_s));
         load(u"zskid<=10"_s);
         list.show();
     }
@@ -36,17 +32,15 @@ protected:
         };
     }
     QList<QByteArray> records() const {
-        QFile file(path);
-        EXPECT_TRUE(file.open(QFile::ReadOnly));
-        QList<QByteArray> result = file.readAll().replace("\r\n", "\n").split('\n');
-        EXPECT_TRUE(result.takeLast().isEmpty());
-        return result;
+        QList<QByteArray> lines = folder.read(QFileInfo(path).fileName()).replace("\r\n", "\n").split('\n');
+        EXPECT_TRUE(lines.takeLast().isEmpty());
+        return lines;
     }
-    CatalogueDatabase database;
+    TestDatabase database;
     ScriptedHost host;
     CatalogueOrder order;
-    QTemporaryDir folder;
-    QString path = folder.filePath(u"导出.iso"_s);
+    TestFolder folder;
+    QString path = folder.path(u"导出.iso"_s);
     ZSKListFrm list{database.state, host, order, {}};
 };
 
@@ -64,23 +58,13 @@ TEST_F(ExportRunTest, WritesEveryListedRowAsARecordThatOthersRead) {
     EXPECT_EQ(host.texts(), QStringList{finalWord(count, path)});
     EXPECT_EQ(list.labDaochu->text(), u"已经导出：%1(100%)"_s.arg(count));
 
-    auto reader = platform::LineReader::open(path);
-    ASSERT_TRUE(reader);
-    int row = 0;
-    marc::cutRecord(reader.value(), [&](const marc::RawRecord &record) {
-        const marc::Directory directory = marc::decodeDirectory(record);
-        EXPECT_FALSE(directory.damaged);
-        EXPECT_TRUE(record.contains(list.Grid1->text(++row, 0).rightJustified(5, u'0') + u"hteva"));
-        return true;
-    });
-    EXPECT_EQ(row, count);
+    for (int row = 0; row < count; ++row)
+        EXPECT_TRUE(
+            records()[row].contains(list.Grid1->text(row + 1, 0).rightJustified(5, u'0').toLatin1().append("hteva")));
 
-    QFile joined(folder.filePath(u"joined.iso"_s));
-    ASSERT_TRUE(joined.open(QFile::WriteOnly));
-    joined.write(records().join());
-    joined.close();
     QProcess yaz;
-    yaz.start(u"yaz-marcdump"_s, {u"-f"_s, u"gbk"_s, u"-t"_s, u"utf-8"_s, u"-o"_s, u"line"_s, joined.fileName()});
+    yaz.start(u"yaz-marcdump"_s, {u"-f"_s, u"gbk"_s, u"-t"_s, u"utf-8"_s, u"-o"_s, u"line"_s,
+                                  folder.file(u"joined.iso"_s, records().join())});
     ASSERT_TRUE(yaz.waitForFinished());
     const QString dump = QString::fromUtf8(yaz.readAllStandardOutput() + yaz.readAllStandardError());
     EXPECT_EQ(dump.count(u"hteva\n"_s), count - longNumbers); // those are cut to the eleven bytes that were counted
@@ -122,8 +106,7 @@ TEST_F(ExportRunTest, EndsSilentlyWithTheFileClosedWhenItsWindowGoes) {
     });
     run();
     EXPECT_EQ(records().size(), 4);
-    EXPECT_FALSE(list.isVisible());
-    EXPECT_TRUE(host.boxes.isEmpty());
+    EXPECT_TRUE(!list.isVisible() && host.boxes.isEmpty());
 }
 
 TEST_F(ExportRunTest, GoesOnWithTheRowsThatStandAndIgnoresASecondPress) {
@@ -143,10 +126,10 @@ TEST_F(ExportRunTest, WritesEmptyRecordsWithoutAWordWhenRowsCannotBeRead) {
     EXPECT_EQ(host.texts(), QStringList{finalWord(10, path)});
     EXPECT_EQ(records().count(exportRecord({})), 8);
 
-    path = folder.filePath(u"没有/导出.iso"_s); // nor is a file that cannot be made worth a word
+    path = folder.path(u"没有/导出.iso"_s); // nor is a file that cannot be made worth a word
     run();
     EXPECT_EQ(host.texts().last(), finalWord(10, path));
-    path = folder.filePath(u"empty.iso"_s);
+    path = folder.path(u"empty.iso"_s);
     load(u"zskid=0"_s);
     run();
     EXPECT_EQ(host.texts().last(), finalWord(0, path));

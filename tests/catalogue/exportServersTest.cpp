@@ -1,12 +1,10 @@
-// The export from a server that is not there all the time.
+// The statements on real servers, and the export from one that is not there all the time.
 #include "catalogue/exportRun.h"
+#include "catalogue/listStatements.h"
 #include "support/databaseServers.h"
 #include "support/killedChild.h"
 #include "support/scriptedHost.h"
 #include <QFileInfo>
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -37,13 +35,13 @@ bool holdsTitle(const QByteArray &record, int row) {
 void run(const TestDatabase &database, ScriptedHost &host, int count, const QString &path) {
     host.willChoose(path);
     Rows rows(count);
-    catalogue::ExportRun(rows, host, {database.connectionString()}).daochuMarc();
+    catalogue::ExportRun(rows, host, database.state).daochuMarc();
 }
 
 } // namespace
 
 // Bare are the rows whose turn came while the server was away, no others; a restart between two rows costs none.
-TEST(ExportFromServer, comesBackWithTheServer) {
+TEST(ExportFromServer, ComesBackWithTheServer) {
     const TestDatabase database(TestServer::PostgreSql);
     for (int i = 1; i <= 10; ++i)
         database.run(u"insert into zsk (zskid,bookname) values (%1,'title%1')"_s.arg(i));
@@ -64,7 +62,7 @@ TEST(ExportFromServer, comesBackWithTheServer) {
 }
 
 // A killed export leaves whole records but for the last, and keeps nobody from the next.
-TEST(ExportFromServer, aKilledRunLeavesWholeRecords) {
+TEST(ExportFromServer, AKilledRunLeavesWholeRecords) {
     constexpr int count = 30000;
     const TestDatabase database(TestServer::Sqlite);
     database.run(u"insert into zsk (zskid,bookname) with recursive n(i) as (select 1 union all select i+1 from n where "
@@ -78,4 +76,32 @@ TEST(ExportFromServer, aKilledRunLeavesWholeRecords) {
         ASSERT_TRUE(holdsTitle(cut[row - 1], row)) << row;
     run(database, host, 50, path + u".again");
     EXPECT_EQ(exported(path + u".again").size(), 51);
+}
+
+TEST(ListStatements, FindTheSampleOnEveryServer) {
+    for (const TestServer server : {TestServer::Sqlite, TestServer::PostgreSql, TestServer::MariaDb}) {
+        SCOPED_TRACE(TestDatabase::nameOf(server).toStdString());
+        const TestDatabase database(server);
+        database.run(schemaScript(u"sample.sql"_s));
+        database.run(uR"(insert into zsk (zskid,classcode) values (500,'TP3');
+            insert into sck (barcode,zskid,price,borrowstatus) values ('B1',500,12.5,'1');
+            insert into sck (barcode,zskid,rollcode,borrowstatus) values ('B2',500,'上',null);
+            insert into jhsk (barcode,yhdate) values ('B2','2006-04-05');)"_s);
+        auto connection = platform::Connection::open(database.connectionString());
+        const auto rows = [&](const QString &statement) { return connection.value().query(statement).value(); };
+        EXPECT_EQ(rows(catalogue::catalogueStatement(u"zskid=500"_s, u"catatime"_s))->columnNames().join(u'|'),
+                  u"控制号|isbn|书   名|著 者|分类号|出版社|册 数|入库日期"_s);
+        EXPECT_EQ(rows(catalogue::detailStatement(500))->text(0, 0), u"TP3"_s);
+        const auto copies = rows(catalogue::copiesStatement(500));
+        ASSERT_EQ(copies->rowCount(), 2);
+        const int lent = copies->text(0, 0) == u"B2" ? 0 : 1;
+        EXPECT_EQ(copies->columnNames().join(u'|'), u"条形码|卷 次|藏 地|价 格|状 态|可借否|应还日期"_s);
+        EXPECT_EQ(copies->text(lent, 1) + copies->text(lent, 5) + copies->text(lent, 6), u"上2006/04/05"_s);
+        EXPECT_EQ(copies->text(1 - lent, 5) + copies->text(1 - lent, 6), u"1"_s);
+        EXPECT_GE(
+            rows(catalogue::reportStatement(u"publisher='中华书局'"_s, u"bookcount Desc,bookname Asc"_s))->rowCount(),
+            10);
+        const auto exported = rows(catalogue::exportStatement(u"68"_s));
+        EXPECT_EQ(exported->text(0, exported->column(u"appendix").value()), u"光盘1片"_s);
+    }
 }

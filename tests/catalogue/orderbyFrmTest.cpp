@@ -1,11 +1,8 @@
 // The sort dialog on a list window.
 #include "catalogue/orderbyFrm.h"
 #include "support/scriptedHost.h"
-#include <QTest>
-#include <gtest/gtest.h>
 
 using namespace catalogue;
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -66,8 +63,7 @@ TEST_F(OrderbyFrmTest, RefusesAnEmptyChoiceAndCancelsWithoutATrace) {
     EXPECT_TRUE(dialog.isVisible());
     QTest::mouseClick(dialog.CmdAddAll, Qt::LeftButton);
     QTest::mouseClick(dialog.cmdCancel, Qt::LeftButton);
-    EXPECT_FALSE(dialog.isVisible());
-    EXPECT_TRUE(order.sortOrder.isEmpty() && list.received.isEmpty());
+    EXPECT_TRUE(!dialog.isVisible() && order.sortOrder.isEmpty() && list.received.isEmpty());
 }
 
 TEST_F(OrderbyFrmTest, ShowsAnOrderOfOneColumnAgain) {

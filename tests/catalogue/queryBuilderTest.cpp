@@ -1,10 +1,8 @@
 // Conditions, groups and sort terms of the query dialogs, and what becomes of them.
 #include "catalogue/queryBuilder.h"
 #include "support/qtPrinters.h"
-#include <gtest/gtest.h>
 
 using namespace catalogue;
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -20,11 +18,7 @@ protected:
 };
 
 TEST_F(QueryBuilderTest, ComposesAFragmentForEachTypeAndOperator) {
-    struct Row {
-        Field field;
-        QString fuhao, value, sql;
-    };
-    const QList<Row> rows = {
+    const std::tuple<Field, QString, QString, QString> rows[] = {
         {Bookname, u"等于"_s, u"红楼梦"_s, u"bookname='红楼梦'"_s},
         {Bookname, u"不等于"_s, u" a "_s, u"bookname<>' a '"_s},
         {Bookname, u"包含"_s, u"abc"_s, u"bookname Like '%abc%'"_s},
@@ -40,10 +34,10 @@ TEST_F(QueryBuilderTest, ComposesAFragmentForEachTypeAndOperator) {
         {Catatime, u"等于"_s, u"____-__-__"_s, {}},
         {Bookname, u"等于"_s, u""_s, {}},
     };
-    for (const Row &row : rows) {
+    for (const auto &[field, fuhao, value, sql] : rows) {
         builder.clear();
-        EXPECT_EQ(builder.addCondition(row.field, row.fuhao, row.value), !row.sql.isNull()) << row.value.toStdString();
-        EXPECT_EQ(builder.curSql(), row.sql);
+        EXPECT_EQ(builder.addCondition(field, fuhao, value), !sql.isNull()) << value.toStdString();
+        EXPECT_EQ(builder.curSql(), sql);
     }
     EXPECT_FALSE(builder.addCondition(-1, u"等于"_s, u"a"_s));
 }
@@ -68,8 +62,7 @@ TEST_F(QueryBuilderTest, JoinsConditionsAndGroups) {
 }
 
 TEST_F(QueryBuilderTest, SortsByAFieldOnceAndForgetsAllOnClear) {
-    EXPECT_TRUE(builder.addSortTerm(u"书名"_s, true));
-    EXPECT_TRUE(builder.addSortTerm(u"入库日期"_s, false));
+    EXPECT_TRUE(builder.addSortTerm(u"书名"_s, true) && builder.addSortTerm(u"入库日期"_s, false));
     EXPECT_FALSE(builder.addSortTerm({}, true));
     EXPECT_EQ(builder.findData().order, u"bookname Asc,catatime Desc"_s);
     EXPECT_EQ(builder.lOrderby(), u"'书名'升;'入库日期'降"_s);
@@ -84,13 +77,10 @@ TEST_F(QueryBuilderTest, SortsByAFieldOnceAndForgetsAllOnClear) {
 }
 
 TEST_F(QueryBuilderTest, ListsOperatorsAnewOnlyForANewType) {
-    EXPECT_TRUE(builder.chooseField(Bookname));
-    EXPECT_FALSE(builder.chooseField(Author));
-    EXPECT_TRUE(builder.chooseField(Catatime));
+    EXPECT_TRUE(builder.chooseField(Bookname) && !builder.chooseField(Author) && builder.chooseField(Catatime));
     EXPECT_FALSE(builder.chooseField(99));
-    EXPECT_EQ(operatorsOf(FieldType::Text), (QStringList{u"等于"_s, u"不等于"_s, u"包含"_s}));
-    EXPECT_EQ(operatorsOf(FieldType::Date),
-              (QStringList{u"等于"_s, u"不等于"_s, u"大于"_s, u"不小于"_s, u"小于"_s, u"不大于"_s}));
+    EXPECT_EQ(operatorsOf(FieldType::Text).join(u' '), u"等于 不等于 包含"_s);
+    EXPECT_EQ(operatorsOf(FieldType::Date).join(u' '), u"等于 不等于 大于 不小于 小于 不大于"_s);
     builder.unload();
     EXPECT_TRUE(builder.chooseField(Catatime));
 }
@@ -102,8 +92,7 @@ TEST(QueryRules, TheStoresDialogHasRoomForFewerFieldsAndKnowsNoDates) {
     EXPECT_EQ(store.fieldDefs().size(), 46);
     EXPECT_EQ(store.fieldDefs()[0].fieldType, FieldType::Text);
     EXPECT_EQ(store.fieldDefs()[1].fieldType, FieldType::Number);
-    EXPECT_FALSE(store.load(list(47), list(47), {}));
-    EXPECT_TRUE(QueryBuilder(catalogueRules).load(list(47), list(47), {}));
+    EXPECT_TRUE(!store.load(list(47), list(47), {}) && QueryBuilder(catalogueRules).load(list(47), list(47), {}));
 }
 
 } // namespace

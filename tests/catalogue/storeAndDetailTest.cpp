@@ -1,18 +1,16 @@
 // The detail window and the store list on a real database.
 #include "catalogue/sckListFrm.h"
 #include "catalogue/tlkListFrm.h"
-#include "catalogueDatabase.h"
+#include "support/databaseServers.h"
 #include "support/scriptedHost.h"
-#include <QTest>
 
 using namespace catalogue;
-using namespace Qt::StringLiterals;
 
 namespace {
 
 class SckListFrmTest : public testing::Test {
 protected:
-    CatalogueDatabase database;
+    TestDatabase database;
     ScriptedHost host;
     SCKListFrm detail{database.state, host};
 };
@@ -60,7 +58,7 @@ protected:
     void load(QString condition, QString order = {}) { list.loadData(condition, order); }
     QStringList left() { return database.column(u"select bookname from taoluTable order by zskid"_s); }
 
-    CatalogueDatabase database;
+    TestDatabase database;
     ScriptedHost host;
     int hidden = 0;
     TLKListFrm list{database.state, host, [this] { ++hidden; }};
@@ -75,8 +73,7 @@ TEST_F(TlkListFrmTest, DeletesASelectionInEitherDirection) {
     list.CmdDcgl[0]->click();
     EXPECT_EQ(left().size(), 5);
     EXPECT_EQ(host.lastBox().text, u"确定要将选择的文献从套录库中删除吗吗？(Y/N)"_s);
-    EXPECT_EQ(host.lastBox().title, QString());
-    EXPECT_EQ(host.lastBox().preselected, platform::Answer::No);
+    EXPECT_TRUE(host.lastBox().title.isEmpty() && host.lastBox().preselected == platform::Answer::No);
     EXPECT_EQ(host.lastBox().leaving, platform::Leaving::ByButtonsOnly);
     host.willAnswer(platform::Answer::Yes);
     list.CmdDcgl[0]->click();

@@ -1,18 +1,15 @@
 #include "platform/database/resultTable.h"
+#include "support/dice.h"
 #include "support/qtPrinters.h"
-#include <QRandomGenerator>
-#include <gtest/gtest.h>
 
-using namespace Qt::StringLiterals;
-
-TEST(ResultTable, givesBackEveryCell) {
-    QRandomGenerator random(7);
+TEST(ResultTable, GivesBackEveryCell) {
+    Dice dice(7);
     platform::ResultTable table({u"zskid"_s, u"ISBN"_s, u"marc"_s});
     QStringList cells; // a null QString stands for a NULL
     for (int i = 0; i < 3 * 2000; ++i) {
         constexpr auto sizes = std::to_array<qsizetype>({-1, 0, 1, 13, 300, 5000, 300000});
-        const qsizetype size = sizes[std::size_t(random.bounded(i % 500 == 0 ? 7 : 6))];
-        cells.append(size < 0 ? QString() : QString(size, QChar(u'一' + random.bounded(1000))));
+        const qsizetype size = sizes[std::size_t(dice.below(i % 500 == 0 ? 7 : 6))];
+        cells.append(size < 0 ? QString() : QString(size, QChar(u'一' + dice.below(1000))));
         if (size < 0)
             table.appendNull();
         else
