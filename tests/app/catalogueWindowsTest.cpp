@@ -1,19 +1,17 @@
 // How the windows on the catalogue lead to each other.
 #include "app/catalogueWindows.h"
-#include "catalogue/catalogueDatabase.h"
 #include "catalogue/orderbyFrm.h"
 #include "catalogue/queryFrm.h"
 #include "catalogue/zskListFrm.h"
+#include "support/databaseServers.h"
 #include "support/scriptedHost.h"
 #include <QMainWindow>
-#include <QTest>
 #include <QTimer>
 
 using namespace app;
-using namespace Qt::StringLiterals;
 
 TEST(CatalogueWindows, TheSortDialogBringsAClosedListBack) {
-    CatalogueDatabase database;
+    TestDatabase database;
     database.run(u"insert into zsk (zskid,bookname) values (1,'b'),(2,'a');"_s);
     ScriptedHost host;
     QMainWindow frame;

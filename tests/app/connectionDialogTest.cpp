@@ -1,9 +1,7 @@
 #include "app/frmODBC.h"
 #include "app/startUp.h"
 #include "support/scriptedHost.h"
-#include <gtest/gtest.h>
 
-using namespace Qt::StringLiterals;
 using namespace app;
 
 TEST(ConnectionText, IsComposedAsTypedWithoutEscaping) {
@@ -16,17 +14,14 @@ TEST(ConnectionText, IsComposedAsTypedWithoutEscaping) {
 }
 
 TEST(ConnectionText, AFaultIsToldByTheWordsOfItsDescription) {
-    struct Row {
-        QString description, title, text;
-    };
-    const Row rows[] = {
+    const std::tuple<QString, QString, QString> rows[] = {
         {u"[x] LOGIN FAILED for user"_s, u"操作提示"_s, u"无效的参数，请再试一次！"_s},
         {u"the querytimeout property"_s, u"管理系统操作提示"_s, u"连接数据源超时\r\n请重试！！"_s},
         {u"no such file"_s, u"管理系统操作提示"_s, u"no such file\r\n请重试！！"_s},
     };
-    for (const Row &row : rows) {
-        EXPECT_EQ(messageForFault(row.description).title, row.title);
-        EXPECT_EQ(messageForFault(row.description).text, row.text);
+    for (const auto &[description, title, text] : rows) {
+        EXPECT_EQ(messageForFault(description).title, title);
+        EXPECT_EQ(messageForFault(description).text, text);
     }
 }
 
@@ -36,17 +31,13 @@ struct ConnectionDialogTest : testing::Test {
     ScriptedHost host;
     QStringList opened;
     QString fault;
+    QStringList sources{u"lib"_s, u"   "_s, u"other"_s};
     frmODBC dialog{host,
-                   {.dataSources =
-                        [] {
-                            return QStringList{u"lib"_s, u"   "_s, u"other"_s};
-                        },
+                   {.dataSources = [this] { return sources; },
                     .open = [this](const QString &text) -> platform::Status {
                         opened.append(text);
                         EXPECT_EQ(dialog.fraStep3->title(), u"正在尝试连接数据库,请稍候......."_s);
-                        if (!fault.isEmpty())
-                            return platform::Failure{fault};
-                        return platform::success();
+                        return fault.isEmpty() ? platform::success() : platform::Failure{fault};
                     }}};
 
     QString stored() const {
@@ -77,7 +68,8 @@ TEST_F(ConnectionDialogTest, ADataSourceIsTestedSavedAndClosesTheDialog) {
     EXPECT_FALSE(dialog.isVisible());
 }
 
-TEST_F(ConnectionDialogTest, RefusesWhatIsIncompleteAndTellsAFailedTest) {
+TEST_F(ConnectionDialogTest, RefusesWhatIsIncompleteTellsAFailedTestAndCancels) {
+    dialog.show();
     dialog.cmdOK->click();
     choose(2);
     dialog.cmdCeshi->click();
@@ -89,11 +81,6 @@ TEST_F(ConnectionDialogTest, RefusesWhatIsIncompleteAndTellsAFailedTest) {
     dialog.cmdCeshi->click();
     EXPECT_EQ(host.lastBox().text, u"away\r\n请重试！！"_s);
     EXPECT_EQ(dialog.fraStep3->title(), u"连接值"_s);
-}
-
-TEST_F(ConnectionDialogTest, CancellingLeavesTheSettingAlone) {
-    dialog.show();
-    dialog.txtUID->setText(u"u"_s);
     dialog.cmdCancel->click();
     EXPECT_FALSE(dialog.isVisible());
     EXPECT_EQ(stored(), settingAbsent);

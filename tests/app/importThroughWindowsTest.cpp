@@ -4,21 +4,16 @@
 #include "support/databaseServers.h"
 #include "support/scriptedHost.h"
 #include "workspace/frmDaoru.h"
-#include <QTest>
-#include <gtest/gtest.h>
 
-using namespace Qt::StringLiterals;
-
-TEST(ImportThroughWindows, takesTheSamplesTimeAfterTime) {
+TEST(ImportThroughWindows, TakesTheSamplesTimeAfterTime) {
     const int imports = qEnvironmentVariableIsSet("IMPORTS") ? qEnvironmentVariableIntValue("IMPORTS") : 2;
     const TestDatabase database(TestServer::MariaDb);
-    const platform::SessionState state{database.connectionString()};
     ScriptedHost host;
     host.folder = QStringLiteral(PROGRAM_FOLDER);
     host.onYield = [] { QCoreApplication::processEvents(); };
     QString said;
     const auto runImport = [&](std::shared_ptr<const marc::PreReadStore> records, const QString &count, QWidget *) {
-        importing::frmDaoRuJindu window(host, state, std::move(records));
+        importing::frmDaoRuJindu window(host, database.state, std::move(records));
         window.Text2->setText(count);
         window.show();
         EXPECT_TRUE(QTest::qWaitFor([&] { return window.barJinduTishi->isHidden(); }, 50000));

@@ -1,10 +1,7 @@
 #include "app/marcMain.h"
 #include "support/scriptedHost.h"
 #include <QAction>
-#include <QCoreApplication>
-#include <gtest/gtest.h>
 
-using namespace Qt::StringLiterals;
 using namespace app;
 
 namespace {
@@ -15,12 +12,9 @@ struct RecordedWindows final : CommandWindows {
     explicit RecordedWindows(const ScriptedHost &host)
         : host(host) {}
     void selectMarcFile() override { calls.append(u"select"_s); }
-    void queryCatalogue(const QueryLists &lists) override {
-        calls.append(u"catalogue "_s + QString::number(lists.columns.toString().split(u',').size()));
-    }
-    void queryStore(const QueryLists &lists) override {
-        calls.append(u"store "_s + QString::number(lists.columns.toString().split(u',').size()));
-    }
+    static QString count(const QueryLists &lists) { return QString::number(lists.columns.count(u',') + 1); }
+    void queryCatalogue(const QueryLists &lists) override { calls.append(u"catalogue " + count(lists)); }
+    void queryStore(const QueryLists &lists) override { calls.append(u"store " + count(lists)); }
     void splitFile() override { calls.append(u"split"_s); }
     void mergeFiles() override { calls.append(u"merge"_s); }
     void showHelp() override { calls.append(u"help"_s); }
@@ -44,19 +38,15 @@ struct MainWindowTest : testing::Test {
 } // namespace
 
 TEST_F(MainWindowTest, MenuAndToolbarGiveTheSameCommands) {
-    const struct {
-        QString menu, key, call;
-    } rows[] = {
+    const std::tuple<QString, QString, QString> rows[] = {
         {u"mnuDaoru"_s, u"daoru"_s, u"select"_s},    {u"mnuDaochu"_s, u"daochu"_s, u"catalogue 8"_s},
         {u"mnuDelete"_s, u"delete"_s, u"store 7"_s}, {u"ChaiFenFile"_s, u"chaifen"_s, u"split"_s},
         {u"HeBingFile"_s, u"hebing"_s, u"merge"_s},  {u"aboutgongju"_s, u""_s, u"help"_s},
         {u"mnuHelp"_s, u""_s, u"about"_s},
     };
-    for (const auto &row : rows) {
-        EXPECT_EQ(callOf(row.menu), row.call);
-        if (!row.key.isEmpty()) {
-            EXPECT_EQ(callOf(row.key), row.call);
-        }
+    for (const auto &[menu, key, call] : rows) {
+        EXPECT_EQ(callOf(menu), call);
+        EXPECT_EQ(callOf(key.isEmpty() ? menu : key), call);
     }
 }
 

@@ -1,9 +1,7 @@
 #include "app/startUp.h"
 #include "platform/codepage936.h"
 #include "support/scriptedHost.h"
-#include <gtest/gtest.h>
 
-using namespace Qt::StringLiterals;
 using namespace app;
 
 namespace {
