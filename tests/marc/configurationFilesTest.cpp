@@ -9,46 +9,28 @@ QByteArray fileText(QString text) {
     return platform::encode(text.replace(u'\n', u"\r\n"_s));
 }
 
-struct ListCase {
-    QString text;
-    QStringList lines;
-    QStringView ending; // of the complaint
-};
-
-template <class Read>
-void expectLists(const std::vector<ListCase> &cases, QStringView file, Read read) {
-    for (const ListCase &c : cases) {
-        const TestFolder folder;
-        folder.file(file.toString(), fileText(c.text));
-        const PickList list = read(folder.path());
-        EXPECT_EQ(list.lines, c.lines);
-        EXPECT_EQ(list.complaint, c.ending.isEmpty() ? u""_s : u"配置文件【"_s + folder.path() + file + c.ending);
-    }
-}
-
-TEST(FieldList, TakesLinesUpToTheFirstDamage) {
-    const std::vector<ListCase> cases{
-        {u"010 标准书号\n\n  \n??? 自定义\n2  x\n 1 y"_s,
-         {u"010 标准书号"_s, u"??? 自定义"_s, u"2  x"_s, u" 1 y"_s},
-         {}},
-        {u"010 a\nabc b\n200 c\n"_s, {u"010 a"_s}, u"】损坏。"},
-        {u""_s, {}, {}},
+// The lists of the fields, and of the subfields of 200; how the complaint ends.
+TEST(PickLists, TakeLinesUpToTheFirstDamageAndTheSectionOfATag) {
+    const QString notFound = u"】损坏或者还没有本字段名。"_s;
+    const std::tuple<QStringView, QString, QString, QString> cases[] = {
+        {fieldListFile, u"010 标准书号\n\n  \n??? 自定义\n2  x\n 1 y"_s, u"010 标准书号|??? 自定义|2  x| 1 y"_s, u""_s},
+        {fieldListFile, u"010 a\nabc b\n200 c\n"_s, u"010 a"_s, u"】损坏。"_s},
+        {fieldListFile, u""_s, u""_s, u""_s},
+        {subfieldListFile, u"[010]\n$z\n\n [200] \n$a 甲 \n\n $f x\n[210]\n[200]\n$b\n\n"_s, u"$a 甲 | $f x"_s, u""_s},
+        {subfieldListFile, u"[200]\n$a 正题名\n$f 责任者"_s, u"$a 正题名"_s, u""_s}, // the last line is not used
+        {subfieldListFile, u"[200] 题名\n$a x\n[2000]\n\n"_s, u""_s, notFound},
+        {subfieldListFile, u"[200]\n$a 正题名"_s, u""_s, notFound},
+        {subfieldListFile, u""_s, u""_s, notFound},
+        {subfieldListFile, u"[200]\n  [210]"_s, u""_s, u"】中还没有子字段。"_s},
     };
-    expectLists(cases, fieldListFile, readFieldList);
-}
-
-TEST(SubfieldList, TakesTheSectionOfTheTag) {
-    constexpr QStringView notFound = u"】损坏或者还没有本字段名。";
-    const std::vector<ListCase> cases{
-        {u"[010]\n$z\n\n [200] \n$a 甲 \n\n $f x\n[210]\n[200]\n$b\n\n"_s, {u"$a 甲 "_s, u" $f x"_s}, {}},
-        {u"[200]\n$a 正题名\n$f 责任者"_s, {u"$a 正题名"_s}, {}}, // the file's last line is not used
-        {u"[200] 题名\n$a x\n[2000]\n\n"_s, {}, notFound},
-        {u"[200]\n$a 正题名"_s, {}, notFound},
-        {u""_s, {}, notFound},
-        {u"[200]\n  [210]"_s, {}, u"】中还没有子字段。"},
-    };
-    expectLists(cases, subfieldListFile, [](const QString &folder) { return readSubfieldList(folder, u"200"_s); });
     const TestFolder folder;
+    for (const auto &[file, text, lines, ending] : cases) {
+        folder.file(file.toString(), fileText(text));
+        const PickList list =
+            file == fieldListFile ? readFieldList(folder.path()) : readSubfieldList(folder.path(), u"200"_s);
+        EXPECT_EQ(list.lines.join(u'|'), lines);
+        EXPECT_EQ(list.complaint, ending.isEmpty() ? u""_s : u"配置文件【"_s + folder.path() + file + ending);
+    }
     folder.file(subfieldListFile.toString(), "[010]\r\n[200]");
     EXPECT_TRUE(readSubfieldList(folder.path(), u"200"_s).complaint.startsWith(u"操作失败"));
 }
@@ -80,12 +62,10 @@ TEST(Descriptions, ComeFromTheFirstSectionOfATag) {
     EXPECT_EQ(found.join(u' '),
               u"000=头标区 001= 005= 200=题名指示符 $a=正题名 $a=正题名 $b= $f=责任者 CAT=指示符 $f=责任者 "
               "606=主题指示符 $a=款目 $x= 606=主题指示符 $a=款目"_s);
-}
 
-TEST(Descriptions, EndAtAHeaderOnTheVeryLastLine) {
-    const TestFolder folder;
+    // The last line is a header.
     folder.file(descriptionFile.toString(), fileText(u"[300] 附注\n[200] 题名"_s));
-    FieldRows rows = showRecord(recordOf(u"200=1 $a甲|300=  $a乙"_s)).rows;
+    rows = showRecord(recordOf(u"200=1 $a甲|300=  $a乙"_s)).rows;
     fillDescriptions(rows, folder.path());
     EXPECT_EQ(rows[1].fieldLabel + u'/' + rows[3].fieldLabel, u"题名/"_s);
 }

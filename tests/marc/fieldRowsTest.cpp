@@ -55,25 +55,23 @@ TEST(ShowRecord, AFailingStepLeavesWhatStoodBefore) {
     RawRecord noBase = recordWithDirectory(u"200000500000"_s, data);
     noBase.replace(12, 5, u"x    "_s);
     EXPECT_EQ(shown(noBase), u"200=00"_s); // counted from the record's start
-    EXPECT_EQ(shown(u"no terminator"_s), u""_s);
-    EXPECT_EQ(shown(u""_s), u""_s);
+    EXPECT_EQ(shown(u"no terminator"_s) + shown(u""_s), u""_s);
+    const ShownRecord damaged = showRecord(recordWithDirectory(u"2000"_s, u"data"_s));
+    EXPECT_TRUE(damaged.damaged && damaged.leader.size() == 24);
+    EXPECT_EQ(damaged.rows, FieldRows{FieldRow{}});
 }
 
 // Entries without end that point at the same bytes: what is made of them stays in proportion to the record.
 TEST(ShowRecord, EndsWhereADirectoryAsksForTheSameBytesOverAndOver) {
-    const struct {
-        QString directory;
-        QString data;
-        bool cutOff;
-    } cases[] = {
-        {u"200999900000"_s.repeated(60), u"1 "_s + u"<"_s.repeated(9996) + u'|', true},
+    const QString delimiters = u"1 "_s + u"<"_s.repeated(9996) + u'|';
+    const std::tuple<QString, QString, bool> cases[] = {
+        {u"200999900000"_s.repeated(60), delimiters, true},
         {u"461999900000"_s.repeated(60), u"1 "_s + u"<1"_s.repeated(4998) + u'|', true},
         {u"300999900000"_s.repeated(60), u"  <a"_s + u"甲"_s.repeated(4997) + u'|', true},
-        {u"005999900000"_s + u"006-00100000"_s.repeated(60), u"x"_s.repeated(9998) + u'|',
-         true}, // no cut, the last field
+        // No cut: the last field.
+        {u"005999900000"_s + u"006-00100000"_s.repeated(60), u"x"_s.repeated(9998) + u'|', true},
         {u"300999900000"_s.repeated(9), u"  <a"_s + u"x"_s.repeated(9994) + u'|', false},
-        {u"300999900000"_s + u"320999909999"_s,
-         u"1 "_s + u"<"_s.repeated(9996) + u"|1 "_s + u"<"_s.repeated(9996) + u'|', false},
+        {u"300999900000320999909999"_s, delimiters + delimiters, false},
     };
     for (const auto &[directory, data, cutOff] : cases) {
         const RawRecord record = recordWithDirectory(directory, real(data));
@@ -85,13 +83,6 @@ TEST(ShowRecord, EndsWhereADirectoryAsksForTheSameBytesOverAndOver) {
             characters += row.value.size();
         EXPECT_LE(characters, 17 * platform::gbkLength(record));
     }
-}
-
-TEST(ShowRecord, ADamagedDirectoryLeavesOneEmptyRow) {
-    const ShownRecord result = showRecord(recordWithDirectory(u"2000"_s, u"data"_s));
-    EXPECT_TRUE(result.damaged);
-    EXPECT_EQ(result.leader.size(), 24);
-    EXPECT_EQ(result.rows, FieldRows{FieldRow{}});
 }
 
 } // namespace

@@ -3,14 +3,10 @@
 
 #include "marc/fieldRows.h"
 #include "marc/separators.h"
-#include "support/qtPrinters.h"
 #include "support/recordText.h"
 #include "support/testFolder.h"
-#include <gtest/gtest.h>
 
 namespace marc {
-
-using namespace Qt::StringLiterals;
 
 // Control characters stand as < | > (subfield, field, record), both ways.
 inline QString visible(QString text) {

@@ -7,14 +7,9 @@ using namespace std::string_literals;
 
 namespace {
 
-struct FileCase {
-    std::string bytes; // ">" is the record terminator
-    QString records;   // each ends in ">"
-    qint64 lines;
-};
-
 TEST(RecordCutter, OneLineGivesOneRecordAtTheMost) {
-    const FileCase cases[] = {
+    const std::tuple<std::string, QString, qint64> cases[] = {
+        // ">" is the record terminator
         {"", u""_s, 0},
         {"a>b>", u"a>"_s, 1},
         {"a>\r\nb>\r\nc>\r\nd>", u"a>b>c>"_s, 4}, // no more are wanted
@@ -28,18 +23,17 @@ TEST(RecordCutter, OneLineGivesOneRecordAtTheMost) {
         {"\xB0\r\n\xA1>\r\n\xB0\xA1\r\n\xB0\xA2>", u"\uFFFD\uFFFD>啊阿>"_s, 4},
     };
     const TestFolder folder;
-    for (const FileCase &c : cases) {
+    for (const auto &[bytes, expected, lines] : cases) {
         const QString path =
-            folder.file(u"records"_s, QByteArray::fromStdString(c.bytes).replace('>', char(recordTerminator)));
+            folder.file(u"records"_s, QByteArray::fromStdString(bytes).replace('>', char(recordTerminator)));
         auto reader = platform::LineReader::open(path);
-        ASSERT_TRUE(reader);
         QString records;
         cutRecord(reader.value(), [&](const RawRecord &record) {
             records += visible(record);
             return records.count(u'>') < 3;
         });
-        EXPECT_EQ(records, c.records) << c.bytes;
-        EXPECT_EQ(lineCount(path).value(), c.lines);
+        EXPECT_EQ(records, expected) << bytes;
+        EXPECT_EQ(lineCount(path).value(), lines);
     }
 }
 
@@ -53,7 +47,6 @@ TEST(RecordCutter, LongPiecesAreWholeOrDropped) {
         for (const bool ended : {true, false}) {
             const QByteArray terminated = piece + (ended ? "\x1D" : "") + "z\r\n" + (ended ? "next\x1D\r\n" : "");
             auto reader = platform::LineReader::open(folder.file(u"records"_s, "first\x1D\r\n" + terminated));
-            ASSERT_TRUE(reader);
             QList<qsizetype> sizes;
             RecordCutter cutter(reader.value());
             while (cutter.next())
