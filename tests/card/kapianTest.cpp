@@ -1,9 +1,7 @@
 #include "card/kapian.h"
 #include "card/zdxsKaPian.h"
 #include "support/qtPrinters.h"
-#include <gtest/gtest.h>
 
-using namespace Qt::StringLiterals;
 using namespace card;
 
 namespace {
@@ -73,30 +71,17 @@ TEST(Kapian, UsesItsArgumentUp) {
 }
 
 TEST(Kapian, FailsWhereTheMachineFails) {
-    struct Case {
-        QString text;
-        bool fails;
+    const std::pair<QString, bool> cases[] = {
+        {QString(), true},         {u"|"_s, false},
+        {u"没有子字段|"_s, false}, {u"##$|"_s, true}, // a delimiter at the very end, on the first pass
+        {u"##$a甲$|"_s, false},                       // and on a later one
+        {u"##$a甲$$a乙|"_s, true},                    // side by side
     };
-    const QList<Case> cases{
-        {QString(), true},
-        {u"\x1E"_s, false},
-        {u"没有子字段\x1E"_s, false},
-        {u"##\x1F\x1E"_s, true}, // a delimiter at the very end, on the first pass
-        {u"##\x1F"
-         u"a甲\x1F\x1E"_s,
-         false}, // and on a later one
-        {u"##\x1F"
-         u"a甲\x1F\x1F"
-         u"a乙\x1E"_s,
-         true}, // side by side
-    };
-    for (const Case &c : cases) {
-        QString text = c.text;
-        EXPECT_EQ(Kapian327(text).failed, c.fails) << c.text.toStdString();
-        EXPECT_EQ(fieldTextA(c.text).failed, c.fails && !c.text.isEmpty()) << c.text.toStdString();
+    for (const auto &[shown, fails] : cases) {
+        QString text = QString(shown).replace(u'$', QChar(0x1F)).replace(u'|', QChar(0x1E));
+        EXPECT_EQ(fieldTextA(text).failed, fails && !shown.isEmpty()) << shown.toStdString();
+        EXPECT_EQ(Kapian327(text).failed, fails) << shown.toStdString();
     }
-    QString titleless = u"##\x1F"
-                        u"f甲\x1F\x1F"
-                        u"a乙\x1E"_s;
+    QString titleless = field(u"$f甲$$a乙"_s);
     EXPECT_EQ(Kapian200(titleless).boxes.size(), 1) << "the box came up before the fault";
 }
