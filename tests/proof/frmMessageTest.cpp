@@ -1,32 +1,27 @@
 #include "proof/frmMessage.h"
 #include "platform/codepage936.h"
 #include "support/scriptedHost.h"
-#include <QClipboard>
 #include <QDir>
-#include <QFile>
-#include <QGuiApplication>
-#include <QTest>
 #include <QTextBlock>
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
-QByteArray savedBy(proof::frmMessage &window, ScriptedHost &host) {
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
-    QTest::keyClick(&window, Qt::Key_S, Qt::AltModifier);
-    QFile file(host.folder + u"/errorlog.txt");
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    return file.readAll();
-}
+struct FrmMessage : testing::Test {
+    ScriptedHost host;
+    proof::frmMessage window{host};
+    FrmMessage() { window.show(); }
+    QByteArray saved() {
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        QTest::keyClick(&window, Qt::Key_S, Qt::AltModifier);
+        QFile file(host.folder + u"/errorlog.txt");
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll();
+    }
+};
 
 } // namespace
 
-TEST(FrmMessage, SavesWhatTheBoxHolds) {
-    ScriptedHost host;
-    proof::frmMessage window(host);
-    window.show();
+TEST_F(FrmMessage, SavesWhatTheBoxHolds) {
     const QString longLine = u"长"_s.repeated(20000);
     const QStringList texts{
         u""_s,
@@ -38,23 +33,20 @@ TEST(FrmMessage, SavesWhatTheBoxHolds) {
     };
     for (const QString &text : texts) {
         window.setText(text);
-        EXPECT_EQ(savedBy(window, host), platform::encode(text) + "\r\n") << text.left(40).toStdString();
+        EXPECT_EQ(saved(), platform::encode(text) + "\r\n") << text.left(40).toStdString();
     }
     EXPECT_EQ(host.lastBox().text, u"报告列表保存在文件" + host.folder + u"/errorlog.txt中");
     EXPECT_EQ(host.lastBox().title, u"操作提示");
     EXPECT_EQ(host.lastBox().icon, platform::Icon::Information);
 }
 
-TEST(FrmMessage, SavesWhatTheUserTypedAndPasted) {
-    ScriptedHost host;
-    proof::frmMessage window(host);
-    window.show();
+TEST_F(FrmMessage, SavesWhatTheUserTypedAndPasted) {
     window.setText(u"一\r\n"_s);
     window.messageText->moveCursor(QTextCursor::End);
     QGuiApplication::clipboard()->setText(u"二\n三\x1F"_s);
     window.messageText->paste();
     QTest::keyClick(window.messageText, Qt::Key_Return);
-    EXPECT_EQ(savedBy(window, host), platform::encode(u"一\r\n二\r\n三\x1F\r\n\r\n"));
+    EXPECT_EQ(saved(), platform::encode(u"一\r\n二\r\n三\x1F\r\n\r\n"));
 
     window.messageText->selectAll();
     window.messageText->copy();
@@ -64,10 +56,7 @@ TEST(FrmMessage, SavesWhatTheUserTypedAndPasted) {
     EXPECT_EQ(window.messageText->text(), u"一\r\n");
 }
 
-TEST(FrmMessage, BreaksLongLinesOnlyForTheEye) {
-    ScriptedHost host;
-    proof::frmMessage window(host);
-    window.show();
+TEST_F(FrmMessage, BreaksLongLinesOnlyForTheEye) {
     window.setText(QString(4096, u'a') + QString(10, u'b'));
     QTextCursor cursor(window.messageText->document()->firstBlock());
     cursor.movePosition(QTextCursor::EndOfBlock);
@@ -76,17 +65,13 @@ TEST(FrmMessage, BreaksLongLinesOnlyForTheEye) {
     EXPECT_EQ(window.messageText->text(), QString(4096, u'a') + u"\r\n" + QString(10, u'b'));
 }
 
-TEST(FrmMessage, StaysOpenWhereTheFileCannotBeWritten) {
-    ScriptedHost host;
-    proof::frmMessage window(host);
+TEST_F(FrmMessage, StaysOpenWhereTheFileCannotBeWritten) {
     ASSERT_TRUE(QDir(host.folder).mkdir(u"errorlog.txt"_s));
     window.setText(u"报告"_s);
-    window.show();
     window.cmdClick[0]->click();
     ASSERT_EQ(host.boxes.size(), 1);
     EXPECT_EQ(host.lastBox().title, u"操作提示");
-    EXPECT_FALSE(host.lastBox().text.startsWith(u"报告列表"));
-    EXPECT_TRUE(window.isVisible());
+    EXPECT_TRUE(!host.lastBox().text.startsWith(u"报告列表") && window.isVisible());
     EXPECT_EQ(window.messageText->text(), u"报告");
     QTest::keyClick(window.messageText, Qt::Key_Escape);
     EXPECT_FALSE(window.isVisible());

@@ -1,15 +1,11 @@
 #include "marc/configurationFiles.h"
-#include "platform/textFile.h"
+#include "platform/codepage936.h"
 #include "proof/isbn.h"
 #include "proof/proofChain.h"
 #include "proof/structuralProof.h"
 #include "proof/templateProof.h"
-#include "support/qtPrinters.h"
-#include <QFile>
-#include <QTemporaryDir>
-#include <gtest/gtest.h>
+#include "support/testFolder.h"
 
-using namespace Qt::StringLiterals;
 using namespace proof;
 using marc::FieldRows;
 
@@ -27,23 +23,16 @@ FieldRows rowsOf(const QString &text) {
 
 const QString complete = u"000 100 101 200 801 "_s;
 
-struct ProgramFolder {
-    QTemporaryDir directory;
-    QString path = directory.path() + u'/';
-
+struct ProgramFolder : TestFolder {
     explicit ProgramFolder(const QString &templateLines) {
-        write(marc::fieldListFile, u"200"_s);
-        write(marc::templateFile, templateLines);
-    }
-    void write(QStringView name, QString text) {
-        text.replace(u"|"_s, u"\r\n"_s);
-        EXPECT_TRUE(platform::writeTextFile(path + name, text).ok());
+        file(marc::fieldListFile.toString(), "200");
+        file(marc::templateFile.toString(), platform::encode(templateLines).replace("|", "\r\n"));
     }
 };
 
 QString byTemplate(const QString &templateLines, const QString &rows) {
     const ProgramFolder folder(templateLines);
-    auto result = proofTemplate(rowsOf(rows), folder.path);
+    auto result = proofTemplate(rowsOf(rows), folder.path());
     EXPECT_TRUE(result.ok() && result.value().complaint.isEmpty());
     return result.ok() ? result.value().report.replace(u"\r\n"_s, u"|"_s) : u"failed"_s;
 }
@@ -69,12 +58,7 @@ TEST(ProofTemplate, FollowsTheTemplateLineByLine) {
     const QString missing = u"子字段(必备子字段)不存在|"_s;
     const QString empty = u"子字段(必备子字段)内容不能为空值|"_s;
     const QString twice = u"子字段(不可重复子字段)重复|"_s;
-    struct Case {
-        QString lines;
-        QString rows;
-        QString report;
-    };
-    const QList<Case> cases{
+    const std::tuple<QString, QString, QString> cases[] = {
         {u"说明|200a"_s, u"200"_s, u""_s},
         {u"[必备子字段]|200 题名 a|101a|20|210c"_s, u"101 200 $f=x 210 $c"_s,
          u"Error:200字段的a"_s + missing + u"Error:101字段的a" + missing + u"Error:210字段的c" + empty},
@@ -95,8 +79,8 @@ TEST(ProofTemplate, FollowsTheTemplateLineByLine) {
          u"Error:702字段的c"_s + missing + u"Error:702字段的a" + twice},
         {u"[不能重复的子字段]|702a"_s, u"702 $a $a 702 $a $a $a"_s, u"Error:702字段的a"_s + twice},
     };
-    for (const Case &c : cases)
-        EXPECT_EQ(byTemplate(c.lines, c.rows), c.report) << c.lines.toStdString() << " on " << c.rows.toStdString();
+    for (const auto &[lines, rows, report] : cases)
+        EXPECT_EQ(byTemplate(lines, rows), report) << lines.toStdString() << " on " << rows.toStdString();
 }
 
 TEST(ProofISBN, ChecksTheNumber) {
@@ -155,7 +139,7 @@ TEST(ProofRecord, JoinsTheReportsWithAnEmptyLine) {
         {complete, subfields},
     };
     for (const auto &[rows, report] : cases) {
-        const auto result = proofRecord(rowsOf(rows), folder.path);
+        const auto result = proofRecord(rowsOf(rows), folder.path());
         ASSERT_TRUE(result.ok());
         EXPECT_EQ(result.value().report, report) << rows.toStdString();
     }
@@ -163,15 +147,15 @@ TEST(ProofRecord, JoinsTheReportsWithAnEmptyLine) {
 
 TEST(ProofRecord, TellsMissingFiles) {
     const ProgramFolder folder(u""_s);
-    ASSERT_TRUE(QFile::remove(folder.path + marc::templateFile));
-    const auto failed = proofRecord(rowsOf(complete), folder.path);
+    ASSERT_TRUE(QFile::remove(folder.path() + marc::templateFile));
+    const auto failed = proofRecord(rowsOf(complete), folder.path());
     ASSERT_FALSE(failed.ok());
-    EXPECT_TRUE(failed.failure().description.contains(folder.path + marc::templateFile));
+    EXPECT_TRUE(failed.failure().description.contains(folder.path() + marc::templateFile));
 
     // The other file is the one that is tested; the proof goes on without the template.
-    ASSERT_TRUE(QFile::remove(folder.path + marc::fieldListFile));
-    const auto result = proofRecord({}, folder.path);
+    ASSERT_TRUE(QFile::remove(folder.path() + marc::fieldListFile));
+    const auto result = proofRecord({}, folder.path());
     ASSERT_TRUE(result.ok());
-    EXPECT_EQ(result.value().complaint, u"配置文件【" + folder.path + u"mobanJiaoDui.QVs】丢失。");
+    EXPECT_EQ(result.value().complaint, u"配置文件【" + folder.path() + u"mobanJiaoDui.QVs】丢失。");
     EXPECT_EQ(result.value().report, proofFields({}));
 }
