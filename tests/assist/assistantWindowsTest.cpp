@@ -2,44 +2,39 @@
 #include "assist/frmHelpLR100.h"
 #include "support/scriptedHost.h"
 #include <QInputMethodEvent>
-#include <QTest>
 #include <QTimer>
-#include <gtest/gtest.h>
 
-using namespace Qt::StringLiterals;
 using assist::CodeBox;
 using platform::Answer;
 
 namespace {
 
-const QString leaderText = u"00960NAM0 2200277   450 "_s;
-
-template <class Window>
-void open(Window &window, QString Window::*text, const QString &incoming) {
-    window.*text = incoming;
-    window.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-}
-
-template <class Press>
-void pressOn(const assist::CodeList *list, const QString &entry, Press press) {
+void doubleClick(const assist::CodeList *list, const QString &entry) {
     const auto found = list->findItems(entry, Qt::MatchStartsWith);
     ASSERT_EQ(found.size(), 1) << entry.toStdString();
-    press(list->viewport(), list->visualItemRect(found.first()).center());
+    const QPoint place = list->visualItemRect(found.first()).center();
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, place);
 }
-void doubleClick(const assist::CodeList *list, const QString &entry) {
-    pressOn(list, entry, [](QWidget *at, QPoint where) {
-        QTest::mouseClick(at, Qt::LeftButton, {}, where);
-        QTest::mouseDClick(at, Qt::LeftButton, {}, where);
-    });
-}
+
+template <class Window, QString Window::*text>
+struct Assistant : testing::Test {
+    ScriptedHost host;
+    Window window{host};
+    void open(const QString &incoming) {
+        window.*text = incoming;
+        window.show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+};
+struct FrmHelpLR000 : Assistant<assist::frmHelpLR000, &assist::frmHelpLR000::publicTouBiao> {
+    FrmHelpLR000() { open(u"00960NAM0 2200277   450 "_s); }
+};
+using FrmHelpLR100 = Assistant<assist::frmHelpLR100, &assist::frmHelpLR100::public100ZD>;
 
 } // namespace
 
-TEST(FrmHelpLR000, FillsTheLeaderByKeyboardAlone) {
-    ScriptedHost host;
-    assist::frmHelpLR000 window(host);
-    open(window, &assist::frmHelpLR000::publicTouBiao, leaderText);
+TEST_F(FrmHelpLR000, FillsTheLeaderByKeyboardAlone) {
     EXPECT_EQ(window.focusWidget(), window.Text1[1]);
     EXPECT_EQ(window.textMarc->text(), u"?????nAM0#22?????###450#");
     EXPECT_TRUE(window.richTextTS->toPlainText().startsWith(u"新记录（包括"));
@@ -69,10 +64,7 @@ TEST(FrmHelpLR000, FillsTheLeaderByKeyboardAlone) {
     EXPECT_EQ(window.confirmed, u"?????nbm0#22?????3##450#");
 }
 
-TEST(FrmHelpLR000, AsksAboutCodesThatItDoesNotKnow) {
-    ScriptedHost host;
-    assist::frmHelpLR000 window(host);
-    open(window, &assist::frmHelpLR000::publicTouBiao, leaderText);
+TEST_F(FrmHelpLR000, AsksAboutCodesThatItDoesNotKnow) {
     CodeBox *type = window.Text1[2];
     for (const Answer answer : {Answer::Yes, Answer::No}) {
         type->setFocus();
@@ -81,18 +73,13 @@ TEST(FrmHelpLR000, AsksAboutCodesThatItDoesNotKnow) {
         EXPECT_EQ(type->text(), u"x");
         EXPECT_EQ(window.focusWidget(), window.Text1[answer == Answer::Yes ? 2 : 3]);
     }
-    const platform::Box box = host.lastBox();
-    EXPECT_EQ(box.text, u"输入字符不在规定范围内。是否重新输入？");
-    EXPECT_EQ(box.title, u"操作提示");
-    EXPECT_EQ(box.icon, platform::Icon::Information);
-    EXPECT_EQ(box.preselected, Answer::No);
+    EXPECT_EQ(host.lastBox().text, u"输入字符不在规定范围内。是否重新输入？");
+    EXPECT_TRUE(host.lastBox().title == u"操作提示" && host.lastBox().icon == platform::Icon::Information);
+    EXPECT_EQ(host.lastBox().preselected, Answer::No);
     EXPECT_EQ(window.textMarc->text(), u"?????nxm0#22?????###450#");
 }
 
-TEST(FrmHelpLR000, TheMouseChoosesAndDismisses) {
-    ScriptedHost host;
-    assist::frmHelpLR000 window(host);
-    open(window, &assist::frmHelpLR000::publicTouBiao, leaderText);
+TEST_F(FrmHelpLR000, TheMouseChoosesAndDismisses) {
     QTest::mouseClick(window.LabShuoMing[3], Qt::LeftButton);
     EXPECT_EQ(window.focusWidget(), window.Text1[3]);
     doubleClick(window.listLx, u"s="_s);
@@ -115,10 +102,7 @@ TEST(FrmHelpLR000, TheMouseChoosesAndDismisses) {
     EXPECT_EQ(window.listLx->currentItem()->text(), u"#=完全级");
 }
 
-TEST(FrmHelpLR000, AnInputMethodTypesAtTheEndOfTheComposition) {
-    ScriptedHost host;
-    assist::frmHelpLR000 window(host);
-    open(window, &assist::frmHelpLR000::publicTouBiao, leaderText);
+TEST_F(FrmHelpLR000, AnInputMethodTypesAtTheEndOfTheComposition) {
     QInputMethodEvent composing(u"x"_s, {});
     QCoreApplication::sendEvent(window.Text1[1], &composing);
     EXPECT_EQ(window.Text1[1]->text(), u"n");
@@ -128,10 +112,8 @@ TEST(FrmHelpLR000, AnInputMethodTypesAtTheEndOfTheComposition) {
     EXPECT_EQ(window.Text1[1]->text(), u"d");
 }
 
-TEST(FrmHelpLR100, TestsFullBoxesOnAFurtherKey) {
-    ScriptedHost host;
-    assist::frmHelpLR100 window(host);
-    open(window, &assist::frmHelpLR100::public100ZD, {});
+TEST_F(FrmHelpLR100, TestsFullBoxesOnAFurtherKey) {
+    open({});
     CodeBox *year = window.Text1[2];
     QTest::keyClick(window.Text1[1], Qt::Key_Tab);
     year->selectAll();
@@ -160,10 +142,8 @@ TEST(FrmHelpLR100, TestsFullBoxesOnAFurtherKey) {
     EXPECT_EQ(window.confirmed, u"????????#1998#########xxx###########");
 }
 
-TEST(FrmHelpLR100, SomeListsAreOnlyForReading) {
-    ScriptedHost host;
-    assist::frmHelpLR100 window(host);
-    open(window, &assist::frmHelpLR100::public100ZD, u"19980512d1998    km y0chiy1001  50ea"_s);
+TEST_F(FrmHelpLR100, SomeListsAreOnlyForReading) {
+    open(u"19980512d1998    km y0chiy1001  50ea"_s);
     QTest::mouseClick(window.LabShuoMing[4], Qt::LeftButton);
     EXPECT_EQ(window.focusWidget(), window.Text1[1]);
     window.Text1[5]->setFocus();
@@ -179,8 +159,7 @@ TEST(FrmHelpLR100, SomeListsAreOnlyForReading) {
     EXPECT_EQ(window.textMarc->text(), u"????????d1998####km#y0chiy1001##50ka");
 }
 
-TEST(FrmHelpLR100, EditGivesBackWhatWasConfirmedAndNothingAfterACancel) {
-    ScriptedHost host;
+TEST_F(FrmHelpLR100, EditGivesBackWhatWasConfirmedAndNothingAfterACancel) {
     for (const int button : {0, 1, -1}) {
         QTimer::singleShot(0, qApp, [button] {
             auto *window = qobject_cast<assist::frmHelpLR100 *>(QApplication::activeModalWidget());

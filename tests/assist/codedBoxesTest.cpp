@@ -2,9 +2,7 @@
 #include "assist/field100Table.h"
 #include "assist/leaderTable.h"
 #include "support/qtPrinters.h"
-#include <gtest/gtest.h>
 
-using namespace Qt::StringLiterals;
 using assist::CodedBoxes;
 using assist::KeyEffect;
 
@@ -23,25 +21,21 @@ CodedBoxes loaded(std::span<const assist::Box> table, const QString &text) {
 
 TEST(CodedBoxes, LoadsWhatHasCodesAndResetsTheRest) {
     const QString blankField = u"????????"_s + QString(14, u'#') + u"chi" + QString(11, u'#');
-    struct Row {
-        std::span<const assist::Box> table;
-        QString incoming;
-        QString whole;
+    const std::tuple<std::span<const assist::Box>, QString, QString> rows[] = {
+        {leader, u"00960nam0 2200277   450 "_s, u"?????nam0#22?????###450#"_s},
+        {leader, u"00960NAM0X9900277 IX999Z and more"_s, u"?????NAM0#22?????#I#450#"_s},
+        {leader, u"00960na"_s, u"?????na###22?????###450#"_s},
+        {leader, {}, u"?????#####22?????###450#"_s},
+        {field, u"19980512D1998    KM Y0CHIY1001  50EA"_s, u"????????D1998####KM#Y0CHIY1001##50EA"_s},
+        // Blanks beside other characters are not a blank box; a box cut short stays short.
+        {field, u"19980512g19  20"_s, u"????????g19  20#####chi###########"_s},
+        {field, QString(36, u' '), blankField},
+        {field, {}, blankField},
     };
-    for (const Row &row : {
-             Row{leader, u"00960nam0 2200277   450 "_s, u"?????nam0#22?????###450#"_s},
-             Row{leader, u"00960NAM0X9900277 IX999Z and more"_s, u"?????NAM0#22?????#I#450#"_s},
-             Row{leader, u"00960na"_s, u"?????na###22?????###450#"_s},
-             Row{leader, {}, u"?????#####22?????###450#"_s},
-             Row{field, u"19980512D1998    KM Y0CHIY1001  50EA"_s, u"????????D1998####KM#Y0CHIY1001##50EA"_s},
-             // Blanks beside other characters are not a blank box; a box cut short stays short.
-             Row{field, u"19980512g19  20"_s, u"????????g19  20#####chi###########"_s},
-             Row{field, QString(36, u' '), blankField},
-             Row{field, {}, blankField},
-         }) {
-        const CodedBoxes boxes = loaded(row.table, row.incoming);
-        EXPECT_EQ(boxes.whole(), row.whole);
-        EXPECT_EQ(boxes.result(), row.whole.toLower());
+    for (const auto &[table, incoming, whole] : rows) {
+        const CodedBoxes boxes = loaded(table, incoming);
+        EXPECT_EQ(boxes.whole(), whole);
+        EXPECT_EQ(boxes.result(), whole.toLower());
         EXPECT_EQ(boxes.currentBox(), CodedBoxes::noBox);
         EXPECT_TRUE(boxes.list().isEmpty());
     }
@@ -70,7 +64,7 @@ TEST(CodedBoxes, AKeyIsTakenTestedOrLeftToTheBox) {
         QString after;
         bool selection = false;
     };
-    const Row rows[] = {
+    QList<Row> rows = {
         {leader, 1, u"c"_s, u'N', Taken, u"n"_s},
         {leader, 1, u"c"_s, u'#', Taken, u"#"_s}, // allowed, though its list has no such entry
         {leader, 2, u"a"_s, u'x', AsksAgain, u"x"_s},
@@ -78,10 +72,6 @@ TEST(CodedBoxes, AKeyIsTakenTestedOrLeftToTheBox) {
         {leader, 4, u"0"_s, u'3', AsksAgain, u"3"_s},
         {leader, 10, u"#"_s, u'I', Taken, u"i"_s, true},
         {leader, 2, u"a"_s, u'\r', MovesOn, u"a"_s},
-        {leader, 2, u"a"_s, u' ', LeftToBox, u"a"_s},
-        {leader, 2, u"a"_s, u'\b', LeftToBox, u"a"_s},
-        {leader, 2, u"a"_s, u'\x7F', LeftToBox, u"a"_s},
-        {leader, 2, u"a"_s, u'书', LeftToBox, u"a"_s},
         {leader, 2, u"a"_s, u'~', AsksAgain, u"~"_s},
         {field, 5, u"#"_s, u'k', Taken, u"k"_s},
         {field, 5, u"#"_s, u'z', AsksAgain, u"z"_s},
@@ -90,12 +80,6 @@ TEST(CodedBoxes, AKeyIsTakenTestedOrLeftToTheBox) {
         {field, 2, u"1998"_s, u'2', LeftToBox, u"1998"_s, true},
         {field, 2, u"1998"_s, u' ', LeftToBox, u"1998"_s},
         {field, 2, u"####"_s, u'1', MovesOn, u"####"_s},
-        {field, 3, u"19a8"_s, u'1', YearRefused, u"19a8"_s},
-        {field, 3, u"19##"_s, u'1', YearRefused, u"19##"_s},
-        {field, 3, u"199 "_s, u'1', YearRefused, u"199 "_s},
-        {field, 3, u"-198"_s, u'1', YearRefused, u"-198"_s},
-        {field, 3, u"１９９８"_s, u'1', YearRefused, u"１９９８"_s},
-        {field, 3, u"0000"_s, u'1', YearRefused, u"0000"_s},
         {field, 9, u"ch"_s, u'X', LeftToBox, u"ch"_s},
         {field, 9, u"chi"_s, u'x', Taken, u"chi"_s},
         {field, 9, u"CHI"_s, u'x', AsksAgain, u"CHI"_s}, // small letters only come with leaving
@@ -107,7 +91,11 @@ TEST(CodedBoxes, AKeyIsTakenTestedOrLeftToTheBox) {
         {field, 15, u"da"_s, u'x', Taken, u"da"_s}, // its entry has a blank behind the code
         {field, 15, u"d "_s, u'x', AsksAgain, u"d "_s},
     };
-    for (const Row &row : rows) {
+    for (const char16_t key : {u' ', u'\b', u'\x7F', u'书'})
+        rows.append({leader, 2, u"a"_s, key, LeftToBox, u"a"_s});
+    for (const QString &year : {u"19a8"_s, u"19##"_s, u"199 "_s, u"-198"_s, u"１９９８"_s, u"0000"_s})
+        rows.append({field, 3, year, u'1', YearRefused, year});
+    for (const Row &row : std::as_const(rows)) {
         CodedBoxes boxes(row.table);
         boxes.edit(row.box, row.before);
         EXPECT_EQ(boxes.type(row.box, row.key, row.selection), row.effect) << row.box << row.before.toStdString();
@@ -135,25 +123,18 @@ TEST(CodedBoxes, ListAndChoiceBelongToTheCurrentBox) {
         {field, 15, u"FA"_s, 17, u"fa =阿拉伯文"_s, u"da =日文—文字类型未指定"_s, u"da"_s, {}},
         {field, 9, u"jp"_s, 17, u"jpn=日语"_s, u"eng=英语"_s, u"eng"_s, {}},
         {field, 5, u"m"_s, 8, u"m=成人（一般）"_s, u"u=不详"_s, u"m"_s, {}}, // for reading only
-        {field,
-         11,
-         u"10"_s,
-         10,
-         u"10=GB/IEC 2312-80信息交换用汉字编码字符集基本集（双七位）"_s,
-         u"50=ISO/IEC 10646 通用多八位编码字符集"_s,
-         u"10"_s,
-         {}},
+        {field, 11, u"10"_s, 10, u"10=GB/IEC 2312-80"_s, u"50=ISO/IEC 10646 通用多八位编码字符集"_s, u"10"_s, {}},
         {field, 1, u"z"_s, 10, {}, u"j=具有详细出版时间专著"_s, u"j"_s, {}},
         {field, 2, u"1998"_s, 0, {}, u"x"_s, u"1998"_s, {}},
     };
     for (const Row &row : rows) {
         CodedBoxes boxes(row.table);
-        EXPECT_FALSE(boxes.choose(row.choice));
-        EXPECT_FALSE(boxes.explanation(row.choice));
+        EXPECT_FALSE(boxes.choose(row.choice) || boxes.explanation(row.choice));
         boxes.edit(row.box, row.text);
         boxes.focus(row.box);
         EXPECT_EQ(boxes.list().size(), row.entries);
-        EXPECT_EQ(boxes.list().value(boxes.listed()), row.listed);
+        EXPECT_TRUE(boxes.list().value(boxes.listed()).startsWith(row.listed)) << row.text.toStdString();
+        EXPECT_EQ(boxes.listed() < 0, row.listed.isEmpty());
         EXPECT_TRUE(boxes.explanation(row.choice).value_or(QString()).startsWith(row.explained));
         EXPECT_FALSE(boxes.explanation(u"~"));
         EXPECT_EQ(boxes.choose(row.choice), boxes.box(row.box).fromList);
