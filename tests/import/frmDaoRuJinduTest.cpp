@@ -2,10 +2,7 @@
 #include "support/databaseServers.h"
 #include "support/recordText.h"
 #include "support/scriptedHost.h"
-#include <QApplication>
-#include <gtest/gtest.h>
 
-using namespace Qt::StringLiterals;
 using namespace importing;
 
 namespace {
@@ -13,29 +10,11 @@ namespace {
 // A list of records and a store whose titles are unique, so that a repeated title is an insert that fails.
 struct ImportWindow : testing::Test {
     ScriptedHost host;
-    platform::SessionState state{u"Driver=SQLite3;Database="_s + host.folder + u"/store.db;"};
+    TestDatabase database;
     std::shared_ptr<marc::PreReadStore> records = std::make_shared<marc::PreReadStore>();
 
-    void SetUp() override {
-        makeEmptyFile(host.folder + u"/store.db");
-        run(u"create table taolutable (zskid integer primary key, bookname text unique, author text, edition text, "
-            u"isbn text, pubplace text, publisher text, pubdate text, pages integer, classcode text, books text, "
-            u"booksauthor text, measure text, docclass text, ztc text, appendix text, lagclass text, price real, "
-            u"marc text)"_s);
-    }
-    void run(const QString &statement) {
-        auto connection = platform::Connection::open(state.connectionString);
-        ASSERT_TRUE(connection) << connection.failure().description.toStdString();
-        ASSERT_TRUE(connection.value().execute(statement));
-    }
-    QStringList stored() {
-        QStringList titles;
-        auto connection = platform::Connection::open(state.connectionString);
-        const auto rows = connection.value().query(u"select bookname from taolutable order by zskid"_s);
-        for (int i = 0; i < rows.value()->rowCount(); ++i)
-            titles.append(rows.value()->text(i, 0));
-        return titles;
-    }
+    ImportWindow() { database.run(u"create unique index once on taoluTable (bookname)"_s); }
+    QStringList stored() { return database.column(u"select bookname from taoluTable order by zskid"_s); }
     void list(const QStringList &titles) {
         for (int i = 0; i < titles.size(); ++i)
             records->setRecord(i, recordOf({{u"200"_s, u"1 $a"_s + titles[i]}}));
@@ -52,7 +31,7 @@ struct ImportWindow : testing::Test {
 
 TEST_F(ImportWindow, RunsOnceAndTellsEachStep) {
     list({u"甲"_s, u"甲"_s, u"丙's"_s});
-    frmDaoRuJindu window(host, state, records);
+    frmDaoRuJindu window(host, database.state, records);
     QStringList said;
     host.onYield = [&] {
         said.append(window.labJinDuShu->pacedText() + u' ' + window.LabBi->pacedText());
@@ -75,7 +54,7 @@ TEST_F(ImportWindow, RunsOnceAndTellsEachStep) {
 
 TEST_F(ImportWindow, StopsBehindTheRecordInHand) {
     list({u"甲"_s, u"乙"_s, u"丙"_s});
-    frmDaoRuJindu window(host, state, records);
+    frmDaoRuJindu window(host, database.state, records);
     host.onYield = [&] { window.cmdStop->click(); };
     open(window, u"3"_s);
     EXPECT_EQ(stored(), QStringList{u"甲"_s});
@@ -86,8 +65,8 @@ TEST_F(ImportWindow, StopsBehindTheRecordInHand) {
 TEST_F(ImportWindow, TellsWhatStandsInTheWayAndGoesOn) {
     list({u"甲"_s, u"乙"_s});
     records->setRecord(1, u"00026nam0 2200025   450 2001\x1E\x1D"_s); // a damaged directory
-    state.connectionString = u"Driver=SQLite3;Database="_s + host.folder + u"/none/store.db;";
-    frmDaoRuJindu window(host, state, records);
+    database.state.connectionString = u"Driver=SQLite3;Database="_s + host.folder + u"/none/store.db;";
+    frmDaoRuJindu window(host, database.state, records);
     open(window, u"2"_s);
     ASSERT_EQ(host.boxes.size(), 2);
     EXPECT_EQ(host.boxes[0].title, u"系统操作提示"_s);
@@ -95,7 +74,7 @@ TEST_F(ImportWindow, TellsWhatStandsInTheWayAndGoesOn) {
     EXPECT_EQ(host.boxes[1].text, u"当前marc数据地址目次区数据出现错误！"_s);
     EXPECT_EQ(window.labTishi->text(), u"本次成功处理的记录数：0"_s);
 
-    frmDaoRuJindu noNumber(host, state, records);
+    frmDaoRuJindu noNumber(host, database.state, records);
     open(noNumber, u"许多"_s);
     EXPECT_EQ(host.boxes.size(), 3);
     EXPECT_TRUE(noNumber.close()); // nothing runs, so nothing holds the window

@@ -1,8 +1,6 @@
 #include "import/importRun.h"
 #include "support/qtPrinters.h"
-#include <gtest/gtest.h>
 
-using namespace Qt::StringLiterals;
 using namespace importing;
 
 TEST(ImportRun, CountsAndTexts) {

@@ -4,19 +4,17 @@
 #include "support/killedChild.h"
 #include "support/recordText.h"
 #include "support/scriptedHost.h"
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 class ImportIntoServers : public testing::TestWithParam<TestServer> {
 protected:
-    bool import(const QString &title) { return importing::daoruRecord(recordWith(title), state, host) == u"yes"; }
+    bool import(const QString &title) {
+        return importing::daoruRecord(recordWith(title), database.state, host) == u"yes";
+    }
     static QString recordWith(const QString &title) {
         return recordOf({{u"200"_s, u"1 $a"_s + title + u"$f"_s + title}, {u"300"_s, u"  $a"_s + title.repeated(40)}});
     }
 
     TestDatabase database{GetParam()};
-    platform::SessionState state{database.connectionString()};
     ScriptedHost host;
 };
 
@@ -26,7 +24,7 @@ INSTANTIATE_TEST_SUITE_P(Servers, ImportIntoServers,
 
 // Titles of the 324 characters whose low byte is that of a surrogate, one behind the other. scripts/check-memory runs
 // this with more records, under a memory checker: what a driver does to the heap shows nowhere else.
-TEST_P(ImportIntoServers, titlesThatLookLikeHalvesOfPairsGoInWhole) {
+TEST_P(ImportIntoServers, TitlesThatLookLikeHalvesOfPairsGoInWhole) {
     const int count = qEnvironmentVariableIsSet("RECORDS") ? qEnvironmentVariableIntValue("RECORDS") : 100;
     QStringList titles;
     for (int i = 0; i < count; ++i) {
@@ -40,9 +38,9 @@ TEST_P(ImportIntoServers, titlesThatLookLikeHalvesOfPairsGoInWhole) {
 }
 
 // No statement is ever sent half: what stands behind a NUL would be cut off, and the rest might be a whole statement.
-TEST_P(ImportIntoServers, aRecordWithANulIsRefusedAsAWhole) {
+TEST_P(ImportIntoServers, ARecordWithANulIsRefusedAsAWhole) {
     EXPECT_FALSE(import(u"甲乙"_s + QChar(0) + u'丙'));
-    auto connection = platform::Connection::open(state.connectionString);
+    auto connection = platform::Connection::open(database.connectionString());
     const auto cut = connection.value().execute(u"delete from taoluTable"_s + QChar(0) + u" where zskid=0");
     ASSERT_FALSE(cut);
     EXPECT_TRUE(cut.failure().description.contains(u"NUL")) << cut.failure().description.toStdString();
@@ -52,13 +50,13 @@ TEST_P(ImportIntoServers, aRecordWithANulIsRefusedAsAWhole) {
 }
 
 // A killed import leaves whole rows, one behind the other, and a store that takes the next one.
-TEST_P(ImportIntoServers, aKilledRunLeavesWholeRows) {
+TEST_P(ImportIntoServers, AKilledRunLeavesWholeRows) {
     const auto title = [](int i) -> QString { return u"书"_s.repeated(1 + i % 40) + QString::number(i); };
     const auto count = [this] { return database.selected(u"select count(*) from taoluTable"_s).toInt(); };
     for (const int atLeast : {5, 60, 200}) {
         database.run(u"delete from taoluTable"_s);
         killInMidWork([&, i = 0]() mutable { import(title(i++)); }, [&] { return count() >= atLeast; });
-        auto connection = platform::Connection::open(state.connectionString);
+        auto connection = platform::Connection::open(database.connectionString());
         const auto rows = connection.value().query(u"select bookname,marc from taoluTable order by zskid"_s).value();
         for (int row = 0; row < rows->rowCount(); ++row) {
             ASSERT_EQ(rows->text(row, 0), title(row));

@@ -1,9 +1,7 @@
 #include "import/recordRow.h"
 #include "support/qtPrinters.h"
 #include "support/recordText.h"
-#include <gtest/gtest.h>
 
-using namespace Qt::StringLiterals;
 using namespace importing;
 
 namespace {
@@ -13,60 +11,40 @@ QString withDirectory(QString record, const QString &lengthAndStart) {
     return record.replace(24 + 3, 9, lengthAndStart);
 }
 
-struct Case {
-    const char *what;
-    QList<TestField> fields;
-    QString RecordRow::*column;
-    QString expected;
-};
-
 } // namespace
 
 TEST(RecordRow, TextColumns) {
     const QString fifty = u"题"_s.repeated(50);
-    const Case cases[] = {
-        {"cut to 50 characters, not bytes", {{u"200"_s, u"1 $a"_s + fifty + u"名"}}, &RecordRow::bookname, fifty},
-        {"cut before the apostrophes are doubled",
-         {{u"010"_s, u"  $a"_s + u"'"_s.repeated(14)}},
-         &RecordRow::isbn,
-         u"'"_s.repeated(26)},
-        {"first non-empty over repeated fields and subfields",
-         {{u"200"_s, u"1 $a$f$a甲$a乙"_s}, {u"200"_s, u"1 $a丙$f著者"_s}},
-         &RecordRow::bookname,
-         u"甲"_s},
-        {"690 ends at its first $a",
-         {{u"690"_s, u"  $a$aTP3"_s}, {u"690"_s, u"  $v4$aI24$aK1"_s}},
-         &RecordRow::classcode,
-         u"I24"_s},
-        {"delimiters side by side give nothing", {{u"200"_s, u"1 $$a甲$"_s}}, &RecordRow::bookname, u"甲"_s},
-        {"a field without delimiters adds nothing", {{u"200"_s, u"1 a甲"_s}}, &RecordRow::bookname, QString()},
+    const std::tuple<QString, QString RecordRow::*, QString> cases[] = {
+        {u"200=1 $a"_s + fifty + u"名", &RecordRow::bookname, fifty},                 // characters, not bytes
+        {u"010=  $a"_s + u"'"_s.repeated(14), &RecordRow::isbn, u"'"_s.repeated(26)}, // cut before they are doubled
+        {u"200=1 $a$f$a甲$a乙|200=1 $a丙$f著者"_s, &RecordRow::bookname, u"甲"_s},    // the first that is not empty
+        {u"690=  $a$aTP3|690=  $v4$aI24$aK1"_s, &RecordRow::classcode, u"I24"_s},     // ends at its first $a
+        {u"200=1 $$a甲$"_s, &RecordRow::bookname, u"甲"_s},
+        {u"200=1 a甲"_s, &RecordRow::bookname, QString()},
     };
-    for (const Case &c : cases)
-        EXPECT_EQ((*recordRow(recordOf(c.fields))).*c.column, c.expected) << c.what;
+    for (const auto &[fields, column, expected] : cases)
+        EXPECT_EQ((*recordRow(recordOf(fields))).*column, expected) << fields.toStdString();
     EXPECT_EQ(recordRow(recordOf({}, u'v'))->docclass, u"善本书"_s);
     EXPECT_EQ(recordRow(recordOf({}, u'h'))->docclass, QString());
 }
 
 TEST(RecordRow, NumberColumnsKeepTheLastRunThatFits) {
-    const struct {
-        QList<TestField> fields;
-        int pages;
-        qint64 price;
-    } cases[] = {
-        {{{u"010"_s, u"  $a7-5004-0001-1$dCNY12.50"_s}, {u"215"_s, u"  $axii, 320页$d20cm"_s}}, 320, 12},
-        {{{u"215"_s, u"  $a100页"_s}, {u"215"_s, u"  $a图$a32767页"_s}, {u"215"_s, u"  $a32768页"_s}}, 32767, 0},
-        {{{u"010"_s, u"  $d922337203685477"_s}, {u"010"_s, u"  $d922337203685478"_s}}, 0, 922337203685477},
-        {{{u"010"_s, u"  $d٣元１２"_s}}, 0, 0}, // digits of other scripts are none
+    const std::tuple<QString, int, qint64> cases[] = {
+        {u"010=  $a7-5004-0001-1$dCNY12.50|215=  $axii, 320页$d20cm"_s, 320, 12},
+        {u"215=  $a100页|215=  $a图$a32767页|215=  $a32768页"_s, 32767, 0},
+        {u"010=  $d922337203685477|010=  $d922337203685478"_s, 0, 922337203685477},
+        {u"010=  $d٣元１２"_s, 0, 0}, // digits of other scripts are none
     };
-    for (const auto &c : cases) {
-        const auto row = recordRow(recordOf(c.fields));
-        EXPECT_EQ(row->pages, c.pages);
-        EXPECT_EQ(row->price, c.price);
+    for (const auto &[fields, pages, price] : cases) {
+        const auto row = recordRow(recordOf(fields));
+        EXPECT_EQ(row->pages, pages);
+        EXPECT_EQ(row->price, price);
     }
 }
 
 TEST(RecordRow, DirectoryThatMisleads) {
-    const QString record = recordOf({{u"200"_s, u"1 $a书名$f著者"_s}});
+    const QString record = recordOf(u"200=1 $a书名$f著者"_s);
     EXPECT_EQ(recordRow(record.left(24) + u"2" + record.mid(24)), std::nullopt);
     EXPECT_EQ(recordRow(withDirectory(record, u"x01500000"_s))->bookname, QString());   // a length of 0
     EXPECT_EQ(recordRow(withDirectory(record, u"15xx00000"_s))->bookname, u"书名"_s);   // the number it starts with
@@ -79,7 +57,7 @@ TEST(RecordRow, DirectoryThatMisleads) {
     EXPECT_EQ(noTerminator->marc, u"00026nam0 2200025   450 ''"_s);
 
     // A cut that fails leaves the bytes of the entry before, which the rule of this entry's tag then reads.
-    const QString two = recordOf({{u"300"_s, u"  $a前一个"_s}, {u"200"_s, u"1 $a后一个"_s}});
+    const QString two = recordOf(u"300=  $a前一个|200=1 $a后一个"_s);
     EXPECT_EQ(recordRow(QString(two).replace(36 + 3, 4, u"-001"_s))->bookname, u"前一个"_s);
 
     // Many entries on one long field: what is read stays in proportion to the record.
