@@ -1,8 +1,6 @@
 #include "workspace/fieldEditing.h"
 #include "support/qtPrinters.h"
-#include <gtest/gtest.h>
 
-using namespace Qt::StringLiterals;
 using namespace workspace;
 
 namespace {
@@ -11,7 +9,7 @@ namespace {
 marc::FieldRows rowsOf(const QString &identifiers) {
     marc::FieldRows rows;
     for (const QString &identifier : identifiers.split(u' '))
-        rows.append({.number = {}, .fieldLabel = {}, .identifier = identifier, .subfieldLabel = {}, .value = {}});
+        rows.append({.identifier = identifier});
     return rows;
 }
 
@@ -22,13 +20,7 @@ marc::FieldRow row(const QString &identifier) {
 } // namespace
 
 TEST(FieldEditing, PlaceOfANewField) {
-    const struct {
-        QString rows;
-        int current;
-        QString line;
-        int place;
-        QString third;
-    } cases[] = {
+    const std::tuple<QString, int, QString, int, QString> cases[] = {
         {u"000 001 200 $a"_s, 2, u"300 附注"_s, 3, u"指示符"_s},  // behind the current field
         {u"000 200 $a $f 210 $a"_s, 2, u"300"_s, 5, u"指示符"_s}, // past its subfields
         {u"000 200 $a ??? $a"_s, 2, u"005"_s, 4, u"指示符"_s},    // an own field begins a field too
@@ -38,11 +30,11 @@ TEST(FieldEditing, PlaceOfANewField) {
         {u"000 200 $a $f"_s, 4, u"005 标识"_s, 5, u"指示符"_s},   // the last row is current
         {u"000 200 $a 210"_s, 3, u"005"_s, 4, u"指示符"_s},       // the last row begins a field
     };
-    for (const auto &c : cases) {
-        const NewRow added = newField(rowsOf(c.rows), c.current, c.line);
-        EXPECT_EQ(added.place, c.place) << c.rows.toStdString() << ' ' << c.current;
-        EXPECT_EQ(added.content.subfieldLabel, c.third) << c.line.toStdString();
-        EXPECT_EQ(added.content.identifier + added.content.fieldLabel, c.line);
+    for (const auto &[rows, current, line, place, third] : cases) {
+        const NewRow added = newField(rowsOf(rows), current, line);
+        EXPECT_EQ(added.place, place) << rows.toStdString() << ' ' << current;
+        EXPECT_EQ(added.content.subfieldLabel, third) << line.toStdString();
+        EXPECT_EQ(added.content.identifier + added.content.fieldLabel, line);
     }
     const NewRow subfield = newSubfield(rowsOf(u"000 200 $a"_s), 2, u"$f 第一责任者"_s);
     EXPECT_EQ(subfield.place, 3);
@@ -50,10 +42,7 @@ TEST(FieldEditing, PlaceOfANewField) {
 }
 
 TEST(FieldEditing, DeletionCountsAgainstTheShrinkingGrid) {
-    const struct {
-        QString rows;
-        int field, gone;
-    } cases[] = {
+    const std::tuple<QString, int, int> cases[] = {
         {u"000 200 $a $f 210 $a"_s, 2, 3},
         {u"000 200"_s, 2, 1},
         {u"000 200 $a"_s, 2, 2},
@@ -64,8 +53,8 @@ TEST(FieldEditing, DeletionCountsAgainstTheShrinkingGrid) {
         {u"000 CAT $a 200 $a"_s, 1, 3},
         {u"000 200 $a $f $g $e 210 $a"_s, 2, 4},
     };
-    for (const auto &c : cases)
-        EXPECT_EQ(rowsOfField(rowsOf(c.rows), c.field), c.gone) << c.rows.toStdString();
+    for (const auto &[rows, field, gone] : cases)
+        EXPECT_EQ(rowsOfField(rowsOf(rows), field), gone) << rows.toStdString();
     EXPECT_EQ(fieldOf(rowsOf(u"000 ??? $a CAT"_s), 4), 2);
     EXPECT_EQ(fieldOf(rowsOf(u"CAT $a"_s), 2), std::nullopt);
     EXPECT_EQ(tagOf(rowsOf(u"000"_s), 1), u"000"_s);
@@ -73,11 +62,7 @@ TEST(FieldEditing, DeletionCountsAgainstTheShrinkingGrid) {
 
 TEST(FieldEditing, RefusalsOfIdentitiesInTheirOrder) {
     using enum IdentityColumn;
-    const struct {
-        QString identifier;
-        IdentityColumn column;
-        QString typed, refusal;
-    } cases[] = {
+    const std::tuple<QString, IdentityColumn, QString, QString> cases[] = {
         {u"200"_s, FieldLabel, {}, u"字段说明不允许为空"_s},
         {u"$a"_s, FieldLabel, {}, {}},
         {u"???"_s, FieldLabel, {}, {}},
@@ -92,9 +77,8 @@ TEST(FieldEditing, RefusalsOfIdentitiesInTheirOrder) {
         {u"$a"_s, Identifier, u"$B"_s, {}},
         {u"$a"_s, SubfieldLabel, {}, u"子字段说明不允许为空"_s},
     };
-    for (const auto &c : cases)
-        EXPECT_EQ(checkIdentity(row(c.identifier), c.column, c.typed), c.refusal)
-            << c.identifier.toStdString() << ' ' << c.typed.toStdString();
+    for (const auto &[identifier, column, typed, refusal] : cases)
+        EXPECT_EQ(checkIdentity(row(identifier), column, typed), refusal) << typed.toStdString();
 }
 
 TEST(FieldEditing, LimitsAndAssistants) {

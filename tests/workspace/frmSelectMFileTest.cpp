@@ -1,9 +1,7 @@
 #include "workspace/frmSelectMFile.h"
 #include "platform/textFile.h"
 #include "support/scriptedHost.h"
-#include <gtest/gtest.h>
 
-using namespace Qt::StringLiterals;
 using namespace workspace;
 
 TEST(SelectMarcFile, RefusesAndOpens) {
@@ -12,8 +10,7 @@ TEST(SelectMarcFile, RefusesAndOpens) {
     frmSelectMFile *dialog = nullptr;
     frmSelectMFile window(host, [&](const QString &file) {
         shown.append(file + u' ' + dialog->Frame1->title());
-        EXPECT_FALSE(dialog->cmdClick[0]->isEnabled());
-        EXPECT_FALSE(dialog->close());
+        EXPECT_FALSE(dialog->cmdClick[0]->isEnabled() || dialog->close());
     });
     dialog = &window;
     window.show();

@@ -1,6 +1,5 @@
 #include "workspaceFixture.h"
 
-using namespace Qt::StringLiterals;
 using Moving = Workspace;
 using platform::Answer;
 
@@ -32,8 +31,8 @@ TEST_F(Moving, GridShowsTheCurrentRecord) {
 }
 
 TEST_F(Moving, StepsColourRowsAndStopAtTheEnds) {
-    auto &window = load(19);
-    show();
+    load(19);
+    auto &window = show();
     window.cmdTiMing[0]->click();
     EXPECT_EQ(window.Text2->text(), u"1"_s);
     QTest::keyClick(window.Grid2, Qt::Key_Down);
@@ -53,8 +52,8 @@ TEST_F(Moving, StepsColourRowsAndStopAtTheEnds) {
 }
 
 TEST_F(Moving, LeavingAnEditedRecord) {
-    auto &window = load(5);
-    show();
+    load(5);
+    auto &window = show();
     const auto edit = [&](const QString &title) {
         window.record().change(4, 4, title);
         window.record().recordChanged = true;
@@ -79,8 +78,7 @@ TEST_F(Moving, LeavingAnEditedRecord) {
     EXPECT_EQ(window.records().title(2), u"题3"_s);
     EXPECT_EQ(cell(4, 4), u"留"_s);
     EXPECT_EQ(host.texts(), QStringList(3, question));
-    EXPECT_EQ(host.lastBox().title, QString());
-    EXPECT_EQ(host.lastBox().leaving, platform::Leaving::ByButtonsOnly);
+    EXPECT_TRUE(host.lastBox().title.isEmpty() && host.lastBox().leaving == platform::Leaving::ByButtonsOnly);
     window.cmdTiMing[0]->click(); // the record that was entered is unchanged: nothing is asked
 }
 

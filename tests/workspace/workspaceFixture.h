@@ -5,9 +5,6 @@
 #include "support/recordText.h"
 #include "support/scriptedHost.h"
 #include "workspace/frmDaoru.h"
-#include <QFile>
-#include <QtTest/QTest>
-#include <gtest/gtest.h>
 
 struct Workspace : testing::Test {
     ScriptedHost host;
@@ -38,6 +35,12 @@ struct Workspace : testing::Test {
     }
     workspace::frmDaoru &load() {
         const auto note = [this](const QString &what) { opened.append(what); };
+        const auto assistant = [this, note](const QString &name) {
+            return [this, note, name](const QString &text, QWidget *) {
+                note(name + text);
+                return assistantGives;
+            };
+        };
         form = std::make_unique<workspace::frmDaoru>(
             host, workspace::WorkspaceWindows{
                       .showCard = [note](const QString &record, const QString &mode,
@@ -45,16 +48,8 @@ struct Workspace : testing::Test {
                       .showReport = [note](const QString &text, QWidget *) { note(text); },
                       .runImport = [note](std::shared_ptr<const marc::PreReadStore> records, const QString &count,
                                           QWidget *) { note(count + u' ' + records->record(0)); },
-                      .leaderAssistant =
-                          [this, note](const QString &text, QWidget *) {
-                              note(QStringLiteral("LR000 ") + text);
-                              return assistantGives;
-                          },
-                      .field100Assistant =
-                          [this, note](const QString &text, QWidget *) {
-                              note(QStringLiteral("LR100 ") + text);
-                              return assistantGives;
-                          },
+                      .leaderAssistant = assistant(QStringLiteral("LR000 ")),
+                      .field100Assistant = assistant(QStringLiteral("LR100 ")),
                   });
         form->publicMarcFile = path();
         form->load();
@@ -64,10 +59,11 @@ struct Workspace : testing::Test {
         writeRecords(records);
         return load();
     }
-    void show() {
+    workspace::frmDaoru &show() {
         form->show();
         form->activateWindow();
         QApplication::processEvents();
+        return *form;
     }
     QStringList titles(int from, int to) const {
         QStringList found;
