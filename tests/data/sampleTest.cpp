@@ -3,31 +3,33 @@
 #include "proof/structuralProof.h"
 #include "proof/templateProof.h"
 #include "shippedFiles.h"
-#include "support/qtPrinters.h"
 #include <QMap>
 #include <QSet>
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
 const QString programFolder = QStringLiteral(PROGRAM_FOLDER "/");
 
-QList<QByteArray> samples() {
-    static const QList<QByteArray> records = recordLines(builtFile(u"samples/sample.iso"_s));
-    return records;
-}
-
-// Calls `visit(record number, field)` for every field of every sample.
+// Calls `visit(record, field)` for every field of every sample; a failure names the record.
 template <typename Visit>
 void forEachField(const Visit &visit) {
-    int number = 0;
-    for (const QByteArray &record : samples()) {
-        ++number;
-        for (const RawField &field : checkedFields(record).fields)
-            visit(number, field);
+    QFile file(builtPath(u"samples/sample.iso"_s));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    const QList<QByteArray> records = recordLines(file.readAll());
+    EXPECT_GE(records.size(), 320);
+    for (const QByteArray &record : records) {
+        SCOPED_TRACE("record " + std::to_string(1 + &record - records.data()));
+        for (const RawField &field : checkedFields(record))
+            visit(record, field);
     }
+}
+
+// Code and value of each subfield.
+QList<std::pair<char, QByteArray>> subfieldsOf(const RawField &field) {
+    QList<std::pair<char, QByteArray>> subfields;
+    for (const QByteArray &piece : field.content.split('\x1F').sliced(1))
+        subfields.append({piece.isEmpty() ? '\0' : piece[0], piece.mid(1)});
+    return subfields;
 }
 
 // Weighted sum of the digits, "X" counting 10: 0 where the check digit is right.
@@ -42,15 +44,6 @@ int remainder(const QByteArray &digits, bool isbn13) {
 
 } // namespace
 
-TEST(Samples, AreWholeRecordsOneToALine) {
-    EXPECT_GE(samples().size(), 320);
-    int number = 0;
-    for (const QByteArray &record : samples()) {
-        ++number;
-        EXPECT_EQ(checkedFields(record).fault, QString()) << "record " << number;
-    }
-}
-
 TEST(Samples, UseOnlySubfieldsThatAreOffered) {
     QMap<QString, QStringList> offered; // by tag, as "$a name"
     const auto lines = [&offered](const QString &tag) {
@@ -58,21 +51,18 @@ TEST(Samples, UseOnlySubfieldsThatAreOffered) {
             offered[tag] = marc::readSubfieldList(programFolder, tag).lines;
         return offered[tag];
     };
-    forEachField([&lines](int number, const RawField &field) {
+    forEachField([&lines](const QByteArray &, const RawField &field) {
         QString tag = QString::fromLatin1(field.tag);
         if (tag < u"010"_s)
             return;
         const bool embeds = tag.startsWith(u'4') || tag == u"604"_s;
-        EXPECT_EQ(field.content.indexOf('\x1F'), 2) << qPrintable(tag) << " in record " << number;
-        for (const RawSubfield &subfield : subfieldsOf(field)) {
-            EXPECT_FALSE(subfield.value.isEmpty()) << qPrintable(tag) << " in record " << number;
-            if (embeds && subfield.code == '1') {
-                tag = QString::fromLatin1(subfield.value.first(3)); // what follows belongs to the embedded field
-                continue;
-            }
-            const QChar code = QChar::fromLatin1(subfield.code);
-            EXPECT_TRUE(std::ranges::any_of(lines(tag), [code](const QString &line) { return line[1] == code; }))
-                << qPrintable(tag) << '$' << subfield.code << " in record " << number;
+        EXPECT_EQ(field.content.indexOf('\x1F'), 2) << qPrintable(tag);
+        for (const auto &[code, value] : subfieldsOf(field)) {
+            EXPECT_FALSE(value.isEmpty()) << qPrintable(tag);
+            const bool known = !lines(tag).filter(u'$' + QString(QChar::fromLatin1(code)) + u' ').isEmpty();
+            EXPECT_TRUE(known || (embeds && code == '1')) << qPrintable(tag) << '$' << code;
+            if (embeds && code == '1')
+                tag = QString::fromLatin1(value.first(3)); // what follows belongs to the embedded field
         }
     });
 }
@@ -81,62 +71,47 @@ TEST(Samples, UseOnlySubfieldsThatAreOffered) {
 TEST(Samples, PassTheProofs) {
     constexpr char rubbing = 'u';
     const QString noPublisher = u"Error:210字段的c子字段(必备子字段)不存在\r\n"_s;
-    int number = 0;
-    for (const QByteArray &record : samples()) {
-        ++number;
+    forEachField([&](const QByteArray &record, const RawField &field) {
+        if (field.tag != "001")
+            return;
         const marc::FieldRows rows = marc::showRecord(platform::decode(record)).rows;
         const auto proofed = proof::proofTemplate(rows, programFolder);
         ASSERT_TRUE(proofed.ok());
         EXPECT_EQ(QString(proof::proofFields(rows) + proofed.value().report),
-                  record[6] == rubbing ? noPublisher : QString())
-            << "record " << number;
-    }
+                  record[6] == rubbing ? noPublisher : QString());
+    });
 }
 
-TEST(Samples, HaveCodedDataOfTheirFixedLength) {
+TEST(Samples, HaveCodedDataOfTheirLengthAndNumbersWithRightCheckDigits) {
     const QMap<QByteArray, qsizetype> lengths = {{"100", 36}, {"105", 13}, {"106", 1},  {"110", 11}, {"115", 20},
                                                  {"120", 13}, {"125", 2},  {"126", 15}, {"127", 6},  {"135", 13}};
-    forEachField([&lengths](int number, const RawField &field) {
-        if (lengths.contains(field.tag)) {
-            EXPECT_EQ(subfieldsOf(field).value(0).value.size(), lengths[field.tag])
-                << field.tag.data() << " in record " << number;
-        }
-    });
-}
-
-TEST(Samples, HaveNumbersWithRightCheckDigits) {
     QMap<qsizetype, int> counts; // by length of the digits
-    forEachField([&counts](int number, const RawField &field) {
+    forEachField([&](const QByteArray &, const RawField &field) {
+        const auto [code, value] = subfieldsOf(field).value(0);
+        EXPECT_EQ(lengths.value(field.tag, value.size()), value.size()) << field.tag.data();
         if (field.tag != "010" && field.tag != "011")
             return;
-        const RawSubfield first = subfieldsOf(field).value(0);
-        QByteArray digits = first.value;
-        digits.replace('-', "");
+        const QByteArray digits = QByteArray(value).replace('-', "");
         ++counts[digits.size()];
-        EXPECT_EQ(first.code, 'a');
-        EXPECT_EQ(remainder(digits, digits.size() == 13), 0) << first.value.data() << " in record " << number;
-        EXPECT_TRUE(digits.size() != 10 || (first.value.size() == 13 && first.value.count('-') == 3))
-            << first.value.data() << " in record " << number;
+        EXPECT_EQ(code, 'a');
+        EXPECT_EQ(remainder(digits, digits.size() == 13), 0) << value.data();
+        EXPECT_TRUE(digits.size() != 10 || (value.size() == 13 && value.count('-') == 3)) << value.data();
     });
-    EXPECT_GT(counts[8], 10);
-    EXPECT_GT(counts[10], 150);
-    EXPECT_GE(counts[13], 3);
+    EXPECT_TRUE(counts[8] > 10 && counts[10] > 150 && counts[13] >= 3);
 }
 
 TEST(Samples, CoverTheKindsOfMaterialAndOfFields) {
-    QSet<char> kinds;
-    for (const QByteArray &record : samples())
-        kinds.insert(record[6]);
-    EXPECT_TRUE(kinds.contains(QSet<char>{'a', 'c', 'e', 'g', 'i', 'j', 'l', 'u', 'v'}));
-    QSet<QByteArray> tags;
+    QSet<QByteArray> seen; // kinds and tags
     qsizetype longestNote = 0;
-    forEachField([&tags, &longestNote](int, const RawField &field) {
-        tags.insert(field.tag);
+    forEachField([&](const QByteArray &record, const RawField &field) {
+        seen.insert(record.mid(6, 1));
+        seen.insert(field.tag);
         if (field.tag == "330")
             longestNote = qMax(longestNote, platform::decode(field.content).size());
     });
-    for (const char *tag : {"105", "106", "110", "410", "430", "454", "461", "463", "517", "600", "601", "606",
-                            "607", "610", "690", "692", "700", "701", "702", "711", "712", "856", "905"})
-        EXPECT_TRUE(tags.contains(tag)) << tag;
+    const QByteArray wanted = "a c e g i j l u v 105 106 110 410 430 454 461 463 517 600 601 606 607 610 690 692 700 "
+                              "701 702 711 712 856 905";
+    for (const QByteArray &kind : wanted.split(' '))
+        EXPECT_TRUE(seen.contains(kind)) << kind.data();
     EXPECT_GT(longestNote, 300);
 }

@@ -2,29 +2,44 @@
 // program.
 #pragma once
 
-#include <QByteArray>
-#include <QList>
-#include <QString>
+#include "support/qtPrinters.h"
+#include <QFile>
 
-QString builtPath(const QString &name); // of a file beside the executable
-QByteArray builtFile(const QString &name);
+// The path of a file beside the executable.
+inline QString builtPath(const QString &name) {
+    return QStringLiteral(PROGRAM_FOLDER "/") + name;
+}
 
 struct RawField {
     QByteArray tag;
     QByteArray content; // indicators included, terminator left out
 };
-struct RawFields {
-    QList<RawField> fields;
-    QString fault; // empty where leader, directory and fields agree to the byte
-};
-// `record`: with its record terminator, without a line end.
-RawFields checkedFields(const QByteArray &record);
 
-struct RawSubfield {
-    char code;
-    QByteArray value;
-};
-QList<RawSubfield> subfieldsOf(const RawField &field);
+// The fields of a record with its terminator, without a line end; a failure where leader, directory and fields do not
+// agree to the byte.
+inline QList<RawField> checkedFields(const QByteArray &record) {
+    const auto number = [&record](qsizetype at, qsizetype width) { return record.mid(at, width).toInt(); };
+    QList<RawField> fields;
+    const qsizetype base = record.indexOf('\x1E') + 1;
+    EXPECT_EQ(number(0, 5), record.size());
+    EXPECT_EQ(number(12, 5), base);
+    EXPECT_EQ((base - 25) % 12, 0);
+    qsizetype end = base;
+    for (qsizetype entry = 24; entry + 12 < base; entry += 12) {
+        const qsizetype length = number(entry + 3, 4);
+        EXPECT_EQ(base + number(entry + 7, 5), end) << "entry of " << record.mid(entry, 3).data();
+        EXPECT_EQ(record.mid(end + length - 1, 1), "\x1E") << "entry of " << record.mid(entry, 3).data();
+        fields.append({record.mid(entry, 3), record.mid(end, length - 1)});
+        end += length;
+    }
+    EXPECT_EQ(record.mid(end), "\x1D") << "bytes that no entry names";
+    return fields;
+}
 
 // The records of a file that has one to a line, each followed by CR LF.
-QList<QByteArray> recordLines(const QByteArray &file);
+inline QList<QByteArray> recordLines(const QByteArray &file) {
+    QList<QByteArray> records;
+    for (qsizetype at = 0, end = 0; (end = file.indexOf("\r\n", at)) >= 0; at = end + 2)
+        records.append(file.sliced(at, end - at));
+    return records;
+}

@@ -1,13 +1,9 @@
 #include "platform/codepage936.h"
-#include "support/qtPrinters.h"
 #include "support/testFolder.h"
 #include "tools/recordAssembler.h"
 #include "tools/taggedText.h"
 #include <QDir>
 #include <QProcess>
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -25,10 +21,8 @@ Build configurationOf(const QByteArray &format, const QByteArray &rules) {
                {target.path(), sources.file(u"cnmarc.txt"_s, format), sources.file(u"template.txt"_s, rules)});
     EXPECT_TRUE(tool.waitForFinished());
     Build build{tool.exitCode(), tool.readAllStandardError(), {}};
-    for (const QString &name : QDir(target.path()).entryList(QDir::Files, QDir::Name)) {
-        QFile file(target.path(name));
-        build.files.append(file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray());
-    }
+    for (const QString &name : QDir(target.path()).entryList(QDir::Files, QDir::Name))
+        build.files.append(target.read(name));
     return build;
 }
 
@@ -112,7 +106,7 @@ TEST(RecordAssembler, WritesNinesWhereANumberIsTooWide) {
 }
 
 // What stands in the way of a database: nothing, an empty file, one that lost a table, one that is none.
-TEST(PrepareDesk, makesADatabaseOrItsTablesAndSaysSo) {
+TEST(PrepareDesk, MakesADatabaseOrItsTablesAndSaysSo) {
     const QTemporaryDir folder;
     const QString database = folder.filePath(u"library.db"_s);
     const auto run = [&](const QString &program, const QStringList &arguments) {
