@@ -5,10 +5,8 @@
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
-#include <gtest/gtest.h>
 
 using namespace platform;
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -60,7 +58,7 @@ struct BandedReportTest : testing::Test {
     int pages = 0;
 };
 
-TEST_F(BandedReportTest, everyPageHasItsBandsAndEveryRowStandsOnce) {
+TEST_F(BandedReportTest, EveryPageHasItsBandsAndEveryRowStandsOnce) {
     addBooks(200);
     const QStringList sheets = printed();
     ASSERT_EQ(sheets.size(), pages);
@@ -83,7 +81,7 @@ TEST_F(BandedReportTest, everyPageHasItsBandsAndEveryRowStandsOnce) {
     EXPECT_EQ(printed(2, 2), sheets.mid(1, 1)) << "a range of pages keeps the numbers";
 }
 
-TEST_F(BandedReportTest, longTextsWrapInsideTheirColumn) {
+TEST_F(BandedReportTest, LongTextsWrapInsideTheirColumn) {
     const QString title = u"中国古代科学技术史论文集"_s.repeated(8);
     const QString word = u"Wissenschaftsgeschichte"_s.repeated(3);
     books->books = {{u"3"_s, title, word}, {u"4"_s, u"后一种\r\n副题名"_s, u"李某"_s}};
@@ -102,7 +100,7 @@ TEST_F(BandedReportTest, longTextsWrapInsideTheirColumn) {
     EXPECT_TRUE(QRegularExpression(u"后一种 +李某 +4\\n+ *副题名"_s).match(sheets[0]).hasMatch());
 }
 
-TEST_F(BandedReportTest, aRowLongerThanAPageGoesOnOnTheNext) {
+TEST_F(BandedReportTest, ARowLongerThanAPageGoesOnOnTheNext) {
     addBooks(3);
     QStringList lines;
     for (int line = 0; line < 150; ++line)
@@ -116,7 +114,7 @@ TEST_F(BandedReportTest, aRowLongerThanAPageGoesOnOnTheNext) {
     EXPECT_EQ(printed().size(), 1) << "no rows: a page all the same";
 }
 
-TEST_F(BandedReportTest, nobodyWaitsForAMonstrousText) {
+TEST_F(BandedReportTest, NobodyWaitsForAMonstrousText) {
     books->books = {{u"1"_s, QString(30'000, u'x'), u"王"_s},
                     {u"2"_s, QString(30'000, QChar(0)) + u"题", u"李"_s},
                     {u"3"_s, u"甲\0乙\r\n丙"_s, u"张"_s}};
@@ -126,7 +124,7 @@ TEST_F(BandedReportTest, nobodyWaitsForAMonstrousText) {
     EXPECT_TRUE(QRegularExpression(u"甲 ?乙 +张 +3\n+ *丙"_s).match(text).hasMatch()) << text.right(200).toStdString();
 }
 
-TEST_F(BandedReportTest, tenThousandRowsPrintAndAFailureIsTold) {
+TEST_F(BandedReportTest, TenThousandRowsPrintAndAFailureIsTold) {
     addBooks(10'000);
     const QStringList sheets = printed();
     EXPECT_LE(books->asked, 3 * 3 * 10'000)

@@ -1,13 +1,9 @@
 #include "platform/codepage936.h"
+#include "support/dice.h"
 #include "support/qtPrinters.h"
-#include <gtest/gtest.h>
-#include <random>
 #include <set>
 
 using namespace platform;
-using namespace Qt::StringLiterals;
-
-namespace {
 
 TEST(Codepage936, TakesEachTwoByteCodeThereAndBack) {
     std::set<char16_t> seen;
@@ -60,15 +56,13 @@ TEST(Codepage936, ReplacesWhatIsNone) {
 }
 
 TEST(Codepage936, KeepsTheNumberOfBytesOfAnything) {
-    std::mt19937 engine(1);
+    Dice dice(1);
     for (int round = 0; round < 2000; ++round) {
-        QByteArray bytes(engine() % 40, 0);
-        std::ranges::generate(bytes, [&] { return char(engine() % 3 ? 0x80 + engine() % 0x80 : engine() % 0x80); });
+        QByteArray bytes(dice.below(40), 0);
+        std::ranges::generate(bytes, [&] { return char((dice.below(3) ? 0x80 : 0) + dice.below(0x80)); });
         const QString text = decode(bytes);
         ASSERT_EQ(encode(text).size(), bytes.size()) << bytes.toHex().toStdString();
         ASSERT_EQ(gbkLength(text), bytes.size());
         ASSERT_EQ(text.contains(QChar::ReplacementCharacter), encode(text) != bytes || !isEncodable(text));
     }
 }
-
-} // namespace

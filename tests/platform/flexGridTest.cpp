@@ -1,36 +1,28 @@
 #include "platform/widgets/flexGrid.h"
 #include "support/qtPrinters.h"
-#include <QAbstractItemModel>
 #include <QClipboard>
-#include <QGuiApplication>
 #include <QHeaderView>
 #include <QScrollBar>
 #include <QTest>
-#include <gtest/gtest.h>
 
 using namespace platform;
-using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Numbered final : TableSource {
-    explicit Numbered(int rows)
-        : count(rows) {}
+// Rows that are listed, or only counted.
+struct Source final : TableSource {
+    explicit Source(int rows, QStringList list = {})
+        : count(rows)
+        , listed(std::move(list)) {}
     int count;
+    QStringList listed;
     mutable int asked = 0; // how often for a cell
-    int rowCount() const override { return count; }
-    int columnCount() const override { return 2; }
+    int rowCount() const override { return listed.isEmpty() ? count : int(listed.size()); }
+    int columnCount() const override { return listed.isEmpty() ? 2 : 4; }
     QString text(int row, int column) const override {
         ++asked;
-        return QString::number(row) + u':' + QString::number(column);
+        return listed.value(row, QString::number(row) + u':') + QString::number(column);
     }
-};
-
-struct Listed final : TableSource {
-    QStringList rows;
-    int rowCount() const override { return int(rows.size()); }
-    int columnCount() const override { return 4; }
-    QString text(int row, int column) const override { return rows[row] + QString::number(column); }
 };
 
 // A grid in a window of its own that writes down its signals, each with the current row.
@@ -44,12 +36,13 @@ struct FlexGridTest : testing::Test {
             for (int column = 0; column < 4; ++column)
                 grid.setText(row, column, QString::number(row * 10 + column));
         grid.setColumnTwips(0, 0);
-        QObject::connect(&grid, &FlexGrid::leaveCell, [this] { note(u"leave"_s); });
-        QObject::connect(&grid, &FlexGrid::enterCell, [this] { note(u"enter"_s); });
-        QObject::connect(&grid, &FlexGrid::gridClicked, [this] { note(u"click"_s); });
-        QObject::connect(&grid, &FlexGrid::rightPressed, [this] { note(u"right"_s); });
-        QObject::connect(&grid, &FlexGrid::menuKeyPressed, [this] { note(u"menu"_s); });
-        QObject::connect(&grid, &FlexGrid::gridActivated, [this] { note(u"activated"_s); });
+        for (const auto &[signal, name] : {std::pair(&FlexGrid::leaveCell, u"leave"_s),
+                                           {&FlexGrid::enterCell, u"enter"_s},
+                                           {&FlexGrid::gridClicked, u"click"_s},
+                                           {&FlexGrid::rightPressed, u"right"_s},
+                                           {&FlexGrid::menuKeyPressed, u"menu"_s},
+                                           {&FlexGrid::gridActivated, u"activated"_s}})
+            QObject::connect(&grid, signal, [this, name = name] { note(name); });
         window.show();
     }
     void note(const QString &what) { log.append(what + QString::number(grid.row())); }
@@ -71,15 +64,14 @@ struct FlexGridTest : testing::Test {
     QStringList log;
 };
 
-TEST_F(FlexGridTest, cellsMoveWithTheirRowsAndTheCurrentNumberStays) {
-    const auto source = std::make_shared<Listed>();
-    source->rows = {u"a"_s, u"b"_s, u"c"_s, u"d"_s};
+TEST_F(FlexGridTest, CellsMoveWithTheirRowsAndTheCurrentNumberStays) {
+    const auto source = std::make_shared<Source>(0, QStringList{u"a"_s, u"b"_s, u"c"_s, u"d"_s});
     grid.bind(source);
     grid.setRow(3);
     grid.setCellBackground(2, 1, 255);
     grid.setText(4, 1, u"改"_s);
     grid.setColumnBackground(3, 0xC0C0C0);
-    source->rows.insert(1, u"x"_s);
+    source->listed.insert(1, u"x"_s);
     grid.sourceInsertedRow(2);
     const auto shown = [this] {
         QString texts;
@@ -90,16 +82,16 @@ TEST_F(FlexGridTest, cellsMoveWithTheirRowsAndTheCurrentNumberStays) {
     EXPECT_EQ(shown(), u"a1 x1 b1! c1 改 "_s);
     EXPECT_EQ(grid.cellBackground(2, 3), 0xC0C0C0u);
     EXPECT_EQ(grid.row(), 3);
-    source->rows.removeAt(3);
+    source->listed.removeAt(3);
     grid.sourceRemovedRow(4);
     EXPECT_EQ(shown(), u"a1 x1 b1! 改 "_s);
-    source->rows.removeAt(2);
+    source->listed.removeAt(2);
     grid.sourceRemovedRow(3);
     EXPECT_EQ(shown(), u"a1 x1 改 "_s);
     grid.setRows(6); // empty rows behind the source's
-    source->rows.append(u"y"_s);
+    source->listed.append(u"y"_s);
     grid.sourceHasGrown(); // not told yet
-    source->rows.insert(0, u"z"_s);
+    source->listed.insert(0, u"z"_s);
     grid.sourceInsertedRow(1);
     EXPECT_EQ(shown(), u"z1 a1 x1 改 y1  "_s);
 
@@ -121,7 +113,7 @@ TEST_F(FlexGridTest, cellsMoveWithTheirRowsAndTheCurrentNumberStays) {
     EXPECT_TRUE(taken().isEmpty()) << "the program's own changes are not reported";
 }
 
-TEST_F(FlexGridTest, placesOutsideReadEmptyAndTakeNothing) {
+TEST_F(FlexGridTest, PlacesOutsideReadEmptyAndTakeNothing) {
     for (const auto &[row, column] : {std::pair{-1, 1}, {7, 1}, {1, -1}, {1, 4}, {0, 4}, {INT_MAX, INT_MIN}}) {
         grid.setText(row, column, u"x"_s);
         grid.setCellBackground(row, column, 255);
@@ -141,8 +133,8 @@ TEST_F(FlexGridTest, placesOutsideReadEmptyAndTakeNothing) {
     EXPECT_EQ(grid.columnTwips(9) + grid.columnTwips(0), 0);
 }
 
-TEST_F(FlexGridTest, aMillionBoundRowsCostNothing) {
-    const auto source = std::make_shared<Numbered>(1'000'000);
+TEST_F(FlexGridTest, AMillionBoundRowsCostNothing) {
+    const auto source = std::make_shared<Source>(1'000'000);
     grid.bind(source);
     QCoreApplication::processEvents();
     grid.setRow(999'999);
@@ -161,15 +153,15 @@ TEST_F(FlexGridTest, aMillionBoundRowsCostNothing) {
         grid.sourceChanged(row, 1);
     }
     EXPECT_EQ(grid.model()->rowCount(), 1'000'000);
-    grid.bind(std::make_shared<Numbered>(0));
+    grid.bind(std::make_shared<Source>(0));
     EXPECT_EQ(grid.rows(), 1);
     grid.setRows(2);
     EXPECT_EQ(grid.text(1, 1), QString());
     EXPECT_EQ(grid.columnTwips(0), 0) << "a new source leaves the columns as they are";
 }
 
-TEST_F(FlexGridTest, growthIsKnownAtOnceAndAnnouncedAtScreenPace) {
-    const auto source = std::make_shared<Numbered>(5);
+TEST_F(FlexGridTest, GrowthIsKnownAtOnceAndAnnouncedAtScreenPace) {
+    const auto source = std::make_shared<Source>(5);
     grid.bind(source);
     grid.setRows(21);
     grid.setRow(4);
@@ -194,7 +186,7 @@ TEST_F(FlexGridTest, growthIsKnownAtOnceAndAnnouncedAtScreenPace) {
     grid.grab();
 }
 
-TEST_F(FlexGridTest, mouseMovesClickAndActivate) {
+TEST_F(FlexGridTest, MouseMovesClickAndActivate) {
     press(Qt::LeftButton, 3);
     EXPECT_EQ(taken(), u"leave1 enter3"_s);
     release(Qt::LeftButton, 3);
@@ -230,14 +222,8 @@ TEST_F(FlexGridTest, mouseMovesClickAndActivate) {
     EXPECT_EQ(place(), u"4-4/2"_s);
 }
 
-TEST_F(FlexGridTest, everythingByKeyboard) {
-    struct Step {
-        Qt::Key key;
-        Qt::KeyboardModifiers modifiers;
-        QStringView place;
-        QStringView signalsSeen;
-    };
-    const Step steps[] = {
+TEST_F(FlexGridTest, EverythingByKeyboard) {
+    const std::tuple<Qt::Key, Qt::KeyboardModifiers, QStringView, QStringView> steps[] = {
         {Qt::Key_Up, {}, u"1-1/1", u""},
         {Qt::Key_Down, {}, u"2-2/1", u"leave1 enter2"},
         {Qt::Key_Right, {}, u"2-2/2", u""},
@@ -257,10 +243,10 @@ TEST_F(FlexGridTest, everythingByKeyboard) {
     };
     grid.setFocus();
     grid.setColumn(1);
-    for (const Step &step : steps) {
-        QTest::keyClick(&grid, step.key, step.modifiers);
-        EXPECT_EQ(place(), step.place.toString());
-        EXPECT_EQ(taken(), step.signalsSeen.toString());
+    for (const auto &[key, modifiers, expected, signalsSeen] : steps) {
+        QTest::keyClick(&grid, key, modifiers);
+        EXPECT_EQ(place(), expected.toString());
+        EXPECT_EQ(taken(), signalsSeen.toString());
     }
     grid.setRow(2);
     grid.setRowSel(1);
@@ -269,7 +255,7 @@ TEST_F(FlexGridTest, everythingByKeyboard) {
     EXPECT_EQ(QGuiApplication::clipboard()->text(), u"11\t12\t13\n21\ta b  c\t23\n"_s);
 }
 
-TEST_F(FlexGridTest, slotsOfLeaveCellMayChangeAnything) {
+TEST_F(FlexGridTest, SlotsOfLeaveCellMayChangeAnything) {
     const auto once = QObject::connect(&grid, &FlexGrid::leaveCell, [this] {
         QTest::keyClick(&grid, Qt::Key_Down); // a box's event loop, in which keys go on
         press(Qt::LeftButton, 4);
@@ -286,7 +272,7 @@ TEST_F(FlexGridTest, slotsOfLeaveCellMayChangeAnything) {
     EXPECT_EQ(taken(), u"leave1"_s) << "the grid still listens";
 }
 
-TEST_F(FlexGridTest, anEditorFindsItsCell) {
+TEST_F(FlexGridTest, AnEditorFindsItsCell) {
     grid.setColumnTwips(1, 3000);
     grid.setColumnTwips(3, 9000);
     grid.setRows(200);
@@ -311,7 +297,7 @@ TEST_F(FlexGridTest, anEditorFindsItsCell) {
     EXPECT_EQ(grid.cellRect(0, 2).height(), grid.toPixels(750));
 }
 
-TEST_F(FlexGridTest, aColourStaysInSightUnderTheSelection) {
+TEST_F(FlexGridTest, AColourStaysInSightUnderTheSelection) {
     QPalette dark;
     dark.setColor(QPalette::Base, Qt::black);
     dark.setColor(QPalette::Text, Qt::white);

@@ -1,21 +1,11 @@
 #include "platform/numbers.h"
 #include "support/qtPrinters.h"
-#include <gtest/gtest.h>
 
 using namespace platform;
-using namespace Qt::StringLiterals;
-
-namespace {
 
 TEST(Numbers, AreReadByOneRule) {
-    struct Case {
-        QString text;
-        std::optional<double> value;
-        std::optional<qint32> whole;
-        double leading;
-    };
     const std::optional<double> none;
-    const Case cases[] = {
+    const std::tuple<QString, std::optional<double>, std::optional<qint32>, double> cases[] = {
         {u"00049"_s, 49.0, 49, 49},
         {u"  -7 "_s, -7.0, -7, -7},
         {u"+.5"_s, 0.5, 0, 0.5}, // a half goes to the even number
@@ -27,20 +17,16 @@ TEST(Numbers, AreReadByOneRule) {
         {u"1.2.3"_s, none, {}, 1.2},
         {u"1e5"_s, none, {}, 1},
         {u"12,5"_s, none, {}, 12},
-        {u"- 5"_s, none, {}, 0},
-        {u"$1"_s, none, {}, 0},
-        {u"&H1"_s, none, {}, 0},
-        {u"１"_s, none, {}, 0},
-        {u"\t1"_s, none, {}, 0},
-        {u"."_s, none, {}, 0},
-        {u" "_s, none, {}, 0},
-        {u""_s, none, {}, 0},
     };
-    for (const Case &c : cases) {
-        EXPECT_EQ(isNumericText(c.text), c.value.has_value()) << c.text.toStdString();
-        EXPECT_EQ(toDouble(c.text), c.value) << c.text.toStdString();
-        EXPECT_EQ(toInt32(c.text), c.whole) << c.text.toStdString();
-        EXPECT_EQ(leadingNumber(c.text), c.leading) << c.text.toStdString();
+    for (const auto &[text, value, whole, leading] : cases) {
+        EXPECT_EQ(isNumericText(text), value.has_value()) << text.toStdString();
+        EXPECT_EQ(toDouble(text), value) << text.toStdString();
+        EXPECT_EQ(toInt32(text), whole) << text.toStdString();
+        EXPECT_EQ(leadingNumber(text), leading) << text.toStdString();
+    }
+    for (const QString &text : {u"- 5"_s, u"$1"_s, u"&H1"_s, u"１"_s, u"\t1"_s, u"."_s, u" "_s, u""_s}) {
+        EXPECT_FALSE(isNumericText(text) || toDouble(text) || toInt32(text)) << text.toStdString();
+        EXPECT_EQ(leadingNumber(text), 0) << text.toStdString();
     }
     EXPECT_EQ(toDouble(QString(400, u'9')), none);
     EXPECT_EQ(toInt16(u"32767.4"), 32767);
@@ -55,5 +41,3 @@ TEST(Numbers, ArePaddedOrLeftOut) {
     EXPECT_EQ(trimBlanks(u"  a \t "), u"a \t");
     EXPECT_EQ(trimBlanks(u"   "), u"");
 }
-
-} // namespace

@@ -1,7 +1,6 @@
 #include "platform/widgets/pacedLabel.h"
 #include "support/qtPrinters.h"
 #include <QTest>
-#include <gtest/gtest.h>
 
 using platform::PacedLabel;
 

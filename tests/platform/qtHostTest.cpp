@@ -1,22 +1,17 @@
 // The real boxes and the desktop.
 #include "platform/desktop/qtHost.h"
-#include "support/qtPrinters.h"
+#include "support/testFolder.h"
 #include <QApplication>
 #include <QFile>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
-#include <gtest/gtest.h>
 
 using namespace platform;
-using namespace Qt::StringLiterals;
-
-namespace {
 
 TEST(QtHost, AQuestionMayBeLeftByItsButtonsOnly) {
-    const QTemporaryDir folder;
+    const TestFolder folder;
     QtHost host{Settings(folder.path())};
     const std::function<void(QMessageBox *)> ways[] = {
         [](QMessageBox *box) { QTest::keyClick(static_cast<QWidget *>(box->defaultButton()), Qt::Key_Escape); },
@@ -43,23 +38,17 @@ TEST(QtHost, AQuestionMayBeLeftByItsButtonsOnly) {
 
 // A helper that starts and then finds no browser has opened nothing.
 TEST(QtHost, BelievesTheHelperThatOpensLinks) {
-    const QTemporaryDir folder;
+    const TestFolder folder;
     QtHost host{Settings(folder.path())};
     const QByteArray before = qgetenv("PATH");
     qputenv("PATH", QFile::encodeName(folder.path()));
     for (const int code : {0, 3, 4}) {
-        QFile helper(folder.filePath(u"xdg-open"_s));
-        ASSERT_TRUE(helper.open(QIODevice::WriteOnly));
-        helper.write("#!/bin/sh\necho \"$1\" >" + QFile::encodeName(folder.filePath(u"asked"_s)) + "\nexit " +
-                     QByteArray::number(code) + "\n");
-        helper.close();
-        ASSERT_TRUE(helper.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+        const QString helper =
+            folder.file(u"xdg-open"_s, "#!/bin/sh\necho \"$1\" >" + QFile::encodeName(folder.path(u"asked"_s)) +
+                                           "\nexit " + QByteArray::number(code) + "\n");
+        ASSERT_TRUE(QFile::setPermissions(helper, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
         EXPECT_EQ(host.openInShell(u"http://localhost/馆"_s), code == 0) << code;
-        QFile asked(folder.filePath(u"asked"_s));
-        ASSERT_TRUE(asked.open(QIODevice::ReadOnly));
-        EXPECT_EQ(asked.readAll(), "http://localhost/%E9%A6%86\n");
+        EXPECT_EQ(folder.read(u"asked"_s), "http://localhost/%E9%A6%86\n");
     }
     qputenv("PATH", before);
 }
-
-} // namespace

@@ -1,32 +1,21 @@
 #include "platform/textFile.h"
 #include "support/fullDisk.h"
-#include "support/qtPrinters.h"
+#include "support/testFolder.h"
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
-#include <QTemporaryDir>
 #include <fcntl.h>
-#include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 using namespace platform;
-using namespace Qt::StringLiterals;
 
 namespace {
 
-class TextFile : public testing::Test {
-protected:
-    QString path(const QString &name) const { return m_folder.filePath(name); }
-    QString file(const QByteArray &bytes) const {
-        QFile file(path(u"file"_s));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-        return file.fileName();
-    }
-
-private:
-    QTemporaryDir m_folder;
+struct TextFile : testing::Test {
+    TestFolder folder;
+    QString path(const QString &name) const { return folder.path(name); }
+    QString file(const QByteArray &bytes) const { return folder.file(u"file"_s, bytes); }
 };
 
 QList<QByteArray> linesOf(const QString &path) {
