@@ -3,10 +3,8 @@
 #include "filetools/mergeRun.h"
 #include "filetools/splitRun.h"
 #include "support/fullDisk.h"
-#include <gtest/gtest.h>
 
 using namespace filetools;
-using namespace Qt::StringLiterals;
 using files::lines;
 using files::record;
 
@@ -53,49 +51,40 @@ QString run(MergeRun &merge, const QStringList &sources) {
 } // namespace
 
 TEST(TargetPattern, CutsTheTargetInEitherMannerOfPaths) {
-    struct Row {
-        QString target;
-        QChar separator;
-        QString number700, number1000, mask;
-    };
-    for (const Row &row :
-         {Row{u"/馆/a.iso"_s, u'/', u"/馆/a700.iso"_s, u"/馆/a1000.iso"_s, u"/馆/a7??.iso"_s},
-          Row{u"D:\\m\\b.x.txt"_s, u'\\', u"D:\\m\\b.x700.txt"_s, u"D:\\m\\b.x1000.txt"_s, u"D:\\m\\b.x7??.txt"_s},
-          Row{u"/.iso"_s, u'/', u"/700.iso"_s, u"/1000.iso"_s, u"/7??.iso"_s}}) {
-        const auto pattern = targetPattern(row.target, row.separator);
-        ASSERT_TRUE(pattern) << row.target.toStdString();
-        EXPECT_EQ(pattern->numbered(700), row.number700);
-        EXPECT_EQ(pattern->numbered(1000), row.number1000);
-        EXPECT_EQ(pattern->mask(), row.mask);
+    const std::tuple<QString, QChar, QString, QString, QString> rows[] = {
+        {u"/馆/a.iso"_s, u'/', u"/馆/a700.iso"_s, u"/馆/a1000.iso"_s, u"/馆/a7??.iso"_s},
+        {u"D:\\m\\b.x.txt"_s, u'\\', u"D:\\m\\b.x700.txt"_s, u"D:\\m\\b.x1000.txt"_s, u"D:\\m\\b.x7??.txt"_s},
+        {u"/.iso"_s, u'/', u"/700.iso"_s, u"/1000.iso"_s, u"/7??.iso"_s}};
+    for (const auto &[target, separator, number700, number1000, mask] : rows) {
+        const auto pattern = targetPattern(target, separator);
+        ASSERT_TRUE(pattern) << target.toStdString();
+        EXPECT_EQ(pattern->numbered(700), number700);
+        EXPECT_EQ(pattern->numbered(1000), number1000);
+        EXPECT_EQ(pattern->mask(), mask);
     }
     EXPECT_FALSE(targetPattern(u"/x.a/b"_s, u'/')); // the point stands in the folder
 }
 
 TEST(Checks, TheFirstThingAmissEndsTheSplit) {
-    struct Row {
-        QString source;
-        bool exists;
-        QString target, limit, text;
-        Field focus;
-    };
     const QString few = u"每个拆分文件的最大记录数太小！最好不要小于10！"_s,
                   ask = u"请输入每个拆分文件的最大记录数！"_s;
-    for (const Row &row : {
-             Row{u""_s, false, u"a"_s, u"abc"_s, u""_s, Field::Source},
-             Row{u"/s"_s, false, u""_s, u"abc"_s, u""_s, Field::Source},
-             Row{u"/s"_s, false, u"a"_s, u"abc"_s, u"文件[/s不存在！"_s, Field::None},
-             Row{u"/s"_s, true, u"a"_s, u" "_s, ask, Field::Limit},
-             Row{u"/s"_s, true, u"a"_s, u"1e3"_s, ask, Field::Limit},
-             Row{u"/s"_s, true, u"a"_s, u"9"_s, few, Field::Limit},
-             Row{u"/s"_s, true, u"a"_s, u"9.99"_s, few, Field::Limit},
-             Row{u"/s"_s, true, u"/t/a"_s, u"10"_s, u""_s, Field::None},
-             Row{u"/s"_s, true, u"/t/a.marc"_s, u"10"_s, u""_s, Field::None},
-             Row{u"/s"_s, true, u"a.iso"_s, u"10"_s, u""_s, Field::None},
-         }) {
-        const auto refusal = refuseSplit(row.source, row.exists, row.target, row.limit, u'/');
-        ASSERT_TRUE(refusal) << row.target.toStdString() << ' ' << row.limit.toStdString();
-        EXPECT_EQ(refusal->text, row.text);
-        EXPECT_EQ(refusal->focus, row.focus) << row.text.toStdString();
+    const std::tuple<QString, bool, QString, QString, QString, Field> rows[] = {
+        {u""_s, false, u"a"_s, u"abc"_s, u""_s, Field::Source},
+        {u"/s"_s, false, u""_s, u"abc"_s, u""_s, Field::Source},
+        {u"/s"_s, false, u"a"_s, u"abc"_s, u"文件[/s不存在！"_s, Field::None},
+        {u"/s"_s, true, u"a"_s, u" "_s, ask, Field::Limit},
+        {u"/s"_s, true, u"a"_s, u"1e3"_s, ask, Field::Limit},
+        {u"/s"_s, true, u"a"_s, u"9"_s, few, Field::Limit},
+        {u"/s"_s, true, u"a"_s, u"9.99"_s, few, Field::Limit},
+        {u"/s"_s, true, u"/t/a"_s, u"10"_s, u""_s, Field::None},
+        {u"/s"_s, true, u"/t/a.marc"_s, u"10"_s, u""_s, Field::None},
+        {u"/s"_s, true, u"a.iso"_s, u"10"_s, u""_s, Field::None},
+    };
+    for (const auto &[source, exists, target, limit, text, focus] : rows) {
+        const auto refusal = refuseSplit(source, exists, target, limit, u'/');
+        ASSERT_TRUE(refusal) << target.toStdString() << ' ' << limit.toStdString();
+        EXPECT_EQ(refusal->text, text);
+        EXPECT_EQ(refusal->focus, focus) << text.toStdString();
     }
     EXPECT_FALSE(refuseSplit(u"/s"_s, true, u"/t/a.iso"_s, u"10"_s, u'/'));
 }
@@ -109,40 +98,34 @@ TEST(Checks, TheLimitIsTheNearestWholeNumberAHalfGoesToTheEvenOne) {
 }
 
 TEST(Split, CutsAsTheLinesStand) {
-    struct Row {
-        const char *what;
-        QByteArray source;
-        qint32 total;
-        QList<QByteArray> targets; // from 700 on
-        QList<int> reported;
-    };
     const QByteArray odd("\x80\xff\xa1\n\0\x81\x1d", 7); // no valid text, and a line feed that ends no line
-    for (const Row &row : {
-             Row{"25 records", lines(25), 25, {lines(10), lines(10, 11), lines(5, 21)}, {10, 10, 5}},
-             Row{"no file is begun behind a full last one", lines(20), 20, {lines(10), lines(10, 11)}, {10, 10}},
-             Row{"but empty lines do", lines(10) + "\r\n\r\r\n", 10, {lines(10), ""}, {10}},
-             Row{"one line", record(1) + record(2) + record(3), 1, {lines(1)}, {1}},
-             Row{"wrapped over lines", "\r\rrec\r\nord\r 1\x1e\r\n\r\n\x1d\r", 1, {lines(1)}, {1}},
-             Row{"an empty source", "", 0, {""}, {}},
-             Row{"the last terminator missing", lines(2) + "tail", 2, {lines(2)}, {2}},
-             Row{"bytes as they are", odd, 1, {odd + "\r\n"}, {1}},
-         }) {
+    // The source; its records, the targets from 700 on, the records reported of each.
+    const std::tuple<const char *, QByteArray, qint32, QList<QByteArray>, QList<int>> rows[] = {
+        {"25 records", lines(25), 25, {lines(10), lines(10, 11), lines(5, 21)}, {10, 10, 5}},
+        {"no file is begun behind a full last one", lines(20), 20, {lines(10), lines(10, 11)}, {10, 10}},
+        {"but empty lines do", lines(10) + "\r\n\r\r\n", 10, {lines(10), ""}, {10}},
+        {"one line", record(1) + record(2) + record(3), 1, {lines(1)}, {1}},
+        {"wrapped over lines", "\r\rrec\r\nord\r 1\x1e\r\n\r\n\x1d\r", 1, {lines(1)}, {1}},
+        {"an empty source", "", 0, {""}, {}},
+        {"the last terminator missing", lines(2) + "tail", 2, {lines(2)}, {2}},
+        {"bytes as they are", odd, 1, {odd + "\r\n"}, {1}},
+    };
+    for (const auto &[what, source, total, targets, reported] : rows) {
         files::Folder folder;
-        SplitRun split(folder.write(u"source.iso"_s, row.source), *targetPattern(folder.path(u"a.iso"_s), u'/'));
-        EXPECT_EQ(run(split, u"10"_s), QString()) << row.what;
-        EXPECT_EQ(split.total(), row.total) << row.what;
-        EXPECT_EQ(folder.names().size(), row.targets.size()) << row.what;
-        QString report = u"【源文件】\r\n文件{"_s + folder.path(u"source.iso"_s) + u"处理了" +
-                         QString::number(row.total) + u"条记录！\r\n【目标文件】\r\n";
-        for (qsizetype i = 0; i < row.targets.size(); ++i) {
+        SplitRun split(folder.write(u"source.iso"_s, source), *targetPattern(folder.path(u"a.iso"_s), u'/'));
+        EXPECT_EQ(run(split, u"10"_s), QString()) << what;
+        EXPECT_EQ(split.total(), total) << what;
+        EXPECT_EQ(folder.names().size(), targets.size()) << what;
+        QString report = u"【源文件】\r\n文件{"_s + folder.path(u"source.iso"_s) + u"处理了" + QString::number(total) +
+                         u"条记录！\r\n【目标文件】\r\n";
+        for (qsizetype i = 0; i < targets.size(); ++i) {
             const QString name = u"a"_s + QString::number(700 + i) + u".iso";
-            EXPECT_EQ(folder.read(name), row.targets[i]) << row.what;
-            if (i < row.reported.size())
-                report +=
-                    u"文件{" + folder.path(name) + u"}保存了" + QString::number(row.reported[i]) + u"条记录！\r\n";
+            EXPECT_EQ(folder.read(name), targets[i]) << what;
+            if (i < reported.size())
+                report += u"文件{" + folder.path(name) + u"}保存了" + QString::number(reported[i]) + u"条记录！\r\n";
         }
-        EXPECT_EQ(split.report(), report) << row.what;
-        EXPECT_EQ(folder.read(u"source.iso"_s), row.source);
+        EXPECT_EQ(split.report(), report) << what;
+        EXPECT_EQ(folder.read(u"source.iso"_s), source);
     }
 }
 

@@ -1,10 +1,8 @@
 // Small record files in a folder of the test's own.
 #pragma once
 
-#include "support/qtPrinters.h"
+#include "support/testFolder.h"
 #include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 #include <algorithm>
 
 namespace files {
@@ -21,28 +19,15 @@ inline QByteArray lines(int count, int first = 1) {
     return bytes;
 }
 
-class Folder {
+class Folder : public TestFolder {
 public:
-    QString path(const QString &name) const { return m_folder.filePath(name); }
-    QString write(const QString &name, const QByteArray &bytes) const {
-        QFile file(path(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-            qFatal("cannot prepare %s", qPrintable(file.fileName()));
-        return path(name);
-    }
-    QByteArray read(const QString &name) const {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no such file)");
-    }
+    QString write(const QString &name, const QByteArray &bytes) const { return file(name, bytes); }
     // The names of the files, without the source's own.
     QStringList names() const {
-        QStringList all = QDir(m_folder.path()).entryList(QDir::Files | QDir::System, QDir::Name);
+        QStringList all = QDir(path()).entryList(QDir::Files | QDir::System, QDir::Name);
         all.removeAll(QStringLiteral("source.iso"));
         return all;
     }
-
-private:
-    QTemporaryDir m_folder;
 };
 
 // How many record files this process holds open; what the toolkit opens for itself does not count.

@@ -3,11 +3,8 @@
 #include "filetools/frmUnionFile.h"
 #include "support/fullDisk.h"
 #include "support/scriptedHost.h"
-#include <QTest>
-#include <gtest/gtest.h>
 
 using namespace filetools;
-using namespace Qt::StringLiterals;
 using files::lines;
 using platform::Answer;
 
@@ -62,7 +59,7 @@ struct MergeDesk : Desk<frmUnionFile> {
 
 } // namespace
 
-TEST(frmCutFile, SplitsByTheKeyboardAlone) {
+TEST(FrmCutFile, SplitsByTheKeyboardAlone) {
     SplitDesk desk;
     frmCutFile &form = *desk.form;
     ASSERT_TRUE(form.Text1[0]->hasFocus());
@@ -94,7 +91,7 @@ TEST(frmCutFile, SplitsByTheKeyboardAlone) {
     EXPECT_EQ(form.labShuDo->pacedText(), u"成功处理：25条"_s);
     EXPECT_EQ(form.labJinDu->pacedText(), u"处理结束"_s);
     EXPECT_EQ(desk.host.texts(), QStringList{look});
-    EXPECT_EQ(desk.host.opened, QStringList{desk.folder.path(QString()) + u'/'});
+    EXPECT_EQ(desk.host.opened, QStringList{desk.folder.path()});
     EXPECT_EQ(desk.folder.read(u"a702.iso"_s), lines(5, 21));
     ASSERT_EQ(desk.reports.size(), 1);
     EXPECT_TRUE(desk.reports[0].startsWith(u"【源文件】\r\n文件{"_s + desk.source + u"处理了25条"));
@@ -110,7 +107,7 @@ TEST(frmCutFile, SplitsByTheKeyboardAlone) {
     EXPECT_EQ(desk.host.lastBox().preselected, Answer::No);
 }
 
-TEST(frmCutFile, RefusesWithTheFocusWhereTheFaultIs) {
+TEST(FrmCutFile, RefusesWithTheFocusWhereTheFaultIs) {
     SplitDesk desk;
     frmCutFile &form = *desk.form;
     desk.fill(desk.source, u"  "_s, u"9"_s);
@@ -131,7 +128,7 @@ TEST(frmCutFile, RefusesWithTheFocusWhereTheFaultIs) {
     EXPECT_EQ(form.Text1[0]->text(), QString());
 }
 
-TEST(frmCutFile, DeletesWhatMatchesTheMaskToTheLetterAndOnlyAfterYes) {
+TEST(FrmCutFile, DeletesWhatMatchesTheMaskToTheLetterAndOnlyAfterYes) {
     SplitDesk desk;
     const QStringList strangers{u"a750.iso"_s, u"[ab]*7001.iso"_s, u"[ab]*800.iso"_s, u"[ab]*7x.iso"_s, u"bz701.iso"_s};
     for (const QString &name : strangers + QStringList{u"[ab]*701.iso"_s, u"[ab]*7zz.iso"_s})
@@ -153,21 +150,18 @@ TEST(frmCutFile, DeletesWhatMatchesTheMaskToTheLetterAndOnlyAfterYes) {
     EXPECT_TRUE(desk.host.opened.isEmpty());
 }
 
-TEST(frmCutFile, AFailedRunIsADeadEndWithoutLostFiles) {
+TEST(FrmCutFile, AFailedRunIsADeadEndWithoutLostFiles) {
     const qsizetype before = files::openFiles();
-    struct Row {
-        QString source, target;
-    };
-    for (const Row &row :
-         {Row{u"source.iso"_s, u"none/a.iso"_s}, Row{u"a755.iso"_s, u"a.iso"_s}, Row{u"source.iso"_s, u"b.iso"_s}}) {
+    for (const auto &[source, target] :
+         {std::pair(u"source.iso"_s, u"none/a.iso"_s), {u"a755.iso"_s, u"a.iso"_s}, {u"source.iso"_s, u"b.iso"_s}}) {
         SplitDesk desk;
         desk.folder.write(u"a755.iso"_s, lines(3)); // the second row's source goes with the mask's files
-        desk.fill(desk.folder.path(row.source), desk.folder.path(row.target), u"10"_s);
-        if (row.target == u"a.iso")
+        desk.fill(desk.folder.path(source), desk.folder.path(target), u"10"_s);
+        if (target == u"a.iso")
             desk.host.willAnswer(Answer::Yes);
         const FullDisk disk(4 * lines(1).size() + 1);
         desk.form->cmdclick[0]->click();
-        if (row.target == u"b.iso") {
+        if (target == u"b.iso") {
             EXPECT_EQ(desk.form->labShuDo->text(), u"成功处理：4条"_s) << "as many as the file holds";
         }
         EXPECT_TRUE(desk.host.lastBox().text.startsWith(u"【cmdClick】"_s)) << desk.host.lastBox().text.toStdString();
@@ -181,7 +175,7 @@ TEST(frmCutFile, AFailedRunIsADeadEndWithoutLostFiles) {
     }
 }
 
-TEST(frmCutFile, ReadsOnInASourceThatGrows) {
+TEST(FrmCutFile, ReadsOnInASourceThatGrows) {
     SplitDesk desk;
     desk.fill(desk.source, desk.folder.path(u"a.iso"_s), u"10"_s);
     desk.host.onYield = [&, left = 20]() mutable {
@@ -194,7 +188,7 @@ TEST(frmCutFile, ReadsOnInASourceThatGrows) {
     EXPECT_EQ(desk.form->labShuDo->pacedText(), u"成功处理：45条"_s);
 }
 
-TEST(frmUnionFile, MergesTheListInItsOrder) {
+TEST(FrmUnionFile, MergesTheListInItsOrder) {
     MergeDesk desk;
     frmUnionFile &form = *desk.form;
     const QString target = desk.folder.write(u"all.iso"_s, "kept");
@@ -227,14 +221,14 @@ TEST(frmUnionFile, MergesTheListInItsOrder) {
     EXPECT_EQ(shown.last(), desk.two + u" 成功处理：10条");
     EXPECT_EQ(desk.folder.read(u"all.iso"_s), lines(7) + lines(4, 4));
     EXPECT_TRUE(desk.reports.value(0).endsWith(u"文件{"_s + target + u"}保存了11条记录！"));
-    EXPECT_EQ(desk.host.opened, QStringList{desk.folder.path(QString()) + u'/'});
+    EXPECT_EQ(desk.host.opened, QStringList{desk.folder.path()});
     EXPECT_TRUE(form.cmdSave->isEnabled() && !form.Text1->isReadOnly());
     desk.host.willAnswer(Answer::Yes);
     form.close();
     EXPECT_EQ(desk.host.lastBox().text, leave);
 }
 
-TEST(frmUnionFile, RefusesAndEndsDeadAsTheSplitDoes) {
+TEST(FrmUnionFile, RefusesAndEndsDeadAsTheSplitDoes) {
     const qsizetype before = files::openFiles();
     MergeDesk desk;
     desk.form->Text1->setText(desk.one);
