@@ -7,6 +7,8 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QRegularExpression>
+#include <algorithm>
+#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -34,6 +36,15 @@ int differing(const marc::PreReadStore &records, const QString &file) {
         found += !there || records.number(row) != QString::number(row + 1) || records.record(row) != cutter.record();
     }
     return found;
+}
+
+// Whether a split or a merge is under way, or has failed in mid run.
+bool aRunStands() {
+    return std::ranges::any_of(std::array{u"frmCutFile/labJinDu"_s, u"frmUnionFile/labJinDu"_s},
+                               [](const QString &name) {
+                                   const auto *state = TourDriver::find<platform::PacedLabel>(name);
+                                   return state && state->text() != u"处理结束";
+                               });
 }
 
 } // namespace
@@ -87,7 +98,7 @@ void MonkeyWatch::boxOpened(const QString &text) {
     if (const auto match = exportMessage.match(text); match.hasMatch())
         exportEnded(match.captured(1).toInt(), match.captured(2));
     else if (text.startsWith(u"【cmdClick】"))
-        m_stuck = true;
+        m_stuck = aRunStands(); // a refusal in front of a run leaves nothing stuck
 }
 
 void MonkeyWatch::boxClosed(const QMessageBox &box) {
