@@ -1,11 +1,12 @@
 #include "catalogue/listStatements.h"
-#include "catalogue/zskListFrm.h"
+#include "catalogue/windows/zskListFrm.h"
+#include "database/linkPool.h"
+#include "database/sqlDialect.h"
 #include "driverLoop.h"
-#include "import/frmDaoRuJindu.h"
 #include "import/recordRow.h"
+#include "import/windows/frmDaoRuJindu.h"
+#include "marc/recordCutter.h"
 #include "pairs.h"
-#include "platform/database/connection.h"
-#include "platform/database/sqlDialect.h"
 #include <QFile>
 
 using namespace Qt::StringLiterals;
@@ -15,7 +16,7 @@ namespace bench {
 namespace {
 
 QByteArray asSqlite(const QString &statement) {
-    return platform::rewrite(statement, platform::Server::Sqlite).toUtf8();
+    return database::rewrite(statement, database::Server::Sqlite).toUtf8();
 }
 
 QByteArray countOf(const QString &database) {
@@ -49,7 +50,8 @@ std::optional<double> importInWindow(const BenchStage &stage, std::shared_ptr<co
     const QString database = stage.freshPath(u"import.db");
     QFile::copy(stage.emptyDatabase(), database);
     BenchHost host;
-    const platform::SessionState state{connectionTo(database)};
+    database::LinkPool links;
+    const database::SessionState state{links, connectionTo(database)};
     importing::frmDaoRuJindu window(host, state, records);
     window.Text1->setText(u"0"_s);
     window.Text2->setText(QString::number(records->rowCount()));
@@ -59,7 +61,7 @@ std::optional<double> importInWindow(const BenchStage &stage, std::shared_ptr<co
         settle();
         return true;
     });
-    platform::endKeptConnections();
+    links.dropKept();
     return countOf(database) == QByteArray::number(importCount) ? taken : std::nullopt;
 }
 
@@ -76,7 +78,7 @@ std::optional<double> importByLoop(const BenchStage &stage, const std::vector<QB
 // The list window on a database.
 struct List {
     explicit List(const QString &database)
-        : state{connectionTo(database)}
+        : state{links, connectionTo(database)}
         , window(state, host, order, {.showDetail = [](qint32) {}, .showOrderby = [] {}, .showReport = [](auto &) {}}) {
     }
 
@@ -88,7 +90,8 @@ struct List {
     }
 
     BenchHost host;
-    platform::SessionState state;
+    database::LinkPool links;
+    database::SessionState state;
     catalogue::CatalogueOrder order;
     catalogue::ZSKListFrm window;
 };

@@ -1,5 +1,5 @@
-#include "filetools/frmCutFile.h"
-#include "filetools/frmUnionFile.h"
+#include "filetools/windows/frmCutFile.h"
+#include "filetools/windows/frmUnionFile.h"
 #include "pairs.h"
 #include <QDir>
 #include <QFileInfo>

@@ -3,6 +3,7 @@
 #include "marc/configurationFiles.h"
 #include "marc/fieldLookup.h"
 #include "marc/preReadStore.h"
+#include "marc/recordCutter.h"
 #include "marc/recordWriter.h"
 #include "platform/codepage936.h"
 #include <benchmark/benchmark.h>
@@ -68,7 +69,7 @@ void lineCount(benchmark::State &state) {
         lines += marc::lineCount(file()).value();
     state.SetItemsProcessed(lines);
 }
-BENCHMARK(lineCount)->Unit(benchmark::kMillisecond);
+BENCHMARK(lineCount)->Unit(benchmark::millisecond);
 
 void firstView(benchmark::State &state) {
     for (auto _ : state) {
@@ -78,7 +79,7 @@ void firstView(benchmark::State &state) {
         benchmark::DoNotOptimize(marc::showRecord(store.record(0)));
     }
 }
-BENCHMARK(firstView)->Unit(benchmark::kMillisecond);
+BENCHMARK(firstView)->Unit(benchmark::millisecond);
 
 void readOn(benchmark::State &state) {
     qint64 records = 0;
@@ -89,7 +90,7 @@ void readOn(benchmark::State &state) {
     }
     state.SetItemsProcessed(records);
 }
-BENCHMARK(readOn)->Unit(benchmark::kMillisecond);
+BENCHMARK(readOn)->Unit(benchmark::millisecond);
 
 void showRecord(benchmark::State &state) {
     marc::PreReadStore store;
@@ -102,7 +103,7 @@ void showRecord(benchmark::State &state) {
     }
     state.SetItemsProcessed(records);
 }
-BENCHMARK(showRecord)->Unit(benchmark::kMillisecond);
+BENCHMARK(showRecord)->Unit(benchmark::millisecond);
 
 void madeMyMarc(benchmark::State &state) {
     marc::PreReadStore store;
@@ -119,7 +120,7 @@ void madeMyMarc(benchmark::State &state) {
     }
     state.SetItemsProcessed(records);
 }
-BENCHMARK(madeMyMarc)->Unit(benchmark::kMillisecond);
+BENCHMARK(madeMyMarc)->Unit(benchmark::millisecond);
 
 } // namespace
 

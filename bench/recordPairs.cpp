@@ -1,8 +1,9 @@
 #include "benchStage.h"
 #include "marc/fieldLookup.h"
+#include "marc/recordCutter.h"
 #include "pairs.h"
-#include "workspace/frmDaoru.h"
 #include "workspace/preReadEngine.h"
+#include "workspace/windows/frmDaoru.h"
 #include <QApplication>
 #include <QFileInfo>
 #include <QProcess>

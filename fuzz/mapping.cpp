@@ -1,18 +1,19 @@
 // A record on its way into the store: row, statement, and the statement as each server spells it.
+#include "app/startUp.h"
+#include "database/sqlDialect.h"
+#include "database/sqlTokens.h"
 #include "fuzz/apart.h"
 #include "fuzz/input.h"
 #include "fuzz/targets.h"
 #include "import/recordRow.h"
 #include "platform/codepage936.h"
-#include "platform/database/sqlDialect.h"
-#include "platform/database/sqlTokens.h"
 #include <QFile>
 #include <array>
 #include <memory>
 #include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
-using platform::Server;
+using database::Server;
 
 namespace fuzz {
 
@@ -71,14 +72,14 @@ void checkStatement(const importing::RecordRow &row, const QString &record) {
     bare.price = row.price;
     const QString bareStatement = importing::insertStatement(bare);
     for (const Server server : servers) {
-        const Apart spelled = apart(platform::rewrite(statement, server));
+        const Apart spelled = apart(database::rewrite(statement, server, app::tableNames()));
         require(spelled.literals == parts.literals, "literals survive the rewriting");
-        require(spelled.outside == apart(platform::rewrite(bareStatement, server)).outside,
+        require(spelled.outside == apart(database::rewrite(bareStatement, server, app::tableNames())).outside,
                 "no record has a say in what stands outside the literals");
     }
     static const std::unique_ptr<Store> store = std::make_unique<Store>();
     if (!record.contains(u'\0'))
-        store->takes(platform::rewrite(statement, Server::Sqlite), record);
+        store->takes(database::rewrite(statement, Server::Sqlite, app::tableNames()), record);
 }
 
 void checkRecord(const QString &record) {
@@ -102,13 +103,14 @@ void mapping(QByteArrayView bytes) {
     checkRecord(withApostrophes(record));
 
     QString joined;
-    for (const platform::Token &token : platform::tokensOf(record)) {
+    for (const database::Token &token : database::tokensOf(record)) {
         require(!token.text.isEmpty(), "no token is empty");
         joined += token.text;
     }
     require(joined == record, "tokens leave nothing out");
     for (const Server server : servers)
-        require(platform::rewrite(record, server).isEmpty() == record.isEmpty(), "any text is rewritten to a text");
+        require(database::rewrite(record, server, app::tableNames()).isEmpty() == record.isEmpty(),
+                "any text is rewritten to a text");
 }
 
 } // namespace fuzz

@@ -1,5 +1,5 @@
 // The box with a mask under any keys and texts.
-#include "platform/widgets/maskedEdit.h"
+#include "widgets/maskedEdit.h"
 #include "fuzz/input.h"
 #include "fuzz/targets.h"
 #include <QApplication>
@@ -8,7 +8,7 @@
 #include <array>
 
 using namespace Qt::StringLiterals;
-using platform::MaskedEdit;
+using widgets::MaskedEdit;
 
 namespace fuzz {
 
@@ -19,7 +19,7 @@ void checkShape(const MaskedEdit &edit) {
     const QString text = edit.text();
     if (mask.isEmpty())
         return;
-    require(text.size() == mask.size() && edit.emptyMask().size() == mask.size(), "a mask keeps its length");
+    require(text.size() == mask.size(), "a mask keeps its length");
     for (qsizetype i = 0; i < mask.size(); ++i) {
         const bool digit = text[i] >= u'0' && text[i] <= u'9';
         require(mask[i] == u'#' ? digit || text[i] == u'_' : text[i] == mask[i],
@@ -45,7 +45,7 @@ void press(MaskedEdit &edit, Input &input) {
     switch (input.below(7)) {
     case 0:
         edit.setMask(input.oneOf(masks).toString());
-        require(edit.text() == edit.emptyMask(), "a new mask is empty");
+        require(edit.text() == QString(edit.mask()).replace(u'#', u'_'), "a new mask is empty");
         break;
     case 1:
         setText(edit, input.text());

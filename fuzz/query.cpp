@@ -1,17 +1,18 @@
 // The query dialogs' logic under any series of presses, twice in step: once with the values as they come, once with
 // harmless ones. Where no value holds an apostrophe, the two differ in nothing but their literals.
+#include "app/startUp.h"
 #include "catalogue/listStatements.h"
 #include "catalogue/queryBuilder.h"
+#include "database/sqlDialect.h"
 #include "fuzz/apart.h"
 #include "fuzz/input.h"
 #include "fuzz/targets.h"
-#include "platform/database/sqlDialect.h"
 #include <algorithm>
 #include <array>
 
 using namespace Qt::StringLiterals;
 using namespace catalogue;
-using platform::Server;
+using database::Server;
 
 namespace fuzz {
 
@@ -66,8 +67,8 @@ void checkStatements(Pair &pair) {
         const QString model = statement(harmless.condition, harmless.order);
         require(apart(text).outside == apart(model).outside, "only literals hold what was typed");
         for (const Server server : servers) {
-            const Apart spelled = apart(platform::rewrite(text, server));
-            require(spelled.outside == apart(platform::rewrite(model, server)).outside,
+            const Apart spelled = apart(database::rewrite(text, server, app::tableNames()));
+            require(spelled.outside == apart(database::rewrite(model, server, app::tableNames())).outside,
                     "no value has a say in what stands outside the literals");
             for (const QString &value : pair.values)
                 require(spelled.literals.contains(value), "a value goes to the server as it was typed");

@@ -5,7 +5,7 @@
 #include "filetools/splitRun.h"
 #include "fuzz/input.h"
 #include "fuzz/targets.h"
-#include "marc/recordReader.h"
+#include "marc/recordCutter.h"
 #include <QDir>
 #include <QFile>
 

@@ -1,9 +1,9 @@
 // Code page, numbers, connection text.
 #include "app/connectionText.h"
+#include "database/connectionText.h"
 #include "fuzz/input.h"
 #include "fuzz/targets.h"
 #include "platform/codepage936.h"
-#include "platform/database/connectionText.h"
 #include "platform/numbers.h"
 #include <QRegularExpression>
 #include <array>
@@ -12,6 +12,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace platform;
+using namespace database;
 
 namespace fuzz {
 

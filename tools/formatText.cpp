@@ -2,6 +2,7 @@
 #include "tools/sourceText.h"
 #include <QRegularExpression>
 #include <QSet>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 

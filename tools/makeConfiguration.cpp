@@ -4,6 +4,7 @@
 #include "platform/textFile.h"
 #include "tools/formatText.h"
 #include "tools/sourceText.h"
+#include <utility>
 
 using namespace Qt::StringLiterals;
 

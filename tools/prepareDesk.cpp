@@ -2,8 +2,9 @@
 // that stands the tables that it lacks; stores the connection text where there is no setting yet. It says what it did.
 // Nothing else makes a database: the program takes a file that is not there for a database that cannot be reached.
 // Usage: prepareDesk DATABASE-FILE CONNECTION-TEXT
-#include "app/startUp.h"
-#include "platform/database/script.h"
+#include "database/linkPool.h"
+#include "database/script.h"
+#include "database/storedConnection.h"
 #include <QCoreApplication>
 #include <QFile>
 #include <cstdio>
@@ -17,12 +18,12 @@ QString resource(const QString &path) {
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
-platform::Result<platform::Connection> openDatabase(const QString &path) {
-    return platform::Connection::open(u"Driver=SQLite3;Database=" + path + u';');
+platform::Result<database::Connection> openDatabase(database::LinkPool &links, const QString &path) {
+    return database::Connection::open(links, u"Driver=SQLite3;Database=" + path + u';');
 }
 
-platform::Status runWhole(platform::Connection &connection, const QString &script) {
-    return platform::runScript(connection, u"begin transaction;" + script + u"commit;");
+platform::Status runWhole(database::Connection &connection, const QString &script) {
+    return database::runScript(connection, u"begin transaction;" + script + u"commit;");
 }
 
 // The database grows under another name and gets its own only when it is whole.
@@ -31,14 +32,14 @@ platform::Status makeDatabase(const QString &path) {
     if (QFile empty(growing); !empty.open(QIODevice::WriteOnly | QIODevice::Truncate))
         return platform::Failure{empty.errorString()};
     {
-        auto connection = openDatabase(growing);
+        database::LinkPool links;
+        auto connection = openDatabase(links, growing);
         if (!connection)
             return connection.failure();
         const QString script = resource(u":/schema/sqlite.sql"_s) + resource(u":/schema/sample.sql"_s);
         if (const platform::Status run = runWhole(connection.value(), script); !run)
             return run;
     }
-    platform::endKeptConnections();
     QFile file(growing);
     if (!file.rename(path))
         return platform::Failure{file.errorString()};
@@ -47,7 +48,8 @@ platform::Status makeDatabase(const QString &path) {
 
 // Makes the tables and indexes that a database lacks, without rows; the names of what was made.
 platform::Result<QStringList> mendDatabase(const QString &path) {
-    auto connection = openDatabase(path);
+    database::LinkPool links;
+    auto connection = openDatabase(links, path);
     if (!connection)
         return connection.failure();
     const auto standing = connection.value().query(u"select lower(name) from sqlite_master"_s);
@@ -57,7 +59,7 @@ platform::Result<QStringList> mendDatabase(const QString &path) {
     for (int row = 0; row < standing.value()->rowCount(); ++row)
         known.append(standing.value()->text(row, 0));
     QString script;
-    for (const QString &statement : platform::statementsOf(resource(u":/schema/sqlite.sql"_s))) {
+    for (const QString &statement : database::statementsOf(resource(u":/schema/sqlite.sql"_s))) {
         const QString name = statement.simplified().section(u' ', 2, 2); // create table NAME
         if (known.contains(name.toLower()))
             continue;
@@ -71,13 +73,8 @@ platform::Result<QStringList> mendDatabase(const QString &path) {
 
 platform::Status storeSetting(const QString &connectionString) {
     const platform::Settings settings;
-    const QString application = app::settingApplication.toString();
-    const QString section = app::settingSection.toString();
-    const QString key = app::settingKey.toString();
-    const QString absent = app::settingAbsent.toString();
-    if (settings.read(application, section, key, absent) != absent)
-        return platform::success();
-    return settings.write(application, section, key, connectionString);
+    return database::storedConnection(settings) ? platform::success()
+                                                : database::storeConnection(settings, connectionString);
 }
 
 // A database that cannot be mended keeps nobody from the program: files are read without one.

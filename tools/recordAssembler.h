@@ -2,14 +2,15 @@
 // sorted, dropped or made anew. For sample and benchmark files only; the program's own writer follows other rules.
 #pragma once
 
+#include "marc/separators.h"
 #include <QByteArray>
 #include <QByteArrayView>
 
 namespace tools {
 
-inline constexpr char recordTerminator = 0x1D;
-inline constexpr char fieldTerminator = 0x1E;
-inline constexpr char subfieldDelimiter = 0x1F;
+inline constexpr char recordTerminator = marc::recordTerminator;
+inline constexpr char fieldTerminator = marc::fieldTerminator;
+inline constexpr char subfieldDelimiter = marc::subfieldDelimiter;
 
 class RecordAssembler {
 public:

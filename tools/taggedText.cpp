@@ -2,6 +2,7 @@
 #include "platform/codepage936.h"
 #include "tools/recordAssembler.h"
 #include "tools/sourceText.h"
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 

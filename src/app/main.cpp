@@ -1,10 +1,13 @@
-#include "app/program.h"
+#include "app/startUp.h"
+#include "app/windows/program.h"
+#include "database/linkPool.h"
 #include "platform/desktop/qtHost.h"
 #include <QApplication>
 
 int main(int argc, char **argv) {
     QApplication application(argc, argv);
     platform::prepareToolkit();
-    platform::QtHost host{platform::Settings()};
-    return app::runProgram(host);
+    database::LinkPool links(app::tableNames());
+    platform::QtHost host(platform::Settings(), [&links] { links.dropKept(); });
+    return app::runProgram(host, links);
 }

@@ -2,17 +2,14 @@
 // connection dialog of a first run.
 #pragma once
 
-#include "platform/database/sublib.h"
+#include "database/sublib.h"
 #include "platform/host.h"
 #include <functional>
 
 namespace app {
 
-// Where the connection text is kept in the settings store.
-inline constexpr QStringView settingApplication = u"Tarvex集成系统";
-inline constexpr QStringView settingSection = u"Setting";
-inline constexpr QStringView settingKey = u"TarvexPass";
-inline constexpr QStringView settingAbsent = u"NotExsists"; // the marker of a first run
+// The tables of the database, as the schema scripts spell them.
+QStringList tableNames();
 
 struct StartUpWindows {
     std::function<void()> showConnectionDialog; // modally
@@ -25,7 +22,7 @@ struct StartUpFindings {
 };
 
 // Fills the session state; whether the program goes on into its event loop. Otherwise it ends.
-bool startUp(platform::Host &host, const StartUpFindings &found, platform::SessionState &state,
+bool startUp(platform::Host &host, const StartUpFindings &found, database::SessionState &state,
              const StartUpWindows &windows);
 
 } // namespace app

@@ -1,4 +1,6 @@
 #include "assist/field100Table.h"
+#include <array>
+#include <span>
 
 namespace assist {
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "assist/codedBoxes.h"
+#include <span>
 
 namespace assist {
 

@@ -1,4 +1,6 @@
 #include "assist/leaderTable.h"
+#include <array>
+#include <span>
 
 namespace assist {
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "assist/codedBoxes.h"
+#include <span>
 
 namespace assist {
 

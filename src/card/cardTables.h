@@ -4,6 +4,7 @@
 
 #include "card/kapian.h"
 #include "card/zdxsKaPian.h"
+#include <array>
 
 namespace card {
 

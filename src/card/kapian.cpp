@@ -1,6 +1,7 @@
 #include "card/kapian.h"
 #include "platform/numbers.h"
 #include <algorithm>
+#include <array>
 #include <functional>
 
 using namespace Qt::StringLiterals;

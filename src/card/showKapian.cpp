@@ -1,8 +1,11 @@
 #include "card/showKapian.h"
 #include "card/cardTables.h"
+#include "marc/directory.h"
 #include "marc/separators.h"
 #include "platform/numbers.h"
+#include <array>
 #include <cmath>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 using platform::trimBlanks;

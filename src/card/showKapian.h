@@ -2,7 +2,7 @@
 // only line breaks (CR LF) are those of the card itself.
 #pragma once
 
-#include "marc/recordReader.h"
+#include "marc/rawRecord.h"
 #include <QStringList>
 #include <optional>
 

@@ -1,5 +1,5 @@
 #include "card/subfieldWalk.h"
-#include "marc/recordReader.h"
+#include "marc/subfields.h"
 #include <algorithm>
 
 using namespace Qt::StringLiterals;

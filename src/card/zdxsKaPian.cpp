@@ -1,4 +1,5 @@
 #include "card/zdxsKaPian.h"
+#include <array>
 
 namespace card {
 

@@ -1,9 +1,10 @@
 // What the detail window shows: the labels of a catalogue row, and the copies with their loans.
 #pragma once
 
-#include "platform/database/resultTable.h"
+#include "database/resultTable.h"
 #include <array>
 #include <memory>
+#include <utility>
 
 namespace catalogue {
 
@@ -14,19 +15,19 @@ extern const std::array<QStringView, detailLabels> detailCaptions;
 
 // The labels' values from the first row of the result, in the order of the captions; a column that is missing or NULL
 // gives an empty text.
-std::array<QString, detailLabels> detailValues(const platform::ResultTable &book);
+std::array<QString, detailLabels> detailValues(const database::ResultTable &book);
 
 // The copies as the grid shows them: column 5 in words.
 class CopiesTable final : public platform::TableSource {
 public:
-    explicit CopiesTable(std::shared_ptr<const platform::ResultTable> copies)
+    explicit CopiesTable(std::shared_ptr<const database::ResultTable> copies)
         : m_copies(std::move(copies)) {}
     int rowCount() const override { return m_copies->rowCount(); }
     int columnCount() const override { return m_copies->columnCount(); }
     QString text(int row, int column) const override;
 
 private:
-    std::shared_ptr<const platform::ResultTable> m_copies;
+    std::shared_ptr<const database::ResultTable> m_copies;
 };
 
 } // namespace catalogue

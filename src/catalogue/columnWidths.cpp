@@ -6,18 +6,18 @@ namespace catalogue {
 
 namespace {
 
-constexpr int kShared = -1;     // in a row of widths: this column shares what is left
-constexpr int kNarrowest = 910; // a sharing column stays legible in a grid too narrow for its fixed columns
-constexpr int kWithScrollBar = 360;
-constexpr int kWithout = 80;
+constexpr int shared = -1;     // in a row of widths: this column shares what is left
+constexpr int narrowest = 910; // a sharing column stays legible in a grid too narrow for its fixed columns
+constexpr int withScrollBar = 360;
+constexpr int without = 80;
 
 QList<int> shareOut(QList<int> widths, const GridRoom &room) {
     int fixed = 0;
     for (const int width : widths)
-        fixed += width == kShared ? 0 : width;
-    const int left = room.width - fixed - (scrollBarShows(room) ? kWithScrollBar : kWithout);
-    const int share = std::max(kNarrowest, left / int(widths.count(kShared)));
-    std::ranges::replace(widths, kShared, share);
+        fixed += width == shared ? 0 : width;
+    const int left = room.width - fixed - (scrollBarShows(room) ? withScrollBar : without);
+    const int share = std::max(narrowest, left / int(widths.count(shared)));
+    std::ranges::replace(widths, shared, share);
     return widths;
 }
 
@@ -30,11 +30,11 @@ bool scrollBarShows(const GridRoom &room) {
 }
 
 QList<int> catalogueWidths(const GridRoom &room) {
-    return shareOut({0, 1340, kShared, 1340, 910, kShared, 910, 1340}, room);
+    return shareOut({0, 1340, shared, 1340, 910, shared, 910, 1340}, room);
 }
 
 QList<int> copiesWidths(const GridRoom &room) {
-    return shareOut({kShared, 910, kShared, 910, 910, 910, kShared}, room);
+    return shareOut({shared, 910, shared, 910, 910, 910, shared}, room);
 }
 
 QList<int> storeWidths() {

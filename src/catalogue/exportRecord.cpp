@@ -1,8 +1,10 @@
 #include "catalogue/exportRecord.h"
+#include "marc/separators.h"
 #include "platform/codepage936.h"
 #include "platform/numbers.h"
 #include <algorithm>
 #include <array>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -18,7 +20,7 @@ struct Column {
 };
 
 // In reading order. "edtion" is no column: the read fails without a word, and no edition reaches a record.
-constexpr auto kColumns = std::to_array<Column>({
+constexpr auto columns = std::to_array<Column>({
     {u"zskid", &CatalogueRow::zskid},
     {u"isbn", &CatalogueRow::isbn},
     {u"lagclass", &CatalogueRow::lagclass},
@@ -50,25 +52,30 @@ struct Field {
     std::array<Subfield, 3> subfields;
 };
 
-constexpr Subfield kNone{0, nullptr};
+constexpr Subfield noSubfield{0, nullptr};
 
-constexpr auto kFields = std::to_array<Field>({
-    {"010", "  ", {&CatalogueRow::isbn}, {{{'a', &CatalogueRow::isbn}, kNone, kNone}}},
-    {"101", "  ", {&CatalogueRow::lagclass}, {{{'a', &CatalogueRow::lagclass}, kNone, kNone}}},
-    {"200", "1 ", {&CatalogueRow::bookname}, {{{'a', &CatalogueRow::bookname}, {'f', &CatalogueRow::author}, kNone}}},
-    {"210", "  ", {&CatalogueRow::pubdate}, {{{'c', &CatalogueRow::publisher}, {'d', &CatalogueRow::pubdate}, kNone}}},
+constexpr auto fields = std::to_array<Field>({
+    {"010", "  ", {&CatalogueRow::isbn}, {{{'a', &CatalogueRow::isbn}, noSubfield, noSubfield}}},
+    {"101", "  ", {&CatalogueRow::lagclass}, {{{'a', &CatalogueRow::lagclass}, noSubfield, noSubfield}}},
+    {"200",
+     "1 ",
+     {&CatalogueRow::bookname},
+     {{{'a', &CatalogueRow::bookname}, {'f', &CatalogueRow::author}, noSubfield}}},
+    {"210",
+     "  ",
+     {&CatalogueRow::pubdate},
+     {{{'c', &CatalogueRow::publisher}, {'d', &CatalogueRow::pubdate}, noSubfield}}},
     {"215",
      "  ",
      {&CatalogueRow::pages, &CatalogueRow::appendix},
      {{{'a', &CatalogueRow::pages}, {'e', &CatalogueRow::appendix}, {'d', &CatalogueRow::measure}}}},
-    {"690", "  ", {&CatalogueRow::classcode}, {{{'a', &CatalogueRow::classcode}, kNone, kNone}}},
+    {"690", "  ", {&CatalogueRow::classcode}, {{{'a', &CatalogueRow::classcode}, noSubfield, noSubfield}}},
 });
 
-constexpr char kRecordTerminator = 0x1D;
-constexpr char kFieldTerminator = 0x1E;
-constexpr char kSubfieldMark = 0x1F;
-constexpr int kLeaderLength = 24;
-constexpr int kControlNumberLength = 11; // counted so whatever it really has
+constexpr char recordTerminator = marc::recordTerminator;
+constexpr char fieldTerminator = marc::fieldTerminator;
+constexpr char subfieldDelimiter = marc::subfieldDelimiter;
+constexpr int controlNumberLength = 11; // counted so whatever it really has
 
 bool isWritten(const Field &field, const CatalogueRow &row) {
     return std::ranges::any_of(field.needs, [&](Value value) { return value && !(row.*value).isEmpty(); });
@@ -79,20 +86,20 @@ QByteArray fieldBytes(const Field &field, const CatalogueRow &row) {
     for (const Subfield &subfield : field.subfields) {
         if (!subfield.value || (row.*subfield.value).isEmpty())
             continue;
-        bytes += kSubfieldMark;
+        bytes += subfieldDelimiter;
         bytes += subfield.code;
         bytes += platform::encode(row.*subfield.value);
     }
-    return bytes += kFieldTerminator;
+    return bytes += fieldTerminator;
 }
 
 } // namespace
 
-CatalogueRow readCatalogueRow(const platform::ResultTable &result) {
+CatalogueRow readCatalogueRow(const database::ResultTable &result) {
     CatalogueRow row;
     if (result.rowCount() == 0)
         return row;
-    for (const Column &column : kColumns) {
+    for (const Column &column : columns) {
         if (const std::optional<int> found = result.column(column.name))
             row.*column.value = result.text(0, *found);
     }
@@ -109,9 +116,9 @@ QString Geshi2(qint64 number) {
 
 QByteArray exportRecord(const CatalogueRow &row) {
     QByteArray directory = "001001100000"_ba;
-    QByteArray data = Geshi2(platform::toInt32(row.zskid).value_or(0)).toLatin1() + "hteva" + kFieldTerminator;
-    qint64 position = kControlNumberLength;
-    for (const Field &field : kFields) {
+    QByteArray data = Geshi2(platform::toInt32(row.zskid).value_or(0)).toLatin1() + "hteva" + fieldTerminator;
+    qint64 position = controlNumberLength;
+    for (const Field &field : fields) {
         if (!isWritten(field, row))
             continue;
         const QByteArray bytes = fieldBytes(field, row);
@@ -119,9 +126,9 @@ QByteArray exportRecord(const CatalogueRow &row) {
         position += bytes.size();
         data += bytes;
     }
-    const QByteArray length = Geshi2(position + kLeaderLength + directory.size() + 2).toLatin1();
-    const QByteArray base = Geshi2(kLeaderLength + directory.size() + 1).toLatin1();
-    return length + "nam  22" + base + "   450 " + directory + kFieldTerminator + data + kRecordTerminator;
+    const QByteArray length = Geshi2(position + marc::leaderLength + directory.size() + 2).toLatin1();
+    const QByteArray base = Geshi2(marc::leaderLength + directory.size() + 1).toLatin1();
+    return length + "nam  22" + base + "   450 " + directory + fieldTerminator + data + recordTerminator;
 }
 
 } // namespace catalogue

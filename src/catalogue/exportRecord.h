@@ -3,7 +3,7 @@
 // edition, series or subject; nothing from a publisher without a date, a size alone, an author without a title.
 #pragma once
 
-#include "platform/database/resultTable.h"
+#include "database/resultTable.h"
 #include <QByteArray>
 #include <QString>
 
@@ -16,7 +16,7 @@ struct CatalogueRow {
 };
 
 // The first row of the result, read by name; a row without values where there is none.
-CatalogueRow readCatalogueRow(const platform::ResultTable &result);
+CatalogueRow readCatalogueRow(const database::ResultTable &result);
 
 // The digits of a number with zeros in front to four and five characters; longer numbers stay as they are.
 QString Geshi1(qint64 number);

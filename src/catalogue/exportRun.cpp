@@ -4,6 +4,7 @@
 #include "catalogue/listTexts.h"
 #include "platform/numbers.h"
 #include "platform/paths.h"
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -11,7 +12,7 @@ namespace catalogue {
 
 namespace {
 
-constexpr QStringView kTitle = u"提示";
+constexpr QStringView boxTitle = u"提示";
 
 // The value where there is one; the failure is passed over.
 template <class T>
@@ -21,7 +22,7 @@ std::optional<T> valueOf(platform::Result<T> result) {
 
 } // namespace
 
-ExportRun::ExportRun(ExportSurface &list, platform::Host &host, const platform::SessionState &state)
+ExportRun::ExportRun(ExportSurface &list, platform::Host &host, const database::SessionState &state)
     : m_list(list)
     , m_host(host)
     , m_state(state) {}
@@ -31,7 +32,7 @@ void ExportRun::daochuMarc() {
     if (name.isEmpty())
         return;
     m_list.showProgress({});
-    m_connection = valueOf(platform::Connection::open(m_state.connectionString));
+    m_connection = valueOf(database::Connection::open(m_state.links, m_state.connectionString));
     m_file = valueOf(platform::ByteWriter::create(name));
     const int row = exportRows();
     if (m_ended)
@@ -39,7 +40,7 @@ void ExportRun::daochuMarc() {
     end();
     // After a stop this is one less than what was written; after a full run it is the number of rows.
     m_host.tell(u"本次操作成功导出" + QString::number(row - 1) + u"条数据\r\n以marc格式保存在文件" + name + u"中。",
-                kTitle.toString());
+                boxTitle.toString());
 }
 
 QString ExportRun::chooseName() {
@@ -47,12 +48,12 @@ QString ExportRun::chooseName() {
                                             .filter = u"cnmarc_file(*.iso)|*.iso|all files(*.*)|*.*"_s,
                                             .kind = platform::FileDialogKind::Save});
     if (name.isEmpty()) {
-        m_host.tell(u"请输入要保存marc数据的文件名！"_s, kTitle.toString());
+        m_host.tell(u"请输入要保存marc数据的文件名！"_s, boxTitle.toString());
         return {};
     }
     // The file is made under the name with its blanks, and must not replace one either.
     if (platform::fileExists(platform::trimBlanks(name)) || platform::fileExists(name)) {
-        m_host.tell(u"选择的路径下已经存在输入的文件名。请重新输入marc数据文件名！"_s, kTitle.toString());
+        m_host.tell(u"选择的路径下已经存在输入的文件名。请重新输入marc数据文件名！"_s, boxTitle.toString());
         return {};
     }
     return name;
@@ -87,7 +88,7 @@ bool ExportRun::askedToStop(int row) {
     if (!m_list.stopPressed())
         return false;
     handOver();
-    if (m_host.ask(u"已经成功导出" + QString::number(row) + u"条数据。确定要终止导出吗？", kTitle.toString()))
+    if (m_host.ask(u"已经成功导出" + QString::number(row) + u"条数据。确定要终止导出吗？", boxTitle.toString()))
         return true;
     m_list.goOn();
     return false;
@@ -103,7 +104,7 @@ void ExportRun::end() {
     if (m_file)
         (void)m_file->close();
     m_file.reset();
-    platform::closeConnection(m_connection);
+    database::closeConnection(m_connection);
 }
 
 } // namespace catalogue

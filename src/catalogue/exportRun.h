@@ -3,7 +3,7 @@
 // cannot be read still gives a record, with nothing but its control number.
 #pragma once
 
-#include "platform/database/sublib.h"
+#include "database/sublib.h"
 #include "platform/host.h"
 #include "platform/textFile.h"
 #include <optional>
@@ -23,7 +23,7 @@ public:
 
 class ExportRun {
 public:
-    ExportRun(ExportSurface &list, platform::Host &host, const platform::SessionState &state);
+    ExportRun(ExportSurface &list, platform::Host &host, const database::SessionState &state);
 
     // The whole run, in the caller's thread. The list may change in mid-run: the run goes on with the rows that stand.
     void daochuMarc();
@@ -43,8 +43,8 @@ private:
 
     ExportSurface &m_list;
     platform::Host &m_host;
-    const platform::SessionState &m_state;
-    platform::DbSession m_connection;
+    const database::SessionState &m_state;
+    database::DbSession m_connection;
     std::optional<platform::ByteWriter> m_file;
     bool m_ended = false;
 };

@@ -20,7 +20,7 @@ struct Operator {
 
 // In the order of the lists. With "=" the unfilled places act as the single-character wildcard; the ordering operators
 // fill them to the end that keeps the whole period on the right side.
-constexpr auto kOperators = std::to_array<Operator>({
+constexpr auto operators = std::to_array<Operator>({
     {u"等于", u"=", true, true, u"Like ", 0},
     {u"不等于", u"<>", true, true, u"<>", 0},
     {u"包含", u"Like", true, false, {}, 0},
@@ -46,7 +46,7 @@ QString joined(const QString &before, QStringView separator, const QString &term
 
 QStringList operatorsOf(FieldType type) {
     QStringList result;
-    for (const Operator &row : kOperators) {
+    for (const Operator &row : operators) {
         if (type == FieldType::Text ? row.forText : row.forOthers)
             result.append(row.label.toString());
     }
@@ -62,15 +62,15 @@ QString emptyValue(QStringView mask) {
 }
 
 QString fuhaoToSql(QStringView label) {
-    const auto row = std::ranges::find(kOperators, label, &Operator::label);
-    return row == kOperators.end() ? QString() : row->sql.toString();
+    const auto row = std::ranges::find(operators, label, &Operator::label);
+    return row == operators.end() ? QString() : row->sql.toString();
 }
 
 QString dateSql(const QString &fieldName, QStringView sqlOperator, const QString &value) {
     QString compared = value;
     compared.replace(u'-', u'/'); // style 111 of the conversion is yyyy/mm/dd
-    const auto row = std::ranges::find(kOperators, sqlOperator, &Operator::sql);
-    if (row == kOperators.end())
+    const auto row = std::ranges::find(operators, sqlOperator, &Operator::sql);
+    if (row == operators.end())
         return {};
     if (row->fill != 0)
         compared.replace(u'_', QChar(row->fill));

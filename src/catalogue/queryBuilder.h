@@ -58,7 +58,6 @@ public:
     std::optional<FieldType> curType() const { return m_curType; }
     const QString &curSql() const { return m_curSql; }
     const QString &unionSql() const { return m_unionSql; }
-    const QString &orderSql() const { return m_orderSql; }
     // The readable forms, and the labels not yet used for sorting.
     const QString &signSql() const { return m_signSql; }
     const QStringList &totalSql() const { return m_totalSql; }

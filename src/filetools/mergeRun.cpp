@@ -1,5 +1,6 @@
 #include "filetools/mergeRun.h"
 #include "platform/paths.h"
+#include <utility>
 
 using namespace Qt::StringLiterals;
 using platform::Failure;

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "filetools/recordSource.h"
+#include <memory>
 #include <optional>
 
 namespace filetools {

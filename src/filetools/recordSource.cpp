@@ -1,4 +1,5 @@
 #include "filetools/recordSource.h"
+#include <utility>
 
 namespace filetools {
 

@@ -1,7 +1,7 @@
 // The reading loop of the split and of the merge: the records of one file, as runs of bytes that nobody looks into.
 #pragma once
 
-#include "marc/recordReader.h"
+#include "marc/recordCutter.h"
 #include "platform/textFile.h"
 #include <memory>
 

@@ -1,5 +1,6 @@
 #include "filetools/splitRun.h"
 #include "filetools/checks.h"
+#include <utility>
 
 using namespace Qt::StringLiterals;
 using platform::Failure;

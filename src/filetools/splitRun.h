@@ -5,6 +5,7 @@
 
 #include "filetools/recordSource.h"
 #include "filetools/targetPattern.h"
+#include <memory>
 #include <optional>
 
 namespace filetools {

@@ -9,16 +9,16 @@ QString percentage(qint64 done, qint64 total) {
     return QString::number(hundredths / 100) + u'.' + QString::number(hundredths % 100).rightJustified(2, u'0') + u'%';
 }
 
-void ImportRun::take(const QString &record, const std::function<QString(const QString &)> &daoru) {
+void ImportRun::take(const QString &record, const std::function<bool(const QString &)> &daoru) {
     if (!record.isEmpty())
-        m_lastResult = daoru(record);
+        m_lastWentIn = daoru(record);
     ++m_taken;
-    if (m_lastResult == u"yes")
+    if (m_lastWentIn)
         ++m_succeeded;
 }
 
 QString ImportRun::countText() const {
-    return u"已经成功处理的记录数："_s + QString::number(m_lastResult == u"yes" ? m_succeeded : 0);
+    return u"已经成功处理的记录数："_s + QString::number(m_lastWentIn ? m_succeeded : 0);
 }
 
 QString ImportRun::closingText() const {

@@ -19,9 +19,9 @@ public:
     bool hasNext() const { return m_taken < m_total; }
     // The list row of the next record, from 0.
     int nextRow() const { return m_taken; }
-    // Takes the next record. `daoru` is not called for an empty one: the result before it then stands, so that an
-    // empty row behind a record that went in counts as one more.
-    void take(const QString &record, const std::function<QString(const QString &)> &daoru);
+    // Takes the next record; `daoru` says whether it went in. It is not called for an empty one: the result before it
+    // then stands, so that an empty row behind a record that went in counts as one more.
+    void take(const QString &record, const std::function<bool(const QString &)> &daoru);
 
     int taken() const { return m_taken; }
     int succeeded() const { return m_succeeded; }
@@ -33,7 +33,7 @@ private:
     int m_total;
     int m_taken = 0;
     int m_succeeded = 0;
-    QString m_lastResult;
+    bool m_lastWentIn = false;
 };
 
 } // namespace importing

@@ -2,7 +2,7 @@
 // offset outside, a run of digits that does not fit) is passed over and leaves its target as it was.
 #pragma once
 
-#include "marc/recordReader.h"
+#include "marc/rawRecord.h"
 #include <QString>
 #include <optional>
 

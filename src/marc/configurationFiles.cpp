@@ -4,6 +4,7 @@
 #include "platform/textFile.h"
 #include <QHash>
 #include <algorithm>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 

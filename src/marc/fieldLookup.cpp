@@ -1,4 +1,6 @@
 #include "marc/fieldLookup.h"
+#include "marc/directory.h"
+#include "marc/subfields.h"
 #include "platform/codepage936.h"
 #include "platform/numbers.h"
 

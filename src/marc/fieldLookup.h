@@ -1,7 +1,7 @@
 // The value of one subfield of a record, for the list of titles.
 #pragma once
 
-#include "marc/recordReader.h"
+#include "marc/rawRecord.h"
 #include <functional>
 #include <optional>
 

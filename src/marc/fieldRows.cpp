@@ -1,6 +1,11 @@
 #include "marc/fieldRows.h"
+#include "marc/directory.h"
+#include "marc/separators.h"
+#include "marc/subfields.h"
 #include "platform/numbers.h"
 #include <algorithm>
+#include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 

@@ -2,7 +2,7 @@
 // whose row 0 is the heading; the leader is element 0.
 #pragma once
 
-#include "marc/recordReader.h"
+#include "marc/rawRecord.h"
 #include <QList>
 #include <QString>
 

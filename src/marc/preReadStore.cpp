@@ -43,10 +43,6 @@ RawRecord PreReadStore::record(int row) const {
     return std::get<QString>(record);
 }
 
-bool PreReadStore::isEmpty(int row) const {
-    return std::visit([](const auto &record) { return record.isEmpty(); }, m_rows.at(size_t(row)).record);
-}
-
 void PreReadStore::setNumber(int row, int number) {
     m_rows.at(size_t(row)).number = number;
 }

@@ -3,7 +3,7 @@
 // text.
 #pragma once
 
-#include "marc/recordReader.h"
+#include "marc/rawRecord.h"
 #include "platform/tableSource.h"
 #include <QByteArray>
 #include <QString>
@@ -28,7 +28,6 @@ public:
     QString number(int row) const; // "1" in row 0; empty where no record stands
     QString title(int row) const;
     RawRecord record(int row) const;
-    bool isEmpty(int row) const; // whether the row holds no record
 
     void setNumber(int row, int number);
     void setTitle(int row, const QString &title);

@@ -1,9 +1,12 @@
 #include "marc/recordWriter.h"
+#include "marc/separators.h"
 #include "platform/codepage936.h"
 #include "platform/numbers.h"
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <optional>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 

@@ -2,18 +2,21 @@
 
 namespace platform {
 
-void Host::tell(const QString &text, const QString &title, Icon icon) {
-    show({.text = text, .title = title, .icon = icon, .buttons = Buttons::Ok, .preselected = Answer::Ok});
+void Host::tell(const QString &text, QStringView title, Icon icon) {
+    show({.text = text, .title = title.toString(), .icon = icon, .buttons = Buttons::Ok, .preselected = Answer::Ok});
 }
 
-bool Host::ask(const QString &text, const QString &title, Answer preselected, Icon icon) {
-    return show({.text = text, .title = title, .icon = icon, .buttons = Buttons::YesNo, .preselected = preselected}) ==
-           Answer::Yes;
-}
-
-bool Host::insist(const QString &text, const QString &title, Answer preselected) {
+bool Host::ask(const QString &text, QStringView title, Answer preselected, Icon icon) {
     return show({.text = text,
-                 .title = title,
+                 .title = title.toString(),
+                 .icon = icon,
+                 .buttons = Buttons::YesNo,
+                 .preselected = preselected}) == Answer::Yes;
+}
+
+bool Host::insist(const QString &text, QStringView title, Answer preselected) {
+    return show({.text = text,
+                 .title = title.toString(),
                  .buttons = Buttons::YesNo,
                  .preselected = preselected,
                  .leaving = Leaving::ByButtonsOnly}) == Answer::Yes;

@@ -16,6 +16,9 @@ enum class Answer { Ok, Yes, No };
 // How a box may be left beside its buttons: Esc and the close cross may stand for No, or leave it standing.
 enum class Leaving { Freely, ByButtonsOnly };
 
+inline constexpr QStringView programTitle = u"Tarvex图书馆管理系统";
+inline constexpr QStringView hintTitle = u"操作提示"; // of most boxes
+
 // One message box. An empty title means the program's own title.
 struct Box {
     QString text;
@@ -57,14 +60,10 @@ public:
     virtual void endProcess() = 0;
 
     // The common boxes.
-    void tell(const QString &text, const QString &title, Icon icon = Icon::Information);
-    bool ask(const QString &text, const QString &title, Answer preselected = Answer::Yes,
-             Icon icon = Icon::Information);
+    void tell(const QString &text, QStringView title = hintTitle, Icon icon = Icon::Information);
+    bool ask(const QString &text, QStringView title, Answer preselected = Answer::Yes, Icon icon = Icon::Information);
     // A question on which edits or rows hang: only its two buttons answer it.
-    bool insist(const QString &text, const QString &title, Answer preselected = Answer::Yes);
+    bool insist(const QString &text, QStringView title, Answer preselected = Answer::Yes);
 };
-
-// The title of every box that has none of its own.
-inline constexpr QStringView programTitle = u"Tarvex图书馆管理系统";
 
 } // namespace platform

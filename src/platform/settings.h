@@ -7,6 +7,9 @@
 
 namespace platform {
 
+// The application under which the program keeps what is its own.
+inline constexpr QStringView settingsApplication = u"Tarvex集成系统";
+
 class Settings {
 public:
     // The store of the user; or, for tests and tools, one in a folder of their own.

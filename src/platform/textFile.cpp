@@ -5,6 +5,7 @@
 #include <QSaveFile>
 #include <algorithm>
 #include <cstring>
+#include <utility>
 #ifndef Q_OS_WIN
 #include <cerrno>
 #include <fcntl.h>

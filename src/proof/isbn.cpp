@@ -68,7 +68,7 @@ QChar checkDigit(QStringView digits) {
 
 } // namespace
 
-QString checkISBN(const QString &text) {
+std::optional<QString> checkISBN(const QString &text) {
     if (text.size() != writtenLength)
         return u"Error:ISBN格式错误.ISBN号长度应该为13位"_s;
     const QList<QStringView> parts = QStringView(text).split(u'-');
@@ -81,13 +81,15 @@ QString checkISBN(const QString &text) {
     const QString joined = QString(text).remove(u'-');
     if (!std::all_of(joined.begin(), joined.begin() + checkedDigits, isDigit))
         return u"Error:ISBN格式错误.ISBN号除校验位外只能为数字字符"_s;
-    return joined.back() == checkDigit(joined) ? isbnValid.toString() : u"Error:ISBN号校验位错误"_s;
+    if (joined.back() != checkDigit(joined))
+        return u"Error:ISBN号校验位错误"_s;
+    return {};
 }
 
-QString proofISBN(const marc::FieldRows &rows) {
+std::optional<QString> proofISBN(const marc::FieldRows &rows) {
     const auto is010 = [](const marc::FieldRow &row) { return trimBlanks(row.identifier) == u"010"; };
     const auto field = std::ranges::find_if(rows, is010);
-    QString result;
+    std::optional<QString> result;
     if (field == rows.end())
         return result;
     for (auto row = field + 1; row != rows.end() && !marc::isFieldRow(*row); ++row) {

@@ -2,15 +2,14 @@
 #pragma once
 
 #include "marc/fieldRows.h"
+#include <optional>
 
 namespace proof {
 
-inline constexpr QStringView isbnValid = u"yes";
+// What is wrong, or nothing. `text` has no blanks at its ends.
+std::optional<QString> checkISBN(const QString &text);
 
-// isbnValid, or the report. `text` has no blanks at its ends.
-QString checkISBN(const QString &text);
-
-// checkISBN of the last filled $a of the first field 010; empty where there is none.
-QString proofISBN(const marc::FieldRows &rows);
+// checkISBN of the last filled $a of the first field 010; nothing where there is none.
+std::optional<QString> proofISBN(const marc::FieldRows &rows);
 
 } // namespace proof

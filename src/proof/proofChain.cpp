@@ -22,8 +22,8 @@ platform::Result<RecordProof> proofRecord(const marc::FieldRows &rows, const QSt
     result.complaint = byTemplate.value().complaint;
     if (!byTemplate.value().report.isEmpty())
         join(result.report, byTemplate.value().report);
-    if (const QString isbn = proofISBN(rows); !isbn.isEmpty() && isbn != isbnValid)
-        join(result.report, u"【010$a】" + isbn);
+    if (const auto isbn = proofISBN(rows))
+        join(result.report, u"【010$a】" + *isbn);
     return result;
 }
 

@@ -5,6 +5,7 @@
 #include "platform/textFile.h"
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <span>
 
 using namespace Qt::StringLiterals;

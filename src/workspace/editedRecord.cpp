@@ -2,6 +2,7 @@
 #include "marc/configurationFiles.h"
 #include "marc/recordWriter.h"
 #include <array>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 

@@ -1,4 +1,5 @@
 #include "workspace/preReadEngine.h"
+#include "marc/recordCutter.h"
 #include <algorithm>
 #include <array>
 

@@ -1,8 +1,8 @@
 // How the windows on the catalogue lead to each other.
-#include "app/catalogueWindows.h"
-#include "catalogue/orderbyFrm.h"
-#include "catalogue/queryFrm.h"
-#include "catalogue/zskListFrm.h"
+#include "app/windows/catalogueWindows.h"
+#include "catalogue/windows/orderbyFrm.h"
+#include "catalogue/windows/queryFrm.h"
+#include "catalogue/windows/zskListFrm.h"
 #include "support/databaseServers.h"
 #include "support/scriptedHost.h"
 #include <QMainWindow>

@@ -1,5 +1,6 @@
-#include "app/frmODBC.h"
 #include "app/startUp.h"
+#include "app/windows/frmODBC.h"
+#include "database/storedConnection.h"
 #include "support/scriptedHost.h"
 
 using namespace app;
@@ -40,10 +41,7 @@ struct ConnectionDialogTest : testing::Test {
                         return fault.isEmpty() ? platform::success() : platform::Failure{fault};
                     }}};
 
-    QString stored() const {
-        return host.settings().read(settingApplication.toString(), settingSection.toString(), settingKey.toString(),
-                                    settingAbsent.toString());
-    }
+    std::optional<QString> stored() const { return database::storedConnection(host.settings()); }
     void choose(int index) {
         dialog.cboDSNList->setCurrentIndex(index);
         Q_EMIT dialog.cboDSNList->activated(index);
@@ -62,7 +60,7 @@ TEST_F(ConnectionDialogTest, ADataSourceIsTestedSavedAndClosesTheDialog) {
     dialog.cmdCeshi->click();
     EXPECT_EQ(opened, QStringList{u"PROVIDER=MSDASQL;DSN=lib;UID=u;PWD=;Database=before;"_s});
     EXPECT_EQ(host.lastBox().text, u"测试通过！\r\n请保存连接参数！"_s);
-    EXPECT_EQ(stored(), settingAbsent) << "a test does not save";
+    EXPECT_FALSE(stored()) << "a test does not save";
     dialog.cmdOK->click();
     EXPECT_EQ(stored(), opened.first());
     EXPECT_FALSE(dialog.isVisible());
@@ -83,5 +81,5 @@ TEST_F(ConnectionDialogTest, RefusesWhatIsIncompleteTellsAFailedTestAndCancels) 
     EXPECT_EQ(dialog.fraStep3->title(), u"连接值"_s);
     dialog.cmdCancel->click();
     EXPECT_FALSE(dialog.isVisible());
-    EXPECT_EQ(stored(), settingAbsent);
+    EXPECT_FALSE(stored());
 }

@@ -1,9 +1,9 @@
 // The shipped samples, read in the workspace and imported into a server by its windows. IMPORTS=20 lets MariaDB take
 // them so many times in a row: build/dev/bin/app_servers_tests, with the servers of scripts/test-servers running.
-#include "import/frmDaoRuJindu.h"
+#include "import/windows/frmDaoRuJindu.h"
 #include "support/databaseServers.h"
 #include "support/scriptedHost.h"
-#include "workspace/frmDaoru.h"
+#include "workspace/windows/frmDaoru.h"
 
 TEST(ImportThroughWindows, TakesTheSamplesTimeAfterTime) {
     const int imports = qEnvironmentVariableIsSet("IMPORTS") ? qEnvironmentVariableIntValue("IMPORTS") : 2;

@@ -1,4 +1,4 @@
-#include "app/marcMain.h"
+#include "app/windows/marcMain.h"
 #include "support/scriptedHost.h"
 #include <QAction>
 

@@ -1,7 +1,7 @@
-#include "app/AboutFrm.h"
-#include "app/frmHelp.h"
-#include "app/frmLook.h"
 #include "app/startUp.h"
+#include "app/windows/AboutFrm.h"
+#include "app/windows/frmHelp.h"
+#include "app/windows/frmLook.h"
 #include "support/scriptedHost.h"
 
 using namespace app;
@@ -12,7 +12,7 @@ TEST(Notice, KeepsItsTickAndGoesByItsButtonOrItsCross) {
     notice.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&notice));
     const auto kept = [&] {
-        return host.settings().read(settingApplication.toString(), u"SystemInf"_s, u"IfLoad"_s, u"none"_s);
+        return host.settings().read(platform::settingsApplication.toString(), u"SystemInf"_s, u"IfLoad"_s, u"none"_s);
     };
     EXPECT_EQ(kept(), u"none"_s);
     notice.Check1->click();

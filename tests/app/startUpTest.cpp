@@ -1,4 +1,6 @@
 #include "app/startUp.h"
+#include "database/linkPool.h"
+#include "database/storedConnection.h"
 #include "platform/codepage936.h"
 #include "support/scriptedHost.h"
 
@@ -8,7 +10,8 @@ namespace {
 
 struct StartUpTest : testing::Test {
     ScriptedHost host;
-    platform::SessionState state;
+    database::LinkPool links;
+    database::SessionState state{links, {}};
     QStringList shown;
     std::function<void()> inDialog = [] {};
 
@@ -21,10 +24,7 @@ struct StartUpTest : testing::Test {
                             },
                         .showMain = [this] { shown.append(u"marcMain"_s); }});
     }
-    void store(const QString &value) {
-        ASSERT_TRUE(host.settings().write(settingApplication.toString(), settingSection.toString(),
-                                          settingKey.toString(), value));
-    }
+    void store(const QString &value) { ASSERT_TRUE(database::storeConnection(host.settings(), value)); }
 };
 
 } // namespace

@@ -1,5 +1,5 @@
-#include "assist/frmHelpLR000.h"
-#include "assist/frmHelpLR100.h"
+#include "assist/windows/frmHelpLR000.h"
+#include "assist/windows/frmHelpLR100.h"
 #include "support/scriptedHost.h"
 #include <QInputMethodEvent>
 #include <QTimer>

@@ -1,5 +1,5 @@
 #include "card/showKapian.h"
-#include "card/frmMarcKaPian.h"
+#include "card/windows/frmMarcKaPian.h"
 #include "support/recordText.h"
 #include "support/scriptedHost.h"
 

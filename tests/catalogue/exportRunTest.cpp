@@ -1,6 +1,6 @@
 // The export of a listed catalogue: the file as others read it, its refusals, its stops, and what comes in between.
 #include "catalogue/exportRecord.h"
-#include "catalogue/zskListFrm.h"
+#include "catalogue/windows/zskListFrm.h"
 #include "support/databaseServers.h"
 #include "support/scriptedHost.h"
 #include <QProcess>

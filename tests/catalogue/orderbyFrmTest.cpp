@@ -1,5 +1,5 @@
 // The sort dialog on a list window.
-#include "catalogue/orderbyFrm.h"
+#include "catalogue/windows/orderbyFrm.h"
 #include "support/scriptedHost.h"
 
 using namespace catalogue;

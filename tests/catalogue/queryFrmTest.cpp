@@ -1,5 +1,5 @@
 // The query dialogs, driven by keys and clicks.
-#include "catalogue/queryFrm.h"
+#include "catalogue/windows/queryFrm.h"
 #include "support/scriptedHost.h"
 
 using namespace catalogue;

@@ -1,6 +1,6 @@
 // The detail window and the store list on a real database.
-#include "catalogue/sckListFrm.h"
-#include "catalogue/tlkListFrm.h"
+#include "catalogue/windows/sckListFrm.h"
+#include "catalogue/windows/tlkListFrm.h"
 #include "support/databaseServers.h"
 #include "support/scriptedHost.h"
 

@@ -1,5 +1,5 @@
 // The catalogue list on a real database: loading, its counters, sorting, details, printing, the key that ends all.
-#include "catalogue/zskListFrm.h"
+#include "catalogue/windows/zskListFrm.h"
 #include "support/databaseServers.h"
 #include "support/scriptedHost.h"
 

@@ -1,6 +1,7 @@
 // Each damaged sample on the program's own road: read into the list, shown in the grid, put on a card, proofed, mapped.
 #include "card/showKapian.h"
 #include "import/recordRow.h"
+#include "marc/recordCutter.h"
 #include "proof/structuralProof.h"
 #include "shippedFiles.h"
 #include "workspace/preReadEngine.h"

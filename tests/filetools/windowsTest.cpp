@@ -1,6 +1,6 @@
 #include "filetools/files.h"
-#include "filetools/frmCutFile.h"
-#include "filetools/frmUnionFile.h"
+#include "filetools/windows/frmCutFile.h"
+#include "filetools/windows/frmUnionFile.h"
 #include "support/fullDisk.h"
 #include "support/scriptedHost.h"
 
@@ -29,7 +29,7 @@ struct Desk {
         EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
     }
     // Tries every way of closing.
-    void refuseToClose(platform::Button *quit) {
+    void refuseToClose(widgets::Button *quit) {
         host.boxes.clear();
         quit->click();
         form->reject();

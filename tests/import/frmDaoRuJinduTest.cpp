@@ -1,4 +1,4 @@
-#include "import/frmDaoRuJindu.h"
+#include "import/windows/frmDaoRuJindu.h"
 #include "support/databaseServers.h"
 #include "support/recordText.h"
 #include "support/scriptedHost.h"

@@ -4,7 +4,7 @@
 using namespace importing;
 
 TEST(ImportRun, CountsAndTexts) {
-    const QString results[] = {u""_s, u"yes"_s, u"not asked for"_s, u""_s, u"yes"_s};
+    const bool results[] = {false, true, false, false, true};
     const QStringList records = {u"a"_s, u"b"_s, {}, u"d"_s, u"e"_s}; // the empty row repeats the success before it
     ImportRun run(5);
     QStringList said;

@@ -7,9 +7,7 @@
 
 class ImportIntoServers : public testing::TestWithParam<TestServer> {
 protected:
-    bool import(const QString &title) {
-        return importing::daoruRecord(recordWith(title), database.state, host) == u"yes";
-    }
+    bool import(const QString &title) { return importing::daoruRecord(recordWith(title), database.state, host); }
     static QString recordWith(const QString &title) {
         return recordOf({{u"200"_s, u"1 $a"_s + title + u"$f"_s + title}, {u"300"_s, u"  $a"_s + title.repeated(40)}});
     }
@@ -40,7 +38,7 @@ TEST_P(ImportIntoServers, TitlesThatLookLikeHalvesOfPairsGoInWhole) {
 // No statement is ever sent half: what stands behind a NUL would be cut off, and the rest might be a whole statement.
 TEST_P(ImportIntoServers, ARecordWithANulIsRefusedAsAWhole) {
     EXPECT_FALSE(import(u"甲乙"_s + QChar(0) + u'丙'));
-    auto connection = platform::Connection::open(database.connectionString());
+    auto connection = database.open();
     const auto cut = connection.value().execute(u"delete from taoluTable"_s + QChar(0) + u" where zskid=0");
     ASSERT_FALSE(cut);
     EXPECT_TRUE(cut.failure().description.contains(u"NUL")) << cut.failure().description.toStdString();
@@ -55,8 +53,9 @@ TEST_P(ImportIntoServers, AKilledRunLeavesWholeRows) {
     const auto count = [this] { return database.selected(u"select count(*) from taoluTable"_s).toInt(); };
     for (const int atLeast : {5, 60, 200}) {
         database.run(u"delete from taoluTable"_s);
+        database.endKeptLinks();
         killInMidWork([&, i = 0]() mutable { import(title(i++)); }, [&] { return count() >= atLeast; });
-        auto connection = platform::Connection::open(database.connectionString());
+        auto connection = database.open();
         const auto rows = connection.value().query(u"select bookname,marc from taoluTable order by zskid"_s).value();
         for (int row = 0; row < rows->rowCount(); ++row) {
             ASSERT_EQ(rows->text(row, 0), title(row));

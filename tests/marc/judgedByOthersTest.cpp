@@ -1,7 +1,8 @@
 // A general MARC tool by others reads what the writer makes: no complaint, and the same content field by field.
+#include "marc/recordCutter.h"
 #include "marc/recordMaking.h"
-#include "marc/recordReader.h"
 #include "marc/recordWriter.h"
+#include "marc/separators.h"
 #include "tools/recordGenerator.h"
 #include <QProcess>
 #include <QStandardPaths>

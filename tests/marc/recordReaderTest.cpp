@@ -1,5 +1,8 @@
-#include "marc/recordReader.h"
+#include "marc/directory.h"
+#include "marc/recordCutter.h"
 #include "marc/recordMaking.h"
+#include "marc/separators.h"
+#include "marc/subfields.h"
 #include <sys/resource.h>
 
 using namespace marc;
@@ -113,8 +116,9 @@ TEST(Subfields, AreCutAtEachDelimiter) {
     };
     for (const auto &[field, expected] : cases) {
         QStringList found;
-        for (const Subfield &part : splitSubfields(real(field)))
-            found.append(visible(part.code) + u':' + part.value + (part.negativeLength ? u"!" : u""));
+        const QString text = real(field);
+        for (SubfieldWalk part(text); part.next();)
+            found.append(visible(part.code().toString()) + u':' + part.value() + (part.negativeLength() ? u"!" : u""));
         EXPECT_EQ(found.join(u' '), expected) << field.toStdString();
     }
 }

@@ -1,4 +1,5 @@
 #include "marc/recordWriter.h"
+#include "marc/directory.h"
 #include "marc/recordMaking.h"
 #include "support/dice.h"
 

@@ -1,4 +1,4 @@
-#include "proof/frmMessage.h"
+#include "proof/windows/frmMessage.h"
 #include "platform/codepage936.h"
 #include "support/scriptedHost.h"
 #include <QDir>

@@ -1,8 +1,6 @@
 #include "support/databaseServers.h"
-#include "platform/database/script.h"
+#include "database/script.h"
 #include <QProcess>
-
-using platform::Connection;
 
 namespace {
 
@@ -28,14 +26,15 @@ QString TestDatabase::textOf(TestServer server) {
     return {};
 }
 
-TestDatabase::TestDatabase(TestServer server) {
+TestDatabase::TestDatabase(TestServer server)
+    : m_links({u"taoluTable"_s, u"zsk"_s, u"sck"_s, u"jhsk"_s}) {
     makeEmptyFile(file());
     state.connectionString =
         u"PROVIDER=MSDASQL;" +
         (server == TestServer::Sqlite
              ? QString(u"Driver=SQLite3;Database=" + file() + u";JournalMode=WAL;SyncPragma=NORMAL;Timeout=5000;")
              : textOf(server));
-    auto connection = Connection::open(connectionString());
+    auto connection = open();
     if (!connection) {
         ADD_FAILURE() << connection.failure().description.toStdString();
         return;
@@ -48,14 +47,14 @@ TestDatabase::TestDatabase(TestServer server) {
 }
 
 void TestDatabase::run(const QString &script) const {
-    auto connection = Connection::open(connectionString());
+    auto connection = open();
     ASSERT_TRUE(connection) << connection.failure().description.toStdString();
     const platform::Status ran = runScript(connection.value(), script);
     EXPECT_TRUE(ran) << ran.failure().description.toStdString() << "\n" << script.toStdString();
 }
 
 QStringList TestDatabase::column(const QString &statement) const {
-    auto connection = Connection::open(connectionString());
+    auto connection = open();
     if (!connection)
         return {connection.failure().description};
     const auto rows = connection.value().query(statement);

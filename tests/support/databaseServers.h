@@ -2,7 +2,8 @@
 // started and stopped by the test run (scripts/test-servers); a program that needs them is a house_tests with SERVERS.
 #pragma once
 
-#include "platform/database/sublib.h"
+#include "database/linkPool.h"
+#include "database/sublib.h"
 #include "support/qtPrinters.h"
 #include <QTemporaryDir>
 
@@ -12,7 +13,6 @@ enum class TestServer { Sqlite, PostgreSql, MariaDb };
 class TestDatabase {
 public:
     explicit TestDatabase(TestServer server = TestServer::Sqlite);
-    ~TestDatabase() { platform::endKeptConnections(); }
 
     static QString nameOf(TestServer server); // as its schema script is named
     static QString textOf(TestServer server); // the connection text of a running server
@@ -25,10 +25,18 @@ public:
     QStringList column(const QString &statement) const;
     QString selected(const QString &statement) const { return column(statement).join(u' '); }
 
-    platform::SessionState state; // with the text as a person would have it stored
+    // A connection by the text of this database, with more behind it.
+    platform::Result<database::Connection> open(const QString &more = {}) const {
+        return database::Connection::open(state.links, connectionString() + more);
+    }
+    void endKeptLinks() const { state.links.dropKept(); }
 
 private:
     QTemporaryDir m_folder;
+    database::LinkPool m_links; // ends before the folder
+
+public:
+    database::SessionState state{m_links, {}}; // with the text as a person would have it stored
 };
 
 inline void PrintTo(TestServer server, std::ostream *out) {

@@ -1,7 +1,6 @@
 // A process of its own that works until it is killed as no program can guard against (kill -9).
 #pragma once
 
-#include "platform/database/connection.h"
 #include <QTest>
 #include <csignal>
 #include <functional>
@@ -9,9 +8,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-// The child works in a loop; it is killed once `farEnough`, which is asked here.
+// The child works in a loop; it is killed once `farEnough`, which is asked here. No link to a database may be kept open
+// when it is called, the child would have it too.
 inline void killInMidWork(const std::function<void()> &work, const std::function<bool()> &farEnough) {
-    platform::endKeptConnections(); // nothing of ours is open in the child
     const pid_t child = fork();
     if (child == 0)
         for (;;)

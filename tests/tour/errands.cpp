@@ -1,7 +1,8 @@
 #include "tour/errands.h"
-#include "app/startUp.h"
-#include "marc/recordReader.h"
-#include "platform/database/connection.h"
+#include "database/connection.h"
+#include "database/linkPool.h"
+#include "database/storedConnection.h"
+#include "marc/recordCutter.h"
 #include <QApplication>
 #include <QClipboard>
 #include <QDir>
@@ -14,17 +15,16 @@ namespace tour {
 
 namespace {
 
-platform::Result<platform::Connection> ownDatabase() {
-    return platform::Connection::open(
-        platform::Settings().read(app::settingApplication.toString(), app::settingSection.toString(),
-                                  app::settingKey.toString(), app::settingAbsent.toString()));
+platform::Result<database::Connection> ownDatabase(database::LinkPool &links) {
+    return database::Connection::open(links, database::storedConnection(platform::Settings()).value_or(QString()));
 }
 
 } // namespace
 
 QString fromDatabase(TourDriver &driver, const QString &statement) {
     return driver.look([&]() -> QString {
-        auto connection = ownDatabase();
+        database::LinkPool links;
+        auto connection = ownDatabase(links);
         if (!connection)
             return u"no connection: "_s + connection.failure().description;
         auto rows = connection.value().query(statement);
@@ -34,7 +34,8 @@ QString fromDatabase(TourDriver &driver, const QString &statement) {
 
 void changeDatabase(TourDriver &driver, const QString &statement) {
     const QString failure = driver.look([&] {
-        auto connection = ownDatabase();
+        database::LinkPool links;
+        auto connection = ownDatabase(links);
         if (!connection)
             return connection.failure().description;
         const auto done = connection.value().execute(statement);

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "tour/tourDriver.h"
-#include "workspace/frmDaoru.h"
+#include "workspace/windows/frmDaoru.h"
 
 namespace tour {
 

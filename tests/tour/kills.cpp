@@ -1,9 +1,9 @@
 #include "tour/kills.h"
-#include "platform/widgets/pacedLabel.h"
 #include "tour/errands.h"
 #include "tour/longRuns.h"
 #include "tour/scenes.h"
 #include "tour/tourProgram.h"
+#include "widgets/pacedLabel.h"
 #include <QApplication>
 #include <QDir>
 #include <QFile>
@@ -28,7 +28,7 @@ constexpr Killed both[] = {{"split", "labShuDo", "monkey-split*.iso"}, {"export"
 
 // The number that is painted, which is behind the one that the label holds.
 int painted(const char *label) {
-    const auto *found = TourDriver::find<platform::PacedLabel>(QString::fromLatin1(label));
+    const auto *found = TourDriver::find<widgets::PacedLabel>(QString::fromLatin1(label));
     const QString text = found ? found->QLabel::text() : QString();
     const qsizetype colon = text.indexOf(u'：');
     int digits = 0;

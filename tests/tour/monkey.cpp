@@ -1,11 +1,11 @@
 #include "tour/monkey.h"
-#include "platform/widgets/pacedLabel.h"
 #include "tour/errands.h"
 #include "tour/longRuns.h"
 #include "tour/monkeyHands.h"
 #include "tour/monkeyWatch.h"
 #include "tour/scenes.h"
 #include "tour/tourProgram.h"
+#include "widgets/pacedLabel.h"
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
@@ -29,7 +29,7 @@ void freeStuckTool(TourDriver &driver, MonkeyWatch &watch) {
         return;
     driver.look([] {
         for (const QString &name : {u"frmCutFile"_s, u"frmUnionFile"_s}) {
-            if (auto *state = TourDriver::find<platform::PacedLabel>(name + u"/labJinDu"_s))
+            if (auto *state = TourDriver::find<widgets::PacedLabel>(name + u"/labJinDu"_s))
                 state->setText(u"处理结束"_s);
         }
     });

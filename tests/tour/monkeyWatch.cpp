@@ -1,9 +1,9 @@
 #include "tour/monkeyWatch.h"
-#include "import/frmDaoRuJindu.h"
-#include "marc/recordReader.h"
-#include "proof/frmMessage.h"
+#include "import/windows/frmDaoRuJindu.h"
+#include "marc/recordCutter.h"
+#include "proof/windows/frmMessage.h"
 #include "tour/errands.h"
-#include "workspace/frmDaoru.h"
+#include "workspace/windows/frmDaoru.h"
 #include <QApplication>
 #include <QFileDialog>
 #include <QRegularExpression>
@@ -42,7 +42,7 @@ int differing(const marc::PreReadStore &records, const QString &file) {
 bool aRunStands() {
     return std::ranges::any_of(std::array{u"frmCutFile/labJinDu"_s, u"frmUnionFile/labJinDu"_s},
                                [](const QString &name) {
-                                   const auto *state = TourDriver::find<platform::PacedLabel>(name);
+                                   const auto *state = TourDriver::find<widgets::PacedLabel>(name);
                                    return state && state->text() != u"处理结束";
                                });
 }
@@ -69,11 +69,11 @@ bool MonkeyWatch::eventFilter(QObject *watched, QEvent *event) {
 void MonkeyWatch::opened(QWidget *window) {
     if (const auto *box = qobject_cast<QMessageBox *>(window))
         return boxOpened(box->text());
-    auto *ours = qobject_cast<platform::Window *>(window);
+    auto *ours = qobject_cast<widgets::Window *>(window);
     if (!ours || ours->property("watched").toBool())
         return;
     ours->setProperty("watched", true);
-    connect(ours, &platform::Window::unloaded, this, [this, ours] { closed(ours); });
+    connect(ours, &widgets::Window::unloaded, this, [this, ours] { closed(ours); });
     if (const auto *report = qobject_cast<proof::frmMessage *>(ours))
         toolReported(report->messageText->toPlainText());
     else if (ours->objectName() == u"frmDaoru")
@@ -83,7 +83,7 @@ void MonkeyWatch::opened(QWidget *window) {
                              u"the read behind an import"_s);
 }
 
-void MonkeyWatch::closed(platform::Window *window) {
+void MonkeyWatch::closed(widgets::Window *window) {
     if (window->objectName() == u"frmDaoru")
         workspaceClosed(window);
     else if (window->objectName() == u"frmDaoRuJindu")
@@ -129,7 +129,7 @@ void MonkeyWatch::exportEnded(int told, const QString &file) {
 void MonkeyWatch::listClosed(QWidget *window) {
     if (m_exportFile.isEmpty())
         return;
-    const auto *progress = window->findChild<platform::PacedLabel *>(u"labDaochu"_s);
+    const auto *progress = window->findChild<widgets::PacedLabel *>(u"labDaochu"_s);
     compare(recordsIn(m_exportFile), numberIn(progress->text()), u"records of an export that was left"_s);
     m_exportFile.clear();
 }
@@ -170,7 +170,7 @@ void MonkeyWatch::toolReported(const QString &report) {
 }
 
 void MonkeyWatch::toolClosed(QWidget *window) {
-    const auto *state = window->findChild<platform::PacedLabel *>(u"labJinDu"_s);
+    const auto *state = window->findChild<widgets::PacedLabel *>(u"labJinDu"_s);
     m_driver.expect(state->isHidden() || state->text() == u"处理结束", u"a file tool closes behind its run"_s);
 }
 

@@ -2,8 +2,8 @@
 // what lies in the files and in the list. Lives in the thread of the windows.
 #pragma once
 
-#include "platform/widgets/window.h"
 #include "tour/tourDriver.h"
+#include "widgets/window.h"
 #include <QMessageBox>
 
 class QFileDialog;
@@ -22,7 +22,7 @@ public:
 private:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void opened(QWidget *window);
-    void closed(platform::Window *window);
+    void closed(widgets::Window *window);
 
     void boxOpened(const QString &text);
     void boxClosed(const QMessageBox &box);

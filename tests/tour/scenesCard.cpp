@@ -1,4 +1,4 @@
-#include "card/frmMarcKaPian.h"
+#include "card/windows/frmMarcKaPian.h"
 #include "platform/codepage936.h"
 #include "tour/errands.h"
 #include "tour/gridErrands.h"

@@ -1,7 +1,7 @@
 #include "catalogue/listTexts.h"
-#include "platform/widgets/flexGrid.h"
 #include "tour/errands.h"
 #include "tour/scenes.h"
+#include "widgets/flexGrid.h"
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
@@ -107,7 +107,7 @@ void details(TourDriver &driver) {
     int row = 1;
     while (row < driver.rows(grid) && driver.cell(grid, row, 0) != copied)
         ++row;
-    driver.look([&] { TourDriver::find<platform::FlexGrid>(grid)->setRow(row); });
+    driver.look([&] { TourDriver::find<widgets::FlexGrid>(grid)->setRow(row); });
     driver.clickCell(grid, row, 2);
     driver.key(u"Return"_s);
     driver.waitForWindow(u"SCKListFrm"_s);
@@ -142,7 +142,7 @@ void sortAnew(TourDriver &driver) {
     driver.key(u"alt+o"_s);
     driver.waitUntilGone(u"OrderbyFrm"_s);
     driver.waitUntil(u"sorted by the date"_s, [] {
-        auto *grid = TourDriver::find<platform::FlexGrid>(u"ZSKListFrm/Grid1"_s);
+        auto *grid = TourDriver::find<widgets::FlexGrid>(u"ZSKListFrm/Grid1"_s);
         for (int row = 2; row < grid->rows(); ++row) {
             if (grid->text(row - 1, 7) > grid->text(row, 7))
                 return false;

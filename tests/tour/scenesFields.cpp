@@ -121,7 +121,7 @@ void addRows(TourDriver &driver) {
     driver.expectEqual(driver.cell(u"Grid1"_s, added, 2), field.left(3), u"the tag added"_s);
     driver.expectEqual(driver.cell(u"Grid1"_s, added, 3), u"指示符"_s, u"the field added"_s);
     driver.expect(driver.look([added] {
-        const platform::FlexGrid *grid = desk()->Grid1;
+        const widgets::FlexGrid *grid = desk()->Grid1;
         const QRect place = grid->cellRect(added, 2);
         return grid->geometry().contains(place) && place.height() == grid->cellRect(added - 1, 2).height();
     }),

@@ -1,4 +1,4 @@
-#include "app/startUp.h"
+#include "database/storedConnection.h"
 #include "tour/scenes.h"
 #include <QApplication>
 #include <QComboBox>
@@ -14,8 +14,7 @@ namespace tour {
 namespace {
 
 QString storedSetting() {
-    return platform::Settings().read(app::settingApplication.toString(), app::settingSection.toString(),
-                                     app::settingKey.toString(), app::settingAbsent.toString());
+    return database::storedConnection(platform::Settings()).value_or(u"nothing"_s);
 }
 
 } // namespace
@@ -37,7 +36,7 @@ void firstRun(TourDriver &driver) {
     driver.type(u"cataloguer"_s);
     driver.key(u"alt+c"_s);
     driver.answerBox(u"测试通过！\r\n请保存连接参数！"_s, u"Return"_s, u"first-run-tested"_s);
-    driver.expectEqual(storedSetting(), app::settingAbsent.toString(), u"the setting after a test"_s);
+    driver.expectEqual(storedSetting(), u"nothing"_s, u"the setting after a test"_s);
     driver.click(u"cmdOK"_s);
     driver.answerBox(u"请重新运行Quelt系统！"_s, u"Return"_s, u"first-run-saved"_s);
     driver.waitForEnd();

@@ -1,7 +1,7 @@
 #include "catalogue/listTexts.h"
-#include "platform/widgets/flexGrid.h"
 #include "tour/errands.h"
 #include "tour/scenes.h"
+#include "widgets/flexGrid.h"
 #include <QListWidget>
 #include <QMainWindow>
 #include <QMdiArea>

@@ -1,6 +1,6 @@
 #include "tour/tourDriver.h"
-#include "platform/widgets/flexGrid.h"
-#include "platform/widgets/pacedLabel.h"
+#include "widgets/flexGrid.h"
+#include "widgets/pacedLabel.h"
 #include <QApplication>
 #include <QComboBox>
 #include <QElapsedTimer>
@@ -167,7 +167,7 @@ void TourDriver::waitForKeyboard(const QString &what) {
 QString TourDriver::textOf(const QString &name) {
     return look([name]() -> QString {
         QWidget *widget = find(name);
-        if (auto *label = qobject_cast<platform::PacedLabel *>(widget))
+        if (auto *label = qobject_cast<widgets::PacedLabel *>(widget))
             return label->text();
         if (auto *label = qobject_cast<QLabel *>(widget))
             return label->text();
@@ -194,21 +194,21 @@ bool TourDriver::waitForText(const QString &name, const QString &text, int milli
 
 QString TourDriver::cell(const QString &grid, int row, int column) {
     return look([&] {
-        auto *found = find<platform::FlexGrid>(grid);
+        auto *found = find<widgets::FlexGrid>(grid);
         return found ? found->text(row, column) : QString();
     });
 }
 
 int TourDriver::rows(const QString &grid) {
     return look([&] {
-        auto *found = find<platform::FlexGrid>(grid);
+        auto *found = find<widgets::FlexGrid>(grid);
         return found ? found->rows() : -1;
     });
 }
 
 void TourDriver::clickCell(const QString &grid, int row, int column, int button, int times) {
     const QPoint centre = look([&] {
-        auto *found = find<platform::FlexGrid>(grid);
+        auto *found = find<widgets::FlexGrid>(grid);
         return found ? found->parentWidget()->mapToGlobal(found->cellRect(row, column).center()) : QPoint();
     });
     clickAt(centre, button, times);

@@ -1,5 +1,6 @@
 #include "tour/tourProgram.h"
-#include "app/program.h"
+#include "app/startUp.h"
+#include "app/windows/program.h"
 #include <QCoreApplication>
 #include <QDir>
 #include <cstdlib>
@@ -17,6 +18,7 @@ bool TourHost::openInShell(const QString &target) {
 }
 
 void runProgram(TourDriver &driver, const std::function<void(TourDriver &)> &script) {
+    database::LinkPool links(app::tableNames());
     TourHost host{platform::Settings()};
     driver.programStarts();
     std::thread scriptThread([&] {
@@ -25,14 +27,15 @@ void runProgram(TourDriver &driver, const std::function<void(TourDriver &)> &scr
         if (!driver.waitForEnd())
             std::_Exit(1);
     });
-    app::runProgram(host, QDir::tempPath());
+    app::runProgram(host, links, QDir::tempPath());
     driver.programEnded();
     scriptThread.join();
 }
 
 void runSecondProgram() {
+    database::LinkPool links(app::tableNames());
     TourHost host{platform::Settings()};
-    app::runProgram(host, QDir::tempPath());
+    app::runProgram(host, links, QDir::tempPath());
 }
 
 } // namespace tour

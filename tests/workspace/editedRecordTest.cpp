@@ -1,6 +1,6 @@
 #include "support/dice.h"
 #include "support/recordText.h"
-#include "workspace/fieldGrid.h"
+#include "workspace/windows/fieldGrid.h"
 
 using namespace workspace;
 

@@ -1,4 +1,4 @@
-#include "workspace/frmSelectMFile.h"
+#include "workspace/windows/frmSelectMFile.h"
 #include "platform/textFile.h"
 #include "support/scriptedHost.h"
 

@@ -4,7 +4,7 @@
 #include "platform/codepage936.h"
 #include "support/recordText.h"
 #include "support/scriptedHost.h"
-#include "workspace/frmDaoru.h"
+#include "workspace/windows/frmDaoru.h"
 
 struct Workspace : testing::Test {
     ScriptedHost host;

@@ -1,5 +1,4 @@
 #include "platform/desktop/qtHost.h"
-#include "platform/database/connection.h"
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDesktopServices>
@@ -17,6 +16,7 @@
 #include <QTranslator>
 #include <QUrl>
 #include <cstdlib>
+#include <utility>
 
 namespace platform {
 
@@ -108,8 +108,9 @@ QWidget *windowInFront() {
 
 } // namespace
 
-QtHost::QtHost(Settings settings)
-    : m_settings(std::move(settings)) {}
+QtHost::QtHost(Settings settings, std::function<void()> beforeEnd)
+    : m_settings(std::move(settings))
+    , m_beforeEnd(std::move(beforeEnd)) {}
 
 Answer QtHost::show(const Box &box) {
     QuestionBox window(windowInFront(), box.leaving);
@@ -175,8 +176,9 @@ void QtHost::yield() {
 }
 
 void QtHost::endProcess() {
-    // At once and without asking any window: no close events, no destructors of windows.
-    endKeptConnections();
+    // Without asking any window: no close events, no destructors.
+    if (m_beforeEnd)
+        m_beforeEnd();
     std::_Exit(EXIT_SUCCESS);
 }
 

@@ -3,12 +3,14 @@
 
 #include "platform/host.h"
 #include <QElapsedTimer>
+#include <functional>
 
 namespace platform {
 
 class QtHost : public Host {
 public:
-    explicit QtHost(Settings settings);
+    // `beforeEnd` runs when the process is ended at once: no object of the program sees that end.
+    explicit QtHost(Settings settings, std::function<void()> beforeEnd = {});
 
     Answer show(const Box &box) override;
     QString chooseFile(const FileDialog &dialog) override;
@@ -21,6 +23,7 @@ public:
 
 private:
     Settings m_settings;
+    std::function<void()> m_beforeEnd;
     QElapsedTimer m_sinceEvents; // since events were last let in
 };
 

@@ -1,0 +1,31 @@
+// The "about" box: the system's name and version, the maker's address and links.
+#pragma once
+
+#include "app/windows/backdrop.h"
+#include "app/windows/linkLabel.h"
+#include "widgets/window.h"
+
+namespace app {
+
+class AboutFrm final : public widgets::Window {
+    Q_OBJECT
+public:
+    explicit AboutFrm(platform::Host &host, QWidget *parent = nullptr);
+
+    QLabel *Image1;
+    Backdrop *Image3;
+    QLabel *Label2;
+    QLabel *Label5;
+    QLabel *Label4;
+    QLabel *Label8;
+    QLabel *Label6;
+    QLabel *Label7;
+    LinkLabel *lHttp;
+    LinkLabel *lEmail1;
+    widgets::Button *Command1;
+
+private:
+    void layOut();
+};
+
+} // namespace app

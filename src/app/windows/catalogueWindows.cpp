@@ -1,0 +1,124 @@
+#include "app/windows/catalogueWindows.h"
+#include "catalogue/windows/orderbyFrm.h"
+#include "catalogue/windows/queryFrm.h"
+#include "catalogue/windows/sckListFrm.h"
+#include "catalogue/windows/tlkListFrm.h"
+#include "catalogue/windows/zskListFrm.h"
+#include <QMdiSubWindow>
+#include <utility>
+
+namespace app {
+
+namespace {
+
+// The list window behind a query, which comes up only when the query hands its result over.
+template <class Show>
+class LateTarget final : public catalogue::QueryTarget {
+public:
+    explicit LateTarget(Show show)
+        : m_show(std::move(show)) {}
+    void loadData(QString &condition, QString &order) override { m_show()->loadData(condition, order); }
+
+private:
+    Show m_show;
+};
+
+template <class Dialog>
+void runQuery(platform::Host &host, QWidget *frame, const QueryLists &lists, catalogue::QueryTarget &target) {
+    Dialog dialog(host, frame);
+    dialog.resultForm = &target;
+    dialog.LoadCombo(lists.columns.toString(), lists.labels.toString(), lists.kinds.toString());
+    dialog.exec();
+}
+
+} // namespace
+
+CatalogueWindows::CatalogueWindows(platform::Host &host, const database::SessionState &state)
+    : m_host(host)
+    , m_state(state) {}
+
+QWidget *CatalogueWindows::frame() const {
+    return m_area ? m_area->window() : nullptr;
+}
+
+template <class List>
+List *CatalogueWindows::adopted(List *list) {
+    QMdiSubWindow *place = m_area->addSubWindow(list);
+    place->setAttribute(Qt::WA_DeleteOnClose);
+    // However it is closed, the place goes with it; behind the event that closes it, since that is still under way.
+    QObject::connect(list, &widgets::Window::unloaded, place, [place] {
+        place->hide();
+        place->deleteLater();
+    });
+    place->resize(place->sizeHint().boundedTo(m_area->viewport()->size()));
+    place->move(0, 0);
+    list->show();
+    return list;
+}
+
+void CatalogueWindows::bringForward(QWidget *list) {
+    if (auto *place = qobject_cast<QMdiSubWindow *>(list->parentWidget()))
+        m_area->setActiveSubWindow(place);
+}
+
+void CatalogueWindows::queryCatalogue(const QueryLists &lists) {
+    LateTarget target([this] { return catalogueList(); });
+    runQuery<catalogue::QueryFrm>(m_host, frame(), lists, target);
+}
+
+void CatalogueWindows::queryStore(const QueryLists &lists) {
+    LateTarget target([this] { return storeList(); });
+    runQuery<catalogue::QueryFrmdel>(m_host, frame(), lists, target);
+}
+
+void CatalogueWindows::endRuns() {
+    if (m_catalogueList)
+        m_catalogueList->endRun();
+}
+
+catalogue::ZSKListFrm *CatalogueWindows::catalogueList() {
+    if (!m_catalogueList) {
+        m_catalogueList = adopted(new catalogue::ZSKListFrm(m_state, m_host, m_order,
+                                                            {.showDetail = [this](qint32 zskid) { showDetail(zskid); },
+                                                             .showOrderby = [this] { showOrderby(); },
+                                                             .showReport =
+                                                                 [this](const catalogue::DataReportJs &report) {
+                                                                     widgets::newReportPreview(report, frame())->show();
+                                                                 }}));
+    }
+    bringForward(m_catalogueList);
+    return m_catalogueList;
+}
+
+catalogue::TLKListFrm *CatalogueWindows::storeList() {
+    if (!m_storeList)
+        m_storeList = adopted(new catalogue::TLKListFrm(m_state, m_host, [this] { hideWorking(); }));
+    bringForward(m_storeList);
+    return m_storeList;
+}
+
+void CatalogueWindows::showDetail(qint32 zskid) {
+    if (!m_detail)
+        m_detail = adopted(new catalogue::SCKListFrm(m_state, m_host));
+    bringForward(m_detail);
+    m_detail->InfoLoad(zskid);
+}
+
+void CatalogueWindows::showOrderby() {
+    if (!m_orderby) {
+        m_orderby = new catalogue::OrderbyFrm(
+            m_host, m_order, [this]() -> catalogue::SortableList & { return *catalogueList(); }, frame());
+        m_orderby->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    m_orderby->show();
+    m_orderby->raise();
+    m_orderby->activateWindow();
+}
+
+void CatalogueWindows::hideWorking() {
+    if (!m_working)
+        m_working = new catalogue::WorkingFrm(frame());
+    m_working->hide();
+}
+
+} // namespace app

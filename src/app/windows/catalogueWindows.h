@@ -1,0 +1,58 @@
+// Owns the windows on the catalogue and the store: two query dialogs, and what lives in the frame behind them. A list
+// window is made when rows first come for it and ends when it is unloaded; the order that the sort dialog stored
+// outlives it.
+#pragma once
+
+#include "app/windows/commands.h"
+#include "catalogue/queryTarget.h"
+#include "catalogue/windows/workingFrm.h"
+#include "database/sublib.h"
+#include "platform/host.h"
+#include <QMdiArea>
+#include <QPointer>
+
+namespace catalogue {
+class OrderbyFrm;
+class SCKListFrm;
+class TLKListFrm;
+class ZSKListFrm;
+} // namespace catalogue
+
+namespace app {
+
+class CatalogueWindows {
+public:
+    CatalogueWindows(platform::Host &host, const database::SessionState &state);
+
+    // The area of the frame that the list windows live in.
+    void setArea(QMdiArea *area) { m_area = area; }
+
+    void queryCatalogue(const QueryLists &lists);
+    void queryStore(const QueryLists &lists);
+    // Before the process ends: an export in progress ends with its file closed.
+    void endRuns();
+
+private:
+    catalogue::ZSKListFrm *catalogueList();
+    catalogue::TLKListFrm *storeList();
+    void showDetail(qint32 zskid);
+    void showOrderby();
+    void hideWorking();
+    QWidget *frame() const;
+    // Puts the list window into the frame, at its upper left corner; it is gone for good once it is unloaded.
+    template <class List>
+    List *adopted(List *list);
+    void bringForward(QWidget *list);
+
+    platform::Host &m_host;
+    const database::SessionState &m_state;
+    QMdiArea *m_area = nullptr;
+    catalogue::CatalogueOrder m_order;
+    QPointer<catalogue::ZSKListFrm> m_catalogueList;
+    QPointer<catalogue::TLKListFrm> m_storeList;
+    QPointer<catalogue::SCKListFrm> m_detail;
+    QPointer<catalogue::OrderbyFrm> m_orderby;
+    QPointer<catalogue::WorkingFrm> m_working;
+};
+
+} // namespace app

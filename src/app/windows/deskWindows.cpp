@@ -1,0 +1,107 @@
+#include "app/windows/deskWindows.h"
+#include "app/windows/AboutFrm.h"
+#include "app/windows/frmHelp.h"
+#include "app/windows/frmLook.h"
+#include "app/windows/marcMain.h"
+#include "assist/windows/frmHelpLR000.h"
+#include "assist/windows/frmHelpLR100.h"
+#include "card/windows/frmMarcKaPian.h"
+#include "filetools/windows/frmCutFile.h"
+#include "filetools/windows/frmUnionFile.h"
+#include "import/windows/frmDaoRuJindu.h"
+#include "proof/windows/frmMessage.h"
+#include "workspace/windows/frmDaoru.h"
+#include "workspace/windows/frmSelectMFile.h"
+#include <memory>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace app {
+
+DeskWindows::DeskWindows(platform::Host &host, const database::SessionState &state)
+    : m_host(host)
+    , m_state(state)
+    , m_catalogue(host, state) {}
+
+void DeskWindows::setFrame(marcMain *frame) {
+    m_frame = frame;
+    m_catalogue.setArea(frame->area());
+}
+
+void DeskWindows::selectMarcFile() {
+    workspace::frmSelectMFile *opener = nullptr;
+    workspace::frmSelectMFile dialog(
+        m_host, [&](const QString &file) { showWorkspace(file, opener); }, m_frame);
+    opener = &dialog;
+    dialog.exec();
+}
+
+void DeskWindows::showWorkspace(const QString &file, QWidget *owner) {
+    workspace::frmDaoru window(m_host, workspaceWindows(), owner);
+    window.publicMarcFile = file;
+    window.load();
+    window.exec();
+}
+
+workspace::WorkspaceWindows DeskWindows::workspaceWindows() {
+    return {
+        .showCard =
+            [this](const marc::RawRecord &record, const QString &mode, QWidget *owner) {
+                card::frmMarcKaPian window(m_host, owner);
+                window.marcRecord = record;
+                window.showMode = mode;
+                window.exec();
+            },
+        .showReport = [this](const QString &text, QWidget *owner) { showReport(text, owner); },
+        .runImport =
+            [this](std::shared_ptr<const marc::PreReadStore> records, const QString &count, QWidget *owner) {
+                importing::frmDaoRuJindu window(m_host, m_state, std::move(records), owner);
+                window.Text1->setText(u"0"_s);
+                window.Text2->setText(count);
+                window.exec();
+            },
+        .leaderAssistant = [this](const QString &leader,
+                                  QWidget *owner) { return assist::frmHelpLR000::edit(m_host, owner, leader); },
+        .field100Assistant = [this](const QString &field100,
+                                    QWidget *owner) { return assist::frmHelpLR100::edit(m_host, owner, field100); },
+    };
+}
+
+void DeskWindows::showReport(const QString &text, QWidget *owner) {
+    proof::frmMessage window(m_host, owner);
+    window.setText(text);
+    window.exec();
+}
+
+void DeskWindows::splitFile() {
+    QWidget *owner = m_frame;
+    filetools::frmCutFile window(
+        m_host, [&](const QString &report) { showReport(report, owner); }, m_frame);
+    owner = &window;
+    window.exec();
+}
+
+void DeskWindows::mergeFiles() {
+    QWidget *owner = m_frame;
+    filetools::frmUnionFile window(
+        m_host, [&](const QString &report) { showReport(report, owner); }, m_frame);
+    owner = &window;
+    window.exec();
+}
+
+void DeskWindows::showHelp() {
+    frmHelp(m_frame).exec();
+}
+
+void DeskWindows::showAbout() {
+    AboutFrm(m_host, m_frame).exec();
+}
+
+void DeskWindows::showNotice() {
+    auto *notice = new frmLook(m_host, m_frame);
+    notice->setAttribute(Qt::WA_DeleteOnClose);
+    notice->show();
+}
+
+} // namespace app

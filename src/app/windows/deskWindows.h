@@ -1,0 +1,40 @@
+// Owns the windows that the commands open, makes each at its use and wires it to those it leads to.
+#pragma once
+
+#include "app/windows/catalogueWindows.h"
+#include "app/windows/commands.h"
+#include "workspace/windows/workspaceWindows.h"
+
+namespace app {
+
+class marcMain;
+
+class DeskWindows final : public CommandWindows {
+public:
+    DeskWindows(platform::Host &host, const database::SessionState &state);
+
+    // The frame that the list windows live in and that the dialogs belong to; outlives its use here.
+    void setFrame(marcMain *frame);
+
+    void selectMarcFile() override;
+    void queryCatalogue(const QueryLists &lists) override { m_catalogue.queryCatalogue(lists); }
+    void queryStore(const QueryLists &lists) override { m_catalogue.queryStore(lists); }
+    void splitFile() override;
+    void mergeFiles() override;
+    void showHelp() override;
+    void showAbout() override;
+    void showNotice() override;
+    void endRuns() override { m_catalogue.endRuns(); }
+
+private:
+    void showWorkspace(const QString &file, QWidget *owner);
+    workspace::WorkspaceWindows workspaceWindows();
+    void showReport(const QString &text, QWidget *owner);
+
+    platform::Host &m_host;
+    const database::SessionState &m_state;
+    CatalogueWindows m_catalogue;
+    QWidget *m_frame = nullptr;
+};
+
+} // namespace app

@@ -1,0 +1,153 @@
+#include "app/windows/frmODBC.h"
+#include "database/storedConnection.h"
+#include "platform/numbers.h"
+#include "widgets/keys.h"
+#include "widgets/layout.h"
+#include <QGridLayout>
+#include <initializer_list>
+#include <optional>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+using widgets::Button;
+
+namespace app {
+
+namespace {
+
+const QString formTitle = u"管理系统操作提示"_s;
+const QString valuesCaption = u"连接值"_s;
+
+QLineEdit *textBox(const QString &name) {
+    auto *box = new QLineEdit;
+    box->setObjectName(name);
+    widgets::enterActsAsTab(box);
+    return box;
+}
+
+QComboBox *dropDown(const QString &name) {
+    auto *box = new QComboBox;
+    box->setObjectName(name);
+    return box;
+}
+
+} // namespace
+
+frmODBC::frmODBC(platform::Host &host, ConnectionProbe probe, QWidget *parent)
+    : Window(u"frmODBC"_s, u"请设置要连接的数据库信息"_s, parent)
+    , cboDSNList(dropDown(u"cboDSNList"_s))
+    , cboDrivers(dropDown(u"cboDrivers"_s))
+    , txtServer(textBox(u"txtServer"_s))
+    , txtUID(textBox(u"txtUID"_s))
+    , txtPWD(textBox(u"txtPWD"_s))
+    , txtDatabase(textBox(u"txtDatabase"_s))
+    , fraStep3(new QGroupBox(valuesCaption))
+    , cmdCeshi(new Button(u"cmdCeshi"_s, u"测试(&C)"_s))
+    , cmdOK(new Button(u"cmdOK"_s, u"保存(&D)"_s))
+    , cmdCancel(new Button(u"cmdCancel"_s, u"取消(&Q)"_s))
+    , m_host(host)
+    , m_probe(std::move(probe)) {
+    fraStep3->setObjectName(u"fraStep3"_s);
+    txtPWD->setEchoMode(QLineEdit::Password);
+    widgets::enterActsAsTab(cboDrivers);
+    layOut();
+    connect(cboDSNList, &QComboBox::activated, this, &frmODBC::dataSourceClicked);
+    connect(cmdCeshi, &Button::clicked, this, &frmODBC::testConnection);
+    connect(cmdOK, &Button::clicked, this, &frmODBC::save);
+    connect(cmdCancel, &Button::clicked, this, &frmODBC::unload);
+    GetDSNsAndDrivers();
+}
+
+void frmODBC::layOut() {
+    auto *values = new QGridLayout;
+    const auto line = [&](const QString &caption, QWidget *control) {
+        auto *label = new QLabel(caption);
+        label->setBuddy(control);
+        control->setAccessibleName(caption.left(caption.indexOf(u'(')));
+        const int row = values->rowCount();
+        values->addWidget(label, row, 0);
+        values->addWidget(control, row, 1);
+    };
+    line(u"数据源(&D):"_s, cboDSNList);
+    line(u"驱动(&V):"_s, cboDrivers);
+    line(u"服务器(&S):"_s, txtServer);
+    line(u"用户名(&U):"_s, txtUID);
+    line(u"密码(&P):"_s, txtPWD);
+    line(u"数据库(&B):"_s, txtDatabase);
+    values->setColumnStretch(1, 1);
+    txtServer->setMinimumWidth(fontMetrics().averageCharWidth() * 44);
+    setLayout(widgets::column({
+        {widgets::framed(fraStep3, values)},
+        widgets::stretch(),
+        widgets::row({widgets::stretch(), cmdCeshi, cmdOK, cmdCancel}),
+    }));
+}
+
+void frmODBC::GetDSNsAndDrivers() {
+    cboDSNList->addItem(noDataSource.toString());
+    const QStringList names = m_probe.dataSources();
+    for (const QString &name : names) {
+        if (!platform::trimBlanks(name).isEmpty())
+            cboDSNList->addItem(name);
+    }
+    cboDrivers->addItems({u"SQL Server"_s, u"Microsoft Access Driver (*.mdb)"_s});
+    cboDSNList->setCurrentIndex(0);
+    cboDrivers->setCurrentIndex(0);
+}
+
+void frmODBC::dataSourceClicked() {
+    const bool byDriver = cboDSNList->currentText() == noDataSource;
+    for (QWidget *control : std::initializer_list<QWidget *>{txtServer, cboDrivers, txtDatabase})
+        control->setEnabled(byDriver);
+    widgets::sendTab(cboDSNList);
+}
+
+ConnectionFields frmODBC::fields() const {
+    return {.dataSourceChosen = cboDSNList->currentIndex() > 0,
+            .dataSource = cboDSNList->currentText(),
+            .driver = cboDrivers->currentText(),
+            .server = txtServer->text(),
+            .user = txtUID->text(),
+            .password = txtPWD->text(),
+            .database = txtDatabase->text()};
+}
+
+bool frmODBC::checkInput() {
+    const std::optional<QString> complaint = checkConnectionFields(fields());
+    if (!complaint)
+        return true;
+    m_host.tell(*complaint, formTitle);
+    txtUID->setFocus();
+    return false;
+}
+
+void frmODBC::testConnection() {
+    if (!checkInput())
+        return;
+    std::optional<widgets::WaitCursor> waiting(this);
+    const QString connectionString = composeConnectionString(fields());
+    fraStep3->setTitle(u"正在尝试连接数据库,请稍候......."_s);
+    m_host.yield();
+    const platform::Status opened = m_probe.open(connectionString);
+    fraStep3->setTitle(valuesCaption);
+    waiting.reset();
+    if (opened) {
+        m_host.tell(u"测试通过！\r\n请保存连接参数！"_s, u"系统提示"_s);
+        return;
+    }
+    const TestMessage message = messageForFault(opened.failure().description);
+    m_host.tell(message.text, message.title);
+}
+
+void frmODBC::save() {
+    if (!checkInput())
+        return;
+    const platform::Status written = database::storeConnection(m_host.settings(), composeConnectionString(fields()));
+    if (!written) {
+        m_host.tell(written.failure().description, formTitle);
+        return;
+    }
+    unload();
+}
+
+} // namespace app

@@ -1,0 +1,118 @@
+#include "app/windows/marcMain.h"
+#include <QCloseEvent>
+#include <QIcon>
+#include <QMenuBar>
+#include <QScreen>
+#include <QTimer>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+namespace app {
+
+marcMain::marcMain(platform::Host &host, CommandWindows &windows)
+    : Toolbar1(new QToolBar(this))
+    , mdiArea(new QMdiArea(this))
+    , m_host(host)
+    , m_windows(windows) {
+    setObjectName(u"marcMain"_s);
+    setWindowTitle(u"Tarvex图书馆管理系统-----------marc处理工具"_s);
+    mdiArea->setObjectName(u"mdiArea"_s);
+    mdiArea->setBackground(palette().brush(QPalette::Mid));
+    mdiArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    mdiArea->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    setCentralWidget(mdiArea);
+    buildMenu();
+    buildToolbar();
+    const QSize room = screen()->availableSize() * 9 / 10;
+    resize(QSize(fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 42).boundedTo(room));
+}
+
+void marcMain::buildMenu() {
+    QMenu *menu = nullptr;
+    for (const MenuRow &row : menuRows) {
+        if (!row.menuCaption.isEmpty()) {
+            menu = menuBar()->addMenu(row.menuCaption.toString());
+            menu->setObjectName(row.menuName.toString());
+        }
+        QAction *item =
+            row.command == Command::Separator ? menu->addSeparator() : menu->addAction(row.itemCaption.toString());
+        item->setObjectName(row.itemName.toString());
+        if (row.command != Command::Separator)
+            connect(item, &QAction::triggered, this, [this, command = row.command] { run(command); });
+    }
+}
+
+void marcMain::buildToolbar() {
+    Toolbar1->setObjectName(u"Toolbar1"_s);
+    Toolbar1->setWindowTitle(u"工具栏"_s);
+    Toolbar1->setMovable(false);
+    Toolbar1->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    Toolbar1->setContextMenuPolicy(Qt::PreventContextMenu); // it has no command to come back once hidden
+    const int side = fontMetrics().height() * 2;
+    Toolbar1->setIconSize(QSize(side, side));
+    for (const ToolRow &row : toolRows) {
+        QAction *action = Toolbar1->addAction(QIcon(u":/toolbar/" + row.key + u".svg"), row.caption.toString());
+        action->setObjectName(row.key.toString());
+        action->setData(row.key.toString());
+        connect(action, &QAction::triggered, this, [this, command = row.command] { run(command); });
+        if (QWidget *button = Toolbar1->widgetForAction(action)) {
+            button->setObjectName(row.key.toString());
+            button->setFocusPolicy(Qt::TabFocus);
+            button->setAccessibleName(row.caption.toString());
+        }
+    }
+    addToolBar(Toolbar1);
+}
+
+void marcMain::run(Command command) {
+    switch (command) {
+    case Command::Import:
+        return m_windows.selectMarcFile();
+    case Command::Export:
+        return LoadQuery();
+    case Command::Maintain:
+        return LoadQuerydel();
+    case Command::Split:
+        return m_windows.splitFile();
+    case Command::Merge:
+        return m_windows.mergeFiles();
+    case Command::AboutTool:
+        return m_windows.showHelp();
+    case Command::AboutSystem:
+        return m_windows.showAbout();
+    case Command::Quit:
+        close();
+        return;
+    case Command::Separator:
+        return;
+    }
+}
+
+void marcMain::LoadQuery() {
+    m_windows.queryCatalogue(catalogueQuery);
+}
+
+void marcMain::LoadQuerydel() {
+    m_windows.queryStore(storeQuery);
+}
+
+void marcMain::showEvent(QShowEvent *event) {
+    QMainWindow::showEvent(event);
+    if (m_noticeShown)
+        return;
+    m_noticeShown = true;
+    // Behind the frame's own first showing, so that the notice comes to lie in front of it.
+    QTimer::singleShot(0, this, [this] { m_windows.showNotice(); });
+}
+
+void marcMain::closeEvent(QCloseEvent *event) {
+    event->ignore();
+    if (m_host.ask(u"确定要退出系统吗？"_s, QString(platform::programTitle + u"-[退出]"_s), platform::Answer::Yes,
+                   platform::Icon::Exclamation)) {
+        m_windows.endRuns();
+        m_host.endProcess(); // no other window is asked
+    }
+}
+
+} // namespace app

@@ -1,0 +1,41 @@
+// The program's one frame window, the parent of all others, with menu bar and toolbar. It holds no logic beyond
+// dispatching: every command opens one window.
+#pragma once
+
+#include "app/windows/commands.h"
+#include "platform/host.h"
+#include <QMainWindow>
+#include <QMdiArea>
+#include <QToolBar>
+
+namespace app {
+
+class marcMain final : public QMainWindow {
+    Q_OBJECT
+public:
+    marcMain(platform::Host &host, CommandWindows &windows);
+
+    void LoadQuery();    // the catalogue query for the export
+    void LoadQuerydel(); // the query for the maintenance of the store
+    void run(Command command);
+
+    // Where the list windows live.
+    QMdiArea *area() const { return mdiArea; }
+
+    QToolBar *Toolbar1;
+    QMdiArea *mdiArea;
+
+protected:
+    void showEvent(QShowEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void buildMenu();
+    void buildToolbar();
+
+    platform::Host &m_host;
+    CommandWindows &m_windows;
+    bool m_noticeShown = false;
+};
+
+} // namespace app

@@ -1,0 +1,52 @@
+#include "app/windows/program.h"
+#include "app/startUp.h"
+#include "app/windows/deskWindows.h"
+#include "app/windows/frmODBC.h"
+#include "app/windows/marcMain.h"
+#include "database/connection.h"
+#include "database/dataSources.h"
+#include "platform/codepage936.h"
+#include "platform/singleInstance.h"
+#include <QApplication>
+#include <QIcon>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace app {
+
+namespace {
+
+platform::Status probe(database::LinkPool &links, const QString &connectionString) {
+    const auto connection = database::Connection::open(links, connectionString);
+    if (!connection)
+        return connection.failure();
+    return platform::success();
+}
+
+} // namespace
+
+int runProgram(platform::Host &host, database::LinkPool &links, const QString &claimFolder) {
+    QApplication::setQuitOnLastWindowClosed(false); // only the exit question ends the program
+    QApplication::setWindowIcon(QIcon(u":/program.svg"_s));
+    const platform::SingleInstance instance(u"tarvex-marc"_s, claimFolder);
+    database::SessionState state{links, {}};
+    DeskWindows windows(host, state);
+    std::optional<marcMain> frame;
+    const bool goesOn =
+        startUp(host, {.codePage = platform::codePageReady(), .anotherInstanceRuns = !instance.isFirst()}, state,
+                {.showConnectionDialog =
+                     [&] {
+                         const auto open = [&links](const QString &text) { return probe(links, text); };
+                         frmODBC(host, {.dataSources = database::dataSourceNames, .open = open}).exec();
+                     },
+                 .showMain =
+                     [&] {
+                         frame.emplace(host, windows);
+                         windows.setFrame(&*frame);
+                         frame->show();
+                     }});
+    return goesOn ? QApplication::exec() : 0;
+}
+
+} // namespace app

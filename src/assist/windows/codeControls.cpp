@@ -1,0 +1,191 @@
+#include "assist/windows/codeControls.h"
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <QStyle>
+#include <QStyleOptionFrame>
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace assist {
+
+namespace {
+
+constexpr QRgb editableColour = qRgb(0xC0, 0xFF, 0xFF);
+
+bool isCodeCharacter(QChar c) {
+    return c > u' ' && c < QChar(0x7F);
+}
+
+// The character of a key press; 0 for keys that type none.
+char16_t typedCharacter(const QKeyEvent &event) {
+    if (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter)
+        return u'\r';
+    // Ctrl and Alt together are AltGr on some machines.
+    const bool ctrl = event.modifiers() & Qt::ControlModifier;
+    const bool alt = event.modifiers() & Qt::AltModifier;
+    if (ctrl != alt || event.modifiers() & Qt::MetaModifier || event.text().size() != 1)
+        return 0;
+    return event.text().front().unicode();
+}
+
+bool goesElsewhere(const QFocusEvent &event) {
+    return event.reason() != Qt::ActiveWindowFocusReason && event.reason() != Qt::PopupFocusReason;
+}
+
+} // namespace
+
+CodeBox::CodeBox(const QString &objectName, int width, QWidget *parent)
+    : QLineEdit(parent)
+    , m_width(width) {
+    setObjectName(objectName);
+    setMaxLength(width);
+    setAlignment(Qt::AlignCenter);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setInputMethodHints(Qt::ImhPreferLatin | Qt::ImhNoPredictiveText | Qt::ImhNoAutoUppercase);
+}
+
+void CodeBox::makeEditable() {
+    QPalette colours = palette();
+    colours.setColor(QPalette::Base, editableColour);
+    colours.setColor(QPalette::Text, Qt::black); // also where the desktop is a dark one
+    setPalette(colours);
+}
+
+void CodeBox::makeFixed() {
+    QPalette colours = palette();
+    colours.setColor(QPalette::Disabled, QPalette::Base, colours.color(QPalette::Active, QPalette::Button));
+    colours.setColor(QPalette::Disabled, QPalette::Text, colours.color(QPalette::Active, QPalette::ButtonText));
+    setPalette(colours);
+    setEnabled(false);
+}
+
+QSize CodeBox::sizeHint() const {
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    const QFontMetrics metrics(font());
+    const QChar widest = isEnabled() ? QChar(u'字') : QChar(u'?');
+    const QSize room(metrics.horizontalAdvance(QString(m_width, widest)) + metrics.averageCharWidth(),
+                     metrics.height());
+    const QSize all = style()->sizeFromContents(QStyle::CT_LineEdit, &option, room, this);
+    return all.expandedTo(QSize(0, QLineEdit::sizeHint().height()));
+}
+
+void CodeBox::keyPressEvent(QKeyEvent *event) {
+    const char16_t key = typedCharacter(*event);
+    if (event->key() == Qt::Key_Down)
+        Q_EMIT listWanted();
+    else if (key == 0 || !onKey(key))
+        QLineEdit::keyPressEvent(event);
+}
+
+void CodeBox::inputMethodEvent(QInputMethodEvent *event) {
+    const QString typed = event->commitString();
+    if (typed.isEmpty() || !std::ranges::all_of(typed, isCodeCharacter)) {
+        QLineEdit::inputMethodEvent(event);
+        return;
+    }
+    QInputMethodEvent compositionOver;
+    QLineEdit::inputMethodEvent(&compositionOver);
+    for (const QChar c : typed) {
+        if (!onKey(c.unicode()))
+            insert(c);
+        if (!hasFocus())
+            break;
+    }
+    event->accept();
+}
+
+void CodeBox::focusInEvent(QFocusEvent *event) {
+    QLineEdit::focusInEvent(event);
+    if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason)
+        deselect(); // a key in a full box is to find the box full, not to wipe it out
+    Q_EMIT entered();
+}
+
+void CodeBox::focusOutEvent(QFocusEvent *event) {
+    QLineEdit::focusOutEvent(event);
+    if (goesElsewhere(*event))
+        Q_EMIT left();
+}
+
+CodeLabel::CodeLabel(const QString &objectName, const QString &caption, QWidget *parent)
+    : QLabel(caption, parent) {
+    setObjectName(objectName);
+    setWordWrap(true);
+    setAlignment(Qt::AlignHCenter | Qt::AlignBottom);
+    const QFontMetrics metrics(font());
+    const int perLine = caption.size() > 4 ? int(caption.size() + 1) / 2 : int(caption.size());
+    setFixedWidth(metrics.horizontalAdvance(QString(perLine, u'字')) + metrics.averageCharWidth() / 2);
+    setMinimumHeight(2 * metrics.lineSpacing());
+}
+
+void CodeLabel::enterEvent(QEnterEvent *event) {
+    mark(m_clickable);
+    QLabel::enterEvent(event);
+}
+
+void CodeLabel::leaveEvent(QEvent *event) {
+    mark(false);
+    QLabel::leaveEvent(event);
+}
+
+void CodeLabel::mousePressEvent(QMouseEvent *event) {
+    if (m_clickable && event->button() == Qt::LeftButton)
+        Q_EMIT clicked();
+}
+
+void CodeLabel::mark(bool on) {
+    QFont marked = font();
+    marked.setUnderline(on);
+    setFont(marked);
+}
+
+CodeList::CodeList(const QString &objectName, QWidget *parent)
+    : QListWidget(parent) {
+    setObjectName(objectName);
+    setEditTriggers(NoEditTriggers);
+    setHorizontalScrollMode(ScrollPerPixel);
+    connect(this, &QListWidget::itemDoubleClicked, this,
+            [this](QListWidgetItem *item) { Q_EMIT chosen(item->text()); });
+}
+
+void CodeList::fill(const QStringList &entries, int current) {
+    const QSignalBlocker quiet(this);
+    clear();
+    addItems(entries);
+    setCurrentRow(current);
+}
+
+QSize CodeList::fullSize() const {
+    const int border = 2 * frameWidth();
+    return {sizeHintForColumn(0) + border + verticalScrollBar()->sizeHint().width(),
+            sizeHintForRow(0) * count() + border};
+}
+
+void CodeList::keyPressEvent(QKeyEvent *event) {
+    if (event->key() == Qt::Key_Escape) {
+        Q_EMIT dismissed();
+        event->setAccepted(!isVisible()); // a list that stays leaves the key to the window
+    } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        if (currentItem())
+            Q_EMIT chosen(QString(currentItem()->text()));
+    } else {
+        QListWidget::keyPressEvent(event);
+    }
+}
+
+void CodeList::mousePressEvent(QMouseEvent *event) {
+    if (event->button() == Qt::RightButton)
+        Q_EMIT dismissed();
+    else
+        QListWidget::mousePressEvent(event);
+}
+
+void CodeList::focusOutEvent(QFocusEvent *event) {
+    QListWidget::focusOutEvent(event);
+    Q_EMIT dismissed();
+}
+
+} // namespace assist

@@ -1,0 +1,260 @@
+#include "assist/windows/codedBoxWindow.h"
+#include "widgets/keys.h"
+#include "widgets/layout.h"
+#include <QScreen>
+#include <QShowEvent>
+#include <algorithm>
+#include <span>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+using widgets::Button;
+
+namespace assist {
+
+namespace {
+
+std::vector<CodeBox *> boxesOf(std::span<const Box> table, QWidget *parent) {
+    std::vector<CodeBox *> boxes;
+    for (const Box &row : table) {
+        boxes.push_back(new CodeBox(u"Text1"_s + QString::number(boxes.size()), row.width, parent));
+        if (row.kind == BoxKind::Fixed)
+            boxes.back()->makeFixed();
+        else
+            boxes.back()->makeEditable();
+    }
+    return boxes;
+}
+
+} // namespace
+
+CodedBoxWindow::CodedBoxWindow(platform::Host &host, std::span<const Box> table, const WindowTexts &texts,
+                               QWidget *parent)
+    : Window(texts.name, texts.caption, parent)
+    , Text1(boxesOf(table, this))
+    , listLx(new CodeList(u"listLx"_s, this))
+    , richTextTS(new QTextEdit(this))
+    , textMarc(new QLineEdit(this))
+    , cmdclick{new Button(u"cmdclick0"_s, u"&S 确定"_s, this), new Button(u"cmdclick1"_s, u"&Q 取消"_s, this)}
+    , listMenu(new CodeList(u"listMenu"_s, this))
+    , m_host(host)
+    , m_boxes(table) {
+    listLx->setAccessibleName(u"代码列表"_s);
+    richTextTS->setObjectName(u"richTextTS"_s);
+    richTextTS->setAccessibleName(u"代码说明"_s);
+    richTextTS->setReadOnly(true);
+    richTextTS->setTabChangesFocus(true);
+    richTextTS->setVisible(texts.explains);
+    textMarc->setObjectName(u"textMarc"_s);
+    textMarc->setReadOnly(true);
+    textMarc->setToolTip(texts.formatTip);
+    cmdclick[0]->setToolTip(u"确认修改"_s);
+    cmdclick[1]->setToolTip(u"取消修改"_s);
+    listMenu->setFocusPolicy(Qt::ClickFocus); // opened from its box, not reached by Tab
+    listMenu->hide();
+
+    using widgets::row, widgets::column, widgets::stretch;
+    setLayout(column({boxRow(),
+                      widgets::labelled(new QLabel(texts.formatLabel, this), textMarc),
+                      {row({{listLx, 1}, {richTextTS, 1}}), 1},
+                      row({stretch(), cmdclick[0], cmdclick[1]})}));
+    // Room for the longest list, on a screen that has it.
+    resize(sizeHint().expandedTo(QSize(0, 29 * fontMetrics().lineSpacing())).boundedTo(screen()->availableSize()));
+    wireLists();
+    connect(cmdclick[0], &Button::clicked, this, &CodedBoxWindow::confirm);
+    connect(cmdclick[1], &Button::clicked, this, &CodedBoxWindow::unload);
+}
+
+// The boxes in their order, each label above the boxes that it stands for.
+QLayout *CodedBoxWindow::boxRow() {
+    using widgets::row, widgets::column, widgets::stretch;
+    auto *groups = new QHBoxLayout;
+    QBoxLayout *boxes = nullptr;
+    for (int i = 0; i < m_boxes.count(); ++i) {
+        if (!m_boxes.box(i).label.isEmpty()) {
+            makeLabel(i);
+            boxes = row({});
+            boxes->setSpacing(boxes->spacing() / 3); // what belongs together stands together
+            groups->addLayout(
+                column({row({stretch(), LabShuoMing.back(), stretch()}), row({stretch(), boxes, stretch()})}));
+        }
+        boxes->addWidget(Text1[size_t(i)]);
+        if (m_boxes.box(i).fromList)
+            boxes->addWidget(makeButton(i));
+        wireBox(i);
+    }
+    groups->addStretch();
+    return groups;
+}
+
+void CodedBoxWindow::makeLabel(int i) {
+    const QString caption = m_boxes.box(i).label.toString();
+    auto *label = new CodeLabel(u"LabShuoMing"_s + QString::number(LabShuoMing.size()), caption, this);
+    LabShuoMing.push_back(label);
+    if (m_boxes.box(i).fromList) {
+        label->makeClickable();
+        connect(label, &CodeLabel::clicked, Text1[size_t(i)], qOverload<>(&QWidget::setFocus));
+    }
+}
+
+QToolButton *CodedBoxWindow::makeButton(int i) {
+    auto *button = new QToolButton(this);
+    button->setObjectName(u"picClick"_s + QString::number(picClick.size()));
+    button->setArrowType(Qt::DownArrow);
+    button->setFocusPolicy(Qt::NoFocus); // the Down key in the box does the same
+    button->setToolTip(u"查看%1列表"_s.arg(m_boxes.box(i).label));
+    button->setAccessibleName(button->toolTip());
+    connect(button, &QToolButton::clicked, this, [this, i] { openMenu(i); });
+    picClick.push_back(button);
+    return button;
+}
+
+void CodedBoxWindow::wireBox(int i) {
+    CodeBox *box = Text1[size_t(i)];
+    box->setAccessibleName(LabShuoMing.back()->text());
+    box->onKey = [this, i](char16_t key) { return typed(i, key); };
+    connect(box, &CodeBox::entered, this, [this, i] { enterBox(i); });
+    connect(box, &CodeBox::left, this, &CodedBoxWindow::leaveBox);
+    connect(box, &QLineEdit::textChanged, this, [this, i](const QString &text) { m_boxes.edit(i, text); });
+    if (m_boxes.box(i).fromList)
+        connect(box, &CodeBox::listWanted, this, [this, i] { openMenu(i); });
+}
+
+void CodedBoxWindow::wireLists() {
+    connect(listLx, &CodeList::chosen, this, &CodedBoxWindow::choose);
+    connect(listLx, &CodeList::itemClicked, this, [this](QListWidgetItem *entry) { explain(entry->text()); });
+    connect(listMenu, &CodeList::chosen, this, [this](const QString &entry) {
+        choose(entry);
+        closeMenu();
+    });
+    connect(listMenu, &CodeList::dismissed, this, &CodedBoxWindow::closeMenu);
+    for (CodeList *list : {listLx, listMenu}) {
+        connect(list, &CodeList::itemSelectionChanged, this, [this, list] {
+            if (list->currentItem())
+                explain(list->currentItem()->text());
+        });
+    }
+}
+
+void CodedBoxWindow::showEvent(QShowEvent *event) {
+    if (!event->spontaneous()) {
+        confirmed.reset();
+        m_inside = CodedBoxes::noBox;
+        m_boxes.load(incoming());
+        listLx->fill({}, -1);
+        richTextTS->clear();
+        showBoxes();
+        Text1[1]->setFocus(); // the first that can be edited
+    }
+    Window::showEvent(event);
+}
+
+void CodedBoxWindow::resizeEvent(QResizeEvent *event) {
+    Window::resizeEvent(event);
+    if (listMenu->isVisible())
+        placeMenu();
+}
+
+// Returning from another window is not entering the box anew.
+void CodedBoxWindow::enterBox(int i) {
+    if (m_inside == i)
+        return;
+    leaveBox();
+    m_inside = i;
+    m_boxes.focus(i);
+    showBoxes();
+    listLx->fill(m_boxes.list(), m_boxes.listed());
+    explain(m_boxes.text(i));
+}
+
+void CodedBoxWindow::leaveBox() {
+    if (m_inside < 0)
+        return;
+    m_boxes.leave(m_inside);
+    m_inside = CodedBoxes::noBox;
+    showBoxes();
+}
+
+bool CodedBoxWindow::typed(int i, char16_t key) {
+    CodeBox *box = Text1[size_t(i)];
+    const KeyEffect effect = m_boxes.type(i, key, box->hasSelectedText());
+    if (effect == KeyEffect::LeftToBox)
+        return false;
+    showBoxes();
+    if (effect == KeyEffect::MovesOn) {
+        moveOn(i);
+    } else if (effect == KeyEffect::YearRefused) {
+        m_host.tell(u"输入年份格式不正确。请重新输入"_s);
+        box->setFocus();
+    } else if (effect == KeyEffect::AsksAgain) {
+        if (m_host.ask(m_boxes.question(i).toString(), platform::hintTitle, platform::Answer::No))
+            box->setFocus();
+        else
+            moveOn(i);
+    }
+    return true;
+}
+
+// The box is left in any case: after a message box the window may not be the active one yet, and then the focus moves
+// without telling.
+void CodedBoxWindow::moveOn(int i) {
+    leaveBox();
+    widgets::sendTab(Text1[size_t(i)]);
+}
+
+void CodedBoxWindow::openMenu(int i) {
+    Text1[size_t(i)]->setFocus();
+    enterBox(i);
+    listMenu->setAccessibleName(m_boxes.box(i).label.toString());
+    listMenu->fill(m_boxes.list(), m_boxes.listed());
+    placeMenu();
+    listMenu->show();
+    listMenu->raise();
+    listMenu->setFocus();
+}
+
+// Under its box, as large as its entries and the window allow.
+void CodedBoxWindow::placeMenu() {
+    const CodeBox *box = Text1[size_t(m_boxes.currentBox())];
+    const QPoint corner = box->mapTo(this, QPoint(0, box->height()));
+    QSize size = listMenu->fullSize().boundedTo(QSize(width(), height() - corner.y()));
+    const int left = std::min(corner.x(), width() - size.width());
+    listMenu->setGeometry(QRect(QPoint(left, corner.y()), size));
+}
+
+void CodedBoxWindow::closeMenu() {
+    if (listMenu->isHidden())
+        return;
+    if (focusWidget() == listMenu && m_boxes.currentBox() >= 0)
+        Text1[size_t(m_boxes.currentBox())]->setFocus();
+    listMenu->hide();
+    listMenu->fill({}, -1);
+}
+
+void CodedBoxWindow::choose(const QString &entry) {
+    if (!m_boxes.choose(entry))
+        return;
+    m_inside = CodedBoxes::noBox;
+    Text1[size_t(m_boxes.currentBox())]->setFocus();
+    enterBox(m_boxes.currentBox());
+}
+
+void CodedBoxWindow::explain(const QString &listText) {
+    if (const auto explanation = m_boxes.explanation(listText))
+        richTextTS->setPlainText(*explanation);
+}
+
+void CodedBoxWindow::showBoxes() {
+    for (int i = 0; i < m_boxes.count(); ++i) {
+        if (Text1[size_t(i)]->text() != m_boxes.text(i))
+            Text1[size_t(i)]->setText(m_boxes.text(i));
+    }
+    textMarc->setText(m_boxes.whole());
+}
+
+void CodedBoxWindow::confirm() {
+    confirmed = m_boxes.result();
+    unload();
+}
+
+} // namespace assist

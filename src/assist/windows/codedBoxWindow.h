@@ -1,0 +1,73 @@
+// The window of an assistant: the boxes of a table with their labels and list buttons, the list of the current box,
+// the whole text as it stands. It loads on being opened; OK leaves the text in `confirmed`, a cancel leaves nothing.
+#pragma once
+
+#include "assist/codedBoxes.h"
+#include "assist/windows/codeControls.h"
+#include "platform/host.h"
+#include "widgets/window.h"
+#include <QTextEdit>
+#include <QToolButton>
+#include <array>
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace assist {
+
+struct WindowTexts {
+    QString name;
+    QString caption;
+    QString formatLabel; // beside the whole text
+    QString formatTip;
+    bool explains; // whether the table has explanations to show
+};
+
+class CodedBoxWindow : public widgets::Window {
+    Q_OBJECT
+public:
+    std::optional<QString> confirmed;
+
+    // In the order of the Tab key.
+    const std::vector<CodeBox *> Text1;
+    CodeList *const listLx;
+    QTextEdit *const richTextTS;
+    QLineEdit *const textMarc;
+    const std::array<widgets::Button *, 2> cmdclick;
+
+    std::vector<CodeLabel *> LabShuoMing;
+    std::vector<QToolButton *> picClick; // of the boxes that take a code from the list
+    CodeList *const listMenu;
+
+protected:
+    CodedBoxWindow(platform::Host &host, std::span<const Box> table, const WindowTexts &texts, QWidget *parent);
+
+    virtual QString incoming() const = 0;
+    void showEvent(QShowEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    QLayout *boxRow();
+    void makeLabel(int i);
+    QToolButton *makeButton(int i);
+    void wireBox(int i);
+    void wireLists();
+
+    void enterBox(int i);
+    void leaveBox();
+    bool typed(int i, char16_t key);
+    void moveOn(int i);
+    void openMenu(int i);
+    void placeMenu();
+    void closeMenu();
+    void choose(const QString &entry);
+    void explain(const QString &listText);
+    void showBoxes();
+    void confirm();
+
+    platform::Host &m_host;
+    CodedBoxes m_boxes;
+    int m_inside = CodedBoxes::noBox; // the box entered and not yet left
+};
+
+} // namespace assist

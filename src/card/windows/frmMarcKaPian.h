@@ -1,0 +1,38 @@
+// The viewer of one record: the record as it stands, or as a catalogue card. Set marcRecord and showMode, then open it
+// modally; it shows its view on being opened.
+#pragma once
+
+#include "marc/rawRecord.h"
+#include "platform/host.h"
+#include "widgets/textBox.h"
+#include "widgets/window.h"
+#include <QLabel>
+#include <array>
+
+namespace card {
+
+class frmMarcKaPian : public widgets::Window {
+    Q_OBJECT
+public:
+    explicit frmMarcKaPian(platform::Host &host, QWidget *parent = nullptr);
+
+    marc::RawRecord marcRecord;
+    QString showMode; // "标准" opens the standard view, anything else the card
+
+    QLabel *const Label2;
+    widgets::TextBox *const Text1;
+    const std::array<widgets::Button *, 3> cmdclick;
+
+protected:
+    void showEvent(QShowEvent *event) override;
+
+private:
+    void clicked(const widgets::Button *button);
+    void showStandard();
+    void showCard();
+
+    platform::Host &m_host;
+    QString lastButton; // the view button pressed last
+};
+
+} // namespace card

@@ -1,0 +1,81 @@
+#include "catalogue/windows/listWindow.h"
+#include <QEvent>
+#include <QHeaderView>
+#include <algorithm>
+#include <memory>
+#include <utility>
+
+namespace catalogue {
+
+namespace {
+
+constexpr int twipsPerInch = 1440;
+
+int columnsIn(const QString &headings) {
+    return int(headings.count(u'|')) + 1;
+}
+
+} // namespace
+
+ListWindow::ListWindow(const QString &objectName, const QString &caption, const QString &headings, QWidget *parent)
+    : Window(objectName, caption, parent)
+    , Grid1(new widgets::FlexGrid(QStringLiteral("Grid1"), columnsIn(headings), 1, this))
+    , m_headings(headings) {
+    Grid1->setAccessibleName(caption);
+    Grid1->installEventFilter(this);
+}
+
+bool ListWindow::eventFilter(QObject *watched, QEvent *event) {
+    if (watched == Grid1 && event->type() == QEvent::Resize)
+        gridFix();
+    return Window::eventFilter(watched, event);
+}
+
+void ListWindow::gridInit() {
+    Grid1->clear();
+    Grid1->setRows(2);
+    Grid1->setHeadingTwips(headingTwips);
+    settleGrid();
+}
+
+void ListWindow::showRows(std::shared_ptr<const platform::TableSource> rows) {
+    if (rows && rows->rowCount() > 0) {
+        Grid1->bind(std::move(rows));
+    } else {
+        Grid1->clear();
+        Grid1->setRows(2);
+    }
+}
+
+void ListWindow::settleGrid() {
+    gridFix();
+    Grid1->setFormat(m_headings);
+    Grid1->setHeadingAlignment(Qt::AlignCenter);
+    for (int column = 0; column < Grid1->columns(); ++column)
+        Grid1->setColumnAlignment(column, Qt::AlignCenter);
+    Grid1->setRow(1);
+    Grid1->setColumn(0);
+}
+
+bool ListWindow::firstCellIsEmpty() const {
+    return Grid1->text(1, 0).isEmpty();
+}
+
+GridRoom ListWindow::gridRoom() const {
+    const auto twips = [this](int pixels) { return pixels * twipsPerInch / std::max(logicalDpiX(), 1); };
+    return {.width = twips(Grid1->width()),
+            .height = twips(Grid1->height()),
+            .rows = Grid1->rows(),
+            .headingHeight = twips(Grid1->horizontalHeader()->height())};
+}
+
+void ListWindow::setWidths(const QList<int> &twips) {
+    for (int column = 0; column < Grid1->columns(); ++column)
+        Grid1->setColumnTwips(column, twips[column]);
+}
+
+QSize ListWindow::sizeHint() const {
+    return {listWidthTwips * logicalDpiX() / twipsPerInch, listHeightTwips * logicalDpiY() / twipsPerInch};
+}
+
+} // namespace catalogue

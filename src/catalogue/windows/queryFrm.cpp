@@ -1,0 +1,207 @@
+#include "catalogue/windows/queryFrm.h"
+#include "catalogue/windows/screenCursor.h"
+#include "widgets/keys.h"
+#include "widgets/layout.h"
+#include <QGridLayout>
+#include <QKeyEvent>
+
+using namespace Qt::StringLiterals;
+using widgets::Button;
+using widgets::column;
+using widgets::row;
+using widgets::stretch;
+
+namespace catalogue {
+
+namespace {
+
+QLabel *heading(const QString &text, QWidget *control) {
+    auto *label = new QLabel(text, control->parentWidget());
+    label->setBuddy(control);
+    control->setAccessibleName(text);
+    return label;
+}
+
+bool leavesTheBox(int key) {
+    return key == Qt::Key_Tab || key == Qt::Key_Backtab || key == Qt::Key_Escape;
+}
+
+} // namespace
+
+QueryDialog::QueryDialog(const QString &objectName, QueryRules rules, platform::Host &host, QWidget *parent)
+    : Window(objectName, u"请输入查询条件"_s, parent)
+    , LFields(new QListWidget(this))
+    , cSql(new QComboBox(this))
+    , cFuhao(new QComboBox(this))
+    , lSql(new widgets::MaskedEdit(u"lSql"_s, this))
+    , Command3(new Button(u"Command3"_s, u"&A加入"_s, this))
+    , signSql(new QTextEdit(this))
+    , totalSql(new QListWidget(this))
+    , cOrderby(new QComboBox(this))
+    , Label3{new PressLabel(u"Label30"_s, u"升序"_s, this), new PressLabel(u"Label31"_s, u"降序"_s, this)}
+    , lOrderby(new QTextEdit(this))
+    , Command1{new Button(u"Command10"_s, u"&U 条件合并"_s, this), new Button(u"Command11"_s, u"&O  确定"_s, this),
+               new Button(u"Command12"_s, u"&X  关闭"_s, this)}
+    , Command2(new Button(u"Command2"_s, u"&C  清除"_s, this))
+    , m_host(host)
+    , m_builder(rules) {
+    nameControls();
+    layOut();
+    connectControls();
+}
+
+void QueryDialog::nameControls() {
+    LFields->setObjectName(u"LFields"_s);
+    LFields->setAccessibleName(u"字段"_s);
+    cSql->setObjectName(u"cSql"_s);
+    cFuhao->setObjectName(u"cFuhao"_s);
+    totalSql->setObjectName(u"totalSql"_s);
+    totalSql->setAccessibleName(u"合并的条件"_s);
+    cOrderby->setObjectName(u"cOrderby"_s);
+    signSql->setObjectName(u"signSql"_s);
+    signSql->setAccessibleName(u"当前条件"_s);
+    lOrderby->setObjectName(u"lOrderby"_s);
+    lOrderby->setAccessibleName(u"排序方式"_s);
+    for (QTextEdit *box : {signSql, lOrderby}) {
+        box->setReadOnly(true);
+        box->setTabChangesFocus(true);
+        box->installEventFilter(this);
+        box->setFixedHeight(box->fontMetrics().lineSpacing() * 3);
+    }
+    widgets::enterActsAsTab(cSql);
+    widgets::enterActsAsTab(cFuhao);
+}
+
+void QueryDialog::layOut() {
+    auto *condition = new QGridLayout;
+    condition->addWidget(heading(u"查找项目"_s, cSql), 0, 0);
+    condition->addWidget(heading(u"查找关系"_s, cFuhao), 0, 1);
+    condition->addWidget(heading(u"查找条件"_s, lSql), 0, 2);
+    condition->addWidget(cSql, 1, 0);
+    condition->addWidget(cFuhao, 1, 1);
+    condition->addWidget(lSql, 1, 2);
+    condition->addWidget(Command3, 1, 3);
+    condition->setColumnStretch(2, 1);
+    QBoxLayout *sorting = row({heading(u"排序项目"_s, cOrderby), cOrderby, Label3[0], Label3[1], stretch()});
+    QBoxLayout *right =
+        column({condition, signSql, row({stretch(), Command1[0], Command2}), {totalSql, 1}, sorting, lOrderby});
+    setLayout(column({{row({{LFields, 1}, {right, 3}}), 1}, row({stretch(), Command1[1], Command1[2]})}));
+    for (QComboBox *combo : {cSql, cOrderby})
+        combo->setMinimumContentsLength(8);
+    cFuhao->setMinimumContentsLength(6);
+    lSql->setMinimumWidth(fontMetrics().horizontalAdvance(u"____-__-______"_s));
+    LFields->setMinimumWidth(fontMetrics().horizontalAdvance(u"入库日期入库日期"_s));
+}
+
+void QueryDialog::connectControls() {
+    // A click on the entry that is current already counts as well: the drop-down may stand elsewhere meanwhile.
+    connect(LFields, &QListWidget::itemClicked, this, [this] { cSql->setCurrentIndex(LFields->currentRow()); });
+    connect(LFields, &QListWidget::currentRowChanged, cSql, &QComboBox::setCurrentIndex);
+    connect(LFields, &QListWidget::itemDoubleClicked, this, [this] { cFuhao->setFocus(); });
+    connect(cSql, &QComboBox::currentIndexChanged, this, &QueryDialog::fieldClicked);
+    connect(lSql, &widgets::MaskedEdit::left, this, &QueryDialog::addCondition);
+    connect(Command3, &Button::clicked, this, &QueryDialog::addCondition);
+    connect(Command2, &Button::clicked, this, &QueryDialog::clearAll);
+    for (int index = 0; index < 2; ++index)
+        connect(Label3[size_t(index)], &PressLabel::clicked, this, [this, index] { addSortTerm(index); });
+    connect(Command1[0], &Button::clicked, this, [this] {
+        m_builder.merge();
+        showConditions();
+    });
+    connect(Command1[1], &Button::clicked, this, &QueryDialog::findData);
+    connect(Command1[2], &Button::clicked, this, &QueryDialog::unload);
+    connect(this, &Window::unloaded, this, [this] { m_builder.unload(); });
+}
+
+bool QueryDialog::eventFilter(QObject *watched, QEvent *event) {
+    // The readable forms change by the dialog's own doing alone: they swallow every key that does not lead out of them.
+    if ((watched == signSql || watched == lOrderby) && event->type() == QEvent::KeyPress)
+        return !leavesTheBox(static_cast<QKeyEvent *>(event)->key());
+    return Window::eventFilter(watched, event);
+}
+
+void QueryDialog::LoadCombo(const QString &fieldNames, const QString &fieldLabels, const QString &fieldTypes) {
+    const platform::Status loaded = m_builder.load(fieldNames, fieldLabels, fieldTypes);
+    if (!loaded) {
+        m_host.tell(loaded.failure().description, {}, platform::Icon::Critical);
+        return;
+    }
+    const QStringList labels = m_builder.labels();
+    cSql->addItems(labels);
+    LFields->addItems(labels);
+    fillOrderby();
+    if (LFields->count() > 0) {
+        LFields->setCurrentRow(0);
+        fieldClicked(0);
+    }
+}
+
+void QueryDialog::fieldClicked(int field) {
+    if (m_builder.chooseField(field))
+        loadFuhao();
+}
+
+void QueryDialog::loadFuhao() {
+    const FieldType type = *m_builder.curType();
+    cFuhao->clear();
+    cFuhao->addItems(operatorsOf(type));
+    lSql->setText({});
+    lSql->setMask(maskOf(type));
+    cFuhao->setCurrentIndex(0);
+}
+
+void QueryDialog::addCondition() {
+    if (!m_builder.addCondition(cSql->currentIndex(), cFuhao->currentText(), lSql->text()))
+        return;
+    signSql->setPlainText(m_builder.signSql());
+    lSql->setText(emptyValue(lSql->mask()));
+}
+
+void QueryDialog::addSortTerm(int index) {
+    if (!m_builder.addSortTerm(cOrderby->currentText(), index == 0)) {
+        m_host.tell(u"请选择排序项目，取消该操作。"_s, platform::hintTitle, platform::Icon::Critical);
+        cOrderby->setFocus();
+        return;
+    }
+    lOrderby->setPlainText(m_builder.lOrderby());
+    fillOrderby();
+}
+
+void QueryDialog::clearAll() {
+    m_builder.clear();
+    lSql->setText(emptyValue(lSql->mask()));
+    lOrderby->clear();
+    fillOrderby();
+    showConditions();
+}
+
+void QueryDialog::showConditions() {
+    signSql->setPlainText(m_builder.signSql());
+    totalSql->clear();
+    totalSql->addItems(m_builder.totalSql());
+}
+
+// The fields that are left for sorting, none of them chosen.
+void QueryDialog::fillOrderby() {
+    cOrderby->clear();
+    cOrderby->addItems(m_builder.sortLabels());
+    cOrderby->setCurrentIndex(-1);
+}
+
+void QueryDialog::findData() {
+    Query query = m_builder.findData();
+    unload();
+    if (!resultForm)
+        return;
+    setWaitCursor();
+    resultForm->loadData(query.condition, query.order);
+    setNormalCursor();
+}
+
+QueryFrm::QueryFrm(platform::Host &host, QWidget *parent)
+    : QueryDialog(u"QueryFrm"_s, catalogueRules, host, parent) {}
+
+QueryFrmdel::QueryFrmdel(platform::Host &host, QWidget *parent)
+    : QueryDialog(u"QueryFrmdel"_s, storeRules, host, parent) {}
+
+} // namespace catalogue

@@ -1,0 +1,75 @@
+// The dialogs in which a query is composed from fields, operators and values: one for the catalogue list, one for the
+// store. They end with two texts that they hand to their list window, and never touch the database themselves.
+#pragma once
+
+#include "catalogue/queryBuilder.h"
+#include "catalogue/queryTarget.h"
+#include "catalogue/windows/pressLabel.h"
+#include "platform/host.h"
+#include "widgets/maskedEdit.h"
+#include "widgets/window.h"
+#include <QComboBox>
+#include <QListWidget>
+#include <QTextEdit>
+#include <array>
+
+namespace catalogue {
+
+class QueryDialog : public widgets::Window {
+    Q_OBJECT
+public:
+    // Three comma-separated lists in step with each other. Call once, before the dialog is shown.
+    void LoadCombo(const QString &fieldNames, const QString &fieldLabels, const QString &fieldTypes);
+    // Ends the dialog and hands over the result.
+    void findData();
+
+    QueryTarget *resultForm = nullptr; // set before LoadCombo
+
+    QListWidget *LFields;
+    QComboBox *cSql;
+    QComboBox *cFuhao;
+    widgets::MaskedEdit *lSql;
+    widgets::Button *Command3;
+    QTextEdit *signSql;
+    QListWidget *totalSql;
+    QComboBox *cOrderby;
+    std::array<PressLabel *, 2> Label3;
+    QTextEdit *lOrderby;
+    std::array<widgets::Button *, 3> Command1;
+    widgets::Button *Command2;
+
+protected:
+    QueryDialog(const QString &objectName, QueryRules rules, platform::Host &host, QWidget *parent);
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void nameControls();
+    void layOut();
+    void connectControls();
+    void fieldClicked(int field);
+    void loadFuhao();
+    void addCondition();
+    void addSortTerm(int index);
+    void clearAll();
+    void showConditions();
+    void fillOrderby();
+
+    platform::Host &m_host;
+    QueryBuilder m_builder;
+};
+
+// For the catalogue list.
+class QueryFrm final : public QueryDialog {
+    Q_OBJECT
+public:
+    explicit QueryFrm(platform::Host &host, QWidget *parent = nullptr);
+};
+
+// For the store list: room for 46 fields, and no dates.
+class QueryFrmdel final : public QueryDialog {
+    Q_OBJECT
+public:
+    explicit QueryFrmdel(platform::Host &host, QWidget *parent = nullptr);
+};
+
+} // namespace catalogue

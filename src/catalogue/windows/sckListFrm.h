@@ -1,0 +1,35 @@
+// The detail window: one catalogue row in full, and the copies that belong to it with their loans. It writes nothing,
+// and all failures but that of the connection pass in silence.
+#pragma once
+
+#include "catalogue/bookDetail.h"
+#include "catalogue/windows/listWindow.h"
+#include "database/sublib.h"
+#include <array>
+
+namespace catalogue {
+
+class SCKListFrm final : public ListWindow {
+    Q_OBJECT
+public:
+    SCKListFrm(const database::SessionState &state, platform::Host &host, QWidget *parent = nullptr);
+
+    // Shows the row; does nothing for 0 and below.
+    void InfoLoad(qint32 zskid);
+    void gridFix() override;
+
+    std::array<QLabel *, detailLabels> Label1;   // the captions
+    std::array<QLabel *, detailLabels> LabelZSK; // the values
+    widgets::Button *CmdExit;
+
+private:
+    void makeLabels();
+    void layOut();
+    void showNothing();
+    void loadCopies(database::Connection &connection, qint32 zskid);
+
+    const database::SessionState &m_state;
+    platform::Host &m_host;
+};
+
+} // namespace catalogue

@@ -1,0 +1,18 @@
+#include "catalogue/windows/workingFrm.h"
+#include "widgets/layout.h"
+
+using namespace Qt::StringLiterals;
+
+namespace catalogue {
+
+WorkingFrm::WorkingFrm(QWidget *parent)
+    : Window(u"WorkingFrm"_s, u"提示"_s, parent)
+    , Label1(new QLabel(u"操作进行中。。。请稍候"_s, this)) {
+    Label1->setObjectName(u"Label1"_s);
+    setLayout(widgets::column({Label1}));
+    setWindowFlag(Qt::WindowStaysOnTopHint);
+    setCursor(Qt::WaitCursor);
+    connect(this, &Window::unloaded, this, &WorkingFrm::unsetCursor);
+}
+
+} // namespace catalogue

@@ -1,0 +1,166 @@
+#include "catalogue/windows/zskListFrm.h"
+#include "catalogue/listStatements.h"
+#include "catalogue/listTexts.h"
+#include "catalogue/windows/screenCursor.h"
+#include "platform/numbers.h"
+#include "widgets/layout.h"
+#include <QShortcut>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+using widgets::Button;
+
+namespace catalogue {
+
+namespace {
+
+enum { Detail, Sort, Print, Export, Stop, Close };
+
+constexpr std::array<QStringView, 6> captions = {u"&M 明细", u"&S 排序", u"&P 打印",
+                                                 u"&D 导出", u"&T 停止", u"&X 关闭"};
+
+} // namespace
+
+ZSKListFrm::ZSKListFrm(const database::SessionState &state, platform::Host &host, const CatalogueOrder &order,
+                       CatalogueListWindows windows, QWidget *parent)
+    : ListWindow(u"ZSKListFrm"_s, u"导出marc数据文件"_s, u"控制号|ISBN|书   名|著 者|分类号|出版社|册 数|入库日期"_s,
+                 parent)
+    , lCounts(new QLabel(this))
+    , labDaochu(new widgets::PacedLabel(u"labDaochu"_s, {}, this))
+    , m_state(state)
+    , m_host(host)
+    , m_order(order)
+    , m_windows(std::move(windows)) {
+    lCounts->setObjectName(u"lCounts"_s);
+    for (size_t index = 0; index < CmdDcgl.size(); ++index)
+        CmdDcgl[index] = new Button(u"CmdDcgl"_s + QString::number(index), captions[index].toString(), this);
+    layOut();
+    connectControls();
+    gridInit();
+    // Wide enough for any count, so that no text moves the buttons.
+    labDaochu->setMinimumWidth(labDaochu->fontMetrics().horizontalAdvance(progressText(99'999'999, 99'999'999)));
+    labDaochu->hide();
+}
+
+void ZSKListFrm::layOut() {
+    auto *buttons = widgets::row({});
+    for (Button *button : CmdDcgl)
+        buttons->addWidget(button);
+    setLayout(widgets::column({{Grid1, 1}, widgets::row({{lCounts, 1}, labDaochu, buttons})}));
+}
+
+void ZSKListFrm::connectControls() {
+    connect(CmdDcgl[Detail], &Button::clicked, this, &ZSKListFrm::showDetail);
+    connect(CmdDcgl[Sort], &Button::clicked, this, [this] { m_windows.showOrderby(); });
+    connect(CmdDcgl[Print], &Button::clicked, this, [this] { PrintRpt({}); });
+    connect(CmdDcgl[Export], &Button::clicked, this, &ZSKListFrm::daochuMarc);
+    // With no run going this disables the two buttons all the same, and nothing brings 导出 back.
+    connect(CmdDcgl[Stop], &Button::clicked, this, [this] {
+        CmdDcgl[Export]->setEnabled(false);
+        CmdDcgl[Stop]->setEnabled(false);
+    });
+    connect(CmdDcgl[Close], &Button::clicked, this, &ZSKListFrm::unload);
+    connect(labDaochu, &widgets::PacedLabel::aboutToShow, this, [this] {
+        if (m_run)
+            m_run->handOver();
+    });
+    connect(Grid1, &widgets::FlexGrid::gridActivated, this, &ZSKListFrm::showDetail);
+    auto *find = new QShortcut(QKeySequence(u"Ctrl+F"_s), Grid1, nullptr, nullptr, Qt::WidgetShortcut);
+    connect(find, &QShortcut::activated, this, &ZSKListFrm::loadQueryByKey);
+}
+
+void ZSKListFrm::loadData(QString &condition, QString &order) {
+    setWaitCursor();
+    m_queryCondition = condition;
+    if (order.isEmpty())
+        order = m_order.sortOrder;
+    database::DbSession session;
+    if (!database::openConnection(session, m_state, m_host))
+        return; // the wait cursor stays until the caller resets it
+    lCounts->setText(loadingText.toString());
+    lCounts->repaint();
+    auto rows = session->query(catalogueStatement(condition, order));
+    showRows(rows ? rows.value() : nullptr);
+    database::closeConnection(session);
+    // A failing statement leaves an empty list, without a word.
+    const bool empty = !rows || rows.value()->rowCount() == 0;
+    if (empty || firstCellIsEmpty()) {
+        lCounts->setText(empty ? noRowsToExport.toString() : countText(0));
+        m_printSql.clear();
+    } else {
+        lCounts->setText(countText(dataRows()));
+        m_printSql = reportStatement(condition, order);
+    }
+    settleGrid();
+    setNormalCursor();
+}
+
+void ZSKListFrm::gridFix() {
+    setWidths(catalogueWidths(gridRoom()));
+}
+
+void ZSKListFrm::PrintRpt(const QString &title) {
+    if (m_printSql.isEmpty())
+        return;
+    // Nothing in here says a word when it fails, the connection included.
+    auto connection = database::Connection::open(m_state.links, m_state.connectionString);
+    if (!connection)
+        return;
+    auto rows = connection.value().query(m_printSql);
+    if (rows)
+        m_windows.showReport(DataReportJs(rows.value(), title, m_host.now().date()));
+}
+
+void ZSKListFrm::showDetail() {
+    const QString zskid = key(Grid1->row());
+    if (!zskid.isEmpty())
+        m_windows.showDetail(platform::toInt32(zskid).value_or(0));
+}
+
+// The window through which this key would ask for a new query was never set: the call fails, and that ends the program.
+void ZSKListFrm::loadQueryByKey() {
+    m_host.tell(u"LoadQuery：缺少所需的对象，程序将结束。"_s, {}, platform::Icon::Critical);
+    endRun();
+    m_host.endProcess();
+}
+
+void ZSKListFrm::daochuMarc() {
+    if (m_run)
+        return;
+    CmdDcgl[Stop]->setEnabled(true);
+    ExportRun run(*this, m_host, m_state);
+    m_run = &run;
+    run.daochuMarc();
+    m_run = nullptr;
+    if (m_closesAfterRun)
+        unload();
+}
+
+void ZSKListFrm::endRun() {
+    if (m_run)
+        m_run->end();
+}
+
+bool ZSKListFrm::queryUnload() {
+    lCounts->setText(leavingText.toString());
+    endRun();
+    m_closesAfterRun =
+        m_run != nullptr; // whoever owns the window may drop it on closing, and the run still stands on it
+    return !m_closesAfterRun;
+}
+
+void ZSKListFrm::showProgress(const QString &text) {
+    labDaochu->show();
+    if (!text.isEmpty())
+        labDaochu->setPacedText(text);
+}
+
+bool ZSKListFrm::stopPressed() const {
+    return !CmdDcgl[Stop]->isEnabled();
+}
+
+void ZSKListFrm::goOn() {
+    CmdDcgl[Stop]->setEnabled(true);
+}
+
+} // namespace catalogue

@@ -1,0 +1,74 @@
+#include "database/callLimit.h"
+#include <QtGlobal>
+#include <filesystem>
+#include <string>
+#include <system_error>
+#include <utility>
+
+#ifndef Q_OS_WIN
+#include <sys/socket.h>
+#include <sys/stat.h>
+#endif
+
+namespace database {
+
+namespace {
+
+constexpr std::chrono::milliseconds lookEvery(250); // a call pays nothing for being watched
+
+} // namespace
+
+std::vector<int> CallLimit::sockets() {
+    std::vector<int> found;
+#ifndef Q_OS_WIN
+    std::error_code none;
+    for (const auto &entry : std::filesystem::directory_iterator("/dev/fd", none)) {
+        const int descriptor = std::stoi(entry.path().filename().string());
+        struct stat facts {};
+        if (::fstat(descriptor, &facts) == 0 && S_ISSOCK(facts.st_mode))
+            found.push_back(descriptor);
+    }
+#endif
+    return found;
+}
+
+CallLimit::CallLimit(std::vector<int> sockets)
+    : m_sockets(std::move(sockets)) {
+    if (!m_sockets.empty())
+        m_watcher = std::jthread([this](const std::stop_token &stop) { watch(stop); });
+}
+
+CallLimit::~CallLimit() = default; // the watcher, made last, is stopped first
+
+CallLimit::Call::Call(CallLimit &limit, std::chrono::seconds seconds)
+    : m_limit(limit) {
+    const std::scoped_lock lock(m_limit.m_mutex);
+    if (seconds.count() > 0)
+        m_limit.m_end = std::chrono::steady_clock::now() + seconds;
+}
+
+CallLimit::Call::~Call() {
+    const std::scoped_lock lock(m_limit.m_mutex);
+    m_limit.m_end.reset();
+}
+
+bool CallLimit::struck() const {
+    const std::scoped_lock lock(m_mutex);
+    return m_struck;
+}
+
+void CallLimit::watch(const std::stop_token &stop) {
+    std::unique_lock lock(m_mutex);
+    while (!stop.stop_requested()) {
+        m_tick.wait_for(lock, stop, lookEvery, [] { return false; });
+        if (m_struck || !m_end || std::chrono::steady_clock::now() < *m_end)
+            continue;
+        m_struck = true;
+#ifndef Q_OS_WIN
+        for (const int socket : m_sockets)
+            ::shutdown(socket, SHUT_RDWR);
+#endif
+    }
+}
+
+} // namespace database

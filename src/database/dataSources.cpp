@@ -1,0 +1,102 @@
+#include "database/dataSources.h"
+#include "database/odbcHandles.h"
+#include <QList>
+#include <array>
+#include <utility>
+
+#ifndef Q_OS_WIN
+#include <odbcinst.h>
+#endif
+
+using namespace Qt::StringLiterals;
+
+namespace database {
+
+namespace {
+
+using Entries = QList<std::pair<QString, QString>>;
+
+// unixODBC keeps its files as they are written, in UTF-8 nearly always, and widens them byte by byte where it is asked
+// for wide texts; the driver manager of Windows knows what it widens.
+#ifdef Q_OS_WIN
+using Character = SQLWCHAR;
+constexpr auto nextDataSource = SQLDataSourcesW;
+#else
+using Character = SQLCHAR;
+constexpr auto nextDataSource = SQLDataSources;
+#endif
+
+// Walks one of the driver manager's lists of names and descriptions.
+template <class Call>
+Entries entries(Call next) {
+    Entries found;
+    const OdbcEnvironment environment;
+    if (!environment)
+        return found;
+    for (SQLUSMALLINT direction = SQL_FETCH_FIRST;; direction = SQL_FETCH_NEXT) {
+        std::array<Character, 1024> name{}, description{};
+        SQLSMALLINT nameLength = 0, descriptionLength = 0;
+        if (!SQL_SUCCEEDED(next(environment.get(), direction, name.data(), SQLSMALLINT(name.size() - 1), &nameLength,
+                                description.data(), SQLSMALLINT(description.size() - 1), &descriptionLength)))
+            return found;
+        found.append({fromOdbc(name.data(), qsizetype(name.size())),
+                      fromOdbc(description.data(), qsizetype(description.size()))});
+    }
+}
+
+QStringList names(const Entries &entries) {
+    QStringList names;
+    for (const auto &[name, description] : entries)
+        if (!name.trimmed().isEmpty())
+            names.append(name);
+    return names;
+}
+
+QString driverOf(const QString &dataSource) {
+    for (const auto &[source, description] : entries(nextDataSource))
+        if (source.compare(dataSource, Qt::CaseInsensitive) == 0)
+            return description;
+    return {};
+}
+
+} // namespace
+
+QStringList dataSourceNames() {
+    return names(entries(nextDataSource));
+}
+
+QString pairsOfDataSource(const QString &name) {
+    const QString driver = name.isEmpty() ? QString() : driverOf(name);
+    if (driver.isEmpty())
+        return {};
+    QString pairs = u"Driver=" + driver + u';';
+#ifndef Q_OS_WIN
+    // A null key asks for all keys, each ended by a NUL.
+    const auto read = [&name](const char *key) {
+        QByteArray buffer(4096, '\0');
+        SQLGetPrivateProfileString(name.toUtf8().constData(), key, "", buffer.data(), int(buffer.size() - 1),
+                                   "ODBC.INI");
+        return buffer;
+    };
+    for (const QByteArray &key : read(nullptr).split('\0')) {
+        if (key.isEmpty())
+            break;
+        if (key.compare("driver", Qt::CaseInsensitive) != 0)
+            pairs += QString::fromUtf8(key) + u'=' + QString::fromUtf8(read(key.constData()).constData()) + u';';
+    }
+#endif
+    return pairs;
+}
+
+bool driverManagerPools() {
+#ifdef Q_OS_WIN
+    return false;
+#else
+    std::array<char, 16> said{};
+    SQLGetPrivateProfileString("ODBC", "Pooling", "0", said.data(), int(said.size() - 1), "ODBCINST.INI");
+    const QByteArray pooling = QByteArray(said.data()).toLower();
+    return pooling.startsWith('1') || pooling.startsWith('y') || pooling.startsWith("on");
+#endif
+}
+
+} // namespace database

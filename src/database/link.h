@@ -1,0 +1,67 @@
+// A connection at work, with what is known of it.
+#pragma once
+
+#include "database/callLimit.h"
+#include "database/connectionText.h"
+#include "database/odbcHandles.h"
+#include "database/resultTable.h"
+#include "database/sqlDialect.h"
+#include <QStringList>
+#include <memory>
+#include <optional>
+
+namespace database {
+
+class Link {
+public:
+    // What a link gets from those who keep it.
+    struct Facts {
+        QStringList tables; // as the schema scripts spell them
+        int number;         // no two links of a process bear the same
+    };
+
+    // A new link by the text as stored.
+    static platform::Result<std::unique_ptr<Link>> connect(const QString &connectionString, const Facts &facts);
+
+    ~Link();
+
+    // Runs a statement, spelled as this link's server wants it; takes its whole result. A call that lasts longer than
+    // the text allows ends with a fault.
+    platform::Status execute(const QString &statement) const;
+    platform::Result<std::shared_ptr<ResultTable>> query(const QString &statement) const;
+    // Whether the server at the other end is gone, so that no statement can succeed any more.
+    bool lost() const;
+
+    const QString &connectionString() const { return m_connectionString; }
+    // Whether a link that was kept is of use still: its server answers, its file is the one that stands there.
+    bool works() const;
+    // To be called before the link's end. The log of an SQLite database must not outlive its file: a file that takes
+    // its name would be changed by it.
+    void retire() const;
+
+private:
+    Link(const QString &connectionString, const Facts &facts);
+    platform::Status open();
+    platform::Status learn();
+    platform::Status learnTables();
+    platform::Status learnFile();
+    // A statement as it stands, for the link's own ends, within the time of an opening.
+    platform::Status run(const QString &statement) const;
+    platform::Result<QStringList> firstColumn(const QString &statement) const;
+    platform::Status start(const OdbcHandle &handle, const QString &statement) const;
+    platform::Failure told(const platform::Failure &failure) const;
+
+    QString m_connectionString;
+    int m_number;
+    OdbcEnvironment m_environment;
+    OdbcHandle m_connection;
+    TimeLimits m_limits;
+    mutable std::optional<CallLimit> m_calls; // where the link is open
+    TextForm m_form = TextForm::Wide;
+    Server m_server = Server::Other;
+    QStringList m_tables;   // in the server's own spelling, where it tells names by case
+    QString m_file;         // of an SQLite database
+    QString m_fileIdentity; // of that file when it was opened
+};
+
+} // namespace database

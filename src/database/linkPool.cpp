@@ -1,0 +1,59 @@
+#include "database/linkPool.h"
+#include <QCoreApplication>
+#include <algorithm>
+#include <chrono>
+#include <memory>
+#include <utility>
+
+namespace database {
+
+namespace {
+
+constexpr std::size_t mostKept = 4;
+constexpr std::chrono::seconds idleTime(2);
+
+} // namespace
+
+LinkPool::LinkPool(QStringList tables)
+    : m_tables(std::move(tables)) {
+    m_idle.setSingleShot(true);
+    m_idle.setInterval(idleTime);
+    QObject::connect(&m_idle, &QTimer::timeout, &m_idle, [this] { dropKept(); });
+}
+
+LinkPool::~LinkPool() {
+    dropKept();
+}
+
+platform::Result<std::unique_ptr<Link>> LinkPool::take(const QString &connectionString) {
+    for (;;) {
+        const auto found = std::find_if(m_kept.begin(), m_kept.end(), [&connectionString](const auto &link) {
+            return link->connectionString() == connectionString;
+        });
+        if (found == m_kept.end())
+            return Link::connect(connectionString, {.tables = m_tables, .number = ++m_opened});
+        std::unique_ptr<Link> link = std::move(*found);
+        m_kept.erase(found);
+        if (link->works())
+            return link;
+        link->retire();
+    }
+}
+
+void LinkPool::keep(std::unique_ptr<Link> link) {
+    m_kept.push_back(std::move(link));
+    if (m_kept.size() > mostKept) {
+        m_kept.front()->retire();
+        m_kept.erase(m_kept.begin());
+    }
+    if (QCoreApplication::instance()) // no event loop, no timer
+        m_idle.start();
+}
+
+void LinkPool::dropKept() {
+    for (const std::unique_ptr<Link> &link : m_kept)
+        link->retire();
+    m_kept.clear();
+}
+
+} // namespace database

@@ -1,0 +1,186 @@
+#include "database/rowReader.h"
+#include <algorithm>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace database {
+
+namespace {
+
+constexpr SQLULEN longest = 1000;              // characters of a column that is still bound
+constexpr std::size_t mostBytes = 4;           // of a character, in UTF-8 and in UTF-16
+constexpr std::size_t blockBytes = 256 * 1024; // of all bound columns together
+constexpr std::size_t mostRows = 256;
+
+struct Column {
+    std::size_t width = 0;         // bytes of a value's buffer, the closing NUL included; 0: not bound
+    std::unique_ptr<char[]> texts; // rows of a block x width
+    std::vector<SQLLEN> sizes;     // in bytes, or the mark of a NULL
+};
+
+// Bytes that a value of the type may take; 0 where it is long or not known.
+std::size_t widthOf(SQLSMALLINT type, SQLULEN size) {
+    switch (type) {
+    case SQL_CHAR:
+    case SQL_VARCHAR:
+    case SQL_WCHAR:
+    case SQL_WVARCHAR:
+        return size == 0 || size > longest ? 0 : mostBytes * size + sizeof(char16_t);
+    case SQL_LONGVARCHAR:
+    case SQL_WLONGVARCHAR:
+    case SQL_BINARY:
+    case SQL_VARBINARY:
+    case SQL_LONGVARBINARY:
+        return 0;
+    default:
+        return 128; // numbers, dates and times
+    }
+}
+
+class Reader {
+public:
+    Reader(const OdbcHandle &statement, TextForm form, Fetching fetching)
+        : m_statement(statement)
+        , m_form(form)
+        , m_fetching(fetching) {}
+
+    platform::Result<ReadTable> read() {
+        if (!describe())
+            return m_statement.failure(m_form);
+        if (m_columns.empty()) // a statement that gives no rows
+            return m_table;
+        bind();
+        for (;;) {
+            const SQLRETURN fetched = SQLFetch(m_statement.get());
+            if (fetched == SQL_NO_DATA)
+                return m_table;
+            if (!SQL_SUCCEEDED(fetched))
+                return m_statement.failure(m_form);
+            for (std::size_t row = 0; row < m_fetchedRows; ++row)
+                if (!takeRow(row))
+                    return m_tooLong ? platform::Result<ReadTable>(nullptr) : m_statement.failure(m_form);
+        }
+    }
+
+private:
+    bool describe() {
+        SQLSMALLINT count = 0;
+        if (!SQL_SUCCEEDED(SQLNumResultCols(m_statement.get(), &count)))
+            return false;
+        QStringList names;
+        for (SQLSMALLINT number = 1; number <= count; ++number) {
+            ColumnFacts facts;
+            if (!odbcDescribe(m_statement.get(), SQLUSMALLINT(number), m_form, facts))
+                return false;
+            names.append(facts.name);
+            Column column;
+            column.width = m_fetching == Fetching::Bound ? widthOf(facts.type, facts.size) : 0;
+            m_columns.push_back(std::move(column));
+        }
+        m_table = std::make_shared<ResultTable>(std::move(names));
+        return true;
+    }
+
+    // Drivers give a value on request only behind the last bound column, so nothing is bound from the first long one
+    // on.
+    void bind() {
+        const auto firstLong =
+            std::find_if(m_columns.begin(), m_columns.end(), [](const Column &column) { return column.width == 0; });
+        m_bound = std::size_t(firstLong - m_columns.begin());
+        std::size_t rowBytes = 1;
+        for (std::size_t i = 0; i < m_bound; ++i)
+            rowBytes += m_columns[i].width + sizeof(SQLLEN);
+        std::size_t rows =
+            firstLong == m_columns.end() ? std::clamp<std::size_t>(blockBytes / rowBytes, 1, mostRows) : 1;
+        const auto wanted = reinterpret_cast<SQLPOINTER>(rows);
+        if (rows > 1 &&
+            SQLSetStmtAttrW(m_statement.get(), SQL_ATTR_ROW_ARRAY_SIZE, wanted, SQL_IS_UINTEGER) != SQL_SUCCESS) {
+            rows = 1;
+            SQLSetStmtAttrW(m_statement.get(), SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(rows),
+                            SQL_IS_UINTEGER);
+        }
+        if (rows > 1)
+            SQLSetStmtAttrW(m_statement.get(), SQL_ATTR_ROWS_FETCHED_PTR, &m_fetchedRows, SQL_IS_POINTER);
+        for (std::size_t i = 0; i < m_bound; ++i) {
+            Column &column = m_columns[i];
+            column.texts = std::make_unique_for_overwrite<char[]>(rows * column.width);
+            column.sizes.resize(rows);
+            SQLBindCol(m_statement.get(), SQLUSMALLINT(i + 1), valueType(), column.texts.get(), SQLLEN(column.width),
+                       column.sizes.data());
+        }
+    }
+
+    bool takeRow(std::size_t row) {
+        for (std::size_t i = 0; i < m_columns.size(); ++i)
+            if (!(i < m_bound ? takeBound(m_columns[i], row) : takeLong(SQLUSMALLINT(i + 1))))
+                return false;
+        return true;
+    }
+
+    bool takeBound(const Column &column, std::size_t row) {
+        const SQLLEN size = column.sizes[row];
+        if (size == SQL_NULL_DATA) {
+            m_table->appendNull();
+            return true;
+        }
+        m_tooLong = size < 0 || std::size_t(size) > column.width - closing();
+        if (!m_tooLong)
+            append(column.texts.get() + row * column.width, size);
+        return !m_tooLong;
+    }
+
+    // A value in pieces: each call fills the buffer but for its closing NUL, until one holds all that is left.
+    bool takeLong(SQLUSMALLINT number) {
+        constexpr std::size_t room = 32 * 1024;
+        m_piece.resize(room);
+        m_long.clear();
+        for (bool more = true; more;) {
+            SQLLEN size = 0;
+            const SQLRETURN got =
+                SQLGetData(m_statement.get(), number, valueType(), m_piece.data(), SQLLEN(room), &size);
+            if (got == SQL_NO_DATA)
+                break;
+            if (!SQL_SUCCEEDED(got))
+                return false;
+            if (size == SQL_NULL_DATA) {
+                m_table->appendNull();
+                return true;
+            }
+            more = size < 0 || std::size_t(size) > room - closing();
+            m_long.append(m_piece.data(), more ? room - closing() : std::size_t(size));
+        }
+        append(m_long.data(), qsizetype(m_long.size()));
+        return true;
+    }
+
+    // The bytes of a whole value.
+    void append(const char *bytes, qsizetype size) {
+        if (m_form == TextForm::Wide)
+            m_table->append(QStringView(reinterpret_cast<const char16_t *>(bytes), size / qsizetype(sizeof(char16_t))));
+        else
+            m_table->append(QString::fromUtf8(bytes, size));
+    }
+
+    SQLSMALLINT valueType() const { return m_form == TextForm::Wide ? SQL_C_WCHAR : SQL_C_CHAR; }
+    std::size_t closing() const { return m_form == TextForm::Wide ? sizeof(char16_t) : sizeof(char); }
+
+    const OdbcHandle &m_statement;
+    TextForm m_form;
+    Fetching m_fetching;
+    std::vector<Column> m_columns;
+    std::size_t m_bound = 0;
+    SQLULEN m_fetchedRows = 1;
+    bool m_tooLong = false;
+    std::vector<char> m_piece;
+    std::string m_long;
+    std::shared_ptr<ResultTable> m_table;
+};
+
+} // namespace
+
+platform::Result<ReadTable> readRows(const OdbcHandle &statement, TextForm form, Fetching fetching) {
+    return Reader(statement, form, fetching).read();
+}
+
+} // namespace database

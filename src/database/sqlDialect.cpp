@@ -1,0 +1,190 @@
+#include "database/sqlDialect.h"
+#include "database/sqlTokens.h"
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace database {
+
+namespace {
+
+// How a server spells what the program's dialect says. %1: the operand; %2: the length.
+struct Spelling {
+    Server server;
+    QStringView date;   // style 111, yyyy/mm/dd
+    QStringView text;   // no style
+    QStringView like;   // the operator; without regard to case
+    QStringView folded; // the operand of `like`; nothing where it stays as it is
+    QStringView after;  // behind the pattern: makes a backslash in it an ordinary character
+    QChar quote;        // around names
+};
+
+constexpr auto spellings = std::to_array<Spelling>({
+    // SQLite has no date type: a date is a text that begins with the day.
+    {Server::Sqlite, u"replace(substr(%1,1,%2),'-','/')", u"substr(cast(%1 as text),1,%2)", u"Like", {}, {}, u'"'},
+    {Server::PostgreSql, u"cast(to_char(cast(%1 as timestamp),'YYYY/MM/DD') as varchar(%2))",
+     u"cast(%1 as varchar(%2))", u"ILike", QStringView(), u" Escape ''", u'"'},
+    // A column may have any character set and collation; this form of the operand suits them all. The escape character
+    // of a pattern cannot be switched off here, but no value that is typed has this one.
+    {Server::MariaDb, u"cast(date_format(%1,'%Y/%m/%d') as char(%2))", u"cast(%1 as char(%2))", u"Like",
+     u"convert(%1 using utf8mb4) collate utf8mb4_general_ci", u" Escape '\x1f'", u'`'},
+});
+
+bool is(const Token &token, QStringView word) {
+    return token.kind == TokenKind::Word && token.text.compare(word, Qt::CaseInsensitive) == 0;
+}
+
+bool isSign(const Token &token, QChar sign) {
+    return token.kind == TokenKind::Sign && token.text[0] == sign;
+}
+
+class Rewriter {
+public:
+    Rewriter(QStringView statement, const Spelling &spelling, const QStringList &tables)
+        : m_spelling(spelling)
+        , m_tables(tables)
+        , m_tokens(tokensOf(statement)) {}
+
+    QString whole() {
+        QString out = part(0, m_tokens.size());
+        const std::size_t first = skip(0);
+        if (first < m_tokens.size() && is(m_tokens[first], u"insert"))
+            if (const std::size_t next = skip(first + 1); next < m_tokens.size() && !is(m_tokens[next], u"into"))
+                out.insert(m_tokens[first].text.end() - m_tokens[0].text.begin(), u" into"_s);
+        return out;
+    }
+
+private:
+    // The first token from `at` on that is neither blank nor comment.
+    std::size_t skip(std::size_t at) const {
+        while (at < m_tokens.size() &&
+               (m_tokens[at].kind == TokenKind::Blank || m_tokens[at].kind == TokenKind::Comment))
+            ++at;
+        return at;
+    }
+
+    QString part(std::size_t from, std::size_t to) {
+        QString out;
+        if (from < to)
+            out.reserve(m_tokens[to - 1].text.end() - m_tokens[from].text.begin() + 64);
+        qsizetype operand = -1;      // where the operand of a coming Like starts in `out`
+        bool patternFollows = false; // a Like waits for its pattern
+        for (std::size_t at = from; at < to; ++at) {
+            const Token &token = m_tokens[at];
+            if (is(token, u"like")) {
+                fold(out, operand);
+                out += m_spelling.like;
+                patternFollows = true;
+                continue;
+            }
+            if (token.kind == TokenKind::Word && !(at > from && isSign(m_tokens[at - 1], u'.')))
+                operand = out.size();
+            else if (token.kind != TokenKind::Word && token.kind != TokenKind::Blank && !isSign(token, u'.'))
+                operand = -1;
+            if (const std::optional<std::size_t> end = is(token, u"convert") ? convert(at, to, out) : std::nullopt) {
+                at = *end;
+                operand = -1;
+                continue;
+            }
+            append(out, token);
+            if (patternFollows && token.kind == TokenKind::Literal) {
+                out += m_spelling.after;
+                patternFollows = false;
+            }
+        }
+        return out;
+    }
+
+    // Wraps the name at the end of `out`, the operand of the Like that follows.
+    void fold(QString &out, qsizetype operand) const {
+        if (m_spelling.folded.isEmpty() || operand < 0)
+            return;
+        qsizetype end = out.size();
+        while (end > operand && out[end - 1].isSpace())
+            --end;
+        const QString name = out.sliced(operand, end - operand);
+        out.replace(operand, end - operand, m_spelling.folded.toString().replace(u"%1"_s, name));
+    }
+
+    void append(QString &out, const Token &token) const {
+        if (token.kind == TokenKind::Word) {
+            out += tableSpelling(token.text);
+        } else if (token.kind == TokenKind::Bracket && token.text.endsWith(u']')) {
+            QString name = token.text.sliced(1, token.text.size() - 2).toString();
+            name.replace(u"]]"_s, u"]"_s).replace(m_spelling.quote, QString(2, m_spelling.quote));
+            out += m_spelling.quote + name + m_spelling.quote;
+        } else {
+            out += token.text;
+        }
+    }
+
+    QStringView tableSpelling(QStringView word) const {
+        const auto same = [word](QStringView table) { return table.compare(word, Qt::CaseInsensitive) == 0; };
+        const auto own = std::find_if(m_tables.begin(), m_tables.end(), same);
+        return own == m_tables.end() ? word : QStringView(*own);
+    }
+
+    // convert(varchar(n),x[,111]), also with nvarchar: appends the server's spelling and gives its last token. Nothing
+    // where the words at `at` are something else.
+    std::optional<std::size_t> convert(std::size_t at, std::size_t to, QString &out) {
+        const std::size_t open = skip(at + 1);
+        const std::size_t type = skip(open + 1);
+        const std::size_t typeOpen = skip(type + 1);
+        const std::size_t length = skip(typeOpen + 1);
+        const std::size_t typeClose = skip(length + 1);
+        const std::size_t comma = skip(typeClose + 1);
+        if (comma >= to || !isSign(m_tokens[open], u'(') ||
+            !(is(m_tokens[type], u"varchar") || is(m_tokens[type], u"nvarchar")) || !isSign(m_tokens[typeOpen], u'(') ||
+            !isSign(m_tokens[typeClose], u')') || !isSign(m_tokens[comma], u','))
+            return std::nullopt;
+        std::size_t close = comma + 1;
+        std::size_t styleComma = 0;
+        for (int depth = 0; close < to && !(depth == 0 && isSign(m_tokens[close], u')')); ++close) {
+            depth += isSign(m_tokens[close], u'(') - isSign(m_tokens[close], u')');
+            if (depth == 0 && isSign(m_tokens[close], u','))
+                styleComma = close;
+        }
+        if (close >= to || (styleComma && !is(m_tokens[skip(styleComma + 1)], u"111")))
+            return std::nullopt;
+        const QString operand = part(comma + 1, styleComma ? styleComma : close).trimmed();
+        QString spelling = (styleComma ? m_spelling.date : m_spelling.text).toString();
+        spelling.replace(u"%2"_s, m_tokens[length].text.toString()).replace(u"%1"_s, operand);
+        out += spelling;
+        return close;
+    }
+
+    const Spelling &m_spelling;
+    const QStringList &m_tables;
+    std::vector<Token> m_tokens;
+};
+
+} // namespace
+
+Server serverOf(QStringView dbmsName) {
+    struct Name {
+        QStringView part;
+        Server server;
+    };
+    static constexpr auto names = std::to_array<Name>({
+        {u"SQLite", Server::Sqlite},
+        {u"PostgreSQL", Server::PostgreSql},
+        {u"MariaDB", Server::MariaDb},
+        {u"MySQL", Server::MariaDb},
+        {u"SQL Server", Server::SqlServer},
+    });
+    for (const Name &name : names)
+        if (dbmsName.contains(name.part, Qt::CaseInsensitive))
+            return name.server;
+    return Server::Other;
+}
+
+QString rewrite(const QString &statement, Server server, const QStringList &tables) {
+    const auto found = std::find_if(spellings.begin(), spellings.end(),
+                                    [server](const Spelling &spelling) { return spelling.server == server; });
+    return found == spellings.end() ? statement : Rewriter(statement, *found, tables).whole();
+}
+
+} // namespace database

@@ -1,0 +1,72 @@
+#include "database/sqlTokens.h"
+
+namespace database {
+
+namespace {
+
+bool isWordCharacter(QChar c) {
+    return c.isLetterOrNumber() || c == u'_';
+}
+
+// The end of a run that `close` ends and a doubled `close` does not.
+qsizetype closedEnd(QStringView text, qsizetype from, QChar close) {
+    for (qsizetype at = from + 1; at < text.size(); ++at) {
+        if (text[at] != close)
+            continue;
+        if (at + 1 == text.size() || text[at + 1] != close)
+            return at + 1;
+        ++at;
+    }
+    return text.size();
+}
+
+qsizetype endAfter(QStringView text, qsizetype from, QStringView close) {
+    const qsizetype found = text.indexOf(close, from + 2);
+    return found < 0 ? text.size() : found + close.size();
+}
+
+template <class Belongs>
+qsizetype runEnd(QStringView text, qsizetype at, Belongs belongs) {
+    while (at < text.size() && belongs(text[at]))
+        ++at;
+    return at;
+}
+
+struct Cut {
+    TokenKind kind;
+    qsizetype end;
+};
+
+Cut cutAt(QStringView text, qsizetype at) {
+    const QChar c = text[at];
+    const QStringView rest = text.sliced(at);
+    if (c.isSpace())
+        return {TokenKind::Blank, runEnd(text, at, [](QChar next) { return next.isSpace(); })};
+    if (isWordCharacter(c))
+        return {TokenKind::Word, runEnd(text, at, isWordCharacter)};
+    if (c == u'\'')
+        return {TokenKind::Literal, closedEnd(text, at, c)};
+    if (c == u'"')
+        return {TokenKind::Quoted, closedEnd(text, at, c)};
+    if (c == u'[')
+        return {TokenKind::Bracket, closedEnd(text, at, u']')};
+    if (rest.startsWith(u"--"))
+        return {TokenKind::Comment, endAfter(text, at, u"\n")};
+    if (rest.startsWith(u"/*"))
+        return {TokenKind::Comment, endAfter(text, at, u"*/")};
+    return {TokenKind::Sign, at + 1};
+}
+
+} // namespace
+
+std::vector<Token> tokensOf(QStringView statement) {
+    std::vector<Token> tokens;
+    for (qsizetype at = 0; at < statement.size();) {
+        const Cut cut = cutAt(statement, at);
+        tokens.push_back({cut.kind, statement.sliced(at, cut.end - at)});
+        at = cut.end;
+    }
+    return tokens;
+}
+
+} // namespace database

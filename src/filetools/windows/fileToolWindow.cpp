@@ -1,0 +1,95 @@
+#include "filetools/windows/fileToolWindow.h"
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace filetools {
+
+namespace {
+
+constexpr QStringView workDone = u"处理结束";
+
+// A label that is hidden until a run and leaves its place free all the same.
+widgets::PacedLabel *progressLabel(const QString &name, QWidget *window) {
+    auto *label = new widgets::PacedLabel(name, {}, window);
+    QSizePolicy policy = label->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    label->setSizePolicy(policy);
+    label->hide();
+    return label;
+}
+
+} // namespace
+
+FileToolWindow::FileToolWindow(const QString &objectName, const QString &caption, platform::Host &host,
+                               ShowReport showReport, QWidget *parent)
+    : Window(objectName, caption, parent)
+    , labJinDu(progressLabel(u"labJinDu"_s, this))
+    , labShuDo(progressLabel(u"labShuDo"_s, this))
+    , m_host(host)
+    , m_showReport(std::move(showReport)) {
+    connect(labShuDo, &widgets::PacedLabel::aboutToShow, this, [this] {
+        if (const std::optional<qint32> inFiles = handOver())
+            showCount(*inFiles);
+    });
+}
+
+bool FileToolWindow::queryUnload() {
+    if (!labJinDu->isHidden() && labJinDu->pacedText() != workDone) {
+        labShuDo->flush();
+        labJinDu->flush();
+        m_host.tell(u"处理还没有结束，请先结束处理！"_s);
+        return false;
+    }
+    return m_host.ask(u"确实要退出吗？"_s, platform::hintTitle, platform::Answer::No);
+}
+
+QString FileToolWindow::chooseFile(platform::FileDialogKind kind) {
+    return m_host.chooseFile({.title = u"选择文件对话框"_s,
+                              .filter = u"cnmarc_file(*.iso)|*.iso|text_file(*.txt)|*.txt|all_files(*.*)|*.*"_s,
+                              .kind = kind});
+}
+
+void FileToolWindow::beginRun(const QList<QWidget *> &disabled) {
+    m_waiting.emplace(this);
+    m_disabled = disabled;
+    m_focused = focusWidget();
+    for (QWidget *control : m_disabled)
+        control->setEnabled(false);
+    labJinDu->show();
+    labShuDo->show();
+}
+
+void FileToolWindow::endRun() {
+    labShuDo->flush();
+    labJinDu->setText(workDone.toString());
+    m_waiting.reset();
+    for (QWidget *control : m_disabled)
+        control->setEnabled(true);
+    // Disabling its button sent the keyboard on to the one that closes the window.
+    if (m_focused)
+        m_focused->setFocus();
+}
+
+void FileToolWindow::showCount(qint32 total) {
+    labShuDo->setPacedText(u"成功处理：" + QString::number(total) + u"条");
+}
+
+void FileToolWindow::tellFailure(const QString &description) {
+    labShuDo->flush();
+    labJinDu->flush();
+    m_host.tell(u"【cmdClick】" + description);
+}
+
+void FileToolWindow::showResult(const QString &report, const QString &folder) {
+    m_showReport(report);
+    if (m_host.ask(u"是否查看该目标文件？"_s, platform::hintTitle) && !folder.isEmpty())
+        m_host.openInShell(folder);
+}
+
+void nameAfter(QLabel *prompt, QWidget *control) {
+    prompt->setBuddy(control);
+    control->setAccessibleName(prompt->text());
+}
+
+} // namespace filetools

@@ -1,0 +1,132 @@
+#include "filetools/windows/frmCutFile.h"
+#include "filetools/checks.h"
+#include "platform/numbers.h"
+#include "widgets/keys.h"
+#include "widgets/layout.h"
+#include <optional>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+using platform::Status;
+using widgets::Button;
+
+namespace filetools {
+
+frmCutFile::frmCutFile(platform::Host &host, ShowReport showReport, QWidget *parent)
+    : FileToolWindow(u"frmCutFile"_s, u"拆分机读目录文件"_s, host, std::move(showReport), parent)
+    , Text1{new PathBox(u"Text10"_s), new PathBox(u"Text11"_s)}
+    , Text2(new PathBox(u"Text2"_s))
+    , cmdSelect{new Button(u"cmdSelect0"_s, u"&L 浏览"_s), new Button(u"cmdSelect1"_s, u"&O 浏览"_s)}
+    , cmdclick{new Button(u"cmdclick0"_s, u"&D 拆分"_s), new Button(u"cmdclick1"_s, u"&Q 取消"_s)}
+    , Frame1(new QGroupBox(u"拆分机读文件（选择或输入机读目录文件；要带扩展名）"_s))
+    , LabShuoMing{new QLabel(u"选择需要处理的机读目录文件:"_s),
+                  new QLabel(u"拆分后的机读数据保存到文件:（程序将自动添加文件序号）"_s),
+                  new QLabel(u"每个拆分文件机读数据条数:"_s)} {
+    layOut();
+    Text2->setText(u"1000"_s);
+    using platform::FileDialogKind;
+    for (const auto &[index, kind] : {std::pair{0, FileDialogKind::Open}, {1, FileDialogKind::Save}}) {
+        widgets::enterActsAsTab(Text1[index]);
+        connect(cmdSelect[index], &Button::clicked, this, [this, i = index, k = kind] {
+            Text1[i]->setText(chooseFile(k)); // a cancel empties the box
+        });
+    }
+    connect(cmdclick[0], &Button::clicked, this, &frmCutFile::split);
+    connect(cmdclick[1], &Button::clicked, this, &frmCutFile::unload);
+}
+
+void frmCutFile::layOut() {
+    using namespace widgets;
+    Frame1->setObjectName(u"Frame1"_s);
+    for (int i = 0; i < 3; ++i) {
+        LabShuoMing[i]->setObjectName(u"LabShuoMing"_s + QString::number(i));
+        nameAfter(LabShuoMing[i], i < 2 ? Text1[i] : Text2);
+    }
+    cmdSelect[0]->setAccessibleName(u"浏览需要处理的机读目录文件"_s);
+    cmdSelect[1]->setAccessibleName(u"浏览拆分后的目标文件"_s);
+    Text1[0]->setMinimumWidth(24 * fontMetrics().height()); // a usual path is seen whole
+    setLayout(column({
+        framed(Frame1, column({
+                           LabShuoMing[0],
+                           row({{Text1[0], 1}, cmdSelect[0]}),
+                           LabShuoMing[1],
+                           row({{Text1[1], 1}, cmdSelect[1]}),
+                           row({LabShuoMing[2], Text2, stretch()}),
+                       })),
+        stretch(),
+        labJinDu,
+        row({{labShuDo, 1}, cmdclick[0], cmdclick[1]}),
+    }));
+}
+
+void frmCutFile::split() {
+    const QString source = platform::trimBlanks(Text1[0]->text());
+    const std::optional<TargetPattern> target = confirmedTarget(source, platform::trimBlanks(Text1[1]->text()));
+    if (!target)
+        return;
+    beginRun({cmdclick[0], cmdSelect[0], cmdSelect[1]});
+    Text2->setReadOnly(true);
+    m_run.emplace(source, *target);
+    if (const Status done = run(); !done) {
+        tellFailure(done.failure().description);
+        return;
+    }
+    const QString report = m_run->report();
+    m_run.reset();
+    endRun();
+    Text2->setReadOnly(false);
+    showResult(report, target->folder);
+}
+
+std::optional<TargetPattern> frmCutFile::confirmedTarget(const QString &source, const QString &target) {
+    if (const auto refusal = refuseSplit(source, platform::fileExists(source), target, Text2->text())) {
+        if (!refusal->text.isEmpty())
+            m_host.tell(refusal->text);
+        if (refusal->focus != Field::None)
+            (refusal->focus == Field::Source ? Text1[0] : Text2)->setFocus();
+        return std::nullopt;
+    }
+    std::optional<TargetPattern> pattern = targetPattern(target);
+    if (!pattern) {
+        tellFailure(u"目标文件名无效"_s);
+        return std::nullopt;
+    }
+    const QStringList existing = pattern->existing();
+    if (!existing.isEmpty() &&
+        !m_host.ask(overwriteQuestion(pattern->mask()), platform::hintTitle, platform::Answer::No))
+        return std::nullopt;
+    for (const QString &path : existing) {
+        if (const Status removed = platform::removeFile(path); !removed) {
+            tellFailure(removed.failure().description);
+            return std::nullopt;
+        }
+    }
+    return pattern;
+}
+
+Status frmCutFile::run() {
+    if (const Status opened = m_run->open(); !opened)
+        return opened;
+    labJinDu->setPacedText(m_run->currentFile());
+    for (;;) {
+        const platform::Result<bool> found = m_run->next();
+        if (!found)
+            return found.failure();
+        if (!found.value())
+            break;
+        m_host.yield();
+        if (const Status written = m_run->write(Text2->text()); !written)
+            return written;
+        labJinDu->setPacedText(m_run->currentFile());
+        showCount(m_run->total());
+    }
+    return m_run->close(Text2->text());
+}
+
+std::optional<qint32> frmCutFile::handOver() {
+    if (!m_run || m_run->total() == 0)
+        return std::nullopt;
+    return m_run->handOver();
+}
+
+} // namespace filetools

@@ -1,0 +1,36 @@
+// Cuts a record file into numbered files of a largest number of records each.
+#pragma once
+
+#include "filetools/splitRun.h"
+#include "filetools/windows/fileToolWindow.h"
+#include "filetools/windows/pathBox.h"
+#include <QGroupBox>
+#include <array>
+#include <optional>
+
+namespace filetools {
+
+class frmCutFile final : public FileToolWindow {
+    Q_OBJECT
+public:
+    frmCutFile(platform::Host &host, ShowReport showReport, QWidget *parent = nullptr);
+
+    std::array<PathBox *, 2> Text1; // source, target
+    PathBox *Text2;                 // largest number of records per file
+    std::array<widgets::Button *, 2> cmdSelect;
+    std::array<widgets::Button *, 2> cmdclick;
+    QGroupBox *Frame1;
+    std::array<QLabel *, 3> LabShuoMing;
+
+private:
+    void layOut();
+    void split();
+    // The pattern of the target names, when the checks have passed and the question about existing files is answered.
+    std::optional<TargetPattern> confirmedTarget(const QString &source, const QString &target);
+    platform::Status run();
+    std::optional<qint32> handOver() override;
+
+    std::optional<SplitRun> m_run; // a run that failed keeps its files until the window goes
+};
+
+} // namespace filetools

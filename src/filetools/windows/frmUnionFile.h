@@ -1,0 +1,42 @@
+// Joins a list of record files into one, in the order of the list.
+#pragma once
+
+#include "filetools/mergeRun.h"
+#include "filetools/windows/fileToolWindow.h"
+#include "filetools/windows/pathBox.h"
+#include <QGroupBox>
+#include <QListWidget>
+#include <array>
+#include <optional>
+
+namespace filetools {
+
+class frmUnionFile final : public FileToolWindow {
+    Q_OBJECT
+public:
+    frmUnionFile(platform::Host &host, ShowReport showReport, QWidget *parent = nullptr);
+
+    QListWidget *List1;
+    QGroupBox *Frame2;
+    std::array<widgets::Button *, 2> cmdSelect; // add, remove
+    QGroupBox *Frame1;
+    PathBox *Text1;
+    widgets::Button *cmdSave;
+    std::array<widgets::Button *, 2> cmdClick;
+
+private:
+    void layOut();
+    void addFile();
+    void removeFile();
+    void merge();
+    QStringList sources() const;
+    // Whether the checks have passed and an existing target may be replaced.
+    bool mayMerge(const QStringList &sources, const QString &target);
+    platform::Status run(const QStringList &sources);
+    platform::Status mergeSource(const QString &path);
+    std::optional<qint32> handOver() override;
+
+    std::optional<MergeRun> m_run; // a run that failed keeps its files until the window goes
+};
+
+} // namespace filetools

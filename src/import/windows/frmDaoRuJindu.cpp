@@ -1,0 +1,121 @@
+#include "import/windows/frmDaoRuJindu.h"
+#include "import/daoruClass.h"
+#include "platform/numbers.h"
+#include "widgets/layout.h"
+#include <QStyle>
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+using widgets::column;
+using widgets::row;
+
+namespace importing {
+
+namespace {
+
+QLabel *label(const QString &name, const QString &text, QWidget *parent) {
+    auto *made = new QLabel(text, parent);
+    made->setObjectName(name);
+    return made;
+}
+
+// A control that keeps its place when it is hidden, so that the window does not jump at the end of a run.
+void keepPlace(QWidget *control) {
+    QSizePolicy policy = control->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    control->setSizePolicy(policy);
+}
+
+} // namespace
+
+frmDaoRuJindu::frmDaoRuJindu(platform::Host &host, const database::SessionState &state,
+                             std::shared_ptr<const marc::PreReadStore> records, QWidget *parent)
+    : Window(u"frmDaoRuJindu"_s, u"进度提示"_s, parent)
+    , Text1(new QLineEdit(this))
+    , Text2(new QLineEdit(this))
+    , Picture1(label(u"Picture1"_s, {}, this))
+    , labEndShu(label(u"labEndShu"_s, u"要导入的机读记录总计："_s, this))
+    , labJinDuShu(new widgets::PacedLabel(u"labJinDuShu"_s, u"已经成功导入的机读记录："_s, this))
+    , LabBi(new widgets::PacedLabel(u"LabBi"_s, {}, this))
+    , labTishi(label(u"labTishi"_s, {}, this))
+    , barJinduTishi(new QProgressBar(this))
+    , cmdStop(new widgets::Button(u"cmdStop"_s, u"&S 停止"_s, this))
+    , cmdQuit(new widgets::Button(u"cmdQuit"_s, u"&Q 退出"_s, this))
+    , m_host(host)
+    , m_state(state)
+    , m_records(std::move(records)) {
+    Text1->setObjectName(u"Text1"_s);
+    Text2->setObjectName(u"Text2"_s);
+    Text1->hide();
+    Text2->hide();
+    barJinduTishi->setObjectName(u"barJinduTishi"_s);
+    barJinduTishi->setAccessibleName(u"导入进度"_s);
+    barJinduTishi->setTextVisible(false);
+    lay();
+    connect(cmdStop, &QPushButton::clicked, this, [this] { cmdStop->setEnabled(false); });
+    connect(cmdQuit, &QPushButton::clicked, this, [this] { unload(); });
+}
+
+void frmDaoRuJindu::lay() {
+    const int iconSize = style()->pixelMetric(QStyle::PM_LargeIconSize);
+    Picture1->setPixmap(style()->standardIcon(QStyle::SP_DialogSaveButton).pixmap(iconSize));
+    LabBi->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    LabBi->setMinimumWidth(fontMetrics().horizontalAdvance(u"100.00%"_s));
+    labJinDuShu->setMinimumWidth(fontMetrics().horizontalAdvance(u"已经成功处理的记录数：2147483647"_s));
+    keepPlace(LabBi);
+    keepPlace(barJinduTishi);
+    setLayout(column({row({Picture1, {column({labEndShu, labJinDuShu}), 1}}), row({{barJinduTishi, 1}, LabBi}),
+                      labTishi, widgets::stretch(), row({widgets::stretch(), cmdStop, cmdQuit})}));
+}
+
+void frmDaoRuJindu::showEvent(QShowEvent *event) {
+    Window::showEvent(event);
+    QMetaObject::invokeMethod(this, &frmDaoRuJindu::activate, Qt::QueuedConnection); // once the window stands
+}
+
+void frmDaoRuJindu::activate() {
+    if (m_activated)
+        return;
+    m_activated = true;
+    run();
+    barJinduTishi->hide();
+    LabBi->hide();
+}
+
+void frmDaoRuJindu::run() {
+    const auto recordTotal = platform::toInt32(Text2->text());
+    if (!recordTotal) {
+        m_host.tell(u"记录总数“"_s + Text2->text() + u"”不是数字，无法导入。");
+        return;
+    }
+    labEndShu->setText(labEndShu->text() + Text2->text());
+    barJinduTishi->setRange(0, std::max(1, *recordTotal)); // a range of nothing would show a bar that never rests
+    barJinduTishi->setValue(0);
+    setWindowTitle(u"套录库数据导入进度"_s);
+    labJinDuShu->setPacedText(u"正在准备导入................."_s);
+
+    ImportRun run(*recordTotal);
+    while (run.hasNext()) {
+        const int at = run.nextRow();
+        run.take(at < m_records->rowCount() ? m_records->record(at) : QString(),
+                 [this](const QString &record) { return daoruRecord(record, m_state, m_host); });
+        labJinDuShu->setPacedText(run.countText());
+        barJinduTishi->setValue(run.taken());
+        LabBi->setPacedText(run.percentText());
+        m_host.yield();
+        if (!cmdStop->isEnabled())
+            break;
+    }
+    labJinDuShu->setPacedText(u"处理完毕！"_s);
+    labTishi->setText(run.closingText());
+}
+
+bool frmDaoRuJindu::queryUnload() {
+    if (barJinduTishi->isHidden())
+        return true;
+    m_host.tell(u"请先停止导入！"_s);
+    return false;
+}
+
+} // namespace importing

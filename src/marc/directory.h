@@ -1,0 +1,83 @@
+// What a record's directory says, and the fields that are cut by it.
+#pragma once
+
+#include "marc/rawRecord.h"
+#include "marc/separators.h"
+#include <QByteArray>
+#include <QList>
+#include <QStringView>
+#include <optional>
+
+namespace marc {
+
+struct DirectoryEntry {
+    QString tag;    // 3 characters, compared as text
+    QString length; // 4 characters: bytes of the field, its terminator included
+    QString start;  // 5 characters: bytes from the base address
+};
+
+// The parts of a record that are plain ASCII by the format, as they stand.
+struct Directory {
+    QString leader;                 // the first 24 characters
+    QString baseAddress;            // characters 13 to 17
+    bool hasFieldTerminator = true; // behind the leader; without one there is no directory at all
+    bool damaged = false;           // its length is no multiple of 12; then there are no entries
+    QList<DirectoryEntry> entries;  // in directory order
+};
+
+Directory decodeDirectory(const RawRecord &record);
+
+// The same as views into the record, for callers that look at few entries of many records.
+struct DirectoryView {
+    QStringView leader;
+    QStringView baseAddress;
+    bool hasFieldTerminator = true;
+    bool damaged = false;
+    QStringView text; // the entries, side by side; empty where damaged
+
+    qsizetype count() const { return text.size() / directoryEntryLength; }
+    QStringView tag(qsizetype entry) const { return text.sliced(entry * directoryEntryLength, 3); }
+    QStringView length(qsizetype entry) const { return text.sliced(entry * directoryEntryLength + 3, 4); }
+    QStringView start(qsizetype entry) const { return text.sliced(entry * directoryEntryLength + 7, 5); }
+};
+
+DirectoryView viewDirectory(QStringView record);
+
+// Cuts fields from the GBK form of a record, which is made once.
+class FieldCutter {
+public:
+    explicit FieldCutter(const RawRecord &record);
+    // For callers that hold the GBK form already and keep it as long as the cutter.
+    static FieldCutter over(QByteArrayView gbk);
+
+    // The `length` bytes from byte base + start + 1 (counted from 1), decoded; what lies outside is left out. Nothing
+    // where the position is below 1 or the length negative: the cut itself fails then.
+    std::optional<QString> cut(qint64 base, qint64 start, qint64 length) const;
+    // The same bytes, not decoded. Valid as long as the cutter.
+    std::optional<QByteArrayView> cutBytes(qint64 base, qint64 start, qint64 length) const;
+
+    qsizetype recordBytes() const { return m_bytes.size(); }
+
+private:
+    explicit FieldCutter(QByteArray bytes);
+    QByteArray m_bytes;
+};
+
+// How much the fields of one record may come to, all taken together: directory entries that overlap can ask for the
+// same bytes over and over, and a small record would fill the memory. Fields that share nothing come to less than the
+// record once; the room beyond is for records whose lengths are wrong. What stands in the directory behind the entry
+// that goes over the limit is not looked at.
+class FieldAllowance {
+public:
+    static constexpr qsizetype timesTheRecord = 16;
+    explicit FieldAllowance(const FieldCutter &cutter)
+        : m_left(timesTheRecord * cutter.recordBytes()) {}
+
+    // Takes the field's size; false where it goes over the limit.
+    bool admits(qsizetype size) { return (m_left -= size) >= 0; }
+
+private:
+    qsizetype m_left;
+};
+
+} // namespace marc

@@ -1,0 +1,12 @@
+// One record as text.
+#pragma once
+
+#include <QString>
+
+namespace marc {
+
+// Decoded from GBK, from the first character of the leader up to and including the record terminator; it travels by
+// value.
+using RawRecord = QString;
+
+} // namespace marc

@@ -1,0 +1,53 @@
+#include "marc/recordCutter.h"
+#include "marc/separators.h"
+#include "platform/codepage936.h"
+
+namespace marc {
+
+RecordCutter::RecordCutter(platform::LineReader &reader)
+    : m_reader(reader) {}
+
+bool RecordCutter::next() {
+    m_buffer.truncate(0);
+    m_lineEnds.clear();
+    while (!m_reader.atEnd()) {
+        const qsizetype before = m_buffer.size();
+        m_reader.gatherLineThrough(char(recordTerminator), m_buffer);
+        if (m_buffer.size() == before)
+            continue;
+        // Lines are decoded one by one. That makes a difference only where one ends in half a character.
+        if (before > 0 && uchar(m_buffer[before - 1]) > 0x80)
+            m_lineEnds.append(before);
+        if (m_buffer.back() == char(recordTerminator))
+            return true;
+        // What never comes to an end is dropped anyway, and must not fill the memory first.
+        if (m_buffer.size() > platform::LineReader::heldOnTrust && !m_reader.reaches(char(recordTerminator)))
+            break;
+    }
+    m_buffer.clear();
+    return false;
+}
+
+RawRecord RecordCutter::record() const {
+    if (m_lineEnds.isEmpty())
+        return platform::decode(m_buffer);
+    RawRecord text;
+    qsizetype from = 0;
+    for (const qsizetype end : m_lineEnds) {
+        text += platform::decode(bytes().sliced(from, end - from));
+        from = end;
+    }
+    return text + platform::decode(bytes().sliced(from));
+}
+
+void cutRecord(platform::LineReader &reader, const std::function<bool(const RawRecord &)> &consumer) {
+    RecordCutter cutter(reader);
+    while (cutter.next() && consumer(cutter.record())) {
+    }
+}
+
+platform::Result<qint64> lineCount(const QString &path) {
+    return platform::countLines(path);
+}
+
+} // namespace marc

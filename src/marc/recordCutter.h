@@ -1,0 +1,39 @@
+// How a file becomes a series of records.
+#pragma once
+
+#include "marc/rawRecord.h"
+#include "platform/textFile.h"
+#include <QByteArray>
+#include <QList>
+#include <functional>
+
+namespace marc {
+
+// Cuts a file into records: one physical line gives one record at the most, a record wrapped over several lines is put
+// together without the breaks, what stands behind the first terminator of a line is not used, and a last piece without
+// a terminator is dropped. Memory: the record in hand.
+class RecordCutter {
+public:
+    explicit RecordCutter(platform::LineReader &reader);
+
+    // Moves on to the next record; false at the end of the file.
+    bool next();
+    // The record's bytes as they stood in the file, terminator included, line breaks left out.
+    // Valid until the next call of next().
+    QByteArrayView bytes() const { return m_buffer; }
+    // The record's text; each line decoded for itself.
+    RawRecord record() const;
+
+private:
+    platform::LineReader &m_reader;
+    QByteArray m_buffer;
+    QList<qsizetype> m_lineEnds; // where joined lines meet behind a byte that could start a character
+};
+
+// The consumer says whether to go on.
+void cutRecord(platform::LineReader &reader, const std::function<bool(const RawRecord &)> &consumer);
+
+// The estimate of a file's records: its lines, empty ones included.
+platform::Result<qint64> lineCount(const QString &path);
+
+} // namespace marc

@@ -1,0 +1,283 @@
+#include "widgets/flexGrid.h"
+#include "widgets/flexGridColours.h"
+#include "widgets/flexGridModel.h"
+#include <QEvent>
+#include <QHeaderView>
+#include <QItemSelectionModel>
+#include <algorithm>
+#include <utility>
+
+namespace widgets {
+
+namespace {
+constexpr int twipsPerInch = 1440;
+constexpr int rowPadding = 6;
+constexpr int narrowestColumn = 4;
+
+Qt::Alignment alignmentOfMark(QChar mark) {
+    const Qt::Alignment across = mark == u'^' ? Qt::AlignHCenter : mark == u'>' ? Qt::AlignRight : Qt::AlignLeft;
+    return across | Qt::AlignVCenter;
+}
+} // namespace
+
+FlexGrid::FlexGrid(const QString &objectName, int columns, int fixedRows, QWidget *parent)
+    : QTableView(parent)
+    , m_model(new FlexGridModel(columns, this))
+    , m_fixedRows(fixedRows > 0 ? 1 : 0) {
+    setObjectName(objectName);
+    setAccessibleName(objectName);
+    setModel(m_model);
+    setItemDelegate(new FlexGridDelegate(this));
+    setEditTriggers(NoEditTriggers);
+    setSelectionBehavior(SelectRows);
+    setHorizontalScrollMode(ScrollPerPixel);
+    setTabKeyNavigation(false);
+    setAutoScroll(false);
+    setWordWrap(false);
+    setContextMenuPolicy(Qt::PreventContextMenu); // the windows answer to rightPressed and menuKeyPressed
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    horizontalHeader()->setVisible(m_fixedRows > 0);
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setMinimumSectionSize(narrowestColumn);
+    m_widths.resize(std::size_t(m_model->columnCount()));
+    fitHeights();
+    connect(m_model, &FlexGridModel::rowsInserted, this, [this](const QModelIndex &, int first) {
+        if (first + m_fixedRows <= std::max(m_row, m_rowSel) || first == 0)
+            showSelection();
+    });
+    connect(m_model, &FlexGridModel::rowsRemoved, this, [this] { select(m_row, m_rowSel, m_column); });
+    select(0, 0, 0);
+}
+
+FlexGrid::~FlexGrid() = default;
+
+void FlexGrid::setFormat(const QString &format) {
+    const QStringList items = format.split(u'|');
+    for (int column = 0; column < items.size() && column < columns(); ++column) {
+        const QString &item = items[column];
+        const QChar mark = item.isEmpty() ? QChar() : item[0];
+        const bool marked = mark == u'^' || mark == u'<' || mark == u'>';
+        m_model->setHeading(column, marked ? item.mid(1) : item);
+        m_model->setHeadingAlignment(column, alignmentOfMark(mark));
+        fitColumn(column);
+    }
+}
+
+int FlexGrid::rows() const {
+    return m_fixedRows + m_model->dataRows();
+}
+
+void FlexGrid::setRows(int count) {
+    m_model->setDataRows(count - m_fixedRows);
+}
+
+int FlexGrid::columns() const {
+    return m_model->columnCount();
+}
+
+QString FlexGrid::text(int row, int column) const {
+    return row == 0 && m_fixedRows > 0 ? m_model->heading(column) : m_model->text(row - m_fixedRows, column);
+}
+
+void FlexGrid::setText(int row, int column, const QString &text) {
+    if (row == 0 && m_fixedRows > 0)
+        m_model->setHeading(column, text);
+    else
+        m_model->setText(row - m_fixedRows, column, text);
+}
+
+void FlexGrid::clear() {
+    m_model->clear();
+}
+
+int FlexGrid::nearestRow(int row) const {
+    const int count = rows();
+    return count > m_fixedRows ? std::clamp(row, m_fixedRows, count - 1) : 0;
+}
+
+int FlexGrid::row() const {
+    return nearestRow(m_row);
+}
+
+int FlexGrid::column() const {
+    return m_column;
+}
+
+int FlexGrid::rowSel() const {
+    return nearestRow(m_rowSel);
+}
+
+void FlexGrid::setRow(int row) {
+    select(row, row, m_column);
+    scrollToRow(m_row);
+}
+
+void FlexGrid::setColumn(int column) {
+    select(m_row, m_rowSel, column);
+    scrollToRow(row());
+}
+
+void FlexGrid::setRowSel(int row) {
+    select(m_row, row, m_column);
+}
+
+void FlexGrid::select(int row, int rowSel, int column) {
+    m_row = nearestRow(row);
+    m_rowSel = nearestRow(rowSel);
+    m_column = std::clamp(column, 0, columns() - 1);
+    if (std::max(m_row, m_rowSel) - m_fixedRows >= m_model->rowCount())
+        m_model->announce();
+    showSelection();
+}
+
+// The view's selection follows the grid's own, never the other way round.
+void FlexGrid::showSelection() {
+    const int last = m_model->rowCount() - 1;
+    if (last < 0) {
+        selectionModel()->clear();
+        return;
+    }
+    const int anchor = std::clamp(row() - m_fixedRows, 0, last);
+    const int end = std::clamp(rowSel() - m_fixedRows, 0, last);
+    const QItemSelection range(m_model->index(std::min(anchor, end), 0),
+                               m_model->index(std::max(anchor, end), columns() - 1));
+    selectionModel()->select(range, QItemSelectionModel::ClearAndSelect);
+    selectionModel()->setCurrentIndex(m_model->index(end, m_column), QItemSelectionModel::NoUpdate);
+}
+
+// The column if it shows, else the first that does: the view refuses to scroll to a hidden one.
+int FlexGrid::shownColumn(int wanted) const {
+    int column = isColumnHidden(wanted) ? 0 : wanted;
+    while (column < columns() - 1 && isColumnHidden(column))
+        ++column;
+    return column;
+}
+
+void FlexGrid::scrollToRow(int row) {
+    scrollToCell(row, m_column);
+}
+
+void FlexGrid::scrollToCell(int row, int column) {
+    scrollTo(m_model->index(row - m_fixedRows, shownColumn(column)));
+}
+
+void FlexGrid::setCellBackground(int row, int column, quint32 colour) {
+    m_model->setBackground(row - m_fixedRows, column, colour);
+}
+
+std::optional<quint32> FlexGrid::cellBackground(int row, int column) const {
+    return m_model->background(row - m_fixedRows, column);
+}
+
+int FlexGrid::toTwips(int pixels) const {
+    return qRound(double(pixels) * twipsPerInch / std::max(logicalDpiX(), 1));
+}
+
+int FlexGrid::toPixels(int twips) const {
+    return qRound(double(twips) * logicalDpiX() / twipsPerInch);
+}
+
+void FlexGrid::setColumnTwips(int column, int twips) {
+    if (column < 0 || column >= columns())
+        return;
+    Width &width = m_widths[std::size_t(column)];
+    if (width.twips == std::max(twips, 0))
+        return;
+    setColumnHidden(column, twips <= 0);
+    width = {std::max(twips, 0), columnWidth(column)};
+    fitColumn(column);
+}
+
+void FlexGrid::fitColumn(int column) {
+    Width &width = m_widths[std::size_t(column)];
+    if (width.twips <= 0 || width.pixels != columnWidth(column))
+        return;
+    const int heading = m_fixedRows > 0 ? horizontalHeader()->sectionSizeHint(column) : 0;
+    width.pixels = std::max({toPixels(width.twips), heading, narrowestColumn});
+    setColumnWidth(column, width.pixels);
+}
+
+int FlexGrid::columnTwips(int column) const {
+    if (column < 0 || column >= columns() || isColumnHidden(column))
+        return 0;
+    const Width &width = m_widths[std::size_t(column)];
+    return width.pixels == columnWidth(column) ? width.twips : toTwips(columnWidth(column));
+}
+
+void FlexGrid::setHeadingTwips(int twips) {
+    m_headingTwips = twips;
+    fitHeights();
+}
+
+void FlexGrid::fitHeights() {
+    const int needed = fontMetrics().height() + rowPadding;
+    verticalHeader()->setMinimumSectionSize(needed);
+    verticalHeader()->setDefaultSectionSize(needed);
+    horizontalHeader()->setFixedHeight(std::max(toPixels(m_headingTwips), needed));
+    horizontalHeader()->setVisible(m_fixedRows > 0 && m_headingTwips != 0);
+    for (int column = 0; column < columns(); ++column)
+        fitColumn(column);
+}
+
+void FlexGrid::setColumnAlignment(int column, Qt::Alignment alignment) {
+    m_model->setColumnAlignment(column, alignment);
+}
+
+void FlexGrid::setHeadingAlignment(Qt::Alignment alignment) {
+    for (int column = 0; column < columns(); ++column)
+        m_model->setHeadingAlignment(column, alignment);
+}
+
+void FlexGrid::bind(std::shared_ptr<const platform::TableSource> source) {
+    m_model->bind(std::move(source));
+    setRow(m_fixedRows);
+}
+
+void FlexGrid::sourceHasGrown() {
+    m_model->sourceHasGrown();
+}
+
+void FlexGrid::sourceInsertedRow(int row) {
+    m_model->sourceInsertedRow(row - m_fixedRows);
+}
+
+void FlexGrid::sourceRemovedRow(int row) {
+    m_model->sourceRemovedRow(row - m_fixedRows);
+}
+
+void FlexGrid::sourceChanged(int row, int column) {
+    m_model->sourceChanged(row - m_fixedRows, column);
+}
+
+QRect FlexGrid::cellRect(int row, int column) const {
+    m_model->announce();
+    QRect place;
+    QRect sight = viewport()->rect();
+    const QWidget *within = viewport();
+    if (row == 0 && m_fixedRows > 0) {
+        within = horizontalHeader()->viewport();
+        sight = within->rect();
+        place = QRect(horizontalHeader()->sectionViewportPosition(column), 0, columnWidth(column), sight.height());
+    } else {
+        place = visualRect(m_model->index(row - m_fixedRows, column));
+    }
+    if (place.intersects(sight))
+        place &= sight;
+    return place.translated(within->mapTo(this, QPoint(0, 0)) + pos());
+}
+
+void FlexGrid::changeEvent(QEvent *event) {
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        fitHeights();
+    if (event->type() == QEvent::EnabledChange)
+        m_dragTimer.stop();
+}
+
+void FlexGrid::showEvent(QShowEvent *event) {
+    QTableView::showEvent(event);
+    scrollToRow(row());
+}
+
+} // namespace widgets

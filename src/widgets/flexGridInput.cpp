@@ -1,0 +1,224 @@
+// What the user does on a flexible grid. The view's own handlers are not called: a slot of leaveCell may open a box,
+// change the rows or run the event loop, and the view must not stand in the midst of its own work meanwhile.
+#include "widgets/flexGrid.h"
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QTimerEvent>
+#include <algorithm>
+#include <optional>
+
+namespace widgets {
+
+namespace {
+constexpr int dragMilliseconds = 40;
+}
+
+// To another row, with the words before and after it. The rows may be other ones after leaveCell.
+void FlexGrid::moveByUser(int row, int column) {
+    if (m_moving)
+        return;
+    if (row == this->row()) {
+        select(row, row, column);
+        scrollToRow(row);
+        return;
+    }
+    const QPointer<FlexGrid> self(this);
+    m_moving = true;
+    Q_EMIT leaveCell();
+    if (!self)
+        return;
+    select(row, row, column);
+    scrollToRow(m_row);
+    if (rows() > m_fixedRows)
+        Q_EMIT enterCell();
+    if (self)
+        m_moving = false;
+}
+
+void FlexGrid::extendByUser(int row) {
+    if (m_moving)
+        return;
+    select(m_row, row, m_column);
+    scrollToRow(m_rowSel);
+}
+
+void FlexGrid::moveColumnByUser(int step, bool toTheEnd) {
+    int found = m_column;
+    for (int column = m_column + step; column >= 0 && column < columns(); column += step) {
+        if (isColumnHidden(column))
+            continue;
+        found = column;
+        if (!toTheEnd)
+            break;
+    }
+    select(m_row, m_rowSel, found);
+    scrollToRow(rowSel());
+}
+
+void FlexGrid::mousePressEvent(QMouseEvent *event) {
+    event->accept();
+    if (m_moving)
+        return;
+    const QModelIndex cell = indexAt(event->position().toPoint()); // none below the last row
+    m_pressed = event->button();
+    m_drags = m_pressed == Qt::LeftButton && cell.isValid();
+    // A box or menu that a slot opens swallows the release; the click is then owed. (Events made up by a test do not
+    // show in mouseButtons().)
+    const bool byHand = QGuiApplication::mouseButtons().testFlag(m_pressed);
+    const QPointer<FlexGrid> self(this);
+    if (m_pressed == Qt::RightButton)
+        Q_EMIT rightPressed();
+    else if (m_drags && event->modifiers().testFlag(Qt::ShiftModifier))
+        extendByUser(cell.row() + m_fixedRows);
+    else if (m_drags)
+        moveByUser(cell.row() + m_fixedRows, cell.column());
+    if (self && byHand)
+        QMetaObject::invokeMethod(this, &FlexGrid::settlePress, Qt::QueuedConnection);
+}
+
+void FlexGrid::settlePress() {
+    if (m_pressed == Qt::NoButton || QGuiApplication::mouseButtons().testFlag(m_pressed))
+        return;
+    m_pressed = Qt::NoButton;
+    m_dragTimer.stop();
+    Q_EMIT gridClicked();
+}
+
+void FlexGrid::mouseMoveEvent(QMouseEvent *event) {
+    event->accept();
+    if (m_pressed != Qt::LeftButton || !m_drags || !event->buttons().testFlag(Qt::LeftButton))
+        return;
+    const int y = event->position().toPoint().y();
+    const int height = viewport()->height();
+    m_dragDirection = y < 0 ? -1 : y >= height ? 1 : 0;
+    if (m_dragDirection == 0) {
+        m_dragTimer.stop();
+        const int dataRow = rowAt(y); // -1 under the last row
+        extendByUser(dataRow < 0 ? rows() - 1 : dataRow + m_fixedRows);
+    } else if (!m_dragTimer.isActive()) {
+        m_dragTimer.start(dragMilliseconds, this);
+    }
+}
+
+void FlexGrid::timerEvent(QTimerEvent *event) {
+    if (event->timerId() != m_dragTimer.timerId()) {
+        QTableView::timerEvent(event);
+        return;
+    }
+    if (QGuiApplication::mouseButtons().testFlag(Qt::LeftButton))
+        extendByUser(rowSel() + m_dragDirection);
+    else
+        m_dragTimer.stop();
+}
+
+void FlexGrid::mouseReleaseEvent(QMouseEvent *event) {
+    event->accept();
+    m_dragTimer.stop();
+    if (event->button() != m_pressed)
+        return;
+    m_pressed = Qt::NoButton;
+    if (viewport()->rect().contains(event->position().toPoint()))
+        Q_EMIT gridClicked();
+}
+
+// The second press of a double click is no click of its own.
+void FlexGrid::mouseDoubleClickEvent(QMouseEvent *event) {
+    if (event->button() != Qt::LeftButton) {
+        mousePressEvent(event);
+        return;
+    }
+    event->accept();
+    m_pressed = Qt::NoButton;
+    if (m_moving)
+        return;
+    const QPointer<FlexGrid> self(this);
+    if (const QModelIndex cell = indexAt(event->position().toPoint()); cell.isValid())
+        moveByUser(cell.row() + m_fixedRows, cell.column()); // the first press may have gone to a box
+    if (self && rows() > m_fixedRows)
+        Q_EMIT gridActivated();
+}
+
+// The row that an arrow or page key leads to, from the end that moves.
+std::optional<int> FlexGrid::rowOfKey(const QKeyEvent *event) const {
+    const int from = event->modifiers().testFlag(Qt::ShiftModifier) ? rowSel() : row();
+    const int page = std::max(viewport()->height() / std::max(verticalHeader()->defaultSectionSize(), 1) - 1, 1);
+    const bool control = event->modifiers().testFlag(Qt::ControlModifier);
+    switch (event->key()) {
+    case Qt::Key_Up:
+        return from - 1;
+    case Qt::Key_Down:
+        return from + 1;
+    case Qt::Key_PageUp:
+        return from - page;
+    case Qt::Key_PageDown:
+        return from + page;
+    case Qt::Key_Home:
+        return control ? std::optional(m_fixedRows) : std::nullopt;
+    case Qt::Key_End:
+        return control ? std::optional(rows() - 1) : std::nullopt;
+    default:
+        return std::nullopt;
+    }
+}
+
+void FlexGrid::copySelection() const {
+    const auto [first, last] = std::minmax({row(), rowSel()});
+    QString copied;
+    for (int row = first; row <= last; ++row) {
+        bool behind = false;
+        for (int column = 0; column < columns(); ++column) {
+            if (isColumnHidden(column))
+                continue;
+            QString cell = text(row, column);
+            for (QChar &character : cell)
+                if (character == u'\t' || character == u'\n' || character == u'\r')
+                    character = u' '; // they would read as cells and rows
+            if (behind)
+                copied += u'\t';
+            behind = true;
+            copied += cell;
+        }
+        copied += u'\n';
+    }
+    QGuiApplication::clipboard()->setText(copied);
+}
+
+void FlexGrid::keyPressEvent(QKeyEvent *event) {
+    event->accept();
+    const bool shift = event->modifiers().testFlag(Qt::ShiftModifier);
+    if (event->modifiers().testFlag(Qt::AltModifier)) {
+        event->ignore();
+        return;
+    }
+    if (const std::optional<int> row = rowOfKey(event)) {
+        shift ? extendByUser(*row) : moveByUser(nearestRow(*row), m_column);
+        return;
+    }
+    if (event->matches(QKeySequence::Copy)) {
+        copySelection();
+        return;
+    }
+    const int key = event->key();
+    if (key == Qt::Key_Left || key == Qt::Key_Right)
+        moveColumnByUser(key == Qt::Key_Left ? -1 : 1, false);
+    else if (key == Qt::Key_Home || key == Qt::Key_End)
+        moveColumnByUser(key == Qt::Key_Home ? -1 : 1, true);
+    else if (key == Qt::Key_Menu || (key == Qt::Key_F10 && shift))
+        Q_EMIT menuKeyPressed();
+    else if ((key == Qt::Key_Return || key == Qt::Key_Enter) && !event->isAutoRepeat())
+        Q_EMIT gridActivated(); // a key held down from the editor before would open the next one
+    else if (key != Qt::Key_Return && key != Qt::Key_Enter)
+        event->ignore();
+}
+
+void FlexGrid::keyReleaseEvent(QKeyEvent *event) {
+    event->accept();
+    if (!event->isAutoRepeat())
+        Q_EMIT keyReleased(event->key());
+}
+
+} // namespace widgets

@@ -1,0 +1,42 @@
+#include "widgets/layout.h"
+
+namespace widgets {
+
+namespace {
+
+QBoxLayout *filled(QBoxLayout *box, std::initializer_list<Item> items) {
+    for (const Item &item : items) {
+        if (const auto *widget = std::get_if<QWidget *>(&item.content))
+            box->addWidget(*widget, item.share);
+        else if (const auto *layout = std::get_if<QLayout *>(&item.content))
+            box->addLayout(*layout, item.share);
+        else
+            box->addStretch(std::get<Stretch>(item.content).factor);
+    }
+    return box;
+}
+
+} // namespace
+
+QBoxLayout *row(std::initializer_list<Item> items) {
+    return filled(new QHBoxLayout, items);
+}
+
+QBoxLayout *column(std::initializer_list<Item> items) {
+    return filled(new QVBoxLayout, items);
+}
+
+QGroupBox *framed(QGroupBox *frame, QLayout *content) {
+    frame->setLayout(content);
+    return frame;
+}
+
+QBoxLayout *labelled(QLabel *label, QWidget *control) {
+    label->setBuddy(control);
+    QString name = label->text();
+    name.remove(u'&');
+    control->setAccessibleName(name);
+    return row({label, {control, 1}});
+}
+
+} // namespace widgets

@@ -1,0 +1,108 @@
+#include "widgets/maskedEdit.h"
+#include <QFocusEvent>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QValidator>
+#include <utility>
+
+namespace widgets {
+
+namespace {
+constexpr QChar digit = u'#';
+constexpr QChar prompt = u'_';
+
+bool isDigit(QChar character) {
+    return character >= u'0' && character <= u'9';
+}
+
+// The toolkit's mask takes every script's digits for digits, full-width ones from an input method too, and lets a NUL
+// into any place.
+class AsciiDigits final : public QValidator {
+public:
+    explicit AsciiDigits(QString mask, QObject *parent)
+        : QValidator(parent)
+        , m_mask(std::move(mask)) {}
+    State validate(QString &text, int &) const override {
+        for (qsizetype at = 0; at < text.size(); ++at) {
+            if (m_mask.mid(at, 1) != text.mid(at, 1) && text[at] != prompt && !isDigit(text[at]))
+                return Invalid;
+        }
+        return Acceptable;
+    }
+
+private:
+    QString m_mask;
+};
+
+// In the toolkit's language: 0 is an optional digit (9 would call a partial value unfinished), a backslash makes any
+// other character stand for itself, and the prompt follows a semicolon.
+QString toolkitMask(const QString &mask) {
+    if (mask.isEmpty())
+        return {};
+    QString result;
+    for (const QChar character : mask)
+        result += character == digit ? QString(u'0') : QString(u"\\" + QString(character));
+    return result + u';' + prompt;
+}
+} // namespace
+
+MaskedEdit::MaskedEdit(const QString &objectName, QWidget *parent)
+    : QLineEdit(parent) {
+    setObjectName(objectName);
+    setAccessibleName(objectName);
+}
+
+void MaskedEdit::setMask(const QString &mask) {
+    m_mask = mask;
+    setInputMask({});
+    clear();
+    delete validator();
+    setValidator(mask.isEmpty() ? nullptr : new AsciiDigits(mask, this));
+    setInputMask(toolkitMask(mask));
+}
+
+// The toolkit would let the digits behind a prompt slip forward, so each digit is put into its own place.
+void MaskedEdit::setText(const QString &text) {
+    if (m_mask.isEmpty() || text.isEmpty()) {
+        QLineEdit::setText(text);
+        return;
+    }
+    clear();
+    for (qsizetype at = 0; at < m_mask.size() && at < text.size(); ++at) {
+        if (m_mask[at] != digit || !isDigit(text[at]))
+            continue;
+        setCursorPosition(int(at));
+        insert(text[at]);
+    }
+    setCursorPosition(0);
+}
+
+void MaskedEdit::focusInEvent(QFocusEvent *event) {
+    QLineEdit::focusInEvent(event);
+    if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason)
+        return;
+    m_selectOnRelease = event->reason() == Qt::MouseFocusReason;
+    selectAll();
+}
+
+void MaskedEdit::mouseReleaseEvent(QMouseEvent *event) {
+    QLineEdit::mouseReleaseEvent(event);
+    if (std::exchange(m_selectOnRelease, false) && !hasSelectedText())
+        selectAll();
+}
+
+void MaskedEdit::focusOutEvent(QFocusEvent *event) {
+    QLineEdit::focusOutEvent(event);
+    m_selectOnRelease = false;
+    const Qt::FocusReason reason = event->reason();
+    if (m_leaving || reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason ||
+        reason == Qt::ActiveWindowFocusReason)
+        return;
+    const QPointer<MaskedEdit> self(this);
+    m_leaving = true;
+    Q_EMIT left();
+    if (self)
+        m_leaving = false;
+}
+
+} // namespace widgets

@@ -1,0 +1,79 @@
+#include "widgets/pacedLabel.h"
+#include <QHelpEvent>
+#include <QStylePainter>
+#include <QTimerEvent>
+#include <QToolTip>
+#include <algorithm>
+
+namespace widgets {
+
+namespace {
+
+constexpr int frameMilliseconds = 16;
+constexpr int leastCharacters = 12; // the width below which a label does not shrink
+
+} // namespace
+
+PacedLabel::PacedLabel(const QString &objectName, const QString &text, QWidget *parent)
+    : QLabel(parent) {
+    setObjectName(objectName);
+    setTextFormat(Qt::PlainText);
+    setText(text);
+}
+
+void PacedLabel::setPacedText(const QString &text) {
+    m_text = text;
+    if (!m_pace.isActive())
+        m_pace.start(frameMilliseconds, this);
+}
+
+void PacedLabel::flush() {
+    Q_EMIT aboutToShow();
+    m_pace.stop(); // also where that brought another text
+    if (QLabel::text() != m_text)
+        QLabel::setText(m_text);
+}
+
+void PacedLabel::setText(const QString &text) {
+    m_text = text;
+    flush();
+}
+
+QSize PacedLabel::minimumSizeHint() const {
+    const QSize whole = QLabel::minimumSizeHint();
+    return {std::min(whole.width(), leastCharacters * fontMetrics().horizontalAdvance(u'录')), whole.height()};
+}
+
+QString PacedLabel::shown() const {
+    if (QLabel::text().contains(u'\n'))
+        return QLabel::text();
+    return fontMetrics().elidedText(QLabel::text(), Qt::ElideMiddle, contentsRect().width());
+}
+
+bool PacedLabel::event(QEvent *event) {
+    if (event->type() == QEvent::ToolTip && shown() != QLabel::text()) {
+        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), m_text, this);
+        return true;
+    }
+    return QLabel::event(event);
+}
+
+void PacedLabel::paintEvent(QPaintEvent *event) {
+    const QString fitting = shown();
+    if (fitting == QLabel::text()) {
+        QLabel::paintEvent(event);
+        return;
+    }
+    QStylePainter painter(this);
+    drawFrame(&painter);
+    painter.drawItemText(contentsRect(), int(alignment()), palette(), isEnabled(), fitting, foregroundRole());
+}
+
+void PacedLabel::timerEvent(QTimerEvent *event) {
+    if (event->timerId() == m_pace.timerId())
+        flush();
+    else
+        QLabel::timerEvent(event);
+}
+
+} // namespace widgets

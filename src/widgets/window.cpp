@@ -1,0 +1,68 @@
+#include "widgets/window.h"
+#include <QCloseEvent>
+#include <QShortcutEvent>
+
+namespace widgets {
+
+Button::Button(const QString &objectName, const QString &caption, QWidget *parent)
+    : QPushButton(caption, parent) {
+    setObjectName(objectName);
+    setAutoDefault(false); // Enter belongs to the fields and grids
+    QString name = caption;
+    setAccessibleName(name.remove(u'&').trimmed());
+}
+
+bool Button::event(QEvent *event) {
+    if (event->type() == QEvent::Shortcut && isEnabled()) {
+        setFocus(Qt::ShortcutFocusReason);
+        // Where two buttons of a window bear the same letter, the key goes from one to the other.
+        if (!static_cast<QShortcutEvent *>(event)->isAmbiguous() && isEnabled())
+            click();
+        return true;
+    }
+    return QPushButton::event(event);
+}
+
+void Button::keyPressEvent(QKeyEvent *event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        click();
+    else
+        QPushButton::keyPressEvent(event);
+}
+
+Window::Window(const QString &objectName, const QString &caption, QWidget *parent)
+    : QDialog(parent) {
+    setObjectName(objectName);
+    setWindowTitle(caption);
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    setWindowFlag(Qt::WindowMaximizeButtonHint, true);
+    setWindowFlag(Qt::WindowMinimizeButtonHint, true);
+}
+
+void Window::closeEvent(QCloseEvent *event) {
+    if (!queryUnload()) {
+        event->ignore();
+        return;
+    }
+    event->accept();
+    Q_EMIT unloaded();
+}
+
+void Window::hideEvent(QHideEvent *event) {
+    QDialog::hideEvent(event);
+    // Where several windows close at once, a window manager may leave the keyboard with none of them.
+    if (isModal() && !event->spontaneous() && parentWidget() && parentWidget()->isVisible())
+        parentWidget()->window()->activateWindow();
+}
+
+WaitCursor::WaitCursor(QWidget *window)
+    : m_window(window) {
+    m_window->setCursor(Qt::WaitCursor);
+}
+
+WaitCursor::~WaitCursor() {
+    if (m_window)
+        m_window->unsetCursor();
+}
+
+} // namespace widgets

@@ -1,0 +1,53 @@
+// What every window of the program has in common: one way of closing for the close cross, Esc and its own buttons, and
+// buttons that take the focus before they act, so that the field that is left does what it does on being left.
+#pragma once
+
+#include <QDialog>
+#include <QPointer>
+#include <QPushButton>
+
+namespace widgets {
+
+class Button : public QPushButton {
+    Q_OBJECT
+public:
+    // objectName is the control's name; the caption may hold an access key as "&S 停止".
+    Button(const QString &objectName, const QString &caption, QWidget *parent = nullptr);
+
+protected:
+    bool event(QEvent *event) override;            // a shortcut takes the focus here first, then clicks
+    void keyPressEvent(QKeyEvent *event) override; // Enter clicks, as the space bar does
+};
+
+class Window : public QDialog {
+    Q_OBJECT
+public:
+    explicit Window(const QString &objectName, const QString &caption, QWidget *parent = nullptr);
+
+    // The window's own way of closing, for its buttons; the same as the close cross and Esc.
+    void unload() { close(); }
+    void reject() override { unload(); }
+
+Q_SIGNALS:
+    void unloaded();
+
+protected:
+    // Whether the window may close now; asks what it has to ask. The default lets it go.
+    virtual bool queryUnload() { return true; }
+    void closeEvent(QCloseEvent *event) override;
+    void hideEvent(QHideEvent *event) override; // gives the keyboard back to the window behind
+};
+
+// Waits, with the wait cursor on the window, until the object goes.
+class WaitCursor {
+public:
+    explicit WaitCursor(QWidget *window);
+    ~WaitCursor();
+    WaitCursor(const WaitCursor &) = delete;
+    WaitCursor &operator=(const WaitCursor &) = delete;
+
+private:
+    QPointer<QWidget> m_window;
+};
+
+} // namespace widgets

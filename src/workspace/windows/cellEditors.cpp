@@ -1,0 +1,191 @@
+#include "workspace/windows/cellEditors.h"
+#include "platform/numbers.h"
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace workspace {
+
+namespace {
+
+const QString smallHint = u"鼠标右击可大屏幕编辑,回车结束输入返回,按【Esc】取消"_s;
+const QString largeHint = u"双击可结束输入返回,按【Esc】取消"_s;
+constexpr int lineLimit = 1 << 20; // characters; as good as none
+
+} // namespace
+
+CellEditors::CellEditors(FieldGrid &grid, EditedRecord &record, platform::Host &host, const WorkspaceWindows &windows)
+    : richText(new CellText(u"richText"_s, grid.parentWidget()))
+    , Text1(new CellLine(u"Text1"_s, grid.parentWidget()))
+    , m_grid(grid)
+    , m_record(record)
+    , m_host(host)
+    , m_windows(windows) {
+    richText->setAccessibleName(u"字段内容"_s);
+    Text1->setAccessibleName(u"字段说明或标识符"_s);
+    richText->setFont(grid.font());
+    Text1->setFont(grid.font());
+    connectEditors();
+}
+
+void CellEditors::connectEditors() {
+    connect(richText, &CellText::entered, this, &CellEditors::commitContent);
+    connect(richText, &CellText::cancelled, this, &CellEditors::endContent);
+    connect(richText, &CellText::assistantWanted, this, &CellEditors::openAssistant);
+    connect(richText, &CellText::enlargeWanted, this, &CellEditors::enlarge);
+    connect(richText, &CellText::reduceWanted, this, &CellEditors::reduce);
+    connect(richText, &CellText::textChanged, this, &CellEditors::contentTyped);
+    connect(richText, &CellText::focused, this, [this] { Q_EMIT opened(Hold::FieldsAndList); });
+    connect(Text1, &CellLine::entered, this, &CellEditors::commitIdentity);
+    connect(Text1, &CellLine::cancelled, this, &CellEditors::cancelIdentity);
+    connect(Text1, &CellLine::focused, this, [this] { Q_EMIT opened(Hold::Fields); });
+    connect(&m_grid, &FieldGrid::scrolled, this, &CellEditors::place);
+    connect(&m_grid, &FieldGrid::rearranged, this, &CellEditors::keepInSight);
+}
+
+void CellEditors::openContent() {
+    const int row = m_grid.row();
+    if (row < 1)
+        return;
+    if (m_grid.rowSel() != row)
+        return m_grid.setRowSel(row);
+    if (m_record.row(row).identifier.isEmpty())
+        return;
+    editRow = row;
+    editCol = ValueColumn;
+    m_grid.setColumn(ValueColumn);
+    richText->setText(m_record.row(row).value);
+    reduce();
+    richText->setLimit(contentLimit(m_record.rows(), row));
+    richText->show();
+    richText->raise();
+    richText->setFocus();
+    Q_EMIT opened(Hold::FieldsAndList);
+}
+
+void CellEditors::enlarge() {
+    m_enlarged = true;
+    richText->setToolTip(largeHint);
+    richText->setEnlarged(true);
+    place();
+}
+
+void CellEditors::reduce() {
+    m_enlarged = false;
+    showEditedCell();
+    richText->setToolTip(smallHint);
+    richText->setEnlarged(false);
+    place();
+}
+
+void CellEditors::place() {
+    QWidget *editor = editCol == ValueColumn ? static_cast<QWidget *>(richText) : Text1;
+    if (m_enlarged && editor == richText)
+        return editor->setGeometry(m_grid.rightHalf());
+    const QRect cell = m_grid.cellRect(editRow, editCol);
+    if (cell.isValid())
+        return editor->setGeometry(cell);
+    // A record without that row came under the editor, which then stays where it was as far as the grid goes.
+    const QRect grid = m_grid.geometry();
+    editor->move(std::min(editor->x(), grid.right() - editor->width()),
+                 std::min(editor->y(), grid.bottom() - editor->height()));
+}
+
+// Whatever row has become current.
+void CellEditors::keepInSight() {
+    if (!richText->isVisible() && !Text1->isVisible())
+        return;
+    m_grid.scrollToCell(editRow, editCol);
+    place();
+}
+
+void CellEditors::showEditedCell() {
+    m_grid.setRow(editRow);
+    m_grid.setColumn(editCol);
+}
+
+void CellEditors::changeCell(const QString &value, bool changed) {
+    if (editRow > m_record.rows().size())
+        return; // another record was chosen meanwhile, which has no such row
+    if (changed)
+        m_record.recordChanged = true;
+    m_record.change(editRow, editCol, value);
+}
+
+void CellEditors::commitContent() {
+    QString typed = richText->text();
+    const bool changed = platform::trimBlanks(typed) != m_record.row(editRow).value;
+    changeCell(typed.remove(u"\r\n"_s), changed); // the blanks at the ends stay
+    endContent();
+}
+
+void CellEditors::endContent() {
+    Q_EMIT closed();
+    richText->setText({});
+    richText->hide();
+    showEditedCell();
+    m_grid.setFocus();
+    Q_EMIT contentTyped();
+}
+
+void CellEditors::openIdentity(IdentityColumn column) {
+    const int row = m_grid.row();
+    editRow = row;
+    editCol = int(column);
+    showEditedCell();
+    const auto limit = identityLimit(m_record.row(row), column);
+    Text1->setMaxLength(limit.value_or(lineLimit));
+    place();
+    Text1->setToolTip(u"回车结束输入返回，按【Esc】取消"_s);
+    Text1->setText(m_record.cell(row, editCol));
+    Text1->show();
+    Text1->raise();
+    Text1->setFocus();
+    Q_EMIT opened(Hold::Fields);
+}
+
+void CellEditors::commitIdentity() {
+    const QString typed = platform::trimBlanks(Text1->text());
+    const QString refusal = checkIdentity(m_record.row(editRow), IdentityColumn(editCol), typed);
+    if (!refusal.isEmpty()) {
+        m_host.tell(refusal);
+        return Text1->setFocus();
+    }
+    changeCell(typed, typed != m_record.cell(editRow, editCol));
+    endIdentity();
+}
+
+void CellEditors::cancelIdentity() {
+    endIdentity();
+    showEditedCell();
+}
+
+void CellEditors::endIdentity() {
+    Q_EMIT closed();
+    Text1->clear();
+    Text1->hide();
+    m_grid.setFocus();
+}
+
+void CellEditors::openAssistant() {
+    if (m_record.row(editRow).identifier == u"000")
+        return runAssistant(m_record.publicTouBiao, m_windows.leaderAssistant);
+    // Each further field 100 above opens the assistant once more, on a box that is empty by then.
+    for (int left = field100Assistants(m_record.rows(), editRow); left > 0; --left)
+        runAssistant(public100ZD, m_windows.field100Assistant);
+}
+
+void CellEditors::runAssistant(QString &exchanged, const Assistant &assistant) {
+    richText->hide();
+    exchanged = richText->text();
+    if (const auto given = assistant(exchanged, m_grid.window()))
+        exchanged = *given;
+    changeCell(exchanged, exchanged != m_record.row(editRow).value);
+    endContent();
+}
+
+QString CellEditors::warning() const {
+    return richText->isVisible() ? m_record.warning(editRow, richText->text()) : m_record.warning();
+}
+
+} // namespace workspace

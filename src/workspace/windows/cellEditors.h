@@ -1,0 +1,62 @@
+// The two in-place editors over the field grid: opening one over a cell, keeping it there, taking over or dropping what
+// was typed, and the way from an open editor to the assistants. At most one is open at a time.
+#pragma once
+
+#include "platform/host.h"
+#include "workspace/windows/cellControls.h"
+#include "workspace/windows/fieldGrid.h"
+#include "workspace/windows/workspaceWindows.h"
+
+namespace workspace {
+
+class CellEditors final : public QObject {
+    Q_OBJECT
+public:
+    // What is out of reach while an editor is open, beside the commands.
+    enum class Hold { FieldsAndList, Fields };
+
+    CellEditors(FieldGrid &grid, EditedRecord &record, platform::Host &host, const WorkspaceWindows &windows);
+
+    CellText *const richText; // edits column 4
+    CellLine *const Text1;    // edits columns 1, 2 and 3
+
+    int editRow = 0;     // the row that was clicked last, and the one that an open editor writes to; 0: none yet
+    int editCol = 0;     // the column that an open editor writes to
+    QString public100ZD; // the text handed to and returned by the assistant of field 100
+
+    // Of the current row. Does nothing where the row has no identifier or several rows are selected.
+    void openContent();
+    // Of the current row, in the column.
+    void openIdentity(IdentityColumn column);
+    // What is to be said about the record, with the content that is being typed.
+    QString warning() const;
+
+Q_SIGNALS:
+    void opened(Hold hold);
+    void closed();
+    void contentTyped(); // the content being typed is another one, or none any more
+
+private:
+    void connectEditors();
+    void commitContent();
+    void enlarge();
+    void reduce();
+    void endContent();
+    void commitIdentity();
+    void cancelIdentity();
+    void endIdentity();
+    void openAssistant();
+    void runAssistant(QString &exchanged, const Assistant &assistant);
+    void place();
+    void keepInSight();
+    void showEditedCell();
+    void changeCell(const QString &value, bool changed);
+
+    FieldGrid &m_grid;
+    EditedRecord &m_record;
+    platform::Host &m_host;
+    const WorkspaceWindows &m_windows;
+    bool m_enlarged = false;
+};
+
+} // namespace workspace

@@ -1,0 +1,170 @@
+#include "workspace/windows/fieldCommands.h"
+#include "platform/numbers.h"
+#include "platform/paths.h"
+#include "workspace/windows/menuClass.h"
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace workspace {
+
+namespace {
+
+// The items of the popup; their numbers count from 1.
+enum Item {
+    EditContent = 1,
+    AddField = 3,
+    AddSubfield,
+    EditLabel = 6,
+    EditIdentifier,
+    EditSubfieldLabel,
+    DeleteField = 10,
+    DeleteSubfield
+};
+
+QStringList popupItems() {
+    return {u"修改本字段内容"_s,
+            u"-"_s,
+            u"添加字段"_s,
+            u"添加子字段"_s,
+            u"-"_s,
+            u"修改字段说明"_s,
+            u"修改（子）字段标识符"_s,
+            u"修改子字段说明"_s,
+            u"-"_s,
+            u"删除字段"_s,
+            u"删除子字段"_s};
+}
+
+} // namespace
+
+FieldCommands::FieldCommands(FieldGrid &grid, EditedRecord &record, CellEditors &editors, platform::Host &host)
+    : zdList(new PickListBox(u"zdList"_s, u"可添加的字段"_s, grid.parentWidget()))
+    , Zzdlist(new PickListBox(u"Zzdlist"_s, u"可添加的子字段"_s, grid.parentWidget()))
+    , m_grid(grid)
+    , m_record(record)
+    , m_editors(editors)
+    , m_host(host) {
+    connect(zdList, &PickListBox::chosen, this, &FieldCommands::addField);
+    connect(Zzdlist, &PickListBox::chosen, this, &FieldCommands::addSubfield);
+    for (PickListBox *list : {zdList, Zzdlist}) {
+        connect(list, &PickListBox::cancelled, this, [this, list] {
+            list->dismiss();
+            m_grid.setFocus();
+        });
+        connect(&grid, &FieldGrid::rearranged, this, [this, list] { list->setGeometry(m_grid.rightHalf()); });
+    }
+}
+
+void FieldCommands::gridClicked() {
+    m_grid.setRowSel(m_grid.row());
+    if (!std::exchange(clickMark, false))
+        m_editors.editRow = m_grid.row();
+}
+
+void FieldCommands::rightPressed() {
+    clickMark = true;
+    if (m_grid.row() >= 1 && m_editors.editRow != 0)
+        popup(QCursor::pos());
+}
+
+void FieldCommands::menuKeyPressed() {
+    const int row = m_grid.row();
+    if (row < 1)
+        return;
+    m_editors.editRow = row; // the row that the key is for counts as noted, or the keyboard alone would never get here
+    popup(m_grid.parentWidget()->mapToGlobal(m_grid.cellRect(row, m_grid.column()).center()));
+}
+
+void FieldCommands::popup(const QPoint &at) {
+    if (m_record.row(1).identifier.isEmpty())
+        return;
+    menuClass menu;
+    run(menu.Popup(popupItems(), at, m_grid.window()));
+}
+
+void FieldCommands::run(int item) {
+    const marc::FieldRow row = m_record.row(m_grid.row());
+    const bool identified = !platform::trimBlanks(row.identifier).isEmpty();
+    switch (item) {
+    case EditContent:
+        return m_editors.openContent();
+    case AddField:
+        return showFieldList();
+    case AddSubfield:
+        return showSubfieldList();
+    case EditLabel:
+        return beginsField(row) ? m_editors.openIdentity(IdentityColumn::FieldLabel) : void();
+    case EditIdentifier:
+        return identified ? m_editors.openIdentity(IdentityColumn::Identifier) : void();
+    case EditSubfieldLabel:
+        return identified ? m_editors.openIdentity(IdentityColumn::SubfieldLabel) : void();
+    case DeleteField:
+        return deleteField();
+    case DeleteSubfield:
+        return deleteSubfield();
+    default:
+        return;
+    }
+}
+
+// The lines in front of a damage are in the list by then, which does not come up.
+void FieldCommands::offer(PickListBox *box, const marc::PickList &list) {
+    box->fill(list.lines);
+    if (!list.complaint.isEmpty())
+        return m_host.tell(list.complaint);
+    box->setGeometry(m_grid.rightHalf());
+    box->offer();
+}
+
+void FieldCommands::showFieldList() {
+    offer(zdList, marc::readFieldList(platform::pathWithSlash(m_host.programFolder())));
+}
+
+void FieldCommands::showSubfieldList() {
+    const QString tag = tagOf(m_record.rows(), m_grid.row());
+    offer(Zzdlist, marc::readSubfieldList(platform::pathWithSlash(m_host.programFolder()), tag));
+}
+
+void FieldCommands::insert(const NewRow &row, PickListBox *chosenFrom) {
+    m_record.insert(row);
+    m_grid.scrollToRow(row.place); // the current row stays, yet what was added is to be seen
+    chosenFrom->dismiss();
+    m_grid.setFocus();
+}
+
+void FieldCommands::addField(const QString &line) {
+    insert(newField(m_record.rows(), m_grid.row(), line), zdList);
+}
+
+void FieldCommands::addSubfield(const QString &line) {
+    insert(newSubfield(m_record.rows(), m_grid.row(), line), Zzdlist);
+}
+
+void FieldCommands::deleteField() {
+    const int current = m_grid.row();
+    if (current == 1)
+        return m_host.tell(u"不能删除！"_s);
+    const auto field = fieldOf(m_record.rows(), current);
+    if (!field)
+        return m_host.tell(u"操作失败本行不属于任何字段"_s);
+    const marc::FieldRow head = m_record.row(*field);
+    if (!m_host.ask(u"确实要删除选择的字段【"_s + head.identifier + head.fieldLabel + u" 】吗？", platform::hintTitle,
+                    platform::Answer::No))
+        return;
+    for (int left = rowsOfField(m_record.rows(), *field); left > 0; --left)
+        m_record.remove(*field);
+}
+
+void FieldCommands::deleteSubfield() {
+    const int current = m_grid.row();
+    const marc::FieldRow row = m_record.row(current);
+    if (beginsField(row))
+        return m_host.tell(u"请选择字段的子字段，然后执行本操作"_s);
+    if (!m_host.ask(u"确实要删除选择的子字段【"_s + row.identifier + row.subfieldLabel + u" 】吗？",
+                    platform::hintTitle, platform::Answer::No))
+        return;
+    m_record.remove(current);
+}
+
+} // namespace workspace

@@ -1,0 +1,41 @@
+// The commands of the popup menu over the field grid: the editors, the pick lists of fields and subfields, deletion.
+#pragma once
+
+#include "marc/configurationFiles.h"
+#include "workspace/windows/cellEditors.h"
+
+namespace workspace {
+
+class FieldCommands final : public QObject {
+public:
+    FieldCommands(FieldGrid &grid, EditedRecord &record, CellEditors &editors, platform::Host &host);
+
+    PickListBox *const zdList;  // fields
+    PickListBox *const Zzdlist; // subfields
+
+    bool clickMark = false; // between a press of the right button and the click that follows it
+
+    void rightPressed();   // the popup at the mouse
+    void menuKeyPressed(); // the popup at the current row
+    void gridClicked();
+
+    void showFieldList();
+    void showSubfieldList();
+    void addField(const QString &line);
+    void addSubfield(const QString &line);
+    void deleteField();
+    void deleteSubfield();
+
+private:
+    void popup(const QPoint &at);
+    void run(int item);
+    void offer(PickListBox *box, const marc::PickList &list);
+    void insert(const NewRow &row, PickListBox *chosenFrom);
+
+    FieldGrid &m_grid;
+    EditedRecord &m_record;
+    CellEditors &m_editors;
+    platform::Host &m_host;
+};
+
+} // namespace workspace

@@ -1,0 +1,35 @@
+// The field grid: the record as it stands, with grey descriptions; the rows that the user adds stay white.
+#pragma once
+
+#include "widgets/flexGrid.h"
+#include "workspace/editedRecord.h"
+#include <memory>
+
+namespace workspace {
+
+class FieldGrid final : public widgets::FlexGrid {
+    Q_OBJECT
+public:
+    static constexpr int allTwips = 9050; // the width of all columns
+
+    FieldGrid(const QString &objectName, QWidget *parent);
+
+    // From now on the grid shows the record and follows it.
+    void follow(std::shared_ptr<const EditedRecord> record);
+    // The half of the grid for what is laid over it, in the coordinates of its parent, as cellRect().
+    QRect rightHalf() const;
+
+Q_SIGNALS:
+    void scrolled();
+    void rearranged(); // other rows, or another size; told once the grid has laid itself out anew
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    void showAnew();
+
+    std::shared_ptr<const EditedRecord> m_record;
+};
+
+} // namespace workspace

@@ -1,0 +1,209 @@
+#include "workspace/windows/frmDaoru.h"
+#include "widgets/layout.h"
+#include "workspace/windows/workspaceControls.h"
+#include <QScreen>
+#include <QScrollBar>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+using widgets::Button;
+using widgets::column;
+using widgets::row;
+
+namespace workspace {
+
+namespace {
+
+constexpr int firstBatch = 200; // records read before the window is shown
+
+} // namespace
+
+frmDaoru::frmDaoru(platform::Host &host, WorkspaceWindows windows, QWidget *parent)
+    : Window(u"frmDaoru"_s, u"套录库数据导入"_s, parent)
+    , picTiMing(frameOf(u"picTiMing"_s, this))
+    , Grid2(new RecordList(u"Grid2"_s, picTiMing))
+    , Picture1(frameOf(u"Picture1"_s, this))
+    , Grid1(new FieldGrid(u"Grid1"_s, Picture1))
+    , Label1{label(u"Label10"_s, u"当前记录"_s, this), label(u"Label11"_s, u"已经读出"_s, this),
+             label(u"Label12"_s, u"估计记录"_s, this)}
+    , Text2(numberBox(u"Text2"_s, u"当前记录"_s, this))
+    , Text3(numberBox(u"Text3"_s, u"已经读出"_s, this))
+    , Text4(numberBox(u"Text4"_s, u"估计记录"_s, this))
+    , labJinDu(label(u"labJinDu"_s, rulesOf(ReadState::Idle).text.toString(), this))
+    , cmdJieShu(new Button(u"cmdJieShu"_s, u"结束预读"_s, this))
+    , cmdTiMing{new Button(u"cmdTiMing0"_s, u"&P 上一条"_s, this), new Button(u"cmdTiMing1"_s, u"&N 下一条"_s, this)}
+    , cmdclick(commandButtons(this))
+    , labZhuangTai(new widgets::PacedLabel(u"labZhuangTai"_s, {}, this))
+    , m_host(host)
+    , m_windows(std::move(windows))
+    , m_editors(*Grid1, *m_record, host, m_windows)
+    , m_fields(*Grid1, *m_record, m_editors, host)
+    , m_moving(*Grid2, *m_record, host, damagedDirectory())
+    , m_reading(*Grid2, host, damagedDirectory())
+    , m_commands(*Grid2, *m_record, host, m_windows) {
+    richText = m_editors.richText;
+    Text1 = m_editors.Text1;
+    zdList = m_fields.zdList;
+    Zzdlist = m_fields.Zzdlist;
+    Grid1->setAccessibleName(u"字段"_s);
+    Grid2->setAccessibleName(u"题名列表"_s);
+    Grid1->follow(m_record);
+    lay();
+    connectGrids();
+    connectHelpers();
+    connectButtons();
+}
+
+void frmDaoru::lay() {
+    picTiMing->setLayout(column({{Grid2, 1}}));
+    Picture1->setLayout(column({{Grid1, 1}}));
+    for (QFrame *frame : {picTiMing, Picture1})
+        frame->layout()->setContentsMargins(0, 0, 0, 0);
+    setLayout(column({
+        {row({picTiMing, {Picture1, 1}}), 1},
+        labZhuangTai,
+        row({Label1[0], Text2, Label1[1], Text3, Label1[2], Text4, labJinDu, widgets::stretch(), cmdJieShu}),
+        row({cmdTiMing[0], cmdTiMing[1], widgets::stretch(), cmdclick[0], cmdclick[1], cmdclick[2], cmdclick[3],
+             cmdclick[4], cmdclick[5], cmdclick[6]}),
+    }));
+    const QFontMetrics metrics = fontMetrics();
+    labZhuangTai->setMinimumHeight(metrics.height()); // its place is kept while there is nothing to say
+    // As wide as the columns of both grids, with their scroll bars; the list keeps its width.
+    const int beside = Grid1->verticalScrollBar()->sizeHint().width() + 2 * Grid1->frameWidth();
+    picTiMing->setFixedWidth(Grid2->toPixels(RecordList::allTwips) + beside);
+    const QMargins margins = layout()->contentsMargins();
+    const QSize wanted(picTiMing->width() + Grid1->toPixels(FieldGrid::allTwips) + beside + layout()->spacing() +
+                           margins.left() + margins.right() + metrics.averageCharWidth(),
+                       metrics.height() * 36);
+    resize(wanted.boundedTo(screen()->availableSize()));
+    Grid2->setFocus();
+}
+
+void frmDaoru::connectGrids() {
+    connect(Grid2, &RecordList::currentMarked, Text2, &widgets::PacedLabel::setText);
+    connect(Grid2, &RecordList::leaveCell, this, [this] { m_moving.leaveStep(); });
+    connect(Grid2, &RecordList::enterCell, this, [this] { m_moving.enterStep(); });
+    connect(Grid1, &FieldGrid::gridClicked, &m_fields, &FieldCommands::gridClicked);
+    connect(Grid1, &FieldGrid::rightPressed, &m_fields, &FieldCommands::rightPressed);
+    connect(Grid1, &FieldGrid::menuKeyPressed, &m_fields, &FieldCommands::menuKeyPressed);
+    connect(Grid1, &FieldGrid::gridActivated, &m_editors, &CellEditors::openContent);
+}
+
+void frmDaoru::connectHelpers() {
+    connect(m_record.get(), &EditedRecord::changed, this, &frmDaoru::updateStatus);
+    connect(&m_editors, &CellEditors::contentTyped, this, &frmDaoru::updateStatus);
+    connect(&m_editors, &CellEditors::opened, this, &frmDaoru::holdControls);
+    connect(&m_editors, &CellEditors::closed, this, &frmDaoru::releaseControls);
+    connect(&m_reading, &RecordReading::listed, this, &frmDaoru::listed);
+    connect(&m_reading, &RecordReading::counted, this,
+            [this](qint64 count) { Text4->setText(QString::number(count)); });
+    connect(&m_reading, &RecordReading::stateChanged, this, &frmDaoru::enterState);
+    connect(this, &Window::unloaded, &m_reading, &RecordReading::abandon);
+}
+
+void frmDaoru::connectButtons() {
+    connect(cmdTiMing[0], &Button::clicked, this, [this] { m_moving.step(-1); });
+    connect(cmdTiMing[1], &Button::clicked, this, [this] { m_moving.step(1); });
+    connect(cmdJieShu, &Button::clicked, this, [this] { m_reading.stop(); });
+    connect(cmdclick[0], &Button::clicked, this, [this] { m_commands.showCard(u"标准"_s); });
+    connect(cmdclick[1], &Button::clicked, this, [this] { m_commands.showCard(u"卡片"_s); });
+    connect(cmdclick[2], &Button::clicked, this, [this] { m_commands.proof(); });
+    connect(cmdclick[3], &Button::clicked, this, [this] { m_reading.all(publicMarcFile); });
+    connect(cmdclick[4], &Button::clicked, this, [this] { m_host.tell(u"暂无此功能"_s); });
+    connect(cmdclick[5], &Button::clicked, this,
+            [this] { m_commands.importRecords(m_reading.state(), Text3->pacedText()); });
+    connect(cmdclick[6], &Button::clicked, this, [this] { unload(); });
+}
+
+void frmDaoru::load() {
+    enterState(m_reading.state());
+    resetFieldGrid();
+    loadData();
+}
+
+void frmDaoru::loadData() {
+    readFirstBatch(publicMarcFile, firstBatch);
+}
+
+void frmDaoru::readFirstBatch(const QString &file, int limit) {
+    m_reading.firstBatch(file, limit);
+}
+
+void frmDaoru::readRemainder(const QString &file, int passOver) {
+    m_reading.remainder(file, passOver);
+}
+
+marc::DamagedDirectory frmDaoru::damagedDirectory() {
+    return [this](const marc::RawRecord &record) {
+        if (m_host.ask(u"地址目次区数据存在错误，本条数据无法处理！\r\n是否查看该条机读数据？（不查看选择‘否’继续）"_s,
+                       platform::hintTitle))
+            m_windows.showReport(record, this);
+    };
+}
+
+void frmDaoru::showRecord(const marc::RawRecord &record) {
+    m_moving.showRecord(record);
+}
+
+void frmDaoru::resetFieldGrid() {
+    m_record->reset();
+}
+
+void frmDaoru::resetRecordList() {
+    Grid2->reset();
+}
+
+marc::RawRecord frmDaoru::madeMyMarc() const {
+    return m_record->rebuilt(m_host.now());
+}
+
+void frmDaoru::listed(int count) {
+    Text3->setPacedText(QString::number(count));
+    if (count == 1)
+        showRecord(records().record(0));
+}
+
+void frmDaoru::enterState(ReadState state) {
+    labJinDu->setText(rulesOf(state).text.toString());
+    labJinDu->repaint();
+    allowReadAll();
+    cmdJieShu->setEnabled(rulesOf(state).mayStop);
+}
+
+// An open editor holds the button back beside the state of the read.
+void frmDaoru::allowReadAll() {
+    cmdclick[3]->setEnabled(rulesOf(m_reading.state()).mayReadAll && Grid1->isEnabled());
+}
+
+void frmDaoru::holdControls(CellEditors::Hold hold) {
+    Grid1->setEnabled(false);
+    Grid2->setEnabled(hold == CellEditors::Hold::Fields);
+    for (Button *button : cmdclick)
+        button->setEnabled(false);
+    for (Button *button : cmdTiMing)
+        button->setEnabled(false);
+}
+
+void frmDaoru::releaseControls() {
+    Grid1->setEnabled(true);
+    Grid2->setEnabled(true);
+    for (Button *button : cmdclick)
+        button->setEnabled(true);
+    for (Button *button : cmdTiMing)
+        button->setEnabled(true);
+    allowReadAll(); // an edit does not give back what the state of the read has taken
+}
+
+void frmDaoru::updateStatus() {
+    labZhuangTai->setText(m_editors.warning());
+}
+
+bool frmDaoru::queryUnload() {
+    if (rulesOf(m_reading.state()).running) {
+        m_host.tell(u"预读还没有结束，请先结束预读！"_s);
+        return false;
+    }
+    return m_host.ask(u"确实要退出吗？"_s, platform::hintTitle, platform::Answer::No);
+}
+
+} // namespace workspace

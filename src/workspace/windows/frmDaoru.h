@@ -1,0 +1,94 @@
+// The pre-read workspace: the records of one file as a list, the current one as a grid of fields. The window is loaded
+// before it is shown; its first batch is then read. It stays alive while the remainder is read, record by record.
+#pragma once
+
+#include "platform/host.h"
+#include "widgets/pacedLabel.h"
+#include "widgets/window.h"
+#include "workspace/windows/fieldCommands.h"
+#include "workspace/windows/recordCommands.h"
+#include "workspace/windows/recordMoving.h"
+#include "workspace/windows/recordReading.h"
+#include <QFrame>
+#include <QLabel>
+#include <array>
+#include <memory>
+
+namespace workspace {
+
+class frmDaoru final : public widgets::Window {
+    Q_OBJECT
+public:
+    frmDaoru(platform::Host &host, WorkspaceWindows windows, QWidget *parent = nullptr);
+
+    // Resets the window and reads the first batch of publicMarcFile. To be called once, before the window is shown.
+    void load();
+    void loadData();
+    void readFirstBatch(const QString &file, int limit);
+    void readRemainder(const QString &file, int passOver);
+
+    void showRecord(const marc::RawRecord &record);
+    void resetFieldGrid();
+    void resetRecordList();
+    // The record of the grid as it stands, with the edits of the moment.
+    marc::RawRecord madeMyMarc() const;
+
+    EditedRecord &record() { return *m_record; }
+    marc::PreReadStore &records() { return Grid2->records(); }
+
+    QString publicMarcFile; // never changes once the window is loaded
+    const QString &publicTouBiao() const { return m_record->publicTouBiao; }
+    bool recordChanged() const { return m_record->recordChanged; }
+    bool stopFlag() const { return m_reading.stopFlag(); }
+    int editRow() const { return m_editors.editRow; }
+    int editCol() const { return m_editors.editCol; }
+    const QString &public100ZD() const { return m_editors.public100ZD; }
+    bool clickMark() const { return m_fields.clickMark; }
+
+    QFrame *picTiMing;
+    RecordList *Grid2;
+    QFrame *Picture1;
+    FieldGrid *Grid1;
+    std::array<QLabel *, 3> Label1;
+    widgets::PacedLabel *Text2;
+    widgets::PacedLabel *Text3;
+    widgets::PacedLabel *Text4;
+    QLabel *labJinDu; // the state of the read
+    widgets::Button *cmdJieShu;
+    std::array<widgets::Button *, 2> cmdTiMing;
+    std::array<widgets::Button *, 7> cmdclick;
+    widgets::PacedLabel *labZhuangTai;
+    CellText *richText; // these four are m_editors' and m_fields'
+    CellLine *Text1;
+    PickListBox *zdList;
+    PickListBox *Zzdlist;
+
+protected:
+    bool queryUnload() override;
+
+private:
+    void lay();
+    void connectGrids();
+    void connectHelpers();
+    void connectButtons();
+
+    void listed(int count);
+    void enterState(ReadState state);
+    void allowReadAll();
+    void holdControls(CellEditors::Hold hold);
+    void releaseControls();
+    void updateStatus();
+    // What readers do about a record with a damaged directory: ask, and show it where wanted.
+    marc::DamagedDirectory damagedDirectory();
+
+    platform::Host &m_host;
+    WorkspaceWindows m_windows;
+    std::shared_ptr<EditedRecord> m_record = std::make_shared<EditedRecord>();
+    CellEditors m_editors;
+    FieldCommands m_fields;
+    RecordMoving m_moving;
+    RecordReading m_reading;
+    RecordCommands m_commands;
+};
+
+} // namespace workspace

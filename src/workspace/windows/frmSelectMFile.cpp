@@ -1,0 +1,69 @@
+#include "workspace/windows/frmSelectMFile.h"
+#include "platform/numbers.h"
+#include "platform/paths.h"
+#include "widgets/layout.h"
+#include <utility>
+
+using namespace Qt::StringLiterals;
+using widgets::Button;
+using widgets::column;
+using widgets::row;
+
+namespace workspace {
+
+frmSelectMFile::frmSelectMFile(platform::Host &host, std::function<void(const QString &file)> showWorkspace,
+                               QWidget *parent)
+    : Window(u"frmSelectMFile"_s, u"请选择机读目录文件"_s, parent)
+    , Frame1(new QGroupBox(this))
+    , Text1(new QLineEdit(this))
+    , cmdLL(new Button(u"cmdLL"_s, u"&O 浏览"_s, this))
+    , cmdClick{new Button(u"cmdClick0"_s, u"&S 查看机读目录"_s, this), new Button(u"cmdClick1"_s, u"&Q 退出"_s, this)}
+    , m_host(host)
+    , m_showWorkspace(std::move(showWorkspace)) {
+    Frame1->setObjectName(u"Frame1"_s);
+    Text1->setObjectName(u"Text1"_s);
+    Text1->setAccessibleName(u"机读目录数据文件"_s);
+    Text1->setMinimumWidth(fontMetrics().averageCharWidth() * 44);
+    widgets::framed(Frame1, row({{Text1, 1}, cmdLL}));
+    setLayout(column({Frame1, widgets::stretch(), row({widgets::stretch(), cmdClick[0], cmdClick[1]})}));
+    connect(cmdLL, &Button::clicked, this, &frmSelectMFile::browse);
+    connect(cmdClick[0], &Button::clicked, this, &frmSelectMFile::openWorkspace);
+    connect(cmdClick[1], &Button::clicked, this, [this] { unload(); });
+}
+
+void frmSelectMFile::browse() {
+    Text1->setText(m_host.chooseFile({.title = u"打开marc文件对话框"_s,
+                                      .filter = u"cnmarc_file(*.iso)|*.iso|text_file(*.txt)|*.txt|all_files(*.*)|*.*"_s,
+                                      .kind = platform::FileDialogKind::Open}));
+}
+
+void frmSelectMFile::refuse(const QString &text) {
+    m_host.tell(text);
+    Text1->setFocus();
+}
+
+void frmSelectMFile::openWorkspace() {
+    if (Text1->text().isEmpty())
+        return refuse(u"没有选择机读目录数据文件！"_s);
+    const QString file = platform::trimBlanks(Text1->text());
+    if (!platform::fileExists(file))
+        return refuse(u"该机读目录数据文件不存在！"_s);
+    cmdClick[0]->setEnabled(false);
+    Frame1->setTitle(u"正在预读,请稍候........."_s);
+    Frame1->repaint();
+    {
+        const widgets::WaitCursor waiting(this);
+        m_busy = true;
+        m_showWorkspace(file);
+        m_busy = false;
+    }
+    Frame1->setTitle({});
+    cmdClick[0]->setEnabled(true);
+}
+
+// While the workspace loads, the events that it lets in must not take this dialog away from under it.
+bool frmSelectMFile::queryUnload() {
+    return !m_busy;
+}
+
+} // namespace workspace

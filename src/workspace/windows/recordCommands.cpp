@@ -1,0 +1,45 @@
+#include "workspace/windows/recordCommands.h"
+#include "platform/paths.h"
+#include "proof/proofChain.h"
+
+using namespace Qt::StringLiterals;
+
+namespace workspace {
+
+RecordCommands::RecordCommands(RecordList &list, EditedRecord &record, platform::Host &host,
+                               const WorkspaceWindows &windows)
+    : m_list(list)
+    , m_record(record)
+    , m_host(host)
+    , m_windows(windows) {}
+
+void RecordCommands::showCard(const QString &mode) {
+    m_windows.showCard(m_record.rebuilt(m_host.now()), mode, m_list.window());
+}
+
+void RecordCommands::proof() {
+    const auto proofed = proof::proofRecord(m_record.rows(), platform::pathWithSlash(m_host.programFolder()));
+    if (!proofed)
+        return m_host.tell(proofed.failure().description);
+    if (const QString &complaint = proofed.value().complaint; !complaint.isEmpty())
+        m_host.tell(complaint);
+    if (const QString &report = proofed.value().report; !report.isEmpty())
+        m_windows.showReport(report, m_list.window());
+    else
+        m_host.tell(proof::proofPassed.toString());
+}
+
+void RecordCommands::importRecords(ReadState state, const QString &count) {
+    if (rulesOf(state).running)
+        return m_host.tell(u"正在预读或者正在导入！请先结束预读或者结束导入！"_s);
+    if (m_record.recordChanged && m_host.insist(u"本条记录已经改变,是否确定改变该记录?\r\n"
+                                                u"(注:你可以修改预读出的记录,然后可以点击保存按扭,保存到新文件中)"_s,
+                                                {})) {
+        // The title in the list and the mark of a change stay as they are.
+        if (const marc::RawRecord record = m_record.rebuilt(m_host.now()); !record.isEmpty())
+            m_list.records().setRecord(m_list.row(), record);
+    }
+    m_windows.runImport(m_list.sharedRecords(), count, m_list.window());
+}
+
+} // namespace workspace

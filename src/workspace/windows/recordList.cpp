@@ -1,0 +1,52 @@
+#include "workspace/windows/recordList.h"
+#include <array>
+#include <numeric>
+
+namespace workspace {
+
+namespace {
+
+constexpr auto widths = std::to_array<int>({0, 2190, 0});
+static_assert(std::reduce(widths.begin(), widths.end()) == RecordList::allTwips);
+
+} // namespace
+
+RecordList::RecordList(const QString &objectName, QWidget *parent)
+    : FlexGrid(objectName, int(widths.size()), 0, parent) {
+    for (int column = 0; column < columns(); ++column) {
+        setColumnTwips(column, widths[size_t(column)]);
+        setColumnAlignment(column, Qt::AlignLeft | Qt::AlignVCenter);
+    }
+    connect(this, &FlexGrid::gridClicked, this, [this] {
+        if (rowSel() != row())
+            setRowSel(row());
+        markCurrent();
+    });
+    connect(this, &FlexGrid::keyReleased, this, [this](int key) {
+        if (key == Qt::Key_Up || key == Qt::Key_Down)
+            markCurrent();
+    });
+}
+
+void RecordList::reset() {
+    m_records->reset();
+    clear();
+    bind(m_records);
+}
+
+void RecordList::setTitle(int row, const QString &title) {
+    m_records->setTitle(row, title);
+    sourceChanged(row, titleColumn);
+}
+
+void RecordList::markCurrent() {
+    Q_EMIT currentMarked(m_records->number(row()));
+    setColumn(titleColumn);
+    setCellBackground(row(), titleColumn, currentColour);
+}
+
+void RecordList::markVisited() {
+    setCellBackground(row(), titleColumn, visitedColour);
+}
+
+} // namespace workspace

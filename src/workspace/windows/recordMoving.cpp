@@ -1,0 +1,71 @@
+#include "workspace/windows/recordMoving.h"
+#include "platform/paths.h"
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace workspace {
+
+RecordMoving::RecordMoving(RecordList &list, EditedRecord &record, platform::Host &host, marc::DamagedDirectory damaged)
+    : m_list(list)
+    , m_record(record)
+    , m_host(host)
+    , m_damaged(std::move(damaged)) {}
+
+void RecordMoving::showRecord(const marc::RawRecord &record) {
+    const QString complaint = m_record.show(record, platform::pathWithSlash(m_host.programFolder()), m_damaged);
+    if (!complaint.isEmpty())
+        m_host.tell(complaint);
+}
+
+void RecordMoving::enterStep() {
+    m_list.markCurrent();
+    const marc::RawRecord record = m_list.records().record(m_list.row());
+    if (record.isEmpty())
+        return; // the field grid keeps the record before it
+    showRecord(record);
+    // What was edited is no longer in the grid, whatever road led here: nothing may be asked about it again.
+    m_record.recordChanged = false;
+}
+
+QString RecordMoving::rebuiltIfWanted() {
+    if (!m_host.insist(u"本条记录已经改变,是否确定暂时改变该记录?\r\n"
+                       u"(注:你可以修改预读出的记录,然后可以点击保存按扭,保存到新文件中)"_s,
+                       {}))
+        return {};
+    const marc::RawRecord record = m_record.rebuilt(m_host.now());
+    if (record.isEmpty())
+        m_host.tell(u"修改失败!"_s);
+    return record;
+}
+
+void RecordMoving::leaveStep() {
+    const int row = m_list.row();
+    m_list.markVisited();
+    if (!m_record.recordChanged)
+        return;
+    if (const marc::RawRecord record = rebuiltIfWanted(); !record.isEmpty()) {
+        m_list.records().setRecord(row, record);
+        const QString title = marc::readZd(record, u"200a", m_damaged).value_or(QString());
+        if (!title.isEmpty())
+            m_list.setTitle(row, title);
+    }
+    m_record.recordChanged = false;
+}
+
+void RecordMoving::step(int by) {
+    const int row = m_list.row();
+    const int next = row + by;
+    if (row < 0 || next < 0 || next >= m_list.records().rowCount())
+        return;
+    if (m_record.recordChanged) {
+        // The title in the list stays as it is, and the mark of a change stands until the next record is entered.
+        if (const marc::RawRecord record = rebuiltIfWanted(); !record.isEmpty())
+            m_list.records().setRecord(row, record);
+    }
+    m_list.markVisited();
+    m_list.setRow(next);
+    enterStep();
+}
+
+} // namespace workspace

@@ -1,0 +1,92 @@
+#include "workspace/windows/recordReading.h"
+#include "marc/recordCutter.h"
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace workspace {
+
+RecordReading::RecordReading(RecordList &list, platform::Host &host, marc::DamagedDirectory damaged)
+    : m_list(list)
+    , m_host(host)
+    , m_damaged(std::move(damaged)) {}
+
+std::optional<platform::LineReader> RecordReading::open(const QString &file) {
+    auto reader = platform::LineReader::open(file);
+    if (reader)
+        return std::move(reader).value();
+    m_host.tell(u"打开文件失败，无法导入，请重新选择"_s);
+    return std::nullopt;
+}
+
+void RecordReading::enter(ReadState state) {
+    m_state = state;
+    Q_EMIT stateChanged(state);
+}
+
+ReadEnd RecordReading::read(platform::LineReader &reader, ReadRange range) {
+    const int begun = ++m_readsBegun;
+    const ReadWatcher watcher{
+        .yield = [this] { m_host.yield(); },
+        .abandoned = [this, begun] { return begun != m_readsBegun; },
+        .stopRequested = [this] { return m_stopFlag; },
+        .damaged = m_damaged,
+        .listed =
+            [this](int count) {
+                m_list.sourceHasGrown();
+                Q_EMIT listed(count);
+            },
+    };
+    const ReadEnd end = readRecords(reader, range, m_list.records(), watcher);
+    if (end.atEnd)
+        Q_EMIT counted(end.count);
+    return end;
+}
+
+void RecordReading::finish(ReadState state) {
+    m_stopFlag = false;
+    enter(state);
+}
+
+void RecordReading::firstBatch(const QString &file, int limit) {
+    m_list.reset();
+    Q_EMIT listed(0);
+    auto reader = open(file);
+    if (!reader)
+        return;
+    enter(ReadState::Loading);
+    if (const auto estimate = marc::lineCount(file))
+        Q_EMIT counted(estimate.value());
+    const ReadEnd end = read(*reader, {.passOver = 0, .limit = limit});
+    reader.reset();
+    if (end.abandoned)
+        return;
+    m_list.setRow(0);
+    m_list.markCurrent();
+    finish(ReadState::Idle);
+}
+
+void RecordReading::remainder(const QString &file, int passOver) {
+    if (passOver <= 0)
+        return;
+    auto reader = open(file);
+    if (!reader)
+        return;
+    enter(ReadState::Reading);
+    const ReadEnd end = read(*reader, {.passOver = passOver});
+    if (!end.abandoned)
+        finish(m_state == ReadState::Stopping ? ReadState::Idle : ReadState::Finished);
+}
+
+void RecordReading::all(const QString &file) {
+    m_stopFlag = false;
+    enter(ReadState::Asked);
+    remainder(file, m_list.records().rowCount());
+}
+
+void RecordReading::stop() {
+    m_stopFlag = true;
+    enter(ReadState::Stopping);
+}
+
+} // namespace workspace

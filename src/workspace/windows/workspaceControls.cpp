@@ -1,0 +1,58 @@
+#include "workspace/windows/workspaceControls.h"
+#include <QLabel>
+
+using namespace Qt::StringLiterals;
+using widgets::Button;
+
+namespace workspace {
+
+namespace {
+
+struct CommandCaption {
+    QStringView caption;
+    QStringView hint;
+};
+constexpr auto commandCaptions = std::to_array<CommandCaption>({
+    {u"&B 标准式", u"按标准式查看marc数据"},
+    {u"&K 卡片式", u"按卡片式查看marc数据"},
+    {u"&J 校对", u"校对marc数据"},
+    {u"&A 全部", u"读取机读目录全部数据"},
+    {u"&M 生成拼音", u"生成拼音"},
+    {u"&S 导入", u"将预读出的机读数据保存为新文件"},
+    {u"&Q 退出", u"退出"},
+});
+
+} // namespace
+
+std::array<Button *, 7> commandButtons(QWidget *parent) {
+    std::array<Button *, 7> made{};
+    for (size_t i = 0; i < made.size(); ++i) {
+        made[i] = new Button(u"cmdclick"_s + QString::number(i), commandCaptions[i].caption.toString(), parent);
+        made[i]->setToolTip(commandCaptions[i].hint.toString());
+    }
+    return made;
+}
+
+// A number beside its label, as large as any count of records.
+widgets::PacedLabel *numberBox(const QString &name, const QString &meaning, QWidget *parent) {
+    auto *box = new widgets::PacedLabel(name, {}, parent);
+    box->setFrameStyle(int(QFrame::StyledPanel) | int(QFrame::Sunken));
+    box->setFixedWidth(box->fontMetrics().horizontalAdvance(u"9999999999"_s));
+    box->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    box->setAccessibleName(meaning);
+    return box;
+}
+
+QFrame *frameOf(const QString &name, QWidget *parent) {
+    auto *frame = new QFrame(parent);
+    frame->setObjectName(name);
+    return frame;
+}
+
+QLabel *label(const QString &name, const QString &text, QWidget *parent) {
+    auto *made = new QLabel(text, parent);
+    made->setObjectName(name);
+    return made;
+}
+
+} // namespace workspace

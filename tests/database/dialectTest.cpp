@@ -1,0 +1,88 @@
+#include "database/connectionText.h"
+#include "database/script.h"
+#include "database/sqlDialect.h"
+#include "support/qtPrinters.h"
+
+using database::rewrite;
+using database::Server;
+
+namespace {
+
+struct Case {
+    QString statement;
+    QString sqlite, postgresql, mariadb; // empty: as the one before
+};
+
+const QStringList tables = {u"taoluTable"_s, u"zsk"_s, u"sck"_s, u"jhsk"_s};
+
+// What the program's statements are made of, with values that look like what is rewritten.
+const QList<Case> cases = {
+    {u"insert  taolutable (marc) values ('O''N [1] \\ insert  t convert(varchar(1),a,111) Like')"_s,
+     u"insert into  taoluTable (marc) values ('O''N [1] \\ insert  t convert(varchar(1),a,111) Like')"_s,
+     {},
+     {}},
+    {u"select ISBN as isbn,bookname as [书   名] from ZSK order by ISBN Desc"_s,
+     u"select ISBN as isbn,bookname as \"书   名\" from zsk order by ISBN Desc"_s,
+     {},
+     u"select ISBN as isbn,bookname as `书   名` from zsk order by ISBN Desc"_s},
+    {u"select convert(nvarchar(1),borrowstatus) from SCK On sck.barcode=jhsk.barcode"_s,
+     u"select substr(cast(borrowstatus as text),1,1) from sck On sck.barcode=jhsk.barcode"_s,
+     u"select cast(borrowstatus as varchar(1)) from sck On sck.barcode=jhsk.barcode"_s,
+     u"select cast(borrowstatus as char(1)) from sck On sck.barcode=jhsk.barcode"_s},
+    {u"where Convert(varchar(10),catatime,111) >='2005/03/00' And isbn='convert('"_s,
+     u"where replace(substr(catatime,1,10),'-','/') >='2005/03/00' And isbn='convert('"_s,
+     u"where cast(to_char(cast(catatime as timestamp),'YYYY/MM/DD') as varchar(10)) >='2005/03/00' And isbn='convert('"_s,
+     u"where cast(date_format(catatime,'%Y/%m/%d') as char(10)) >='2005/03/00' And isbn='convert('"_s},
+    {u"delete from taolutable where (author='[y]' And bookname Like '%a''[b] Like%')"_s,
+     u"delete from taoluTable where (author='[y]' And bookname Like '%a''[b] Like%')"_s,
+     u"delete from taoluTable where (author='[y]' And bookname ILike '%a''[b] Like%' Escape '')"_s,
+     u"delete from taoluTable where (author='[y]' And convert(bookname using utf8mb4) collate utf8mb4_general_ci Like "
+     u"'%a''[b] Like%' Escape '\x1f')"_s},
+    // Broken by a value with a quote, or merely alike: nothing is lost, nothing taken for what it is not.
+    {u"select 1 where a='it's' And b Convert( varchar(10), 'open"_s, {}, {}, {}},
+    {u"select convert(date,a),convert(varchar(10),b,120),converted[ from t"_s, {}, {}, {}},
+};
+
+} // namespace
+
+TEST(Dialect, SpellsEveryStatementAsItsServerDoes) {
+    for (const Case &c : cases) {
+        QString expected = c.statement;
+        for (const auto &[server, spelled] : {std::pair{Server::SqlServer, QString()},
+                                              {Server::Other, QString()},
+                                              {Server::Sqlite, c.sqlite},
+                                              {Server::PostgreSql, c.postgresql},
+                                              {Server::MariaDb, c.mariadb}}) {
+            expected = spelled.isEmpty() ? expected : spelled;
+            EXPECT_EQ(rewrite(c.statement, server, tables), expected);
+        }
+    }
+    EXPECT_EQ(rewrite(u"delete from taoluTable"_s, Server::MariaDb, {u"TAOLUTABLE"_s}), u"delete from TAOLUTABLE"_s);
+}
+
+TEST(Dialect, CutsScriptsOnlyBetweenStatements) {
+    EXPECT_EQ(database::statementsOf(u"-- a; b\ninsert into t values ('x;''y -- z'); /* ; */ ;\n delete from t"_s),
+              (QStringList{u"insert into t values ('x;''y -- z')"_s, u"delete from t"_s}));
+}
+
+TEST(ConnectionText, GoesToTheDriverManagerAsItsDriversWantIt) {
+    const auto text = [](QStringView stored, QStringView source = u"") {
+        return database::driverText(stored.toString(), source.toString());
+    };
+    EXPECT_EQ(text(u"PROVIDER=MSDASQL;Driver=SQL Server;Server=S;UID=u;PWD=a{b};Database=d;"),
+              u"Driver=SQL Server;Server=S;UID=u;PWD=a{b};Database=d;"_s);
+    EXPECT_EQ(text(u"provider=msdasql;Driver=Microsoft Access Driver (*.mdb);Server=x;Database=/a b/c.mdb;"),
+              u"Driver=Microsoft Access Driver (*.mdb);Server=x;Database=/a b/c.mdb;DBQ=/a b/c.mdb;"_s);
+    EXPECT_EQ(text(u"DSN=lib;UID=u", u"Driver=SQLite3;"), u"DSN=lib;UID=u;StepAPI=1;NoCreat=1;Timeout=2000;"_s);
+    EXPECT_EQ(text(u"Driver=SQLite3;NoCreat=0;Timeout=5000;StepAPI=0"),
+              u"Driver=SQLite3;StepAPI=0;NoCreat=1;Timeout=2000;"_s);
+    EXPECT_EQ(text(u"DSN=lib;", u"Driver=SQLite3;Timeout=300;"), u"DSN=lib;StepAPI=1;NoCreat=1;"_s);
+    EXPECT_EQ(text(u"Driver=MariaDB Unicode;AUTO_RECONNECT=1;CONN_TIMEOUT=3;StatementTimeout=0;"),
+              u"Driver=MariaDB Unicode;CONN_TIMEOUT=3;StatementTimeout=0;CHARSET=utf8mb4;AUTO_RECONNECT=0;"_s);
+    EXPECT_EQ(text(u"DSN=m;", u"Driver=libmaodbc;LoginTimeout=4;"), u"DSN=m;"_s);
+    EXPECT_EQ(text(u"DSN=m;", u"Driver=MariaDB;LoginTimeout=4;"),
+              u"DSN=m;CONN_TIMEOUT=4;READ_TIMEOUT=62;WRITE_TIMEOUT=62;CHARSET=utf8mb4;AUTO_RECONNECT=0;"_s);
+    EXPECT_EQ(database::connectionValue(u"Driver={a;b};PWD=x=y; uid = u", u"pwd"), u"x=y"_s);
+    EXPECT_EQ(database::connectionValue(u"Driver={a;b};PWD=x=y; uid = u", u"UID"), u"u"_s);
+    EXPECT_EQ(database::connectionValue(u"Driver={a;b};PWD=x=y; uid = u", u"driver"), u"a;b"_s);
+}

@@ -1,0 +1,251 @@
+// Connections that die, databases that change behind the program's back.
+#include "database/connection.h"
+#include "database/dataSources.h"
+#include "database/sublib.h"
+#include "support/databaseServers.h"
+#include "support/scriptedHost.h"
+#include <QFileInfo>
+#include <QScopeGuard>
+
+using database::Connection;
+
+namespace {
+
+const QString titles = u"select bookname from taoluTable order by zskid"_s;
+
+// The two servers, and how a connection's own session is named, ended and kept waiting on each.
+const std::tuple<TestServer, QString, QString, QString> servers[] = {
+    {TestServer::PostgreSql, u"select pg_backend_pid()"_s, u"select pg_terminate_backend(%1)"_s,
+     u"select pg_sleep(50)"_s},
+    {TestServer::MariaDb, u"select connection_id()"_s, u"kill %1"_s, u"select sleep(50)"_s},
+};
+
+// One record as the import does it: a connection of its own, a failure that is not silent.
+bool import(const TestDatabase &database, const QString &title) {
+    auto connection = database.open();
+    return connection && connection.value().execute(u"insert  taolutable (bookname) values ('" + title + u"')");
+}
+
+// All tests of this program run with a driver manager that has a pool of its own, the hardest case for telling dead
+// connections, and with a data source that stands in the user's settings.
+class DriverManager final : public testing::Environment {
+public:
+    void SetUp() override {
+        QFile system(u"/etc/odbcinst.ini"_s);
+        ASSERT_TRUE(system.open(QIODevice::ReadOnly));
+        write(u"odbcinst.ini"_s,
+              "[ODBC]\nPooling=Yes\n" + system.readAll().replace("Driver=", "CPTimeout=60\nDriver="));
+        const QString postgres = TestDatabase::textOf(TestServer::PostgreSql);
+        write(u"odbc.ini"_s,
+              "[馆藏]\nDriver=SQLite3\nDatabase=" + m_folder.filePath(u"a.sqlite"_s).toUtf8() +
+                  "\n[空]\nDriver=SQLite3\nNoCreat=0\nDatabase=" + m_folder.filePath(u"gone.sqlite"_s).toUtf8() +
+                  "\n[总馆]\n" +
+                  QString(postgres).replace(u"Server="_s, u"Servername="_s).replace(u';', u'\n').toUtf8());
+        write(u"a.sqlite"_s, {});
+        qputenv("ODBCSYSINI", m_folder.path().toUtf8());
+    }
+
+    static QString folder() { return qEnvironmentVariable("ODBCSYSINI"); }
+
+private:
+    void write(const QString &name, const QByteArray &bytes) const {
+        QFile file(m_folder.filePath(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    }
+
+    QTemporaryDir m_folder;
+};
+[[maybe_unused]] const auto *driverManager = testing::AddGlobalTestEnvironment(new DriverManager);
+
+} // namespace
+
+// A replaced file takes the rows from then on, complete; the rows before stay in the old one. The log of the old file
+// must not get into the new one.
+TEST(Link, AReplacedSqliteFileIsNoticed) {
+    for (const bool whileInUse : {false, true}) {
+        const TestDatabase database(TestServer::Sqlite), other(TestServer::Sqlite);
+        ASSERT_TRUE(import(other, u"新库"_s));
+        other.endKeptLinks();
+        ASSERT_EQ(QFileInfo(other.file() + u"-wal").size(), 0);
+        ASSERT_TRUE(import(database, u"一"_s));
+        {
+            const auto inUse = whileInUse ? database.open() : platform::Failure{};
+            ASSERT_TRUE(QFile::rename(database.file(), database.file() + u".old"));
+            ASSERT_TRUE(QFile::rename(other.file(), database.file()));
+        }
+        for (int i = 2; i < 30; ++i)
+            ASSERT_TRUE(import(database, QString::number(i)));
+        EXPECT_TRUE(database.selected(titles).startsWith(u"新库 2 3 4")) << database.selected(titles).toStdString();
+        EXPECT_EQ(database.selected(u"PRAGMA integrity_check"_s), u"ok"_s);
+        database.endKeptLinks();
+        ASSERT_TRUE(QFile::remove(database.file()));
+        ASSERT_TRUE(QFile::rename(database.file() + u".old", database.file()));
+        EXPECT_EQ(database.selected(titles), u"一"_s);
+        database.endKeptLinks();
+    }
+}
+
+// Some seconds after the last use an SQLite database is one whole file that can be copied and written over.
+TEST(Link, NothingIsHeldOpenBetweenWorks) {
+    const TestDatabase database(TestServer::Sqlite);
+    ASSERT_TRUE(import(database, u"一"_s));
+    ASSERT_GT(QFileInfo(database.file() + u"-wal").size(), 0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QFileInfo(database.file() + u"-wal").size() == 0; }, 20000));
+}
+
+// A file that is gone is a database that cannot be reached, by a text and by a data source, whatever they say; nothing
+// takes its place.
+TEST(Link, NoFileIsMadeWhereThereIsNone) {
+    const TestDatabase database(TestServer::Sqlite);
+    ASSERT_TRUE(import(database, u"一"_s));
+    ASSERT_TRUE(QFile::remove(database.file()));
+    EXPECT_FALSE(import(database, u"二"_s));
+    const QString sourceFile = DriverManager::folder() + u"/gone.sqlite";
+    for (const QString &text : {QString(database.connectionString() + u"NoCreat=0;"), u"DSN=空;UID=u;PWD=;"_s}) {
+        const auto opened = Connection::open(database.state.links, text);
+        ASSERT_FALSE(opened) << text.toStdString();
+        EXPECT_TRUE(opened.failure().description.contains(u".sqlite”不存在"))
+            << opened.failure().description.toStdString();
+    }
+    EXPECT_FALSE(QFile::exists(database.file()) || QFile::exists(sourceFile));
+}
+
+TEST(Link, AFullDiskRefusesAndHarmsNothing) {
+    const TestDatabase database(TestServer::Sqlite);
+    database.selected(u"PRAGMA max_page_count=40"_s); // of the one connection that all uses share
+    int stored = 0;
+    for (int i = 0; i < 300; ++i)
+        stored += import(database, QString(150, u'满'));
+    EXPECT_GT(stored, 10);
+    EXPECT_LT(stored, 300);
+    database.selected(u"PRAGMA max_page_count=4000"_s);
+    EXPECT_TRUE(import(database, u"又有地方"_s));
+    EXPECT_EQ(database.selected(u"select count(*) from taoluTable"_s), QString::number(stored + 1));
+}
+
+// A title whose backslash would end its literal where a server takes backslashes for escapes; what follows empties a
+// table that is none of the import's.
+const QString hostileTitle = u"\\''); delete from zsk; -- "_s;
+
+// However the server is set up, and however a driver is told to come back by itself: no session reads a title as more.
+TEST(Link, ASessionReadsABackslashAsABackslash) {
+    for (const auto &[server, own, end, sleep] : servers) {
+        const bool postgres = server == TestServer::PostgreSql;
+        const TestDatabase database(server);
+        database.run(u"insert into zsk (zskid) values (7)"_s);
+        if (postgres)
+            database.run(u"alter role tester set standard_conforming_strings=off"_s);
+        const auto back = qScopeGuard([&] {
+            if (postgres)
+                database.run(u"alter role tester reset standard_conforming_strings"_s);
+        });
+        auto killer = database.open();
+        auto connection = database.open(u"AUTO_RECONNECT=1;OPTION=4194304;"_s);
+        ASSERT_TRUE(connection) << connection.failure().description.toStdString();
+        EXPECT_TRUE(connection.value().execute(u"insert  taolutable (bookname) values ('" + hostileTitle + u"')"));
+        ASSERT_TRUE(killer.value().execute(QString(end).arg(connection.value().query(own).value()->text(0, 0))));
+        for (int i = 0; i < 3; ++i)
+            (void)connection.value().execute(u"insert  taolutable (bookname) values ('路\\径')"_s);
+        EXPECT_EQ(database.selected(u"select zskid from zsk"_s), u"7"_s);
+        EXPECT_EQ(database.selected(u"select bookname from taoluTable where bookname<>'路\\径'"_s),
+                  QString(hostileTitle).replace(u"''"_s, u"'"_s));
+    }
+    // A session in which the first question fails: what it takes a backslash for is not known.
+    const TestDatabase database(TestServer::MariaDb);
+    EXPECT_FALSE(database.open(u"INITSTMT={set max_session_mem_used=8192};"_s));
+}
+
+// The server ends a connection that waits for its next use.
+TEST(Link, ADeadConnectionIsReplaced) {
+    for (const auto &[server, own, end, sleep] : servers) {
+        const TestDatabase database(server);
+        auto killer = database.open();
+        const QString waiting = database.selected(own);
+        ASSERT_EQ(database.selected(own), waiting); // the same connection serves one use after the other
+        ASSERT_TRUE(killer.value().execute(QString(end).arg(waiting)));
+        EXPECT_TRUE(import(database, u"一"_s));
+        EXPECT_EQ(database.selected(titles), u"一"_s);
+    }
+}
+
+TEST(Link, AServerThatGoesAwayAndComesBack) {
+    const TestDatabase database(TestServer::PostgreSql);
+    ASSERT_TRUE(import(database, u"一"_s));
+    database::DbSession session;
+    ScriptedHost host;
+    ASSERT_TRUE(openConnection(session, database.state, host));
+    commandServers(u"stop-postgresql"_s);
+    auto comesBack = qScopeGuard([] { commandServers(u"start-postgresql"_s); }); // for the other tests, whatever fails
+    const QString second = u"insert  taolutable (bookname) values ('二')"_s;
+    EXPECT_FALSE(session->execute(second) || session->query(titles));
+    database::DbSession idle = std::nullopt;
+    EXPECT_FALSE(import(database, u"二"_s));
+    EXPECT_FALSE(openConnection(idle, database.state, host));
+    EXPECT_FALSE(idle);
+    ASSERT_EQ(host.texts(), QStringList{u"连接数据库失败"_s});
+    EXPECT_EQ(host.lastBox().title, u"错误提示"_s);
+    EXPECT_EQ(host.lastBox().icon, platform::Icon::Critical);
+    comesBack.dismiss();
+    commandServers(u"start-postgresql"_s);
+    EXPECT_TRUE(session->execute(second)); // the session comes back by itself, what failed in it does not
+    EXPECT_TRUE(import(database, u"三"_s));
+    EXPECT_EQ(database.selected(titles), u"一 二 三"_s);
+}
+
+// A server that stands still, and a statement that takes too long: a fault each, and then all goes on. The limits are
+// given with the text, or no test would see them.
+TEST(Link, AServerThatDoesNotAnswerIsAFault) {
+    for (const auto &[server, own, end, sleep] : servers) {
+        const TestDatabase database(server);
+        const QString name = TestDatabase::nameOf(server);
+        const QString limit = u"StatementTimeout=2;"_s;
+        auto connection = database.open(limit);
+        ASSERT_TRUE(connection);
+        const QString session = connection.value().query(own).value()->text(0, 0);
+        EXPECT_FALSE(connection.value().query(sleep));
+        EXPECT_EQ(connection.value().query(own).value()->text(0, 0), session); // the server itself broke it off
+
+        commandServers(u"freeze-" + name);
+        auto thaws = qScopeGuard([&] { commandServers(u"thaw-" + name); });
+        EXPECT_FALSE(connection.value().execute(u"insert  taolutable (bookname) values ('一')"_s))
+            << name.toStdString();
+        EXPECT_FALSE(database.open(limit + u"LoginTimeout=2;")); // none of that text is kept
+        thaws.dismiss();
+        commandServers(u"thaw-" + name);
+        EXPECT_TRUE(import(database, u"二"_s));
+    }
+}
+
+// The driver manager's room is 1,024 bytes. What is added on the way counts, and no use of the program takes more of
+// it.
+TEST(Link, AConnectionTextThatIsTooLongIsRefused) {
+    const TestDatabase database(TestServer::Sqlite);
+    const auto open = [&](int size) { return database.open(u"A=" + QString(size, u'x') + u';'); };
+    int longest = 700;
+    for (platform::Failure refused; refused.description.isEmpty(); longest += 5)
+        if (const auto opened = open(longest); !opened) {
+            refused = opened.failure();
+            EXPECT_TRUE(refused.description.startsWith(u"连接字符串太长")) << refused.description.toStdString();
+        }
+    EXPECT_LT(longest, 1024);
+    EXPECT_FALSE(open(5000) || Connection::open(database.state.links,
+                                                u"Driver={PostgreSQL Unicode};A="_s + QString(400, u'馆') + u';'));
+    EXPECT_TRUE(database.open(u"PWD={a;b};B=x{y;"_s));
+    EXPECT_FALSE(database.open(u"PWD={a;b;"_s)) << "what is added behind it would be part of the password";
+    for (int use = 0; use < 30; ++use) {
+        EXPECT_TRUE(open(longest - 15)) << use;
+        database.endKeptLinks();
+    }
+}
+
+// As the connection dialog composes it for a data source, of a driver with narrow calls and of one with wide calls.
+TEST(Link, DataSourcesOfChineseNamesAreListedAndOpened) {
+    for (const QString &name : {u"馆藏"_s, u"总馆"_s}) {
+        EXPECT_TRUE(database::dataSourceNames().contains(name)) << database::dataSourceNames().join(u'|').toStdString();
+        database::LinkPool links({u"zsk"_s});
+        auto connection = Connection::open(links, u"PROVIDER=MSDASQL;DSN=" + name + u";UID=tester;PWD=Tarvex-1;");
+        ASSERT_TRUE(connection) << connection.failure().description.toStdString();
+        (void)connection.value().execute(u"create table zsk (zskid integer)"_s);
+        EXPECT_TRUE(connection.value().query(u"select zskid from ZSK"_s));
+    }
+}

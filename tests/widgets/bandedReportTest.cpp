@@ -1,0 +1,141 @@
+#include "widgets/bandedReport.h"
+#include "support/qtPrinters.h"
+#include <QDialog>
+#include <QPrinter>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+
+using namespace widgets;
+
+namespace {
+
+struct Books final : platform::TableSource {
+    std::vector<QStringList> books;
+    int rowCount() const override { return int(books.size()); }
+    int columnCount() const override { return 3; }
+    QString text(int row, int column) const override {
+        ++asked;
+        return books[std::size_t(row)][column];
+    }
+    mutable int asked = 0; // how often for a cell
+};
+
+struct BandedReportTest : testing::Test {
+    BandedReportTest() {
+        report.caption = u"打印图书检索一览表"_s;
+        report.title = u"图书检索一览表"_s;
+        report.columns = {{u"书      名"_s, 1, 4}, {u"著    者"_s, 2, 2}, {u"册数"_s, 0, 1, Qt::AlignRight}};
+        report.rows = books;
+        report.date = QDate(2026, 3, 9);
+    }
+    void addBooks(int count) {
+        for (int number = 1; number <= count; ++number)
+            books->books.push_back({QString::number(number % 7), u"第%1种书"_s.arg(number), u"王某"_s});
+    }
+    // The pages as text, each with its layout.
+    QStringList printed(int fromPage = 0, int toPage = 0) {
+        QPrinter printer(QPrinter::HighResolution);
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setPageSize(QPageSize(QPageSize::A4));
+        printer.setFromTo(fromPage, toPage);
+        printer.setOutputFileName(folder.filePath(u"report.pdf"_s));
+        pages = print(report, printer);
+        QProcess reader;
+        reader.start(u"pdftotext"_s, {u"-layout"_s, printer.outputFileName(), u"-"_s});
+        EXPECT_TRUE(reader.waitForFinished());
+        // The toolkit's PDF gives some characters back as the radicals that share their glyph.
+        const QString text = QString::fromUtf8(reader.readAllStandardOutput());
+        QStringList result =
+            text.normalized(QString::NormalizationForm_KC).replace(u'⻚', u'页').replace(u'⻓', u'长').split(u'\f');
+        result.removeLast();
+        return result;
+    }
+
+    QTemporaryDir folder;
+    std::shared_ptr<Books> books = std::make_shared<Books>();
+    BandedReport report;
+    int pages = 0;
+};
+
+TEST_F(BandedReportTest, EveryPageHasItsBandsAndEveryRowStandsOnce) {
+    addBooks(200);
+    const QStringList sheets = printed();
+    ASSERT_EQ(sheets.size(), pages);
+    ASSERT_GT(pages, 2);
+    for (int page = 1; page <= pages; ++page) {
+        const QStringList lines = sheets[page - 1].simplified().split(u' ');
+        const QStringList bands{u"图书检索一览表"_s, u"书"_s, u"名"_s, u"著"_s, u"者"_s, u"册数"_s};
+        EXPECT_EQ(lines.mid(0, bands.size()), bands);
+        EXPECT_EQ(lines.mid(lines.size() - 3),
+                  (QStringList{u"报表日期:2026-03-09"_s, u"共%1页"_s.arg(pages), u"第%1页"_s.arg(page)}));
+    }
+    QStringList rows;
+    for (auto found = QRegularExpression(u"第(\\d+)种书 +王某 +(\\d)"_s).globalMatch(sheets.join(u'\n'));
+         found.hasNext();)
+        rows.append(found.next().captured(1));
+    QStringList expected;
+    for (int number = 1; number <= 200; ++number)
+        expected.append(QString::number(number));
+    EXPECT_EQ(rows, expected);
+    EXPECT_EQ(printed(2, 2), sheets.mid(1, 1)) << "a range of pages keeps the numbers";
+}
+
+TEST_F(BandedReportTest, LongTextsWrapInsideTheirColumn) {
+    const QString title = u"中国古代科学技术史论文集"_s.repeated(8);
+    const QString word = u"Wissenschaftsgeschichte"_s.repeated(3);
+    books->books = {{u"3"_s, title, word}, {u"4"_s, u"后一种\r\n副题名"_s, u"李某"_s}};
+    const QStringList sheets = printed();
+    ASSERT_EQ(sheets.size(), 1);
+    QString chinese;
+    QString latin;
+    for (const QChar character : sheets[0]) {
+        if (title.contains(character))
+            chinese += character;
+        if (character.unicode() < 0x80 && character.isLetter())
+            latin += character;
+    }
+    EXPECT_GE(chinese.count(u"古"_s), 8);
+    EXPECT_EQ(latin, word);
+    EXPECT_TRUE(QRegularExpression(u"后一种 +李某 +4\\n+ *副题名"_s).match(sheets[0]).hasMatch());
+}
+
+TEST_F(BandedReportTest, ARowLongerThanAPageGoesOnOnTheNext) {
+    addBooks(3);
+    QStringList lines;
+    for (int line = 0; line < 150; ++line)
+        lines.append(u"L%1."_s.arg(line));
+    books->books.insert(books->books.begin() + 1, {u"9"_s, lines.join(u'\n'), u"长"_s});
+    const QString text = printed().join(u' ');
+    for (const QString &line : lines)
+        EXPECT_EQ(text.count(line), 1) << line.toStdString();
+    EXPECT_EQ(text.count(u"种书"_s), 3);
+    books->books.clear();
+    EXPECT_EQ(printed().size(), 1) << "no rows: a page all the same";
+}
+
+TEST_F(BandedReportTest, NobodyWaitsForAMonstrousText) {
+    books->books = {{u"1"_s, QString(30'000, u'x'), u"王"_s},
+                    {u"2"_s, QString(30'000, QChar(0)) + u"题", u"李"_s},
+                    {u"3"_s, u"甲\0乙\r\n丙"_s, u"张"_s}};
+    const QString text = printed().join(u' ');
+    EXPECT_EQ(text.count(u'x'), 2000);
+    EXPECT_EQ(text.count(u"..."_s), 2);
+    EXPECT_TRUE(QRegularExpression(u"甲 ?乙 +张 +3\n+ *丙"_s).match(text).hasMatch()) << text.right(200).toStdString();
+}
+
+TEST_F(BandedReportTest, TenThousandRowsPrintAndAFailureIsTold) {
+    addBooks(10'000);
+    const QStringList sheets = printed();
+    EXPECT_LE(books->asked, 3 * 3 * 10'000)
+        << "each cell for counting the pages and for drawing, and where a page begins";
+    EXPECT_EQ(sheets.join(u' ').count(u"种书"_s), 10'000);
+    QPrinter nowhere(QPrinter::HighResolution);
+    nowhere.setOutputFormat(QPrinter::PdfFormat);
+    nowhere.setOutputFileName(u"/no/such/folder/report.pdf"_s);
+    EXPECT_EQ(print(report, nowhere), 0);
+    const std::unique_ptr<QDialog> preview(newReportPreview(report, nullptr));
+    EXPECT_EQ(preview->windowTitle(), report.caption);
+}
+
+} // namespace

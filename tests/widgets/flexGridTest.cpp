@@ -1,0 +1,320 @@
+#include "widgets/flexGrid.h"
+#include "support/qtPrinters.h"
+#include <QClipboard>
+#include <QHeaderView>
+#include <QScrollBar>
+#include <QTest>
+
+using namespace widgets;
+
+namespace {
+
+// Rows that are listed, or only counted.
+struct Source final : platform::TableSource {
+    explicit Source(int rows, QStringList list = {})
+        : count(rows)
+        , listed(std::move(list)) {}
+    int count;
+    QStringList listed;
+    mutable int asked = 0; // how often for a cell
+    int rowCount() const override { return listed.isEmpty() ? count : int(listed.size()); }
+    int columnCount() const override { return listed.isEmpty() ? 2 : 4; }
+    QString text(int row, int column) const override {
+        ++asked;
+        return listed.value(row, QString::number(row) + u':') + QString::number(column);
+    }
+};
+
+// A grid in a window of its own that writes down its signals, each with the current row.
+struct FlexGridTest : testing::Test {
+    FlexGridTest() {
+        window.resize(420, 300);
+        grid.setGeometry(10, 20, 400, 260);
+        grid.setFormat(u"号|^题名|>标识|说明"_s);
+        grid.setRows(7);
+        for (int row = 1; row < 7; ++row)
+            for (int column = 0; column < 4; ++column)
+                grid.setText(row, column, QString::number(row * 10 + column));
+        grid.setColumnTwips(0, 0);
+        for (const auto &[signal, name] : {std::pair(&FlexGrid::leaveCell, u"leave"_s),
+                                           {&FlexGrid::enterCell, u"enter"_s},
+                                           {&FlexGrid::gridClicked, u"click"_s},
+                                           {&FlexGrid::rightPressed, u"right"_s},
+                                           {&FlexGrid::menuKeyPressed, u"menu"_s},
+                                           {&FlexGrid::gridActivated, u"activated"_s}})
+            QObject::connect(&grid, signal, [this, name = name] { note(name); });
+        window.show();
+    }
+    void note(const QString &what) { log.append(what + QString::number(grid.row())); }
+    QString taken() { return std::exchange(log, {}).join(u' '); }
+    QString place() const {
+        return QString::number(grid.row()) + u'-' + QString::number(grid.rowSel()) + u'/' +
+               QString::number(grid.column());
+    }
+    QPoint at(int row, int column) { // in the viewport
+        return grid.viewport()->mapFrom(&window, grid.cellRect(row, column).center());
+    }
+    void press(Qt::MouseButton button, int row, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::mousePress(grid.viewport(), button, modifiers, at(row, 1));
+    }
+    void release(Qt::MouseButton button, int row) { QTest::mouseRelease(grid.viewport(), button, {}, at(row, 1)); }
+
+    QWidget window;
+    FlexGrid grid{u"Grid1"_s, 4, 1, &window};
+    QStringList log;
+};
+
+TEST_F(FlexGridTest, CellsMoveWithTheirRowsAndTheCurrentNumberStays) {
+    const auto source = std::make_shared<Source>(0, QStringList{u"a"_s, u"b"_s, u"c"_s, u"d"_s});
+    grid.bind(source);
+    grid.setRow(3);
+    grid.setCellBackground(2, 1, 255);
+    grid.setText(4, 1, u"改"_s);
+    source->listed.insert(1, u"x"_s);
+    grid.sourceInsertedRow(2);
+    const auto shown = [this] {
+        QString texts;
+        for (int row = 1; row <= grid.model()->rowCount(); ++row)
+            texts += grid.text(row, 1) + (grid.cellBackground(row, 1) ? u"! "_s : u" "_s);
+        return texts;
+    };
+    EXPECT_EQ(shown(), u"a1 x1 b1! c1 改 "_s);
+    EXPECT_EQ(grid.row(), 3);
+    source->listed.removeAt(3);
+    grid.sourceRemovedRow(4);
+    EXPECT_EQ(shown(), u"a1 x1 b1! 改 "_s);
+    source->listed.removeAt(2);
+    grid.sourceRemovedRow(3);
+    EXPECT_EQ(shown(), u"a1 x1 改 "_s);
+    grid.setRows(6); // empty rows behind the source's
+    source->listed.append(u"y"_s);
+    grid.sourceHasGrown(); // not told yet
+    source->listed.insert(0, u"z"_s);
+    grid.sourceInsertedRow(1);
+    EXPECT_EQ(shown(), u"z1 a1 x1 改 y1  "_s);
+
+    grid.bind(nullptr);
+    grid.setRows(7);
+    grid.setRow(3);
+    grid.setRows(3);
+    EXPECT_EQ(place(), u"2-2/0"_s);
+    grid.setRows(9);
+    EXPECT_EQ(place(), u"2-2/0"_s) << "rows that went took the current row along for good";
+    grid.clear();
+    EXPECT_EQ(grid.rows(), 9);
+    EXPECT_EQ(grid.text(1, 1) + grid.text(0, 1), u"题名"_s);
+    grid.setRows(-5);
+    EXPECT_EQ(grid.rows(), 1);
+    EXPECT_EQ(grid.row(), 0);
+    grid.setRows(2);
+    EXPECT_EQ(grid.row(), 1);
+    EXPECT_TRUE(taken().isEmpty()) << "the program's own changes are not reported";
+}
+
+TEST_F(FlexGridTest, PlacesOutsideReadEmptyAndTakeNothing) {
+    for (const auto &[row, column] : {std::pair{-1, 1}, {7, 1}, {1, -1}, {1, 4}, {0, 4}, {INT_MAX, INT_MIN}}) {
+        grid.setText(row, column, u"x"_s);
+        grid.setCellBackground(row, column, 255);
+        grid.sourceInsertedRow(row);
+        grid.sourceRemovedRow(row);
+        grid.cellRect(row, column);
+        grid.setColumnTwips(column < 4 ? -1 : column, 100);
+        EXPECT_EQ(grid.text(row, column), QString());
+    }
+    for (const int number : {-2, 99}) {
+        grid.setRow(number);
+        grid.setRowSel(number);
+        grid.setColumn(number);
+    }
+    EXPECT_EQ(place(), u"6-6/3"_s);
+    EXPECT_EQ(grid.rows(), 7);
+    EXPECT_EQ(grid.columnTwips(9) + grid.columnTwips(0), 0);
+}
+
+TEST_F(FlexGridTest, AMillionBoundRowsCostNothing) {
+    const auto source = std::make_shared<Source>(1'000'000);
+    grid.bind(source);
+    QCoreApplication::processEvents();
+    grid.setRow(999'999);
+    grid.verticalScrollBar()->setValue(grid.verticalScrollBar()->maximum());
+    QCoreApplication::processEvents();
+    EXPECT_LT(source->asked, 1000) << "only what is in sight is looked at";
+    EXPECT_EQ(grid.rows(), 1'000'001);
+    EXPECT_EQ(grid.text(999'999, 1), u"999998:1"_s);
+    EXPECT_EQ(grid.text(5, 3), QString()) << "the source has two columns";
+    EXPECT_TRUE(grid.viewport()->rect().contains(at(1'000'000, 1)));
+    grid.setText(1'000'000, 1, u"改"_s);
+    EXPECT_EQ(grid.text(1'000'000, 1), u"改"_s);
+    for (const int row : {-1, 0, 1'000'002}) {
+        grid.sourceInsertedRow(row);
+        grid.sourceRemovedRow(row == 0 ? row : row + 1);
+        grid.sourceChanged(row, 1);
+    }
+    EXPECT_EQ(grid.model()->rowCount(), 1'000'000);
+    grid.bind(std::make_shared<Source>(0));
+    EXPECT_EQ(grid.rows(), 1);
+    grid.setRows(2);
+    EXPECT_EQ(grid.text(1, 1), QString());
+    EXPECT_EQ(grid.columnTwips(0), 0) << "a new source leaves the columns as they are";
+}
+
+TEST_F(FlexGridTest, GrowthIsKnownAtOnceAndAnnouncedAtScreenPace) {
+    const auto source = std::make_shared<Source>(5);
+    grid.bind(source);
+    grid.setRows(21);
+    grid.setRow(4);
+    int announcements = 0;
+    QObject::connect(grid.model(), &QAbstractItemModel::rowsInserted, [&] { ++announcements; });
+    for (source->count = 6; source->count <= 3000; ++source->count) {
+        grid.sourceHasGrown();
+        ASSERT_EQ(grid.rows(), std::max(source->count, 20) + 1);
+        ASSERT_EQ(grid.text(source->count, 1), QString(QString::number(source->count - 1) + u":1"));
+    }
+    grid.setCellBackground(2900, 1, 255); // ahead of the announcement
+    EXPECT_EQ(announcements, 0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return announcements > 0; }, 20'000));
+    EXPECT_EQ(announcements, 1);
+    EXPECT_EQ(grid.model()->rowCount(), 3001);
+    EXPECT_EQ(place(), u"4-4/0"_s);
+    source->count = 4000;
+    grid.setRow(4000);
+    EXPECT_EQ(grid.currentIndex().row(), 3999) << "a row can be chosen before it is announced";
+    source->count = 10;
+    EXPECT_EQ(grid.row(), 20) << "a source may shrink, against the rules, without a crash";
+    grid.grab();
+}
+
+TEST_F(FlexGridTest, MouseMovesClickAndActivate) {
+    press(Qt::LeftButton, 3);
+    EXPECT_EQ(taken(), u"leave1 enter3"_s);
+    release(Qt::LeftButton, 3);
+    EXPECT_EQ(taken(), u"click3"_s);
+    press(Qt::LeftButton, 3);
+    release(Qt::LeftButton, 3);
+    EXPECT_EQ(taken(), u"click3"_s) << "the same row is not left";
+    press(Qt::RightButton, 5);
+    EXPECT_EQ(taken(), u"right3"_s);
+    release(Qt::RightButton, 5);
+    EXPECT_EQ(taken(), u"click3"_s);
+    press(Qt::LeftButton, 1, Qt::ShiftModifier);
+    EXPECT_EQ(place(), u"3-1/1"_s);
+    release(Qt::LeftButton, 1);
+    EXPECT_EQ(taken(), u"click3"_s);
+    press(Qt::LeftButton, 2);
+    QTest::mouseMove(grid.viewport(), at(5, 1));
+    QMouseEvent drag(QEvent::MouseMove, at(5, 1), grid.viewport()->mapToGlobal(at(5, 1)), Qt::NoButton, Qt::LeftButton,
+                     {});
+    QCoreApplication::sendEvent(grid.viewport(), &drag);
+    EXPECT_EQ(place(), u"2-5/1"_s);
+    release(Qt::LeftButton, 5);
+    taken();
+    QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, at(4, 2));
+    EXPECT_EQ(taken(), u"leave2 enter4 activated4"_s);
+    const QPoint below = grid.viewport()->rect().bottomRight() - QPoint(3, 3);
+    QTest::mouseClick(grid.viewport(), Qt::RightButton, {}, below);
+    QTest::mousePress(grid.viewport(), Qt::LeftButton, {}, below);
+    QCoreApplication::sendEvent(grid.viewport(), &drag);
+    QTest::mouseRelease(grid.viewport(), Qt::LeftButton, {}, below);
+    QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, below);
+    EXPECT_EQ(taken(), u"right4 click4 click4 activated4"_s) << "under the last row all is for the current one";
+    EXPECT_EQ(place(), u"4-4/2"_s);
+}
+
+TEST_F(FlexGridTest, EverythingByKeyboard) {
+    const std::tuple<Qt::Key, Qt::KeyboardModifiers, QStringView, QStringView> steps[] = {
+        {Qt::Key_Up, {}, u"1-1/1", u""},
+        {Qt::Key_Down, {}, u"2-2/1", u"leave1 enter2"},
+        {Qt::Key_Right, {}, u"2-2/2", u""},
+        {Qt::Key_Down, Qt::ShiftModifier, u"2-3/2", u""},
+        {Qt::Key_Left, {}, u"2-3/1", u""},
+        {Qt::Key_Left, {}, u"2-3/1", u""}, // column 0 is hidden
+        {Qt::Key_End, {}, u"2-3/3", u""},
+        {Qt::Key_End, Qt::ShiftModifier | Qt::ControlModifier, u"2-6/3", u""},
+        {Qt::Key_Home, Qt::ShiftModifier | Qt::ControlModifier, u"2-1/3", u""},
+        {Qt::Key_Home, {}, u"2-1/1", u""},
+        {Qt::Key_PageDown, {}, u"6-6/1", u"leave2 enter6"},
+        {Qt::Key_Home, Qt::ControlModifier, u"1-1/1", u"leave6 enter1"},
+        {Qt::Key_Return, {}, u"1-1/1", u"activated1"},
+        {Qt::Key_Enter, Qt::KeypadModifier, u"1-1/1", u"activated1"},
+        {Qt::Key_Menu, {}, u"1-1/1", u"menu1"},
+        {Qt::Key_F10, Qt::ShiftModifier, u"1-1/1", u"menu1"},
+    };
+    grid.setFocus();
+    grid.setColumn(1);
+    for (const auto &[key, modifiers, expected, signalsSeen] : steps) {
+        QTest::keyClick(&grid, key, modifiers);
+        EXPECT_EQ(place(), expected.toString());
+        EXPECT_EQ(taken(), signalsSeen.toString());
+    }
+    grid.setRow(2);
+    grid.setRowSel(1);
+    grid.setText(2, 2, u"a\tb\r\nc"_s);
+    QTest::keyClick(&grid, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"11\t12\t13\n21\ta b  c\t23\n"_s);
+}
+
+TEST_F(FlexGridTest, SlotsOfLeaveCellMayChangeAnything) {
+    const auto once = QObject::connect(&grid, &FlexGrid::leaveCell, [this] {
+        QTest::keyClick(&grid, Qt::Key_Down); // a box's event loop, in which keys go on
+        press(Qt::LeftButton, 4);
+        grid.setRows(3);
+    });
+    press(Qt::LeftButton, 6);
+    EXPECT_EQ(taken(), u"leave1 enter2"_s);
+    QObject::disconnect(once);
+    QObject::connect(&grid, &FlexGrid::leaveCell, [this] { grid.setRows(1); });
+    QTest::keyClick(&grid, Qt::Key_Up);
+    EXPECT_EQ(taken(), u"leave2"_s) << "no row is left to enter";
+    grid.setRows(3);
+    QTest::keyClick(&grid, Qt::Key_Down);
+    EXPECT_EQ(taken(), u"leave1"_s) << "the grid still listens";
+}
+
+TEST_F(FlexGridTest, AnEditorFindsItsCell) {
+    grid.setColumnTwips(1, 3000);
+    grid.setColumnTwips(3, 9000);
+    grid.setRows(200);
+    EXPECT_EQ(grid.cellRect(0, 1).bottom() + 1, grid.cellRect(1, 1).top());
+    EXPECT_EQ(grid.columnTwips(3), 9000);
+    for (const int height : {260, 120}) {
+        grid.resize(380, height);
+        grid.setRow(150);
+        grid.setColumn(3);
+        const QRect place = grid.cellRect(150, 3);
+        EXPECT_TRUE(grid.geometry().contains(place));
+        EXPECT_EQ(grid.indexAt(at(150, 3)), grid.model()->index(149, 3));
+        EXPECT_GT(place.width(), 300);
+    }
+    grid.setColumnTwips(2, 100);
+    EXPECT_GE(grid.columnWidth(2), grid.fontMetrics().horizontalAdvance(u"标识"_s)) << "the heading is never cut";
+    EXPECT_EQ(grid.columnTwips(2), 100);
+    grid.setColumnWidth(2, 99); // by hand
+    grid.setColumnTwips(2, 100);
+    EXPECT_EQ(grid.columnTwips(2), grid.toTwips(99));
+    grid.setHeadingTwips(750);
+    EXPECT_EQ(grid.cellRect(0, 2).height(), grid.toPixels(750));
+}
+
+TEST_F(FlexGridTest, AColourStaysInSightUnderTheSelection) {
+    QPalette dark;
+    dark.setColor(QPalette::Base, Qt::black);
+    dark.setColor(QPalette::Text, Qt::white);
+    dark.setColor(QPalette::Highlight, QColor(0, 80, 160));
+    grid.setPalette(dark);
+    grid.setCellBackground(2, 1, 255);
+    grid.setCellBackground(3, 1, 0xC0FFFF);
+    grid.setRow(2);
+    const QImage image = grid.viewport()->grab().toImage();
+    const auto corner = [&](int row, int column, QPoint inside) {
+        const QRect cell = grid.visualRect(grid.model()->index(row - 1, column));
+        return image.pixelColor((cell.topRight() + QPoint(-inside.x(), inside.y())) * image.devicePixelRatio());
+    };
+    EXPECT_EQ(corner(2, 1, {6, 6}), QColor(255, 0, 0));
+    EXPECT_EQ(corner(2, 1, {6, 0}), QColor(0, 80, 160)) << "the selection's band";
+    EXPECT_EQ(corner(3, 1, {6, 6}), QColor(255, 255, 192));
+    EXPECT_EQ(corner(2, 2, {6, 6}), QColor(0, 80, 160));
+    for (const auto &[row, text] : {std::pair{2, Qt::white}, {3, Qt::black}})
+        EXPECT_EQ(grid.model()->index(row - 1, 1).data(Qt::ForegroundRole).value<QBrush>().color(), QColor(text));
+}
+
+} // namespace

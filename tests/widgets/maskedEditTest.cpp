@@ -1,0 +1,86 @@
+#include "widgets/maskedEdit.h"
+#include "support/qtPrinters.h"
+#include <QClipboard>
+#include <QPushButton>
+#include <QTest>
+
+using namespace widgets;
+
+namespace {
+
+struct MaskedEditTest : testing::Test {
+    MaskedEditTest() {
+        other.move(0, 40);
+        window.show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        edit.setFocus();
+    }
+    QWidget window;
+    MaskedEdit edit{u"lSql"_s, &window};
+    QPushButton other{&window};
+};
+
+TEST_F(MaskedEditTest, HoldsWhatItShows) {
+    edit.setText(u"a' b"_s);
+    EXPECT_EQ(edit.text(), u"a' b"_s);
+    edit.setMask(u"####-##-##"_s);
+    EXPECT_EQ(edit.text(), u"____-__-__"_s);
+    for (const QString &text : {u"2005-03-__"_s, u"____-03-__"_s, u"2005-__-07"_s, u"____-__-__"_s, u"1___-_2-3_"_s}) {
+        edit.setText(text);
+        EXPECT_EQ(edit.text(), text);
+    }
+    edit.setText(u"20x5-03-12 and more"_s);
+    EXPECT_EQ(edit.text(), u"20_5-03-12"_s);
+    edit.setText(QString());
+    EXPECT_EQ(edit.text(), u"____-__-__"_s);
+    edit.setMask(QString());
+    EXPECT_EQ(edit.text(), QString());
+    QTest::keyClicks(&edit, u"1-_"_s);
+    EXPECT_EQ(edit.text(), u"1-_"_s);
+}
+
+TEST_F(MaskedEditTest, TypingFillsAndBackspaceRestoresThePrompts) {
+    edit.setMask(u"####-##-##"_s);
+    edit.selectAll();
+    QTest::keyClicks(&edit, u"2005x03"_s);
+    EXPECT_EQ(edit.text(), u"2005-03-__"_s);
+    QTest::keyClick(&edit, Qt::Key_Backspace);
+    EXPECT_EQ(edit.text(), u"2005-0_-__"_s);
+    QInputMethodEvent composed;
+    composed.setCommitString(u"２½"_s);
+    QCoreApplication::sendEvent(&edit, &composed);
+    EXPECT_EQ(edit.text(), u"2005-0_-__"_s) << "only plain digits";
+    QTest::keyClicks(&edit, u"912"_s);
+    EXPECT_EQ(edit.text(), u"2005-09-12"_s);
+    for (const auto &[copied, pasted] : {std::pair{u"2005-03"_s, u"2005-03-__"_s}, {u"20041231"_s, u"2004-12-31"_s}}) {
+        QGuiApplication::clipboard()->setText(copied);
+        edit.selectAll();
+        QTest::keyClick(&edit, Qt::Key_V, Qt::ControlModifier);
+        EXPECT_EQ(edit.text(), pasted);
+    }
+}
+
+TEST_F(MaskedEditTest, IsLeftOnceAndSelectsWhenItIsEntered) {
+    int leaves = 0;
+    QObject::connect(&edit, &MaskedEdit::left, [&] {
+        ++leaves;
+        edit.setText(QString());
+        edit.setFocus(); // a condition that does not hold keeps the focus
+        other.setFocus();
+    });
+    edit.setMask(u"####-##-##"_s);
+    edit.setText(u"2005-__-__"_s);
+    other.setFocus();
+    EXPECT_EQ(leaves, 1);
+    EXPECT_EQ(edit.text(), u"____-__-__"_s) << "an unfinished value is left like any other";
+    edit.setText(u"1999-__-__"_s);
+    QTest::mouseClick(&edit, Qt::LeftButton);
+    EXPECT_EQ(edit.selectedText().size(), 10);
+    QTest::keyClicks(&edit, u"7"_s);
+    EXPECT_EQ(edit.text(), u"7___-__-__"_s);
+    QFocusEvent away(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
+    QCoreApplication::sendEvent(&edit, &away);
+    EXPECT_EQ(leaves, 1) << "another program in front is no leaving";
+}
+
+} // namespace

@@ -1,0 +1,55 @@
+#include "widgets/pacedLabel.h"
+#include "support/qtPrinters.h"
+#include <QTest>
+
+using widgets::PacedLabel;
+
+namespace {
+
+// Counts how often the toolkit paints it.
+class CountingLabel : public PacedLabel {
+public:
+    using PacedLabel::PacedLabel;
+    int paints = 0;
+
+protected:
+    void paintEvent(QPaintEvent *event) override {
+        ++paints;
+        PacedLabel::paintEvent(event);
+    }
+};
+
+} // namespace
+
+TEST(PacedLabel, HoldsEveryTextAtOnceAndPaintsFewOfThem) {
+    CountingLabel label(QStringLiteral("labShuDo"));
+    const QLabel &seen = label;
+    label.resize(300, 20);
+    label.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&label));
+    label.paints = 0;
+    int count = 0;
+    const auto countOn = [&] {
+        label.setPacedText(QString::number(++count));
+        return label.pacedText() == QString::number(count);
+    };
+    while (count < 1000)
+        ASSERT_TRUE(countOn());
+    EXPECT_TRUE(seen.text().isEmpty()) << "no text goes to the screen by itself";
+    // Texts that go on coming do not put off the frame.
+    EXPECT_TRUE(QTest::qWaitFor([&] { return countOn() && !seen.text().isEmpty(); }));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(label.paints, 1) << "of " << count << " texts";
+
+    QObject::connect(&label, &PacedLabel::aboutToShow, &label, [&label] { label.setPacedText(QStringLiteral("真")); });
+    label.flush();
+    EXPECT_EQ(seen.text(), QStringLiteral("真"));
+    EXPECT_EQ(label.text(), QStringLiteral("真"));
+}
+
+TEST(PacedLabel, ALongPathNeverWidensItsWindow) {
+    PacedLabel label(QStringLiteral("labJinDu"));
+    label.setText(QStringLiteral("/资料/").repeated(200));
+    EXPECT_LT(label.minimumSizeHint().width(), 400);
+    EXPECT_EQ(label.text().size(), 800);
+}
