@@ -9,7 +9,7 @@ using platform::Answer;
 
 namespace {
 
-void doubleClick(const assist::CodeList *list, const QString &entry) {
+void doubleClick(const widgets::ChoiceList *list, const QString &entry) {
     const auto found = list->findItems(entry, Qt::MatchStartsWith);
     ASSERT_EQ(found.size(), 1) << entry.toStdString();
     const QPoint place = list->visualItemRect(found.first()).center();

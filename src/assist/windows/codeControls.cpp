@@ -1,7 +1,6 @@
 #include "assist/windows/codeControls.h"
 #include <QInputMethodEvent>
 #include <QKeyEvent>
-#include <QScrollBar>
 #include <QStyle>
 #include <QStyleOptionFrame>
 #include <algorithm>
@@ -140,52 +139,6 @@ void CodeLabel::mark(bool on) {
     QFont marked = font();
     marked.setUnderline(on);
     setFont(marked);
-}
-
-CodeList::CodeList(const QString &objectName, QWidget *parent)
-    : QListWidget(parent) {
-    setObjectName(objectName);
-    setEditTriggers(NoEditTriggers);
-    setHorizontalScrollMode(ScrollPerPixel);
-    connect(this, &QListWidget::itemDoubleClicked, this,
-            [this](QListWidgetItem *item) { Q_EMIT chosen(item->text()); });
-}
-
-void CodeList::fill(const QStringList &entries, int current) {
-    const QSignalBlocker quiet(this);
-    clear();
-    addItems(entries);
-    setCurrentRow(current);
-}
-
-QSize CodeList::fullSize() const {
-    const int border = 2 * frameWidth();
-    return {sizeHintForColumn(0) + border + verticalScrollBar()->sizeHint().width(),
-            sizeHintForRow(0) * count() + border};
-}
-
-void CodeList::keyPressEvent(QKeyEvent *event) {
-    if (event->key() == Qt::Key_Escape) {
-        Q_EMIT dismissed();
-        event->setAccepted(!isVisible()); // a list that stays leaves the key to the window
-    } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        if (currentItem())
-            Q_EMIT chosen(QString(currentItem()->text()));
-    } else {
-        QListWidget::keyPressEvent(event);
-    }
-}
-
-void CodeList::mousePressEvent(QMouseEvent *event) {
-    if (event->button() == Qt::RightButton)
-        Q_EMIT dismissed();
-    else
-        QListWidget::mousePressEvent(event);
-}
-
-void CodeList::focusOutEvent(QFocusEvent *event) {
-    QListWidget::focusOutEvent(event);
-    Q_EMIT dismissed();
 }
 
 } // namespace assist

@@ -1,9 +1,8 @@
-// What the assistants' windows are made of: the box for a code, the label above it, and the list of codes.
+// What the assistants' windows are made of: the box for a code and the label above it.
 #pragma once
 
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <functional>
 
 namespace assist {
@@ -56,24 +55,6 @@ protected:
 private:
     void mark(bool on);
     bool m_clickable = false;
-};
-
-class CodeList : public QListWidget {
-    Q_OBJECT
-public:
-    CodeList(const QString &objectName, QWidget *parent);
-    void fill(const QStringList &entries, int current); // -1: none
-    // The size at which every entry can be read without scrolling.
-    QSize fullSize() const;
-
-Q_SIGNALS:
-    void chosen(const QString &entry); // by a double click or Enter
-    void dismissed();                  // by Esc, a press of the right button or loss of the focus
-
-protected:
-    void keyPressEvent(QKeyEvent *event) override;
-    void mousePressEvent(QMouseEvent *event) override;
-    void focusOutEvent(QFocusEvent *event) override;
 };
 
 } // namespace assist

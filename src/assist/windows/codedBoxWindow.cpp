@@ -9,6 +9,7 @@
 
 using namespace Qt::StringLiterals;
 using widgets::Button;
+using widgets::ChoiceList;
 
 namespace assist {
 
@@ -32,14 +33,13 @@ CodedBoxWindow::CodedBoxWindow(platform::Host &host, std::span<const Box> table,
                                QWidget *parent)
     : Window(texts.name, texts.caption, parent)
     , Text1(boxesOf(table, this))
-    , listLx(new CodeList(u"listLx"_s, this))
+    , listLx(new ChoiceList(u"listLx"_s, u"代码列表"_s, this))
     , richTextTS(new QTextEdit(this))
     , textMarc(new QLineEdit(this))
     , cmdclick{new Button(u"cmdclick0"_s, u"&S 确定"_s, this), new Button(u"cmdclick1"_s, u"&Q 取消"_s, this)}
-    , listMenu(new CodeList(u"listMenu"_s, this))
+    , listMenu(new ChoiceList(u"listMenu"_s, {}, this))
     , m_host(host)
     , m_boxes(table) {
-    listLx->setAccessibleName(u"代码列表"_s);
     richTextTS->setObjectName(u"richTextTS"_s);
     richTextTS->setAccessibleName(u"代码说明"_s);
     richTextTS->setReadOnly(true);
@@ -121,15 +121,17 @@ void CodedBoxWindow::wireBox(int i) {
 }
 
 void CodedBoxWindow::wireLists() {
-    connect(listLx, &CodeList::chosen, this, &CodedBoxWindow::choose);
-    connect(listLx, &CodeList::itemClicked, this, [this](QListWidgetItem *entry) { explain(entry->text()); });
-    connect(listMenu, &CodeList::chosen, this, [this](const QString &entry) {
+    connect(listLx, &ChoiceList::chosen, this, &CodedBoxWindow::choose);
+    connect(listLx, &ChoiceList::itemClicked, this, [this](QListWidgetItem *entry) { explain(entry->text()); });
+    connect(listMenu, &ChoiceList::chosen, this, [this](const QString &entry) {
         choose(entry);
         closeMenu();
     });
-    connect(listMenu, &CodeList::dismissed, this, &CodedBoxWindow::closeMenu);
-    for (CodeList *list : {listLx, listMenu}) {
-        connect(list, &CodeList::itemSelectionChanged, this, [this, list] {
+    connect(listMenu, &ChoiceList::cancelled, this, &CodedBoxWindow::closeMenu);
+    connect(listMenu, &ChoiceList::left, this, &CodedBoxWindow::closeMenu);
+    for (ChoiceList *list : {listLx, listMenu}) {
+        list->setHorizontalScrollMode(QListWidget::ScrollPerPixel);
+        connect(list, &ChoiceList::itemSelectionChanged, this, [this, list] {
             if (list->currentItem())
                 explain(list->currentItem()->text());
         });
@@ -141,7 +143,7 @@ void CodedBoxWindow::showEvent(QShowEvent *event) {
         confirmed.reset();
         m_inside = CodedBoxes::noBox;
         m_boxes.load(incoming());
-        listLx->fill({}, -1);
+        listLx->fill({});
         richTextTS->clear();
         showBoxes();
         Text1[1]->setFocus(); // the first that can be edited
@@ -208,9 +210,7 @@ void CodedBoxWindow::openMenu(int i) {
     listMenu->setAccessibleName(m_boxes.box(i).label.toString());
     listMenu->fill(m_boxes.list(), m_boxes.listed());
     placeMenu();
-    listMenu->show();
-    listMenu->raise();
-    listMenu->setFocus();
+    listMenu->offer();
 }
 
 // Under its box, as large as its entries and the window allow.
@@ -227,8 +227,7 @@ void CodedBoxWindow::closeMenu() {
         return;
     if (focusWidget() == listMenu && m_boxes.currentBox() >= 0)
         Text1[size_t(m_boxes.currentBox())]->setFocus();
-    listMenu->hide();
-    listMenu->fill({}, -1);
+    listMenu->dismiss();
 }
 
 void CodedBoxWindow::choose(const QString &entry) {

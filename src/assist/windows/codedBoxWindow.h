@@ -5,6 +5,7 @@
 #include "assist/codedBoxes.h"
 #include "assist/windows/codeControls.h"
 #include "platform/host.h"
+#include "widgets/choiceList.h"
 #include "widgets/window.h"
 #include <QTextEdit>
 #include <QToolButton>
@@ -30,14 +31,14 @@ public:
 
     // In the order of the Tab key.
     const std::vector<CodeBox *> Text1;
-    CodeList *const listLx;
+    widgets::ChoiceList *const listLx;
     QTextEdit *const richTextTS;
     QLineEdit *const textMarc;
     const std::array<widgets::Button *, 2> cmdclick;
 
     std::vector<CodeLabel *> LabShuoMing;
     std::vector<QToolButton *> picClick; // of the boxes that take a code from the list
-    CodeList *const listMenu;
+    widgets::ChoiceList *const listMenu;
 
 protected:
     CodedBoxWindow(platform::Host &host, std::span<const Box> table, const WindowTexts &texts, QWidget *parent);

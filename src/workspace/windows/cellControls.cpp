@@ -30,7 +30,7 @@ bool typesText(const QKeyEvent *event) {
     return !command && !event->text().isEmpty() && event->text()[0].isPrint();
 }
 
-// Claims the keys that an open editor or list answers itself, ahead of the window and its shortcuts.
+// Claims the keys that an open editor answers itself, ahead of the window and its shortcuts.
 bool claims(QEvent *event) {
     if (event->type() != QEvent::ShortcutOverride)
         return false;
@@ -195,63 +195,6 @@ void CellLine::focusOutEvent(QFocusEvent *event) {
     m_composition.forget();
     QLineEdit::focusOutEvent(event);
     takeFocusBack(this, event);
-}
-
-PickListBox::PickListBox(const QString &objectName, const QString &accessibleName, QWidget *parent)
-    : QListWidget(parent) {
-    setObjectName(objectName);
-    setAccessibleName(accessibleName);
-    setToolTip(u"双击可返回,右击或按【Esc】取消"_s);
-    setUniformItemSizes(true);
-    hide();
-}
-
-void PickListBox::fill(const QStringList &lines) {
-    clear();
-    addItems(lines);
-}
-
-void PickListBox::offer() {
-    setCurrentRow(0);
-    show();
-    raise();
-    setFocus();
-}
-
-void PickListBox::dismiss() {
-    hide();
-    clear();
-}
-
-bool PickListBox::event(QEvent *event) {
-    return claims(event) || QListWidget::event(event);
-}
-
-void PickListBox::keyPressEvent(QKeyEvent *event) {
-    if (isEnter(event) && currentItem())
-        Q_EMIT chosen(QString(currentItem()->text()));
-    else if (event->key() == Qt::Key_Escape)
-        Q_EMIT cancelled();
-    else
-        QListWidget::keyPressEvent(event);
-}
-
-void PickListBox::mousePressEvent(QMouseEvent *event) {
-    if (event->button() == Qt::RightButton)
-        Q_EMIT cancelled();
-    else
-        QListWidget::mousePressEvent(event);
-}
-
-void PickListBox::mouseDoubleClickEvent(QMouseEvent *event) {
-    const QListWidgetItem *item = itemAt(event->position().toPoint());
-    if (item && event->button() == Qt::LeftButton)
-        Q_EMIT chosen(QString(item->text()));
-}
-
-void PickListBox::focusOutEvent(QFocusEvent *event) {
-    QListWidget::focusOutEvent(event);
-    dismiss();
 }
 
 } // namespace workspace

@@ -1,11 +1,10 @@
-// The controls that are laid over the field grid: the two in-place editors and the pick list. They know keys and focus
-// and nothing of records. An input method's composition is left alone: Enter and Esc that belong to it end no edit.
+// The two in-place editors that are laid over the field grid. They know keys and focus and nothing of records. An input
+// method's composition is left alone: Enter and Esc that belong to it end no edit.
 #pragma once
 
 #include "widgets/textBox.h"
 #include <QInputMethodEvent>
 #include <QLineEdit>
-#include <QListWidget>
 #include <optional>
 
 namespace workspace {
@@ -79,28 +78,6 @@ protected:
 
 private:
     Composition m_composition;
-};
-
-// A list of lines to choose from. It goes when it is left, with Esc and with the right button.
-class PickListBox final : public QListWidget {
-    Q_OBJECT
-public:
-    PickListBox(const QString &objectName, const QString &accessibleName, QWidget *parent);
-
-    void fill(const QStringList &lines); // in place of what it held
-    void offer();
-    void dismiss(); // hides and clears it
-
-Q_SIGNALS:
-    void chosen(const QString &line); // by double click or Enter; the list stands until dismissed
-    void cancelled();
-
-protected:
-    bool event(QEvent *event) override;
-    void keyPressEvent(QKeyEvent *event) override;
-    void mousePressEvent(QMouseEvent *event) override;
-    void mouseDoubleClickEvent(QMouseEvent *event) override;
-    void focusOutEvent(QFocusEvent *event) override;
 };
 
 } // namespace workspace

@@ -5,6 +5,7 @@
 #include <utility>
 
 using namespace Qt::StringLiterals;
+using widgets::ChoiceList;
 
 namespace workspace {
 
@@ -39,19 +40,23 @@ QStringList popupItems() {
 } // namespace
 
 FieldCommands::FieldCommands(FieldGrid &grid, EditedRecord &record, CellEditors &editors, platform::Host &host)
-    : zdList(new PickListBox(u"zdList"_s, u"可添加的字段"_s, grid.parentWidget()))
-    , Zzdlist(new PickListBox(u"Zzdlist"_s, u"可添加的子字段"_s, grid.parentWidget()))
+    : zdList(new ChoiceList(u"zdList"_s, u"可添加的字段"_s, grid.parentWidget()))
+    , Zzdlist(new ChoiceList(u"Zzdlist"_s, u"可添加的子字段"_s, grid.parentWidget()))
     , m_grid(grid)
     , m_record(record)
     , m_editors(editors)
     , m_host(host) {
-    connect(zdList, &PickListBox::chosen, this, &FieldCommands::addField);
-    connect(Zzdlist, &PickListBox::chosen, this, &FieldCommands::addSubfield);
-    for (PickListBox *list : {zdList, Zzdlist}) {
-        connect(list, &PickListBox::cancelled, this, [this, list] {
+    connect(zdList, &ChoiceList::chosen, this, &FieldCommands::addField);
+    connect(Zzdlist, &ChoiceList::chosen, this, &FieldCommands::addSubfield);
+    for (ChoiceList *list : {zdList, Zzdlist}) {
+        list->setToolTip(u"双击可返回,右击或按【Esc】取消"_s);
+        list->setUniformItemSizes(true);
+        list->hide();
+        connect(list, &ChoiceList::cancelled, this, [this, list] {
             list->dismiss();
             m_grid.setFocus();
         });
+        connect(list, &ChoiceList::left, list, &ChoiceList::dismiss);
         connect(&grid, &FieldGrid::rearranged, this, [this, list] { list->setGeometry(m_grid.rightHalf()); });
     }
 }
@@ -109,8 +114,8 @@ void FieldCommands::run(int item) {
 }
 
 // The lines in front of a damage are in the list by then, which does not come up.
-void FieldCommands::offer(PickListBox *box, const marc::PickList &list) {
-    box->fill(list.lines);
+void FieldCommands::offer(ChoiceList *box, const marc::PickList &list) {
+    box->fill(list.lines, 0);
     if (!list.complaint.isEmpty())
         return m_host.tell(list.complaint);
     box->setGeometry(m_grid.rightHalf());
@@ -126,7 +131,7 @@ void FieldCommands::showSubfieldList() {
     offer(Zzdlist, marc::readSubfieldList(platform::pathWithSlash(m_host.programFolder()), tag));
 }
 
-void FieldCommands::insert(const NewRow &row, PickListBox *chosenFrom) {
+void FieldCommands::insert(const NewRow &row, ChoiceList *chosenFrom) {
     m_record.insert(row);
     m_grid.scrollToRow(row.place); // the current row stays, yet what was added is to be seen
     chosenFrom->dismiss();

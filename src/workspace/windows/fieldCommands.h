@@ -2,6 +2,7 @@
 #pragma once
 
 #include "marc/configurationFiles.h"
+#include "widgets/choiceList.h"
 #include "workspace/windows/cellEditors.h"
 
 namespace workspace {
@@ -10,8 +11,8 @@ class FieldCommands final : public QObject {
 public:
     FieldCommands(FieldGrid &grid, EditedRecord &record, CellEditors &editors, platform::Host &host);
 
-    PickListBox *const zdList;  // fields
-    PickListBox *const Zzdlist; // subfields
+    widgets::ChoiceList *const zdList;  // fields
+    widgets::ChoiceList *const Zzdlist; // subfields
 
     bool clickMark = false; // between a press of the right button and the click that follows it
 
@@ -29,8 +30,8 @@ public:
 private:
     void popup(const QPoint &at);
     void run(int item);
-    void offer(PickListBox *box, const marc::PickList &list);
-    void insert(const NewRow &row, PickListBox *chosenFrom);
+    void offer(widgets::ChoiceList *box, const marc::PickList &list);
+    void insert(const NewRow &row, widgets::ChoiceList *chosenFrom);
 
     FieldGrid &m_grid;
     EditedRecord &m_record;

@@ -60,8 +60,8 @@ public:
     widgets::PacedLabel *labZhuangTai;
     CellText *richText; // these four are m_editors' and m_fields'
     CellLine *Text1;
-    PickListBox *zdList;
-    PickListBox *Zzdlist;
+    widgets::ChoiceList *zdList;
+    widgets::ChoiceList *Zzdlist;
 
 protected:
     bool queryUnload() override;
