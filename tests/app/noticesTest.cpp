@@ -37,7 +37,7 @@ TEST(Links, LeadOutOfTheProgramAndSayWhereTheWebLinkFails) {
     AboutFrm about(host);
     about.show();
     QApplication::setActiveWindow(&about);
-    for (LinkLabel *link : {notice.lHttp, notice.lEmail, about.lHttp, about.lEmail1}) {
+    for (widgets::ClickLabel *link : {notice.lHttp, notice.lEmail, about.lHttp, about.lEmail1}) {
         host.shellWorks = true;
         QTest::mouseClick(link, Qt::LeftButton);
         EXPECT_TRUE(host.boxes.isEmpty());

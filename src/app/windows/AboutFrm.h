@@ -2,8 +2,9 @@
 #pragma once
 
 #include "app/windows/backdrop.h"
-#include "app/windows/linkLabel.h"
+#include "app/windows/makerLinks.h"
 #include "widgets/window.h"
+#include <QLabel>
 
 namespace app {
 
@@ -20,8 +21,8 @@ public:
     QLabel *Label8;
     QLabel *Label6;
     QLabel *Label7;
-    LinkLabel *lHttp;
-    LinkLabel *lEmail1;
+    widgets::ClickLabel *lHttp;
+    widgets::ClickLabel *lEmail1;
     widgets::Button *Command1;
 
 private:

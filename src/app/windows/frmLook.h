@@ -3,9 +3,10 @@
 #pragma once
 
 #include "app/windows/backdrop.h"
-#include "app/windows/linkLabel.h"
+#include "app/windows/makerLinks.h"
 #include "widgets/window.h"
 #include <QCheckBox>
+#include <QLabel>
 
 namespace app {
 
@@ -19,8 +20,8 @@ public:
     QLabel *Image1;
     QLabel *lMain;
     QLabel *Label1;
-    LinkLabel *lHttp;
-    LinkLabel *lEmail;
+    widgets::ClickLabel *lHttp;
+    widgets::ClickLabel *lEmail;
     QCheckBox *Check1;
     widgets::Button *cmOK;
 

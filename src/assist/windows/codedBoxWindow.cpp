@@ -1,4 +1,5 @@
 #include "assist/windows/codedBoxWindow.h"
+#include "widgets/clickLabel.h"
 #include "widgets/keys.h"
 #include "widgets/layout.h"
 #include <QScreen>
@@ -10,6 +11,7 @@
 using namespace Qt::StringLiterals;
 using widgets::Button;
 using widgets::ChoiceList;
+using widgets::ClickLabel;
 
 namespace assist {
 
@@ -72,11 +74,10 @@ QLayout *CodedBoxWindow::boxRow() {
     QBoxLayout *boxes = nullptr;
     for (int i = 0; i < m_boxes.count(); ++i) {
         if (!m_boxes.box(i).label.isEmpty()) {
-            makeLabel(i);
+            QWidget *label = makeLabel(i);
             boxes = row({});
             boxes->setSpacing(boxes->spacing() / 3); // what belongs together stands together
-            groups->addLayout(
-                column({row({stretch(), LabShuoMing.back(), stretch()}), row({stretch(), boxes, stretch()})}));
+            groups->addLayout(column({row({stretch(), label, stretch()}), row({stretch(), boxes, stretch()})}));
         }
         boxes->addWidget(Text1[size_t(i)]);
         if (m_boxes.box(i).fromList)
@@ -87,14 +88,32 @@ QLayout *CodedBoxWindow::boxRow() {
     return groups;
 }
 
-void CodedBoxWindow::makeLabel(int i) {
+// Long captions are broken into two lines.
+QWidget *CodedBoxWindow::makeLabel(int i) {
+    const QString name = u"LabShuoMing"_s + QString::number(LabShuoMing.size());
     const QString caption = m_boxes.box(i).label.toString();
-    auto *label = new CodeLabel(u"LabShuoMing"_s + QString::number(LabShuoMing.size()), caption, this);
-    LabShuoMing.push_back(label);
+    constexpr Qt::Alignment place = Qt::AlignHCenter | Qt::AlignBottom;
+    QWidget *label = nullptr;
     if (m_boxes.box(i).fromList) {
-        label->makeClickable();
-        connect(label, &CodeLabel::clicked, Text1[size_t(i)], qOverload<>(&QWidget::setFocus));
+        auto *link = new ClickLabel(name, caption, ClickLabel::Look::Underlined, this);
+        link->setTextFlags(int(place) | Qt::TextWordWrap);
+        link->setFocusPolicy(Qt::NoFocus);
+        connect(link, &ClickLabel::pressed, Text1[size_t(i)], qOverload<>(&QWidget::setFocus));
+        label = link;
+    } else {
+        auto *plain = new QLabel(caption, this);
+        plain->setObjectName(name);
+        plain->setAccessibleName(caption);
+        plain->setWordWrap(true);
+        plain->setAlignment(place);
+        label = plain;
     }
+    const int perLine = caption.size() > 4 ? int(caption.size() + 1) / 2 : int(caption.size());
+    const QFontMetrics metrics(font());
+    label->setFixedWidth(metrics.horizontalAdvance(QString(perLine, u'字')) + metrics.averageCharWidth() / 2);
+    label->setMinimumHeight(2 * metrics.lineSpacing());
+    LabShuoMing.push_back(label);
+    return label;
 }
 
 QToolButton *CodedBoxWindow::makeButton(int i) {
@@ -111,7 +130,7 @@ QToolButton *CodedBoxWindow::makeButton(int i) {
 
 void CodedBoxWindow::wireBox(int i) {
     CodeBox *box = Text1[size_t(i)];
-    box->setAccessibleName(LabShuoMing.back()->text());
+    box->setAccessibleName(LabShuoMing.back()->accessibleName());
     box->onKey = [this, i](char16_t key) { return typed(i, key); };
     connect(box, &CodeBox::entered, this, [this, i] { enterBox(i); });
     connect(box, &CodeBox::left, this, &CodedBoxWindow::leaveBox);

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "assist/codedBoxes.h"
-#include "assist/windows/codeControls.h"
+#include "assist/windows/codeBox.h"
 #include "platform/host.h"
 #include "widgets/choiceList.h"
 #include "widgets/window.h"
@@ -36,7 +36,7 @@ public:
     QLineEdit *const textMarc;
     const std::array<widgets::Button *, 2> cmdclick;
 
-    std::vector<CodeLabel *> LabShuoMing;
+    std::vector<QWidget *> LabShuoMing;  // those of boxes that take a code from the list act on a click
     std::vector<QToolButton *> picClick; // of the boxes that take a code from the list
     widgets::ChoiceList *const listMenu;
 
@@ -49,7 +49,7 @@ protected:
 
 private:
     QLayout *boxRow();
-    void makeLabel(int i);
+    QWidget *makeLabel(int i);
     QToolButton *makeButton(int i);
     void wireBox(int i);
     void wireLists();

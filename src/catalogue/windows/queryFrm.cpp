@@ -7,6 +7,7 @@
 
 using namespace Qt::StringLiterals;
 using widgets::Button;
+using widgets::ClickLabel;
 using widgets::column;
 using widgets::row;
 using widgets::stretch;
@@ -38,7 +39,8 @@ QueryDialog::QueryDialog(const QString &objectName, QueryRules rules, platform::
     , signSql(new QTextEdit(this))
     , totalSql(new QListWidget(this))
     , cOrderby(new QComboBox(this))
-    , Label3{new PressLabel(u"Label30"_s, u"升序"_s, this), new PressLabel(u"Label31"_s, u"降序"_s, this)}
+    , Label3{new ClickLabel(u"Label30"_s, u"升序"_s, ClickLabel::Look::Raised, this),
+             new ClickLabel(u"Label31"_s, u"降序"_s, ClickLabel::Look::Raised, this)}
     , lOrderby(new QTextEdit(this))
     , Command1{new Button(u"Command10"_s, u"&U 条件合并"_s, this), new Button(u"Command11"_s, u"&O  确定"_s, this),
                new Button(u"Command12"_s, u"&X  关闭"_s, this)}
@@ -103,7 +105,7 @@ void QueryDialog::connectControls() {
     connect(Command3, &Button::clicked, this, &QueryDialog::addCondition);
     connect(Command2, &Button::clicked, this, &QueryDialog::clearAll);
     for (int index = 0; index < 2; ++index)
-        connect(Label3[size_t(index)], &PressLabel::clicked, this, [this, index] { addSortTerm(index); });
+        connect(Label3[size_t(index)], &ClickLabel::clicked, this, [this, index] { addSortTerm(index); });
     connect(Command1[0], &Button::clicked, this, [this] {
         m_builder.merge();
         showConditions();

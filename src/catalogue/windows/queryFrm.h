@@ -4,8 +4,8 @@
 
 #include "catalogue/queryBuilder.h"
 #include "catalogue/queryTarget.h"
-#include "catalogue/windows/pressLabel.h"
 #include "platform/host.h"
+#include "widgets/clickLabel.h"
 #include "widgets/maskedEdit.h"
 #include "widgets/window.h"
 #include <QComboBox>
@@ -33,7 +33,7 @@ public:
     QTextEdit *signSql;
     QListWidget *totalSql;
     QComboBox *cOrderby;
-    std::array<PressLabel *, 2> Label3;
+    std::array<widgets::ClickLabel *, 2> Label3;
     QTextEdit *lOrderby;
     std::array<widgets::Button *, 3> Command1;
     widgets::Button *Command2;

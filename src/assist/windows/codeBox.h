@@ -1,7 +1,6 @@
-// What the assistants' windows are made of: the box for a code and the label above it.
+// The box for a code in the assistants' windows.
 #pragma once
 
-#include <QLabel>
 #include <QLineEdit>
 #include <functional>
 
@@ -35,26 +34,6 @@ protected:
 
 private:
     int m_width;
-};
-
-class CodeLabel : public QLabel {
-    Q_OBJECT
-public:
-    // Long captions are broken into two lines.
-    CodeLabel(const QString &objectName, const QString &caption, QWidget *parent);
-    void makeClickable() { m_clickable = true; }
-
-Q_SIGNALS:
-    void clicked();
-
-protected:
-    void enterEvent(QEnterEvent *event) override;
-    void leaveEvent(QEvent *event) override;
-    void mousePressEvent(QMouseEvent *event) override;
-
-private:
-    void mark(bool on);
-    bool m_clickable = false;
 };
 
 } // namespace assist

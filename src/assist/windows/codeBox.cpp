@@ -1,4 +1,4 @@
-#include "assist/windows/codeControls.h"
+#include "assist/windows/codeBox.h"
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QStyle>
@@ -107,38 +107,6 @@ void CodeBox::focusOutEvent(QFocusEvent *event) {
     QLineEdit::focusOutEvent(event);
     if (goesElsewhere(*event))
         Q_EMIT left();
-}
-
-CodeLabel::CodeLabel(const QString &objectName, const QString &caption, QWidget *parent)
-    : QLabel(caption, parent) {
-    setObjectName(objectName);
-    setWordWrap(true);
-    setAlignment(Qt::AlignHCenter | Qt::AlignBottom);
-    const QFontMetrics metrics(font());
-    const int perLine = caption.size() > 4 ? int(caption.size() + 1) / 2 : int(caption.size());
-    setFixedWidth(metrics.horizontalAdvance(QString(perLine, u'字')) + metrics.averageCharWidth() / 2);
-    setMinimumHeight(2 * metrics.lineSpacing());
-}
-
-void CodeLabel::enterEvent(QEnterEvent *event) {
-    mark(m_clickable);
-    QLabel::enterEvent(event);
-}
-
-void CodeLabel::leaveEvent(QEvent *event) {
-    mark(false);
-    QLabel::leaveEvent(event);
-}
-
-void CodeLabel::mousePressEvent(QMouseEvent *event) {
-    if (m_clickable && event->button() == Qt::LeftButton)
-        Q_EMIT clicked();
-}
-
-void CodeLabel::mark(bool on) {
-    QFont marked = font();
-    marked.setUnderline(on);
-    setFont(marked);
 }
 
 } // namespace assist
