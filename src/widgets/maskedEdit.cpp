@@ -1,6 +1,5 @@
 #include "widgets/maskedEdit.h"
 #include <QFocusEvent>
-#include <QMouseEvent>
 #include <QPointer>
 #include <QValidator>
 #include <utility>
@@ -47,8 +46,7 @@ QString toolkitMask(const QString &mask) {
 } // namespace
 
 MaskedEdit::MaskedEdit(const QString &objectName, QWidget *parent)
-    : QLineEdit(parent) {
-    setObjectName(objectName);
+    : SelectingEdit(objectName, parent) {
     setAccessibleName(objectName);
 }
 
@@ -78,22 +76,14 @@ void MaskedEdit::setText(const QString &text) {
 }
 
 void MaskedEdit::focusInEvent(QFocusEvent *event) {
-    QLineEdit::focusInEvent(event);
     if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason)
-        return;
-    m_selectOnRelease = event->reason() == Qt::MouseFocusReason;
-    selectAll();
-}
-
-void MaskedEdit::mouseReleaseEvent(QMouseEvent *event) {
-    QLineEdit::mouseReleaseEvent(event);
-    if (std::exchange(m_selectOnRelease, false) && !hasSelectedText())
-        selectAll();
+        QLineEdit::focusInEvent(event);
+    else
+        SelectingEdit::focusInEvent(event);
 }
 
 void MaskedEdit::focusOutEvent(QFocusEvent *event) {
-    QLineEdit::focusOutEvent(event);
-    m_selectOnRelease = false;
+    SelectingEdit::focusOutEvent(event);
     const Qt::FocusReason reason = event->reason();
     if (m_leaving || reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason ||
         reason == Qt::ActiveWindowFocusReason)

@@ -1,13 +1,13 @@
 // A one-line box whose mask can change while it is used. A mask such as "####-##-##" shows a prompt "_" for each digit
 // and keeps the other characters where they are; without a mask it takes any text. What it holds is what it shows,
-// prompts included: "2005-03-__". It selects its whole text when it gets the focus.
+// prompts included: "2005-03-__". Back from a menu or another window its selection is as it was.
 #pragma once
 
-#include <QLineEdit>
+#include "widgets/selectingEdit.h"
 
 namespace widgets {
 
-class MaskedEdit : public QLineEdit {
+class MaskedEdit : public SelectingEdit {
     Q_OBJECT
 public:
     explicit MaskedEdit(const QString &objectName, QWidget *parent = nullptr);
@@ -27,11 +27,9 @@ Q_SIGNALS:
 protected:
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
-    void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:
     QString m_mask;
-    bool m_selectOnRelease = false; // the click that brought the focus would undo the selection
     bool m_leaving = false;
 };
 

@@ -9,13 +9,14 @@
 using namespace Qt::StringLiterals;
 using platform::Status;
 using widgets::Button;
+using widgets::SelectingEdit;
 
 namespace filetools {
 
 frmCutFile::frmCutFile(platform::Host &host, ShowReport showReport, QWidget *parent)
     : FileToolWindow(u"frmCutFile"_s, u"拆分机读目录文件"_s, host, std::move(showReport), parent)
-    , Text1{new PathBox(u"Text10"_s), new PathBox(u"Text11"_s)}
-    , Text2(new PathBox(u"Text2"_s))
+    , Text1{new SelectingEdit(u"Text10"_s), new SelectingEdit(u"Text11"_s)}
+    , Text2(new SelectingEdit(u"Text2"_s))
     , cmdSelect{new Button(u"cmdSelect0"_s, u"&L 浏览"_s), new Button(u"cmdSelect1"_s, u"&O 浏览"_s)}
     , cmdclick{new Button(u"cmdclick0"_s, u"&D 拆分"_s), new Button(u"cmdclick1"_s, u"&Q 取消"_s)}
     , Frame1(new QGroupBox(u"拆分机读文件（选择或输入机读目录文件；要带扩展名）"_s))

@@ -3,7 +3,7 @@
 
 #include "filetools/splitRun.h"
 #include "filetools/windows/fileToolWindow.h"
-#include "filetools/windows/pathBox.h"
+#include "widgets/selectingEdit.h"
 #include <QGroupBox>
 #include <array>
 #include <optional>
@@ -15,8 +15,8 @@ class frmCutFile final : public FileToolWindow {
 public:
     frmCutFile(platform::Host &host, ShowReport showReport, QWidget *parent = nullptr);
 
-    std::array<PathBox *, 2> Text1; // source, target
-    PathBox *Text2;                 // largest number of records per file
+    std::array<widgets::SelectingEdit *, 2> Text1; // source, target
+    widgets::SelectingEdit *Text2;                 // largest number of records per file
     std::array<widgets::Button *, 2> cmdSelect;
     std::array<widgets::Button *, 2> cmdclick;
     QGroupBox *Frame1;

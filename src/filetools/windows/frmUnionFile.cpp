@@ -11,6 +11,7 @@
 using namespace Qt::StringLiterals;
 using platform::Status;
 using widgets::Button;
+using widgets::SelectingEdit;
 
 namespace filetools {
 
@@ -20,7 +21,7 @@ frmUnionFile::frmUnionFile(platform::Host &host, ShowReport showReport, QWidget 
     , Frame2(new QGroupBox(u"源文件列表（选择机读目录文件；可以重复选择）"_s))
     , cmdSelect{new Button(u"cmdSelect0"_s, u"&A 添加文件"_s), new Button(u"cmdSelect1"_s, u"&D 取消文件"_s)}
     , Frame1(new QGroupBox(u"合并后的目标文件（选择或输入机读目录文件；要带扩展名。不能合并到源文件）"_s))
-    , Text1(new PathBox(u"Text1"_s))
+    , Text1(new SelectingEdit(u"Text1"_s))
     , cmdSave(new Button(u"cmdSave"_s, u"&O 浏览"_s))
     , cmdClick{new Button(u"cmdClick0"_s, u"&D 合并"_s), new Button(u"cmdClick1"_s, u"&Q 退出"_s)} {
     layOut();

@@ -3,7 +3,7 @@
 
 #include "filetools/mergeRun.h"
 #include "filetools/windows/fileToolWindow.h"
-#include "filetools/windows/pathBox.h"
+#include "widgets/selectingEdit.h"
 #include <QGroupBox>
 #include <QListWidget>
 #include <array>
@@ -20,7 +20,7 @@ public:
     QGroupBox *Frame2;
     std::array<widgets::Button *, 2> cmdSelect; // add, remove
     QGroupBox *Frame1;
-    PathBox *Text1;
+    widgets::SelectingEdit *Text1;
     widgets::Button *cmdSave;
     std::array<widgets::Button *, 2> cmdClick;
 
