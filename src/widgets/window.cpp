@@ -1,5 +1,7 @@
 #include "widgets/window.h"
 #include <QCloseEvent>
+#include <QCursor>
+#include <QGuiApplication>
 #include <QShortcutEvent>
 
 namespace widgets {
@@ -55,6 +57,19 @@ void Window::hideEvent(QHideEvent *event) {
         parentWidget()->window()->activateWindow();
 }
 
+namespace {
+bool screenWaits() {
+    const QCursor *cursor = QGuiApplication::overrideCursor();
+    return cursor && cursor->shape() == Qt::WaitCursor;
+}
+} // namespace
+
+WaitCursor::WaitCursor()
+    : m_onScreen(true) {
+    if (!screenWaits())
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+}
+
 WaitCursor::WaitCursor(QWidget *window)
     : m_window(window) {
     m_window->setCursor(Qt::WaitCursor);
@@ -63,6 +78,8 @@ WaitCursor::WaitCursor(QWidget *window)
 WaitCursor::~WaitCursor() {
     if (m_window)
         m_window->unsetCursor();
+    if (m_onScreen && screenWaits())
+        QGuiApplication::restoreOverrideCursor();
 }
 
 } // namespace widgets

@@ -38,16 +38,21 @@ protected:
     void hideEvent(QHideEvent *event) override; // gives the keyboard back to the window behind
 };
 
-// Waits, with the wait cursor on the window, until the object goes.
+// Waits until the object goes, with the wait cursor on the window or, where none is given, on the whole screen. There a
+// wait inside another one ends both.
 class WaitCursor {
 public:
+    WaitCursor();
     explicit WaitCursor(QWidget *window);
     ~WaitCursor();
     WaitCursor(const WaitCursor &) = delete;
     WaitCursor &operator=(const WaitCursor &) = delete;
 
+    void leaveOn() { m_onScreen = false; } // until the end of the wait around this one
+
 private:
     QPointer<QWidget> m_window;
+    bool m_onScreen = false;
 };
 
 } // namespace widgets

@@ -1,6 +1,5 @@
 #include "catalogue/windows/orderbyFrm.h"
 #include "catalogue/sortOrder.h"
-#include "catalogue/windows/screenCursor.h"
 #include "widgets/layout.h"
 #include <QKeyEvent>
 #include <utility>
@@ -114,9 +113,10 @@ void OrderbyFrm::takeOrder() {
     SortableList &list = m_list();
     QString condition = list.queryCondition();
     QString order = m_order.sortOrder;
-    setWaitCursor();
-    list.loadData(condition, order);
-    setNormalCursor();
+    {
+        const widgets::WaitCursor waiting;
+        list.loadData(condition, order);
+    }
     unload();
 }
 

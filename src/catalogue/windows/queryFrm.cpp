@@ -1,5 +1,4 @@
 #include "catalogue/windows/queryFrm.h"
-#include "catalogue/windows/screenCursor.h"
 #include "widgets/keys.h"
 #include "widgets/layout.h"
 #include <QGridLayout>
@@ -195,9 +194,8 @@ void QueryDialog::findData() {
     unload();
     if (!resultForm)
         return;
-    setWaitCursor();
+    const widgets::WaitCursor waiting;
     resultForm->loadData(query.condition, query.order);
-    setNormalCursor();
 }
 
 QueryFrm::QueryFrm(platform::Host &host, QWidget *parent)

@@ -1,7 +1,6 @@
 #include "catalogue/windows/tlkListFrm.h"
 #include "catalogue/listStatements.h"
 #include "catalogue/listTexts.h"
-#include "catalogue/windows/screenCursor.h"
 #include "platform/numbers.h"
 #include "widgets/layout.h"
 #include <utility>
@@ -40,11 +39,10 @@ void TLKListFrm::loadData(QString &condition, QString &order) {
     gridInit();
     m_storeCondition = condition;
     m_storeOrder = order;
-    setWaitCursor();
+    const widgets::WaitCursor waiting;
     bindRows();
     lCounts->setText(countText(firstCellIsEmpty() ? 0 : dataRows()));
     settleGrid();
-    setNormalCursor();
 }
 
 // Any failure, that of the connection too, is told with the one message; the grid then stays empty.

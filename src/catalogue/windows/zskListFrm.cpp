@@ -1,7 +1,6 @@
 #include "catalogue/windows/zskListFrm.h"
 #include "catalogue/listStatements.h"
 #include "catalogue/listTexts.h"
-#include "catalogue/windows/screenCursor.h"
 #include "platform/numbers.h"
 #include "widgets/layout.h"
 #include <QShortcut>
@@ -70,13 +69,13 @@ void ZSKListFrm::connectControls() {
 }
 
 void ZSKListFrm::loadData(QString &condition, QString &order) {
-    setWaitCursor();
+    widgets::WaitCursor waiting;
     m_queryCondition = condition;
     if (order.isEmpty())
         order = m_order.sortOrder;
     database::DbSession session;
     if (!database::openConnection(session, m_state, m_host))
-        return; // the wait cursor stays until the caller resets it
+        return waiting.leaveOn(); // for the caller to end
     lCounts->setText(loadingText.toString());
     lCounts->repaint();
     auto rows = session->query(catalogueStatement(condition, order));
@@ -92,7 +91,6 @@ void ZSKListFrm::loadData(QString &condition, QString &order) {
         m_printSql = reportStatement(condition, order);
     }
     settleGrid();
-    setNormalCursor();
 }
 
 void ZSKListFrm::gridFix() {
