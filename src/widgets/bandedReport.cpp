@@ -1,4 +1,5 @@
 #include "widgets/bandedReport.h"
+#include "platform/desktop/faces.h"
 #include <QApplication>
 #include <QFontDatabase>
 #include <QFontMetricsF>
@@ -7,7 +8,6 @@
 #include <QPrinter>
 #include <QTextLayout>
 #include <algorithm>
-#include <array>
 #include <limits>
 #include <utility>
 
@@ -22,10 +22,6 @@ constexpr double rowPadding = 4; // points under a row
 constexpr double rule = 0.75;    // points
 constexpr QSize previewSize(900, 700);
 const QMarginsF margins(15, 15, 15, 15); // millimetres, until the user sets others
-
-// The faces of printed catalogues, best first, on the systems that have them.
-constexpr auto songFaces = std::to_array<QStringView>(
-    {u"SimSun", u"NSimSun", u"Songti SC", u"Noto Serif CJK SC", u"Source Han Serif SC", u"Noto Sans CJK SC"});
 
 // The beginning of a text, which is all of any honest one: to lay out a million characters takes a minute. Characters
 // that draw nothing become blanks, since each is looked for in every font of the machine.
@@ -260,12 +256,10 @@ void Sheet::draw(QPainter &painter, int page) const {
 
 QFont reportFont(double points, bool bold) {
     QFont font = QApplication::font();
-    for (const QStringView family : songFaces) {
-        if (QFontDatabase::hasFamily(family.toString())) {
-            font.setFamilies({family.toString()});
-            break;
-        }
-    }
+    const QStringList faces = platform::songFaces();
+    const auto found = std::ranges::find_if(faces, [](const QString &face) { return QFontDatabase::hasFamily(face); });
+    if (found != faces.end())
+        font.setFamilies({*found});
     font.setPointSizeF(points);
     font.setBold(bold);
     // Shaping swaps in glyphs that a PDF reader cannot take back to characters: a call number would lose its digits.

@@ -1,4 +1,5 @@
 #include "widgets/textBox.h"
+#include "platform/desktop/faces.h"
 #include <QMimeData>
 #include <QScrollBar>
 #include <QSyntaxHighlighter>
@@ -96,7 +97,7 @@ TextBox::TextBox(const QString &objectName, QWidget *parent)
     : QPlainTextEdit(parent) {
     setObjectName(objectName);
     QFont face = font();
-    face.setFamilies({u"宋体"_s, u"SimSun"_s, u"Noto Serif CJK SC"_s, u"Noto Sans CJK SC"_s});
+    face.setFamilies(platform::songFaces());
     face.setPointSize(face.pointSize() + 2); // Song strokes are thin
     setFont(face);
     setTabChangesFocus(true);

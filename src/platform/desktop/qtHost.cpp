@@ -1,4 +1,5 @@
 #include "platform/desktop/qtHost.h"
+#include "platform/desktop/faces.h"
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDesktopServices>
@@ -191,10 +192,7 @@ void prepareToolkit() {
             QCoreApplication::installTranslator(translator);
     }
     QFont font = QApplication::font();
-    QStringList families = font.families();
-    for (const char *family : {"Microsoft YaHei UI", "Noto Sans CJK SC", "WenQuanYi Micro Hei"})
-        families.append(QLatin1StringView(family));
-    font.setFamilies(families);
+    font.setFamilies(font.families() + plainFaces());
     QApplication::setFont(font);
 }
 
