@@ -1,5 +1,4 @@
-#include "assist/windows/frmHelpLR000.h"
-#include "assist/windows/frmHelpLR100.h"
+#include "assist/windows/frmHelpLR.h"
 #include "support/scriptedHost.h"
 #include <QInputMethodEvent>
 #include <QTimer>
@@ -169,7 +168,7 @@ TEST_F(FrmHelpLR100, EditGivesBackWhatWasConfirmedAndNothingAfterACancel) {
             else
                 window->cmdclick[size_t(button)]->click();
         });
-        const auto text = assist::frmHelpLR100::edit(host, nullptr, u"平凡的世界"_s);
+        const auto text = assist::frmHelpLR100(host).edit(u"平凡的世界"_s);
         EXPECT_EQ(text.value_or(u"cancelled"_s),
                   button == 0 ? u"????????"_s + QString(14, u'#') + u"chi" + QString(11, u'#') : u"cancelled"_s);
     }

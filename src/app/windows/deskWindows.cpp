@@ -3,8 +3,7 @@
 #include "app/windows/frmHelp.h"
 #include "app/windows/frmLook.h"
 #include "app/windows/marcMain.h"
-#include "assist/windows/frmHelpLR000.h"
-#include "assist/windows/frmHelpLR100.h"
+#include "assist/windows/frmHelpLR.h"
 #include "card/windows/frmMarcKaPian.h"
 #include "filetools/windows/frmCutFile.h"
 #include "filetools/windows/frmUnionFile.h"
@@ -62,9 +61,9 @@ workspace::WorkspaceWindows DeskWindows::workspaceWindows() {
                 window.exec();
             },
         .leaderAssistant = [this](const QString &leader,
-                                  QWidget *owner) { return assist::frmHelpLR000::edit(m_host, owner, leader); },
+                                  QWidget *owner) { return assist::frmHelpLR000(m_host, owner).edit(leader); },
         .field100Assistant = [this](const QString &field100,
-                                    QWidget *owner) { return assist::frmHelpLR100::edit(m_host, owner, field100); },
+                                    QWidget *owner) { return assist::frmHelpLR100(m_host, owner).edit(field100); },
     };
 }
 

@@ -67,6 +67,12 @@ CodedBoxWindow::CodedBoxWindow(platform::Host &host, std::span<const Box> table,
     connect(cmdclick[1], &Button::clicked, this, &CodedBoxWindow::unload);
 }
 
+std::optional<QString> CodedBoxWindow::edit(const QString &text) {
+    incoming() = text;
+    exec();
+    return confirmed;
+}
+
 // The boxes in their order, each label above the boxes that it stands for.
 QLayout *CodedBoxWindow::boxRow() {
     using widgets::row, widgets::column, widgets::stretch;

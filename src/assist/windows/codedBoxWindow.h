@@ -27,6 +27,8 @@ struct WindowTexts {
 class CodedBoxWindow : public widgets::Window {
     Q_OBJECT
 public:
+    std::optional<QString> edit(const QString &text);
+
     std::optional<QString> confirmed;
 
     // In the order of the Tab key.
@@ -43,7 +45,7 @@ public:
 protected:
     CodedBoxWindow(platform::Host &host, std::span<const Box> table, const WindowTexts &texts, QWidget *parent);
 
-    virtual QString incoming() const = 0;
+    virtual QString &incoming() = 0;
     void showEvent(QShowEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 
