@@ -13,7 +13,6 @@ namespace workspace {
 
 namespace {
 
-constexpr int cellMargin = 2; // pixels around the text, about those of a grid cell
 constexpr qsizetype unlimited = std::numeric_limits<qsizetype>::max();
 
 bool isEnter(const QKeyEvent *event) {
@@ -31,11 +30,8 @@ bool typesText(const QKeyEvent *event) {
 }
 
 // Claims the keys that an open editor answers itself, ahead of the window and its shortcuts.
-bool claims(QEvent *event) {
-    if (event->type() != QEvent::ShortcutOverride)
-        return false;
-    const auto *key = static_cast<QKeyEvent *>(event);
-    if (!isEnter(key) && key->key() != Qt::Key_Escape && !isAssistantKey(key))
+bool claims(QKeyEvent *event) {
+    if (!isEnter(event) && event->key() != Qt::Key_Escape && !isAssistantKey(event))
         return false;
     event->accept();
     return true;
@@ -57,7 +53,44 @@ void takeFocusBack(QWidget *editor, const QFocusEvent *event) {
 
 } // namespace
 
-bool Composition::uses(QKeyEvent *event, QWidget *editor) {
+EditorKeys::EditorKeys(QWidget *editor)
+    : m_editor(editor) {
+    editor->installEventFilter(this);
+}
+
+bool EditorKeys::eventFilter(QObject *, QEvent *event) {
+    switch (event->type()) {
+    case QEvent::ShortcutOverride:
+        return claims(static_cast<QKeyEvent *>(event));
+    case QEvent::KeyPress:
+        return endsComposition(static_cast<QKeyEvent *>(event)) || endsEdit(static_cast<QKeyEvent *>(event));
+    case QEvent::InputMethod:
+        m_preedit = static_cast<QInputMethodEvent *>(event)->preeditString();
+        break;
+    case QEvent::FocusIn:
+        Q_EMIT focused();
+        break;
+    case QEvent::FocusOut:
+        m_preedit.clear();
+        takeFocusBack(m_editor, static_cast<QFocusEvent *>(event));
+        break;
+    default:
+        break;
+    }
+    return false;
+}
+
+bool EditorKeys::endsEdit(QKeyEvent *event) {
+    if (isEnter(event))
+        Q_EMIT entered();
+    else if (event->key() == Qt::Key_Escape)
+        Q_EMIT cancelled();
+    else
+        return false;
+    return true;
+}
+
+bool EditorKeys::endsComposition(QKeyEvent *event) {
     if (m_preedit.isEmpty())
         return false;
     event->accept(); // the input method's own keys must not reach the window either
@@ -70,7 +103,7 @@ bool Composition::uses(QKeyEvent *event, QWidget *editor) {
         over.setCommitString(m_preedit);
     QGuiApplication::inputMethod()->reset(); // may answer with an end of its own
     if (!m_preedit.isEmpty())
-        QCoreApplication::sendEvent(editor, &over);
+        QCoreApplication::sendEvent(m_editor, &over);
     return ends;
 }
 
@@ -78,7 +111,7 @@ CellText::CellText(const QString &objectName, QWidget *parent)
     : TextBox(objectName, parent) {
     setContextMenuPolicy(Qt::NoContextMenu); // the right button has a meaning of its own
     setFrameShape(QFrame::NoFrame);
-    document()->setDocumentMargin(cellMargin);
+    document()->setDocumentMargin(margin);
     setEnlarged(false);
     hide();
 }
@@ -99,25 +132,14 @@ qsizetype CellText::room() const {
     return std::max<qsizetype>(0, *m_limit - text().size() + textCursor().selectedText().size());
 }
 
-bool CellText::event(QEvent *event) {
-    return claims(event) || TextBox::event(event);
-}
-
 void CellText::keyPressEvent(QKeyEvent *event) {
-    if (m_composition.uses(event, this))
-        return;
-    if (isEnter(event))
-        Q_EMIT entered();
-    else if (event->key() == Qt::Key_Escape)
-        Q_EMIT cancelled();
-    else if (isAssistantKey(event))
+    if (isAssistantKey(event))
         Q_EMIT assistantWanted();
     else if (!typesText(event) || room() > 0)
         TextBox::keyPressEvent(event);
 }
 
 void CellText::inputMethodEvent(QInputMethodEvent *event) {
-    m_composition.note(event);
     QInputMethodEvent fitting(event->preeditString(), event->attributes());
     fitting.setCommitString(event->commitString().left(room()), event->replacementStart(), event->replacementLength());
     TextBox::inputMethodEvent(&fitting);
@@ -146,55 +168,9 @@ void CellText::mouseDoubleClickEvent(QMouseEvent *event) {
         TextBox::mouseDoubleClickEvent(event);
 }
 
-void CellText::focusInEvent(QFocusEvent *event) {
-    TextBox::focusInEvent(event);
-    Q_EMIT focused();
-}
-
 void CellText::focusOutEvent(QFocusEvent *event) {
     m_limit.reset(); // the limit holds until the box is left for the first time
-    m_composition.forget();
     TextBox::focusOutEvent(event);
-    takeFocusBack(this, event);
-}
-
-CellLine::CellLine(const QString &objectName, QWidget *parent)
-    : QLineEdit(parent) {
-    setObjectName(objectName);
-    setFrame(false);
-    setTextMargins(cellMargin, 0, cellMargin, 0);
-    hide();
-}
-
-bool CellLine::event(QEvent *event) {
-    return claims(event) || QLineEdit::event(event);
-}
-
-void CellLine::keyPressEvent(QKeyEvent *event) {
-    if (m_composition.uses(event, this))
-        return;
-    if (isEnter(event))
-        Q_EMIT entered();
-    else if (event->key() == Qt::Key_Escape)
-        Q_EMIT cancelled();
-    else
-        QLineEdit::keyPressEvent(event);
-}
-
-void CellLine::inputMethodEvent(QInputMethodEvent *event) {
-    m_composition.note(event);
-    QLineEdit::inputMethodEvent(event);
-}
-
-void CellLine::focusInEvent(QFocusEvent *event) {
-    QLineEdit::focusInEvent(event);
-    Q_EMIT focused();
-}
-
-void CellLine::focusOutEvent(QFocusEvent *event) {
-    m_composition.forget();
-    QLineEdit::focusOutEvent(event);
-    takeFocusBack(this, event);
 }
 
 } // namespace workspace

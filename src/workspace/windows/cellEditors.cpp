@@ -16,11 +16,17 @@ constexpr int lineLimit = 1 << 20; // characters; as good as none
 
 CellEditors::CellEditors(FieldGrid &grid, EditedRecord &record, platform::Host &host, const WorkspaceWindows &windows)
     : richText(new CellText(u"richText"_s, grid.parentWidget()))
-    , Text1(new CellLine(u"Text1"_s, grid.parentWidget()))
+    , Text1(new QLineEdit(grid.parentWidget()))
     , m_grid(grid)
     , m_record(record)
     , m_host(host)
-    , m_windows(windows) {
+    , m_windows(windows)
+    , m_contentKeys(richText)
+    , m_identityKeys(Text1) {
+    Text1->setObjectName(u"Text1"_s);
+    Text1->setFrame(false);
+    Text1->setTextMargins(CellText::margin, 0, CellText::margin, 0);
+    Text1->hide();
     richText->setAccessibleName(u"字段内容"_s);
     Text1->setAccessibleName(u"字段说明或标识符"_s);
     richText->setFont(grid.font());
@@ -29,16 +35,16 @@ CellEditors::CellEditors(FieldGrid &grid, EditedRecord &record, platform::Host &
 }
 
 void CellEditors::connectEditors() {
-    connect(richText, &CellText::entered, this, &CellEditors::commitContent);
-    connect(richText, &CellText::cancelled, this, &CellEditors::endContent);
+    connect(&m_contentKeys, &EditorKeys::entered, this, &CellEditors::commitContent);
+    connect(&m_contentKeys, &EditorKeys::cancelled, this, &CellEditors::endContent);
     connect(richText, &CellText::assistantWanted, this, &CellEditors::openAssistant);
     connect(richText, &CellText::enlargeWanted, this, &CellEditors::enlarge);
     connect(richText, &CellText::reduceWanted, this, &CellEditors::reduce);
     connect(richText, &CellText::textChanged, this, &CellEditors::contentTyped);
-    connect(richText, &CellText::focused, this, [this] { Q_EMIT opened(Hold::FieldsAndList); });
-    connect(Text1, &CellLine::entered, this, &CellEditors::commitIdentity);
-    connect(Text1, &CellLine::cancelled, this, &CellEditors::cancelIdentity);
-    connect(Text1, &CellLine::focused, this, [this] { Q_EMIT opened(Hold::Fields); });
+    connect(&m_contentKeys, &EditorKeys::focused, this, [this] { Q_EMIT opened(Hold::FieldsAndList); });
+    connect(&m_identityKeys, &EditorKeys::entered, this, &CellEditors::commitIdentity);
+    connect(&m_identityKeys, &EditorKeys::cancelled, this, &CellEditors::cancelIdentity);
+    connect(&m_identityKeys, &EditorKeys::focused, this, [this] { Q_EMIT opened(Hold::Fields); });
     connect(&m_grid, &FieldGrid::scrolled, this, &CellEditors::place);
     connect(&m_grid, &FieldGrid::rearranged, this, &CellEditors::keepInSight);
 }

@@ -6,6 +6,7 @@
 #include "workspace/windows/cellControls.h"
 #include "workspace/windows/fieldGrid.h"
 #include "workspace/windows/workspaceWindows.h"
+#include <QLineEdit>
 
 namespace workspace {
 
@@ -18,7 +19,7 @@ public:
     CellEditors(FieldGrid &grid, EditedRecord &record, platform::Host &host, const WorkspaceWindows &windows);
 
     CellText *const richText; // edits column 4
-    CellLine *const Text1;    // edits columns 1, 2 and 3
+    QLineEdit *const Text1;   // edits columns 1, 2 and 3
 
     int editRow = 0;     // the row that was clicked last, and the one that an open editor writes to; 0: none yet
     int editCol = 0;     // the column that an open editor writes to
@@ -56,6 +57,8 @@ private:
     EditedRecord &m_record;
     platform::Host &m_host;
     const WorkspaceWindows &m_windows;
+    EditorKeys m_contentKeys;
+    EditorKeys m_identityKeys;
     bool m_enlarged = false;
 };
 

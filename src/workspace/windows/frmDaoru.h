@@ -59,7 +59,7 @@ public:
     std::array<widgets::Button *, 7> cmdclick;
     widgets::PacedLabel *labZhuangTai;
     CellText *richText; // these four are m_editors' and m_fields'
-    CellLine *Text1;
+    QLineEdit *Text1;
     widgets::ChoiceList *zdList;
     widgets::ChoiceList *Zzdlist;
 
