@@ -50,12 +50,14 @@ QString FileToolWindow::chooseFile(platform::FileDialogKind kind) {
                               .kind = kind});
 }
 
-void FileToolWindow::beginRun(const QList<QWidget *> &disabled) {
+void FileToolWindow::beginRun(const QList<QWidget *> &disabled, QLineEdit *locked) {
     m_waiting.emplace(this);
     m_disabled = disabled;
+    m_locked = locked;
     m_focused = focusWidget();
     for (QWidget *control : m_disabled)
         control->setEnabled(false);
+    m_locked->setReadOnly(true);
     labJinDu->show();
     labShuDo->show();
 }
@@ -66,6 +68,7 @@ void FileToolWindow::endRun() {
     m_waiting.reset();
     for (QWidget *control : m_disabled)
         control->setEnabled(true);
+    m_locked->setReadOnly(false);
     // Disabling its button sent the keyboard on to the one that closes the window.
     if (m_focused)
         m_focused->setFocus();

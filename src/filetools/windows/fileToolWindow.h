@@ -7,6 +7,7 @@
 #include "platform/result.h"
 #include "widgets/pacedLabel.h"
 #include "widgets/window.h"
+#include <QLineEdit>
 #include <QPointer>
 #include <functional>
 #include <optional>
@@ -29,9 +30,9 @@ protected:
 
     // The path chosen in the file dialog; empty after a cancel.
     QString chooseFile(platform::FileDialogKind kind);
-    // Puts up the hourglass, shows the labels and disables these until the run has ended well; the keyboard
-    // is then where it was.
-    void beginRun(const QList<QWidget *> &disabled);
+    // Puts up the hourglass, shows the labels, disables these and locks the box until the run has ended well; the
+    // keyboard is then where it was.
+    void beginRun(const QList<QWidget *> &disabled, QLineEdit *locked);
     void endRun();
     void showCount(qint32 total);
     // Called before a count is seen: hands over to the files what was written. The number of records that stand in
@@ -47,8 +48,50 @@ protected:
 private:
     ShowReport m_showReport;
     QList<QWidget *> m_disabled;
+    QLineEdit *m_locked = nullptr;
     QPointer<QWidget> m_focused; // when the run began
     std::optional<widgets::WaitCursor> m_waiting;
+};
+
+// A window with its run, which keeps its files after a failure until the window goes.
+template <class Run>
+class RunWindow : public FileToolWindow {
+protected:
+    using FileToolWindow::FileToolWindow;
+
+    // Does the work of m_run as a whole, and shows its report.
+    template <class Work>
+    void carryOut(const QList<QWidget *> &disabled, QLineEdit *locked, const QString &folder, Work work) {
+        beginRun(disabled, locked);
+        if (const platform::Status done = work(); !done)
+            return tellFailure(done.failure().description);
+        const QString report = m_run->report();
+        m_run.reset();
+        endRun();
+        showResult(report, folder);
+    }
+
+    // Writes each record up to the end of the source.
+    template <class Write>
+    platform::Status writeRecords(Write write) {
+        for (;;) {
+            const platform::Result<bool> found = m_run->next();
+            if (!found)
+                return found.failure();
+            if (!found.value())
+                return platform::success();
+            m_host.yield();
+            if (const platform::Status written = write(); !written)
+                return written;
+            showCount(m_run->total());
+        }
+    }
+
+    std::optional<qint32> handOver() override {
+        return m_run && m_run->total() != 0 ? std::optional(m_run->handOver()) : std::nullopt;
+    }
+
+    std::optional<Run> m_run;
 };
 
 // Names the control after its prompt, for the screen reader and for the prompt's access key.

@@ -14,7 +14,7 @@ using widgets::SelectingEdit;
 namespace filetools {
 
 frmCutFile::frmCutFile(platform::Host &host, ShowReport showReport, QWidget *parent)
-    : FileToolWindow(u"frmCutFile"_s, u"拆分机读目录文件"_s, host, std::move(showReport), parent)
+    : RunWindow(u"frmCutFile"_s, u"拆分机读目录文件"_s, host, std::move(showReport), parent)
     , Text1{new SelectingEdit(u"Text10"_s), new SelectingEdit(u"Text11"_s)}
     , Text2(new SelectingEdit(u"Text2"_s))
     , cmdSelect{new Button(u"cmdSelect0"_s, u"&L 浏览"_s), new Button(u"cmdSelect1"_s, u"&O 浏览"_s)}
@@ -65,18 +65,8 @@ void frmCutFile::split() {
     const std::optional<TargetPattern> target = confirmedTarget(source, platform::trimBlanks(Text1[1]->text()));
     if (!target)
         return;
-    beginRun({cmdclick[0], cmdSelect[0], cmdSelect[1]});
-    Text2->setReadOnly(true);
     m_run.emplace(source, *target);
-    if (const Status done = run(); !done) {
-        tellFailure(done.failure().description);
-        return;
-    }
-    const QString report = m_run->report();
-    m_run.reset();
-    endRun();
-    Text2->setReadOnly(false);
-    showResult(report, target->folder);
+    carryOut({cmdclick[0], cmdSelect[0], cmdSelect[1]}, Text2, target->folder, [this] { return run(); });
 }
 
 std::optional<TargetPattern> frmCutFile::confirmedTarget(const QString &source, const QString &target) {
@@ -109,25 +99,13 @@ Status frmCutFile::run() {
     if (const Status opened = m_run->open(); !opened)
         return opened;
     labJinDu->setPacedText(m_run->currentFile());
-    for (;;) {
-        const platform::Result<bool> found = m_run->next();
-        if (!found)
-            return found.failure();
-        if (!found.value())
-            break;
-        m_host.yield();
-        if (const Status written = m_run->write(Text2->text()); !written)
-            return written;
-        labJinDu->setPacedText(m_run->currentFile());
-        showCount(m_run->total());
-    }
-    return m_run->close(Text2->text());
-}
-
-std::optional<qint32> frmCutFile::handOver() {
-    if (!m_run || m_run->total() == 0)
-        return std::nullopt;
-    return m_run->handOver();
+    const Status written = writeRecords([this] {
+        const Status done = m_run->write(Text2->text());
+        if (done)
+            labJinDu->setPacedText(m_run->currentFile());
+        return done;
+    });
+    return written ? m_run->close(Text2->text()) : written;
 }
 
 } // namespace filetools

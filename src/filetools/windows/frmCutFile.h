@@ -10,7 +10,7 @@
 
 namespace filetools {
 
-class frmCutFile final : public FileToolWindow {
+class frmCutFile final : public RunWindow<SplitRun> {
     Q_OBJECT
 public:
     frmCutFile(platform::Host &host, ShowReport showReport, QWidget *parent = nullptr);
@@ -28,9 +28,6 @@ private:
     // The pattern of the target names, when the checks have passed and the question about existing files is answered.
     std::optional<TargetPattern> confirmedTarget(const QString &source, const QString &target);
     platform::Status run();
-    std::optional<qint32> handOver() override;
-
-    std::optional<SplitRun> m_run; // a run that failed keeps its files until the window goes
 };
 
 } // namespace filetools

@@ -5,7 +5,6 @@
 #include "widgets/keys.h"
 #include "widgets/layout.h"
 #include <QShortcut>
-#include <optional>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -16,7 +15,7 @@ using widgets::SelectingEdit;
 namespace filetools {
 
 frmUnionFile::frmUnionFile(platform::Host &host, ShowReport showReport, QWidget *parent)
-    : FileToolWindow(u"frmUnionFile"_s, u"合并机读目录文件"_s, host, std::move(showReport), parent)
+    : RunWindow(u"frmUnionFile"_s, u"合并机读目录文件"_s, host, std::move(showReport), parent)
     , List1(new QListWidget)
     , Frame2(new QGroupBox(u"源文件列表（选择机读目录文件；可以重复选择）"_s))
     , cmdSelect{new Button(u"cmdSelect0"_s, u"&A 添加文件"_s), new Button(u"cmdSelect1"_s, u"&D 取消文件"_s)}
@@ -89,18 +88,9 @@ void frmUnionFile::merge() {
     const QString target = platform::trimBlanks(Text1->text());
     if (!mayMerge(from, target))
         return;
-    beginRun({cmdClick[0], cmdSelect[0], cmdSelect[1], cmdSave});
-    Text1->setReadOnly(true);
     m_run.emplace(target);
-    if (const Status done = run(from); !done) {
-        tellFailure(done.failure().description);
-        return;
-    }
-    const QString report = m_run->report();
-    m_run.reset();
-    endRun();
-    Text1->setReadOnly(false);
-    showResult(report, platform::folderOf(target));
+    carryOut({cmdClick[0], cmdSelect[0], cmdSelect[1], cmdSave}, Text1, platform::folderOf(target),
+             [&] { return run(from); });
 }
 
 Status frmUnionFile::run(const QStringList &sources) {
@@ -117,25 +107,10 @@ Status frmUnionFile::run(const QStringList &sources) {
 Status frmUnionFile::mergeSource(const QString &path) {
     if (const Status opened = m_run->openSource(path); !opened)
         return opened;
-    for (;;) {
-        const platform::Result<bool> found = m_run->next();
-        if (!found)
-            return found.failure();
-        if (!found.value())
-            break;
-        m_host.yield();
-        if (const Status written = m_run->write(); !written)
-            return written;
-        showCount(m_run->total());
-    }
-    m_run->closeSource();
-    return platform::success();
-}
-
-std::optional<qint32> frmUnionFile::handOver() {
-    if (!m_run || m_run->total() == 0)
-        return std::nullopt;
-    return m_run->handOver();
+    const Status written = writeRecords([this] { return m_run->write(); });
+    if (written)
+        m_run->closeSource();
+    return written;
 }
 
 } // namespace filetools

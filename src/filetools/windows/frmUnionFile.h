@@ -7,11 +7,10 @@
 #include <QGroupBox>
 #include <QListWidget>
 #include <array>
-#include <optional>
 
 namespace filetools {
 
-class frmUnionFile final : public FileToolWindow {
+class frmUnionFile final : public RunWindow<MergeRun> {
     Q_OBJECT
 public:
     frmUnionFile(platform::Host &host, ShowReport showReport, QWidget *parent = nullptr);
@@ -34,9 +33,6 @@ private:
     bool mayMerge(const QStringList &sources, const QString &target);
     platform::Status run(const QStringList &sources);
     platform::Status mergeSource(const QString &path);
-    std::optional<qint32> handOver() override;
-
-    std::optional<MergeRun> m_run; // a run that failed keeps its files until the window goes
 };
 
 } // namespace filetools
