@@ -31,12 +31,20 @@ QGroupBox *framed(QGroupBox *frame, QLayout *content) {
     return frame;
 }
 
-QBoxLayout *labelled(QLabel *label, QWidget *control) {
+QLabel *naming(QLabel *label, QWidget *control) {
     label->setBuddy(control);
-    QString name = label->text();
-    name.remove(u'&');
-    control->setAccessibleName(name);
-    return row({label, {control, 1}});
+    control->setAccessibleName(label->text().left(label->text().indexOf(u"(&")));
+    return label;
+}
+
+QBoxLayout *labelled(QLabel *label, QWidget *control) {
+    return row({naming(label, control), {control, 1}});
+}
+
+void keepPlace(QWidget *control) {
+    QSizePolicy policy = control->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    control->setSizePolicy(policy);
 }
 
 } // namespace widgets

@@ -1,4 +1,5 @@
-// Layouts as one expression a window: column({row({label, box}), grid, row({stretch(), button})}).
+// Layouts as one expression a window: column({row({label, box}), grid, row({stretch(), button})}); and the names of the
+// controls in them.
 #pragma once
 
 #include <QBoxLayout>
@@ -35,7 +36,20 @@ QBoxLayout *row(std::initializer_list<Item> items);
 QBoxLayout *column(std::initializer_list<Item> items);
 // Puts the layout into the frame and gives the frame back.
 QGroupBox *framed(QGroupBox *frame, QLayout *content);
-// Label and control side by side; the label's access key leads to the control, which is named after the label.
+// Names the control after its label, without the access key in parentheses, which leads there. Gives the label back.
+QLabel *naming(QLabel *label, QWidget *control);
+// Label and control side by side, the control named after the label.
 QBoxLayout *labelled(QLabel *label, QWidget *control);
+// A control that keeps its place when it is hidden, so that nothing jumps.
+void keepPlace(QWidget *control);
+
+// Gives the control its own name and, where it is not to speak for itself, the one that a screen reader says.
+template <class Control>
+Control *named(Control *control, const QString &objectName, const QString &accessibleName = {}) {
+    control->setObjectName(objectName);
+    if (!accessibleName.isEmpty())
+        control->setAccessibleName(accessibleName);
+    return control;
+}
 
 } // namespace widgets

@@ -4,29 +4,20 @@
 #include "widgets/layout.h"
 
 using namespace Qt::StringLiterals;
+using widgets::named;
 
 namespace app {
-
-namespace {
-
-QLabel *line(const QString &objectName, QStringView text) {
-    auto *label = new QLabel(text.toString());
-    label->setObjectName(objectName);
-    return label;
-}
-
-} // namespace
 
 AboutFrm::AboutFrm(platform::Host &host, QWidget *parent)
     : Window(u"AboutFrm"_s, u"关于系统"_s, parent)
     , Image1(emblem(u"Image1"_s, 5))
     , Image3(new Backdrop(u"Image3"_s))
-    , Label2(line(u"Label2"_s, u"【Tarvex图书馆管理系统4.0】"))
-    , Label5(line(u"Label5"_s, makerLines[0]))
-    , Label4(line(u"Label4"_s, makerLines[1]))
-    , Label8(line(u"Label8"_s, makerLines[2]))
-    , Label6(line(u"Label6"_s, u"World Wide Web："))
-    , Label7(line(u"Label7"_s, u"E_mail： "))
+    , Label2(named(new QLabel(u"【Tarvex图书馆管理系统4.0】"_s), u"Label2"_s))
+    , Label5(named(new QLabel(makerLines[0].toString()), u"Label5"_s))
+    , Label4(named(new QLabel(makerLines[1].toString()), u"Label4"_s))
+    , Label8(named(new QLabel(makerLines[2].toString()), u"Label8"_s))
+    , Label6(named(new QLabel(u"World Wide Web："_s), u"Label6"_s))
+    , Label7(named(new QLabel(u"E_mail： "_s), u"Label7"_s))
     , lHttp(webLink(u"lHttp"_s, host, this))
     , lEmail1(mailLink(u"lEmail1"_s, host, this))
     , Command1(new widgets::Button(u"Command1"_s, u" 确定( &Q ) "_s)) {

@@ -26,9 +26,7 @@ QString helpHtml() {
 
 frmHelp::frmHelp(QWidget *parent)
     : Window(u"frmHelp"_s, makerName + u" 关于CNQuelt"_s, parent)
-    , RichTextBox1(new QTextEdit) {
-    RichTextBox1->setObjectName(u"RichTextBox1"_s);
-    RichTextBox1->setAccessibleName(windowTitle());
+    , RichTextBox1(widgets::named(new QTextEdit, u"RichTextBox1"_s, windowTitle())) {
     RichTextBox1->setReadOnly(true);
     RichTextBox1->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     RichTextBox1->setCursorWidth(0); // it is there for selecting by keys; nothing is written here

@@ -7,6 +7,7 @@
 #include <QScreen>
 
 using namespace Qt::StringLiterals;
+using widgets::named;
 
 namespace app {
 
@@ -22,8 +23,7 @@ QFont enlarged(QFont font, double factor, bool bold) {
 
 // The maker's mark: the first letter of the name in a ring.
 QLabel *makerMark(const QString &objectName) {
-    auto *label = new QLabel;
-    label->setObjectName(objectName);
+    auto *label = named(new QLabel, objectName);
     const int side = 2 * label->fontMetrics().lineSpacing();
     const double ratio = label->devicePixelRatioF();
     QPixmap mark(QSize(side, side) * ratio);
@@ -49,8 +49,7 @@ QPalette onPicture(QPalette palette) {
 } // namespace
 
 QLabel *emblem(const QString &objectName, int lines) {
-    auto *label = new QLabel;
-    label->setObjectName(objectName);
+    auto *label = named(new QLabel, objectName);
     const int side = lines * label->fontMetrics().lineSpacing();
     label->setPixmap(QIcon(u":/program.svg"_s).pixmap(QSize(side, side), label->devicePixelRatioF()));
     label->setAlignment(Qt::AlignCenter);
@@ -62,11 +61,11 @@ frmLook::frmLook(platform::Host &host, QWidget *parent)
     , Picture1(new Backdrop(u"Picture1"_s, this))
     , imgMain(emblem(u"imgMain"_s, 7))
     , Image1(makerMark(u"Image1"_s))
-    , lMain(new QLabel(u"Tarvex图书馆管理集成系统"_s))
-    , Label1(new QLabel(makerName.toString()))
+    , lMain(named(new QLabel(u"Tarvex图书馆管理集成系统"_s), u"lMain"_s))
+    , Label1(named(new QLabel(makerName.toString()), u"Label1"_s))
     , lHttp(webLink(u"lHttp"_s, host, this))
     , lEmail(mailLink(u"lEmail"_s, host, this))
-    , Check1(new QCheckBox(u"启动时显示"_s))
+    , Check1(named(new QCheckBox(u"启动时显示"_s), u"Check1"_s))
     , cmOK(new widgets::Button(u"cmOK"_s, u"确定"_s))
     , m_host(host) {
     layOut();
@@ -77,12 +76,9 @@ frmLook::frmLook(platform::Host &host, QWidget *parent)
 
 void frmLook::layOut() {
     using namespace widgets;
-    lMain->setObjectName(u"lMain"_s);
     lMain->setFont(enlarged(font(), 2.6, true));
     lMain->setAlignment(Qt::AlignCenter);
-    Label1->setObjectName(u"Label1"_s);
     Label1->setFont(enlarged(font(), 1.6, false));
-    Check1->setObjectName(u"Check1"_s);
     auto *strip = new QFrame;
     strip->setAutoFillBackground(true);
     QPalette dark = onPicture(palette());

@@ -10,6 +10,7 @@
 
 using namespace Qt::StringLiterals;
 using widgets::Button;
+using widgets::named;
 
 namespace app {
 
@@ -18,38 +19,25 @@ namespace {
 const QString formTitle = u"管理系统操作提示"_s;
 const QString valuesCaption = u"连接值"_s;
 
-QLineEdit *textBox(const QString &name) {
-    auto *box = new QLineEdit;
-    box->setObjectName(name);
-    widgets::enterActsAsTab(box);
-    return box;
-}
-
-QComboBox *dropDown(const QString &name) {
-    auto *box = new QComboBox;
-    box->setObjectName(name);
-    return box;
-}
-
 } // namespace
 
 frmODBC::frmODBC(platform::Host &host, ConnectionProbe probe, QWidget *parent)
     : Window(u"frmODBC"_s, u"请设置要连接的数据库信息"_s, parent)
-    , cboDSNList(dropDown(u"cboDSNList"_s))
-    , cboDrivers(dropDown(u"cboDrivers"_s))
-    , txtServer(textBox(u"txtServer"_s))
-    , txtUID(textBox(u"txtUID"_s))
-    , txtPWD(textBox(u"txtPWD"_s))
-    , txtDatabase(textBox(u"txtDatabase"_s))
-    , fraStep3(new QGroupBox(valuesCaption))
+    , cboDSNList(named(new QComboBox, u"cboDSNList"_s))
+    , cboDrivers(named(new QComboBox, u"cboDrivers"_s))
+    , txtServer(named(new QLineEdit, u"txtServer"_s))
+    , txtUID(named(new QLineEdit, u"txtUID"_s))
+    , txtPWD(named(new QLineEdit, u"txtPWD"_s))
+    , txtDatabase(named(new QLineEdit, u"txtDatabase"_s))
+    , fraStep3(named(new QGroupBox(valuesCaption), u"fraStep3"_s))
     , cmdCeshi(new Button(u"cmdCeshi"_s, u"测试(&C)"_s))
     , cmdOK(new Button(u"cmdOK"_s, u"保存(&D)"_s))
     , cmdCancel(new Button(u"cmdCancel"_s, u"取消(&Q)"_s))
     , m_host(host)
     , m_probe(std::move(probe)) {
-    fraStep3->setObjectName(u"fraStep3"_s);
     txtPWD->setEchoMode(QLineEdit::Password);
-    widgets::enterActsAsTab(cboDrivers);
+    for (QWidget *control : std::initializer_list<QWidget *>{cboDrivers, txtServer, txtUID, txtPWD, txtDatabase})
+        widgets::enterActsAsTab(control);
     layOut();
     connect(cboDSNList, &QComboBox::activated, this, &frmODBC::dataSourceClicked);
     connect(cmdCeshi, &Button::clicked, this, &frmODBC::testConnection);
@@ -61,11 +49,8 @@ frmODBC::frmODBC(platform::Host &host, ConnectionProbe probe, QWidget *parent)
 void frmODBC::layOut() {
     auto *values = new QGridLayout;
     const auto line = [&](const QString &caption, QWidget *control) {
-        auto *label = new QLabel(caption);
-        label->setBuddy(control);
-        control->setAccessibleName(caption.left(caption.indexOf(u'(')));
         const int row = values->rowCount();
-        values->addWidget(label, row, 0);
+        values->addWidget(widgets::naming(new QLabel(caption), control), row, 0);
         values->addWidget(control, row, 1);
     };
     line(u"数据源(&D):"_s, cboDSNList);

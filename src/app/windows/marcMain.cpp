@@ -1,4 +1,5 @@
 #include "app/windows/marcMain.h"
+#include "widgets/layout.h"
 #include <QCloseEvent>
 #include <QIcon>
 #include <QMenuBar>
@@ -7,17 +8,17 @@
 #include <QToolButton>
 
 using namespace Qt::StringLiterals;
+using widgets::named;
 
 namespace app {
 
 marcMain::marcMain(platform::Host &host, CommandWindows &windows)
-    : Toolbar1(new QToolBar(this))
-    , mdiArea(new QMdiArea(this))
+    : Toolbar1(named(new QToolBar(this), u"Toolbar1"_s))
+    , mdiArea(named(new QMdiArea(this), u"mdiArea"_s))
     , m_host(host)
     , m_windows(windows) {
     setObjectName(u"marcMain"_s);
     setWindowTitle(u"Tarvex图书馆管理系统-----------marc处理工具"_s);
-    mdiArea->setObjectName(u"mdiArea"_s);
     mdiArea->setBackground(palette().brush(QPalette::Mid));
     mdiArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     mdiArea->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
@@ -44,7 +45,6 @@ void marcMain::buildMenu() {
 }
 
 void marcMain::buildToolbar() {
-    Toolbar1->setObjectName(u"Toolbar1"_s);
     Toolbar1->setWindowTitle(u"工具栏"_s);
     Toolbar1->setMovable(false);
     Toolbar1->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
@@ -57,9 +57,8 @@ void marcMain::buildToolbar() {
         action->setData(row.key.toString());
         connect(action, &QAction::triggered, this, [this, command = row.command] { run(command); });
         if (QWidget *button = Toolbar1->widgetForAction(action)) {
-            button->setObjectName(row.key.toString());
+            named(button, row.key.toString(), row.caption.toString());
             button->setFocusPolicy(Qt::TabFocus);
-            button->setAccessibleName(row.caption.toString());
         }
     }
     addToolBar(Toolbar1);

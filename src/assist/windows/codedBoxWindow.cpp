@@ -12,6 +12,7 @@ using namespace Qt::StringLiterals;
 using widgets::Button;
 using widgets::ChoiceList;
 using widgets::ClickLabel;
+using widgets::named;
 
 namespace assist {
 
@@ -36,18 +37,15 @@ CodedBoxWindow::CodedBoxWindow(platform::Host &host, std::span<const Box> table,
     : Window(texts.name, texts.caption, parent)
     , Text1(boxesOf(table, this))
     , listLx(new ChoiceList(u"listLx"_s, u"代码列表"_s, this))
-    , richTextTS(new QTextEdit(this))
-    , textMarc(new QLineEdit(this))
+    , richTextTS(named(new QTextEdit(this), u"richTextTS"_s, u"代码说明"_s))
+    , textMarc(named(new QLineEdit(this), u"textMarc"_s))
     , cmdclick{new Button(u"cmdclick0"_s, u"&S 确定"_s, this), new Button(u"cmdclick1"_s, u"&Q 取消"_s, this)}
     , listMenu(new ChoiceList(u"listMenu"_s, {}, this))
     , m_host(host)
     , m_boxes(table) {
-    richTextTS->setObjectName(u"richTextTS"_s);
-    richTextTS->setAccessibleName(u"代码说明"_s);
     richTextTS->setReadOnly(true);
     richTextTS->setTabChangesFocus(true);
     richTextTS->setVisible(texts.explains);
-    textMarc->setObjectName(u"textMarc"_s);
     textMarc->setReadOnly(true);
     textMarc->setToolTip(texts.formatTip);
     cmdclick[0]->setToolTip(u"确认修改"_s);
@@ -107,9 +105,7 @@ QWidget *CodedBoxWindow::makeLabel(int i) {
         connect(link, &ClickLabel::pressed, Text1[size_t(i)], qOverload<>(&QWidget::setFocus));
         label = link;
     } else {
-        auto *plain = new QLabel(caption, this);
-        plain->setObjectName(name);
-        plain->setAccessibleName(caption);
+        auto *plain = named(new QLabel(caption, this), name, caption);
         plain->setWordWrap(true);
         plain->setAlignment(place);
         label = plain;
@@ -123,12 +119,11 @@ QWidget *CodedBoxWindow::makeLabel(int i) {
 }
 
 QToolButton *CodedBoxWindow::makeButton(int i) {
-    auto *button = new QToolButton(this);
-    button->setObjectName(u"picClick"_s + QString::number(picClick.size()));
+    const QString tip = u"查看%1列表"_s.arg(m_boxes.box(i).label);
+    auto *button = named(new QToolButton(this), u"picClick"_s + QString::number(picClick.size()), tip);
     button->setArrowType(Qt::DownArrow);
     button->setFocusPolicy(Qt::NoFocus); // the Down key in the box does the same
-    button->setToolTip(u"查看%1列表"_s.arg(m_boxes.box(i).label));
-    button->setAccessibleName(button->toolTip());
+    button->setToolTip(tip);
     connect(button, &QToolButton::clicked, this, [this, i] { openMenu(i); });
     picClick.push_back(button);
     return button;

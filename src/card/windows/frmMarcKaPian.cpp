@@ -22,12 +22,11 @@ QString signsOfTheRecord() {
 
 frmMarcKaPian::frmMarcKaPian(platform::Host &host, QWidget *parent)
     : Window(u"frmMarcKaPian"_s, u"MARC数据阅读1器"_s, parent)
-    , Label2(new QLabel(u"通用MARC阅读器"_s, this))
+    , Label2(widgets::named(new QLabel(u"通用MARC阅读器"_s, this), u"Label2"_s))
     , Text1(new TextBox(u"Text1"_s, this))
     , cmdclick{new Button(u"cmdclick0"_s, u"&B 标准式"_s, this), new Button(u"cmdclick1"_s, u"&K 卡片式"_s, this),
                new Button(u"cmdclick2"_s, u"&Q 返回"_s, this)}
     , m_host(host) {
-    Label2->setObjectName(u"Label2"_s);
     Text1->lock();
     Text1->setAccessibleName(u"记录内容"_s);
     Text1->setRoom(40, 22);

@@ -7,6 +7,7 @@
 using namespace Qt::StringLiterals;
 using widgets::Button;
 using widgets::column;
+using widgets::named;
 using widgets::row;
 using widgets::stretch;
 
@@ -15,8 +16,8 @@ namespace catalogue {
 OrderbyFrm::OrderbyFrm(platform::Host &host, CatalogueOrder &order, std::function<SortableList &()> list,
                        QWidget *parent)
     : Window(u"OrderbyFrm"_s, u"排序方式"_s, parent)
-    , List1(new QListWidget(this))
-    , List2(new QListWidget(this))
+    , List1(named(new QListWidget(this), u"List1"_s, u"可选的项目"_s))
+    , List2(named(new QListWidget(this), u"List2"_s, u"排序的项目"_s))
     , CmdAdd(new Button(u"CmdAdd"_s, u">> 增加"_s, this))
     , CmdMove(new Button(u"CmdMove"_s, u"<< 移除"_s, this))
     , CmdAddAll(new Button(u"CmdAddAll"_s, u">| 全部"_s, this))
@@ -39,10 +40,6 @@ OrderbyFrm::OrderbyFrm(platform::Host &host, CatalogueOrder &order, std::functio
 }
 
 void OrderbyFrm::layOut() {
-    List1->setObjectName(u"List1"_s);
-    List1->setAccessibleName(u"可选的项目"_s);
-    List2->setObjectName(u"List2"_s);
-    List2->setAccessibleName(u"排序的项目"_s);
     for (QListWidget *list : {List1, List2})
         list->installEventFilter(this);
     setLayout(column(

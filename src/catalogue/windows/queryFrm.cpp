@@ -8,19 +8,13 @@ using namespace Qt::StringLiterals;
 using widgets::Button;
 using widgets::ClickLabel;
 using widgets::column;
+using widgets::named;
 using widgets::row;
 using widgets::stretch;
 
 namespace catalogue {
 
 namespace {
-
-QLabel *heading(const QString &text, QWidget *control) {
-    auto *label = new QLabel(text, control->parentWidget());
-    label->setBuddy(control);
-    control->setAccessibleName(text);
-    return label;
-}
 
 bool leavesTheBox(int key) {
     return key == Qt::Key_Tab || key == Qt::Key_Backtab || key == Qt::Key_Escape;
@@ -30,39 +24,28 @@ bool leavesTheBox(int key) {
 
 QueryDialog::QueryDialog(const QString &objectName, QueryRules rules, platform::Host &host, QWidget *parent)
     : Window(objectName, u"请输入查询条件"_s, parent)
-    , LFields(new QListWidget(this))
-    , cSql(new QComboBox(this))
-    , cFuhao(new QComboBox(this))
+    , LFields(named(new QListWidget(this), u"LFields"_s, u"字段"_s))
+    , cSql(named(new QComboBox(this), u"cSql"_s))
+    , cFuhao(named(new QComboBox(this), u"cFuhao"_s))
     , lSql(new widgets::MaskedEdit(u"lSql"_s, this))
     , Command3(new Button(u"Command3"_s, u"&A加入"_s, this))
-    , signSql(new QTextEdit(this))
-    , totalSql(new QListWidget(this))
-    , cOrderby(new QComboBox(this))
+    , signSql(named(new QTextEdit(this), u"signSql"_s, u"当前条件"_s))
+    , totalSql(named(new QListWidget(this), u"totalSql"_s, u"合并的条件"_s))
+    , cOrderby(named(new QComboBox(this), u"cOrderby"_s))
     , Label3{new ClickLabel(u"Label30"_s, u"升序"_s, ClickLabel::Look::Raised, this),
              new ClickLabel(u"Label31"_s, u"降序"_s, ClickLabel::Look::Raised, this)}
-    , lOrderby(new QTextEdit(this))
+    , lOrderby(named(new QTextEdit(this), u"lOrderby"_s, u"排序方式"_s))
     , Command1{new Button(u"Command10"_s, u"&U 条件合并"_s, this), new Button(u"Command11"_s, u"&O  确定"_s, this),
                new Button(u"Command12"_s, u"&X  关闭"_s, this)}
     , Command2(new Button(u"Command2"_s, u"&C  清除"_s, this))
     , m_host(host)
     , m_builder(rules) {
-    nameControls();
+    prepareBoxes();
     layOut();
     connectControls();
 }
 
-void QueryDialog::nameControls() {
-    LFields->setObjectName(u"LFields"_s);
-    LFields->setAccessibleName(u"字段"_s);
-    cSql->setObjectName(u"cSql"_s);
-    cFuhao->setObjectName(u"cFuhao"_s);
-    totalSql->setObjectName(u"totalSql"_s);
-    totalSql->setAccessibleName(u"合并的条件"_s);
-    cOrderby->setObjectName(u"cOrderby"_s);
-    signSql->setObjectName(u"signSql"_s);
-    signSql->setAccessibleName(u"当前条件"_s);
-    lOrderby->setObjectName(u"lOrderby"_s);
-    lOrderby->setAccessibleName(u"排序方式"_s);
+void QueryDialog::prepareBoxes() {
     for (QTextEdit *box : {signSql, lOrderby}) {
         box->setReadOnly(true);
         box->setTabChangesFocus(true);
@@ -74,6 +57,9 @@ void QueryDialog::nameControls() {
 }
 
 void QueryDialog::layOut() {
+    const auto heading = [this](const QString &text, QWidget *control) {
+        return widgets::naming(new QLabel(text, this), control);
+    };
     auto *condition = new QGridLayout;
     condition->addWidget(heading(u"查找项目"_s, cSql), 0, 0);
     condition->addWidget(heading(u"查找关系"_s, cFuhao), 0, 1);

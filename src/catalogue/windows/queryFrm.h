@@ -43,7 +43,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void nameControls();
+    void prepareBoxes();
     void layOut();
     void connectControls();
     void fieldClicked(int field);

@@ -49,11 +49,9 @@ SCKListFrm::SCKListFrm(const database::SessionState &state, platform::Host &host
 void SCKListFrm::makeLabels() {
     for (size_t index = 0; index < detailLabels; ++index) {
         const QString number = QString::number(index);
-        Label1[index] = new QLabel(detailCaptions[index].toString(), this);
-        Label1[index]->setObjectName(u"Label1" + number);
-        LabelZSK[index] = new QLabel(this);
-        LabelZSK[index]->setObjectName(u"LabelZSK" + number);
-        LabelZSK[index]->setAccessibleName(detailCaptions[index].toString());
+        const QString caption = detailCaptions[index].toString();
+        Label1[index] = widgets::named(new QLabel(caption, this), u"Label1" + number);
+        LabelZSK[index] = widgets::named(new QLabel(this), u"LabelZSK" + number, caption);
         LabelZSK[index]->setTextFormat(Qt::PlainText); // a title may look like markup
         LabelZSK[index]->setTextInteractionFlags(Qt::TextSelectableByMouse);
         LabelZSK[index]->setWordWrap(true);

@@ -14,13 +14,12 @@ namespace catalogue {
 TLKListFrm::TLKListFrm(const database::SessionState &state, platform::Host &host, std::function<void()> hideWorking,
                        QWidget *parent)
     : ListWindow(u"TLKListFrm"_s, u"套录库检索"_s, u"控制号|正题名|第一责任者|ISBN|分类号|页数|尺寸|版本"_s, parent)
-    , lCounts(new QLabel(countText(0), this))
+    , lCounts(widgets::named(new QLabel(countText(0), this), u"lCounts"_s))
     , CmdDcgl{new Button(u"CmdDcgl0"_s, u"&X 删除"_s, this), new Button(u"CmdDcgl1"_s, u"&D 全部删除"_s, this),
               new Button(u"CmdDcgl2"_s, u"&Q 关闭"_s, this)}
     , m_state(state)
     , m_host(host)
     , m_hideWorking(std::move(hideWorking)) {
-    lCounts->setObjectName(u"lCounts"_s);
     layOut();
     connect(CmdDcgl[0], &Button::clicked, this, &TLKListFrm::delSelected);
     connect(CmdDcgl[1], &Button::clicked, this, [this] {

@@ -7,8 +7,7 @@ namespace catalogue {
 
 WorkingFrm::WorkingFrm(QWidget *parent)
     : Window(u"WorkingFrm"_s, u"提示"_s, parent)
-    , Label1(new QLabel(u"操作进行中。。。请稍候"_s, this)) {
-    Label1->setObjectName(u"Label1"_s);
+    , Label1(widgets::named(new QLabel(u"操作进行中。。。请稍候"_s, this), u"Label1"_s)) {
     setLayout(widgets::column({Label1}));
     setWindowFlag(Qt::WindowStaysOnTopHint);
     setCursor(Qt::WaitCursor);

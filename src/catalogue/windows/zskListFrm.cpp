@@ -24,13 +24,12 @@ ZSKListFrm::ZSKListFrm(const database::SessionState &state, platform::Host &host
                        CatalogueListWindows windows, QWidget *parent)
     : ListWindow(u"ZSKListFrm"_s, u"导出marc数据文件"_s, u"控制号|ISBN|书   名|著 者|分类号|出版社|册 数|入库日期"_s,
                  parent)
-    , lCounts(new QLabel(this))
+    , lCounts(widgets::named(new QLabel(this), u"lCounts"_s))
     , labDaochu(new widgets::PacedLabel(u"labDaochu"_s, {}, this))
     , m_state(state)
     , m_host(host)
     , m_order(order)
     , m_windows(std::move(windows)) {
-    lCounts->setObjectName(u"lCounts"_s);
     for (size_t index = 0; index < CmdDcgl.size(); ++index)
         CmdDcgl[index] = new Button(u"CmdDcgl"_s + QString::number(index), captions[index].toString(), this);
     layOut();

@@ -1,4 +1,5 @@
 #include "filetools/windows/fileToolWindow.h"
+#include "widgets/layout.h"
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -12,9 +13,7 @@ constexpr QStringView workDone = u"处理结束";
 // A label that is hidden until a run and leaves its place free all the same.
 widgets::PacedLabel *progressLabel(const QString &name, QWidget *window) {
     auto *label = new widgets::PacedLabel(name, {}, window);
-    QSizePolicy policy = label->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    label->setSizePolicy(policy);
+    widgets::keepPlace(label);
     label->hide();
     return label;
 }
@@ -88,11 +87,6 @@ void FileToolWindow::showResult(const QString &report, const QString &folder) {
     m_showReport(report);
     if (m_host.ask(u"是否查看该目标文件？"_s, platform::hintTitle) && !folder.isEmpty())
         m_host.openInShell(folder);
-}
-
-void nameAfter(QLabel *prompt, QWidget *control) {
-    prompt->setBuddy(control);
-    control->setAccessibleName(prompt->text());
 }
 
 } // namespace filetools

@@ -94,7 +94,4 @@ protected:
     std::optional<Run> m_run;
 };
 
-// Names the control after its prompt, for the screen reader and for the prompt's access key.
-void nameAfter(QLabel *prompt, QWidget *control);
-
 } // namespace filetools

@@ -19,7 +19,7 @@ frmCutFile::frmCutFile(platform::Host &host, ShowReport showReport, QWidget *par
     , Text2(new SelectingEdit(u"Text2"_s))
     , cmdSelect{new Button(u"cmdSelect0"_s, u"&L 浏览"_s), new Button(u"cmdSelect1"_s, u"&O 浏览"_s)}
     , cmdclick{new Button(u"cmdclick0"_s, u"&D 拆分"_s), new Button(u"cmdclick1"_s, u"&Q 取消"_s)}
-    , Frame1(new QGroupBox(u"拆分机读文件（选择或输入机读目录文件；要带扩展名）"_s))
+    , Frame1(widgets::named(new QGroupBox(u"拆分机读文件（选择或输入机读目录文件；要带扩展名）"_s), u"Frame1"_s))
     , LabShuoMing{new QLabel(u"选择需要处理的机读目录文件:"_s),
                   new QLabel(u"拆分后的机读数据保存到文件:（程序将自动添加文件序号）"_s),
                   new QLabel(u"每个拆分文件机读数据条数:"_s)} {
@@ -38,11 +38,8 @@ frmCutFile::frmCutFile(platform::Host &host, ShowReport showReport, QWidget *par
 
 void frmCutFile::layOut() {
     using namespace widgets;
-    Frame1->setObjectName(u"Frame1"_s);
-    for (int i = 0; i < 3; ++i) {
-        LabShuoMing[i]->setObjectName(u"LabShuoMing"_s + QString::number(i));
-        nameAfter(LabShuoMing[i], i < 2 ? Text1[i] : Text2);
-    }
+    for (int i = 0; i < 3; ++i)
+        naming(named(LabShuoMing[i], u"LabShuoMing"_s + QString::number(i)), i < 2 ? Text1[i] : Text2);
     cmdSelect[0]->setAccessibleName(u"浏览需要处理的机读目录文件"_s);
     cmdSelect[1]->setAccessibleName(u"浏览拆分后的目标文件"_s);
     Text1[0]->setMinimumWidth(24 * fontMetrics().height()); // a usual path is seen whole

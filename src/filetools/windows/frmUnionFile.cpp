@@ -10,6 +10,7 @@
 using namespace Qt::StringLiterals;
 using platform::Status;
 using widgets::Button;
+using widgets::named;
 using widgets::SelectingEdit;
 
 namespace filetools {
@@ -17,9 +18,10 @@ namespace filetools {
 frmUnionFile::frmUnionFile(platform::Host &host, ShowReport showReport, QWidget *parent)
     : RunWindow(u"frmUnionFile"_s, u"合并机读目录文件"_s, host, std::move(showReport), parent)
     , List1(new QListWidget)
-    , Frame2(new QGroupBox(u"源文件列表（选择机读目录文件；可以重复选择）"_s))
+    , Frame2(named(new QGroupBox(u"源文件列表（选择机读目录文件；可以重复选择）"_s), u"Frame2"_s))
     , cmdSelect{new Button(u"cmdSelect0"_s, u"&A 添加文件"_s), new Button(u"cmdSelect1"_s, u"&D 取消文件"_s)}
-    , Frame1(new QGroupBox(u"合并后的目标文件（选择或输入机读目录文件；要带扩展名。不能合并到源文件）"_s))
+    , Frame1(named(new QGroupBox(u"合并后的目标文件（选择或输入机读目录文件；要带扩展名。不能合并到源文件）"_s),
+                   u"Frame1"_s))
     , Text1(new SelectingEdit(u"Text1"_s))
     , cmdSave(new Button(u"cmdSave"_s, u"&O 浏览"_s))
     , cmdClick{new Button(u"cmdClick0"_s, u"&D 合并"_s), new Button(u"cmdClick1"_s, u"&Q 退出"_s)} {
@@ -39,11 +41,8 @@ frmUnionFile::frmUnionFile(platform::Host &host, ShowReport showReport, QWidget 
 
 void frmUnionFile::layOut() {
     using namespace widgets;
-    List1->setObjectName(u"List1"_s);
-    List1->setAccessibleName(Frame2->title());
+    named(List1, u"List1"_s, Frame2->title());
     List1->setTextElideMode(Qt::ElideMiddle);
-    Frame2->setObjectName(u"Frame2"_s);
-    Frame1->setObjectName(u"Frame1"_s);
     Text1->setAccessibleName(Frame1->title());
     cmdSave->setAccessibleName(u"浏览合并后的目标文件"_s);
     List1->setMinimumWidth(26 * fontMetrics().height()); // a usual path is seen whole

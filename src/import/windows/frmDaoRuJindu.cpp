@@ -8,49 +8,29 @@
 
 using namespace Qt::StringLiterals;
 using widgets::column;
+using widgets::named;
 using widgets::row;
 
 namespace importing {
 
-namespace {
-
-QLabel *label(const QString &name, const QString &text, QWidget *parent) {
-    auto *made = new QLabel(text, parent);
-    made->setObjectName(name);
-    return made;
-}
-
-// A control that keeps its place when it is hidden, so that the window does not jump at the end of a run.
-void keepPlace(QWidget *control) {
-    QSizePolicy policy = control->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    control->setSizePolicy(policy);
-}
-
-} // namespace
-
 frmDaoRuJindu::frmDaoRuJindu(platform::Host &host, const database::SessionState &state,
                              std::shared_ptr<const marc::PreReadStore> records, QWidget *parent)
     : Window(u"frmDaoRuJindu"_s, u"进度提示"_s, parent)
-    , Text1(new QLineEdit(this))
-    , Text2(new QLineEdit(this))
-    , Picture1(label(u"Picture1"_s, {}, this))
-    , labEndShu(label(u"labEndShu"_s, u"要导入的机读记录总计："_s, this))
+    , Text1(named(new QLineEdit(this), u"Text1"_s))
+    , Text2(named(new QLineEdit(this), u"Text2"_s))
+    , Picture1(named(new QLabel(this), u"Picture1"_s))
+    , labEndShu(named(new QLabel(u"要导入的机读记录总计："_s, this), u"labEndShu"_s))
     , labJinDuShu(new widgets::PacedLabel(u"labJinDuShu"_s, u"已经成功导入的机读记录："_s, this))
     , LabBi(new widgets::PacedLabel(u"LabBi"_s, {}, this))
-    , labTishi(label(u"labTishi"_s, {}, this))
-    , barJinduTishi(new QProgressBar(this))
+    , labTishi(named(new QLabel(this), u"labTishi"_s))
+    , barJinduTishi(named(new QProgressBar(this), u"barJinduTishi"_s, u"导入进度"_s))
     , cmdStop(new widgets::Button(u"cmdStop"_s, u"&S 停止"_s, this))
     , cmdQuit(new widgets::Button(u"cmdQuit"_s, u"&Q 退出"_s, this))
     , m_host(host)
     , m_state(state)
     , m_records(std::move(records)) {
-    Text1->setObjectName(u"Text1"_s);
-    Text2->setObjectName(u"Text2"_s);
     Text1->hide();
     Text2->hide();
-    barJinduTishi->setObjectName(u"barJinduTishi"_s);
-    barJinduTishi->setAccessibleName(u"导入进度"_s);
     barJinduTishi->setTextVisible(false);
     lay();
     connect(cmdStop, &QPushButton::clicked, this, [this] { cmdStop->setEnabled(false); });
@@ -63,8 +43,8 @@ void frmDaoRuJindu::lay() {
     LabBi->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     LabBi->setMinimumWidth(fontMetrics().horizontalAdvance(u"100.00%"_s));
     labJinDuShu->setMinimumWidth(fontMetrics().horizontalAdvance(u"已经成功处理的记录数：2147483647"_s));
-    keepPlace(LabBi);
-    keepPlace(barJinduTishi);
+    widgets::keepPlace(LabBi);
+    widgets::keepPlace(barJinduTishi);
     setLayout(column({row({Picture1, {column({labEndShu, labJinDuShu}), 1}}), row({{barJinduTishi, 1}, LabBi}),
                       labTishi, widgets::stretch(), row({widgets::stretch(), cmdStop, cmdQuit})}));
 }

@@ -1,5 +1,6 @@
 #include "workspace/windows/cellEditors.h"
 #include "platform/numbers.h"
+#include "widgets/layout.h"
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -16,19 +17,17 @@ constexpr int lineLimit = 1 << 20; // characters; as good as none
 
 CellEditors::CellEditors(FieldGrid &grid, EditedRecord &record, platform::Host &host, const WorkspaceWindows &windows)
     : richText(new CellText(u"richText"_s, grid.parentWidget()))
-    , Text1(new QLineEdit(grid.parentWidget()))
+    , Text1(widgets::named(new QLineEdit(grid.parentWidget()), u"Text1"_s, u"字段说明或标识符"_s))
     , m_grid(grid)
     , m_record(record)
     , m_host(host)
     , m_windows(windows)
     , m_contentKeys(richText)
     , m_identityKeys(Text1) {
-    Text1->setObjectName(u"Text1"_s);
     Text1->setFrame(false);
     Text1->setTextMargins(CellText::margin, 0, CellText::margin, 0);
     Text1->hide();
     richText->setAccessibleName(u"字段内容"_s);
-    Text1->setAccessibleName(u"字段说明或标识符"_s);
     richText->setFont(grid.font());
     Text1->setFont(grid.font());
     connectEditors();

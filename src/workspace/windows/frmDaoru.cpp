@@ -8,6 +8,7 @@
 using namespace Qt::StringLiterals;
 using widgets::Button;
 using widgets::column;
+using widgets::named;
 using widgets::row;
 
 namespace workspace {
@@ -20,16 +21,16 @@ constexpr int firstBatch = 200; // records read before the window is shown
 
 frmDaoru::frmDaoru(platform::Host &host, WorkspaceWindows windows, QWidget *parent)
     : Window(u"frmDaoru"_s, u"套录库数据导入"_s, parent)
-    , picTiMing(frameOf(u"picTiMing"_s, this))
+    , picTiMing(named(new QFrame(this), u"picTiMing"_s))
     , Grid2(new RecordList(u"Grid2"_s, picTiMing))
-    , Picture1(frameOf(u"Picture1"_s, this))
+    , Picture1(named(new QFrame(this), u"Picture1"_s))
     , Grid1(new FieldGrid(u"Grid1"_s, Picture1))
-    , Label1{label(u"Label10"_s, u"当前记录"_s, this), label(u"Label11"_s, u"已经读出"_s, this),
-             label(u"Label12"_s, u"估计记录"_s, this)}
+    , Label1{named(new QLabel(u"当前记录"_s, this), u"Label10"_s), named(new QLabel(u"已经读出"_s, this), u"Label11"_s),
+             named(new QLabel(u"估计记录"_s, this), u"Label12"_s)}
     , Text2(numberBox(u"Text2"_s, u"当前记录"_s, this))
     , Text3(numberBox(u"Text3"_s, u"已经读出"_s, this))
     , Text4(numberBox(u"Text4"_s, u"估计记录"_s, this))
-    , labJinDu(label(u"labJinDu"_s, rulesOf(ReadState::Idle).text.toString(), this))
+    , labJinDu(named(new QLabel(rulesOf(ReadState::Idle).text.toString(), this), u"labJinDu"_s))
     , cmdJieShu(new Button(u"cmdJieShu"_s, u"结束预读"_s, this))
     , cmdTiMing{new Button(u"cmdTiMing0"_s, u"&P 上一条"_s, this), new Button(u"cmdTiMing1"_s, u"&N 下一条"_s, this)}
     , cmdclick(commandButtons(this))

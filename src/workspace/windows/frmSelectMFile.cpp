@@ -7,6 +7,7 @@
 using namespace Qt::StringLiterals;
 using widgets::Button;
 using widgets::column;
+using widgets::named;
 using widgets::row;
 
 namespace workspace {
@@ -14,15 +15,12 @@ namespace workspace {
 frmSelectMFile::frmSelectMFile(platform::Host &host, std::function<void(const QString &file)> showWorkspace,
                                QWidget *parent)
     : Window(u"frmSelectMFile"_s, u"请选择机读目录文件"_s, parent)
-    , Frame1(new QGroupBox(this))
-    , Text1(new QLineEdit(this))
+    , Frame1(named(new QGroupBox(this), u"Frame1"_s))
+    , Text1(named(new QLineEdit(this), u"Text1"_s, u"机读目录数据文件"_s))
     , cmdLL(new Button(u"cmdLL"_s, u"&O 浏览"_s, this))
     , cmdClick{new Button(u"cmdClick0"_s, u"&S 查看机读目录"_s, this), new Button(u"cmdClick1"_s, u"&Q 退出"_s, this)}
     , m_host(host)
     , m_showWorkspace(std::move(showWorkspace)) {
-    Frame1->setObjectName(u"Frame1"_s);
-    Text1->setObjectName(u"Text1"_s);
-    Text1->setAccessibleName(u"机读目录数据文件"_s);
     Text1->setMinimumWidth(fontMetrics().averageCharWidth() * 44);
     widgets::framed(Frame1, row({{Text1, 1}, cmdLL}));
     setLayout(column({Frame1, widgets::stretch(), row({widgets::stretch(), cmdClick[0], cmdClick[1]})}));

@@ -1,5 +1,4 @@
 #include "workspace/windows/workspaceControls.h"
-#include <QLabel>
 
 using namespace Qt::StringLiterals;
 using widgets::Button;
@@ -41,18 +40,6 @@ widgets::PacedLabel *numberBox(const QString &name, const QString &meaning, QWid
     box->setTextInteractionFlags(Qt::TextSelectableByMouse);
     box->setAccessibleName(meaning);
     return box;
-}
-
-QFrame *frameOf(const QString &name, QWidget *parent) {
-    auto *frame = new QFrame(parent);
-    frame->setObjectName(name);
-    return frame;
-}
-
-QLabel *label(const QString &name, const QString &text, QWidget *parent) {
-    auto *made = new QLabel(text, parent);
-    made->setObjectName(name);
-    return made;
 }
 
 } // namespace workspace

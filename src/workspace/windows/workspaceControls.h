@@ -3,7 +3,6 @@
 
 #include "widgets/pacedLabel.h"
 #include "widgets/window.h"
-#include <QFrame>
 #include <array>
 
 namespace workspace {
@@ -11,7 +10,5 @@ namespace workspace {
 std::array<widgets::Button *, 7> commandButtons(QWidget *parent); // cmdclick
 // A number beside its label, as large as any count of records.
 widgets::PacedLabel *numberBox(const QString &name, const QString &meaning, QWidget *parent);
-QFrame *frameOf(const QString &name, QWidget *parent);
-QLabel *label(const QString &name, const QString &text, QWidget *parent);
 
 } // namespace workspace
