@@ -115,31 +115,37 @@ constexpr Box year(QStringView label) {
     return {label, 4, BoxKind::Year, u"####"};
 }
 
-constexpr Box coded(QStringView label, std::span<const Code> codes, bool fromList) {
-    return {label, 1, BoxKind::Coded, u"#", codes, u"#", fromList};
+constexpr Box coded(QStringView label, std::span<const Code> codes) {
+    return {label, 1, BoxKind::Coded, u"#", codes, u"#"};
 }
 
-constexpr Box pair(QStringView label, std::span<const Code> codes, bool fromList) {
-    return {label, 2, BoxKind::Coded, u"##", codes, u"##", fromList};
+constexpr Box pair(QStringView label, std::span<const Code> codes) {
+    return {label, 2, BoxKind::Coded, u"##", codes, u"##"};
+}
+
+// An entry of the list can be taken over; of the others it is only for reading.
+constexpr Box fromList(Box box) {
+    box.fromList = true;
+    return box;
 }
 
 constexpr auto field100Boxes = std::to_array<Box>({
     {u"记录生成时间", 8, BoxKind::Fixed, u"????????"}, // required as it stands: the date of entry is not kept
-    coded(u"出版时间类型", dateType, true),
+    fromList(coded(u"出版时间类型", dateType)),
     year(u"出版年①"),
     year(u"出版年②"),
-    coded(u"阅读对象代码", audience, false),
-    coded({}, audience, false),
-    coded({}, audience, false),
-    coded(u"政府出版物代码", governmentPublication, true),
-    coded(u"变更记录代码", modifiedRecord, true),
+    coded(u"阅读对象代码", audience),
+    coded({}, audience),
+    coded({}, audience),
+    fromList(coded(u"政府出版物代码", governmentPublication)),
+    fromList(coded(u"变更记录代码", modifiedRecord)),
     {u"编目语种代码", 3, BoxKind::Coded, u"chi", language, {}, true},
-    coded(u"音译代码", transliteration, true),
-    pair(u"字符集", characterSet, false),
-    pair({}, characterSet, false),
-    pair(u"补充字符集", characterSet, false),
-    pair({}, characterSet, false),
-    pair(u"题名文种代码", script, true),
+    fromList(coded(u"音译代码", transliteration)),
+    pair(u"字符集", characterSet),
+    pair({}, characterSet),
+    pair(u"补充字符集", characterSet),
+    pair({}, characterSet),
+    fromList(pair(u"题名文种代码", script)),
 });
 static_assert(isSound(field100Boxes, 36));
 

@@ -254,14 +254,14 @@ void Sheet::draw(QPainter &painter, int page) const {
 }
 } // namespace
 
-QFont reportFont(double points, bool bold) {
+QFont reportFont(double points, QFont::Weight weight) {
     QFont font = QApplication::font();
     const QStringList faces = platform::songFaces();
     const auto found = std::ranges::find_if(faces, [](const QString &face) { return QFontDatabase::hasFamily(face); });
     if (found != faces.end())
         font.setFamilies({*found});
     font.setPointSizeF(points);
-    font.setBold(bold);
+    font.setWeight(weight);
     // Shaping swaps in glyphs that a PDF reader cannot take back to characters: a call number would lose its digits.
     font.setStyleStrategy(QFont::PreferNoShaping);
     return font;

@@ -17,7 +17,7 @@ class QWidget;
 namespace widgets {
 
 // A Song-style face where the machine has one, else the program's own.
-QFont reportFont(double points, bool bold = false);
+QFont reportFont(double points, QFont::Weight weight = QFont::Normal);
 
 struct ReportColumn {
     QString heading;
@@ -32,8 +32,8 @@ struct BandedReport {
     std::vector<ReportColumn> columns;
     std::shared_ptr<const platform::TableSource> rows; // null prints as no rows
     QDate date;
-    QFont titleFont = reportFont(16, true);
-    QFont headFont = reportFont(10.5, true);
+    QFont titleFont = reportFont(16, QFont::Bold);
+    QFont headFont = reportFont(10.5, QFont::Bold);
     QFont bodyFont = reportFont(10);
 };
 

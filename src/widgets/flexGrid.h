@@ -108,7 +108,7 @@ private:
 
     void moveByUser(int row, int column);
     void extendByUser(int row);
-    void moveColumnByUser(int step, bool toTheEnd);
+    void moveColumnByUser(int step, int most);
     std::optional<int> rowOfKey(const QKeyEvent *event) const;
     void settlePress();
 

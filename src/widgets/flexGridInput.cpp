@@ -46,13 +46,13 @@ void FlexGrid::extendByUser(int row) {
     scrollToRow(m_rowSel);
 }
 
-void FlexGrid::moveColumnByUser(int step, bool toTheEnd) {
+void FlexGrid::moveColumnByUser(int step, int most) {
     int found = m_column;
     for (int column = m_column + step; column >= 0 && column < columns(); column += step) {
         if (isColumnHidden(column))
             continue;
         found = column;
-        if (!toTheEnd)
+        if (--most == 0)
             break;
     }
     select(m_row, m_rowSel, found);
@@ -195,8 +195,9 @@ void FlexGrid::keyPressEvent(QKeyEvent *event) {
         return;
     }
     if (const std::optional<int> row = rowOfKey(event)) {
-        shift ? extendByUser(*row) : moveByUser(nearestRow(*row), m_column);
-        return;
+        if (shift)
+            return extendByUser(*row);
+        return moveByUser(nearestRow(*row), m_column);
     }
     if (event->matches(QKeySequence::Copy)) {
         copySelection();
@@ -204,9 +205,9 @@ void FlexGrid::keyPressEvent(QKeyEvent *event) {
     }
     const int key = event->key();
     if (key == Qt::Key_Left || key == Qt::Key_Right)
-        moveColumnByUser(key == Qt::Key_Left ? -1 : 1, false);
+        moveColumnByUser(key == Qt::Key_Left ? -1 : 1, 1);
     else if (key == Qt::Key_Home || key == Qt::Key_End)
-        moveColumnByUser(key == Qt::Key_Home ? -1 : 1, true);
+        moveColumnByUser(key == Qt::Key_Home ? -1 : 1, columns());
     else if (key == Qt::Key_Menu || (key == Qt::Key_F10 && shift))
         Q_EMIT menuKeyPressed();
     else if ((key == Qt::Key_Return || key == Qt::Key_Enter) && !event->isAutoRepeat())

@@ -15,9 +15,9 @@ namespace {
 
 constexpr QColor lightWords(0xfd, 0xfb, 0xf4);
 
-QFont enlarged(QFont font, double factor, bool bold) {
+QFont enlarged(QFont font, double factor, QFont::Weight weight) {
     font.setPointSizeF(font.pointSizeF() * factor);
-    font.setBold(bold);
+    font.setWeight(weight);
     return font;
 }
 
@@ -33,7 +33,7 @@ QLabel *makerMark(const QString &objectName) {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(lightWords, side / 14.0));
     painter.drawEllipse(QRectF(0, 0, side, side).adjusted(2, 2, -2, -2));
-    painter.setFont(enlarged(label->font(), 1.2, true));
+    painter.setFont(enlarged(label->font(), 1.2, QFont::Bold));
     painter.drawText(QRect(0, 0, side, side), Qt::AlignCenter, makerName.first(1).toString());
     label->setPixmap(mark);
     return label;
@@ -76,9 +76,9 @@ frmLook::frmLook(platform::Host &host, QWidget *parent)
 
 void frmLook::layOut() {
     using namespace widgets;
-    lMain->setFont(enlarged(font(), 2.6, true));
+    lMain->setFont(enlarged(font(), 2.6, QFont::Bold));
     lMain->setAlignment(Qt::AlignCenter);
-    Label1->setFont(enlarged(font(), 1.6, false));
+    Label1->setFont(enlarged(font(), 1.6, QFont::Normal));
     auto *strip = new QFrame;
     strip->setAutoFillBackground(true);
     QPalette dark = onPicture(palette());

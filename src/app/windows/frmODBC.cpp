@@ -16,8 +16,8 @@ namespace app {
 
 namespace {
 
-const QString formTitle = u"管理系统操作提示"_s;
-const QString valuesCaption = u"连接值"_s;
+constexpr QStringView formTitle = u"管理系统操作提示";
+constexpr QStringView valuesCaption = u"连接值";
 
 } // namespace
 
@@ -29,7 +29,7 @@ frmODBC::frmODBC(platform::Host &host, ConnectionProbe probe, QWidget *parent)
     , txtUID(named(new QLineEdit, u"txtUID"_s))
     , txtPWD(named(new QLineEdit, u"txtPWD"_s))
     , txtDatabase(named(new QLineEdit, u"txtDatabase"_s))
-    , fraStep3(named(new QGroupBox(valuesCaption), u"fraStep3"_s))
+    , fraStep3(named(new QGroupBox(valuesCaption.toString()), u"fraStep3"_s))
     , cmdCeshi(new Button(u"cmdCeshi"_s, u"测试(&C)"_s))
     , cmdOK(new Button(u"cmdOK"_s, u"保存(&D)"_s))
     , cmdCancel(new Button(u"cmdCancel"_s, u"取消(&Q)"_s))
@@ -101,7 +101,7 @@ bool frmODBC::checkInput() {
     const std::optional<QString> complaint = checkConnectionFields(fields());
     if (!complaint)
         return true;
-    m_host.tell(*complaint, formTitle);
+    m_host.tell(*complaint, formTitle.toString());
     txtUID->setFocus();
     return false;
 }
@@ -114,7 +114,7 @@ void frmODBC::testConnection() {
     fraStep3->setTitle(u"正在尝试连接数据库,请稍候......."_s);
     m_host.yield();
     const platform::Status opened = m_probe.open(connectionString);
-    fraStep3->setTitle(valuesCaption);
+    fraStep3->setTitle(valuesCaption.toString());
     waiting.reset();
     if (opened) {
         m_host.tell(u"测试通过！\r\n请保存连接参数！"_s, u"系统提示"_s);
@@ -129,7 +129,7 @@ void frmODBC::save() {
         return;
     const platform::Status written = database::storeConnection(m_host.settings(), composeConnectionString(fields()));
     if (!written) {
-        m_host.tell(written.failure().description, formTitle);
+        m_host.tell(written.failure().description, formTitle.toString());
         return;
     }
     unload();

@@ -63,7 +63,10 @@ bool OrderbyFrm::eventFilter(QObject *watched, QEvent *event) {
     if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent *>(event)->key();
         if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-            watched == List1 ? add() : remove();
+            if (watched == List1)
+                add();
+            else
+                remove();
             return true;
         }
     }

@@ -9,8 +9,8 @@ namespace workspace {
 
 namespace {
 
-const QString smallHint = u"鼠标右击可大屏幕编辑,回车结束输入返回,按【Esc】取消"_s;
-const QString largeHint = u"双击可结束输入返回,按【Esc】取消"_s;
+constexpr QStringView smallHint = u"鼠标右击可大屏幕编辑,回车结束输入返回,按【Esc】取消";
+constexpr QStringView largeHint = u"双击可结束输入返回,按【Esc】取消";
 constexpr int lineLimit = 1 << 20; // characters; as good as none
 
 } // namespace
@@ -70,7 +70,7 @@ void CellEditors::openContent() {
 
 void CellEditors::enlarge() {
     m_enlarged = true;
-    richText->setToolTip(largeHint);
+    richText->setToolTip(largeHint.toString());
     richText->setEnlarged(true);
     place();
 }
@@ -78,7 +78,7 @@ void CellEditors::enlarge() {
 void CellEditors::reduce() {
     m_enlarged = false;
     showEditedCell();
-    richText->setToolTip(smallHint);
+    richText->setToolTip(smallHint.toString());
     richText->setEnlarged(false);
     place();
 }

@@ -99,11 +99,17 @@ void FieldCommands::run(int item) {
     case AddSubfield:
         return showSubfieldList();
     case EditLabel:
-        return beginsField(row) ? m_editors.openIdentity(IdentityColumn::FieldLabel) : void();
+        if (beginsField(row))
+            m_editors.openIdentity(IdentityColumn::FieldLabel);
+        return;
     case EditIdentifier:
-        return identified ? m_editors.openIdentity(IdentityColumn::Identifier) : void();
+        if (identified)
+            m_editors.openIdentity(IdentityColumn::Identifier);
+        return;
     case EditSubfieldLabel:
-        return identified ? m_editors.openIdentity(IdentityColumn::SubfieldLabel) : void();
+        if (identified)
+            m_editors.openIdentity(IdentityColumn::SubfieldLabel);
+        return;
     case DeleteField:
         return deleteField();
     case DeleteSubfield:
