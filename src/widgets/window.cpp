@@ -1,4 +1,5 @@
 #include "widgets/window.h"
+#include <QApplication>
 #include <QCloseEvent>
 #include <QCursor>
 #include <QGuiApplication>
@@ -14,7 +15,16 @@ Button::Button(const QString &objectName, const QString &caption, QWidget *paren
     setAccessibleName(name.remove(u'&').trimmed());
 }
 
+// A key that comes before the window manager has put a modal window in front finds the window behind it active still,
+// and the toolkit sends it its shortcuts: there a second window would open, or the one behind would close under it.
+bool Button::isBlocked() const {
+    const QWidget *modal = QApplication::activeModalWidget();
+    return modal && modal != window();
+}
+
 bool Button::event(QEvent *event) {
+    if (event->type() == QEvent::Shortcut && isBlocked())
+        return true;
     if (event->type() == QEvent::Shortcut && isEnabled()) {
         setFocus(Qt::ShortcutFocusReason);
         // Where two buttons of a window bear the same letter, the key goes from one to the other.

@@ -17,6 +17,9 @@ public:
 protected:
     bool event(QEvent *event) override;            // a shortcut takes the focus here first, then clicks
     void keyPressEvent(QKeyEvent *event) override; // Enter clicks, as the space bar does
+
+private:
+    bool isBlocked() const; // by a modal window that stands before this one
 };
 
 class Window : public QDialog {
