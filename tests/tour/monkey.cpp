@@ -1,4 +1,3 @@
-#include "tour/monkey.h"
 #include "tour/errands.h"
 #include "tour/longRuns.h"
 #include "tour/monkeyHands.h"

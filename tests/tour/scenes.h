@@ -1,4 +1,4 @@
-// The scenes of the tour, in the order in which they are played.
+// The scenes of the tour, in the order in which they are played, and what is played instead of them.
 #pragma once
 
 #include "tour/tourDriver.h"
@@ -15,5 +15,11 @@ void catalogue(TourDriver &driver);
 void store(TourDriver &driver);
 void fileTools(TourDriver &driver);
 void leave(TourDriver &driver); // the exit question, both answers
+
+// A monkey at the keyboard: while each of the five loops of the program runs (longRuns.h), it presses keys and buttons,
+// closes and resizes windows and starts the program a second time, all by the dice. Questions are answered as they
+// fall; the one that ends the program always with No. What the program then says must be what its files and its store
+// hold (monkeyWatch.h). The dice fall alike for the same seed; what they meet depends on how fast the machine is.
+void monkey(TourDriver &driver, unsigned seed, int seconds);
 
 } // namespace tour

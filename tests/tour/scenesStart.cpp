@@ -2,10 +2,7 @@
 #include "tour/scenes.h"
 #include <QApplication>
 #include <QComboBox>
-#include <QGroupBox>
-#include <QLineEdit>
 #include <QProcess>
-#include <QStandardPaths>
 
 using namespace Qt::StringLiterals;
 
@@ -20,14 +17,12 @@ QString storedSetting() {
 } // namespace
 
 void firstRun(TourDriver &driver) {
-    if (!driver.waitForWindow(u"frmODBC"_s))
+    if (!driver.waitForWindow(u"frmODBC"_s, u"first-run"_s))
         return;
-    driver.shot(u"first-run"_s);
     driver.key(u"alt+c"_s);
     driver.answerBox(u"填写的信息不完整!请重新输入!"_s, u"Return"_s, u"first-run-refused"_s);
     driver.click(u"cboDSNList"_s);
-    driver.key(u"End"_s);
-    driver.key(u"Return"_s);
+    driver.key(u"End Return"_s);
     driver.waitUntil(u"data source chosen"_s, [] {
         auto *sources = TourDriver::find<QComboBox>(u"cboDSNList"_s);
         return sources && sources->currentText() == u"TarvexLibrary" &&
@@ -44,13 +39,10 @@ void firstRun(TourDriver &driver) {
 }
 
 void closeNotice(TourDriver &driver) {
-    if (driver.waitForWindow(u"frmLook"_s)) {
-        driver.shot(u"notice"_s);
-        driver.click(u"cmOK"_s);
-        driver.waitUntilGone(u"frmLook"_s);
-    }
-    driver.waitForWindow(u"marcMain"_s);
-    driver.shot(u"main-window"_s);
+    driver.waitForWindow(u"frmLook"_s, u"notice"_s);
+    driver.click(u"cmOK"_s);
+    driver.waitUntilGone(u"frmLook"_s);
+    driver.waitForWindow(u"marcMain"_s, u"main-window"_s);
 }
 
 void notices(TourDriver &driver) {
@@ -61,17 +53,11 @@ void notices(TourDriver &driver) {
     driver.waitForWindow(u"marcMain"_s);
 
     driver.openMenu(u"gongjumnu"_s, u"aboutgongju"_s);
-    if (driver.waitForWindow(u"frmHelp"_s)) {
-        driver.shot(u"help"_s);
-        driver.key(u"Escape"_s);
-        driver.waitUntilGone(u"frmHelp"_s);
-    }
+    driver.waitForWindow(u"frmHelp"_s, u"help"_s);
+    driver.leave(u"Escape"_s, u"frmHelp"_s);
     driver.openMenu(u"gongjumnu"_s, u"mnuHelp"_s);
-    if (driver.waitForWindow(u"AboutFrm"_s)) {
-        driver.shot(u"about"_s);
-        driver.key(u"alt+q"_s);
-        driver.waitUntilGone(u"AboutFrm"_s);
-    }
+    driver.waitForWindow(u"AboutFrm"_s, u"about"_s);
+    driver.leave(u"alt+q"_s, u"AboutFrm"_s);
 }
 
 void leave(TourDriver &driver) {

@@ -4,8 +4,7 @@
 // It finds another start of the program in TMPDIR alone, which scripts/stage makes its own; "tour second" is such a
 // start, "tour FOLDER --kill RUN" one that kills itself.
 #include "tour/errands.h"
-#include "tour/kills.h"
-#include "tour/monkey.h"
+#include "tour/longRuns.h"
 #include "tour/scenes.h"
 #include "tour/tourProgram.h"
 #include <QApplication>

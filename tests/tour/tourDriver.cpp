@@ -129,14 +129,27 @@ bool TourDriver::waitUntil(const QString &what, const std::function<bool()> &con
     return true;
 }
 
-bool TourDriver::waitForWindow(const QString &name) {
-    return waitUntil(u"window " + name, [name] {
+bool TourDriver::waitForWindow(const QString &name, const QString &picture) {
+    const bool there = waitUntil(u"window " + name, [name] {
         QWidget *widget = find(name);
         if (!widget || !widget->window()->isActiveWindow())
             return false;
         auto *inFrame = qobject_cast<QMdiSubWindow *>(widget->parentWidget());
         return !inFrame || inFrame->mdiArea()->activeSubWindow() == inFrame;
     });
+    if (there && !picture.isEmpty())
+        shot(picture);
+    return there;
+}
+
+bool TourDriver::open(const QString &button, const QString &window, const QString &picture) {
+    click(button);
+    return waitForWindow(window, picture);
+}
+
+void TourDriver::leave(const QString &chord, const QString &window) {
+    key(chord);
+    waitUntilGone(window);
 }
 
 bool TourDriver::waitUntilGone(const QString &name) {
@@ -278,8 +291,8 @@ void TourDriver::drag(const QPoint &from, const QPoint &to) {
     settle();
 }
 
-void TourDriver::key(const QString &chord, int times) {
-    for (int i = 0; i < times; ++i) {
+void TourDriver::key(const QString &chords, int times) {
+    for (const QString &chord : QString(chords + u' ').repeated(times).split(u' ', Qt::SkipEmptyParts)) {
         waitForKeyboard(chord);
         expect(m_server.key(chord), u"a key " + chord);
         settle();

@@ -44,7 +44,8 @@ public:
 
     // Waits until the condition, looked at in the thread of the windows, holds; a failure after half a minute.
     bool waitUntil(const QString &what, const std::function<bool()> &condition, int milliseconds = 30000);
-    bool waitForWindow(const QString &name); // in front, with the keyboard
+    // In front, with the keyboard; takes its picture when that has a name.
+    bool waitForWindow(const QString &name, const QString &picture = {});
     bool waitUntilGone(const QString &name);
     bool waitForFocus(const QString &name);
 
@@ -57,12 +58,14 @@ public:
     void clickCell(const QString &grid, int row, int column, int button = 1, int times = 1);
 
     void click(const QString &name, int button = 1);
+    bool open(const QString &button, const QString &window, const QString &picture = {}); // which the button opens
+    void leave(const QString &chord, const QString &window);                              // which the key closes
     // Opens a menu of the main window and chooses an item, both by the mouse.
     void openMenu(const QString &menu, const QString &item);
     void clickAt(const QPoint &global, int button = 1, int times = 1);
     void drag(const QPoint &from, const QPoint &to);
-    // A key or chord as the X server names it: "Return", "alt+s", "shift+Down".
-    void key(const QString &chord, int times = 1);
+    // Keys or chords as the X server names them, one behind the other: "Return", "alt+s shift+Down".
+    void key(const QString &chords, int times = 1);
     // The same for another program, once that has taken the keyboard away.
     void keyElsewhere(const QString &chord);
     void type(const QString &text);
