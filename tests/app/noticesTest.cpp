@@ -1,6 +1,5 @@
 #include "app/startUp.h"
 #include "app/windows/AboutFrm.h"
-#include "app/windows/frmHelp.h"
 #include "app/windows/frmLook.h"
 #include "support/scriptedHost.h"
 
@@ -58,11 +57,4 @@ TEST(Links, LeadOutOfTheProgramAndSayWhereTheWebLinkFails) {
     }
     QTest::keyClick(&about, Qt::Key_Q, Qt::AltModifier);
     EXPECT_FALSE(about.isVisible());
-}
-
-TEST(Help, ShowsItsSectionsAndStandards) {
-    const frmHelp help;
-    const QString text = help.RichTextBox1->toPlainText();
-    EXPECT_TRUE(text.contains(u"1.1 CNQuelt说明") && text.contains(u"1.3 相关的标准") && text.count(u"GB ") == 8);
-    EXPECT_TRUE(help.RichTextBox1->isReadOnly());
 }

@@ -1,7 +1,6 @@
 #include "tour/longRuns.h"
 #include "tour/errands.h"
 #include "tour/scenes.h"
-#include "tour/tourProgram.h"
 #include "widgets/pacedLabel.h"
 #include <QApplication>
 #include <QDir>

@@ -3,7 +3,6 @@
 #include "tour/monkeyHands.h"
 #include "tour/monkeyWatch.h"
 #include "tour/scenes.h"
-#include "tour/tourProgram.h"
 #include "widgets/pacedLabel.h"
 #include <QApplication>
 #include <QDir>

@@ -5,6 +5,10 @@
 
 namespace tour {
 
+// Runs the program from its start to its end, with the script driving it from a thread of its own: on the real machine,
+// but the end of the process comes back to the tour, and there is no desktop to hand a link to.
+void runProgram(TourDriver &driver, const std::function<void(TourDriver &)> &script);
+
 void firstRun(TourDriver &driver); // no setting yet: data sources, test, save, the end
 void closeNotice(TourDriver &driver);
 void notices(TourDriver &driver); // a second start, the help windows

@@ -76,13 +76,15 @@ void queriedList(TourDriver &driver) {
     driver.shot(u"catalogue-list"_s);
     const QString key = driver.cell(grid, 3, 0);
     driver.clickCell(grid, 3, 2);
-    driver.key(u"Return"_s);
-    driver.waitForWindow(u"SCKListFrm"_s, u"book-details"_s);
-    driver.expectEqual(driver.textOf(u"SCKListFrm/LabelZSK12"_s),
-                       fromDatabase(driver, u"select count(*) from sck where zskid=" + key), u"copies"_s);
-    driver.leave(u"alt+x"_s, u"SCKListFrm"_s);
-    driver.waitForWindow(u"ZSKListFrm"_s); // which has the same key for its own end
-    driver.waitForFocus(grid);
+    for (const QString &way : {u"Return"_s, u"alt+m"_s}) {
+        driver.waitForFocus(grid);
+        driver.key(way);
+        driver.waitForWindow(u"SCKListFrm"_s, u"book-details"_s);
+        driver.expectEqual(driver.textOf(u"SCKListFrm/LabelZSK12"_s),
+                           fromDatabase(driver, u"select count(*) from sck where zskid=" + key), u"copies"_s);
+        driver.leave(u"alt+x"_s, u"SCKListFrm"_s);
+        driver.waitForWindow(u"ZSKListFrm"_s); // which has the same key for its own end
+    }
 }
 
 void sortAnew(TourDriver &driver) {
@@ -147,6 +149,8 @@ void stopExport(TourDriver &driver) {
     driver.expect(first > 0 && last > first && last < rows, u"goes on after No: %1, %2"_s.arg(first).arg(last));
     driver.answerBox(u"本次操作成功导出%1条数据\r\n以marc格式保存在文件%2中。"_s.arg(last - 1).arg(file), u"Return"_s);
     driver.expect(recordsIn(file) == last, u"records in the stopped file: %1"_s.arg(recordsIn(file)));
+    driver.expect(driver.look([] { return !TourDriver::find(u"ZSKListFrm/CmdDcgl3"_s)->isEnabled(); }),
+                  u"no further export from this window"_s);
     driver.leave(u"alt+x"_s, u"ZSKListFrm"_s);
     shrinkCatalogue(driver);
 }

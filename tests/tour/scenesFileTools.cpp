@@ -37,6 +37,7 @@ void fillSplit(TourDriver &driver) {
 
 void split(TourDriver &driver) {
     driver.open(u"chaifen"_s, u"frmCutFile"_s, u"split-empty"_s);
+    driver.expectEqual(driver.textOf(u"Text2"_s), u"1000"_s, u"records per file at the start"_s);
     fillSplit(driver);
     const QString old = pathOf(u"part799.iso"_s);
     QFile::copy(pathOf(u"five.iso"_s), old);

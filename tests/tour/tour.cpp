@@ -3,14 +3,32 @@
 //   tour FOLDER-FOR-PICTURES --monkey SEED SECONDS
 // It finds another start of the program in TMPDIR alone, which scripts/stage makes its own; "tour second" is such a
 // start, "tour FOLDER --kill RUN" one that kills itself.
+#include "app/startUp.h"
+#include "app/windows/program.h"
+#include "platform/desktop/qtHost.h"
 #include "tour/errands.h"
 #include "tour/longRuns.h"
 #include "tour/scenes.h"
-#include "tour/tourProgram.h"
 #include <QApplication>
+#include <QDir>
 #include <cstdio>
+#include <cstdlib>
+#include <thread>
 
 namespace {
+
+class TourHost final : public platform::QtHost {
+public:
+    using QtHost::QtHost;
+    void endProcess() override { QCoreApplication::quit(); }
+    bool openInShell(const QString &) override { return true; }
+};
+
+void playProgram() {
+    database::LinkPool links(app::tableNames());
+    TourHost host{platform::Settings()};
+    app::runProgram(host, links, QDir::tempPath());
+}
 
 struct Scene {
     const char *name;
@@ -35,6 +53,19 @@ int report(const tour::TourDriver &driver) {
 
 } // namespace
 
+void tour::runProgram(TourDriver &driver, const std::function<void(TourDriver &)> &script) {
+    driver.programStarts();
+    std::thread scriptThread([&] {
+        script(driver);
+        // A script that went astray leaves the program standing behind some box: the tour is over then.
+        if (!driver.waitForEnd())
+            std::_Exit(1);
+    });
+    playProgram();
+    driver.programEnded();
+    scriptThread.join();
+}
+
 int main(int argc, char **argv) {
     QApplication application(argc, argv);
     platform::prepareToolkit();
@@ -42,7 +73,7 @@ int main(int argc, char **argv) {
     if (arguments.size() < 2)
         return 2;
     if (arguments[1] == u"second") {
-        tour::runSecondProgram();
+        playProgram(); // with nobody to drive it
         return 0;
     }
     tour::TourDriver driver(arguments[1]);

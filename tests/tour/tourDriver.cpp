@@ -2,15 +2,12 @@
 #include "widgets/flexGrid.h"
 #include "widgets/pacedLabel.h"
 #include <QApplication>
-#include <QComboBox>
 #include <QElapsedTimer>
-#include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPixmap>
-#include <QPlainTextEdit>
 #include <QScreen>
 #include <QThread>
 #include <condition_variable>
@@ -36,6 +33,16 @@ QMessageBox *boxWithText(const QString &text) {
             return box;
     }
     return nullptr;
+}
+
+QString shownBy(QWidget *widget) {
+    if (auto *label = qobject_cast<widgets::PacedLabel *>(widget))
+        return label->text(); // ahead of what is painted
+    for (const char *property : {"displayText", "text", "plainText", "currentText", "windowTitle"}) {
+        if (const QVariant text = widget ? widget->property(property) : QVariant(); text.isValid())
+            return text.toString();
+    }
+    return {};
 }
 
 } // namespace
@@ -86,26 +93,15 @@ QWidget *TourDriver::find(const QString &name) {
         QWidget *inner = outer ? outer->findChild<QWidget *>(name.mid(slash + 1)) : nullptr;
         return inner && inner->isVisible() ? inner : nullptr;
     }
-    const auto within = [&](QWidget *window) -> QWidget * {
+    for (QWidget *window : QWidgetList{QApplication::activeModalWidget(), QApplication::activeWindow()} +
+                               QApplication::topLevelWidgets()) {
         if (!window || !window->isVisible())
-            return nullptr;
-        if (window->objectName() == name)
-            return window;
+            continue;
         const QList<QWidget *> named = window->findChildren<QWidget *>(name);
-        for (QWidget *widget : named) {
-            if (widget->isVisible())
+        for (QWidget *widget : QWidgetList{window} + named) {
+            if (widget->objectName() == name && widget->isVisible())
                 return widget;
         }
-        return nullptr;
-    };
-    if (QWidget *found = within(QApplication::activeModalWidget()))
-        return found;
-    if (QWidget *found = within(QApplication::activeWindow()))
-        return found;
-    const QWidgetList windows = QApplication::topLevelWidgets();
-    for (QWidget *window : windows) {
-        if (QWidget *found = within(window))
-            return found;
     }
     return nullptr;
 }
@@ -178,31 +174,12 @@ void TourDriver::waitForKeyboard(const QString &what) {
 }
 
 QString TourDriver::textOf(const QString &name) {
-    return look([name]() -> QString {
-        QWidget *widget = find(name);
-        if (auto *label = qobject_cast<widgets::PacedLabel *>(widget))
-            return label->text();
-        if (auto *label = qobject_cast<QLabel *>(widget))
-            return label->text();
-        if (auto *line = qobject_cast<QLineEdit *>(widget))
-            return line->displayText();
-        if (auto *box = qobject_cast<QPlainTextEdit *>(widget))
-            return box->toPlainText();
-        if (auto *box = qobject_cast<QTextEdit *>(widget))
-            return box->toPlainText();
-        if (auto *box = qobject_cast<QComboBox *>(widget))
-            return box->currentText();
-        return widget ? widget->windowTitle() : QString();
-    });
+    return look([&] { return shownBy(find(name)); });
 }
 
 bool TourDriver::waitForText(const QString &name, const QString &text, int milliseconds) {
-    QElapsedTimer clock;
-    clock.start();
-    while (textOf(name) != text && clock.elapsed() < milliseconds)
-        QThread::msleep(20);
-    expectEqual(textOf(name), text, name);
-    return textOf(name) == text;
+    return waitUntil(
+        u"%1 shows \"%2\""_s.arg(name, text), [&] { return shownBy(find(name)) == text; }, milliseconds);
 }
 
 QString TourDriver::cell(const QString &grid, int row, int column) {

@@ -5,7 +5,6 @@
 // window manager has to do with (a window in front, the place of the keyboard behind a closed one) is waited for.
 #pragma once
 
-#include "tour/arrivals.h"
 #include "tour/xServer.h"
 #include <QObject>
 #include <QPoint>

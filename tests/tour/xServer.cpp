@@ -1,12 +1,13 @@
 #include "tour/xServer.h"
-#include <QList>
-#include <QStringList>
+#include <QCoreApplication>
+#include <QEvent>
 #include <X11/XKBlib.h>
 #include <X11/Xlib.h>
 #include <X11/extensions/XTest.h>
 #include <X11/keysym.h>
 #include <cstdio>
 #include <cstdlib>
+#include <xcb/xcb.h>
 
 using namespace Qt::StringLiterals;
 
@@ -31,7 +32,17 @@ struct XServer::Connection {
 
     ~Connection() { XCloseDisplay(display); }
 
-    void press(KeyCode code, bool down) const { XTestFakeKeyEvent(display, code, down, CurrentTime); }
+    // Presses one behind the other and lets go backwards; not where one is no key.
+    bool pressAll(const QList<KeyCode> &codes) const {
+        if (codes.contains(0))
+            return false;
+        for (const KeyCode code : codes)
+            XTestFakeKeyEvent(display, code, True, CurrentTime);
+        for (qsizetype i = codes.size(); i-- > 0;)
+            XTestFakeKeyEvent(display, codes[i], False, CurrentTime);
+        XSync(display, False);
+        return true;
+    }
 
     // A window manager takes its orders from messages to the root window; any other window gets its own.
     void send(Window to, Window about, Atom kind, long mask, long first) const {
@@ -76,37 +87,19 @@ XServer::XServer() {
 XServer::~XServer() = default;
 
 bool XServer::key(const QString &chord) {
-    Display *display = m_connection->display;
     QList<KeyCode> codes;
     const QStringList names = chord.split(u'+');
     for (const QString &name : names)
-        codes.append(XKeysymToKeycode(display, symbolOf(name)));
-    if (codes.contains(0))
-        return false;
-    for (const KeyCode code : codes)
-        m_connection->press(code, true);
-    for (qsizetype i = codes.size(); i-- > 0;)
-        m_connection->press(codes[i], false);
-    XSync(display, False);
-    return true;
+        codes.append(XKeysymToKeycode(m_connection->display, symbolOf(name)));
+    return m_connection->pressAll(codes);
 }
 
 bool XServer::type(QChar character) {
     Display *display = m_connection->display;
     const KeySym symbol = character.unicode(); // the same for all of Latin 1
     const KeyCode code = XKeysymToKeycode(display, symbol);
-    const KeyCode shift = XKeysymToKeycode(display, XK_Shift_L);
     const bool shifted = XkbKeycodeToKeysym(display, code, 0, 0) != symbol;
-    if (code == 0)
-        return false;
-    if (shifted)
-        m_connection->press(shift, true);
-    m_connection->press(code, true);
-    m_connection->press(code, false);
-    if (shifted)
-        m_connection->press(shift, false);
-    XSync(display, False);
-    return true;
+    return m_connection->pressAll(shifted ? QList{XKeysymToKeycode(display, XK_Shift_L), code} : QList{code});
 }
 
 void XServer::move(const QPoint &place) {
@@ -151,6 +144,33 @@ void XServer::mark(Window window, const char *name, quint32 number) {
 
 quint32 XServer::atom(const char *name) {
     return quint32(XInternAtom(m_connection->display, name, False));
+}
+
+Arrivals::Arrivals(XServer &server)
+    : m_atom(server.atom(message)) {
+    m_window.create();
+    qApp->installNativeEventFilter(this);
+    qApp->installEventFilter(this);
+}
+
+// The events in front of the message have then been read from the server, and are dealt with before any call that is
+// queued from here on.
+bool Arrivals::nativeEventFilter(const QByteArray &eventType, void *event, qintptr *result) {
+    Q_UNUSED(eventType)
+    Q_UNUSED(result)
+    const auto *sent = static_cast<const xcb_client_message_event_t *>(event);
+    if ((sent->response_type & 0x7f) != XCB_CLIENT_MESSAGE || sent->type != m_atom)
+        return false;
+    m_mark = sent->data.data32[0];
+    return true;
+}
+
+// A window manager may hold a press back until it has raised the window, so that messages overtake it.
+bool Arrivals::eventFilter(QObject *watched, QEvent *event) {
+    const QEvent::Type type = event->type();
+    if (watched->isWindowType() && (type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick))
+        ++m_presses;
+    return false;
 }
 
 } // namespace tour
