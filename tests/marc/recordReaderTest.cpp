@@ -1,4 +1,5 @@
 #include "marc/directory.h"
+#include "marc/preReadStore.h"
 #include "marc/recordCutter.h"
 #include "marc/recordMaking.h"
 #include "marc/separators.h"
@@ -76,6 +77,21 @@ TEST(RecordCutter, HoldsALongRecordOnce) {
     EXPECT_EQ(cutter.bytes().size(), size + 1);
     getrusage(RUSAGE_SELF, &after);
     EXPECT_LT((after.ru_maxrss - before.ru_maxrss) << 10, size * 3 / 2);
+}
+
+TEST(PreReadStore, OnlyGrowsAndGivesBackTheTextWhateverTheBytesWere) {
+    PreReadStore store;
+    for (const auto &[wanted, rows] : {std::pair(5, 20), std::pair(21, 21), std::pair(20, 21)}) {
+        store.setRows(wanted);
+        EXPECT_EQ(store.rowCount(), rows);
+    }
+    EXPECT_EQ(store.text(20, 0) + store.text(20, 1) + store.text(20, 2), u"");
+    for (const auto &[text, bytes] : {std::pair(u"\uFFFD\uFFFD\x1D"_s, "\xB0\xA1\x1D"), // two lines, decoded apart
+                                      {u"数据"_s, ""},
+                                      {u"ก字"_s, ""}}) { // a character without a code
+        store.setRecord(0, text, bytes);
+        EXPECT_EQ(store.record(0), text);
+    }
 }
 
 TEST(Directory, OnlyItsLengthIsTested) {

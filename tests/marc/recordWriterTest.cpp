@@ -1,7 +1,6 @@
 #include "marc/recordWriter.h"
 #include "marc/directory.h"
 #include "marc/recordMaking.h"
-#include "support/dice.h"
 
 using namespace marc;
 
@@ -83,33 +82,6 @@ TEST(MadeMyMarc, LeavesOutNumbersThatDoNotFit) {
     EXPECT_TRUE(decodeDirectory(broken).damaged);
     // a character that the code page lacks is one byte, "?", as it will be written
     EXPECT_EQ(rebuilt(rowsOf({u"300=##"_s, u"$a=\u0E01甲"_s})).left(12), u"300000800029");
-}
-
-// The rows as they come back when nothing in them is of the kind that the writer drops or changes.
-TEST(MadeMyMarc, IsReadBackAsTheSameRows) {
-    Dice dice(1);
-    const QStringList values{u"数据"_s, u"图书馆"_s, u"a b"_s, u"1"_s, u" "_s, u"é"_s, u"$"_s, u"，"_s, u"€"_s};
-    const QStringList indicators{u"##"_s, u"1#"_s, u"#1"_s, u"01"_s};
-    for (int round = 0; round < 500; ++round) {
-        FieldRows rows;
-        for (int tag = 2; tag < 10; ++tag)
-            if (dice.below(4) == 0)
-                rows.append(row(platform::padZero(3, tag), u"ab"_s + dice.text<QString>(values, 8)));
-        for (int tag = 10 + dice.below(60); tag < 1000; tag += dice.below(60)) {
-            if (tag == 100 || tag == 105 || tag == 106 || tag == 110 || tag == 115)
-                continue;
-            rows.append({{}, {}, platform::padZero(3, tag), u"指示符"_s, dice.oneOf(indicators)});
-            const bool embedded = tag / 100 == 4;
-            for (int i = dice.below(5); i >= 0; --i)
-                rows.append(embedded
-                                ? row(u"$1"_s, u"200#1$a"_s + dice.text<QString>(values.first(4), 9))
-                                : row(u'$' + QString(dice.oneOf(u"abcAX9"_s)), u"x"_s + dice.text<QString>(values, 9)));
-        }
-        ShownRecord read = showRecord(madeMyMarc(FieldRows{FieldRow{}} + rows, leader, clock));
-        ASSERT_EQ(read.rows.at(1).identifier, u"001");
-        ASSERT_EQ(brief(read.rows.mid(2)), brief(rows));
-        ASSERT_EQ(madeMyMarc(read.rows, read.leader, clock), madeMyMarc(FieldRows{FieldRow{}} + rows, leader, clock));
-    }
 }
 
 } // namespace
