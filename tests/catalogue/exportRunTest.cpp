@@ -12,7 +12,7 @@ namespace {
 
 class ExportRunTest : public testing::Test {
 protected:
-    enum { Export = 3, Stop = 4 };
+    enum { Export = 3 };
 
     ExportRunTest() {
         database.run(schemaScript(u"sample.sql"_s));
@@ -82,20 +82,6 @@ TEST_F(ExportRunTest, RefusesNoNameAndAnExistingFile) {
     EXPECT_EQ(host.texts(), (QStringList{u"请输入要保存marc数据的文件名！"_s,
                                          u"选择的路径下已经存在输入的文件名。请重新输入marc数据文件名！"_s}));
     EXPECT_FALSE(list.labDaochu->isVisible());
-}
-
-TEST_F(ExportRunTest, AsksBehindTheRecordInHandWhetherToStop) {
-    host.willAnswer(platform::Answer::No);
-    host.willAnswer(platform::Answer::Yes);
-    host.onYield = [this, yields = 0]() mutable {
-        if (++yields >= 2)
-            list.CmdDcgl[Stop]->click();
-    };
-    run();
-    EXPECT_EQ(host.texts(), (QStringList{u"已经成功导出2条数据。确定要终止导出吗？"_s,
-                                         u"已经成功导出3条数据。确定要终止导出吗？"_s, finalWord(2, path)}));
-    EXPECT_EQ(records().size(), 3);
-    EXPECT_FALSE(list.CmdDcgl[Export]->isEnabled()); // and nothing brings it back
 }
 
 TEST_F(ExportRunTest, EndsSilentlyWithTheFileClosedWhenItsWindowGoes) {

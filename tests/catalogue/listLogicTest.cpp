@@ -1,4 +1,4 @@
-// The statements to the letter, the sort dialog's order, the widths of the columns, the progress text.
+// The order in a statement, the sort dialog's order, the widths of the columns, the progress text.
 #include "catalogue/columnWidths.h"
 #include "catalogue/listStatements.h"
 #include "catalogue/listTexts.h"
@@ -6,26 +6,6 @@
 #include "support/qtPrinters.h"
 
 using namespace catalogue;
-
-TEST(ListStatements, PutConditionAndOrderBehindTheirWords) {
-    const QString list = u"select zskid as [控制号],ISBN as isbn,bookname as [书   名],author as [著 者],classcode as "
-                         u"[分类号],publisher as [出版社],bookcount as [册 数],convert(varchar(10),catatime,111) as "
-                         u"[入库日期] from zsk"_s;
-    EXPECT_EQ(catalogueStatement({}, {}), list);
-    EXPECT_EQ(catalogueStatement(u"a='b'"_s, u"c Desc"_s), list + u" where a='b' order by c Desc");
-    EXPECT_EQ(reportStatement({}, u"c"_s),
-              u"Select bookname,author,classcode,publisher,bookcount From zsk order by c"_s);
-    EXPECT_EQ(exportStatement(u"12"_s),
-              u"select zskid,ISBN ,bookname,author,classcode,publisher,bookcount,edition,pubplace,pubdate,pages,"
-              u"appendix,books,booksauthor,measure,ztc,lagclass from zsk where zskid=12"_s);
-    EXPECT_EQ(detailStatement(7), u"select classcode,isbn,bookname,author,publisher,pubplace,pubdate,docclass,lagclass,"
-                                  u"edition,measure,pages,bookcount,bookname,zch from ZSK where zskid=7"_s);
-    EXPECT_EQ(copiesStatement(7),
-              u"select sck.barcode as [条形码],rollcode as [卷 次],bookplace as [藏 地],price as [价 格],"
-              u"bookstatus as [状 态],convert(nvarchar(1),borrowstatus) as [可借否],"
-              u"convert(nvarchar(10),yhdate,111) as [应还日期] from sck Left Join jhsk On sck.barcode=jhsk.barcode "
-              u"Where zskid=7"_s);
-}
 
 TEST(ListStatements, LetTheOrderRideAlongOnADeleteOnlyBehindACondition) {
     EXPECT_EQ(deleteAllStatement({}, u"author"_s), u"delete from taoluTable"_s);

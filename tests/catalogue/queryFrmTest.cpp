@@ -94,12 +94,7 @@ TEST_F(QueryFrmTest, RefusesToSortByNothingAndHandsNothingOverWhenClosed) {
     EXPECT_EQ(store.LFields->count(), 0);
 }
 
-TEST_F(QueryFrmTest, LeadsOnByEnterAndSwallowsKeysInTheReadableForms) {
-    dialog.cSql->setFocus();
-    QTest::keyClick(dialog.cSql, Qt::Key_Return);
-    EXPECT_TRUE(dialog.cFuhao->hasFocus());
-    QTest::keyClick(dialog.cFuhao, Qt::Key_Return);
-    EXPECT_TRUE(dialog.lSql->hasFocus());
+TEST_F(QueryFrmTest, SwallowsKeysInTheReadableForms) {
     dialog.signSql->setFocus();
     QTest::keyClicks(dialog.signSql, u"a\t"_s);
     EXPECT_TRUE(dialog.signSql->toPlainText().isEmpty() && !dialog.signSql->hasFocus());

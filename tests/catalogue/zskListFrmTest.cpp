@@ -75,18 +75,6 @@ TEST_F(ZskListFrmTest, CountsWhatIsNotThereInItsOwnWords) {
     EXPECT_EQ(host.boxes.size(), 1);
 }
 
-TEST_F(ZskListFrmTest, OpensTheDetailsOfTheCurrentRow) {
-    database.run(schemaScript(u"sample.sql"_s));
-    load(u"zskid In (2,5)"_s, u"zskid"_s);
-    list.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&list));
-    list.Grid1->setFocus();
-    list.Grid1->setRow(2);
-    QTest::keyClick(list.Grid1, Qt::Key_Return);
-    QTest::keyClick(&list, Qt::Key_M, Qt::AltModifier);
-    EXPECT_EQ(details, (QList<qint32>{5, 5}));
-}
-
 TEST_F(ZskListFrmTest, PrintsTheListedRows) {
     database.run(schemaScript(u"sample.sql"_s));
     load(u"author='鲁迅著'"_s, u"zskid"_s);
