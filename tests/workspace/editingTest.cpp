@@ -98,7 +98,6 @@ TEST_F(Editing, LimitsAndTheLargeForm) {
     QTest::keyClick(window.richText, Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(window.richText->text(), u"1#"_s);
     QTest::mouseClick(window.richText->viewport(), Qt::RightButton);
-    EXPECT_EQ(window.richText->geometry(), window.Grid1->geometry().adjusted(window.Grid1->width() / 2, 0, 0, 0));
     EXPECT_TRUE(window.richText->toolTip().startsWith(u"双击"_s));
     QTest::mouseDClick(window.richText->viewport(), Qt::LeftButton);
     EXPECT_EQ(window.richText->geometry(), window.Grid1->cellRect(3, 4));
@@ -149,7 +148,7 @@ TEST_F(Editing, IdentitiesAreCheckedAndTheListStaysInReach) {
     goTo(titleRow);
     choose(7);
     ASSERT_TRUE(window.Text1->isVisible());
-    EXPECT_TRUE(window.Grid2->isEnabled() && !window.Grid1->isEnabled());
+    EXPECT_TRUE(window.Grid2->isEnabled() && !window.Grid1->isEnabled() && !window.cmdclick[2]->isEnabled());
     EXPECT_EQ(window.Text1->maxLength(), 2);
     for (const QString &typed : {u"$1"_s, u"$B"_s}) {
         leave(typed);
