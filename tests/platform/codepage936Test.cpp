@@ -1,5 +1,4 @@
 #include "platform/codepage936.h"
-#include "support/dice.h"
 #include "support/qtPrinters.h"
 #include <set>
 
@@ -53,16 +52,4 @@ TEST(Codepage936, ReplacesWhatIsNone) {
         EXPECT_EQ(decode(bytes), text) << bytes.toHex().toStdString();
     EXPECT_EQ(encode(u"aก\uFFFD\U00020000é"_s), "a????\xA8\xA6"); // one for each unit
     EXPECT_FALSE(isEncodable(u"ก"));
-}
-
-TEST(Codepage936, KeepsTheNumberOfBytesOfAnything) {
-    Dice dice(1);
-    for (int round = 0; round < 2000; ++round) {
-        QByteArray bytes(dice.below(40), 0);
-        std::ranges::generate(bytes, [&] { return char((dice.below(3) ? 0x80 : 0) + dice.below(0x80)); });
-        const QString text = decode(bytes);
-        ASSERT_EQ(encode(text).size(), bytes.size()) << bytes.toHex().toStdString();
-        ASSERT_EQ(gbkLength(text), bytes.size());
-        ASSERT_EQ(text.contains(QChar::ReplacementCharacter), encode(text) != bytes || !isEncodable(text));
-    }
 }

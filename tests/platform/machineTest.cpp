@@ -95,19 +95,14 @@ TEST(Paths, GoByTheSeparatorOfTheMachine) {
     EXPECT_EQ(folderOf(u"b.iso"_s, u'\\'), u"");
 }
 
-TEST(Paths, WildcardsReadTheRestLiterally) {
+TEST(Paths, OnlyFilesAreFilesAndGoOnce) {
     const QTemporaryDir directory;
-    const QString folder = directory.path() + u'/';
-    for (const QString &name :
-         {u"a[1]*00.iso"_s, u"a[1]*01.iso"_s, u"a1x02.iso"_s, u"a[1]*003.iso"_s, u"A[1]*04.iso"_s})
-        ASSERT_TRUE(QFile(folder + name).open(QIODevice::WriteOnly));
-    ASSERT_TRUE(QDir(folder).mkdir(u"a[1]*05.iso"_s));
-    EXPECT_EQ(filesWithTwoWildcards(folder, u"a[1]*"_s, u".iso"_s),
-              (QStringList{folder + u"a[1]*00.iso", folder + u"a[1]*01.iso"}));
-    EXPECT_TRUE(fileExists(folder + u"a1x02.iso"));
-    ASSERT_TRUE(removeFile(folder + u"a1x02.iso"));
-    EXPECT_FALSE(removeFile(folder + u"a1x02.iso"));
-    for (const QString &none : QStringList{folder + u"a1x02.iso", folder, u""_s})
+    const QString file = directory.filePath(u"a.iso"_s);
+    ASSERT_TRUE(QFile(file).open(QIODevice::WriteOnly));
+    EXPECT_TRUE(fileExists(file));
+    ASSERT_TRUE(removeFile(file));
+    EXPECT_FALSE(removeFile(file));
+    for (const QString &none : {file, directory.path(), u""_s})
         EXPECT_FALSE(fileExists(none)) << none.toStdString();
 }
 

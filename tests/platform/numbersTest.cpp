@@ -33,11 +33,3 @@ TEST(Numbers, AreReadByOneRule) {
     EXPECT_EQ(toInt16(u"32768"), std::nullopt);
     EXPECT_EQ(toInt16(u"-32768"), -32768);
 }
-
-TEST(Numbers, ArePaddedOrLeftOut) {
-    EXPECT_EQ(padZero(5, 42), u"00042");
-    EXPECT_EQ(padZero(4, 9999), u"9999");
-    EXPECT_EQ(padZero(4, 10000), u"");
-    EXPECT_EQ(trimBlanks(u"  a \t "), u"a \t");
-    EXPECT_EQ(trimBlanks(u"   "), u"");
-}
