@@ -39,25 +39,7 @@ bool stopRun() {
     return false;
 }
 
-QString buttonName(const QMessageBox &box, QMessageBox::StandardButton button) {
-    return box.button(button) ? box.button(button)->text() : QString();
-}
-
 } // namespace
-
-// All numbers of one act, thrown before anything is looked at, so that the dice do not hang on the machine's pace.
-struct MonkeyHands::Throw {
-    explicit Throw(std::mt19937 &dice)
-        : kind(int(dice() % 1000))
-        , choice(dice())
-        , x(dice() % 10000)
-        , y(dice() % 10000) {}
-
-    int kind;
-    quint32 choice;
-    quint32 x;
-    quint32 y;
-};
 
 MonkeyHands::MonkeyHands(TourDriver &driver, unsigned seed)
     : m_driver(driver)
@@ -73,7 +55,7 @@ MonkeyHands::Front MonkeyHands::front() const {
         return {.id = window->winId(),
                 .name = window->objectName(),
                 .question = box ? box->text() : QString(),
-                .hasAnswers = box && !buttonName(*box, QMessageBox::No).isEmpty(),
+                .hasAnswers = box && box->button(QMessageBox::No),
                 .isFileDialog = qobject_cast<QFileDialog *>(window) != nullptr,
                 .isPreview = qobject_cast<QPrintPreviewDialog *>(window) != nullptr,
                 .isMain = window->objectName() == u"marcMain",
@@ -89,7 +71,10 @@ void MonkeyHands::act() {
         return meetNobody();
     ++m_acts;
     note(front, {});
-    actOn(front, Throw(m_dice));
+    actOn(front, {.kind = int(m_dice() % 1000),
+                  .choice = quint32(m_dice()),
+                  .x = int(m_dice() % 10000),
+                  .y = int(m_dice() % 10000)});
     m_driver.settle();
 }
 
@@ -111,7 +96,7 @@ void MonkeyHands::actOn(const Front &front, const Throw &dice) {
     if (dice.kind < 960)
         return close(front);
     if (dice.kind < 995)
-        return m_driver.server().resize(front.id, QSize(200 + int(dice.x) % 1200, 120 + int(dice.y) % 800));
+        return m_driver.server().resize(front.id, QSize(200 + dice.x % 1200, 120 + dice.y % 800));
     startSecond();
 }
 
@@ -153,8 +138,8 @@ void MonkeyHands::typeText(const QString &text) {
 }
 
 void MonkeyHands::click(const Front &front, const Throw &dice) {
-    const QPoint place(front.place.left() + int(dice.x) * front.place.width() / 10000,
-                       front.place.top() + int(dice.y) * front.place.height() / 10000);
+    const QPoint place(front.place.left() + dice.x * front.place.width() / 10000,
+                       front.place.top() + dice.y * front.place.height() / 10000);
     const int times = dice.choice % 5 == 0 ? 2 : 1;
     const int button = dice.choice % 7 == 0 ? 3 : 1;
     m_last.last() += u" button %1 at %2,%3"_s.arg(button).arg(place.x()).arg(place.y());

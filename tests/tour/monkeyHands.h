@@ -32,7 +32,13 @@ private:
         bool hasPopup = false;
         QRect place;
     };
-    struct Throw; // of the dice
+    // All numbers of one act, thrown before anything is looked at, so that the dice do not hang on the machine's pace.
+    struct Throw {
+        int kind;
+        quint32 choice;
+        int x;
+        int y;
+    };
 
     Front front() const;
     void actOn(const Front &front, const Throw &dice);

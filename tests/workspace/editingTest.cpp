@@ -220,11 +220,13 @@ TEST_F(Editing, ListsAddAndTheMenuDeletes) {
     QTest::keyClick(window.Zzdlist, Qt::Key_Escape);
     EXPECT_TRUE(window.Grid1->hasFocus());
 
-    host.willAnswer(Answer::Yes);
     window.Grid1->setRow(5);
-    choose(11);
-    EXPECT_EQ(host.lastBox().text, u"确实要删除选择的子字段【$e副题名 】吗？"_s);
-    EXPECT_EQ(cell(5, 2), u"$f"_s);
+    for (const Answer answer : {Answer::No, Answer::Yes}) {
+        host.willAnswer(answer);
+        choose(11);
+        EXPECT_EQ(host.lastBox().text, u"确实要删除选择的子字段【$e副题名 】吗？"_s);
+        EXPECT_EQ(cell(5, 2), answer == Answer::No ? u"$e"_s : u"$f"_s);
+    }
     host.willAnswer(Answer::Yes);
     choose(10); // from a subfield row: the whole field
     EXPECT_EQ(host.lastBox().text, u"确实要删除选择的字段【200题名与责任者 】吗？"_s);

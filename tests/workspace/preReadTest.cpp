@@ -94,12 +94,6 @@ TEST_F(Reading, FilesThatDisappoint) {
     EXPECT_TRUE(window.cmdJieShu->isEnabled());
     window.cmdJieShu->click();
     EXPECT_TRUE(window.cmdclick[3]->isEnabled());
-
-    write("records.iso",
-          u"\r\n"_s + titled(u"折"_s).insert(30, u"\r\n"_s) + u"尾巴\r\n"_s + titled(u"末"_s).chopped(1));
-    load();
-    EXPECT_EQ(form->records().record(0), titled(u"折"_s));
-    EXPECT_EQ(form->Text3->pacedText() + u' ' + form->Text4->text(), u"1 1"_s);
 }
 
 TEST_F(Reading, RecordsThatCannotBeRead) {
