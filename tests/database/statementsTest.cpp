@@ -21,9 +21,7 @@ protected:
     }
 };
 
-INSTANTIATE_TEST_SUITE_P(Servers, Statements,
-                         testing::Values(TestServer::Sqlite, TestServer::PostgreSql, TestServer::MariaDb),
-                         [](const auto &info) { return TestDatabase::nameOf(info.param).toStdString(); });
+ON_ALL_SERVERS(Statements);
 
 TEST_P(Statements, ImportedTextsComeBackAsTheyWere) {
     const QStringList texts = {

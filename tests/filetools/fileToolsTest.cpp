@@ -89,14 +89,6 @@ TEST(Checks, TheFirstThingAmissEndsTheSplit) {
     EXPECT_FALSE(refuseSplit(u"/s"_s, true, u"/t/a.iso"_s, u"10"_s, u'/'));
 }
 
-TEST(Checks, TheLimitIsTheNearestWholeNumberAHalfGoesToTheEvenOne) {
-    EXPECT_EQ(recordsPerFile(u"10.5"), 10);
-    EXPECT_EQ(recordsPerFile(u" 11.5 "), 12);
-    EXPECT_EQ(recordsPerFile(u"99999999999"), 99999999999);
-    for (const QStringView none : {u"0.5", u"-3", u"abc", u""})
-        EXPECT_FALSE(recordsPerFile(none)) << none.toString().toStdString();
-}
-
 TEST(Split, CutsAsTheLinesStand) {
     const QByteArray odd("\x80\xff\xa1\n\0\x81\x1d", 7); // no valid text, and a line feed that ends no line
     // The source; its records, the targets from 700 on, the records reported of each.
@@ -141,19 +133,6 @@ TEST(Split, NumbersGoOnBeyondThreeDigitsAndEachFileIsClosedAsItEnds) {
     ASSERT_TRUE(split.close(u"10"));
     EXPECT_EQ(folder.names().size(), 302);
     EXPECT_EQ(folder.read(u"a1001.iso"_s), lines(1, 3011));
-}
-
-TEST(Merge, JoinsInTheOrderOfTheList) {
-    files::Folder folder;
-    const QString three = folder.write(u"3.iso"_s, lines(3)), four = folder.write(u"4.iso"_s, lines(4, 4)),
-                  none = folder.write(u"0.iso"_s, "\r\nno terminator");
-    MergeRun merge(folder.path(u"all.iso"_s));
-    EXPECT_EQ(run(merge, {three, none, four, three}), QString());
-    EXPECT_EQ(folder.read(u"all.iso"_s), lines(7) + lines(3));
-    EXPECT_EQ(merge.report(), u"【源文件】\r\n文件{"_s + three + u"}处理了3条记录！\r\n文件{" + none +
-                                  u"}处理了0条记录！\r\n文件{" + four + u"}处理了4条记录！\r\n文件{" + three +
-                                  u"}处理了3条记录！\r\n\r\n【目标文件】\r\n文件{" + folder.path(u"all.iso"_s) +
-                                  u"}保存了10条记录！");
 }
 
 TEST(Merge, ATargetSpelledDifferentlyIsEmptiedFirstAndNeverChasesItself) {

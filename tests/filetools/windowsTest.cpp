@@ -202,7 +202,10 @@ TEST(FrmUnionFile, MergesTheListInItsOrder) {
     EXPECT_EQ(shown.first(), desk.one + u" 成功处理：0");
     EXPECT_EQ(shown.last(), desk.two + u" 成功处理：10条");
     EXPECT_EQ(desk.folder.read(u"all.iso"_s), lines(7) + lines(4, 4));
-    EXPECT_TRUE(desk.reports.value(0).endsWith(u"文件{"_s + target + u"}保存了11条记录！"));
+    const QString read = u"}处理了%1条记录！\r\n"_s;
+    EXPECT_EQ(desk.reports.value(0), u"【源文件】\r\n文件{"_s + desk.one + read.arg(3) + u"文件{" + desk.two +
+                                         read.arg(4) + u"文件{" + desk.two + read.arg(4) +
+                                         u"\r\n【目标文件】\r\n文件{" + target + u"}保存了11条记录！");
     EXPECT_EQ(desk.host.opened, QStringList{desk.folder.path()});
     EXPECT_TRUE(form.cmdSave->isEnabled() && !form.Text1->isReadOnly());
     desk.host.willAnswer(Answer::Yes);

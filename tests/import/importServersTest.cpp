@@ -16,9 +16,7 @@ protected:
     ScriptedHost host;
 };
 
-INSTANTIATE_TEST_SUITE_P(Servers, ImportIntoServers,
-                         testing::Values(TestServer::Sqlite, TestServer::PostgreSql, TestServer::MariaDb),
-                         [](const auto &info) { return TestDatabase::nameOf(info.param).toStdString(); });
+ON_ALL_SERVERS(ImportIntoServers);
 
 // Titles of the 324 characters whose low byte is that of a surrogate, one behind the other. scripts/check-memory runs
 // this with more records, under a memory checker: what a driver does to the heap shows nowhere else.

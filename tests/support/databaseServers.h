@@ -39,6 +39,12 @@ public:
     database::SessionState state{m_links, {}}; // with the text as a person would have it stored
 };
 
+// Runs the tests of a TestWithParam<TestServer> on each of the servers.
+#define ON_ALL_SERVERS(suite)                                                                                          \
+    INSTANTIATE_TEST_SUITE_P(Servers, suite,                                                                           \
+                             testing::Values(TestServer::Sqlite, TestServer::PostgreSql, TestServer::MariaDb),         \
+                             [](const auto &info) { return TestDatabase::nameOf(info.param).toStdString(); })
+
 inline void PrintTo(TestServer server, std::ostream *out) {
     *out << TestDatabase::nameOf(server).toStdString();
 }

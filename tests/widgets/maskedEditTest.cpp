@@ -20,17 +20,6 @@ struct MaskedEditTest : testing::Test {
     QPushButton other{&window};
 };
 
-TEST_F(MaskedEditTest, HoldsAnyTextWithoutAMask) {
-    edit.setText(u"a' b"_s);
-    EXPECT_EQ(edit.text(), u"a' b"_s);
-    edit.setMask(u"####-##-##"_s);
-    EXPECT_EQ(edit.text(), u"____-__-__"_s);
-    edit.setMask(QString());
-    EXPECT_EQ(edit.text(), QString());
-    QTest::keyClicks(&edit, u"1-_"_s);
-    EXPECT_EQ(edit.text(), u"1-_"_s);
-}
-
 TEST_F(MaskedEditTest, TypingFillsAndBackspaceRestoresThePrompts) {
     edit.setMask(u"####-##-##"_s);
     edit.selectAll();
