@@ -49,7 +49,20 @@ QString finalWord(int count, const QString &path) {
 }
 
 TEST_F(ExportRunTest, WritesEveryListedRowAsARecordThatOthersRead) {
-    database.run(u"insert into zsk (zskid,bookname,author) values (100,'“引号”与''撇号''','Ŷ');"_s);
+    database.run(
+        uR"(insert into zsk (zskid,isbn,lagclass,bookname,author,publisher,pubdate,pages,appendix,classcode,measure)
+        values (100,'7-5','chi','“引号”与''撇号''','Ŷ','社','2005','9','图','TP3','cm');)"_s);
+    const CatalogueRow full{.zskid = u"100"_s,
+                            .isbn = u"7-5"_s,
+                            .lagclass = u"chi"_s,
+                            .bookname = u"“引号”与'撇号'"_s,
+                            .author = u"Ŷ"_s,
+                            .publisher = u"社"_s,
+                            .pubdate = u"2005"_s,
+                            .pages = u"9"_s,
+                            .appendix = u"图"_s,
+                            .classcode = u"TP3"_s,
+                            .measure = u"cm"_s};
     load({});
     run();
     const int count = list.Grid1->rows() - 1;
@@ -62,6 +75,7 @@ TEST_F(ExportRunTest, WritesEveryListedRowAsARecordThatOthersRead) {
         EXPECT_TRUE(
             records()[row].contains(list.Grid1->text(row + 1, 0).rightJustified(5, u'0').toLatin1().append("hteva")));
 
+    EXPECT_TRUE(records().contains(exportRecord(full)));
     QProcess yaz;
     yaz.start(u"yaz-marcdump"_s, {u"-f"_s, u"gbk"_s, u"-t"_s, u"utf-8"_s, u"-o"_s, u"line"_s,
                                   folder.file(u"joined.iso"_s, records().join())});
