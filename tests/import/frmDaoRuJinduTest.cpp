@@ -52,6 +52,16 @@ TEST_F(ImportWindow, RunsOnceAndTellsEachStep) {
     EXPECT_FALSE(window.isVisible());
 }
 
+TEST_F(ImportWindow, StopsBehindTheRecordInHand) {
+    list({u"甲"_s, u"乙"_s, u"丙"_s});
+    frmDaoRuJindu window(host, database.state, records);
+    host.onYield = [&] { window.cmdStop->click(); };
+    open(window, u"3"_s);
+    EXPECT_EQ(stored(), QStringList{u"甲"_s});
+    EXPECT_EQ(window.labTishi->text(), u"本次成功处理的记录数：1"_s);
+    EXPECT_FALSE(window.cmdStop->isEnabled());
+}
+
 TEST_F(ImportWindow, TellsWhatStandsInTheWayAndGoesOn) {
     list({u"甲"_s, u"乙"_s});
     records->setRecord(1, u"00026nam0 2200025   450 2001\x1E\x1D"_s); // a damaged directory
