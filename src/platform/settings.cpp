@@ -1,4 +1,5 @@
 #include "platform/settings.h"
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -43,6 +44,14 @@ bool holdsAll(const QHash<QString, QVariant> &all, const QString &path) {
     return true;
 }
 
+// The toolkit remembers a file by its time and its size: one of the same moment and size would be taken for the old
+// one.
+void tellApart(const QString &made, const QString &standing) {
+    const QDateTime before = QFileInfo(standing).lastModified();
+    if (QFile file(made); QFileInfo(made).lastModified() <= before && file.open(QIODevice::ReadWrite))
+        file.setFileTime(before.addMSecs(1), QFileDevice::FileModificationTime);
+}
+
 bool movedOver(const QString &from, const QString &to) {
     std::error_code failed;
     std::filesystem::rename(from.toStdU16String(), to.toStdU16String(), failed);
@@ -84,8 +93,9 @@ Status Settings::write(const QString &application, const QString &section, const
     // place when it has shown that it holds everything.
     const QString made = place + u".making";
     const QString whole = place + u".made"; // under another name, so that the toolkit reads what is on the disk
-    const bool replaced =
-        storeAll(all, made) && movedOver(made, whole) && holdsAll(all, whole) && movedOver(whole, place);
+    const bool stored = storeAll(all, made);
+    tellApart(made, place);
+    const bool replaced = stored && movedOver(made, whole) && holdsAll(all, whole) && movedOver(whole, place);
     QFile::remove(made);
     QFile::remove(whole);
     return replaced ? success() : Status(Failure{QStringLiteral("无法写入设置文件 %1").arg(path)});
