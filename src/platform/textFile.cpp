@@ -1,19 +1,11 @@
 #include "platform/textFile.h"
 #include "platform/codepage936.h"
+#include "platform/plainFile.h"
 #include <QFile>
-#include <QFileInfo>
 #include <QSaveFile>
 #include <algorithm>
 #include <cstring>
 #include <utility>
-#ifndef Q_OS_WIN
-#include <cerrno>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-#endif
-
-using namespace Qt::StringLiterals;
 
 namespace platform {
 
@@ -21,54 +13,6 @@ namespace {
 
 constexpr qsizetype blockSize = 1 << 18;
 constexpr qsizetype gatherSize = 1 << 20; // a split in pieces of this size takes an eighth less than in quarters of it
-
-Failure notAFile(const QString &path, bool isFolder) {
-    return Failure{QStringLiteral("%1 是%2，不是文件").arg(path, isFolder ? u"文件夹"_s : u"管道或设备"_s)};
-}
-
-// Decides what may be opened as a file: a plain one, or a link to one. Anything else could keep us waiting for ever, so
-// that looking at it must not wait either.
-#ifdef Q_OS_WIN
-
-Result<std::unique_ptr<QFile>> openPlainFile(const QString &path, QIODevice::OpenMode mode) {
-    if (const QFileInfo standing(path); standing.exists() && !standing.isFile())
-        return notAFile(path, standing.isDir());
-    auto file = std::make_unique<QFile>(path);
-    if (!file->open(mode | QIODevice::Unbuffered))
-        return Failure{file->errorString(), int(file->error())};
-    return Result<std::unique_ptr<QFile>>(std::move(file));
-}
-
-#else
-
-Result<std::unique_ptr<QFile>> openPlainFile(const QString &path, QIODevice::OpenMode mode) {
-    constexpr int withoutWaiting = O_NONBLOCK | O_CLOEXEC | O_NOCTTY;
-    const int access = mode & QIODevice::WriteOnly ? O_WRONLY | O_CREAT : O_RDONLY;
-    const int descriptor = ::open(QFile::encodeName(path).constData(), access | withoutWaiting, 0666);
-    if (descriptor < 0)
-        return Failure{qt_error_string(errno), errno};
-    auto file = std::make_unique<QFile>(path);
-    if (!file->open(descriptor, mode | QIODevice::Unbuffered, QFile::AutoCloseHandle)) {
-        ::close(descriptor);
-        return Failure{file->errorString(), int(file->error())};
-    }
-    struct stat entry = {};
-    if (fstat(descriptor, &entry) != 0 || !S_ISREG(entry.st_mode))
-        return notAFile(path, S_ISDIR(entry.st_mode));
-    if (mode & QIODevice::Truncate && !file->resize(0)) // only now that it is known what it is
-        return Failure{file->errorString(), int(file->error())};
-    return Result<std::unique_ptr<QFile>>(std::move(file));
-}
-
-#endif
-
-// Writes the bytes; what is left of them where the machine takes no more.
-QByteArrayView notTaken(QIODevice &device, QByteArrayView bytes) {
-    qint64 written = 0;
-    while (!bytes.isEmpty() && (written = device.write(bytes.data(), bytes.size())) > 0)
-        bytes = bytes.sliced(written); // a short write: the next one says why
-    return bytes;
-}
 
 // How many of the bytes are `wanted`. Counted in stretches so short that a byte holds each one's number: compilers turn
 // that into a few instructions for sixteen bytes.
@@ -250,8 +194,8 @@ Result<QStringList> readTextLines(const QString &path) {
 }
 
 Status writeTextFile(const QString &path, const QString &text) {
-    if (const QFileInfo standing(path); standing.exists() && !standing.isFile())
-        return notAFile(path, standing.isDir());
+    if (const Status plain = mayBecomeFile(path); !plain)
+        return plain;
     QSaveFile file(path);
     file.setDirectWriteFallback(true);
     // Unbuffered, since commit() does not see that the last of a buffer had no room.

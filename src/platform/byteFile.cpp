@@ -1,0 +1,100 @@
+#include "platform/byteFile.h"
+#include "platform/plainFile.h"
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <utility>
+
+namespace platform {
+
+namespace {
+
+constexpr qsizetype gatherSize = 1 << 20;
+
+} // namespace
+
+ByteReader::ByteReader(const QString &path, std::unique_ptr<QFile> file)
+    : m_path(path)
+    , m_file(std::move(file))
+    , m_size(m_file->size())
+    , m_written(QFileInfo(path).lastModified()) {}
+ByteReader::ByteReader(ByteReader &&) noexcept = default;
+ByteReader &ByteReader::operator=(ByteReader &&) noexcept = default;
+ByteReader::~ByteReader() = default;
+
+Result<ByteReader> ByteReader::open(const QString &path) {
+    auto file = openPlainFile(path, QIODevice::ReadOnly);
+    if (!file)
+        return file.failure();
+    return ByteReader(path, std::move(file).value());
+}
+
+// Asked by the path: on some systems a file that was deleted can be read on.
+Status ByteReader::unchanged() const {
+    const QFileInfo now(m_path);
+    if (!now.exists())
+        return Failure{QStringLiteral("文件{%1}在读取中不见了").arg(m_path)};
+    if (now.size() != m_size || now.lastModified() != m_written)
+        return Failure{QStringLiteral("文件{%1}在读取中被改动了").arg(m_path)};
+    return success();
+}
+
+Result<qsizetype> ByteReader::read(char *into, qsizetype most) {
+    const qint64 count = m_file->read(into, most);
+    if (count < 0)
+        return Failure{m_file->errorString(), int(m_file->error())};
+    if (const Status same = unchanged(); !same)
+        return same.failure();
+    m_position += count;
+    return qsizetype(count);
+}
+
+SavedFile::SavedFile(std::unique_ptr<QSaveFile> file)
+    : m_file(std::move(file)) {
+    m_gathered.reserve(gatherSize);
+}
+SavedFile::SavedFile(SavedFile &&) noexcept = default;
+SavedFile &SavedFile::operator=(SavedFile &&) noexcept = default;
+SavedFile::~SavedFile() = default;
+
+Result<SavedFile> SavedFile::create(const QString &path) {
+    if (const Status plain = mayBecomeFile(path); !plain)
+        return plain.failure();
+    auto file = std::make_unique<QSaveFile>(path);
+    // Unbuffered, since commit() does not see that the last of a buffer had no room.
+    if (!file->open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+        return Failure{file->errorString(), int(file->error())};
+    return SavedFile(std::move(file));
+}
+
+Status SavedFile::write(QByteArrayView bytes) {
+    if (m_gathered.size() + bytes.size() > gatherSize) {
+        if (const Status written = handOver(); !written)
+            return written;
+    }
+    if (bytes.size() < gatherSize) {
+        m_gathered.append(bytes);
+        return success();
+    }
+    if (!notTaken(*m_file, bytes).isEmpty())
+        return Failure{m_file->errorString(), int(m_file->error())};
+    return success();
+}
+
+Status SavedFile::handOver() {
+    const bool all = notTaken(*m_file, m_gathered).isEmpty();
+    m_gathered.resize(0); // keeps its room
+    if (all)
+        return success();
+    return Failure{m_file->errorString(), int(m_file->error())};
+}
+
+Status SavedFile::commit() {
+    if (const Status written = handOver(); !written)
+        return written;
+    if (m_file->commit())
+        return success();
+    return Failure{m_file->errorString(), int(m_file->error())};
+}
+
+} // namespace platform

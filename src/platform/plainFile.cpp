@@ -1,0 +1,70 @@
+#include "platform/plainFile.h"
+#include <QFile>
+#include <QFileInfo>
+#ifndef Q_OS_WIN
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
+using namespace Qt::StringLiterals;
+
+namespace platform {
+
+namespace {
+
+Failure notAFile(const QString &path, bool isFolder) {
+    return Failure{QStringLiteral("%1 是%2，不是文件").arg(path, isFolder ? u"文件夹"_s : u"管道或设备"_s)};
+}
+
+} // namespace
+
+#ifdef Q_OS_WIN
+
+Result<std::unique_ptr<QFile>> openPlainFile(const QString &path, QIODevice::OpenMode mode) {
+    if (const Status plain = mayBecomeFile(path); !plain)
+        return plain.failure();
+    auto file = std::make_unique<QFile>(path);
+    if (!file->open(mode | QIODevice::Unbuffered))
+        return Failure{file->errorString(), int(file->error())};
+    return Result<std::unique_ptr<QFile>>(std::move(file));
+}
+
+#else
+
+Result<std::unique_ptr<QFile>> openPlainFile(const QString &path, QIODevice::OpenMode mode) {
+    constexpr int withoutWaiting = O_NONBLOCK | O_CLOEXEC | O_NOCTTY;
+    const int access = mode & QIODevice::WriteOnly ? O_WRONLY | O_CREAT : O_RDONLY;
+    const int descriptor = ::open(QFile::encodeName(path).constData(), access | withoutWaiting, 0666);
+    if (descriptor < 0)
+        return Failure{qt_error_string(errno), errno};
+    auto file = std::make_unique<QFile>(path);
+    if (!file->open(descriptor, mode | QIODevice::Unbuffered, QFile::AutoCloseHandle)) {
+        ::close(descriptor);
+        return Failure{file->errorString(), int(file->error())};
+    }
+    struct stat entry = {};
+    if (fstat(descriptor, &entry) != 0 || !S_ISREG(entry.st_mode))
+        return notAFile(path, S_ISDIR(entry.st_mode));
+    if (mode & QIODevice::Truncate && !file->resize(0)) // only now that it is known what it is
+        return Failure{file->errorString(), int(file->error())};
+    return Result<std::unique_ptr<QFile>>(std::move(file));
+}
+
+#endif
+
+Status mayBecomeFile(const QString &path) {
+    if (const QFileInfo standing(path); standing.exists() && !standing.isFile())
+        return notAFile(path, standing.isDir());
+    return success();
+}
+
+QByteArrayView notTaken(QIODevice &device, QByteArrayView bytes) {
+    qint64 written = 0;
+    while (!bytes.isEmpty() && (written = device.write(bytes.data(), bytes.size())) > 0)
+        bytes = bytes.sliced(written); // a short write: the next one says why
+    return bytes;
+}
+
+} // namespace platform
