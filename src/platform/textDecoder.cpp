@@ -1,0 +1,91 @@
+#include "platform/textDecoder.h"
+#include "platform/codepage936.h"
+#include <algorithm>
+#include <unicode/ucnv.h>
+#include <unicode/ucnv_cb.h>
+#include <utility>
+
+namespace platform {
+
+namespace {
+
+const char *converterName(Charset charset) {
+    switch (charset) {
+    case Charset::Gb18030:
+        return "gb18030";
+    case Charset::Utf16Le:
+        return "UTF-16LE";
+    case Charset::Utf16Be:
+        return "UTF-16BE";
+    case Charset::Gbk: // has tables of its own
+    case Charset::Utf8:
+        break;
+    }
+    return "UTF-8";
+}
+
+// Called by the converter for what is no character.
+void replaceDamaged(const void *counter, UConverterToUnicodeArgs *arguments, const char *, int32_t,
+                    UConverterCallbackReason reason, UErrorCode *status) {
+    if (reason > UCNV_IRREGULAR) // the converter is reset, closed or copied
+        return;
+    ++*static_cast<qint64 *>(const_cast<void *>(counter));
+    *status = U_ZERO_ERROR;
+    const UChar replacement = QChar::ReplacementCharacter;
+    ucnv_cbToUWriteUChars(arguments, &replacement, 1, 0, status);
+}
+
+} // namespace
+
+struct TextDecoder::State {
+    bool isGbk = false;
+    std::unique_ptr<UConverter, decltype(&ucnv_close)> converter{nullptr, ucnv_close};
+    qint64 damaged = 0;
+};
+
+TextDecoder::TextDecoder(std::unique_ptr<State> state)
+    : m_state(std::move(state)) {}
+TextDecoder::TextDecoder(TextDecoder &&) noexcept = default;
+TextDecoder &TextDecoder::operator=(TextDecoder &&) noexcept = default;
+TextDecoder::~TextDecoder() = default;
+
+Result<TextDecoder> TextDecoder::open(Charset charset) {
+    auto state = std::make_unique<State>();
+    state->isGbk = charset == Charset::Gbk;
+    if (state->isGbk)
+        return TextDecoder(std::move(state));
+    UErrorCode status = U_ZERO_ERROR;
+    state->converter.reset(ucnv_open(converterName(charset), &status));
+    if (state->converter)
+        ucnv_setToUCallBack(state->converter.get(), replaceDamaged, &state->damaged, nullptr, nullptr, &status);
+    if (U_FAILURE(status))
+        return Failure{QStringLiteral("系统的 ICU 库没有字符集 %1（%2）")
+                           .arg(QLatin1StringView(converterName(charset)), QLatin1StringView(u_errorName(status))),
+                       int(status)};
+    return TextDecoder(std::move(state));
+}
+
+QString TextDecoder::decode(QByteArrayView bytes, bool goesOn) {
+    if (m_state->isGbk) {
+        QString text = platform::decode(bytes);
+        m_state->damaged += text.count(QChar::ReplacementCharacter);
+        return text;
+    }
+    // No encoding here has fewer bytes than units; the rest is for what was kept from the call before.
+    constexpr qsizetype kept = 16;
+    QString text(bytes.size() + kept, Qt::Uninitialized);
+    auto *const begin = reinterpret_cast<UChar *>(text.data());
+    UChar *out = begin;
+    const char *in = bytes.data();
+    UErrorCode status = U_ZERO_ERROR;
+    ucnv_toUnicode(m_state->converter.get(), &out, begin + text.size(), &in, in + bytes.size(), nullptr, !goesOn,
+                   &status);
+    text.truncate(out - begin);
+    return text;
+}
+
+qint64 TextDecoder::damaged() const {
+    return m_state->damaged;
+}
+
+} // namespace platform
