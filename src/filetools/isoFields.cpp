@@ -1,0 +1,177 @@
+#include "filetools/isoFields.h"
+#include "filetools/tidyRecord.h"
+#include <algorithm>
+
+namespace filetools {
+
+namespace {
+
+using marc::directoryEntryLength;
+
+constexpr char fieldEnd = char(marc::fieldTerminator);
+constexpr char recordEnd = char(marc::recordTerminator);
+constexpr int lengthWidth = 4;
+constexpr int startWidth = 5;
+
+// The number that the digits mean; below 0 where there is something else among them.
+qint64 number(QByteArrayView digits) {
+    qint64 value = 0;
+    for (const char digit : digits) {
+        if (digit < '0' || digit > '9')
+            return -1;
+        value = value * 10 + (digit - '0');
+    }
+    return value;
+}
+
+QByteArray padded(qsizetype value, int width) {
+    return QByteArray::number(value).rightJustified(width, '0');
+}
+
+bool isBreak(char byte) {
+    return byte == '\r' || byte == '\n';
+}
+
+} // namespace
+
+bool IsoFields::take(QByteArrayView record) {
+    m_right = m_damaged = false;
+    if (!record.isEmpty() && record.back() == recordEnd)
+        record = record.chopped(1);
+    bool usable = cut(record);
+    m_right = usable && entriesAgree(true);
+    if (m_right)
+        return takeEntries();
+    if (record.contains('\r') || record.contains('\n')) {
+        m_unwrapped.resize(record.size());
+        const auto end = std::remove_copy_if(record.begin(), record.end(), m_unwrapped.begin(), isBreak);
+        m_unwrapped.truncate(end - m_unwrapped.begin());
+        usable = cut(m_unwrapped);
+        m_right = usable && entriesAgree(true);
+    }
+    if (!usable)
+        return false;
+    if (m_right || entriesAgree(false))
+        return takeEntries();
+    m_damaged = true;
+    return tagsByPlaces();
+}
+
+// Leader, directory and the pieces between field terminators.
+bool IsoFields::cut(QByteArrayView record) {
+    const qsizetype end = record.indexOf(fieldEnd);
+    if (end < marc::leaderLength)
+        return false;
+    m_leader = record.first(marc::leaderLength);
+    m_directory = record.sliced(marc::leaderLength, end - marc::leaderLength);
+    m_body = record.sliced(end + 1);
+    m_pieces.clear();
+    for (QByteArrayView rest = m_body; !rest.isEmpty();) {
+        const qsizetype at = rest.indexOf(fieldEnd);
+        if (at < 0)
+            return false; // content that no terminator ends belongs to nobody
+        m_pieces.push_back(rest.first(at + 1));
+        rest = rest.sliced(at + 1);
+    }
+    readEntries();
+    return true;
+}
+
+void IsoFields::readEntries() {
+    m_entries.clear();
+    if (m_directory.size() % directoryEntryLength != 0)
+        return;
+    for (qsizetype at = 0; at < m_directory.size(); at += directoryEntryLength)
+        m_entries.push_back({m_directory.sliced(at, tagLength), number(m_directory.sliced(at + tagLength, lengthWidth)),
+                             number(m_directory.sliced(at + tagLength + lengthWidth, startWidth)), 0});
+}
+
+// Whether the entries, in the order of their starts, follow each other without a gap, as many as there are pieces. To
+// the byte: and are as long as those. Else they were right before the record was encoded anew.
+bool IsoFields::entriesAgree(bool toTheByte) {
+    if (m_entries.size() != m_pieces.size() || m_directory.size() % directoryEntryLength != 0)
+        return false;
+    std::vector<Entry *> byStart;
+    for (Entry &entry : m_entries)
+        byStart.push_back(&entry);
+    const auto start = [](const Entry *entry) { return entry->start; };
+    if (!std::ranges::is_sorted(byStart, {}, start))
+        std::ranges::sort(byStart, {}, start);
+    qint64 expected = 0;
+    for (std::size_t i = 0; i < byStart.size(); ++i) {
+        Entry &entry = *byStart[i];
+        if (entry.start != expected || entry.length <= 0 || !isTag(entry.tag))
+            return false;
+        if (toTheByte && entry.length != m_pieces[i].size())
+            return false;
+        expected += entry.length;
+        entry.piece = qsizetype(i);
+    }
+    return true;
+}
+
+bool IsoFields::takeEntries() {
+    m_tags.clear();
+    bool inOrder = true;
+    for (std::size_t i = 0; i < m_entries.size(); ++i) {
+        m_tags.append(m_entries[i].tag);
+        inOrder = inOrder && m_entries[i].piece == qsizetype(i);
+    }
+    m_data = m_body;
+    if (inOrder)
+        return true;
+    m_joined.clear();
+    for (const Entry &entry : m_entries)
+        m_joined.append(m_pieces[std::size_t(entry.piece)]);
+    m_data = m_joined;
+    return true;
+}
+
+// Each piece's true length and place are looked for in the directory, in their order; its tag stands ahead of them.
+// What lies between two that were found belongs to the pieces between them.
+bool IsoFields::tagsByPlaces() {
+    m_tags.clear();
+    qsizetype at = 0;      // in the directory
+    qsizetype waiting = 0; // pieces without a tag, up to the one at hand
+    qsizetype start = 0;
+    for (std::size_t i = 0; i < m_pieces.size(); ++i) {
+        const QByteArray place = padded(m_pieces[i].size(), lengthWidth) + padded(start, startWidth);
+        start += m_pieces[i].size();
+        const qsizetype found = m_directory.indexOf(place, at + tagLength);
+        if (found < 0) {
+            ++waiting;
+            continue;
+        }
+        const qsizetype tagAt = found - tagLength;
+        if (!takeStretch(m_directory.sliced(at, tagAt - at), qsizetype(i) - waiting, waiting) ||
+            !isTag(m_directory.sliced(tagAt, tagLength)))
+            return false;
+        m_tags.append(m_directory.sliced(tagAt, tagLength));
+        at = found + place.size();
+        waiting = 0;
+    }
+    m_data = m_body;
+    return takeStretch(m_directory.sliced(at), qsizetype(m_pieces.size()) - waiting, waiting);
+}
+
+bool IsoFields::takeStretch(QByteArrayView stretch, qsizetype firstPiece, qsizetype count) {
+    if (count == 0)
+        return stretch.isEmpty(); // else one tag or another is hit, or a field is gone
+    const bool whole = stretch.size() == count * directoryEntryLength;
+    if (!whole) {
+        // One entry with a byte too many or too few: its tag still stands where it was unless that is what was hit.
+        const QByteArray length = padded(m_pieces[std::size_t(firstPiece)].size(), lengthWidth);
+        const bool nearly = count == 1 && std::abs(stretch.size() - directoryEntryLength) == 1;
+        if (!nearly || (stretch.size() < directoryEntryLength && stretch.sliced(tagLength - 1).startsWith(length)))
+            return false;
+    }
+    for (qsizetype i = 0; i < count; ++i) {
+        const QByteArrayView tag = stretch.sliced(i * directoryEntryLength, tagLength);
+        if (!isTag(tag))
+            return false;
+        m_tags.append(tag);
+    }
+    return true;
+}
+
+} // namespace filetools

@@ -1,0 +1,41 @@
+// Records on their way out, in one of the forms that files have.
+#pragma once
+
+#include "filetools/tidyRecord.h"
+#include <QBuffer>
+#include <QXmlStreamWriter>
+
+namespace filetools {
+
+enum class TargetForm { GbkIso, Utf8Iso, MarcXml };
+
+// Whether the form can hold the character. U+FFFD stands for bytes that were none and is another matter.
+bool canHold(TargetForm form, char32_t character);
+
+// One record in the exchange layout, directory and lengths made anew. `data` are the record's fields, encoded.
+class IsoRecordBytes {
+public:
+    // Empty, or why the layout has no room for the record.
+    QString make(const TidyRecord &record, QByteArrayView data);
+    QByteArrayView bytes() const { return m_bytes; }
+
+private:
+    QByteArray m_bytes;
+};
+
+// MARCXML, one record after the other; the bytes are taken away as they gather.
+class MarcXmlWriter {
+public:
+    MarcXmlWriter();
+    void begin();
+    void add(const TidyRecord &record);
+    void end();
+    QByteArray take();
+
+private:
+    void addField(QByteArrayView tag, QStringView field);
+    QBuffer m_buffer;
+    QXmlStreamWriter m_xml;
+};
+
+} // namespace filetools

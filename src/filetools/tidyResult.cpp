@@ -1,0 +1,94 @@
+#include "filetools/tidyResult.h"
+#include "marc/fileSurvey.h"
+#include <QStringList>
+
+using namespace Qt::StringLiterals;
+
+namespace filetools {
+
+namespace {
+
+constexpr QStringView lineBreak = u"\r\n";
+
+// "第 1、7 条"
+QString placesOf(const Noted &noted) {
+    QStringList numbers;
+    for (const qint64 record : noted.records)
+        numbers.append(QString::number(record));
+    return u"第 "_s + numbers.join(u'、') + (noted.inMore ? u"……条"_s : u" 条"_s);
+}
+
+QString shownCharacter(char32_t character) {
+    const QString code = u"U+"_s + QString::number(uint(character), 16).toUpper().rightJustified(4, u'0');
+    return character < 0x20 ? code : QString::fromUcs4(&character, 1) + u"（"_s + code + u"）"_s;
+}
+
+QString lackingLines(const TidyResult &result) {
+    if (result.lacking.count == 0)
+        return {};
+    QString text = u"\r\n【写成“?”的字符】\r\n目标编码没有的字符 %1 处：\r\n"_s.arg(result.lacking.count);
+    for (const auto &[character, noted] : result.lackingByCharacter)
+        text += shownCharacter(character) + u"：%1 处，"_s.arg(noted.count) + placesOf(noted) + lineBreak;
+    if (result.lackingByCharacter.size() >= TidyResult::mostListed)
+        text += u"……\r\n"_s;
+    return text;
+}
+
+QString damageLines(const TidyResult &result) {
+    QString text;
+    if (result.damagedBytes.count > 0)
+        text += u"受损字节 %1 处："_s.arg(result.damagedBytes.count) + placesOf(result.damagedBytes) + lineBreak;
+    if (result.damagedDirectories.count > 0)
+        text += u"目次区损坏，按分隔符取出 %1 条："_s.arg(result.damagedDirectories.count) +
+                placesOf(result.damagedDirectories) + lineBreak;
+    return text.isEmpty() ? text : u"\r\n【受损】\r\n"_s + text;
+}
+
+QString unreadableLines(const TidyResult &result) {
+    if (result.unreadable.count == 0)
+        return {};
+    QString text =
+        u"\r\n【未能整理】\r\n%1 条，原样存入文件{%2}：\r\n"_s.arg(result.unreadable.count).arg(result.unreadableFile);
+    for (const auto &[record, why] : result.reasons)
+        text += u"第 %1 条："_s.arg(record) + why + lineBreak;
+    if (result.unreadable.count > result.reasons.size())
+        text += u"……\r\n"_s;
+    return text;
+}
+
+} // namespace
+
+void Noted::add(qint64 record, qint64 times) {
+    count += times;
+    if (!records.isEmpty() && records.last() == record)
+        return;
+    if (records.size() < most)
+        records.append(record);
+    else
+        inMore = true;
+}
+
+void TidyResult::addLacking(char32_t character, qint64 record) {
+    lacking.add(record);
+    if (lackingByCharacter.size() < mostListed || lackingByCharacter.contains(character))
+        lackingByCharacter[character].add(record);
+}
+
+void TidyResult::addUnreadable(qint64 record, const QString &why) {
+    constexpr qsizetype mostReasons = 100;
+    unreadable.add(record);
+    if (reasons.size() < mostReasons)
+        reasons.append({record, why});
+}
+
+QString report(const TidyResult &result, const QString &source) {
+    QString text = u"【源文件】\r\n文件{"_s + source + u"}（"_s + marc::encodingName(result.encoding) + u"）读到"_s +
+                   QString::number(result.in) + u"条记录！\r\n"_s;
+    if (result.broken)
+        text += u"XML 有错，在"_s + *result.broken + u"。只有前面的记录。\r\n"_s;
+    text +=
+        u"\r\n【目标文件】\r\n文件{"_s + result.target + u"}保存了"_s + QString::number(result.out) + u"条记录！\r\n"_s;
+    return text + unreadableLines(result) + lackingLines(result) + damageLines(result);
+}
+
+} // namespace filetools

@@ -1,0 +1,318 @@
+#include "filetools/tidyRun.h"
+#include "filetools/isoSource.h"
+#include "filetools/marcXmlSource.h"
+#include "platform/codepage936.h"
+#include "platform/paths.h"
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+#include <tuple>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+using marc::FileEncoding;
+using platform::Failure;
+using platform::Status;
+
+namespace filetools {
+
+namespace {
+
+constexpr qint64 bytesPerStep = 1 << 20;
+constexpr int looking = 20; // per cent of the work
+constexpr QByteArrayView lineEnd("\r\n");
+
+// `mark` goes between the name and its extension, which is `extension` where one is given.
+QString beside(const QString &target, const QString &mark, const QString &extension = {}) {
+    const qsizetype folder = platform::folderOf(target).size();
+    const qsizetype point = target.lastIndexOf(u'.');
+    const qsizetype end = point > folder ? point : target.size();
+    return target.first(end) + mark + (extension.isEmpty() ? target.sliced(end) : extension);
+}
+
+platform::Charset charsetOf(FileEncoding encoding) {
+    switch (encoding) {
+    case FileEncoding::Gb18030:
+        return platform::Charset::Gb18030;
+    case FileEncoding::Utf8:
+    case FileEncoding::Utf8WithBom:
+        return platform::Charset::Utf8;
+    case FileEncoding::Utf16Le:
+        return platform::Charset::Utf16Le;
+    case FileEncoding::Utf16Be:
+        return platform::Charset::Utf16Be;
+    default: // what cannot be told is read as the program would
+        return platform::Charset::Gbk;
+    }
+}
+
+// A field stands on one line.
+void blankBreaks(QString &text) {
+    if (text.contains(u'\n') || text.contains(u'\r'))
+        text.replace(u"\r\n"_s, u" "_s).replace(u'\r', u' ').replace(u'\n', u' ');
+}
+
+bool holdsAll(TargetForm form, const QString &text) {
+    if (form == TargetForm::GbkIso)
+        return platform::isEncodable(text);
+    return form == TargetForm::Utf8Iso ||
+           std::ranges::all_of(text, [](QChar unit) { return canHold(TargetForm::MarcXml, unit.unicode()); });
+}
+
+// Puts "?" for what the form cannot hold, and hands it back as it was met.
+QList<char32_t> replaceWhatLacks(TargetForm form, QString &text) {
+    QList<char32_t> lacking;
+    if (holdsAll(form, text))
+        return lacking;
+    QString held;
+    for (const char32_t character : text.toUcs4()) {
+        if (canHold(form, character)) {
+            held += QString::fromUcs4(&character, 1);
+        } else {
+            held += u'?';
+            lacking.append(character);
+        }
+    }
+    text = held;
+    return lacking;
+}
+
+Status moveOver(const QString &from, const QString &to) {
+    std::error_code error;
+    std::filesystem::rename(from.toStdU16String(), to.toStdU16String(), error);
+    if (!error)
+        return platform::success();
+    return Failure{QString::fromLocal8Bit(error.message().c_str()), error.value()};
+}
+
+} // namespace
+
+TidyFiles::TidyFiles(const QString &target)
+    : target(target)
+    , unreadable(beside(target, u".bad"_s))
+    , unreadableXml(beside(target, u".bad"_s, u".xml"_s))
+    , ahead(beside(target, u".part"_s)) {}
+
+QStringList TidyFiles::existing() const {
+    QStringList found;
+    for (const QString &path : {target, unreadable, unreadableXml, ahead}) {
+        if (platform::fileExists(path) && !found.contains(path))
+            found.append(path);
+    }
+    return found;
+}
+
+std::optional<QString> refuseTidy(const QString &source, const QString &target) {
+    if (source.isEmpty())
+        return u"请选择源文件！"_s;
+    if (!platform::fileExists(source))
+        return u"文件{"_s + source + u"}不存在！"_s;
+    if (target.isEmpty() || target.endsWith(platform::pathSeparator))
+        return u"请给出目标文件！"_s;
+    const TidyFiles files(target);
+    for (const QString &path : {files.target, files.unreadable, files.unreadableXml, files.ahead}) {
+        if (platform::isSameFile(source, path))
+            return u"目标文件不能是源文件，也不能写到源文件上！"_s;
+    }
+    return std::nullopt;
+}
+
+TidyRun::TidyRun(QString source, const QString &target, TargetForm form)
+    : m_source(std::move(source))
+    , m_files(target)
+    , m_form(form) {}
+
+Status TidyRun::open() {
+    auto survey = marc::FileSurvey::open(m_source);
+    if (!survey)
+        return survey.failure();
+    m_survey = std::move(survey).value();
+    m_size = m_survey->size();
+    return platform::success();
+}
+
+platform::Result<bool> TidyRun::step() {
+    return m_survey ? look() : work();
+}
+
+bool TidyRun::isXmlSource() const {
+    return m_result.encoding == FileEncoding::MarcXml || m_result.encoding == FileEncoding::MarcXchange;
+}
+
+bool TidyRun::isWideSource() const {
+    return m_result.encoding == FileEncoding::Utf16Le || m_result.encoding == FileEncoding::Utf16Be;
+}
+
+platform::Result<bool> TidyRun::look() {
+    const platform::Result<bool> more = m_survey->step();
+    if (!more)
+        return more.failure();
+    const marc::FileFacts facts = m_survey->facts();
+    m_result.encoding = facts.encoding;
+    if (more.value() && !isXmlSource())
+        return true;
+    m_survey.reset();
+    if (!isXmlSource() && facts.terminators == 0)
+        return Failure{u"文件{"_s + m_source + u"}不是机读目录文件：没有记录结束符，也不是 MARCXML"_s};
+    if (const Status begun = beginWork(); !begun)
+        return begun.failure();
+    return true;
+}
+
+// Out of XML the target is made under another name, since the XML may break off.
+Status TidyRun::beginWork() {
+    auto source =
+        isXmlSource() ? MarcXmlSource::open(m_source) : IsoSource::open(m_source, charsetOf(m_result.encoding));
+    if (!source)
+        return source.failure();
+    m_records = std::move(source).value();
+    auto target = platform::SavedFile::create(isXmlSource() ? m_files.ahead : m_files.target);
+    if (!target)
+        return target.failure();
+    m_target = std::move(target).value();
+    if (m_form == TargetForm::MarcXml)
+        m_xml.emplace().begin();
+    return platform::success();
+}
+
+platform::Result<bool> TidyRun::work() {
+    using Found = TidySource::Found;
+    const qint64 until = m_records->position() + bytesPerStep;
+    for (Found found = Found::Record; found != Found::NotYet && m_records->position() < until;) {
+        const platform::Result<Found> next = m_records->next();
+        if (!next)
+            return next.failure();
+        found = next.value();
+        if (found == Found::End)
+            return false;
+        Status done = platform::success();
+        if (found == Found::Record)
+            done = keep();
+        else if (found == Found::Unreadable)
+            done = setAside(m_records->why());
+        else if (found == Found::Piece)
+            done = writeAside(m_records->raw());
+        if (!done)
+            return done.failure();
+    }
+    return true;
+}
+
+// What was damaged in the record in hand.
+qint64 TidyRun::damagedInHand() {
+    const qint64 sofar = m_records->damagedBytes();
+    return sofar - std::exchange(m_damagedBefore, sofar);
+}
+
+Status TidyRun::keep() {
+    TidyRecord record = m_records->record();
+    blankBreaks(record.data);
+    const qint64 damaged = damagedInHand();
+    const QList<char32_t> lacking = replaceWhatLacks(m_form, record.data);
+    Status written = platform::success();
+    if (const QString why = write(record, written); !why.isEmpty())
+        return setAside(why);
+    const qint64 number = ++m_result.in;
+    ++m_result.out;
+    for (const char32_t character : lacking) {
+        if (character != QChar::ReplacementCharacter || damaged == 0) // else it stands for what was damaged
+            m_result.addLacking(character, number);
+    }
+    if (damaged > 0)
+        m_result.damagedBytes.add(number, damaged);
+    if (m_records->directoryDamaged())
+        m_result.damagedDirectories.add(number);
+    return written;
+}
+
+// Why the record has no room in the target's form, or nothing.
+QString TidyRun::write(const TidyRecord &record, Status &written) {
+    if (m_xml) {
+        m_xml->add(record);
+        written = m_target->write(m_xml->take());
+        return {};
+    }
+    const bool isGbk = m_form == TargetForm::GbkIso;
+    const QString why = m_iso.make(record, isGbk ? platform::encode(record.data) : record.data.toUtf8());
+    if (why.isEmpty() && (written = m_target->write(m_iso.bytes())))
+        written = m_target->write(lineEnd);
+    return why;
+}
+
+Status TidyRun::setAside(const QString &why) {
+    damagedInHand(); // is not told: its bytes are kept
+    m_result.addUnreadable(++m_result.in, why);
+    if (isXmlSource()) {
+        if (const Status opened = openAside(); !opened)
+            return opened;
+        TidyRecord record = m_records->record();
+        m_asideXml->add(record);
+        return writeAside(m_asideXml->take());
+    }
+    if (const Status kept = writeAside(m_records->raw()); !kept)
+        return kept;
+    const bool isBigEndian = m_result.encoding == FileEncoding::Utf16Be;
+    constexpr QByteArrayView wideBig("\0\r\0\n", 4);
+    constexpr QByteArrayView wideLittle("\r\0\n\0", 4);
+    return writeAside(!isWideSource() ? lineEnd : isBigEndian ? wideBig : wideLittle);
+}
+
+Status TidyRun::openAside() {
+    if (m_aside)
+        return platform::success();
+    m_result.unreadableFile = isXmlSource() ? m_files.unreadableXml : m_files.unreadable;
+    auto aside = platform::SavedFile::create(m_result.unreadableFile);
+    if (!aside)
+        return aside.failure();
+    m_aside = std::move(aside).value();
+    if (isXmlSource())
+        m_asideXml.emplace().begin();
+    return platform::success();
+}
+
+Status TidyRun::writeAside(QByteArrayView bytes) {
+    if (const Status opened = openAside(); !opened)
+        return opened;
+    return m_aside->write(bytes);
+}
+
+// The file beside first: if the target then fails it is taken away again, and nothing is left.
+Status TidyRun::close() {
+    m_result.broken = m_records->broken();
+    m_result.target = m_result.broken ? m_files.ahead : m_files.target;
+    if (const Status ended = endXml(); !ended)
+        return ended;
+    if (m_aside) {
+        if (const Status kept = m_aside->commit(); !kept)
+            return kept;
+    }
+    Status done = m_target->commit();
+    if (done && isXmlSource() && !m_result.broken)
+        done = moveOver(m_files.ahead, m_files.target);
+    if (!done && m_aside)
+        std::ignore = platform::removeFile(m_result.unreadableFile);
+    m_target.reset();
+    m_aside.reset();
+    return done;
+}
+
+Status TidyRun::endXml() {
+    if (m_asideXml) {
+        m_asideXml->end();
+        if (const Status written = m_aside->write(m_asideXml->take()); !written)
+            return written;
+    }
+    if (!m_xml)
+        return platform::success();
+    m_xml->end();
+    return m_target->write(m_xml->take());
+}
+
+int TidyRun::percent() const {
+    const auto share = [this](qint64 position, int of) { return m_size > 0 ? int(position * of / m_size) : of; };
+    if (m_survey)
+        return share(m_survey->position(), looking);
+    return m_records ? looking + share(m_records->position(), 100 - looking) : 0;
+}
+
+} // namespace filetools

@@ -1,0 +1,283 @@
+#include "filetools/files.h"
+#include "filetools/isoSource.h"
+#include "filetools/tidyRun.h"
+#include "support/fullDisk.h"
+#include "support/recordText.h"
+#include <QProcess>
+#include <QStandardPaths>
+#include <QStringConverter>
+
+using namespace filetools;
+using files::Folder;
+
+namespace {
+
+// Runs to the end; what failed, or empty.
+QString run(TidyRun &tidy) {
+    platform::Status status = tidy.open();
+    while (status) {
+        const platform::Result<bool> more = tidy.step();
+        if (!more)
+            return more.failure().description;
+        if (!more.value()) {
+            status = tidy.close();
+            break;
+        }
+    }
+    return status ? QString() : status.failure().description;
+}
+
+struct Tidied {
+    TidyResult result;
+    QByteArray bytes;
+};
+
+Tidied tidied(const Folder &folder, const QByteArray &source, TargetForm form = TargetForm::GbkIso) {
+    TidyRun tidy(folder.write(u"source.iso"_s, source), folder.path(u"t.iso"_s), form);
+    EXPECT_EQ(run(tidy), QString());
+    return {tidy.result(), folder.read(u"t.iso"_s)};
+}
+
+QByteArray sample() {
+    QFile file(QStringLiteral(SAMPLE_FILE));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    return file.readAll();
+}
+
+QByteArray converted(const QString &text, QStringConverter::Encoding encoding) {
+    return QStringEncoder(encoding, QStringConverter::Flag::WriteBom)(text);
+}
+
+// The fields as a general tool by others tells them: it stops at line ends, so that they are left out.
+QByteArray judged(const Folder &folder, QByteArray records, const QString &charset) {
+    QProcess tool;
+    tool.start(u"yaz-marcdump"_s,
+               {u"-f"_s, charset, u"-t"_s, u"utf-8"_s, folder.write(u"judged"_s, records.replace("\r\n", ""))});
+    EXPECT_TRUE(tool.waitForFinished());
+    QByteArray fields;
+    for (const QByteArray &line : tool.readAllStandardOutput().split('\n')) {
+        EXPECT_FALSE(line.startsWith('(')) << line.toStdString(); // how it complains
+        const bool isLeader = line.size() > 5 && line[3] != ' ';
+        fields += (isLeader ? line.mid(5, 7) + line.mid(17) : line) + '\n';
+    }
+    return fields;
+}
+
+} // namespace
+
+TEST(Tidy, EachFormComesToTheSameRecordsAsTheSource) {
+    const QByteArray gbk = sample();
+    const QString text = platform::decode(gbk);
+    const QByteArray bare = QByteArray(gbk).replace("\r\n", "");
+    const Folder folder;
+    ASSERT_TRUE(tidied(folder, gbk).bytes == gbk) << "what is tidy stays as it is";
+    const QString inline8 = QString(text).remove(u"\r\n"_s);
+    const std::pair<const char *, QByteArray> forms[] = {
+        {"no line ends", bare},
+        {"line feeds", QByteArray(gbk).replace("\r\n", "\n")},
+        {"wrapped", QByteArray(gbk).replace("\x1E", "\x1E\r\n")},
+        {"UTF-8 without line ends", inline8.toUtf8()},
+        {"UTF-8 with a mark", converted(text, QStringConverter::Utf8)},
+        {"UTF-16 LE", converted(inline8, QStringConverter::Utf16LE)},
+        {"UTF-16 BE, no mark", converted(text, QStringConverter::Utf16BE).mid(2)},
+        {"GB18030", bare + platform::encode(recordOf(u"200=10$a甲"_s)).replace("\xBC\xD7", "\x95\x32\xB7\x36")},
+    };
+    for (const auto &[what, bytes] : forms) {
+        Tidied made = tidied(folder, bytes);
+        const bool isMore = QByteArray(what) == "GB18030";
+        EXPECT_EQ(made.result.lacking.count, isMore);
+        EXPECT_EQ(made.result.out, gbk.count('\x1D') + isMore) << what;
+        EXPECT_TRUE(made.bytes.startsWith(gbk) && made.bytes.size() < gbk.size() + 100) << what;
+        EXPECT_EQ(made.result.unreadable.count + made.result.damagedBytes.count, 0) << what;
+        EXPECT_EQ(folder.names(), QStringList{u"t.iso"_s});
+    }
+    const QByteArray utf8 = tidied(folder, gbk, TargetForm::Utf8Iso).bytes;
+    const QByteArray xml = tidied(folder, gbk, TargetForm::MarcXml).bytes;
+    EXPECT_TRUE(tidied(folder, utf8).bytes == gbk) << "out and in again";
+    // Lengths and addresses are made anew, the rest of the leader comes back.
+    EXPECT_TRUE(tidied(folder, xml).bytes == gbk) << "as XML and in again";
+    if (QStandardPaths::findExecutable(u"yaz-marcdump"_s).isEmpty())
+        GTEST_SKIP() << "yaz-marcdump is not installed";
+    const QByteArray fields = judged(folder, gbk, u"cp936"_s);
+    EXPECT_GT(fields.count('\n'), 1000);
+    EXPECT_TRUE(judged(folder, utf8, u"utf-8"_s) == fields);
+    QProcess tool;
+    tool.start(u"yaz-marcdump"_s, {u"-i"_s, u"marcxml"_s, u"-o"_s, u"marc"_s, folder.write(u"judged.xml"_s, xml)});
+    ASSERT_TRUE(tool.waitForFinished());
+    EXPECT_TRUE(judged(folder, tool.readAllStandardOutput(), u"utf-8"_s) == fields) << "the XML";
+}
+
+TEST(Tidy, WhatIsLostIsToldByCharacterAndRecord) {
+    const Folder folder;
+    const QString lost = recordOf(u"200=10$a〇𠮷ê𠮷"_s) + recordOf(u"200=10$a𠮷"_s) + recordOf(u"200=10$ax\r\ny"_s);
+    const QByteArray damaged = recordOf(u"200=10$a数据$f库"_s).toUtf8().replace("\xE6\x95\xB0", "\xE6\x95");
+    const Tidied gbk = tidied(folder, lost.toUtf8() + damaged + recordOf(u"200=10$a\uFFFD"_s).toUtf8());
+    QString expected;
+    for (const QString &title : {u"〇?ê?"_s, u"?"_s, u"x y"_s, u"?据$f库"_s, u"?"_s})
+        expected += recordOf(QString(u"200=10$a"_s + title)) + u"\r\n";
+    EXPECT_EQ(platform::decode(gbk.bytes), expected);
+    EXPECT_EQ(report(gbk.result, u"s"_s),
+              QString(u"【源文件】\r\n文件{s}（UTF-8）读到5条记录！\r\n\r\n【目标文件】\r\n文件{"_s +
+                      folder.path(u"t.iso"_s) +
+                      u"}保存了5条记录！\r\n\r\n【写成“?”的字符】\r\n目标编码没有的字符 4 处：\r\n\uFFFD（U+FFFD）：1 "
+                      u"处，第 5 条\r\n"
+                      u"𠮷（U+20BB7）：3 处，第 1、2 条\r\n\r\n【受损】\r\n受损字节 1 处：第 4 条\r\n"));
+
+    // XML cannot hold most control characters; the exchange layout in UTF-8 holds everything.
+    const QByteArray odd = recordOf(u"200=10$a\u0001甲<&\"|300=stray|310=  $|001=\u001Fa"_s).toUtf8();
+    const Tidied xml = tidied(folder, odd, TargetForm::MarcXml);
+    EXPECT_EQ(xml.result.lackingByCharacter.begin()->first, 1U);
+    const QByteArray back = tidied(folder, xml.bytes, TargetForm::Utf8Iso).bytes;
+    EXPECT_EQ(back.mid(back.indexOf('\x1E')), "\x1E\x31\x30\x1F"
+                                              "a?甲<&\"\x1Estray\x1E  \x1F\x1E  \x1F"
+                                              "a\x1E\x1D\r\n");
+    EXPECT_EQ(tidied(folder, lost.toUtf8(), TargetForm::Utf8Iso).result.lacking.count, 0);
+}
+
+TEST(Tidy, DamagedDirectoriesAreMadeAnewOrTheRecordIsKeptAsItIs) {
+    const QByteArray good = platform::encode(recordOf(u"001=x|200=10$a甲$f乙|606=  $a丙|905=  $a丁"_s));
+    const auto without = [&](qsizetype at, qsizetype count = 1) { return QByteArray(good).remove(at, count); };
+    const auto swapped = [&]() -> QByteArray { // the entries of 200 and 606
+        return good.first(36) + good.sliced(48, 12) + good.sliced(36, 12) + good.sliced(60);
+    };
+    const std::tuple<const char *, QByteArray, bool, bool> rows[] = {
+        {"right", good, true, false},
+        {"no terminator at the file's end", good.chopped(1), true, false},
+        {"lengths of another encoding", QByteArray(good).replace(40, 8, "80000500"), true, true},
+        {"a digit of a length lost", without(41), true, true},
+        {"the last digit lost", without(71), true, true},
+        {"a byte too many", QByteArray(good).insert(52, 'x'), true, true},
+        {"a byte too many in a tag", QByteArray(good).insert(50, 'x'), false, false},
+        {"starts that are none", QByteArray(good).replace(43, 5, "?????"), true, true},
+        {"a tag hit", without(37), false, false},
+        {"a whole entry gone", without(36, 12), false, false},
+        {"two entries hit unevenly", without(65).remove(53, 1), false, false},
+        {"a field without its end", QByteArray(good).replace("\xB6\xA1\x1E", "\xB6\xA1"), false, false},
+        {"no field terminator", QByteArray(good).replace('\x1E', ' '), false, false},
+        {"shorter than a leader", QByteArray("x\x1E\x1D"), false, false},
+        {"entries in another order", swapped(), true, false},
+    };
+    const Folder folder;
+    for (const auto &[what, bytes, usable, found] : rows) {
+        const Tidied made = tidied(folder, good + bytes);
+        EXPECT_EQ(made.result.in, 2) << what;
+        EXPECT_EQ(made.result.out, 1 + usable) << what;
+        EXPECT_EQ(made.result.damagedDirectories.count, found) << what;
+        if (!usable) {
+            EXPECT_EQ(folder.read(u"t.bad.iso"_s), bytes + "\r\n") << what;
+        } else if (QByteArray(what).startsWith("entries")) {
+            EXPECT_TRUE(made.bytes.contains("x\x1E  \x1F"
+                                            "a\xB1\xFB\x1E"
+                                            "10"))
+                << made.bytes.toStdString();
+        } else {
+            EXPECT_EQ(made.bytes, good + "\r\n" + good + "\r\n") << what;
+        }
+        QFile::remove(folder.path(u"t.bad.iso"_s));
+    }
+}
+
+TEST(Tidy, WhatTheLayoutCannotHoldIsKeptBesideByteForByte) {
+    const Folder folder;
+    const QString good = recordOf(u"200=10$a甲"_s);
+    const auto oneField = [](const QString &field) -> QString {
+        return u"00000nam0 2200000   450 200000100000\u001E"_s + field + u"\u001E\u001D";
+    };
+    const QString longField = oneField(QString(9'999, u'f')), longRecord = oneField(QString(200'000, u'r'));
+    const QString fits = oneField(QString(4'999, u'字')); // 9,999 bytes of GBK with its end, 14,998 of UTF-8
+    const QString endless = oneField(QString(3 * IsoSource::longest, u'字'));
+    const Tidied made = tidied(folder, (good + longField + fits + longRecord + endless + good).toUtf8());
+    EXPECT_EQ(made.result.out, 3);
+    EXPECT_TRUE(folder.read(u"t.bad.iso"_s) ==
+                longField.toUtf8() + "\r\n" + longRecord.toUtf8() + "\r\n" + endless.toUtf8() + "\r\n");
+    EXPECT_TRUE(report(made.result, {})
+                    .contains(u"【未能整理】\r\n3 条，原样存入文件{"_s + folder.path(u"t.bad.iso"_s) +
+                              u"}：\r\n第 2 条：字段 200 有 10000 字节，长过 9999 字节\r\n"
+                              u"第 4 条：200039 字节，长过 99999 字节\r\n第 5 条：太长\r\n"))
+        << report(made.result, {}).toStdString();
+    const QByteArray wide = converted(longField + good, QStringConverter::Utf16BE);
+    EXPECT_EQ(tidied(folder, wide).result.out, 1);
+    EXPECT_TRUE(folder.read(u"t.bad.iso"_s) == wide.sliced(2, 2 * longField.size()) + QByteArray("\0\r\0\n", 4));
+    // What has room in XML, and not on the way back.
+    const QByteArray xml = tidied(folder, (good + longField).toUtf8(), TargetForm::MarcXml).bytes;
+    EXPECT_EQ(tidied(folder, xml).result.out, 1);
+    EXPECT_EQ(tidied(folder, folder.read(u"t.bad.xml"_s), TargetForm::MarcXml).result.out, 1);
+}
+
+TEST(Tidy, XmlIsReadInBothKindsAndUpToItsBreak) {
+    const Folder folder;
+    const QByteArray record = R"(<m:record><m:leader>00000nam0 2200000   450 </m:leader>
+      <m:controlfield tag="001">x</m:controlfield>
+      <m:datafield tag="200" ind1="1" ind2="0"><m:subfield code="a">甲 &amp;
+乙</m:subfield></m:datafield>
+      <m:datafield tag="461" ind1=" " ind2="0"><m:subfield code="1"><m:datafield tag="200" ind1="1" ind2=" ">
+        <m:subfield code="a">丙</m:subfield></m:datafield></m:subfield></m:datafield></m:record>)";
+    const QByteArray head = R"(<?xml version="1.0" encoding="UTF-8"?>
+<m:collection xmlns:m="info:lc/xmlns/marcxchange-v2">)";
+    const QByteArray line = platform::encode(recordOf(u"001=x|200=10$a甲 & 乙|461= 0$12001 $a丙"_s)) + "\r\n";
+    const Tidied whole = tidied(folder, head + record + record + "</m:collection>");
+    EXPECT_EQ(whole.result.encoding, marc::FileEncoding::MarcXchange);
+    EXPECT_EQ(whole.bytes, line + line);
+    EXPECT_EQ(folder.names(), QStringList{u"t.iso"_s});
+    const QString utf16 = QString::fromUtf8(head + record + "</m:collection>").replace(u"UTF-8"_s, u"UTF-16"_s);
+    EXPECT_EQ(tidied(folder, converted(utf16, QStringConverter::Utf16LE)).bytes, line);
+    const QString gbk = QString::fromUtf8(head + record + "</m:collection>").replace(u"UTF-8"_s, u"GB2312"_s);
+    EXPECT_EQ(tidied(folder, platform::encode(gbk)).bytes, line);
+    const QByteArray wrongTag = QByteArray(record).replace("\"001\"", "\"0001\"");
+    EXPECT_EQ(tidied(folder, head + wrongTag + record + "</m:collection>").bytes, line);
+    EXPECT_TRUE(folder.read(u"t.bad.xml"_s).contains("丙"));
+
+    const Tidied hurt =
+        tidied(folder, head + record + QByteArray(record).replace("丙", "\xE4\xB8") + "</m:collection>");
+    EXPECT_EQ(hurt.bytes,
+              line + QByteArray(line).replace("\xB1\xFB", "?").replace("00090", "00089").replace("4610014", "4610013"));
+    EXPECT_EQ(hurt.result.damagedBytes.records, QList<qint64>{2});
+    // What stands ahead of the break is a file of its own name, and the target's stays as it was.
+    const std::pair<QByteArray, QString> breaks[] = {{"</m:collectoin>", u"第 8 行第 15 列"_s},
+                                                     {"<m:record>", u"第 8 行第 10 列：文件没有完"_s},
+                                                     {"\x01<m:record>", u"第 8 行第 1 列"_s}};
+    for (const auto &[tail, place] : breaks) {
+        folder.write(u"t.iso"_s, "kept");
+        const Tidied made = tidied(folder, head + record + "\n" + tail);
+        EXPECT_EQ(made.bytes, "kept");
+        EXPECT_EQ(folder.read(u"t.part.iso"_s), line);
+        EXPECT_TRUE(report(made.result, {}).contains(u"XML 有错，在"_s + place))
+            << report(made.result, {}).toStdString();
+    }
+}
+
+TEST(Tidy, AFailureOrAStopLeavesNothingBehind) {
+    const Folder folder;
+    const QByteArray bad = platform::encode(recordOf(u"200=10$a甲"_s)).replace('\x1E', ' ');
+    const QString source = folder.write(u"source.iso"_s, QByteArray(sample() + bad).repeated(30));
+    const QString target = folder.write(u"t.iso"_s, "kept");
+    {
+        TidyRun stopped(source, target, TargetForm::MarcXml);
+        ASSERT_TRUE(stopped.open());
+        while (stopped.result().out == 0)
+            ASSERT_TRUE(stopped.step().value());
+        EXPECT_TRUE(stopped.percent() > 20 && stopped.percent() < 100) << stopped.percent();
+    }
+    EXPECT_EQ(folder.names(), QStringList{u"t.iso"_s});
+    for (const auto form : {TargetForm::GbkIso, TargetForm::MarcXml}) {
+        TidyRun full(source, target, form);
+        const FullDisk disk(100'000);
+        EXPECT_NE(run(full), QString());
+    }
+    {
+        TidyRun grows(source, target, TargetForm::GbkIso);
+        ASSERT_TRUE(grows.open() && grows.step());
+        QFile(source).resize(50);
+        EXPECT_TRUE(run(grows).contains(u"没有记录结束符"_s));
+    }
+    TidyRun none(folder.write(u"source.iso"_s, "no record"), target, TargetForm::GbkIso);
+    EXPECT_TRUE(run(none).contains(u"不是机读目录文件"_s));
+    TidyRun nowhere(source, folder.path(u"none/t.iso"_s), TargetForm::GbkIso);
+    EXPECT_NE(run(nowhere), QString());
+    EXPECT_EQ(folder.names(), QStringList{u"t.iso"_s});
+    EXPECT_EQ(folder.read(u"t.iso"_s), "kept");
+    EXPECT_EQ(refuseTidy(source, folder.path(u"./source.iso"_s)), u"目标文件不能是源文件，也不能写到源文件上！"_s);
+    EXPECT_EQ(refuseTidy(folder.write(u"a.bad.iso"_s, "x"), folder.path(u"a.iso"_s)),
+              u"目标文件不能是源文件，也不能写到源文件上！"_s);
+    EXPECT_FALSE(refuseTidy(source, target));
+}
