@@ -155,8 +155,9 @@ void IsoSource::decode(QByteArrayView data, qsizetype fields) {
         m_record.data = QString::fromUtf8(data);
         return;
     }
+    const qint64 before = m_decoder.damaged();
     m_record.data = m_decoder.decode(data);
-    if (m_record.data.count(QChar(marc::fieldTerminator)) == fields)
+    if (m_decoder.damaged() == before || m_record.data.count(QChar(marc::fieldTerminator)) == fields)
         return;
     m_record.data.clear();
     for (qsizetype at = 0; at < data.size();) {

@@ -64,9 +64,8 @@ QString IsoRecordBytes::make(const TidyRecord &record, QByteArrayView data) {
     return {};
 }
 
-MarcXmlWriter::MarcXmlWriter() {
-    m_buffer.open(QIODevice::WriteOnly);
-    m_xml.setDevice(&m_buffer);
+MarcXmlWriter::MarcXmlWriter()
+    : m_xml(&m_text) {
     m_xml.setAutoFormatting(true);
     m_xml.setAutoFormattingIndent(1);
 }
@@ -126,9 +125,8 @@ void MarcXmlWriter::end() {
 }
 
 QByteArray MarcXmlWriter::take() {
-    const QByteArray bytes = m_buffer.data();
-    m_buffer.buffer().clear();
-    m_buffer.seek(0);
+    const QByteArray bytes = m_text.toUtf8();
+    m_text.resize(0); // keeps its room
     return bytes;
 }
 

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "filetools/tidyRecord.h"
-#include <QBuffer>
 #include <QXmlStreamWriter>
 
 namespace filetools {
@@ -34,7 +33,7 @@ public:
 
 private:
     void addField(QByteArrayView tag, QStringView field);
-    QBuffer m_buffer;
+    QString m_text;
     QXmlStreamWriter m_xml;
 };
 

@@ -24,15 +24,15 @@ constexpr bool isTrail(uchar byte) {
     return byte >= 0x40 && byte <= 0xFE && byte != 0x7F;
 }
 
-// A record has so many digits and signs in its leader and directory that one half of the bytes is full of zeros.
+// A file of records begins with digits or signs, which leave one half of the two bytes zero.
 FileEncoding wideByZeros(QByteArrayView start) {
+    constexpr qsizetype units = 5;
     qsizetype zeros[2] = {0, 0};
-    for (qsizetype i = 0; i < start.size(); ++i)
+    for (qsizetype i = 0; i < std::min(2 * units, start.size()); ++i)
         zeros[i % 2] += start[i] == 0;
-    const qsizetype many = start.size() / 10;
-    if (zeros[1] > many && zeros[0] < zeros[1] / 4)
+    if (zeros[1] == units && zeros[0] == 0)
         return FileEncoding::Utf16Le;
-    if (zeros[0] > many && zeros[1] < zeros[0] / 4)
+    if (zeros[0] == units && zeros[1] == 0)
         return FileEncoding::Utf16Be;
     return FileEncoding::Unknown;
 }
@@ -77,7 +77,23 @@ qsizetype plainAhead(const char *from, const char *end) {
 
 } // namespace
 
-void GbkShape::take(uchar byte) {
+// The usual pair is taken at once, what is unusual byte by byte.
+void GbkShape::take(QByteArrayView bytes) {
+    const char *at = bytes.begin();
+    const char *const end = bytes.end();
+    while (at < end) {
+        if (m_place == Place::Between) {
+            at += plainAhead(at, end);
+            for (; end - at >= 2 && isLead(uchar(at[0])) && isTrail(uchar(at[1])); at += 2)
+                ++pairs;
+            if (at == end)
+                break;
+        }
+        takeByte(uchar(*at++));
+    }
+}
+
+void GbkShape::takeByte(uchar byte) {
     const Place before = m_place;
     m_place = Place::Between;
     if (before == Place::BehindLead && isTrail(byte)) {
@@ -100,7 +116,25 @@ void GbkShape::take(uchar byte) {
     }
 }
 
-void Utf8Shape::take(uchar byte) {
+void Utf8Shape::take(QByteArrayView bytes) {
+    const char *at = bytes.begin();
+    const char *const end = bytes.end();
+    const auto follows = [](char byte) { return (uchar(byte) & 0xC0) == 0x80; };
+    while (at < end) {
+        if (m_left == 0) {
+            at += plainAhead(at, end);
+            // The leads of three bytes that have no bounds of their own, which Chinese has nearly always.
+            for (; end - at >= 3 && uchar(at[0]) > 0xE0 && uchar(at[0]) < 0xED && follows(at[1]) && follows(at[2]);
+                 at += 3)
+                ++longForms;
+            if (at == end)
+                break;
+        }
+        takeByte(uchar(*at++));
+    }
+}
+
+void Utf8Shape::takeByte(uchar byte) {
     if (m_left > 0 && byte >= m_low && byte <= m_high) {
         m_low = 0x80;
         m_high = 0xBF;
@@ -132,17 +166,20 @@ void EncodingGuess::take(QByteArrayView bytes) {
     m_begun = true;
     if (m_certain != FileEncoding::Unknown)
         return;
-    const char *at = bytes.begin();
-    while (at < bytes.end()) {
-        if (m_gbk.idle() && m_utf8.idle()) {
-            at += plainAhead(at, bytes.end());
-            if (at == bytes.end())
-                break;
-        }
-        m_gbk.take(uchar(*at));
-        m_utf8.take(uchar(*at));
-        ++at;
-    }
+    if (!isSurelyUtf8())
+        m_gbk.take(bytes);
+    if (!isSurelyNotUtf8())
+        m_utf8.take(bytes);
+}
+
+bool EncodingGuess::isSurelyUtf8() const {
+    constexpr qint64 many = 1000;
+    return m_utf8.longForms > many && m_utf8.longForms > many * m_utf8.damaged;
+}
+
+bool EncodingGuess::isSurelyNotUtf8() const {
+    constexpr qint64 many = 1000;
+    return m_utf8.damaged > many && m_utf8.damaged > m_utf8.twoByteForms + m_utf8.longForms;
 }
 
 FileEncoding EncodingGuess::guess() const {
@@ -153,6 +190,8 @@ FileEncoding EncodingGuess::guess() const {
 // first. A word or two of two-byte forms may be either, and here they are rather Chinese.
 FileEncoding EncodingGuess::guessByShape() const {
     constexpr qint64 few = 4;
+    if (isSurelyUtf8())
+        return FileEncoding::Utf8;
     const qint64 utf8Forms = m_utf8.twoByteForms + m_utf8.longForms;
     const bool mayBeGbk = m_gbk.damaged == 0 && m_utf8.longForms == 0 && m_utf8.twoByteForms < few;
     if (utf8Forms > 4 * m_utf8.damaged && !mayBeGbk)

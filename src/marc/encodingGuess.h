@@ -11,14 +11,14 @@ enum class FileEncoding { Unknown, Gbk, Gb18030, Utf8, Utf8WithBom, Utf16Le, Utf
 // Follows pairs of GBK and the four-byte forms that GB18030 adds.
 class GbkShape {
 public:
-    void take(uchar byte);
-    bool idle() const { return m_place == Place::Between; }
+    void take(QByteArrayView bytes);
 
     qint64 pairs = 0;
     qint64 fourByteForms = 0;
     qint64 damaged = 0;
 
 private:
+    void takeByte(uchar byte);
     enum class Place { Between, BehindLead, BehindDigit, BehindSecondLead };
     Place m_place = Place::Between;
 };
@@ -26,14 +26,14 @@ private:
 // Follows the sequences of UTF-8.
 class Utf8Shape {
 public:
-    void take(uchar byte);
-    bool idle() const { return m_left == 0; }
+    void take(QByteArrayView bytes);
 
     qint64 twoByteForms = 0;
     qint64 longForms = 0; // three bytes and more, as Chinese has them
     qint64 damaged = 0;
 
 private:
+    void takeByte(uchar byte);
     void begin(uchar byte);
     int m_length = 0;
     int m_left = 0;
@@ -50,6 +50,8 @@ public:
 
 private:
     FileEncoding guessByShape() const;
+    bool isSurelyUtf8() const;
+    bool isSurelyNotUtf8() const;
     bool m_begun = false;
     FileEncoding m_certain = FileEncoding::Unknown; // known from the beginning of the file
     GbkShape m_gbk;

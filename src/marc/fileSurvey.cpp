@@ -143,8 +143,8 @@ void FileSurvey::take(QByteArrayView bytes) {
 }
 
 void FileSurvey::takeNarrow(QByteArrayView bytes) {
-    m_terminators += std::count(bytes.begin(), bytes.end(), char(recordTerminator));
-    m_lineFeeds += std::count(bytes.begin(), bytes.end(), '\n');
+    m_terminators += platform::countByte(bytes, char(recordTerminator));
+    m_lineFeeds += platform::countByte(bytes, '\n');
     m_pairs += std::exchange(m_behindCarriageReturn, false) && bytes.front() == '\n';
     for (const char *at = bytes.begin(); (at = find(at, bytes.end(), '\r')) != bytes.end();) {
         ++m_carriageReturns;

@@ -12,6 +12,9 @@ class QSaveFile;
 
 namespace platform {
 
+// How many of the bytes are `wanted`.
+qint64 countByte(QByteArrayView bytes, char wanted);
+
 // Reads a plain file from its start to its end.
 class ByteReader {
 public:

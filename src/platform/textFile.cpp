@@ -1,4 +1,5 @@
 #include "platform/textFile.h"
+#include "platform/byteFile.h"
 #include "platform/codepage936.h"
 #include "platform/plainFile.h"
 #include <QFile>
@@ -13,22 +14,6 @@ namespace {
 
 constexpr qsizetype blockSize = 1 << 18;
 constexpr qsizetype gatherSize = 1 << 20; // a split in pieces of this size takes an eighth less than in quarters of it
-
-// How many of the bytes are `wanted`. Counted in stretches so short that a byte holds each one's number: compilers turn
-// that into a few instructions for sixteen bytes.
-qint64 countByte(QByteArrayView bytes, char wanted) {
-    constexpr qsizetype stretch = 240;
-    qint64 total = 0;
-    while (!bytes.isEmpty()) {
-        const QByteArrayView part = bytes.first(std::min(stretch, bytes.size()));
-        quint8 count = 0;
-        for (const char byte : part)
-            count = quint8(count + (byte == wanted));
-        total += count;
-        bytes = bytes.sliced(part.size());
-    }
-    return total;
-}
 
 } // namespace
 

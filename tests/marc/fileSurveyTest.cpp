@@ -85,6 +85,10 @@ TEST(FileSurvey, CountsWhatTheReaderReadsWhateverTheDamage) {
         EXPECT_EQ(std::pair(facts.readable, facts.damagedDirectories), byReading(file.filePath()))
             << file.fileName().toStdString();
     }
+    // A head that is measured piece by piece, with characters across the pieces: a directory that is whole.
+    const QByteArray longHead = 'x' + QByteArray("\xB0\xA1").repeated(300'011) + "\x1E\x1D";
+    const QString path = folder.file(u"r"_s, longHead);
+    EXPECT_EQ(std::pair(survey(path).readable, survey(path).damagedDirectories), byReading(path));
     Dice dice(1);
     const QList<QByteArray> pieces{"\x1D",
                                    "\x1E",
@@ -103,13 +107,24 @@ TEST(FileSurvey, CountsWhatTheReaderReadsWhateverTheDamage) {
     for (int round = 0; round < 600; ++round) {
         const auto bytes = dice.text<QByteArray>(pieces, 40);
         ReadableCount count;
+        GbkShape gbk[2];
+        Utf8Shape utf8[2];
         for (qsizetype at = 0; at < bytes.size();) {
             const qsizetype size = std::min<qsizetype>(1 + dice.below(9), bytes.size() - at);
-            count.take(QByteArrayView(bytes).sliced(at, size));
+            const QByteArrayView slice = QByteArrayView(bytes).sliced(at, size);
+            count.take(slice);
+            gbk[0].take(slice);
+            utf8[0].take(slice);
             at += size;
         }
         ASSERT_EQ(std::pair(count.records, count.damagedDirectories), byReading(folder.file(u"r"_s, bytes)))
             << bytes.toPercentEncoding().toStdString();
+        gbk[1].take(bytes);
+        utf8[1].take(bytes);
+        for (const auto part : {&GbkShape::pairs, &GbkShape::fourByteForms, &GbkShape::damaged})
+            ASSERT_EQ(gbk[0].*part, gbk[1].*part) << bytes.toPercentEncoding().toStdString();
+        for (const auto part : {&Utf8Shape::twoByteForms, &Utf8Shape::longForms, &Utf8Shape::damaged})
+            ASSERT_EQ(utf8[0].*part, utf8[1].*part) << bytes.toPercentEncoding().toStdString();
     }
 }
 
