@@ -9,7 +9,7 @@
 
 namespace filetools {
 
-enum class Field { None, Source, Limit };
+enum class Field { None, Source, Target, Limit };
 
 struct Refusal {
     QString text; // of the box; empty: nothing is said

@@ -81,14 +81,19 @@ platform::Result<TidySource::Found> MarcXmlSource::feed() {
     m_fedForToken += bytes.size();
     if (bytes.isEmpty() || m_fedForToken > mostForToken)
         return breakOff(bytes.isEmpty() ? u"文件没有完"_s : u"一处太长"_s);
-    if (!std::exchange(m_begun, true)) {
+    const bool isStart = !std::exchange(m_begun, true);
+    if (isStart) {
         if (const platform::Status begun = begin(bytes); !begun)
             return begun.failure();
     }
-    if (m_decoder)
-        m_xml.addData(m_decoder->decode(bytes, true).remove(QChar::ByteOrderMark));
-    else
+    if (!m_decoder) {
         m_xml.addData(bytes.toByteArray());
+        return Found::NotYet;
+    }
+    QString text = m_decoder->decode(bytes, true);
+    if (isStart && text.startsWith(QChar(QChar::ByteOrderMark)))
+        text.remove(0, 1);
+    m_xml.addData(text);
     return Found::NotYet;
 }
 
@@ -133,11 +138,9 @@ void MarcXmlSource::startElement() {
         startField(true);
         m_text = Text::None;
     } else if (name == "subfield"_L1 && m_fieldDepth > 0) {
-        // A blank for the code stands for what a field holds ahead of its first subfield.
+        // A blank for the first one's code stands for what a field holds ahead of its first subfield.
         const auto code = m_xml.attributes().value("code"_L1);
-        const bool behindIndicators =
-            m_record.data.size() < 3 || m_record.data.at(m_record.data.size() - 3) == QChar(marc::fieldTerminator);
-        if (code != " "_L1 || !behindIndicators)
+        if (!std::exchange(m_atFirstSubfield, false) || code != " "_L1)
             m_record.data += QChar(marc::subfieldDelimiter) + code.toString();
         m_text = Text::Content;
     }
@@ -153,6 +156,7 @@ void MarcXmlSource::startField(bool withIndicators) {
         m_record.tags += usable ? tag.toLatin1() : QByteArray("???");
     else
         m_record.data += tag;
+    m_atFirstSubfield = m_fieldDepth == 1 && withIndicators;
     if (withIndicators)
         m_record.data += QString(indicator(attributes, "ind1"_L1)) + indicator(attributes, "ind2"_L1);
 }

@@ -48,6 +48,7 @@ private:
     qsizetype m_fedForToken = 0;
     bool m_inRecord = false;
     int m_fieldDepth = 0; // 2 and more: embedded
+    bool m_atFirstSubfield = false;
     Text m_text = Text::None;
     QString m_leader;
     TidyRecord m_record;

@@ -91,7 +91,8 @@ void MarcXmlWriter::add(const TidyRecord &record) {
     m_xml.writeEndElement();
 }
 
-// What stands ahead of the first subfield gets a blank for its code, so that it is not lost.
+// What stands ahead of the first subfield gets a blank for its code, so that it is not lost; nothing at all does where
+// a true blank would be taken for that.
 void MarcXmlWriter::addField(QByteArrayView tag, QStringView field) {
     const bool isControl = tag.startsWith("00") && !field.contains(QChar(marc::subfieldDelimiter));
     m_xml.writeStartElement(isControl ? u"controlfield"_s : u"datafield"_s);
@@ -108,7 +109,8 @@ void MarcXmlWriter::addField(QByteArrayView tag, QStringView field) {
     m_xml.writeAttribute(u"ind2"_s, indicators.right(1));
     const auto parts = field.sliced(given).split(QChar(marc::subfieldDelimiter));
     for (qsizetype i = 0; i < parts.size(); ++i) {
-        if (i == 0 && parts[i].isEmpty())
+        const bool isMistakable = parts.size() > 1 && parts[1].startsWith(u' ');
+        if (i == 0 && parts[i].isEmpty() && !isMistakable)
             continue;
         const bool isPair = !parts[i].isEmpty() && parts[i].front().isHighSurrogate();
         const qsizetype codeLength = i == 0 ? 0 : isPair ? 2 : 1;

@@ -20,7 +20,7 @@ QString placesOf(const Noted &noted) {
 
 QString shownCharacter(char32_t character) {
     const QString code = u"U+"_s + QString::number(uint(character), 16).toUpper().rightJustified(4, u'0');
-    return character < 0x20 ? code : QString::fromUcs4(&character, 1) + u"（"_s + code + u"）"_s;
+    return character < 0x20 ? code : QStringView(QChar::fromUcs4(character)).toString() + u"（"_s + code + u"）"_s;
 }
 
 QString lackingLines(const TidyResult &result) {
@@ -85,7 +85,7 @@ QString report(const TidyResult &result, const QString &source) {
     QString text = u"【源文件】\r\n文件{"_s + source + u"}（"_s + marc::encodingName(result.encoding) + u"）读到"_s +
                    QString::number(result.in) + u"条记录！\r\n"_s;
     if (result.broken)
-        text += u"XML 有错，在"_s + *result.broken + u"。只有前面的记录。\r\n"_s;
+        text += u"XML 有错，只取出了前面的记录："_s + *result.broken + lineBreak;
     text +=
         u"\r\n【目标文件】\r\n文件{"_s + result.target + u"}保存了"_s + QString::number(result.out) + u"条记录！\r\n"_s;
     return text + unreadableLines(result) + lackingLines(result) + damageLines(result);

@@ -67,7 +67,7 @@ QList<char32_t> replaceWhatLacks(TargetForm form, QString &text) {
     QString held;
     for (const char32_t character : text.toUcs4()) {
         if (canHold(form, character)) {
-            held += QString::fromUcs4(&character, 1);
+            held += QStringView(QChar::fromUcs4(character)); // and no byte order mark is taken for one
         } else {
             held += u'?';
             lacking.append(character);
@@ -102,17 +102,17 @@ QStringList TidyFiles::existing() const {
     return found;
 }
 
-std::optional<QString> refuseTidy(const QString &source, const QString &target) {
+std::optional<Refusal> refuseTidy(const QString &source, const QString &target) {
     if (source.isEmpty())
-        return u"请选择源文件！"_s;
+        return Refusal{.text = u"请选择需要整理的文件！"_s, .focus = Field::Source};
     if (!platform::fileExists(source))
-        return u"文件{"_s + source + u"}不存在！"_s;
+        return Refusal{.text = u"文件{"_s + source + u"}不存在！"_s, .focus = Field::Source};
     if (target.isEmpty() || target.endsWith(platform::pathSeparator))
-        return u"请给出目标文件！"_s;
+        return Refusal{.text = u"请给出整理后的目标文件！"_s, .focus = Field::Target};
     const TidyFiles files(target);
     for (const QString &path : {files.target, files.unreadable, files.unreadableXml, files.ahead}) {
         if (platform::isSameFile(source, path))
-            return u"目标文件不能是源文件，也不能写到源文件上！"_s;
+            return Refusal{.text = u"整理目标文件不能为源文件！"_s, .focus = Field::Target};
     }
     return std::nullopt;
 }
@@ -234,8 +234,8 @@ QString TidyRun::write(const TidyRecord &record, Status &written) {
     }
     const bool isGbk = m_form == TargetForm::GbkIso;
     const QString why = m_iso.make(record, isGbk ? platform::encode(record.data) : record.data.toUtf8());
-    if (why.isEmpty() && (written = m_target->write(m_iso.bytes())))
-        written = m_target->write(lineEnd);
+    if (why.isEmpty() && (written = m_target->write(m_iso.bytes())) && isGbk)
+        written = m_target->write(lineEnd); // other programs want none
     return why;
 }
 

@@ -3,6 +3,7 @@
 // is left of them. The source is only read.
 #pragma once
 
+#include "filetools/checks.h"
 #include "filetools/recordForms.h"
 #include "filetools/tidyResult.h"
 #include "filetools/tidySource.h"
@@ -28,7 +29,7 @@ struct TidyFiles {
 };
 
 // What forbids to begin; nothing where the run may go on to the question about existing files. Both paths are trimmed.
-std::optional<QString> refuseTidy(const QString &source, const QString &target);
+std::optional<Refusal> refuseTidy(const QString &source, const QString &target);
 
 class TidyRun {
 public:
