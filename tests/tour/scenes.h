@@ -18,6 +18,7 @@ void proofAndCard(TourDriver &driver);
 void catalogue(TourDriver &driver);
 void store(TourDriver &driver);
 void fileTools(TourDriver &driver);
+void tidy(TourDriver &driver);  // any record file made readable
 void leave(TourDriver &driver); // the exit question, both answers
 
 // A monkey at the keyboard: while each of the five loops of the program runs (longRuns.h), it presses keys and buttons,

@@ -37,9 +37,10 @@ struct Scene {
 
 // Played in this order; naming some on the command line plays those alone.
 constexpr Scene scenes[] = {
-    {"notices", tour::notices},     {"import", tour::readAndImport}, {"edit", tour::edit},
-    {"card", tour::proofAndCard},   {"catalogue", tour::catalogue},  {"store", tour::store},
-    {"filetools", tour::fileTools},
+    {"notices", tour::notices},     {"import", tour::readAndImport},
+    {"edit", tour::edit},           {"card", tour::proofAndCard},
+    {"catalogue", tour::catalogue}, {"store", tour::store},
+    {"filetools", tour::fileTools}, {"tidy", tour::tidy},
 };
 
 bool isWanted(const Scene &scene, const QStringList &wanted) {

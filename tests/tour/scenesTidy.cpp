@@ -1,0 +1,115 @@
+#include "filetools/windows/frmTidy.h"
+#include "platform/codepage936.h"
+#include "tour/errands.h"
+#include "tour/scenes.h"
+#include "tour/tourProgram.h"
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace tour {
+
+namespace {
+
+QString pathOf(const QString &file) {
+    return QDir::currentPath() + u'/' + file;
+}
+
+void writeFile(const QString &name, const QByteArray &bytes) {
+    QFile file(pathOf(name));
+    if (file.open(QIODevice::WriteOnly))
+        file.write(bytes);
+}
+
+// The sample as others send it: UTF-8 without line ends, with characters that the code page lacks.
+int makeForeign() {
+    QFile sample(pathOf(u"sample.iso"_s));
+    if (!sample.open(QIODevice::ReadOnly))
+        return 0;
+    QString text = platform::decode(sample.readAll());
+    const int rare = int(text.count(u'文'));
+    writeFile(u"foreign.iso"_s, text.remove(u"\r\n"_s).replace(u"文"_s, u"𠮷"_s).toUtf8());
+    return rare;
+}
+
+void waitForResult(TourDriver &driver, const QString &part) {
+    driver.waitUntil(u"the result tells "_s + part, [part] {
+        const auto *box = TourDriver::find<widgets::TextBox>(u"txtResult"_s);
+        return box && box->text().contains(part);
+    });
+}
+
+void name(TourDriver &driver, const QString &source, const QString &target) {
+    giveFocus(driver, u"Text10"_s);
+    driver.type(pathOf(source));
+    giveFocus(driver, u"Text11"_s);
+    driver.type(pathOf(target));
+}
+
+void tidyForeign(TourDriver &driver) {
+    driver.waitUntil(u"the facts"_s,
+                     [] { return TourDriver::find<QLabel>(u"LabFacts"_s)->text().endsWith(u"将读出 1 条"_s); });
+    driver.expectEqual(driver.textOf(u"Text11"_s), pathOf(u"foreign-gbk.iso"_s), u"a name beside the source's"_s);
+    driver.shot(u"tidy-facts"_s);
+    driver.key(u"alt+d"_s);
+    const int records = recordsIn(pathOf(u"sample.iso"_s));
+    waitForResult(driver, u"保存了%1条记录！"_s.arg(records));
+    driver.expect(recordsIn(pathOf(u"foreign-gbk.iso"_s)) == records, u"all records are read now"_s);
+    driver.shot(u"tidy-done"_s);
+    driver.key(u"alt+d"_s);
+    driver.answerBox(pathOf(u"foreign-gbk.iso"_s) + u"已经存在。要替换吗？", u"Return"_s, u"tidy-replace"_s); // No
+}
+
+void tidyXml(TourDriver &driver) {
+    driver.click(u"cboForm"_s);
+    driver.key(u"End"_s);
+    driver.key(u"Return"_s);
+    name(driver, u"foreign.iso"_s, u"foreign.xml"_s);
+    driver.key(u"alt+d"_s);
+    waitForResult(driver, u"foreign.xml}保存了"_s);
+    QFile whole(pathOf(u"foreign.xml"_s));
+    if (whole.open(QIODevice::ReadOnly))
+        writeFile(u"broken.xml"_s, whole.read(100'000) + "</x>");
+    giveFocus(driver, u"cboForm"_s);
+    driver.key(u"Home"_s);
+    name(driver, u"broken.xml"_s, u"broken.iso"_s);
+    driver.key(u"alt+d"_s);
+    waitForResult(driver, u"XML 有错"_s);
+    driver.expect(!QFile::exists(pathOf(u"broken.iso"_s)), u"no half a file under the final name"_s);
+    driver.shot(u"tidy-broken-xml"_s);
+}
+
+void stopTidying(TourDriver &driver) {
+    name(driver, u"large.iso"_s, u"tidied.iso"_s);
+    driver.key(u"alt+d"_s);
+    driver.waitForFocus(u"cmdClick1"_s);
+    driver.shot(u"tidy-running"_s);
+    driver.key(u"alt+s"_s);
+    waitForResult(driver, u"已停止"_s);
+    driver.expect(QDir().entryList({u"tidied*"_s}).isEmpty(), u"nothing is left of a stopped run"_s);
+    driver.key(u"Escape"_s);
+    driver.answerBox(closeQuestion.toString(), u"y"_s);
+    driver.waitUntilGone(u"frmTidy"_s);
+}
+
+} // namespace
+
+void tidy(TourDriver &driver) {
+    const int rare = makeForeign();
+    const auto host = driver.look([] { return std::make_shared<TourHost>(platform::Settings()); });
+    driver.look([&host] {
+        auto *window = new filetools::frmTidy(*host, pathOf(u"foreign.iso"_s), QApplication::activeWindow());
+        window->setAttribute(Qt::WA_DeleteOnClose);
+        window->show();
+    });
+    driver.waitForWindow(u"frmTidy"_s);
+    tidyForeign(driver);
+    driver.expect(driver.textOf(u"txtResult"_s).contains(u"𠮷（U+20BB7）：%1 处"_s.arg(rare)),
+                  u"what was lost is told"_s);
+    tidyXml(driver);
+    stopTidying(driver);
+}
+
+} // namespace tour
