@@ -1,4 +1,5 @@
 #include "filetools/windows/frmCutFile.h"
+#include "filetools/windows/frmTidy.h"
 #include "filetools/windows/frmUnionFile.h"
 #include "pairs.h"
 #include <QDir>
@@ -58,6 +59,18 @@ std::optional<double> mergeInWindow(const QStringList &sources, const QString &f
     });
 }
 
+std::optional<double> tidyInWindow(const QString &source, const QString &folder) {
+    BenchHost host;
+    filetools::frmTidy window(host, source);
+    window.Text1[1]->setText(folder + u"/target.iso");
+    putUp(window);
+    return timed([&window] {
+        window.cmdClick[0]->click();
+        settle();
+        return window.txtResult->text().contains(u"保存了%1条"_s.arg(recordCount));
+    });
+}
+
 } // namespace
 
 void filePairs(Table &table, const BenchStage &stage) {
@@ -85,6 +98,17 @@ void filePairs(Table &table, const BenchStage &stage) {
                   {[&] { return intoFolder(stage, [&](const QString &to) { return mergeInWindow(sources, to); }); },
                    shell(u"cat " + quoted(parts) + u"/* >whole")});
     table.speed("merge 200 files of 1,000 records, in the window | cat", merging[0], merging[1], 0.5);
+
+    // As others send it: UTF-8, without line ends.
+    const QString bare = stage.freshPath(u"bare.iso"), foreign = stage.freshPath(u"foreign.iso");
+    command(u"tr -d '\\r\\n' <" + quoted(source) + u" >" + quoted(bare) + u" && yaz-marcdump -f gbk -t utf-8 -o marc " +
+            quoted(bare) + u" >" + quoted(foreign))();
+    const Side tidying = [&] {
+        return intoFolder(stage, [&](const QString &to) { return tidyInWindow(foreign, to); });
+    };
+    const auto tidied =
+        takeTurns("tidy", 3, {tidying, shell(u"yaz-marcdump -f utf-8 -t gbk -o marc " + quoted(foreign) + u" >whole")});
+    table.speed("tidy 200,000 records of UTF-8, in the window | yaz-marcdump", tidied[0], tidied[1], 3);
 }
 
 } // namespace bench

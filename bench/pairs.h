@@ -10,6 +10,7 @@ void recordPairs(Table &table, const BenchStage &stage); // counting, reading, m
 void stepping(Table &table, const BenchStage &stage);
 void databasePairs(Table &table, const BenchStage &stage); // import, listing, export
 void filePairs(Table &table, const BenchStage &stage);     // split, merge
+void filePairs(Table &table, const BenchStage &stage);     // split, merge, tidy
 
 // Reads the file into the window and prints the bytes that the process then has in memory: a process of its own, since
 // what went before would count. The exit code of the process.
