@@ -39,7 +39,8 @@ INSTANTIATE_TEST_SUITE_P(, Replay,
                          testing::Values(Target{"record", fuzz::record, true}, Target{"mapping", fuzz::mapping},
                                          Target{"configuration", fuzz::configuration}, Target{"texts", fuzz::texts},
                                          Target{"query", fuzz::query}, Target{"maskedEdit", fuzz::maskedEdit},
-                                         Target{"splitMerge", fuzz::splitMerge, true}),
+                                         Target{"splitMerge", fuzz::splitMerge, true},
+                                         Target{"tidy", fuzz::tidy, true}),
                          [](const auto &info) { return info.param.name; });
 
 } // namespace

@@ -13,5 +13,6 @@ void texts(QByteArrayView bytes);         // code page, numbers, connection text
 void query(QByteArrayView bytes);         // query builder and its statements
 void maskedEdit(QByteArrayView bytes);    // the box with a mask
 void splitMerge(QByteArrayView bytes);    // record files through both file tools
+void tidy(QByteArrayView bytes);          // any file made anew in each form
 
 } // namespace fuzz

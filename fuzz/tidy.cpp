@@ -1,0 +1,87 @@
+// Any file made anew in each form: what comes out is whole, can be read, and stays as it is when it is tidied again.
+#include "filetools/tidyRun.h"
+#include "fuzz/input.h"
+#include "fuzz/targets.h"
+#include "marc/recordCutter.h"
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+using namespace filetools;
+
+namespace fuzz {
+
+namespace {
+
+struct Tidied {
+    TidyResult result;
+    QByteArray bytes;
+};
+
+QByteArray takeContents(const QString &path) {
+    QFile file(path);
+    const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    file.remove();
+    return bytes;
+}
+
+std::optional<Tidied> tidied(QByteArrayView source, TargetForm form) {
+    const TidyFiles files(scratchFolder() + u"tidied.iso");
+    std::optional<TidyRun> run;
+    run.emplace(scratchFile(u"untidy", source), files.target, form);
+    bool good = run->open().ok();
+    for (bool more = good; good && more;) {
+        const auto stepped = run->step();
+        good = stepped.ok();
+        more = good && stepped.value();
+    }
+    good = good && run->close().ok();
+    const TidyResult result = run->result();
+    run.reset();
+    require(good || files.existing().isEmpty(), "what fails leaves nothing");
+    if (!good)
+        return std::nullopt;
+    require(result.in == result.out + result.unreadable.count, "each record is written or kept beside");
+    require(result.unreadable.count == 0 || QFile::exists(result.unreadableFile), "what is not usable is kept");
+    Tidied made{result, takeContents(result.target)};
+    for (const QString &path : files.existing())
+        QFile::remove(path);
+    return made;
+}
+
+void requireRight(QByteArrayView record) {
+    const auto number = [&](qsizetype at, qsizetype width) { return record.sliced(at, width).toInt(); };
+    const qsizetype base = record.indexOf('\x1E') + 1;
+    require(number(0, 5) == record.size() && number(12, 5) == base && (base - 25) % 12 == 0, "the leader is right");
+    qsizetype end = base;
+    for (qsizetype entry = 24; entry + 12 < base; entry += 12) {
+        require(base + number(entry + 7, 5) == end, "a field begins where the one before it ends");
+        end += number(entry + 3, 4);
+        require(record[end - 1] == '\x1E', "a field ends with its terminator");
+    }
+    require(end == record.size() - 1, "the fields are all there is");
+}
+
+} // namespace
+
+void tidy(QByteArrayView bytes) {
+    if (const auto gbk = tidied(bytes, TargetForm::GbkIso)) {
+        auto reader = platform::LineReader::open(scratchFile(u"read", gbk->bytes));
+        marc::RecordCutter cutter(reader.value());
+        qint64 read = 0;
+        for (; cutter.next(); ++read)
+            requireRight(cutter.bytes());
+        require(read == gbk->result.out, "the program reads each of them");
+        const auto again = tidied(gbk->bytes, TargetForm::GbkIso);
+        require(read == 0 || again, "it is a record file");
+        if (again && again->result.encoding == marc::FileEncoding::Gbk)
+            require(again->bytes == gbk->bytes && again->result.unreadable.count == 0, "what is tidy stays so");
+    }
+    if (const auto xml = tidied(bytes, TargetForm::MarcXml)) {
+        const auto back = tidied(xml->bytes, TargetForm::MarcXml);
+        require(back && !back->result.broken && back->result.out == xml->result.out, "the XML is whole");
+        require(back->bytes == xml->bytes, "and stays as it is");
+    }
+    tidied(bytes, TargetForm::Utf8Iso);
+}
+
+} // namespace fuzz
