@@ -43,6 +43,11 @@ RawRecord PreReadStore::record(int row) const {
     return std::get<QString>(record);
 }
 
+QByteArrayView PreReadStore::heldBytes(int row) const {
+    const auto *bytes = std::get_if<QByteArray>(&m_rows.at(size_t(row)).record);
+    return bytes ? QByteArrayView(*bytes) : QByteArrayView();
+}
+
 void PreReadStore::setNumber(int row, int number) {
     m_rows.at(size_t(row)).number = number;
 }

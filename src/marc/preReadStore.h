@@ -28,6 +28,8 @@ public:
     QString number(int row) const; // "1" in row 0; empty where no record stands
     QString title(int row) const;
     RawRecord record(int row) const;
+    // The record as GBK, where it is held so; else, and where there is none, empty. Valid until the list changes.
+    QByteArrayView heldBytes(int row) const;
 
     void setNumber(int row, int number);
     void setTitle(int row, const QString &title);

@@ -1,0 +1,94 @@
+#include "marc/recordSearch.h"
+#include "platform/codepage936.h"
+#include <QElapsedTimer>
+#include <algorithm>
+
+namespace marc {
+
+namespace {
+
+constexpr qint64 sliceMilliseconds = 8;
+constexpr int rowsBetweenLooks = 64; // at the clock
+
+char lowered(char c) {
+    return c >= 'A' && c <= 'Z' ? char(c + ('a' - 'A')) : c;
+}
+
+// Whether the text can be looked for in bytes: each character has some, and only Latin letters have two cases.
+bool bytesSuffice(const QString &text) {
+    return platform::isEncodable(text) && std::ranges::all_of(text, [](QChar c) {
+               return c.unicode() < 0x80 || (c.toLower() == c && c.toUpper() == c);
+           });
+}
+
+} // namespace
+
+RecordSearch::RecordSearch(const PreReadStore &store, const QString &text, SearchPlace place)
+    : m_store(store)
+    , m_text(text)
+    , m_needle(bytesSuffice(text) ? platform::encode(text) : QByteArray())
+    , m_place(place) {
+    m_skip.fill(std::max<qsizetype>(1, m_needle.size()));
+    for (qsizetype i = 0; i < m_needle.size(); ++i) {
+        m_needle[i] = lowered(m_needle[i]);
+        if (i + 1 < m_needle.size())
+            m_skip[uchar(m_needle[i])] = m_needle.size() - 1 - i;
+    }
+}
+
+// Horspool's search, Latin letters in either case. May take bytes in the middle of two characters for one: what it
+// finds is looked at once more as text.
+bool RecordSearch::mayHold(QByteArrayView bytes) const {
+    const qsizetype last = m_needle.size() - 1;
+    for (qsizetype at = last; at < bytes.size(); at += m_skip[uchar(lowered(bytes[at]))]) {
+        qsizetype same = 0;
+        while (same <= last && lowered(bytes[at - same]) == m_needle[last - same])
+            ++same;
+        if (same > last)
+            return true;
+    }
+    return false;
+}
+
+bool RecordSearch::found(int row) const {
+    if (m_place == SearchPlace::Title)
+        return m_store.title(row).contains(m_text, Qt::CaseInsensitive);
+    const QByteArrayView bytes = m_store.heldBytes(row);
+    if (!bytes.isEmpty() && !m_needle.isEmpty() && !mayHold(bytes))
+        return false;
+    return m_store.record(row).contains(m_text, Qt::CaseInsensitive);
+}
+
+bool RecordSearch::step() {
+    QElapsedTimer clock;
+    clock.start();
+    const int rows = m_text.isEmpty() ? 0 : m_store.rowCount();
+    while (m_row < rows) {
+        if (found(m_row))
+            m_hits.push_back(m_row);
+        if (++m_row % rowsBetweenLooks == 0 && clock.elapsed() >= sliceMilliseconds)
+            return true;
+    }
+    return false;
+}
+
+int RecordSearch::after(int row) const {
+    if (m_hits.empty())
+        return -1;
+    const auto next = std::ranges::upper_bound(m_hits, row);
+    return next == m_hits.end() ? m_hits.front() : *next;
+}
+
+int RecordSearch::before(int row) const {
+    if (m_hits.empty())
+        return -1;
+    const auto next = std::ranges::lower_bound(m_hits, row);
+    return next == m_hits.begin() ? m_hits.back() : *std::prev(next);
+}
+
+int RecordSearch::number(int row) const {
+    const auto found = std::ranges::lower_bound(m_hits, row);
+    return found != m_hits.end() && *found == row ? int(found - m_hits.begin()) + 1 : 0;
+}
+
+} // namespace marc
