@@ -8,6 +8,6 @@ int main(int argc, char **argv) {
     QApplication application(argc, argv);
     platform::prepareToolkit();
     database::LinkPool links(app::tableNames());
-    platform::QtHost host(platform::Settings(), [&links] { links.dropKept(); });
+    platform::QtHost host(platform::Settings(), platform::DeskState(), [&links] { links.dropKept(); });
     return app::runProgram(host, links);
 }

@@ -2,6 +2,7 @@
 // real boxes and dialogs stands in platform/desktop/, and tests hand in a scripted one.
 #pragma once
 
+#include "platform/deskState.h"
 #include "platform/settings.h"
 #include <QDateTime>
 #include <QString>
@@ -50,6 +51,8 @@ public:
     // are painted and no keys and clicks come in.
     virtual bool openInShell(const QString &target) = 0;
     virtual const Settings &settings() const = 0;
+    // What may be remembered between starts.
+    virtual const DeskState &remembered() const = 0;
     virtual QDateTime now() const = 0;
     // The folder of the executable, with no separator at its end but for a root.
     virtual QString programFolder() const = 0;

@@ -1,5 +1,6 @@
 #include "widgets/bandedReport.h"
 #include "platform/desktop/faces.h"
+#include "platform/desktop/screenRoom.h"
 #include <QApplication>
 #include <QFontDatabase>
 #include <QFontMetricsF>
@@ -291,7 +292,7 @@ QDialog *newReportPreview(BandedReport report, QWidget *parent) {
     preview->setObjectName(u"DataReportJs"_s);
     preview->setAttribute(Qt::WA_DeleteOnClose);
     preview->setWindowTitle(report.caption);
-    preview->resize(previewSize);
+    preview->resize(previewSize.boundedTo(platform::roomOnScreen(preview)));
     QObject::connect(preview, &QPrintPreviewDialog::paintRequested, preview,
                      [printer, report = std::move(report)](QPrinter *target) { print(report, *target); });
     return preview;

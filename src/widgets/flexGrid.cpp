@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace widgets {
 
 namespace {
@@ -42,6 +44,7 @@ FlexGrid::FlexGrid(const QString &objectName, int columns, int fixedRows, QWidge
     horizontalHeader()->setMinimumSectionSize(narrowestColumn);
     m_widths.resize(std::size_t(m_model->columnCount()));
     fitHeights();
+    connect(horizontalHeader(), &QHeaderView::sectionResized, this, &FlexGrid::stretch);
     connect(m_model, &FlexGridModel::rowsInserted, this, [this](const QModelIndex &, int first) {
         if (first + m_fixedRows <= std::max(m_row, m_rowSel) || first == 0)
             showSelection();
@@ -143,7 +146,8 @@ void FlexGrid::showSelection() {
     const QItemSelection range(m_model->index(std::min(anchor, end), 0),
                                m_model->index(std::max(anchor, end), columns() - 1));
     selectionModel()->select(range, QItemSelectionModel::ClearAndSelect);
-    selectionModel()->setCurrentIndex(m_model->index(end, m_column), QItemSelectionModel::NoUpdate);
+    // A hidden column has nothing to show, and nothing to say to a screen reader.
+    selectionModel()->setCurrentIndex(m_model->index(end, shownColumn(m_column)), QItemSelectionModel::NoUpdate);
 }
 
 // The column if it shows, else the first that does: the view refuses to scroll to a hidden one.
@@ -170,12 +174,53 @@ std::optional<quint32> FlexGrid::cellBackground(int row, int column) const {
     return m_model->background(row - m_fixedRows, column);
 }
 
+// Against the face of the design, whose Chinese characters are 12 pixels wide at 96 dpi, and whose digits half of that.
+double FlexGrid::fontScale() const {
+    constexpr double designWidth = 12, designDpi = 96;
+    const double dot = std::max(logicalDpiX(), 1) / designDpi;
+    const QFontMetricsF metrics(font());
+    const double chinese = metrics.horizontalAdvance(u'国') / designWidth;
+    const double digits = metrics.horizontalAdvance(u"0123456789"_s) / (5 * designWidth);
+    return std::max({1.0, chinese / dot, digits / dot});
+}
+
 int FlexGrid::toTwips(int pixels) const {
-    return qRound(double(pixels) * twipsPerInch / std::max(logicalDpiX(), 1));
+    return qRound(double(pixels) * twipsPerInch / std::max(logicalDpiX(), 1) / fontScale());
 }
 
 int FlexGrid::toPixels(int twips) const {
-    return qRound(double(twips) * logicalDpiX() / twipsPerInch);
+    return qRound(double(twips) * logicalDpiX() / twipsPerInch * fontScale());
+}
+
+void FlexGrid::setStretchColumn(int column) {
+    m_stretched = column;
+    stretch();
+}
+
+void FlexGrid::stretch() {
+    if (m_stretched < 0 || isColumnHidden(m_stretched))
+        return;
+    Width &width = m_widths[std::size_t(m_stretched)];
+    if (width.pixels != columnWidth(m_stretched))
+        return; // drawn by the user
+    const int others = horizontalHeader()->length() - columnWidth(m_stretched);
+    const int least = std::max({toPixels(width.twips), horizontalHeader()->sectionSizeHint(m_stretched)});
+    width.pixels = std::max(least, viewport()->width() - others);
+    setColumnWidth(m_stretched, width.pixels);
+}
+
+QMap<int, int> FlexGrid::drawnWidths() const {
+    QMap<int, int> drawn;
+    for (int column = 0; column < columns(); ++column)
+        if (!isColumnHidden(column) && m_widths[std::size_t(column)].pixels != columnWidth(column))
+            drawn.insert(column, columnWidth(column));
+    return drawn;
+}
+
+void FlexGrid::setDrawnWidths(const QMap<int, int> &widths) {
+    for (auto width = widths.begin(); width != widths.end(); ++width)
+        if (width.key() >= 0 && width.key() < columns() && !isColumnHidden(width.key()))
+            setColumnWidth(width.key(), std::max(width.value(), narrowestColumn));
 }
 
 void FlexGrid::setColumnTwips(int column, int twips) {
@@ -196,6 +241,7 @@ void FlexGrid::fitColumn(int column) {
     const int heading = m_fixedRows > 0 ? horizontalHeader()->sectionSizeHint(column) : 0;
     width.pixels = std::max({toPixels(width.twips), heading, narrowestColumn});
     setColumnWidth(column, width.pixels);
+    stretch();
 }
 
 int FlexGrid::columnTwips(int column) const {
@@ -273,6 +319,11 @@ void FlexGrid::changeEvent(QEvent *event) {
         fitHeights();
     if (event->type() == QEvent::EnabledChange)
         m_dragTimer.stop();
+}
+
+void FlexGrid::resizeEvent(QResizeEvent *event) {
+    QTableView::resizeEvent(event);
+    stretch();
 }
 
 void FlexGrid::showEvent(QShowEvent *event) {

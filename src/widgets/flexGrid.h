@@ -6,6 +6,7 @@
 
 #include "platform/tableSource.h"
 #include <QBasicTimer>
+#include <QMap>
 #include <QTableView>
 #include <memory>
 #include <optional>
@@ -47,13 +48,19 @@ public:
     void setCellBackground(int row, int column, quint32 colour);
     std::optional<quint32> cellBackground(int row, int column) const;
 
-    // 0 hides the column; it still holds its texts. Never narrower than its heading; setting the same width again
-    // leaves a width that the user has drawn.
+    // Twips are those of the face that the widths were chosen for; they grow with a wider one. 0 hides the column; it
+    // still holds its texts. Never narrower than its heading; setting the same width again leaves a width that the user
+    // has drawn.
     void setColumnTwips(int column, int twips);
     int columnTwips(int column) const;
     void setHeadingTwips(int twips); // height of the heading row; never lower than its font needs, 0 hides it
-    int toTwips(int pixels) const;   // at the resolution of the grid's screen, rounded
+    int toTwips(int pixels) const;   // at the resolution of the grid's screen and its font, rounded
     int toPixels(int twips) const;
+    // From now on that column takes the room that the others leave, and is never narrower than was set.
+    void setStretchColumn(int column);
+    // The widths that the user has drawn, in pixels, by column; they replace those that were set.
+    QMap<int, int> drawnWidths() const;
+    void setDrawnWidths(const QMap<int, int> &widths);
     void setColumnAlignment(int column, Qt::Alignment alignment);
     void setHeadingAlignment(Qt::Alignment alignment);
 
@@ -91,12 +98,16 @@ protected:
     void timerEvent(QTimerEvent *event) override;
     void changeEvent(QEvent *event) override;
     void showEvent(QShowEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     struct Width {
         int twips = -1;
         int pixels = -1; // what came of it; another width was drawn by the user
     };
+
+    double fontScale() const;
+    void stretch();
 
     int nearestRow(int row) const;
     int shownColumn(int wanted) const;
@@ -119,6 +130,7 @@ private:
     int m_column = 0;
     int m_headingTwips = -1;     // as high as the font needs
     std::vector<Width> m_widths; // the columns' widths as they were set
+    int m_stretched = -1;        // the column that takes what is left
     bool m_moving = false;       // between leaveCell and enterCell
     Qt::MouseButton m_pressed = Qt::NoButton;
     bool m_drags = false;    // the press was on a row, so that moving the mouse extends the selection

@@ -3,6 +3,7 @@
 #include <QHelpEvent>
 #include <QPainter>
 #include <QToolTip>
+#include <cmath>
 
 namespace widgets {
 
@@ -10,6 +11,21 @@ namespace {
 constexpr int bandWidth = 2;
 constexpr int lineDarkness = 125;
 constexpr int textMargins = 8;
+
+// As the guidelines for accessible content reckon it: 0 black, 1 white.
+double relativeLuminance(const QColor &colour) {
+    const auto part = [](double value) {
+        return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) + 0.0722 * part(colour.blueF());
+}
+
+void paintFocus(QPainter *painter, const QRect &cell, const QColor &background) {
+    painter->save();
+    painter->setPen(QPen(legibleOn(background), bandWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    painter->drawRect(cell.adjusted(1, 1, -1, -1));
+    painter->restore();
+}
 } // namespace
 
 QColor colourFromNumber(quint32 number) {
@@ -17,24 +33,33 @@ QColor colourFromNumber(quint32 number) {
 }
 
 QColor legibleOn(const QColor &background) {
-    const int luminance = (299 * background.red() + 587 * background.green() + 114 * background.blue()) / 1000;
-    return luminance >= 128 ? Qt::black : Qt::white;
+    const double luminance = relativeLuminance(background);
+    const double onWhite = 1.05 / (luminance + 0.05), onBlack = (luminance + 0.05) / 0.05;
+    return onBlack >= onWhite ? Qt::black : Qt::white;
 }
 
 void FlexGridDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const {
     QStyledItemDelegate::initStyleOption(option, index);
     if (option->backgroundBrush.style() != Qt::NoBrush)
         option->state &= ~QStyle::State_Selected;
+    option->state |= QStyle::State_Enabled;
 }
 
 void FlexGridDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const {
     QStyledItemDelegate::paint(painter, option, index);
     const QVariant background = index.data(Qt::BackgroundRole);
-    if (!background.isValid())
-        return;
     const QRect &cell = option.rect;
     const QColor highlight = option.palette.color(QPalette::Highlight);
-    if (option.state & QStyle::State_Selected) {
+    const bool focus = option.state & QStyle::State_HasFocus;
+    if (!background.isValid()) {
+        if (focus)
+            paintFocus(painter, cell,
+                       option.state & QStyle::State_Selected ? highlight : option.palette.base().color());
+        return;
+    }
+    if (focus) {
+        paintFocus(painter, cell, background.value<QBrush>().color());
+    } else if (option.state & QStyle::State_Selected) {
         painter->fillRect(cell.left(), cell.top(), cell.width(), bandWidth, highlight);
         painter->fillRect(cell.left(), cell.bottom() + 1 - bandWidth, cell.width(), bandWidth, highlight);
     } else { // the view's own grid lines are as grey as grey cells

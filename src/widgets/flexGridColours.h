@@ -1,5 +1,6 @@
-// How cells with a background of their own are painted. The colour is kept where the row is selected, since it says
-// something (the current record is red); the selection then shows as a band of the highlight colour above and below.
+// How cells are painted. A background of a cell's own is kept where the row is selected, since it says something (the
+// current record is red); the selection then shows as a band of the highlight colour above and below. The current cell
+// has a frame while the grid has the keyboard. What a grid shows stays legible while it is out of reach.
 #pragma once
 
 #include <QColor>
@@ -9,7 +10,7 @@ namespace widgets {
 
 // From a 24-bit number with red in the low byte; higher bits are passed over.
 QColor colourFromNumber(quint32 number);
-// Black or white, whichever reads better on the background.
+// Black or white, whichever has more contrast to the background.
 QColor legibleOn(const QColor &background);
 
 class FlexGridDelegate : public QStyledItemDelegate {

@@ -1,4 +1,5 @@
 #include "widgets/window.h"
+#include "platform/desktop/screenRoom.h"
 #include <QApplication>
 #include <QCloseEvent>
 #include <QCursor>
@@ -49,6 +50,16 @@ Window::Window(const QString &objectName, const QString &caption, QWidget *paren
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     setWindowFlag(Qt::WindowMaximizeButtonHint, true);
     setWindowFlag(Qt::WindowMinimizeButtonHint, true);
+}
+
+void Window::showEvent(QShowEvent *event) {
+    if (!event->spontaneous() && !isMaximized() && !windowFlags().testFlag(Qt::SubWindow)) {
+        resize(size().boundedTo(platform::roomOnScreen(this)));
+        // Its frame is known when the window manager has put it up.
+        QMetaObject::invokeMethod(
+            this, [this] { platform::keepOnScreen(this); }, Qt::QueuedConnection);
+    }
+    QDialog::showEvent(event);
 }
 
 void Window::closeEvent(QCloseEvent *event) {

@@ -37,6 +37,7 @@ Q_SIGNALS:
 protected:
     // Whether the window may close now; asks what it has to ask. The default lets it go.
     virtual bool queryUnload() { return true; }
+    void showEvent(QShowEvent *event) override; // no larger than the screen has room for
     void closeEvent(QCloseEvent *event) override;
     void hideEvent(QHideEvent *event) override; // gives the keyboard back to the window behind
 };

@@ -2,6 +2,7 @@
 #include "database/resultTable.h"
 #include "database/script.h"
 #include "database/sqlDialect.h"
+#include "database/whereabouts.h"
 #include "support/qtPrinters.h"
 
 using database::rewrite;
@@ -100,4 +101,16 @@ TEST(ResultTable, GivesBackEveryCellAcrossItsBlocks) {
         ASSERT_TRUE(table.text(i / 3, i % 3) == cell(i) && table.isNull(i / 3, i % 3) == cell(i).isNull()) << i;
     EXPECT_EQ(table.column(u"isbn"), 1);
     EXPECT_EQ(table.column(u"edtion"), std::nullopt);
+}
+
+TEST(Whereabouts, AreWhatAPersonKnows) {
+    const auto told = [](const QString &text) {
+        const database::Whereabouts found = database::whereabouts(text);
+        return QStringList{found.name, found.server, QString::number(found.port), found.file}.join(u'|');
+    };
+    EXPECT_EQ(told(u"PROVIDER=MSDASQL;Driver=SQLite3;Database=/a b/馆.db;"_s), u"馆.db||0|/a b/馆.db"_s);
+    EXPECT_EQ(told(u"Driver={PostgreSQL Unicode};Server=lib;Database=d;"_s), u"d|lib|5432|"_s);
+    EXPECT_EQ(told(u"Driver=MariaDB Unicode;Server=lib;Port=3307;Database=d;"_s), u"d|lib|3307|"_s);
+    EXPECT_EQ(told(u"Driver=MariaDB;Server=localhost;Socket=/run/x;Database=d"_s), u"d|localhost|0|"_s);
+    EXPECT_EQ(told(u"DSN=nothing of that name;UID=u;"_s), u"nothing of that name||0|"_s);
 }

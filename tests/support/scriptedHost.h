@@ -35,6 +35,7 @@ public:
     QString chooseFile(const platform::FileDialog &dialog) override;
     bool openInShell(const QString &target) override;
     const platform::Settings &settings() const override { return m_settings; }
+    const platform::DeskState &remembered() const override { return m_state; }
     QDateTime now() const override { return clock; }
     QString programFolder() const override { return folder; }
     void yield() override;
@@ -43,6 +44,7 @@ public:
 private:
     QTemporaryDir m_directory;
     platform::Settings m_settings;
+    platform::DeskState m_state;
     QList<platform::Answer> m_answers;
     QStringList m_files;
 };

@@ -62,7 +62,7 @@ bool ListWindow::firstCellIsEmpty() const {
 }
 
 GridRoom ListWindow::gridRoom() const {
-    const auto twips = [this](int pixels) { return pixels * twipsPerInch / std::max(logicalDpiX(), 1); };
+    const auto twips = [this](int pixels) { return Grid1->toTwips(pixels); };
     return {.width = twips(Grid1->width()),
             .height = twips(Grid1->height()),
             .rows = Grid1->rows(),

@@ -1,12 +1,14 @@
 #include "platform/desktop/qtHost.h"
 #include "platform/desktop/faces.h"
+#include "platform/desktop/fileChooser.h"
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDesktopServices>
 #include <QDir>
 #include <QEventLoop>
-#include <QFileDialog>
+#include <QFileInfo>
 #include <QFont>
+#include <QGridLayout>
 #include <QKeyEvent>
 #include <QLibraryInfo>
 #include <QLocale>
@@ -23,6 +25,8 @@ namespace platform {
 
 namespace {
 
+constexpr QLatin1StringView lastFolder("files/folder");
+
 QMessageBox::Icon iconOf(Icon icon) {
     switch (icon) {
     case Icon::Information:
@@ -37,18 +41,6 @@ QMessageBox::Icon iconOf(Icon icon) {
     return QMessageBox::NoIcon;
 }
 
-// "label|pattern|label|pattern" as the toolkit's filters. The labels hold brackets of their own, so each gets its
-// pattern in a last pair, which the dialog does not show; "*.*" stands for every file.
-QStringList nameFilters(const QString &filter) {
-    const QStringList parts = filter.split(u'|');
-    QStringList filters;
-    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
-        const QString pattern = parts[i + 1] == u"*.*" ? QStringLiteral("*") : parts[i + 1];
-        filters.append(parts[i] + u" (" + pattern + u')');
-    }
-    return filters;
-}
-
 // The toolkit takes No for the way out of a box with Yes and No, even where it was told of none; a box that may be left
 // by its buttons only has to refuse the other ways itself.
 class QuestionBox final : public QMessageBox {
@@ -56,6 +48,17 @@ public:
     QuestionBox(QWidget *parent, Leaving leaving)
         : QMessageBox(parent)
         , m_leaving(leaving) {}
+
+    // Wide enough for its title, which a short text would have cut.
+    void showTitle(const QString &title) {
+        constexpr int besideTitle = 14; // characters: the frame's buttons, and what is around them
+        setWindowTitle(title);
+        const QFontMetrics metrics = fontMetrics();
+        if (auto *grid = qobject_cast<QGridLayout *>(layout()))
+            grid->addItem(
+                new QSpacerItem(metrics.horizontalAdvance(title) + besideTitle * metrics.averageCharWidth(), 0),
+                grid->rowCount(), 0, 1, grid->columnCount());
+    }
 
 protected:
     void keyPressEvent(QKeyEvent *event) override {
@@ -109,14 +112,15 @@ QWidget *windowInFront() {
 
 } // namespace
 
-QtHost::QtHost(Settings settings, std::function<void()> beforeEnd)
+QtHost::QtHost(Settings settings, DeskState state, std::function<void()> beforeEnd)
     : m_settings(std::move(settings))
+    , m_state(std::move(state))
     , m_beforeEnd(std::move(beforeEnd)) {}
 
 Answer QtHost::show(const Box &box) {
     QuestionBox window(windowInFront(), box.leaving);
     window.setIcon(iconOf(box.icon));
-    window.setWindowTitle(box.title.isEmpty() ? programTitle.toString() : box.title);
+    window.showTitle(box.title.isEmpty() ? programTitle.toString() : box.title);
     window.setTextFormat(Qt::PlainText);
     window.setText(box.text);
     if (box.buttons == Buttons::Ok) {
@@ -131,21 +135,11 @@ Answer QtHost::show(const Box &box) {
 }
 
 QString QtHost::chooseFile(const FileDialog &dialog) {
-    QFileDialog window(windowInFront(), dialog.title);
-    window.setOption(QFileDialog::HideNameFilterDetails);
-    window.setNameFilters(nameFilters(dialog.filter));
-    // Room for a name, a size and a date beside each other.
-    window.resize(QSize(window.fontMetrics().averageCharWidth() * 100, window.fontMetrics().height() * 30));
-    if (dialog.kind == FileDialogKind::Save) {
-        window.setAcceptMode(QFileDialog::AcceptSave);
-        window.setFileMode(QFileDialog::AnyFile);
-        window.setOption(QFileDialog::DontConfirmOverwrite);
-    } else {
-        window.setFileMode(QFileDialog::ExistingFile);
-    }
-    if (window.exec() != QDialog::Accepted || window.selectedFiles().isEmpty())
-        return {};
-    return QDir::toNativeSeparators(window.selectedFiles().constFirst());
+    const QString folder = m_state.read(lastFolder).toString();
+    const QString chosen = chooseFileIn(dialog, QDir(folder).exists() ? folder : QString(), windowInFront());
+    if (!chosen.isEmpty())
+        m_state.keep(lastFolder, QFileInfo(chosen).absolutePath());
+    return chosen;
 }
 
 bool QtHost::openInShell(const QString &target) {

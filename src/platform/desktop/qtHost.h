@@ -10,12 +10,13 @@ namespace platform {
 class QtHost : public Host {
 public:
     // `beforeEnd` runs when the process is ended at once: no object of the program sees that end.
-    explicit QtHost(Settings settings, std::function<void()> beforeEnd = {});
+    explicit QtHost(Settings settings, DeskState state = DeskState(), std::function<void()> beforeEnd = {});
 
     Answer show(const Box &box) override;
     QString chooseFile(const FileDialog &dialog) override;
     bool openInShell(const QString &target) override;
     const Settings &settings() const override { return m_settings; }
+    const DeskState &remembered() const override { return m_state; }
     QDateTime now() const override;
     QString programFolder() const override;
     void yield() override;
@@ -23,6 +24,7 @@ public:
 
 private:
     Settings m_settings;
+    DeskState m_state;
     std::function<void()> m_beforeEnd;
     QElapsedTimer m_sinceEvents; // since events were last let in
 };

@@ -1,0 +1,92 @@
+#include "platform/desktop/fileChooser.h"
+#include "platform/desktop/screenRoom.h"
+#include <QDateTime>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileSystemModel>
+#include <QHeaderView>
+#include <QLocale>
+#include <QSortFilterProxyModel>
+#include <QSplitter>
+#include <QTreeView>
+
+using namespace Qt::StringLiterals;
+
+namespace platform {
+
+namespace {
+
+enum Column { NameColumn, SizeColumn, KindColumn, DateColumn };
+
+// The toolkit spells sizes and dates by the session's locale.
+class ChineseFiles final : public QSortFilterProxyModel {
+public:
+    using QSortFilterProxyModel::QSortFilterProxyModel;
+
+    QVariant data(const QModelIndex &index, int role) const override {
+        const auto *files = static_cast<const QFileSystemModel *>(sourceModel());
+        const QModelIndex file = mapToSource(index);
+        if (role == Qt::DisplayRole && index.column() == DateColumn)
+            return QLocale().toString(files->lastModified(file), u"yyyy-MM-dd HH:mm");
+        if (role == Qt::DisplayRole && index.column() == SizeColumn && !files->isDir(file))
+            return QLocale().formattedDataSize(files->size(file), 1, QLocale::DataSizeTraditionalFormat);
+        return QSortFilterProxyModel::data(index, role);
+    }
+
+    void sort(int column, Qt::SortOrder order) override { sourceModel()->sort(column, order); }
+};
+
+// "label|pattern|label|pattern" as the toolkit's filters. The labels hold brackets of their own, so each gets its
+// pattern in a last pair, which the dialog does not show; "*.*" stands for every file.
+QStringList nameFilters(const QString &filter) {
+    const QStringList parts = filter.split(u'|');
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        const QString pattern = parts[i + 1] == u"*.*" ? QStringLiteral("*") : parts[i + 1];
+        filters.append(parts[i] + u" (" + pattern + u')');
+    }
+    return filters;
+}
+
+// The name takes what the others leave.
+void fitColumns(QFileDialog &window) {
+    constexpr int sideBar = 22, files = 78; // characters
+    const int character = window.fontMetrics().averageCharWidth();
+    if (auto *tree = window.findChild<QTreeView *>(u"treeView"_s)) {
+        tree->header()->setStretchLastSection(false);
+        for (const int column : {SizeColumn, KindColumn, DateColumn})
+            tree->header()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
+        tree->header()->setSectionResizeMode(NameColumn, QHeaderView::Stretch);
+        tree->header()->hideSection(KindColumn); // the suffix says it
+    }
+    if (auto *splitter = window.findChild<QSplitter *>(u"splitter"_s))
+        splitter->setSizes({sideBar * character, files * character});
+}
+
+} // namespace
+
+QString chooseFileIn(const FileDialog &dialog, const QString &folder, QWidget *parent) {
+    QFileDialog window(parent, dialog.title, folder);
+    window.setOption(QFileDialog::HideNameFilterDetails);
+#ifndef Q_OS_WIN // where the system's own is in Chinese already
+    window.setOption(QFileDialog::DontUseNativeDialog);
+    window.setProxyModel(new ChineseFiles(&window));
+#endif
+    window.setNameFilters(nameFilters(dialog.filter));
+    if (dialog.kind == FileDialogKind::Save) {
+        window.setAcceptMode(QFileDialog::AcceptSave);
+        window.setFileMode(QFileDialog::AnyFile);
+        window.setOption(QFileDialog::DontConfirmOverwrite);
+    } else {
+        window.setFileMode(QFileDialog::ExistingFile);
+    }
+    fitColumns(window);
+    // Room for a name, a size and a date beside each other.
+    const QSize wanted(window.fontMetrics().averageCharWidth() * 100, window.fontMetrics().height() * 30);
+    window.resize(wanted.boundedTo(roomOnScreen(&window)));
+    if (window.exec() != QDialog::Accepted || window.selectedFiles().isEmpty())
+        return {};
+    return QDir::toNativeSeparators(window.selectedFiles().constFirst());
+}
+
+} // namespace platform

@@ -1,0 +1,13 @@
+// The dialog that chooses a file: the toolkit's own, bounded by the screen, its columns fitting it, its sizes and dates
+// in Chinese whatever the locale of the session.
+#pragma once
+
+#include "platform/host.h"
+
+namespace platform {
+
+// The chosen path in the machine's manner; empty after a cancel. `folder` is where the dialog begins, the toolkit's
+// choice where it is empty.
+QString chooseFileIn(const FileDialog &dialog, const QString &folder, QWidget *parent);
+
+} // namespace platform

@@ -1,0 +1,35 @@
+#include "platform/desktop/screenRoom.h"
+#include <QScreen>
+#include <QWidget>
+#include <algorithm>
+
+namespace platform {
+
+namespace {
+
+QSize frameOf(const QWidget *window) {
+    for (const QWidget *shown = window; shown; shown = shown->parentWidget())
+        if (const QWidget *top = shown->window(); top->isVisible())
+            if (const QSize frame = top->frameGeometry().size() - top->size(); !frame.isEmpty())
+                return frame;
+    const int line = window->fontMetrics().height();
+    return {line, 2 * line};
+}
+
+} // namespace
+
+QSize roomOnScreen(const QWidget *window) {
+    return window->screen()->availableSize() - frameOf(window);
+}
+
+void keepOnScreen(QWidget *window) {
+    const QRect room = window->screen()->availableGeometry();
+    const QRect frame = window->frameGeometry();
+    QPoint place = frame.topLeft();
+    place.setX(std::max(room.left(), std::min(place.x(), room.right() + 1 - frame.width())));
+    place.setY(std::max(room.top(), std::min(place.y(), room.bottom() + 1 - frame.height())));
+    if (place != frame.topLeft())
+        window->move(place);
+}
+
+} // namespace platform
