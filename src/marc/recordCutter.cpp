@@ -1,6 +1,8 @@
 #include "marc/recordCutter.h"
 #include "marc/separators.h"
 #include "platform/codepage936.h"
+#include <QStringDecoder>
+#include <algorithm>
 
 namespace marc {
 
@@ -46,8 +48,29 @@ void cutRecord(platform::LineReader &reader, const std::function<bool(const RawR
     }
 }
 
+namespace {
+
+// Text in GBK is next to never right as UTF-8. A character that the end of the beginning cuts through does not count.
+bool looksLikeUtf8(QByteArrayView beginning) {
+    QStringDecoder decoder(QStringDecoder::Utf8);
+    const QString text = decoder(beginning);
+    return !decoder.hasError() && std::any_of(text.begin(), text.end(), [](QChar c) { return c.unicode() >= 0x80; });
+}
+
+} // namespace
+
+platform::Result<FileCounts> fileCounts(const QString &path) {
+    const auto counted = platform::countLines(path, char(recordTerminator));
+    if (!counted)
+        return counted.failure();
+    return FileCounts{counted.value().lines, counted.value().marks, looksLikeUtf8(counted.value().beginning)};
+}
+
 platform::Result<qint64> lineCount(const QString &path) {
-    return platform::countLines(path);
+    const auto counted = platform::countLines(path);
+    if (!counted)
+        return counted.failure();
+    return counted.value().lines;
 }
 
 } // namespace marc

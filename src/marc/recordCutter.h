@@ -33,7 +33,15 @@ private:
 // The consumer says whether to go on.
 void cutRecord(platform::LineReader &reader, const std::function<bool(const RawRecord &)> &consumer);
 
-// The estimate of a file's records: its lines, empty ones included.
+// What one look at a file tells of it before a record is read.
+struct FileCounts {
+    qint64 lines = 0;           // empty ones included: the estimate of its records
+    qint64 terminators = 0;     // of records
+    bool looksLikeUtf8 = false; // by its beginning
+};
+platform::Result<FileCounts> fileCounts(const QString &path);
+
+// The estimate of a file's records alone.
 platform::Result<qint64> lineCount(const QString &path);
 
 } // namespace marc

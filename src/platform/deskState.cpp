@@ -41,10 +41,4 @@ QString DeskState::folderFor(const QString &kind) const {
     return QDir().mkpath(folder) ? QString(folder + u'/') : QString();
 }
 
-QStringList withNewest(QStringList names, const QString &newest, qsizetype most) {
-    names.removeAll(newest);
-    names.prepend(newest);
-    return names.mid(0, most);
-}
-
 } // namespace platform

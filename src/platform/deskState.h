@@ -26,7 +26,4 @@ private:
     QString m_folder;
 };
 
-// The names of files used last, newest first, each once.
-QStringList withNewest(QStringList names, const QString &newest, qsizetype most);
-
 } // namespace platform

@@ -53,9 +53,14 @@ private:
     std::unique_ptr<State> m_state;
 };
 
-// The number of lines of the file, empty ones included; what stands behind the last line end counts if there is
-// anything.
-Result<qint64> countLines(const QString &path);
+struct LineCount {
+    qint64 lines = 0;     // empty ones included; what stands behind the last line end counts if there is anything
+    qint64 marks = 0;     // how often the byte stands in the file that was asked for
+    QByteArray beginning; // the first 64 KB
+};
+
+// One look at the whole file.
+Result<LineCount> countLines(const QString &path, char mark = '\0');
 
 // The decoded lines of a small file.
 Result<QStringList> readTextLines(const QString &path);

@@ -40,6 +40,8 @@ public:
     void setColumn(int column);
     int rowSel() const;
     void setRowSel(int row);
+    // As a click of the user on the row does it, with all that follows.
+    void clickRow(int row);
     // Into sight, no further than needed; the current cell stays.
     void scrollToRow(int row);
     void scrollToCell(int row, int column);

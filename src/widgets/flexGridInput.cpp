@@ -39,6 +39,13 @@ void FlexGrid::moveByUser(int row, int column) {
         m_moving = false;
 }
 
+void FlexGrid::clickRow(int row) {
+    const QPointer<FlexGrid> self(this);
+    moveByUser(nearestRow(row), m_column);
+    if (self)
+        Q_EMIT gridClicked();
+}
+
 void FlexGrid::extendByUser(int row) {
     if (m_moving)
         return;

@@ -63,12 +63,14 @@ platform::Status Drafts::write() {
     m_unwritten = false;
     if (m_path.isEmpty())
         return platform::success();
-    if (m_records.isEmpty()) {
+    QMap<int, marc::RawRecord> all = m_left;
+    all.insert(m_records);
+    if (all.isEmpty()) {
         QFile::remove(m_path);
         return platform::success();
     }
     QJsonObject records;
-    for (auto record = m_records.cbegin(); record != m_records.cend(); ++record)
+    for (auto record = all.cbegin(); record != all.cend(); ++record)
         records.insert(QString::number(record.key()), record.value());
     const QJsonObject draft{
         {u"path"_s, m_source}, {u"identity"_s, QString::fromLatin1(identity())}, {u"records"_s, records}};

@@ -18,7 +18,7 @@ public:
     // What stands from an earlier start. A draft that cannot be read is none; one of a file that has changed since is
     // offered no more, and laid beside under keptPath().
     Found look();
-    // What was found, by row from 0.
+    // What was found, by row from 0. It is written again with what is kept, until drop().
     const QMap<int, marc::RawRecord> &left() const { return m_left; }
     QString keptPath() const { return m_path + QStringLiteral(".old"); }
 

@@ -52,9 +52,15 @@ void EditedRecord::reset() {
     setRows({FieldRow{}}, {});
 }
 
+void EditedRecord::put(const marc::FieldRows &rows, const QString &leader) {
+    publicTouBiao = leader;
+    setRows(rows, m_cutOff);
+}
+
 void EditedRecord::setRows(marc::FieldRows rows, const QString &cutOff) {
     m_rows = std::move(rows);
     m_cutOff = cutOff;
+    rowsCameOrWent = false;
     m_losses.clear();
     m_losses.reserve(m_rows.size());
     for (const FieldRow &row : m_rows)
@@ -78,6 +84,7 @@ void EditedRecord::insert(const NewRow &row) {
         return;
     m_rows.insert(row.place - 1, row.content);
     m_losses.insert(row.place - 1, lossesOf(row.content.value));
+    rowsCameOrWent = true;
     Q_EMIT rowInserted(row.place);
     Q_EMIT changed();
 }
@@ -87,6 +94,7 @@ void EditedRecord::remove(int row) {
         return;
     m_rows.removeAt(row - 1);
     m_losses.removeAt(row - 1);
+    rowsCameOrWent = true;
     Q_EMIT rowRemoved(row);
     Q_EMIT changed();
 }

@@ -20,8 +20,9 @@ class EditedRecord final : public QObject, public platform::TableSource {
 public:
     EditedRecord();
 
-    QString publicTouBiao;      // the leader that the record is built with; the leader's row may differ
-    bool recordChanged = false; // edited and not yet taken over into the list; whoever edits says so
+    QString publicTouBiao;       // the leader that the record is built with; the leader's row may differ
+    bool recordChanged = false;  // edited and not yet taken over into the list; whoever edits says so
+    bool rowsCameOrWent = false; // since the record was shown; that alone is no change to be asked about
 
     const marc::FieldRows &rows() const { return m_rows; }
     marc::FieldRow row(int row) const;
@@ -31,6 +32,7 @@ public:
     // else empty. A record whose directory is damaged is handed to `damaged` and leaves one empty row.
     QString show(const marc::RawRecord &record, const QString &folder, const marc::DamagedDirectory &damaged);
     void reset(); // to one empty row; the leader stays
+    void put(const marc::FieldRows &rows, const QString &leader); // back to a state that it had
     void change(int row, int column, const QString &text);
     void insert(const NewRow &row);
     void remove(int row);

@@ -11,7 +11,9 @@ struct RecordedWindows final : CommandWindows {
     QStringList calls;
     explicit RecordedWindows(const ScriptedHost &host)
         : host(host) {}
-    void selectMarcFile() override { calls.append(u"select"_s); }
+    void selectMarcFile(const QString &file) override { calls.append(u"select" + file); }
+    void tidyFile(const QString &) override { calls.append(u"tidy"_s); }
+    QString connectionText() const override { return u"Driver=SQLite3;Database=" + host.folder + u"/no.db"; }
     static QString count(const QueryLists &lists) { return QString::number(lists.columns.count(u',') + 1); }
     void queryCatalogue(const QueryLists &lists) override { calls.append(u"catalogue " + count(lists)); }
     void queryStore(const QueryLists &lists) override { calls.append(u"store " + count(lists)); }

@@ -62,7 +62,8 @@ inline constexpr QueryLists storeQuery{u"bookname,author,isbn,classcode,lagclass
 class CommandWindows {
 public:
     virtual ~CommandWindows() = default;
-    virtual void selectMarcFile() = 0;
+    virtual void selectMarcFile(const QString &file) = 0; // with the file in its box; an empty one is none
+    virtual void tidyFile(const QString &source) = 0;     // likewise
     virtual void queryCatalogue(const QueryLists &lists) = 0;
     virtual void queryStore(const QueryLists &lists) = 0;
     virtual void splitFile() = 0;
@@ -70,6 +71,8 @@ public:
     virtual void showHelp() = 0;
     virtual void showAbout() = 0;
     virtual void showNotice() = 0; // without waiting
+    // What the database in use is stored as.
+    virtual QString connectionText() const = 0;
     // Before the process ends: a run in progress ends with its files closed.
     virtual void endRuns() = 0;
 };

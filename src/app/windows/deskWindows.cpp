@@ -12,6 +12,7 @@
 #include "workspace/windows/frmDaoru.h"
 #include "workspace/windows/frmSelectMFile.h"
 #include <memory>
+#include <tuple>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -28,12 +29,18 @@ void DeskWindows::setFrame(marcMain *frame) {
     m_catalogue.setArea(frame->area());
 }
 
-void DeskWindows::selectMarcFile() {
+void DeskWindows::selectMarcFile(const QString &file) {
     workspace::frmSelectMFile *opener = nullptr;
     workspace::frmSelectMFile dialog(
         m_host, [&](const QString &file) { showWorkspace(file, opener); }, m_frame);
     opener = &dialog;
+    if (!file.isEmpty())
+        dialog.choose(file);
     dialog.exec();
+}
+
+void DeskWindows::tidyFile(const QString &source) {
+    std::ignore = source;
 }
 
 void DeskWindows::showWorkspace(const QString &file, QWidget *owner) {

@@ -16,7 +16,8 @@ public:
     // The frame that the list windows live in and that the dialogs belong to; outlives its use here.
     void setFrame(marcMain *frame);
 
-    void selectMarcFile() override;
+    void selectMarcFile(const QString &file) override;
+    void tidyFile(const QString &source) override;
     void queryCatalogue(const QueryLists &lists) override { m_catalogue.queryCatalogue(lists); }
     void queryStore(const QueryLists &lists) override { m_catalogue.queryStore(lists); }
     void splitFile() override;
@@ -24,6 +25,7 @@ public:
     void showHelp() override;
     void showAbout() override;
     void showNotice() override;
+    QString connectionText() const override { return m_state.connectionString; }
     void endRuns() override { m_catalogue.endRuns(); }
 
 private:

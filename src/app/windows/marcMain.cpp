@@ -4,6 +4,8 @@
 #include <QIcon>
 #include <QMenuBar>
 #include <QScreen>
+#include <QShortcut>
+#include <QStatusBar>
 #include <QTimer>
 #include <QToolButton>
 
@@ -15,6 +17,8 @@ namespace app {
 marcMain::marcMain(platform::Host &host, CommandWindows &windows)
     : Toolbar1(named(new QToolBar(this), u"Toolbar1"_s))
     , mdiArea(named(new QMdiArea(this), u"mdiArea"_s))
+    , startPage(new StartPage(host, mdiArea->viewport()))
+    , databaseName(named(new QLabel(this), u"databaseName"_s))
     , m_host(host)
     , m_windows(windows) {
     setObjectName(u"marcMain"_s);
@@ -25,6 +29,7 @@ marcMain::marcMain(platform::Host &host, CommandWindows &windows)
     setCentralWidget(mdiArea);
     buildMenu();
     buildToolbar();
+    buildStartPage();
     const QSize room = screen()->availableSize() * 9 / 10;
     resize(QSize(fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 42).boundedTo(room));
 }
@@ -64,10 +69,54 @@ void marcMain::buildToolbar() {
     addToolBar(Toolbar1);
 }
 
+// It lies under the list windows, and shows while there is none.
+void marcMain::buildStartPage() {
+    connect(startPage->steps[0], &widgets::Button::clicked, this, [this] { run(Command::Import); });
+    connect(startPage->steps[1], &widgets::Button::clicked, this, [this] { run(Command::Maintain); });
+    connect(startPage->steps[2], &widgets::Button::clicked, this, [this] { run(Command::Export); });
+    connect(startPage->tidy, &widgets::Button::clicked, this, [this] {
+        m_windows.tidyFile({});
+        startPage->refresh();
+    });
+    connect(startPage, &StartPage::fileChosen, this, [this](const QString &path) {
+        m_windows.selectMarcFile(path);
+        startPage->refresh();
+    });
+    connect(mdiArea, &QMdiArea::subWindowActivated, this, &marcMain::placeStartPage);
+    mdiArea->viewport()->installEventFilter(this);
+    startPage->installEventFilter(this);
+    statusBar()->addWidget(databaseName);
+    statusBar()->setSizeGripEnabled(false);
+    connect(&m_database, &DatabaseProbe::told, this, [this](const QString &words, bool unreachable) {
+        databaseName->setText(unreachable ? QString(u"⚠ " + words) : words);
+        startPage->showDatabase(words, unreachable);
+    });
+    auto *menuKey = new QShortcut(Qt::Key_F10, this);
+    connect(menuKey, &QShortcut::activated, this, [this] {
+        menuBar()->setFocus(Qt::MenuBarFocusReason);
+        menuBar()->setActiveAction(menuBar()->actions().constFirst());
+    });
+}
+
+void marcMain::placeStartPage() {
+    const QSize room = mdiArea->viewport()->size();
+    const QSize size = startPage->sizeHint().boundedTo(room);
+    startPage->setGeometry(QRect(QPoint((room.width() - size.width()) / 2, (room.height() - size.height()) / 3), size));
+    startPage->setVisible(mdiArea->subWindowList().isEmpty());
+}
+
+bool marcMain::eventFilter(QObject *watched, QEvent *event) {
+    const bool moved = event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest;
+    if (moved || event->type() == QEvent::ChildRemoved)
+        QMetaObject::invokeMethod(this, &marcMain::placeStartPage, Qt::QueuedConnection);
+    return QMainWindow::eventFilter(watched, event);
+}
+
 void marcMain::run(Command command) {
     switch (command) {
     case Command::Import:
-        return m_windows.selectMarcFile();
+        m_windows.selectMarcFile({});
+        return startPage->refresh();
     case Command::Export:
         return LoadQuery();
     case Command::Maintain:
@@ -103,6 +152,7 @@ void marcMain::showEvent(QShowEvent *event) {
     m_noticeShown = true;
     // Behind the frame's own first showing, so that the notice comes to lie in front of it.
     QTimer::singleShot(0, this, [this] { m_windows.showNotice(); });
+    m_database.ask(m_windows.connectionText());
 }
 
 void marcMain::closeEvent(QCloseEvent *event) {

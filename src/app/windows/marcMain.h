@@ -3,6 +3,8 @@
 #pragma once
 
 #include "app/windows/commands.h"
+#include "app/windows/databaseProbe.h"
+#include "app/windows/startPage.h"
 #include "platform/host.h"
 #include <QMainWindow>
 #include <QMdiArea>
@@ -24,17 +26,23 @@ public:
 
     QToolBar *Toolbar1;
     QMdiArea *mdiArea;
+    StartPage *startPage; // while the frame is empty
+    QLabel *databaseName; // in the status bar
 
 protected:
     void showEvent(QShowEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void buildMenu();
     void buildToolbar();
+    void buildStartPage();
+    void placeStartPage();
 
     platform::Host &m_host;
     CommandWindows &m_windows;
+    DatabaseProbe m_database;
     bool m_noticeShown = false;
 };
 

@@ -40,6 +40,7 @@ void CellEditors::connectEditors() {
     connect(richText, &CellText::enlargeWanted, this, &CellEditors::enlarge);
     connect(richText, &CellText::reduceWanted, this, &CellEditors::reduce);
     connect(richText, &CellText::textChanged, this, &CellEditors::contentTyped);
+    connect(richText, &CellText::cursorPositionChanged, this, &CellEditors::moved);
     connect(&m_contentKeys, &EditorKeys::focused, this, [this] { Q_EMIT opened(Hold::FieldsAndList); });
     connect(&m_identityKeys, &EditorKeys::entered, this, &CellEditors::commitIdentity);
     connect(&m_identityKeys, &EditorKeys::cancelled, this, &CellEditors::cancelIdentity);
@@ -73,6 +74,28 @@ void CellEditors::enlarge() {
     richText->setToolTip(largeHint.toString());
     richText->setEnlarged(true);
     place();
+}
+
+void CellEditors::openLarge() {
+    if (richText->isVisible())
+        return m_enlarged ? reduce() : enlarge();
+    openContent();
+    if (richText->isVisible())
+        enlarge();
+}
+
+std::optional<qsizetype> CellEditors::position() const {
+    if (!richText->isVisible())
+        return std::nullopt;
+    return richText->textCursor().position() + 1;
+}
+
+std::optional<int> CellEditors::limit() const {
+    return contentLimit(m_record.rows(), editRow);
+}
+
+bool CellEditors::hasAssistant() const {
+    return m_record.row(editRow).identifier == u"000" || field100Assistants(m_record.rows(), editRow) > 0;
 }
 
 void CellEditors::reduce() {

@@ -29,12 +29,19 @@ public:
     void openContent();
     // Of the current row, in the column.
     void openIdentity(IdentityColumn column);
+    // Opens the content of the current row in the large form, or changes the form of an open one.
+    void openLarge();
+    // Where the open content editor stands, and whether Ctrl+E has something to offer there.
+    std::optional<qsizetype> position() const; // from 1
+    std::optional<int> limit() const;
+    bool hasAssistant() const;
     // What is to be said about the record, with the content that is being typed.
     QString warning() const;
 
 Q_SIGNALS:
     void opened(Hold hold);
     void closed();
+    void moved();        // the cursor of an open content editor
     void contentTyped(); // the content being typed is another one, or none any more
 
 private:

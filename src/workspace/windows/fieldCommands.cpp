@@ -2,6 +2,8 @@
 #include "platform/numbers.h"
 #include "platform/paths.h"
 #include "workspace/windows/menuClass.h"
+#include <algorithm>
+#include <array>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -23,21 +25,39 @@ enum Item {
     DeleteSubfield
 };
 
+struct PopupRow {
+    QStringView caption;
+    int key = 0;
+};
+constexpr auto popupRows = std::to_array<PopupRow>({
+    {u"修改本字段内容", Qt::Key_Return},
+    {u"-"},
+    {u"添加字段", int(Qt::ControlModifier) | int(Qt::Key_Insert)},
+    {u"添加子字段", Qt::Key_Insert},
+    {u"-"},
+    {u"修改字段说明", int(Qt::ShiftModifier) | int(Qt::Key_F2)},
+    {u"修改（子）字段标识符", Qt::Key_F2},
+    {u"修改子字段说明", int(Qt::ControlModifier) | int(Qt::Key_F2)},
+    {u"-"},
+    {u"删除字段", int(Qt::ControlModifier) | int(Qt::Key_Delete)},
+    {u"删除子字段", Qt::Key_Delete},
+});
+
 QStringList popupItems() {
-    return {u"修改本字段内容"_s,
-            u"-"_s,
-            u"添加字段"_s,
-            u"添加子字段"_s,
-            u"-"_s,
-            u"修改字段说明"_s,
-            u"修改（子）字段标识符"_s,
-            u"修改子字段说明"_s,
-            u"-"_s,
-            u"删除字段"_s,
-            u"删除子字段"_s};
+    QStringList items;
+    for (const PopupRow &row : popupRows)
+        items.append(row.caption.toString());
+    return items;
 }
 
 } // namespace
+
+QList<QKeySequence> FieldCommands::keys() {
+    QList<QKeySequence> keys;
+    for (const PopupRow &row : popupRows)
+        keys.append(row.key ? QKeySequence(row.key) : QKeySequence());
+    return keys;
+}
 
 FieldCommands::FieldCommands(FieldGrid &grid, EditedRecord &record, CellEditors &editors, platform::Host &host)
     : zdList(new ChoiceList(u"zdList"_s, u"可添加的字段"_s, grid.parentWidget()))
@@ -78,14 +98,16 @@ void FieldCommands::menuKeyPressed() {
     if (row < 1)
         return;
     m_editors.editRow = row; // the row that the key is for counts as noted, or the keyboard alone would never get here
-    popup(m_grid.parentWidget()->mapToGlobal(m_grid.cellRect(row, m_grid.column()).center()));
+    m_grid.scrollToRow(row);
+    const int column = std::max(m_grid.column(), int(FieldLabelColumn)); // the first one is hidden and has no place
+    popup(m_grid.parentWidget()->mapToGlobal(m_grid.cellRect(row, column).center()));
 }
 
 void FieldCommands::popup(const QPoint &at) {
     if (m_record.row(1).identifier.isEmpty())
         return;
     menuClass menu;
-    run(menu.Popup(popupItems(), at, m_grid.window()));
+    run(menu.Popup(popupItems(), at, m_grid.window(), keys()));
 }
 
 void FieldCommands::run(int item) {

@@ -16,6 +16,10 @@ public:
 
     bool clickMark = false; // between a press of the right button and the click that follows it
 
+    // The keys of the popup's items, which work on the grid without it; empty where an item has none.
+    static QList<QKeySequence> keys();
+    void run(int item); // of the popup, from 1
+
     void rightPressed();   // the popup at the mouse
     void menuKeyPressed(); // the popup at the current row
     void gridClicked();
@@ -29,7 +33,6 @@ public:
 
 private:
     void popup(const QPoint &at);
-    void run(int item);
     void offer(widgets::ChoiceList *box, const marc::PickList &list);
     void insert(const NewRow &row, widgets::ChoiceList *chosenFrom);
 

@@ -1,4 +1,8 @@
 #include "workspace/windows/fieldGrid.h"
+#include "widgets/flexGridColours.h"
+#include <QFontDatabase>
+#include <QKeyEvent>
+#include <QPainter>
 #include <QScrollBar>
 #include <array>
 #include <memory>
@@ -17,7 +21,69 @@ constexpr int fixedRows = 1;
 
 static_assert(std::reduce(widths.begin(), widths.end()) == FieldGrid::allTwips);
 
+// Positions in coded data are counted, and blanks count.
+class FieldDelegate final : public widgets::FlexGridDelegate {
+public:
+    using FlexGridDelegate::FlexGridDelegate;
+
+    void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override {
+        FlexGridDelegate::paint(painter, option, index);
+        if (!isCoded(index))
+            return;
+        QStyleOptionViewItem cell(option);
+        initStyleOption(&cell, index);
+        const QRect text = option.widget->style()->subElementRect(QStyle::SE_ItemViewItemText, &cell, option.widget);
+        const QFontMetricsF metrics(cell.font);
+        const double margin = option.widget->style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1;
+        QColor faint =
+            cell.palette.color(option.state & QStyle::State_Selected ? QPalette::HighlightedText : QPalette::Text);
+        faint.setAlphaF(faintness);
+        painter->save();
+        painter->setClipRect(option.rect);
+        painter->setFont(cell.font);
+        painter->setPen(faint);
+        for (qsizetype at = cell.text.indexOf(u' '); at >= 0; at = cell.text.indexOf(u' ', at + 1)) {
+            const double left = text.left() + margin + metrics.horizontalAdvance(cell.text, int(at));
+            painter->drawText(QRectF(left, text.top(), metrics.horizontalAdvance(u' '), text.height()), Qt::AlignCenter,
+                              u"·"_s);
+        }
+        painter->restore();
+    }
+
+protected:
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override {
+        FlexGridDelegate::initStyleOption(option, index);
+        if (isCoded(index))
+            option->font = codedFont(option->font);
+    }
+
+private:
+    static constexpr float faintness = 0.45F;
+
+    // The contents of the leader, of control fields and of fields 1XX.
+    static bool isCoded(const QModelIndex &index) {
+        if (index.column() != ValueColumn)
+            return false;
+        for (int row = index.row(); row >= 0; --row) {
+            const QString tag = index.siblingAtColumn(IdentifierColumn).siblingAtRow(row).data().toString();
+            if (tag.size() == 3 && tag[0].isDigit())
+                return tag < u"010"_s || tag.startsWith(u'1');
+        }
+        return false;
+    }
+};
+
 } // namespace
+
+QFont codedFont(const QFont &plain) {
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    QStringList families = font.families();
+    families << u"Noto Sans Mono CJK SC"_s << plain.families();
+    font.setFamilies(families);
+    font.setPointSizeF(plain.pointSizeF());
+    font.setStyleHint(QFont::Monospace);
+    return font;
+}
 
 FieldGrid::FieldGrid(const QString &objectName, QWidget *parent)
     : FlexGrid(objectName, int(widths.size()), fixedRows, parent) {
@@ -26,6 +92,8 @@ FieldGrid::FieldGrid(const QString &objectName, QWidget *parent)
         setColumnTwips(column, widths[size_t(column)]);
         setColumnAlignment(column, Qt::AlignLeft | Qt::AlignVCenter);
     }
+    setItemDelegate(new FieldDelegate(this));
+    setStretchColumn(ValueColumn);
     for (const QScrollBar *bar : {horizontalScrollBar(), verticalScrollBar()})
         connect(bar, &QScrollBar::valueChanged, this, &FieldGrid::scrolled);
 }
@@ -52,6 +120,20 @@ QRect FieldGrid::rightHalf() const {
     QRect half = geometry();
     half.setLeft(half.left() + half.width() / 2);
     return half;
+}
+
+void FieldGrid::keyPressEvent(QKeyEvent *event) {
+    constexpr int tagLength = 3;
+    constexpr qint64 soon = 1500; // ms
+    const QString typed = event->text();
+    if (event->modifiers() & ~Qt::KeypadModifier || typed.size() != 1 || typed[0] < u'0' || typed[0] > u'9')
+        return FlexGrid::keyPressEvent(event);
+    event->accept();
+    if (m_digits.size() == tagLength || !m_sinceDigit.isValid() || m_sinceDigit.elapsed() > soon)
+        m_digits.clear();
+    m_digits += typed;
+    m_sinceDigit.start();
+    Q_EMIT tagTyped(m_digits);
 }
 
 void FieldGrid::resizeEvent(QResizeEvent *event) {

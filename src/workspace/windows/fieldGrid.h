@@ -3,9 +3,13 @@
 
 #include "widgets/flexGrid.h"
 #include "workspace/editedRecord.h"
+#include <QElapsedTimer>
 #include <memory>
 
 namespace workspace {
+
+// The face of coded data: all characters equally wide.
+QFont codedFont(const QFont &plain);
 
 class FieldGrid final : public widgets::FlexGrid {
     Q_OBJECT
@@ -21,15 +25,19 @@ public:
 
 Q_SIGNALS:
     void scrolled();
-    void rearranged(); // other rows, or another size; told once the grid has laid itself out anew
+    void tagTyped(const QString &digits); // up to three, typed one soon after the other
+    void rearranged();                    // other rows, or another size; told once the grid has laid itself out anew
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
     void showAnew();
 
     std::shared_ptr<const EditedRecord> m_record;
+    QString m_digits;
+    QElapsedTimer m_sinceDigit;
 };
 
 } // namespace workspace

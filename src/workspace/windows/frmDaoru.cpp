@@ -1,8 +1,10 @@
 #include "workspace/windows/frmDaoru.h"
+#include "platform/desktop/screenRoom.h"
 #include "widgets/layout.h"
 #include "workspace/windows/workspaceControls.h"
-#include <QScreen>
 #include <QScrollBar>
+#include <QShortcut>
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -16,6 +18,11 @@ namespace workspace {
 namespace {
 
 constexpr int firstBatch = 200; // records read before the window is shown
+
+// Legible on light and on dark windows.
+QColor warningInk(const QColor &window) {
+    return window.lightness() > 127 ? QColor(0xa0, 0x20, 0x00) : QColor(0xff, 0xb0, 0x80);
+}
 
 } // namespace
 
@@ -35,13 +42,24 @@ frmDaoru::frmDaoru(platform::Host &host, WorkspaceWindows windows, QWidget *pare
     , cmdTiMing{new Button(u"cmdTiMing0"_s, u"&P 上一条"_s, this), new Button(u"cmdTiMing1"_s, u"&N 下一条"_s, this)}
     , cmdclick(commandButtons(this))
     , labZhuangTai(new widgets::PacedLabel(u"labZhuangTai"_s, {}, this))
+    , findLine(new FindLine(*Grid2, this))
+    , cmdJiaoDuiAll(new Button(u"cmdJiaoDuiAll"_s, u"&D 校对全部"_s, this))
+    , cmdQuanWen(new Button(u"cmdQuanWen"_s, u"&W 全文"_s, this))
+    , wholeText(new QPlainTextEdit(this))
+    , draftBar(frameOf(u"draftBar"_s, this))
+    , draftWords(label(u"draftWords"_s, {}, draftBar))
+    , cmdDraft{new Button(u"cmdDraft0"_s, u"&H 恢复"_s, draftBar), new Button(u"cmdDraft1"_s, u"&I 丢弃"_s, draftBar)}
     , m_host(host)
     , m_windows(std::move(windows))
     , m_editors(*Grid1, *m_record, host, m_windows)
     , m_fields(*Grid1, *m_record, m_editors, host)
     , m_moving(*Grid2, *m_record, host, damagedDirectory())
     , m_reading(*Grid2, host, damagedDirectory())
-    , m_commands(*Grid2, *m_record, host, m_windows) {
+    , m_commands(*Grid2, *m_record, host, m_windows)
+    , m_history(*m_record)
+    , m_drafts(*Grid2, *m_record, host)
+    , m_across(new QSplitter(Qt::Horizontal, this))
+    , m_down(new QSplitter(Qt::Vertical, m_across)) {
     richText = m_editors.richText;
     Text1 = m_editors.Text1;
     zdList = m_fields.zdList;
@@ -53,6 +71,14 @@ frmDaoru::frmDaoru(platform::Host &host, WorkspaceWindows windows, QWidget *pare
     connectGrids();
     connectHelpers();
     connectButtons();
+    bindKeys();
+    recall();
+}
+
+void frmDaoru::layDraftBar() {
+    draftBar->setLayout(row({{draftWords, 1}, cmdDraft[0], cmdDraft[1]}));
+    draftBar->setFrameStyle(int(QFrame::StyledPanel) | int(QFrame::Raised));
+    draftBar->hide();
 }
 
 void frmDaoru::lay() {
@@ -60,10 +86,30 @@ void frmDaoru::lay() {
     Picture1->setLayout(column({{Grid1, 1}}));
     for (QFrame *frame : {picTiMing, Picture1})
         frame->layout()->setContentsMargins(0, 0, 0, 0);
+    layDraftBar();
+    wholeText->setObjectName(u"wholeText"_s);
+    wholeText->setAccessibleName(u"当前行全文"_s);
+    wholeText->setReadOnly(true);
+    wholeText->setTabChangesFocus(true);
+    cmdQuanWen->setCheckable(true);
+    cmdQuanWen->setToolTip(u"在表格下面显示当前行的全文"_s);
+    cmdJiaoDuiAll->setToolTip(u"校对读出的全部记录，并查重"_s);
+    m_across->setObjectName(u"across"_s);
+    m_down->setObjectName(u"down"_s);
+    m_across->addWidget(picTiMing);
+    m_across->addWidget(m_down);
+    m_down->addWidget(Picture1);
+    m_down->addWidget(wholeText);
+    m_across->setStretchFactor(1, 1);
+    m_down->setStretchFactor(0, 1);
+    m_across->setChildrenCollapsible(false);
+    m_down->setChildrenCollapsible(false);
     setLayout(column({
-        {row({picTiMing, {Picture1, 1}}), 1},
-        labZhuangTai,
-        row({Label1[0], Text2, Label1[1], Text3, Label1[2], Text4, labJinDu, widgets::stretch(), cmdJieShu}),
+        draftBar,
+        {m_across, 1},
+        row({{labZhuangTai, 1}, findLine}),
+        row({Label1[0], Text2, Label1[1], Text3, Label1[2], Text4, labJinDu, widgets::stretch(), cmdQuanWen,
+             cmdJiaoDuiAll, cmdJieShu}),
         row({cmdTiMing[0], cmdTiMing[1], widgets::stretch(), cmdclick[0], cmdclick[1], cmdclick[2], cmdclick[3],
              cmdclick[4], cmdclick[5], cmdclick[6]}),
     }));
@@ -71,12 +117,15 @@ void frmDaoru::lay() {
     labZhuangTai->setMinimumHeight(metrics.height()); // its place is kept while there is nothing to say
     // As wide as the columns of both grids, with their scroll bars; the list keeps its width.
     const int beside = Grid1->verticalScrollBar()->sizeHint().width() + 2 * Grid1->frameWidth();
-    picTiMing->setFixedWidth(Grid2->toPixels(RecordList::allTwips) + beside);
+    const int listWidth = Grid2->toPixels(RecordList::allTwips) + beside;
+    picTiMing->setMinimumWidth(listWidth / 2);
+    m_across->setSizes({listWidth, Grid1->toPixels(FieldGrid::allTwips) + beside});
+    m_down->setSizes({metrics.height() * 30, metrics.height() * 4});
     const QMargins margins = layout()->contentsMargins();
-    const QSize wanted(picTiMing->width() + Grid1->toPixels(FieldGrid::allTwips) + beside + layout()->spacing() +
+    const QSize wanted(listWidth + Grid1->toPixels(FieldGrid::allTwips) + beside + layout()->spacing() +
                            margins.left() + margins.right() + metrics.averageCharWidth(),
                        metrics.height() * 36);
-    resize(wanted.boundedTo(screen()->availableSize()));
+    resize(wanted.boundedTo(platform::roomOnScreen(this)));
     Grid2->setFocus();
 }
 
@@ -99,17 +148,142 @@ void frmDaoru::connectHelpers() {
     connect(&m_reading, &RecordReading::counted, this,
             [this](qint64 count) { Text4->setText(QString::number(count)); });
     connect(&m_reading, &RecordReading::stateChanged, this, &frmDaoru::enterState);
+    connect(&m_reading, &RecordReading::lookedAt, this, [this](const marc::FileCounts &file) { m_facts.file = file; });
+    connect(&m_editors, &CellEditors::moved, this, &frmDaoru::updateStatus);
+    connect(&m_history, &FieldHistory::went, this, &frmDaoru::say);
+    connect(&m_drafts, &DraftKeeper::told, this, &frmDaoru::say);
+    connect(&m_drafts, &DraftKeeper::countChanged, this, &frmDaoru::updateStatus);
+    connect(&m_drafts, &DraftKeeper::currentRestored, this, [this] { showRecord(records().record(Grid2->row())); });
+    connect(&m_drafts, &DraftKeeper::offered, this, [this](qsizetype count) {
+        draftWords->setText(u"上次有 %1 条修改没有导入"_s.arg(count));
+        draftBar->show();
+    });
+    connect(findLine, &FindLine::wanted, this, &frmDaoru::goToRecord);
+    connect(findLine, &FindLine::closed, this, [this] { Grid2->setFocus(); });
+    connect(Grid2, &RecordList::lettersTyped, this,
+            [this](const QString &text) { findLine->open(FindLine::Place::Title, text); });
+    connect(Grid1, &FieldGrid::tagTyped, this, &frmDaoru::goToTag);
+    connect(Grid1, &FieldGrid::enterCell, this, &frmDaoru::showWholeText);
+    connect(Grid1, &FieldGrid::gridClicked, this, &frmDaoru::showWholeText);
+    connect(Grid1, &FieldGrid::rearranged, this, &frmDaoru::showWholeText);
+    connect(m_record.get(), &EditedRecord::changed, this, &frmDaoru::showWholeText);
+    connect(this, &Window::unloaded, this, &frmDaoru::remember);
     connect(this, &Window::unloaded, &m_reading, &RecordReading::abandon);
 }
 
+// The keys that no caption tells; where an editor is open they wait until it is closed.
+void frmDaoru::bindKeys() {
+    const auto on = [this](QWidget *where, const QKeySequence &key, Qt::ShortcutContext context, auto act) {
+        auto *shortcut = new QShortcut(key, where, nullptr, nullptr, context);
+        connect(shortcut, &QShortcut::activated, this, act);
+    };
+    const auto inWindow = [&](const QKeySequence &key, auto act) { on(this, key, Qt::WindowShortcut, act); };
+    const auto step = [this](int by) {
+        if (cmdTiMing[0]->isEnabled())
+            m_moving.step(by);
+    };
+    inWindow(Qt::ControlModifier | Qt::Key_PageUp, [step] { step(-1); });
+    inWindow(Qt::ControlModifier | Qt::Key_PageDown, [step] { step(1); });
+    inWindow(Qt::Key_F3, [this] {
+        if (findLine->isVisible())
+            findLine->next();
+        else
+            findLine->open(FindLine::Place::WholeRecord);
+    });
+    inWindow(Qt::ShiftModifier | Qt::Key_F3, [this] { findLine->previous(); });
+    inWindow(Qt::ControlModifier | Qt::Key_G, [this] { findLine->open(FindLine::Place::Number); });
+    inWindow(Qt::Key_F6, [this] { m_editors.openLarge(); });
+    on(Grid1, QKeySequence::Undo, Qt::WidgetShortcut, [this] { m_history.undo(); });
+    on(Grid1, QKeySequence::Redo, Qt::WidgetShortcut, [this] { m_history.redo(); });
+    on(Grid1, Qt::ControlModifier | Qt::Key_Y, Qt::WidgetShortcut, [this] { m_history.redo(); });
+    const QList<QKeySequence> keys = FieldCommands::keys();
+    for (int item = 1; item <= keys.size(); ++item)
+        if (!keys[item - 1].isEmpty() && keys[item - 1] != QKeySequence(Qt::Key_Return)) // the grid has that itself
+            on(Grid1, keys[item - 1], Qt::WidgetShortcut, [this, item] { m_fields.run(item); });
+}
+
+void frmDaoru::goToRecord(int row) {
+    if (row != Grid2->row() && Grid2->isEnabled())
+        Grid2->clickRow(row);
+}
+
+void frmDaoru::goToTag(const QString &digits) {
+    const marc::FieldRows &rows = m_record->rows();
+    const auto found = std::ranges::find_if(rows, [&](const marc::FieldRow &row) {
+        return row.identifier.size() == 3 && row.identifier >= digits && marc::isFieldRow(row);
+    });
+    if (found == rows.end())
+        return say(u"没有字段 "_s + digits);
+    Grid1->setRow(int(found - rows.begin()) + 1);
+    m_editors.editRow = Grid1->row();
+    showWholeText();
+}
+
+void frmDaoru::showWholeText() {
+    if (wholeText->isVisible())
+        wholeText->setPlainText(m_record->row(Grid1->row()).value);
+}
+
+void frmDaoru::say(const QString &remark) {
+    m_facts.remark = remark;
+    updateStatus();
+}
+
+// What the user made of the window's room.
+void frmDaoru::remember() {
+    const platform::DeskState &state = m_host.remembered();
+    state.keep(u"frmDaoru/geometry"_s, saveGeometry());
+    state.keep(u"frmDaoru/across"_s, m_across->saveState());
+    state.keep(u"frmDaoru/down"_s, m_down->saveState());
+    state.keep(u"frmDaoru/whole"_s, cmdQuanWen->isChecked());
+    QVariantMap widths;
+    const QMap<int, int> drawn = Grid1->drawnWidths();
+    for (auto width = drawn.begin(); width != drawn.end(); ++width)
+        widths.insert(QString::number(width.key()), width.value());
+    state.keep(u"frmDaoru/columns"_s, widths);
+}
+
+void frmDaoru::recall() {
+    const platform::DeskState &state = m_host.remembered();
+    restoreGeometry(state.read(u"frmDaoru/geometry"_s).toByteArray());
+    m_across->restoreState(state.read(u"frmDaoru/across"_s).toByteArray());
+    m_down->restoreState(state.read(u"frmDaoru/down"_s).toByteArray());
+    const bool whole = state.read(u"frmDaoru/whole"_s).toBool();
+    cmdQuanWen->setChecked(whole);
+    wholeText->setVisible(whole);
+    QMap<int, int> drawn;
+    const QVariantMap widths = state.read(u"frmDaoru/columns"_s).toMap();
+    for (auto width = widths.begin(); width != widths.end(); ++width)
+        drawn.insert(width.key().toInt(), width.value().toInt());
+    Grid1->setDrawnWidths(drawn);
+}
+
 void frmDaoru::connectButtons() {
+    connect(cmdQuanWen, &Button::toggled, this, [this](bool whole) {
+        wholeText->setVisible(whole);
+        showWholeText();
+    });
+    connect(cmdDraft[0], &Button::clicked, this, [this] {
+        draftBar->hide();
+        m_drafts.restore();
+        Grid2->setFocus();
+    });
+    connect(cmdDraft[1], &Button::clicked, this, [this] {
+        draftBar->hide();
+        m_drafts.giveUp();
+        Grid2->setFocus();
+    });
     connect(cmdTiMing[0], &Button::clicked, this, [this] { m_moving.step(-1); });
     connect(cmdTiMing[1], &Button::clicked, this, [this] { m_moving.step(1); });
     connect(cmdJieShu, &Button::clicked, this, [this] { m_reading.stop(); });
     connect(cmdclick[0], &Button::clicked, this, [this] { m_commands.showCard(u"标准"_s); });
     connect(cmdclick[1], &Button::clicked, this, [this] { m_commands.showCard(u"卡片"_s); });
     connect(cmdclick[2], &Button::clicked, this, [this] { m_commands.proof(); });
-    connect(cmdclick[3], &Button::clicked, this, [this] { m_reading.all(publicMarcFile); });
+    connect(cmdclick[3], &Button::clicked, this, [this] {
+        m_reading.all(publicMarcFile);
+        if (cmdclick[3]->hasFocus() || cmdclick[4]->hasFocus()) // the button went grey under the keyboard
+            Grid2->setFocus();
+    });
     connect(cmdclick[4], &Button::clicked, this, [this] { m_host.tell(u"暂无此功能"_s); });
     connect(cmdclick[5], &Button::clicked, this,
             [this] { m_commands.importRecords(m_reading.state(), Text3->pacedText()); });
@@ -124,6 +298,7 @@ void frmDaoru::load() {
 
 void frmDaoru::loadData() {
     readFirstBatch(publicMarcFile, firstBatch);
+    m_drafts.begin(publicMarcFile);
 }
 
 void frmDaoru::readFirstBatch(const QString &file, int limit) {
@@ -160,6 +335,8 @@ marc::RawRecord frmDaoru::madeMyMarc() const {
 
 void frmDaoru::listed(int count) {
     Text3->setPacedText(QString::number(count));
+    m_facts.read = count;
+    m_drafts.listed(count);
     if (count == 1)
         showRecord(records().record(0));
 }
@@ -169,6 +346,9 @@ void frmDaoru::enterState(ReadState state) {
     labJinDu->repaint();
     allowReadAll();
     cmdJieShu->setEnabled(rulesOf(state).mayStop);
+    m_facts.readToTheEnd = state == ReadState::Finished || (!rulesOf(state).running && m_facts.read > 0 &&
+                                                            Text4->pacedText().toLongLong() <= m_facts.read);
+    updateStatus();
 }
 
 // An open editor holds the button back beside the state of the read.
@@ -196,7 +376,17 @@ void frmDaoru::releaseControls() {
 }
 
 void frmDaoru::updateStatus() {
-    labZhuangTai->setText(m_editors.warning());
+    m_facts.warning = m_editors.warning();
+    m_facts.column = m_editors.position();
+    m_facts.columns = m_facts.column ? m_editors.limit() : std::nullopt;
+    m_facts.assistant = m_facts.column && m_editors.hasAssistant();
+    m_facts.fieldsCameOrWent = m_record->rowsCameOrWent && !m_record->recordChanged;
+    m_facts.changed = m_drafts.changed();
+    QPalette ink = palette();
+    if (warns(m_facts))
+        ink.setColor(QPalette::WindowText, warningInk(ink.color(QPalette::Window)));
+    labZhuangTai->setPalette(ink);
+    labZhuangTai->setText(statusLine(m_facts));
 }
 
 bool frmDaoru::queryUnload() {

@@ -5,12 +5,18 @@
 #include "platform/host.h"
 #include "widgets/pacedLabel.h"
 #include "widgets/window.h"
+#include "workspace/statusFacts.h"
+#include "workspace/windows/draftKeeper.h"
 #include "workspace/windows/fieldCommands.h"
+#include "workspace/windows/fieldHistory.h"
+#include "workspace/windows/findLine.h"
 #include "workspace/windows/recordCommands.h"
 #include "workspace/windows/recordMoving.h"
 #include "workspace/windows/recordReading.h"
 #include <QFrame>
 #include <QLabel>
+#include <QPlainTextEdit>
+#include <QSplitter>
 #include <array>
 #include <memory>
 
@@ -58,6 +64,13 @@ public:
     std::array<widgets::Button *, 2> cmdTiMing;
     std::array<widgets::Button *, 7> cmdclick;
     widgets::PacedLabel *labZhuangTai;
+    FindLine *findLine;
+    widgets::Button *cmdJiaoDuiAll; // 校对全部
+    widgets::Button *cmdQuanWen;    // folds the pane of the whole text away
+    QPlainTextEdit *wholeText;      // of the current row
+    QFrame *draftBar;               // offers what a crash has left
+    QLabel *draftWords;
+    std::array<widgets::Button *, 2> cmdDraft; // 恢复, 丢弃
     CellText *richText; // these four are m_editors' and m_fields'
     QLineEdit *Text1;
     widgets::ChoiceList *zdList;
@@ -68,6 +81,14 @@ protected:
 
 private:
     void lay();
+    void layDraftBar();
+    void bindKeys();
+    void remember();
+    void recall();
+    void goToRecord(int row);
+    void goToTag(const QString &digits);
+    void showWholeText();
+    void say(const QString &remark);
     void connectGrids();
     void connectHelpers();
     void connectButtons();
@@ -89,6 +110,11 @@ private:
     RecordMoving m_moving;
     RecordReading m_reading;
     RecordCommands m_commands;
+    FieldHistory m_history;
+    DraftKeeper m_drafts;
+    QSplitter *m_across;
+    QSplitter *m_down;
+    StatusFacts m_facts;
 };
 
 } // namespace workspace

@@ -37,7 +37,7 @@ void RecordCommands::importRecords(ReadState state, const QString &count) {
                                                 {})) {
         // The title in the list and the mark of a change stay as they are.
         if (const marc::RawRecord record = m_record.rebuilt(m_host.now()); !record.isEmpty())
-            m_list.records().setRecord(m_list.row(), record);
+            m_list.take(m_list.row(), record);
     }
     m_windows.runImport(m_list.sharedRecords(), count, m_list.window());
 }

@@ -1,4 +1,6 @@
 #include "workspace/windows/recordList.h"
+#include <QInputMethodEvent>
+#include <QKeyEvent>
 #include <array>
 #include <numeric>
 
@@ -17,6 +19,7 @@ RecordList::RecordList(const QString &objectName, QWidget *parent)
         setColumnTwips(column, widths[size_t(column)]);
         setColumnAlignment(column, Qt::AlignLeft | Qt::AlignVCenter);
     }
+    setAttribute(Qt::WA_InputMethodEnabled);
     connect(this, &FlexGrid::gridClicked, this, [this] {
         if (rowSel() != row())
             setRowSel(row());
@@ -37,6 +40,28 @@ void RecordList::reset() {
 void RecordList::setTitle(int row, const QString &title) {
     m_records->setTitle(row, title);
     sourceChanged(row, titleColumn);
+}
+
+void RecordList::take(int row, const marc::RawRecord &record) {
+    m_records->setRecord(row, record);
+    Q_EMIT taken(row, record);
+}
+
+void RecordList::keyPressEvent(QKeyEvent *event) {
+    const bool command = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    const QString text = event->text();
+    if (!command && !text.isEmpty() && text[0].isPrint() && !text[0].isSpace()) {
+        event->accept();
+        Q_EMIT lettersTyped(text);
+        return;
+    }
+    FlexGrid::keyPressEvent(event);
+}
+
+void RecordList::inputMethodEvent(QInputMethodEvent *event) {
+    if (!event->commitString().isEmpty())
+        Q_EMIT lettersTyped(event->commitString());
+    event->accept();
 }
 
 void RecordList::markCurrent() {

@@ -22,11 +22,20 @@ public:
 
     void reset(); // back to 20 empty rows
     void setTitle(int row, const QString &title);
+    // The record as it was edited, in the place of the one that was read.
+    void take(int row, const marc::RawRecord &record);
     void markCurrent(); // colours the current row; told by currentMarked
     void markVisited(); // the current row too, before it is left
 
 Q_SIGNALS:
     void currentMarked(const QString &number); // its number in the list, empty where the row holds no record
+
+    void taken(int row, const QString &record);
+    void lettersTyped(const QString &text); // by a key or an input method
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void inputMethodEvent(QInputMethodEvent *event) override;
 
 private:
     static constexpr int titleColumn = 1;

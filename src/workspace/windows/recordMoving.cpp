@@ -45,7 +45,7 @@ void RecordMoving::leaveStep() {
     if (!m_record.recordChanged)
         return;
     if (const marc::RawRecord record = rebuiltIfWanted(); !record.isEmpty()) {
-        m_list.records().setRecord(row, record);
+        m_list.take(row, record);
         const QString title = marc::readZd(record, u"200a", m_damaged).value_or(QString());
         if (!title.isEmpty())
             m_list.setTitle(row, title);
@@ -61,7 +61,7 @@ void RecordMoving::step(int by) {
     if (m_record.recordChanged) {
         // The title in the list stays as it is, and the mark of a change stands until the next record is entered.
         if (const marc::RawRecord record = rebuiltIfWanted(); !record.isEmpty())
-            m_list.records().setRecord(row, record);
+            m_list.take(row, record);
     }
     m_list.markVisited();
     m_list.setRow(next);

@@ -55,8 +55,10 @@ void RecordReading::firstBatch(const QString &file, int limit) {
     if (!reader)
         return;
     enter(ReadState::Loading);
-    if (const auto estimate = marc::lineCount(file))
-        Q_EMIT counted(estimate.value());
+    if (const auto counts = marc::fileCounts(file)) {
+        Q_EMIT lookedAt(counts.value());
+        Q_EMIT counted(counts.value().lines);
+    }
     const ReadEnd end = read(*reader, {.passOver = 0, .limit = limit});
     reader.reset();
     if (end.abandoned)

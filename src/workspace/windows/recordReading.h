@@ -1,6 +1,7 @@
 // The reads of the workspace: the first batch, the remainder, stopping.
 #pragma once
 
+#include "marc/recordCutter.h"
 #include "platform/host.h"
 #include "workspace/preReadEngine.h"
 #include "workspace/windows/recordList.h"
@@ -26,7 +27,8 @@ public:
 
 Q_SIGNALS:
     void stateChanged(workspace::ReadState state);
-    void listed(int count);     // record number `count` now stands in row `count` - 1; 0 at the start of a list
+    void listed(int count); // record number `count` now stands in row `count` - 1; 0 at the start of a list
+    void lookedAt(const marc::FileCounts &file); // before a batch is read
     void counted(qint64 count); // the file's records: an estimate first, the true number once its end was reached
 
 private:

@@ -1,0 +1,76 @@
+#include "app/windows/startPage.h"
+#include "platform/recentFiles.h"
+#include "widgets/layout.h"
+#include <QDir>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+using widgets::Button;
+using widgets::column;
+
+namespace app {
+
+namespace {
+
+Button *entry(const QString &name, const QString &caption, QWidget *page) {
+    auto *made = new Button(name, caption, page);
+    made->setStyleSheet(u"QPushButton { text-align: left; padding: 0.4em 1em; }"_s);
+    return made;
+}
+
+QLabel *heading(const QString &name, const QString &text, QWidget *page) {
+    auto *made = new QLabel(text, page);
+    made->setObjectName(name);
+    QFont larger = made->font();
+    larger.setPointSizeF(larger.pointSizeF() * 1.2);
+    made->setFont(larger);
+    return made;
+}
+
+} // namespace
+
+StartPage::StartPage(platform::Host &host, QWidget *parent)
+    : QWidget(parent)
+    , steps{entry(u"startImport"_s, u"&1 选择机读目录文件：预读、校对、修改，导入到套录库"_s, this),
+            entry(u"startMaintain"_s, u"&2 查询和维护套录库"_s, this),
+            entry(u"startExport"_s, u"&3 查询书库：打印一览表，导出为 marc 数据"_s, this)}
+    , tidy(entry(u"startTidy"_s, u"&4 整理机读目录文件…"_s, this))
+    , recentTitle(heading(u"recentTitle"_s, u"最近用过的文件"_s, this))
+    , databaseWords(new QLabel(this))
+    , m_host(host)
+    , m_recentFiles(new QVBoxLayout) {
+    setObjectName(u"startPage"_s);
+    setAutoFillBackground(true);
+    setBackgroundRole(QPalette::Base);
+    databaseWords->setObjectName(u"databaseWords"_s);
+    databaseWords->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    setLayout(column({heading(u"startTitle"_s, u"从这里开始"_s, this), steps[0], steps[1], steps[2], tidy, recentTitle,
+                      m_recentFiles, databaseWords}));
+    const int margin = 2 * fontMetrics().height();
+    layout()->setContentsMargins(margin, margin, margin, margin);
+    refresh();
+}
+
+void StartPage::refresh() {
+    qDeleteAll(recent);
+    recent.clear();
+    for (const QString &path : platform::recentFiles(m_host.remembered())) {
+        const QString shown = QDir::toNativeSeparators(path);
+        auto *file = entry(u"recent"_s + QString::number(recent.size()),
+                           QString(QFileInfo(path).fileName()).replace(u'&', u"&&"_s), this);
+        file->setToolTip(shown);
+        file->setAccessibleDescription(shown);
+        connect(file, &Button::clicked, this, [this, path] { Q_EMIT fileChosen(path); });
+        m_recentFiles->addWidget(file);
+        recent.append(file);
+    }
+    recentTitle->setVisible(!recent.isEmpty());
+    adjustSize();
+}
+
+void StartPage::showDatabase(const QString &words, bool unreachable) {
+    databaseWords->setText(unreachable ? QString(u"⚠ " + words) : words);
+    adjustSize();
+}
+
+} // namespace app

@@ -1,0 +1,34 @@
+// What the empty frame shows: the three steps of the work, the files used last, the database in use.
+#pragma once
+
+#include "platform/host.h"
+#include "widgets/window.h"
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace app {
+
+class StartPage final : public QWidget {
+    Q_OBJECT
+public:
+    explicit StartPage(platform::Host &host, QWidget *parent);
+
+    void showDatabase(const QString &words, bool unreachable);
+    // The files used last may be other ones.
+    void refresh();
+
+    std::array<widgets::Button *, 3> steps;
+    widgets::Button *tidy;
+    QLabel *recentTitle;
+    QList<widgets::Button *> recent;
+    QLabel *databaseWords;
+
+Q_SIGNALS:
+    void fileChosen(const QString &path);
+
+private:
+    platform::Host &m_host;
+    QVBoxLayout *m_recentFiles;
+};
+
+} // namespace app

@@ -1,0 +1,124 @@
+#include "workspace/windows/findLine.h"
+#include "platform/numbers.h"
+#include "widgets/layout.h"
+#include <QKeyEvent>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace workspace {
+
+FindLine::FindLine(RecordList &list, QWidget *parent)
+    : QWidget(parent)
+    , findText(new QLineEdit(this))
+    , findPlace(new QComboBox(this))
+    , findCount(new QLabel(this))
+    , m_list(list) {
+    setObjectName(u"findLine"_s);
+    findText->setObjectName(u"findText"_s);
+    findText->setAccessibleName(u"查找"_s);
+    findText->setPlaceholderText(u"查找：F3 下一条，Shift+F3 上一条"_s);
+    findText->setMinimumWidth(fontMetrics().averageCharWidth() * 24);
+    findPlace->setObjectName(u"findPlace"_s);
+    findPlace->setAccessibleName(u"查找范围"_s);
+    findPlace->addItems({u"题名"_s, u"全部"_s, u"记录号"_s});
+    findCount->setObjectName(u"findCount"_s);
+    setLayout(widgets::row({{findText, 1}, findPlace, findCount}));
+    layout()->setContentsMargins(0, 0, 0, 0);
+    connect(findText, &QLineEdit::textChanged, this, &FindLine::look);
+    connect(findText, &QLineEdit::returnPressed, this, &FindLine::next);
+    connect(findPlace, &QComboBox::currentIndexChanged, this, &FindLine::look);
+    m_slices.setInterval(0);
+    connect(&m_slices, &QTimer::timeout, this, [this] {
+        const bool more = m_search && m_search->step();
+        if (!more)
+            m_slices.stop();
+        say();
+        if (!more && m_owed)
+            walk(*std::exchange(m_owed, std::nullopt));
+    });
+    hide();
+}
+
+void FindLine::open(Place place, const QString &text) {
+    findPlace->setCurrentIndex(int(place));
+    if (!text.isEmpty())
+        findText->setText(text);
+    else
+        findText->selectAll();
+    show();
+    findText->setFocus();
+    say();
+}
+
+void FindLine::forget() {
+    m_slices.stop();
+    m_search.reset();
+    m_owed.reset();
+    say();
+}
+
+void FindLine::look() {
+    forget();
+    if (place() == Place::Number || findText->text().isEmpty())
+        return;
+    m_search = std::make_unique<marc::RecordSearch>(m_list.records(), findText->text(),
+                                                    place() == Place::Title ? marc::SearchPlace::Title
+                                                                            : marc::SearchPlace::WholeRecord);
+    m_slices.start();
+}
+
+void FindLine::next() {
+    walk(Direction::Next);
+}
+
+void FindLine::previous() {
+    walk(Direction::Previous);
+}
+
+void FindLine::walk(Direction direction) {
+    if (place() == Place::Number) {
+        if (const auto number = platform::toInt32(findText->text());
+            number && *number >= 1 && *number <= m_list.records().rowCount())
+            Q_EMIT wanted(*number - 1);
+        else
+            findCount->setText(u"没有这条记录"_s);
+        return;
+    }
+    if (!m_search)
+        look();
+    else if (!m_slices.isActive())
+        m_slices.start(); // records may have been listed meanwhile
+    if (m_slices.isActive() && m_search->step()) {
+        m_owed = direction;
+        return;
+    }
+    m_slices.stop();
+    if (const int row = !m_search                      ? -1
+                        : direction == Direction::Next ? m_search->after(m_list.row())
+                                                       : m_search->before(m_list.row());
+        row >= 0)
+        Q_EMIT wanted(row);
+    say();
+}
+
+void FindLine::say() {
+    if (!m_search)
+        return findCount->clear();
+    const qsizetype hits = qsizetype(m_search->hits().size());
+    const int number = m_search->number(m_list.row());
+    const QString all = QString::number(hits) + (m_slices.isActive() ? u"…" : u"");
+    findCount->setText(hits == 0 ? (m_slices.isActive() ? u"正在查找…"_s : u"没有找到"_s)
+                       : number  ? u"第 %1 / %2 条"_s.arg(QString::number(number), all)
+                                 : u"共 %1 条"_s.arg(all));
+}
+
+void FindLine::keyPressEvent(QKeyEvent *event) {
+    if (event->key() != Qt::Key_Escape)
+        return QWidget::keyPressEvent(event);
+    event->accept(); // the window is not closed by it
+    hide();
+    Q_EMIT closed();
+}
+
+} // namespace workspace
