@@ -1,7 +1,15 @@
 #include "workspace/windows/frmSelectMFile.h"
 #include "platform/numbers.h"
 #include "platform/paths.h"
+#include "platform/recentFiles.h"
 #include "widgets/layout.h"
+#include <QAction>
+#include <QCompleter>
+#include <QDir>
+#include <QDragEnterEvent>
+#include <QMimeData>
+#include <QStyle>
+#include <QUrl>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -24,15 +32,54 @@ frmSelectMFile::frmSelectMFile(platform::Host &host, std::function<void(const QS
     Text1->setMinimumWidth(fontMetrics().averageCharWidth() * 44);
     widgets::framed(Frame1, row({{Text1, 1}, cmdLL}));
     setLayout(column({Frame1, widgets::stretch(), row({widgets::stretch(), cmdClick[0], cmdClick[1]})}));
+    setAcceptDrops(true);
+    Text1->setAcceptDrops(false); // the window takes what is dropped, wherever
+    auto *down = Text1->addAction(style()->standardIcon(QStyle::SP_ArrowDown), QLineEdit::TrailingPosition);
+    down->setToolTip(u"最近用过的文件"_s);
+    down->setShortcut(Qt::Key_Down);
+    down->setShortcutContext(Qt::WidgetShortcut);
+    connect(down, &QAction::triggered, this, [this] {
+        Text1->completer()->setCompletionPrefix({});
+        Text1->completer()->complete();
+    });
+    connect(Text1, &QLineEdit::returnPressed, cmdClick[0], &Button::click);
+    offerRecentFiles();
     connect(cmdLL, &Button::clicked, this, &frmSelectMFile::browse);
     connect(cmdClick[0], &Button::clicked, this, &frmSelectMFile::openWorkspace);
     connect(cmdClick[1], &Button::clicked, this, [this] { unload(); });
+}
+
+void frmSelectMFile::choose(const QString &file) {
+    Text1->setText(file);
+    cmdClick[0]->setFocus();
+}
+
+// Parts of a path complete it, too.
+void frmSelectMFile::offerRecentFiles() {
+    auto *completer = new QCompleter(platform::recentFiles(m_host.remembered()), this);
+    completer->setCaseSensitivity(Qt::CaseInsensitive);
+    completer->setFilterMode(Qt::MatchContains);
+    completer->setMaxVisibleItems(10);
+    Text1->setCompleter(completer);
+}
+
+void frmSelectMFile::dragEnterEvent(QDragEnterEvent *event) {
+    const QList<QUrl> urls = event->mimeData()->urls();
+    if (urls.size() == 1 && urls[0].isLocalFile() && !m_busy)
+        event->acceptProposedAction();
+}
+
+void frmSelectMFile::dropEvent(QDropEvent *event) {
+    event->acceptProposedAction();
+    choose(QDir::toNativeSeparators(event->mimeData()->urls().constFirst().toLocalFile()));
 }
 
 void frmSelectMFile::browse() {
     Text1->setText(m_host.chooseFile({.title = u"打开marc文件对话框"_s,
                                       .filter = u"cnmarc_file(*.iso)|*.iso|text_file(*.txt)|*.txt|all_files(*.*)|*.*"_s,
                                       .kind = platform::FileDialogKind::Open}));
+    if (!Text1->text().isEmpty())
+        cmdClick[0]->setFocus();
 }
 
 void frmSelectMFile::refuse(const QString &text) {
@@ -46,6 +93,8 @@ void frmSelectMFile::openWorkspace() {
     const QString file = platform::trimBlanks(Text1->text());
     if (!platform::fileExists(file))
         return refuse(u"该机读目录数据文件不存在！"_s);
+    platform::noteRecentFile(m_host.remembered(), file);
+    offerRecentFiles();
     cmdClick[0]->setEnabled(false);
     Frame1->setTitle(u"正在预读,请稍候........."_s);
     Frame1->repaint();

@@ -18,6 +18,9 @@ public:
     frmSelectMFile(platform::Host &host, std::function<void(const QString &file)> showWorkspace,
                    QWidget *parent = nullptr);
 
+    // Puts the file into the box, ready to be looked at.
+    void choose(const QString &file);
+
     QGroupBox *Frame1;
     QLineEdit *Text1;
     widgets::Button *cmdLL;
@@ -25,9 +28,12 @@ public:
 
 protected:
     bool queryUnload() override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
 
 private:
     void browse();
+    void offerRecentFiles();
     void openWorkspace();
     void refuse(const QString &text);
 
