@@ -53,6 +53,10 @@ platform::Status Connection::execute(const QString &statement) {
     return m_handle->over<platform::Status>([&](const Link &link) { return link.execute(statement); });
 }
 
+std::optional<qint64> Connection::lastKey() {
+    return m_handle->link ? m_handle->link->lastKey() : std::nullopt;
+}
+
 platform::Result<std::shared_ptr<ResultTable>> Connection::query(const QString &statement) {
     using Rows = platform::Result<std::shared_ptr<ResultTable>>;
     const auto ask = [&](const Link &link) { return link.query(statement); };

@@ -6,6 +6,7 @@
 #include "platform/result.h"
 #include <QString>
 #include <memory>
+#include <optional>
 
 namespace database {
 
@@ -26,6 +27,8 @@ public:
 
     // Runs a statement that gives no rows.
     platform::Status execute(const QString &statement);
+    // The key that the server gave the row of the last insert over this connection; nothing where it cannot tell.
+    std::optional<qint64> lastKey();
     // Asks a question, which changes nothing, and takes its whole result, in blocks.
     platform::Result<std::shared_ptr<ResultTable>> query(const QString &statement);
 

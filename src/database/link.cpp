@@ -170,6 +170,26 @@ platform::Result<std::shared_ptr<ResultTable>> Link::query(const QString &statem
     Q_UNREACHABLE();
 }
 
+std::optional<qint64> Link::lastKey() const {
+    struct Question {
+        Server server;
+        QStringView text;
+    };
+    static constexpr auto questions = std::to_array<Question>({
+        {Server::Sqlite, u"select last_insert_rowid()"},
+        {Server::PostgreSql, u"select lastval()"},
+        {Server::MariaDb, u"select last_insert_id()"},
+        {Server::SqlServer, u"select cast(@@identity as bigint)"},
+    });
+    const auto *question = std::ranges::find(questions, m_server, &Question::server);
+    if (question == questions.end())
+        return std::nullopt;
+    const auto answer = firstColumn(question->text.toString());
+    bool isKey = false;
+    const qint64 key = answer ? answer.value().value(0).toLongLong(&isKey) : 0;
+    return isKey && key > 0 ? std::optional(key) : std::nullopt;
+}
+
 platform::Status Link::run(const QString &statement) const {
     const CallLimit::Call call(*m_calls, m_limits.login);
     return start(OdbcHandle(SQL_HANDLE_STMT, m_connection.get()), statement);

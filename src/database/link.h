@@ -29,6 +29,8 @@ public:
     // the text allows ends with a fault.
     platform::Status execute(const QString &statement) const;
     platform::Result<std::shared_ptr<ResultTable>> query(const QString &statement) const;
+    // The key that the server gave the row of the last insert over this link.
+    std::optional<qint64> lastKey() const;
     // Whether the server at the other end is gone, so that no statement can succeed any more.
     bool lost() const;
 

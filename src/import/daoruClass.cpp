@@ -6,20 +6,23 @@ using namespace Qt::StringLiterals;
 
 namespace importing {
 
-bool daoruRecord(const marc::RawRecord &marc, const database::SessionState &state, platform::Host &host) {
+Daoru daoruRecord(const marc::RawRecord &marc, const database::SessionState &state, platform::Host &host) {
     if (marc.isEmpty())
-        return false;
+        return {};
     const std::optional<RecordRow> row = recordRow(marc);
     if (!row) {
-        host.tell(u"当前marc数据地址目次区数据出现错误！"_s);
-        return false;
+        const QString damaged = u"当前marc数据地址目次区数据出现错误！"_s;
+        host.tell(damaged);
+        return {.fault = damaged};
     }
     auto connection = database::Connection::open(state.links, state.connectionString);
     if (!connection) {
         host.tell(u"【"_s + connection.failure().description + u"】", u"系统操作提示"_s);
-        return false;
+        return {.fault = connection.failure().description};
     }
-    return connection.value().execute(insertStatement(*row)).ok();
+    if (const platform::Status in = connection.value().execute(insertStatement(*row)); !in)
+        return {.fault = in.failure().description};
+    return {.wentIn = true, .key = connection.value().lastKey()};
 }
 
 } // namespace importing

@@ -4,11 +4,18 @@
 #include "database/sublib.h"
 #include "marc/rawRecord.h"
 #include "platform/host.h"
+#include <optional>
 
 namespace importing {
 
-// Whether the row went in. A damaged directory and a database that cannot be reached are
+struct Daoru {
+    bool wentIn = false;
+    QString fault;             // why not, as far as the machine or the record says
+    std::optional<qint64> key; // of the row, where the server tells
+};
+
+// A damaged directory and a database that cannot be reached are
 // told in a box; a statement that fails is not told here. An empty record does nothing.
-bool daoruRecord(const marc::RawRecord &marc, const database::SessionState &state, platform::Host &host);
+Daoru daoruRecord(const marc::RawRecord &marc, const database::SessionState &state, platform::Host &host);
 
 } // namespace importing

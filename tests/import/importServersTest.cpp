@@ -7,7 +7,7 @@
 
 class ImportIntoServers : public testing::TestWithParam<TestServer> {
 protected:
-    bool import(const QString &title) { return importing::daoruRecord(recordWith(title), database.state, host); }
+    bool import(const QString &title) { return importing::daoruRecord(recordWith(title), database.state, host).wentIn; }
     static QString recordWith(const QString &title) {
         return recordOf({{u"200"_s, u"1 $a"_s + title + u"$f"_s + title}, {u"300"_s, u"  $a"_s + title.repeated(40)}});
     }

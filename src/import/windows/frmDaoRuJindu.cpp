@@ -24,6 +24,7 @@ frmDaoRuJindu::frmDaoRuJindu(platform::Host &host, const database::SessionState 
     , LabBi(new widgets::PacedLabel(u"LabBi"_s, {}, this))
     , labTishi(named(new QLabel(this), u"labTishi"_s))
     , barJinduTishi(named(new QProgressBar(this), u"barJinduTishi"_s, u"导入进度"_s))
+    , cmdRefused(new widgets::Button(u"cmdRefused"_s, {}, this))
     , cmdStop(new widgets::Button(u"cmdStop"_s, u"&S 停止"_s, this))
     , cmdQuit(new widgets::Button(u"cmdQuit"_s, u"&Q 退出"_s, this))
     , m_host(host)
@@ -33,6 +34,7 @@ frmDaoRuJindu::frmDaoRuJindu(platform::Host &host, const database::SessionState 
     Text2->hide();
     barJinduTishi->setTextVisible(false);
     lay();
+    connect(cmdRefused, &QPushButton::clicked, this, &frmDaoRuJindu::refusedWanted);
     connect(cmdStop, &QPushButton::clicked, this, [this] { cmdStop->setEnabled(false); });
     connect(cmdQuit, &QPushButton::clicked, this, [this] { unload(); });
 }
@@ -45,8 +47,11 @@ void frmDaoRuJindu::lay() {
     labJinDuShu->setMinimumWidth(fontMetrics().horizontalAdvance(u"已经成功处理的记录数：2147483647"_s));
     widgets::keepPlace(LabBi);
     widgets::keepPlace(barJinduTishi);
-    setLayout(column({row({Picture1, {column({labEndShu, labJinDuShu}), 1}}), row({{barJinduTishi, 1}, LabBi}),
-                      labTishi, widgets::stretch(), row({widgets::stretch(), cmdStop, cmdQuit})}));
+    widgets::keepPlace(cmdRefused);
+    cmdRefused->hide();
+    setLayout(
+        column({row({Picture1, {column({labEndShu, labJinDuShu}), 1}}), row({{barJinduTishi, 1}, LabBi}),
+                row({{labTishi, 1}, cmdRefused}), widgets::stretch(), row({widgets::stretch(), cmdStop, cmdQuit})}));
 }
 
 void frmDaoRuJindu::showEvent(QShowEvent *event) {
@@ -79,7 +84,7 @@ void frmDaoRuJindu::run() {
     while (run.hasNext()) {
         const int at = run.nextRow();
         run.take(at < m_records->rowCount() ? m_records->record(at) : QString(),
-                 [this](const QString &record) { return daoruRecord(record, m_state, m_host); });
+                 [this, at](const QString &record) { return take(record, at); });
         labJinDuShu->setPacedText(run.countText());
         barJinduTishi->setValue(run.taken());
         LabBi->setPacedText(run.percentText());
@@ -89,6 +94,22 @@ void frmDaoRuJindu::run() {
     }
     labJinDuShu->setPacedText(u"处理完毕！"_s);
     labTishi->setText(run.closingText());
+    cmdStop->setEnabled(false); // there is nothing left to stop
+    m_whole = run.taken() == *recordTotal && m_refused.empty();
+    if (m_refused.empty())
+        return;
+    cmdRefused->setText(u"&N 未成功 %1 条"_s.arg(m_refused.size()));
+    cmdRefused->setAccessibleName(u"未成功 %1 条"_s.arg(m_refused.size()));
+    cmdRefused->show();
+}
+
+bool frmDaoRuJindu::take(const QString &record, int row) {
+    const Daoru done = daoruRecord(record, m_state, m_host);
+    if (!done.wentIn)
+        m_refused.push_back({row, done.fault});
+    else if (done.key)
+        m_keys.append(*done.key);
+    return done.wentIn;
 }
 
 bool frmDaoRuJindu::queryUnload() {

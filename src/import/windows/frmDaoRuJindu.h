@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QProgressBar>
 #include <memory>
+#include <vector>
 
 namespace importing {
 
@@ -24,6 +25,15 @@ public:
     // Runs the import; only the first call does, whatever the window system reports.
     void activate();
 
+    // What became of the records so far.
+    struct Refused {
+        int row; // in the list, from 0
+        QString fault;
+    };
+    const std::vector<Refused> &refused() const { return m_refused; }
+    const QList<qint64> &keys() const { return m_keys; } // of the rows that went in
+    bool wholeBatchWentIn() const { return m_whole; }
+
     QLineEdit *Text1; // "0" from the opener; never read
     QLineEdit *Text2; // the number of records, from the opener
     QLabel *Picture1;
@@ -32,8 +42,12 @@ public:
     widgets::PacedLabel *LabBi;
     QLabel *labTishi;
     QProgressBar *barJinduTishi;
+    widgets::Button *cmdRefused; // "未成功 117 条": names them
     widgets::Button *cmdStop; // disabled is the sign to stop
     widgets::Button *cmdQuit;
+
+Q_SIGNALS:
+    void refusedWanted();
 
 protected:
     bool queryUnload() override;
@@ -42,11 +56,15 @@ protected:
 private:
     void lay();
     void run();
+    bool take(const QString &record, int row);
 
     platform::Host &m_host;
     const database::SessionState &m_state;
     std::shared_ptr<const marc::PreReadStore> m_records;
     bool m_activated = false;
+    std::vector<Refused> m_refused;
+    QList<qint64> m_keys;
+    bool m_whole = false;
 };
 
 } // namespace importing
