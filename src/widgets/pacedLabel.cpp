@@ -1,4 +1,5 @@
 #include "widgets/pacedLabel.h"
+#include <QAccessible>
 #include <QHelpEvent>
 #include <QStylePainter>
 #include <QTimerEvent>
@@ -30,8 +31,22 @@ void PacedLabel::setPacedText(const QString &text) {
 void PacedLabel::flush() {
     Q_EMIT aboutToShow();
     m_pace.stop(); // also where that brought another text
-    if (QLabel::text() != m_text)
-        QLabel::setText(m_text);
+    if (QLabel::text() == m_text)
+        return;
+    QLabel::setText(m_text);
+    tellReader();
+}
+
+void PacedLabel::setMeaning(const QString &meaning) {
+    m_meaning = meaning;
+    tellReader();
+}
+
+void PacedLabel::tellReader() {
+    if (!m_meaning.isEmpty())
+        setAccessibleName(m_text.isEmpty() ? m_meaning : QString(m_meaning + u' ' + m_text));
+    QAccessibleEvent changed(this, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&changed);
 }
 
 void PacedLabel::setText(const QString &text) {

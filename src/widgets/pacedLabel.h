@@ -19,6 +19,10 @@ public:
     // Brings the held text to the screen with the next events: at the end of the work and before a message box.
     void flush();
 
+    // What the text is of: a screen reader says both. A new text is told to it, whether or not the label has the
+    // keyboard.
+    void setMeaning(const QString &meaning);
+
     // As of any label, for whoever does not care about the pace.
     void setText(const QString &text);
     QString text() const { return m_text; }
@@ -37,7 +41,10 @@ protected:
 private:
     QString shown() const; // what has room
 
+    void tellReader();
+
     QString m_text;
+    QString m_meaning;
     QBasicTimer m_pace; // runs while the held text waits for its frame
 };
 

@@ -50,7 +50,7 @@ QStringList nameFilters(const QString &filter) {
 
 // The name takes what the others leave.
 void fitColumns(QFileDialog &window) {
-    constexpr int sideBar = 22, files = 78; // characters
+    constexpr int sideBar = 14, files = 62; // characters
     const int character = window.fontMetrics().averageCharWidth();
     if (auto *tree = window.findChild<QTreeView *>(u"treeView"_s)) {
         tree->header()->setStretchLastSection(false);
@@ -82,7 +82,7 @@ QString chooseFileIn(const FileDialog &dialog, const QString &folder, QWidget *p
     }
     fitColumns(window);
     // Room for a name, a size and a date beside each other.
-    const QSize wanted(window.fontMetrics().averageCharWidth() * 100, window.fontMetrics().height() * 30);
+    const QSize wanted(window.fontMetrics().averageCharWidth() * 76, window.fontMetrics().height() * 28);
     window.resize(wanted.boundedTo(roomOnScreen(&window)));
     if (window.exec() != QDialog::Accepted || window.selectedFiles().isEmpty())
         return {};

@@ -38,7 +38,7 @@ widgets::PacedLabel *numberBox(const QString &name, const QString &meaning, QWid
     box->setFrameStyle(int(QFrame::StyledPanel) | int(QFrame::Sunken));
     box->setFixedWidth(box->fontMetrics().horizontalAdvance(u"9999999999"_s));
     box->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    box->setAccessibleName(meaning);
+    box->setMeaning(meaning);
     return box;
 }
 

@@ -1,0 +1,33 @@
+// What a screen reader finds in the workspace.
+#include "workspaceFixture.h"
+#include <QAccessible>
+
+using ReadingAloud = Workspace;
+
+TEST_F(ReadingAloud, TheCurrentCellAndTheCountersSayWhatTheyHold) {
+    auto &window = load(3);
+    window.show();
+    const auto *list = QAccessible::queryAccessibleInterface(window.Grid2);
+    const auto *fields = QAccessible::queryAccessibleInterface(window.Grid1);
+    window.Grid1->setRow(4);
+    window.Grid1->setColumn(4);
+    const auto current = [](const widgets::FlexGrid *grid, const QAccessibleInterface *reader) {
+        auto *table = const_cast<QAccessibleInterface *>(reader)->tableInterface();
+        return table->cellAt(grid->currentIndex().row(), grid->currentIndex().column())->text(QAccessible::Name);
+    };
+    EXPECT_EQ(current(window.Grid2, list), u"题1"_s);
+    EXPECT_EQ(current(window.Grid1, fields), window.Grid1->text(4, 4));
+    window.Grid1->setColumn(0); // hidden
+    EXPECT_EQ(current(window.Grid1, fields), window.Grid1->text(4, 1));
+    const auto name = [](QWidget *widget) {
+        return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
+    };
+    window.Text3->flush();
+    EXPECT_EQ(name(window.Text2), u"当前记录 1"_s);
+    EXPECT_EQ(name(window.Text3), u"已经读出 3"_s);
+    for (QWidget *control : window.findChildren<QWidget *>()) {
+        const bool reachable =
+            control->focusPolicy() != Qt::NoFocus && control->isVisible() && !control->inherits("QScrollBar");
+        EXPECT_FALSE(reachable && name(control).isEmpty()) << qPrintable(control->objectName());
+    }
+}
