@@ -19,8 +19,7 @@ Button *entry(const QString &name, const QString &caption, QWidget *page) {
 }
 
 QLabel *heading(const QString &name, const QString &text, QWidget *page) {
-    auto *made = new QLabel(text, page);
-    made->setObjectName(name);
+    auto *made = widgets::named(new QLabel(text, page), name);
     QFont larger = made->font();
     larger.setPointSizeF(larger.pointSizeF() * 1.2);
     made->setFont(larger);
@@ -36,13 +35,12 @@ StartPage::StartPage(platform::Host &host, QWidget *parent)
             entry(u"startExport"_s, u"&3 查询书库：打印一览表，导出为 marc 数据"_s, this)}
     , tidy(entry(u"startTidy"_s, u"&4 整理机读目录文件…"_s, this))
     , recentTitle(heading(u"recentTitle"_s, u"最近用过的文件"_s, this))
-    , databaseWords(new QLabel(this))
+    , databaseWords(widgets::named(new QLabel(this), u"databaseWords"_s))
     , m_host(host)
     , m_recentFiles(new QVBoxLayout) {
     setObjectName(u"startPage"_s);
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::Base);
-    databaseWords->setObjectName(u"databaseWords"_s);
     databaseWords->setTextInteractionFlags(Qt::TextSelectableByMouse);
     setLayout(column({heading(u"startTitle"_s, u"从这里开始"_s, this), steps[0], steps[1], steps[2], tidy, recentTitle,
                       m_recentFiles, databaseWords}));

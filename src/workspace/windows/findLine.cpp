@@ -10,19 +10,14 @@ namespace workspace {
 
 FindLine::FindLine(RecordList &list, QWidget *parent)
     : QWidget(parent)
-    , findText(new QLineEdit(this))
-    , findPlace(new QComboBox(this))
-    , findCount(new QLabel(this))
+    , findText(widgets::named(new QLineEdit(this), u"findText"_s, u"查找"_s))
+    , findPlace(widgets::named(new QComboBox(this), u"findPlace"_s, u"查找范围"_s))
+    , findCount(widgets::named(new QLabel(this), u"findCount"_s))
     , m_list(list) {
     setObjectName(u"findLine"_s);
-    findText->setObjectName(u"findText"_s);
-    findText->setAccessibleName(u"查找"_s);
     findText->setPlaceholderText(u"查找：F3 下一条，Shift+F3 上一条"_s);
     findText->setMinimumWidth(fontMetrics().averageCharWidth() * 24);
-    findPlace->setObjectName(u"findPlace"_s);
-    findPlace->setAccessibleName(u"查找范围"_s);
     findPlace->addItems({u"题名"_s, u"全部"_s, u"记录号"_s});
-    findCount->setObjectName(u"findCount"_s);
     setLayout(widgets::row({{findText, 1}, findPlace, findCount}));
     layout()->setContentsMargins(0, 0, 0, 0);
     connect(findText, &QLineEdit::textChanged, this, &FindLine::look);

@@ -45,9 +45,9 @@ frmDaoru::frmDaoru(platform::Host &host, WorkspaceWindows windows, QWidget *pare
     , findLine(new FindLine(*Grid2, this))
     , cmdJiaoDuiAll(new Button(u"cmdJiaoDuiAll"_s, u"&D 校对全部"_s, this))
     , cmdQuanWen(new Button(u"cmdQuanWen"_s, u"&W 全文"_s, this))
-    , wholeText(new QPlainTextEdit(this))
-    , draftBar(frameOf(u"draftBar"_s, this))
-    , draftWords(label(u"draftWords"_s, {}, draftBar))
+    , wholeText(widgets::named(new QPlainTextEdit(this), u"wholeText"_s, u"当前行全文"_s))
+    , draftBar(widgets::named(new QFrame(this), u"draftBar"_s))
+    , draftWords(widgets::named(new QLabel(draftBar), u"draftWords"_s))
     , cmdDraft{new Button(u"cmdDraft0"_s, u"&H 恢复"_s, draftBar), new Button(u"cmdDraft1"_s, u"&I 丢弃"_s, draftBar)}
     , m_host(host)
     , m_windows(std::move(windows))
@@ -58,8 +58,8 @@ frmDaoru::frmDaoru(platform::Host &host, WorkspaceWindows windows, QWidget *pare
     , m_commands(*Grid2, *m_record, host, m_windows)
     , m_history(*m_record)
     , m_drafts(*Grid2, *m_record, host)
-    , m_across(new QSplitter(Qt::Horizontal, this))
-    , m_down(new QSplitter(Qt::Vertical, m_across)) {
+    , m_across(widgets::named(new QSplitter(Qt::Horizontal, this), u"across"_s))
+    , m_down(widgets::named(new QSplitter(Qt::Vertical, m_across), u"down"_s)) {
     richText = m_editors.richText;
     Text1 = m_editors.Text1;
     zdList = m_fields.zdList;
@@ -87,15 +87,11 @@ void frmDaoru::lay() {
     for (QFrame *frame : {picTiMing, Picture1})
         frame->layout()->setContentsMargins(0, 0, 0, 0);
     layDraftBar();
-    wholeText->setObjectName(u"wholeText"_s);
-    wholeText->setAccessibleName(u"当前行全文"_s);
     wholeText->setReadOnly(true);
     wholeText->setTabChangesFocus(true);
     cmdQuanWen->setCheckable(true);
     cmdQuanWen->setToolTip(u"在表格下面显示当前行的全文"_s);
     cmdJiaoDuiAll->setToolTip(u"校对读出的全部记录，并查重"_s);
-    m_across->setObjectName(u"across"_s);
-    m_down->setObjectName(u"down"_s);
     m_across->addWidget(picTiMing);
     m_across->addWidget(m_down);
     m_down->addWidget(Picture1);
