@@ -16,15 +16,13 @@ Button::Button(const QString &objectName, const QString &caption, QWidget *paren
     setAccessibleName(name.remove(u'&').trimmed());
 }
 
-// A key that comes before the window manager has put a modal window in front finds the window behind it active still,
-// and the toolkit sends it its shortcuts: there a second window would open, or the one behind would close under it.
-bool Button::isBlocked() const {
+bool isBlocked(const QWidget *widget) {
     const QWidget *modal = QApplication::activeModalWidget();
-    return modal && modal != window();
+    return modal && modal != widget->window();
 }
 
 bool Button::event(QEvent *event) {
-    if (event->type() == QEvent::Shortcut && isBlocked())
+    if (event->type() == QEvent::Shortcut && isBlocked(this))
         return true;
     if (event->type() == QEvent::Shortcut && isEnabled()) {
         setFocus(Qt::ShortcutFocusReason);

@@ -8,6 +8,11 @@
 
 namespace widgets {
 
+// Whether a modal window stands before the widget's own. A key that comes before the window manager has put that window
+// in front finds the one behind it active still, and the toolkit sends it its shortcuts: there a second window would
+// open, or the one behind would close under it.
+bool isBlocked(const QWidget *widget);
+
 class Button : public QPushButton {
     Q_OBJECT
 public:
@@ -17,9 +22,6 @@ public:
 protected:
     bool event(QEvent *event) override;            // a shortcut takes the focus here first, then clicks
     void keyPressEvent(QKeyEvent *event) override; // Enter clicks, as the space bar does
-
-private:
-    bool isBlocked() const; // by a modal window that stands before this one
 };
 
 class Window : public QDialog {

@@ -171,7 +171,10 @@ void frmDaoru::connectHelpers() {
 void frmDaoru::bindKeys() {
     const auto on = [this](QWidget *where, const QKeySequence &key, Qt::ShortcutContext context, auto act) {
         auto *shortcut = new QShortcut(key, where, nullptr, nullptr, context);
-        connect(shortcut, &QShortcut::activated, this, act);
+        connect(shortcut, &QShortcut::activated, this, [this, act] {
+            if (!widgets::isBlocked(this))
+                act();
+        });
     };
     const auto inWindow = [&](const QKeySequence &key, auto act) { on(this, key, Qt::WindowShortcut, act); };
     const auto step = [this](int by) {
