@@ -1,4 +1,7 @@
 #include "catalogue/listStatements.h"
+#include <QStringList>
+#include <algorithm>
+#include <iterator>
 
 namespace catalogue {
 
@@ -46,6 +49,22 @@ QString copiesStatement(qint32 zskid) {
 
 QString storeStatement(const QString &condition, const QString &order) {
     return with(u"select zskid,bookname,author,ISBN,classcode,pages,measure,edition from taoluTable", condition, order);
+}
+
+QString keysCondition(QList<qint64> keys) {
+    std::ranges::sort(keys);
+    QStringList parts;
+    for (auto from = keys.cbegin(); from != keys.cend();) {
+        const auto to = std::adjacent_find(from, keys.cend(), [](qint64 one, qint64 next) { return next > one + 1; });
+        const auto last = to == keys.cend() ? std::prev(to) : to;
+        parts.append(u"zskid between " + QString::number(*from) + u" and " + QString::number(*last));
+        from = std::next(last);
+    }
+    return parts.isEmpty() ? QStringLiteral("zskid is null") : QString(u'(' + parts.join(u" or ") + u')');
+}
+
+QString recordsStatement(const QString &condition) {
+    return with(u"select zskid,marc from taoluTable", condition, {});
 }
 
 QString deleteRowStatement(const QString &zskid) {

@@ -18,6 +18,11 @@ QString copiesStatement(qint32 zskid);
 
 // The store list, and the two deletions. The order term rides along on a delete, but only where there is a condition.
 QString storeStatement(const QString &condition, const QString &order);
+// The condition that exactly the rows of these keys meet; no row where there is none.
+QString keysCondition(QList<qint64> keys);
+// Key and record of the rows that meet a condition.
+QString recordsStatement(const QString &condition);
+
 QString deleteRowStatement(const QString &zskid);
 QString deleteAllStatement(const QString &condition, const QString &order);
 

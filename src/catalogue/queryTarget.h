@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <tuple>
 
 namespace catalogue {
 
@@ -11,6 +12,8 @@ public:
     // Both texts as they go behind " where " and " order by "; empty ones add nothing. A target may fill in an order of
     // its own where there is none.
     virtual void loadData(QString &condition, QString &order) = 0;
+    // What the coming condition says in words; empty for none.
+    virtual void describe(const QString &words) { std::ignore = words; }
 };
 
 // A list window that can be sorted anew.

@@ -18,6 +18,7 @@ TEST(ImportThroughWindows, TakesTheSamplesTimeAfterTime) {
         window.show();
         EXPECT_TRUE(QTest::qWaitFor([&] { return window.barJinduTishi->isHidden(); }, 50000));
         said = window.labTishi->text();
+        return workspace::ImportOutcome{};
     };
     workspace::frmDaoru workspace(host, {.runImport = runImport});
     workspace.publicMarcFile = host.folder + u"/samples/sample.iso";

@@ -46,8 +46,13 @@ struct Workspace : testing::Test {
                       .showCard = [note](const QString &record, const QString &mode,
                                          QWidget *) { note(mode + u' ' + record); },
                       .showReport = [note](const QString &text, QWidget *) { note(text); },
-                      .runImport = [note](std::shared_ptr<const marc::PreReadStore> records, const QString &count,
-                                          QWidget *) { note(count + u' ' + records->record(0)); },
+                      .runImport =
+                          [note](std::shared_ptr<const marc::PreReadStore> records, const QString &count, QWidget *) {
+                              note(count + u' ' + records->record(0));
+                              return workspace::ImportOutcome{};
+                          },
+                      .proofAll = {},
+                      .showRefused = {},
                       .leaderAssistant = assistant(QStringLiteral("LR000 ")),
                       .field100Assistant = assistant(QStringLiteral("LR100 ")),
                   });

@@ -33,9 +33,10 @@ void runQuery(platform::Host &host, QWidget *frame, const QueryLists &lists, cat
 
 } // namespace
 
-CatalogueWindows::CatalogueWindows(platform::Host &host, const database::SessionState &state)
+CatalogueWindows::CatalogueWindows(platform::Host &host, const database::SessionState &state, Ways ways)
     : m_host(host)
-    , m_state(state) {}
+    , m_state(state)
+    , m_ways(std::move(ways)) {}
 
 QWidget *CatalogueWindows::frame() const {
     return m_area ? m_area->window() : nullptr;
@@ -92,7 +93,11 @@ catalogue::ZSKListFrm *CatalogueWindows::catalogueList() {
 
 catalogue::TLKListFrm *CatalogueWindows::storeList() {
     if (!m_storeList)
-        m_storeList = adopted(new catalogue::TLKListFrm(m_state, m_host, [this] { hideWorking(); }));
+        m_storeList = adopted(
+            new catalogue::TLKListFrm(m_state, m_host,
+                                      {.hideWorking = [this] { hideWorking(); },
+                                       .lastImport = m_ways.lastImport,
+                                       .showCard = [this](const QString &marc) { m_ways.showCard(marc, frame()); }}));
     bringForward(m_storeList);
     return m_storeList;
 }

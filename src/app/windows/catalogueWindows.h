@@ -10,6 +10,7 @@
 #include "platform/host.h"
 #include <QMdiArea>
 #include <QPointer>
+#include <functional>
 
 namespace catalogue {
 class OrderbyFrm;
@@ -22,7 +23,12 @@ namespace app {
 
 class CatalogueWindows {
 public:
-    CatalogueWindows(platform::Host &host, const database::SessionState &state);
+    // What the list of the store leads to.
+    struct Ways {
+        std::function<QList<qint64>()> lastImport;
+        std::function<void(const QString &marc, QWidget *owner)> showCard;
+    };
+    CatalogueWindows(platform::Host &host, const database::SessionState &state, Ways ways);
 
     // The area of the frame that the list windows live in.
     void setArea(QMdiArea *area) { m_area = area; }
@@ -46,6 +52,7 @@ private:
 
     platform::Host &m_host;
     const database::SessionState &m_state;
+    Ways m_ways;
     QMdiArea *m_area = nullptr;
     catalogue::CatalogueOrder m_order;
     QPointer<catalogue::ZSKListFrm> m_catalogueList;

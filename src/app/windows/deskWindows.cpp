@@ -22,7 +22,9 @@ namespace app {
 DeskWindows::DeskWindows(platform::Host &host, const database::SessionState &state)
     : m_host(host)
     , m_state(state)
-    , m_catalogue(host, state) {}
+    , m_catalogue(host, state,
+                  {.lastImport = [this] { return m_lastImport; },
+                   .showCard = [this](const QString &marc, QWidget *owner) { showCard(marc, u"卡片"_s, owner); }}) {}
 
 void DeskWindows::setFrame(marcMain *frame) {
     m_frame = frame;
@@ -52,26 +54,44 @@ void DeskWindows::showWorkspace(const QString &file, QWidget *owner) {
 
 workspace::WorkspaceWindows DeskWindows::workspaceWindows() {
     return {
-        .showCard =
-            [this](const marc::RawRecord &record, const QString &mode, QWidget *owner) {
-                card::frmMarcKaPian window(m_host, owner);
-                window.marcRecord = record;
-                window.showMode = mode;
-                window.exec();
-            },
+        .showCard = [this](const marc::RawRecord &record, const QString &mode,
+                           QWidget *owner) { showCard(record, mode, owner); },
         .showReport = [this](const QString &text, QWidget *owner) { showReport(text, owner); },
-        .runImport =
-            [this](std::shared_ptr<const marc::PreReadStore> records, const QString &count, QWidget *owner) {
-                importing::frmDaoRuJindu window(m_host, m_state, std::move(records), owner);
-                window.Text1->setText(u"0"_s);
-                window.Text2->setText(count);
-                window.exec();
-            },
+        .runImport = [this](std::shared_ptr<const marc::PreReadStore> records, const QString &count,
+                            QWidget *owner) { return runImport(std::move(records), count, owner); },
+        .proofAll = {},
+        .showRefused = {},
         .leaderAssistant = [this](const QString &leader,
                                   QWidget *owner) { return assist::frmHelpLR000(m_host, owner).edit(leader); },
         .field100Assistant = [this](const QString &field100,
                                     QWidget *owner) { return assist::frmHelpLR100(m_host, owner).edit(field100); },
     };
+}
+
+void DeskWindows::showCard(const marc::RawRecord &record, const QString &mode, QWidget *owner) {
+    card::frmMarcKaPian window(m_host, owner);
+    window.marcRecord = record;
+    window.showMode = mode;
+    window.exec();
+}
+
+workspace::ImportOutcome DeskWindows::runImport(std::shared_ptr<const marc::PreReadStore> records, const QString &count,
+                                                QWidget *owner) {
+    importing::frmDaoRuJindu window(m_host, m_state, std::move(records), owner);
+    window.Text1->setText(u"0"_s);
+    window.Text2->setText(count);
+    workspace::ImportOutcome outcome;
+    QObject::connect(&window, &importing::frmDaoRuJindu::refusedWanted, &window, [&] {
+        outcome.refusedWanted = true;
+        window.close();
+    });
+    window.exec();
+    if (!window.keys().isEmpty())
+        m_lastImport = window.keys();
+    outcome.whole = window.wholeBatchWentIn();
+    for (const auto &[row, fault] : window.refused())
+        outcome.refused.append({row, fault});
+    return outcome;
 }
 
 void DeskWindows::showReport(const QString &text, QWidget *owner) {

@@ -32,9 +32,13 @@ private:
     void showWorkspace(const QString &file, QWidget *owner);
     workspace::WorkspaceWindows workspaceWindows();
     void showReport(const QString &text, QWidget *owner);
+    void showCard(const marc::RawRecord &record, const QString &mode, QWidget *owner);
+    workspace::ImportOutcome runImport(std::shared_ptr<const marc::PreReadStore> records, const QString &count,
+                                       QWidget *owner);
 
     platform::Host &m_host;
     const database::SessionState &m_state;
+    QList<qint64> m_lastImport; // keys of the rows that the last import made
     CatalogueWindows m_catalogue;
     QWidget *m_frame = nullptr;
 };

@@ -181,6 +181,7 @@ void QueryDialog::findData() {
     if (!resultForm)
         return;
     const widgets::WaitCursor waiting;
+    resultForm->describe(m_builder.signSql());
     resultForm->loadData(query.condition, query.order);
 }
 

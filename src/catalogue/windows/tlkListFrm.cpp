@@ -1,8 +1,14 @@
 #include "catalogue/windows/tlkListFrm.h"
 #include "catalogue/listStatements.h"
 #include "catalogue/listTexts.h"
+#include "platform/byteFile.h"
+#include "platform/codepage936.h"
 #include "platform/numbers.h"
+#include "platform/paths.h"
+#include "widgets/ink.h"
 #include "widgets/layout.h"
+#include <algorithm>
+#include <tuple>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -11,16 +17,22 @@ using widgets::Button;
 
 namespace catalogue {
 
-TLKListFrm::TLKListFrm(const database::SessionState &state, platform::Host &host, std::function<void()> hideWorking,
+TLKListFrm::TLKListFrm(const database::SessionState &state, platform::Host &host, StoreListWindows windows,
                        QWidget *parent)
     : ListWindow(u"TLKListFrm"_s, u"套录库检索"_s, u"控制号|正题名|第一责任者|ISBN|分类号|页数|尺寸|版本"_s, parent)
     , lCounts(widgets::named(new QLabel(countText(0), this), u"lCounts"_s))
+    , conditionWords(widgets::named(new QLabel(this), u"conditionWords"_s))
+    , cmdThisImport(new Button(u"cmdThisImport"_s, u"&I 选中本次导入"_s, this))
+    , cmdSave(new Button(u"cmdSave"_s, u"&T 存为机读文件…"_s, this))
     , CmdDcgl{new Button(u"CmdDcgl0"_s, u"&X 删除"_s, this), new Button(u"CmdDcgl1"_s, u"&D 全部删除"_s, this),
               new Button(u"CmdDcgl2"_s, u"&Q 关闭"_s, this)}
     , m_state(state)
     , m_host(host)
-    , m_hideWorking(std::move(hideWorking)) {
+    , m_windows(std::move(windows)) {
     layOut();
+    connect(cmdThisImport, &Button::clicked, this, &TLKListFrm::showThisImport);
+    connect(cmdSave, &Button::clicked, this, &TLKListFrm::saveRecords);
+    connect(Grid1, &widgets::FlexGrid::gridActivated, this, &TLKListFrm::showCard);
     connect(CmdDcgl[0], &Button::clicked, this, &TLKListFrm::delSelected);
     connect(CmdDcgl[1], &Button::clicked, this, [this] {
         if (m_host.insist(u"你确定将检索出的数据从套录库中删除吗？"_s, platform::hintTitle, Answer::No))
@@ -31,13 +43,16 @@ TLKListFrm::TLKListFrm(const database::SessionState &state, platform::Host &host
 }
 
 void TLKListFrm::layOut() {
-    setLayout(widgets::column({{Grid1, 1}, widgets::row({{lCounts, 1}, CmdDcgl[0], CmdDcgl[1], CmdDcgl[2]})}));
+    setLayout(widgets::column(
+        {{Grid1, 1},
+         widgets::row({lCounts, {conditionWords, 1}, cmdThisImport, cmdSave, CmdDcgl[0], CmdDcgl[1], CmdDcgl[2]})}));
 }
 
 void TLKListFrm::loadData(QString &condition, QString &order) {
     gridInit();
     m_storeCondition = condition;
     m_storeOrder = order;
+    sayCondition();
     const widgets::WaitCursor waiting;
     bindRows();
     lCounts->setText(countText(firstCellIsEmpty() ? 0 : dataRows()));
@@ -53,11 +68,104 @@ void TLKListFrm::bindRows() {
             lCounts->setText(loadingText.toString());
             lCounts->repaint();
             showRows(rows.value());
-            m_hideWorking();
+            m_windows.hideWorking();
             return;
         }
     }
     m_host.tell(u"套录库已经损坏,数据不能正常显示。请修复。"_s, u"提示"_s);
+}
+
+// A list of everything looks like any other, and "delete all" deletes what is listed.
+void TLKListFrm::sayCondition() {
+    QPalette ink = palette();
+    if (m_storeCondition.isEmpty())
+        ink.setColor(QPalette::WindowText, widgets::warningInk(ink.color(QPalette::Window)));
+    conditionWords->setPalette(ink);
+    conditionWords->setText(m_storeCondition.isEmpty() ? u"⚠ 全部记录，未加条件"_s : QString(u"条件：" + m_words));
+}
+
+void TLKListFrm::showThisImport() {
+    const QList<qint64> keys = m_windows.lastImport();
+    if (keys.isEmpty())
+        return m_host.tell(u"本次运行还没有导入记录。"_s);
+    QString condition = keysCondition(keys);
+    QString order = u"zskid"_s;
+    describe(u"本次导入"_s);
+    loadData(condition, order);
+    if (!firstCellIsEmpty())
+        Grid1->setRowSel(dataRows());
+    Grid1->setFocus();
+}
+
+platform::Result<QMap<QString, QString>> TLKListFrm::recordsOf(const QList<qint64> &keys) const {
+    auto connection = database::Connection::open(m_state.links, m_state.connectionString);
+    if (!connection)
+        return connection.failure();
+    const auto rows = connection.value().query(recordsStatement(keysCondition(keys)));
+    if (!rows)
+        return rows.failure();
+    QMap<QString, QString> records;
+    for (int row = 0; row < rows.value()->rowCount(); ++row)
+        records.insert(rows.value()->text(row, 0), rows.value()->text(row, 1));
+    return records;
+}
+
+void TLKListFrm::showCard() {
+    const QString key = Grid1->text(Grid1->row(), 0);
+    if (key.isEmpty())
+        return;
+    const auto records = recordsOf({key.toLongLong()});
+    if (!records)
+        return m_host.tell(records.failure().description);
+    m_windows.showCard(records.value().value(key));
+}
+
+// Some hundred rows at a time: the records of a whole store would not fit into the memory.
+platform::Result<int> TLKListFrm::writeRecords(const QString &path, int first, int last) const {
+    constexpr int rowsAtOnce = 500;
+    auto file = platform::SavedFile::create(path);
+    if (!file)
+        return file.failure();
+    int written = 0;
+    for (int from = first; from <= last; from += rowsAtOnce) {
+        QList<qint64> keys;
+        for (int row = from; row <= std::min(last, from + rowsAtOnce - 1); ++row)
+            keys.append(Grid1->text(row, 0).toLongLong());
+        const auto records = recordsOf(keys);
+        if (!records)
+            return records.failure();
+        for (const qint64 key : keys) {
+            const QString record = records.value().value(QString::number(key));
+            if (record.isEmpty())
+                continue; // deleted meanwhile, or without a record
+            if (const platform::Status taken = file.value().write(platform::encode(record) + "\r\n"); !taken)
+                return taken.failure();
+            ++written;
+        }
+    }
+    if (const platform::Status kept = file.value().commit(); !kept)
+        return kept.failure();
+    return written;
+}
+
+void TLKListFrm::saveRecords() {
+    if (firstCellIsEmpty())
+        return m_host.tell(u"没有可以保存的记录。"_s);
+    auto [first, last] = std::minmax({Grid1->row(), Grid1->rowSel()});
+    if (first == last)
+        std::tie(first, last) = std::pair(1, dataRows());
+    const QString path = m_host.chooseFile({.title = u"存为机读文件"_s,
+                                            .filter = u"cnmarc_file(*.iso)|*.iso|all_files(*.*)|*.*"_s,
+                                            .kind = platform::FileDialogKind::Save});
+    if (path.isEmpty() ||
+        (platform::fileExists(path) && !m_host.ask(path + u"已经存在。要替换吗？", platform::hintTitle)))
+        return;
+    platform::Result<int> written = [&] {
+        const widgets::WaitCursor waiting(this);
+        return writeRecords(path, first, last);
+    }();
+    m_host.tell(written ? u"已保存 %1 条记录到 %2"_s.arg(QString::number(written.value()), path)
+                        : u"没有保存："_s + written.failure().description);
 }
 
 void TLKListFrm::gridFix() {

@@ -11,19 +11,33 @@
 
 namespace catalogue {
 
+// What the store list leads to, and what it asks for.
+struct StoreListWindows {
+    std::function<void()> hideWorking; // hides the busy box, which comes into being by that
+    std::function<QList<qint64>()> lastImport;
+    std::function<void(const QString &marc)> showCard;
+};
+
 class TLKListFrm final : public ListWindow, public QueryTarget {
     Q_OBJECT
 public:
-    // `hideWorking` hides the busy box, which comes into being by that.
-    TLKListFrm(const database::SessionState &state, platform::Host &host, std::function<void()> hideWorking,
+    TLKListFrm(const database::SessionState &state, platform::Host &host, StoreListWindows windows,
                QWidget *parent = nullptr);
 
     void loadData(QString &condition, QString &order) override;
+    void describe(const QString &words) override { m_words = words; }
+    // Lists and marks exactly the rows of this session's last import.
+    void showThisImport();
+    // The records of the marked rows, or of all where one row alone is marked, one a line.
+    void saveRecords();
     void gridFix() override;
     void delSelected();
     void delAll();
 
     QLabel *lCounts;
+    QLabel *conditionWords;
+    widgets::Button *cmdThisImport;
+    widgets::Button *cmdSave;
     std::array<widgets::Button *, 3> CmdDcgl;
 
 protected:
@@ -34,10 +48,15 @@ private:
     void bindRows();
     void reload();
     void announceDeletion();
+    void sayCondition();
+    void showCard();
+    platform::Result<QMap<QString, QString>> recordsOf(const QList<qint64> &keys) const;
+    platform::Result<int> writeRecords(const QString &path, int first, int last) const;
 
     const database::SessionState &m_state;
     platform::Host &m_host;
-    std::function<void()> m_hideWorking;
+    StoreListWindows m_windows;
+    QString m_words; // what the condition says
     QString m_storeCondition;
     QString m_storeOrder;
 };

@@ -43,7 +43,7 @@ public:
     QLabel *labTishi;
     QProgressBar *barJinduTishi;
     widgets::Button *cmdRefused; // "未成功 117 条": names them
-    widgets::Button *cmdStop; // disabled is the sign to stop
+    widgets::Button *cmdStop;    // disabled is the sign to stop
     widgets::Button *cmdQuit;
 
 Q_SIGNALS:

@@ -1,5 +1,6 @@
 #include "workspace/windows/frmDaoru.h"
 #include "platform/desktop/screenRoom.h"
+#include "widgets/ink.h"
 #include "widgets/layout.h"
 #include "workspace/windows/workspaceControls.h"
 #include <QScrollBar>
@@ -18,11 +19,6 @@ namespace workspace {
 namespace {
 
 constexpr int firstBatch = 200; // records read before the window is shown
-
-// Legible on light and on dark windows.
-QColor warningInk(const QColor &window) {
-    return window.lightness() > 127 ? QColor(0xa0, 0x20, 0x00) : QColor(0xff, 0xb0, 0x80);
-}
 
 } // namespace
 
@@ -228,6 +224,28 @@ void frmDaoru::say(const QString &remark) {
     updateStatus();
 }
 
+void frmDaoru::importRecords() {
+    const ImportOutcome outcome = m_commands.importRecords(m_reading.state(), Text3->pacedText());
+    if (outcome.whole)
+        m_drafts.imported();
+    if (outcome.refusedWanted)
+        m_windows.showRefused(
+            outcome.refused, Grid2->sharedRecords(), [this](int record, int row) { jump(record, row); }, this);
+}
+
+// From a list of remarks.
+void frmDaoru::jump(int record, int row) {
+    if (!Grid1->isEnabled())
+        return; // an editor is open
+    goToRecord(record);
+    if (row >= 1 && row < Grid1->rows() && Grid2->row() == record) {
+        Grid1->setRow(row);
+        Grid1->setFocus();
+        showWholeText();
+    }
+    activateWindow();
+}
+
 // What the user made of the window's room.
 void frmDaoru::remember() {
     const platform::DeskState &state = m_host.remembered();
@@ -284,8 +302,11 @@ void frmDaoru::connectButtons() {
             Grid2->setFocus();
     });
     connect(cmdclick[4], &Button::clicked, this, [this] { m_host.tell(u"暂无此功能"_s); });
-    connect(cmdclick[5], &Button::clicked, this,
-            [this] { m_commands.importRecords(m_reading.state(), Text3->pacedText()); });
+    connect(cmdclick[5], &Button::clicked, this, &frmDaoru::importRecords);
+    connect(cmdJiaoDuiAll, &Button::clicked, this, [this] {
+        m_windows.proofAll(
+            Grid2->sharedRecords(), [this](int record, int row) { jump(record, row); }, this);
+    });
     connect(cmdclick[6], &Button::clicked, this, [this] { unload(); });
 }
 
@@ -383,7 +404,7 @@ void frmDaoru::updateStatus() {
     m_facts.changed = m_drafts.changed();
     QPalette ink = palette();
     if (warns(m_facts))
-        ink.setColor(QPalette::WindowText, warningInk(ink.color(QPalette::Window)));
+        ink.setColor(QPalette::WindowText, widgets::warningInk(ink.color(QPalette::Window)));
     labZhuangTai->setPalette(ink);
     labZhuangTai->setText(statusLine(m_facts));
 }

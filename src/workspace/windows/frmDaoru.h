@@ -71,7 +71,7 @@ public:
     QFrame *draftBar;               // offers what a crash has left
     QLabel *draftWords;
     std::array<widgets::Button *, 2> cmdDraft; // 恢复, 丢弃
-    CellText *richText; // these four are m_editors' and m_fields'
+    CellText *richText;                        // these four are m_editors' and m_fields'
     QLineEdit *Text1;
     widgets::ChoiceList *zdList;
     widgets::ChoiceList *Zzdlist;
@@ -86,6 +86,8 @@ private:
     void remember();
     void recall();
     void goToRecord(int row);
+    void importRecords();
+    void jump(int record, int row);
     void goToTag(const QString &digits);
     void showWholeText();
     void say(const QString &remark);

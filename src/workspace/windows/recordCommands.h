@@ -16,7 +16,7 @@ public:
     void showCard(const QString &mode);
     void proof();
     // Refused while a read runs. `count` is the number of records as text.
-    void importRecords(ReadState state, const QString &count);
+    ImportOutcome importRecords(ReadState state, const QString &count);
 
 private:
     RecordList &m_list;

@@ -15,14 +15,29 @@ namespace workspace {
 // Edits a text; nothing where it was left without an answer.
 using Assistant = std::function<std::optional<QString>(const QString &text, QWidget *owner)>;
 
+// What became of a batch that was imported.
+struct ImportOutcome {
+    bool whole = false;                     // every record went in
+    QList<std::pair<int, QString>> refused; // row in the list, from 0, and what the server said
+    bool refusedWanted = false;             // they are to be named
+};
+
 struct WorkspaceWindows {
     // frmMarcKaPian with the record; the mode is "标准" or "卡片".
     std::function<void(const marc::RawRecord &record, const QString &mode, QWidget *owner)> showCard;
     // frmMessage with the text: a report, or a record whose directory is damaged.
     std::function<void(const QString &text, QWidget *owner)> showReport;
     // frmDaoRuJindu over the list; `count` is the number of records as text.
-    std::function<void(std::shared_ptr<const marc::PreReadStore> records, const QString &count, QWidget *owner)>
+    std::function<ImportOutcome(std::shared_ptr<const marc::PreReadStore> records, const QString &count,
+                                QWidget *owner)>
         runImport;
+    // The remarks on all records, modeless; `jump` leads to a record of the list, from 0, and a row of its field grid,
+    // 0 for none.
+    using Jump = std::function<void(int record, int fieldRow)>;
+    std::function<void(std::shared_ptr<const marc::PreReadStore> records, const Jump &jump, QWidget *owner)> proofAll;
+    std::function<void(const QList<std::pair<int, QString>> &refused, std::shared_ptr<const marc::PreReadStore> records,
+                       const Jump &jump, QWidget *owner)>
+        showRefused;
     Assistant leaderAssistant;   // frmHelpLR000
     Assistant field100Assistant; // frmHelpLR100
 };
