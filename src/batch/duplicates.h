@@ -1,0 +1,54 @@
+// Looks for the records of a batch in the copy-cataloguing store and in the catalogue: by ISBN, whatever its form and
+// spelling there, or by title and author where a record has none.
+//
+// The tables are walked once, a range of their keys at a time, and compared here: no server has an index over ISBNs
+// without their hyphens, so that each question about some hundred of them would make it walk the table as well; and no
+// text of a record ever gets into a statement.
+#pragma once
+
+#include "batch/batchProof.h"
+#include "database/sublib.h"
+#include <QMultiHash>
+
+namespace batch {
+
+class DuplicateSearch {
+public:
+    DuplicateSearch(const database::SessionState &state, std::vector<SoughtRecord> sought);
+
+    bool hasNext() const;
+    // Asks the next question, of some thousand rows. What it gives comes at the end of a table, one remark a record; a
+    // table that cannot be walked to its end gives a remark that says so, a server that cannot be reached just one.
+    std::vector<Remark> step();
+    // "套录库 45%"
+    QString progressText() const;
+
+private:
+    // What a table has of a record.
+    struct Hit {
+        int rows = 0;
+        qint64 last = 0; // the key of the row counted last
+        QString first;
+        bool byIsbn = false;
+    };
+    struct Range {
+        qint64 first, next, last, width;
+    };
+
+    platform::Status begin();
+    platform::Status walk();
+    void match(const database::ResultTable &rows, int row);
+    void hit(int sought, const database::ResultTable &rows, int row, bool byIsbn);
+    std::vector<Remark> endTable(const platform::Status &status);
+
+    const database::SessionState &m_state;
+    database::DbSession m_connection;
+    std::vector<SoughtRecord> m_sought;
+    QMultiHash<IsbnKey, int> m_byIsbn;
+    QMultiHash<QString, int> m_byTitle;
+    std::vector<Hit> m_hits; // of the table in hand
+    std::size_t m_table = 0;
+    std::optional<Range> m_range; // what is left of the table in hand
+};
+
+} // namespace batch

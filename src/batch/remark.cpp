@@ -1,0 +1,82 @@
+#include "batch/remark.h"
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace batch {
+
+namespace {
+
+constexpr std::array<QStringView, kindCount> names = {
+    u"未能检查", u"目次区", u"必备字段", u"重复字段", u"模板", u"ISBN", u"ISSN", u"批内重复", u"查重", u"未成功",
+};
+
+} // namespace
+
+QStringView nameOf(Kind kind) {
+    return names[std::size_t(kind)];
+}
+
+QString RemarkList::text(int row, int column) const {
+    const Remark &remark = this->remark(row);
+    switch (column) {
+    case 0:
+        return remark.record < 0 ? QString() : QString::number(remark.record + 1);
+    case 1:
+        return remark.title;
+    case 2:
+        return nameOf(remark.kind).toString();
+    case 3:
+        return remark.tag;
+    default:
+        return remark.text;
+    }
+}
+
+void RemarkList::add(Remark remark) {
+    ++m_counts[std::size_t(remark.kind)];
+    m_order.push_back(m_all.size());
+    if (isShown(remark))
+        m_shown.push_back(m_all.size());
+    m_all.push_back(std::move(remark));
+}
+
+void RemarkList::clear() {
+    *this = RemarkList();
+}
+
+void RemarkList::sort() {
+    std::ranges::stable_sort(m_order, {}, [this](std::size_t id) { return m_all[id].record; });
+    setFilter(m_filter);
+}
+
+void RemarkList::setFilter(std::optional<Kind> kind) {
+    m_filter = kind;
+    m_shown.clear();
+    for (const std::size_t id : m_order)
+        if (isShown(m_all[id]))
+            m_shown.push_back(id);
+}
+
+int RemarkList::rowOf(int id) const {
+    const auto found = std::ranges::find(m_shown, std::size_t(id));
+    return found == m_shown.end() ? -1 : int(found - m_shown.begin());
+}
+
+QString RemarkList::tabSeparated(QStringView lineEnd) const {
+    QString table = headings.toString().replace(u'|', u'\t') + lineEnd;
+    for (int row = 0; row < rowCount(); ++row) {
+        for (int column = 0; column < columnCount(); ++column) {
+            QString cell = text(row, column);
+            for (QChar &c : cell)
+                if (c == u'\t' || c == u'\n' || c == u'\r')
+                    c = u' ';
+            table += (column > 0 ? u"\t"_s : QString()) + cell;
+        }
+        table += lineEnd;
+    }
+    return table;
+}
+
+} // namespace batch

@@ -1,0 +1,117 @@
+#include "batch/standardNumber.h"
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace batch {
+
+namespace {
+
+constexpr qsizetype longForm = 13;
+constexpr qsizetype shortForm = 10;
+constexpr qsizetype issnForm = 8;
+constexpr IsbnKey beyondLongForm = 10'000'000'000'000; // keys of short forms that are wrong start here
+constexpr QStringView bookland = u"978";
+
+bool isDigit(QChar c) {
+    return c >= u'0' && c <= u'9';
+}
+
+bool isPartOfNumber(QChar c) {
+    return isDigit(c) || c == u'X' || c == u'x' || c == u'-' || c == u' ';
+}
+
+bool areDigits(QStringView text) {
+    return std::all_of(text.begin(), text.end(), isDigit);
+}
+
+// The digits at the start of the text, with an X as the check digit.
+QString plainNumber(QStringView text) {
+    QString plain;
+    for (const QChar c : text) {
+        if (!isPartOfNumber(c))
+            break;
+        if (c != u'-' && c != u' ')
+            plain += c.toUpper();
+    }
+    return plain;
+}
+
+bool startsAsBook(QStringView plain) {
+    return plain.startsWith(bookland) || plain.startsWith(u"979");
+}
+
+// Modulo 10, weights 1 and 3 in turn; of the first twelve digits.
+QChar checkDigit13(QStringView plain) {
+    int sum = 0;
+    for (qsizetype i = 0; i < longForm - 1; ++i)
+        sum += (plain[i].unicode() - u'0') * (i % 2 ? 3 : 1);
+    return QChar(char16_t(u'0' + (10 - sum % 10) % 10));
+}
+
+// Modulo 11, weights falling to 2 ahead of the check digit: the rule of the short ISBN and of the ISSN.
+QChar checkDigit11(QStringView plain, qsizetype form) {
+    int sum = 0;
+    for (qsizetype i = 0; i < form - 1; ++i)
+        sum += (plain[i].unicode() - u'0') * int(form - i);
+    constexpr QStringView byRemainder = u"0X987654321";
+    return byRemainder[sum % 11];
+}
+
+bool hasForm(QStringView plain, qsizetype form) {
+    return plain.size() == form && areDigits(plain.chopped(1)) && (isDigit(plain.back()) || plain.back() == u'X');
+}
+
+} // namespace
+
+IsbnKey isbnKey(QStringView text) {
+    const QString plain = plainNumber(text);
+    if (plain.size() == longForm && areDigits(plain))
+        return plain.toULongLong();
+    if (!hasForm(plain, shortForm))
+        return 0;
+    if (checkDigit11(plain, shortForm) != plain.back())
+        return beyondLongForm + QStringView(plain).chopped(1).toULongLong() * 11 +
+               (plain.back() == u'X' ? 10 : IsbnKey(plain.back().unicode() - u'0'));
+    const QString twelve = bookland + QStringView(plain).chopped(1);
+    return QString(twelve + checkDigit13(twelve)).toULongLong();
+}
+
+bool isIsbn13(QStringView text) {
+    const QString plain = plainNumber(text);
+    return plain.size() == longForm && areDigits(plain);
+}
+
+std::optional<QString> isbn13Fault(QStringView text) {
+    if (!isIsbn13(text))
+        return std::nullopt;
+    const QString plain = plainNumber(text);
+    if (!startsAsBook(plain))
+        return u"13位ISBN应以978或979开头"_s;
+    if (const QChar right = checkDigit13(plain); right != plain.back())
+        return u"ISBN校验位错误，应为"_s + right;
+    return std::nullopt;
+}
+
+QString cutIsbn13(QStringView stored) {
+    if (stored.size() != isbnKept || !startsAsBook(stored) ||
+        !std::all_of(stored.begin(), stored.end(), isPartOfNumber))
+        return {};
+    const QString plain = plainNumber(stored);
+    return plain.size() < longForm && areDigits(plain) ? plain : QString();
+}
+
+bool beginsWith(IsbnKey isbn, const QString &cut) {
+    return isbn < beyondLongForm && !cut.isEmpty() && QString::number(isbn).startsWith(cut);
+}
+
+std::optional<QString> issnFault(QStringView text) {
+    const QString plain = plainNumber(text);
+    if (!hasForm(plain, issnForm))
+        return u"ISSN应为8位"_s;
+    if (const QChar right = checkDigit11(plain, issnForm); right != plain.back())
+        return u"ISSN校验位错误，应为"_s + right;
+    return std::nullopt;
+}
+
+} // namespace batch

@@ -1,0 +1,145 @@
+// What is found about the records of a list, apart from any window and any server.
+#include "batch/batchProof.h"
+#include "batch/refusedRecords.h"
+#include "batch/wholeFile.h"
+#include "support/fullDisk.h"
+#include "support/recordText.h"
+#include "support/testFolder.h"
+
+using namespace batch;
+
+namespace {
+
+std::shared_ptr<marc::PreReadStore> storeOf(const QStringList &records) {
+    auto store = std::make_shared<marc::PreReadStore>();
+    store->setRows(int(records.size()));
+    for (int row = 0; row < records.size(); ++row) {
+        store->setRecord(row, records[row]);
+        store->setTitle(row, u"题"_s + QString::number(row + 1));
+    }
+    return store;
+}
+
+QStringList told(const std::shared_ptr<marc::PreReadStore> &store, const ProofOne &proof) {
+    BatchProof proving(store, proof);
+    QStringList lines;
+    while (proving.hasNext())
+        for (const Remark &remark : proving.step())
+            lines.append(u"%1 %2 %3 %4 %5 %6"_s.arg(QString::number(remark.record), remark.title, nameOf(remark.kind),
+                                                    remark.tag, QString::number(remark.fieldRow), remark.text));
+    return lines;
+}
+
+} // namespace
+
+TEST(StandardNumber, IsToldInAllItsSpellings) {
+    struct Row {
+        QStringView text;
+        IsbnKey key;
+        QStringView isbnFault, issnFault;
+    };
+    constexpr QStringView none, notEight = u"ISSN应为8位";
+    for (const Row &row : {
+             Row{u"7-02-001259-0", 9787020012596, none, notEight},
+             Row{u"7020012590(精装)", 9787020012596, none, notEight},
+             Row{u"978 7 02 001259 6", 9787020012596, none, notEight},
+             Row{u"978-7-02-001259-5", 9787020012595, u"ISBN校验位错误，应为6", notEight},
+             Row{u"9771000000007", 9771000000007, u"13位ISBN应以978或979开头", notEight},
+             Row{u"979-10-90636-07-1", 9791090636071, none, notEight},
+             Row{u"0-8044-2957-x", 9780804429573, none, notEight},
+             Row{u"7-02-001259-X", 10000000000000 + 702001259ULL * 11 + 10, none, notEight}, // like itself alone
+             Row{u"1000-0004", 0, none, u"ISSN校验位错误，应为3"},
+             Row{u"2434-561X", 0, none, none},
+             Row{u"978-7-02-001259", 0, none, notEight},
+             Row{u"精装", 0, none, notEight},
+             Row{u"", 0, none, notEight},
+         }) {
+        SCOPED_TRACE(row.text.toString().toStdString());
+        EXPECT_EQ(isbnKey(row.text), row.key);
+        EXPECT_EQ(isbn13Fault(row.text).value_or(QString()), row.isbnFault.toString());
+        EXPECT_EQ(issnFault(row.text).value_or(QString()), row.issnFault.toString());
+    }
+    EXPECT_EQ(cutIsbn13(u"978-7-02-0012"), u"9787020012"_s);
+    for (const QStringView whole : {u"9787020012596", u"7-02-001259-0", u"978-7-02-00", u"978-7-02-001X"})
+        EXPECT_EQ(cutIsbn13(whole), QString()) << whole.toString().toStdString();
+}
+
+TEST(BatchProof, TellsRecordFieldAndRowOfEachFinding) {
+    const QStringList records{
+        recordOf(u"001=1|010=  $a7-02-001259-0$a|200=1 $a|210=  $aB|210=  $aC"_s),
+        {}, // no record stands in this row
+        recordOf(u"010=  $a978-7-02-001259-6$b精装|010=  $a7-02-001259-0|011=  $a1000-0004"_s),
+        u"00026nam0 2200025   450 2001\x1E\x1D"_s,
+        recordOf(u"010=  $a978-7-02-001259-5|200=1 $a甲"_s),
+        recordOf(u"010=  $d20|200=1 $a甲"_s),
+    };
+    const auto proof = [](const marc::FieldRows &rows) -> ProofReports {
+        const bool first = rows.size() > 1 && rows[1].identifier == u"001";
+        return {.structural =
+                    first ? u"Error:801字段（必备字段）不存在！\r\nError:210字段（不可重复字段）重复！\r\n"_s : u""_s,
+                .byTemplate = first ? u"Error:200字段的a子字段(必备子字段)内容不能为空值\r\n"_s : u""_s,
+                .isbn =
+                    u"【010$a】ISBN格式错误！\r\n       ISBN号第一段不能为空！\r\n       ISBN号第二段不能为空！\r\n"_s,
+                .complaint = u"配置文件丢失。"_s};
+    };
+    EXPECT_EQ(told(storeOf(records), proof),
+              (QStringList{
+                  u"-1  未能检查  0 配置文件丢失。"_s, // once
+                  u"0 题1 必备字段 801 0 801字段（必备字段）不存在！"_s,
+                  u"0 题1 重复字段 210 10 210字段（不可重复字段）重复！"_s,
+                  u"0 题1 模板 200 6 200字段的a子字段(必备子字段)内容不能为空值"_s,
+                  u"0 题1 ISBN 010 3 ISBN格式错误！ ISBN号第一段不能为空！ ISBN号第二段不能为空！"_s,
+                  u"2 题3 ISSN 011 8 ISSN校验位错误，应为3"_s, // nothing from a proof that knows no ISBN of thirteen
+                  u"2 题3 批内重复 010 3 与第 1 条的ISBN相同：《题1》"_s, // once, though it has both forms
+                  u"3 题4 目次区  0 目次区损坏，字段读不出来"_s,
+                  u"4 题5 ISBN 010 3 ISBN校验位错误，应为6"_s,
+                  u"5 题6 ISBN 010 2 ISBN格式错误！ ISBN号第一段不能为空！ ISBN号第二段不能为空！"_s,
+              }));
+}
+
+TEST(RemarkList, SortsFiltersAndIsATableOfText) {
+    RemarkList list;
+    list.add({4, u"丁"_s, Kind::Isbn, u"010"_s, 3, u"错"_s});
+    list.add({0, u"甲\t乙"_s, Kind::InStore, {}, 0, u"一\r\n二"_s});
+    list.add({4, u"丁"_s, Kind::InStore, {}, 0, u"后"_s});
+    list.add({-1, {}, Kind::Unchecked, {}, 0, u"未能查重"_s});
+    const int first = list.idOf(0);
+    list.sort();
+    EXPECT_EQ(list.rowOf(first), 2);
+    EXPECT_EQ(list.count() * 100 + list.found() * 10 + list.count(Kind::InStore), 432);
+    const TestFolder folder;
+    ASSERT_TRUE(saveRemarks(folder.path(u"表.tsv"_s), list));
+    EXPECT_EQ(folder.read(u"表.tsv"_s), QByteArray("\xEF\xBB\xBF记录\t题名\t类别\t字段\t说明\r\n"
+                                                   "\t\t未能检查\t\t未能查重\r\n"
+                                                   "1\t甲 乙\t查重\t\t一  二\r\n"
+                                                   "5\t丁\tISBN\t010\t错\r\n"
+                                                   "5\t丁\t查重\t\t后\r\n"));
+    list.setFilter(Kind::InStore);
+    list.add({6, u"己"_s, Kind::InStore, {}, 0, {}});
+    list.add({7, u"庚"_s, Kind::Isbn, {}, 0, {}});
+    EXPECT_EQ(list.rowOf(first), -1);
+    EXPECT_EQ(list.tabSeparated(u"|").section(u'|', 1),
+              u"1\t甲 乙\t查重\t\t一  二|5\t丁\t查重\t\t后|7\t己\t查重\t\t|"_s);
+}
+
+TEST(RefusedRecords, AreWrittenAsTheyStandOrNotAtAll) {
+    const auto store =
+        storeOf({recordOf(u"200=1 $a甲'乙"_s), recordOf(u"200=1 $a丙"_s), recordOf(u"200=1 $a\u20AC€\u0416"_s)});
+    const std::vector<Refused> refused{{2, u"duplicate key"_s}, {0, u"too long"_s}, {99, {}}, {-1, {}}};
+    const auto remarks = remarksOf(refused, *store);
+    ASSERT_EQ(remarks.size(), 2U);
+    EXPECT_EQ(remarks[0].title + remarks[0].text, u"题3duplicate key"_s);
+    const TestFolder folder;
+    const QString path = folder.file(u"拒.iso"_s, "old");
+    {
+        const FullDisk disk(40);
+        EXPECT_FALSE(saveRefused(path, refused, *store));
+    }
+    EXPECT_EQ(folder.read(u"拒.iso"_s), "old");
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1);
+    ASSERT_TRUE(saveRefused(path, refused, *store));
+    EXPECT_EQ(folder.read(u"拒.iso"_s),
+              platform::encode(store->record(2)) + "\r\n" + platform::encode(store->record(0)) + "\r\n");
+    EXPECT_FALSE(saveRefused(folder.path(), refused, *store));
+    EXPECT_FALSE(saveRefused(folder.path(u"没有/拒.iso"_s), refused, *store));
+}

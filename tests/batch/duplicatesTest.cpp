@@ -1,0 +1,95 @@
+// The records of a batch looked for on real servers, and on one that is not there.
+#include "batch/duplicates.h"
+#include "support/databaseServers.h"
+#include "support/recordText.h"
+
+using namespace batch;
+
+namespace {
+
+std::vector<SoughtRecord> sought(const QStringList &records) {
+    auto store = std::make_shared<marc::PreReadStore>();
+    store->setRows(int(records.size()));
+    for (int row = 0; row < records.size(); ++row)
+        store->setRecord(row, recordOf(records[row]));
+    BatchProof proving(store, [](const marc::FieldRows &) { return ProofReports{}; });
+    while (proving.hasNext())
+        (void)proving.step();
+    return proving.takeSought();
+}
+
+QStringList found(const database::SessionState &state, const QStringList &records) {
+    DuplicateSearch search(state, sought(records));
+    QStringList lines;
+    while (search.hasNext())
+        for (const Remark &remark : search.step())
+            lines.append(QString::number(remark.record) + u' ' + remark.tag + u' ' + remark.text);
+    return lines;
+}
+
+} // namespace
+
+class DuplicatesOnServers : public testing::TestWithParam<TestServer> {};
+
+INSTANTIATE_TEST_SUITE_P(Servers, DuplicatesOnServers,
+                         testing::Values(TestServer::Sqlite, TestServer::PostgreSql, TestServer::MariaDb),
+                         [](const auto &info) { return TestDatabase::nameOf(info.param).toStdString(); });
+
+TEST_P(DuplicatesOnServers, AreFoundByIsbnOrByTitleAndAuthor) {
+    const TestDatabase database(GetParam());
+    EXPECT_EQ(found(database.state, {u"010=  $a7-02-001259-0"_s}), QStringList()); // empty tables
+    // Keys far apart, and beyond what one question asks for.
+    database.run(uR"(
+        insert into zsk (zskid,isbn,bookname,author) values (-7,'9787020012596','呐喊','鲁迅著');
+        insert into zsk (zskid,isbn,bookname,author) values (70000,'978-7-02-0012','呐喊','鲁迅著');
+        insert into zsk (zskid,isbn,bookname,author) values (70001,'978-7-02-0012','彷徨','鲁迅著');
+        insert into zsk (zskid,isbn,bookname,author) values (70002,'978-7-02-0099','呐喊','鲁迅著');
+        insert into zsk (zskid,isbn,bookname,author) values (70003,null,null,null);
+        insert into zsk (zskid,isbn,bookname,author) values (90000000,null,'L''été ''); drop table zsk; --','O''Neill \著');
+        insert into taoluTable (isbn,bookname,author) values ('7020012590','呐喊''','鲁迅著');)"_s);
+    database.run(u"insert into taoluTable (bookname,author,isbn) values ('%1','%2','')"_s.arg(u"长"_s.repeated(50),
+                                                                                              u"作"_s.repeated(30)));
+    const QStringList records{
+        u"010=  $a978-7-02-001259-6|200=1 $a呐喊$f鲁迅著"_s,                 // 0: whole, cut, ten digits
+        u"010=  $a7-02-001259-0|200=1 $a彷徨与呐喊"_s,                       // 1
+        u"200=1 $aL'été '); drop table zsk; --$fO'Neill \\著"_s,             // 2
+        u"200=1 $aL'été '); drop table zsk; --$f别人"_s,                     // 3: another author
+        u"010=  $a7-02-001037-7|200=1 $a呐喊$f鲁迅著"_s,                     // 4: another edition
+        u"200=1 $a"_s + u"长"_s.repeated(60) + u"$f" + u"作"_s.repeated(31), // 5: longer than the store
+    };
+    EXPECT_EQ(found(database.state, records),
+              (QStringList{
+                  u"0 010 套录库已有相同ISBN：控制号 1《呐喊'》鲁迅著"_s,
+                  u"1 010 套录库已有相同ISBN：控制号 1《呐喊'》鲁迅著"_s,
+                  u"5 200 套录库已有同题名同作者：控制号 2《%1》%2"_s.arg(u"长"_s.repeated(50), u"作"_s.repeated(30)),
+                  u"0 010 书库已有相同ISBN：控制号 -7《呐喊》鲁迅著，共 2 条"_s,
+                  u"1 010 书库已有相同ISBN：控制号 -7《呐喊》鲁迅著"_s,
+                  u"2 200 书库已有同题名同作者：控制号 90000000《L'été '); drop table zsk; --》O'Neill \\著"_s,
+              }));
+}
+
+// Thousands of rows side by side behind a desert of keys: all are seen, by questions that stay small.
+TEST(Duplicates, WalkTheWholeTable) {
+    const TestDatabase database;
+    database.run(u"insert into zsk (zskid,isbn) with recursive n(i) as (select 1 union all select i+1 from n where "
+                 "i<20000) select i+(i/5000)*10000000,9787000000000+i from n"_s);
+    QStringList records;
+    for (int i = 1; i <= 20000; ++i)
+        records.append(u"010=  $a97870000%1"_s.arg(i, 5, 10, QChar(u'0')));
+    EXPECT_EQ(found(database.state, records).size(), 20000);
+}
+
+TEST(Duplicates, TellWhatCouldNotBeLookedAtAndGoOn) {
+    const TestDatabase database;
+    database.run(u"drop table taoluTable; insert into zsk (zskid,isbn) values (3,'9787020012596');"_s);
+    const QStringList records{u"010=  $a7020012590"_s};
+    QStringList lines = found(database.state, records);
+    ASSERT_EQ(lines.size(), 2);
+    EXPECT_TRUE(lines[0].startsWith(u"-1  套录库未能查完：")) << lines[0].toStdString();
+    EXPECT_TRUE(lines[1].startsWith(u"0 010 书库已有"));
+
+    database::LinkPool links;
+    lines = found({links, u"Driver=SQLite3;Database=/nowhere/none.db;NoCreat=1;"_s}, records);
+    ASSERT_EQ(lines.size(), 1);
+    EXPECT_TRUE(lines[0].startsWith(u"-1  未能查重：")) << lines[0].toStdString();
+}
