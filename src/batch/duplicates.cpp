@@ -124,14 +124,10 @@ void DuplicateSearch::match(const database::ResultTable &rows, int row) {
 
 void DuplicateSearch::hit(int sought, const database::ResultTable &rows, int row, bool byIsbn) {
     Hit &hit = m_hits[std::size_t(sought)];
-    const qint64 key = rows.text(row, Key).toLongLong();
-    if (hit.rows > 0 && hit.last == key) // found by both forms of its number
+    if (hit.rows++ > 0)
         return;
-    if (hit.rows++ == 0) {
-        hit.byIsbn = byIsbn;
-        hit.first = u"控制号 %1《%2》%3"_s.arg(QString::number(key), rows.text(row, Title), rows.text(row, Author));
-    }
-    hit.last = key;
+    hit.byIsbn = byIsbn;
+    hit.first = u"控制号 %1《%2》%3"_s.arg(rows.text(row, Key), rows.text(row, Title), rows.text(row, Author));
 }
 
 std::vector<Remark> DuplicateSearch::endTable(const platform::Status &status) {

@@ -27,7 +27,6 @@ private:
     // What a table has of a record.
     struct Hit {
         int rows = 0;
-        qint64 last = 0; // the key of the row counted last
         QString first;
         bool byIsbn = false;
     };

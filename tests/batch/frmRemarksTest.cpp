@@ -134,6 +134,12 @@ TEST_F(RemarksWindow, ListsRefusedRecordsAndTakesThemOut) {
     QSignalSpy jumps(window.get(), &frmRemarks::jump);
     QTest::keyClick(window->Grid1, Qt::Key_Return);
     EXPECT_EQ(jumps, (QList<QVariantList>{{1, 0}}));
+
+    database.state.connectionString = u"Driver=SQLite3;Database=/nowhere/none.db;NoCreat=1;"_s;
     run();
     EXPECT_FALSE(window->cmdIso->isVisible());
+    EXPECT_EQ(window->labJindu->text(), u"校对 3 条，发现 5 处，有的未能检查"_s);
+    window->Grid1->setRow(1); // what concerns no record leads nowhere
+    QTest::keyClick(window->Grid1, Qt::Key_Return);
+    EXPECT_EQ(jumps.size(), 1);
 }

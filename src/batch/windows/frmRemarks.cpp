@@ -85,7 +85,7 @@ void frmRemarks::lay() {
 // Widths in characters of the font, whatever its size.
 void frmRemarks::fitWidths() {
     const int character = fontMetrics().horizontalAdvance(u'书');
-    constexpr auto characters = std::to_array<int>({4, 14, 6, 3, 24});
+    constexpr auto characters = std::to_array<int>({4, 13, 5, 3, 12});
     for (std::size_t column = 0; column < characters.size(); ++column)
         Grid1->setColumnTwips(int(column), Grid1->toTwips(character * characters[column]));
     labShuoming->setFixedHeight(3 * fontMetrics().lineSpacing());
@@ -98,7 +98,7 @@ void frmRemarks::changeEvent(QEvent *event) {
 }
 
 QSize frmRemarks::sizeHint() const {
-    const QSize wanted(fontMetrics().horizontalAdvance(u'书') * 56, fontMetrics().lineSpacing() * 26);
+    const QSize wanted(fontMetrics().horizontalAdvance(u'书') * 68, fontMetrics().lineSpacing() * 32);
     constexpr int frame = 40; // and the title bar
     return wanted.boundedTo(screen()->availableSize() - QSize(frame, 2 * frame)).expandedTo(minimumSizeHint());
 }
@@ -116,6 +116,8 @@ int frmRemarks::begin(const QString &caption, std::shared_ptr<const marc::PreRea
     cmdIso->hide();
     cmdStop->hide();
     m_running = false;
+    if (!testAttribute(Qt::WA_Resized)) // a dialog would take two thirds of the screen at most
+        resize(sizeHint());
     show();
     raise();
     activateWindow();
