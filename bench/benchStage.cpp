@@ -1,4 +1,5 @@
 #include "benchStage.h"
+#include "marc/recordCutter.h"
 #include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
@@ -21,6 +22,19 @@ QString BenchStage::freshFolder(QStringView name) const {
 
 QString connectionTo(const QString &database) {
     return u"Driver=SQLite3;Database=" + database + u";JournalMode=WAL;SyncPragma=NORMAL;Timeout=2000;";
+}
+
+std::shared_ptr<const marc::PreReadStore> readStore(const QString &file) {
+    auto store = std::make_shared<marc::PreReadStore>();
+    auto reader = platform::LineReader::open(file);
+    if (!reader)
+        return store;
+    marc::RecordCutter cutter(reader.value());
+    for (int count = 0; cutter.next(); ++count) {
+        store->setRows(count + 1);
+        store->setRecord(count, cutter.record(), cutter.bytes());
+    }
+    return store;
 }
 
 BenchHost::BenchHost()

@@ -1,8 +1,10 @@
 // What the comparisons work on and with: the made files, fresh folders, and the real machine without its boxes.
 #pragma once
 
+#include "marc/preReadStore.h"
 #include "platform/desktop/qtHost.h"
 #include <QString>
+#include <memory>
 
 class QWidget;
 
@@ -29,6 +31,9 @@ struct BenchStage {
 
 // The connection text of an SQLite file, as the program's own data source has it.
 QString connectionTo(const QString &database);
+
+// The records of a file, as the workspace lists them.
+std::shared_ptr<const marc::PreReadStore> readStore(const QString &file);
 
 // The real machine, but boxes answer themselves (No where it is a question) and the file dialog gives `chosenFile`.
 class BenchHost final : public platform::QtHost {

@@ -16,26 +16,13 @@ namespace bench {
 namespace {
 
 QByteArray asSqlite(const QString &statement) {
-    return database::rewrite(statement, database::Server::Sqlite).toUtf8();
+    return database::rewrite(statement, database::Server::Sqlite, {}).toUtf8();
 }
 
 QByteArray countOf(const QString &database) {
     DriverLoop loop(connectionTo(database));
     loop.bind(1);
     return loop.isOpen() && loop.fetchOne("select count(*) from taoluTable") ? loop.firstValue() : QByteArray();
-}
-
-std::shared_ptr<const marc::PreReadStore> readStore(const QString &file) {
-    auto store = std::make_shared<marc::PreReadStore>();
-    auto reader = platform::LineReader::open(file);
-    if (!reader)
-        return store;
-    marc::RecordCutter cutter(reader.value());
-    for (int count = 0; cutter.next(); ++count) {
-        store->setRows(count + 1);
-        store->setRecord(count, cutter.record(), cutter.bytes());
-    }
-    return store;
 }
 
 std::vector<QByteArray> insertsOf(const marc::PreReadStore &store) {

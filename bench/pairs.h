@@ -9,6 +9,7 @@ namespace bench {
 void recordPairs(Table &table, const BenchStage &stage); // counting, reading, memory
 void stepping(Table &table, const BenchStage &stage);
 void databasePairs(Table &table, const BenchStage &stage); // import, listing, export
+void batchPairs(Table &table, const BenchStage &stage);    // proof and look-up of a whole list
 void filePairs(Table &table, const BenchStage &stage);     // split, merge
 void filePairs(Table &table, const BenchStage &stage);     // split, merge, tidy
 

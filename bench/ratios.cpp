@@ -1,5 +1,5 @@
 // The figures side by side with other tools and with bare loops, on the files in a folder that scripts/bench fills.
-// Usage: ratios FOLDER [records|stepping|files|databases]...
+// Usage: ratios FOLDER [records|stepping|files|databases|batch]...
 #include "pairs.h"
 #include <QApplication>
 #include <array>
@@ -19,6 +19,7 @@ constexpr auto subjects = std::to_array<Subject>({
     {u"stepping", bench::stepping},
     {u"files", bench::filePairs},
     {u"databases", bench::databasePairs},
+    {u"batch", bench::batchPairs},
 });
 
 } // namespace
@@ -31,7 +32,7 @@ int main(int argc, char **argv) {
     if (arguments.size() == 2 && arguments[0] == u"--memory")
         return bench::tellMemory(arguments[1]);
     if (arguments.isEmpty()) {
-        std::fprintf(stderr, "usage: ratios FOLDER [records|stepping|files|databases]...\n");
+        std::fprintf(stderr, "usage: ratios FOLDER [records|stepping|files|databases|batch]...\n");
         return 2;
     }
     const bench::BenchStage stage{arguments[0]};

@@ -40,6 +40,7 @@ DuplicateSearch::DuplicateSearch(const database::SessionState &state, std::vecto
             m_byIsbn.insert(isbn, int(i));
         if (!identity.title.isEmpty())
             m_byTitle.insert(identity.title, int(i));
+        m_anyByTitle = m_anyByTitle || identity.isbns.empty();
     }
 }
 
@@ -107,10 +108,10 @@ void DuplicateSearch::match(const database::ResultTable &rows, int row) {
         for (auto found = from; found != to; ++found)
             hit(*found, rows, row, true);
     }
-    if (m_byTitle.isEmpty())
-        return;
     // What the import has cut of an ISBN is shared by many books; title and digits together are one.
     const QString cut = cutIsbn13(isbn);
+    if (cut.isEmpty() && !m_anyByTitle)
+        return;
     const auto [from, to] = std::as_const(m_byTitle).equal_range(comparedTitle(rows.text(row, Title)));
     for (auto found = from; found != to; ++found) {
         const BookIdentity &identity = m_sought[std::size_t(*found)].identity;

@@ -45,7 +45,8 @@ private:
     std::vector<SoughtRecord> m_sought;
     QMultiHash<IsbnKey, int> m_byIsbn;
     QMultiHash<QString, int> m_byTitle;
-    std::vector<Hit> m_hits; // of the table in hand
+    bool m_anyByTitle = false; // a record without an ISBN is among them
+    std::vector<Hit> m_hits;   // of the table in hand
     std::size_t m_table = 0;
     std::optional<Range> m_range; // what is left of the table in hand
 };

@@ -28,6 +28,7 @@ bool areDigits(QStringView text) {
 // The digits at the start of the text, with an X as the check digit.
 QString plainNumber(QStringView text) {
     QString plain;
+    plain.reserve(longForm);
     for (const QChar c : text) {
         if (!isPartOfNumber(c))
             break;

@@ -44,7 +44,7 @@ TEST_F(RemarksWindow, ProvesLooksUpAndLeadsToTheRecord) {
     QStringList said;
     host.onYield = [&] {
         said.append(window->labJindu->pacedText());
-        QApplication::processEvents();
+        EXPECT_TRUE(QTest::qWaitFor([this] { return window->Grid1->model()->rowCount() > 0; })); // seen as they come
         EXPECT_TRUE(window->cmdStop->isVisible());
     };
     run();
