@@ -11,6 +11,7 @@
 
 using namespace Qt::StringLiterals;
 using widgets::Button;
+using widgets::named;
 
 namespace batch {
 
@@ -26,20 +27,17 @@ QString withCount(QStringView name, int count) {
 
 frmRemarks::frmRemarks(platform::Host &host, QWidget *parent)
     : Window(u"frmRemarks"_s, u"校对全部"_s, parent)
-    , labLeibie(new QLabel(u"&F 类别："_s, this))
-    , cmbLeibie(new QComboBox(this))
+    , labLeibie(named(new QLabel(u"类别(&F)："_s, this), u"labLeibie"_s))
+    , cmbLeibie(named(new QComboBox(this), u"cmbLeibie"_s))
     , labJindu(new widgets::PacedLabel(u"labJindu"_s, {}, this))
     , cmdStop(new Button(u"cmdStop"_s, u"&S 停止"_s, this))
     , Grid1(new widgets::FlexGrid(u"Grid1"_s, m_list->columnCount(), 1, this))
-    , labShuoming(new QLabel(this))
+    , labShuoming(named(new QLabel(this), u"labShuoming"_s))
     , cmdCopy(new Button(u"cmdCopy"_s, u"&C 复制"_s, this))
     , cmdSave(new Button(u"cmdSave"_s, u"&T 另存为…"_s, this))
     , cmdIso(new Button(u"cmdIso"_s, u"&I 存为机读文件…"_s, this))
     , cmdQuit(new Button(u"cmdQuit"_s, u"&Q 关闭"_s, this))
     , m_host(host) {
-    labLeibie->setObjectName(u"labLeibie"_s);
-    cmbLeibie->setObjectName(u"cmbLeibie"_s);
-    labShuoming->setObjectName(u"labShuoming"_s);
     Grid1->setAccessibleName(u"校对结果"_s);
     lay();
     cmdStop->hide();
@@ -62,20 +60,15 @@ frmRemarks::frmRemarks(platform::Host &host, QWidget *parent)
 }
 
 void frmRemarks::lay() {
-    QBoxLayout *kinds = widgets::labelled(labLeibie, cmbLeibie);
     cmbLeibie->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-    cmbLeibie->setAccessibleName(u"类别"_s);
-    QSizePolicy place = cmdStop->sizePolicy(); // so that nothing jumps at the end of a run
-    place.setRetainSizeWhenHidden(true);
-    cmdStop->setSizePolicy(place);
+    widgets::keepPlace(cmdStop);
     Grid1->setFormat(RemarkList::headings.toString());
     Grid1->horizontalHeader()->setStretchLastSection(true);
-    labShuoming->setAccessibleName(u"说明"_s);
     labShuoming->setTextFormat(Qt::PlainText);
     labShuoming->setWordWrap(true);
     labShuoming->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     labShuoming->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    setLayout(widgets::column({widgets::row({kinds, {labJindu, 1}, cmdStop}),
+    setLayout(widgets::column({widgets::row({widgets::labelled(labLeibie, cmbLeibie), {labJindu, 1}, cmdStop}),
                                {Grid1, 1},
                                labShuoming,
                                widgets::row({widgets::stretch(), cmdCopy, cmdSave, cmdIso, cmdQuit})}));
