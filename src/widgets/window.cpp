@@ -16,9 +16,13 @@ Button::Button(const QString &objectName, const QString &caption, QWidget *paren
     setAccessibleName(name.remove(u'&').trimmed());
 }
 
+// What the modal window itself has opened stands beside it and is live.
 bool isBlocked(const QWidget *widget) {
     const QWidget *modal = QApplication::activeModalWidget();
-    return modal && modal != widget->window();
+    const QWidget *opener = widget->window();
+    while (modal && opener && opener != modal)
+        opener = opener->parentWidget();
+    return modal && opener != modal;
 }
 
 bool Button::event(QEvent *event) {

@@ -11,10 +11,11 @@ TEST(Button, AShortcutDoesNotReachBehindAModalWindow) {
     int clicks = 0;
     QObject::connect(&button, &Button::clicked, &behind, [&] { ++clicks; });
     behind.show();
-    const auto press = [&] {
+    const auto pressOn = [](Button &receiver) {
         QShortcutEvent key(QKeySequence(Qt::ALT | Qt::Key_Q), 0);
-        QApplication::sendEvent(&button, &key);
+        QApplication::sendEvent(&receiver, &key);
     };
+    const auto press = [&] { pressOn(button); };
     press();
     EXPECT_EQ(clicks, 1);
     Window front(u"front"_s, {}, &behind);
@@ -22,6 +23,12 @@ TEST(Button, AShortcutDoesNotReachBehindAModalWindow) {
     front.show();
     press();
     EXPECT_EQ(clicks, 1);
+    Window beside(u"beside"_s, {}, &front); // not modal, and opened by the one that is
+    Button live(u"cmd"_s, u"&Q 关闭"_s, &beside);
+    QObject::connect(&live, &Button::clicked, &beside, &Window::unload);
+    beside.show();
+    pressOn(live);
+    EXPECT_FALSE(beside.isVisible());
     front.close();
     press();
     EXPECT_EQ(clicks, 2);
