@@ -4,10 +4,15 @@
 #include "app/windows/frmLook.h"
 #include "app/windows/marcMain.h"
 #include "assist/windows/frmHelpLR.h"
+#include "batch/windows/frmRemarks.h"
 #include "card/windows/frmMarcKaPian.h"
 #include "filetools/windows/frmCutFile.h"
 #include "filetools/windows/frmUnionFile.h"
 #include "import/windows/frmDaoRuJindu.h"
+#include "platform/paths.h"
+#include "proof/isbn.h"
+#include "proof/structuralProof.h"
+#include "proof/templateProof.h"
 #include "proof/windows/frmMessage.h"
 #include "workspace/windows/frmDaoru.h"
 #include "workspace/windows/frmSelectMFile.h"
@@ -18,6 +23,24 @@
 using namespace Qt::StringLiterals;
 
 namespace app {
+
+namespace {
+
+// The three proofs of one record, as the batch asks for them.
+batch::ProofOne proofOne(const platform::Host &host) {
+    return [folder = platform::pathWithSlash(host.programFolder())](const marc::FieldRows &rows) {
+        batch::ProofReports reports{proof::proofFields(rows), {}, proof::proofISBN(rows).value_or(QString()), {}};
+        if (auto byTemplate = proof::proofTemplate(rows, folder)) {
+            reports.byTemplate = byTemplate.value().report;
+            reports.complaint = byTemplate.value().complaint;
+        } else {
+            reports.complaint = byTemplate.failure().description;
+        }
+        return reports;
+    };
+}
+
+} // namespace
 
 DeskWindows::DeskWindows(platform::Host &host, const database::SessionState &state)
     : m_host(host)
@@ -59,8 +82,19 @@ workspace::WorkspaceWindows DeskWindows::workspaceWindows() {
         .showReport = [this](const QString &text, QWidget *owner) { showReport(text, owner); },
         .runImport = [this](std::shared_ptr<const marc::PreReadStore> records, const QString &count,
                             QWidget *owner) { return runImport(std::move(records), count, owner); },
-        .proofAll = {},
-        .showRefused = {},
+        .proofAll =
+            [this](std::shared_ptr<const marc::PreReadStore> records, const workspace::Jump &jump, QWidget *owner) {
+                batch::frmRemarks *window = remarksWindow(jump, owner);
+                window->proofAll(std::move(records), proofOne(m_host), m_state);
+            },
+        .showRefused =
+            [this](const QList<std::pair<int, QString>> &refused, std::shared_ptr<const marc::PreReadStore> records,
+                   const workspace::Jump &jump, QWidget *owner) {
+                std::vector<batch::Refused> rows;
+                for (const auto &[row, reason] : refused)
+                    rows.push_back({row, reason});
+                remarksWindow(jump, owner)->showRefused(std::move(rows), std::move(records));
+            },
         .leaderAssistant = [this](const QString &leader,
                                   QWidget *owner) { return assist::frmHelpLR000(m_host, owner).edit(leader); },
         .field100Assistant = [this](const QString &field100,
@@ -92,6 +126,15 @@ workspace::ImportOutcome DeskWindows::runImport(std::shared_ptr<const marc::PreR
     for (const auto &[row, fault] : window.refused())
         outcome.refused.append({row, fault});
     return outcome;
+}
+
+// One of a workspace: a new run takes the place of the one before. It goes with the workspace.
+batch::frmRemarks *DeskWindows::remarksWindow(const workspace::Jump &jump, QWidget *owner) {
+    if (!m_remarks || m_remarks->parentWidget() != owner) {
+        m_remarks = new batch::frmRemarks(m_host, owner);
+        QObject::connect(m_remarks, &batch::frmRemarks::jump, owner, jump);
+    }
+    return m_remarks;
 }
 
 void DeskWindows::showReport(const QString &text, QWidget *owner) {

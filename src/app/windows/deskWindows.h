@@ -4,6 +4,11 @@
 #include "app/windows/catalogueWindows.h"
 #include "app/windows/commands.h"
 #include "workspace/windows/workspaceWindows.h"
+#include <QPointer>
+
+namespace batch {
+class frmRemarks;
+}
 
 namespace app {
 
@@ -31,6 +36,7 @@ public:
 private:
     void showWorkspace(const QString &file, QWidget *owner);
     workspace::WorkspaceWindows workspaceWindows();
+    batch::frmRemarks *remarksWindow(const workspace::Jump &jump, QWidget *owner);
     void showReport(const QString &text, QWidget *owner);
     void showCard(const marc::RawRecord &record, const QString &mode, QWidget *owner);
     workspace::ImportOutcome runImport(std::shared_ptr<const marc::PreReadStore> records, const QString &count,
@@ -41,6 +47,7 @@ private:
     QList<qint64> m_lastImport; // keys of the rows that the last import made
     CatalogueWindows m_catalogue;
     QWidget *m_frame = nullptr;
+    QPointer<batch::frmRemarks> m_remarks;
 };
 
 } // namespace app

@@ -22,6 +22,9 @@ struct ImportOutcome {
     bool refusedWanted = false;             // they are to be named
 };
 
+// Leads to a record of the list, from 0, and a row of its field grid, 0 for none.
+using Jump = std::function<void(int record, int fieldRow)>;
+
 struct WorkspaceWindows {
     // frmMarcKaPian with the record; the mode is "标准" or "卡片".
     std::function<void(const marc::RawRecord &record, const QString &mode, QWidget *owner)> showCard;
@@ -31,9 +34,7 @@ struct WorkspaceWindows {
     std::function<ImportOutcome(std::shared_ptr<const marc::PreReadStore> records, const QString &count,
                                 QWidget *owner)>
         runImport;
-    // The remarks on all records, modeless; `jump` leads to a record of the list, from 0, and a row of its field grid,
-    // 0 for none.
-    using Jump = std::function<void(int record, int fieldRow)>;
+    // The remarks on all records, modeless.
     std::function<void(std::shared_ptr<const marc::PreReadStore> records, const Jump &jump, QWidget *owner)> proofAll;
     std::function<void(const QList<std::pair<int, QString>> &refused, std::shared_ptr<const marc::PreReadStore> records,
                        const Jump &jump, QWidget *owner)>
