@@ -10,7 +10,6 @@ void recordPairs(Table &table, const BenchStage &stage); // counting, reading, m
 void stepping(Table &table, const BenchStage &stage);
 void databasePairs(Table &table, const BenchStage &stage); // import, listing, export
 void batchPairs(Table &table, const BenchStage &stage);    // proof and look-up of a whole list
-void filePairs(Table &table, const BenchStage &stage);     // split, merge
 void filePairs(Table &table, const BenchStage &stage);     // split, merge, tidy
 
 // Reads the file into the window and prints the bytes that the process then has in memory: a process of its own, since

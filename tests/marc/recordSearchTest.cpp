@@ -1,7 +1,7 @@
 #include "marc/recordSearch.h"
 #include "platform/codepage936.h"
+#include "support/dice.h"
 #include "support/qtPrinters.h"
-#include <random>
 
 using namespace marc;
 
@@ -19,22 +19,21 @@ std::vector<int> search(const PreReadStore &store, const QString &text, SearchPl
 // What is found in bytes is what is found in texts, whatever lies across two characters.
 TEST(RecordSearch, FindsWhatStandsThere) {
     const QString characters = u"aAzZ_啊亳A9@红楼梦\u0391\u03b1"_s; // trail bytes of some are letters
-    std::mt19937 dice(936);
-    const auto below = [&dice](qsizetype limit) { return qsizetype(dice() % unsigned(limit)); };
+    Dice dice(936);
     PreReadStore store;
     store.setRows(400);
     std::vector<QString> texts(400);
     for (int row = 0; row < 400; ++row) {
-        for (qsizetype i = below(12); i > 0; --i)
-            texts[size_t(row)] += characters[below(characters.size())];
+        for (qsizetype i = dice.below(12); i > 0; --i)
+            texts[size_t(row)] += characters[dice.below(characters.size())];
         store.setRecord(row, texts[size_t(row)]);
     }
     store.setRecord(7, u"\u4dae红"_s); // held as text: it has no bytes
     texts[7] = u"\u4dae红"_s;
     for (int i = 0; i < 200; ++i) {
         QString wanted;
-        for (qsizetype length = 1 + below(3); length > 0; --length)
-            wanted += characters[below(characters.size())];
+        for (qsizetype length = 1 + dice.below(3); length > 0; --length)
+            wanted += characters[dice.below(characters.size())];
         std::vector<int> expected;
         for (int row = 0; row < 400; ++row)
             if (texts[size_t(row)].toLower().contains(wanted.toLower()))

@@ -130,10 +130,11 @@ TEST(SelectMarcFile, RefusesAndOpens) {
     ScriptedHost host;
     QStringList shown;
     workspace::frmSelectMFile *dialog = nullptr;
-    workspace::frmSelectMFile window(host, [&](const QString &file) {
-        shown.append(file + u' ' + dialog->Frame1->title());
-        EXPECT_FALSE(dialog->cmdClick[0]->isEnabled() || dialog->close());
-    });
+    workspace::frmSelectMFile window(host, {[&](const QString &file) {
+                                                shown.append(file + u' ' + dialog->Frame1->title());
+                                                EXPECT_FALSE(dialog->cmdClick[0]->isEnabled() || dialog->close());
+                                            },
+                                            {}});
     dialog = &window;
     window.show();
     window.cmdClick[0]->click();

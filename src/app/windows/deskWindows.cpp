@@ -7,6 +7,7 @@
 #include "batch/windows/frmRemarks.h"
 #include "card/windows/frmMarcKaPian.h"
 #include "filetools/windows/frmCutFile.h"
+#include "filetools/windows/frmTidy.h"
 #include "filetools/windows/frmUnionFile.h"
 #include "import/windows/frmDaoRuJindu.h"
 #include "platform/paths.h"
@@ -17,7 +18,6 @@
 #include "workspace/windows/frmDaoru.h"
 #include "workspace/windows/frmSelectMFile.h"
 #include <memory>
-#include <tuple>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -56,8 +56,10 @@ void DeskWindows::setFrame(marcMain *frame) {
 
 void DeskWindows::selectMarcFile(const QString &file) {
     workspace::frmSelectMFile *opener = nullptr;
-    workspace::frmSelectMFile dialog(
-        m_host, [&](const QString &file) { showWorkspace(file, opener); }, m_frame);
+    workspace::frmSelectMFile dialog(m_host,
+                                     {.showWorkspace = [&](const QString &file) { showWorkspace(file, opener); },
+                                      .tidy = [&](const QString &file) { showTidy(file, opener); }},
+                                     m_frame);
     opener = &dialog;
     if (!file.isEmpty())
         dialog.choose(file);
@@ -65,7 +67,11 @@ void DeskWindows::selectMarcFile(const QString &file) {
 }
 
 void DeskWindows::tidyFile(const QString &source) {
-    std::ignore = source;
+    showTidy(source, m_frame);
+}
+
+void DeskWindows::showTidy(const QString &source, QWidget *owner) {
+    filetools::frmTidy(m_host, source, owner).exec();
 }
 
 void DeskWindows::showWorkspace(const QString &file, QWidget *owner) {

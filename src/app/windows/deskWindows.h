@@ -34,6 +34,7 @@ public:
     void endRuns() override { m_catalogue.endRuns(); }
 
 private:
+    void showTidy(const QString &source, QWidget *owner);
     void showWorkspace(const QString &file, QWidget *owner);
     workspace::WorkspaceWindows workspaceWindows();
     batch::frmRemarks *remarksWindow(const workspace::Jump &jump, QWidget *owner);

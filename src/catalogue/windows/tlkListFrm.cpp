@@ -138,7 +138,7 @@ platform::Result<int> TLKListFrm::writeRecords(const QString &path, int first, i
             const QString record = records.value().value(QString::number(key));
             if (record.isEmpty())
                 continue; // deleted meanwhile, or without a record
-            if (const platform::Status taken = file.value().write(platform::encode(record) + "\r\n"); !taken)
+            if (const platform::Status taken = file.value().write(platform::encode(record).append("\r\n")); !taken)
                 return taken.failure();
             ++written;
         }

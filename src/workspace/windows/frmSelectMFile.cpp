@@ -20,18 +20,27 @@ using widgets::row;
 
 namespace workspace {
 
-frmSelectMFile::frmSelectMFile(platform::Host &host, std::function<void(const QString &file)> showWorkspace,
-                               QWidget *parent)
+frmSelectMFile::frmSelectMFile(platform::Host &host, Ways ways, QWidget *parent)
     : Window(u"frmSelectMFile"_s, u"请选择机读目录文件"_s, parent)
     , Frame1(named(new QGroupBox(this), u"Frame1"_s))
     , Text1(named(new QLineEdit(this), u"Text1"_s, u"机读目录数据文件"_s))
     , cmdLL(new Button(u"cmdLL"_s, u"&O 浏览"_s, this))
+    , labFacts(new filetools::FactsLabel(u"labFacts"_s, this))
+    , cmdTidy(new Button(u"cmdTidy"_s, u"&Z 整理…"_s, this))
     , cmdClick{new Button(u"cmdClick0"_s, u"&S 查看机读目录"_s, this), new Button(u"cmdClick1"_s, u"&Q 退出"_s, this)}
     , m_host(host)
-    , m_showWorkspace(std::move(showWorkspace)) {
+    , m_ways(std::move(ways)) {
     Text1->setMinimumWidth(fontMetrics().averageCharWidth() * 44);
     widgets::framed(Frame1, row({{Text1, 1}, cmdLL}));
-    setLayout(column({Frame1, widgets::stretch(), row({widgets::stretch(), cmdClick[0], cmdClick[1]})}));
+    setLayout(column({Frame1, {labFacts, 1}, row({cmdTidy, widgets::stretch(), cmdClick[0], cmdClick[1]})}));
+    cmdTidy->hide();
+    connect(Text1, &QLineEdit::textChanged, this, [this](const QString &file) {
+        cmdTidy->hide();
+        labFacts->lookAt(platform::trimBlanks(file));
+    });
+    connect(labFacts, &filetools::FactsLabel::looked, this,
+            [this](const marc::FileFacts &, bool disagree) { cmdTidy->setVisible(disagree); });
+    connect(cmdTidy, &Button::clicked, this, [this] { m_ways.tidy(platform::trimBlanks(Text1->text())); });
     setAcceptDrops(true);
     Text1->setAcceptDrops(false); // the window takes what is dropped, wherever
     auto *down = Text1->addAction(style()->standardIcon(QStyle::SP_ArrowDown), QLineEdit::TrailingPosition);
@@ -93,6 +102,7 @@ void frmSelectMFile::openWorkspace() {
     const QString file = platform::trimBlanks(Text1->text());
     if (!platform::fileExists(file))
         return refuse(u"该机读目录数据文件不存在！"_s);
+    labFacts->stop();
     platform::noteRecentFile(m_host.remembered(), file);
     offerRecentFiles();
     cmdClick[0]->setEnabled(false);
@@ -101,7 +111,7 @@ void frmSelectMFile::openWorkspace() {
     {
         const widgets::WaitCursor waiting(this);
         m_busy = true;
-        m_showWorkspace(file);
+        m_ways.showWorkspace(file);
         m_busy = false;
     }
     Frame1->setTitle({});

@@ -2,6 +2,7 @@
 // it, so that one file after the other can be looked at.
 #pragma once
 
+#include "filetools/windows/factsLabel.h"
 #include "platform/host.h"
 #include "widgets/window.h"
 #include <QGroupBox>
@@ -14,9 +15,12 @@ namespace workspace {
 class frmSelectMFile final : public widgets::Window {
     Q_OBJECT
 public:
-    // `showWorkspace` opens a fresh workspace on the file and returns when it has closed.
-    frmSelectMFile(platform::Host &host, std::function<void(const QString &file)> showWorkspace,
-                   QWidget *parent = nullptr);
+    // What it leads to, each modally.
+    struct Ways {
+        std::function<void(const QString &file)> showWorkspace; // a fresh one
+        std::function<void(const QString &file)> tidy;
+    };
+    frmSelectMFile(platform::Host &host, Ways ways, QWidget *parent = nullptr);
 
     // Puts the file into the box, ready to be looked at.
     void choose(const QString &file);
@@ -24,6 +28,8 @@ public:
     QGroupBox *Frame1;
     QLineEdit *Text1;
     widgets::Button *cmdLL;
+    filetools::FactsLabel *labFacts; // what the file is, while it is looked at and behind it
+    widgets::Button *cmdTidy;        // where what it is and what will be read disagree
     std::array<widgets::Button *, 2> cmdClick;
 
 protected:
@@ -38,7 +44,7 @@ private:
     void refuse(const QString &text);
 
     platform::Host &m_host;
-    std::function<void(const QString &file)> m_showWorkspace;
+    Ways m_ways;
     bool m_busy = false; // the workspace is being loaded or stands in front
 };
 
