@@ -17,7 +17,7 @@ TEST(CatalogueWindows, TheSortDialogBringsAClosedListBack) {
     QMainWindow frame;
     frame.setCentralWidget(new QMdiArea);
     frame.show();
-    CatalogueWindows windows(host, database.state);
+    CatalogueWindows windows(host, database.state, {});
     windows.setArea(frame.findChild<QMdiArea *>());
     for (int query = 0; query < 2; ++query) {
         QTimer::singleShot(0, [] {

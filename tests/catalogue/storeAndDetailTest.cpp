@@ -1,6 +1,7 @@
 // The detail window and the store list on a real database.
 #include "catalogue/windows/sckListFrm.h"
 #include "catalogue/windows/tlkListFrm.h"
+#include "platform/codepage936.h"
 #include "support/databaseServers.h"
 #include "support/scriptedHost.h"
 
@@ -66,8 +67,40 @@ protected:
     TestDatabase database;
     ScriptedHost host;
     int hidden = 0;
-    TLKListFrm list{database.state, host, [this] { ++hidden; }};
+    QList<qint64> imported;
+    QStringList cards;
+    TLKListFrm list{database.state,
+                    host,
+                    {.hideWorking = [this] { ++hidden; },
+                     .lastImport = [this] { return imported; },
+                     .showCard = [this](const QString &marc) { cards.append(marc); }}};
 };
+
+// Exactly the rows of the last import, whoever else has written meanwhile; and out of the program again.
+TEST_F(TlkListFrmTest, MarksThisImportAndWritesItOut) {
+    database.run(u"delete from taoluTable; insert into taoluTable (zskid,bookname,marc) values (3,'c','三''\x1d'),"
+                 u"(4,'foreign','x'),(5,'e','五\x1d'),(6,'f',null)"_s);
+    load({}, {});
+    EXPECT_EQ(list.conditionWords->text(), u"⚠ 全部记录，未加条件"_s);
+    list.cmdThisImport->click();
+    EXPECT_EQ(host.texts(), QStringList{u"本次运行还没有导入记录。"_s});
+    imported = {6, 3, 5};
+    list.cmdThisImport->click();
+    EXPECT_EQ(list.conditionWords->text(), u"条件：本次导入"_s);
+    EXPECT_EQ(list.Grid1->text(1, 1) + list.Grid1->text(2, 1) + list.Grid1->text(3, 1), u"cef"_s);
+    EXPECT_TRUE(list.Grid1->row() == 1 && list.Grid1->rowSel() == 3 && list.Grid1->rows() == 4);
+    const TestFolder folder;
+    host.willChoose(folder.path(u"改正.iso"_s));
+    list.cmdSave->click();
+    EXPECT_EQ(folder.read(u"改正.iso"_s), platform::encode(u"三'\x1d\r\n五\x1d\r\n"_s));
+    EXPECT_TRUE(host.lastBox().text.startsWith(u"已保存 2 条记录到 "_s)) << host.lastBox().text.toStdString();
+    host.willChoose(folder.path(u"改正.iso"_s));
+    host.willAnswer(platform::Answer::No);
+    list.cmdSave->click();
+    list.Grid1->setRow(2);
+    QTest::keyClick(list.Grid1, Qt::Key_Return);
+    EXPECT_EQ(cards, QStringList{u"五\x1d"_s});
+}
 
 TEST_F(TlkListFrmTest, DeletesASelectionInEitherDirection) {
     load({}, u"bookname"_s);

@@ -1,8 +1,9 @@
 #include "filetools/windows/frmTidy.h"
 #include "platform/codepage936.h"
+#include "platform/desktop/qtHost.h"
 #include "tour/errands.h"
 #include "tour/scenes.h"
-#include "tour/tourProgram.h"
+
 #include <QApplication>
 #include <QDir>
 #include <QFile>
@@ -12,10 +13,6 @@ using namespace Qt::StringLiterals;
 namespace tour {
 
 namespace {
-
-QString pathOf(const QString &file) {
-    return QDir::currentPath() + u'/' + file;
-}
 
 void writeFile(const QString &name, const QByteArray &bytes) {
     QFile file(pathOf(name));
@@ -98,7 +95,7 @@ void stopTidying(TourDriver &driver) {
 
 void tidy(TourDriver &driver) {
     const int rare = makeForeign();
-    const auto host = driver.look([] { return std::make_shared<TourHost>(platform::Settings()); });
+    const auto host = driver.look([] { return std::make_shared<platform::QtHost>(platform::Settings()); });
     driver.look([&host] {
         auto *window = new filetools::frmTidy(*host, pathOf(u"foreign.iso"_s), QApplication::activeWindow());
         window->setAttribute(Qt::WA_DeleteOnClose);
