@@ -31,7 +31,7 @@ public:
     // Shows the record, with the descriptions of the file in `folder`. The text of the box where that file is missing,
     // else empty. A record whose directory is damaged is handed to `damaged` and leaves one empty row.
     QString show(const marc::RawRecord &record, const QString &folder, const marc::DamagedDirectory &damaged);
-    void reset(); // to one empty row; the leader stays
+    void reset();                                                 // to one empty row; the leader stays
     void put(const marc::FieldRows &rows, const QString &leader); // back to a state that it had
     void change(int row, int column, const QString &text);
     void insert(const NewRow &row);

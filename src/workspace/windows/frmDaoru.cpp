@@ -40,11 +40,8 @@ frmDaoru::frmDaoru(platform::Host &host, WorkspaceWindows windows, QWidget *pare
     , labZhuangTai(new widgets::PacedLabel(u"labZhuangTai"_s, {}, this))
     , findLine(new FindLine(*Grid2, this))
     , cmdJiaoDuiAll(new Button(u"cmdJiaoDuiAll"_s, u"&D 校对全部"_s, this))
-    , cmdQuanWen(new Button(u"cmdQuanWen"_s, u"&W 全文"_s, this))
-    , wholeText(widgets::named(new QPlainTextEdit(this), u"wholeText"_s, u"当前行全文"_s))
-    , draftBar(widgets::named(new QFrame(this), u"draftBar"_s))
-    , draftWords(widgets::named(new QLabel(draftBar), u"draftWords"_s))
-    , cmdDraft{new Button(u"cmdDraft0"_s, u"&H 恢复"_s, draftBar), new Button(u"cmdDraft1"_s, u"&I 丢弃"_s, draftBar)}
+    , room(new WorkspaceRoom(picTiMing, Picture1, this))
+    , draftBar(new DraftBar(this))
     , m_host(host)
     , m_windows(std::move(windows))
     , m_editors(*Grid1, *m_record, host, m_windows)
@@ -53,9 +50,11 @@ frmDaoru::frmDaoru(platform::Host &host, WorkspaceWindows windows, QWidget *pare
     , m_reading(*Grid2, host, damagedDirectory())
     , m_commands(*Grid2, *m_record, host, m_windows)
     , m_history(*m_record)
-    , m_drafts(*Grid2, *m_record, host)
-    , m_across(widgets::named(new QSplitter(Qt::Horizontal, this), u"across"_s))
-    , m_down(widgets::named(new QSplitter(Qt::Vertical, m_across), u"down"_s)) {
+    , m_drafts(*Grid2, *m_record, host) {
+    setUp();
+}
+
+void frmDaoru::setUp() {
     richText = m_editors.richText;
     Text1 = m_editors.Text1;
     zdList = m_fields.zdList;
@@ -71,36 +70,17 @@ frmDaoru::frmDaoru(platform::Host &host, WorkspaceWindows windows, QWidget *pare
     recall();
 }
 
-void frmDaoru::layDraftBar() {
-    draftBar->setLayout(row({{draftWords, 1}, cmdDraft[0], cmdDraft[1]}));
-    draftBar->setFrameStyle(int(QFrame::StyledPanel) | int(QFrame::Raised));
-    draftBar->hide();
-}
-
 void frmDaoru::lay() {
     picTiMing->setLayout(column({{Grid2, 1}}));
     Picture1->setLayout(column({{Grid1, 1}}));
     for (QFrame *frame : {picTiMing, Picture1})
         frame->layout()->setContentsMargins(0, 0, 0, 0);
-    layDraftBar();
-    wholeText->setReadOnly(true);
-    wholeText->setTabChangesFocus(true);
-    cmdQuanWen->setCheckable(true);
-    cmdQuanWen->setToolTip(u"在表格下面显示当前行的全文"_s);
     cmdJiaoDuiAll->setToolTip(u"校对读出的全部记录，并查重"_s);
-    m_across->addWidget(picTiMing);
-    m_across->addWidget(m_down);
-    m_down->addWidget(Picture1);
-    m_down->addWidget(wholeText);
-    m_across->setStretchFactor(1, 1);
-    m_down->setStretchFactor(0, 1);
-    m_across->setChildrenCollapsible(false);
-    m_down->setChildrenCollapsible(false);
     setLayout(column({
         draftBar,
-        {m_across, 1},
+        {room, 1},
         row({{labZhuangTai, 1}, findLine}),
-        row({Label1[0], Text2, Label1[1], Text3, Label1[2], Text4, labJinDu, widgets::stretch(), cmdQuanWen,
+        row({Label1[0], Text2, Label1[1], Text3, Label1[2], Text4, labJinDu, widgets::stretch(), room->cmdQuanWen,
              cmdJiaoDuiAll, cmdJieShu}),
         row({cmdTiMing[0], cmdTiMing[1], widgets::stretch(), cmdclick[0], cmdclick[1], cmdclick[2], cmdclick[3],
              cmdclick[4], cmdclick[5], cmdclick[6]}),
@@ -110,9 +90,7 @@ void frmDaoru::lay() {
     // As wide as the columns of both grids, with their scroll bars; the list keeps its width.
     const int beside = Grid1->verticalScrollBar()->sizeHint().width() + 2 * Grid1->frameWidth();
     const int listWidth = Grid2->toPixels(RecordList::allTwips) + beside;
-    picTiMing->setMinimumWidth(listWidth / 2);
-    m_across->setSizes({listWidth, Grid1->toPixels(FieldGrid::allTwips) + beside});
-    m_down->setSizes({metrics.height() * 30, metrics.height() * 4});
+    room->share(listWidth, Grid1->toPixels(FieldGrid::allTwips) + beside);
     const QMargins margins = layout()->contentsMargins();
     const QSize wanted(listWidth + Grid1->toPixels(FieldGrid::allTwips) + beside + layout()->spacing() +
                            margins.left() + margins.right() + metrics.averageCharWidth(),
@@ -146,10 +124,12 @@ void frmDaoru::connectHelpers() {
     connect(&m_drafts, &DraftKeeper::told, this, &frmDaoru::say);
     connect(&m_drafts, &DraftKeeper::countChanged, this, &frmDaoru::updateStatus);
     connect(&m_drafts, &DraftKeeper::currentRestored, this, [this] { showRecord(records().record(Grid2->row())); });
-    connect(&m_drafts, &DraftKeeper::offered, this, [this](qsizetype count) {
-        draftWords->setText(u"上次有 %1 条修改没有导入"_s.arg(count));
-        draftBar->show();
-    });
+    connect(&m_drafts, &DraftKeeper::offered, draftBar, &DraftBar::offer);
+    connect(draftBar, &DraftBar::restoreWanted, &m_drafts, &DraftKeeper::restore);
+    connect(draftBar, &DraftBar::givenUp, &m_drafts, &DraftKeeper::giveUp);
+    for (const auto settled : {&DraftBar::restoreWanted, &DraftBar::givenUp})
+        connect(draftBar, settled, Grid2, qOverload<>(&QWidget::setFocus));
+    connect(room, &WorkspaceRoom::textWanted, this, &frmDaoru::showWholeText);
     connect(findLine, &FindLine::wanted, this, &frmDaoru::goToRecord);
     connect(findLine, &FindLine::closed, this, [this] { Grid2->setFocus(); });
     connect(Grid2, &RecordList::lettersTyped, this,
@@ -215,8 +195,7 @@ void frmDaoru::goToTag(const QString &digits) {
 }
 
 void frmDaoru::showWholeText() {
-    if (wholeText->isVisible())
-        wholeText->setPlainText(m_record->row(Grid1->row()).value);
+    room->showText(m_record->row(Grid1->row()).value);
 }
 
 void frmDaoru::say(const QString &remark) {
@@ -250,9 +229,7 @@ void frmDaoru::jump(int record, int row) {
 void frmDaoru::remember() {
     const platform::DeskState &state = m_host.remembered();
     state.keep(u"frmDaoru/geometry"_s, saveGeometry());
-    state.keep(u"frmDaoru/across"_s, m_across->saveState());
-    state.keep(u"frmDaoru/down"_s, m_down->saveState());
-    state.keep(u"frmDaoru/whole"_s, cmdQuanWen->isChecked());
+    room->remember(state);
     QVariantMap widths;
     const QMap<int, int> drawn = Grid1->drawnWidths();
     for (auto width = drawn.begin(); width != drawn.end(); ++width)
@@ -263,11 +240,7 @@ void frmDaoru::remember() {
 void frmDaoru::recall() {
     const platform::DeskState &state = m_host.remembered();
     restoreGeometry(state.read(u"frmDaoru/geometry"_s).toByteArray());
-    m_across->restoreState(state.read(u"frmDaoru/across"_s).toByteArray());
-    m_down->restoreState(state.read(u"frmDaoru/down"_s).toByteArray());
-    const bool whole = state.read(u"frmDaoru/whole"_s).toBool();
-    cmdQuanWen->setChecked(whole);
-    wholeText->setVisible(whole);
+    room->recall(state);
     QMap<int, int> drawn;
     const QVariantMap widths = state.read(u"frmDaoru/columns"_s).toMap();
     for (auto width = widths.begin(); width != widths.end(); ++width)
@@ -276,20 +249,6 @@ void frmDaoru::recall() {
 }
 
 void frmDaoru::connectButtons() {
-    connect(cmdQuanWen, &Button::toggled, this, [this](bool whole) {
-        wholeText->setVisible(whole);
-        showWholeText();
-    });
-    connect(cmdDraft[0], &Button::clicked, this, [this] {
-        draftBar->hide();
-        m_drafts.restore();
-        Grid2->setFocus();
-    });
-    connect(cmdDraft[1], &Button::clicked, this, [this] {
-        draftBar->hide();
-        m_drafts.giveUp();
-        Grid2->setFocus();
-    });
     connect(cmdTiMing[0], &Button::clicked, this, [this] { m_moving.step(-1); });
     connect(cmdTiMing[1], &Button::clicked, this, [this] { m_moving.step(1); });
     connect(cmdJieShu, &Button::clicked, this, [this] { m_reading.stop(); });

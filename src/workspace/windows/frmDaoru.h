@@ -6,6 +6,7 @@
 #include "widgets/pacedLabel.h"
 #include "widgets/window.h"
 #include "workspace/statusFacts.h"
+#include "workspace/windows/draftBar.h"
 #include "workspace/windows/draftKeeper.h"
 #include "workspace/windows/fieldCommands.h"
 #include "workspace/windows/fieldHistory.h"
@@ -13,10 +14,9 @@
 #include "workspace/windows/recordCommands.h"
 #include "workspace/windows/recordMoving.h"
 #include "workspace/windows/recordReading.h"
+#include "workspace/windows/workspaceRoom.h"
 #include <QFrame>
 #include <QLabel>
-#include <QPlainTextEdit>
-#include <QSplitter>
 #include <array>
 #include <memory>
 
@@ -66,12 +66,9 @@ public:
     widgets::PacedLabel *labZhuangTai;
     FindLine *findLine;
     widgets::Button *cmdJiaoDuiAll; // 校对全部
-    widgets::Button *cmdQuanWen;    // folds the pane of the whole text away
-    QPlainTextEdit *wholeText;      // of the current row
-    QFrame *draftBar;               // offers what a crash has left
-    QLabel *draftWords;
-    std::array<widgets::Button *, 2> cmdDraft; // 恢复, 丢弃
-    CellText *richText;                        // these four are m_editors' and m_fields'
+    WorkspaceRoom *room;            // list, fields, whole text
+    DraftBar *draftBar;
+    CellText *richText; // these four are m_editors' and m_fields'
     QLineEdit *Text1;
     widgets::ChoiceList *zdList;
     widgets::ChoiceList *Zzdlist;
@@ -80,8 +77,8 @@ protected:
     bool queryUnload() override;
 
 private:
+    void setUp();
     void lay();
-    void layDraftBar();
     void bindKeys();
     void remember();
     void recall();
@@ -114,8 +111,6 @@ private:
     RecordCommands m_commands;
     FieldHistory m_history;
     DraftKeeper m_drafts;
-    QSplitter *m_across;
-    QSplitter *m_down;
     StatusFacts m_facts;
 };
 

@@ -1,0 +1,29 @@
+#include "workspace/windows/draftBar.h"
+#include "widgets/layout.h"
+
+using namespace Qt::StringLiterals;
+using widgets::Button;
+
+namespace workspace {
+
+DraftBar::DraftBar(QWidget *parent)
+    : QFrame(parent)
+    , draftWords(widgets::named(new QLabel(this), u"draftWords"_s))
+    , cmdHuiFu(new Button(u"cmdHuiFu"_s, u"&H 恢复"_s, this))
+    , cmdDiuQi(new Button(u"cmdDiuQi"_s, u"&I 丢弃"_s, this)) {
+    setObjectName(u"draftBar"_s);
+    setFrameStyle(int(QFrame::StyledPanel) | int(QFrame::Raised));
+    setLayout(widgets::row({{draftWords, 1}, cmdHuiFu, cmdDiuQi}));
+    for (Button *button : {cmdHuiFu, cmdDiuQi})
+        connect(button, &Button::clicked, this, &DraftBar::hide);
+    connect(cmdHuiFu, &Button::clicked, this, &DraftBar::restoreWanted);
+    connect(cmdDiuQi, &Button::clicked, this, &DraftBar::givenUp);
+    hide();
+}
+
+void DraftBar::offer(qsizetype records) {
+    draftWords->setText(u"上次有 %1 条修改没有导入"_s.arg(records));
+    show();
+}
+
+} // namespace workspace

@@ -1,0 +1,57 @@
+#include "workspace/windows/workspaceRoom.h"
+#include "widgets/layout.h"
+
+using namespace Qt::StringLiterals;
+using widgets::Button;
+using widgets::named;
+
+namespace workspace {
+
+WorkspaceRoom::WorkspaceRoom(QWidget *list, QWidget *fields, QWidget *parent)
+    : QSplitter(Qt::Horizontal, parent)
+    , cmdQuanWen(new Button(u"cmdQuanWen"_s, u"&W 全文"_s, parent))
+    , wholeText(named(new QPlainTextEdit, u"wholeText"_s, u"当前行全文"_s))
+    , m_down(named(new QSplitter(Qt::Vertical), u"down"_s)) {
+    setObjectName(u"across"_s);
+    wholeText->setReadOnly(true);
+    wholeText->setTabChangesFocus(true);
+    cmdQuanWen->setCheckable(true);
+    cmdQuanWen->setToolTip(u"在表格下面显示当前行的全文"_s);
+    addWidget(list);
+    addWidget(m_down);
+    m_down->addWidget(fields);
+    m_down->addWidget(wholeText);
+    setStretchFactor(1, 1);
+    m_down->setStretchFactor(0, 1);
+    for (QSplitter *splitter : {static_cast<QSplitter *>(this), m_down})
+        splitter->setChildrenCollapsible(false);
+    connect(cmdQuanWen, &Button::toggled, wholeText, &QWidget::setVisible);
+    connect(cmdQuanWen, &Button::toggled, this, &WorkspaceRoom::textWanted);
+    wholeText->hide();
+}
+
+void WorkspaceRoom::share(int listWidth, int fieldsWidth) {
+    constexpr int fieldLines = 30, textLines = 4;
+    widget(0)->setMinimumWidth(listWidth / 2);
+    setSizes({listWidth, fieldsWidth});
+    m_down->setSizes({fieldLines * fontMetrics().height(), textLines * fontMetrics().height()});
+}
+
+void WorkspaceRoom::remember(const platform::DeskState &state) const {
+    state.keep(u"frmDaoru/across"_s, saveState());
+    state.keep(u"frmDaoru/down"_s, m_down->saveState());
+    state.keep(u"frmDaoru/whole"_s, cmdQuanWen->isChecked());
+}
+
+void WorkspaceRoom::recall(const platform::DeskState &state) {
+    restoreState(state.read(u"frmDaoru/across"_s).toByteArray());
+    m_down->restoreState(state.read(u"frmDaoru/down"_s).toByteArray());
+    cmdQuanWen->setChecked(state.read(u"frmDaoru/whole"_s).toBool());
+}
+
+void WorkspaceRoom::showText(const QString &text) {
+    if (cmdQuanWen->isChecked())
+        wholeText->setPlainText(text);
+}
+
+} // namespace workspace

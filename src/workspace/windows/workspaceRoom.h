@@ -1,0 +1,33 @@
+// How the workspace shares out its room: the title list beside the field grid, and under the grid a pane with the whole
+// text of a row, which can be folded away. What the user made of it is remembered between starts.
+#pragma once
+
+#include "platform/deskState.h"
+#include "widgets/window.h"
+#include <QPlainTextEdit>
+#include <QSplitter>
+
+namespace workspace {
+
+class WorkspaceRoom final : public QSplitter {
+    Q_OBJECT
+public:
+    WorkspaceRoom(QWidget *list, QWidget *fields, QWidget *parent);
+
+    // The widths that list and fields should have at first.
+    void share(int listWidth, int fieldsWidth);
+    void remember(const platform::DeskState &state) const;
+    void recall(const platform::DeskState &state);
+    void showText(const QString &text); // where the pane is open
+
+    widgets::Button *cmdQuanWen; // folds the pane; stands wherever the window puts it
+    QPlainTextEdit *wholeText;
+
+Q_SIGNALS:
+    void textWanted(); // the pane has been opened
+
+private:
+    QSplitter *m_down;
+};
+
+} // namespace workspace
