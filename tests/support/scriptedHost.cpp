@@ -4,7 +4,8 @@ using namespace platform;
 
 ScriptedHost::ScriptedHost()
     : clock(QDate(2026, 3, 9), QTime(8, 5, 7))
-    , m_settings(m_directory.path()) {
+    , m_settings(m_directory.path())
+    , m_state(m_directory.filePath(u"state"_s)) {
     folder = m_directory.path();
 }
 

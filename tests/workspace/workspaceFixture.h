@@ -10,6 +10,7 @@ struct Workspace : testing::Test {
     ScriptedHost host;
     QStringList opened; // what the other windows were handed, in order
     std::optional<QString> assistantGives;
+    workspace::ImportOutcome outcome; // of the next import
     std::unique_ptr<workspace::frmDaoru> form;
 
     void SetUp() override {
@@ -42,20 +43,21 @@ struct Workspace : testing::Test {
             };
         };
         form = std::make_unique<workspace::frmDaoru>(
-            host, workspace::WorkspaceWindows{
-                      .showCard = [note](const QString &record, const QString &mode,
-                                         QWidget *) { note(mode + u' ' + record); },
-                      .showReport = [note](const QString &text, QWidget *) { note(text); },
-                      .runImport =
-                          [note](std::shared_ptr<const marc::PreReadStore> records, const QString &count, QWidget *) {
-                              note(count + u' ' + records->record(0));
-                              return workspace::ImportOutcome{};
-                          },
-                      .proofAll = {},
-                      .showRefused = {},
-                      .leaderAssistant = assistant(QStringLiteral("LR000 ")),
-                      .field100Assistant = assistant(QStringLiteral("LR100 ")),
-                  });
+            host,
+            workspace::WorkspaceWindows{
+                .showCard = [note](const QString &record, const QString &mode,
+                                   QWidget *) { note(mode + u' ' + record); },
+                .showReport = [note](const QString &text, QWidget *) { note(text); },
+                .runImport =
+                    [this, note](std::shared_ptr<const marc::PreReadStore> records, const QString &count, QWidget *) {
+                        note(count + u' ' + records->record(0));
+                        return outcome;
+                    },
+                .proofAll = {},
+                .showRefused = {},
+                .leaderAssistant = assistant(QStringLiteral("LR000 ")),
+                .field100Assistant = assistant(QStringLiteral("LR100 ")),
+            });
         form->publicMarcFile = path();
         form->load();
         return *form;

@@ -168,13 +168,18 @@ void frmDaoru::bindKeys() {
     inWindow(Qt::ShiftModifier | Qt::Key_F3, [this] { findLine->previous(); });
     inWindow(Qt::ControlModifier | Qt::Key_G, [this] { findLine->open(FindLine::Place::Number); });
     inWindow(Qt::Key_F6, [this] { m_editors.openLarge(); });
-    on(Grid1, QKeySequence::Undo, Qt::WidgetShortcut, [this] { m_history.undo(); });
-    on(Grid1, QKeySequence::Redo, Qt::WidgetShortcut, [this] { m_history.redo(); });
-    on(Grid1, Qt::ControlModifier | Qt::Key_Y, Qt::WidgetShortcut, [this] { m_history.redo(); });
+    // An open editor and the find line undo their own.
+    inWindow(QKeySequence::Undo, [this] { undoOrRedo(&FieldHistory::undo); });
+    inWindow(Qt::ControlModifier | Qt::Key_Y, [this] { undoOrRedo(&FieldHistory::redo); });
     const QList<QKeySequence> keys = FieldCommands::keys();
     for (int item = 1; item <= keys.size(); ++item)
         if (!keys[item - 1].isEmpty() && keys[item - 1] != QKeySequence(Qt::Key_Return)) // the grid has that itself
             on(Grid1, keys[item - 1], Qt::WidgetShortcut, [this, item] { m_fields.run(item); });
+}
+
+void frmDaoru::undoOrRedo(void (FieldHistory::*way)()) {
+    if (Grid1->isEnabled())
+        (m_history.*way)();
 }
 
 void frmDaoru::goToRecord(int row) {

@@ -82,6 +82,7 @@ private:
     void bindKeys();
     void remember();
     void recall();
+    void undoOrRedo(void (FieldHistory::*way)());
     void goToRecord(int row);
     void importRecords();
     void jump(int record, int row);

@@ -1,0 +1,139 @@
+// What the desk gives beside the editing: finding, undoing, keeping, saying where one stands.
+#include "workspace/statusFacts.h"
+#include "workspaceFixture.h"
+
+using namespace workspace;
+
+namespace {
+
+struct Desk : Workspace {
+    bool said(const QString &part) const {
+        return QTest::qWaitFor([&] { return form->labZhuangTai->text().contains(part); });
+    }
+    bool found(const QString &words) const {
+        return QTest::qWaitFor([&] { return form->findLine->findCount->text() == words; });
+    }
+    // As an editor leaves it.
+    void change(int row, const QString &text) {
+        form->record().recordChanged = true;
+        form->record().change(row, ValueColumn, text);
+        QApplication::processEvents();
+    }
+    QString value(int row) const { return form->record().row(row).value; }
+};
+
+} // namespace
+
+TEST_F(Desk, FindsRecordsAndTags) {
+    auto &window = load(30);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    QTest::keyClick(window.Grid2, Qt::Key_F3);
+    EXPECT_TRUE(window.findLine->findText->hasFocus());
+    window.findLine->findText->setText(u"题2"_s); // 2, 20 to 29
+    EXPECT_TRUE(found(u"共 11 条"_s));
+    QTest::keyClick(&window, Qt::Key_F3);
+    EXPECT_TRUE(found(u"第 1 / 11 条"_s));
+    EXPECT_EQ(window.Grid2->row(), 1);
+    QTest::keyClick(&window, Qt::Key_F3, Qt::ShiftModifier);
+    EXPECT_EQ(window.Grid2->row(), 28) << "around the end";
+    EXPECT_EQ(window.Text2->pacedText(), u"29"_s) << "current as by a click";
+
+    change(3, u"改了"_s); // a hit that is left asks as any other
+    host.willAnswer(platform::Answer::No);
+    QTest::keyClick(window.findLine->findText, Qt::Key_Return);
+    EXPECT_TRUE(host.lastBox().text.startsWith(u"本条记录已经改变"_s));
+    EXPECT_EQ(window.Grid2->row(), 1);
+
+    QTest::keyClick(&window, Qt::Key_G, Qt::ControlModifier);
+    window.findLine->findText->setText(u"17"_s);
+    QTest::keyClick(window.findLine->findText, Qt::Key_Return);
+    EXPECT_EQ(window.Grid2->row(), 16);
+    window.findLine->findText->setText(u"99"_s);
+    QTest::keyClick(window.findLine->findText, Qt::Key_Return);
+    EXPECT_EQ(window.findLine->findCount->text(), u"没有这条记录"_s);
+    QTest::keyClick(window.findLine->findText, Qt::Key_Escape);
+    EXPECT_TRUE(window.isVisible() && window.Grid2->hasFocus() && !window.findLine->isVisible());
+    QTest::keyClicks(window.Grid2, u"Z"_s);
+    EXPECT_EQ(window.findLine->findText->text(), u"Z"_s);
+    EXPECT_TRUE(found(u"没有找到"_s));
+
+    QTest::keyClicks(window.Grid1, u"200"_s);
+    EXPECT_EQ(window.record().row(window.Grid1->row()).identifier, u"200"_s);
+    QTest::keyClick(&window, Qt::Key_PageDown, Qt::ControlModifier);
+    EXPECT_EQ(window.Grid2->row(), 17);
+}
+
+TEST_F(Desk, UndoesWhatWasDoneToTheRecordInHand) {
+    auto &window = load(2);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    const int title = 4; // 200 $a
+    ASSERT_EQ(value(title), u"题1"_s);
+    change(title, u"甲"_s);
+    change(title, u"乙"_s);
+    QTest::keyClick(window.Grid1, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(value(title), u"甲"_s);
+    EXPECT_TRUE(said(u"已撤销：修改 200$a"_s) && window.recordChanged());
+    QTest::keyClick(window.Grid1, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(value(title), u"题1"_s);
+    EXPECT_FALSE(window.recordChanged()) << "nothing to be asked about any more";
+    QTest::keyClick(window.Grid1, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_TRUE(said(u"没有可撤销的修改"_s));
+    QTest::keyClick(window.Grid1, Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(value(title), u"甲"_s);
+
+    const int rows = window.record().rowCount();
+    host.willAnswer(platform::Answer::Yes); // a field goes with a subfield in one step
+    window.Grid1->setFocus();
+    window.Grid1->setRow(3);
+    QTest::keyClick(window.Grid1, Qt::Key_Delete, Qt::ControlModifier);
+    QApplication::processEvents();
+    EXPECT_EQ(window.record().rowCount(), rows - 2);
+    QTest::keyClick(window.Grid1, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(window.record().rowCount(), rows);
+    EXPECT_TRUE(said(u"已撤销：删除 200"_s));
+    host.willAnswer(platform::Answer::No);
+    window.cmdTiMing[1]->click(); // another record begins anew
+    QTest::keyClick(window.Grid1, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(value(title), u"题2"_s);
+}
+
+TEST_F(Desk, EditsOutliveTheProgramUntilTheyAreImported) {
+    const auto drafts = [&] { return QDir(host.remembered().folderFor(u"drafts"_s)).entryList(QDir::Files).size(); };
+    load(3).show();
+    change(4, u"改一"_s);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return drafts() == 1; }));
+    EXPECT_TRUE(said(u"已改 1 条，未导入"_s));
+    form.reset(); // as a crash leaves it
+
+    auto &window = load(); // the same file
+    window.show();
+    EXPECT_EQ(window.draftBar->draftWords->text(), u"上次有 1 条修改没有导入"_s);
+    EXPECT_EQ(value(4), u"题1"_s);
+    window.draftBar->cmdHuiFu->click();
+    EXPECT_FALSE(window.draftBar->isVisible());
+    EXPECT_EQ(value(4), u"改一"_s);
+    EXPECT_EQ(window.records().title(0), u"改一"_s);
+    outcome.whole = true;
+    window.cmdclick[5]->click();
+    EXPECT_EQ(drafts(), 0);
+    load().show();
+    EXPECT_FALSE(form->draftBar->isVisible());
+}
+
+TEST(StatusLine, SaysTheMostUrgentFirst) {
+    StatusFacts facts;
+    EXPECT_EQ(statusLine(facts), QString());
+    facts.file = {.lines = 5000, .terminators = 5000, .looksLikeUtf8 = true};
+    facts.read = 200;
+    facts.changed = 3;
+    EXPECT_EQ(statusLine(facts), u"文件像是 UTF-8 编码；只读出 200/5000 条，导入只含已读出的　已改 3 条，未导入"_s);
+    EXPECT_FALSE(warns(facts));
+    facts = {.fieldsCameOrWent = true, .file = {.lines = 3, .terminators = 5}, .read = 3, .readToTheEnd = true};
+    EXPECT_EQ(statusLine(facts),
+              u"⚠ 本条增删了字段，离开时不会询问：请改动一处内容　文件有 5 个记录结束符，读出 3 条"_s);
+    EXPECT_TRUE(warns(facts));
+    facts = {.warning = u"W"_s, .column = 12, .columns = 36, .assistant = true};
+    EXPECT_EQ(statusLine(facts), u"⚠ W　第 12 位/36　Ctrl+E 辅助录入"_s);
+}
