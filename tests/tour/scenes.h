@@ -18,8 +18,9 @@ void proofAndCard(TourDriver &driver);
 void catalogue(TourDriver &driver);
 void store(TourDriver &driver);
 void fileTools(TourDriver &driver);
-void tidy(TourDriver &driver);  // any record file made readable
-void leave(TourDriver &driver); // the exit question, both answers
+void deskGifts(TourDriver &driver); // what the workspace gives beside the editing
+void tidy(TourDriver &driver);      // any record file made readable
+void leave(TourDriver &driver);     // the exit question, both answers
 
 // A monkey at the keyboard: while each of the five loops of the program runs (longRuns.h), it presses keys and buttons,
 // closes and resizes windows and starts the program a second time, all by the dice. Questions are answered as they

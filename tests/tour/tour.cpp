@@ -41,6 +41,7 @@ constexpr Scene scenes[] = {
     {"edit", tour::edit},           {"card", tour::proofAndCard},
     {"catalogue", tour::catalogue}, {"store", tour::store},
     {"filetools", tour::fileTools}, {"tidy", tour::tidy},
+    {"desk", tour::deskGifts},
 };
 
 bool isWanted(const Scene &scene, const QStringList &wanted) {

@@ -204,6 +204,8 @@ TEST_F(Editing, ListsAddAndTheMenuDeletes) {
     ASSERT_TRUE(window.zdList->isVisible());
     EXPECT_EQ(window.editRow(), titleRow); // the menu key notes the row
     EXPECT_EQ(window.zdList->geometry(), window.Grid1->rightHalf());
+    window.resize(window.width() - 60, window.height() + 40);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window.zdList->geometry() == window.Grid1->rightHalf(); }));
     QTest::keyClick(window.zdList, Qt::Key_Down);
     QTest::keyClick(window.zdList, Qt::Key_Return);
     EXPECT_EQ(cell(6, 2) + cell(6, 1) + cell(6, 3), u"???自定指示符"_s);

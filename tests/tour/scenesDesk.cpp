@@ -1,0 +1,97 @@
+// What the workspace gives beside the editing: facts about the file, finding, a whole text, the proof of the whole
+// list, and the rows of this import in the store.
+#include "tour/errands.h"
+#include "tour/scenes.h"
+#include "widgets/flexGrid.h"
+#include "workspace/windows/frmDaoru.h"
+#include <QFile>
+#include <QLabel>
+
+using namespace Qt::StringLiterals;
+
+namespace tour {
+
+namespace {
+
+workspace::frmDaoru *room() {
+    return TourDriver::find<workspace::frmDaoru>(u"frmDaoru"_s);
+}
+
+// A file that this program reads in part: two records in one line.
+void tellOfAFile(TourDriver &driver) {
+    QFile sample(pathOf(u"five.iso"_s)), joined(pathOf(u"joined.iso"_s));
+    if (sample.open(QIODevice::ReadOnly) && joined.open(QIODevice::WriteOnly))
+        joined.write(sample.readAll().replace("\x1D\r\n", "\x1D"));
+    joined.close();
+    driver.open(u"daoru"_s, u"frmSelectMFile"_s);
+    giveFocus(driver, u"Text1"_s);
+    driver.type(pathOf(u"joined.iso"_s));
+    driver.waitUntil(u"the facts"_s, [] {
+        auto *tidy = TourDriver::find(u"cmdTidy"_s);
+        return tidy && tidy->isVisible();
+    });
+    driver.shot(u"chooser-facts"_s);
+    driver.leave(u"alt+q"_s, u"frmSelectMFile"_s);
+}
+
+void find(TourDriver &driver) {
+    giveFocus(driver, u"Grid2"_s);
+    driver.key(u"F3"_s);
+    driver.waitForFocus(u"findText"_s);
+    paste(driver, u"北京"_s);
+    driver.waitUntil(u"hits"_s, [] { return room()->findLine->findCount->text().endsWith(u" 条"); });
+    driver.key(u"F3"_s);
+    driver.waitUntil(u"the next hit"_s, [] { return room()->Grid2->row() > 0; });
+    driver.shot(u"find"_s);
+    driver.key(u"Escape"_s);
+    driver.waitForFocus(u"Grid2"_s);
+    driver.key(u"alt+w"_s);
+    driver.waitUntil(u"the whole text"_s, [] { return room()->room->wholeText->isVisible(); });
+    driver.shot(u"whole-text"_s);
+    driver.key(u"alt+w"_s);
+}
+
+void proofAll(TourDriver &driver) {
+    driver.key(u"alt+d"_s);
+    driver.waitForWindow(u"frmRemarks"_s);
+    driver.waitUntil(u"the end of the proof"_s, [] {
+        auto *words = TourDriver::find<QLabel>(u"labJindu"_s);
+        return words && words->text().startsWith(u"校对 ") && words->text().contains(u"发现");
+    });
+    driver.shot(u"remarks"_s);
+    // A modal window stands behind it, which the hands of the tour look for.
+    driver.look([] { TourDriver::find<widgets::Button>(u"frmRemarks/cmdQuit"_s)->click(); });
+    driver.waitUntilGone(u"frmRemarks"_s);
+}
+
+void thisImport(TourDriver &driver) {
+    driver.key(u"alt+s"_s);
+    driver.waitForWindow(u"frmDaoRuJindu"_s);
+    driver.waitUntil(u"the import's end"_s, [] { return !TourDriver::find<QLabel>(u"labTishi"_s)->text().isEmpty(); });
+    driver.leave(u"alt+q"_s, u"frmDaoRuJindu"_s);
+    backToMain(driver);
+    driver.open(u"delete"_s, u"QueryFrmdel"_s);
+    driver.key(u"alt+o"_s);
+    driver.waitForWindow(u"TLKListFrm"_s);
+    driver.shot(u"store-everything"_s);
+    driver.key(u"alt+i"_s);
+    driver.waitUntil(u"this import"_s, [] {
+        auto *words = TourDriver::find<QLabel>(u"conditionWords"_s);
+        return words && words->text() == u"条件：本次导入";
+    });
+    driver.shot(u"store-this-import"_s);
+    driver.key(u"alt+q"_s);
+    driver.waitUntilGone(u"TLKListFrm"_s);
+}
+
+} // namespace
+
+void deskGifts(TourDriver &driver) {
+    tellOfAFile(driver);
+    openSample(driver, u"sample.iso"_s);
+    find(driver);
+    proofAll(driver);
+    thisImport(driver);
+}
+
+} // namespace tour
