@@ -21,7 +21,7 @@ TLKListFrm::TLKListFrm(const database::SessionState &state, platform::Host &host
                        QWidget *parent)
     : ListWindow(u"TLKListFrm"_s, u"套录库检索"_s, u"控制号|正题名|第一责任者|ISBN|分类号|页数|尺寸|版本"_s, parent)
     , lCounts(widgets::named(new QLabel(countText(0), this), u"lCounts"_s))
-    , conditionWords(widgets::named(new QLabel(this), u"conditionWords"_s))
+    , conditionWords(new widgets::PacedLabel(u"conditionWords"_s, {}, this))
     , cmdThisImport(new Button(u"cmdThisImport"_s, u"&I 选中本次导入"_s, this))
     , cmdSave(new Button(u"cmdSave"_s, u"&T 存为机读文件…"_s, this))
     , CmdDcgl{new Button(u"CmdDcgl0"_s, u"&X 删除"_s, this), new Button(u"CmdDcgl1"_s, u"&D 全部删除"_s, this),

@@ -6,6 +6,7 @@
 #include "catalogue/queryTarget.h"
 #include "catalogue/windows/listWindow.h"
 #include "database/sublib.h"
+#include "widgets/pacedLabel.h"
 #include <array>
 #include <functional>
 
@@ -35,7 +36,7 @@ public:
     void delAll();
 
     QLabel *lCounts;
-    QLabel *conditionWords;
+    widgets::PacedLabel *conditionWords;
     widgets::Button *cmdThisImport;
     widgets::Button *cmdSave;
     std::array<widgets::Button *, 3> CmdDcgl;
