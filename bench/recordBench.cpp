@@ -69,7 +69,7 @@ void lineCount(benchmark::State &state) {
         lines += marc::lineCount(file()).value();
     state.SetItemsProcessed(lines);
 }
-BENCHMARK(lineCount)->Unit(benchmark::millisecond);
+BENCHMARK(lineCount)->Unit(benchmark::kMillisecond);
 
 void firstView(benchmark::State &state) {
     for (auto _ : state) {
@@ -79,7 +79,7 @@ void firstView(benchmark::State &state) {
         benchmark::DoNotOptimize(marc::showRecord(store.record(0)));
     }
 }
-BENCHMARK(firstView)->Unit(benchmark::millisecond);
+BENCHMARK(firstView)->Unit(benchmark::kMillisecond);
 
 void readOn(benchmark::State &state) {
     qint64 records = 0;
@@ -90,7 +90,7 @@ void readOn(benchmark::State &state) {
     }
     state.SetItemsProcessed(records);
 }
-BENCHMARK(readOn)->Unit(benchmark::millisecond);
+BENCHMARK(readOn)->Unit(benchmark::kMillisecond);
 
 void showRecord(benchmark::State &state) {
     marc::PreReadStore store;
@@ -103,7 +103,7 @@ void showRecord(benchmark::State &state) {
     }
     state.SetItemsProcessed(records);
 }
-BENCHMARK(showRecord)->Unit(benchmark::millisecond);
+BENCHMARK(showRecord)->Unit(benchmark::kMillisecond);
 
 void madeMyMarc(benchmark::State &state) {
     marc::PreReadStore store;
@@ -120,7 +120,7 @@ void madeMyMarc(benchmark::State &state) {
     }
     state.SetItemsProcessed(records);
 }
-BENCHMARK(madeMyMarc)->Unit(benchmark::millisecond);
+BENCHMARK(madeMyMarc)->Unit(benchmark::kMillisecond);
 
 } // namespace
 
