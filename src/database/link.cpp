@@ -184,10 +184,13 @@ std::optional<qint64> Link::lastKey() const {
     const auto *question = std::ranges::find(questions, m_server, &Question::server);
     if (question == questions.end())
         return std::nullopt;
-    const auto answer = firstColumn(question->text.toString());
-    bool isKey = false;
-    const qint64 key = answer ? answer.value().value(0).toLongLong(&isKey) : 0;
-    return isKey && key > 0 ? std::optional(key) : std::nullopt;
+    // For each record of an import: no more calls than it takes.
+    const CallLimit::Call call(*m_calls, m_limits.login);
+    const OdbcHandle handle(SQL_HANDLE_STMT, m_connection.get());
+    SQLBIGINT key = 0;
+    const bool told = start(handle, question->text.toString()).ok() && SQL_SUCCEEDED(SQLFetch(handle.get())) &&
+                      SQL_SUCCEEDED(SQLGetData(handle.get(), 1, SQL_C_SBIGINT, &key, sizeof(key), nullptr));
+    return told && key > 0 ? std::optional(qint64(key)) : std::nullopt;
 }
 
 platform::Status Link::run(const QString &statement) const {

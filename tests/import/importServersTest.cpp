@@ -18,6 +18,13 @@ protected:
 
 ON_ALL_SERVERS(ImportIntoServers);
 
+TEST_P(ImportIntoServers, ARowThatWentInIsKnownByItsKey) {
+    EXPECT_TRUE(import(u"一"_s));
+    const importing::Daoru done = importing::daoruRecord(recordWith(u"二"_s), database.state, host);
+    EXPECT_EQ(database.selected(u"select zskid from taoluTable where bookname='二'"_s),
+              QString::number(done.key.value_or(0)));
+}
+
 // Titles of the 324 characters whose low byte is that of a surrogate, one behind the other. scripts/check-memory runs
 // this with more records, under a memory checker: what a driver does to the heap shows nowhere else.
 TEST_P(ImportIntoServers, TitlesThatLookLikeHalvesOfPairsGoInWhole) {
