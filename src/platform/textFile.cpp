@@ -159,7 +159,8 @@ Result<LineCount> countLines(const QString &path, char mark) {
     while ((size = file.value()->read(block.data(), block.size())) > 0) {
         const QByteArrayView read(block.constData(), size);
         counted.lines += countByte(read, '\r');
-        counted.marks += countByte(read, mark);
+        if (mark)
+            counted.marks += countByte(read, mark);
         if (counted.beginning.isEmpty())
             counted.beginning = read.first(std::min(read.size(), beginningSize)).toByteArray();
         beforeLast = size > 1 ? block[size - 2] : last;

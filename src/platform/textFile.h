@@ -55,7 +55,7 @@ private:
 
 struct LineCount {
     qint64 lines = 0;     // empty ones included; what stands behind the last line end counts if there is anything
-    qint64 marks = 0;     // how often the byte stands in the file that was asked for
+    qint64 marks = 0;     // how often the byte stands in the file that was asked for; NUL: not counted
     QByteArray beginning; // the first 64 KB
 };
 
