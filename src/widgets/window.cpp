@@ -55,7 +55,7 @@ Window::Window(const QString &objectName, const QString &caption, QWidget *paren
 }
 
 void Window::showEvent(QShowEvent *event) {
-    if (!event->spontaneous() && !isMaximized() && !windowFlags().testFlag(Qt::SubWindow)) {
+    if (isWindow() && !event->spontaneous() && !isMaximized()) {
         resize(size().boundedTo(platform::roomOnScreen(this)));
         // Its frame is known when the window manager has put it up.
         QMetaObject::invokeMethod(

@@ -1,6 +1,9 @@
 #include "app/windows/marcMain.h"
+#include "platform/recentFiles.h"
 #include "support/scriptedHost.h"
 #include <QAction>
+#include <QDragEnterEvent>
+#include <QMimeData>
 
 using namespace app;
 
@@ -50,6 +53,28 @@ TEST_F(MainWindowTest, MenuAndToolbarGiveTheSameCommands) {
         EXPECT_EQ(callOf(menu), call);
         EXPECT_EQ(callOf(key.isEmpty() ? menu : key), call);
     }
+}
+
+// The list of the files used last is another one behind each: the button that was clicked goes with it, but not at
+// once.
+TEST_F(MainWindowTest, FilesComeFromTheStartPageAndByDropping) {
+    const TestFolder folder;
+    for (const QString &name : {u"甲.iso"_s, u"乙.iso"_s})
+        platform::noteRecentFile(host.remembered(), folder.file(name, "x"));
+    frame.startPage->refresh();
+    frame.show();
+    ASSERT_EQ(frame.startPage->recent.size(), 2);
+    windows.calls.clear();
+    QTest::mouseClick(frame.startPage->recent[1], Qt::LeftButton);
+    EXPECT_EQ(windows.calls, QStringList{u"select"_s + folder.path(u"甲.iso"_s)});
+    QMimeData dropped;
+    dropped.setUrls({QUrl::fromLocalFile(folder.path(u"乙.iso"_s))});
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&frame, &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&frame, &drop);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return windows.calls.contains(u"select"_s + folder.path(u"乙.iso"_s)); }));
 }
 
 TEST_F(MainWindowTest, TheNoticeComesWithTheFirstShowingOnly) {

@@ -64,6 +64,30 @@ TEST_F(Desk, FindsRecordsAndTags) {
     EXPECT_EQ(window.Grid2->row(), 17);
 }
 
+// One editor at a time, and no command without a record.
+TEST_F(Desk, KeysLeadNowhereWhereTheyMustNot) {
+    auto &window = load(1);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    window.Grid1->setFocus();
+    window.Grid1->setRow(4);
+    QTest::keyClick(window.Grid1, Qt::Key_F2);
+    ASSERT_TRUE(window.Text1->isVisible());
+    QTest::keyClick(window.Text1, Qt::Key_F6);
+    EXPECT_FALSE(window.richText->isVisible());
+    QTest::keyClick(window.Text1, Qt::Key_Escape);
+    QTest::keyClick(window.Grid1, Qt::Key_F6);
+    EXPECT_EQ(window.richText->geometry(), window.Grid1->rightHalf());
+    QTest::keyClick(window.richText, Qt::Key_Escape);
+    window.resetFieldGrid();
+    for (const auto modifier : {Qt::NoModifier, Qt::ControlModifier})
+        for (const Qt::Key key : {Qt::Key_Insert, Qt::Key_Delete, Qt::Key_F2})
+            QTest::keyClick(window.Grid1, key, modifier);
+    EXPECT_EQ(window.record().rowCount(), 1);
+    EXPECT_TRUE(window.zdList->isHidden() && window.Zzdlist->isHidden() && window.Text1->isHidden());
+    EXPECT_EQ(host.texts(), QStringList());
+}
+
 TEST_F(Desk, UndoesWhatWasDoneToTheRecordInHand) {
     auto &window = load(2);
     window.show();

@@ -1,13 +1,17 @@
 #include "app/windows/marcMain.h"
 #include "widgets/layout.h"
 #include <QCloseEvent>
+#include <QDir>
+#include <QDragEnterEvent>
 #include <QIcon>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QScreen>
 #include <QShortcut>
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolButton>
+#include <QUrl>
 
 using namespace Qt::StringLiterals;
 using widgets::named;
@@ -78,10 +82,8 @@ void marcMain::buildStartPage() {
         m_windows.tidyFile({});
         startPage->refresh();
     });
-    connect(startPage, &StartPage::fileChosen, this, [this](const QString &path) {
-        m_windows.selectMarcFile(path);
-        startPage->refresh();
-    });
+    connect(startPage, &StartPage::fileChosen, this, &marcMain::selectFile);
+    setAcceptDrops(true);
     connect(mdiArea, &QMdiArea::subWindowActivated, this, &marcMain::placeStartPage);
     mdiArea->viewport()->installEventFilter(this);
     startPage->installEventFilter(this);
@@ -93,9 +95,30 @@ void marcMain::buildStartPage() {
     });
     auto *menuKey = new QShortcut(Qt::Key_F10, this);
     connect(menuKey, &QShortcut::activated, this, [this] {
+        if (widgets::isBlocked(this))
+            return;
         menuBar()->setFocus(Qt::MenuBarFocusReason);
         menuBar()->setActiveAction(menuBar()->actions().constFirst());
     });
+}
+
+void marcMain::selectFile(const QString &path) {
+    m_windows.selectMarcFile(path);
+    startPage->refresh();
+}
+
+void marcMain::dragEnterEvent(QDragEnterEvent *event) {
+    const QList<QUrl> urls = event->mimeData()->urls();
+    if (urls.size() == 1 && urls[0].isLocalFile())
+        event->acceptProposedAction();
+}
+
+// The dialog waits for its user, and whoever has dropped the file must not wait with it.
+void marcMain::dropEvent(QDropEvent *event) {
+    event->acceptProposedAction();
+    const QString path = QDir::toNativeSeparators(event->mimeData()->urls().constFirst().toLocalFile());
+    QMetaObject::invokeMethod(
+        this, [this, path] { selectFile(path); }, Qt::QueuedConnection);
 }
 
 void marcMain::placeStartPage() {
@@ -115,8 +138,7 @@ bool marcMain::eventFilter(QObject *watched, QEvent *event) {
 void marcMain::run(Command command) {
     switch (command) {
     case Command::Import:
-        m_windows.selectMarcFile({});
-        return startPage->refresh();
+        return selectFile({});
     case Command::Export:
         return LoadQuery();
     case Command::Maintain:

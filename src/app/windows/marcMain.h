@@ -32,6 +32,8 @@ public:
 protected:
     void showEvent(QShowEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
@@ -39,6 +41,7 @@ private:
     void buildToolbar();
     void buildStartPage();
     void placeStartPage();
+    void selectFile(const QString &path); // empty: none yet
 
     platform::Host &m_host;
     CommandWindows &m_windows;

@@ -50,7 +50,11 @@ StartPage::StartPage(platform::Host &host, QWidget *parent)
 }
 
 void StartPage::refresh() {
-    qDeleteAll(recent);
+    for (Button *file : recent) { // one of them may be what is being clicked
+        file->hide();
+        file->setObjectName({});
+        file->deleteLater();
+    }
     recent.clear();
     for (const QString &path : platform::recentFiles(m_host.remembered())) {
         const QString shown = QDir::toNativeSeparators(path);

@@ -77,6 +77,8 @@ void CellEditors::enlarge() {
 }
 
 void CellEditors::openLarge() {
+    if (Text1->isVisible())
+        return; // one editor at a time
     if (richText->isVisible())
         return m_enlarged ? reduce() : enlarge();
     openContent();

@@ -110,6 +110,13 @@ void FieldCommands::popup(const QPoint &at) {
     run(menu.Popup(popupItems(), at, m_grid.window(), keys()));
 }
 
+void FieldCommands::runByKey(int item) {
+    if (m_grid.row() < 1 || m_record.row(1).identifier.isEmpty())
+        return;
+    m_editors.editRow = m_grid.row();
+    run(item);
+}
+
 void FieldCommands::run(int item) {
     const marc::FieldRow row = m_record.row(m_grid.row());
     const bool identified = !platform::trimBlanks(row.identifier).isEmpty();

@@ -18,7 +18,7 @@ public:
 
     // The keys of the popup's items, which work on the grid without it; empty where an item has none.
     static QList<QKeySequence> keys();
-    void run(int item); // of the popup, from 1
+    void runByKey(int item); // of the popup, from 1, for the current row
 
     void rightPressed();   // the popup at the mouse
     void menuKeyPressed(); // the popup at the current row
@@ -33,6 +33,7 @@ public:
 
 private:
     void popup(const QPoint &at);
+    void run(int item);
     void offer(widgets::ChoiceList *box, const marc::PickList &list);
     void insert(const NewRow &row, widgets::ChoiceList *chosenFrom);
 

@@ -4,8 +4,6 @@
 #include "widgets/layout.h"
 #include "workspace/windows/workspaceControls.h"
 #include <QScrollBar>
-#include <QShortcut>
-#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -50,7 +48,8 @@ frmDaoru::frmDaoru(platform::Host &host, WorkspaceWindows windows, QWidget *pare
     , m_reading(*Grid2, host, damagedDirectory())
     , m_commands(*Grid2, *m_record, host, m_windows)
     , m_history(*m_record)
-    , m_drafts(*Grid2, *m_record, host) {
+    , m_drafts(*Grid2, *m_record, host)
+    , m_keys({*Grid1, *Grid2, *m_record, m_editors, m_fields, m_moving, m_history, *findLine}, this) {
     setUp();
 }
 
@@ -66,7 +65,6 @@ void frmDaoru::setUp() {
     connectGrids();
     connectHelpers();
     connectButtons();
-    bindKeys();
     recall();
 }
 
@@ -130,73 +128,14 @@ void frmDaoru::connectHelpers() {
     for (const auto settled : {&DraftBar::restoreWanted, &DraftBar::givenUp})
         connect(draftBar, settled, Grid2, qOverload<>(&QWidget::setFocus));
     connect(room, &WorkspaceRoom::textWanted, this, &frmDaoru::showWholeText);
-    connect(findLine, &FindLine::wanted, this, &frmDaoru::goToRecord);
-    connect(findLine, &FindLine::closed, this, [this] { Grid2->setFocus(); });
-    connect(Grid2, &RecordList::lettersTyped, this,
-            [this](const QString &text) { findLine->open(FindLine::Place::Title, text); });
-    connect(Grid1, &FieldGrid::tagTyped, this, &frmDaoru::goToTag);
+    connect(&m_keys, &DeskKeys::told, this, &frmDaoru::say);
+    connect(&m_keys, &DeskKeys::rowChosen, this, &frmDaoru::showWholeText);
     connect(Grid1, &FieldGrid::enterCell, this, &frmDaoru::showWholeText);
     connect(Grid1, &FieldGrid::gridClicked, this, &frmDaoru::showWholeText);
     connect(Grid1, &FieldGrid::rearranged, this, &frmDaoru::showWholeText);
     connect(m_record.get(), &EditedRecord::changed, this, &frmDaoru::showWholeText);
     connect(this, &Window::unloaded, this, &frmDaoru::remember);
     connect(this, &Window::unloaded, &m_reading, &RecordReading::abandon);
-}
-
-// The keys that no caption tells; where an editor is open they wait until it is closed.
-void frmDaoru::bindKeys() {
-    const auto on = [this](QWidget *where, const QKeySequence &key, Qt::ShortcutContext context, auto act) {
-        auto *shortcut = new QShortcut(key, where, nullptr, nullptr, context);
-        connect(shortcut, &QShortcut::activated, this, [this, act] {
-            if (!widgets::isBlocked(this))
-                act();
-        });
-    };
-    const auto inWindow = [&](const QKeySequence &key, auto act) { on(this, key, Qt::WindowShortcut, act); };
-    const auto step = [this](int by) {
-        if (cmdTiMing[0]->isEnabled())
-            m_moving.step(by);
-    };
-    inWindow(Qt::ControlModifier | Qt::Key_PageUp, [step] { step(-1); });
-    inWindow(Qt::ControlModifier | Qt::Key_PageDown, [step] { step(1); });
-    inWindow(Qt::Key_F3, [this] {
-        if (findLine->isVisible())
-            findLine->next();
-        else
-            findLine->open(FindLine::Place::WholeRecord);
-    });
-    inWindow(Qt::ShiftModifier | Qt::Key_F3, [this] { findLine->previous(); });
-    inWindow(Qt::ControlModifier | Qt::Key_G, [this] { findLine->open(FindLine::Place::Number); });
-    inWindow(Qt::Key_F6, [this] { m_editors.openLarge(); });
-    // An open editor and the find line undo their own.
-    inWindow(QKeySequence::Undo, [this] { undoOrRedo(&FieldHistory::undo); });
-    inWindow(Qt::ControlModifier | Qt::Key_Y, [this] { undoOrRedo(&FieldHistory::redo); });
-    const QList<QKeySequence> keys = FieldCommands::keys();
-    for (int item = 1; item <= keys.size(); ++item)
-        if (!keys[item - 1].isEmpty() && keys[item - 1] != QKeySequence(Qt::Key_Return)) // the grid has that itself
-            on(Grid1, keys[item - 1], Qt::WidgetShortcut, [this, item] { m_fields.run(item); });
-}
-
-void frmDaoru::undoOrRedo(void (FieldHistory::*way)()) {
-    if (Grid1->isEnabled())
-        (m_history.*way)();
-}
-
-void frmDaoru::goToRecord(int row) {
-    if (row != Grid2->row() && Grid2->isEnabled())
-        Grid2->clickRow(row);
-}
-
-void frmDaoru::goToTag(const QString &digits) {
-    const marc::FieldRows &rows = m_record->rows();
-    const auto found = std::ranges::find_if(rows, [&](const marc::FieldRow &row) {
-        return row.identifier.size() == 3 && row.identifier >= digits && marc::isFieldRow(row);
-    });
-    if (found == rows.end())
-        return say(u"没有字段 "_s + digits);
-    Grid1->setRow(int(found - rows.begin()) + 1);
-    m_editors.editRow = Grid1->row();
-    showWholeText();
 }
 
 void frmDaoru::showWholeText() {
@@ -214,20 +153,7 @@ void frmDaoru::importRecords() {
         m_drafts.imported();
     if (outcome.refusedWanted)
         m_windows.showRefused(
-            outcome.refused, Grid2->sharedRecords(), [this](int record, int row) { jump(record, row); }, this);
-}
-
-// From a list of remarks.
-void frmDaoru::jump(int record, int row) {
-    if (!Grid1->isEnabled())
-        return; // an editor is open
-    goToRecord(record);
-    if (row >= 1 && row < Grid1->rows() && Grid2->row() == record) {
-        Grid1->setRow(row);
-        Grid1->setFocus();
-        showWholeText();
-    }
-    activateWindow();
+            outcome.refused, Grid2->sharedRecords(), [this](int record, int row) { m_keys.jump(record, row); }, this);
 }
 
 // What the user made of the window's room.
@@ -269,7 +195,7 @@ void frmDaoru::connectButtons() {
     connect(cmdclick[5], &Button::clicked, this, &frmDaoru::importRecords);
     connect(cmdJiaoDuiAll, &Button::clicked, this, [this] {
         m_windows.proofAll(
-            Grid2->sharedRecords(), [this](int record, int row) { jump(record, row); }, this);
+            Grid2->sharedRecords(), [this](int record, int row) { m_keys.jump(record, row); }, this);
     });
     connect(cmdclick[6], &Button::clicked, this, [this] { unload(); });
 }

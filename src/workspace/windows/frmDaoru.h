@@ -6,6 +6,7 @@
 #include "widgets/pacedLabel.h"
 #include "widgets/window.h"
 #include "workspace/statusFacts.h"
+#include "workspace/windows/deskKeys.h"
 #include "workspace/windows/draftBar.h"
 #include "workspace/windows/draftKeeper.h"
 #include "workspace/windows/fieldCommands.h"
@@ -79,14 +80,9 @@ protected:
 private:
     void setUp();
     void lay();
-    void bindKeys();
     void remember();
     void recall();
-    void undoOrRedo(void (FieldHistory::*way)());
-    void goToRecord(int row);
     void importRecords();
-    void jump(int record, int row);
-    void goToTag(const QString &digits);
     void showWholeText();
     void say(const QString &remark);
     void connectGrids();
@@ -112,6 +108,7 @@ private:
     RecordCommands m_commands;
     FieldHistory m_history;
     DraftKeeper m_drafts;
+    DeskKeys m_keys;
     StatusFacts m_facts;
 };
 

@@ -1,0 +1,88 @@
+#include "workspace/windows/deskKeys.h"
+#include "widgets/window.h"
+#include <QShortcut>
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace workspace {
+
+DeskKeys::DeskKeys(const Parts &parts, QWidget *window)
+    : m_parts(parts)
+    , m_window(window) {
+    bindAll();
+    connect(&m_parts.find, &FindLine::wanted, this, &DeskKeys::goToRecord);
+    connect(&m_parts.find, &FindLine::closed, this, [this] { m_parts.list.setFocus(); });
+    connect(&m_parts.list, &RecordList::lettersTyped, this,
+            [this](const QString &text) { m_parts.find.open(FindLine::Place::Title, text); });
+    connect(&m_parts.fields, &FieldGrid::tagTyped, this, &DeskKeys::goToTag);
+}
+
+template <class Act>
+void DeskKeys::bind(QWidget *where, const QKeySequence &key, Qt::ShortcutContext context, Act act) {
+    auto *shortcut = new QShortcut(key, where, nullptr, nullptr, context);
+    connect(shortcut, &QShortcut::activated, this, [this, act] {
+        if (!widgets::isBlocked(m_window))
+            act();
+    });
+}
+
+void DeskKeys::bindAll() {
+    const auto inWindow = [this](const QKeySequence &key, auto act) { bind(m_window, key, Qt::WindowShortcut, act); };
+    const auto whenFree = [&](const QKeySequence &key, auto act) {
+        inWindow(key, [this, act] {
+            if (isFree())
+                act();
+        });
+    };
+    whenFree(Qt::ControlModifier | Qt::Key_PageUp, [this] { m_parts.moving.step(-1); });
+    whenFree(Qt::ControlModifier | Qt::Key_PageDown, [this] { m_parts.moving.step(1); });
+    // An open editor and the find line undo their own.
+    whenFree(QKeySequence::Undo, [this] { m_parts.history.undo(); });
+    whenFree(Qt::ControlModifier | Qt::Key_Y, [this] { m_parts.history.redo(); });
+    inWindow(Qt::Key_F3, [this] {
+        if (m_parts.find.isVisible())
+            m_parts.find.next();
+        else
+            m_parts.find.open(FindLine::Place::WholeRecord);
+    });
+    inWindow(Qt::ShiftModifier | Qt::Key_F3, [this] { m_parts.find.previous(); });
+    inWindow(Qt::ControlModifier | Qt::Key_G, [this] { m_parts.find.open(FindLine::Place::Number); });
+    inWindow(Qt::Key_F6, [this] { m_parts.editors.openLarge(); });
+    const QList<QKeySequence> keys = FieldCommands::keys();
+    for (int item = 1; item <= keys.size(); ++item)
+        if (!keys[item - 1].isEmpty() && keys[item - 1] != QKeySequence(Qt::Key_Return)) // the grid has that itself
+            bind(&m_parts.fields, keys[item - 1], Qt::WidgetShortcut,
+                 [this, item] { m_parts.commands.runByKey(item); });
+}
+
+void DeskKeys::goToRecord(int row) {
+    if (row != m_parts.list.row() && m_parts.list.isEnabled())
+        m_parts.list.clickRow(row);
+}
+
+void DeskKeys::goToTag(const QString &digits) {
+    const marc::FieldRows &rows = m_parts.record.rows();
+    const auto found = std::ranges::find_if(rows, [&](const marc::FieldRow &row) {
+        return row.identifier.size() == 3 && row.identifier >= digits && marc::isFieldRow(row);
+    });
+    if (found == rows.end())
+        return Q_EMIT told(u"没有字段 "_s + digits);
+    m_parts.fields.setRow(int(found - rows.begin()) + 1);
+    m_parts.editors.editRow = m_parts.fields.row();
+    Q_EMIT rowChosen();
+}
+
+void DeskKeys::jump(int record, int fieldRow) {
+    if (!isFree())
+        return;
+    goToRecord(record);
+    if (fieldRow >= 1 && fieldRow < m_parts.fields.rows() && m_parts.list.row() == record) {
+        m_parts.fields.setRow(fieldRow);
+        m_parts.fields.setFocus();
+        Q_EMIT rowChosen();
+    }
+    m_window->activateWindow();
+}
+
+} // namespace workspace

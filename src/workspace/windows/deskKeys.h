@@ -1,0 +1,49 @@
+// The keys of the workspace that no caption tells, and the ways they lead: to a record, to a tag, back over what was
+// done. While an editor is open or another window stands in front they lead nowhere.
+#pragma once
+
+#include "workspace/windows/fieldCommands.h"
+#include "workspace/windows/fieldHistory.h"
+#include "workspace/windows/findLine.h"
+#include "workspace/windows/recordMoving.h"
+
+namespace workspace {
+
+class DeskKeys final : public QObject {
+    Q_OBJECT
+public:
+    struct Parts {
+        FieldGrid &fields;
+        RecordList &list;
+        EditedRecord &record;
+        CellEditors &editors;
+        FieldCommands &commands;
+        RecordMoving &moving;
+        FieldHistory &history;
+        FindLine &find;
+    };
+    // The keys work in the window.
+    DeskKeys(const Parts &parts, QWidget *window);
+
+    // Makes the record of a row current as a click does.
+    void goToRecord(int row);
+    // To the first field whose tag is no smaller.
+    void goToTag(const QString &digits);
+    // From a list of remarks: to a record and a row of its field grid, 0 for none.
+    void jump(int record, int fieldRow);
+
+Q_SIGNALS:
+    void told(const QString &words);
+    void rowChosen(); // another row of the field grid is current
+
+private:
+    template <class Act>
+    void bind(QWidget *where, const QKeySequence &key, Qt::ShortcutContext context, Act act);
+    void bindAll();
+    bool isFree() const { return m_parts.fields.isEnabled(); }
+
+    Parts m_parts;
+    QWidget *m_window;
+};
+
+} // namespace workspace
