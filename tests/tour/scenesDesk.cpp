@@ -51,6 +51,12 @@ void find(TourDriver &driver) {
     driver.key(u"alt+w"_s);
 }
 
+// A modal window stands behind it, which the hands of the tour look for.
+void leaveRemarks(TourDriver &driver) {
+    driver.look([] { TourDriver::find<widgets::Button>(u"frmRemarks/cmdQuit"_s)->click(); });
+    driver.waitUntilGone(u"frmRemarks"_s);
+}
+
 void proofAll(TourDriver &driver) {
     driver.key(u"alt+d"_s);
     driver.waitForWindow(u"frmRemarks"_s);
@@ -59,15 +65,30 @@ void proofAll(TourDriver &driver) {
         return words && words->text().startsWith(u"校对 ") && words->text().contains(u"发现");
     });
     driver.shot(u"remarks"_s);
-    // A modal window stands behind it, which the hands of the tour look for.
-    driver.look([] { TourDriver::find<widgets::Button>(u"frmRemarks/cmdQuit"_s)->click(); });
-    driver.waitUntilGone(u"frmRemarks"_s);
+    leaveRemarks(driver);
+}
+
+void waitForImport(TourDriver &driver) {
+    driver.waitForWindow(u"frmDaoRuJindu"_s);
+    driver.waitUntil(u"the import's end"_s, [] { return !TourDriver::find<QLabel>(u"labTishi"_s)->text().isEmpty(); });
+}
+
+// One record that no database takes, since it holds a NUL, and one whose directory is out of place.
+void refused(TourDriver &driver) {
+    openSample(driver, u"nul.iso"_s);
+    driver.key(u"alt+s"_s);
+    driver.answerBox(u"当前marc数据地址目次区数据出现错误！"_s, u"Return"_s);
+    waitForImport(driver);
+    driver.key(u"alt+n"_s);
+    driver.waitForWindow(u"frmRemarks"_s, u"refused"_s);
+    driver.expect(driver.rows(u"frmRemarks/Grid1"_s) == 3, u"two records were refused"_s);
+    leaveRemarks(driver);
+    backToMain(driver);
 }
 
 void thisImport(TourDriver &driver) {
     driver.key(u"alt+s"_s);
-    driver.waitForWindow(u"frmDaoRuJindu"_s);
-    driver.waitUntil(u"the import's end"_s, [] { return !TourDriver::find<QLabel>(u"labTishi"_s)->text().isEmpty(); });
+    waitForImport(driver);
     driver.leave(u"alt+q"_s, u"frmDaoRuJindu"_s);
     backToMain(driver);
     driver.open(u"delete"_s, u"QueryFrmdel"_s);
@@ -88,6 +109,7 @@ void thisImport(TourDriver &driver) {
 
 void deskGifts(TourDriver &driver) {
     tellOfAFile(driver);
+    refused(driver);
     openSample(driver, u"sample.iso"_s);
     find(driver);
     proofAll(driver);

@@ -2,6 +2,7 @@
 #include "widgets/flexGrid.h"
 #include "widgets/pacedLabel.h"
 #include <QApplication>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -320,6 +321,18 @@ void TourDriver::shot(const QString &name) {
     }
     expect(m_ended || now.save(path), u"picture " + path);
     say(u"picture " + path.section(u'/', -1));
+    keepFront(name, now);
+}
+
+void TourDriver::keepFront(const QString &name, const QImage &screen) {
+    const QRect place = look([] {
+        const QWidget *front = QApplication::activeWindow();
+        return front ? front->frameGeometry() : QRect();
+    });
+    const QString folder = m_folder + u"/windows";
+    if (place.isEmpty() || !QDir().mkpath(folder))
+        return;
+    expect(screen.copy(place & screen.rect()).save(folder + u'/' + name + u".png"), u"window " + name);
 }
 
 void TourDriver::expect(bool holds, const QString &what) {

@@ -74,7 +74,8 @@ public:
     // Waits for any message box and gives its text; the box stays.
     QString boxText();
 
-    void shot(const QString &name); // of the whole screen, once it has come to rest
+    // Of the whole screen, once it has come to rest; and in windows/, under the bare name, of the window in front.
+    void shot(const QString &name);
     void expect(bool holds, const QString &what);
     void expectEqual(const QString &is, const QString &shouldBe, const QString &what);
     int failures() const { return m_failures; }
@@ -92,6 +93,7 @@ private:
     void invoke(const std::function<void()> &function);
     void waitForKeyboard(const QString &what);
     void moveTo(const QPoint &global);
+    void keepFront(const QString &name, const QImage &screen);
     void press(int button, bool inside); // whether a window of the program lies there
 
     XServer m_server;
