@@ -200,19 +200,24 @@ void FlexGrid::setStretchColumn(int column) {
 void FlexGrid::stretch() {
     if (m_stretched < 0 || isColumnHidden(m_stretched))
         return;
+    if (isDrawn(m_stretched))
+        return;
     Width &width = m_widths[std::size_t(m_stretched)];
-    if (width.pixels != columnWidth(m_stretched))
-        return; // drawn by the user
     const int others = horizontalHeader()->length() - columnWidth(m_stretched);
     const int least = std::max({toPixels(width.twips), horizontalHeader()->sectionSizeHint(m_stretched)});
     width.pixels = std::max(least, viewport()->width() - others);
     setColumnWidth(m_stretched, width.pixels);
 }
 
+bool FlexGrid::isDrawn(int column) const {
+    const int pixels = m_widths[std::size_t(column)].pixels;
+    return pixels >= 0 && !isColumnHidden(column) && pixels != columnWidth(column);
+}
+
 QMap<int, int> FlexGrid::drawnWidths() const {
     QMap<int, int> drawn;
     for (int column = 0; column < columns(); ++column)
-        if (!isColumnHidden(column) && m_widths[std::size_t(column)].pixels != columnWidth(column))
+        if (isDrawn(column))
             drawn.insert(column, columnWidth(column));
     return drawn;
 }
@@ -229,14 +234,17 @@ void FlexGrid::setColumnTwips(int column, int twips) {
     Width &width = m_widths[std::size_t(column)];
     if (width.twips == std::max(twips, 0))
         return;
+    width.twips = std::max(twips, 0);
+    if (isDrawn(column) && twips > 0)
+        return;
     setColumnHidden(column, twips <= 0);
-    width = {std::max(twips, 0), columnWidth(column)};
+    width.pixels = columnWidth(column);
     fitColumn(column);
 }
 
 void FlexGrid::fitColumn(int column) {
     Width &width = m_widths[std::size_t(column)];
-    if (width.twips <= 0 || width.pixels != columnWidth(column))
+    if (width.twips <= 0 || isDrawn(column))
         return;
     const int heading = m_fixedRows > 0 ? horizontalHeader()->sectionSizeHint(column) : 0;
     width.pixels = std::max({toPixels(width.twips), heading, narrowestColumn});
@@ -247,8 +255,7 @@ void FlexGrid::fitColumn(int column) {
 int FlexGrid::columnTwips(int column) const {
     if (column < 0 || column >= columns() || isColumnHidden(column))
         return 0;
-    const Width &width = m_widths[std::size_t(column)];
-    return width.pixels == columnWidth(column) ? width.twips : toTwips(columnWidth(column));
+    return isDrawn(column) ? toTwips(columnWidth(column)) : m_widths[std::size_t(column)].twips;
 }
 
 void FlexGrid::setHeadingTwips(int twips) {

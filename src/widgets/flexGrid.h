@@ -51,8 +51,7 @@ public:
     std::optional<quint32> cellBackground(int row, int column) const;
 
     // Twips are those of the face that the widths were chosen for; they grow with a wider one. 0 hides the column; it
-    // still holds its texts. Never narrower than its heading; setting the same width again leaves a width that the user
-    // has drawn.
+    // still holds its texts. Never narrower than its heading; a width that the user has drawn stays.
     void setColumnTwips(int column, int twips);
     int columnTwips(int column) const;
     void setHeadingTwips(int twips); // height of the heading row; never lower than its font needs, 0 hides it
@@ -108,6 +107,7 @@ private:
         int pixels = -1; // what came of it; another width was drawn by the user
     };
 
+    bool isDrawn(int column) const; // the user gave it its width
     double fontScale() const;
     void stretch();
 

@@ -10,23 +10,59 @@
 
 using namespace app;
 
-TEST(CatalogueWindows, TheSortDialogBringsAClosedListBack) {
-    TestDatabase database;
-    database.run(u"insert into zsk (zskid,bookname) values (1,'b'),(2,'a');"_s);
-    ScriptedHost host;
-    QMainWindow frame;
-    frame.setCentralWidget(new QMdiArea);
-    frame.show();
-    CatalogueWindows windows(host, database.state, {});
-    windows.setArea(frame.findChild<QMdiArea *>());
-    for (int query = 0; query < 2; ++query) {
+class CatalogueWindowsTest : public testing::Test {
+protected:
+    CatalogueWindowsTest() {
+        database.run(u"insert into zsk (zskid,bookname) values (1,'b'),(2,'a');"_s);
+        frame.setCentralWidget(new QMdiArea);
+        frame.resize(1600, 900);
+        frame.show();
+        windows.setArea(frame.findChild<QMdiArea *>());
+    }
+    catalogue::ZSKListFrm *list() { return frame.findChild<catalogue::ZSKListFrm *>(); }
+    QWidget *place() { return list()->parentWidget(); }
+    void query() {
         QTimer::singleShot(0, [] {
             if (auto *dialog = qobject_cast<catalogue::QueryFrm *>(QApplication::activeModalWidget()))
                 dialog->findData();
         });
         windows.queryCatalogue(catalogueQuery);
     }
-    const auto list = [&] { return frame.findChild<catalogue::ZSKListFrm *>(); };
+    void closeList() {
+        list()->CmdDcgl[5]->click();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    TestDatabase database;
+    ScriptedHost host;
+    QMainWindow frame;
+    CatalogueWindows windows{host, database.state, {}};
+};
+
+TEST_F(CatalogueWindowsTest, AListComesBackAsItWasLeft) {
+    query();
+    const QSize first = place()->size();
+    const QSize drawn = first - QSize(150, 90);
+    place()->resize(drawn);
+    list()->Grid1->setColumnWidth(4, 222);
+    closeList();
+    query();
+    EXPECT_EQ(place()->size(), drawn);
+    EXPECT_EQ(list()->Grid1->columnWidth(4), 222);
+    place()->showMaximized();
+    windows.endRuns(); // the program ends over an open list
+    closeList();
+    frame.resize(drawn); // a smaller screen than the last one
+    query();
+    EXPECT_TRUE(place()->isMaximized());
+    place()->showNormal();
+    const QRect room = frame.findChild<QMdiArea *>()->viewport()->rect();
+    EXPECT_TRUE(room.contains(place()->geometry())) << place()->width() << " in " << room.width();
+}
+
+TEST_F(CatalogueWindowsTest, TheSortDialogBringsAClosedListBack) {
+    query();
+    query();
     ASSERT_EQ(frame.findChildren<catalogue::ZSKListFrm *>().size(), 1); // each query uses the same
     EXPECT_EQ(list()->Grid1->text(1, 2), u"b"_s);
     QString condition = u"bookname='b'"_s;
@@ -36,8 +72,7 @@ TEST(CatalogueWindows, TheSortDialogBringsAClosedListBack) {
     list()->CmdDcgl[1]->click(); // 排序
     auto *sorting = frame.findChild<catalogue::OrderbyFrm *>();
     ASSERT_TRUE(sorting);
-    list()->CmdDcgl[5]->click();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    closeList();
     ASSERT_FALSE(list());
     sorting->List1->setCurrentRow(0);
     sorting->CmdAdd->click();

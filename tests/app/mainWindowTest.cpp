@@ -93,7 +93,9 @@ TEST_F(MainWindowTest, EveryWayOutAsksOnceAndEndsOnlyWithYes) {
     EXPECT_EQ(host.endings, 0);
     windows.calls.clear();
     host.willAnswer(platform::Answer::Yes);
+    frame.resize(frame.size() - QSize(40, 30));
     frame.close();
+    EXPECT_EQ(marcMain(host, windows).size(), frame.size()) << "the next one is as this one was left";
     EXPECT_EQ(windows.calls, QStringList{u"end 0"_s}) << "the runs end before the process does";
     EXPECT_EQ(host.endings, 1);
     EXPECT_EQ(host.texts(), (QStringList{u"确定要退出系统吗？"_s, u"确定要退出系统吗？"_s}));

@@ -216,14 +216,14 @@ QRect placeOf(TourDriver &driver, const QString &list) {
     });
 }
 
-void makeNarrower(TourDriver &driver, const QString &list, int right) {
+void makeLower(TourDriver &driver, const QString &list, int bottom) {
     const QRect place = placeOf(driver, list);
-    driver.drag({place.right() - 1, place.center().y()}, {right - 12, place.center().y()});
-    driver.expect(placeOf(driver, list).right() < place.right(), list + u" was made narrower");
+    driver.drag({place.center().x(), place.bottom() - 1}, {place.center().x(), bottom - 12});
+    driver.expect(placeOf(driver, list).bottom() < place.bottom(), list + u" was made lower");
 }
 
-// The frame filled by the window manager, and the two lists drawn side by side in it by their titles and edges.
-void sideBySide(TourDriver &driver) {
+// The frame filled by the window manager, and the two lists drawn one above the other in it by their titles and edges.
+void oneAboveTheOther(TourDriver &driver) {
     const QRect frame = driver.look([] { return TourDriver::find(u"marcMain"_s)->geometry(); });
     driver.clickAt({frame.center().x(), frame.top() - 8}, 1, 2);
     driver.waitUntil(u"the frame fills the screen"_s, [] { // the size comes behind the word that it is so
@@ -234,15 +234,15 @@ void sideBySide(TourDriver &driver) {
         QWidget *inside = TourDriver::find<QMdiArea>(u"mdiArea"_s)->viewport();
         return QRect(inside->mapToGlobal(QPoint(0, 0)), inside->size());
     });
-    const int middle = area.center().x();
-    makeNarrower(driver, u"TLKListFrm"_s, middle);
+    const int middle = area.center().y();
+    makeLower(driver, u"TLKListFrm"_s, middle);
     driver.open(u"daochu"_s, u"QueryFrm"_s);
     driver.key(u"alt+o"_s);
     driver.waitForWindow(u"ZSKListFrm"_s);
-    makeNarrower(driver, u"ZSKListFrm"_s, middle);
+    makeLower(driver, u"ZSKListFrm"_s, middle);
     const QRect list = placeOf(driver, u"ZSKListFrm"_s);
     const QPoint title(list.center().x(), list.top() + 10);
-    driver.drag(title, title + QPoint(middle - list.left() + 2, 12));
+    driver.drag(title, title + QPoint(0, middle - list.top() + 2));
     const QRect moved = placeOf(driver, u"ZSKListFrm"_s);
     driver.expect(area.contains(moved), u"the catalogue stands whole in the frame"_s);
     driver.expect(!moved.intersects(placeOf(driver, u"TLKListFrm"_s)), u"neither list hides the other"_s);
@@ -287,7 +287,7 @@ void catalogue(TourDriver &driver) {
 
 void store(TourDriver &driver) {
     deleteFromStore(driver);
-    sideBySide(driver);
+    oneAboveTheOther(driver);
     maximise(driver);
 }
 

@@ -283,7 +283,7 @@ TEST_F(FlexGridTest, AnEditorFindsItsCell) {
     EXPECT_GE(grid.columnWidth(2), grid.fontMetrics().horizontalAdvance(u"标识"_s)) << "the heading is never cut";
     EXPECT_EQ(grid.columnTwips(2), 100);
     grid.setColumnWidth(2, 99); // by hand
-    grid.setColumnTwips(2, 100);
+    grid.setColumnTwips(2, 1800);
     EXPECT_EQ(grid.columnTwips(2), grid.toTwips(99));
     grid.setHeadingTwips(750);
     EXPECT_EQ(grid.cellRect(0, 2).height(), grid.toPixels(750));

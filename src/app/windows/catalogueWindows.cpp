@@ -4,12 +4,16 @@
 #include "catalogue/windows/sckListFrm.h"
 #include "catalogue/windows/tlkListFrm.h"
 #include "catalogue/windows/zskListFrm.h"
+#include "widgets/remembered.h"
 #include <QMdiSubWindow>
 #include <utility>
 
 namespace app {
 
 namespace {
+
+constexpr QStringView sizeKey = u"/size";
+constexpr QStringView maximisedKey = u"/maximised";
 
 // The list window behind a query, which comes up only when the query hands its result over.
 template <class Show>
@@ -47,14 +51,33 @@ List *CatalogueWindows::adopted(List *list) {
     QMdiSubWindow *place = m_area->addSubWindow(list);
     place->setAttribute(Qt::WA_DeleteOnClose);
     // However it is closed, the place goes with it; behind the event that closes it, since that is still under way.
-    QObject::connect(list, &widgets::Window::unloaded, place, [place] {
+    QObject::connect(list, &widgets::Window::unloaded, place, [this, place, list] {
+        keepShape(*place, *list);
         place->hide();
         place->deleteLater();
     });
-    place->resize(place->sizeHint().boundedTo(m_area->viewport()->size()));
-    place->move(0, 0);
-    list->show();
+    recallShape(*place, *list);
     return list;
+}
+
+void CatalogueWindows::recallShape(QMdiSubWindow &place, catalogue::ListWindow &list) const {
+    const platform::DeskState &state = m_host.remembered();
+    const QSize kept = state.read(list.objectName() + sizeKey).toSize();
+    place.resize((kept.isValid() ? kept : place.sizeHint()).boundedTo(m_area->viewport()->size()));
+    place.move(0, 0);
+    list.show();
+    if (state.read(list.objectName() + maximisedKey).toBool())
+        place.showMaximized();
+    widgets::recallColumns(*list.Grid1, state, list.objectName());
+}
+
+void CatalogueWindows::keepShape(const QMdiSubWindow &place, const catalogue::ListWindow &list) const {
+    const platform::DeskState &state = m_host.remembered();
+    if (!place.isMinimized())
+        state.keep(list.objectName() + maximisedKey, place.isMaximized());
+    if (!place.isMinimized() && !place.isMaximized())
+        state.keep(list.objectName() + sizeKey, place.size());
+    widgets::keepColumns(*list.Grid1, state, list.objectName());
 }
 
 void CatalogueWindows::bringForward(QWidget *list) {
@@ -75,6 +98,9 @@ void CatalogueWindows::queryStore(const QueryLists &lists) {
 void CatalogueWindows::endRuns() {
     if (m_catalogueList)
         m_catalogueList->endRun();
+    for (const QMdiSubWindow *place : m_area ? m_area->subWindowList() : QList<QMdiSubWindow *>())
+        if (const auto *list = qobject_cast<catalogue::ListWindow *>(place->widget()))
+            keepShape(*place, *list);
 }
 
 catalogue::ZSKListFrm *CatalogueWindows::catalogueList() {

@@ -13,6 +13,7 @@
 #include <functional>
 
 namespace catalogue {
+class ListWindow;
 class OrderbyFrm;
 class SCKListFrm;
 class TLKListFrm;
@@ -35,7 +36,7 @@ public:
 
     void queryCatalogue(const QueryLists &lists);
     void queryStore(const QueryLists &lists);
-    // Before the process ends: an export in progress ends with its file closed.
+    // Before the process ends: an export in progress ends with its file closed, and what the lists look like is kept.
     void endRuns();
 
 private:
@@ -48,6 +49,9 @@ private:
     // Puts the list window into the frame, at its upper left corner; it is gone for good once it is unloaded.
     template <class List>
     List *adopted(List *list);
+    // Size and drawn columns of a list, as it was left the last time.
+    void recallShape(QMdiSubWindow &place, catalogue::ListWindow &list) const;
+    void keepShape(const QMdiSubWindow &place, const catalogue::ListWindow &list) const;
     void bringForward(QWidget *list);
 
     platform::Host &m_host;

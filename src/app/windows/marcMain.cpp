@@ -1,5 +1,6 @@
 #include "app/windows/marcMain.h"
 #include "widgets/layout.h"
+#include "widgets/remembered.h"
 #include <QCloseEvent>
 #include <QDir>
 #include <QDragEnterEvent>
@@ -36,6 +37,7 @@ marcMain::marcMain(platform::Host &host, CommandWindows &windows)
     buildStartPage();
     const QSize room = screen()->availableSize() * 9 / 10;
     resize(QSize(fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 42).boundedTo(room));
+    widgets::rememberPlace(this, m_host.remembered());
 }
 
 void marcMain::buildMenu() {

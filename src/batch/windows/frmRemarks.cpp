@@ -2,6 +2,7 @@
 #include "batch/wholeFile.h"
 #include "platform/paths.h"
 #include "widgets/layout.h"
+#include "widgets/remembered.h"
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHeaderView>
@@ -57,6 +58,7 @@ frmRemarks::frmRemarks(platform::Host &host, QWidget *parent)
     connect(cmdSave, &Button::clicked, this, &frmRemarks::saveTable);
     connect(cmdIso, &Button::clicked, this, &frmRemarks::saveRecords);
     connect(cmdQuit, &Button::clicked, this, &frmRemarks::unload);
+    widgets::rememberPlace(this, m_host.remembered());
 }
 
 void frmRemarks::lay() {

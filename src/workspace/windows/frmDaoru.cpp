@@ -2,6 +2,7 @@
 #include "platform/desktop/screenRoom.h"
 #include "widgets/ink.h"
 #include "widgets/layout.h"
+#include "widgets/remembered.h"
 #include "workspace/windows/workspaceControls.h"
 #include <QScrollBar>
 #include <utility>
@@ -158,25 +159,14 @@ void frmDaoru::importRecords() {
 
 // What the user made of the window's room.
 void frmDaoru::remember() {
-    const platform::DeskState &state = m_host.remembered();
-    state.keep(u"frmDaoru/geometry"_s, saveGeometry());
-    room->remember(state);
-    QVariantMap widths;
-    const QMap<int, int> drawn = Grid1->drawnWidths();
-    for (auto width = drawn.begin(); width != drawn.end(); ++width)
-        widths.insert(QString::number(width.key()), width.value());
-    state.keep(u"frmDaoru/columns"_s, widths);
+    room->remember(m_host.remembered());
+    widgets::keepColumns(*Grid1, m_host.remembered(), objectName());
 }
 
 void frmDaoru::recall() {
-    const platform::DeskState &state = m_host.remembered();
-    restoreGeometry(state.read(u"frmDaoru/geometry"_s).toByteArray());
-    room->recall(state);
-    QMap<int, int> drawn;
-    const QVariantMap widths = state.read(u"frmDaoru/columns"_s).toMap();
-    for (auto width = widths.begin(); width != widths.end(); ++width)
-        drawn.insert(width.key().toInt(), width.value().toInt());
-    Grid1->setDrawnWidths(drawn);
+    widgets::rememberPlace(this, m_host.remembered());
+    room->recall(m_host.remembered());
+    widgets::recallColumns(*Grid1, m_host.remembered(), objectName());
 }
 
 void frmDaoru::connectButtons() {
