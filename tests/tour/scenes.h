@@ -19,6 +19,7 @@ void catalogue(TourDriver &driver);
 void store(TourDriver &driver);
 void fileTools(TourDriver &driver);
 void deskGifts(TourDriver &driver); // what the workspace gives beside the editing
+void aDay(TourDriver &driver);      // by keys alone
 void tidy(TourDriver &driver);      // any record file made readable
 void leave(TourDriver &driver);     // the exit question, both answers
 

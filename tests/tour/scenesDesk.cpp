@@ -51,12 +51,6 @@ void find(TourDriver &driver) {
     driver.key(u"alt+w"_s);
 }
 
-// A modal window stands behind it, which the hands of the tour look for.
-void leaveRemarks(TourDriver &driver) {
-    driver.look([] { TourDriver::find<widgets::Button>(u"frmRemarks/cmdQuit"_s)->click(); });
-    driver.waitUntilGone(u"frmRemarks"_s);
-}
-
 void proofAll(TourDriver &driver) {
     driver.key(u"alt+d"_s);
     driver.waitForWindow(u"frmRemarks"_s);
@@ -65,7 +59,7 @@ void proofAll(TourDriver &driver) {
         return words && words->text().startsWith(u"校对 ") && words->text().contains(u"发现");
     });
     driver.shot(u"remarks"_s);
-    leaveRemarks(driver);
+    driver.leave(u"Escape"_s, u"frmRemarks"_s);
 }
 
 void waitForImport(TourDriver &driver) {
@@ -82,7 +76,7 @@ void refused(TourDriver &driver) {
     driver.key(u"alt+n"_s);
     driver.waitForWindow(u"frmRemarks"_s, u"refused"_s);
     driver.expect(driver.rows(u"frmRemarks/Grid1"_s) == 3, u"two records were refused"_s);
-    leaveRemarks(driver);
+    driver.leave(u"Escape"_s, u"frmRemarks"_s);
     backToMain(driver);
 }
 

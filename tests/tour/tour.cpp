@@ -41,7 +41,7 @@ constexpr Scene scenes[] = {
     {"edit", tour::edit},           {"card", tour::proofAndCard},
     {"catalogue", tour::catalogue}, {"store", tour::store},
     {"filetools", tour::fileTools}, {"tidy", tour::tidy},
-    {"desk", tour::deskGifts},
+    {"desk", tour::deskGifts},      {"day", tour::aDay},
 };
 
 bool isWanted(const Scene &scene, const QStringList &wanted) {

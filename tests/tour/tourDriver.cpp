@@ -1,6 +1,7 @@
 #include "tour/tourDriver.h"
 #include "widgets/flexGrid.h"
 #include "widgets/pacedLabel.h"
+#include "widgets/window.h"
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
@@ -167,9 +168,9 @@ void TourDriver::settle() {
 // where the toolkit calls the next window active already.
 void TourDriver::waitForKeyboard(const QString &what) {
     waitUntil(u"a window takes " + what, [this] {
-        const QWidget *modal = QApplication::activeModalWidget();
-        const QWidget *front = modal && !modal->isActiveWindow() ? nullptr : QApplication::activeWindow();
-        return QApplication::activePopupWidget() || (front && m_server.hasKeyboard(front->winId()));
+        const QWidget *front = QApplication::activeWindow();
+        return QApplication::activePopupWidget() ||
+               (front && !widgets::isBlocked(front) && m_server.hasKeyboard(front->winId()));
     });
     settle();
 }
@@ -273,6 +274,7 @@ void TourDriver::key(const QString &chords, int times) {
     for (const QString &chord : QString(chords + u' ').repeated(times).split(u' ', Qt::SkipEmptyParts)) {
         waitForKeyboard(chord);
         expect(m_server.key(chord), u"a key " + chord);
+        ++m_strokes;
         settle();
     }
 }
@@ -286,6 +288,7 @@ void TourDriver::type(const QString &text) {
     waitForKeyboard(text);
     for (const QChar character : text) {
         expect(m_server.type(character), u"a key for "_s + character);
+        ++m_strokes;
         settle();
     }
 }

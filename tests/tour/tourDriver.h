@@ -68,6 +68,7 @@ public:
     // The same for another program, once that has taken the keyboard away.
     void keyElsewhere(const QString &chord);
     void type(const QString &text);
+    int strokes() const { return m_strokes; } // keys and chords pressed so far
 
     // Waits for a message box with that text, takes its picture when it has a name, and presses the key.
     void answerBox(const QString &text, const QString &key, const QString &picture = {});
@@ -102,6 +103,7 @@ private:
     QString m_folder;
     std::atomic_bool m_ended = false;
     int m_pictures = 0;
+    int m_strokes = 0;
     std::atomic_int m_failures = 0; // told by either thread
 };
 

@@ -78,10 +78,14 @@ private:
     Leaving m_leaving;
 };
 
+// The modal window, but where one that it has opened itself is at work.
 QWidget *windowInFront() {
-    if (QWidget *modal = QApplication::activeModalWidget())
-        return modal;
-    return QApplication::activeWindow();
+    QWidget *active = QApplication::activeWindow();
+    QWidget *modal = QApplication::activeModalWidget();
+    const QWidget *opener = active;
+    while (opener && opener != modal)
+        opener = opener->parentWidget();
+    return modal && !opener ? modal : active;
 }
 
 // The toolkit takes a helper that has started for one that has opened something; the helper says by its exit code that

@@ -6,6 +6,7 @@
 #include "workspace/windows/fieldHistory.h"
 #include "workspace/windows/findLine.h"
 #include "workspace/windows/recordMoving.h"
+#include <QPointer>
 
 namespace workspace {
 
@@ -29,7 +30,7 @@ public:
     void goToRecord(int row);
     // To the first field whose tag is no smaller.
     void goToTag(const QString &digits);
-    // From a list of remarks: to a record and a row of its field grid, 0 for none.
+    // From a list of remarks, the window in front: to a record and a row of its field grid, 0 for none. F8 leads back.
     void jump(int record, int fieldRow);
 
 Q_SIGNALS:
@@ -40,10 +41,12 @@ private:
     template <class Act>
     void bind(QWidget *where, const QKeySequence &key, Qt::ShortcutContext context, Act act);
     void bindAll();
+    void backToRemarks();
     bool isFree() const { return m_parts.fields.isEnabled(); }
 
     Parts m_parts;
     QWidget *m_window;
+    QPointer<QWidget> m_jumpedFrom;
 };
 
 } // namespace workspace

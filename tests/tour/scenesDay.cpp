@@ -1,0 +1,203 @@
+// A day's work on a supplier's file, by keys alone; each step says how many it took. A text that is pasted counts as
+// one, as a word of an input method does.
+#include "tour/errands.h"
+#include "tour/scenes.h"
+#include "widgets/flexGrid.h"
+#include <QLabel>
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace tour {
+
+namespace {
+
+constexpr int sought = 4000; // where the title that is looked for stands in day.iso
+const QString title = u"果树修剪论集"_s;
+
+// Says what was done and how many keys it took since the last time.
+class KeyCount {
+public:
+    explicit KeyCount(const TourDriver &driver)
+        : m_driver(driver)
+        , m_before(driver.strokes()) {}
+    void tell(const char *step) {
+        std::fprintf(stderr, "keys: %-60s %d\n", step, m_driver.strokes() - m_before);
+        m_before = m_driver.strokes();
+    }
+
+private:
+    const TourDriver &m_driver;
+    int m_before;
+};
+
+bool shows(const QString &label, const QString &part) {
+    auto *words = TourDriver::find<QLabel>(label);
+    return words && words->text().contains(part);
+}
+
+void openAndRead(TourDriver &driver) {
+    driver.key(u"alt+1"_s);
+    driver.waitForWindow(u"frmSelectMFile"_s);
+    giveFocus(driver, u"Text1"_s); // which costs a key: Shift+Tab
+    paste(driver, pathOf(u"day.iso"_s));
+    driver.key(u"alt+s"_s);
+    driver.waitForWindow(u"frmDaoru"_s);
+    driver.key(u"alt+a"_s);
+    driver.waitForText(u"Text3"_s, u"5000"_s);
+    driver.waitForText(u"labJinDu"_s, u"预读结束"_s);
+}
+
+void findTitle(TourDriver &driver) {
+    driver.key(u"F3"_s);
+    driver.waitForFocus(u"findText"_s);
+    paste(driver, title);
+    const auto there = [] { return desk()->Grid2->row() >= sought - 1; };
+    while (!driver.look(there))
+        driver.key(u"F3"_s);
+    driver.waitForText(u"Text2"_s, QString::number(sought));
+    driver.shot(u"day-found"_s);
+    driver.key(u"Escape Tab"_s);
+}
+
+void correct(TourDriver &driver) {
+    driver.waitForFocus(u"Grid1"_s);
+    driver.type(u"200"_s);
+    const int row = rowOf(driver, u"200"_s);
+    driver.waitUntil(u"the tag"_s, [row] { return desk()->Grid1->row() == row; });
+    driver.key(u"Down Return"_s);
+    waitForEditor(driver, u"richText"_s, row + 1, 4);
+    driver.key(u"End"_s);
+    driver.type(u"2"_s);
+    driver.key(u"Return"_s);
+    waitUntilIdle(driver);
+    driver.expect(driver.cell(u"Grid1"_s, row + 1, 4).endsWith(u'2'), u"the title is corrected"_s);
+}
+
+void addSubject(TourDriver &driver) {
+    driver.type(u"606"_s);
+    driver.key(u"ctrl+Insert"_s);
+    driver.waitForFocus(u"zdList"_s);
+    driver.type(u"606"_s);
+    driver.key(u"Return"_s);
+    waitUntilIdle(driver);
+    const auto added = [] { // without a text as yet
+        const auto *grid = desk()->Grid1;
+        int row = grid->rows() - 1;
+        while (row > 0 && (grid->text(row, 2) != u"606" || !grid->text(row, 4).isEmpty()))
+            --row;
+        return std::pair(row, row - grid->row());
+    };
+    const auto [row, away] = driver.look(added);
+    driver.expect(row > 0 && away > 0, u"the new field behind the current one"_s);
+    driver.key(u"Down"_s, away);
+    driver.key(u"Return"_s);
+    waitForEditor(driver, u"richText"_s, row, 4);
+    driver.type(u"0 "_s);
+    driver.key(u"Return"_s);
+    waitUntilIdle(driver);
+    driver.key(u"Insert"_s);
+    driver.waitForFocus(u"Zzdlist"_s);
+    driver.key(u"Home Return"_s);
+    waitUntilIdle(driver);
+    driver.key(u"Down Return"_s);
+    waitForEditor(driver, u"richText"_s, row + 1, 4);
+    paste(driver, u"果树园艺"_s);
+    driver.key(u"Return"_s);
+    waitUntilIdle(driver);
+    driver.expectEqual(driver.cell(u"Grid1"_s, row + 1, 2), u"$a"_s, u"the subfield of the heading"_s);
+    driver.shot(u"day-subject-added"_s);
+}
+
+void proofEverything(TourDriver &driver) {
+    driver.key(u"alt+d"_s);
+    driver.waitForWindow(u"frmRemarks"_s);
+    driver.waitUntil(
+        u"the end of the proof"_s, [] { return shows(u"labJindu"_s, u"校对 5000 条，发现"_s); }, 120000);
+    driver.key(u"Down Return"_s);
+    driver.answerBox(u"本条记录已经改变,是否确定暂时改变该记录?\r\n"
+                     u"(注:你可以修改预读出的记录,然后可以点击保存按扭,保存到新文件中)"_s,
+                     u"y"_s);
+    driver.waitUntil(u"the record of the remark"_s,
+                     [] { return desk()->isActiveWindow() && desk()->Grid2->row() > 0; });
+    driver.shot(u"day-remarks"_s);
+    driver.key(u"F8"_s);
+    driver.waitForWindow(u"frmRemarks"_s);
+    driver.leave(u"Escape"_s, u"frmRemarks"_s);
+}
+
+void importWithRefusals(TourDriver &driver) {
+    driver.key(u"alt+s"_s);
+    driver.waitForWindow(u"frmDaoRuJindu"_s);
+    driver.waitForText(u"labJinDuShu"_s, u"处理完毕！"_s, 120000);
+    driver.expect(driver.textOf(u"cmdRefused"_s).startsWith(u"&N 未成功 "), u"some are refused"_s);
+    driver.shot(u"day-imported"_s);
+    driver.key(u"alt+n"_s);
+    driver.waitForWindow(u"frmRemarks"_s);
+    driver.waitUntil(u"the refused ones"_s, [] { return shows(u"labJindu"_s, u"未成功"_s); });
+    driver.shot(u"refused-records"_s);
+    driver.key(u"alt+i"_s);
+    enterFile(driver, u"存为机读文件"_s, u"refused.iso"_s);
+    driver.key(u"Escape"_s);
+    driver.waitUntilGone(u"frmRemarks"_s);
+    backToMain(driver);
+}
+
+void takeBack(TourDriver &driver) {
+    driver.key(u"alt+2"_s);
+    driver.waitForWindow(u"QueryFrmdel"_s);
+    driver.key(u"alt+o"_s);
+    driver.waitForWindow(u"TLKListFrm"_s);
+    driver.key(u"alt+i"_s);
+    driver.waitUntil(u"this import"_s, [] { return shows(u"conditionWords"_s, u"本次导入"_s); });
+    driver.key(u"alt+x"_s);
+    driver.answerBox(u"确定要将选择的文献从套录库中删除吗吗？(Y/N)"_s, u"y"_s);
+    driver.waitForText(u"TLKListFrm/lCounts"_s, u"记录数：0"_s);
+    driver.leave(u"alt+q"_s, u"TLKListFrm"_s);
+}
+
+void queryPrintExport(TourDriver &driver) {
+    driver.key(u"alt+3"_s);
+    driver.waitForWindow(u"QueryFrm"_s);
+    driver.key(u"Tab"_s);
+    driver.waitForFocus(u"cSql"_s);
+    driver.key(u"Home Return Home Down Down Return"_s);
+    paste(driver, u"三"_s);
+    driver.key(u"Tab alt+o"_s);
+    driver.waitForWindow(u"ZSKListFrm"_s);
+    driver.key(u"alt+p"_s);
+    driver.waitForWindow(u"DataReportJs"_s);
+    driver.leave(u"Escape"_s, u"DataReportJs"_s);
+    driver.waitForWindow(u"ZSKListFrm"_s);
+    driver.key(u"alt+d"_s);
+    enterFile(driver, exportTitle.toString(), u"day-exported.iso"_s);
+    driver.boxText();
+    driver.key(u"Return"_s);
+    driver.leave(u"alt+x"_s, u"ZSKListFrm"_s);
+    driver.expect(recordsIn(pathOf(u"day-exported.iso"_s)) > 0, u"records in the file"_s);
+}
+
+} // namespace
+
+void aDay(TourDriver &driver) {
+    changeDatabase(driver, u"create trigger refuses before insert on taoluTable when new.isbn like '%9' begin "
+                           u"select raise(abort,'isbn ends in 9'); end"_s);
+    KeyCount keys(driver);
+    const std::pair<const char *, void (*)(TourDriver &)> steps[] = {
+        {"open a file of 5,000 records, read all", openAndRead},
+        {"find a title", findTitle},
+        {"correct it", correct},
+        {"add a 606 with its heading", addSubject},
+        {"proof all, look them up, go to the first remark", proofEverything},
+        {"import, name the refused ones, save them, back", importWithRefusals},
+        {"take this import out of the store", takeBack},
+        {"query, print preview, export", queryPrintExport},
+    };
+    for (const auto &[name, play] : steps) {
+        play(driver);
+        keys.tell(name);
+    }
+    changeDatabase(driver, u"drop trigger refuses"_s);
+}
+
+} // namespace tour
