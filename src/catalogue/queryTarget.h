@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QString>
-#include <tuple>
 
 namespace catalogue {
 
@@ -13,7 +12,7 @@ public:
     // its own where there is none.
     virtual void loadData(QString &condition, QString &order) = 0;
     // What the coming condition says in words; empty for none.
-    virtual void describe(const QString &words) { std::ignore = words; }
+    virtual void describe(const QString &words) = 0;
 };
 
 // A list window that can be sorted anew.

@@ -11,9 +11,14 @@ namespace widgets {
 Button::Button(const QString &objectName, const QString &caption, QWidget *parent)
     : QPushButton(caption, parent) {
     setObjectName(objectName);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     setAutoDefault(false); // Enter belongs to the fields and grids
     QString name = caption;
     setAccessibleName(name.remove(u'&').trimmed());
+}
+
+int Button::captionWidth(int characters) const {
+    return fontMetrics().size(Qt::TextShowMnemonic, text()).width() + characters * fontMetrics().averageCharWidth();
 }
 
 // What the modal window itself has opened stands beside it and is live.

@@ -19,9 +19,16 @@ public:
     // objectName is the control's name; the caption may hold an access key as "&S 停止".
     Button(const QString &objectName, const QString &caption, QWidget *parent = nullptr);
 
+    // A long caption stands clear of the edges; where a screen is too narrow for that, the caption itself is whole.
+    QSize sizeHint() const override { return QPushButton::sizeHint().expandedTo({captionWidth(3), 0}); }
+    QSize minimumSizeHint() const override { return {captionWidth(2), QPushButton::sizeHint().height()}; }
+
 protected:
     bool event(QEvent *event) override;            // a shortcut takes the focus here first, then clicks
     void keyPressEvent(QKeyEvent *event) override; // Enter clicks, as the space bar does
+
+private:
+    int captionWidth(int characters) const; // with so many narrow ones as room at both edges together
 };
 
 class Window : public QDialog {

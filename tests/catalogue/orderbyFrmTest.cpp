@@ -7,6 +7,7 @@ using namespace catalogue;
 namespace {
 
 struct List final : SortableList {
+    void describe(const QString &) override {}
     void loadData(QString &condition, QString &order) override { received.append({condition, order}); }
     QString queryCondition() const override { return u"author='a'"_s; }
     QList<QStringList> received;

@@ -7,6 +7,7 @@ using namespace catalogue;
 namespace {
 
 struct Target final : QueryTarget {
+    void describe(const QString &) override {}
     void loadData(QString &condition, QString &order) override {
         received.append({condition, order});
         dialogWasOpen = dialog && dialog->isVisible();

@@ -206,6 +206,7 @@ void deleteFromStore(TourDriver &driver) {
         rows - 3);
     changeDatabase(driver, u"insert into taoluTable (bookname,author) values ('兄弟','余华著'),('活着','余华')"_s);
     queryStore(driver, u"余华"_s);
+    driver.waitForText(u"conditionWords"_s, u"条件：著者'包含'余华"_s);
     deleteRows(driver, u"alt+d"_s, u"你确定将检索出的数据从套录库中删除吗？"_s, u" where author like '%余华%'"_s, 0);
 }
 

@@ -1,8 +1,9 @@
 #include "assist/windows/codedBoxWindow.h"
+#include "platform/desktop/screenRoom.h"
 #include "widgets/clickLabel.h"
 #include "widgets/keys.h"
 #include "widgets/layout.h"
-#include <QScreen>
+#include <QScrollBar>
 #include <QShowEvent>
 #include <algorithm>
 #include <span>
@@ -54,12 +55,13 @@ CodedBoxWindow::CodedBoxWindow(platform::Host &host, std::span<const Box> table,
     listMenu->hide();
 
     using widgets::row, widgets::column, widgets::stretch;
-    setLayout(column({boxRow(),
+    m_boxArea = boxArea();
+    setLayout(column({m_boxArea,
                       widgets::labelled(new QLabel(texts.formatLabel, this), textMarc),
                       {row({{listLx, 1}, {richTextTS, 1}}), 1},
                       row({stretch(), cmdclick[0], cmdclick[1]})}));
     // Room for the longest list, on a screen that has it.
-    resize(sizeHint().expandedTo(QSize(0, 29 * fontMetrics().lineSpacing())).boundedTo(screen()->availableSize()));
+    resize(sizeHint().expandedTo(QSize(0, 29 * fontMetrics().lineSpacing())).boundedTo(platform::roomOnScreen(this)));
     wireLists();
     connect(cmdclick[0], &Button::clicked, this, &CodedBoxWindow::confirm);
     connect(cmdclick[1], &Button::clicked, this, &CodedBoxWindow::unload);
@@ -90,6 +92,25 @@ QLayout *CodedBoxWindow::boxRow() {
     }
     groups->addStretch();
     return groups;
+}
+
+// The boxes go sideways where the screen is too narrow for all of them.
+QScrollArea *CodedBoxWindow::boxArea() {
+    auto *boxes = new QWidget;
+    boxes->setLayout(boxRow());
+    boxes->layout()->setContentsMargins(0, 0, 0, 0);
+    auto *area = named(new QScrollArea(this), u"boxArea"_s);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setWidgetResizable(true);
+    area->setWidget(boxes);
+    const QSize wanted = boxes->sizeHint();
+    const int room = platform::roomOnScreen(this).width() - 2 * style()->pixelMetric(QStyle::PM_LayoutLeftMargin);
+    area->setMinimumWidth(std::min(wanted.width(), room));
+    area->setFixedHeight(wanted.height() +
+                         (wanted.width() > room ? area->horizontalScrollBar()->sizeHint().height() : 0));
+    return area;
 }
 
 // Long captions are broken into two lines.
@@ -184,6 +205,7 @@ void CodedBoxWindow::enterBox(int i) {
     leaveBox();
     m_inside = i;
     m_boxes.focus(i);
+    m_boxArea->ensureWidgetVisible(Text1[size_t(i)]);
     showBoxes();
     listLx->fill(m_boxes.list(), m_boxes.listed());
     explain(m_boxes.text(i));

@@ -7,6 +7,7 @@
 #include "platform/host.h"
 #include "widgets/choiceList.h"
 #include "widgets/window.h"
+#include <QScrollArea>
 #include <QTextEdit>
 #include <QToolButton>
 #include <array>
@@ -51,6 +52,7 @@ protected:
 
 private:
     QLayout *boxRow();
+    QScrollArea *boxArea();
     QWidget *makeLabel(int i);
     QToolButton *makeButton(int i);
     void wireBox(int i);
@@ -69,6 +71,7 @@ private:
     void confirm();
 
     platform::Host &m_host;
+    QScrollArea *m_boxArea = nullptr;
     CodedBoxes m_boxes;
     int m_inside = CodedBoxes::noBox; // the box entered and not yet left
 };

@@ -92,6 +92,10 @@ void ZSKListFrm::loadData(QString &condition, QString &order) {
     settleGrid();
 }
 
+void ZSKListFrm::describe(const QString &words) {
+    lCounts->setToolTip(words.isEmpty() ? u"全部记录，未加条件"_s : QString(u"条件：" + words));
+}
+
 void ZSKListFrm::gridFix() {
     setWidths(catalogueWidths(gridRoom()));
 }

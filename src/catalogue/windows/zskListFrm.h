@@ -27,6 +27,7 @@ public:
                CatalogueListWindows windows, QWidget *parent = nullptr);
 
     void loadData(QString &condition, QString &order) override;
+    void describe(const QString &words) override; // under the pointer on the count
     QString queryCondition() const override { return m_queryCondition; }
     void PrintRpt(const QString &title);
     void gridFix() override;

@@ -60,16 +60,9 @@ protected:
 private:
     static constexpr float faintness = 0.45F;
 
-    // The contents of the leader, of control fields and of fields 1XX.
-    static bool isCoded(const QModelIndex &index) {
-        if (index.column() != ValueColumn)
-            return false;
-        for (int row = index.row(); row >= 0; --row) {
-            const QString tag = index.siblingAtColumn(IdentifierColumn).siblingAtRow(row).data().toString();
-            if (tag.size() == 3 && tag[0].isDigit())
-                return tag < u"010"_s || tag.startsWith(u'1');
-        }
-        return false;
+    bool isCoded(const QModelIndex &index) const {
+        return index.column() == ValueColumn &&
+               static_cast<const FieldGrid *>(parent())->isCoded(index.row() + fixedRows);
     }
 };
 
@@ -105,6 +98,15 @@ void FieldGrid::follow(std::shared_ptr<const EditedRecord> record) {
     connect(m_record.get(), &EditedRecord::rowRemoved, this, &FieldGrid::sourceRemovedRow);
     connect(m_record.get(), &EditedRecord::cellChanged, this, &FieldGrid::sourceChanged);
     showAnew();
+}
+
+bool FieldGrid::isCoded(int row) const {
+    for (; row >= fixedRows; --row) {
+        const QString tag = text(row, IdentifierColumn);
+        if (tag.size() == 3 && tag[0].isDigit())
+            return tag < u"010"_s || tag.startsWith(u'1');
+    }
+    return false;
 }
 
 void FieldGrid::showAnew() {

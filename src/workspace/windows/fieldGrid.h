@@ -22,6 +22,8 @@ public:
     void follow(std::shared_ptr<const EditedRecord> record);
     // The half of the grid for what is laid over it, in the coordinates of its parent, as cellRect().
     QRect rightHalf() const;
+    // Whether the row belongs to the leader, a control field or a field 1XX, where positions are counted.
+    bool isCoded(int row) const;
 
 Q_SIGNALS:
     void scrolled();

@@ -140,7 +140,7 @@ void frmDaoru::connectHelpers() {
 }
 
 void frmDaoru::showWholeText() {
-    room->showText(m_record->row(Grid1->row()).value);
+    room->showText(m_record->row(Grid1->row()).value, Grid1->isCoded(Grid1->row()));
 }
 
 void frmDaoru::say(const QString &remark) {

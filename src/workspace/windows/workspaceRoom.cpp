@@ -1,5 +1,6 @@
 #include "workspace/windows/workspaceRoom.h"
 #include "widgets/layout.h"
+#include "workspace/windows/fieldGrid.h"
 
 using namespace Qt::StringLiterals;
 using widgets::Button;
@@ -49,9 +50,11 @@ void WorkspaceRoom::recall(const platform::DeskState &state) {
     cmdQuanWen->setChecked(state.read(u"frmDaoru/whole"_s).toBool());
 }
 
-void WorkspaceRoom::showText(const QString &text) {
-    if (cmdQuanWen->isChecked())
-        wholeText->setPlainText(text);
+void WorkspaceRoom::showText(const QString &text, bool coded) {
+    if (!cmdQuanWen->isChecked())
+        return;
+    wholeText->setFont(coded ? codedFont(font()) : font());
+    wholeText->setPlainText(text);
 }
 
 } // namespace workspace

@@ -18,7 +18,8 @@ public:
     void share(int listWidth, int fieldsWidth);
     void remember(const platform::DeskState &state) const;
     void recall(const platform::DeskState &state);
-    void showText(const QString &text); // where the pane is open
+    // Where the pane is open; coded data in the face of the grid's.
+    void showText(const QString &text, bool coded);
 
     widgets::Button *cmdQuanWen; // folds the pane; stands wherever the window puts it
     QPlainTextEdit *wholeText;
