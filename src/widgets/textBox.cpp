@@ -1,5 +1,6 @@
 #include "widgets/textBox.h"
 #include "platform/desktop/faces.h"
+#include "widgets/ink.h"
 #include <QMimeData>
 #include <QScrollBar>
 #include <QSyntaxHighlighter>
@@ -78,9 +79,7 @@ public:
 
 protected:
     void highlightBlock(const QString &text) override {
-        QColor colour = m_box->palette().color(QPalette::Link);
-        if (m_box->palette().color(QPalette::Base).lightness() < 128)
-            colour = colour.lighter(170); // a dark desktop
+        const QColor colour = linkInk(m_box->palette());
         for (qsizetype i = 0; i < text.size(); ++i) {
             if (text[i].unicode() >= 0x80 && exchanged(text[i]) != text[i])
                 setFormat(int(i), 1, colour);

@@ -5,6 +5,7 @@
 #include <QCursor>
 #include <QGuiApplication>
 #include <QShortcutEvent>
+#include <QWindow>
 
 namespace widgets {
 
@@ -21,10 +22,13 @@ int Button::captionWidth(int characters) const {
     return fontMetrics().size(Qt::TextShowMnemonic, text()).width() + characters * fontMetrics().averageCharWidth();
 }
 
-// What the modal window itself has opened stands beside it and is live.
+// What the modal window itself has opened stands beside it and is live, and so is what was put in front of it.
 bool isBlocked(const QWidget *widget) {
     const QWidget *modal = QApplication::activeModalWidget();
     const QWidget *opener = widget->window();
+    const QWindow *place = opener->windowHandle();
+    if (modal && place && modal->windowHandle() && modal->windowHandle()->isAncestorOf(place))
+        return false;
     while (modal && opener && opener != modal)
         opener = opener->parentWidget();
     return modal && opener != modal;

@@ -21,7 +21,11 @@ void fileTools(TourDriver &driver);
 void deskGifts(TourDriver &driver); // what the workspace gives beside the editing
 void aDay(TourDriver &driver);      // by keys alone
 void tidy(TourDriver &driver);      // any record file made readable
+void handbook(TourDriver &driver);  // F1 in each window
 void leave(TourDriver &driver);     // the exit question, both answers
+
+// F1 in the window in front, and the handbook closed again; takes a picture between.
+void askHandbook(TourDriver &driver, const QString &page, const QString &picture);
 
 // A monkey at the keyboard: while each of the five loops of the program runs (longRuns.h), it presses keys and buttons,
 // closes and resizes windows and starts the program a second time, all by the dice. Questions are answered as they

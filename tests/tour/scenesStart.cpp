@@ -19,6 +19,7 @@ QString storedSetting() {
 void firstRun(TourDriver &driver) {
     if (!driver.waitForWindow(u"frmODBC"_s, u"first-run"_s))
         return;
+    askHandbook(driver, u"servers.md"_s, u"first-run"_s);
     driver.key(u"alt+c"_s);
     driver.answerBox(u"填写的信息不完整!请重新输入!"_s, u"Return"_s, u"first-run-refused"_s);
     driver.click(u"cboDSNList"_s);

@@ -42,6 +42,7 @@ constexpr Scene scenes[] = {
     {"catalogue", tour::catalogue}, {"store", tour::store},
     {"filetools", tour::fileTools}, {"tidy", tour::tidy},
     {"desk", tour::deskGifts},      {"day", tour::aDay},
+    {"handbook", tour::handbook},
 };
 
 bool isWanted(const Scene &scene, const QStringList &wanted) {

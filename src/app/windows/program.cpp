@@ -2,6 +2,7 @@
 #include "app/startUp.h"
 #include "app/windows/deskWindows.h"
 #include "app/windows/frmODBC.h"
+#include "app/windows/handbookKey.h"
 #include "app/windows/marcMain.h"
 #include "database/connection.h"
 #include "database/dataSources.h"
@@ -32,20 +33,22 @@ int runProgram(platform::Host &host, database::LinkPool &links, const QString &c
     const platform::SingleInstance instance(u"tarvex-marc"_s, claimFolder);
     database::SessionState state{links, {}};
     DeskWindows windows(host, state);
+    HandbookKey handbook(host);
     std::optional<marcMain> frame;
-    const bool goesOn =
-        startUp(host, {.codePage = platform::codePageReady(), .anotherInstanceRuns = !instance.isFirst()}, state,
-                {.showConnectionDialog =
-                     [&] {
-                         const auto open = [&links](const QString &text) { return probe(links, text); };
-                         frmODBC(host, {.dataSources = database::dataSourceNames, .open = open}).exec();
-                     },
-                 .showMain =
-                     [&] {
-                         frame.emplace(host, windows);
-                         windows.setFrame(&*frame);
-                         frame->show();
-                     }});
+    const bool goesOn = startUp(
+        host, {.codePage = platform::codePageReady(), .anotherInstanceRuns = !instance.isFirst()}, state,
+        {.showConnectionDialog =
+             [&] {
+                 const auto open = [&links](const QString &text) { return probe(links, text); };
+                 frmODBC(host, {.dataSources = database::dataSourceNames, .open = open}).exec();
+             },
+         .showMain =
+             [&] {
+                 frame.emplace(host, windows);
+                 windows.setFrame(&*frame);
+                 QObject::connect(frame->startPage->handbook, &widgets::Button::clicked, &handbook, &HandbookKey::open);
+                 frame->show();
+             }});
     return goesOn ? QApplication::exec() : 0;
 }
 

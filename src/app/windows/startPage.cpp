@@ -34,6 +34,7 @@ StartPage::StartPage(platform::Host &host, QWidget *parent)
             entry(u"startMaintain"_s, u"&2 查询和维护套录库"_s, this),
             entry(u"startExport"_s, u"&3 查询书库：打印一览表，导出为 marc 数据"_s, this)}
     , tidy(entry(u"startTidy"_s, u"&4 整理机读目录文件…"_s, this))
+    , handbook(entry(u"startHandbook"_s, u"&5 使用手册（F1）"_s, this))
     , recentTitle(heading(u"recentTitle"_s, u"最近用过的文件"_s, this))
     , databaseWords(widgets::named(new QLabel(this), u"databaseWords"_s))
     , m_host(host)
@@ -42,8 +43,8 @@ StartPage::StartPage(platform::Host &host, QWidget *parent)
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::Base);
     databaseWords->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    setLayout(column({heading(u"startTitle"_s, u"从这里开始"_s, this), steps[0], steps[1], steps[2], tidy, recentTitle,
-                      m_recentFiles, databaseWords}));
+    setLayout(column({heading(u"startTitle"_s, u"从这里开始"_s, this), steps[0], steps[1], steps[2], tidy, handbook,
+                      recentTitle, m_recentFiles, databaseWords}));
     const int margin = 2 * fontMetrics().height();
     layout()->setContentsMargins(margin, margin, margin, margin);
     refresh();

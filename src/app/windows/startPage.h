@@ -19,6 +19,7 @@ public:
 
     std::array<widgets::Button *, 3> steps;
     widgets::Button *tidy;
+    widgets::Button *handbook;
     QLabel *recentTitle;
     QList<widgets::Button *> recent;
     QLabel *databaseWords;

@@ -1,0 +1,65 @@
+#include "app/windows/handbookKey.h"
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+
+namespace app {
+
+namespace {
+
+// Between two windows the one behind may be active still.
+QWidget *windowInFront() {
+    QWidget *active = QApplication::activeWindow();
+    if (active && !widgets::isBlocked(active))
+        return active;
+    return QApplication::activeModalWidget();
+}
+
+// From the control with the keyboard outwards. The list windows stand in the frame, whose own controls may have it.
+QStringList namesFrom(QWidget *window) {
+    QWidget *inner = window->focusWidget() ? window->focusWidget() : window;
+    const auto *area = window->findChild<QMdiArea *>();
+    const QMdiSubWindow *list = area ? area->activeSubWindow() : nullptr;
+    if (list && !list->isAncestorOf(inner))
+        inner = list->widget();
+    QStringList names;
+    for (const QWidget *at = inner; at; at = at->parentWidget())
+        names.append(at->objectName());
+    return names;
+}
+
+} // namespace
+
+HandbookKey::HandbookKey(platform::Host &host)
+    : m_host(host) {
+    qApp->installEventFilter(this);
+}
+
+void HandbookKey::open() {
+    while (QWidget *popup = QApplication::activePopupWidget())
+        popup->close(); // it holds the keyboard
+    QWidget *front = windowInFront();
+    if (!front)
+        return;
+    if (!m_handbook)
+        m_handbook = std::make_unique<handbook::frmHandbook>(m_host);
+    for (const QWidget *at = front; at; at = at->parentWidget())
+        if (at == m_handbook.get())
+            return;
+    m_handbook->openBefore(front, handbook::pageOf(namesFrom(front)).value_or(handbook::firstPage.toString()));
+}
+
+bool HandbookKey::eventFilter(QObject *watched, QEvent *event) {
+    if ((event->type() != QEvent::KeyPress && event->type() != QEvent::ShortcutOverride) || !watched->isWidgetType())
+        return false;
+    const auto *key = static_cast<QKeyEvent *>(event);
+    if (key->key() != Qt::Key_F1 || key->modifiers() != Qt::NoModifier)
+        return false;
+    event->accept();
+    if (event->type() == QEvent::KeyPress && !key->isAutoRepeat())
+        open();
+    return true;
+}
+
+} // namespace app
