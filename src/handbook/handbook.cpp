@@ -13,7 +13,7 @@ namespace {
 
 struct WindowRow {
     QStringView name;
-    QStringView within; // a window around or behind it; empty: wherever it is
+    QStringView within; // the window next around or behind it; empty: wherever it is
     QStringView page;
 };
 
@@ -51,6 +51,11 @@ constexpr auto windowRows = std::to_array<WindowRow>({
     {u"marcMain", u"", u"start.md"},
 });
 
+bool isWindow(const QString &name) {
+    return std::ranges::any_of(windowRows,
+                               [&](const WindowRow &row) { return row.name == name && row.within.isEmpty(); });
+}
+
 QString textOf(const QString &path) {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
@@ -87,9 +92,9 @@ std::vector<Page> pagesIn(const QString &folder) {
 
 std::optional<QString> pageOf(const QStringList &names) {
     for (qsizetype at = 0; at < names.size(); ++at) {
-        const QStringList around = names.mid(at + 1);
+        const auto next = std::find_if(names.begin() + at + 1, names.end(), isWindow);
         const auto row = std::ranges::find_if(windowRows, [&](const WindowRow &row) {
-            return row.name == names[at] && (row.within.isEmpty() || around.contains(row.within));
+            return row.name == names[at] && (row.within.isEmpty() || (next != names.end() && row.within == *next));
         });
         if (row != windowRows.end())
             return row->page.toString();

@@ -20,7 +20,7 @@ QWidget *windowInFront() {
 QStringList namesFrom(QWidget *window) {
     QWidget *inner = window->focusWidget() ? window->focusWidget() : window;
     const auto *area = window->findChild<QMdiArea *>();
-    const QMdiSubWindow *list = area ? area->activeSubWindow() : nullptr;
+    const QMdiSubWindow *list = area ? area->currentSubWindow() : nullptr;
     if (list && !list->isAncestorOf(inner))
         inner = list->widget();
     QStringList names;

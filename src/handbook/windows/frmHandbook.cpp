@@ -35,6 +35,7 @@ frmHandbook::frmHandbook(platform::Host &host, const QString &folder)
     connectControls();
     bindKeys();
     showContents();
+    showPlace();
 }
 
 void frmHandbook::layOut() {
@@ -46,6 +47,10 @@ void frmHandbook::layOut() {
     findText->setPlaceholderText(u"在全书查找（Ctrl+F）"_s);
     findText->setClearButtonEnabled(true);
     contents->setWordWrap(true);
+    contents->setSpacing(fontMetrics().height() / 8);
+    QFont larger = view->font();
+    larger.setPointSizeF(larger.pointSizeF() * 1.1);
+    view->setFont(larger);
     contents->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     auto *left = new QWidget(this);
     left->setLayout(column({findText, findCount, {contents, 1}}));
@@ -56,8 +61,8 @@ void frmHandbook::layOut() {
     across->setChildrenCollapsible(false);
     setLayout(column({row({cmdBack, cmdForward, cmdContents, cmdPrint, widgets::stretch()}), {across, 1}}));
     const int letter = fontMetrics().horizontalAdvance(u'字');
-    resize(64 * letter, 40 * fontMetrics().height());
-    across->setSizes({17 * letter, 47 * letter});
+    resize(78 * letter, 44 * fontMetrics().height());
+    across->setSizes({18 * letter, 60 * letter});
     restoreGeometry(m_host.remembered().read(u"frmHandbook/geometry"_s).toByteArray());
     across->restoreState(m_host.remembered().read(u"frmHandbook/across"_s).toByteArray());
 }
@@ -138,9 +143,9 @@ void frmHandbook::closeEvent(QCloseEvent *event) {
     m_host.remembered().keep(u"frmHandbook/geometry"_s, saveGeometry());
     m_host.remembered().keep(u"frmHandbook/across"_s, across->saveState());
     Window::closeEvent(event);
-    QWidget *modal = QApplication::activeModalWidget();
-    QWidget *behind = modal ? modal : m_opener.data();
-    if (isActiveWindow() && behind && behind->isVisible())
+    const bool opener = m_opener && m_opener->isVisible() && !widgets::isBlocked(m_opener);
+    QWidget *behind = opener ? m_opener->window() : QApplication::activeModalWidget();
+    if (isActiveWindow() && behind)
         behind->activateWindow();
 }
 

@@ -14,13 +14,13 @@ PageView::PageView(const QString &folder, QWidget *parent)
     setObjectName(u"pageView"_s);
     setAccessibleName(u"正文"_s);
     setOpenLinks(false);
-    setTabChangesFocus(false);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // so that pictures keep their width
     connect(this, &QTextBrowser::anchorClicked, this, &PageView::follow);
     connect(this, &QTextBrowser::sourceChanged, this, &PageView::arrived);
 }
 
 QString PageView::file() const {
-    return source().fileName();
+    return m_page.fileName();
 }
 
 void PageView::open(const QString &file) {
@@ -32,26 +32,27 @@ void PageView::open(const QString &file) {
 }
 
 void PageView::follow(const QUrl &link) {
-    const QUrl target = source().resolved(link);
-    if (target.scheme() != source().scheme())
+    const QUrl target = m_page.resolved(link);
+    if (target.scheme() != m_page.scheme())
         Q_EMIT linkLeads(target);
     else
         setSource(target, QTextDocument::MarkdownResource);
 }
 
-// Behind the filling of the document and before a way back scrolls to where one was.
-void PageView::arrived() {
-    const QUrl page = source().adjusted(QUrl::RemoveFragment);
-    if (page == m_dressed)
+// Behind the filling of the document, before a way back scrolls to where one was. source() is the old one still.
+void PageView::arrived(const QUrl &place) {
+    const QUrl page = place.adjusted(QUrl::RemoveFragment);
+    if (page == m_page)
         return;
-    m_dressed = page;
+    m_page = page;
     m_pictures.clear();
     m_marks.clear();
     m_current = -1;
     setExtraSelections({});
     dress(*document(), palette());
-    if (source().hasFragment())
-        scrollToAnchor(source().fragment());
+    fitPictures();
+    if (place.hasFragment())
+        scrollToAnchor(place.fragment());
     Q_EMIT pageChanged();
 }
 
@@ -59,7 +60,7 @@ QImage PageView::picture(const QUrl &name) {
     QImage &kept = m_pictures[name.toString()];
     if (kept.isNull())
         kept.loadFromData(QTextBrowser::loadResource(QTextDocument::ImageResource, name).toByteArray());
-    return fitted(kept, viewport()->width() - 3 * int(document()->documentMargin()), devicePixelRatioF());
+    return fitted(kept, viewport()->width() - 2 * int(document()->documentMargin()), devicePixelRatioF());
 }
 
 QVariant PageView::loadResource(int type, const QUrl &name) {
@@ -69,8 +70,10 @@ QVariant PageView::loadResource(int type, const QUrl &name) {
 }
 
 void PageView::fitPictures() {
-    for (const QString &name : picturesIn(*document()))
-        document()->addResource(QTextDocument::ImageResource, QUrl(name), picture(QUrl(name)));
+    for (const QString &name : picturesIn(*document())) {
+        const QUrl address = document()->baseUrl().resolved(QUrl(name)); // what it is kept under
+        document()->addResource(QTextDocument::ImageResource, address, picture(address));
+    }
     document()->markContentsDirty(0, document()->characterCount());
 }
 
@@ -83,9 +86,9 @@ void PageView::resizeEvent(QResizeEvent *event) {
 void PageView::changeEvent(QEvent *event) {
     QTextBrowser::changeEvent(event);
     const bool another = event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange;
-    if (!another || m_dressed.isEmpty())
+    if (!another || m_page.isEmpty())
         return;
-    m_dressed.clear();
+    m_page.clear();
     reload(); // the look is made of both
 }
 

@@ -33,15 +33,15 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
-    void arrived();
+    void arrived(const QUrl &place);
     void follow(const QUrl &link);
     QImage picture(const QUrl &name);
     void fitPictures();
     void showMarks();
 
     QString m_folder;
-    QUrl m_dressed;                    // the page that has its look
-    QHash<QString, QImage> m_pictures; // of that page, as large as they are
+    QUrl m_page;                       // that is shown and has its look
+    QHash<QString, QImage> m_pictures; // of it, as large as they are
     QList<QTextCursor> m_marks;
     int m_current = -1;
 };

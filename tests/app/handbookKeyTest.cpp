@@ -1,0 +1,90 @@
+// F1 where windows stand in front of each other.
+#include "app/windows/handbookKey.h"
+#include "support/scriptedHost.h"
+#include <QMdiArea>
+#include <QMdiSubWindow>
+
+using namespace app;
+using handbook::frmHandbook;
+
+namespace {
+
+struct HandbookKeyTest : testing::Test {
+    ScriptedHost host;
+    HandbookKey key{host};
+    widgets::Window room{u"frmDaoru"_s, u"room"_s};
+    QLineEdit *field = new QLineEdit(&room);
+
+    void SetUp() override { room.open(); } // in front of all, as the program's dialogs are
+    static frmHandbook *viewer() {
+        for (QWidget *window : QApplication::topLevelWidgets())
+            if (auto *found = qobject_cast<frmHandbook *>(window); found && found->isVisible())
+                return found;
+        return nullptr;
+    }
+    static QString page() { return viewer() ? viewer()->view->file() : u"none"_s; }
+    static void press(QWidget *window) {
+        window->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window));
+        QTest::keyClick(window->focusWidget() ? window->focusWidget() : window, Qt::Key_F1);
+    }
+    // Whether the toolkit lets a click of the machine through to it.
+    static bool takesClicks() {
+        QCoreApplication::processEvents();
+        viewer()->findText->setText(u"x"_s);
+        QWidget *clear = viewer()->cmdContents;
+        viewer()->view->open(u"keys.md"_s);
+        QTest::mouseClick(viewer()->windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                          clear->mapTo(viewer(), clear->rect().center()));
+        return viewer()->view->file() == handbook::firstPage;
+    }
+};
+
+} // namespace
+
+TEST_F(HandbookKeyTest, ThePageOfTheWindowInFrontComesWithTheFieldLeftAsItIs) {
+    field->setText(u"half"_s);
+    field->setFocus();
+    press(&room);
+    ASSERT_EQ(page(), u"workspace.md"_s);
+    EXPECT_EQ(field->text(), u"half"_s);
+    press(viewer()); // in itself
+    EXPECT_EQ(page(), u"workspace.md"_s);
+    EXPECT_TRUE(takesClicks()) << "though the other window waits to be answered";
+}
+
+TEST_F(HandbookKeyTest, ItStaysUsableWhateverComesAndGoes) {
+    press(&room);
+    frmHandbook *first = viewer();
+    {
+        widgets::Window run(u"frmDaoRuJindu"_s, u"run"_s, &room);
+        run.open();
+        EXPECT_TRUE(takesClicks()) << "with a window opened over it";
+        press(&run);
+        EXPECT_EQ(page(), u"import.md"_s);
+        EXPECT_EQ(viewer(), first) << "one handbook";
+    }
+    EXPECT_TRUE(viewer() && takesClicks()) << "when that window has gone";
+    QTest::keyClick(viewer(), Qt::Key_Escape);
+    EXPECT_FALSE(viewer());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return room.isActiveWindow(); })) << "the keyboard is where it was";
+}
+
+// The keyboard may be in the frame's own controls; the window in front is the list still.
+TEST_F(HandbookKeyTest, AListInTheFrameIsTheWindowInFront) {
+    room.close();
+    QMainWindow frame;
+    frame.setObjectName(u"marcMain"_s);
+    auto *area = new QMdiArea(&frame);
+    frame.setCentralWidget(area);
+    frame.show();
+    press(&frame);
+    EXPECT_EQ(page(), u"start.md"_s);
+    viewer()->close();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&frame));
+    auto *list = new QWidget;
+    list->setObjectName(u"TLKListFrm"_s);
+    area->addSubWindow(list)->show();
+    press(&frame);
+    EXPECT_EQ(page(), u"store.md"_s);
+}
