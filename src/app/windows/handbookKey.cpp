@@ -21,7 +21,7 @@ QStringList namesFrom(QWidget *window) {
     QWidget *inner = window->focusWidget() ? window->focusWidget() : window;
     const auto *area = window->findChild<QMdiArea *>();
     const QMdiSubWindow *list = area ? area->currentSubWindow() : nullptr;
-    if (list && !list->isAncestorOf(inner))
+    if (list && (inner == list || !list->isAncestorOf(inner)))
         inner = list->widget();
     QStringList names;
     for (const QWidget *at = inner; at; at = at->parentWidget())
