@@ -106,6 +106,8 @@ void frmHandbook::bindKeys() {
 
 void frmHandbook::openBefore(QWidget *window, const QString &page) {
     m_opener = window;
+    if (!isVisible())
+        findText->clear();
     view->open(page);
     standBefore(window);
     show();

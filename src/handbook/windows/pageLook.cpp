@@ -12,7 +12,9 @@ namespace handbook {
 
 namespace {
 
-constexpr double lineHeight = 150; // per cent; of a Chinese text
+// Per cent, of a Chinese text.
+constexpr double lineHeight = 150;
+constexpr double closeLineHeight = 125; // in tables and headings
 
 bool holdsPicture(const QTextBlock &block) {
     return block.text().contains(QChar::ObjectReplacementCharacter);
@@ -46,8 +48,9 @@ public:
 private:
     void dressBlock(const QTextBlock &block) {
         QTextBlockFormat format = block.blockFormat();
+        const bool close = isInTable(block) || format.headingLevel() > 0;
         if (!holdsPicture(block)) // a line holds the whole picture
-            format.setLineHeight(lineHeight, QTextBlockFormat::ProportionalHeight);
+            format.setLineHeight(close ? closeLineHeight : lineHeight, QTextBlockFormat::ProportionalHeight);
         if (const int level = format.headingLevel(); level > 0) {
             format.setTopMargin(level == 1 ? 0 : m_line);
             format.setBottomMargin(m_line / 2);
@@ -56,9 +59,9 @@ private:
             format.setBackground(m_palette.alternateBase());
             format.setTopMargin(0);
             format.setBottomMargin(0);
-        } else if (!isInTable(block)) {
+        } else {
             format.setTopMargin(0);
-            format.setBottomMargin(block.textList() ? m_line / 4 : m_line / 2);
+            format.setBottomMargin(isInTable(block) ? 0 : block.textList() ? m_line / 4 : m_line / 2);
         }
         QTextCursor(block).setBlockFormat(format);
     }

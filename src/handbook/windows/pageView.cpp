@@ -1,7 +1,7 @@
 #include "handbook/windows/pageView.h"
 #include "handbook/windows/pageLook.h"
 #include <QScrollBar>
-#include <QTextBlock>
+#include <QtMath>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -60,7 +60,8 @@ QImage PageView::picture(const QUrl &name) {
     QImage &kept = m_pictures[name.toString()];
     if (kept.isNull())
         kept.loadFromData(QTextBrowser::loadResource(QTextDocument::ImageResource, name).toByteArray());
-    return fitted(kept, viewport()->width() - 2 * int(document()->documentMargin()), devicePixelRatioF());
+    const int margins = 2 * qCeil(document()->documentMargin());
+    return fitted(kept, viewport()->width() - margins, devicePixelRatioF());
 }
 
 QVariant PageView::loadResource(int type, const QUrl &name) {
