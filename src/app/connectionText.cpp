@@ -1,4 +1,5 @@
 #include "app/connectionText.h"
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -25,6 +26,15 @@ std::optional<QString> checkConnectionFields(const ConnectionFields &fields) {
     if (fields.user.isEmpty() || fields.driver.isEmpty() || fields.database.isEmpty() || fields.server.isEmpty())
         return u"填写的信息不完整!请重新输入!"_s;
     return std::nullopt;
+}
+
+QString dataSourceHint(const QStringList &names) {
+    constexpr qsizetype named = 3;
+    if (names.isEmpty())
+        return u"没有现成的数据源，请见使用手册（F1）"_s;
+    const QString more = names.size() > named ? u" 等 %1 个"_s.arg(names.size()) : QString();
+    return u"本机已有数据源：" + names.first(std::min(named, names.size())).join(u'、') + more +
+           u"。选一个，填用户名，先测试，再保存（F1 使用手册）";
 }
 
 TestMessage messageForFault(const QString &description) {

@@ -2,7 +2,7 @@
 // failed test. Values go into the text as typed, with no escaping.
 #pragma once
 
-#include <QString>
+#include <QStringList>
 #include <optional>
 
 namespace app {
@@ -24,6 +24,9 @@ QString composeConnectionString(const ConnectionFields &fields);
 
 // The complaint about what is missing; nothing when the fields are enough to go on.
 std::optional<QString> checkConnectionFields(const ConnectionFields &fields);
+
+// What the dialog says of the data sources that the machine has, for a first run.
+QString dataSourceHint(const QStringList &names);
 
 struct TestMessage {
     QString title;

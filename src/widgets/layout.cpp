@@ -41,6 +41,11 @@ QBoxLayout *labelled(QLabel *label, QWidget *control) {
     return row({naming(label, control), {control, 1}});
 }
 
+void hint(std::initializer_list<Hint> hints) {
+    for (const Hint &each : hints)
+        each.control->setToolTip(each.words.toString());
+}
+
 void keepPlace(QWidget *control) {
     QSizePolicy policy = control->sizePolicy();
     policy.setRetainSizeWhenHidden(true);

@@ -40,6 +40,12 @@ QGroupBox *framed(QGroupBox *frame, QLayout *content);
 QLabel *naming(QLabel *label, QWidget *control);
 // Label and control side by side, the control named after the label.
 QBoxLayout *labelled(QLabel *label, QWidget *control);
+// What a control does beyond what its caption says, and its key: shown under the mouse and told to a screen reader.
+struct Hint {
+    QWidget *control;
+    QStringView words;
+};
+void hint(std::initializer_list<Hint> hints);
 // A control that keeps its place when it is hidden, so that nothing jumps.
 void keepPlace(QWidget *control);
 

@@ -82,6 +82,12 @@ TEST(ConnectionText, AFaultIsToldByTheWordsOfItsDescription) {
     }
 }
 
+TEST(ConnectionText, TheFirstRunIsToldWhatDataSourcesThereAre) {
+    EXPECT_EQ(dataSourceHint({}), u"没有现成的数据源，请见使用手册（F1）"_s);
+    EXPECT_TRUE(dataSourceHint({u"a"_s}).startsWith(u"本机已有数据源：a。选一个"));
+    EXPECT_TRUE(dataSourceHint(u"a b c d"_s.split(u' ')).startsWith(u"本机已有数据源：a、b、c 等 4 个。"));
+}
+
 namespace {
 
 struct ConnectionDialogTest : testing::Test {
@@ -108,6 +114,7 @@ struct ConnectionDialogTest : testing::Test {
 
 TEST_F(ConnectionDialogTest, RefusesWhatIsIncompleteTellsAFailedTestAndCancels) {
     EXPECT_EQ(dialog.cboDSNList->count(), 3) << "a name of blanks is left out";
+    EXPECT_TRUE(dialog.dataSourceWords->text().startsWith(u"本机已有数据源：lib、other。"));
     dialog.show();
     dialog.cmdOK->click();
     choose(2);

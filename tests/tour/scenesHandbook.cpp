@@ -19,6 +19,7 @@ handbook::frmHandbook *shown() {
 void openHandbook(TourDriver &driver, const QString &key, const QString &page) {
     driver.key(key);
     driver.waitForWindow(viewer);
+    driver.waitForFocus(u"pageView"_s);
     driver.waitUntil(u"the page "_s + page, [page] { return shown() && shown()->view->file() == page; });
 }
 

@@ -19,6 +19,7 @@ QString storedSetting() {
 void firstRun(TourDriver &driver) {
     if (!driver.waitForWindow(u"frmODBC"_s, u"first-run"_s))
         return;
+    driver.expect(driver.textOf(u"dataSourceWords"_s).startsWith(u"本机已有数据源：TarvexLibrary。"), u"the hint"_s);
     askHandbook(driver, u"servers.md"_s, u"first-run"_s);
     driver.key(u"alt+c"_s);
     driver.answerBox(u"填写的信息不完整!请重新输入!"_s, u"Return"_s, u"first-run-refused"_s);

@@ -30,6 +30,7 @@ frmODBC::frmODBC(platform::Host &host, ConnectionProbe probe, QWidget *parent)
     , txtPWD(named(new QLineEdit, u"txtPWD"_s))
     , txtDatabase(named(new QLineEdit, u"txtDatabase"_s))
     , fraStep3(named(new QGroupBox(valuesCaption.toString()), u"fraStep3"_s))
+    , dataSourceWords(named(new QLabel, u"dataSourceWords"_s))
     , cmdCeshi(new Button(u"cmdCeshi"_s, u"测试(&C)"_s))
     , cmdOK(new Button(u"cmdOK"_s, u"保存(&D)"_s))
     , cmdCancel(new Button(u"cmdCancel"_s, u"取消(&Q)"_s))
@@ -60,9 +61,17 @@ void frmODBC::layOut() {
     line(u"密码(&P):"_s, txtPWD);
     line(u"数据库(&B):"_s, txtDatabase);
     values->setColumnStretch(1, 1);
+    dataSourceWords->setTextFormat(Qt::PlainText);
+    dataSourceWords->setWordWrap(true);
+    widgets::hint({{cboDSNList, u"选了数据源，就不必填驱动、服务器和数据库"},
+                   {txtUID, u"必须填；数据源不要用户名时，随便填一个"},
+                   {txtPWD, u"原样存在设置文件里；不要用分号"},
+                   {cmdCeshi, u"试着连接，不保存"},
+                   {cmdOK, u"保存，不测试；下次启动时生效"}});
     txtServer->setMinimumWidth(fontMetrics().averageCharWidth() * 44);
     setLayout(widgets::column({
         {widgets::framed(fraStep3, values)},
+        dataSourceWords,
         widgets::stretch(),
         widgets::row({widgets::stretch(), cmdCeshi, cmdOK, cmdCancel}),
     }));
@@ -70,11 +79,10 @@ void frmODBC::layOut() {
 
 void frmODBC::GetDSNsAndDrivers() {
     cboDSNList->addItem(noDataSource.toString());
-    const QStringList names = m_probe.dataSources();
-    for (const QString &name : names) {
-        if (!platform::trimBlanks(name).isEmpty())
-            cboDSNList->addItem(name);
-    }
+    QStringList names = m_probe.dataSources();
+    names.removeIf([](const QString &name) { return platform::trimBlanks(name).isEmpty(); });
+    cboDSNList->addItems(names);
+    dataSourceWords->setText(dataSourceHint(names));
     cboDrivers->addItems({u"SQL Server"_s, u"Microsoft Access Driver (*.mdb)"_s});
     cboDSNList->setCurrentIndex(0);
     cboDrivers->setCurrentIndex(0);

@@ -7,6 +7,7 @@
 #include "widgets/window.h"
 #include <QComboBox>
 #include <QGroupBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <functional>
 
@@ -34,6 +35,7 @@ public:
     QLineEdit *txtPWD;
     QLineEdit *txtDatabase;
     QGroupBox *fraStep3;
+    QLabel *dataSourceWords;
     widgets::Button *cmdCeshi;
     widgets::Button *cmdOK;
     widgets::Button *cmdCancel;

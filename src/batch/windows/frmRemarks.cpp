@@ -41,6 +41,11 @@ frmRemarks::frmRemarks(platform::Host &host, QWidget *parent)
     , m_host(host) {
     Grid1->setAccessibleName(u"校对结果"_s);
     lay();
+    widgets::hint({{Grid1, u"回车或双击：到这条记录、这个字段"},
+                   {cmdStop, u"不再往下校对，已经发现的留下"},
+                   {cmdCopy, u"复制列出的全部结果"},
+                   {cmdSave, u"把列出的结果存为文本表格"},
+                   {cmdIso, u"把这些记录存成机读目录文件，改正后再导入"}});
     cmdStop->hide();
     cmdIso->hide();
     showKinds();

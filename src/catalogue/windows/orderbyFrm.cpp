@@ -40,6 +40,7 @@ OrderbyFrm::OrderbyFrm(platform::Host &host, CatalogueOrder &order, std::functio
 }
 
 void OrderbyFrm::layOut() {
+    widgets::hint({{List1, u"回车或双击：加入排序"}, {List2, u"先按第一项排；回车或双击：移除"}});
     for (QListWidget *list : {List1, List2})
         list->installEventFilter(this);
     setLayout(column(

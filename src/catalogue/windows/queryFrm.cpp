@@ -52,6 +52,12 @@ void QueryDialog::prepareBoxes() {
         box->installEventFilter(this);
         box->setFixedHeight(box->fontMetrics().lineSpacing() * 3);
     }
+    widgets::hint({{Command3, u"加入当前条件，各项要同时满足；用 Tab 离开“查找条件”也会加入"},
+                   {Command1[0], u"当前条件成为一组；几组之间满足一组就行"},
+                   {Command2, u"清除全部条件和排序"},
+                   {Command1[1], u"没有条件就列出全部"},
+                   {Label3[0], u"按所选项目从小到大；可以加几项"},
+                   {Label3[1], u"按所选项目从大到小；可以加几项"}});
     widgets::enterActsAsTab(cSql);
     widgets::enterActsAsTab(cFuhao);
 }

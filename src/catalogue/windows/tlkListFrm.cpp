@@ -30,6 +30,11 @@ TLKListFrm::TLKListFrm(const database::SessionState &state, platform::Host &host
     , m_host(host)
     , m_windows(std::move(windows)) {
     layOut();
+    widgets::hint({{Grid1, u"回车或双击看卡片；Shift+↑ ↓ 选几行"},
+                   {cmdThisImport, u"列出最近一次导入的记录，全部选中"},
+                   {cmdSave, u"选了几行就存这几行，只有一行则存列出的全部"},
+                   {CmdDcgl[0], u"删除选中的行，不能恢复"},
+                   {CmdDcgl[1], u"删除合条件的全部记录，不只是列出的；没有条件就是整个套录库。不能恢复"}});
     connect(cmdThisImport, &Button::clicked, this, &TLKListFrm::showThisImport);
     connect(cmdSave, &Button::clicked, this, &TLKListFrm::saveRecords);
     connect(Grid1, &widgets::FlexGrid::gridActivated, this, &TLKListFrm::showCard);

@@ -32,6 +32,9 @@ ZSKListFrm::ZSKListFrm(const database::SessionState &state, platform::Host &host
     , m_windows(std::move(windows)) {
     for (size_t index = 0; index < CmdDcgl.size(); ++index)
         CmdDcgl[index] = new Button(u"CmdDcgl"_s + QString::number(index), captions[index].toString(), this);
+    widgets::hint({{CmdDcgl[Detail], u"当前一行的馆藏册（回车或双击）"},
+                   {CmdDcgl[Export], u"把列出的全部书目存成机读目录文件"},
+                   {CmdDcgl[Stop], u"停止导出，已经导出的留在文件里"}});
     layOut();
     connectControls();
     gridInit();

@@ -24,6 +24,8 @@ frmCutFile::frmCutFile(platform::Host &host, ShowReport showReport, QWidget *par
                   new QLabel(u"拆分后的机读数据保存到文件:（程序将自动添加文件序号）"_s),
                   new QLabel(u"每个拆分文件机读数据条数:"_s)} {
     layOut();
+    widgets::hint({{Text1[1], u"如 part.iso，拆成 part700.iso、part701.iso……；最好放在新建的空文件夹里"},
+                   {cmdclick[0], u"已有的同名系列文件会先删除，删除前询问"}});
     Text2->setText(u"1000"_s);
     using platform::FileDialogKind;
     for (const auto &[index, kind] : {std::pair{0, FileDialogKind::Open}, {1, FileDialogKind::Save}}) {

@@ -44,6 +44,7 @@ frmTidy::frmTidy(platform::Host &host, const QString &source, QWidget *parent)
     , cmdClick{new Button(u"cmdClick0"_s, u"&D 整理"_s), new Button(u"cmdClick1"_s, u"&S 停止"_s),
                new Button(u"cmdClick2"_s, u"&Q 退出"_s)} {
     layOut();
+    widgets::hint({{cmdClick[0], u"另存为新文件，原来的文件不动"}, {cmdClick[1], u"停下来，不留下半个文件"}});
     cmdClick[1]->setEnabled(false);
     for (SelectingEdit *box : Text1)
         widgets::enterActsAsTab(box);

@@ -26,6 +26,9 @@ frmUnionFile::frmUnionFile(platform::Host &host, ShowReport showReport, QWidget 
     , cmdSave(new Button(u"cmdSave"_s, u"&O 浏览"_s))
     , cmdClick{new Button(u"cmdClick0"_s, u"&D 合并"_s), new Button(u"cmdClick1"_s, u"&Q 退出"_s)} {
     layOut();
+    widgets::hint({{cmdSelect[1], u"从列表里去掉选中的文件（Delete），不删除文件"},
+                   {Text1, u"用一个新的文件名：目标文件先被清空"},
+                   {cmdClick[0], u"按列表的次序连成一个文件"}});
     labJinDu->setText(u"处理完毕"_s); // never seen: both are hidden until a run
     labShuDo->setText(u"成功处理：0"_s);
     widgets::enterActsAsTab(Text1);

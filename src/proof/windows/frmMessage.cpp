@@ -16,6 +16,7 @@ frmMessage::frmMessage(platform::Host &host, QWidget *parent)
     messageText->setAccessibleName(u"报告内容"_s);
     messageText->setRoom(40, 20);
     setLayout(widgets::column({{messageText, 1}, widgets::row({widgets::stretch(), cmdClick[0], cmdClick[1]})}));
+    widgets::hint({{cmdClick[0], u"存为 errorlog.txt，替换上一次的"}});
 
     connect(cmdClick[0], &Button::clicked, this, &frmMessage::save);
     connect(cmdClick[1], &Button::clicked, this, &frmMessage::unload);

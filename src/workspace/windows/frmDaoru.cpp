@@ -74,7 +74,12 @@ void frmDaoru::lay() {
     Picture1->setLayout(column({{Grid1, 1}}));
     for (QFrame *frame : {picTiMing, Picture1})
         frame->layout()->setContentsMargins(0, 0, 0, 0);
-    cmdJiaoDuiAll->setToolTip(u"校对读出的全部记录，并查重"_s);
+    widgets::hint({{cmdJiaoDuiAll, u"校对读出的全部记录，并查重"},
+                   {cmdTiMing[0], u"Ctrl+PgUp"},
+                   {cmdTiMing[1], u"Ctrl+PgDn；F3 查找，Ctrl+G 按记录号定位"},
+                   {Text3, u"导入的只是已经读出的记录"},
+                   {Text4, u"文件的行数；读完以后是记录数"},
+                   {cmdJieShu, u"不再往下读，已经读出的留下"}});
     setLayout(column({
         draftBar,
         {room, 1},

@@ -34,6 +34,9 @@ frmSelectMFile::frmSelectMFile(platform::Host &host, Ways ways, QWidget *parent)
     widgets::framed(Frame1, row({{Text1, 1}, cmdLL}));
     setLayout(column({Frame1, {labFacts, 1}, row({cmdTidy, widgets::stretch(), cmdClick[0], cmdClick[1]})}));
     cmdTidy->hide();
+    widgets::hint({{Text1, u"↓ 最近用过的文件；也可以把文件拖到窗口上"},
+                   {cmdTidy, u"这个文件不能整个读出：整理成一行一条的 GBK 文件"},
+                   {cmdClick[0], u"打开文件，先读 200 条；不改动文件"}});
     connect(Text1, &QLineEdit::textChanged, this, [this](const QString &file) {
         cmdTidy->hide();
         labFacts->lookAt(platform::trimBlanks(file));
