@@ -106,14 +106,15 @@ void frmHandbook::bindKeys() {
 
 void frmHandbook::openBefore(QWidget *window, const QString &page) {
     m_opener = window;
-    if (!isVisible())
+    if (!isVisible() && !findText->text().isEmpty())
         findText->clear();
     view->open(page);
     standBefore(window);
+    view->setFocus();
     show();
+    contents->scrollToItem(contents->currentItem());
     raise();
     activateWindow();
-    view->setFocus();
 }
 
 // The toolkit blocks every window but the one to be answered and what stands in front of that. To change the place in a
