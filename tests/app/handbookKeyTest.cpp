@@ -15,7 +15,11 @@ struct HandbookKeyTest : testing::Test {
     widgets::Window room{u"frmDaoru"_s, u"room"_s};
     QLineEdit *field = new QLineEdit(&room);
 
-    void SetUp() override { room.open(); } // in front of all, as the program's dialogs are
+    void SetUp() override { putInFront(room); }
+    static void putInFront(QDialog &window) { // of all, as the program's dialogs are
+        window.setModal(true);
+        window.show();
+    }
     static frmHandbook *viewer() {
         for (QWidget *window : QApplication::topLevelWidgets())
             if (auto *found = qobject_cast<frmHandbook *>(window); found && found->isVisible())
@@ -58,7 +62,7 @@ TEST_F(HandbookKeyTest, ItStaysUsableWhateverComesAndGoes) {
     frmHandbook *first = viewer();
     {
         widgets::Window run(u"frmDaoRuJindu"_s, u"run"_s, &room);
-        run.open();
+        putInFront(run);
         EXPECT_TRUE(takesClicks()) << "with a window opened over it";
         press(&run);
         EXPECT_EQ(page(), u"import.md"_s);

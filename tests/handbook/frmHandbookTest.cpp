@@ -91,7 +91,7 @@ TEST_F(HandbookTest, AnAddressOutsideIsOpenedAfterAQuestionOnly) {
         host.willAnswer(answer);
         Q_EMIT view()->anchorClicked(QUrl(u"https://example.org/"_s));
     }
-    EXPECT_EQ(host.texts()[0], u"要离开程序，打开这个地址吗？\r\nhttps://example.org/"_s);
+    EXPECT_EQ(host.texts().value(0), u"要离开程序，打开这个地址吗？\r\nhttps://example.org/"_s);
     EXPECT_EQ(host.opened, QStringList{u"https://example.org/"_s});
     EXPECT_EQ(view()->file(), u"index.md"_s);
 }

@@ -121,24 +121,26 @@ void frmHandbook::openBefore(QWidget *window, const QString &page) {
 // window that is shown neither hides it nor moves the keyboard.
 void frmHandbook::standBefore(QWidget *window) {
     winId(); // makes its place
-    window->winId();
-    windowHandle()->setTransientParent(window->window()->windowHandle());
+    QWindow *place = window ? window->window()->windowHandle() : nullptr;
+    windowHandle()->setTransientParent(place);
+    if (place)
+        connect(place, &QObject::destroyed, this, &frmHandbook::standInFront,
+                Qt::ConnectionType(Qt::QueuedConnection | Qt::UniqueConnection));
     const QWidgetList others = QApplication::topLevelWidgets();
     for (QWidget *other : others) // what it has opened itself comes along
         if (other->parentWidget() == this && other->windowHandle())
             other->windowHandle()->setTransientParent(windowHandle());
 }
 
+void frmHandbook::standInFront() {
+    QWidget *modal = QApplication::activeModalWidget();
+    if (!modal || modal->parentWidget() != this)
+        standBefore(modal);
+}
+
 bool frmHandbook::event(QEvent *event) {
     if (event->type() == QEvent::WindowBlocked && isVisible())
-        QMetaObject::invokeMethod(
-            this,
-            [this] {
-                QWidget *modal = QApplication::activeModalWidget();
-                if (modal && modal->parentWidget() != this)
-                    standBefore(modal);
-            },
-            Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, &frmHandbook::standInFront, Qt::QueuedConnection);
     return Window::event(event);
 }
 

@@ -48,7 +48,8 @@ private:
     void bindKeys();
     void showContents();
     void showPlace();
-    void standBefore(QWidget *window);
+    void standBefore(QWidget *window); // null: on its own
+    void standInFront();               // of what waits to be answered
     void step(int direction);
     void leave(const QUrl &link);
     const QString &textOf(const QString &file);
