@@ -3,7 +3,6 @@
 #include "widgets/layout.h"
 #include <QApplication>
 #include <QFile>
-#include <QScrollBar>
 #include <QShortcut>
 #include <QTextDocument>
 #include <QWindow>

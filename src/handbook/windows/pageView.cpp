@@ -1,6 +1,5 @@
 #include "handbook/windows/pageView.h"
 #include "handbook/windows/pageLook.h"
-#include <QScrollBar>
 #include <QtMath>
 #include <algorithm>
 
