@@ -1,5 +1,7 @@
 #include "app/startUp.h"
 #include "database/storedConnection.h"
+#include "marc/configurationFiles.h"
+#include "platform/programFolder.h"
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -9,6 +11,19 @@ namespace app {
 QStringList tableNames() {
     return {u"taoluTable"_s, u"zsk"_s, u"sck"_s, u"jhsk"_s};
 }
+
+namespace {
+
+// What is told here is told before any window: of the newer files once, of the refused ones at each start.
+void layConfiguration(platform::Host &host, const QString &from) {
+    const platform::LaidFiles laid = platform::layFiles(from, host.programFolder(), marc::configurationFiles);
+    if (!laid.refused.isEmpty())
+        host.tell(u"有文件没有放进程序的文件夹：\r\n"_s + laid.refused.join(u"\r\n"_s));
+    if (!laid.newer.isEmpty())
+        host.tell(u"程序带来了新的配置文件。您的文件没有改动，新的放在旁边：\r\n"_s + laid.newer.join(u"\r\n"_s));
+}
+
+} // namespace
 
 bool startUp(platform::Host &host, const StartUpFindings &found, database::SessionState &state,
              const StartUpWindows &windows) {
@@ -28,6 +43,7 @@ bool startUp(platform::Host &host, const StartUpFindings &found, database::Sessi
         return false;
     }
     state.connectionString = *stored;
+    layConfiguration(host, found.executableFolder);
     windows.showMain();
     return true;
 }

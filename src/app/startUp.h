@@ -19,6 +19,7 @@ struct StartUpWindows {
 struct StartUpFindings {
     platform::Status codePage; // nothing can be done without the characters
     bool anotherInstanceRuns = false;
+    QString executableFolder; // where the configuration files came to
 };
 
 // Fills the session state; whether the program goes on into its event loop. Otherwise it ends.

@@ -1,10 +1,11 @@
-// The four text files beside the executable that carry what the program knows of the format in words. They are read
-// afresh at each use. Each reader has its own rules, which differ on purpose.
+// The four text files in the program's own folder that carry what the program knows of the format in words. They are
+// read afresh at each use. Each reader has its own rules, which differ on purpose.
 #pragma once
 
 #include "marc/fieldRows.h"
 #include <QString>
 #include <QStringList>
+#include <array>
 
 namespace marc {
 
@@ -12,6 +13,7 @@ inline constexpr QStringView fieldListFile = u"cnmarc_default.Qvs";
 inline constexpr QStringView subfieldListFile = u"cnmarc_zzdtshi.Qvs";
 inline constexpr QStringView descriptionFile = u"marcBJshuoming.Qvs";
 inline constexpr QStringView templateFile = u"mobanJiaoDui.QVs";
+inline constexpr std::array configurationFiles{fieldListFile, subfieldListFile, descriptionFile, templateFile};
 
 // The lines of a pick list, and the text of the box that comes up in its stead.
 struct PickList {

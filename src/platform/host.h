@@ -54,7 +54,7 @@ public:
     // What may be remembered between starts.
     virtual const DeskState &remembered() const = 0;
     virtual QDateTime now() const = 0;
-    // The folder of the executable, with no separator at its end but for a root.
+    // The program's own folder (see programFolder.h), with no separator at its end but for a root.
     virtual QString programFolder() const = 0;
     // Lets waiting events in, within a fraction of a millisecond; costs next to nothing otherwise. For each record of a
     // long run.

@@ -2,6 +2,7 @@
 #include "app/windows/frmODBC.h"
 #include "database/linkPool.h"
 #include "database/storedConnection.h"
+#include "marc/configurationFiles.h"
 #include "platform/codepage936.h"
 #include "support/scriptedHost.h"
 
@@ -13,11 +14,12 @@ struct StartUpTest : testing::Test {
     ScriptedHost host;
     database::LinkPool links;
     database::SessionState state{links, {}};
+    QString from = host.folder;
     QStringList shown;
     std::function<void()> inDialog = [] {};
 
     bool start(bool another = false, const platform::Status &codePage = platform::codePageReady()) {
-        return startUp(host, {.codePage = codePage, .anotherInstanceRuns = another}, state,
+        return startUp(host, {.codePage = codePage, .anotherInstanceRuns = another, .executableFolder = from}, state,
                        {.showConnectionDialog =
                             [this] {
                                 shown.append(u"frmODBC"_s);
@@ -59,6 +61,26 @@ TEST_F(StartUpTest, OnlyTheExactMarkerCountsAsAFirstRun) {
     store(u"NotExsists"_s);
     EXPECT_FALSE(start());
     EXPECT_EQ(shown, (QStringList{u"marcMain"_s, u"frmODBC"_s}));
+}
+
+TEST_F(StartUpTest, TheConfigurationIsLaidForTheMainWindowAndANewerOneToldOnce) {
+    const TestFolder brought;
+    for (const QStringView name : marc::configurationFiles)
+        brought.file(name.toString(), "1");
+    from = brought.path();
+    host.folder += u"/own"_s;
+    EXPECT_FALSE(start() || start(true));
+    EXPECT_FALSE(QFile::exists(host.folder)) << "a start that ends lays nothing";
+    store(u"DSN=x;"_s);
+    host.boxes.clear();
+    EXPECT_TRUE(start() && QFile::remove(brought.path(u"marcBJshuoming.Qvs"_s)));
+    EXPECT_TRUE(host.boxes.isEmpty());
+    brought.file(u"mobanJiaoDui.QVs"_s, "2");
+    EXPECT_TRUE(start() && start());
+    ASSERT_EQ(host.boxes.size(), 3) << "what is refused at each start, what is newer once";
+    EXPECT_TRUE(host.boxes[1].text.endsWith(u"旁边：\r\n"_s + host.folder + u"/mobanJiaoDui.QVs.new"_s));
+    EXPECT_TRUE(host.boxes[2].text.contains(u"marcBJshuoming.Qvs："_s));
+    EXPECT_EQ(shown.count(u"marcMain"_s), 3);
 }
 
 TEST(ConnectionText, IsComposedAsTypedWithoutEscaping) {

@@ -1,4 +1,6 @@
 #include "card/windows/frmMarcKaPian.h"
+#include "platform/paths.h"
+#include "platform/programFolder.h"
 #include "tour/errands.h"
 #include "tour/scenes.h"
 #include <QApplication>
@@ -102,7 +104,7 @@ void proof(TourDriver &driver) {
     driver.key(u"alt+j"_s);
     driver.waitForWindow(u"frmMessage"_s, u"proof-report"_s);
     driver.waitForText(u"messageText"_s, u"【010$a】Error:ISBN号校验位错误"_s);
-    const QString file = QCoreApplication::applicationDirPath() + u"/errorlog.txt";
+    const QString file = platform::pathWithSlash(platform::programFolder()) + u"errorlog.txt";
     driver.key(u"alt+s"_s);
     driver.answerBox(u"报告列表保存在文件" + file + u"中", u"Return"_s, u"report-saved"_s);
     driver.expect(QFile::remove(file), file);

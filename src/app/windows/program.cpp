@@ -35,20 +35,21 @@ int runProgram(platform::Host &host, database::LinkPool &links, const QString &c
     DeskWindows windows(host, state);
     HandbookKey handbook(host);
     std::optional<marcMain> frame;
-    const bool goesOn = startUp(
-        host, {.codePage = platform::codePageReady(), .anotherInstanceRuns = !instance.isFirst()}, state,
-        {.showConnectionDialog =
-             [&] {
-                 const auto open = [&links](const QString &text) { return probe(links, text); };
-                 frmODBC(host, {.dataSources = database::dataSourceNames, .open = open}).exec();
-             },
-         .showMain =
-             [&] {
-                 frame.emplace(host, windows);
-                 windows.setFrame(&*frame);
-                 QObject::connect(frame->startPage->handbook, &widgets::Button::clicked, &handbook, &HandbookKey::open);
-                 frame->show();
-             }});
+    const StartUpFindings found{.codePage = platform::codePageReady(),
+                                .anotherInstanceRuns = !instance.isFirst(),
+                                .executableFolder = QCoreApplication::applicationDirPath()};
+    const auto showConnectionDialog = [&] {
+        const auto open = [&links](const QString &text) { return probe(links, text); };
+        frmODBC(host, {.dataSources = database::dataSourceNames, .open = open}).exec();
+    };
+    const auto showMain = [&] {
+        frame.emplace(host, windows);
+        windows.setFrame(&*frame);
+        QObject::connect(frame->startPage->handbook, &widgets::Button::clicked, &handbook, &HandbookKey::open);
+        frame->show();
+    };
+    const bool goesOn =
+        startUp(host, found, state, {.showConnectionDialog = showConnectionDialog, .showMain = showMain});
     return goesOn ? QApplication::exec() : 0;
 }
 

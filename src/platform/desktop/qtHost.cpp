@@ -1,6 +1,7 @@
 #include "platform/desktop/qtHost.h"
 #include "platform/desktop/faces.h"
 #include "platform/desktop/fileChooser.h"
+#include "platform/programFolder.h"
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDesktopServices>
@@ -119,7 +120,8 @@ QWidget *windowInFront() {
 QtHost::QtHost(Settings settings, DeskState state, std::function<void()> beforeEnd)
     : m_settings(std::move(settings))
     , m_state(std::move(state))
-    , m_beforeEnd(std::move(beforeEnd)) {}
+    , m_beforeEnd(std::move(beforeEnd))
+    , m_programFolder(platform::programFolder()) {}
 
 Answer QtHost::show(const Box &box) {
     QuestionBox window(windowInFront(), box.leaving);
@@ -160,10 +162,6 @@ QDateTime QtHost::now() const {
     return QDateTime::currentDateTime();
 }
 
-QString QtHost::programFolder() const {
-    return QDir::toNativeSeparators(QCoreApplication::applicationDirPath());
-}
-
 // To ask the system for events costs as much as a record does in the quickest runs, so it is asked some thousand times
 // a second at most: no one notices a button that answers so soon.
 void QtHost::yield() {
@@ -192,6 +190,7 @@ void prepareToolkit() {
     QFont font = QApplication::font();
     font.setFamilies(font.families() + plainFaces());
     QApplication::setFont(font);
+    QGuiApplication::setDesktopFileName(QStringLiteral("tarvex"));
 }
 
 } // namespace platform

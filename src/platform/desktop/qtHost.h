@@ -18,7 +18,7 @@ public:
     const Settings &settings() const override { return m_settings; }
     const DeskState &remembered() const override { return m_state; }
     QDateTime now() const override;
-    QString programFolder() const override;
+    QString programFolder() const override { return m_programFolder; }
     void yield() override;
     void endProcess() override;
 
@@ -26,10 +26,12 @@ private:
     Settings m_settings;
     DeskState m_state;
     std::function<void()> m_beforeEnd;
+    QString m_programFolder;
     QElapsedTimer m_sinceEvents; // since events were last let in
 };
 
-// Loads the toolkit's own words in Chinese and the font fall-backs; call once, before any window.
+// Loads the toolkit's own words in Chinese and the font fall-backs, and tells the desktop which of its entries the
+// windows belong to; call once, before any window.
 void prepareToolkit();
 
 } // namespace platform
