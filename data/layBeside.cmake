@@ -1,20 +1,20 @@
-# Lays the file MADE over TARGET, unless somebody has changed TARGET since it was laid there: then the new one goes beside
-# it as TARGET.new, and it is said. What was laid last is remembered beside MADE.
+# Lays the file MADE over TARGET, unless somebody has changed TARGET since it was laid there: then a newer one goes beside
+# it as TARGET.new, and it is said, once. What was made last is remembered beside MADE.
 file(SHA256 "${MADE}" made)
-set(laid "")
+set(last "")
 if(EXISTS "${MADE}.laid")
-  file(READ "${MADE}.laid" laid)
+  file(READ "${MADE}.laid" last)
 endif()
 set(standing "")
 if(EXISTS "${TARGET}")
   file(SHA256 "${TARGET}" standing)
 endif()
-if(standing STREQUAL "" OR standing STREQUAL laid OR standing STREQUAL made)
+if(standing STREQUAL "" OR standing STREQUAL last OR standing STREQUAL made)
   file(COPY_FILE "${MADE}" "${TARGET}")
-  file(WRITE "${MADE}.laid" "${made}")
   file(REMOVE "${TARGET}.new")
-else()
+elseif(NOT made STREQUAL last)
   file(COPY_FILE "${MADE}" "${TARGET}.new")
   message("${TARGET} was changed and is kept; the new one lies beside it: ${TARGET}.new")
 endif()
+file(WRITE "${MADE}.laid" "${made}")
 file(TOUCH "${TARGET}") # as new as what it was compared with, so that this is not done or said again
