@@ -47,7 +47,9 @@ Result<std::unique_ptr<QFile>> openPlainFile(const QString &path, QIODevice::Ope
     struct stat entry = {};
     if (fstat(descriptor, &entry) != 0 || !S_ISREG(entry.st_mode))
         return notAFile(path, S_ISDIR(entry.st_mode));
-    if (mode & QIODevice::Truncate && !file->resize(0)) // only now that it is known what it is
+    // Only now that it is known what it is; and not where nothing is to go: a file that was cut short is written to the
+    // disk at its closing by some systems, with whoever closes it waiting.
+    if (mode & QIODevice::Truncate && entry.st_size != 0 && !file->resize(0))
         return Failure{file->errorString(), int(file->error())};
     return Result<std::unique_ptr<QFile>>(std::move(file));
 }
