@@ -10,36 +10,45 @@ RecordCutter::RecordCutter(platform::LineReader &reader)
     : m_reader(reader) {}
 
 bool RecordCutter::next() {
-    m_buffer.truncate(0);
+    m_gathered.truncate(0);
     m_lineEnds.clear();
     while (!m_reader.atEnd()) {
-        const qsizetype before = m_buffer.size();
-        m_reader.gatherLineThrough(char(recordTerminator), m_buffer);
-        if (m_buffer.size() == before)
+        const qsizetype before = m_gathered.size();
+        if (const auto line = m_reader.lineThrough(char(recordTerminator), m_gathered)) {
+            if (before == 0 && line->endsWith(char(recordTerminator))) { // as nearly all are
+                m_bytes = *line;
+                return true;
+            }
+            m_gathered.append(*line);
+        }
+        if (m_gathered.size() == before)
             continue;
         // Lines are decoded one by one. That makes a difference only where one ends in half a character.
-        if (before > 0 && uchar(m_buffer[before - 1]) > 0x80)
+        if (before > 0 && uchar(m_gathered[before - 1]) > 0x80)
             m_lineEnds.append(before);
-        if (m_buffer.back() == char(recordTerminator))
+        if (m_gathered.back() == char(recordTerminator)) {
+            m_bytes = m_gathered;
             return true;
+        }
         // What never comes to an end is dropped anyway, and must not fill the memory first.
-        if (m_buffer.size() > platform::LineReader::heldOnTrust && !m_reader.reaches(char(recordTerminator)))
+        if (m_gathered.size() > platform::LineReader::heldOnTrust && !m_reader.reaches(char(recordTerminator)))
             break;
     }
-    m_buffer.clear();
+    m_gathered.clear();
+    m_bytes = {};
     return false;
 }
 
 RawRecord RecordCutter::record() const {
     if (m_lineEnds.isEmpty())
-        return platform::decode(m_buffer);
+        return platform::decode(m_bytes);
     RawRecord text;
     qsizetype from = 0;
     for (const qsizetype end : m_lineEnds) {
-        text += platform::decode(bytes().sliced(from, end - from));
+        text += platform::decode(m_bytes.sliced(from, end - from));
         from = end;
     }
-    return text + platform::decode(bytes().sliced(from));
+    return text + platform::decode(m_bytes.sliced(from));
 }
 
 void cutRecord(platform::LineReader &reader, const std::function<bool(const RawRecord &)> &consumer) {

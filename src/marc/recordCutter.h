@@ -19,14 +19,15 @@ public:
     // Moves on to the next record; false at the end of the file.
     bool next();
     // The record's bytes as they stood in the file, terminator included, line breaks left out.
-    // Valid until the next call of next().
-    QByteArrayView bytes() const { return m_buffer; }
+    // Valid until the next call of next() or of the reader.
+    QByteArrayView bytes() const { return m_bytes; }
     // The record's text; each line decoded for itself.
     RawRecord record() const;
 
 private:
     platform::LineReader &m_reader;
-    QByteArray m_buffer;
+    QByteArrayView m_bytes; // in the reader's block, or gathered
+    QByteArray m_gathered;
     QList<qsizetype> m_lineEnds; // where joined lines meet behind a byte that could start a character
 };
 

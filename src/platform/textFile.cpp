@@ -127,9 +127,8 @@ QByteArrayView LineReader::readLine() {
     return m_state->line(std::nullopt, joined).value_or(joined);
 }
 
-void LineReader::gatherLineThrough(char stop, QByteArray &gathered) {
-    if (const auto whole = m_state->line(stop, gathered))
-        gathered.append(*whole);
+std::optional<QByteArrayView> LineReader::lineThrough(char stop, QByteArray &gathered) {
+    return m_state->line(stop, gathered);
 }
 
 bool LineReader::reaches(char wanted) {

@@ -23,14 +23,33 @@ PacedLabel::PacedLabel(const QString &objectName, const QString &text, QWidget *
 }
 
 void PacedLabel::setPacedText(const QString &text) {
+    if (m_form.isNull() && text == m_text)
+        return; // held already
     m_text = text;
+    m_form = {};
+    startPace();
+}
+
+void PacedLabel::setPacedNumber(QStringView form, qint64 number) {
+    m_form = form;
+    m_number = number;
+    startPace();
+}
+
+void PacedLabel::startPace() {
     if (!m_pace.isActive())
         m_pace.start(frameMilliseconds, this);
+}
+
+QString PacedLabel::pacedText() const {
+    return m_form.isNull() ? m_text : m_form.toString().arg(m_number);
 }
 
 void PacedLabel::flush() {
     Q_EMIT aboutToShow();
     m_pace.stop(); // also where that brought another text
+    m_text = pacedText();
+    m_form = {};
     if (QLabel::text() == m_text)
         return;
     QLabel::setText(m_text);
@@ -51,6 +70,7 @@ void PacedLabel::tellReader() {
 
 void PacedLabel::setText(const QString &text) {
     m_text = text;
+    m_form = {};
     flush();
 }
 
@@ -67,7 +87,7 @@ QString PacedLabel::shown() const {
 
 bool PacedLabel::event(QEvent *event) {
     if (event->type() == QEvent::ToolTip && shown() != QLabel::text()) {
-        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), m_text, this);
+        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), pacedText(), this);
         return true;
     }
     return QLabel::event(event);

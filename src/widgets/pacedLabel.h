@@ -15,7 +15,9 @@ public:
 
     // Takes the text; it is painted within a sixtieth of a second, once events are let in.
     void setPacedText(const QString &text);
-    QString pacedText() const { return m_text; }
+    // The same of a running number in its text, `form` with %1 in its place; it is put together when somebody asks.
+    void setPacedNumber(QStringView form, qint64 number);
+    QString pacedText() const;
     // Brings the held text to the screen with the next events: at the end of the work and before a message box.
     void flush();
 
@@ -25,7 +27,7 @@ public:
 
     // As of any label, for whoever does not care about the pace.
     void setText(const QString &text);
-    QString text() const { return m_text; }
+    QString text() const { return pacedText(); }
 
     QSize minimumSizeHint() const override;
 
@@ -42,8 +44,11 @@ private:
     QString shown() const; // what has room
 
     void tellReader();
+    void startPace();
 
     QString m_text;
+    QStringView m_form; // of a number that is held instead of the text
+    qint64 m_number = 0;
     QString m_meaning;
     QBasicTimer m_pace; // runs while the held text waits for its frame
 };

@@ -74,7 +74,7 @@ void FileToolWindow::endRun() {
 }
 
 void FileToolWindow::showCount(qint32 total) {
-    labShuDo->setPacedText(u"成功处理：" + QString::number(total) + u"条");
+    labShuDo->setPacedNumber(u"成功处理：%1条", total);
 }
 
 void FileToolWindow::tellFailure(const QString &description) {

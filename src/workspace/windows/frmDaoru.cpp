@@ -239,7 +239,7 @@ marc::RawRecord frmDaoru::madeMyMarc() const {
 }
 
 void frmDaoru::listed(int count) {
-    Text3->setPacedText(QString::number(count));
+    Text3->setPacedNumber(u"%1", count);
     m_facts.read = count;
     m_drafts.listed(count);
     if (count == 1)
