@@ -14,13 +14,12 @@ bool RecordCutter::next() {
     m_lineEnds.clear();
     while (!m_reader.atEnd()) {
         const qsizetype before = m_gathered.size();
-        if (const auto line = m_reader.lineThrough(char(recordTerminator), m_gathered)) {
-            if (before == 0 && line->endsWith(char(recordTerminator))) { // as nearly all are
-                m_bytes = *line;
-                return true;
-            }
-            m_gathered.append(*line);
+        const QByteArrayView line = m_reader.lineThrough(char(recordTerminator), m_gathered);
+        if (before == 0 && line.endsWith(char(recordTerminator))) { // as nearly all do
+            m_bytes = line;
+            return true;
         }
+        m_gathered.append(line);
         if (m_gathered.size() == before)
             continue;
         // Lines are decoded one by one. That makes a difference only where one ends in half a character.

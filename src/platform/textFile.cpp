@@ -65,8 +65,8 @@ struct LineReader::State {
     }
 
     // The next line; only up to and including the first `stop` byte where one is given. One that lies whole in the
-    // block is handed back as it stands there, another one goes behind what is gathered.
-    std::optional<QByteArrayView> line(std::optional<char> stop, QByteArray &gathered) {
+    // block is handed back as it stands there, of another one nothing: it goes behind what is gathered.
+    QByteArrayView line(std::optional<char> stop, QByteArray &gathered) {
         const qsizetype before = gathered.size();
         bool stopped = false;
         while (hasMore()) {
@@ -98,7 +98,7 @@ struct LineReader::State {
             if (stop && !stopped && gathered.size() - before > heldOnTrust && !reaches(*stop))
                 break;
         }
-        return std::nullopt;
+        return {};
     }
 };
 
@@ -124,10 +124,11 @@ bool LineReader::atEnd() const {
 QByteArrayView LineReader::readLine() {
     QByteArray &joined = m_state->joined;
     joined.clear();
-    return m_state->line(std::nullopt, joined).value_or(joined);
+    const QByteArrayView whole = m_state->line(std::nullopt, joined);
+    return whole.isEmpty() ? QByteArrayView(joined) : whole;
 }
 
-std::optional<QByteArrayView> LineReader::lineThrough(char stop, QByteArray &gathered) {
+QByteArrayView LineReader::lineThrough(char stop, QByteArray &gathered) {
     return m_state->line(stop, gathered);
 }
 

@@ -34,8 +34,9 @@ public:
     // The next line up to and including the first `stop` byte in it; what stands behind that byte on the line is read
     // and dropped without being held. The whole line where it has no such byte; of a long one, when the rest of the
     // file has none either, only a beginning, and the reader is at its end. A line that lies whole in the block is
-    // handed back as it stands there, valid as readLine()'s is; another one is put behind what is gathered.
-    std::optional<QByteArrayView> lineThrough(char stop, QByteArray &gathered);
+    // handed back as it stands there, valid as readLine()'s is; another one is put behind what is gathered, and nothing
+    // handed back.
+    QByteArrayView lineThrough(char stop, QByteArray &gathered);
 
     // Whether the byte stands anywhere in what is left of the file; where it does not, the reader is at its end
     // afterwards. For whoever gathers bytes up to that one: beyond `heldOnTrust` of them it pays to ask.

@@ -162,10 +162,10 @@ QDateTime QtHost::now() const {
     return QDateTime::currentDateTime();
 }
 
-// To ask the system for events costs as much as a record does in the quickest runs, so it is asked some thousand times
+// To ask the system for events costs as much as a record does in the quickest runs, so it is asked some hundred times
 // a second at most: no one notices a button that answers so soon.
 void QtHost::yield() {
-    constexpr qint64 leastNanoseconds = 200'000;
+    constexpr qint64 leastNanoseconds = 2'000'000;
     if (m_sinceEvents.isValid() && m_sinceEvents.nsecsElapsed() < leastNanoseconds)
         return;
     QCoreApplication::processEvents();
