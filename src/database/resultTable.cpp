@@ -6,7 +6,9 @@ namespace database {
 
 namespace {
 constexpr quint64 nullBit = quint64(1) << 63;
-constexpr std::size_t blockSize = 1 << 18; // characters: small beside any result that matters, large beside a cell
+constexpr std::size_t firstBlock = 1 << 10; // characters: a result of one row is done with it
+constexpr std::size_t blockSize =
+    1 << 18; // of the later ones: small beside any result that matters, large beside a cell
 } // namespace
 
 ResultTable::ResultTable(QStringList columnNames)
@@ -46,7 +48,7 @@ bool ResultTable::isNull(int row, int column) const {
 void ResultTable::append(QStringView text) {
     const std::size_t size = std::size_t(text.size());
     if (m_blocks.empty() || m_blocks.back().size() + size > m_blocks.back().capacity())
-        m_blocks.emplace_back().reserve(std::max(size, blockSize));
+        m_blocks.emplace_back().reserve(std::max(size, m_blocks.size() == 1 ? firstBlock : blockSize));
     std::u16string &block = m_blocks.back();
     m_cells.push_back(quint64(m_blocks.size() - 1) << 32 | quint64(block.size()));
     if (size > 0)

@@ -12,11 +12,12 @@ constexpr SQLULEN longest = 1000;              // characters of a column that is
 constexpr std::size_t mostBytes = 4;           // of a character, in UTF-8 and in UTF-16
 constexpr std::size_t blockBytes = 256 * 1024; // of all bound columns together
 constexpr std::size_t mostRows = 256;
+constexpr int singleRows = 4; // of a result come one by one: for one row, room for a block costs more than the row
 
 struct Column {
-    std::size_t width = 0;         // bytes of a value's buffer, the closing NUL included; 0: not bound
-    std::unique_ptr<char[]> texts; // rows of a block x width
-    std::vector<SQLLEN> sizes;     // in bytes, or the mark of a NULL
+    std::size_t width = 0;   // bytes of a value's buffer, the closing NUL included; 0: not bound
+    char *texts = nullptr;   // rows of a block x width
+    SQLLEN *sizes = nullptr; // in bytes, or the mark of a NULL
 };
 
 // Bytes that a value of the type may take; 0 where it is long or not known.
@@ -50,8 +51,11 @@ public:
             return m_statement.failure(m_form);
         if (m_columns.empty()) // a statement that gives no rows
             return m_table;
-        bind();
+        findBound();
+        bind(1);
         for (;;) {
+            if (!m_inBlocks && m_table->rowCount() == singleRows)
+                bindBlock();
             const SQLRETURN fetched = SQLFetch(m_statement.get());
             if (fetched == SQL_NO_DATA)
                 return m_table;
@@ -84,31 +88,46 @@ private:
 
     // Drivers give a value on request only behind the last bound column, so nothing is bound from the first long one
     // on.
-    void bind() {
-        const auto firstLong =
-            std::find_if(m_columns.begin(), m_columns.end(), [](const Column &column) { return column.width == 0; });
+    void findBound() {
+        const auto firstLong = std::ranges::find(m_columns, std::size_t(0), &Column::width);
         m_bound = std::size_t(firstLong - m_columns.begin());
-        std::size_t rowBytes = 1;
         for (std::size_t i = 0; i < m_bound; ++i)
-            rowBytes += m_columns[i].width + sizeof(SQLLEN);
-        std::size_t rows =
-            firstLong == m_columns.end() ? std::clamp<std::size_t>(blockBytes / rowBytes, 1, mostRows) : 1;
-        const auto wanted = reinterpret_cast<SQLPOINTER>(rows);
-        if (rows > 1 &&
-            SQLSetStmtAttrW(m_statement.get(), SQL_ATTR_ROW_ARRAY_SIZE, wanted, SQL_IS_UINTEGER) != SQL_SUCCESS) {
-            rows = 1;
-            SQLSetStmtAttrW(m_statement.get(), SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(rows),
-                            SQL_IS_UINTEGER);
-        }
-        if (rows > 1)
-            SQLSetStmtAttrW(m_statement.get(), SQL_ATTR_ROWS_FETCHED_PTR, &m_fetchedRows, SQL_IS_POINTER);
+            m_rowBytes += m_columns[i].width;
+    }
+
+    // Room for so many rows of the bound columns.
+    void bind(std::size_t rows) {
+        m_texts = std::make_unique_for_overwrite<char[]>(rows * m_rowBytes);
+        m_sizes.resize(rows * m_bound);
+        char *texts = m_texts.get();
         for (std::size_t i = 0; i < m_bound; ++i) {
             Column &column = m_columns[i];
-            column.texts = std::make_unique_for_overwrite<char[]>(rows * column.width);
-            column.sizes.resize(rows);
-            SQLBindCol(m_statement.get(), SQLUSMALLINT(i + 1), valueType(), column.texts.get(), SQLLEN(column.width),
-                       column.sizes.data());
+            column.texts = texts;
+            column.sizes = m_sizes.data() + i * rows;
+            texts += rows * column.width;
+            SQLBindCol(m_statement.get(), SQLUSMALLINT(i + 1), valueType(), column.texts, SQLLEN(column.width),
+                       column.sizes);
         }
+    }
+
+    // From the next fetch on, many rows at once, where all columns are bound and the driver knows how.
+    void bindBlock() {
+        m_inBlocks = true;
+        const std::size_t rowBytes = m_rowBytes + m_bound * sizeof(SQLLEN);
+        const std::size_t rows =
+            m_bound == m_columns.size() ? std::clamp<std::size_t>(blockBytes / rowBytes, 1, mostRows) : 1;
+        if (rows == 1)
+            return;
+        if (setAttribute(SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(rows), SQL_IS_UINTEGER) != SQL_SUCCESS) {
+            setAttribute(SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(1), SQL_IS_UINTEGER);
+            return;
+        }
+        setAttribute(SQL_ATTR_ROWS_FETCHED_PTR, &m_fetchedRows, SQL_IS_POINTER);
+        bind(rows);
+    }
+
+    SQLRETURN setAttribute(SQLINTEGER attribute, SQLPOINTER value, SQLINTEGER kind) const {
+        return SQLSetStmtAttrW(m_statement.get(), attribute, value, kind);
     }
 
     bool takeRow(std::size_t row) {
@@ -126,7 +145,7 @@ private:
         }
         m_tooLong = size < 0 || std::size_t(size) > column.width - closing();
         if (!m_tooLong)
-            append(column.texts.get() + row * column.width, size);
+            append(column.texts + row * column.width, size);
         return !m_tooLong;
     }
 
@@ -170,6 +189,10 @@ private:
     Fetching m_fetching;
     std::vector<Column> m_columns;
     std::size_t m_bound = 0;
+    std::size_t m_rowBytes = 0; // of the bound columns' texts
+    std::unique_ptr<char[]> m_texts;
+    std::vector<SQLLEN> m_sizes;
+    bool m_inBlocks = false;
     SQLULEN m_fetchedRows = 1;
     bool m_tooLong = false;
     std::vector<char> m_piece;
