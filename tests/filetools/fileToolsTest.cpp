@@ -2,6 +2,7 @@
 #include "filetools/files.h"
 #include "filetools/mergeRun.h"
 #include "filetools/splitRun.h"
+#include "support/dice.h"
 #include "support/fullDisk.h"
 
 using namespace filetools;
@@ -46,6 +47,26 @@ QString run(MergeRun &merge, const QStringList &sources) {
     if (status)
         status = merge.close();
     return status ? QString() : status.failure().description;
+}
+
+// What a split or a merge makes of these bytes, by the letter: byte for byte, with no block and no view.
+QByteArray plainly(const QByteArray &source) {
+    QByteArray out, record;
+    bool ended = false; // what stands behind a terminator on its line is not used
+    for (qsizetype at = 0; at < source.size(); ++at) {
+        const bool lineEnd = source[at] == '\r';
+        if (!lineEnd && !ended)
+            record += source[at];
+        ended = ended || source[at] == '\x1d';
+        if (lineEnd && source.mid(at + 1, 1) == "\n")
+            ++at;
+        if (ended && (lineEnd || at + 1 == source.size())) {
+            out += record + "\r\n";
+            record.clear();
+            ended = false;
+        }
+    }
+    return out;
 }
 
 } // namespace
@@ -118,6 +139,25 @@ TEST(Split, CutsAsTheLinesStand) {
         }
         EXPECT_EQ(split.report(), report) << what;
         EXPECT_EQ(folder.read(u"source.iso"_s), source);
+    }
+}
+
+// A block's end falls on each byte of a record, of its terminator and of its line end in turn.
+TEST(Merge, GivesWhatPlainReadingGivesWhereverABlockEnds) {
+    constexpr int block = 1 << 18; // what is read at a time
+    const QByteArrayList pieces{"rec\x1d\r\n",       "one\x1dtwo\x1d\r\n",
+                                "a\r\nb\rc\x1d\r\n", "\r\n",
+                                "\x1d\r\n",          "cr\x1d\r",
+                                "lf\nlf\x1d\n\r",    "half\xb0\r\n\xa1\x1d\r\n",
+                                "\xb0\xa1\x1d\r\n",  QByteArray(block + 5, 'x') + "\x1d\r\n"};
+    Dice dice(11);
+    files::Folder folder;
+    for (int shift = 0; shift < 40; ++shift) {
+        QByteArray source(block - 20 - shift, 'a');
+        source += "\x1d\r\n" + dice.text<QByteArray>(pieces, 60) + dice.oneOf(QByteArrayList{"", "tail", "end\x1d"});
+        MergeRun merge(folder.path(u"all.iso"_s));
+        EXPECT_EQ(run(merge, {folder.write(u"source.iso"_s, source)}), QString());
+        EXPECT_TRUE(folder.read(u"all.iso"_s) == plainly(source)) << shift;
     }
 }
 
