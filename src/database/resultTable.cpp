@@ -36,7 +36,7 @@ QStringView ResultTable::cell(int row, int column) const {
 
 std::optional<int> ResultTable::column(QStringView name) const {
     for (int column = 0; column < columnCount(); ++column)
-        if (m_names.at(column).compare(name, Qt::CaseInsensitive) == 0)
+        if (m_names.at(column).size() == name.size() && m_names.at(column).compare(name, Qt::CaseInsensitive) == 0)
             return column;
     return std::nullopt;
 }
