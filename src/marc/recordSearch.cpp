@@ -36,26 +36,39 @@ RecordSearch::RecordSearch(const PreReadStore &store, const QString &text, Searc
     }
 }
 
-// Horspool's search, Latin letters in either case. May take bytes in the middle of two characters for one: what it
-// finds is looked at once more as text.
-bool RecordSearch::mayHold(QByteArrayView bytes) const {
+// Where a likely hit ends; 0: there is none. Horspool's search, Latin letters in either case. May take bytes in the
+// middle of two characters for one: what it finds is looked at once more as text.
+qsizetype RecordSearch::endOfLikely(QByteArrayView bytes) const {
     const qsizetype last = m_needle.size() - 1;
     for (qsizetype at = last; at < bytes.size(); at += m_skip[uchar(lowered(bytes[at]))]) {
         qsizetype same = 0;
         while (same <= last && lowered(bytes[at - same]) == m_needle[last - same])
             ++same;
         if (same > last)
-            return true;
+            return at + 1;
     }
-    return false;
+    return 0;
+}
+
+// Looks at no more than from the nearest byte on that is never half of a character; where that does not find the text,
+// it may stand elsewhere.
+bool RecordSearch::surelyEndsAt(QByteArrayView bytes, qsizetype end) const {
+    constexpr uchar leastSecondByte = 0x40;
+    qsizetype from = end - m_needle.size();
+    while (from > 0 && uchar(bytes[from - 1]) >= leastSecondByte)
+        --from;
+    return platform::decode(bytes.sliced(from, end - from)).contains(m_text, Qt::CaseInsensitive);
 }
 
 bool RecordSearch::found(int row) const {
     if (m_place == SearchPlace::Title)
         return m_store.title(row).contains(m_text, Qt::CaseInsensitive);
     const QByteArrayView bytes = m_store.heldBytes(row);
-    if (!bytes.isEmpty() && !m_needle.isEmpty() && !mayHold(bytes))
-        return false;
+    if (!bytes.isEmpty() && !m_needle.isEmpty()) {
+        const qsizetype end = endOfLikely(bytes);
+        if (end == 0 || surelyEndsAt(bytes, end))
+            return end > 0;
+    }
     return m_store.record(row).contains(m_text, Qt::CaseInsensitive);
 }
 

@@ -28,7 +28,8 @@ public:
 
 private:
     bool found(int row) const;
-    bool mayHold(QByteArrayView bytes) const;
+    qsizetype endOfLikely(QByteArrayView bytes) const;
+    bool surelyEndsAt(QByteArrayView bytes, qsizetype end) const;
 
     const PreReadStore &m_store;
     QString m_text;
