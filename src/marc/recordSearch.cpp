@@ -50,12 +50,11 @@ qsizetype RecordSearch::endOfLikely(QByteArrayView bytes) const {
     return 0;
 }
 
-// Looks at no more than from the nearest byte on that is never half of a character; where that does not find the text,
-// it may stand elsewhere.
+// Looks from behind the nearest byte that cannot begin a character of two; where that does not find the text, it may
+// stand elsewhere.
 bool RecordSearch::surelyEndsAt(QByteArrayView bytes, qsizetype end) const {
-    constexpr uchar leastSecondByte = 0x40;
     qsizetype from = end - m_needle.size();
-    while (from > 0 && uchar(bytes[from - 1]) >= leastSecondByte)
+    while (from > 0 && uchar(bytes[from - 1]) >= 0x80)
         --from;
     return platform::decode(bytes.sliced(from, end - from)).contains(m_text, Qt::CaseInsensitive);
 }
