@@ -18,7 +18,7 @@ std::vector<int> search(const PreReadStore &store, const QString &text, SearchPl
 
 // What is found in bytes is what is found in texts, whatever lies across two characters.
 TEST(RecordSearch, FindsWhatStandsThere) {
-    const QString characters = u"aAzZ_啊亳A9@红楼梦\u0391\u03b1"_s; // trail bytes of some are letters
+    const QString characters = u"aAzZ_啊丄丂A9@红楼梦\u0391\u03b1"_s; // trail bytes of some are letters
     Dice dice(936);
     PreReadStore store;
     store.setRows(400);
