@@ -10,6 +10,11 @@ QString fileText(const QString &path) {
     return QString::fromUtf8(file.readAll());
 }
 
+// scripts/test-clusters names others than those of the test run.
+QString serversFile() {
+    return qEnvironmentVariable("TEST_SERVERS", QStringLiteral(TEST_SERVERS_FILE));
+}
+
 } // namespace
 
 QString TestDatabase::nameOf(TestServer server) {
@@ -19,7 +24,7 @@ QString TestDatabase::nameOf(TestServer server) {
 
 QString TestDatabase::textOf(TestServer server) {
     const QString start = TestDatabase::nameOf(server) + u'=';
-    for (const QString &line : fileText(QStringLiteral(TEST_SERVERS_FILE)).split(u'\n'))
+    for (const QString &line : fileText(serversFile()).split(u'\n'))
         if (line.startsWith(start))
             return line.sliced(start.size());
     ADD_FAILURE() << "no such server is running: " << start.toStdString();
@@ -76,6 +81,6 @@ QString schemaScript(const QString &name) {
 }
 
 void commandServers(const QString &command) {
-    EXPECT_EQ(QProcess::execute(QStringLiteral(TEST_SERVERS_SCRIPT), {command, QStringLiteral(TEST_SERVERS_FILE)}), 0)
+    EXPECT_EQ(QProcess::execute(QStringLiteral(TEST_SERVERS_SCRIPT), {command, serversFile()}), 0)
         << command.toStdString();
 }

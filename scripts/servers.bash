@@ -1,0 +1,55 @@
+# shellcheck shell=bash
+# What the scripts of the test servers share. FILE, named by `file`, holds a server's facts as lines key=value.
+
+# The account of every server, and its database.
+# shellcheck disable=SC2034
+user=tester password=Tarvex-1 database=library
+
+plain() { # the command without root's rights
+    if [ "$(id -u)" = 0 ]; then
+        setpriv --reuid=nobody --regid=nogroup --clear-groups env HOME=/tmp "$@"
+    else
+        "$@"
+    fi
+}
+
+find_program() {
+    local found
+    found=$(PATH="$PATH:/usr/sbin:$(printf '%s:' /usr/lib/postgresql/*/bin)" command -v "$1") ||
+        { echo "${0##*/}: $1 is not installed" >&2; return 1; }
+    echo "$found"
+}
+
+free_port() {
+    local port
+    while port=$((20000 + RANDOM)); (exec 3<>"/dev/tcp/127.0.0.1/$port") 2>/dev/null; do :; done
+    echo "$port"
+}
+
+value() { sed -n "s/^$1=//p" "${file:?}"; }
+
+until_true() { # the command, until it succeeds: two minutes, where the machine is busy
+    for _ in $(seq 1200); do
+        if "$@" >/dev/null 2>&1; then return 0; fi
+        sleep 0.1
+    done
+    echo "${0##*/}: in vain: $*" >&2
+    return 1
+}
+
+all_stopped() { # every thread of these processes
+    local process
+    for process in "$@"; do
+        if cat "/proc/$process"/task/*/stat | grep -qvE '\) T '; then return 1; fi
+    done
+}
+
+# signal STOP PID…: to these processes and those that they started, as PostgreSQL does for each connection.
+signal() {
+    local process processes=()
+    for process in "${@:2}"; do
+        mapfile -t -O "${#processes[@]}" processes < <(echo "$process"; pgrep -P "$process")
+    done
+    plain kill -"$1" "${processes[@]}"
+    [ "$1" != STOP ] || while ! all_stopped "${processes[@]}"; do sleep 0.01; done
+}
