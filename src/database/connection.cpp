@@ -53,6 +53,10 @@ platform::Status Connection::execute(const QString &statement) {
     return m_handle->over<platform::Status>([&](const Link &link) { return link.execute(statement); });
 }
 
+bool Connection::lost() const {
+    return !m_handle->link;
+}
+
 std::optional<qint64> Connection::lastKey() {
     return m_handle->link ? m_handle->link->lastKey() : std::nullopt;
 }

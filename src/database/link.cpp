@@ -112,7 +112,7 @@ bool Link::works() const {
     case Server::Sqlite:
         return identityOf(m_file) == m_fileIdentity;
     case Server::MariaDb:
-        return run(u"set @kept=0"_s).ok(); // its driver prepares a select first
+        return takesStatements();
     case Server::PostgreSql:
     case Server::SqlServer:
         return run(u"select 1"_s).ok();
@@ -122,9 +122,18 @@ bool Link::works() const {
     return !lost();
 }
 
+// A node of a cluster that lost sight of the others goes on talking, and refuses each statement but settings and
+// questions about nothing stored; this is the least that it refuses. Nor does the driver prepare it, as it does a
+// select.
+bool Link::takesStatements() const {
+    return m_server != Server::MariaDb || run(u"rollback"_s).ok();
+}
+
 bool Link::lost() const {
-    if (m_calls->struck())
-        return true;
+    return m_calls->struck() || isDead() || !takesStatements();
+}
+
+bool Link::isDead() const {
     const CallLimit::Call call(*m_calls, m_limits.login);
     SQLUINTEGER dead = SQL_CD_FALSE;
     SQLGetConnectAttrW(m_connection.get(), SQL_ATTR_CONNECTION_DEAD, &dead, sizeof(dead), nullptr);
@@ -228,6 +237,9 @@ platform::Status Link::learn() {
     case Server::MariaDb:
         if (seconds > 0)
             (void)run(u"set max_statement_time=%1"_s.arg(seconds)); // MySQL has none of that name
+        (void)run(u"set wsrep_sync_wait=1"_s); // a cluster's node: reads wait for what went in over another one
+        if (platform::Status ready = run(u"rollback"_s); !ready)
+            return ready;
         if (platform::Status safe = run(u"set sql_mode=concat(@@sql_mode,',NO_BACKSLASH_ESCAPES')"_s); !safe)
             return safe;
         return learnTables();

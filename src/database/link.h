@@ -31,7 +31,8 @@ public:
     platform::Result<std::shared_ptr<ResultTable>> query(const QString &statement) const;
     // The key that the server gave the row of the last insert over this link.
     std::optional<qint64> lastKey() const;
-    // Whether the server at the other end is gone, so that no statement can succeed any more.
+    // Whether the server at the other end is gone, or no part of its cluster any more, so that no statement can
+    // succeed.
     bool lost() const;
 
     const QString &connectionString() const { return m_connectionString; }
@@ -49,6 +50,8 @@ private:
     platform::Status learnFile();
     // A statement as it stands, for the link's own ends, within the time of an opening.
     platform::Status run(const QString &statement) const;
+    bool takesStatements() const;
+    bool isDead() const;
     platform::Result<QStringList> firstColumn(const QString &statement) const;
     platform::Status start(const OdbcHandle &handle, const QString &statement) const;
     platform::Failure told(const platform::Failure &failure) const;

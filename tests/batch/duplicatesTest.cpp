@@ -46,9 +46,9 @@ TEST_P(DuplicatesOnServers, AreFoundByIsbnOrByTitleAndAuthor) {
         insert into zsk (zskid,isbn,bookname,author) values (70002,'978-7-02-0099','呐喊','鲁迅著');
         insert into zsk (zskid,isbn,bookname,author) values (70003,null,null,null);
         insert into zsk (zskid,isbn,bookname,author) values (90000000,null,'L''été ''); drop table zsk; --','O''Neill \著');
-        insert into taoluTable (isbn,bookname,author) values ('7020012590','呐喊''','鲁迅著');)"_s);
-    database.run(u"insert into taoluTable (bookname,author,isbn) values ('%1','%2','')"_s.arg(u"长"_s.repeated(50),
-                                                                                              u"作"_s.repeated(30)));
+        insert into taoluTable (zskid,isbn,bookname,author) values (1,'7020012590','呐喊''','鲁迅著');)"_s);
+    database.run(u"insert into taoluTable (zskid,bookname,author,isbn) values (2,'%1','%2','')"_s.arg(
+        u"长"_s.repeated(50), u"作"_s.repeated(30)));
     const QStringList records{
         u"010=  $a978-7-02-001259-6|200=1 $a呐喊$f鲁迅著"_s,                 // 0: whole, cut, ten digits
         u"010=  $a7-02-001259-0|200=1 $a彷徨与呐喊"_s,                       // 1
