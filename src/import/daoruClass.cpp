@@ -1,12 +1,37 @@
 #include "import/daoruClass.h"
 #include "import/recordRow.h"
+#include <algorithm>
 #include <optional>
 
 using namespace Qt::StringLiterals;
 
 namespace importing {
 
-Daoru daoruRecord(const marc::RawRecord &marc, const database::SessionState &state, platform::Host &host) {
+namespace {
+
+// The key of the record's row among those behind `last`.
+std::optional<qint64> keyBehind(qint64 last, const marc::RawRecord &marc, database::Connection &connection) {
+    const auto rows = connection.query(u"select zskid,marc from taolutable where zskid>"_s + QString::number(last) +
+                                       u" order by zskid");
+    for (int row = 0; rows && row < rows.value()->rowCount(); ++row)
+        if (rows.value()->text(row, 1) == marc)
+            return rows.value()->text(row, 0).toLongLong();
+    return std::nullopt;
+}
+
+Daoru withoutAnswer(const QString &fault, const marc::RawRecord &marc, database::Connection &connection,
+                    const QList<qint64> &earlier) {
+    const auto last = std::ranges::max_element(earlier);
+    if (last != earlier.end())
+        if (const auto key = keyBehind(*last, marc, connection))
+            return {.wentIn = true, .key = key};
+    return {.fault = fault + u"；没有收到应答，可能已经入库，请先查重"};
+}
+
+} // namespace
+
+Daoru daoruRecord(const marc::RawRecord &marc, const database::SessionState &state, platform::Host &host,
+                  const QList<qint64> &earlier) {
     if (marc.isEmpty())
         return {};
     const std::optional<RecordRow> row = recordRow(marc);
@@ -20,8 +45,11 @@ Daoru daoruRecord(const marc::RawRecord &marc, const database::SessionState &sta
         host.tell(u"【"_s + connection.failure().description + u"】", u"系统操作提示"_s);
         return {.fault = connection.failure().description};
     }
-    if (const platform::Status in = connection.value().execute(insertStatement(*row)); !in)
-        return {.fault = in.failure().description};
+    if (const platform::Status in = connection.value().execute(insertStatement(*row)); !in) {
+        const QString fault = in.failure().description;
+        return connection.value().lost() ? withoutAnswer(fault, marc, connection.value(), earlier)
+                                         : Daoru{.fault = fault};
+    }
     return {.wentIn = true, .key = connection.value().lastKey()};
 }
 

@@ -52,6 +52,50 @@ TEST_P(ImportIntoServers, ARecordWithANulIsRefusedAsAWhole) {
     EXPECT_TRUE(host.boxes.isEmpty());
 }
 
+// The server carries out what it was sent, or not, and its answer is lost with the connection. Only the store knows.
+TEST(ImportIntoPostgreSql, AnAnswerThatIsLostIsLookedForInTheStore) {
+    const TestDatabase database(TestServer::PostgreSql);
+    ScriptedHost host;
+    QList<qint64> keys;
+    const auto import = [&](const QString &title) {
+        importing::Daoru done =
+            importing::daoruRecord(recordOf({{u"200"_s, u"1 $a"_s + title}}), database.state, host, keys);
+        if (done.key)
+            keys.append(*done.key);
+        return done;
+    };
+    auto connection = database.open();
+    for (const QStringView statement :
+         {u"create extension if not exists dblink", uR"(create or replace function lose() returns trigger as '
+              begin
+                  if new.bookname like ''存%'' then
+                      perform dblink_exec(format(''host=127.0.0.1 port=%s dbname=library user=tester password=Tarvex-1'',
+                          inet_server_port()), format(''set session_replication_role=replica; insert into taoluTable
+                          (zskid,bookname,marc) values (%s,%L,%L)'', new.zskid, new.bookname, new.marc));
+                  end if;
+                  perform pg_terminate_backend(pg_backend_pid());
+                  return new;
+              end' language plpgsql)",
+          u"create trigger lose before insert on taoluTable for each row when (new.bookname ~ '^[存丢]') execute "
+          "function lose()"})
+        ASSERT_TRUE(connection.value().execute(statement.toString())) << statement.toUtf8().constData();
+
+    EXPECT_TRUE(import(u"存一"_s).fault.contains(u"可能已经入库")); // no key to look behind
+    EXPECT_TRUE(import(u"二"_s).wentIn);
+    const importing::Daoru found = import(u"存三"_s);
+    EXPECT_TRUE(found.wentIn) << found.fault.toStdString();
+    EXPECT_EQ(database.selected(u"select zskid from taoluTable where bookname='存三'"_s),
+              QString::number(found.key.value_or(0)));
+    EXPECT_TRUE(import(u"丢四"_s).fault.contains(u"可能已经入库"));
+    database.run(u"alter table taoluTable disable trigger lose"_s);
+    ASSERT_TRUE(import(u"丢五"_s).wentIn); // its like that went in before is not taken for it
+    database.run(u"alter table taoluTable enable trigger lose; create unique index once on taoluTable (bookname)"_s);
+    EXPECT_FALSE(import(u"丢五"_s).wentIn);
+    const QString refused = import(u"二"_s).fault;
+    EXPECT_TRUE(!refused.isEmpty() && !refused.contains(u"可能")) << refused.toStdString();
+    EXPECT_EQ(database.selected(u"select bookname from taoluTable order by zskid"_s), u"存一 二 存三 丢五"_s);
+}
+
 // A killed import leaves whole rows, one behind the other, and a store that takes the next one.
 TEST_P(ImportIntoServers, AKilledRunLeavesWholeRows) {
     const auto title = [](int i) -> QString { return u"书"_s.repeated(1 + i % 40) + QString::number(i); };

@@ -105,7 +105,7 @@ void frmDaoRuJindu::run() {
 }
 
 bool frmDaoRuJindu::take(const QString &record, int row) {
-    const Daoru done = daoruRecord(record, m_state, m_host);
+    const Daoru done = daoruRecord(record, m_state, m_host, m_keys);
     if (!done.wentIn)
         m_refused.push_back({row, done.fault});
     else if (done.key)
