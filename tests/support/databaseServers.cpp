@@ -1,6 +1,5 @@
 #include "support/databaseServers.h"
 #include "database/script.h"
-#include <QProcess>
 
 namespace {
 
@@ -83,4 +82,11 @@ QString schemaScript(const QString &name) {
 void commandServers(const QString &command) {
     EXPECT_EQ(QProcess::execute(QStringLiteral(TEST_SERVERS_SCRIPT), {command, serversFile()}), 0)
         << command.toStdString();
+}
+
+void startCommands(QProcess &process, const QStringList &commands) {
+    process.setProcessChannelMode(QProcess::ForwardedChannels);
+    process.start(u"bash"_s, QStringList{u"-ec"_s, u"s=$1 f=$2; shift 2; for c; do \"$s\" \"$c\" \"$f\"; done"_s,
+                                         u"commands"_s, QStringLiteral(TEST_SERVERS_SCRIPT), serversFile()} +
+                                 commands);
 }

@@ -5,6 +5,7 @@
 #include "database/linkPool.h"
 #include "database/sublib.h"
 #include "support/qtPrinters.h"
+#include <QProcess>
 #include <QTemporaryDir>
 
 enum class TestServer { Sqlite, PostgreSql, MariaDb };
@@ -55,5 +56,6 @@ void makeEmptyFile(const QString &path);
 // The text of a file of data/schema.
 QString schemaScript(const QString &name);
 
-// A command of scripts/test-servers, such as "stop-postgresql".
+// Commands of scripts/test-servers, such as "stop-postgresql", one behind the other; or beside what goes on here.
 void commandServers(const QString &command);
+void startCommands(QProcess &process, const QStringList &commands);
