@@ -9,9 +9,13 @@ namespace importing {
 
 namespace {
 
-// The key of the record's row among those behind `last`.
-std::optional<qint64> keyBehind(qint64 last, const marc::RawRecord &marc, database::Connection &connection) {
-    const auto rows = connection.query(u"select zskid,marc from taolutable where zskid>"_s + QString::number(last) +
+// The key of the record's row, among those behind the keys known earlier.
+std::optional<qint64> keyInStore(const marc::RawRecord &marc, database::Connection &connection,
+                                 const QList<qint64> &earlier) {
+    const auto last = std::ranges::max_element(earlier);
+    if (last == earlier.end())
+        return std::nullopt;
+    const auto rows = connection.query(u"select zskid,marc from taolutable where zskid>"_s + QString::number(*last) +
                                        u" order by zskid");
     for (int row = 0; rows && row < rows.value()->rowCount(); ++row)
         if (rows.value()->text(row, 1) == marc)
@@ -19,12 +23,9 @@ std::optional<qint64> keyBehind(qint64 last, const marc::RawRecord &marc, databa
     return std::nullopt;
 }
 
-Daoru withoutAnswer(const QString &fault, const marc::RawRecord &marc, database::Connection &connection,
-                    const QList<qint64> &earlier) {
-    const auto last = std::ranges::max_element(earlier);
-    if (last != earlier.end())
-        if (const auto key = keyBehind(*last, marc, connection))
-            return {.wentIn = true, .key = key};
+Daoru withoutAnswer(const QString &fault, const std::optional<qint64> &key) {
+    if (key)
+        return {.wentIn = true, .key = key};
     return {.fault = fault + u"；没有收到应答，可能已经入库，请先查重"};
 }
 
@@ -47,10 +48,11 @@ Daoru daoruRecord(const marc::RawRecord &marc, const database::SessionState &sta
     }
     if (const platform::Status in = connection.value().execute(insertStatement(*row)); !in) {
         const QString fault = in.failure().description;
-        return connection.value().lost() ? withoutAnswer(fault, marc, connection.value(), earlier)
+        return connection.value().lost() ? withoutAnswer(fault, keyInStore(marc, connection.value(), earlier))
                                          : Daoru{.fault = fault};
     }
-    return {.wentIn = true, .key = connection.value().lastKey()};
+    const std::optional<qint64> key = connection.value().lastKey();
+    return {.wentIn = true, .key = key ? key : keyInStore(marc, connection.value(), earlier)};
 }
 
 } // namespace importing

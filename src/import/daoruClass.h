@@ -18,7 +18,8 @@ struct Daoru {
 // told in a box; a statement that fails is not told here. An empty record does nothing.
 // Where the connection is lost before the server has answered, the store is asked for the row, among those behind the
 // greatest of `earlier`, the keys of the rows that went in before. A row found went in. One that is not may still come
-// in, or stand there unseen: the fault says so, and nothing is sent again.
+// in, or stand there unseen: the fault says so, and nothing is sent again. The key alone, where it was lost, is asked
+// for in the same way.
 Daoru daoruRecord(const marc::RawRecord &marc, const database::SessionState &state, platform::Host &host,
                   const QList<qint64> &earlier = {});
 
