@@ -93,6 +93,7 @@ TEST_P(Clusters, AnImportLosesAndDoublesNothing) {
         records->setRecord(i, recordOf(u"010=  $dCNY8.00|200=1 $a题名%1$f著者"_s.arg(i)));
     for (const QString &kill : {u"kill-"_s, u"kill-other-"_s}) {
         database.run(u"delete from taoluTable"_s);
+        host.boxes.clear();
         before = turns = 0;
         longestTurn = 0;
         importing::frmDaoRuJindu window(host, database.state, records);
