@@ -1,6 +1,7 @@
 #include "handbook/windows/frmHandbook.h"
 #include "handbook/windows/pagePrint.h"
 #include "widgets/layout.h"
+#include "widgets/remembered.h"
 #include <QApplication>
 #include <QFile>
 #include <QShortcut>
@@ -62,7 +63,7 @@ void frmHandbook::layOut() {
     const int letter = fontMetrics().horizontalAdvance(u'字');
     resize(78 * letter, 44 * fontMetrics().height());
     across->setSizes({18 * letter, 60 * letter});
-    restoreGeometry(m_host.remembered().read(u"frmHandbook/geometry"_s).toByteArray());
+    widgets::rememberPlace(this, m_host.remembered());
     across->restoreState(m_host.remembered().read(u"frmHandbook/across"_s).toByteArray());
 }
 
@@ -144,7 +145,6 @@ bool frmHandbook::event(QEvent *event) {
 }
 
 void frmHandbook::closeEvent(QCloseEvent *event) {
-    m_host.remembered().keep(u"frmHandbook/geometry"_s, saveGeometry());
     m_host.remembered().keep(u"frmHandbook/across"_s, across->saveState());
     Window::closeEvent(event);
     const bool opener = m_opener && m_opener->isVisible() && !widgets::isBlocked(m_opener);
