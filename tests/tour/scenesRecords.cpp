@@ -42,6 +42,7 @@ void readOn(TourDriver &driver) {
     driver.key(u"alt+a"_s);
     driver.waitForText(u"Text3"_s, driver.textOf(u"Text4"_s));
     driver.waitForText(u"labJinDu"_s, u"预读结束"_s);
+    driver.waitForFocus(u"Grid2"_s); // the button went grey under the keyboard
     driver.shot(u"all-read"_s);
 }
 

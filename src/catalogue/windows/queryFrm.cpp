@@ -79,6 +79,10 @@ void QueryDialog::layOut() {
     QBoxLayout *right =
         column({condition, signSql, row({stretch(), Command1[0], Command2}), {totalSql, 1}, sorting, lOrderby});
     setLayout(column({{row({{LFields, 1}, {right, 3}}), 1}, row({stretch(), Command1[1], Command1[2]})}));
+    // By the keyboard as by the eye: what merges and clears the conditions stands before the merged ones.
+    QWidget *const down[] = {signSql, Command1[0], Command2, totalSql};
+    for (std::size_t i = 1; i < std::size(down); ++i)
+        setTabOrder(down[i - 1], down[i]);
     for (QComboBox *combo : {cSql, cOrderby})
         combo->setMinimumContentsLength(8);
     cFuhao->setMinimumContentsLength(6);

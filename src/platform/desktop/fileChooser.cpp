@@ -86,7 +86,7 @@ QString chooseFileIn(const FileDialog &dialog, const QString &folder, QWidget *p
     window.resize(wanted.boundedTo(roomOnScreen(&window)));
     if (window.exec() != QDialog::Accepted || window.selectedFiles().isEmpty())
         return {};
-    return QDir::toNativeSeparators(window.selectedFiles().constFirst());
+    return QDir::toNativeSeparators(QDir::cleanPath(window.selectedFiles().constFirst()));
 }
 
 } // namespace platform
