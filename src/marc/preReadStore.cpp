@@ -1,5 +1,6 @@
 #include "marc/preReadStore.h"
 #include "platform/codepage936.h"
+#include <cstring>
 
 namespace marc {
 
@@ -8,7 +9,8 @@ PreReadStore::PreReadStore() {
 }
 
 void PreReadStore::reset() {
-    m_rows = std::vector<Row>(initialRows);
+    m_rows = std::deque<Row>(initialRows);
+    m_held = {};
 }
 
 void PreReadStore::setRows(int count) {
@@ -33,19 +35,22 @@ QString PreReadStore::number(int row) const {
 }
 
 QString PreReadStore::title(int row) const {
-    return QString::fromUtf8(m_rows.at(size_t(row)).titleUtf8);
+    const Row &at = m_rows.at(size_t(row));
+    return QString::fromUtf8(at.title, qsizetype(at.titleSize));
 }
 
 RawRecord PreReadStore::record(int row) const {
-    const auto &record = m_rows.at(size_t(row)).record;
-    if (const auto *bytes = std::get_if<QByteArray>(&record))
-        return platform::decode(*bytes);
-    return std::get<QString>(record);
+    const Row &at = m_rows.at(size_t(row));
+    if (!at.isText)
+        return platform::decode(at.record);
+    QString text(at.record.size() / qsizetype(sizeof(QChar)), Qt::Uninitialized);
+    std::memcpy(text.data(), at.record.data(), size_t(at.record.size()));
+    return text;
 }
 
 QByteArrayView PreReadStore::heldBytes(int row) const {
-    const auto *bytes = std::get_if<QByteArray>(&m_rows.at(size_t(row)).record);
-    return bytes ? QByteArrayView(*bytes) : QByteArrayView();
+    const Row &at = m_rows.at(size_t(row));
+    return at.isText ? QByteArrayView() : at.record;
 }
 
 void PreReadStore::setNumber(int row, int number) {
@@ -53,21 +58,24 @@ void PreReadStore::setNumber(int row, int number) {
 }
 
 void PreReadStore::setTitle(int row, const QString &title) {
-    m_rows.at(size_t(row)).titleUtf8 = title.toUtf8();
+    const QByteArrayView kept = m_held.keep(title.toUtf8());
+    Row &at = m_rows.at(size_t(row));
+    at.title = kept.data();
+    at.titleSize = quint32(kept.size());
 }
 
 void PreReadStore::setRecord(int row, const RawRecord &record, QByteArrayView gbk) {
-    auto &target = m_rows.at(size_t(row)).record;
+    Row &at = m_rows.at(size_t(row));
     // Where every byte stood for a character, the bytes give the text back; where some did not, lines that were joined
     // may have been decoded apart, and it has to be tried.
     const bool bytesSuffice =
         !gbk.isEmpty() && (!record.contains(QChar::ReplacementCharacter) || platform::decode(gbk) == record);
-    if (bytesSuffice)
-        target = gbk.toByteArray();
-    else if (platform::isEncodable(record))
-        target = platform::encode(record);
+    at.isText = !bytesSuffice && !platform::isEncodable(record);
+    if (at.isText)
+        at.record = m_held.keep(QByteArrayView(reinterpret_cast<const char *>(record.constData()),
+                                               record.size() * qsizetype(sizeof(QChar))));
     else
-        target = record;
+        at.record = m_held.keep(bytesSuffice ? gbk : QByteArrayView(platform::encode(record)));
 }
 
 } // namespace marc

@@ -3,12 +3,11 @@
 // text.
 #pragma once
 
+#include "marc/byteArena.h"
 #include "marc/rawRecord.h"
 #include "platform/tableSource.h"
-#include <QByteArray>
 #include <QString>
-#include <variant>
-#include <vector>
+#include <deque>
 
 namespace marc {
 
@@ -38,11 +37,14 @@ public:
 
 private:
     struct Row {
-        int number = 0; // 0: none
-        QByteArray titleUtf8;
-        std::variant<QByteArray, QString> record;
+        QByteArrayView record;       // in the arena, as is the title
+        const char *title = nullptr; // UTF-8
+        quint32 titleSize = 0;
+        int number : 31 = 0;     // 0: none
+        bool isText : 1 = false; // the record as UTF-16
     };
-    std::vector<Row> m_rows;
+    std::deque<Row> m_rows; // which grows without moving house
+    ByteArena m_held;       // what is replaced stays until reset()
 };
 
 } // namespace marc
