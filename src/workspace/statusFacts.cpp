@@ -36,6 +36,7 @@ QString statusLine(const StatusFacts &facts) {
     QStringList said{facts.warning.isEmpty() ? QString() : QString(u"⚠ " + facts.warning),
                      editing(facts),
                      facts.remark,
+                     facts.deed,
                      facts.fieldsCameOrWent ? u"⚠ 本条增删了字段，离开时不会询问：请改动一处内容"_s : QString(),
                      ofTheFile(facts),
                      facts.changed > 0 ? u"已改 %1 条，未导入"_s.arg(facts.changed) : QString()};

@@ -19,6 +19,7 @@ struct StatusFacts {
     bool readToTheEnd = false;
     qsizetype changed = 0; // records changed and not imported
     QString remark;        // of something that just happened
+    QString deed;          // what a key did to the record that is shown
 };
 
 // Empty where there is nothing to say. A warning begins with a sign.

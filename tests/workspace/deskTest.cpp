@@ -7,8 +7,9 @@ using namespace workspace;
 namespace {
 
 struct Desk : Workspace {
+    bool says(const QString &part) const { return form->labZhuangTai->text().contains(part); }
     bool said(const QString &part) const {
-        return QTest::qWaitFor([&] { return form->labZhuangTai->text().contains(part); });
+        return QTest::qWaitFor([&] { return says(part); });
     }
     bool found(const QString &words) const {
         return QTest::qWaitFor([&] { return form->findLine->findCount->text() == words; });
@@ -94,6 +95,9 @@ TEST_F(Desk, UndoesWhatWasDoneToTheRecordInHand) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     const int title = 4; // 200 $a
     ASSERT_EQ(value(title), u"题1"_s);
+    QTest::keyClick(window.Grid1, Qt::Key_Return); // the leader
+    EXPECT_TRUE(says(u"第 1 位/24　Ctrl+E 辅助录入"_s)) << "before the cursor was moved";
+    QTest::keyClick(window.richText, Qt::Key_Escape);
     change(title, u"甲"_s);
     change(title, u"乙"_s);
     QTest::keyClick(window.Grid1, Qt::Key_Z, Qt::ControlModifier);
@@ -118,7 +122,14 @@ TEST_F(Desk, UndoesWhatWasDoneToTheRecordInHand) {
     EXPECT_EQ(window.record().rowCount(), rows);
     EXPECT_TRUE(said(u"已撤销：删除 200"_s));
     host.willAnswer(platform::Answer::No);
+    QTest::keyClicks(window.Grid1, u"999"_s);
+    EXPECT_TRUE(said(u"没有字段 999"_s) && !says(u"已撤销"_s));
+    QTest::keyClicks(window.Grid1, u"200"_s);
+    EXPECT_FALSE(says(u"没有字段"_s));
+    QTest::keyClick(window.Grid1, Qt::Key_Y, Qt::ControlModifier);
+    QTest::keyClick(window.Grid1, Qt::Key_Z, Qt::ControlModifier);
     window.cmdTiMing[1]->click(); // another record begins anew
+    EXPECT_FALSE(says(u"已撤销"_s));
     QTest::keyClick(window.Grid1, Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(value(title), u"题2"_s);
 }

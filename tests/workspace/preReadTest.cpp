@@ -157,6 +157,14 @@ TEST(SelectMarcFile, RefusesAndOpens) {
     host.willChoose({});
     window.cmdLL->click();
     EXPECT_EQ(window.Text1->text(), QString());
+
+    window.Text1->setFocus(); // down opens the list of the last files, and goes down in it
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    QTest::keyClick(window.Text1, Qt::Key_Down);
+    ASSERT_TRUE(QApplication::activePopupWidget());
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Down);
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
+    EXPECT_EQ(window.Text1->text(), path);
     window.cmdClick[1]->click();
     EXPECT_FALSE(window.isVisible());
 }

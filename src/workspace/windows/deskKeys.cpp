@@ -72,6 +72,7 @@ void DeskKeys::goToTag(const QString &digits) {
         return Q_EMIT told(u"没有字段 "_s + digits);
     m_parts.fields.setRow(int(found - rows.begin()) + 1);
     m_parts.editors.editRow = m_parts.fields.row();
+    Q_EMIT told({});
     Q_EMIT rowChosen();
 }
 

@@ -114,6 +114,7 @@ void frmDaoru::connectGrids() {
 }
 
 void frmDaoru::connectHelpers() {
+    connect(m_record.get(), &EditedRecord::shown, this, [this] { sayOfRecord({}); });
     connect(m_record.get(), &EditedRecord::changed, this, &frmDaoru::updateStatus);
     connect(&m_editors, &CellEditors::contentTyped, this, &frmDaoru::updateStatus);
     connect(&m_editors, &CellEditors::opened, this, &frmDaoru::holdControls);
@@ -124,7 +125,7 @@ void frmDaoru::connectHelpers() {
     connect(&m_reading, &RecordReading::stateChanged, this, &frmDaoru::enterState);
     connect(&m_reading, &RecordReading::lookedAt, this, [this](const marc::FileCounts &file) { m_facts.file = file; });
     connect(&m_editors, &CellEditors::moved, this, &frmDaoru::updateStatus);
-    connect(&m_history, &FieldHistory::went, this, &frmDaoru::say);
+    connect(&m_history, &FieldHistory::went, this, &frmDaoru::sayOfRecord);
     connect(&m_drafts, &DraftKeeper::told, this, &frmDaoru::say);
     connect(&m_drafts, &DraftKeeper::countChanged, this, &frmDaoru::updateStatus);
     connect(&m_drafts, &DraftKeeper::currentRestored, this, [this] { showRecord(records().record(Grid2->row())); });
@@ -134,7 +135,7 @@ void frmDaoru::connectHelpers() {
     for (const auto settled : {&DraftBar::restoreWanted, &DraftBar::givenUp})
         connect(draftBar, settled, Grid2, qOverload<>(&QWidget::setFocus));
     connect(room, &WorkspaceRoom::textWanted, this, &frmDaoru::showWholeText);
-    connect(&m_keys, &DeskKeys::told, this, &frmDaoru::say);
+    connect(&m_keys, &DeskKeys::told, this, &frmDaoru::sayOfRecord);
     connect(&m_keys, &DeskKeys::rowChosen, this, &frmDaoru::showWholeText);
     connect(Grid1, &FieldGrid::enterCell, this, &frmDaoru::showWholeText);
     connect(Grid1, &FieldGrid::gridClicked, this, &frmDaoru::showWholeText);
@@ -150,6 +151,11 @@ void frmDaoru::showWholeText() {
 
 void frmDaoru::say(const QString &remark) {
     m_facts.remark = remark;
+    updateStatus();
+}
+
+void frmDaoru::sayOfRecord(const QString &deed) {
+    m_facts.deed = deed;
     updateStatus();
 }
 
@@ -268,6 +274,7 @@ void frmDaoru::holdControls(CellEditors::Hold hold) {
         button->setEnabled(false);
     for (Button *button : cmdTiMing)
         button->setEnabled(false);
+    updateStatus(); // where the cursor stands from the start, no key tells
 }
 
 void frmDaoru::releaseControls() {

@@ -85,6 +85,7 @@ private:
     void importRecords();
     void showWholeText();
     void say(const QString &remark);
+    void sayOfRecord(const QString &deed);
     void connectGrids();
     void connectHelpers();
     void connectButtons();

@@ -7,6 +7,7 @@
 #include <QCompleter>
 #include <QDir>
 #include <QDragEnterEvent>
+#include <QKeyEvent>
 #include <QMimeData>
 #include <QStyle>
 #include <QUrl>
@@ -48,12 +49,8 @@ frmSelectMFile::frmSelectMFile(platform::Host &host, Ways ways, QWidget *parent)
     Text1->setAcceptDrops(false); // the window takes what is dropped, wherever
     auto *down = Text1->addAction(style()->standardIcon(QStyle::SP_ArrowDown), QLineEdit::TrailingPosition);
     down->setToolTip(u"最近用过的文件"_s);
-    down->setShortcut(Qt::Key_Down);
-    down->setShortcutContext(Qt::WidgetShortcut);
-    connect(down, &QAction::triggered, this, [this] {
-        Text1->completer()->setCompletionPrefix({});
-        Text1->completer()->complete();
-    });
+    connect(down, &QAction::triggered, this, &frmSelectMFile::listRecentFiles);
+    Text1->installEventFilter(this);
     connect(Text1, &QLineEdit::returnPressed, cmdClick[0], &Button::click);
     offerRecentFiles();
     connect(cmdLL, &Button::clicked, this, &frmSelectMFile::browse);
@@ -73,6 +70,19 @@ void frmSelectMFile::offerRecentFiles() {
     completer->setFilterMode(Qt::MatchContains);
     completer->setMaxVisibleItems(10);
     Text1->setCompleter(completer);
+}
+
+void frmSelectMFile::listRecentFiles() {
+    Text1->completer()->setCompletionPrefix({});
+    Text1->completer()->complete();
+}
+
+// No shortcut: in the open list, which keeps the keyboard in the box, the key goes down the list.
+bool frmSelectMFile::eventFilter(QObject *watched, QEvent *event) {
+    if (watched != Text1 || event->type() != QEvent::KeyPress || static_cast<QKeyEvent *>(event)->key() != Qt::Key_Down)
+        return Window::eventFilter(watched, event);
+    listRecentFiles();
+    return true;
 }
 
 void frmSelectMFile::dragEnterEvent(QDragEnterEvent *event) {

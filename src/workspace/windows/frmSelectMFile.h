@@ -34,11 +34,13 @@ public:
 
 protected:
     bool queryUnload() override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
 
 private:
     void browse();
+    void listRecentFiles();
     void offerRecentFiles();
     void openWorkspace();
     void refuse(const QString &text);
