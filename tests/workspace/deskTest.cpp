@@ -98,6 +98,10 @@ TEST_F(Desk, UndoesWhatWasDoneToTheRecordInHand) {
     QTest::keyClick(window.Grid1, Qt::Key_Return); // the leader
     EXPECT_TRUE(says(u"第 1 位/24　Ctrl+E 辅助录入"_s)) << "before the cursor was moved";
     QTest::keyClick(window.richText, Qt::Key_Escape);
+    window.Grid1->setRow(title);
+    QTest::keyClick(window.Grid1, Qt::Key_Return);
+    EXPECT_TRUE(says(u"第 1 位"_s) && !says(u"Ctrl+E"_s)) << "no way into the codes of 100 is pointed out there";
+    QTest::keyClick(window.richText, Qt::Key_Escape);
     change(title, u"甲"_s);
     change(title, u"乙"_s);
     QTest::keyClick(window.Grid1, Qt::Key_Z, Qt::ControlModifier);

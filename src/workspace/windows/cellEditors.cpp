@@ -97,7 +97,8 @@ std::optional<int> CellEditors::limit() const {
 }
 
 bool CellEditors::hasAssistant() const {
-    return m_record.row(editRow).identifier == u"000" || field100Assistants(m_record.rows(), editRow) > 0;
+    const QString own = m_record.row(editRow).identifier;
+    return own == u"000" || (own == u"$a" && tagOf(m_record.rows(), editRow) == u"100");
 }
 
 void CellEditors::reduce() {
