@@ -63,7 +63,8 @@ bool EditorKeys::eventFilter(QObject *, QEvent *event) {
     case QEvent::ShortcutOverride:
         return claims(static_cast<QKeyEvent *>(event));
     case QEvent::KeyPress:
-        return endsComposition(static_cast<QKeyEvent *>(event)) || endsEdit(static_cast<QKeyEvent *>(event));
+        return endsComposition(static_cast<QKeyEvent *>(event)) || endsEdit(static_cast<QKeyEvent *>(event)) ||
+               meansAButton(static_cast<QKeyEvent *>(event));
     case QEvent::InputMethod:
         m_preedit = static_cast<QInputMethodEvent *>(event)->preeditString();
         break;
@@ -78,6 +79,12 @@ bool EditorKeys::eventFilter(QObject *, QEvent *event) {
         break;
     }
     return false;
+}
+
+// Alt and the letter of a button that is grey meanwhile: the toolkit would write the letter into the record.
+bool EditorKeys::meansAButton(const QKeyEvent *event) {
+    return (event->modifiers() & ~Qt::KeyboardModifiers(Qt::ShiftModifier)) == Qt::AltModifier &&
+           !event->text().isEmpty();
 }
 
 bool EditorKeys::endsEdit(QKeyEvent *event) {

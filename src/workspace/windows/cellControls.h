@@ -25,6 +25,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    static bool meansAButton(const QKeyEvent *event);
     bool endsEdit(QKeyEvent *event);
     // Whether the key is used up by the composition. One that the input method did not take, perhaps because it is no
     // longer there, ends the composition: Esc drops what was composed, Enter and typing keep it.
