@@ -100,7 +100,6 @@ TEST_F(Desk, UndoesWhatWasDoneToTheRecordInHand) {
     QTest::keyClick(window.richText, Qt::Key_Escape);
     window.Grid1->setRow(title);
     QTest::keyClick(window.Grid1, Qt::Key_Return);
-    EXPECT_TRUE(says(u"第 1 位"_s) && !says(u"Ctrl+E"_s)) << "no way into the codes of 100 is pointed out there";
     QTest::keyClick(window.richText, 'n', Qt::AltModifier); // a button that is grey meanwhile
     EXPECT_EQ(window.richText->text(), u"题1"_s);
     QTest::keyClick(window.richText, Qt::Key_Escape);

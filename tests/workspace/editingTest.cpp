@@ -266,7 +266,11 @@ TEST_F(Editing, AssistantsExchangeTheLeaderAndAnySubfieldA) {
     EXPECT_TRUE(!editing() && window.recordChanged());
 
     assistantGives.reset(); // left without an answer: what was typed counts
-    editRow(5);             // 101 $a
+    editRow(3);
+    EXPECT_TRUE(window.labZhuangTai->text().contains(u"Ctrl+E"_s)); // 100 $a: pointed out where its codes belong
+    QTest::keyClick(window.richText, Qt::Key_Escape);
+    editRow(5); // 101 $a
+    EXPECT_FALSE(window.labZhuangTai->text().contains(u"Ctrl+E"_s));
     paste(u"chi "_s);
     QTest::keyClick(window.richText, Qt::Key_E, Qt::ControlModifier);
     EXPECT_EQ(opened.last(), u"LR100 chi "_s);
