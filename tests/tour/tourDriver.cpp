@@ -328,10 +328,16 @@ void TourDriver::shot(const QString &name) {
 }
 
 void TourDriver::keepFront(const QString &name, const QImage &screen) {
-    const QRect place = look([] {
+    const auto frame = [] {
         const QWidget *front = QApplication::activeWindow();
-        return front ? front->frameGeometry() : QRect();
-    });
+        return front && front->frameGeometry() != front->geometry() ? front->frameGeometry() : QRect();
+    };
+    QRect place = look(frame);
+    for (int i = 0; i < 100 && place.isEmpty() && !m_ended;
+         ++i) { // how the window manager framed it is told a while after
+        QThread::msleep(40);
+        place = look(frame);
+    }
     const QString folder = m_folder + u"/windows";
     if (place.isEmpty() || !QDir().mkpath(folder))
         return;
