@@ -42,7 +42,8 @@ BenchHost::BenchHost()
 
 platform::Answer BenchHost::show(const platform::Box &box) {
     ++boxes;
-    return box.buttons == platform::Buttons::Ok ? platform::Answer::Ok : platform::Answer::No;
+    told();
+    return box.buttons == platform::Buttons::Ok ? platform::Answer::Ok : answer;
 }
 
 QString BenchHost::chooseFile(const platform::FileDialog &) {

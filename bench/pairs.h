@@ -12,8 +12,4 @@ void databasePairs(Table &table, const BenchStage &stage); // import, listing, e
 void batchPairs(Table &table, const BenchStage &stage);    // proof and look-up of a whole list
 void filePairs(Table &table, const BenchStage &stage);     // split, merge, tidy
 
-// Reads the file into the window and prints the bytes that the process then has in memory: a process of its own, since
-// what went before would count. The exit code of the process.
-int tellMemory(const QString &file);
-
 } // namespace bench

@@ -1,5 +1,6 @@
 // The figures side by side with other tools and with bare loops, on the files in a folder that scripts/bench fills.
 // Usage: ratios FOLDER [records|stepping|files|databases|batch]...
+#include "memoryRuns.h"
 #include "pairs.h"
 #include <QApplication>
 #include <array>
@@ -29,8 +30,8 @@ int main(int argc, char **argv) {
     platform::prepareToolkit();
     QApplication::setQuitOnLastWindowClosed(false);
     const QStringList arguments = QCoreApplication::arguments().mid(1);
-    if (arguments.size() == 2 && arguments[0] == u"--memory")
-        return bench::tellMemory(arguments[1]);
+    if (const std::optional<int> told = bench::tellMemory(arguments))
+        return *told;
     if (arguments.isEmpty()) {
         std::fprintf(stderr, "usage: ratios FOLDER [records|stepping|files|databases|batch]...\n");
         return 2;

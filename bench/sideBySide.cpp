@@ -1,32 +1,36 @@
 #include "sideBySide.h"
 #include <QElapsedTimer>
+#include <QLocale>
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <limits>
+#include <utility>
+
+using namespace Qt::StringLiterals;
 
 namespace bench {
 
 namespace {
 
-constexpr const char *rowForm = "%-58s %12s %12s %9s %9s\n";
-
-QByteArray number(double value, const char *unit) {
-    return QByteArray::number(value, 'f', value < 10 ? 2 : 1) + ' ' + unit;
+QString number(double value, const char *unit) {
+    return QString::number(value, 'f', value < 10 ? 2 : 1) + u' ' + QLatin1StringView(unit);
 }
 
-QByteArray seconds(double value) {
+QString amount(double value, Unit unit) {
+    if (unit == Unit::Bytes)
+        return number(value / 1e6, "MB");
     return value < 1 ? number(value * 1000, "ms") : number(value, "s");
 }
 
-QByteArray times(double ratio) {
-    return QByteArray::number(ratio, 'f', 2) + " x";
+QString times(double ratio) {
+    return QString::number(ratio, 'f', 2) + u" x";
 }
 
-void printRow(const char *what, const QByteArray &ours, const QByteArray &theirs, const QByteArray &ratio,
-              const QByteArray &wanted, bool missed) {
-    std::printf(rowForm, what, ours.constData(), theirs.constData(), ratio.constData(),
-                (missed ? "! " + wanted : wanted).constData());
+void printRow(const QString &what, const QString &ours, const QString &theirs, const QString &ratio,
+              const QString &wanted) {
+    std::printf("%-66s %12s %12s %9s %12s\n", qUtf8Printable(what), qUtf8Printable(ours), qUtf8Printable(theirs),
+                qUtf8Printable(ratio), qUtf8Printable(wanted));
     std::fflush(stdout);
 }
 
@@ -65,27 +69,52 @@ QString quoted(const QString &path) {
     return u'\'' + text + u'\'';
 }
 
+bool Row::missed() const {
+    const double value = ratio.value_or(ours);
+    return wanted > 0 && (sense == Sense::AtLeast ? value < wanted : value > wanted);
+}
+
 Table::Table() {
-    std::printf(rowForm, "what", "ours", "theirs", "ratio", "wanted");
+    printRow(u"what"_s, u"ours"_s, u"theirs"_s, u"ratio"_s, u"wanted"_s);
 }
 
-void Table::speed(const char *what, double ours, double theirs, double wanted) {
-    const double ratio = theirs / ours;
-    const bool missed = ratio < wanted;
-    m_missed += missed;
-    printRow(what, seconds(ours), seconds(theirs), times(ratio), wanted > 0 ? QByteArray(">= " + times(wanted)) : "-",
-             missed);
+void Table::speed(const QString &what, double ours, double theirs, double wanted) {
+    add({what, m_records, ours, theirs, theirs / ours, wanted, Sense::AtLeast});
 }
 
-void Table::size(const char *what, double ours, double theirs, double wanted) {
-    const double ratio = ours / theirs;
-    const bool missed = ratio > wanted;
-    m_missed += missed;
-    printRow(what, number(ours / 1e6, "MB"), number(theirs / 1e6, "MB"), times(ratio), "<= " + times(wanted), missed);
+void Table::time(const QString &what, double ours, double theirs, double wanted) {
+    add({what, m_records, ours, theirs, ours / theirs, wanted, Sense::AtMost});
 }
 
-void Table::rate(const char *what, double perSecond, const char *unit) {
-    printRow(what, QByteArray::number(perSecond, 'f', 0) + unit, "-", "-", "-", false);
+void Table::size(const QString &what, double ours, double theirs, double wanted) {
+    add({what, m_records, ours, theirs, ours / theirs, wanted, Sense::AtMost, Unit::Bytes});
+}
+
+void Table::bound(const QString &what, double ours, double wanted, Unit unit) {
+    add({what, m_records, ours, {}, {}, wanted, Sense::AtMost, unit});
+}
+
+void Table::told(const QString &what, double ours) {
+    add({what, m_records, ours, {}, {}, 0, Sense::AtMost});
+}
+
+void Table::rate(const QString &what, double perSecond, const QString &unit) {
+    printRow(what, QString::number(perSecond, 'f', 0) + unit, u"-"_s, u"-"_s, u"-"_s);
+}
+
+void Table::add(Row row) {
+    const QString limit = row.ratio ? times(row.wanted) : amount(row.wanted, row.unit);
+    printRow(row.records > 0 ? QString(QLocale::c().toString(row.records) + u": " + row.what) : row.what,
+             amount(row.ours, row.unit), row.theirs ? amount(*row.theirs, row.unit) : u"-"_s,
+             row.ratio ? times(*row.ratio) : u"-"_s,
+             row.wanted > 0 ? QString((row.missed() ? u"! "_s : QString()) +
+                                      (row.sense == Sense::AtLeast ? u">= "_s : u"<= "_s) + limit)
+                            : u"-"_s);
+    m_rows.push_back(std::move(row));
+}
+
+int Table::missed() const {
+    return int(std::ranges::count_if(m_rows, &Row::missed));
 }
 
 } // namespace bench

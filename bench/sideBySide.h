@@ -23,19 +23,45 @@ Side command(const QString &line);
 inline constexpr QStringView endComplaint = u" || [ $? -eq 5 ]";
 QString quoted(const QString &path); // for the shell
 
-// The table: what, ours, theirs, ratio, wanted. The numbers of missed rows are counted.
+enum class Unit { Seconds, Bytes };
+enum class Sense { AtLeast, AtMost };
+
+// A line of the table. What is wanted is said of the ratio; of ours, where there is no theirs.
+struct Row {
+    QString what;
+    int records; // that it is about; 0: its words say how many
+    double ours;
+    std::optional<double> theirs;
+    std::optional<double> ratio;
+    double wanted; // 0: told for its own sake
+    Sense sense;
+    Unit unit = Unit::Seconds;
+    bool missed() const;
+};
+
+// The table: what, ours, theirs, ratio, wanted. It is printed row by row; missed rows are marked.
 class Table {
 public:
     Table();
-    // The ratio is how many times as fast as theirs ours is; 0 wanted: told for its own sake.
-    void speed(const char *what, double ours, double theirs, double wanted);
-    // The ratio is how many times the size of theirs ours has.
-    void size(const char *what, double ours, double theirs, double wanted);
-    void rate(const char *what, double perSecond, const char *unit);
-    int missed() const { return m_missed; }
+    // The rows from here on are about so many records.
+    void about(int records) { m_records = records; }
+    // The ratio is how many times as fast as theirs ours is.
+    void speed(const QString &what, double ours, double theirs, double wanted);
+    // The ratio is how many times the time, or the size, of theirs ours takes.
+    void time(const QString &what, double ours, double theirs, double wanted);
+    void size(const QString &what, double ours, double theirs, double wanted);
+    // What ours may be at most.
+    void bound(const QString &what, double ours, double wanted, Unit unit = Unit::Seconds);
+    void told(const QString &what, double ours); // for its own sake, with nothing beside it
+    void rate(const QString &what, double perSecond, const QString &unit);
+    const std::vector<Row> &rows() const { return m_rows; }
+    int missed() const;
 
 private:
-    int m_missed = 0;
+    void add(Row row);
+
+    int m_records = 0;
+    std::vector<Row> m_rows;
 };
 
 } // namespace bench

@@ -1,0 +1,40 @@
+// Import, list, export and print preview in their real windows, and the bare loops beside them.
+#pragma once
+
+#include "benchStage.h"
+#include "catalogue/windows/zskListFrm.h"
+#include "database/linkPool.h"
+#include <QByteArray>
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace bench {
+
+// What the import sends for the records of a list, as SQLite takes it.
+std::vector<QByteArray> insertsOf(const marc::PreReadStore &store);
+// A round each into a new database; nothing where not every record went in.
+std::optional<double> importInWindow(const BenchStage &stage, std::shared_ptr<const marc::PreReadStore> records);
+std::optional<double> importByLoop(const BenchStage &stage, const std::vector<QByteArray> &statements);
+
+// The list window on a database.
+struct List {
+    explicit List(const QString &database);
+    bool load(int rows); // whether there were so many
+
+    BenchHost host;
+    database::LinkPool links;
+    database::SessionState state;
+    catalogue::CatalogueOrder order;
+    std::function<void(const catalogue::DataReportJs &report)> showReport = [](const auto &) {};
+    catalogue::ZSKListFrm window;
+};
+
+// A round each, on a catalogue of so many rows.
+std::optional<double> listInWindow(const QString &catalogue, int rows);
+std::optional<double> exportInWindow(const BenchStage &stage, const QString &catalogue, int rows);
+std::optional<double> previewInWindow(const QString &catalogue, int rows);
+std::optional<double> selectByLoop(const QString &catalogue, int rows); // what the export selects
+QString listCommand(const QString &catalogue);                          // the list's select in the shell of SQLite
+
+} // namespace bench

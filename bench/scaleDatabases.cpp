@@ -1,0 +1,67 @@
+#include "batchRuns.h"
+#include "databaseRuns.h"
+#include "memoryRuns.h"
+#include "scaleReport.h"
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace bench {
+
+namespace {
+
+void import(ScaleReport &report, const BenchStage &stage) {
+    const auto records = readStore(stage.recordsOf(report.records()).path);
+    const std::vector<QByteArray> statements = insertsOf(*records);
+    const int rounds = report.records() >= 1'000'000 ? 1 : 3;
+    const auto sides =
+        takeTurns("import", rounds,
+                  {[&] { return importInWindow(stage, records); }, [&] { return importByLoop(stage, statements); }});
+    report.compared(u"import"_s, sides, u"a loop of inserts on one connection"_s, 0.5);
+}
+
+// The preview lays out every page before it shows the first.
+void preview(ScaleReport &report, const QString &catalogue) {
+    constexpr int mostPreviewed = 100'000; // rows
+    if (report.records() > mostPreviewed)
+        return;
+    const int rows = report.records();
+    const auto sides = takeTurns("print preview", 2, {[&] { return previewInWindow(catalogue, rows); }});
+    report.alone(u"print preview"_s, sides[0]);
+}
+
+} // namespace
+
+void databaseScale(ScaleReport &report, const BenchStage &stage) {
+    import(report, stage);
+    const int rows = report.records();
+    const QString catalogue = stage.catalogueOf(rows);
+    const auto listing = takeTurns("list", roundsOf(rows),
+                                   {[&] { return listInWindow(catalogue, rows); }, command(listCommand(catalogue))});
+    report.compared(u"list"_s, listing, u"sqlite3"_s, 0.6);
+    constexpr double mostMemory = 200e6;
+    if (const auto memory = memoryOfListing(catalogue, rows))
+        report.table.bound(u"memory of the program with the list"_s, *memory, mostMemory, Unit::Bytes);
+
+    const auto exporting = takeTurns(
+        "export", roundsOf(rows),
+        {[&] { return exportInWindow(stage, catalogue, rows); }, [&] { return selectByLoop(catalogue, rows); }});
+    report.compared(u"export"_s, exporting, u"a loop of the same selects"_s, 0.8);
+    preview(report, catalogue);
+}
+
+void proofScale(ScaleReport &report, const BenchStage &stage) {
+    const int records = report.records();
+    const auto all = readStore(stage.recordsOf(records).path);
+    const auto proving = takeTurns("proof of all", records >= 1'000'000 ? 1 : 3,
+                                   {[&] { return proofAllInWindow(stage.emptyDatabase(), all); }});
+    report.alone(u"proof of all"_s, proving[0]);
+
+    const auto batch = readStore(stage.importRecords().path);
+    const QString catalogue = stage.catalogueOf(records);
+    const auto looking = takeTurns(
+        "batch", 3, {[&] { return proofAllInWindow(catalogue, batch); }, command(identitiesCommand(catalogue))});
+    report.table.speed(u"proof of 20,000, looked up in so many | sqlite3 lists these"_s, looking[0], looking[1], 0);
+}
+
+} // namespace bench

@@ -1,0 +1,129 @@
+#include "databaseRuns.h"
+#include "fileRuns.h"
+#include "filetools/windows/frmCutFile.h"
+#include "filetools/windows/frmUnionFile.h"
+#include "import/windows/frmDaoRuJindu.h"
+#include "platform/paths.h"
+#include "recordRuns.h"
+#include "scaleReport.h"
+#include "turnProbe.h"
+#include <QDir>
+#include <QFile>
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace bench {
+
+namespace {
+
+// A run of one of the long loops in its real window, from its button on, with a press of its stop after so many
+// seconds. A box that comes up answers the press as well as the end of the run does.
+using WatchedRun = std::function<void(TurnProbe &probe, double pressAfter)>;
+
+void watch(TurnProbe &probe, BenchHost &host, double pressAfter, QPushButton *stop, const std::function<void()> &run) {
+    host.told = [&probe] { probe.answered(); };
+    probe.begin(pressAfter, [stop] { stop->click(); });
+    run();
+    settle();
+    probe.answered();
+    probe.end();
+}
+
+WatchedRun reading(const RecordFile &file) {
+    return [file](TurnProbe &probe, double pressAfter) {
+        Workspace workspace(file);
+        workspace.open();
+        watch(probe, workspace.host, pressAfter, workspace.window.cmdJieShu, [&workspace] { workspace.readOn(); });
+    };
+}
+
+WatchedRun importing(const BenchStage &stage, std::shared_ptr<const marc::PreReadStore> records) {
+    return [&stage, records](TurnProbe &probe, double pressAfter) {
+        const QString database = stage.freshPath(u"import.db");
+        QFile::copy(stage.emptyDatabase(), database);
+        BenchHost host;
+        database::LinkPool links;
+        const database::SessionState state{links, connectionTo(database)};
+        importing::frmDaoRuJindu window(host, state, records);
+        window.Text2->setText(QString::number(records->rowCount()));
+        watch(probe, host, pressAfter, window.cmdStop, [&window] {
+            window.show();
+            window.activate();
+        });
+        links.dropKept();
+        QFile::remove(database);
+    };
+}
+
+WatchedRun exporting(const BenchStage &stage, int rows) {
+    constexpr int stop = 4; // its button
+    return [&stage, rows](TurnProbe &probe, double pressAfter) {
+        List list(stage.catalogueOf(rows));
+        putUp(list.window);
+        list.load(rows);
+        list.host.chosenFile = stage.freshPath(u"export.iso");
+        list.host.answer = platform::Answer::Yes;
+        watch(probe, list.host, pressAfter, list.window.CmdDcgl[stop], [&list] { list.window.daochuMarc(); });
+        QFile::remove(list.host.chosenFile);
+    };
+}
+
+// Neither split nor merge can be stopped: the button that leaves the window says so, and that is the answer.
+WatchedRun splitting(const BenchStage &stage, const RecordFile &file) {
+    return [&stage, file](TurnProbe &probe, double pressAfter) {
+        const QString folder = stage.freshFolder(u"split");
+        BenchHost host;
+        filetools::frmCutFile window(host, [](const QString &) {});
+        window.Text1[0]->setText(file.path);
+        window.Text1[1]->setText(folder + u"/target.iso");
+        window.Text2->setText(QString::number(perFile));
+        putUp(window);
+        watch(probe, host, pressAfter, window.cmdclick[1], [&window] { window.cmdclick[0]->click(); });
+        QDir(folder).removeRecursively();
+    };
+}
+
+WatchedRun merging(const BenchStage &stage, const QStringList &parts) {
+    return [&stage, parts](TurnProbe &probe, double pressAfter) {
+        const QString folder = stage.freshFolder(u"merge");
+        BenchHost host;
+        filetools::frmUnionFile window(host, [](const QString &) {});
+        window.List1->addItems(parts);
+        window.Text1->setText(folder + u"/target.iso");
+        putUp(window);
+        watch(probe, host, pressAfter, window.cmdClick[1], [&window] { window.cmdClick[0]->click(); });
+        QDir(folder).removeRecursively();
+    };
+}
+
+void tellTurns(ScaleReport &report, const QString &loop, const WatchedRun &run) {
+    constexpr double longestGap = 0.1, longestAnswer = 0.05; // seconds
+    TurnProbe probe;
+    run(probe, TurnProbe::never);
+    const double whole = probe.seconds();
+    double gap = probe.longestGap();
+    double answer = 0;
+    for (const double part : {0.2, 0.5, 0.8}) {
+        run(probe, part * whole);
+        gap = std::max(gap, probe.longestGap());
+        answer = std::max(answer, probe.answer().value_or(0));
+    }
+    report.table.bound(loop + u": longest gap between event turns", gap, longestGap);
+    report.table.bound(loop + u": a stop is answered", answer, longestAnswer);
+}
+
+} // namespace
+
+void livenessScale(ScaleReport &report, const BenchStage &stage) {
+    const RecordFile file = stage.recordsOf(report.records());
+    tellTurns(report, u"read"_s, reading(file));
+    tellTurns(report, u"import"_s, importing(stage, readStore(file.path)));
+    tellTurns(report, u"export"_s, exporting(stage, file.records));
+    tellTurns(report, u"split"_s, splitting(stage, file));
+    const QStringList parts = partsOf(stage, file);
+    tellTurns(report, u"merge"_s, merging(stage, parts));
+    QDir(platform::folderOf(parts.value(0))).removeRecursively();
+}
+
+} // namespace bench
