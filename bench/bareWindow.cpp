@@ -1,10 +1,11 @@
-// A window of the toolkit with nothing in it: what every program's start is compared with.
+// A window of the toolkit with nothing in it, or with the text that it is called with: what every program's start is
+// compared with.
 #include <QApplication>
-#include <QWidget>
+#include <QLabel>
 
 int main(int argc, char **argv) {
     QApplication application(argc, argv);
-    QWidget window;
+    QLabel window(QCoreApplication::arguments().value(1));
     window.resize(1000, 700);
     window.show();
     return QApplication::exec();

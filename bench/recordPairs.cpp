@@ -58,8 +58,8 @@ void recordPairs(Table &table, const BenchStage &stage) {
     const auto memory = memoryOfReading(records);
     constexpr double fixedPart = 100e6;
     if (memory)
-        table.size(u"memory of the window then, less 100 MB | the file"_s, *memory - fixedPart,
-                   double(QFileInfo(file).size()), 1);
+        table.size(u"memory of the window then, less 100 MB | the file"_s, *memory, double(QFileInfo(file).size()), 1,
+                   fixedPart);
 }
 
 void stepping(Table &table, const BenchStage &stage) {

@@ -13,21 +13,10 @@ namespace {
 void import(ScaleReport &report, const BenchStage &stage) {
     const auto records = readStore(stage.recordsOf(report.records()).path);
     const std::vector<QByteArray> statements = insertsOf(*records);
-    const int rounds = report.records() >= 1'000'000 ? 1 : 3;
     const auto sides =
-        takeTurns("import", rounds,
+        takeTurns("import", roundsOf(report.records(), 3, 1),
                   {[&] { return importInWindow(stage, records); }, [&] { return importByLoop(stage, statements); }});
     report.compared(u"import"_s, sides, u"a loop of inserts on one connection"_s, 0.5);
-}
-
-// The preview lays out every page before it shows the first.
-void preview(ScaleReport &report, const QString &catalogue) {
-    constexpr int mostPreviewed = 100'000; // rows
-    if (report.records() > mostPreviewed)
-        return;
-    const int rows = report.records();
-    const auto sides = takeTurns("print preview", 2, {[&] { return previewInWindow(catalogue, rows); }});
-    report.alone(u"print preview"_s, sides[0]);
 }
 
 } // namespace
@@ -44,18 +33,20 @@ void databaseScale(ScaleReport &report, const BenchStage &stage) {
         report.table.bound(u"memory of the program with the list"_s, *memory, mostMemory, Unit::Bytes);
 
     const auto exporting = takeTurns(
-        "export", roundsOf(rows),
+        "export", roundsOf(rows, 3, 2),
         {[&] { return exportInWindow(stage, catalogue, rows); }, [&] { return selectByLoop(catalogue, rows); }});
     report.compared(u"export"_s, exporting, u"a loop of the same selects"_s, 0.8);
-    preview(report, catalogue);
+    const auto previewing =
+        takeTurns("print preview", roundsOf(rows, 2, 1), {[&] { return previewInWindow(catalogue, rows); }});
+    report.alone(u"print preview"_s, previewing[0], rows);
 }
 
 void proofScale(ScaleReport &report, const BenchStage &stage) {
     const int records = report.records();
     const auto all = readStore(stage.recordsOf(records).path);
-    const auto proving = takeTurns("proof of all", records >= 1'000'000 ? 1 : 3,
+    const auto proving = takeTurns("proof of all", roundsOf(records, 2, 1),
                                    {[&] { return proofAllInWindow(stage.emptyDatabase(), all); }});
-    report.alone(u"proof of all"_s, proving[0]);
+    report.alone(u"proof of all"_s, proving[0], records);
 
     const auto batch = readStore(stage.importRecords().path);
     const QString catalogue = stage.catalogueOf(records);

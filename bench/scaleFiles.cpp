@@ -7,28 +7,20 @@ using namespace Qt::StringLiterals;
 
 namespace bench {
 
-namespace {
-
-// Many of the quick ones, since the disk's own work comes in between.
-int fileRounds(int records) {
-    return records >= 1'000'000 ? 5 : 12;
-}
-
-} // namespace
-
 void fileScale(ScaleReport &report, const BenchStage &stage) {
     const RecordFile file = stage.recordsOf(report.records());
     const auto into = [&](const std::function<std::optional<double>(QString)> &round) {
         return [&stage, file, round] { return intoFolder(stage, file, round); };
     };
-    const auto cutting = takeTurns("split", fileRounds(file.records),
+    const int rounds = roundsOf(file.records, 12, 5); // many of the quick ones: the disk's own work comes in between
+    const auto cutting = takeTurns("split", rounds,
                                    {into([&file](const QString &to) { return splitInWindow(file.path, to); }),
                                     commandIntoFolder(stage, file, u"cp " + quoted(file.path) + u" whole")});
     report.compared(u"split"_s, cutting, u"cp"_s, 2.0 / 3);
 
     const QStringList parts = partsOf(stage, file);
     const QString folder = platform::folderOf(parts.value(0));
-    const auto merging = takeTurns("merge", fileRounds(file.records),
+    const auto merging = takeTurns("merge", rounds,
                                    {into([&parts](const QString &to) { return mergeInWindow(parts, to); }),
                                     commandIntoFolder(stage, file, u"cat " + quoted(folder) + u"/* >whole")});
     report.compared(u"merge"_s, merging, u"cat"_s, 0.75);

@@ -21,7 +21,7 @@ void firstView(ScaleReport &report, const RecordFile &file) {
         "first view", viewRounds,
         {[&file] { return firstViewInWindow(file); }, command(u"wc -l <" + quoted(file.path) + u" >/dev/null")});
     report.compared(u"first view"_s, sides, u"wc -l"_s, 0);
-    report.table.time(u"first view, less 50 ms | wc -l"_s, std::max(sides[0] - shownAnyway, 0.0), sides[1], 1.5);
+    report.table.time(u"first view, less 50 ms | wc -l"_s, sides[0], sides[1], 1.5, shownAnyway);
 }
 
 void readAll(ScaleReport &report, const RecordFile &file) {
@@ -32,8 +32,8 @@ void readAll(ScaleReport &report, const RecordFile &file) {
     report.compared(u"read all"_s, sides, u"yaz-marcdump"_s, 8);
     constexpr double fixedPart = 100e6;
     if (const auto memory = memoryOfReading(file))
-        report.table.size(u"memory of the window then, less 100 MB | the file"_s, std::max(*memory - fixedPart, 0.0),
-                          double(QFileInfo(file.path).size()), 1);
+        report.table.size(u"memory of the window then, less 100 MB | the file"_s, *memory,
+                          double(QFileInfo(file.path).size()), 1, fixedPart);
 }
 
 // One look through the whole list by the line that F3 opens, for a text that stands nowhere.
@@ -57,8 +57,7 @@ void find(ScaleReport &report, Workspace &workspace) {
          {std::pair(u"find in records"_s, Place::WholeRecord), {u"find in titles"_s, Place::Title}}) {
         const auto sides =
             takeTurns("find", roundsOf(workspace.records), {[&] { return findIn(*workspace.window.findLine, place); }});
-        report.alone(operation, sides[0]);
-        report.table.bound(operation + u", at most 0.3 s for 200,000", sides[0], wanted * workspace.records);
+        report.alone(operation, sides[0], workspace.records, wanted);
     }
 }
 

@@ -49,12 +49,13 @@ void ScaleReport::about(int records) {
 void ScaleReport::compared(const QString &operation, const std::vector<double> &sides, const QString &beside,
                            double wanted) {
     m_figures.push_back({operation, m_records, m_records, sides[0], sides[1], beside});
-    table.speed(operation + u" | " + beside, sides[0], sides[1], wanted);
+    if (wanted > 0)
+        table.speed(operation + u" | " + beside, sides[0], sides[1], wanted);
 }
 
-void ScaleReport::alone(const QString &operation, double seconds, int counted) {
-    m_figures.push_back({operation, m_records, counted > 0 ? counted : m_records, seconds, {}, {}});
-    table.told(operation, seconds);
+void ScaleReport::alone(const QString &operation, double seconds, int counted, double wanted) {
+    m_figures.push_back({operation, m_records, counted, seconds, {}, {}});
+    table.bound(operation, seconds, wanted * counted);
 }
 
 bool ScaleReport::write(const QString &path) const {
@@ -65,8 +66,8 @@ bool ScaleReport::write(const QString &path) const {
     return file.open(QIODevice::WriteOnly) && file.write(QJsonDocument(all).toJson()) > 0;
 }
 
-int roundsOf(int records) {
-    return records >= 1'000'000 ? 3 : 5;
+int roundsOf(int records, int usual, int ofLarge) {
+    return records >= 1'000'000 ? ofLarge : usual;
 }
 
 } // namespace bench

@@ -20,10 +20,11 @@ class ScaleReport {
 public:
     void about(int records);
     int records() const { return m_records; }
-    // The figure of an operation on all the records in hand, with the row of the table where something is wanted of it.
+    // The figure of an operation on all the records in hand, with a row of the table where something is wanted of it.
     void compared(const QString &operation, const std::vector<double> &sides, const QString &beside, double wanted);
-    // The figure of an operation that nothing stands beside. `counted` 0: all the records.
-    void alone(const QString &operation, double seconds, int counted = 0);
+    // The figure of an operation that nothing stands beside, for so many of the records; what is wanted of it are
+    // seconds a record at most, or nothing.
+    void alone(const QString &operation, double seconds, int counted, double wanted = 0);
 
     bool write(const QString &path) const;
 
@@ -35,7 +36,7 @@ private:
 };
 
 // Rounds at a size: the large ones take long and vary little.
-int roundsOf(int records);
+int roundsOf(int records, int usual = 5, int ofLarge = 3);
 
 // The subjects; each takes its figures at the size in hand.
 void recordScale(ScaleReport &report, const BenchStage &stage);   // the workspace

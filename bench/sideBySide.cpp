@@ -82,20 +82,16 @@ void Table::speed(const QString &what, double ours, double theirs, double wanted
     add({what, m_records, ours, theirs, theirs / ours, wanted, Sense::AtLeast});
 }
 
-void Table::time(const QString &what, double ours, double theirs, double wanted) {
-    add({what, m_records, ours, theirs, ours / theirs, wanted, Sense::AtMost});
+void Table::time(const QString &what, double ours, double theirs, double wanted, double fixedPart) {
+    add({what, m_records, ours, theirs, std::max(ours - fixedPart, 0.0) / theirs, wanted, Sense::AtMost});
 }
 
-void Table::size(const QString &what, double ours, double theirs, double wanted) {
-    add({what, m_records, ours, theirs, ours / theirs, wanted, Sense::AtMost, Unit::Bytes});
+void Table::size(const QString &what, double ours, double theirs, double wanted, double fixedPart) {
+    add({what, m_records, ours, theirs, std::max(ours - fixedPart, 0.0) / theirs, wanted, Sense::AtMost, Unit::Bytes});
 }
 
 void Table::bound(const QString &what, double ours, double wanted, Unit unit) {
     add({what, m_records, ours, {}, {}, wanted, Sense::AtMost, unit});
-}
-
-void Table::told(const QString &what, double ours) {
-    add({what, m_records, ours, {}, {}, 0, Sense::AtMost});
 }
 
 void Table::rate(const QString &what, double perSecond, const QString &unit) {
@@ -104,7 +100,7 @@ void Table::rate(const QString &what, double perSecond, const QString &unit) {
 
 void Table::add(Row row) {
     const QString limit = row.ratio ? times(row.wanted) : amount(row.wanted, row.unit);
-    printRow(row.records > 0 ? QString(QLocale::c().toString(row.records) + u": " + row.what) : row.what,
+    printRow(row.records > 0 ? QString(QLocale(QLocale::English).toString(row.records) + u": " + row.what) : row.what,
              amount(row.ours, row.unit), row.theirs ? amount(*row.theirs, row.unit) : u"-"_s,
              row.ratio ? times(*row.ratio) : u"-"_s,
              row.wanted > 0 ? QString((row.missed() ? u"! "_s : QString()) +

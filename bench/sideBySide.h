@@ -47,12 +47,12 @@ public:
     void about(int records) { m_records = records; }
     // The ratio is how many times as fast as theirs ours is.
     void speed(const QString &what, double ours, double theirs, double wanted);
-    // The ratio is how many times the time, or the size, of theirs ours takes.
-    void time(const QString &what, double ours, double theirs, double wanted);
-    void size(const QString &what, double ours, double theirs, double wanted);
+    // The ratio is how many times the time, or the size, of theirs ours takes behind a fixed part that is allowed
+    // anyway.
+    void time(const QString &what, double ours, double theirs, double wanted, double fixedPart = 0);
+    void size(const QString &what, double ours, double theirs, double wanted, double fixedPart = 0);
     // What ours may be at most.
     void bound(const QString &what, double ours, double wanted, Unit unit = Unit::Seconds);
-    void told(const QString &what, double ours); // for its own sake, with nothing beside it
     void rate(const QString &what, double perSecond, const QString &unit);
     const std::vector<Row> &rows() const { return m_rows; }
     int missed() const;

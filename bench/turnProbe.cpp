@@ -1,8 +1,25 @@
 #include "turnProbe.h"
 #include <algorithm>
+#include <cstdio>
 #include <utility>
 
 namespace bench {
+
+namespace {
+
+// Nanoseconds that this thread has waited for a core so far; 0 where the system does not tell.
+qint64 waitedForCore() {
+    qint64 waited = 0;
+    if (std::FILE *told = std::fopen("/proc/thread-self/schedstat", "r")) {
+        long long ran = 0, ready = 0;
+        if (std::fscanf(told, "%lld %lld", &ran, &ready) == 2)
+            waited = ready;
+        std::fclose(told);
+    }
+    return waited;
+}
+
+} // namespace
 
 void TurnProbe::begin(double pressAfter, std::function<void()> press) {
     m_pressAfter = pressAfter;
@@ -11,12 +28,13 @@ void TurnProbe::begin(double pressAfter, std::function<void()> press) {
     m_answer.reset();
     m_last = m_longest = 0;
     m_timer.start(1, Qt::PreciseTimer, this);
+    m_waitedBefore = waitedForCore();
     m_clock.start();
 }
 
 void TurnProbe::answered() {
     if (m_pressed && !m_answer)
-        m_answer = double(m_clock.nsecsElapsed()) / 1e9 - *m_pressed;
+        m_answer = now() - *m_pressed;
 }
 
 void TurnProbe::end() {
@@ -25,10 +43,14 @@ void TurnProbe::end() {
     m_timer.stop();
 }
 
+double TurnProbe::now() const {
+    return double(m_clock.nsecsElapsed() - (waitedForCore() - m_waitedBefore)) / 1e9;
+}
+
 double TurnProbe::turn() {
-    const double now = double(m_clock.nsecsElapsed()) / 1e9;
-    m_longest = std::max(m_longest, now - m_last);
-    return std::exchange(m_last, now);
+    const double moment = now();
+    m_longest = std::max(m_longest, moment - m_last);
+    return std::exchange(m_last, moment);
 }
 
 void TurnProbe::timerEvent(QTimerEvent *) {
