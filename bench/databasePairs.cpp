@@ -7,9 +7,11 @@ namespace bench {
 
 void databasePairs(Table &table, const BenchStage &stage) {
     const auto records = readStore(stage.importRecords().path);
-    const std::vector<QByteArray> statements = insertsOf(*records);
-    const auto importing = takeTurns(
-        "import", 3, {[&] { return importInWindow(stage, records); }, [&] { return importByLoop(stage, statements); }});
+    const std::vector<QByteArray> statements = insertsOf(*records, database::Server::Sqlite);
+    const ImportTarget target = sqliteTarget(stage);
+    const auto importing =
+        takeTurns("import", 3,
+                  {[&] { return importInWindow(target, records); }, [&] { return importByLoop(target, statements); }});
     table.speed(u"import 20,000 records, in the window | a loop of inserts"_s, importing[0], importing[1], 0.5);
 
     const QString list = stage.listDatabase(), exported = stage.exportDatabase();

@@ -1,6 +1,6 @@
 #include "databaseRuns.h"
 #include "catalogue/listStatements.h"
-#include "database/sqlDialect.h"
+#include "database/script.h"
 #include "driverLoop.h"
 #include "import/recordRow.h"
 #include "import/windows/frmDaoRuJindu.h"
@@ -16,32 +16,73 @@ namespace bench {
 
 namespace {
 
-QByteArray asSqlite(const QString &statement) {
-    return database::rewrite(statement, database::Server::Sqlite, {}).toUtf8();
+QByteArray asSpelledBy(database::Server server, const QString &statement) {
+    return database::rewrite(statement, server, {}).toUtf8();
 }
 
-int countOf(const QString &database) {
-    DriverLoop loop(connectionTo(database));
+QByteArray asSqlite(const QString &statement) {
+    return asSpelledBy(database::Server::Sqlite, statement);
+}
+
+int countOf(const QString &connectionText) {
+    DriverLoop loop(connectionText);
     loop.bind(1);
     return loop.isOpen() && loop.fetchOne("select count(*) from taoluTable") ? loop.firstValue().toInt() : -1;
 }
 
+QString textOf(const QString &path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+// The tables anew, by the schema script of that name.
+void makeTables(const QString &connectionText, const QString &schema) {
+    database::LinkPool links;
+    auto connection = database::Connection::open(links, connectionText);
+    if (!connection)
+        qFatal("%s", qUtf8Printable(connection.failure().description));
+    for (const QStringView table : {u"taoluTable", u"zsk", u"sck", u"jhsk"})
+        (void)connection.value().execute(u"drop table if exists " + table);
+    const QString script = textOf(QStringLiteral(BENCH_SCHEMA_FOLDER) + u'/' + schema + u".sql");
+    if (const platform::Status made = database::runScript(connection.value(), script); !made)
+        qFatal("%s", qUtf8Printable(made.failure().description));
+}
+
 } // namespace
 
-std::vector<QByteArray> insertsOf(const marc::PreReadStore &store) {
+ImportTarget sqliteTarget(const BenchStage &stage) {
+    return {database::Server::Sqlite, [&stage] {
+                const QString file = stage.file(u"import.db");
+                for (const QStringView part : {u"", u"-wal", u"-shm"})
+                    QFile::remove(file + part);
+                QFile::copy(stage.emptyDatabase(), file);
+                return connectionTo(file);
+            }};
+}
+
+std::optional<ImportTarget> serverTarget(const QString &serversFile, database::Server server) {
+    const QString name = server == database::Server::PostgreSql ? u"postgresql"_s : u"mariadb"_s;
+    for (const QString &line : textOf(serversFile).split(u'\n'))
+        if (line.startsWith(name + u'='))
+            return ImportTarget{server, [name, text = line.sliced(name.size() + 1)] {
+                                    makeTables(text, name);
+                                    return text;
+                                }};
+    return std::nullopt;
+}
+
+std::vector<QByteArray> insertsOf(const marc::PreReadStore &store, database::Server server) {
     std::vector<QByteArray> statements;
     for (int row = 0; row < store.rowCount(); ++row)
         if (const auto values = importing::recordRow(store.record(row)))
-            statements.push_back(asSqlite(importing::insertStatement(*values)));
+            statements.push_back(asSpelledBy(server, importing::insertStatement(*values)));
     return statements;
 }
 
-std::optional<double> importInWindow(const BenchStage &stage, std::shared_ptr<const marc::PreReadStore> records) {
-    const QString database = stage.freshPath(u"import.db");
-    QFile::copy(stage.emptyDatabase(), database);
+std::optional<double> importInWindow(const ImportTarget &target, std::shared_ptr<const marc::PreReadStore> records) {
     BenchHost host;
     database::LinkPool links;
-    const database::SessionState state{links, connectionTo(database)};
+    const database::SessionState state{links, target.emptied()};
     importing::frmDaoRuJindu window(host, state, records);
     window.Text1->setText(u"0"_s);
     window.Text2->setText(QString::number(records->rowCount()));
@@ -52,24 +93,19 @@ std::optional<double> importInWindow(const BenchStage &stage, std::shared_ptr<co
         return true;
     });
     links.dropKept();
-    const bool all = countOf(database) == records->rowCount();
-    QFile::remove(database);
-    return all ? taken : std::nullopt;
+    return countOf(state.connectionString) == records->rowCount() ? taken : std::nullopt;
 }
 
-std::optional<double> importByLoop(const BenchStage &stage, const std::vector<QByteArray> &statements) {
-    const QString database = stage.freshPath(u"loop.db");
-    QFile::copy(stage.emptyDatabase(), database);
+std::optional<double> importByLoop(const ImportTarget &target, const std::vector<QByteArray> &statements) {
+    const QString connectionText = target.emptied();
     std::optional<double> taken;
     {
-        DriverLoop loop(connectionTo(database));
+        DriverLoop loop(connectionText);
         taken = timed([&] {
             return std::ranges::all_of(statements, [&loop](const QByteArray &insert) { return loop.execute(insert); });
         });
     }
-    const bool all = countOf(database) == int(statements.size());
-    QFile::remove(database);
-    return all ? taken : std::nullopt;
+    return countOf(connectionText) == int(statements.size()) ? taken : std::nullopt;
 }
 
 List::List(const QString &database)

@@ -4,6 +4,7 @@
 #include "benchStage.h"
 #include "catalogue/windows/zskListFrm.h"
 #include "database/linkPool.h"
+#include "database/sqlDialect.h"
 #include <QByteArray>
 #include <functional>
 #include <optional>
@@ -11,11 +12,20 @@
 
 namespace bench {
 
-// What the import sends for the records of a list, as SQLite takes it.
-std::vector<QByteArray> insertsOf(const marc::PreReadStore &store);
-// A round each into a new database; nothing where not every record went in.
-std::optional<double> importInWindow(const BenchStage &stage, std::shared_ptr<const marc::PreReadStore> records);
-std::optional<double> importByLoop(const BenchStage &stage, const std::vector<QByteArray> &statements);
+// A database to import into.
+struct ImportTarget {
+    database::Server server;
+    std::function<QString()> emptied; // its connection text, with no row in it
+};
+ImportTarget sqliteTarget(const BenchStage &stage); // a new file each time
+// PostgreSQL or MariaDB, where the connection texts in the file of scripts/test-servers have it.
+std::optional<ImportTarget> serverTarget(const QString &serversFile, database::Server server);
+
+// What the import sends for the records of a list, as the server takes it.
+std::vector<QByteArray> insertsOf(const marc::PreReadStore &store, database::Server server);
+// A round each; nothing where not every record went in.
+std::optional<double> importInWindow(const ImportTarget &target, std::shared_ptr<const marc::PreReadStore> records);
+std::optional<double> importByLoop(const ImportTarget &target, const std::vector<QByteArray> &statements);
 
 // The list window on a database.
 struct List {

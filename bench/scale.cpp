@@ -19,6 +19,7 @@ int main(int argc, char **argv) {
     const bench::BenchStage stage{arguments[0]};
     bench::ScaleReport report;
     bench::startScale(report);
+    bench::serverScale(report, stage);
     for (const QString &size : arguments.mid(2)) {
         report.about(size.toInt());
         for (const auto subject :

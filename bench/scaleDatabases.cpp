@@ -12,10 +12,11 @@ namespace {
 
 void import(ScaleReport &report, const BenchStage &stage) {
     const auto records = readStore(stage.recordsOf(report.records()).path);
-    const std::vector<QByteArray> statements = insertsOf(*records);
+    const std::vector<QByteArray> statements = insertsOf(*records, database::Server::Sqlite);
+    const ImportTarget target = sqliteTarget(stage);
     const auto sides =
         takeTurns("import", roundsOf(report.records(), 3, 1),
-                  {[&] { return importInWindow(stage, records); }, [&] { return importByLoop(stage, statements); }});
+                  {[&] { return importInWindow(target, records); }, [&] { return importByLoop(target, statements); }});
     report.compared(u"import"_s, sides, u"a loop of inserts on one connection"_s, 0.5);
 }
 
@@ -39,6 +40,22 @@ void databaseScale(ScaleReport &report, const BenchStage &stage) {
     const auto previewing =
         takeTurns("print preview", roundsOf(rows, 2, 1), {[&] { return previewInWindow(catalogue, rows); }});
     report.alone(u"print preview"_s, previewing[0], rows);
+}
+
+void serverScale(ScaleReport &report, const BenchStage &stage) {
+    const auto records = readStore(stage.importRecords().path);
+    using enum database::Server;
+    for (const auto &[server, name] : {std::pair(PostgreSql, u"PostgreSQL"_s), {MariaDb, u"MariaDB"_s}}) {
+        const auto target = serverTarget(qEnvironmentVariable("BENCH_SERVERS"), server);
+        if (!target)
+            qFatal("BENCH_SERVERS names no file with connection texts");
+        const std::vector<QByteArray> statements = insertsOf(*records, server);
+        const auto sides = takeTurns(
+            "import", 3,
+            {[&] { return importInWindow(*target, records); }, [&] { return importByLoop(*target, statements); }});
+        report.table.speed(u"import of 20,000 into " + name + u" | a loop of inserts on one connection", sides[0],
+                           sides[1], 0.5);
+    }
 }
 
 void proofScale(ScaleReport &report, const BenchStage &stage) {

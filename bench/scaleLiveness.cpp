@@ -40,11 +40,9 @@ WatchedRun reading(const RecordFile &file) {
 
 WatchedRun importing(const BenchStage &stage, std::shared_ptr<const marc::PreReadStore> records) {
     return [&stage, records](TurnProbe &probe, double pressAfter) {
-        const QString database = stage.freshPath(u"import.db");
-        QFile::copy(stage.emptyDatabase(), database);
         BenchHost host;
         database::LinkPool links;
-        const database::SessionState state{links, connectionTo(database)};
+        const database::SessionState state{links, sqliteTarget(stage).emptied()};
         importing::frmDaoRuJindu window(host, state, records);
         window.Text2->setText(QString::number(records->rowCount()));
         watch(probe, host, pressAfter, window.cmdStop, [&window] {
@@ -52,7 +50,6 @@ WatchedRun importing(const BenchStage &stage, std::shared_ptr<const marc::PreRea
             window.activate();
         });
         links.dropKept();
-        QFile::remove(database);
     };
 }
 

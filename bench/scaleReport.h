@@ -44,6 +44,8 @@ void fileScale(ScaleReport &report, const BenchStage &stage);     // split, merg
 void databaseScale(ScaleReport &report, const BenchStage &stage); // import, list, export, print preview
 void proofScale(ScaleReport &report, const BenchStage &stage);    // proof and look-up of a whole list
 void livenessScale(ScaleReport &report, const BenchStage &stage); // turns of the event loop, stops
-void startScale(ScaleReport &report);                             // once, whatever the sizes
+// These are taken once, whatever the sizes.
+void startScale(ScaleReport &report);
+void serverScale(ScaleReport &report, const BenchStage &stage); // import into PostgreSQL and MariaDB
 
 } // namespace bench
