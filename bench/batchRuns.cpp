@@ -1,4 +1,5 @@
 #include "batchRuns.h"
+#include "app/startUp.h"
 #include "batch/windows/frmRemarks.h"
 #include "database/linkPool.h"
 #include "platform/paths.h"
@@ -27,7 +28,7 @@ batch::ProofReports proofsOf(const marc::FieldRows &rows, const QString &folder)
 std::optional<double> proofAllInWindow(const QString &database, std::shared_ptr<const marc::PreReadStore> records) {
     const QString counted = u"校对 "_s + QString::number(records->rowCount()) + u" 条";
     BenchHost host;
-    database::LinkPool links;
+    database::LinkPool links(app::tableNames());
     const database::SessionState state{links, connectionTo(database)};
     const QString folder = platform::pathWithSlash(QCoreApplication::applicationDirPath());
     batch::frmRemarks window(host);

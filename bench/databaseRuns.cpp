@@ -1,4 +1,5 @@
 #include "databaseRuns.h"
+#include "app/startUp.h"
 #include "catalogue/listStatements.h"
 #include "database/script.h"
 #include "driverLoop.h"
@@ -17,7 +18,7 @@ namespace bench {
 namespace {
 
 QByteArray asSpelledBy(database::Server server, const QString &statement) {
-    return database::rewrite(statement, server, {}).toUtf8();
+    return database::rewrite(statement, server, app::tableNames()).toUtf8();
 }
 
 QByteArray asSqlite(const QString &statement) {
@@ -41,7 +42,7 @@ void makeTables(const QString &connectionText, const QString &schema) {
     auto connection = database::Connection::open(links, connectionText);
     if (!connection)
         qFatal("%s", qUtf8Printable(connection.failure().description));
-    for (const QStringView table : {u"taoluTable", u"zsk", u"sck", u"jhsk"})
+    for (const QString &table : app::tableNames())
         (void)connection.value().execute(u"drop table if exists " + table);
     const QString script = textOf(QStringLiteral(BENCH_SCHEMA_FOLDER) + u'/' + schema + u".sql");
     if (const platform::Status made = database::runScript(connection.value(), script); !made)
@@ -81,7 +82,7 @@ std::vector<QByteArray> insertsOf(const marc::PreReadStore &store, database::Ser
 
 std::optional<double> importInWindow(const ImportTarget &target, std::shared_ptr<const marc::PreReadStore> records) {
     BenchHost host;
-    database::LinkPool links;
+    database::LinkPool links(app::tableNames());
     const database::SessionState state{links, target.emptied()};
     importing::frmDaoRuJindu window(host, state, records);
     window.Text1->setText(u"0"_s);
@@ -109,7 +110,8 @@ std::optional<double> importByLoop(const ImportTarget &target, const std::vector
 }
 
 List::List(const QString &database)
-    : state{links, connectionTo(database)}
+    : links(app::tableNames())
+    , state{links, connectionTo(database)}
     , window(state, host, order,
              {.showDetail = [](qint32) {},
               .showOrderby = [] {},

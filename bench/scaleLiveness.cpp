@@ -1,3 +1,4 @@
+#include "app/startUp.h"
 #include "databaseRuns.h"
 #include "fileRuns.h"
 #include "filetools/windows/frmCutFile.h"
@@ -41,7 +42,7 @@ WatchedRun reading(const RecordFile &file) {
 WatchedRun importing(const BenchStage &stage, std::shared_ptr<const marc::PreReadStore> records) {
     return [&stage, records](TurnProbe &probe, double pressAfter) {
         BenchHost host;
-        database::LinkPool links;
+        database::LinkPool links(app::tableNames());
         const database::SessionState state{links, sqliteTarget(stage).emptied()};
         importing::frmDaoRuJindu window(host, state, records);
         window.Text2->setText(QString::number(records->rowCount()));
