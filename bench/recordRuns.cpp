@@ -23,17 +23,19 @@ bool Workspace::readAll() {
 }
 
 std::optional<double> firstViewInWindow(const RecordFile &file) {
-    return timed([&file] {
-        Workspace workspace(file);
-        workspace.open();
-        return workspace.host.boxes == 0 && workspace.window.records().rowCount() > 0;
+    std::optional<Workspace> workspace;
+    return timed([&] {
+        workspace.emplace(file);
+        workspace->open();
+        return workspace->host.boxes == 0 && workspace->window.records().rowCount() > 0;
     });
 }
 
 std::optional<double> readInWindow(const RecordFile &file) {
-    return timed([&file] {
-        Workspace workspace(file);
-        return workspace.readAll() && workspace.host.boxes == 0;
+    std::optional<Workspace> workspace;
+    return timed([&] {
+        workspace.emplace(file);
+        return workspace->readAll() && workspace->host.boxes == 0;
     });
 }
 

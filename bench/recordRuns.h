@@ -21,7 +21,7 @@ struct Workspace {
     workspace::frmDaoru window;
 };
 
-// A round each, from before the window is made.
+// A round each, from before the window is made until the last record that it reads is listed and painted.
 std::optional<double> firstViewInWindow(const RecordFile &file);
 std::optional<double> readInWindow(const RecordFile &file);
 
