@@ -62,14 +62,14 @@ plot data . "/reading" using 1:($2 / 1e6) title "all records read", \
      200 with lines dashtype 4 linecolor rgb "#aa0000" title "limit of the list"
 
 reset
-set terminal svg size 900,700 dynamic background "white" font "sans-serif,13"
+set terminal svg size 900,640 dynamic background "white" font "sans-serif,13"
 file = data . "/margins"
 stats file using 2 nooutput
 rows = STATS_records
 set output pictures . "/ratios.svg"
-set title "Times better than wanted (right of the line: met)"
+set title "Times better than wanted (1: just met)"
 set logscale x 2
-set xrange [0.25 : *]
+set xrange [* : *]
 set yrange [rows - 0.4 : -0.6]
 set border 1 linecolor rgb "#666666"
 set xtics nomirror

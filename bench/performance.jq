@@ -43,7 +43,7 @@ def row_blocks($pattern):
 def margins:
     (sizes | max) as $largest
     | [.rows[] | select(.wanted > 0 and (.records == 0 or .records == $largest))] | to_entries[]
-    | "\(.key) \(.value | margin) \"\(.value.what | sub(" \\| "; " against "))\"";
+    | "\(.key) \(.value | margin) \"\(.value.what | sub(" \\|.*"; ""))\"";
 
 def line: "| " + join(" | ") + " |";
 
@@ -80,7 +80,9 @@ def figure_table:
        | line);
 
 def machine_table:
-    .toolkit as $toolkit | .machine
+    .toolkit as $toolkit
+    | (.figures | group_by(.records) | map("\(map(.load) | add / length | short) at \(.[0].records | grouped)") | join(", ")) as $loads
+    | .machine
     | ("| | |", "|---|---|",
        (["processor", "\(.cpu), \(.cores) cores" + (if .virtual == "" then "" else ", virtual (\(.virtual))" end)],
         ["memory", "\(.memory / 1e9 | short) GB"],
@@ -88,6 +90,5 @@ def machine_table:
         ["system", .system],
         ["libraries", "Qt \($toolkit), \(.libraries)"],
         ["run", "\(.begun) to \(.ended), program as of \(.commit)"],
-        ["load", "\(.load.before | short) before, \(.load.mean | short) in the mean, \(.load.highest | short) at most; "
-                 + "processes waited \(.load.waitedForCore | short) s for a core"]
+        ["load", "\(.load.before | short) before, \($loads); processes waited \(.load.waitedForCore | short) s for a core"]
         | line));

@@ -3,6 +3,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
@@ -10,13 +11,23 @@ namespace bench {
 
 namespace {
 
+double loadNow() {
+    double load = 0;
+    return getloadavg(&load, 1) == 1 ? load : 0;
+}
+
 QJsonValue orNull(std::optional<double> value) {
     return value ? QJsonValue(*value) : QJsonValue();
 }
 
 QJsonObject asJson(const Figure &figure) {
-    return {{u"operation"_s, figure.operation}, {u"records"_s, figure.records},       {u"counted"_s, figure.counted},
-            {u"seconds"_s, figure.seconds},     {u"theirs"_s, orNull(figure.theirs)}, {u"beside"_s, figure.beside}};
+    return {{u"operation"_s, figure.operation},
+            {u"records"_s, figure.records},
+            {u"counted"_s, figure.counted},
+            {u"seconds"_s, figure.seconds},
+            {u"theirs"_s, orNull(figure.theirs)},
+            {u"beside"_s, figure.beside},
+            {u"load"_s, figure.load}};
 }
 
 QJsonObject asJson(const Row &row) {
@@ -48,13 +59,13 @@ void ScaleReport::about(int records) {
 
 void ScaleReport::compared(const QString &operation, const std::vector<double> &sides, const QString &beside,
                            double wanted) {
-    m_figures.push_back({operation, m_records, m_records, sides[0], sides[1], beside});
+    m_figures.push_back({operation, m_records, m_records, sides[0], sides[1], beside, loadNow()});
     if (wanted > 0)
         table.speed(operation + u" | " + beside, sides[0], sides[1], wanted);
 }
 
 void ScaleReport::alone(const QString &operation, double seconds, int counted, double wanted) {
-    m_figures.push_back({operation, m_records, counted, seconds, {}, {}});
+    m_figures.push_back({operation, m_records, counted, seconds, {}, {}, loadNow()});
     table.bound(operation, seconds, wanted * counted);
 }
 

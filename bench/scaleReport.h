@@ -14,6 +14,7 @@ struct Figure {
     double seconds; // the best round
     std::optional<double> theirs;
     QString beside; // whose seconds `theirs` are
+    double load;    // of the machine in the minute before, this program's own included
 };
 
 class ScaleReport {
