@@ -81,7 +81,7 @@ def figure_table:
 
 def machine_table:
     .toolkit as $toolkit
-    | (.figures | group_by(.records) | map("\(map(.load) | add / length | short) at \(.[0].records | grouped)") | join(", ")) as $loads
+    | (.figures | group_by(.records) | map("\(map(.load // 0) | add / length | short) at \(.[0].records | grouped)") | join(", ")) as $loads
     | .machine
     | ("| | |", "|---|---|",
        (["processor", "\(.cpu), \(.cores) cores" + (if .virtual == "" then "" else ", virtual (\(.virtual))" end)],
@@ -90,5 +90,7 @@ def machine_table:
         ["system", .system],
         ["libraries", "Qt \($toolkit), \(.libraries)"],
         ["run", "\(.begun) to \(.ended), program as of \(.commit)"],
-        ["load", "\(.load.before | short) before, \($loads); processes waited \(.load.waitedForCore | short) s for a core"]
+        ["load", "\(.load.before | short) before, "
+                 + (if .load.mean then "\(.load.mean | short) in the mean, \(.load.highest | short) at most" else $loads end)
+                 + "; processes waited \(.load.waitedForCore | short) s for a core"]
         | line));
