@@ -64,6 +64,10 @@ TEST_F(MainWindowTest, FilesComeFromTheStartPageAndByDropping) {
     frame.startPage->refresh();
     frame.show();
     ASSERT_EQ(frame.startPage->recent.size(), 2);
+    const QSize whole = frame.startPage->fittedTo({2000, 2000});
+    EXPECT_LT(frame.startPage->fittedTo(whole - QSize(0, 1)).height(), whole.height() - 10);
+    EXPECT_FALSE(frame.startPage->recent[1]->isVisible()) << "none is squeezed";
+    EXPECT_EQ(frame.startPage->fittedTo(whole), whole);
     windows.calls.clear();
     QTest::mouseClick(frame.startPage->recent[1], Qt::LeftButton);
     EXPECT_EQ(windows.calls, QStringList{u"select"_s + folder.path(u"甲.iso"_s)});

@@ -125,7 +125,7 @@ void marcMain::dropEvent(QDropEvent *event) {
 
 void marcMain::placeStartPage() {
     const QSize room = mdiArea->viewport()->size();
-    const QSize size = startPage->sizeHint().boundedTo(room);
+    const QSize size = startPage->fittedTo(room);
     startPage->setGeometry(QRect(QPoint((room.width() - size.width()) / 2, (room.height() - size.height()) / 3), size));
     startPage->setVisible(mdiArea->subWindowList().isEmpty());
 }

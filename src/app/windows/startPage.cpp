@@ -3,6 +3,7 @@
 #include "widgets/layout.h"
 #include <QDir>
 #include <QFileInfo>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 using widgets::Button;
@@ -68,11 +69,31 @@ void StartPage::refresh() {
         recent.append(file);
     }
     recentTitle->setVisible(!recent.isEmpty());
+    m_fittedTo = {};
     adjustSize();
+}
+
+QSize StartPage::fittedTo(const QSize &room) {
+    const auto wanted = [this] { // now, not with the next events
+        m_recentFiles->invalidate();
+        layout()->invalidate();
+        return layout()->totalSizeHint();
+    };
+    // What is shown and hidden asks for the page to be laid out anew, which leads here again.
+    if (std::exchange(m_fittedTo, room) == room)
+        return wanted().boundedTo(room);
+    recentTitle->setVisible(!recent.isEmpty());
+    for (Button *file : recent)
+        file->show();
+    for (auto last = recent.crbegin(); last != recent.crend() && wanted().height() > room.height(); ++last)
+        (*last)->hide();
+    recentTitle->setVisible(!recent.isEmpty() && !recent[0]->isHidden());
+    return wanted().boundedTo(room);
 }
 
 void StartPage::showDatabase(const QString &words, bool unreachable) {
     databaseWords->setText(unreachable ? QString(u"⚠ " + words) : words);
+    m_fittedTo = {};
     adjustSize();
 }
 

@@ -16,6 +16,8 @@ public:
     void showDatabase(const QString &words, bool unreachable);
     // The files used last may be other ones.
     void refresh();
+    // The size it takes in so much room; of the last files those that have none are hidden.
+    QSize fittedTo(const QSize &room);
 
     std::array<widgets::Button *, 3> steps;
     widgets::Button *tidy;
@@ -30,6 +32,7 @@ Q_SIGNALS:
 private:
     platform::Host &m_host;
     QVBoxLayout *m_recentFiles;
+    QSize m_fittedTo; // the room that the last files were fitted to; none since they changed
 };
 
 } // namespace app
