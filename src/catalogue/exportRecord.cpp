@@ -81,8 +81,9 @@ bool isWritten(const Field &field, const CatalogueRow &row) {
     return std::ranges::any_of(field.needs, [&](Value value) { return value && !(row.*value).isEmpty(); });
 }
 
-QByteArray fieldBytes(const Field &field, const CatalogueRow &row) {
-    QByteArray bytes = field.indicators;
+// Appends the field.
+void addField(QByteArray &bytes, const Field &field, const CatalogueRow &row) {
+    bytes += field.indicators;
     for (const Subfield &subfield : field.subfields) {
         if (!subfield.value || (row.*subfield.value).isEmpty())
             continue;
@@ -90,7 +91,7 @@ QByteArray fieldBytes(const Field &field, const CatalogueRow &row) {
         bytes += subfield.code;
         bytes += platform::encode(row.*subfield.value);
     }
-    return bytes += fieldTerminator;
+    bytes += fieldTerminator;
 }
 
 } // namespace
@@ -106,28 +107,34 @@ CatalogueRow readCatalogueRow(const database::ResultTable &result) {
     return row;
 }
 
-QString Geshi1(qint64 number) {
-    return QString::number(number).rightJustified(4, u'0');
+QByteArray Geshi1(qint64 number) {
+    return QByteArray::number(number).rightJustified(4, '0');
 }
 
-QString Geshi2(qint64 number) {
-    return QString::number(number).rightJustified(5, u'0');
+QByteArray Geshi2(qint64 number) {
+    return QByteArray::number(number).rightJustified(5, '0');
 }
 
 QByteArray exportRecord(const CatalogueRow &row) {
-    QByteArray directory = "001001100000"_ba;
-    QByteArray data = Geshi2(platform::toInt32(row.zskid).value_or(0)).toLatin1() + "hteva" + fieldTerminator;
+    constexpr qsizetype usualSize = 512; // of directory and data together; longer ones grow
+    QByteArray data;
+    data.reserve(usualSize);
+    data += Geshi2(platform::toInt32(row.zskid).value_or(0)) + "hteva" + fieldTerminator;
+    QByteArray directory;
+    directory.reserve(usualSize);
+    directory += "001001100000";
     qint64 position = controlNumberLength;
     for (const Field &field : fields) {
         if (!isWritten(field, row))
             continue;
-        const QByteArray bytes = fieldBytes(field, row);
-        directory += field.tag + Geshi1(bytes.size()).toLatin1() + Geshi2(position).toLatin1();
-        position += bytes.size();
-        data += bytes;
+        const qsizetype before = data.size();
+        addField(data, field, row);
+        const qsizetype size = data.size() - before;
+        directory += field.tag + Geshi1(size) + Geshi2(position);
+        position += size;
     }
-    const QByteArray length = Geshi2(position + marc::leaderLength + directory.size() + 2).toLatin1();
-    const QByteArray base = Geshi2(marc::leaderLength + directory.size() + 1).toLatin1();
+    const QByteArray length = Geshi2(position + marc::leaderLength + directory.size() + 2);
+    const QByteArray base = Geshi2(marc::leaderLength + directory.size() + 1);
     return length + "nam  22" + base + "   450 " + directory + fieldTerminator + data + recordTerminator;
 }
 

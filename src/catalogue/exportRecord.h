@@ -19,8 +19,8 @@ struct CatalogueRow {
 CatalogueRow readCatalogueRow(const database::ResultTable &result);
 
 // The digits of a number with zeros in front to four and five characters; longer numbers stay as they are.
-QString Geshi1(qint64 number);
-QString Geshi2(qint64 number);
+QByteArray Geshi1(qint64 number);
+QByteArray Geshi2(qint64 number);
 
 // The record in code page 936, its terminator included. Lengths are bytes; the control number always counts as 11 of
 // them, and a field of 10,000 bytes makes its directory entry longer, without a complaint.

@@ -40,7 +40,8 @@ bool diagnostic(Call call, SQLSMALLINT kind, SQLHANDLE handle, SQLSMALLINT recor
 
 template <class Character, class Call>
 bool describe(Call call, SQLHSTMT statement, SQLUSMALLINT number, ColumnFacts &facts) {
-    std::array<Character, 512> name{};
+    std::array<Character, 512> name;
+    name.front() = name.back() = 0;
     SQLSMALLINT length = 0, digits = 0, nullable = 0;
     const SQLRETURN described =
         call(statement, number, name.data(), room(name), &length, &facts.type, &facts.size, &digits, &nullable);

@@ -1,37 +1,44 @@
 #include "database/resultTable.h"
 #include <algorithm>
+#include <cstring>
 #include <utility>
 
 namespace database {
 
 namespace {
-constexpr quint64 nullBit = quint64(1) << 63;
-constexpr std::size_t firstBlock = 1 << 10; // characters: a result of one row is done with it
-constexpr std::size_t blockSize =
-    1 << 18; // of the later ones: small beside any result that matters, large beside a cell
+
+// Every character at once: that is a few instructions for sixteen of them, and most cells are short.
+template <class Text>
+bool allBelow(const Text &text, quint32 limit) {
+    quint32 bits = 0;
+    for (const auto character : text)
+        bits |= quint32(std::make_unsigned_t<decltype(character)>(character));
+    return bits < limit; // a power of two
+}
+
 } // namespace
 
 ResultTable::ResultTable(QStringList columnNames)
     : m_names(std::move(columnNames)) {}
 
-int ResultTable::rowCount() const {
-    return m_names.isEmpty() ? 0 : int(m_cells.size() / std::size_t(m_names.size()));
+std::size_t ResultTable::indexOf(int row, int column) const {
+    Q_ASSERT(row >= 0 && row < rowCount() && column >= 0 && column < columnCount());
+    return std::size_t(row) * std::size_t(m_names.size()) + std::size_t(column);
 }
 
 QString ResultTable::text(int row, int column) const {
-    const QStringView view = cell(row, column);
-    return view.isEmpty() ? QString() : view.toString();
-}
-
-QStringView ResultTable::cell(int row, int column) const {
-    Q_ASSERT(row >= 0 && row < rowCount() && column >= 0 && column < columnCount());
-    const std::size_t index = std::size_t(row) * std::size_t(m_names.size()) + std::size_t(column);
-    const quint64 start = m_cells[index] & ~nullBit;
-    const quint64 next = index + 1 < m_cells.size() ? m_cells[index + 1] & ~nullBit : ~nullBit;
-    const std::u16string &block = m_blocks[start >> 32];
-    const std::size_t from = quint32(start);
-    const std::size_t end = next >> 32 == start >> 32 ? quint32(next) : block.size();
-    return QStringView(block.data() + from, qsizetype(end - from));
+    const std::size_t index = indexOf(row, column);
+    const char *from = m_rows[std::size_t(row)];
+    for (std::size_t before = index - std::size_t(column); before < index; ++before)
+        from += m_cells[before].bytes();
+    const Cell cell = m_cells[index];
+    if (cell.size == 0)
+        return {};
+    if (cell.form == Form::Latin1)
+        return QString::fromLatin1(from, cell.bytes());
+    QString text(qsizetype(cell.size), Qt::Uninitialized);
+    std::memcpy(text.data(), from, std::size_t(cell.bytes()));
+    return text;
 }
 
 std::optional<int> ResultTable::column(QStringView name) const {
@@ -42,22 +49,40 @@ std::optional<int> ResultTable::column(QStringView name) const {
 }
 
 bool ResultTable::isNull(int row, int column) const {
-    return m_cells[std::size_t(row) * std::size_t(m_names.size()) + std::size_t(column)] & nullBit;
+    return m_cells[indexOf(row, column)].form == Form::Null;
 }
 
 void ResultTable::append(QStringView text) {
-    const std::size_t size = std::size_t(text.size());
-    if (m_blocks.empty() || m_blocks.back().size() + size > m_blocks.back().capacity())
-        m_blocks.emplace_back().reserve(std::max(size, m_blocks.size() == 1 ? firstBlock : blockSize));
-    std::u16string &block = m_blocks.back();
-    m_cells.push_back(quint64(m_blocks.size() - 1) << 32 | quint64(block.size()));
-    if (size > 0)
-        block.append(text.utf16(), size);
+    if (allBelow(std::u16string_view(text.utf16(), std::size_t(text.size())), 0x100)) {
+        const qsizetype before = m_begun.size();
+        m_begun.resize(before + text.size());
+        std::ranges::transform(text, m_begun.begin() + before, [](QChar character) { return character.toLatin1(); });
+        endCell(Form::Latin1, text.size());
+        return;
+    }
+    m_begun.append(reinterpret_cast<const char *>(text.utf16()), text.size() * qsizetype(sizeof(QChar)));
+    endCell(Form::Utf16, text.size());
+}
+
+void ResultTable::appendUtf8(QByteArrayView text) {
+    if (!allBelow(text, 0x80))
+        return append(QString::fromUtf8(text));
+    m_begun.append(text);
+    endCell(Form::Latin1, text.size());
 }
 
 void ResultTable::appendNull() {
-    append({});
-    m_cells.back() |= nullBit;
+    endCell(Form::Null, 0);
+}
+
+void ResultTable::endCell(Form form, qsizetype size) {
+    Cell &cell = m_cells.emplace_back();
+    cell.size = quint32(size);
+    cell.form = form;
+    if (m_cells.size() % std::size_t(m_names.size()) != 0)
+        return;
+    m_rows.push_back(m_held.keep(m_begun).data());
+    m_begun.resize(0); // keeps its room
 }
 
 } // namespace database

@@ -1,14 +1,14 @@
-// The whole result of a query, held compactly: texts behind each other in large blocks and one offset a cell, no object
-// per cell, nothing copied as it grows. A NULL reads as an empty text. Columns are found by name without regard to
-// case.
+// The whole result of a query, held compactly: the texts of a row behind each other, those of Latin letters with a byte
+// a character, and four bytes a cell beside them; nothing copied as it grows. A NULL reads as an empty text. Columns
+// are found by name without regard to case.
 #pragma once
 
+#include "platform/byteArena.h"
 #include "platform/tableSource.h"
+#include <QByteArray>
 #include <QStringList>
 #include <deque>
 #include <optional>
-#include <string>
-#include <vector>
 
 namespace database {
 
@@ -16,7 +16,7 @@ class ResultTable final : public platform::TableSource {
 public:
     explicit ResultTable(QStringList columnNames);
 
-    int rowCount() const override;
+    int rowCount() const override { return int(m_rows.size()); }
     int columnCount() const override { return int(m_names.size()); }
     QString text(int row, int column) const override;
 
@@ -25,16 +25,28 @@ public:
     std::optional<int> column(QStringView name) const;
     bool isNull(int row, int column) const;
 
-    // Appends the next cell, in row order. Used by whoever fills the table.
+    // Appends the next cell, in row order; a row is there when its last cell is. Used by whoever fills the table.
     void append(QStringView text);
+    void appendUtf8(QByteArrayView text);
     void appendNull();
 
 private:
-    QStringView cell(int row, int column) const;
+    enum class Form : quint32 { Null, Latin1, Utf16 };
+    static constexpr int sizeBits = 30; // a thousand million, which is more than any server gives
+    struct Cell {
+        quint32 size : sizeBits; // characters
+        Form form : 32 - sizeBits;
+        qsizetype bytes() const { return qsizetype(size) * (form == Form::Utf16 ? qsizetype(sizeof(QChar)) : 1); }
+    };
+
+    std::size_t indexOf(int row, int column) const;
+    void endCell(Form form, qsizetype size);
 
     QStringList m_names;
-    std::vector<std::u16string> m_blocks; // none ever grows beyond what it reserved
-    std::deque<quint64> m_cells;          // start of each cell's text: block << 32 | offset; the top bit marks a NULL
+    std::deque<const char *> m_rows; // where each row's texts start
+    std::deque<Cell> m_cells;
+    platform::ByteArena m_held;
+    QByteArray m_begun; // texts of the row that is being filled
 };
 
 } // namespace database

@@ -178,7 +178,7 @@ private:
         if (m_form == TextForm::Wide)
             m_table->append(QStringView(reinterpret_cast<const char16_t *>(bytes), size / qsizetype(sizeof(char16_t))));
         else
-            m_table->append(QString::fromUtf8(bytes, size));
+            m_table->appendUtf8({bytes, size});
     }
 
     SQLSMALLINT valueType() const { return m_form == TextForm::Wide ? SQL_C_WCHAR : SQL_C_CHAR; }

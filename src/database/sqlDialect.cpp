@@ -33,8 +33,12 @@ constexpr auto spellings = std::to_array<Spelling>({
      u"convert(%1 using utf8mb4) collate utf8mb4_general_ci", u" Escape '\x1f'", u'`'},
 });
 
+bool isSame(QStringView name, QStringView other) {
+    return name.size() == other.size() && name.compare(other, Qt::CaseInsensitive) == 0;
+}
+
 bool is(const Token &token, QStringView word) {
-    return token.kind == TokenKind::Word && token.text.compare(word, Qt::CaseInsensitive) == 0;
+    return token.kind == TokenKind::Word && isSame(token.text, word);
 }
 
 bool isSign(const Token &token, QChar sign) {
@@ -50,29 +54,29 @@ public:
 
     QString whole() {
         QString out = part(0, m_tokens.size());
-        const std::size_t first = skip(0);
+        const qsizetype first = skip(0);
         if (first < m_tokens.size() && is(m_tokens[first], u"insert"))
-            if (const std::size_t next = skip(first + 1); next < m_tokens.size() && !is(m_tokens[next], u"into"))
+            if (const qsizetype next = skip(first + 1); next < m_tokens.size() && !is(m_tokens[next], u"into"))
                 out.insert(m_tokens[first].text.end() - m_tokens[0].text.begin(), u" into"_s);
         return out;
     }
 
 private:
     // The first token from `at` on that is neither blank nor comment.
-    std::size_t skip(std::size_t at) const {
+    qsizetype skip(qsizetype at) const {
         while (at < m_tokens.size() &&
                (m_tokens[at].kind == TokenKind::Blank || m_tokens[at].kind == TokenKind::Comment))
             ++at;
         return at;
     }
 
-    QString part(std::size_t from, std::size_t to) {
+    QString part(qsizetype from, qsizetype to) {
         QString out;
         if (from < to)
             out.reserve(m_tokens[to - 1].text.end() - m_tokens[from].text.begin() + 64);
         qsizetype operand = -1;      // where the operand of a coming Like starts in `out`
         bool patternFollows = false; // a Like waits for its pattern
-        for (std::size_t at = from; at < to; ++at) {
+        for (qsizetype at = from; at < to; ++at) {
             const Token &token = m_tokens[at];
             if (is(token, u"like")) {
                 fold(out, operand);
@@ -84,7 +88,7 @@ private:
                 operand = out.size();
             else if (token.kind != TokenKind::Word && token.kind != TokenKind::Blank && !isSign(token, u'.'))
                 operand = -1;
-            if (const std::optional<std::size_t> end = is(token, u"convert") ? convert(at, to, out) : std::nullopt) {
+            if (const std::optional<qsizetype> end = is(token, u"convert") ? convert(at, to, out) : std::nullopt) {
                 at = *end;
                 operand = -1;
                 continue;
@@ -122,26 +126,26 @@ private:
     }
 
     QStringView tableSpelling(QStringView word) const {
-        const auto same = [word](QStringView table) { return table.compare(word, Qt::CaseInsensitive) == 0; };
+        const auto same = [word](QStringView table) { return isSame(table, word); };
         const auto own = std::find_if(m_tables.begin(), m_tables.end(), same);
         return own == m_tables.end() ? word : QStringView(*own);
     }
 
     // convert(varchar(n),x[,111]), also with nvarchar: appends the server's spelling and gives its last token. Nothing
     // where the words at `at` are something else.
-    std::optional<std::size_t> convert(std::size_t at, std::size_t to, QString &out) {
-        const std::size_t open = skip(at + 1);
-        const std::size_t type = skip(open + 1);
-        const std::size_t typeOpen = skip(type + 1);
-        const std::size_t length = skip(typeOpen + 1);
-        const std::size_t typeClose = skip(length + 1);
-        const std::size_t comma = skip(typeClose + 1);
+    std::optional<qsizetype> convert(qsizetype at, qsizetype to, QString &out) {
+        const qsizetype open = skip(at + 1);
+        const qsizetype type = skip(open + 1);
+        const qsizetype typeOpen = skip(type + 1);
+        const qsizetype length = skip(typeOpen + 1);
+        const qsizetype typeClose = skip(length + 1);
+        const qsizetype comma = skip(typeClose + 1);
         if (comma >= to || !isSign(m_tokens[open], u'(') ||
             !(is(m_tokens[type], u"varchar") || is(m_tokens[type], u"nvarchar")) || !isSign(m_tokens[typeOpen], u'(') ||
             !isSign(m_tokens[typeClose], u')') || !isSign(m_tokens[comma], u','))
             return std::nullopt;
-        std::size_t close = comma + 1;
-        std::size_t styleComma = 0;
+        qsizetype close = comma + 1;
+        qsizetype styleComma = 0;
         for (int depth = 0; close < to && !(depth == 0 && isSign(m_tokens[close], u')')); ++close) {
             depth += isSign(m_tokens[close], u'(') - isSign(m_tokens[close], u')');
             if (depth == 0 && isSign(m_tokens[close], u','))
@@ -158,7 +162,7 @@ private:
 
     const Spelling &m_spelling;
     const QStringList &m_tables;
-    std::vector<Token> m_tokens;
+    Tokens m_tokens;
 };
 
 } // namespace

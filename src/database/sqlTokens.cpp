@@ -5,7 +5,11 @@ namespace database {
 namespace {
 
 bool isWordCharacter(QChar c) {
-    return c.isLetterOrNumber() || c == u'_';
+    const char16_t unit = c.unicode();
+    if (unit < 0x80) // as nearly all are
+        return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z') || (unit >= u'0' && unit <= u'9') ||
+               unit == u'_';
+    return c.isLetterOrNumber();
 }
 
 // The end of a run that `close` ends and a doubled `close` does not.
@@ -59,8 +63,8 @@ Cut cutAt(QStringView text, qsizetype at) {
 
 } // namespace
 
-std::vector<Token> tokensOf(QStringView statement) {
-    std::vector<Token> tokens;
+Tokens tokensOf(QStringView statement) {
+    Tokens tokens;
     for (qsizetype at = 0; at < statement.size();) {
         const Cut cut = cutAt(statement, at);
         tokens.push_back({cut.kind, statement.sliced(at, cut.end - at)});

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <QStringView>
-#include <vector>
+#include <QVarLengthArray>
 
 namespace database {
 
@@ -21,7 +21,9 @@ struct Token {
     QStringView text; // into the statement; quotes and brackets included
 };
 
+using Tokens = QVarLengthArray<Token, 128>; // so many without a call for memory, which is what most statements have
+
 // The whole statement, in order, nothing left out. What is opened and never closed reaches to the end.
-std::vector<Token> tokensOf(QStringView statement);
+Tokens tokensOf(QStringView statement);
 
 } // namespace database

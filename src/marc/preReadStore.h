@@ -3,8 +3,8 @@
 // text.
 #pragma once
 
-#include "marc/byteArena.h"
 #include "marc/rawRecord.h"
+#include "platform/byteArena.h"
 #include "platform/tableSource.h"
 #include <QString>
 #include <deque>
@@ -43,8 +43,8 @@ private:
         int number : 31 = 0;     // 0: none
         bool isText : 1 = false; // the record as UTF-16
     };
-    std::deque<Row> m_rows; // which grows without moving house
-    ByteArena m_held;       // what is replaced stays until reset()
+    std::deque<Row> m_rows;     // which grows without moving house
+    platform::ByteArena m_held; // what is replaced stays until reset()
 };
 
 } // namespace marc

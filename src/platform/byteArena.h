@@ -6,7 +6,7 @@
 #include <memory>
 #include <vector>
 
-namespace marc {
+namespace platform {
 
 class ByteArena {
 public:
@@ -19,4 +19,4 @@ private:
     qsizetype m_left = 0;
 };
 
-} // namespace marc
+} // namespace platform

@@ -1,0 +1,43 @@
+#include "platform/byteArena.h"
+#include <algorithm>
+#include <utility>
+
+namespace platform {
+
+namespace {
+
+constexpr qsizetype largestBlock = 1 << 20;
+
+// Blocks double in size: a few bytes are done with the first one.
+qsizetype sizeOfBlock(std::size_t before) {
+    constexpr qsizetype smallest = 1 << 9;
+    constexpr std::size_t doublings = 11; // from the smallest to the largest
+    static_assert(smallest << doublings == largestBlock);
+    return smallest << std::min(before, doublings);
+}
+
+} // namespace
+
+QByteArrayView ByteArena::keep(QByteArrayView bytes) {
+    const qsizetype size = bytes.size();
+    const auto newBlock = [this](qsizetype wanted) {
+        m_blocks.push_back(std::make_unique_for_overwrite<char[]>(std::size_t(wanted)));
+        return m_blocks.back().get();
+    };
+    const qsizetype next = sizeOfBlock(m_blocks.size());
+    char *place = nullptr;
+    if (size > m_left && size > next / 4) { // what is left of the last block is not given up for it
+        place = newBlock(size);
+    } else {
+        if (size > m_left) {
+            m_free = newBlock(next);
+            m_left = next;
+        }
+        place = std::exchange(m_free, m_free + size);
+        m_left -= size;
+    }
+    std::ranges::copy(bytes, place);
+    return {place, size};
+}
+
+} // namespace platform

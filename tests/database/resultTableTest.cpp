@@ -1,0 +1,37 @@
+#include "database/resultTable.h"
+#include <gtest/gtest.h>
+#include <random>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+using database::ResultTable;
+
+// Cells of every kind, long rows among short ones, so that texts start at odd places and blocks come to their ends: the
+// table gives back what was put in, by either way in.
+TEST(ResultTable, GivesBackWhatWasPutIn) {
+    constexpr int rows = 4000, columns = 5;
+    const QStringList texts = {
+        u""_s,           u"7-04-000123-4"_s,  u"Äpfel ÿ"_s,           u"Ā"_s, u"中"_s, u"中国图书分类 G25 €"_s,
+        u"𠮷野\uFFFD"_s, QString(5000, u'x'), QString(300'000, u'书')};
+    std::mt19937 random(7);
+    std::discrete_distribution<int> kind({20, 20, 20, 20, 20, 20, 20, 2, 0.2, 20}); // the last one is a NULL
+    ResultTable table({u"a"_s, u"b"_s, u"c"_s, u"d"_s, u"e"_s});
+    std::vector<int> kinds;
+    for (int cell = 0; cell < rows * columns; ++cell) {
+        kinds.push_back(kind(random));
+        if (kinds.back() == texts.size())
+            table.appendNull();
+        else if (random() % 2)
+            table.append(texts[kinds.back()]);
+        else
+            table.appendUtf8(texts[kinds.back()].toUtf8());
+    }
+    ASSERT_EQ(table.rowCount(), rows);
+    for (int cell = 0; cell < rows * columns; ++cell) {
+        const int kind = kinds[std::size_t(cell)];
+        ASSERT_EQ(table.text(cell / columns, cell % columns), texts.value(kind)) << cell;
+        ASSERT_EQ(table.isNull(cell / columns, cell % columns), kind == texts.size()) << cell;
+    }
+    table.append(u"begun");
+    EXPECT_EQ(table.rowCount(), rows);
+}
