@@ -6,6 +6,7 @@
 #include <utility>
 
 #ifndef Q_OS_WIN
+#include <poll.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #endif
@@ -55,6 +56,17 @@ CallLimit::Call::~Call() {
 bool CallLimit::struck() const {
     const std::scoped_lock lock(m_mutex);
     return m_struck;
+}
+
+bool CallLimit::quiet() const {
+#ifdef Q_OS_WIN
+    return false;
+#else
+    std::vector<pollfd> looks;
+    for (const int socket : m_sockets)
+        looks.push_back({.fd = socket, .events = POLLIN, .revents = 0});
+    return !looks.empty() && ::poll(looks.data(), nfds_t(looks.size()), 0) == 0;
+#endif
 }
 
 void CallLimit::watch(const std::stop_token &stop) {

@@ -37,6 +37,9 @@ public:
 
     // Whether a call was ended: the connection is of no more use.
     bool struck() const;
+    // Between two calls: whether the other end has said nothing since. The end of a server comes as something said.
+    // False where there is no socket to look at.
+    bool quiet() const;
 
 private:
     void watch(const std::stop_token &stop);

@@ -50,7 +50,15 @@ platform::Result<Connection> Connection::open(LinkPool &links, const QString &co
 }
 
 platform::Status Connection::execute(const QString &statement) {
-    return m_handle->over<platform::Status>([&](const Link &link) { return link.execute(statement); });
+    bool leftAlone = false;
+    const auto run = [&](const Link &link) {
+        platform::Status ran = link.execute(statement);
+        leftAlone = !ran && link.leftAlone(ran.failure());
+        return ran;
+    };
+    const bool held = m_handle->link != nullptr;
+    platform::Status ran = m_handle->over<platform::Status>(run);
+    return held && lost() && leftAlone ? m_handle->over<platform::Status>(run) : ran;
 }
 
 bool Connection::lost() const {

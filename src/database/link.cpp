@@ -63,6 +63,8 @@ Link::~Link() {
     if (!m_calls)
         return;
     m_calls.reset();
+    m_statement.reset();
+    m_keyQuestion.reset();
     SQLDisconnect(m_connection.get());
 }
 
@@ -108,6 +110,8 @@ void Link::retire() const {
 }
 
 bool Link::works() const {
+    if (answeredJustNow())
+        return true;
     switch (m_server) {
     case Server::Sqlite:
         return identityOf(m_file) == m_fileIdentity;
@@ -120,6 +124,19 @@ bool Link::works() const {
         break;
     }
     return !lost();
+}
+
+// What ends a server a moment after its last answer closes the link's socket as a rule, and that is seen here without a
+// round trip. A machine that falls off the net within that moment is not seen, any more than one that does so in the
+// middle of a statement.
+bool Link::answeredJustNow() const {
+    constexpr std::chrono::seconds moment(1);
+    return m_calls->quiet() && std::chrono::steady_clock::now() - m_answered < moment;
+}
+
+bool Link::leftAlone(const platform::Failure &failure) const {
+    constexpr qint32 notReady = 1047; // a node that lost sight of its cluster
+    return m_server == Server::MariaDb && failure.number == notReady;
 }
 
 // A node of a cluster that lost sight of the others goes on talking, and refuses each statement but settings and
@@ -152,54 +169,79 @@ platform::Status Link::start(const OdbcHandle &handle, const QString &statement)
     return odbcExecute(handle, statement, m_form);
 }
 
+std::unique_ptr<OdbcHandle> Link::statementHandle() const {
+    return m_statement ? std::move(m_statement) : std::make_unique<OdbcHandle>(SQL_HANDLE_STMT, m_connection.get());
+}
+
+// After a failure a handle is not used again: what a driver left in it nobody knows.
+void Link::wentWell(std::unique_ptr<OdbcHandle> handle) const {
+    m_answered = std::chrono::steady_clock::now();
+    if (SQL_SUCCEEDED(SQLFreeStmt(handle->get(), SQL_CLOSE)))
+        m_statement = std::move(handle);
+}
+
 platform::Failure Link::told(const platform::Failure &failure) const {
     return m_calls->struck() ? platform::Failure{u"数据库服务器没有应答，连接已断开"_s, failure.number} : failure;
 }
 
 platform::Status Link::execute(const QString &statement) const {
     const CallLimit::Call call(*m_calls, m_limits.silence());
-    const OdbcHandle handle(SQL_HANDLE_STMT, m_connection.get());
-    const platform::Status ran = start(handle, rewrite(statement, m_server, m_tables));
-    return ran ? platform::success() : told(ran.failure());
+    auto handle = statementHandle();
+    if (const platform::Status ran = start(*handle, rewrite(statement, m_server, m_tables)); !ran)
+        return told(ran.failure());
+    wentWell(std::move(handle));
+    return platform::success();
 }
 
 platform::Result<std::shared_ptr<ResultTable>> Link::query(const QString &statement) const {
     const QString spelled = rewrite(statement, m_server, m_tables);
     for (const Fetching fetching : {Fetching::Bound, Fetching::Unbound}) {
         const CallLimit::Call call(*m_calls, m_limits.silence());
-        const OdbcHandle handle(SQL_HANDLE_STMT, m_connection.get());
-        if (const platform::Status ran = start(handle, spelled); !ran)
+        auto handle = statementHandle();
+        if (const platform::Status ran = start(*handle, spelled); !ran)
             return told(ran.failure());
-        const auto rows = readRows(handle, m_form, fetching);
+        const auto rows = readRows(*handle, m_form, fetching);
         if (!rows)
             return told(rows.failure());
+        wentWell(std::move(handle));
         if (rows.value())
             return rows.value();
     }
     Q_UNREACHABLE();
 }
 
+// Asked behind each record of an import: no more calls are made than it takes.
 std::optional<qint64> Link::lastKey() const {
     struct Question {
         Server server;
         QStringView text;
+        bool prepared;
     };
     static constexpr auto questions = std::to_array<Question>({
-        {Server::Sqlite, u"select last_insert_rowid()"},
-        {Server::PostgreSql, u"select lastval()"},
-        {Server::MariaDb, u"select last_insert_id()"},
-        {Server::SqlServer, u"select cast(@@identity as bigint)"},
+        {Server::Sqlite, u"select last_insert_rowid()", false}, // every second run of a prepared one gives no row
+        {Server::PostgreSql, u"select lastval()", true},
+        {Server::MariaDb, u"select last_insert_id()", true},
+        {Server::SqlServer, u"select cast(@@identity as bigint)", true},
     });
     const auto *question = std::ranges::find(questions, m_server, &Question::server);
     if (question == questions.end())
         return std::nullopt;
-    // For each record of an import: no more calls than it takes.
     const CallLimit::Call call(*m_calls, m_limits.login);
-    const OdbcHandle handle(SQL_HANDLE_STMT, m_connection.get());
+    auto handle = std::exchange(m_keyQuestion, nullptr);
+    if (!handle) {
+        handle = std::make_unique<OdbcHandle>(SQL_HANDLE_STMT, m_connection.get());
+        if (!*handle || (question->prepared && !odbcPrepare(*handle, question->text.toString(), m_form)))
+            return std::nullopt;
+    }
+    const bool asked =
+        question->prepared ? SQL_SUCCEEDED(SQLExecute(handle->get())) : start(*handle, question->text.toString()).ok();
     SQLBIGINT key = 0;
-    const bool told = start(handle, question->text.toString()).ok() && SQL_SUCCEEDED(SQLFetch(handle.get())) &&
-                      SQL_SUCCEEDED(SQLGetData(handle.get(), 1, SQL_C_SBIGINT, &key, sizeof(key), nullptr));
-    return told && key > 0 ? std::optional(qint64(key)) : std::nullopt;
+    if (!asked || !SQL_SUCCEEDED(SQLFetch(handle->get())) ||
+        !SQL_SUCCEEDED(SQLGetData(handle->get(), 1, SQL_C_SBIGINT, &key, sizeof(key), nullptr)) ||
+        !SQL_SUCCEEDED(SQLFreeStmt(handle->get(), SQL_CLOSE)))
+        return std::nullopt;
+    m_keyQuestion = std::move(handle);
+    return key > 0 ? std::optional(qint64(key)) : std::nullopt;
 }
 
 platform::Status Link::run(const QString &statement) const {

@@ -7,6 +7,7 @@
 #include "database/resultTable.h"
 #include "database/sqlDialect.h"
 #include <QStringList>
+#include <chrono>
 #include <memory>
 #include <optional>
 
@@ -36,8 +37,11 @@ public:
     bool lost() const;
 
     const QString &connectionString() const { return m_connectionString; }
-    // Whether a link that was kept is of use still: its server answers, its file is the one that stands there.
+    // Whether a link that was kept is of use still: its server answers, or did so a moment ago and has said nothing
+    // since; its file is the one that stands there.
     bool works() const;
+    // Whether that is the failure of a statement that the server did not look at, so that it may be run elsewhere.
+    bool leftAlone(const platform::Failure &failure) const;
     // To be called before the link's end. The log of an SQLite database must not outlive its file: a file that takes
     // its name would be changed by it.
     void retire() const;
@@ -50,10 +54,13 @@ private:
     platform::Status learnFile();
     // A statement as it stands, for the link's own ends, within the time of an opening.
     platform::Status run(const QString &statement) const;
+    bool answeredJustNow() const;
     bool takesStatements() const;
     bool isDead() const;
     platform::Result<QStringList> firstColumn(const QString &statement) const;
     platform::Status start(const OdbcHandle &handle, const QString &statement) const;
+    std::unique_ptr<OdbcHandle> statementHandle() const;
+    void wentWell(std::unique_ptr<OdbcHandle> handle) const;
     platform::Failure told(const platform::Failure &failure) const;
 
     QString m_connectionString;
@@ -62,6 +69,10 @@ private:
     OdbcHandle m_connection;
     TimeLimits m_limits;
     mutable std::optional<CallLimit> m_calls; // where the link is open
+    // The handle of a call that went well, closed, is used again: to make one costs as much as half a small statement.
+    mutable std::unique_ptr<OdbcHandle> m_statement;
+    mutable std::unique_ptr<OdbcHandle> m_keyQuestion;        // prepared at its first use
+    mutable std::chrono::steady_clock::time_point m_answered; // when the last call went well
     TextForm m_form = TextForm::Wide;
     Server m_server = Server::Other;
     QStringList m_tables;   // in the server's own spelling, where it tells names by case

@@ -1,8 +1,9 @@
 // The links that the program keeps open between one use and the next. Opening one costs a driver far more than a small
 // insert, and a connection per use is the rule here; the driver manager's own pool would hand out links that are dead
 // (the server was started anew) or stale (the SQLite file was replaced), so that rows go where nobody sees them. A kept
-// link is therefore proved before it is handed out, at the cost of one look at the file or one round trip. Some seconds
-// after the last use none is held open any more, so that an SQLite database is one whole file again. One thread.
+// link is therefore proved before it is handed out: by a look at the file, by a look at the socket where the server
+// answered a moment ago, else by a round trip. Some seconds after the last use none is held open any more, so that an
+// SQLite database is one whole file again. One thread.
 #pragma once
 
 #include "database/link.h"

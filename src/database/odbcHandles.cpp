@@ -120,6 +120,12 @@ platform::Status odbcExecute(const OdbcHandle &statement, const QString &text, T
         [&](SQLCHAR *given) { return SQLExecDirect(statement.get(), given, SQL_NTS); });
 }
 
+platform::Status odbcPrepare(const OdbcHandle &statement, const QString &text, TextForm form) {
+    return handOver(
+        statement, text, form, [&](SQLWCHAR *given) { return SQLPrepareW(statement.get(), given, SQL_NTS); },
+        [&](SQLCHAR *given) { return SQLPrepare(statement.get(), given, SQL_NTS); });
+}
+
 bool odbcDescribe(SQLHSTMT statement, SQLUSMALLINT number, TextForm form, ColumnFacts &facts) {
     return form == TextForm::Wide ? describe<SQLWCHAR>(SQLDescribeColW, statement, number, facts)
                                   : describe<SQLCHAR>(SQLDescribeCol, statement, number, facts);

@@ -49,6 +49,7 @@ public:
 // a connection text that is longer than the driver manager's room. No data is a success.
 platform::Status odbcConnect(const OdbcHandle &connection, const QString &text, TextForm form);
 platform::Status odbcExecute(const OdbcHandle &statement, const QString &text, TextForm form);
+platform::Status odbcPrepare(const OdbcHandle &statement, const QString &text, TextForm form);
 
 // The name of a column (from 1), its type and its size in characters; false where the driver fails.
 struct ColumnFacts {

@@ -45,6 +45,15 @@ public:
         : m_statement(statement)
         , m_form(form)
         , m_fetching(fetching) {}
+    Reader(const Reader &) = delete;
+    Reader &operator=(const Reader &) = delete;
+    ~Reader() {
+        SQLFreeStmt(m_statement.get(), SQL_UNBIND);
+        if (!m_inBlocks)
+            return;
+        setAttribute(SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(1), SQL_IS_UINTEGER);
+        setAttribute(SQL_ATTR_ROWS_FETCHED_PTR, nullptr, SQL_IS_POINTER);
+    }
 
     platform::Result<ReadTable> read() {
         if (!describe())

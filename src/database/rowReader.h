@@ -14,7 +14,8 @@ enum class Fetching { Bound, Unbound };
 // statement is then to be run again and read unbound.
 using ReadTable = std::shared_ptr<ResultTable>;
 
-// The failure is the driver's.
+// The failure is the driver's. The statement keeps nothing of the reading: it is bound to no memory, and fetches one
+// row at a time.
 platform::Result<ReadTable> readRows(const OdbcHandle &statement, TextForm form, Fetching fetching);
 
 } // namespace database
