@@ -177,6 +177,13 @@ std::optional<double> selectByLoop(const QString &catalogue, int rows) {
     });
 }
 
+std::optional<double> listByLoop(const QString &catalogue, int rows) {
+    constexpr int columns = 8;
+    DriverLoop loop(connectionTo(catalogue) + u"StepAPI=1;"); // a row at a time, as the program has it
+    loop.bind(columns);
+    return timed([&] { return loop.fetchAll(asSqlite(catalogue::catalogueStatement({}, {}))) == rows; });
+}
+
 QString listCommand(const QString &catalogue) {
     return u"sqlite3 " + quoted(catalogue) + u' ' +
            quoted(QString::fromUtf8(asSqlite(catalogue::catalogueStatement({}, {})))) + u" >/dev/null";

@@ -46,5 +46,6 @@ std::optional<double> exportInWindow(const BenchStage &stage, const QString &cat
 std::optional<double> previewInWindow(const QString &catalogue, int rows);
 std::optional<double> selectByLoop(const QString &catalogue, int rows); // what the export selects
 QString listCommand(const QString &catalogue);                          // the list's select in the shell of SQLite
+std::optional<double> listByLoop(const QString &catalogue, int rows);   // and its rows from the driver, dropped
 
 } // namespace bench

@@ -41,6 +41,15 @@ void DriverLoop::bind(int columns) {
                    &m_sizes[i]);
 }
 
+int DriverLoop::fetchAll(const QByteArray &statement) {
+    int rows = 0;
+    if (SQL_SUCCEEDED(SQLExecDirect(m_statement, bytes(statement), SQLINTEGER(statement.size()))))
+        while (SQL_SUCCEEDED(SQLFetch(m_statement)))
+            ++rows;
+    SQLFreeStmt(m_statement, SQL_CLOSE);
+    return rows;
+}
+
 bool DriverLoop::fetchOne(const QByteArray &statement) {
     const bool done = SQL_SUCCEEDED(SQLExecDirect(m_statement, bytes(statement), SQLINTEGER(statement.size()))) &&
                       SQL_SUCCEEDED(SQLFetch(m_statement));

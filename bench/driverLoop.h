@@ -22,6 +22,8 @@ public:
     void bind(int columns);
     // Runs the select and takes its first row.
     bool fetchOne(const QByteArray &statement);
+    // Runs the select and takes all its rows; so many there were.
+    int fetchAll(const QByteArray &statement);
     // The first column of the row taken last, where it was bound.
     QByteArray firstValue() const { return m_values[0].data(); }
 
