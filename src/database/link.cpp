@@ -126,12 +126,12 @@ bool Link::works() const {
     return !lost();
 }
 
-// What ends a server a moment after its last answer closes the link's socket as a rule, and that is seen here without a
-// round trip. A machine that falls off the net within that moment is not seen, any more than one that does so in the
+// For a loop's sake, which comes back within a millisecond: what ended the server in between has closed the socket as a
+// rule, and that is seen without a round trip. What falls off the net within that moment is not, nor is it in the
 // middle of a statement.
 bool Link::answeredJustNow() const {
-    constexpr std::chrono::seconds moment(1);
-    return m_calls->quiet() && std::chrono::steady_clock::now() - m_answered < moment;
+    constexpr std::chrono::milliseconds moment(100);
+    return m_answered && std::chrono::steady_clock::now() - *m_answered < moment && m_calls->quiet();
 }
 
 bool Link::leftAlone(const platform::Failure &failure) const {
@@ -170,6 +170,7 @@ platform::Status Link::start(const OdbcHandle &handle, const QString &statement)
 }
 
 std::unique_ptr<OdbcHandle> Link::statementHandle() const {
+    m_answered.reset();
     return m_statement ? std::move(m_statement) : std::make_unique<OdbcHandle>(SQL_HANDLE_STMT, m_connection.get());
 }
 
@@ -227,6 +228,7 @@ std::optional<qint64> Link::lastKey() const {
     if (question == questions.end())
         return std::nullopt;
     const CallLimit::Call call(*m_calls, m_limits.login);
+    m_answered.reset();
     auto handle = std::exchange(m_keyQuestion, nullptr);
     if (!handle) {
         handle = std::make_unique<OdbcHandle>(SQL_HANDLE_STMT, m_connection.get());
@@ -241,6 +243,7 @@ std::optional<qint64> Link::lastKey() const {
         !SQL_SUCCEEDED(SQLFreeStmt(handle->get(), SQL_CLOSE)))
         return std::nullopt;
     m_keyQuestion = std::move(handle);
+    m_answered = std::chrono::steady_clock::now();
     return key > 0 ? std::optional(qint64(key)) : std::nullopt;
 }
 

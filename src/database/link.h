@@ -71,8 +71,8 @@ private:
     mutable std::optional<CallLimit> m_calls; // where the link is open
     // The handle of a call that went well, closed, is used again: to make one costs as much as half a small statement.
     mutable std::unique_ptr<OdbcHandle> m_statement;
-    mutable std::unique_ptr<OdbcHandle> m_keyQuestion;        // prepared at its first use
-    mutable std::chrono::steady_clock::time_point m_answered; // when the last call went well
+    mutable std::unique_ptr<OdbcHandle> m_keyQuestion;                       // prepared at its first use
+    mutable std::optional<std::chrono::steady_clock::time_point> m_answered; // when the last call went well, if it did
     TextForm m_form = TextForm::Wide;
     Server m_server = Server::Other;
     QStringList m_tables;   // in the server's own spelling, where it tells names by case

@@ -1,4 +1,5 @@
 // Connections that die, databases that change behind the program's back.
+#include "database/callLimit.h"
 #include "database/connection.h"
 #include "database/dataSources.h"
 #include "database/sublib.h"
@@ -6,6 +7,7 @@
 #include "support/scriptedHost.h"
 #include <QFileInfo>
 #include <QScopeGuard>
+#include <poll.h>
 
 using database::Connection;
 
@@ -155,6 +157,14 @@ TEST(Link, ASessionReadsABackslashAsABackslash) {
     EXPECT_FALSE(database.open(u"INITSTMT={set max_session_mem_used=8192};"_s));
 }
 
+// Until word of an end has come, over whatever stands between.
+bool aSocketTells() {
+    std::vector<pollfd> looks;
+    for (const int socket : database::CallLimit::sockets())
+        looks.push_back({.fd = socket, .events = POLLIN, .revents = 0});
+    return ::poll(looks.data(), nfds_t(looks.size()), 10'000) > 0;
+}
+
 // The server ends a connection that waits for its next use.
 TEST(Link, ADeadConnectionIsReplaced) {
     for (const auto &[server, own, end, sleep] : servers) {
@@ -163,6 +173,7 @@ TEST(Link, ADeadConnectionIsReplaced) {
         const QString waiting = database.selected(own);
         ASSERT_EQ(database.selected(own), waiting); // the same connection serves one use after the other
         ASSERT_TRUE(killer.value().execute(QString(end).arg(waiting)));
+        ASSERT_TRUE(aSocketTells());
         EXPECT_TRUE(import(database, u"一"_s));
         EXPECT_EQ(database.selected(titles), u"一"_s);
     }
