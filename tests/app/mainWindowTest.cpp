@@ -1,6 +1,7 @@
 #include "app/windows/marcMain.h"
 #include "platform/recentFiles.h"
 #include "support/scriptedHost.h"
+#include <QAbstractEventDispatcher>
 #include <QAction>
 #include <QDragEnterEvent>
 #include <QMimeData>
@@ -68,6 +69,8 @@ TEST_F(MainWindowTest, FilesComeFromTheStartPageAndByDropping) {
     EXPECT_LT(frame.startPage->fittedTo(whole - QSize(0, 1)).height(), whole.height() - 10);
     EXPECT_FALSE(frame.startPage->recent[1]->isVisible()) << "none is squeezed";
     EXPECT_EQ(frame.startPage->fittedTo(whole), whole);
+    const auto atRest = [] { return !QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents); };
+    EXPECT_TRUE(QTest::qWaitFor(atRest)) << "the page is laid out over and over";
     windows.calls.clear();
     QTest::mouseClick(frame.startPage->recent[1], Qt::LeftButton);
     EXPECT_EQ(windows.calls, QStringList{u"select"_s + folder.path(u"甲.iso"_s)});

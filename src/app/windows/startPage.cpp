@@ -74,14 +74,15 @@ void StartPage::refresh() {
 }
 
 QSize StartPage::fittedTo(const QSize &room) {
+    // What is shown and hidden asks for the page to be laid out anew, which leads here again: nothing more may be asked
+    // for then, or the page would never come to rest.
+    if (std::exchange(m_fittedTo, room) == room)
+        return layout()->totalSizeHint().boundedTo(room);
     const auto wanted = [this] { // now, not with the next events
         m_recentFiles->invalidate();
         layout()->invalidate();
         return layout()->totalSizeHint();
     };
-    // What is shown and hidden asks for the page to be laid out anew, which leads here again.
-    if (std::exchange(m_fittedTo, room) == room)
-        return wanted().boundedTo(room);
     recentTitle->setVisible(!recent.isEmpty());
     for (Button *file : recent)
         file->show();
