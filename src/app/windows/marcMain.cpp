@@ -13,6 +13,7 @@
 #include <QTimer>
 #include <QToolButton>
 #include <QUrl>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 using widgets::named;
@@ -35,6 +36,7 @@ marcMain::marcMain(platform::Host &host, CommandWindows &windows)
     buildMenu();
     buildToolbar();
     buildStartPage();
+    m_database.ask(m_windows.connectionText());
     const QSize room = screen()->availableSize() * 9 / 10;
     resize(QSize(fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 42).boundedTo(room));
     widgets::rememberPlace(this, m_host.remembered());
@@ -169,14 +171,12 @@ void marcMain::LoadQuerydel() {
     m_windows.queryStore(storeQuery);
 }
 
-void marcMain::showEvent(QShowEvent *event) {
-    QMainWindow::showEvent(event);
-    if (m_noticeShown)
-        return;
-    m_noticeShown = true;
-    // Behind the frame's own first showing, so that the notice comes to lie in front of it.
-    QTimer::singleShot(0, this, [this] { m_windows.showNotice(); });
-    m_database.ask(m_windows.connectionText());
+// The notice waits until the frame is on the screen: so it comes to lie in front of it, and what it takes to make it
+// does not hold the frame up.
+void marcMain::paintEvent(QPaintEvent *event) {
+    QMainWindow::paintEvent(event);
+    if (!std::exchange(m_noticeShown, true))
+        QTimer::singleShot(0, this, [this] { m_windows.showNotice(); });
 }
 
 void marcMain::closeEvent(QCloseEvent *event) {
