@@ -25,8 +25,13 @@ std::optional<double> intoFolder(const BenchStage &stage, const RecordFile &sour
     auto taken = round(folder);
     if (sizeOf(folder) < QFileInfo(source.path).size() - 2 * source.records) // other tools leave out the line ends
         taken.reset();
-    QDir(folder).removeRecursively();
+    emptyFiles(folder);
     return taken;
+}
+
+void emptyFiles(const QString &folder) {
+    for (const QFileInfo &file : QDir(folder).entryInfoList(QDir::Files))
+        QFile::resize(file.filePath(), 0);
 }
 
 Side commandIntoFolder(const BenchStage &stage, const RecordFile &source, const QString &line) {

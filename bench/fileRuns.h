@@ -8,7 +8,11 @@ namespace bench {
 
 inline constexpr int perFile = 1000; // records of each part
 
-// A round into a new folder, which goes again behind it; nothing where less came out than stands in the source.
+// Gives back the room of a round's files. They stay until the whole run ends: after many were deleted some file systems
+// look for the number of a new one long, and only a side that makes many would pay for that.
+void emptyFiles(const QString &folder);
+
+// A round into a new folder, emptied behind it; nothing where less came out than stands in the source.
 std::optional<double> intoFolder(const BenchStage &stage, const RecordFile &source,
                                  const std::function<std::optional<double>(QString)> &round);
 

@@ -1,7 +1,6 @@
 #include "fileRuns.h"
 #include "platform/paths.h"
 #include "scaleReport.h"
-#include <QDir>
 
 using namespace Qt::StringLiterals;
 
@@ -24,7 +23,7 @@ void fileScale(ScaleReport &report, const BenchStage &stage) {
                                    {into([&parts](const QString &to) { return mergeInWindow(parts, to); }),
                                     commandIntoFolder(stage, file, u"cat " + quoted(folder) + u"/* >whole")});
     report.compared(u"merge"_s, merging, u"cat"_s, 0.75);
-    QDir(folder).removeRecursively();
+    emptyFiles(folder);
 }
 
 } // namespace bench

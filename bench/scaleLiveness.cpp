@@ -8,7 +8,6 @@
 #include "recordRuns.h"
 #include "scaleReport.h"
 #include "turnProbe.h"
-#include <QDir>
 #include <QFile>
 #include <algorithm>
 #include <unistd.h>
@@ -79,7 +78,7 @@ WatchedRun splitting(const BenchStage &stage, const RecordFile &file) {
         window.Text2->setText(QString::number(perFile));
         putUp(window);
         watch(probe, host, pressAfter, window.cmdclick[1], [&window] { window.cmdclick[0]->click(); });
-        QDir(folder).removeRecursively();
+        emptyFiles(folder);
     };
 }
 
@@ -92,7 +91,7 @@ WatchedRun merging(const BenchStage &stage, const QStringList &parts) {
         window.Text1->setText(folder + u"/target.iso");
         putUp(window);
         watch(probe, host, pressAfter, window.cmdClick[1], [&window] { window.cmdClick[0]->click(); });
-        QDir(folder).removeRecursively();
+        emptyFiles(folder);
     };
 }
 
@@ -128,7 +127,7 @@ void livenessScale(ScaleReport &report, const BenchStage &stage) {
     tellTurns(report, u"split"_s, splitting(stage, file));
     const QStringList parts = partsOf(stage, file);
     tellTurns(report, u"merge"_s, merging(stage, parts));
-    QDir(platform::folderOf(parts.value(0))).removeRecursively();
+    emptyFiles(platform::folderOf(parts.value(0)));
 }
 
 } // namespace bench
