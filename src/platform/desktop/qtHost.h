@@ -2,8 +2,8 @@
 #pragma once
 
 #include "platform/host.h"
-#include <QElapsedTimer>
 #include <functional>
+#include <optional>
 
 namespace platform {
 
@@ -27,7 +27,7 @@ private:
     DeskState m_state;
     std::function<void()> m_beforeEnd;
     QString m_programFolder;
-    QElapsedTimer m_sinceEvents; // since events were last let in
+    std::optional<qint64> m_lastEvents; // when events were last let in, by the rough clock
 };
 
 // Loads the toolkit's own words in Chinese and the font fall-backs, and tells the desktop which of its entries the
