@@ -26,6 +26,7 @@ frmCutFile::frmCutFile(platform::Host &host, ShowReport showReport, QWidget *par
     layOut();
     widgets::hint({{Text1[1], u"如 part.iso，拆成 part700.iso、part701.iso……；最好放在新建的空文件夹里"},
                    {cmdclick[0], u"已有的同名系列文件会先删除，删除前询问"}});
+    connect(Text2, &QLineEdit::textChanged, this, [this](const QString &text) { m_limit = text; });
     Text2->setText(u"1000"_s);
     using platform::FileDialogKind;
     for (const auto &[index, kind] : {std::pair{0, FileDialogKind::Open}, {1, FileDialogKind::Save}}) {
@@ -99,12 +100,12 @@ Status frmCutFile::run() {
         return opened;
     labJinDu->setPacedText(m_run->currentFile());
     const Status written = writeRecords([this] {
-        const Status done = m_run->write(Text2->text());
+        const Status done = m_run->write(m_limit);
         if (done)
             labJinDu->setPacedText(m_run->currentFile());
         return done;
     });
-    return written ? m_run->close(Text2->text()) : written;
+    return written ? m_run->close(m_limit) : written;
 }
 
 } // namespace filetools

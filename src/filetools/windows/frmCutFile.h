@@ -28,6 +28,8 @@ private:
     // The pattern of the target names, when the checks have passed and the question about existing files is answered.
     std::optional<TargetPattern> confirmedTarget(const QString &source, const QString &target);
     platform::Status run();
+
+    QString m_limit; // what Text2 says at each moment: to ask the box once a record is a seventh of the work
 };
 
 } // namespace filetools
