@@ -202,7 +202,8 @@ ByteWriter::ByteWriter(std::unique_ptr<QFile> file)
 ByteWriter::ByteWriter(ByteWriter &&) noexcept = default;
 ByteWriter &ByteWriter::operator=(ByteWriter &&other) noexcept {
     m_file.swap(other.m_file); // the old file goes, and is finished, with the other
-    m_gathered.swap(other.m_gathered);
+    m_room.swap(other.m_room);
+    std::swap(m_gathered, other.m_gathered);
     m_lineEnds.swap(other.m_lineEnds);
     std::swap(m_linesHandedOver, other.m_linesHandedOver);
     m_fault.swap(other.m_fault);
@@ -219,33 +220,38 @@ Result<ByteWriter> ByteWriter::create(const QString &path) {
     if (!file)
         return file.failure();
     ByteWriter writer(std::move(file).value());
-    writer.m_gathered.reserve(gatherSize);
+    writer.m_room.resize(gatherSize);
     return writer;
 }
 
 Status ByteWriter::writeLine(QByteArrayView line) {
     constexpr QByteArrayView lineEnd("\r\n");
-    if (m_gathered.size() + line.size() + lineEnd.size() > gatherSize) {
+    if (m_gathered + line.size() + lineEnd.size() > gatherSize) {
         if (const Status flushed = flush(); !flushed)
             return flushed;
     }
     if (m_fault)
         return *m_fault;
-    m_gathered.append(line).append(lineEnd);
-    m_lineEnds.append(m_gathered.size());
+    const qsizetype from = m_gathered;
+    m_gathered += line.size() + lineEnd.size();
+    if (m_gathered > m_room.size())
+        m_room.resize(m_gathered);
+    char *const end = std::copy(line.begin(), line.end(), m_room.data() + from);
+    std::copy(lineEnd.begin(), lineEnd.end(), end);
+    m_lineEnds.append(m_gathered);
     return success();
 }
 
 Status ByteWriter::flush() {
     if (m_fault)
         return *m_fault;
-    const QByteArrayView left = notTaken(*m_file, m_gathered);
+    const QByteArrayView left = notTaken(*m_file, QByteArrayView(m_room).first(m_gathered));
     if (!left.isEmpty())
         m_fault = Failure{m_file->errorString(), int(m_file->error())};
-    const qsizetype taken = m_gathered.size() - left.size();
+    const qsizetype taken = m_gathered - left.size();
     m_linesHandedOver += std::upper_bound(m_lineEnds.cbegin(), m_lineEnds.cend(), taken) - m_lineEnds.cbegin();
-    m_gathered.resize(0); // both keep their room
-    m_lineEnds.resize(0);
+    m_gathered = 0;
+    m_lineEnds.resize(0); // keeps its room
     return m_fault ? Status(*m_fault) : success();
 }
 

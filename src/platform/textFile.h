@@ -92,7 +92,8 @@ public:
 private:
     explicit ByteWriter(std::unique_ptr<QFile> file);
     std::unique_ptr<QFile> m_file;
-    QByteArray m_gathered;
+    QByteArray m_room;        // for what is gathered: an array that grew with each line would cost as much as the copy
+    qsizetype m_gathered = 0; // bytes of it
     QList<qsizetype> m_lineEnds; // in what is gathered
     qint64 m_linesHandedOver = 0;
     std::optional<Failure> m_fault; // what the machine refused once is not offered again

@@ -152,8 +152,8 @@ TEST(Merge, GivesWhatPlainReadingGivesWhereverABlockEnds) {
                                 "\xb0\xa1\x1d\r\n",  QByteArray(block + 5, 'x') + "\x1d\r\n"};
     Dice dice(11);
     files::Folder folder;
-    for (int shift = 0; shift < 40; ++shift) {
-        QByteArray source(block - 20 - shift, 'a');
+    for (int shift = 0; shift <= 40; ++shift) {
+        QByteArray source(shift < 40 ? block - 20 - shift : 60 * block, 'a'); // the last is more than is gathered
         source += "\x1d\r\n" + dice.text<QByteArray>(pieces, 60) + dice.oneOf(QByteArrayList{"", "tail", "end\x1d"});
         MergeRun merge(folder.path(u"all.iso"_s));
         EXPECT_EQ(run(merge, {folder.write(u"source.iso"_s, source)}), QString());
