@@ -16,7 +16,7 @@ namespace fuzz {
 
 namespace {
 
-constexpr qsizetype block = 1 << 18;
+constexpr qsizetype block = 1 << 19;
 
 // The lines of a file, each ended by a carriage return, alone or with a line feed; the rest where there is one.
 QList<QByteArray> linesOf(const QByteArray &file) {

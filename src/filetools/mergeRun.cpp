@@ -30,7 +30,7 @@ Status MergeRun::openSource(const QString &path) {
         if (const Status flushed = m_writer->flush(); !flushed)
             return flushed;
     }
-    auto records = RecordSource::open(path);
+    auto records = RecordSource::open(path, [this] { handOver(); });
     if (!records)
         return failed(records.failure());
     m_records = std::move(records).value();
@@ -47,7 +47,7 @@ platform::Result<bool> MergeRun::next() {
 }
 
 Status MergeRun::write() {
-    if (Status written = m_writer->writeLine(m_records->bytes()); !written)
+    if (Status written = m_records->writeTo(*m_writer); !written)
         return written;
     ++m_total;
     ++m_ofSource;
@@ -62,6 +62,7 @@ qint32 MergeRun::handOver() {
 }
 
 void MergeRun::closeSource() {
+    handOver();
     m_records.reset();
     m_sourceLines += u"文件{" + m_source + u"}处理了" + QString::number(m_ofSource) + u"条记录！\r\n";
 }

@@ -13,6 +13,7 @@ namespace filetools {
 class MergeRun {
 public:
     explicit MergeRun(QString target);
+    MergeRun(const MergeRun &) = delete; // its source calls it
 
     platform::Status open(); // empties the target
     platform::Status openSource(const QString &path);
@@ -34,8 +35,8 @@ private:
     platform::Failure failed(platform::Failure failure);
 
     QString m_target;
-    std::optional<platform::ByteWriter> m_writer;
     std::unique_ptr<RecordSource> m_records;
+    std::optional<platform::ByteWriter> m_writer; // goes before the records, of which it may hold some
     QString m_source;
     QString m_sourceLines;
     std::optional<qint32> m_mostOfSource; // of a source that is the target itself

@@ -21,7 +21,7 @@ SplitRun::SplitRun(QString source, TargetPattern target)
     , m_target(std::move(target)) {}
 
 Status SplitRun::open() {
-    auto records = RecordSource::open(m_source);
+    auto records = RecordSource::open(m_source, [this] { handOver(); });
     if (!records)
         return records.failure();
     m_records = std::move(records).value();
@@ -51,7 +51,7 @@ platform::Result<bool> SplitRun::next() {
 Status SplitRun::write(QStringView limit) {
     ++m_total;
     ++m_inFile;
-    if (const Status written = m_writer->writeLine(m_records->bytes()); !written)
+    if (const Status written = m_records->writeTo(*m_writer); !written)
         return written;
     const std::optional<qint64> &most = mostPerFile(limit);
     if (!most)

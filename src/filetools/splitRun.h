@@ -13,6 +13,7 @@ namespace filetools {
 class SplitRun {
 public:
     SplitRun(QString source, TargetPattern target);
+    SplitRun(const SplitRun &) = delete; // its source calls it
 
     // Opens the source, then empties the first target.
     platform::Status open();
@@ -43,7 +44,7 @@ private:
     QString m_source;
     TargetPattern m_target;
     std::unique_ptr<RecordSource> m_records;
-    std::optional<platform::ByteWriter> m_writer;
+    std::optional<platform::ByteWriter> m_writer; // goes before the records, of which it may hold some
     QString m_currentFile;
     QString m_targetLines;
     QString m_limit; // the text that m_mostPerFile was read from

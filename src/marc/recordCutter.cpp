@@ -12,11 +12,13 @@ RecordCutter::RecordCutter(platform::LineReader &reader)
 bool RecordCutter::next() {
     m_gathered.truncate(0);
     m_lineEnds.clear();
+    m_stands = false;
     while (!m_reader.atEnd()) {
         const qsizetype before = m_gathered.size();
         const QByteArrayView line = m_reader.lineThrough(char(recordTerminator), m_gathered);
         if (before == 0 && line.endsWith(char(recordTerminator))) { // as nearly all do
             m_bytes = line;
+            m_stands = m_reader.stands();
             return true;
         }
         m_gathered.append(line);

@@ -21,12 +21,15 @@ public:
     // The record's bytes as they stood in the file, terminator included, line breaks left out.
     // Valid until the next call of next() or of the reader.
     QByteArrayView bytes() const { return m_bytes; }
+    // Whether those bytes are a line of the reader's that stands(), CR LF behind it.
+    bool stands() const { return m_stands; }
     // The record's text; each line decoded for itself.
     RawRecord record() const;
 
 private:
     platform::LineReader &m_reader;
     QByteArrayView m_bytes; // in the reader's block, or gathered
+    bool m_stands = false;
     QByteArray m_gathered;
     QList<qsizetype> m_lineEnds; // where joined lines meet behind a byte that could start a character
 };

@@ -13,30 +13,44 @@ namespace platform {
 namespace {
 
 constexpr qsizetype blockSize = 1 << 18;
+constexpr qsizetype lineBlockSize = 1 << 19; // what stands in it is written in as large pieces
 constexpr qsizetype beginningSize = 1 << 16;
+constexpr QByteArrayView lineEnd("\r\n");
 constexpr qsizetype gatherSize = 1 << 20; // a split in pieces of this size takes an eighth less than in quarters of it
+
+const char *find(char wanted, const char *from, qsizetype size) {
+    return static_cast<const char *>(std::memchr(from, wanted, size_t(size)));
+}
 
 } // namespace
 
 struct LineReader::State {
     std::unique_ptr<QFile> file;
-    QByteArray block = QByteArray(blockSize, Qt::Uninitialized);
+    QByteArray block = QByteArray(lineBlockSize, Qt::Uninitialized);
     qsizetype at = 0;   // next unread byte in the block
     qsizetype size = 0; // bytes in the block
     QByteArray joined;  // a line that runs over a block's end
     char sought = 0;    // the byte that was found ahead, and where in the file; behind it nothing is known
     qint64 soughtAt = -1;
     std::optional<Failure> fault;
+    bool stands = false; // the line handed back last
+    std::function<void()> beforeReading;
 
-    bool fill() {
+    // Brings what is left in the block to its front and reads on behind it: so nearly every line comes to lie whole in
+    // a block. Whether anything was read.
+    bool readBehind() {
+        if (beforeReading)
+            beforeReading();
+        size -= at;
+        std::memmove(block.data(), here(), size_t(size));
         at = 0;
-        const qint64 count = file->read(block.data(), block.size());
+        const qint64 count = file->read(block.data() + size, block.size() - size);
         if (count < 0)
             fault = Failure{file->errorString(), int(file->error())};
-        size = std::max<qint64>(0, count);
-        return size > 0;
+        size += std::max<qint64>(0, count);
+        return count > 0;
     }
-    bool hasMore() { return at < size || fill(); }
+    bool hasMore() { return at < size || readBehind(); }
     const char *here() const { return block.constData() + at; }
 
     bool reaches(char wanted) {
@@ -64,32 +78,43 @@ struct LineReader::State {
             ++at;
     }
 
+    // The carriage return that ends the next line, where that lies in the block with the byte behind it.
+    const char *lineEnd() const { return size - at > 1 ? find('\r', here(), size - at - 1) : nullptr; }
+
     // The next line; only up to and including the first `stop` byte where one is given. One that lies whole in the
     // block is handed back as it stands there, of another one nothing: it goes behind what is gathered.
     QByteArrayView line(std::optional<char> stop, QByteArray &gathered) {
+        const char *end = lineEnd();
+        if (!end && size - at < block.size() && readBehind())
+            end = lineEnd();
+        stands = false;
+        if (!end) {
+            gatherLine(stop, gathered);
+            return {};
+        }
+        const char *const from = here();
+        const char *const stopped = stop ? find(*stop, from, end - from) : nullptr;
+        const QByteArrayView line(from, stopped ? stopped + 1 : end);
+        at += end - from + (end[1] == '\n' ? 2 : 1);
+        stands = end[1] == '\n' && line.end() == end;
+        return line;
+    }
+
+    // The same of a line that is longer than the block, or is the last of the file.
+    void gatherLine(std::optional<char> stop, QByteArray &gathered) {
         const qsizetype before = gathered.size();
         bool stopped = false;
         while (hasMore()) {
             const char *from = here();
             const qsizetype left = size - at;
-            const auto *end = static_cast<const char *>(std::memchr(from, '\r', size_t(left)));
+            const char *const end = find('\r', from, left);
             const qsizetype length = end ? end - from : left;
-            qsizetype kept = length;
-            if (stopped) {
-                kept = 0;
-            } else if (stop) {
-                if (const auto *found = static_cast<const char *>(std::memchr(from, *stop, size_t(length)))) {
-                    kept = found - from + 1;
-                    stopped = true;
-                }
+            qsizetype kept = stopped ? 0 : length;
+            if (const char *const found = stop && !stopped ? find(*stop, from, length) : nullptr) {
+                kept = found - from + 1;
+                stopped = true;
             }
             at += length + (end ? 1 : 0);
-            if (end && gathered.size() == before && at < size) { // the common case: the line lies whole in the block
-                const QByteArrayView whole(from, kept);
-                if (*here() == '\n')
-                    ++at;
-                return whole;
-            }
             gathered.append(from, kept);
             if (end) {
                 passLineFeed();
@@ -98,7 +123,6 @@ struct LineReader::State {
             if (stop && !stopped && gathered.size() - before > heldOnTrust && !reaches(*stop))
                 break;
         }
-        return {};
     }
 };
 
@@ -130,6 +154,14 @@ QByteArrayView LineReader::readLine() {
 
 QByteArrayView LineReader::lineThrough(char stop, QByteArray &gathered) {
     return m_state->line(stop, gathered);
+}
+
+bool LineReader::stands() const {
+    return m_state->stands;
+}
+
+void LineReader::beforeReading(std::function<void()> told) {
+    m_state->beforeReading = std::move(told);
 }
 
 bool LineReader::reaches(char wanted) {
@@ -202,6 +234,7 @@ ByteWriter::ByteWriter(std::unique_ptr<QFile> file)
 ByteWriter::ByteWriter(ByteWriter &&) noexcept = default;
 ByteWriter &ByteWriter::operator=(ByteWriter &&other) noexcept {
     m_file.swap(other.m_file); // the old file goes, and is finished, with the other
+    std::swap(m_standing, other.m_standing);
     m_room.swap(other.m_room);
     std::swap(m_gathered, other.m_gathered);
     m_lineEnds.swap(other.m_lineEnds);
@@ -225,8 +258,7 @@ Result<ByteWriter> ByteWriter::create(const QString &path) {
 }
 
 Status ByteWriter::writeLine(QByteArrayView line) {
-    constexpr QByteArrayView lineEnd("\r\n");
-    if (m_gathered + line.size() + lineEnd.size() > gatherSize) {
+    if (!m_standing.isEmpty() || m_gathered + line.size() + lineEnd.size() > gatherSize) {
         if (const Status flushed = flush(); !flushed)
             return flushed;
     }
@@ -242,14 +274,27 @@ Status ByteWriter::writeLine(QByteArrayView line) {
     return success();
 }
 
+Status ByteWriter::writeStanding(QByteArrayView line) {
+    if (m_gathered > 0 || (!m_standing.isEmpty() && m_standing.end() != line.begin()))
+        return writeLine(line);
+    if (m_fault)
+        return *m_fault;
+    const char *const from = m_standing.isEmpty() ? line.begin() : m_standing.begin();
+    m_standing = QByteArrayView(from, line.end() + lineEnd.size());
+    m_lineEnds.append(m_standing.size());
+    return success();
+}
+
 Status ByteWriter::flush() {
     if (m_fault)
         return *m_fault;
-    const QByteArrayView left = notTaken(*m_file, QByteArrayView(m_room).first(m_gathered));
+    const QByteArrayView waiting = m_standing.isEmpty() ? QByteArrayView(m_room).first(m_gathered) : m_standing;
+    const QByteArrayView left = notTaken(*m_file, waiting);
     if (!left.isEmpty())
         m_fault = Failure{m_file->errorString(), int(m_file->error())};
-    const qsizetype taken = m_gathered - left.size();
+    const qsizetype taken = waiting.size() - left.size();
     m_linesHandedOver += std::upper_bound(m_lineEnds.cbegin(), m_lineEnds.cend(), taken) - m_lineEnds.cbegin();
+    m_standing = {};
     m_gathered = 0;
     m_lineEnds.resize(0); // keeps its room
     return m_fault ? Status(*m_fault) : success();

@@ -8,6 +8,7 @@
 #include <QList>
 #include <QString>
 #include <QStringList>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -37,6 +38,11 @@ public:
     // handed back as it stands there, valid as readLine()'s is; another one is put behind what is gathered, and nothing
     // handed back.
     QByteArrayView lineThrough(char stop, QByteArray &gathered);
+
+    // Whether the line handed back last stands in the block whole, nothing of it dropped, with CR LF behind it.
+    bool stands() const;
+    // What is called before the block is read over: until then all lines handed back from it stand in it.
+    void beforeReading(std::function<void()> told);
 
     // Whether the byte stands anywhere in what is left of the file; where it does not, the reader is at its end
     // afterwards. For whoever gathers bytes up to that one: beyond `heldOnTrust` of them it pays to ask.
@@ -83,7 +89,10 @@ public:
     ~ByteWriter();
 
     Status writeLine(QByteArrayView line); // and CR LF behind it
-    Status flush();                        // hands over to the machine what is gathered
+    // The same of a line that has CR LF behind it already, and stays as it is until the next flush(): lines that stand
+    // one behind the other are handed over together, without a copy.
+    Status writeStanding(QByteArrayView line);
+    Status flush(); // hands over to the machine what is gathered or stands
     Status close();
 
     // How many of the lines stand whole in the file.
@@ -92,8 +101,9 @@ public:
 private:
     explicit ByteWriter(std::unique_ptr<QFile> file);
     std::unique_ptr<QFile> m_file;
-    QByteArray m_room;        // for what is gathered: an array that grew with each line would cost as much as the copy
-    qsizetype m_gathered = 0; // bytes of it
+    QByteArrayView m_standing; // lines that wait where they stand; nothing is gathered then
+    QByteArray m_room;         // for what is gathered: an array that grew with each line would cost as much as the copy
+    qsizetype m_gathered = 0;  // bytes of it
     QList<qsizetype> m_lineEnds; // in what is gathered
     qint64 m_linesHandedOver = 0;
     std::optional<Failure> m_fault; // what the machine refused once is not offered again

@@ -144,7 +144,7 @@ TEST(Split, CutsAsTheLinesStand) {
 
 // A block's end falls on each byte of a record, of its terminator and of its line end in turn.
 TEST(Merge, GivesWhatPlainReadingGivesWhereverABlockEnds) {
-    constexpr int block = 1 << 18; // what is read at a time
+    constexpr int block = 1 << 19; // what is read at a time
     const QByteArrayList pieces{"rec\x1d\r\n",       "one\x1dtwo\x1d\r\n",
                                 "a\r\nb\rc\x1d\r\n", "\r\n",
                                 "\x1d\r\n",          "cr\x1d\r",
@@ -153,7 +153,7 @@ TEST(Merge, GivesWhatPlainReadingGivesWhereverABlockEnds) {
     Dice dice(11);
     files::Folder folder;
     for (int shift = 0; shift <= 40; ++shift) {
-        QByteArray source(shift < 40 ? block - 20 - shift : 60 * block, 'a'); // the last is more than is gathered
+        QByteArray source(shift < 40 ? block - 20 - shift : 30 * block, 'a'); // the last is more than is gathered
         source += "\x1d\r\n" + dice.text<QByteArray>(pieces, 60) + dice.oneOf(QByteArrayList{"", "tail", "end\x1d"});
         MergeRun merge(folder.path(u"all.iso"_s));
         EXPECT_EQ(run(merge, {folder.write(u"source.iso"_s, source)}), QString());

@@ -40,7 +40,7 @@ TEST_F(TextFile, LinesEndAtCarriageReturnsAcrossBlocks) {
         {"\nx\r\n\n", {"\nx", "\n"}},
         {"\r\r\n\r", {"", "", ""}},
     };
-    constexpr int block = 1 << 18; // what is read at a time
+    constexpr int block = 1 << 19; // what is read at a time
     for (const int before : {0, 1, block - 4, block - 3, block - 2, block - 1, block, 2 * block - 1}) {
         for (const auto &[tail, expected] : cases) {
             const QByteArray first(before, 'a');
