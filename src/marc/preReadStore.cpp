@@ -1,8 +1,42 @@
 #include "marc/preReadStore.h"
 #include "platform/codepage936.h"
 #include <cstring>
+#include <limits>
+#include <optional>
 
 namespace marc {
+
+namespace {
+
+QString textOf(QByteArrayView held) {
+    QString text(held.size() / qsizetype(sizeof(QChar)), Qt::Uninitialized);
+    std::memcpy(text.data(), held.data(), size_t(held.size()));
+    return text;
+}
+
+// Looks at all of them, which the compiler turns into eight at a time: every record passes here.
+bool hasReplacement(QStringView text) {
+    quint16 found = 0;
+    for (const char16_t *unit = text.utf16(), *end = unit + text.size(); unit != end; ++unit)
+        found |= *unit == QChar::ReplacementCharacter;
+    return found;
+}
+
+// Looks for the first byte, since that of a title is seldom met before it: a directory and codes are Latin.
+std::optional<qsizetype> placeOf(QByteArrayView part, QByteArrayView whole) {
+    if (part.isEmpty())
+        return 0;
+    for (qsizetype at = 0; whole.size() - at >= part.size(); ++at) {
+        at = whole.first(whole.size() - part.size() + 1).indexOf(part[0], at);
+        if (at < 0)
+            return std::nullopt;
+        if (std::memcmp(whole.data() + at, part.data(), size_t(part.size())) == 0)
+            return at;
+    }
+    return std::nullopt;
+}
+
+} // namespace
 
 PreReadStore::PreReadStore() {
     reset();
@@ -10,6 +44,7 @@ PreReadStore::PreReadStore() {
 
 void PreReadStore::reset() {
     m_rows = std::deque<Row>(initialRows);
+    m_titles.clear();
     m_held = {};
 }
 
@@ -36,46 +71,70 @@ QString PreReadStore::number(int row) const {
 
 QString PreReadStore::title(int row) const {
     const Row &at = m_rows.at(size_t(row));
-    return QString::fromUtf8(at.title, qsizetype(at.titleSize));
+    if (at.titleIsApart)
+        return textOf(m_titles[at.titleAt]);
+    return platform::decode(bytesOf(at).sliced(at.titleAt, qsizetype(at.titleSize)));
 }
 
 RawRecord PreReadStore::record(int row) const {
     const Row &at = m_rows.at(size_t(row));
-    if (!at.isText)
-        return platform::decode(at.record);
-    QString text(at.record.size() / qsizetype(sizeof(QChar)), Qt::Uninitialized);
-    std::memcpy(text.data(), at.record.data(), size_t(at.record.size()));
-    return text;
+    return at.isText ? textOf(bytesOf(at)) : platform::decode(bytesOf(at));
 }
 
 QByteArrayView PreReadStore::heldBytes(int row) const {
     const Row &at = m_rows.at(size_t(row));
-    return at.isText ? QByteArrayView() : at.record;
+    return at.isText ? QByteArrayView() : bytesOf(at);
 }
 
 void PreReadStore::setNumber(int row, int number) {
     m_rows.at(size_t(row)).number = number;
 }
 
+QByteArrayView PreReadStore::keepText(QStringView text) {
+    return m_held.keep({reinterpret_cast<const char *>(text.utf16()), text.size() * qsizetype(sizeof(QChar))});
+}
+
 void PreReadStore::setTitle(int row, const QString &title) {
-    const QByteArrayView kept = m_held.keep(title.toUtf8());
     Row &at = m_rows.at(size_t(row));
-    at.title = kept.data();
-    at.titleSize = quint32(kept.size());
+    if (pointIntoRecord(at, title))
+        return;
+    if (!at.titleIsApart) {
+        at.titleIsApart = true;
+        at.titleAt = quint32(m_titles.size());
+        m_titles.emplace_back();
+    }
+    m_titles[at.titleAt] = keepText(title);
+}
+
+// Whether the title stands in the record's bytes and they give it back. Where they stand is all the same, be it in
+// another field or across two characters.
+bool PreReadStore::pointIntoRecord(Row &row, const QString &title) {
+    constexpr qsizetype longest = (1 << 22) - 1;
+    if (!platform::isEncodable(title))
+        return false;
+    const QByteArray gbk = platform::encode(title);
+    const std::optional<qsizetype> at = placeOf(gbk, bytesOf(row));
+    if (!at || *at > std::numeric_limits<quint32>::max() || gbk.size() > longest)
+        return false;
+    row.titleIsApart = false;
+    row.titleAt = quint32(*at);
+    row.titleSize = quint64(gbk.size());
+    return true;
 }
 
 void PreReadStore::setRecord(int row, const RawRecord &record, QByteArrayView gbk) {
     Row &at = m_rows.at(size_t(row));
+    const QString title = this->title(row); // which may stand in the bytes that go
     // Where every byte stood for a character, the bytes give the text back; where some did not, lines that were joined
     // may have been decoded apart, and it has to be tried.
-    const bool bytesSuffice =
-        !gbk.isEmpty() && (!record.contains(QChar::ReplacementCharacter) || platform::decode(gbk) == record);
+    const bool bytesSuffice = !gbk.isEmpty() && (!hasReplacement(record) || platform::decode(gbk) == record);
     at.isText = !bytesSuffice && !platform::isEncodable(record);
-    if (at.isText)
-        at.record = m_held.keep(QByteArrayView(reinterpret_cast<const char *>(record.constData()),
-                                               record.size() * qsizetype(sizeof(QChar))));
-    else
-        at.record = m_held.keep(bytesSuffice ? gbk : QByteArrayView(platform::encode(record)));
+    const QByteArrayView held =
+        at.isText ? keepText(record) : m_held.keep(bytesSuffice ? gbk : QByteArrayView(platform::encode(record)));
+    at.record = held.data();
+    at.recordSize = quint64(held.size());
+    if (!title.isEmpty())
+        setTitle(row, title);
 }
 
 } // namespace marc

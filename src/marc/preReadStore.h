@@ -1,6 +1,6 @@
 // The list of pre-read records: sequence number, title and the whole record. It starts with 20 empty rows and only
-// grows. A record is held as its GBK bytes where these give the text back exactly, else as text; what comes out is the
-// text.
+// grows. A record is held as its GBK bytes where these give the text back exactly, else as text; a title that stands in
+// these bytes takes no room of its own. What comes out is the text that was put in.
 #pragma once
 
 #include "marc/rawRecord.h"
@@ -36,15 +36,24 @@ public:
     void setRecord(int row, const RawRecord &record, QByteArrayView gbk = {});
 
 private:
+    // Small, since there are as many as records.
     struct Row {
-        QByteArrayView record;       // in the arena, as is the title
-        const char *title = nullptr; // UTF-8
-        quint32 titleSize = 0;
-        int number : 31 = 0;     // 0: none
-        bool isText : 1 = false; // the record as UTF-16
+        const char *record = nullptr; // in the arena
+        quint64 recordSize : 40 = 0;
+        quint64 titleSize : 22 = 0;
+        quint64 isText : 1 = false;       // the record as UTF-16
+        quint64 titleIsApart : 1 = false; // in m_titles, where it counts; else in the record
+        quint32 titleAt = 0;
+        int number = 0; // 0: none
     };
-    std::deque<Row> m_rows;     // which grows without moving house
-    platform::ByteArena m_held; // what is replaced stays until reset()
+    static_assert(sizeof(Row) == 24);
+    static QByteArrayView bytesOf(const Row &row) { return {row.record, qsizetype(row.recordSize)}; }
+    QByteArrayView keepText(QStringView text);
+    static bool pointIntoRecord(Row &row, const QString &title);
+
+    std::deque<Row> m_rows;              // which grows without moving house
+    std::deque<QByteArrayView> m_titles; // those that stand in no record, as UTF-16
+    platform::ByteArena m_held;          // what is replaced stays until reset()
 };
 
 } // namespace marc

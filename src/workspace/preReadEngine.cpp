@@ -44,8 +44,8 @@ ReadEnd readRecords(platform::LineReader &reader, ReadRange range, marc::PreRead
             const marc::RawRecord record = cutter.record();
             title = marc::readZd(record, cutter.bytes(), u"200a", watcher.damaged).value_or(title);
             store.setNumber(count - 1, count);
-            store.setTitle(count - 1, title);
             store.setRecord(count - 1, record, cutter.bytes());
+            store.setTitle(count - 1, title); // which most often stands in the record
             watcher.listed(count);
         }
         if (watcher.stopRequested())

@@ -4,6 +4,8 @@
 #include "marc/recordMaking.h"
 #include "marc/separators.h"
 #include "marc/subfields.h"
+#include "platform/codepage936.h"
+#include "support/dice.h"
 #include <sys/resource.h>
 
 using namespace marc;
@@ -88,6 +90,36 @@ TEST(PreReadStore, OnlyGrowsAndGivesBackTheTextWhateverTheBytesWere) {
                                       {u"ก字"_s, ""}}) { // a character without a code
         store.setRecord(0, text, bytes);
         EXPECT_EQ(store.record(0), text);
+    }
+}
+
+// In any order: a title before its record, again after an edit, one that stands nowhere, across two characters, or in
+// the bytes of a record that has gone.
+TEST(PreReadStore, TitlesStayWhatTheyAreWhateverBecomesOfTheRecord) {
+    const auto pieces =
+        std::to_array<QString>({u"?"_s, u"题"_s, u"名"_s, u"丂"_s, u"a"_s, u"1"_s, u"\uFFFD"_s, u"ก"_s, u"\xD83D"_s});
+    for (unsigned seed = 0; seed < 20; ++seed) {
+        Dice dice(seed);
+        PreReadStore store;
+        std::array<std::array<QString, 2>, 3> model; // title and record
+        for (int step = 0; step < 300; ++step) {
+            const int row = dice.below(3);
+            auto &[title, record] = model[size_t(row)];
+            if (dice.below(2) == 0) {
+                record = dice.text<QString>(pieces, 40).left(dice.oneOf(std::array{0, 3, 40}));
+                store.setRecord(row, record, platform::isEncodable(record) ? platform::encode(record) : QByteArray());
+            } else {
+                title = dice.below(3) > 0 ? record.mid(dice.below(record.size() + 1), dice.below(6))
+                                          : dice.text<QString>(pieces, 4);
+                store.setTitle(row, title);
+            }
+            for (int at = 0; at < 3; ++at) {
+                ASSERT_EQ(store.title(at), model[size_t(at)][0]) << seed << ' ' << step;
+                ASSERT_EQ(store.record(at), model[size_t(at)][1]) << seed << ' ' << step;
+            }
+        }
+        store.reset();
+        EXPECT_EQ(store.title(0) + store.record(0), u"");
     }
 }
 
