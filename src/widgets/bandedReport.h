@@ -3,12 +3,7 @@
 // page whole, unless no page is long enough for it. Of a text longer than 2,000 characters the rest is left out.
 #pragma once
 
-#include "platform/tableSource.h"
-#include <QDate>
-#include <QFont>
-#include <QString>
-#include <memory>
-#include <vector>
+#include "widgets/reportContent.h"
 
 class QDialog;
 class QPrinter;
@@ -16,32 +11,12 @@ class QWidget;
 
 namespace widgets {
 
-// A Song-style face where the machine has one, else the program's own.
-QFont reportFont(double points, QFont::Weight weight = QFont::Normal);
-
-struct ReportColumn {
-    QString heading;
-    int source = 0;   // the column of the rows that it shows
-    double share = 1; // of the page's width, relative to the other columns
-    Qt::Alignment alignment = Qt::AlignLeft;
-};
-
-struct BandedReport {
-    QString caption; // of the window and the print job
-    QString title;
-    std::vector<ReportColumn> columns;
-    std::shared_ptr<const platform::TableSource> rows; // null prints as no rows
-    QDate date;
-    QFont titleFont = reportFont(16, QFont::Bold);
-    QFont headFont = reportFont(10.5, QFont::Bold);
-    QFont bodyFont = reportFont(10);
-};
-
 // Prints the report to a printer or a PDF file, of the pages that the printer asks for. Gives the number of pages of
 // the whole report; 0 where the printer or the file could not be written.
 int print(const BandedReport &report, QPrinter &printer);
 
-// The toolkit's print preview on the report, not shown yet; it deletes itself when it is closed.
+// The print preview of the report, not shown yet; it deletes itself when it is closed. It is the toolkit's own, or that
+// of long reports, which paints a page when it is looked at.
 QDialog *newReportPreview(BandedReport report, QWidget *parent);
 
 } // namespace widgets

@@ -1,0 +1,63 @@
+// The print preview of a long report: one page at a time is painted, where the toolkit's own preview paints all of them
+// first. The pages are counted and printed in portions between two turns of the event loop; closing the window calls
+// either off, and so does its button.
+#pragma once
+
+#include "widgets/reportSheet.h"
+#include <QBasicTimer>
+#include <QDialog>
+#include <functional>
+#include <memory>
+#include <optional>
+
+class QAction;
+class QLabel;
+class QPrintPreviewWidget;
+class QProgressBar;
+class QPushButton;
+class QSpinBox;
+class QToolBar;
+
+namespace widgets {
+
+class LongPreview final : public QDialog {
+    Q_OBJECT
+public:
+    LongPreview(BandedReport report, std::shared_ptr<QPrinter> printer, QWidget *parent);
+
+    // The pages that the printer is set to, onto it.
+    void startPrinting();
+
+protected:
+    void timerEvent(QTimerEvent *event) override;
+
+private:
+    using Work = std::function<void()>;
+    QAction *addTool(QStringView icon, QStringView name, Work work);
+    void addViewTools();
+    void addPageTools();
+    void layOut();
+    void placeOn();
+    void printOn();
+    void beginWork(const QString &state, int all);
+    void endWork(const QString &state = {});
+    void stop();
+    void choosePrinter();
+    void setPage(const std::function<bool()> &change);
+
+    BandedReport m_report;
+    std::shared_ptr<QPrinter> m_printer;
+    std::optional<ReportSheet> m_sheet;
+    std::optional<ReportRun> m_run; // which goes before the sheet
+    QBasicTimer m_work;             // runs while pages are counted or printed
+
+    QToolBar *m_tools;
+    QSpinBox *m_page;
+    QLabel *m_pages;
+    QPrintPreviewWidget *m_view;
+    QLabel *m_state;
+    QProgressBar *m_progress;
+    QPushButton *m_stop;
+};
+
+} // namespace widgets
