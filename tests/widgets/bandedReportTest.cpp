@@ -1,10 +1,15 @@
 #include "widgets/bandedReport.h"
+#include "support/dice.h"
 #include "support/qtPrinters.h"
+#include "widgets/longPreview.h"
 #include <QDialog>
 #include <QPrinter>
 #include <QProcess>
+#include <QPushButton>
 #include <QRegularExpression>
+#include <QSpinBox>
 #include <QTemporaryDir>
+#include <QTest>
 
 using namespace widgets;
 
@@ -16,9 +21,11 @@ struct Books final : platform::TableSource {
     int columnCount() const override { return 3; }
     QString text(int row, int column) const override {
         ++asked;
+        lastRow = row;
         return books[std::size_t(row)][column];
     }
     mutable int asked = 0; // how often for a cell
+    mutable int lastRow = -1;
 };
 
 struct BandedReportTest : testing::Test {
@@ -33,16 +40,22 @@ struct BandedReportTest : testing::Test {
         for (int number = 1; number <= count; ++number)
             books->books.push_back({QString::number(number % 7), u"第%1种书"_s.arg(number), u"王某"_s});
     }
+    void setUp(QPrinter &printer, const QString &file) const {
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setPageSize(QPageSize(QPageSize::A4));
+        printer.setOutputFileName(folder.filePath(file));
+    }
     // The pages as text, each with its layout.
     QStringList printed(int fromPage = 0, int toPage = 0) {
         QPrinter printer(QPrinter::HighResolution);
-        printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setPageSize(QPageSize(QPageSize::A4));
+        setUp(printer, u"report.pdf"_s);
         printer.setFromTo(fromPage, toPage);
-        printer.setOutputFileName(folder.filePath(u"report.pdf"_s));
         pages = print(report, printer);
+        return sheetsOf(printer.outputFileName());
+    }
+    static QStringList sheetsOf(const QString &file) {
         QProcess reader;
-        reader.start(u"pdftotext"_s, {u"-layout"_s, printer.outputFileName(), u"-"_s});
+        reader.start(u"pdftotext"_s, {u"-layout"_s, file, u"-"_s});
         EXPECT_TRUE(reader.waitForFinished());
         // The toolkit's PDF gives some characters back as the radicals that share their glyph.
         const QString text = QString::fromUtf8(reader.readAllStandardOutput());
@@ -134,8 +147,58 @@ TEST_F(BandedReportTest, TenThousandRowsPrintAndAFailureIsTold) {
     nowhere.setOutputFormat(QPrinter::PdfFormat);
     nowhere.setOutputFileName(u"/no/such/folder/report.pdf"_s);
     EXPECT_EQ(print(report, nowhere), 0);
-    const std::unique_ptr<QDialog> preview(newReportPreview(report, nullptr));
-    EXPECT_EQ(preview->windowTitle(), report.caption);
+}
+
+TEST_F(BandedReportTest, ALongReportIsShownAPageAtATimeAndPrintedAsAnyOther) {
+    addBooks(6000);
+    const QStringList sheets = printed(2, 4);
+    const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
+    setUp(*printer, u"shown.pdf"_s);
+    books->asked = 0;
+    LongPreview preview(report, printer, nullptr);
+    auto *progress = preview.findChild<QWidget *>(u"progress"_s);
+    auto *page = preview.findChild<QSpinBox *>(u"page"_s);
+    const auto workDone = [&] { return progress->isHidden(); };
+    preview.show();
+    EXPECT_EQ(books->asked, 0) << "nobody waits for the window";
+    ASSERT_TRUE(QTest::qWaitFor(workDone, 30'000));
+    EXPECT_EQ(page->maximum(), pages);
+    books->asked = 0;
+    page->setValue(pages);
+    EXPECT_EQ(books->lastRow, 5999);
+    EXPECT_LE(books->asked, 3 * 60) << "no page but the last";
+
+    preview.startPrinting();
+    preview.findChild<QPushButton *>(u"stop"_s)->click();
+    EXPECT_TRUE(workDone() && preview.isVisible());
+    printer->setFromTo(2, 4);
+    preview.startPrinting();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !preview.isVisible(); }, 30'000));
+    EXPECT_EQ(sheetsOf(printer->outputFileName()), sheets);
+
+    for (const int rows : {5000, 5001}) {
+        books->books.resize(std::size_t(rows));
+        const std::unique_ptr<QDialog> shown(newReportPreview(report, nullptr));
+        EXPECT_EQ(qobject_cast<LongPreview *>(shown.get()) != nullptr, rows > 5000);
+        EXPECT_EQ(shown->windowTitle(), report.caption);
+    }
+}
+
+TEST_F(BandedReportTest, WhatIsQuicklySeenToFitDoesFit) {
+    const QPrinter printer(QPrinter::HighResolution);
+    ReportFace face(report.bodyFont, &printer);
+    const QString characters = u"书，AVTofi1 \t\n\u2028\u0301\u200b\u0627\u0644。（㊀"_s;
+    Dice dice(1);
+    int quick = 0;
+    for (int i = 0; i < 5000; ++i) {
+        const QString text = dice.text<QString>(characters, 30);
+        const double width = 100 + dice.below(4000);
+        if (face.surelyOneLine(text, width)) {
+            ++quick;
+            ASSERT_EQ(face.wrapped(text, width).size(), 1) << text.toStdString() << ' ' << width;
+        }
+    }
+    EXPECT_GT(quick, 100);
 }
 
 } // namespace
