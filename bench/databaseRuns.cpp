@@ -7,6 +7,7 @@
 #include "import/windows/frmDaoRuJindu.h"
 #include "marc/recordCutter.h"
 #include "sideBySide.h"
+#include <QCoreApplication>
 #include <QDialog>
 #include <QFile>
 #include <algorithm>
@@ -158,6 +159,10 @@ std::optional<double> previewInWindow(const QString &catalogue, int rows) {
     };
     const auto taken = timed([&] {
         list.window.PrintRpt({});
+        const auto *progress = preview ? preview->findChild<QWidget *>(u"progress"_s) : nullptr;
+        while (progress && !progress->isHidden())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        settle();
         return preview != nullptr;
     });
     delete preview;

@@ -45,7 +45,7 @@ bool workASlice(const Work &work) {
 } // namespace
 
 LongPreview::LongPreview(BandedReport report, std::shared_ptr<QPrinter> printer, QWidget *parent)
-    : QDialog(parent, Qt::Window)
+    : QDialog(parent)
     , m_report(std::move(report))
     , m_printer(std::move(printer))
     , m_tools(new QToolBar)
@@ -96,10 +96,10 @@ void LongPreview::addViewTools() {
 
 void LongPreview::addPageTools() {
     addTool(u"go-first", u"第一页", [this] { m_page->setValue(1); });
-    addTool(u"go-previous", u"上一页", [this] { m_page->stepDown(); });
+    addTool(u"go-previous", u"上一页", [this] { m_page->stepDown(); })->setShortcut(QKeySequence::MoveToPreviousPage);
     m_tools->addWidget(m_page);
     m_tools->addWidget(m_pages);
-    addTool(u"go-next", u"下一页", [this] { m_page->stepUp(); });
+    addTool(u"go-next", u"下一页", [this] { m_page->stepUp(); })->setShortcut(QKeySequence::MoveToNextPage);
     addTool(u"go-last", u"最后一页", [this] { m_page->setValue(m_page->maximum()); });
     m_tools->addSeparator();
     addTool(u"page-setup", u"页面设置", [this] {

@@ -171,6 +171,7 @@ TEST_F(BandedReportTest, ALongReportIsShownAPageAtATimeAndPrintedAsAnyOther) {
     preview.startPrinting();
     preview.findChild<QPushButton *>(u"stop"_s)->click();
     EXPECT_TRUE(workDone() && preview.isVisible());
+    EXPECT_NE(printer->printerState(), QPrinter::Active);
     printer->setFromTo(2, 4);
     preview.startPrinting();
     ASSERT_TRUE(QTest::qWaitFor([&] { return !preview.isVisible(); }, 30'000));
