@@ -34,6 +34,20 @@ struct Connection::Handle {
             link.reset();
         return outcome;
     }
+
+    // Runs one that changes something: over a fresh link again only where the server did not look at it.
+    template <class Outcome, class Call>
+    Outcome change(Call call) {
+        bool leftAlone = false;
+        const auto watched = [&](const Link &held) {
+            Outcome outcome = call(held);
+            leftAlone = !outcome && held.leftAlone(outcome.failure());
+            return outcome;
+        };
+        const bool held = link != nullptr;
+        Outcome outcome = over<Outcome>(watched);
+        return held && !link && leftAlone ? over<Outcome>(watched) : outcome;
+    }
 };
 
 Connection::Connection(std::unique_ptr<Handle> handle)
@@ -50,23 +64,16 @@ platform::Result<Connection> Connection::open(LinkPool &links, const QString &co
 }
 
 platform::Status Connection::execute(const QString &statement) {
-    bool leftAlone = false;
-    const auto run = [&](const Link &link) {
-        platform::Status ran = link.execute(statement);
-        leftAlone = !ran && link.leftAlone(ran.failure());
-        return ran;
-    };
-    const bool held = m_handle->link != nullptr;
-    platform::Status ran = m_handle->over<platform::Status>(run);
-    return held && lost() && leftAlone ? m_handle->over<platform::Status>(run) : ran;
+    return m_handle->change<platform::Status>([&](const Link &link) { return link.execute(statement); });
+}
+
+platform::Result<std::optional<qint64>> Connection::insert(const QString &statement, const QString &keyColumn) {
+    return m_handle->change<platform::Result<std::optional<qint64>>>(
+        [&](const Link &link) { return link.insert(statement, keyColumn); });
 }
 
 bool Connection::lost() const {
     return !m_handle->link;
-}
-
-std::optional<qint64> Connection::lastKey() {
-    return m_handle->link ? m_handle->link->lastKey() : std::nullopt;
 }
 
 platform::Result<std::shared_ptr<ResultTable>> Connection::query(const QString &statement) {

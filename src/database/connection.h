@@ -27,11 +27,11 @@ public:
 
     // Runs a statement that gives no rows.
     platform::Status execute(const QString &statement);
+    // Runs an insert of one row; the key that the server gave it in that column, or nothing where it does not tell.
+    platform::Result<std::optional<qint64>> insert(const QString &statement, const QString &keyColumn);
     // Whether the connection was lost with the last statement. The answer to it is lost then too: nobody knows whether
     // a change was carried out.
     bool lost() const;
-    // The key that the server gave the row of the last insert over this connection; nothing where it cannot tell.
-    std::optional<qint64> lastKey();
     // Asks a question, which changes nothing, and takes its whole result, in blocks.
     platform::Result<std::shared_ptr<ResultTable>> query(const QString &statement);
 

@@ -211,42 +211,6 @@ platform::Result<std::shared_ptr<ResultTable>> Link::query(const QString &statem
     Q_UNREACHABLE();
 }
 
-// Asked behind each record of an import: no more calls are made than it takes.
-std::optional<qint64> Link::lastKey() const {
-    struct Question {
-        Server server;
-        QStringView text;
-        bool prepared;
-    };
-    static constexpr auto questions = std::to_array<Question>({
-        {Server::Sqlite, u"select last_insert_rowid()", false}, // every second run of a prepared one gives no row
-        {Server::PostgreSql, u"select lastval()", true},
-        {Server::MariaDb, u"select last_insert_id()", true},
-        {Server::SqlServer, u"select cast(@@identity as bigint)", true},
-    });
-    const auto *question = std::ranges::find(questions, m_server, &Question::server);
-    if (question == questions.end())
-        return std::nullopt;
-    const CallLimit::Call call(*m_calls, m_limits.login);
-    m_answered.reset();
-    auto handle = std::exchange(m_keyQuestion, nullptr);
-    if (!handle) {
-        handle = std::make_unique<OdbcHandle>(SQL_HANDLE_STMT, m_connection.get());
-        if (!*handle || (question->prepared && !odbcPrepare(*handle, question->text.toString(), m_form)))
-            return std::nullopt;
-    }
-    const bool asked =
-        question->prepared ? SQL_SUCCEEDED(SQLExecute(handle->get())) : start(*handle, question->text.toString()).ok();
-    SQLBIGINT key = 0;
-    if (!asked || !SQL_SUCCEEDED(SQLFetch(handle->get())) ||
-        !SQL_SUCCEEDED(SQLGetData(handle->get(), 1, SQL_C_SBIGINT, &key, sizeof(key), nullptr)) ||
-        !SQL_SUCCEEDED(SQLFreeStmt(handle->get(), SQL_CLOSE)))
-        return std::nullopt;
-    m_keyQuestion = std::move(handle);
-    m_answered = std::chrono::steady_clock::now();
-    return key > 0 ? std::optional(qint64(key)) : std::nullopt;
-}
-
 platform::Status Link::run(const QString &statement) const {
     const CallLimit::Call call(*m_calls, m_limits.login);
     return start(OdbcHandle(SQL_HANDLE_STMT, m_connection.get()), statement);

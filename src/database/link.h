@@ -30,8 +30,8 @@ public:
     // the text allows ends with a fault.
     platform::Status execute(const QString &statement) const;
     platform::Result<std::shared_ptr<ResultTable>> query(const QString &statement) const;
-    // The key that the server gave the row of the last insert over this link.
-    std::optional<qint64> lastKey() const;
+    // Runs an insert of one row; what its key column was given, where the server tells it.
+    platform::Result<std::optional<qint64>> insert(const QString &statement, const QString &keyColumn) const;
     // Whether the server at the other end is gone, or no part of its cluster any more, so that no statement can
     // succeed.
     bool lost() const;
@@ -59,6 +59,8 @@ private:
     bool isDead() const;
     platform::Result<QStringList> firstColumn(const QString &statement) const;
     platform::Status start(const OdbcHandle &handle, const QString &statement) const;
+    platform::Status insertReturning(const QString &statement, std::optional<qint64> &key) const;
+    std::optional<qint64> lastKey() const;
     std::unique_ptr<OdbcHandle> statementHandle() const;
     void wentWell(std::unique_ptr<OdbcHandle> handle) const;
     platform::Failure told(const platform::Failure &failure) const;
@@ -73,6 +75,7 @@ private:
     mutable std::unique_ptr<OdbcHandle> m_statement;
     mutable std::unique_ptr<OdbcHandle> m_keyQuestion;                       // prepared at its first use
     mutable std::optional<std::chrono::steady_clock::time_point> m_answered; // when the last call went well, if it did
+    mutable bool m_returnsKeys = true; // with an insert; until it was seen that it does not
     TextForm m_form = TextForm::Wide;
     Server m_server = Server::Other;
     QStringList m_tables;   // in the server's own spelling, where it tells names by case

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
-#include <vector>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -45,6 +45,34 @@ bool isSign(const Token &token, QChar sign) {
     return token.kind == TokenKind::Sign && token.text[0] == sign;
 }
 
+// What is written: nearly all of it as it stands in the statement, and taken over in long pieces.
+class Output {
+public:
+    explicit Output(qsizetype room) { m_text.reserve(room); }
+
+    qsizetype size() const { return m_text.size() + m_standing.size(); }
+    // A piece of the statement.
+    void take(QStringView piece) {
+        if (m_standing.isEmpty() || m_standing.end() != piece.begin()) {
+            write();
+            m_standing = piece;
+        } else {
+            m_standing = QStringView(m_standing.begin(), piece.end());
+        }
+    }
+    // All so far, to be changed.
+    QString &text() {
+        write();
+        return m_text;
+    }
+
+private:
+    void write() { m_text += std::exchange(m_standing, QStringView()); }
+
+    QString m_text;
+    QStringView m_standing; // not yet in the text
+};
+
 class Rewriter {
 public:
     Rewriter(QStringView statement, const Spelling &spelling, const QStringList &tables)
@@ -71,16 +99,15 @@ private:
     }
 
     QString part(qsizetype from, qsizetype to) {
-        QString out;
-        if (from < to)
-            out.reserve(m_tokens[to - 1].text.end() - m_tokens[from].text.begin() + 64);
+        constexpr qsizetype roomForSpellings = 64;
+        Output out(from < to ? m_tokens[to - 1].text.end() - m_tokens[from].text.begin() + roomForSpellings : 0);
         qsizetype operand = -1;      // where the operand of a coming Like starts in `out`
         bool patternFollows = false; // a Like waits for its pattern
         for (qsizetype at = from; at < to; ++at) {
             const Token &token = m_tokens[at];
             if (is(token, u"like")) {
-                fold(out, operand);
-                out += m_spelling.like;
+                fold(out.text(), operand);
+                out.text() += m_spelling.like;
                 patternFollows = true;
                 continue;
             }
@@ -88,18 +115,19 @@ private:
                 operand = out.size();
             else if (token.kind != TokenKind::Word && token.kind != TokenKind::Blank && !isSign(token, u'.'))
                 operand = -1;
-            if (const std::optional<qsizetype> end = is(token, u"convert") ? convert(at, to, out) : std::nullopt) {
+            if (const std::optional<qsizetype> end =
+                    is(token, u"convert") ? convert(at, to, out.text()) : std::nullopt) {
                 at = *end;
                 operand = -1;
                 continue;
             }
             append(out, token);
             if (patternFollows && token.kind == TokenKind::Literal) {
-                out += m_spelling.after;
+                out.text() += m_spelling.after;
                 patternFollows = false;
             }
         }
-        return out;
+        return std::move(out.text());
     }
 
     // Wraps the name at the end of `out`, the operand of the Like that follows.
@@ -113,15 +141,15 @@ private:
         out.replace(operand, end - operand, m_spelling.folded.toString().replace(u"%1"_s, name));
     }
 
-    void append(QString &out, const Token &token) const {
+    void append(Output &out, const Token &token) const {
         if (token.kind == TokenKind::Word) {
-            out += tableSpelling(token.text);
+            out.take(tableSpelling(token.text));
         } else if (token.kind == TokenKind::Bracket && token.text.endsWith(u']')) {
             QString name = token.text.sliced(1, token.text.size() - 2).toString();
             name.replace(u"]]"_s, u"]"_s).replace(m_spelling.quote, QString(2, m_spelling.quote));
-            out += m_spelling.quote + name + m_spelling.quote;
+            out.text() += m_spelling.quote + name + m_spelling.quote;
         } else {
-            out += token.text;
+            out.take(token.text);
         }
     }
 

@@ -14,13 +14,9 @@ bool isWordCharacter(QChar c) {
 
 // The end of a run that `close` ends and a doubled `close` does not.
 qsizetype closedEnd(QStringView text, qsizetype from, QChar close) {
-    for (qsizetype at = from + 1; at < text.size(); ++at) {
-        if (text[at] != close)
-            continue;
+    for (qsizetype at = from + 1; (at = text.indexOf(close, at)) >= 0; at += 2)
         if (at + 1 == text.size() || text[at + 1] != close)
             return at + 1;
-        ++at;
-    }
     return text.size();
 }
 

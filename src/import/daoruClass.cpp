@@ -46,13 +46,13 @@ Daoru daoruRecord(const marc::RawRecord &marc, const database::SessionState &sta
         host.tell(u"【"_s + connection.failure().description + u"】", u"系统操作提示"_s);
         return {.fault = connection.failure().description};
     }
-    if (const platform::Status in = connection.value().execute(insertStatement(*row)); !in) {
+    const auto in = connection.value().insert(insertStatement(*row), u"zskid"_s);
+    if (!in) {
         const QString fault = in.failure().description;
         return connection.value().lost() ? withoutAnswer(fault, keyInStore(marc, connection.value(), earlier))
                                          : Daoru{.fault = fault};
     }
-    const std::optional<qint64> key = connection.value().lastKey();
-    return {.wentIn = true, .key = key ? key : keyInStore(marc, connection.value(), earlier)};
+    return {.wentIn = true, .key = in.value() ? in.value() : keyInStore(marc, connection.value(), earlier)};
 }
 
 } // namespace importing

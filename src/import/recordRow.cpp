@@ -114,13 +114,13 @@ QStringView firstDigits(QStringView value) {
 // False where the rest of the field is not looked at.
 bool takeSubfield(RecordRow &row, QStringView tag, char16_t code, QStringView value) {
     for (const NumberRule &rule : numberRules) {
-        if (rule.tag == tag && rule.code == code) {
+        if (rule.code == code && rule.tag == tag) {
             if (const QStringView digits = firstDigits(value); !digits.isEmpty())
                 rule.store(row, digits);
         }
     }
     for (const TextRule &rule : textRules) {
-        if (rule.tag != tag || rule.code != code)
+        if (rule.code != code || rule.tag != tag)
             continue;
         if (QString &text = row.*rule.column; text.isEmpty())
             text = doubledApostrophes(value.left(rule.length).toString());
