@@ -179,6 +179,26 @@ TEST(Link, ADeadConnectionIsReplaced) {
     }
 }
 
+// A view over the table refuses to return what its rule makes of an insert.
+TEST(Link, AKeyThatAnInsertDoesNotReturnIsAskedFor) {
+    const TestDatabase database(TestServer::PostgreSql);
+    database.run(u"alter table taolutable rename to held; create view taolutable as select * from held; "
+                 u"create rule taken as on insert to taolutable do instead insert into held (bookname) "
+                 u"values (new.bookname);"_s);
+    auto restored =
+        qScopeGuard([&] { database.run(u"drop view taolutable; alter table held rename to taolutable;"_s); });
+    const QString wrong = u"insert  taolutable (bookname) values (repeat('一',1000))"_s;
+    for (const QString &key : {u"1"_s, u"2"_s}) {
+        auto connection = database.open();
+        ASSERT_TRUE(connection);
+        const auto in = connection.value().insert(u"insert  taolutable (bookname) values ('一')"_s, u"zskid"_s);
+        ASSERT_TRUE(in) << in.failure().description.toStdString();
+        EXPECT_EQ(QString::number(in.value().value_or(0)), key);
+        EXPECT_FALSE(connection.value().insert(wrong, u"zskid"_s));
+    }
+    EXPECT_EQ(database.selected(u"select zskid from held order by zskid"_s), u"1 2"_s);
+}
+
 TEST(Link, AServerThatGoesAwayAndComesBack) {
     const TestDatabase database(TestServer::PostgreSql);
     ASSERT_TRUE(import(database, u"一"_s));
