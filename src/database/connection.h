@@ -23,7 +23,7 @@ public:
     ~Connection(); // releases the connection; the pool, which must still stand, keeps it for the next use
 
     // A connection that proves dead when a statement fails is opened anew: for the next statement, and for the question
-    // that failed. A statement that changes something is never sent twice.
+    // that failed. A statement that changes something is sent again only where the server has told that it did nothing.
 
     // Runs a statement that gives no rows.
     platform::Status execute(const QString &statement);
