@@ -30,7 +30,7 @@ void databaseScale(ScaleReport &report, const BenchStage &stage) {
                                    {[&] { return listInWindow(catalogue, rows); }, command(listCommand(catalogue)),
                                     [&] { return listByLoop(catalogue, rows); }});
     report.compared(u"list"_s, listing, u"sqlite3"_s, 0.6);
-    report.table.speed(u"list | a loop that drops the driver's rows"_s, listing[0], listing[2], 0.75);
+    report.table.speed(u"rows of the list | a loop that drops the driver's rows"_s, listing[0], listing[2], 0.75);
     constexpr double mostMemory = 200e6;
     if (const auto memory = memoryOfListing(catalogue, rows))
         report.table.bound(u"memory of the program with the list"_s, *memory, mostMemory, Unit::Bytes);
