@@ -7,6 +7,9 @@ namespace database {
 
 namespace {
 
+constexpr int sizeBits = 6;
+constexpr qsizetype longSize = (1 << sizeBits) - 1; // this one and longer ones stand in four bytes of their own
+
 // Every character at once: that is a few instructions for sixteen of them, and most cells are short.
 template <class Text>
 bool allBelow(const Text &text, quint32 limit) {
@@ -21,23 +24,34 @@ bool allBelow(const Text &text, quint32 limit) {
 ResultTable::ResultTable(QStringList columnNames)
     : m_names(std::move(columnNames)) {}
 
-std::size_t ResultTable::indexOf(int row, int column) const {
+ResultTable::Cell ResultTable::cellAt(const char *at) {
+    const auto head = uchar(*at++);
+    Cell cell{Form(head >> sizeBits), head & longSize, at};
+    if (cell.size == longSize) {
+        quint32 size = 0;
+        std::memcpy(&size, at, sizeof(size));
+        cell.size = qsizetype(size);
+        cell.text += sizeof(size);
+    }
+    return cell;
+}
+
+ResultTable::Cell ResultTable::cell(int row, int column) const {
     Q_ASSERT(row >= 0 && row < rowCount() && column >= 0 && column < columnCount());
-    return std::size_t(row) * std::size_t(m_names.size()) + std::size_t(column);
+    Cell found = cellAt(m_rows[std::size_t(row)]);
+    for (int before = 0; before < column; ++before)
+        found = cellAt(found.end());
+    return found;
 }
 
 QString ResultTable::text(int row, int column) const {
-    const std::size_t index = indexOf(row, column);
-    const char *from = m_rows[std::size_t(row)];
-    for (std::size_t before = index - std::size_t(column); before < index; ++before)
-        from += m_cells[before].bytes();
-    const Cell cell = m_cells[index];
-    if (cell.size == 0)
+    const Cell found = cell(row, column);
+    if (found.size == 0)
         return {};
-    if (cell.form == Form::Latin1)
-        return QString::fromLatin1(from, cell.bytes());
-    QString text(qsizetype(cell.size), Qt::Uninitialized);
-    std::memcpy(text.data(), from, std::size_t(cell.bytes()));
+    if (found.form == Form::Latin1)
+        return QString::fromLatin1(found.text, found.size);
+    QString text(found.size, Qt::Uninitialized);
+    std::memcpy(text.data(), found.text, std::size_t(found.bytes()));
     return text;
 }
 
@@ -49,40 +63,49 @@ std::optional<int> ResultTable::column(QStringView name) const {
 }
 
 bool ResultTable::isNull(int row, int column) const {
-    return m_cells[indexOf(row, column)].form == Form::Null;
+    return cell(row, column).form == Form::Null;
 }
 
 void ResultTable::append(QStringView text) {
     if (allBelow(std::u16string_view(text.utf16(), std::size_t(text.size())), 0x100)) {
+        begin(Form::Latin1, text.size());
         const qsizetype before = m_begun.size();
         m_begun.resize(before + text.size());
         std::ranges::transform(text, m_begun.begin() + before, [](QChar character) { return character.toLatin1(); });
-        endCell(Form::Latin1, text.size());
-        return;
+    } else {
+        begin(Form::Utf16, text.size());
+        m_begun.append(reinterpret_cast<const char *>(text.utf16()), text.size() * qsizetype(sizeof(QChar)));
     }
-    m_begun.append(reinterpret_cast<const char *>(text.utf16()), text.size() * qsizetype(sizeof(QChar)));
-    endCell(Form::Utf16, text.size());
+    end();
 }
 
 void ResultTable::appendUtf8(QByteArrayView text) {
     if (!allBelow(text, 0x80))
         return append(QString::fromUtf8(text));
+    begin(Form::Latin1, text.size());
     m_begun.append(text);
-    endCell(Form::Latin1, text.size());
+    end();
 }
 
 void ResultTable::appendNull() {
-    endCell(Form::Null, 0);
+    begin(Form::Null, 0);
+    end();
 }
 
-void ResultTable::endCell(Form form, qsizetype size) {
-    Cell &cell = m_cells.emplace_back();
-    cell.size = quint32(size);
-    cell.form = form;
-    if (m_cells.size() % std::size_t(m_names.size()) != 0)
+void ResultTable::begin(Form form, qsizetype size) {
+    m_begun.append(char(uint(form) << sizeBits | uint(std::min(size, longSize))));
+    if (size < longSize)
+        return;
+    const auto whole = quint32(size); // no server gives more
+    m_begun.append(reinterpret_cast<const char *>(&whole), sizeof(whole));
+}
+
+void ResultTable::end() {
+    if (++m_begunCells < columnCount())
         return;
     m_rows.push_back(m_held.keep(m_begun).data());
     m_begun.resize(0); // keeps its room
+    m_begunCells = 0;
 }
 
 } // namespace database

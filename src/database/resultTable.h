@@ -1,6 +1,6 @@
-// The whole result of a query, held compactly: the texts of a row behind each other, those of Latin letters with a byte
-// a character, and four bytes a cell beside them; nothing copied as it grows. A NULL reads as an empty text. Columns
-// are found by name without regard to case.
+// The whole result of a query, held compactly: the cells of a row behind each other, texts of Latin letters with a byte
+// a character, a byte more for a cell that is not long; nothing copied as it grows. A NULL reads as an empty text.
+// Columns are found by name without regard to case.
 #pragma once
 
 #include "platform/byteArena.h"
@@ -31,22 +31,26 @@ public:
     void appendNull();
 
 private:
-    enum class Form : quint32 { Null, Latin1, Utf16 };
-    static constexpr int sizeBits = 30; // a thousand million, which is more than any server gives
+    enum class Form : quint8 { Null, Latin1, Utf16 };
+    // As it stands in its row: a byte of form and size, four of size where that is large, and the text.
     struct Cell {
-        quint32 size : sizeBits; // characters
-        Form form : 32 - sizeBits;
-        qsizetype bytes() const { return qsizetype(size) * (form == Form::Utf16 ? qsizetype(sizeof(QChar)) : 1); }
+        Form form;
+        qsizetype size; // characters
+        const char *text;
+        qsizetype bytes() const { return size * (form == Form::Utf16 ? qsizetype(sizeof(QChar)) : 1); }
+        const char *end() const { return text + bytes(); }
     };
 
-    std::size_t indexOf(int row, int column) const;
-    void endCell(Form form, qsizetype size);
+    static Cell cellAt(const char *at);
+    Cell cell(int row, int column) const;
+    void begin(Form form, qsizetype size);
+    void end();
 
     QStringList m_names;
-    std::deque<const char *> m_rows; // where each row's texts start
-    std::deque<Cell> m_cells;
+    std::deque<const char *> m_rows; // the first cell of each, the others behind it
     platform::ByteArena m_held;
-    QByteArray m_begun; // texts of the row that is being filled
+    QByteArray m_begun; // the row that is being filled
+    int m_begunCells = 0;
 };
 
 } // namespace database
