@@ -151,6 +151,8 @@ void LongPreview::placeOn() {
     endWork();
     m_page->setRange(1, m_sheet->pages());
     m_pages->setText(u" / %1 "_s.arg(m_sheet->pages()));
+    m_page->selectAll();
+    m_page->setFocus(); // a page is typed at once; the keys that turn pages work from there as well
     m_view->updatePreview();
 }
 
