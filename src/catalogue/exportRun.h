@@ -4,8 +4,8 @@
 #pragma once
 
 #include "database/sublib.h"
+#include "platform/byteWriter.h"
 #include "platform/host.h"
-#include "platform/textFile.h"
 #include <optional>
 
 namespace catalogue {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "marc/recordCutter.h"
+#include "platform/byteWriter.h"
 #include "platform/textFile.h"
 #include <memory>
 

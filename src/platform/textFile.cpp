@@ -15,8 +15,6 @@ namespace {
 constexpr qsizetype blockSize = 1 << 18;
 constexpr qsizetype lineBlockSize = 1 << 19; // what stands in it is written in as large pieces
 constexpr qsizetype beginningSize = 1 << 16;
-constexpr QByteArrayView lineEnd("\r\n");
-constexpr qsizetype gatherSize = 1 << 20; // a split in pieces of this size takes an eighth less than in quarters of it
 
 const char *find(char wanted, const char *from, qsizetype size) {
     return static_cast<const char *>(std::memchr(from, wanted, size_t(size)));
@@ -227,85 +225,6 @@ Status writeTextFile(const QString &path, const QString &text) {
         file.commit())
         return success();
     return Failure{file.errorString(), int(file.error())};
-}
-
-ByteWriter::ByteWriter(std::unique_ptr<QFile> file)
-    : m_file(std::move(file)) {}
-ByteWriter::ByteWriter(ByteWriter &&) noexcept = default;
-ByteWriter &ByteWriter::operator=(ByteWriter &&other) noexcept {
-    m_file.swap(other.m_file); // the old file goes, and is finished, with the other
-    std::swap(m_standing, other.m_standing);
-    m_room.swap(other.m_room);
-    std::swap(m_gathered, other.m_gathered);
-    m_lineEnds.swap(other.m_lineEnds);
-    std::swap(m_linesHandedOver, other.m_linesHandedOver);
-    m_fault.swap(other.m_fault);
-    return *this;
-}
-
-ByteWriter::~ByteWriter() {
-    if (m_file)
-        std::ignore = flush();
-}
-
-Result<ByteWriter> ByteWriter::create(const QString &path) {
-    auto file = openPlainFile(path, QIODevice::WriteOnly | QIODevice::Truncate);
-    if (!file)
-        return file.failure();
-    ByteWriter writer(std::move(file).value());
-    writer.m_room.resize(gatherSize);
-    return writer;
-}
-
-Status ByteWriter::writeLine(QByteArrayView line) {
-    if (!m_standing.isEmpty() || m_gathered + line.size() + lineEnd.size() > gatherSize) {
-        if (const Status flushed = flush(); !flushed)
-            return flushed;
-    }
-    if (m_fault)
-        return *m_fault;
-    const qsizetype from = m_gathered;
-    m_gathered += line.size() + lineEnd.size();
-    if (m_gathered > m_room.size())
-        m_room.resize(m_gathered);
-    char *const end = std::copy(line.begin(), line.end(), m_room.data() + from);
-    std::copy(lineEnd.begin(), lineEnd.end(), end);
-    m_lineEnds.append(m_gathered);
-    return success();
-}
-
-Status ByteWriter::writeStanding(QByteArrayView line) {
-    if (m_gathered > 0 || (!m_standing.isEmpty() && m_standing.end() != line.begin()))
-        return writeLine(line);
-    if (m_fault)
-        return *m_fault;
-    const char *const from = m_standing.isEmpty() ? line.begin() : m_standing.begin();
-    m_standing = QByteArrayView(from, line.end() + lineEnd.size());
-    m_lineEnds.append(m_standing.size());
-    return success();
-}
-
-Status ByteWriter::flush() {
-    if (m_fault)
-        return *m_fault;
-    const QByteArrayView waiting = m_standing.isEmpty() ? QByteArrayView(m_room).first(m_gathered) : m_standing;
-    const QByteArrayView left = notTaken(*m_file, waiting);
-    if (!left.isEmpty())
-        m_fault = Failure{m_file->errorString(), int(m_file->error())};
-    const qsizetype taken = waiting.size() - left.size();
-    m_linesHandedOver += std::upper_bound(m_lineEnds.cbegin(), m_lineEnds.cend(), taken) - m_lineEnds.cbegin();
-    m_standing = {};
-    m_gathered = 0;
-    m_lineEnds.resize(0); // keeps its room
-    return m_fault ? Status(*m_fault) : success();
-}
-
-Status ByteWriter::close() {
-    const Status flushed = flush();
-    m_file->close();
-    if (flushed && m_file->error() != QFile::NoError)
-        return Failure{m_file->errorString(), int(m_file->error())};
-    return flushed;
 }
 
 } // namespace platform

@@ -1,4 +1,5 @@
 #include "platform/textFile.h"
+#include "platform/byteWriter.h"
 #include "support/fullDisk.h"
 #include "support/testFolder.h"
 #include <QDir>
