@@ -1,4 +1,5 @@
 #include "platform/deskState.h"
+#include "platform/plainFile.h"
 #include <QDir>
 #include <QSettings>
 #include <QStandardPaths>
@@ -8,6 +9,8 @@ using namespace Qt::StringLiterals;
 namespace platform {
 
 namespace {
+
+constexpr qint64 largestState = 1 << 20; // bytes; some thousands are usual
 
 QString userFolder() {
 #ifdef Q_OS_WIN
@@ -26,19 +29,29 @@ DeskState::DeskState()
 DeskState::DeskState(const QString &folder)
     : m_folder(folder) {}
 
+QString DeskState::file() const {
+    return m_folder + u"/desk.ini";
+}
+
 QVariant DeskState::read(const QString &key) const {
-    return QSettings(m_folder + u"/desk.ini", QSettings::IniFormat).value(key);
+    if (!smallOrMissing(file(), largestState))
+        return {};
+    return QSettings(file(), QSettings::IniFormat).value(key);
 }
 
 void DeskState::keep(const QString &key, const QVariant &value) const {
-    if (read(key) == value || !QDir().mkpath(m_folder))
+    if (!smallOrMissing(file(), largestState) || read(key) == value)
         return;
-    QSettings(m_folder + u"/desk.ini", QSettings::IniFormat).setValue(key, value);
+    if (makeOwnerFolder(m_folder) && makeOwnerFile(file()))
+        QSettings(file(), QSettings::IniFormat).setValue(key, value);
 }
 
-QString DeskState::folderFor(const QString &kind) const {
+Result<QString> DeskState::folderFor(const QString &kind) const {
     const QString folder = m_folder + u'/' + kind;
-    return QDir().mkpath(folder) ? QString(folder + u'/') : QString();
+    for (const QString &made : {m_folder, folder})
+        if (const Status status = makeOwnerFolder(made); !status)
+            return status.failure();
+    return QString(folder + u'/');
 }
 
 } // namespace platform

@@ -1,8 +1,10 @@
-// What the program remembers between starts and could do without: sizes, drawn widths, the files used last, drafts. It
-// stands in the user's state folder, apart from the settings. A file that is damaged or cannot be written is the same
-// as one that says nothing: nobody is kept from work by it.
+// What the program remembers between starts: sizes, drawn widths, the files used last, and folders for drafts. It is
+// kept in the user's state folder, apart from the settings, and no other account can read it. Sizes and the like can be
+// done without: where their file is damaged, too large, not a plain file or cannot be written, nothing is remembered,
+// and nothing is reported. A folder that cannot be made is reported by folderFor().
 #pragma once
 
+#include "platform/result.h"
 #include <QString>
 #include <QVariant>
 
@@ -18,11 +20,13 @@ public:
     QVariant read(const QString &key) const;
     void keep(const QString &key, const QVariant &value) const;
 
-    // A folder beside the state for files of one kind, made where it is missing; with a separator at its end. Empty
-    // where it cannot be made.
-    QString folderFor(const QString &kind) const;
+    // A folder in the state folder for files of one kind, made where it is missing; with a separator at its end. Fails
+    // where it cannot be made or written to.
+    Result<QString> folderFor(const QString &kind) const;
 
 private:
+    QString file() const;
+
     QString m_folder;
 };
 

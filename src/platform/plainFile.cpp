@@ -1,4 +1,5 @@
 #include "platform/plainFile.h"
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #ifndef Q_OS_WIN
@@ -13,6 +14,14 @@ using namespace Qt::StringLiterals;
 namespace platform {
 
 namespace {
+
+constexpr QFileDevice::Permissions ownerOnly = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
+constexpr QFileDevice::Permissions ofOthers = QFileDevice::ReadGroup | QFileDevice::WriteGroup | QFileDevice::ExeGroup |
+                                              QFileDevice::ReadOther | QFileDevice::WriteOther | QFileDevice::ExeOther;
+
+Failure tooLarge(const QString &path, qint64 limit) {
+    return Failure{QStringLiteral("%1 超过 %2 字节，没有读入").arg(path).arg(limit)};
+}
 
 Failure notAFile(const QString &path, bool isFolder) {
     return Failure{QStringLiteral("%1 是%2，不是文件").arg(path, isFolder ? u"文件夹"_s : u"管道或设备"_s)};
@@ -59,6 +68,57 @@ Result<std::unique_ptr<QFile>> openPlainFile(const QString &path, QIODevice::Ope
 Status mayBecomeFile(const QString &path) {
     if (const QFileInfo standing(path); standing.exists() && !standing.isFile())
         return notAFile(path, standing.isDir());
+    return success();
+}
+
+Result<QByteArray> readSmallFile(const QString &path, qint64 limit) {
+    constexpr qint64 portion = 1 << 16;
+    auto opened = openPlainFile(path, QIODevice::ReadOnly);
+    if (!opened)
+        return opened.failure();
+    QFile &file = *opened.value();
+    if (file.size() > limit)
+        return tooLarge(path, limit);
+    QByteArray bytes;
+    bytes.reserve(file.size());
+    while (true) { // it may have grown since its size was asked for
+        const QByteArray part = file.read(portion);
+        if (part.isEmpty())
+            break;
+        bytes += part;
+        if (bytes.size() > limit)
+            return tooLarge(path, limit);
+    }
+    if (file.error() != QFileDevice::NoError)
+        return Failure{file.errorString(), int(file.error())};
+    return bytes;
+}
+
+Status smallOrMissing(const QString &path, qint64 limit) {
+    if (const Status plain = mayBecomeFile(path); !plain)
+        return plain;
+    return QFileInfo(path).size() <= limit ? success() : Status(tooLarge(path, limit));
+}
+
+Status makeOwnerFolder(const QString &path) {
+    constexpr QFileDevice::Permissions folderOfOwner = ownerOnly | QFileDevice::ExeOwner;
+    const QString parent = QFileInfo(path).path();
+    if (!QFileInfo(path).isDir() && !(QDir().mkpath(parent) && QDir().mkdir(path, folderOfOwner)))
+        return Failure{QStringLiteral("无法建立文件夹 %1").arg(path)};
+    if (QFile::permissions(path) & ofOthers)
+        QFile::setPermissions(path, folderOfOwner);
+    if (!QFileInfo(path).isWritable())
+        return Failure{QStringLiteral("文件夹 %1 不能写入").arg(path)};
+    return success();
+}
+
+Status makeOwnerFile(const QString &path) {
+    if (const Status plain = mayBecomeFile(path); !plain)
+        return plain;
+    if (QFile file(path); !file.exists() && !file.open(QIODevice::WriteOnly | QIODevice::NewOnly, ownerOnly))
+        return Failure{file.errorString(), int(file.error())};
+    if (QFile file(path); file.permissions() & ofOthers && !file.setPermissions(ownerOnly))
+        return Failure{file.errorString(), int(file.error())};
     return success();
 }
 

@@ -1,4 +1,5 @@
 #include "platform/settings.h"
+#include "platform/plainFile.h"
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
@@ -14,7 +15,7 @@ namespace platform {
 
 namespace {
 
-constexpr QFileDevice::Permissions ownerOnly = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
+constexpr qint64 largestSettings = 1 << 20; // bytes; some hundreds are usual
 
 QString fileOf(const QString &folder, const QString &application) {
     return folder + u'/' + application + QStringLiteral(".ini");
@@ -26,13 +27,13 @@ QString keyOf(const QString &section, const QString &key) {
 
 bool storeAll(const QHash<QString, QVariant> &all, const QString &path) {
     QFile::remove(path);
-    if (QFile file(path); !file.open(QIODevice::WriteOnly | QIODevice::NewOnly, ownerOnly))
+    if (!makeOwnerFile(path))
         return false;
     QSettings store(path, QSettings::IniFormat);
     for (auto entry = all.cbegin(); entry != all.cend(); ++entry)
         store.setValue(entry.key(), entry.value());
     store.sync();
-    return store.status() == QSettings::NoError && QFile::setPermissions(path, ownerOnly);
+    return store.status() == QSettings::NoError && makeOwnerFile(path);
 }
 
 bool holdsAll(const QHash<QString, QVariant> &all, const QString &path) {
@@ -69,7 +70,7 @@ Settings::Settings(const QString &folder)
 QString Settings::read(const QString &application, const QString &section, const QString &key,
                        const QString &fallback) const {
     const QString path = fileOf(m_folder, application);
-    if (!QFile::exists(path))
+    if (!QFile::exists(path) || !smallOrMissing(path, largestSettings))
         return fallback;
     const QSettings store(path, QSettings::IniFormat);
     const QVariant value = store.value(keyOf(section, key));
@@ -84,6 +85,8 @@ Status Settings::write(const QString &application, const QString &section, const
     QString place = QFileInfo(path).canonicalFilePath(); // of a linked file, the file itself is replaced
     if (place.isEmpty())
         place = path;
+    if (const Status small = smallOrMissing(place, largestSettings); !small)
+        return small;
     QHash<QString, QVariant> all;
     const QSettings standing(place, QSettings::IniFormat);
     for (const QString &other : standing.allKeys())

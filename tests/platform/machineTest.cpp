@@ -1,5 +1,7 @@
 // Settings, the claim of a single instance, and paths.
+#include "platform/deskState.h"
 #include "platform/paths.h"
+#include "platform/plainFile.h"
 #include "platform/settings.h"
 #include "platform/singleInstance.h"
 #include "support/fullDisk.h"
@@ -39,6 +41,58 @@ TEST(Settings, ComeBackAsTheyWereAndAreTheOwnersAlone) {
         EXPECT_EQ(QDir(inside).entryList(QDir::Files | QDir::Hidden).size(), 1) << room;
     }
     EXPECT_FALSE(Settings(file + u"/below").write(u"a"_s, u"b"_s, u"c"_s, u"d"_s));
+}
+
+// A pipe, a device and a file of gigabytes in place of a file hang nothing and fill no memory.
+TEST(SmallFile, IsAPlainOneWithinItsLimit) {
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(u"a"_s);
+    const QString pipe = folder.filePath(u"pipe"_s);
+    const QString device = folder.filePath(u"device"_s);
+    ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0644), 0);
+    ASSERT_TRUE(QFile::link(u"/dev/zero"_s, device));
+    QFile made(file);
+    ASSERT_TRUE(made.open(QIODevice::WriteOnly) && made.write("12345678") == 8 && made.flush());
+    alarm(20); // an open that waits for a writer is ended
+    EXPECT_EQ(readSmallFile(file, 8).value(), "12345678");
+    EXPECT_FALSE(readSmallFile(file, 7));
+    EXPECT_FALSE(readSmallFile(u"/proc/self/maps"_s, 100)) << "says that it has no bytes, and has thousands";
+    ASSERT_TRUE(made.resize(qint64(1) << 40)); // takes no room on the disk
+    for (const QString &refused : {file, pipe, device, folder.path(), folder.filePath(u"none"_s)})
+        EXPECT_FALSE(readSmallFile(refused, 1000)) << refused.toStdString();
+    for (const QString &place : {file, pipe, device, folder.path()}) {
+        for (const QString &name : {u"desk"_s, u"应用"_s}) {
+            const QString ini = folder.filePath(name + u".ini");
+            QFile::remove(ini);
+            ASSERT_TRUE(QFile::link(place, ini));
+        }
+        DeskState(folder.path()).keep(u"a/b"_s, 1);
+        EXPECT_FALSE(DeskState(folder.path()).read(u"a/b"_s).isValid()) << place.toStdString();
+        EXPECT_FALSE(Settings(folder.path()).write(u"应用"_s, u"a"_s, u"b"_s, u"c"_s)) << place.toStdString();
+        EXPECT_EQ(Settings(folder.path()).read(u"应用"_s, u"a"_s, u"b"_s, u"none"_s), u"none") << place.toStdString();
+    }
+    alarm(0);
+}
+
+TEST(DeskState, IsTheOwnersAloneAndReportsAFolderThatCannotBeMade) {
+    constexpr QFile::Permissions others =
+        QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
+    const QTemporaryDir directory;
+    const QString folder = directory.filePath(u"new/state"_s);
+    const DeskState state(folder);
+    const auto closed = [&](const QString &path) { return (QFile::permissions(path) & others) == 0; };
+    for (const bool opened : {false, true}) { // as an earlier version has left them
+        if (opened) {
+            ASSERT_EQ(chmod(QFile::encodeName(folder).constData(), 0755), 0);
+            ASSERT_EQ(chmod(QFile::encodeName(folder + u"/desk.ini").constData(), 0644), 0);
+        }
+        state.keep(u"window/geometry"_s, opened);
+        EXPECT_EQ(DeskState(folder).read(u"window/geometry"_s), QVariant(opened).toString());
+        EXPECT_TRUE(closed(folder) && closed(folder + u"/desk.ini")) << opened;
+    }
+    EXPECT_EQ(state.folderFor(u"drafts"_s).value(), folder + u"/drafts/");
+    EXPECT_TRUE(closed(folder + u"/drafts"));
+    EXPECT_FALSE(DeskState(folder + u"/desk.ini").folderFor(u"drafts"_s)) << "below a file";
 }
 
 TEST(SingleInstance, LetsGoWhenItsProcessDies) {

@@ -140,7 +140,9 @@ TEST_F(Desk, UndoesWhatWasDoneToTheRecordInHand) {
 }
 
 TEST_F(Desk, EditsOutliveTheProgramUntilTheyAreImported) {
-    const auto drafts = [&] { return QDir(host.remembered().folderFor(u"drafts"_s)).entryList(QDir::Files).size(); };
+    const auto drafts = [&] {
+        return QDir(host.remembered().folderFor(u"drafts"_s).value()).entryList(QDir::Files).size();
+    };
     load(3).show();
     change(4, u"改一"_s);
     EXPECT_TRUE(QTest::qWaitFor([&] { return drafts() == 1; }));

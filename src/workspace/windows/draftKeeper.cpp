@@ -32,7 +32,10 @@ DraftKeeper::DraftKeeper(RecordList &list, EditedRecord &record, platform::Host 
 }
 
 void DraftKeeper::begin(const QString &sourceFile) {
-    m_drafts = std::make_unique<Drafts>(m_host.remembered().folderFor(u"drafts"_s), sourceFile);
+    const auto folder = m_host.remembered().folderFor(u"drafts"_s);
+    m_drafts = std::make_unique<Drafts>(folder ? folder.value() : QString(), sourceFile);
+    if (!folder)
+        Q_EMIT told(u"修改无法暂存："_s + folder.failure().description);
     switch (m_drafts->look()) {
     case Drafts::Found::OfThisFile:
         Q_EMIT offered(m_drafts->left().size());
