@@ -1,7 +1,9 @@
 #include "catalogue/listStatements.h"
 #include <QStringList>
 #include <algorithm>
+#include <functional>
 #include <iterator>
+#include <span>
 
 namespace catalogue {
 
@@ -14,6 +16,22 @@ QString with(QStringView statement, const QString &condition, const QString &ord
     if (!order.isEmpty())
         result += u" order by " + order;
     return result;
+}
+
+using KeyRun = std::span<const qint64>; // consecutive keys, in order
+
+QList<KeyRun> runsOf(const QList<qint64> &sorted) {
+    QList<KeyRun> runs;
+    for (auto from = sorted.cbegin(); from != sorted.cend();) {
+        // Subtracted, since a key may be the largest there is.
+        auto to = std::adjacent_find(from, sorted.cend(),
+                                     [](qint64 one, qint64 next) { return next > one && next - 1 > one; });
+        if (to != sorted.cend())
+            ++to;
+        runs.append(KeyRun(from, to));
+        from = to;
+    }
+    return runs;
 }
 
 } // namespace
@@ -51,15 +69,23 @@ QString storeStatement(const QString &condition, const QString &order) {
     return with(u"select zskid,bookname,author,ISBN,classcode,pages,measure,edition from taoluTable", condition, order);
 }
 
+// A chain of "or" is held in a depth of its length and costs some servers its square: the longest runs alone, which
+// make the statement shorter, are ranges.
 QString keysCondition(QList<qint64> keys) {
+    constexpr qsizetype rangesAtMost = 20;
     std::ranges::sort(keys);
+    QList<KeyRun> runs = runsOf(keys);
+    std::ranges::stable_sort(runs, std::greater(), &KeyRun::size);
     QStringList parts;
-    for (auto from = keys.cbegin(); from != keys.cend();) {
-        const auto to = std::adjacent_find(from, keys.cend(), [](qint64 one, qint64 next) { return next > one + 1; });
-        const auto last = to == keys.cend() ? std::prev(to) : to;
-        parts.append(u"zskid between " + QString::number(*from) + u" and " + QString::number(*last));
-        from = std::next(last);
+    QStringList single;
+    for (const KeyRun &run : std::as_const(runs)) {
+        if (run.size() > 2 && parts.size() < rangesAtMost)
+            parts.append(u"zskid between " + QString::number(run.front()) + u" and " + QString::number(run.back()));
+        else
+            std::ranges::transform(run, std::back_inserter(single), [](qint64 key) { return QString::number(key); });
     }
+    if (!single.isEmpty())
+        parts.append(u"zskid in (" + single.join(u',') + u')');
     return parts.isEmpty() ? QStringLiteral("zskid is null") : QString(u'(' + parts.join(u" or ") + u')');
 }
 

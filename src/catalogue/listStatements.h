@@ -18,7 +18,8 @@ QString copiesStatement(qint32 zskid);
 
 // The store list, and the two deletions. The order term rides along on a delete, but only where there is a condition.
 QString storeStatement(const QString &condition, const QString &order);
-// The condition that exactly the rows of these keys meet; no row where there is none.
+// The condition that exactly the rows of these keys meet; no row where there is none. Servers take it, and find the
+// rows by the index, also for tens of thousands of keys without two neighbours.
 QString keysCondition(QList<qint64> keys);
 // Key and record of the rows that meet a condition.
 QString recordsStatement(const QString &condition);

@@ -3,7 +3,10 @@
 #include "catalogue/listStatements.h"
 #include "catalogue/listTexts.h"
 #include "catalogue/sortOrder.h"
-#include "support/qtPrinters.h"
+#include "support/databaseServers.h"
+#include "support/dice.h"
+#include <limits>
+#include <set>
 
 using namespace catalogue;
 
@@ -11,6 +14,33 @@ TEST(ListStatements, LetTheOrderRideAlongOnADeleteOnlyBehindACondition) {
     EXPECT_EQ(deleteAllStatement({}, u"author"_s), u"delete from taoluTable"_s);
     EXPECT_EQ(deleteAllStatement(u"a='b'"_s, u"author"_s), u"delete from taoluTable where a='b' order by author"_s);
     EXPECT_EQ(deleteRowStatement(u"0012"_s), u"delete from taoluTable where zskid=0012"_s);
+}
+
+// Runs of all lengths, more of them than SQLite takes terms in a chain, keys twice, the limits of their type.
+TEST(ListStatements, KeysMeetTheirOwnRowsAlone) {
+    constexpr int rows = 20'000;
+    const TestDatabase database;
+    database.run(u"insert into taoluTable (zskid) with recursive n(i) as (select 1 union all select i+1 from n where "
+                 "i<%1) select i from n; insert into taoluTable (zskid) values (-9223372036854775808),"
+                 "(9223372036854775807),(9223372036854775806),(-1)"_s.arg(rows));
+    Dice dice(17);
+    std::set<qint64> wanted{std::numeric_limits<qint64>::min(), std::numeric_limits<qint64>::max()};
+    for (int key = 1; key <= rows; key += 1 + dice.below(3)) {
+        for (int length = dice.below(9); length > 0 && key <= rows; --length)
+            wanted.insert(key++);
+    }
+    QList<qint64> keys(wanted.begin(), wanted.end());
+    keys.append(keys.first(40));
+    std::ranges::reverse(keys);
+    const auto found = [&](const QList<qint64> &of) {
+        return database.column(u"select zskid from taoluTable where " + keysCondition(of) + u" order by zskid");
+    };
+    QStringList expected;
+    for (const qint64 key : wanted)
+        expected.append(QString::number(key));
+    EXPECT_GT(expected.size(), 5000);
+    EXPECT_EQ(found(keys), expected);
+    EXPECT_EQ(found({}), QStringList());
 }
 
 TEST(SortOrder, ShowsAStoredOrderOfOneColumnAgain) {

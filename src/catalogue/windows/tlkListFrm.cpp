@@ -94,7 +94,7 @@ void TLKListFrm::showThisImport() {
     if (keys.isEmpty())
         return m_host.tell(u"本次运行还没有导入记录。"_s);
     QString condition = keysCondition(keys);
-    QString order = u"zskid"_s;
+    QString order; // one would go into "delete all" as well, which most servers refuse then
     describe(u"本次导入"_s);
     loadData(condition, order);
     if (!firstCellIsEmpty())
