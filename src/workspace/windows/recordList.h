@@ -20,7 +20,7 @@ public:
     const marc::PreReadStore &records() const { return *m_records; }
     std::shared_ptr<const marc::PreReadStore> sharedRecords() const { return m_records; }
 
-    void reset(); // back to 20 empty rows
+    void reset() override; // back to 20 empty rows
     void setTitle(int row, const QString &title);
     // The record as it was edited, in the place of the one that was read.
     void take(int row, const marc::RawRecord &record);
