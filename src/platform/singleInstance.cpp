@@ -1,6 +1,7 @@
 #include "platform/singleInstance.h"
 #include <QFile>
 #ifdef Q_OS_WIN
+#include <string>
 #include <windows.h>
 #else
 #include <cerrno>
@@ -25,7 +26,8 @@ struct SingleInstance::Claim {
 
 SingleInstance::SingleInstance(const QString &name, const QString & /*folder*/)
     : m_claim(std::make_unique<Claim>()) {
-    m_claim->mutex = CreateMutexW(nullptr, TRUE, reinterpret_cast<const wchar_t *>((u"Global\\" + name).utf16()));
+    const std::wstring shared = QString(u"Global\\" + name).toStdWString();
+    m_claim->mutex = CreateMutexW(nullptr, TRUE, shared.c_str());
     m_first = m_claim->mutex && GetLastError() != ERROR_ALREADY_EXISTS;
 }
 

@@ -1,5 +1,7 @@
 #include "handbook/windows/pageView.h"
 #include "handbook/windows/pageLook.h"
+#include <QEvent>
+#include <QResizeEvent>
 #include <QtMath>
 #include <algorithm>
 
