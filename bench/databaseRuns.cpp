@@ -119,7 +119,8 @@ List::List(const QString &database)
               .showReport = [this](const auto &report) { showReport(report); }}) {}
 
 bool List::load(int rows) {
-    QString condition, sorting;
+    catalogue::Condition condition;
+    QString sorting;
     window.loadData(condition, sorting);
     settle();
     return window.Grid1->rows() == rows + 1;

@@ -2,6 +2,7 @@
 #include "platform/numbers.h"
 #include <algorithm>
 #include <array>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -40,6 +41,33 @@ FieldType typeNamed(QStringView name, const QueryRules &rules) {
 
 QString joined(const QString &before, QStringView separator, const QString &term) {
     return before.isEmpty() ? term : QString(before + separator + term);
+}
+
+QString joined(const TermGroup &group, QString Term::*text, QStringView separator) {
+    QString result;
+    for (const Term &term : group)
+        result = joined(result, separator, term.*text);
+    return result;
+}
+
+// How the terms of a group and the groups are joined, in a statement and in words.
+struct Spelling {
+    QString Term::*text;
+    QStringView both;
+    QStringView either;
+};
+constexpr Spelling inSql{&Term::sql, u" And ", u" OR "};
+constexpr Spelling inWords{&Term::words, u" 并且 ", u" 或者 "};
+
+QString spelled(const QList<TermGroup> &groups, const Spelling &spelling) {
+    QString result;
+    for (const TermGroup &group : groups)
+        result = joined(result, spelling.either, u'(' + joined(group, spelling.text, spelling.both) + u')');
+    return result;
+}
+
+bool hasLoneQuote(QString value) {
+    return value.remove(u"''"_s).contains(u'\'');
 }
 
 } // namespace
@@ -128,18 +156,32 @@ bool QueryBuilder::addCondition(qsizetype field, const QString &fuhao, const QSt
     const std::optional<QString> condition = fragment(chosen, fuhaoToSql(fuhao), value);
     if (!condition)
         return false;
-    m_curSql = joined(m_curSql, u" And ", *condition);
-    m_signSql = joined(m_signSql, u";", chosen.fieldLabel + u"'" + fuhao + u"'" + value);
+    m_current.append({*condition, chosen.fieldLabel + u"'" + fuhao + u"'" + value, !hasLoneQuote(value)});
     return true;
 }
 
+QString QueryBuilder::curSql() const {
+    return joined(m_current, inSql.text, inSql.both);
+}
+
+QString QueryBuilder::unionSql() const {
+    return spelled(m_merged, inSql);
+}
+
+QString QueryBuilder::signSql() const {
+    return joined(m_current, &Term::words, u";");
+}
+
+QStringList QueryBuilder::totalSql() const {
+    QStringList lines;
+    for (const TermGroup &group : m_merged)
+        lines.append(joined(group, &Term::words, u";"));
+    return lines;
+}
+
 void QueryBuilder::merge() {
-    if (m_curSql.isEmpty())
-        return;
-    m_totalSql.append(m_signSql);
-    m_unionSql = joined(m_unionSql, u" OR ", u"(" + m_curSql + u")");
-    m_signSql.clear();
-    m_curSql.clear();
+    if (!m_current.isEmpty())
+        m_merged.append(std::exchange(m_current, {}));
 }
 
 bool QueryBuilder::addSortTerm(const QString &label, bool ascending) {
@@ -153,26 +195,30 @@ bool QueryBuilder::addSortTerm(const QString &label, bool ascending) {
 }
 
 void QueryBuilder::clear() {
-    m_signSql.clear();
-    m_totalSql.clear();
     m_lOrderby.clear();
     m_sortLabels = labels();
-    m_unionSql.clear();
     m_orderSql.clear();
-    m_curSql.clear();
+    m_current.clear();
+    m_merged.clear();
 }
 
-Query QueryBuilder::findData() {
-    // The last group gets its brackets only behind another one.
-    if (!m_curSql.isEmpty())
-        m_unionSql = m_unionSql.isEmpty() ? m_curSql : QString(m_unionSql + u" OR (" + m_curSql + u")");
-    return {m_unionSql, m_orderSql};
+Query QueryBuilder::findData() const {
+    QList<TermGroup> groups = m_merged;
+    if (!m_current.isEmpty())
+        groups.append(m_current);
+    const auto spelling = [&](const Spelling &as) {
+        // What was not merged gets its brackets only after another group.
+        return m_merged.isEmpty() ? joined(m_current, as.text, as.both) : spelled(groups, as);
+    };
+    const auto compares = [](const TermGroup &group) { return std::ranges::all_of(group, &Term::compares); };
+    QString words = spelling(inWords);
+    if (!std::ranges::all_of(groups, compares))
+        words += u"（⚠ 值里有单引号，查的可能不是这个意思）";
+    return {{spelling(inSql), words}, m_orderSql};
 }
 
 void QueryBuilder::unload() {
-    m_unionSql.clear();
-    m_orderSql.clear();
-    m_curSql.clear();
+    clear();
     m_curType.reset();
 }
 

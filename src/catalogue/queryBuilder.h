@@ -1,7 +1,9 @@
-// The state machine under the query dialogs: fields, conditions, merged groups and sort terms become the two texts that
-// a list window puts behind " where " and " order by ". Values go in as typed: nothing is escaped.
+// The state machine under the query dialogs: fields, conditions, merged groups and sort terms become the condition and
+// the order of a list. Its state is the conditions as they were added; the statement and everything that a person reads
+// of it are made from these. Values go in as typed: nothing is escaped.
 #pragma once
 
+#include "catalogue/condition.h"
 #include "platform/result.h"
 #include <QList>
 #include <QString>
@@ -27,7 +29,7 @@ inline constexpr QueryRules catalogueRules{};
 inline constexpr QueryRules storeRules{46, false};
 
 struct Query {
-    QString condition;
+    Condition condition;
     QString order;
 };
 
@@ -45,6 +47,15 @@ QString fuhaoToSql(QStringView label);
 // The condition on a date column; "_" stands where a digit was not typed, so that a date given in part is a range.
 QString dateSql(const QString &fieldName, QStringView sqlOperator, const QString &value);
 
+// A condition as it was added.
+struct Term {
+    QString sql;
+    QString words;
+    bool compares; // with the value as it was typed; a quote in it may make something else of the statement
+};
+// All terms of a group are to hold; one group of several is enough.
+using TermGroup = QList<Term>;
+
 class QueryBuilder {
 public:
     explicit QueryBuilder(QueryRules rules)
@@ -56,11 +67,11 @@ public:
     const QList<FieldDef> &fieldDefs() const { return m_fieldDefs; }
     QStringList labels() const;
     std::optional<FieldType> curType() const { return m_curType; }
-    const QString &curSql() const { return m_curSql; }
-    const QString &unionSql() const { return m_unionSql; }
+    QString curSql() const; // since the last merge
+    QString unionSql() const;
     // The readable forms, and the labels not yet used for sorting.
-    const QString &signSql() const { return m_signSql; }
-    const QStringList &totalSql() const { return m_totalSql; }
+    QString signSql() const;
+    QStringList totalSql() const;
     const QString &lOrderby() const { return m_lOrderby; }
     const QStringList &sortLabels() const { return m_sortLabels; }
 
@@ -73,8 +84,8 @@ public:
     // Whether there was a label to sort by.
     bool addSortTerm(const QString &label, bool ascending);
     void clear();
-    // Takes what was not merged into the condition and gives the result.
-    Query findData();
+    // The result: the merged groups, and what was not merged as the last of them.
+    Query findData() const;
     void unload();
 
 private:
@@ -83,11 +94,9 @@ private:
     QueryRules m_rules;
     QList<FieldDef> m_fieldDefs;
     std::optional<FieldType> m_curType;
-    QString m_curSql;
-    QString m_unionSql;
+    TermGroup m_current;
+    QList<TermGroup> m_merged;
     QString m_orderSql;
-    QString m_signSql;
-    QStringList m_totalSql;
     QString m_lOrderby;
     QStringList m_sortLabels;
 };

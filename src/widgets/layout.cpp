@@ -1,4 +1,5 @@
 #include "widgets/layout.h"
+#include <QTextDocument>
 
 namespace widgets {
 
@@ -44,6 +45,10 @@ QBoxLayout *labelled(QLabel *label, QWidget *control) {
 void hint(std::initializer_list<Hint> hints) {
     for (const Hint &each : hints)
         each.control->setToolTip(each.words.toString());
+}
+
+QString plainTip(const QString &text) {
+    return text.isEmpty() ? QString() : Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal);
 }
 
 void keepPlace(QWidget *control) {

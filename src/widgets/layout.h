@@ -46,6 +46,8 @@ struct Hint {
     QStringView words;
 };
 void hint(std::initializer_list<Hint> hints);
+// A text as it stands for a tool tip, which takes what looks like markup for that otherwise.
+QString plainTip(const QString &text);
 // A control that keeps its place when it is hidden, so that nothing jumps.
 void keepPlace(QWidget *control);
 

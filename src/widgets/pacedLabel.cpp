@@ -1,4 +1,5 @@
 #include "widgets/pacedLabel.h"
+#include "widgets/layout.h"
 #include <QAccessible>
 #include <QHelpEvent>
 #include <QStylePainter>
@@ -87,7 +88,7 @@ QString PacedLabel::shown() const {
 
 bool PacedLabel::event(QEvent *event) {
     if (event->type() == QEvent::ToolTip && shown() != QLabel::text()) {
-        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), pacedText(), this);
+        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), plainTip(pacedText()), this);
         return true;
     }
     return QLabel::event(event);

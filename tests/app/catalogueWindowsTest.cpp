@@ -65,7 +65,7 @@ TEST_F(CatalogueWindowsTest, TheSortDialogBringsAClosedListBack) {
     query();
     ASSERT_EQ(frame.findChildren<catalogue::ZSKListFrm *>().size(), 1); // each query uses the same
     EXPECT_EQ(list()->Grid1->text(1, 2), u"b"_s);
-    QString condition = u"bookname='b'"_s;
+    catalogue::Condition condition{u"bookname='b'"_s, {}};
     QString order;
     list()->loadData(condition, order);
 

@@ -124,7 +124,8 @@ TEST_P(Clusters, AnExportIsWhole) {
     fillZsk(wanted());
     catalogue::CatalogueOrder order{u"zskid"_s};
     catalogue::ZSKListFrm window(database.state, host, order, {});
-    QString condition = u"zskid>0"_s, by = u"zskid"_s;
+    catalogue::Condition condition{u"zskid>0"_s, {}};
+    QString by = u"zskid"_s;
     window.loadData(condition, by);
     killAtAThird(u"kill-"_s, u"zsk"_s, [&] { return window.labDaochu->text(); });
     const QString path = host.folder + u"/export.iso";
@@ -153,7 +154,8 @@ TEST_P(Clusters, AListIsWhole) {
     catalogue::ZSKListFrm window(database.state, host, order, {});
     startCommands(killing, {u"kill-reading-"_s + name, u"fail-over-"_s + name});
     ASSERT_TRUE(killing.waitForStarted());
-    QString condition = u"zskid>0"_s, by = u"zskid"_s;
+    catalogue::Condition condition{u"zskid>0"_s, {}};
+    QString by = u"zskid"_s;
     int lists = 0;
     do { // until one of them is what the command was waiting for
         window.loadData(condition, by);

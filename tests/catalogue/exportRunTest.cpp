@@ -19,7 +19,10 @@ protected:
         load(u"zskid<=10"_s);
         list.show();
     }
-    void load(QString condition, QString sort = u"zskid"_s) { list.loadData(condition, sort); }
+    void load(const QString &sql, QString sort = u"zskid"_s) {
+        Condition condition{sql, sql};
+        list.loadData(condition, sort);
+    }
     void run() {
         host.willChoose(path);
         list.CmdDcgl[Export]->click();

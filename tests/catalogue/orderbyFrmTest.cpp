@@ -7,9 +7,11 @@ using namespace catalogue;
 namespace {
 
 struct List final : SortableList {
-    void describe(const QString &) override {}
-    void loadData(QString &condition, QString &order) override { received.append({condition, order}); }
-    QString queryCondition() const override { return u"author='a'"_s; }
+    void loadData(Condition &condition, QString &order) override {
+        received.append({condition.sql, condition.words, order});
+    }
+    const Condition &queryCondition() const override { return condition; }
+    Condition condition{u"author='a'"_s, u"著者'等于'a"_s};
     QList<QStringList> received;
 };
 
@@ -60,7 +62,7 @@ TEST_F(OrderbyFrmTest, ShowsAnOrderOfOneColumnAgain) {
     next.CmdAdd->click(); // it stands there already
     next.cmdOK->click();
     EXPECT_EQ(order.sortOrder, u"ISBN,catatime"_s);
-    EXPECT_EQ(list.received, (QList<QStringList>{{u"author='a'"_s, u"ISBN,catatime"_s}}));
+    EXPECT_EQ(list.received, (QList<QStringList>{{u"author='a'"_s, u"著者'等于'a"_s, u"ISBN,catatime"_s}}));
     EXPECT_TRUE(chosen(OrderbyFrm(host, order, theList)).isEmpty());
 }
 

@@ -46,17 +46,17 @@ TEST_F(QueryBuilderTest, JoinsConditionsAndGroups) {
     const auto add = [&](Field field, const QString &value) { builder.addCondition(field, u"等于"_s, value); };
     add(Bookname, u"a"_s);
     add(Author, u"b"_s);
-    EXPECT_EQ(QueryBuilder(builder).findData().condition, u"bookname='a' And author='b'"_s);
+    EXPECT_EQ(builder.findData().condition.sql, u"bookname='a' And author='b'"_s);
     EXPECT_EQ(builder.signSql(), u"书名'等于'a;著者'等于'b"_s);
 
     builder.merge();
     builder.merge(); // nothing left to merge
-    EXPECT_EQ(QueryBuilder(builder).findData().condition, u"(bookname='a' And author='b')"_s);
+    EXPECT_EQ(builder.findData().condition.sql, u"(bookname='a' And author='b')"_s);
     EXPECT_EQ(builder.totalSql(), QStringList{u"书名'等于'a;著者'等于'b"_s});
     EXPECT_EQ(builder.signSql() + builder.curSql(), QString());
 
     add(Isbn, u"c"_s);
-    EXPECT_EQ(QueryBuilder(builder).findData().condition, u"(bookname='a' And author='b') OR (isbn='c')"_s);
+    EXPECT_EQ(builder.findData().condition.sql, u"(bookname='a' And author='b') OR (isbn='c')"_s);
     builder.merge();
     EXPECT_EQ(builder.unionSql(), u"(bookname='a' And author='b') OR (isbn='c')"_s);
 }
@@ -73,7 +73,9 @@ TEST_F(QueryBuilderTest, SortsByAFieldOnceAndForgetsAllOnClear) {
     builder.clear();
     EXPECT_EQ(builder.sortLabels(), builder.labels());
     const Query query = builder.findData();
-    EXPECT_EQ(query.condition + query.order + builder.lOrderby() + builder.totalSql().join(u';'), QString());
+    EXPECT_EQ(query.condition.sql + query.condition.words + query.order + builder.lOrderby() +
+                  builder.totalSql().join(u';'),
+              QString());
 }
 
 TEST_F(QueryBuilderTest, ListsOperatorsAnewOnlyForANewType) {

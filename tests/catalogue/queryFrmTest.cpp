@@ -7,9 +7,8 @@ using namespace catalogue;
 namespace {
 
 struct Target final : QueryTarget {
-    void describe(const QString &) override {}
-    void loadData(QString &condition, QString &order) override {
-        received.append({condition, order});
+    void loadData(Condition &condition, QString &order) override {
+        received.append({condition.sql, condition.words, order});
         dialogWasOpen = dialog && dialog->isVisible();
         waited = QGuiApplication::overrideCursor() != nullptr;
     }
@@ -69,7 +68,9 @@ TEST_F(QueryFrmTest, HandsOverWhatStandsInItWhenItsKeyIsPressed) {
     QTest::keyClick(&dialog, Qt::Key_O, Qt::AltModifier); // the value is not added yet
     EXPECT_EQ(target.received,
               (QList<QStringList>{
-                  {u"(bookname='O'Neill') OR (Convert(varchar(10),catatime,111) Like '2005/__/__')"_s, QString()}}));
+                  {u"(bookname='O'Neill') OR (Convert(varchar(10),catatime,111) Like '2005/__/__')"_s,
+                   u"(书名'等于'O'Neill) 或者 (入库日期'等于'2005-__-__)（⚠ 值里有单引号，查的可能不是这个意思）"_s,
+                   QString()}}));
     EXPECT_TRUE(target.waited && !target.dialogWasOpen);
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
@@ -87,7 +88,7 @@ TEST_F(QueryFrmTest, ClearsBackToTheEmptyMaskAndAllSortFields) {
     EXPECT_EQ(dialog.lSql->text(), u"____-__-__"_s);
     EXPECT_EQ(dialog.cOrderby->count(), 3);
     QTest::mouseClick(dialog.Command1[1], Qt::LeftButton);
-    EXPECT_EQ(target.received, QList<QStringList>({{QString(), QString()}}));
+    EXPECT_EQ(target.received, QList<QStringList>({{QString(), QString(), QString()}}));
 }
 
 TEST_F(QueryFrmTest, RefusesToSortByNothingAndHandsNothingOverWhenClosed) {

@@ -61,7 +61,10 @@ protected:
         database.run(
             u"insert into taoluTable (bookname,author) values ('e','x'),('d','x'),('c','y'),('b','y'),('a','y');"_s);
     }
-    void load(QString condition, QString order = {}) { list.loadData(condition, order); }
+    void load(const QString &sql, QString order = {}) {
+        Condition condition{sql, sql};
+        list.loadData(condition, order);
+    }
     QStringList left() { return database.column(u"select bookname from taoluTable order by zskid"_s); }
 
     TestDatabase database;
@@ -86,7 +89,7 @@ TEST_F(TlkListFrmTest, MarksThisImportAndWritesItOut) {
     EXPECT_EQ(host.texts(), QStringList{u"本次运行还没有导入记录。"_s});
     imported = {6, 3, 5};
     list.cmdThisImport->click();
-    EXPECT_EQ(list.conditionWords->text(), u"条件：本次导入"_s);
+    EXPECT_EQ(list.conditionWords->text(), u"条件：本次导入的 3 条"_s);
     EXPECT_EQ(list.Grid1->text(1, 1) + list.Grid1->text(2, 1) + list.Grid1->text(3, 1), u"cef"_s);
     EXPECT_TRUE(list.Grid1->row() == 1 && list.Grid1->rowSel() == 3 && list.Grid1->rows() == 4);
     const TestFolder folder;

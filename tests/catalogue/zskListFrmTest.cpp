@@ -13,7 +13,10 @@ protected:
         while (QGuiApplication::overrideCursor())
             QGuiApplication::restoreOverrideCursor();
     }
-    void load(QString condition, QString sort = {}) { list.loadData(condition, sort); }
+    void load(const QString &sql, QString sort = {}) {
+        Condition condition{sql, sql};
+        list.loadData(condition, sort);
+    }
     QStringList shown(int column) {
         QStringList texts;
         for (int row = 1; row < list.Grid1->rows(); ++row)
@@ -47,15 +50,17 @@ TEST_F(ZskListFrmTest, ListsRowsInTheQuerysOrderOrElseTheStoredOne) {
     load(u"author='鲁迅著'"_s, u"zskid Desc"_s);
     EXPECT_EQ(shown(0), (QStringList{u"9"_s, u"8"_s, u"7"_s}));
     EXPECT_EQ(order.sortOrder, u"catatime"_s);
-    EXPECT_EQ(list.queryCondition(), u"author='鲁迅著'"_s);
+    EXPECT_EQ(list.queryCondition().sql, u"author='鲁迅著'"_s);
 }
 
 TEST_F(ZskListFrmTest, CountsWhatIsNotThereInItsOwnWords) {
     database.run(u"insert into zsk (bookname) values ('a'); update zsk set bookname=null;"_s);
     load({});
     ASSERT_EQ(list.lCounts->text(), u"记录数：1"_s);
-    for (const QString &condition : {u"zskid=0"_s, u"author='O'Neill'"_s}) { // no row; a statement that fails
+    for (const QString &condition : {u"zskid=0"_s, u"author='O'<b>Neill'"_s}) { // no row; a statement that fails
         load(condition);
+        EXPECT_EQ(list.lCounts->toolTip().contains(u"没有成功"_s), condition != u"zskid=0") << "and says so";
+        EXPECT_TRUE(list.lCounts->toolTip().contains(condition.toHtmlEscaped()));
         EXPECT_EQ(list.lCounts->text(), u"要导出的记录数：0"_s);
         EXPECT_EQ(shown(0), QStringList{QString()});
     }
@@ -68,6 +73,7 @@ TEST_F(ZskListFrmTest, CountsWhatIsNotThereInItsOwnWords) {
     database.state.connectionString = u"Driver=SQLite3;Database=/nowhere/books.db"_s;
     load(u"zskid=0"_s);
     EXPECT_EQ(host.texts(), QStringList{u"连接数据库失败"_s});
+    EXPECT_TRUE(list.lCounts->toolTip().contains(u"全部记录"_s)) << "which is what these rows are";
     EXPECT_EQ(list.lCounts->text(), u"记录数：1"_s); // the list as it was, and the caller's cursor to reset
     EXPECT_NE(QGuiApplication::overrideCursor(), nullptr);
     list.PrintRpt({});

@@ -92,7 +92,7 @@ void thisImport(TourDriver &driver) {
     driver.key(u"alt+i"_s);
     driver.waitUntil(u"this import"_s, [] {
         auto *words = TourDriver::find<QLabel>(u"conditionWords"_s);
-        return words && words->text() == u"条件：本次导入";
+        return words && words->text().startsWith(u"条件：本次导入的"_s);
     });
     driver.shot(u"store-this-import"_s);
     driver.key(u"alt+q"_s);

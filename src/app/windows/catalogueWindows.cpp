@@ -21,8 +21,7 @@ class LateTarget final : public catalogue::QueryTarget {
 public:
     explicit LateTarget(Show show)
         : m_show(std::move(show)) {}
-    void describe(const QString &words) override { m_show()->describe(words); }
-    void loadData(QString &condition, QString &order) override { m_show()->loadData(condition, order); }
+    void loadData(catalogue::Condition &condition, QString &order) override { m_show()->loadData(condition, order); }
 
 private:
     Show m_show;

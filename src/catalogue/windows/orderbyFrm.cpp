@@ -112,7 +112,7 @@ void OrderbyFrm::takeOrder() {
     }
     m_order.sortOrder = orderText(chosen);
     SortableList &list = m_list();
-    QString condition = list.queryCondition();
+    Condition condition = list.queryCondition();
     QString order = m_order.sortOrder;
     {
         const widgets::WaitCursor waiting;

@@ -191,7 +191,6 @@ void QueryDialog::findData() {
     if (!resultForm)
         return;
     const widgets::WaitCursor waiting;
-    resultForm->describe(m_builder.signSql());
     resultForm->loadData(query.condition, query.order);
 }
 

@@ -53,7 +53,7 @@ void TLKListFrm::layOut() {
          widgets::row({lCounts, {conditionWords, 1}, cmdThisImport, cmdSave, CmdDcgl[0], CmdDcgl[1], CmdDcgl[2]})}));
 }
 
-void TLKListFrm::loadData(QString &condition, QString &order) {
+void TLKListFrm::loadData(Condition &condition, QString &order) {
     gridInit();
     m_storeCondition = condition;
     m_storeOrder = order;
@@ -68,7 +68,7 @@ void TLKListFrm::loadData(QString &condition, QString &order) {
 void TLKListFrm::bindRows() {
     auto connection = database::Connection::open(m_state.links, m_state.connectionString);
     if (connection) {
-        const auto rows = connection.value().query(storeStatement(m_storeCondition, m_storeOrder));
+        const auto rows = connection.value().query(storeStatement(m_storeCondition.sql, m_storeOrder));
         if (rows) {
             lCounts->setText(loadingText.toString());
             lCounts->repaint();
@@ -86,16 +86,16 @@ void TLKListFrm::sayCondition() {
     if (m_storeCondition.isEmpty())
         ink.setColor(QPalette::WindowText, widgets::warningInk(ink.color(QPalette::Window)));
     conditionWords->setPalette(ink);
-    conditionWords->setText(m_storeCondition.isEmpty() ? u"⚠ 全部记录，未加条件"_s : QString(u"条件：" + m_words));
+    const QString line = conditionLine(m_storeCondition);
+    conditionWords->setText(m_storeCondition.isEmpty() ? QString(u"⚠ " + line) : line);
 }
 
 void TLKListFrm::showThisImport() {
     const QList<qint64> keys = m_windows.lastImport();
     if (keys.isEmpty())
         return m_host.tell(u"本次运行还没有导入记录。"_s);
-    QString condition = keysCondition(keys);
+    Condition condition{keysCondition(keys), u"本次导入的 %1 条"_s.arg(keys.size())};
     QString order; // one would go into "delete all" as well, which most servers refuse then
-    describe(u"本次导入"_s);
     loadData(condition, order);
     if (!firstCellIsEmpty())
         Grid1->setRowSel(dataRows());
@@ -201,13 +201,13 @@ void TLKListFrm::delAll() {
         auto connection = database::Connection::open(m_state.links, m_state.connectionString);
         announceDeletion();
         if (connection)
-            (void)connection.value().execute(deleteAllStatement(m_storeCondition, m_storeOrder));
+            (void)connection.value().execute(deleteAllStatement(m_storeCondition.sql, m_storeOrder));
     }
     reload(); // which forgets the failure of the deletion: nobody is told of it
 }
 
 void TLKListFrm::reload() {
-    QString condition = m_storeCondition;
+    Condition condition = m_storeCondition;
     QString order = m_storeOrder;
     loadData(condition, order);
 }

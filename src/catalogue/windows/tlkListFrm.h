@@ -25,8 +25,7 @@ public:
     TLKListFrm(const database::SessionState &state, platform::Host &host, StoreListWindows windows,
                QWidget *parent = nullptr);
 
-    void loadData(QString &condition, QString &order) override;
-    void describe(const QString &words) override { m_words = words; }
+    void loadData(Condition &condition, QString &order) override;
     // Lists and marks exactly the rows of this session's last import.
     void showThisImport();
     // The records of the marked rows, or of all where one row alone is marked, one a line.
@@ -57,8 +56,7 @@ private:
     const database::SessionState &m_state;
     platform::Host &m_host;
     StoreListWindows m_windows;
-    QString m_words; // what the condition says
-    QString m_storeCondition;
+    Condition m_storeCondition;
     QString m_storeOrder;
 };
 

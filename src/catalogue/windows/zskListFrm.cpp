@@ -15,6 +15,7 @@ namespace {
 
 enum { Detail, Sort, Print, Export, Stop, Close };
 
+constexpr QStringView failedQuery = u"查询没有成功，列表是空的。";
 constexpr std::array<QStringView, 6> captions = {u"&M 明细", u"&S 排序", u"&P 打印",
                                                  u"&D 导出", u"&T 停止", u"&X 关闭"};
 
@@ -70,7 +71,7 @@ void ZSKListFrm::connectControls() {
     connect(find, &QShortcut::activated, this, &ZSKListFrm::loadQueryByKey);
 }
 
-void ZSKListFrm::loadData(QString &condition, QString &order) {
+void ZSKListFrm::loadData(Condition &condition, QString &order) {
     widgets::WaitCursor waiting;
     m_queryCondition = condition;
     if (order.isEmpty())
@@ -80,7 +81,7 @@ void ZSKListFrm::loadData(QString &condition, QString &order) {
         return waiting.leaveOn(); // for the caller to end
     lCounts->setText(loadingText.toString());
     lCounts->repaint();
-    auto rows = session->query(catalogueStatement(condition, order));
+    auto rows = session->query(catalogueStatement(condition.sql, order));
     showRows(rows ? rows.value() : nullptr);
     database::closeConnection(session);
     // A failing statement leaves an empty list, without a word.
@@ -90,13 +91,10 @@ void ZSKListFrm::loadData(QString &condition, QString &order) {
         m_printSql.clear();
     } else {
         lCounts->setText(countText(dataRows()));
-        m_printSql = reportStatement(condition, order);
+        m_printSql = reportStatement(condition.sql, order);
     }
+    lCounts->setToolTip(widgets::plainTip(rows ? conditionLine(condition) : failedQuery + conditionLine(condition)));
     settleGrid();
-}
-
-void ZSKListFrm::describe(const QString &words) {
-    lCounts->setToolTip(words.isEmpty() ? u"全部记录，未加条件"_s : QString(u"条件：" + words));
 }
 
 void ZSKListFrm::gridFix() {

@@ -26,9 +26,8 @@ public:
     ZSKListFrm(const database::SessionState &state, platform::Host &host, const CatalogueOrder &order,
                CatalogueListWindows windows, QWidget *parent = nullptr);
 
-    void loadData(QString &condition, QString &order) override;
-    void describe(const QString &words) override; // under the pointer on the count
-    QString queryCondition() const override { return m_queryCondition; }
+    void loadData(Condition &condition, QString &order) override;
+    const Condition &queryCondition() const override { return m_queryCondition; }
     void PrintRpt(const QString &title);
     void gridFix() override;
     void daochuMarc();
@@ -58,8 +57,8 @@ private:
     platform::Host &m_host;
     const CatalogueOrder &m_order;
     CatalogueListWindows m_windows;
-    QString m_queryCondition;
-    QString m_printSql; // empty when there is nothing to print
+    Condition m_queryCondition; // the last that was handed over
+    QString m_printSql;         // empty when there is nothing to print
     ExportRun *m_run = nullptr;
     bool m_closesAfterRun = false;
 };
