@@ -1,6 +1,7 @@
 #include "workspace/editedRecord.h"
 #include "marc/configurationFiles.h"
 #include "marc/recordWriter.h"
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -19,6 +20,11 @@ bool isColumn(int column) {
     return column >= NumberColumn && column <= ValueColumn;
 }
 
+// As far as the built record goes: descriptions do not get into it.
+bool buildSame(const FieldRow &one, const FieldRow &other) {
+    return one.identifier == other.identifier && one.value == other.value;
+}
+
 } // namespace
 
 EditedRecord::EditedRecord() {
@@ -26,81 +32,158 @@ EditedRecord::EditedRecord() {
 }
 
 FieldRow EditedRecord::row(int row) const {
-    return m_rows.value(row - 1);
+    return m_state.rows.value(row - 1);
 }
 
 QString EditedRecord::cell(int row, int column) const {
-    return holds(row) && isColumn(column) ? m_rows[row - 1].*cells[size_t(column)] : QString();
+    return holds(row) && isColumn(column) ? m_state.rows[row - 1].*cells[size_t(column)] : QString();
+}
+
+bool EditedRecord::differsFromList(const RecordState &state) const {
+    return state.leader != m_inList.leader || !std::ranges::equal(state.rows, m_inList.rows, buildSame);
 }
 
 QString EditedRecord::show(const marc::RawRecord &record, const QString &folder,
                            const marc::DamagedDirectory &damaged) {
     marc::ShownRecord shown = marc::showRecord(record);
-    publicTouBiao = shown.leader;
     if (shown.damaged) {
-        reset();
+        begin({.rows = {FieldRow{}}, .leader = shown.leader}, {});
         damaged(record);
         return {};
     }
     const QString complaint = marc::fillDescriptions(shown.rows, folder);
     const QString cutOff = shown.cutOff ? u"本条记录目次区重叠，只显示前 %1 行"_s.arg(shown.rows.size()) : QString();
-    setRows(std::move(shown.rows), cutOff);
+    begin({.rows = std::move(shown.rows), .leader = shown.leader}, cutOff);
     return complaint;
 }
 
 void EditedRecord::reset() {
-    setRows({FieldRow{}}, {});
+    begin({.rows = {FieldRow{}}, .leader = m_state.leader}, {});
 }
 
-void EditedRecord::put(const marc::FieldRows &rows, const QString &leader) {
-    publicTouBiao = leader;
-    setRows(rows, m_cutOff);
-}
-
-void EditedRecord::setRows(marc::FieldRows rows, const QString &cutOff) {
-    m_rows = std::move(rows);
+void EditedRecord::begin(RecordState state, const QString &cutOff) {
+    m_state = std::move(state);
+    m_inList = m_state;
+    m_history.begin(m_state);
     m_cutOff = cutOff;
-    rowsCameOrWent = false;
     m_losses.clear();
-    m_losses.reserve(m_rows.size());
-    for (const FieldRow &row : m_rows)
+    m_losses.reserve(m_state.rows.size());
+    for (const FieldRow &row : std::as_const(m_state.rows))
         m_losses.append(lossesOf(row.value));
     Q_EMIT shown();
-    Q_EMIT changed();
 }
 
-void EditedRecord::change(int row, int column, const QString &text) {
-    if (!holds(row) || !isColumn(column))
-        return;
-    m_rows[row - 1].*cells[size_t(column)] = text;
+void EditedRecord::put(int row, int column, const QString &text) {
+    m_state.rows[row - 1].*cells[size_t(column)] = text;
     if (column == ValueColumn)
         m_losses[row - 1] = lossesOf(text);
     Q_EMIT cellChanged(row, column);
-    Q_EMIT changed();
+}
+
+void EditedRecord::putRow(int row, const FieldRow &content) {
+    m_state.rows.insert(row - 1, content);
+    m_losses.insert(row - 1, lossesOf(content.value));
+    Q_EMIT rowInserted(row);
+}
+
+void EditedRecord::takeRow(int row) {
+    m_state.rows.removeAt(row - 1);
+    m_losses.removeAt(row - 1);
+    Q_EMIT rowRemoved(row);
+}
+
+void EditedRecord::noteEdit() {
+    m_history.note(m_state);
+    Q_EMIT edited();
+}
+
+void EditedRecord::edit(const CellChange &change) {
+    if (!holds(change.row) || !isColumn(change.column))
+        return;
+    m_state.edited = m_state.edited || change.marks;
+    if (change.leader)
+        m_state.leader = *change.leader;
+    put(change.row, change.column, change.text);
+    noteEdit();
 }
 
 void EditedRecord::insert(const NewRow &row) {
-    if (row.place < 1 || row.place > m_rows.size() + 1)
+    if (row.place < 1 || row.place > m_state.rows.size() + 1)
         return;
-    m_rows.insert(row.place - 1, row.content);
-    m_losses.insert(row.place - 1, lossesOf(row.content.value));
-    rowsCameOrWent = true;
-    Q_EMIT rowInserted(row.place);
-    Q_EMIT changed();
+    m_state.rowsCameOrWent = true;
+    putRow(row.place, row.content);
+    noteEdit();
 }
 
-void EditedRecord::remove(int row) {
-    if (!holds(row))
+void EditedRecord::remove(int row, int count) {
+    if (count < 1 || !holds(row) || !holds(row + count - 1))
         return;
-    m_rows.removeAt(row - 1);
-    m_losses.removeAt(row - 1);
-    rowsCameOrWent = true;
-    Q_EMIT rowRemoved(row);
-    Q_EMIT changed();
+    m_state.rowsCameOrWent = true;
+    for (; count > 0; --count)
+        takeRow(row);
+    noteEdit();
 }
 
-marc::RawRecord EditedRecord::rebuilt(const QDateTime &now) const {
-    return marc::madeMyMarc(m_rows, publicTouBiao, now);
+// Changes no more than what differs, so that a view keeps its place. The first row that differs, from 1.
+int EditedRecord::assign(const marc::FieldRows &rows) {
+    const marc::FieldRows before = m_state.rows;
+    const auto head = std::ranges::mismatch(before, rows).in1 - before.begin();
+    qsizetype tail = 0;
+    while (tail < std::min(before.size(), rows.size()) - head &&
+           before.at(before.size() - 1 - tail) == rows.at(rows.size() - 1 - tail))
+        ++tail;
+    const int first = int(head) + 1;
+    if (before.size() == rows.size()) {
+        for (qsizetype at = head; at < rows.size() - tail; ++at)
+            for (int column = NumberColumn; column <= ValueColumn; ++column)
+                if (const QString &text = rows[at].*cells[size_t(column)]; text != cell(int(at) + 1, column))
+                    put(int(at) + 1, column, text);
+        return first;
+    }
+    for (qsizetype left = before.size() - head - tail; left > 0; --left)
+        takeRow(first);
+    for (qsizetype at = head; at < rows.size() - tail; ++at)
+        putRow(int(at) + 1, rows[at]);
+    return first;
+}
+
+std::optional<EditedRecord::Gone> EditedRecord::go(const std::optional<FieldHistory::Step> &step) {
+    if (!step)
+        return std::nullopt;
+    m_state.leader = step->state.leader;
+    m_state.edited = step->state.edited;
+    m_state.rowsCameOrWent = step->state.rowsCameOrWent;
+    const int row = std::min(assign(step->state.rows), rowCount());
+    Q_EMIT edited();
+    return Gone{step->words, row};
+}
+
+void EditedRecord::takenOver() {
+    m_inList = m_state;
+    m_history.markEdited();
+    Q_EMIT edited();
+}
+
+void EditedRecord::leave(Mark mark) {
+    const bool wasMarked = m_state.edited || m_state.rowsCameOrWent;
+    m_state.rowsCameOrWent = false;
+    if (mark == Mark::Goes)
+        m_state.edited = false;
+    m_inList = m_state;
+    m_history.begin(m_state);
+    if (wasMarked)
+        Q_EMIT edited();
+}
+
+marc::RawRecord EditedRecord::rebuilt(const RecordState &state, const QDateTime &now) {
+    return marc::madeMyMarc(state.rows, state.leader, now);
+}
+
+RecordState EditedRecord::with(const CellChange &typed) const {
+    RecordState state = m_state;
+    if (holds(typed.row) && isColumn(typed.column))
+        state.rows[typed.row - 1].*cells[size_t(typed.column)] = typed.text;
+    return state;
 }
 
 QString EditedRecord::warning(int row, const QString &content) const {
@@ -111,7 +194,7 @@ QString EditedRecord::warning(int row, const QString &content) const {
 }
 
 QString EditedRecord::warningWith(const QList<Losses> &losses) const {
-    QStringList warnings{m_cutOff, warningOf(m_rows, losses)};
+    QStringList warnings{m_cutOff, warningOf(m_state.rows, losses)};
     warnings.removeAll(QString());
     return warnings.join(u' ');
 }

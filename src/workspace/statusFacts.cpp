@@ -29,12 +29,13 @@ QString ofTheFile(const StatusFacts &facts) {
 } // namespace
 
 bool warns(const StatusFacts &facts) {
-    return !facts.warning.isEmpty() || facts.fieldsCameOrWent;
+    return !facts.warning.isEmpty() || facts.fieldsCameOrWent || !facts.draftFault.isEmpty();
 }
 
 QString statusLine(const StatusFacts &facts) {
     QStringList said{facts.warning.isEmpty() ? QString() : QString(u"⚠ " + facts.warning),
                      editing(facts),
+                     facts.draftFault.isEmpty() ? QString() : QString(u"⚠ " + facts.draftFault),
                      facts.remark,
                      facts.deed,
                      facts.fieldsCameOrWent ? u"⚠ 本条增删了字段，离开时不会询问：请改动一处内容"_s : QString(),

@@ -18,6 +18,7 @@ struct StatusFacts {
     qint64 read = 0;                 // records listed
     bool readToTheEnd = false;
     qsizetype changed = 0; // records changed and not imported
+    QString draftFault;    // why changes are not kept for a later start; empty where they are
     QString remark;        // of something that just happened
     QString deed;          // what a key did to the record that is shown
 };

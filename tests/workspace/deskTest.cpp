@@ -15,11 +15,7 @@ struct Desk : Workspace {
         return QTest::qWaitFor([&] { return form->findLine->findCount->text() == words; });
     }
     // As an editor leaves it.
-    void change(int row, const QString &text) {
-        form->record().recordChanged = true;
-        form->record().change(row, ValueColumn, text);
-        QApplication::processEvents();
-    }
+    void change(int row, const QString &text) { form->record().edit({.row = row, .text = text}); }
     QString value(int row) const { return form->record().row(row).value; }
 };
 
@@ -157,7 +153,7 @@ TEST_F(Desk, EditsOutliveTheProgramUntilTheyAreImported) {
     EXPECT_FALSE(window.draftBar->isVisible());
     EXPECT_EQ(value(4), u"改一"_s);
     EXPECT_EQ(window.records().title(0), u"改一"_s);
-    outcome.whole = true;
+    outcome.taken = 3;
     window.cmdclick[5]->click();
     EXPECT_EQ(drafts(), 0);
     load().show();

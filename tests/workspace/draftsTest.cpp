@@ -1,47 +1,184 @@
-#include "workspace/drafts.h"
+#include "support/fullDisk.h"
 #include "support/testFolder.h"
+#include "workspace/draftFile.h"
 #include <QDir>
+#include <QFileInfo>
+#include <sys/stat.h>
 
+using workspace::Draft;
+using workspace::DraftBook;
+using workspace::DraftFile;
 using workspace::Drafts;
 
-TEST(Drafts, AreOfferedForTheFileTheyBelongTo) {
+namespace {
+
+struct OnDisk : testing::Test {
     const TestFolder folder;
-    const QString source = folder.file(u"书.iso"_s, "records");
+    QString source = folder.file(u"书.iso"_s, "records");
+    QDir drafts{folder.path(u"drafts/"_s)};
+
+    void SetUp() override { ASSERT_TRUE(drafts.mkpath(u"."_s)); }
+    QString in() const { return drafts.path() + u'/'; }
+    DraftFile file() const { return DraftFile(in(), source); }
+    QStringList names(const QString &mask) const {
+        return drafts.entryList({mask}, QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot);
+    }
+    // The one file of drafts, as a first write names it.
+    QString path() const {
+        EXPECT_TRUE(file().write({{0, {u"x"_s, {}}}}, {}));
+        return in() + names(u"*.json"_s).value(0);
+    }
+    QByteArray bytesOf(const QString &path) const { return folder.read(u"drafts/"_s + QFileInfo(path).fileName()); }
+};
+
+} // namespace
+
+TEST_F(OnDisk, WhatWasWrittenIsReadForTheSameFileAlone) {
     const QString record = u"00026题\x1f"
-                           u"a\x1e\x1d\"\\"_s;
+                           u"a\x1e\x1d\"\\\n\uF8F5é"_s;
+    const Drafts changed{{3, {record, "o3"}}, {9, {u"y"_s, "o9"}}};
+    ASSERT_TRUE(file().write(changed, {{3, {u"older"_s, "o"}}, {7, {u"left"_s, {}}}}));
+    const QString path = in() + names(u"*.json"_s).value(0);
+    EXPECT_EQ(QFile(path).permissions() & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
+    const auto found = file().read();
+    ASSERT_TRUE(found);
+    EXPECT_EQ(found.value().drafts, (Drafts{{3, {record, "o3"}}, {7, {u"left"_s, {}}}, {9, {u"y"_s, "o9"}}}));
+    EXPECT_EQ(found.value().older, (Drafts{{3, {u"older"_s, "o"}}}));
+
+    const QString other = folder.file(u"别.iso"_s, "records");
+    EXPECT_TRUE(DraftFile(in(), other).read().value().drafts.isEmpty()) << "of the same size";
+    DraftFile early = file();
+    const auto changeTime = [&](int seconds) {
+        QFile(source).open(QIODevice::ReadWrite);
+        QFile at(source);
+        ASSERT_TRUE(at.open(QIODevice::ReadWrite));
+        ASSERT_TRUE(at.setFileTime(QDateTime::fromSecsSinceEpoch(1000 + seconds), QFileDevice::FileModificationTime));
+    };
+    changeTime(5); // of the same size, changed at another time
+    EXPECT_TRUE(file().read().failure().description.startsWith(u"上次未导入的修改属于改变前的文件，已另存为 "_s));
+    EXPECT_EQ(names(u"*.json"_s).size(), 0);
+    EXPECT_TRUE(early.write(changed, {}));
+    EXPECT_FALSE(file().read()) << "drafts belong to the file as it was opened";
+    EXPECT_EQ(names(u"*.kept"_s).size(), 2) << "each under a name of its own";
+
+    ASSERT_TRUE(file().write(changed, {}));
+    EXPECT_TRUE(file().write({}, {}));
+    EXPECT_EQ(names(u"*.json"_s).size(), 0) << "nothing to keep";
+    const auto first = file().setAside(changed), second = file().setAside(changed);
+    EXPECT_TRUE(first && second && first.value() != second.value());
+    EXPECT_FALSE(DraftFile(folder.path(u"没有/"_s), source).setAside(changed));
+}
+
+TEST_F(OnDisk, WhatCannotBeTrustedIsSetAside) {
+    const QByteArray good = bytesOf(path());
+    const QByteArray heading = good.left(good.indexOf('\n') + 1);
+    const QByteArray draft = R"({"row":3,"origin":"","record":"r"})"
+                             "\n";
+    const auto line = [](const char *row, const char *record) -> QByteArray {
+        return QByteArray(R"({"row":)") + row + R"(,"origin":"","record":)" + record + "}\n";
+    };
+    const qsizetype at = heading.indexOf("\"identity\"");
+    const QByteArray identity = heading.mid(at, heading.indexOf(',', at) - at);
+    const auto earlier = [&](const QByteArray &records) -> QByteArray {
+        return "{" + identity + ",\"records\":" + records + "}";
+    };
+    struct Case {
+        QByteArray text;
+        const char16_t *words; // null: it is read
+    };
+    const QList<Case> cases{
+        {heading + draft, nullptr},
+        {heading, nullptr},
+        {earlier(R"({"3":"r"})"), nullptr},
+        {"", u"损坏"},
+        {"\0\0\0", u"损坏"},
+        {"[]\n", u"损坏"},
+        {heading.left(20), u"损坏"},
+        {draft, u"损坏"},
+        {heading + draft.chopped(1), u"损坏"}, // torn
+        {heading + draft + draft, u"损坏"},
+        {heading + line("-1", "\"r\""), u"损坏"},
+        {heading + line("2147483647", "\"r\""), u"损坏"},
+        {heading + line("1e300", "\"r\""), u"损坏"},
+        {heading + line("1.5", "\"r\""), u"损坏"},
+        {heading + line("\"3\"", "\"r\""), u"损坏"},
+        {heading + line("3", "7"), u"损坏"},
+        {heading + line("3", "\"\""), u"损坏"},
+        {heading + line("3", QByteArray('"' + QByteArray(1 << 24, 'x') + '"').constData()), u"损坏"},
+        {earlier(R"({"-3":"r"})"), u"损坏"},
+        {earlier(R"({"3":7})"), u"损坏"},
+        {QByteArray(heading).replace("\"version\":2", "\"version\":3") + draft, u"另一版本"},
+        {QByteArray(heading).replace("\"identity\":\"7 ", "\"identity\":\"8 ") + draft, u"改变前的文件"},
+    };
+    for (int number = 0; const Case &each : cases) {
+        SCOPED_TRACE(number++);
+        folder.file(u"drafts/"_s + QFileInfo(path()).fileName(), each.text);
+        const auto found = file().read();
+        ASSERT_EQ(found.ok(), !each.words);
+        if (found)
+            continue;
+        EXPECT_TRUE(found.failure().description.contains(each.words));
+        const QString kept = in() + names(u"*.kept"_s).value(0);
+        EXPECT_TRUE(found.failure().description.endsWith(kept));
+        EXPECT_EQ(bytesOf(kept), each.text);
+        EXPECT_TRUE(QFile::remove(kept) && names(u"*.json"_s).isEmpty());
+    }
+}
+
+// Nothing is opened that could hold the program or fill its memory.
+TEST_F(OnDisk, WhatIsNoPlainFileOrTooLargeIsNotRead) {
+    const QString path = this->path();
+    const auto make = QList<std::function<bool()>>{
+        [&] { return ::mkfifo(path.toUtf8().constData(), 0600) == 0; },
+        [&] { return QFile::link(u"/dev/zero"_s, path); },
+        [&] { return QDir().mkdir(path); },
+        [&] { return QFile::link(folder.path(u"没有"_s), path); },
+        [&] { return QFile(path).open(QIODevice::WriteOnly) && QFile::resize(path, DraftFile::largest + 1); },
+    };
+    for (const auto &make : make) {
+        QFile::remove(path);
+        ASSERT_TRUE(make());
+        DraftFile file(in(), source);
+        EXPECT_TRUE(file.read().failure().description.contains(u"不能读，已另存为"_s));
+        EXPECT_TRUE(file.write({{1, {u"z"_s, {}}}}, {}));
+        EXPECT_EQ(DraftFile(in(), source).read().value().drafts.value(1).record, u"z"_s);
+    }
+}
+
+TEST_F(OnDisk, AFullDiskIsReportedAndLeavesWhatWasThere) {
+    const QByteArray before = bytesOf(path());
+    const Drafts large{{1, {QString(100'000, u'书'), {}}}};
     {
-        Drafts drafts(folder.path(), source);
-        EXPECT_EQ(drafts.look(), Drafts::Found::Nothing);
-        drafts.keep(3, record);
-        drafts.keep(7, u"x"_s);
-        drafts.keep(9, u"y"_s);
-        drafts.forget(7);
-        EXPECT_TRUE(drafts.unwritten());
-        EXPECT_TRUE(drafts.write());
-        drafts.keep(3, record);
-        EXPECT_FALSE(drafts.unwritten()) << "the same once more";
-    } // an end without a drop
-    Drafts after(folder.path(), source);
-    EXPECT_EQ(after.look(), Drafts::Found::OfThisFile);
-    EXPECT_EQ(after.left().keys(), (QList<int>{3, 9}));
-    EXPECT_EQ(after.left().value(3), record);
+        const FullDisk full(1000);
+        EXPECT_FALSE(file().write(large, {}));
+        EXPECT_FALSE(file().setAside(large));
+    }
+    EXPECT_EQ(names(u"*"_s).size(), 1);
+    EXPECT_EQ(bytesOf(names(u"*"_s).value(0)), before);
+    EXPECT_TRUE(file().write(large, {}));
+}
 
-    folder.file(u"书.iso"_s, "other records");
-    Drafts older(folder.path(), source);
-    EXPECT_EQ(older.look(), Drafts::Found::OfAnOlderFile);
-    older.keep(1, u"z"_s);
-    EXPECT_TRUE(older.write());
-    EXPECT_EQ(Drafts(folder.path(), source).look(), Drafts::Found::OfThisFile);
-    older.drop();
-    EXPECT_EQ(Drafts(folder.path(), source).look(), Drafts::Found::Nothing);
-    EXPECT_TRUE(QFile::exists(older.keptPath()));
-
-    folder.file(QFileInfo(older.keptPath()).completeBaseName(), "{\"records\":{\"a\":1,\"-1\":\"x\"");
-    EXPECT_EQ(Drafts(folder.path(), source).look(), Drafts::Found::Nothing) << "damaged";
-    Drafts nowhere({}, source);
-    nowhere.keep(1, record);
-    EXPECT_TRUE(nowhere.write());
-    Drafts refused(folder.path(u"没有/"_s), source);
-    refused.keep(1, record);
-    EXPECT_FALSE(refused.write());
+TEST(DraftBook, RestoresNothingOverWhatIsNewerOrAnotherRecord) {
+    const auto listed = [](int row) { return QString(u"file" + QString::number(row)); };
+    DraftBook book;
+    Drafts left;
+    for (int row = 0; row < 6; ++row)
+        left.insert(row, {u"old" + QString::number(row), DraftBook::fingerprint(listed(row))});
+    left[4].origin = DraftBook::fingerprint(u"another"_s);
+    left[5].origin.clear(); // of an earlier version: not known
+    book.leave(left);
+    book.taken(1, listed(1), u"newer"_s);
+    book.taken(2, listed(2), u"imported"_s);
+    book.imported([](int row) { return row == 2; });
+    const auto done = book.restore(
+        [&](int row) { return row == 3 ? std::nullopt : std::optional(row == 2 ? u"imported"_s : listed(row)); }, 0);
+    EXPECT_EQ(done.put.keys(), QList<int>{5});
+    EXPECT_EQ(done.aside.keys(), (QList<int>{0, 1, 2, 4}));
+    EXPECT_EQ(done.newer, 3);
+    EXPECT_EQ(done.other, 1);
+    EXPECT_EQ(done.waiting, 1);
+    EXPECT_EQ(book.left().keys(), QList<int>{3});
+    EXPECT_TRUE(book.listed(4, listed(4)).put.isEmpty());
+    EXPECT_EQ(book.listed(3, listed(3)).put.keys(), QList<int>{3});
+    EXPECT_TRUE(book.left().isEmpty() && !book.isWaiting());
 }

@@ -40,7 +40,7 @@ struct Edits {
     void act() {
         const int place = below(expected.size() + 3);
         const auto at = expected.begin() + place - 1;
-        const marc::FieldRow added{{}, {}, u"$a"_s, {}, text()};
+        const marc::FieldRow added{u"7"_s, {}, u"$a"_s, {}, text()};
         const int action = below(8);
         if (action == 0) {
             record->show(recordOf({{u"200"_s, u"1 $a"_s + text().remove(QChar(0x1E)) + u"$b书"_s.repeated(below(3))}}),
@@ -58,7 +58,7 @@ struct Edits {
                 expected.erase(at);
         } else {
             const bool outside = action == 7;
-            record->change(place, outside ? ValueColumn + 1 : ValueColumn, added.value);
+            record->edit({.row = place, .column = outside ? ValueColumn + 1 : ValueColumn, .text = added.value});
             if (place >= 1 && at < expected.end() && !outside)
                 at->row.value = added.value;
         }
@@ -102,6 +102,6 @@ TEST(EditedRecord, WarningsOfWhatIsLost) {
     EXPECT_EQ(record.warning(5, u"𠮷野é家𠮷"_s), u"注意：GBK 没有字符“𠮷(U+20BB7)”，保存后将变成“?”。"_s);
     const QString torn = u"注意：字段内容含有分隔符(1D-1F)，保存后字段会被拆开。"_s;
     EXPECT_EQ(record.warning(3, record.row(3).value + QChar(0x1F)), torn);
-    record.change(2, IdentifierColumn, u"300"_s); // no embedded field any more
+    record.edit({.row = 2, .column = IdentifierColumn, .text = u"300"_s}); // no embedded field any more
     EXPECT_EQ(record.warning(), torn);
 }

@@ -66,7 +66,7 @@ TEST_F(Editing, ContentIsTakenOverOrDropped) {
     EXPECT_TRUE(window.Grid1->isEnabled() && window.Grid2->isEnabled() && window.cmdclick[3]->isEnabled());
     EXPECT_TRUE(window.Grid1->hasFocus() && window.labZhuangTai->text().contains(u"1D-1F"_s));
 
-    window.record().recordChanged = false;
+    window.record().leave(workspace::EditedRecord::Mark::Goes);
     editRow(titleRow);
     paste(u"弃𠮷"_s);
     EXPECT_TRUE(window.labZhuangTai->text().contains(u"𠮷"_s)); // said while it is typed
@@ -74,7 +74,7 @@ TEST_F(Editing, ContentIsTakenOverOrDropped) {
     EXPECT_TRUE(!window.labZhuangTai->text().contains(u"𠮷"_s) && window.isVisible());
     EXPECT_EQ(cell(titleRow, 4), u"甲乙丙丁\x1F"_s);
 
-    window.record().change(titleRow, 4, u"书名"_s);
+    window.record().edit({.row = titleRow, .text = u"书名"_s, .marks = false});
     editRow(titleRow);
     leave(u"  书名 "_s); // blanks at the ends are written, yet are no change
     EXPECT_EQ(cell(titleRow, 4), u"  书名 "_s);

@@ -54,10 +54,7 @@ TEST_F(Moving, StepsColourRowsAndStopAtTheEnds) {
 TEST_F(Moving, LeavingAnEditedRecord) {
     load(5);
     auto &window = show();
-    const auto edit = [&](const QString &title) {
-        window.record().change(4, 4, title);
-        window.record().recordChanged = true;
-    };
+    const auto edit = [&](const QString &title) { window.record().edit({.row = 4, .text = title}); };
     const QString untouched = window.records().record(0);
     edit(u"弃"_s);
     host.willAnswer(Answer::No);
@@ -84,8 +81,7 @@ TEST_F(Moving, LeavingAnEditedRecord) {
 
 TEST_F(Moving, AnEditedRecordGoesIntoTheImportAndIsAskedAbout) {
     auto &window = load(2);
-    window.record().change(4, 4, u"新名"_s);
-    window.record().recordChanged = true;
+    window.record().edit({.row = 4, .text = u"新名"_s});
     const QString made = window.madeMyMarc();
     window.cmdclick[4]->click();
     EXPECT_EQ(host.lastBox().text, u"暂无此功能"_s);

@@ -128,7 +128,7 @@ workspace::ImportOutcome DeskWindows::runImport(std::shared_ptr<const marc::PreR
     window.exec();
     if (!window.keys().isEmpty())
         m_lastImport = window.keys();
-    outcome.whole = window.wholeBatchWentIn();
+    outcome.taken = window.taken();
     for (const auto &[row, fault] : window.refused())
         outcome.refused.append({row, fault});
     return outcome;

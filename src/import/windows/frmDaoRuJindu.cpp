@@ -96,7 +96,7 @@ void frmDaoRuJindu::run() {
     labJinDuShu->setPacedText(u"处理完毕！"_s);
     labTishi->setText(run.closingText());
     cmdStop->setEnabled(false); // there is nothing left to stop
-    m_whole = run.taken() == *recordTotal && m_refused.empty();
+    m_taken = run.taken();
     if (m_refused.empty())
         return;
     cmdRefused->setText(u"&N 未成功 %1 条"_s.arg(m_refused.size()));

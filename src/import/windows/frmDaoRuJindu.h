@@ -32,7 +32,7 @@ public:
     };
     const std::vector<Refused> &refused() const { return m_refused; }
     const QList<qint64> &keys() const { return m_keys; } // of the rows that went in
-    bool wholeBatchWentIn() const { return m_whole; }
+    int taken() const { return m_taken; } // rows of the list that the run came to
 
     QLineEdit *Text1; // "0" from the opener; never read
     QLineEdit *Text2; // the number of records, from the opener
@@ -64,7 +64,7 @@ private:
     bool m_activated = false;
     std::vector<Refused> m_refused;
     QList<qint64> m_keys;
-    bool m_whole = false;
+    int m_taken = 0;
 };
 
 } // namespace importing

@@ -39,12 +39,14 @@ void CellEditors::connectEditors() {
     connect(richText, &CellText::assistantWanted, this, &CellEditors::openAssistant);
     connect(richText, &CellText::enlargeWanted, this, &CellEditors::enlarge);
     connect(richText, &CellText::reduceWanted, this, &CellEditors::reduce);
-    connect(richText, &CellText::textChanged, this, &CellEditors::contentTyped);
+    connect(richText, &CellText::textChanged, this, &CellEditors::typed);
+    connect(Text1, &QLineEdit::textEdited, this, &CellEditors::typed);
+    connect(&m_record, &EditedRecord::shown, this, [this] { m_isElsewhere = m_isOpen; });
     connect(richText, &CellText::cursorPositionChanged, this, &CellEditors::moved);
-    connect(&m_contentKeys, &EditorKeys::focused, this, [this] { Q_EMIT opened(Hold::FieldsAndList); });
+    connect(&m_contentKeys, &EditorKeys::focused, this, [this] { hold(Hold::FieldsAndList); });
     connect(&m_identityKeys, &EditorKeys::entered, this, &CellEditors::commitIdentity);
     connect(&m_identityKeys, &EditorKeys::cancelled, this, &CellEditors::cancelIdentity);
-    connect(&m_identityKeys, &EditorKeys::focused, this, [this] { Q_EMIT opened(Hold::Fields); });
+    connect(&m_identityKeys, &EditorKeys::focused, this, [this] { hold(Hold::Fields); });
     connect(&m_grid, &FieldGrid::scrolled, this, &CellEditors::place);
     connect(&m_grid, &FieldGrid::rearranged, this, &CellEditors::keepInSight);
 }
@@ -66,7 +68,19 @@ void CellEditors::openContent() {
     richText->show();
     richText->raise();
     richText->setFocus();
-    Q_EMIT opened(Hold::FieldsAndList);
+    hold(Hold::FieldsAndList);
+}
+
+void CellEditors::hold(Hold hold) {
+    if (!m_isOpen)
+        m_isElsewhere = false;
+    m_isOpen = true;
+    Q_EMIT opened(hold);
+}
+
+void CellEditors::release() {
+    m_isOpen = false;
+    Q_EMIT closed();
 }
 
 void CellEditors::enlarge() {
@@ -135,28 +149,39 @@ void CellEditors::showEditedCell() {
     m_grid.setColumn(editCol);
 }
 
-void CellEditors::changeCell(const QString &value, bool changed) {
-    if (editRow > m_record.rows().size())
-        return; // another record was chosen meanwhile, which has no such row
-    if (changed)
-        m_record.recordChanged = true;
-    m_record.change(editRow, editCol, value);
+// Does nothing where another record was chosen meanwhile that has no such row.
+void CellEditors::enter(const QString &text, bool marks, const std::optional<QString> &leader) {
+    m_record.edit({.row = editRow, .column = editCol, .text = text, .marks = marks, .leader = leader});
+}
+
+std::optional<CellChange> CellEditors::typing() const {
+    if (richText->isVisible())
+        return CellChange{.row = editRow, .column = editCol, .text = richText->text().remove(u"\r\n"_s)};
+    const QString identity = platform::trimBlanks(Text1->text());
+    if (Text1->isVisible() && !m_isElsewhere &&
+        checkIdentity(m_record.row(editRow), IdentityColumn(editCol), identity).isEmpty())
+        return CellChange{.row = editRow, .column = editCol, .text = identity};
+    return std::nullopt;
+}
+
+bool CellEditors::isOpen() const {
+    return m_isOpen;
 }
 
 void CellEditors::commitContent() {
     QString typed = richText->text();
     const bool changed = platform::trimBlanks(typed) != m_record.row(editRow).value;
-    changeCell(typed.remove(u"\r\n"_s), changed); // the blanks at the ends stay
+    enter(typed.remove(u"\r\n"_s), changed); // the blanks at the ends stay
     endContent();
 }
 
 void CellEditors::endContent() {
-    Q_EMIT closed();
+    release();
     richText->setText({});
     richText->hide();
     showEditedCell();
     m_grid.setFocus();
-    Q_EMIT contentTyped();
+    Q_EMIT typed();
 }
 
 void CellEditors::openIdentity(IdentityColumn column) {
@@ -172,7 +197,7 @@ void CellEditors::openIdentity(IdentityColumn column) {
     Text1->show();
     Text1->raise();
     Text1->setFocus();
-    Q_EMIT opened(Hold::Fields);
+    hold(Hold::Fields);
 }
 
 void CellEditors::commitIdentity() {
@@ -182,7 +207,7 @@ void CellEditors::commitIdentity() {
         m_host.tell(refusal);
         return Text1->setFocus();
     }
-    changeCell(typed, typed != m_record.cell(editRow, editCol));
+    enter(typed, typed != m_record.cell(editRow, editCol));
     endIdentity();
 }
 
@@ -192,27 +217,31 @@ void CellEditors::cancelIdentity() {
 }
 
 void CellEditors::endIdentity() {
-    Q_EMIT closed();
+    release();
     Text1->clear();
     Text1->hide();
     m_grid.setFocus();
 }
 
 void CellEditors::openAssistant() {
-    if (m_record.row(editRow).identifier == u"000")
-        return runAssistant(m_record.publicTouBiao, m_windows.leaderAssistant);
+    if (m_record.row(editRow).identifier == u"000") {
+        const QString leader = runAssistant(m_windows.leaderAssistant);
+        enter(leader, leader != m_record.row(editRow).value, leader);
+        return endContent();
+    }
     // Each further field 100 above opens the assistant once more, on a box that is empty by then.
-    for (int left = field100Assistants(m_record.rows(), editRow); left > 0; --left)
-        runAssistant(public100ZD, m_windows.field100Assistant);
+    for (int left = field100Assistants(m_record.rows(), editRow); left > 0; --left) {
+        public100ZD = runAssistant(m_windows.field100Assistant);
+        enter(public100ZD, public100ZD != m_record.row(editRow).value);
+        endContent();
+    }
 }
 
-void CellEditors::runAssistant(QString &exchanged, const Assistant &assistant) {
+// What the assistant has made of the text in the box; the text itself where it was left without an answer.
+QString CellEditors::runAssistant(const Assistant &assistant) {
     richText->hide();
-    exchanged = richText->text();
-    if (const auto given = assistant(exchanged, m_grid.window()))
-        exchanged = *given;
-    changeCell(exchanged, exchanged != m_record.row(editRow).value);
-    endContent();
+    const QString text = richText->text();
+    return assistant(text, m_grid.window()).value_or(text);
 }
 
 QString CellEditors::warning() const {

@@ -37,15 +37,20 @@ public:
     bool hasAssistant() const;
     // What is to be said about the record, with the content that is being typed.
     QString warning() const;
+    bool isOpen() const; // one of the editors, or an assistant of it
+    // What an open editor would enter by now; nothing where it would be refused.
+    std::optional<CellChange> typing() const;
 
 Q_SIGNALS:
     void opened(Hold hold);
     void closed();
-    void moved();        // the cursor of an open content editor
-    void contentTyped(); // the content being typed is another one, or none any more
+    void moved(); // the cursor of an open content editor
+    void typed(); // an open editor has another text, or is closed
 
 private:
     void connectEditors();
+    void hold(Hold hold);
+    void release();
     void commitContent();
     void enlarge();
     void reduce();
@@ -54,11 +59,11 @@ private:
     void cancelIdentity();
     void endIdentity();
     void openAssistant();
-    void runAssistant(QString &exchanged, const Assistant &assistant);
+    QString runAssistant(const Assistant &assistant);
+    void enter(const QString &text, bool marks, const std::optional<QString> &leader = {});
     void place();
     void keepInSight();
     void showEditedCell();
-    void changeCell(const QString &value, bool changed);
 
     FieldGrid &m_grid;
     EditedRecord &m_record;
@@ -67,6 +72,8 @@ private:
     EditorKeys m_contentKeys;
     EditorKeys m_identityKeys;
     bool m_enlarged = false;
+    bool m_isOpen = false;      // from opened() to closed()
+    bool m_isElsewhere = false; // another record was shown under the open editor
 };
 
 } // namespace workspace

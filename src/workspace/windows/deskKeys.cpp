@@ -12,10 +12,15 @@ DeskKeys::DeskKeys(const Parts &parts, QWidget *window)
     : m_parts(parts)
     , m_window(window) {
     bindAll();
-    connect(&m_parts.find, &FindLine::wanted, this, &DeskKeys::goToRecord);
+    connect(&m_parts.find, &FindLine::wanted, this, [this](int row) {
+        goToRecord(row);
+        goToWords(m_parts.find.wholeRecordWords());
+    });
     connect(&m_parts.find, &FindLine::closed, this, [this] { m_parts.list.setFocus(); });
-    connect(&m_parts.list, &RecordList::lettersTyped, this,
-            [this](const QString &text) { m_parts.find.open(FindLine::Place::Title, text); });
+    connect(&m_parts.list, &RecordList::lettersTyped, this, [this](const QString &text) {
+        if (isFree())
+            m_parts.find.open(FindLine::Place::Title, text);
+    });
     connect(&m_parts.fields, &FieldGrid::tagTyped, this, &DeskKeys::goToTag);
 }
 
@@ -32,23 +37,26 @@ void DeskKeys::bindAll() {
     const auto inWindow = [this](const QKeySequence &key, auto act) { bind(m_window, key, Qt::WindowShortcut, act); };
     const auto whenFree = [&](const QKeySequence &key, auto act) {
         inWindow(key, [this, act] {
-            if (isFree())
-                act();
+            if (!isFree())
+                return;
+            m_parts.commands.dismissLists();
+            act();
         });
     };
     whenFree(Qt::ControlModifier | Qt::Key_PageUp, [this] { m_parts.moving.step(-1); });
     whenFree(Qt::ControlModifier | Qt::Key_PageDown, [this] { m_parts.moving.step(1); });
     // An open editor and the find line undo their own.
-    whenFree(QKeySequence::Undo, [this] { m_parts.history.undo(); });
-    whenFree(Qt::ControlModifier | Qt::Key_Y, [this] { m_parts.history.redo(); });
-    inWindow(Qt::Key_F3, [this] {
+    whenFree(QKeySequence::Undo, [this] { goBack(m_parts.record.undo(), u"已撤销："_s, u"没有可撤销的修改"_s); });
+    whenFree(Qt::ControlModifier | Qt::Key_Y,
+             [this] { goBack(m_parts.record.redo(), u"已重做："_s, u"没有可重做的修改"_s); });
+    whenFree(Qt::Key_F3, [this] {
         if (m_parts.find.isVisible())
             m_parts.find.next();
         else
             m_parts.find.open(FindLine::Place::WholeRecord);
     });
-    inWindow(Qt::ShiftModifier | Qt::Key_F3, [this] { m_parts.find.previous(); });
-    inWindow(Qt::ControlModifier | Qt::Key_G, [this] { m_parts.find.open(FindLine::Place::Number); });
+    whenFree(Qt::ShiftModifier | Qt::Key_F3, [this] { m_parts.find.previous(); });
+    whenFree(Qt::ControlModifier | Qt::Key_G, [this] { m_parts.find.open(FindLine::Place::Number); });
     inWindow(Qt::Key_F6, [this] { m_parts.editors.openLarge(); });
     inWindow(Qt::Key_F8, [this] { backToRemarks(); });
     const QList<QKeySequence> keys = FieldCommands::keys();
@@ -58,9 +66,30 @@ void DeskKeys::bindAll() {
                  [this, item] { m_parts.commands.runByKey(item); });
 }
 
+// The row that changed becomes the current one, so that what was undone is to be seen.
+void DeskKeys::goBack(const std::optional<EditedRecord::Gone> &gone, const QString &done, const QString &nothing) {
+    if (!gone)
+        return Q_EMIT told(nothing);
+    m_parts.fields.setRow(gone->row);
+    Q_EMIT rowChosen();
+    Q_EMIT told(done + gone->words);
+}
+
 void DeskKeys::goToRecord(int row) {
     if (row != m_parts.list.row() && m_parts.list.isEnabled())
         m_parts.list.clickRow(row);
+}
+
+// To the first row of the current record whose content holds the words, in either case of its letters.
+void DeskKeys::goToWords(const QString &words) {
+    const marc::FieldRows &rows = m_parts.record.rows();
+    const auto found = std::ranges::find_if(rows, [&](const marc::FieldRow &row) {
+        return !words.isEmpty() && row.value.contains(words, Qt::CaseInsensitive);
+    });
+    if (found == rows.end())
+        return;
+    m_parts.fields.setRow(int(found - rows.begin()) + 1);
+    Q_EMIT rowChosen();
 }
 
 void DeskKeys::goToTag(const QString &digits) {

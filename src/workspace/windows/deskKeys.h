@@ -3,7 +3,6 @@
 #pragma once
 
 #include "workspace/windows/fieldCommands.h"
-#include "workspace/windows/fieldHistory.h"
 #include "workspace/windows/findLine.h"
 #include "workspace/windows/recordMoving.h"
 #include <QPointer>
@@ -20,7 +19,6 @@ public:
         CellEditors &editors;
         FieldCommands &commands;
         RecordMoving &moving;
-        FieldHistory &history;
         FindLine &find;
     };
     // The keys work in the window.
@@ -41,8 +39,11 @@ private:
     template <class Act>
     void bind(QWidget *where, const QKeySequence &key, Qt::ShortcutContext context, Act act);
     void bindAll();
+    void goToWords(const QString &words);
     void backToRemarks();
-    bool isFree() const { return m_parts.fields.isEnabled(); }
+    void goBack(const std::optional<EditedRecord::Gone> &gone, const QString &done, const QString &nothing);
+    // No editor is open, whatever it has left in reach.
+    bool isFree() const { return !m_parts.editors.isOpen(); }
 
     Parts m_parts;
     QWidget *m_window;

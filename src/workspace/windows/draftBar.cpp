@@ -14,7 +14,7 @@ DraftBar::DraftBar(QWidget *parent)
     setObjectName(u"draftBar"_s);
     setFrameStyle(int(QFrame::StyledPanel) | int(QFrame::Raised));
     setLayout(widgets::row({{draftWords, 1}, cmdHuiFu, cmdDiuQi}));
-    widgets::hint({{cmdHuiFu, u"把这些修改放回记录"}, {cmdDiuQi, u"删除这些修改，不能再恢复"}});
+    widgets::hint({{cmdHuiFu, u"把这些修改放回记录"}, {cmdDiuQi, u"不要这些修改；它们另存为一个文件"}});
     for (Button *button : {cmdHuiFu, cmdDiuQi})
         connect(button, &Button::clicked, this, &DraftBar::hide);
     connect(cmdHuiFu, &Button::clicked, this, &DraftBar::restoreWanted);

@@ -1,6 +1,5 @@
 #include "workspace/windows/draftKeeper.h"
 #include "marc/fieldLookup.h"
-#include "workspace/editedRecord.h"
 #include <chrono>
 #include <utility>
 
@@ -12,113 +11,157 @@ namespace {
 constexpr std::chrono::seconds pace(2);
 }
 
-DraftKeeper::DraftKeeper(RecordList &list, EditedRecord &record, platform::Host &host)
+DraftKeeper::DraftKeeper(RecordList &list, EditedRecord &record, platform::Host &host, Typing typing)
     : m_list(list)
     , m_record(record)
-    , m_host(host) {
+    , m_host(host)
+    , m_typing(std::move(typing)) {
     m_pace.setSingleShot(true);
     m_pace.setInterval(pace);
     connect(&m_pace, &QTimer::timeout, this, &DraftKeeper::write);
-    connect(&record, &EditedRecord::shown, this, &DraftKeeper::recordShown);
-    connect(&record, &EditedRecord::changed, this, &DraftKeeper::recordEdited);
-    connect(&list, &RecordList::taken, this, [this](int row, const QString &taken) {
-        if (!m_drafts)
-            return;
-        m_taken.insert(row, taken);
-        m_drafts->keep(row, taken);
-        m_pace.start();
-        Q_EMIT countChanged();
-    });
+    connect(&record, &EditedRecord::shown, this, &DraftKeeper::touch);
+    connect(&record, &EditedRecord::edited, this, &DraftKeeper::touch);
+    connect(&list, &RecordList::taken, this,
+            [this](int row, const marc::RawRecord &before, const marc::RawRecord &after) {
+                m_book.taken(row, before, after);
+                touch();
+            });
 }
 
-void DraftKeeper::begin(const QString &sourceFile) {
+void DraftKeeper::begin(const QString &recordFile) {
+    m_recordFile = recordFile;
+    m_file.reset();
+    m_book.begin();
+    ready();
+}
+
+// Whether there is a file to write to; tries again where its folder was not to be had before.
+bool DraftKeeper::ready() {
+    if (m_file || m_recordFile.isEmpty())
+        return m_file.has_value();
     const auto folder = m_host.remembered().folderFor(u"drafts"_s);
-    m_drafts = std::make_unique<Drafts>(folder ? folder.value() : QString(), sourceFile);
-    if (!folder)
-        Q_EMIT told(u"修改无法暂存："_s + folder.failure().description);
-    switch (m_drafts->look()) {
-    case Drafts::Found::OfThisFile:
-        Q_EMIT offered(m_drafts->left().size());
-        break;
-    case Drafts::Found::OfAnOlderFile:
-        Q_EMIT told(u"上次未导入的修改属于改变前的文件，已另存为 "_s + m_drafts->keptPath());
-        break;
-    case Drafts::Found::Nothing:
-        break;
+    if (!folder) {
+        Q_EMIT fault(u"修改无法暂存："_s + folder.failure().description);
+        return false;
     }
+    DraftFile file(folder.value(), m_recordFile);
+    auto found = file.read();
+    m_file = std::move(file);
+    if (!found) {
+        Q_EMIT told(found.failure().description);
+        return true;
+    }
+    if (const Drafts &older = found.value().older; !older.isEmpty())
+        Q_EMIT told(u"另有 %1 条更早的修改"_s.arg(older.size()) + setAside(older));
+    m_book.leave(std::move(found).value().drafts);
+    m_written.revision = m_book.revision();
+    if (!m_book.left().isEmpty())
+        Q_EMIT offered(m_book.left().size());
+    return true;
+}
+
+// In words, where they are from now on. What cannot be set aside stays among what is left.
+QString DraftKeeper::setAside(const Drafts &drafts) {
+    const auto path = m_file->setAside(drafts);
+    if (path)
+        return u"，另存为 "_s + path.value();
+    m_book.leave(drafts);
+    return u"，无法另存（"_s + path.failure().description + u"），仍留着，下次再问";
 }
 
 void DraftKeeper::restore() {
-    m_waiting = m_drafts->left();
-    const QMap<int, marc::RawRecord> left = m_waiting;
-    for (auto record = left.begin(); record != left.end(); ++record)
-        if (!m_list.records().number(record.key()).isEmpty())
-            putBack(record.key(), record.value());
+    const std::optional<int> inGrid = m_record.differsFromList() ? std::optional(m_list.row()) : std::nullopt;
+    const auto recordOf = [this](int row) {
+        const marc::PreReadStore &records = m_list.records();
+        return row < records.rowCount() ? std::optional(records.record(row)) : std::nullopt;
+    };
+    carryOut(m_book.restore(recordOf, inGrid));
+}
+
+void DraftKeeper::carryOut(const DraftBook::Restored &restored) {
+    for (auto record = restored.put.cbegin(); record != restored.put.cend(); ++record) {
+        const int row = record.key();
+        m_list.take(row, *record);
+        const QString title = marc::readZd(*record, u"200a", {}).value_or(QString());
+        if (!title.isEmpty())
+            m_list.setTitle(row, title);
+        if (row == m_list.row())
+            Q_EMIT currentRestored();
+    }
+    QStringList said;
+    if (!restored.put.isEmpty())
+        said.append(u"已恢复 %1 条修改"_s.arg(restored.put.size()));
+    if (restored.waiting > 0)
+        said.append(u"%1 条的记录还没有读出，读到时恢复"_s.arg(restored.waiting));
+    if (restored.newer > 0)
+        said.append(u"%1 条本次已另改，没有恢复"_s.arg(restored.newer));
+    if (restored.other > 0)
+        said.append(u"%1 条与文件中的记录不符，没有恢复"_s.arg(restored.other));
+    if (!said.isEmpty())
+        Q_EMIT told(said.join(u'；') + (restored.aside.isEmpty() ? QString() : setAside(restored.aside)));
+    touch();
 }
 
 void DraftKeeper::listed(int count) {
-    if (const auto found = m_waiting.constFind(count - 1); found != m_waiting.constEnd())
-        putBack(count - 1, marc::RawRecord(*found));
+    if (m_book.isWaiting())
+        carryOut(m_book.listed(count - 1, m_list.records().record(count - 1)));
 }
 
-void DraftKeeper::putBack(int row, const marc::RawRecord &record) {
-    m_waiting.remove(row);
-    m_list.take(row, record);
-    const QString title = marc::readZd(record, u"200a", {}).value_or(QString());
-    if (!title.isEmpty())
-        m_list.setTitle(row, title);
-    if (row == m_row)
-        Q_EMIT currentRestored();
+void DraftKeeper::readToTheEnd(int count) {
+    if (const Drafts beyond = m_book.beyondTheEnd(count); !beyond.isEmpty())
+        Q_EMIT told(u"%1 条修改在文件中没有记录"_s.arg(beyond.size()) + setAside(beyond));
+    touch();
 }
 
 void DraftKeeper::giveUp() {
-    m_drafts->drop();
-    for (auto record = m_taken.cbegin(); record != m_taken.cend(); ++record)
-        m_drafts->keep(record.key(), record.value());
+    const Drafts left = m_book.giveUp();
+    if (left.isEmpty())
+        return;
+    Q_EMIT told(u"丢弃了 %1 条修改"_s.arg(left.size()) + setAside(left));
     write();
 }
 
-void DraftKeeper::imported() {
-    m_taken.clear();
-    m_waiting.clear();
-    m_pace.stop();
-    if (m_drafts)
-        m_drafts->drop();
-    Q_EMIT countChanged();
+void DraftKeeper::imported(const std::function<bool(int row)> &wentIn) {
+    m_book.imported(wentIn);
+    write();
 }
 
-// What was edited in the record before and not taken over is no longer there.
-void DraftKeeper::recordShown() {
-    if (m_drafts && !m_taken.contains(m_row)) {
-        m_drafts->forget(m_row);
-        Q_EMIT countChanged();
-    }
-    if (m_drafts && m_drafts->unwritten())
-        m_pace.start();
-    m_row = m_list.row();
-}
-
-void DraftKeeper::recordEdited() {
-    if (m_drafts && !m_pace.isActive())
+void DraftKeeper::touch() {
+    if (!m_recordFile.isEmpty() && !m_pace.isActive())
         m_pace.start();
 }
 
-void DraftKeeper::noteRecord() {
-    if (m_record.recordChanged || m_record.rowsCameOrWent)
-        m_drafts->keep(m_row, m_record.rebuilt(m_host.now()));
-    else if (!m_taken.contains(m_row))
-        m_drafts->forget(m_row);
+qsizetype DraftKeeper::changed() const {
+    const bool inGridAlone = m_record.differsFromList() && !m_book.isTaken(m_list.row());
+    return m_book.takenCount() + (inGridAlone ? 1 : 0);
+}
+
+RecordState DraftKeeper::typed() const {
+    const std::optional<CellChange> typing = m_typing();
+    return typing ? m_record.with(*typing) : m_record.state();
 }
 
 void DraftKeeper::write() {
-    if (!m_drafts)
+    m_pace.stop();
+    if (!ready())
+        return touch();
+    const RecordState state = typed();
+    const int row = m_list.row();
+    Written now{.revision = m_book.revision()};
+    std::optional<DraftBook::InGrid> inGrid;
+    if (m_record.differsFromList(state)) {
+        now.row = row;
+        now.inGrid = EditedRecord::rebuilt(state, {}); // without its time
+        inGrid = {row, EditedRecord::rebuilt(state, m_host.now()), m_list.records().record(row)};
+    }
+    if (now == m_written)
         return;
-    noteRecord();
-    Q_EMIT countChanged();
-    if (!m_drafts->unwritten())
-        return;
-    if (const platform::Status written = m_drafts->write(); !written && !std::exchange(m_complained, true))
-        Q_EMIT told(u"修改无法暂存："_s + written.failure().description);
+    if (const platform::Status written = m_file->write(m_book.changed(inGrid), m_book.left()); !written) {
+        Q_EMIT fault(u"修改无法暂存："_s + written.failure().description);
+        return touch();
+    }
+    m_written = std::move(now);
+    Q_EMIT fault({});
 }
 
 } // namespace workspace

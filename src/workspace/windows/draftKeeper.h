@@ -1,56 +1,66 @@
-// Keeps what was changed in the batch where it survives a crash: some seconds behind each edit, the record in the grid
-// included. What was left by an earlier start is offered, and given back where it is wanted.
+// Writes the drafts of the workspace's file: at most two seconds after each change, and at the window's end. The draft
+// of the current record is taken from the grid when it is written, with the text of an open editor in it. What an
+// earlier start has left is offered, and restored or given up as the user wishes.
 #pragma once
 
 #include "platform/host.h"
-#include "workspace/drafts.h"
+#include "workspace/draftBook.h"
+#include "workspace/draftFile.h"
+#include "workspace/editedRecord.h"
 #include "workspace/windows/recordList.h"
 #include <QTimer>
-#include <memory>
 
 namespace workspace {
-
-class EditedRecord;
 
 class DraftKeeper final : public QObject {
     Q_OBJECT
 public:
-    DraftKeeper(RecordList &list, EditedRecord &record, platform::Host &host);
+    // What is being typed into the current record and has not been entered yet.
+    using Typing = std::function<std::optional<CellChange>()>;
 
-    // Begins with a file's batch; tells what an earlier start has left of it.
-    void begin(const QString &sourceFile);
-    // Puts back what was left: at once for the records in the list, for others when they are listed.
+    DraftKeeper(RecordList &list, EditedRecord &record, platform::Host &host, Typing typing);
+
+    // Starts with a file whose first batch has been read.
+    void begin(const QString &recordFile);
+    // Restores at once what belongs to listed records, and the others when they are listed.
     void restore();
     void giveUp();
-    // The batch went into the store.
-    void imported();
-    // Records that were changed and not imported.
-    qsizetype changed() const { return m_drafts ? m_drafts->count() : 0; }
-    // Record number `count` has been listed.
-    void listed(int count);
+    // Rows from 0; `wentIn` is asked for rows that were changed.
+    void imported(const std::function<bool(int row)> &wentIn);
+    void listed(int count);       // record number `count` has been listed
+    void readToTheEnd(int count); // the file has so many records
+    void touch();                 // something has changed: a write follows within two seconds
+    void write();                 // at once
+    qsizetype changed() const;    // records changed and not imported
 
 Q_SIGNALS:
     void offered(qsizetype records);
-    void told(const QString &words); // once, where there is something to know
-    void countChanged();
-    void currentRestored(); // the record in the grid is another one now
+    void told(const QString &words);  // what became of drafts
+    void fault(const QString &words); // why they cannot be written; empty once they could
+    void currentRestored();           // the list holds another record in the current row
 
 private:
-    void recordShown();
-    void recordEdited();
-    void write();
-    void noteRecord();
-    void putBack(int row, const marc::RawRecord &record);
+    struct Written {
+        quint64 revision = 0;
+        int row = -1; // of the record in the grid; -1: it is as the list holds it
+        marc::RawRecord inGrid;
+        friend bool operator==(const Written &, const Written &) = default;
+    };
+
+    bool ready();
+    RecordState typed() const;
+    void carryOut(const DraftBook::Restored &restored);
+    QString setAside(const Drafts &drafts);
 
     RecordList &m_list;
     EditedRecord &m_record;
     platform::Host &m_host;
-    std::unique_ptr<Drafts> m_drafts;
-    QMap<int, marc::RawRecord> m_taken;   // changed, and taken over into the list
-    QMap<int, marc::RawRecord> m_waiting; // to be put back when they are listed
+    Typing m_typing;
+    QString m_recordFile;
+    std::optional<DraftFile> m_file; // once its folder is there
+    DraftBook m_book;
     QTimer m_pace;
-    int m_row = 0; // of the record in the grid
-    bool m_complained = false;
+    Written m_written;
 };
 
 } // namespace workspace

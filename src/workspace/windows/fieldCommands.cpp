@@ -148,6 +148,14 @@ void FieldCommands::run(int item) {
     }
 }
 
+void FieldCommands::dismissLists() {
+    for (ChoiceList *list : {zdList, Zzdlist})
+        if (list->isVisible()) {
+            list->dismiss();
+            m_grid.setFocus();
+        }
+}
+
 // The lines in front of a damage are in the list by then, which does not come up.
 void FieldCommands::offer(ChoiceList *box, const marc::PickList &list) {
     box->fill(list.lines, 0);
@@ -192,8 +200,7 @@ void FieldCommands::deleteField() {
     if (!m_host.ask(u"确实要删除选择的字段【"_s + head.identifier + head.fieldLabel + u" 】吗？", platform::hintTitle,
                     platform::Answer::No))
         return;
-    for (int left = rowsOfField(m_record.rows(), *field); left > 0; --left)
-        m_record.remove(*field);
+    m_record.remove(*field, rowsOfField(m_record.rows(), *field));
 }
 
 void FieldCommands::deleteSubfield() {

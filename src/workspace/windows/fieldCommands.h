@@ -20,6 +20,7 @@ public:
     static QList<QKeySequence> keys();
     void runByKey(int item); // of the popup, from 1, for the current row
 
+    void dismissLists();   // before another record or state is shown
     void rightPressed();   // the popup at the mouse
     void menuKeyPressed(); // the popup at the current row
     void gridClicked();

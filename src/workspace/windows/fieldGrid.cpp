@@ -94,7 +94,10 @@ FieldGrid::FieldGrid(const QString &objectName, QWidget *parent)
 void FieldGrid::follow(std::shared_ptr<const EditedRecord> record) {
     m_record = std::move(record);
     connect(m_record.get(), &EditedRecord::shown, this, &FieldGrid::showAnew);
-    connect(m_record.get(), &EditedRecord::rowInserted, this, &FieldGrid::sourceInsertedRow);
+    connect(m_record.get(), &EditedRecord::rowInserted, this, [this](int row) {
+        sourceInsertedRow(row);
+        shade(row);
+    });
     connect(m_record.get(), &EditedRecord::rowRemoved, this, &FieldGrid::sourceRemovedRow);
     connect(m_record.get(), &EditedRecord::cellChanged, this, &FieldGrid::sourceChanged);
     showAnew();
@@ -111,11 +114,17 @@ bool FieldGrid::isCoded(int row) const {
 
 void FieldGrid::showAnew() {
     bind(m_record); // makes row 1 current
-    for (int row = fixedRows; row < rows(); ++row) {
-        for (const int column : {FieldLabelColumn, IdentifierColumn, SubfieldLabelColumn})
-            setCellBackground(row, column, descriptionColour);
-    }
+    for (int row = fixedRows; row < rows(); ++row)
+        shade(row);
     Q_EMIT rearranged();
+}
+
+// A row that the user added has a number, and stays white.
+void FieldGrid::shade(int row) {
+    if (!m_record->row(row).number.isEmpty())
+        return;
+    for (const int column : {FieldLabelColumn, IdentifierColumn, SubfieldLabelColumn})
+        setCellBackground(row, column, descriptionColour);
 }
 
 QRect FieldGrid::rightHalf() const {

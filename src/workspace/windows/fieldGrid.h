@@ -36,6 +36,7 @@ protected:
 
 private:
     void showAnew();
+    void shade(int row);
 
     std::shared_ptr<const EditedRecord> m_record;
     QString m_digits;

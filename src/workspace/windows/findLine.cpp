@@ -1,6 +1,7 @@
 #include "workspace/windows/findLine.h"
 #include "platform/numbers.h"
 #include "widgets/layout.h"
+#include <QApplication>
 #include <QKeyEvent>
 #include <utility>
 
@@ -36,11 +37,19 @@ FindLine::FindLine(RecordList &list, QWidget *parent)
 }
 
 void FindLine::open(Place place, const QString &text) {
+    if (QWidget *focused = QApplication::focusWidget(); focused && !isAncestorOf(focused))
+        m_cameFrom = focused;
+    if (place == Place::Number && this->place() != Place::Number)
+        m_words = findText->text();
+    const bool otherKind = (place == Place::Number) != (this->place() == Place::Number);
     findPlace->setCurrentIndex(int(place));
     if (!text.isEmpty())
         findText->setText(text);
-    else
-        findText->selectAll();
+    else if (otherKind)
+        findText->setText(place == Place::Number ? QString() : m_words);
+    findText->selectAll();
+    if (!text.isEmpty())
+        findText->deselect();
     show();
     findText->setFocus();
     say();
@@ -113,7 +122,14 @@ void FindLine::keyPressEvent(QKeyEvent *event) {
         return QWidget::keyPressEvent(event);
     event->accept(); // the window is not closed by it
     hide();
-    Q_EMIT closed();
+    if (m_cameFrom && m_cameFrom->isVisible() && m_cameFrom->isEnabled())
+        m_cameFrom->setFocus();
+    else
+        Q_EMIT closed();
+}
+
+QString FindLine::wholeRecordWords() const {
+    return place() == Place::WholeRecord ? findText->text() : QString();
 }
 
 } // namespace workspace

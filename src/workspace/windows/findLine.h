@@ -8,6 +8,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QTimer>
 #include <memory>
 
@@ -19,12 +20,15 @@ public:
     FindLine(RecordList &list, QWidget *parent);
 
     enum class Place { Title, WholeRecord, Number };
-    // Comes up with the keyboard in it; a text is typed into it already.
+    // Shows the line and gives it the focus; with a text, as if that had been typed into it. Numbers and words are kept
+    // apart: words that were looked for come back with the next search for words.
     void open(Place place, const QString &text = {});
     void next();
     void previous();
-    // The list is another one, or its records are.
+    // Records of the list have changed: what was found no longer counts.
     void forget();
+    // The words that are looked for in whole records; empty where something else is.
+    QString wholeRecordWords() const;
 
     QLineEdit *findText;
     QComboBox *findPlace;
@@ -32,7 +36,7 @@ public:
 
 Q_SIGNALS:
     void wanted(int row); // from 0
-    void closed();        // the keyboard is to go back
+    void closed();        // and the widget that had the focus before cannot have it back
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
@@ -48,6 +52,8 @@ private:
     std::unique_ptr<marc::RecordSearch> m_search;
     QTimer m_slices;
     std::optional<Direction> m_owed; // a step that waits for the search to end
+    QString m_words;                 // last looked for, while a number is
+    QPointer<QWidget> m_cameFrom;    // had the focus before
 };
 
 } // namespace workspace

@@ -5,6 +5,7 @@
 #include "widgets/remembered.h"
 #include "workspace/windows/workspaceControls.h"
 #include <QScrollBar>
+#include <QSet>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -48,9 +49,8 @@ frmDaoru::frmDaoru(platform::Host &host, WorkspaceWindows windows, QWidget *pare
     , m_moving(*Grid2, *m_record, host, damagedDirectory())
     , m_reading(*Grid2, host, damagedDirectory())
     , m_commands(*Grid2, *m_record, host, m_windows)
-    , m_history(*m_record)
-    , m_drafts(*Grid2, *m_record, host)
-    , m_keys({*Grid1, *Grid2, *m_record, m_editors, m_fields, m_moving, m_history, *findLine}, this) {
+    , m_drafts(*Grid2, *m_record, host, [this] { return m_editors.typing(); })
+    , m_keys({*Grid1, *Grid2, *m_record, m_editors, m_fields, m_moving, *findLine}, this) {
     setUp();
 }
 
@@ -90,7 +90,8 @@ void frmDaoru::lay() {
              cmdclick[4], cmdclick[5], cmdclick[6]}),
     }));
     const QFontMetrics metrics = fontMetrics();
-    labZhuangTai->setMinimumHeight(metrics.height()); // its place is kept while there is nothing to say
+    // The place is kept while there is nothing to say, and is high enough for the find line.
+    labZhuangTai->setMinimumHeight(findLine->sizeHint().height());
     // As wide as the columns of both grids, with their scroll bars; the list keeps its width.
     const int beside = Grid1->verticalScrollBar()->sizeHint().width() + 2 * Grid1->frameWidth();
     const int listWidth = Grid2->toPixels(RecordList::allTwips) + beside;
@@ -104,6 +105,7 @@ void frmDaoru::lay() {
 }
 
 void frmDaoru::connectGrids() {
+    connect(Grid2, &RecordList::taken, findLine, &FindLine::forget);
     connect(Grid2, &RecordList::currentMarked, Text2, &widgets::PacedLabel::setText);
     connect(Grid2, &RecordList::leaveCell, this, [this] { m_moving.leaveStep(); });
     connect(Grid2, &RecordList::enterCell, this, [this] { m_moving.enterStep(); });
@@ -115,8 +117,9 @@ void frmDaoru::connectGrids() {
 
 void frmDaoru::connectHelpers() {
     connect(m_record.get(), &EditedRecord::shown, this, [this] { sayOfRecord({}); });
-    connect(m_record.get(), &EditedRecord::changed, this, &frmDaoru::updateStatus);
-    connect(&m_editors, &CellEditors::contentTyped, this, &frmDaoru::updateStatus);
+    connect(m_record.get(), &EditedRecord::edited, this, &frmDaoru::updateStatus);
+    connect(&m_editors, &CellEditors::typed, this, &frmDaoru::updateStatus);
+    connect(&m_editors, &CellEditors::typed, &m_drafts, &DraftKeeper::touch);
     connect(&m_editors, &CellEditors::opened, this, &frmDaoru::holdControls);
     connect(&m_editors, &CellEditors::closed, this, &frmDaoru::releaseControls);
     connect(&m_reading, &RecordReading::listed, this, &frmDaoru::listed);
@@ -125,12 +128,17 @@ void frmDaoru::connectHelpers() {
     connect(&m_reading, &RecordReading::stateChanged, this, &frmDaoru::enterState);
     connect(&m_reading, &RecordReading::lookedAt, this, [this](const marc::FileCounts &file) { m_facts.file = file; });
     connect(&m_editors, &CellEditors::moved, this, &frmDaoru::updateStatus);
-    connect(&m_history, &FieldHistory::went, this, &frmDaoru::sayOfRecord);
     connect(&m_drafts, &DraftKeeper::told, this, &frmDaoru::say);
-    connect(&m_drafts, &DraftKeeper::countChanged, this, &frmDaoru::updateStatus);
+    connect(&m_drafts, &DraftKeeper::fault, this, [this](const QString &words) {
+        m_facts.draftFault = words;
+        updateStatus();
+    });
     connect(&m_drafts, &DraftKeeper::currentRestored, this, [this] { showRecord(records().record(Grid2->row())); });
     connect(&m_drafts, &DraftKeeper::offered, draftBar, &DraftBar::offer);
-    connect(draftBar, &DraftBar::restoreWanted, &m_drafts, &DraftKeeper::restore);
+    connect(draftBar, &DraftBar::restoreWanted, this, [this] {
+        m_drafts.restore();
+        settleDrafts();
+    });
     connect(draftBar, &DraftBar::givenUp, &m_drafts, &DraftKeeper::giveUp);
     for (const auto settled : {&DraftBar::restoreWanted, &DraftBar::givenUp})
         connect(draftBar, settled, Grid2, qOverload<>(&QWidget::setFocus));
@@ -140,8 +148,10 @@ void frmDaoru::connectHelpers() {
     connect(Grid1, &FieldGrid::enterCell, this, &frmDaoru::showWholeText);
     connect(Grid1, &FieldGrid::gridClicked, this, &frmDaoru::showWholeText);
     connect(Grid1, &FieldGrid::rearranged, this, &frmDaoru::showWholeText);
-    connect(m_record.get(), &EditedRecord::changed, this, &frmDaoru::showWholeText);
+    connect(m_record.get(), &EditedRecord::shown, this, &frmDaoru::showWholeText);
+    connect(m_record.get(), &EditedRecord::edited, this, &frmDaoru::showWholeText);
     connect(this, &Window::unloaded, this, &frmDaoru::remember);
+    connect(this, &Window::unloaded, &m_drafts, &DraftKeeper::write);
     connect(this, &Window::unloaded, &m_reading, &RecordReading::abandon);
 }
 
@@ -161,8 +171,11 @@ void frmDaoru::sayOfRecord(const QString &deed) {
 
 void frmDaoru::importRecords() {
     const ImportOutcome outcome = m_commands.importRecords(m_reading.state(), Text3->pacedText());
-    if (outcome.whole)
-        m_drafts.imported();
+    QSet<int> refused;
+    for (const auto &[row, reason] : outcome.refused)
+        refused.insert(row);
+    m_drafts.imported([&](int row) { return row < outcome.taken && !refused.contains(row); });
+    updateStatus();
     if (outcome.refusedWanted)
         m_windows.showRefused(
             outcome.refused, Grid2->sharedRecords(), [this](int record, int row) { m_keys.jump(record, row); }, this);
@@ -259,31 +272,41 @@ void frmDaoru::enterState(ReadState state) {
     cmdJieShu->setEnabled(rulesOf(state).mayStop);
     m_facts.readToTheEnd = state == ReadState::Finished || (!rulesOf(state).running && m_facts.read > 0 &&
                                                             Text4->pacedText().toLongLong() <= m_facts.read);
+    settleDrafts();
     updateStatus();
+}
+
+// Drafts that wait for their records wait no longer once all are listed.
+void frmDaoru::settleDrafts() {
+    if (m_facts.readToTheEnd)
+        m_drafts.readToTheEnd(records().rowCount());
 }
 
 // An open editor holds the button back beside the state of the read.
 void frmDaoru::allowReadAll() {
-    cmdclick[3]->setEnabled(rulesOf(m_reading.state()).mayReadAll && Grid1->isEnabled());
+    cmdclick[3]->setEnabled(rulesOf(m_reading.state()).mayReadAll && !m_editors.isOpen());
 }
 
 void frmDaoru::holdControls(CellEditors::Hold hold) {
-    Grid1->setEnabled(false);
+    allowCommands(false);
     Grid2->setEnabled(hold == CellEditors::Hold::Fields);
-    for (Button *button : cmdclick)
-        button->setEnabled(false);
-    for (Button *button : cmdTiMing)
-        button->setEnabled(false);
     updateStatus(); // where the cursor stands from the start, no key tells
 }
 
-void frmDaoru::releaseControls() {
-    Grid1->setEnabled(true);
-    Grid2->setEnabled(true);
+// All that an open editor closes off; the list apart.
+void frmDaoru::allowCommands(bool allowed) {
+    Grid1->setEnabled(allowed);
     for (Button *button : cmdclick)
-        button->setEnabled(true);
+        button->setEnabled(allowed);
     for (Button *button : cmdTiMing)
-        button->setEnabled(true);
+        button->setEnabled(allowed);
+    for (QWidget *addition : std::initializer_list<QWidget *>{draftBar, findLine, cmdJiaoDuiAll, room->cmdQuanWen})
+        addition->setEnabled(allowed);
+}
+
+void frmDaoru::releaseControls() {
+    allowCommands(true);
+    Grid2->setEnabled(true);
     allowReadAll(); // an edit does not give back what the state of the read has taken
 }
 
@@ -292,7 +315,7 @@ void frmDaoru::updateStatus() {
     m_facts.column = m_editors.position();
     m_facts.columns = m_facts.column ? m_editors.limit() : std::nullopt;
     m_facts.assistant = m_facts.column && m_editors.hasAssistant();
-    m_facts.fieldsCameOrWent = m_record->rowsCameOrWent && !m_record->recordChanged;
+    m_facts.fieldsCameOrWent = m_record->state().rowsCameOrWent && !m_record->state().edited;
     m_facts.changed = m_drafts.changed();
     QPalette ink = palette();
     if (warns(m_facts))

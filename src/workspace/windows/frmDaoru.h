@@ -10,7 +10,6 @@
 #include "workspace/windows/draftBar.h"
 #include "workspace/windows/draftKeeper.h"
 #include "workspace/windows/fieldCommands.h"
-#include "workspace/windows/fieldHistory.h"
 #include "workspace/windows/findLine.h"
 #include "workspace/windows/recordCommands.h"
 #include "workspace/windows/recordMoving.h"
@@ -44,8 +43,8 @@ public:
     marc::PreReadStore &records() { return Grid2->records(); }
 
     QString publicMarcFile; // never changes once the window is loaded
-    const QString &publicTouBiao() const { return m_record->publicTouBiao; }
-    bool recordChanged() const { return m_record->recordChanged; }
+    const QString &publicTouBiao() const { return m_record->state().leader; }
+    bool recordChanged() const { return m_record->state().edited; }
     bool stopFlag() const { return m_reading.stopFlag(); }
     int editRow() const { return m_editors.editRow; }
     int editCol() const { return m_editors.editCol; }
@@ -92,7 +91,9 @@ private:
 
     void listed(int count);
     void enterState(ReadState state);
+    void settleDrafts();
     void allowReadAll();
+    void allowCommands(bool allowed);
     void holdControls(CellEditors::Hold hold);
     void releaseControls();
     void updateStatus();
@@ -107,7 +108,6 @@ private:
     RecordMoving m_moving;
     RecordReading m_reading;
     RecordCommands m_commands;
-    FieldHistory m_history;
     DraftKeeper m_drafts;
     DeskKeys m_keys;
     StatusFacts m_facts;

@@ -34,12 +34,14 @@ ImportOutcome RecordCommands::importRecords(ReadState state, const QString &coun
         m_host.tell(u"正在预读或者正在导入！请先结束预读或者结束导入！"_s);
         return {};
     }
-    if (m_record.recordChanged && m_host.insist(u"本条记录已经改变,是否确定改变该记录?\r\n"
-                                                u"(注:你可以修改预读出的记录,然后可以点击保存按扭,保存到新文件中)"_s,
-                                                {})) {
+    if (m_record.state().edited && m_host.insist(u"本条记录已经改变,是否确定改变该记录?\r\n"
+                                                 u"(注:你可以修改预读出的记录,然后可以点击保存按扭,保存到新文件中)"_s,
+                                                 {})) {
         // The title in the list and the mark of a change stay as they are.
-        if (const marc::RawRecord record = m_record.rebuilt(m_host.now()); !record.isEmpty())
+        if (const marc::RawRecord record = m_record.rebuilt(m_host.now()); !record.isEmpty()) {
             m_list.take(m_list.row(), record);
+            m_record.takenOver();
+        }
     }
     return m_windows.runImport(m_list.sharedRecords(), count, m_list.window());
 }

@@ -43,8 +43,9 @@ void RecordList::setTitle(int row, const QString &title) {
 }
 
 void RecordList::take(int row, const marc::RawRecord &record) {
+    const marc::RawRecord before = m_records->record(row);
     m_records->setRecord(row, record);
-    Q_EMIT taken(row, record);
+    Q_EMIT taken(row, before, record);
 }
 
 void RecordList::keyPressEvent(QKeyEvent *event) {

@@ -30,7 +30,7 @@ public:
 Q_SIGNALS:
     void currentMarked(const QString &number); // its number in the list, empty where the row holds no record
 
-    void taken(int row, const QString &record);
+    void taken(int row, const QString &before, const QString &after);
     void lettersTyped(const QString &text); // by a key or an input method
 
 protected:

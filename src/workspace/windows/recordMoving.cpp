@@ -24,8 +24,6 @@ void RecordMoving::enterStep() {
     if (record.isEmpty())
         return; // the field grid keeps the record before it
     showRecord(record);
-    // What was edited is no longer in the grid, whatever road led here: nothing may be asked about it again.
-    m_record.recordChanged = false;
 }
 
 QString RecordMoving::rebuiltIfWanted() {
@@ -42,15 +40,15 @@ QString RecordMoving::rebuiltIfWanted() {
 void RecordMoving::leaveStep() {
     const int row = m_list.row();
     m_list.markVisited();
-    if (!m_record.recordChanged)
-        return;
+    if (!m_record.state().edited)
+        return m_record.leave(EditedRecord::Mark::Goes);
     if (const marc::RawRecord record = rebuiltIfWanted(); !record.isEmpty()) {
         m_list.take(row, record);
         const QString title = marc::readZd(record, u"200a", m_damaged).value_or(QString());
         if (!title.isEmpty())
             m_list.setTitle(row, title);
     }
-    m_record.recordChanged = false;
+    m_record.leave(EditedRecord::Mark::Goes);
 }
 
 void RecordMoving::step(int by) {
@@ -58,11 +56,12 @@ void RecordMoving::step(int by) {
     const int next = row + by;
     if (row < 0 || next < 0 || next >= m_list.records().rowCount())
         return;
-    if (m_record.recordChanged) {
-        // The title in the list stays as it is, and the mark of a change stands until the next record is entered.
+    if (m_record.state().edited) {
+        // The title in the list stays as it is, and the mark of a change stays until a record is shown.
         if (const marc::RawRecord record = rebuiltIfWanted(); !record.isEmpty())
             m_list.take(row, record);
     }
+    m_record.leave(EditedRecord::Mark::Stays);
     m_list.markVisited();
     m_list.setRow(next);
     enterStep();

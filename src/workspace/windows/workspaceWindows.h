@@ -17,7 +17,7 @@ using Assistant = std::function<std::optional<QString>(const QString &text, QWid
 
 // What became of a batch that was imported.
 struct ImportOutcome {
-    bool whole = false;                     // every record went in
+    int taken = 0;                          // rows of the list that the import came to
     QList<std::pair<int, QString>> refused; // row in the list, from 0, and what the server said
     bool refusedWanted = false;             // they are to be named
 };

@@ -1,0 +1,193 @@
+#include "workspace/draftFile.h"
+#include <QCryptographicHash>
+#include <QDateTime>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSaveFile>
+#include <limits>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace workspace {
+
+namespace {
+
+constexpr int version = 2;
+constexpr qint64 longestLine = qint64(1) << 24; // a record has at most 99,999 bytes, unless a file is damaged
+
+enum class Fault { Damaged, OtherVersion, OtherFile };
+
+QByteArray lineOf(const QJsonObject &object) {
+    return QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n';
+}
+
+QByteArray linesOf(const Drafts &drafts, bool left) {
+    QByteArray lines;
+    for (auto draft = drafts.cbegin(); draft != drafts.cend(); ++draft) {
+        QJsonObject object{
+            {u"row"_s, draft.key()}, {u"origin"_s, QString::fromLatin1(draft->origin)}, {u"record"_s, draft->record}};
+        if (left)
+            object.insert(u"left"_s, true);
+        lines += lineOf(object);
+    }
+    return lines;
+}
+
+std::optional<QJsonObject> objectOf(const QByteArray &line) {
+    const QJsonDocument document = QJsonDocument::fromJson(line);
+    return document.isObject() && line.endsWith('\n') ? std::optional(document.object()) : std::nullopt;
+}
+
+std::optional<int> rowOf(const QJsonValue &value) {
+    const double number = value.toDouble(-1);
+    const bool isRow = number >= 0 && number < std::numeric_limits<int>::max() && double(int(number)) == number;
+    return isRow ? std::optional(int(number)) : std::nullopt;
+}
+
+// Whether the line held a draft. An older draft of the same row is kept apart.
+bool takeDraft(const QJsonObject &object, DraftFile::Found &found) {
+    const auto row = rowOf(object[u"row"_s]);
+    if (!row || object[u"record"_s].toString().isEmpty() || !object[u"origin"_s].isString())
+        return false;
+    const Draft draft{object[u"record"_s].toString(), object[u"origin"_s].toString().toLatin1()};
+    const bool left = object[u"left"_s].toBool();
+    if (found.drafts.contains(*row) && left)
+        found.older.insert(*row, draft);
+    else if (found.drafts.contains(*row))
+        return false;
+    else
+        found.drafts.insert(*row, draft);
+    return true;
+}
+
+// The form of an earlier version of the program: all in one object.
+std::optional<DraftFile::Found> earlierForm(const QJsonObject &object) {
+    const QJsonObject records = object[u"records"_s].toObject();
+    DraftFile::Found found;
+    for (auto record = records.begin(); record != records.end(); ++record) {
+        bool isNumber = false;
+        const int row = record.key().toInt(&isNumber);
+        if (!isNumber || row < 0 || record->toString().isEmpty())
+            return std::nullopt;
+        found.drafts.insert(row, {record->toString(), {}});
+    }
+    return found.drafts.isEmpty() ? std::nullopt : std::optional(found);
+}
+
+std::variant<DraftFile::Found, Fault> parse(QFile &file, const QByteArray &heading) {
+    const QByteArray first = file.readLine(longestLine);
+    const auto opening = objectOf(first.endsWith('\n') ? first : QByteArray(first + '\n'));
+    if (!opening)
+        return Fault::Damaged;
+    const QJsonObject wanted = QJsonDocument::fromJson(heading).object();
+    const bool isEarlier = !opening->contains(u"version"_s) && opening->contains(u"records"_s);
+    if (!isEarlier && (*opening)[u"format"_s] != wanted[u"format"_s])
+        return Fault::Damaged;
+    if (!isEarlier && (*opening)[u"version"_s] != wanted[u"version"_s])
+        return Fault::OtherVersion;
+    if ((*opening)[u"identity"_s] != wanted[u"identity"_s])
+        return Fault::OtherFile;
+    if (isEarlier) {
+        auto found = earlierForm(*opening);
+        return found ? std::variant<DraftFile::Found, Fault>(std::move(*found)) : Fault::Damaged;
+    }
+    DraftFile::Found found;
+    while (!file.atEnd()) {
+        const auto object = objectOf(file.readLine(longestLine));
+        if (!object || !takeDraft(*object, found))
+            return Fault::Damaged;
+    }
+    return found;
+}
+
+platform::Status writeWhole(const QString &path, const QByteArray &text) {
+    QSaveFile file(path);
+    if (file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) &&
+        file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner) && file.write(text) == text.size() &&
+        file.commit())
+        return platform::success();
+    return platform::Failure{file.errorString(), int(file.error())};
+}
+
+} // namespace
+
+DraftFile::DraftFile(const QString &folder, const QString &recordFile)
+    : m_recordFile(QFileInfo(recordFile).canonicalFilePath()) {
+    if (m_recordFile.isEmpty())
+        m_recordFile = QFileInfo(recordFile).absoluteFilePath();
+    const QByteArray name = QCryptographicHash::hash(m_recordFile.toUtf8(), QCryptographicHash::Sha1).toHex();
+    m_path = folder + QString::fromLatin1(name) + u".json";
+    const QFileInfo file(m_recordFile);
+    m_identity = u"%1 %2"_s.arg(file.size()).arg(file.lastModified().toMSecsSinceEpoch());
+}
+
+QByteArray DraftFile::heading() const {
+    return lineOf(
+        {{u"format"_s, u"drafts"_s}, {u"version"_s, version}, {u"path"_s, m_recordFile}, {u"identity"_s, m_identity}});
+}
+
+// A name that no file has yet.
+QString DraftFile::freePath() const {
+    const QString base = m_path.chopped(5) + QDateTime::currentDateTime().toString(u"-yyyyMMdd-hhmmss"_s);
+    QString path = base + u".kept";
+    for (int number = 2; QFileInfo::exists(path) || QFileInfo(path).isSymLink(); ++number)
+        path = base + u'-' + QString::number(number) + u".kept";
+    return path;
+}
+
+platform::Failure DraftFile::refuse(const QString &words) {
+    const QString kept = freePath();
+    if (QFile::rename(m_path, kept))
+        return {words + u"，已另存为 " + kept};
+    m_mayWrite = false;
+    return {words + u"，也不能移开；本次的修改不会暂存：" + m_path};
+}
+
+platform::Result<DraftFile::Found> DraftFile::read() {
+    const QFileInfo info(m_path);
+    if (!info.exists() && !info.isSymLink())
+        return Found{};
+    if (!info.isFile() || info.size() > largest)
+        return refuse(u"上次未导入的修改不能读"_s);
+    QFile file(m_path);
+    if (!file.open(QIODevice::ReadOnly))
+        return refuse(u"上次未导入的修改不能读（"_s + file.errorString() + u"）");
+    auto parsed = parse(file, heading());
+    file.close();
+    if (auto *found = std::get_if<Found>(&parsed))
+        return std::move(*found);
+    switch (std::get<Fault>(parsed)) {
+    case Fault::OtherFile:
+        return refuse(u"上次未导入的修改属于改变前的文件"_s);
+    case Fault::OtherVersion:
+        return refuse(u"上次未导入的修改是另一版本的程序存下的"_s);
+    default:
+        return refuse(u"上次未导入的修改已损坏"_s);
+    }
+}
+
+platform::Status DraftFile::write(const Drafts &changed, const Drafts &left) {
+    if (!m_mayWrite)
+        return platform::success(); // said when the file was refused
+    if (changed.isEmpty() && left.isEmpty()) {
+        if (QFile file(m_path); file.exists() && !file.remove())
+            return platform::Failure{file.errorString(), int(file.error())};
+        return platform::success();
+    }
+    const QByteArray text = heading() + linesOf(changed, false) + linesOf(left, true);
+    if (text.size() > largest)
+        return platform::Failure{u"修改太多"_s};
+    return writeWhole(m_path, text);
+}
+
+platform::Result<QString> DraftFile::setAside(const Drafts &drafts) const {
+    const QString path = freePath();
+    if (const platform::Status written = writeWhole(path, heading() + linesOf(drafts, false)); !written)
+        return written.failure();
+    return path;
+}
+
+} // namespace workspace
