@@ -1,9 +1,26 @@
 #include "marc/directory.h"
+#include "platform/byteFile.h"
 #include "platform/codepage936.h"
 #include <algorithm>
 #include <utility>
 
 namespace marc {
+
+namespace {
+
+// The number that the digits mean, blanks around them left out; below 0 where they are none.
+qint64 number(QByteArrayView digits) {
+    digits = digits.trimmed();
+    qint64 value = digits.isEmpty() ? -1 : 0;
+    for (const char digit : digits) {
+        if (digit < '0' || digit > '9')
+            return -1;
+        value = value * 10 + (digit - '0');
+    }
+    return value;
+}
+
+} // namespace
 
 DirectoryView viewDirectory(QStringView record) {
     DirectoryView view;
@@ -25,6 +42,26 @@ Directory decodeDirectory(const RawRecord &record) {
     for (qsizetype i = 0; i < view.count(); ++i)
         directory.entries.append({view.tag(i).toString(), view.length(i).toString(), view.start(i).toString()});
     return directory;
+}
+
+bool directoryFits(QByteArrayView record) {
+    constexpr char end = char(fieldTerminator);
+    const qsizetype dataAt = record.indexOf(end) + 1;
+    const qsizetype entries = dataAt - 1 - leaderLength;
+    if (dataAt == 0 || entries < 0 || entries % directoryEntryLength != 0)
+        return false;
+    const qint64 base = number(record.sliced(baseAddressAt, baseAddressLength));
+    if (base < 0 || platform::countByte(record.sliced(dataAt), end) != entries / directoryEntryLength)
+        return false;
+    for (qsizetype entry = leaderLength; entry < dataAt - 1; entry += directoryEntryLength) {
+        const qint64 length = number(record.sliced(entry + 3, 4));
+        const qint64 start = number(record.sliced(entry + 7, 5));
+        const qint64 at = base + start;
+        if (length < 1 || start < 0 || at < dataAt || at + length > record.size() || record[at - 1] != end ||
+            record.sliced(at, length).indexOf(end) != length - 1)
+            return false;
+    }
+    return true;
 }
 
 FieldCutter::FieldCutter(const RawRecord &record)

@@ -43,6 +43,9 @@ struct DirectoryView {
 
 DirectoryView viewDirectory(QStringView record);
 
+// Whether the directory of a record in GBK, terminator included, cuts exactly the fields that its terminators part.
+bool directoryFits(QByteArrayView record);
+
 // Cuts fields from the GBK form of a record, which is made once.
 class FieldCutter {
 public:

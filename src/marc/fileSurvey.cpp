@@ -1,6 +1,6 @@
 #include "marc/fileSurvey.h"
-#include "marc/separators.h"
-#include "platform/codepage936.h"
+#include "marc/directory.h"
+#include "marc/recordCutter.h"
 #include <algorithm>
 #include <cstring>
 #include <utility>
@@ -12,7 +12,7 @@ namespace marc {
 namespace {
 
 constexpr qsizetype blockSize = 1 << 18;
-constexpr qsizetype heldHead = 1 << 16; // a directory is seldom a hundredth of that
+constexpr qsizetype heldRecord = 1 << 20; // a record that fits into the layout is a tenth of that
 
 const char *find(const char *from, const char *end, char wanted) {
     const auto *found = static_cast<const char *>(std::memchr(from, wanted, size_t(end - from)));
@@ -46,70 +46,97 @@ QString lineEndName(LineEnds ends) {
     return u"混用"_s;
 }
 
+QList<qsizetype> linesWithin(const QList<qsizetype> &lineEnds, qsizetype size) {
+    QList<qsizetype> within;
+    std::ranges::copy_if(lineEnds, std::back_inserter(within), [size](qsizetype end) { return end <= size; });
+    return within;
+}
+
+// What may stand between records and after the last one.
+bool isFiller(char16_t unit) {
+    return unit == u'\r' || unit == u'\n' || unit == u' ' || unit == u'\0' || unit == u'\x1A' || unit == 0xFEFF;
+}
+
 } // namespace
 
 void ReadableCount::take(QByteArrayView bytes) {
     const char *at = bytes.begin();
     const char *const end = bytes.end();
     while (at < end) {
-        if (m_place == Place::Head) {
-            at = takeHead(at, end);
-            continue;
-        }
-        const bool inFields = m_place == Place::Fields;
-        at = find(at, end, inFields ? char(recordTerminator) : '\r');
-        if (at == end)
-            break;
-        ++at;
-        if (inFields) { // line breaks in there are left out by the reader
-            finish();
-        } else {
-            m_place = Place::Head;
-            m_passLineFeed = true;
-        }
+        if (std::exchange(m_passLineFeed, false) && *at == '\n')
+            ++at;
+        else
+            at = takeLine(at, end);
     }
 }
 
-// Goes on to behind what ends the head or its line.
-const char *ReadableCount::takeHead(const char *at, const char *end) {
-    if (std::exchange(m_passLineFeed, false) && *at == '\n')
-        return at + 1;
-    const char *const stop = std::find_if(at, end, [](char byte) {
-        return byte == '\r' || byte == char(recordTerminator) || byte == char(fieldTerminator);
-    });
-    m_head.append(at, stop - at);
-    if (stop == end) {
-        if (m_head.size() > heldHead)
-            measureHead(true);
+// Goes on to after what ends the line or the record.
+const char *ReadableCount::takeLine(const char *at, const char *end) {
+    const char *const terminator = m_behindTerminator ? end : find(at, end, char(recordTerminator));
+    const char *const lineEnd = find(at, terminator, '\r');
+    if (lineEnd != terminator) {
+        m_passLineFeed = true;
+        if (!std::exchange(m_behindTerminator, false))
+            gather(QByteArrayView(at, lineEnd));
+        if (!m_gathered.isEmpty() && uchar(m_gathered.back()) > 0x80)
+            m_lineEnds.append(m_gathered.size());
+        return lineEnd + 1;
+    }
+    if (terminator == end) {
+        if (!m_behindTerminator)
+            gather(QByteArrayView(at, end));
         return end;
     }
-    measureHead(false); // each line is decoded for itself
-    m_passLineFeed = *stop == '\r';
-    if (*stop == char(fieldTerminator)) {
-        const qint64 length = m_measured - leaderLength;
-        m_damaged = length >= 0 && length % directoryEntryLength != 0;
-        m_place = Place::Fields;
-    } else if (*stop == char(recordTerminator)) {
-        finish();
+    const QByteArrayView piece(at, terminator + 1);
+    if (m_gathered.isEmpty() && !m_tooLong) { // as nearly all do
+        finish(piece);
+    } else {
+        gather(piece);
+        finish(m_gathered);
     }
-    return stop + 1;
+    m_behindTerminator = true;
+    return terminator + 1;
 }
 
-void ReadableCount::measureHead(bool lineGoesOn) {
-    const QString text = platform::decode(m_head);
-    m_measured += text.size();
-    // A last byte that is no character by itself may become one with the next.
-    const bool half = lineGoesOn && text.endsWith(QChar::ReplacementCharacter);
-    m_measured -= half;
-    m_head = half ? m_head.last(1) : QByteArray();
+void ReadableCount::gather(QByteArrayView piece) {
+    m_tooLong = m_tooLong || m_gathered.size() + piece.size() > heldRecord;
+    if (!m_tooLong)
+        m_gathered.append(piece);
 }
 
-void ReadableCount::finish() {
+void ReadableCount::finish(QByteArrayView record) {
     ++records;
-    damagedDirectories += m_damaged;
-    m_damaged = false;
-    m_measured = 0;
-    m_place = Place::BehindTerminator;
+    if (std::exchange(m_tooLong, false)) {
+        ++misfits;
+    } else {
+        const qsizetype head = record.indexOf(char(fieldTerminator));
+        // Its length counts in characters, which are decoded line by line.
+        const bool damaged =
+            head >= 0 && viewDirectory(decodeLines(record.first(head + 1), linesWithin(m_lineEnds, head))).damaged;
+        damagedDirectories += damaged;
+        misfits += !damaged && !directoryFits(record);
+    }
+    m_gathered.truncate(0);
+    m_lineEnds.clear();
+}
+
+void TerminatorCount::take(QByteArrayView bytes) {
+    for (const char *at = bytes.begin(); at != bytes.end();) {
+        const char *const found = find(at, bytes.end(), char(recordTerminator));
+        if (!endsInRecord)
+            endsInRecord = std::any_of(at, found, [](char byte) { return !isFiller(char16_t(uchar(byte))); });
+        if (found == bytes.end())
+            break;
+        terminators += std::exchange(endsInRecord, false);
+        at = found + 1;
+    }
+}
+
+void TerminatorCount::takeUnit(char16_t unit) {
+    if (unit == recordTerminator)
+        terminators += std::exchange(endsInRecord, false);
+    else
+        endsInRecord = endsInRecord || !isFiller(unit);
 }
 
 FileSurvey::FileSurvey(platform::ByteReader reader)
@@ -143,7 +170,7 @@ void FileSurvey::take(QByteArrayView bytes) {
 }
 
 void FileSurvey::takeNarrow(QByteArrayView bytes) {
-    m_terminators += platform::countByte(bytes, char(recordTerminator));
+    m_terminators.take(bytes);
     m_lineFeeds += platform::countByte(bytes, '\n');
     m_pairs += std::exchange(m_behindCarriageReturn, false) && bytes.front() == '\n';
     for (const char *at = bytes.begin(); (at = find(at, bytes.end(), '\r')) != bytes.end();) {
@@ -169,7 +196,7 @@ void FileSurvey::takeWide(QByteArrayView bytes) {
 }
 
 void FileSurvey::takeUnit(char16_t unit) {
-    m_terminators += unit == recordTerminator;
+    m_terminators.takeUnit(unit);
     m_lineFeeds += unit == u'\n';
     m_pairs += unit == u'\n' && m_behindCarriageReturn;
     m_behindCarriageReturn = unit == u'\r';
@@ -179,10 +206,13 @@ void FileSurvey::takeUnit(char16_t unit) {
 FileFacts FileSurvey::facts() const {
     return {.size = size(),
             .encoding = m_encoding.guess(),
+            .doubtful = m_encoding.isDoubtful(),
             .lineEnds = lineEnds(m_pairs, m_carriageReturns, m_lineFeeds),
-            .terminators = m_terminators,
+            .terminators = m_terminators.terminators,
+            .endsInRecord = m_terminators.endsInRecord,
             .readable = m_readable.records,
-            .damagedDirectories = m_readable.damagedDirectories};
+            .damagedDirectories = m_readable.damagedDirectories,
+            .misfits = m_readable.misfits};
 }
 
 QString encodingName(FileEncoding encoding) {
@@ -212,16 +242,26 @@ QString encodingName(FileEncoding encoding) {
 FactLines describe(const FileFacts &facts) {
     FactLines told;
     const bool readAsItIs = facts.encoding == FileEncoding::Gbk;
-    const bool counted = facts.terminators == facts.readable;
+    const bool isXml = facts.encoding == FileEncoding::MarcXml || facts.encoding == FileEncoding::MarcXchange;
+    const bool counted = facts.terminators == facts.readable && facts.readable > 0;
+    const QStringView need = readAsItIs ? u"" : u"（本程序需要 GBK）";
+    const QStringView doubt = facts.doubtful ? u"（字太少，不一定对）" : u"";
+    told.disagree = facts.size > 0 && (!readAsItIs || !counted || facts.endsInRecord || facts.damagedDirectories > 0 ||
+                                       facts.misfits > 0);
+    const bool isEmpty = facts.size == 0;
     told.lines = {
-        u"编码："_s + encodingName(facts.encoding) + (readAsItIs ? u""_s : u"（本程序需要 GBK）"_s),
-        u"行结束符："_s + lineEndName(facts.lineEnds),
-        counted && facts.readable > 0 ? u"记录 %1 条"_s.arg(facts.readable)
-                                      : u"记录结束符 %1 个，将读出 %2 条"_s.arg(facts.terminators).arg(facts.readable),
+        {u"编码："_s + encodingName(facts.encoding) + doubt + need, !readAsItIs || facts.doubtful},
+        {u"行结束符："_s + lineEndName(facts.lineEnds)},
+        {counted ? u"记录 %1 条"_s.arg(facts.readable)
+                 : u"记录结束符 %1 个，将读出 %2 条"_s.arg(facts.terminators).arg(facts.readable),
+         !counted && !isEmpty},
     };
     if (facts.damagedDirectories > 0)
-        told.lines.append(u"目次区损坏 %1 条"_s.arg(facts.damagedDirectories));
-    told.disagree = facts.size > 0 && (!readAsItIs || !counted || facts.damagedDirectories > 0);
+        told.lines.append({u"目次区损坏 %1 条"_s.arg(facts.damagedDirectories), true});
+    if (facts.misfits > 0 && readAsItIs) // in other encodings the lengths may be theirs
+        told.lines.append({u"目次区与字段对不上 %1 条，请整理"_s.arg(facts.misfits), true});
+    if (facts.endsInRecord && !isXml)
+        told.lines.append({u"文件末尾没有记录结束符，最后一条读不出"_s, true});
     return told;
 }
 

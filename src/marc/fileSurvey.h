@@ -1,10 +1,11 @@
 // What a record file is, looked at in slices, so that whoever asks stays alive and can stop at any moment by letting
-// the object go. Memory: a block and the beginning of the record at hand, whatever the lines are like.
+// the object go. Memory: a block and the record at hand as far as a record goes, whatever the lines are like.
 #pragma once
 
 #include "marc/encodingGuess.h"
 #include "platform/byteFile.h"
-#include <QStringList>
+#include <QList>
+#include <QString>
 #include <memory>
 
 namespace marc {
@@ -14,31 +15,44 @@ enum class LineEnds { None, CrLf, Lf, Cr, Mixed };
 struct FileFacts {
     qint64 size = 0;
     FileEncoding encoding = FileEncoding::Unknown;
+    bool doubtful = false; // too few characters beyond ASCII to be sure of the encoding
     LineEnds lineEnds = LineEnds::None;
-    qint64 terminators = 0;        // record terminators, in the file's own encoding
+    qint64 terminators = 0;        // of records with something in them, in the file's own encoding
+    bool endsInRecord = false;     // something stands after the last terminator, which no reader takes for a record
     qint64 readable = 0;           // records that the program will read: one physical line gives one at the most
     qint64 damagedDirectories = 0; // among those
+    qint64 misfits = 0;            // among those: the directory is whole and does not fit the fields
 };
 
-// Counts what a RecordCutter reads, and what viewDirectory() says of it, as the bytes pass by.
+// Counts what a RecordCutter reads, and what viewDirectory() and directoryFits() say of it, as the bytes pass by.
 class ReadableCount {
 public:
     void take(QByteArrayView bytes);
 
     qint64 records = 0;
     qint64 damagedDirectories = 0;
+    qint64 misfits = 0;
 
 private:
-    enum class Place { Head, Fields, BehindTerminator };
-    const char *takeHead(const char *at, const char *end);
-    void measureHead(bool lineGoesOn);
-    void finish();
+    const char *takeLine(const char *at, const char *end);
+    void gather(QByteArrayView piece);
+    void finish(QByteArrayView record);
 
-    Place m_place = Place::Head;
-    QByteArray m_head;      // bytes ahead of the first field terminator that are not measured yet
-    qint64 m_measured = 0;  // characters ahead of them
-    bool m_damaged = false; // the directory of the record at hand
+    QByteArray m_gathered;       // of the record at hand, line breaks left out
+    QList<qsizetype> m_lineEnds; // as decodeLines() has them
+    bool m_tooLong = false;      // no more of it is held
+    bool m_behindTerminator = false;
     bool m_passLineFeed = false;
+};
+
+// Counts record terminators with something before them.
+class TerminatorCount {
+public:
+    void take(QByteArrayView bytes);
+    void takeUnit(char16_t unit);
+
+    qint64 terminators = 0;
+    bool endsInRecord = false;
 };
 
 class FileSurvey {
@@ -67,7 +81,7 @@ private:
     QByteArray m_block;
     EncodingGuess m_encoding;
     ReadableCount m_readable;
-    qint64 m_terminators = 0;
+    TerminatorCount m_terminators;
     qint64 m_carriageReturns = 0;
     qint64 m_lineFeeds = 0;
     qint64 m_pairs = 0; // a carriage return with its line feed
@@ -78,8 +92,12 @@ private:
 QString encodingName(FileEncoding encoding);
 
 // The facts in the words of a window.
+struct FactLine {
+    QString text;
+    bool isWarning = false;
+};
 struct FactLines {
-    QStringList lines;
+    QList<FactLine> lines;
     bool disagree = false; // the program will read less, or other, than the file holds: it wants tidying
 };
 FactLines describe(const FileFacts &facts);

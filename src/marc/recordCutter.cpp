@@ -1,10 +1,21 @@
 #include "marc/recordCutter.h"
+#include "marc/encodingGuess.h"
 #include "marc/separators.h"
 #include "platform/codepage936.h"
-#include <QStringDecoder>
-#include <algorithm>
 
 namespace marc {
+
+RawRecord decodeLines(QByteArrayView bytes, const QList<qsizetype> &lineEnds) {
+    if (lineEnds.isEmpty())
+        return platform::decode(bytes);
+    RawRecord text;
+    qsizetype from = 0;
+    for (const qsizetype end : lineEnds) {
+        text += platform::decode(bytes.sliced(from, end - from));
+        from = end;
+    }
+    return text + platform::decode(bytes.sliced(from));
+}
 
 RecordCutter::RecordCutter(platform::LineReader &reader)
     : m_reader(reader) {}
@@ -41,15 +52,7 @@ bool RecordCutter::next() {
 }
 
 RawRecord RecordCutter::record() const {
-    if (m_lineEnds.isEmpty())
-        return platform::decode(m_bytes);
-    RawRecord text;
-    qsizetype from = 0;
-    for (const qsizetype end : m_lineEnds) {
-        text += platform::decode(m_bytes.sliced(from, end - from));
-        from = end;
-    }
-    return text + platform::decode(m_bytes.sliced(from));
+    return decodeLines(m_bytes, m_lineEnds);
 }
 
 void cutRecord(platform::LineReader &reader, const std::function<bool(const RawRecord &)> &consumer) {
@@ -60,11 +63,10 @@ void cutRecord(platform::LineReader &reader, const std::function<bool(const RawR
 
 namespace {
 
-// Text in GBK is next to never right as UTF-8. A character that the end of the beginning cuts through does not count.
 bool looksLikeUtf8(QByteArrayView beginning) {
-    QStringDecoder decoder(QStringDecoder::Utf8);
-    const QString text = decoder(beginning);
-    return !decoder.hasError() && std::any_of(text.begin(), text.end(), [](QChar c) { return c.unicode() >= 0x80; });
+    EncodingGuess guess;
+    guess.take(beginning);
+    return guess.guess() == FileEncoding::Utf8 || guess.guess() == FileEncoding::Utf8WithBom;
 }
 
 } // namespace

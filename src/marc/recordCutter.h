@@ -9,6 +9,10 @@
 
 namespace marc {
 
+// The text of a record of several lines, each decoded for itself. `lineEnds` are the places in the bytes where lines
+// meet; those after a byte below 0x81 may be left out.
+RawRecord decodeLines(QByteArrayView bytes, const QList<qsizetype> &lineEnds);
+
 // Cuts a file into records: one physical line gives one record at the most, a record wrapped over several lines is put
 // together without the breaks, what stands behind the first terminator of a line is not used, and a last piece without
 // a terminator is dropped. Memory: the record in hand.

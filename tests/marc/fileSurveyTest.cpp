@@ -6,21 +6,39 @@
 #include <QStringConverter>
 #include <random>
 #include <sys/resource.h>
+#include <unicode/ucnv.h>
 
 using namespace marc;
 
 namespace {
 
-// What the program's own reader makes of a file: records, and damaged directories among them.
-std::pair<qint64, qint64> byReading(const QString &path) {
-    std::pair<qint64, qint64> counted;
+// Records, and among them damaged directories and such as do not fit the fields.
+using Counts = std::array<qint64, 3>;
+
+// What the program's own reader makes of a file.
+Counts byReading(const QString &path) {
+    Counts counted{};
     auto reader = platform::LineReader::open(path);
-    cutRecord(reader.value(), [&](const RawRecord &record) {
-        ++counted.first;
-        counted.second += viewDirectory(record).damaged;
-        return true;
-    });
+    RecordCutter cutter(reader.value());
+    while (cutter.next()) {
+        ++counted[0];
+        const bool damaged = viewDirectory(cutter.record()).damaged;
+        counted[1] += damaged;
+        counted[2] += !damaged && !directoryFits(cutter.bytes());
+    }
     return counted;
+}
+
+template <class Facts>
+Counts countsOf(const Facts &facts, qint64 records) {
+    return {records, facts.damagedDirectories, facts.misfits};
+}
+
+QString text(const FactLines &told) {
+    QStringList lines;
+    for (const FactLine &line : told.lines)
+        lines.append(line.text);
+    return lines.join(u' ');
 }
 
 FileFacts survey(const QString &path) {
@@ -40,6 +58,7 @@ TEST(FileSurvey, TellsEncodingLineEndsAndWhatWillBeRead) {
     const QString rare = recordOf(u"200=10$a〇𠮷"_s);
     const QByteArray gb18030 = platform::encode(one) + "\x95\x32\xB7\x36\x1E\x1D"; // a character of four bytes
     const QByteArray damaged = platform::encode(one).insert(30, '1') + "\r\n" + platform::encode(one);
+    const QByteArray shifted = platform::encode(lines).replace("00003\x1E", "00004\x1E");
     const QByteArray xml = R"(<?xml version="1.0"?><collection xmlns="%"><record/></collection>)";
     const QString few = u"记录结束符 5 个，将读出 1 条"_s, gbk = u"编码：GBK"_s, need = u"（本程序需要 GBK）"_s;
     const std::tuple<QByteArray, QString, bool> rows[] = {
@@ -59,6 +78,10 @@ TEST(FileSurvey, TellsEncodingLineEndsAndWhatWillBeRead) {
         {wide(lines, QStringConverter::Utf16BE).mid(2),
          u"编码：UTF-16 BE"_s + need + u" 行结束符：CR LF 记录 5 条 目次区损坏 5 条", true},
         {damaged, gbk + u" 行结束符：CR LF 记录 2 条 目次区损坏 1 条", true},
+        {shifted, gbk + u" 行结束符：CR LF 记录 5 条 目次区与字段对不上 5 条，请整理", true},
+        {platform::encode(QString(lines + one)).chopped(1),
+         gbk + u" 行结束符：CR LF 记录 5 条 文件末尾没有记录结束符，最后一条读不出", true},
+        {platform::encode(lines).replace("\x1D", "\x1D\x1D") + "\x1A", gbk + u" 行结束符：CR LF 记录 5 条", false},
         {QByteArray(xml).replace("%", "http://www.loc.gov/MARC21/slim"),
          u"编码：MARCXML"_s + need + u" 行结束符：无 记录结束符 0 个，将读出 0 条", true},
         {QByteArray(xml).replace("%", "info:lc/xmlns/marcxchange-v1"),
@@ -69,10 +92,105 @@ TEST(FileSurvey, TellsEncodingLineEndsAndWhatWillBeRead) {
     const TestFolder folder;
     for (const auto &[bytes, expected, disagree] : rows) {
         const FactLines told = describe(survey(folder.file(u"f"_s, bytes)));
-        EXPECT_EQ(told.lines.join(u' '), expected);
+        EXPECT_EQ(text(told), expected);
         EXPECT_EQ(told.disagree, disagree) << expected.toStdString();
     }
     EXPECT_EQ(survey(folder.file(u"f"_s, rare.toUtf8())).encoding, FileEncoding::Utf8);
+}
+
+// As many of the pieces, one after the other and 30 to a record: each holds one character beyond ASCII.
+QByteArray recordsWith(int count, const QList<QByteArray> &pieces, QByteArrayView leaderCode = " ") {
+    QByteArray file;
+    for (int i = 0; i < count;) {
+        QByteArray field = "1 \x1F"
+                           "a";
+        for (const int end = std::min(count, i + 30); i < end; ++i)
+            field += pieces[i % pieces.size()];
+        field += "\x1E";
+        const QByteArray size = QByteArray::number(field.size()).rightJustified(4, '0');
+        file += "00000nam0" + leaderCode.toByteArray() + "2200037   450 200" + size + "00000\x1E" + field + "\x1D\r\n";
+    }
+    return file;
+}
+
+QByteArray byIcu(const QString &text, const char *converter) {
+    QByteArray bytes(4 * text.size(), '\0');
+    UErrorCode status = U_ZERO_ERROR;
+    UConverter *open = ucnv_open(converter, &status);
+    const auto *units = reinterpret_cast<const UChar *>(text.utf16());
+    bytes.truncate(ucnv_fromUChars(open, bytes.data(), int(bytes.size()), units, int(text.size()), &status));
+    ucnv_close(open);
+    EXPECT_TRUE(U_SUCCESS(status)) << converter;
+    return bytes;
+}
+
+QList<QByteArray> eachByIcu(const QString &words, const char *converter) {
+    QList<QByteArray> pieces;
+    for (const QString &word : words.split(u'|'))
+        pieces.append(byIcu(word, converter));
+    return pieces;
+}
+
+TEST(FileSurvey, NoEncodingIsTakenForAnotherWithoutAWarning) {
+    using enum FileEncoding;
+    const QString simplified = u"数|据|库|原|理|与|应|用|程|序|设|计|（|中|国|）|历|史|蜻|蜓"_s;
+    const QString traditional = u"國|書|學|資|料|庫|的|歷|史|與|應|用|設|計|圖|館|經|濟|發|展"_s;
+    const QString french =
+        u"Geneviè|ve, élè|ve à |l'é|cole, Piaf, É|dith; café| et thé|, Besanç|on, Lö|we; Stuttgart "_s.replace(u'à',
+                                                                                                               u'a');
+    const QString russian = u"В|о|й|н|а| и м|и|р|. Т|о|л|с|т|о|й| Л|е|в"_s;
+    // A sign of its own goes before the letter that it stands on.
+    const QList<QByteArray> marc8{"Genevi\xE1"
+                                  "e",
+                                  "ve, \xE2"
+                                  "el",
+                                  "\xE1"
+                                  "eve, \xE2"
+                                  "ecole",
+                                  " Piaf, \xE2"
+                                  "Edith",
+                                  "; caf\xE2"
+                                  "e",
+                                  ", Besan\xF0"
+                                  "con",
+                                  " \xB1"
+                                  "od\xB2"
+                                  "z"};
+    const std::tuple<const char *, FileEncoding, QList<QByteArray>, int> rows[] = {
+        {"Chinese in UTF-8", Utf8, eachByIcu(simplified, "UTF-8"), 1},
+        {"Latin in UTF-8", Utf8, eachByIcu(french, "UTF-8"), 1},
+        {"Russian in UTF-8", Utf8, eachByIcu(u"В|о|й|н|а| и м|и|р"_s, "UTF-8"), 30},
+        {"simplified in GBK", Gbk, eachByIcu(simplified, "GBK"), 1},
+        {"traditional in GBK", Gbk, eachByIcu(traditional, "GBK"), 30},
+        {"GB18030", Gb18030, eachByIcu(u"𠮷|数|𠮷|据"_s, "gb18030"), 1},
+        {"Big5", Unknown, eachByIcu(traditional, "Big5"), 30},
+        {"Latin-1", Unknown, eachByIcu(french, "ISO-8859-1"), 1},
+        {"MARC-8", Unknown, marc8, 1},
+        {"Chinese in MARC-8", Unknown, {"\x1B$1!9X!5A\x1B(B"}, 1},
+        {"code page 866", Unknown, eachByIcu(russian, "ibm-866"), 3},
+        {"code page 1251", Unknown, eachByIcu(russian, "windows-1251"), 30},
+        {"KOI8-R", Unknown, eachByIcu(russian, "KOI8-R"), 30},
+        {"ASCII", Gbk, {"x"}, 1},
+    };
+    const TestFolder folder;
+    for (const auto &[what, encoding, pieces, sureFrom] : rows) {
+        for (const int count : {1, 2, 3, 4, 30, 3000}) {
+            const FileFacts facts = survey(folder.file(u"f"_s, recordsWith(count, pieces)));
+            const FileEncoding found = facts.encoding;
+            EXPECT_TRUE(found == encoding || count < sureFrom) << what << ' ' << count;
+            EXPECT_TRUE(found == encoding || found == Unknown || facts.doubtful) << what << ' ' << count;
+            EXPECT_FALSE(facts.doubtful && count > 15) << what << ' ' << count;
+            const FactLine line = describe(facts).lines[0];
+            EXPECT_EQ(line.isWarning, found != Gbk || facts.doubtful) << what << ' ' << count;
+        }
+    }
+    // A letter in UTF-8, or a Chinese word in GBK: without a letter next to it what the records declare decides.
+    const QList<QByteArray> alone{"\xC3\xB1"};
+    EXPECT_EQ(survey(folder.file(u"f"_s, recordsWith(1, alone))).encoding, Gbk);
+    EXPECT_EQ(survey(folder.file(u"f"_s, recordsWith(1, alone, "a"))).encoding, Utf8);
+    const QString declared = recordOf(QString(u"100=  $a20260101d2026    em y0chiy50      ea|200=1 $añ"_s));
+    EXPECT_EQ(survey(folder.file(u"f"_s, declared.toUtf8())).encoding, Utf8);
+    EXPECT_EQ(survey(folder.file(u"f"_s, recordsWith(1, alone, "a") + recordsWith(1, alone))).encoding, Gbk);
 }
 
 TEST(FileSurvey, CountsWhatTheReaderReadsWhateverTheDamage) {
@@ -82,13 +200,12 @@ TEST(FileSurvey, CountsWhatTheReaderReadsWhateverTheDamage) {
     ASSERT_GT(files.size(), 3);
     for (const QFileInfo &file : files) {
         const FileFacts facts = survey(file.filePath());
-        EXPECT_EQ(std::pair(facts.readable, facts.damagedDirectories), byReading(file.filePath()))
-            << file.fileName().toStdString();
+        EXPECT_EQ(countsOf(facts, facts.readable), byReading(file.filePath())) << file.fileName().toStdString();
     }
     // A head that is measured piece by piece, with characters across the pieces: a directory that is whole.
     const QByteArray longHead = 'x' + QByteArray("\xB0\xA1").repeated(300'011) + "\x1E\x1D";
     const QString path = folder.file(u"r"_s, longHead);
-    EXPECT_EQ(std::pair(survey(path).readable, survey(path).damagedDirectories), byReading(path));
+    EXPECT_EQ(countsOf(survey(path), survey(path).readable), byReading(path));
     std::mt19937 dice; // the same on every machine
     const auto below = [&](qsizetype limit) { return qsizetype(dice() % size_t(limit)); };
     const QList<QByteArray> pieces{"\x1D",
@@ -120,13 +237,15 @@ TEST(FileSurvey, CountsWhatTheReaderReadsWhateverTheDamage) {
             utf8[0].take(slice);
             at += size;
         }
-        ASSERT_EQ(std::pair(count.records, count.damagedDirectories), byReading(folder.file(u"r"_s, bytes)))
+        ASSERT_EQ(countsOf(count, count.records), byReading(folder.file(u"r"_s, bytes)))
             << bytes.toPercentEncoding().toStdString();
         gbk[1].take(bytes);
         utf8[1].take(bytes);
-        for (const auto part : {&GbkShape::pairs, &GbkShape::fourByteForms, &GbkShape::damaged})
+        for (const auto part : {&GbkShape::pairs, &GbkShape::usual, &GbkShape::seldom, &GbkShape::foreign,
+                                &GbkShape::fourByteForms, &GbkShape::damaged})
             ASSERT_EQ(gbk[0].*part, gbk[1].*part) << bytes.toPercentEncoding().toStdString();
-        for (const auto part : {&Utf8Shape::twoByteForms, &Utf8Shape::longForms, &Utf8Shape::damaged})
+        for (const auto part : {&Utf8Shape::twoByteForms, &Utf8Shape::longForms, &Utf8Shape::damaged,
+                                &Utf8Shape::betweenLetters, &Utf8Shape::nextToLetter})
             ASSERT_EQ(utf8[0].*part, utf8[1].*part) << bytes.toPercentEncoding().toStdString();
     }
 }

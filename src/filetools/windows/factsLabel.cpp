@@ -1,5 +1,7 @@
 #include "filetools/windows/factsLabel.h"
 #include "platform/paths.h"
+#include "widgets/ink.h"
+#include <QFileInfo>
 #include <QTimerEvent>
 
 using namespace Qt::StringLiterals;
@@ -10,56 +12,89 @@ FactsLabel::FactsLabel(const QString &objectName, QWidget *parent)
     : QLabel(parent) {
     setObjectName(objectName);
     setWordWrap(true);
-    setTextFormat(Qt::PlainText);
+    setTextFormat(Qt::RichText);
     setTextInteractionFlags(Qt::TextSelectableByMouse);
     setAlignment(Qt::AlignLeft | Qt::AlignTop);
     setMinimumHeight(2 * fontMetrics().lineSpacing()); // the window does not jump when they come
 }
 
+FactsLabel::Stand FactsLabel::standOf(const QString &path) {
+    const QFileInfo file(path);
+    return file.exists() ? Stand{file.size(), file.lastModified()} : Stand();
+}
+
 void FactsLabel::lookAt(const QString &path) {
+    m_path = path;
+    look();
+}
+
+void FactsLabel::lookAgain() {
+    if (standOf(m_path) != m_stand)
+        look();
+}
+
+void FactsLabel::look() {
     stop();
-    clear();
-    if (!platform::fileExists(path))
+    m_stand = standOf(m_path);
+    tell({});
+    if (!platform::fileExists(m_path))
         return;
-    auto survey = marc::FileSurvey::open(path);
-    if (!survey) {
-        tell(survey.failure().description);
-        return;
-    }
+    auto survey = marc::FileSurvey::open(m_path);
+    if (!survey)
+        return tell({{survey.failure().description, true}});
     m_survey = std::move(survey).value();
     m_slices.start(0, this);
 }
 
+void FactsLabel::hurry() {
+    constexpr int slices = 8;
+    for (int i = 0; i < slices && m_survey; ++i)
+        step();
+}
+
 void FactsLabel::stop() {
     m_slices.stop();
+    if (m_survey)
+        m_stand = {}; // what was not seen whole is looked at again
     m_survey.reset();
 }
 
-void FactsLabel::tell(const QString &text) {
-    setText(text);
-    setAccessibleName(text);
+void FactsLabel::tell(const QList<marc::FactLine> &lines) {
+    QStringList plain;
+    QStringList inked;
+    const QString ink = widgets::warningInk(palette().color(QPalette::Window)).name();
+    for (const marc::FactLine &line : lines) {
+        plain.append(line.text);
+        inked.append(line.isWarning ? u"<span style=\"color:%1\">%2</span>"_s.arg(ink, line.text.toHtmlEscaped())
+                                    : line.text.toHtmlEscaped());
+    }
+    setText(inked.join(u'　'));
+    setAccessibleName(plain.join(u'　'));
 }
 
 void FactsLabel::timerEvent(QTimerEvent *event) {
-    if (event->timerId() != m_slices.timerId()) {
+    if (event->timerId() == m_slices.timerId())
+        step();
+    else
         QLabel::timerEvent(event);
-        return;
-    }
+}
+
+void FactsLabel::step() {
     const platform::Result<bool> more = m_survey->step();
     if (!more) {
         stop();
-        tell(more.failure().description);
-        return;
+        return tell({{more.failure().description, true}});
     }
     const marc::FileFacts facts = m_survey->facts();
-    const marc::FactLines told = marc::describe(facts);
+    marc::FactLines told = marc::describe(facts);
     if (more.value()) {
         const int percent = int(m_survey->position() * 100 / std::max<qint64>(1, m_survey->size()));
-        tell(u"正在查看，%1%　"_s.arg(percent) + told.lines.join(u'　'));
-        return;
+        told.lines.prepend({u"正在查看，%1%"_s.arg(percent)});
+        return tell(told.lines);
     }
+    m_survey.reset();
     stop();
-    tell(told.lines.join(u'　'));
+    tell(told.lines);
     Q_EMIT looked(facts, told.disagree);
 }
 
