@@ -35,7 +35,8 @@ TEST(FrmTidy, TellsTheFactsAndTidiesByTheKeyboardAlone) {
     TidyDesk desk;
     frmTidy &form = *desk.form;
     desk.letLook();
-    EXPECT_EQ(form.LabFacts->accessibleName(), u"编码：UTF-8（本程序需要 GBK）　行结束符：无　记录结束符 5 个，将读出 1 条"_s);
+    EXPECT_EQ(form.LabFacts->accessibleName(),
+              u"编码：UTF-8（本程序需要 GBK）　行结束符：无　记录结束符 5 个，将读出 1 条"_s);
     EXPECT_TRUE(form.Text1[0]->hasFocus() && form.Text1[0]->text() == desk.source);
     EXPECT_EQ(form.Text1[1]->text(), desk.folder.path(u"source-gbk.iso"_s));
     form.cboForm->setFocus();

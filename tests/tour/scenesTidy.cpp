@@ -44,8 +44,9 @@ void name(TourDriver &driver, const QString &source, const QString &target) {
 }
 
 void tidyForeign(TourDriver &driver) {
-    driver.waitUntil(u"the facts"_s,
-                     [] { return TourDriver::find<QLabel>(u"LabFacts"_s)->accessibleName().endsWith(u"将读出 1 条"_s); });
+    driver.waitUntil(u"the facts"_s, [] {
+        return TourDriver::find<QLabel>(u"LabFacts"_s)->accessibleName().endsWith(u"将读出 1 条"_s);
+    });
     driver.expectEqual(driver.textOf(u"Text11"_s), pathOf(u"foreign-gbk.iso"_s), u"a name beside the source's"_s);
     driver.shot(u"tidy-facts"_s);
     driver.key(u"alt+d"_s);

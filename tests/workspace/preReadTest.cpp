@@ -168,3 +168,42 @@ TEST(SelectMarcFile, RefusesAndOpens) {
     window.cmdClick[1]->click();
     EXPECT_FALSE(window.isVisible());
 }
+
+TEST(SelectMarcFile, EnterIsForTidyingWhereTheFileWillBeReadWrong) {
+    ScriptedHost host;
+    QStringList ways;
+    workspace::frmSelectMFile window(
+        host, {[&](const QString &) { ways.append(u"open"_s); }, [&](const QString &) { ways.append(u"tidy"_s); }});
+    const QString path = host.folder + u"/a.iso", good = recordOf(u"200=10$a数据库原理与应用"_s) + u"\r\n";
+    const auto holds = [&](const QByteArray &bytes) {
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    };
+    const auto looked = [&](bool wantsTidying) {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !window.labFacts->isLooking(); }));
+        EXPECT_EQ(window.cmdTidy->isVisible(), wantsTidying) << window.labFacts->accessibleName().toStdString();
+        EXPECT_EQ(window.labFacts->text().contains(u"color:"), wantsTidying);
+    };
+    holds(platform::encode(good));
+    window.show();
+    QApplication::setActiveWindow(&window);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    window.choose(path);
+    looked(false);
+    EXPECT_TRUE(window.cmdClick[0]->hasFocus());
+    QTest::keyClick(window.Text1, Qt::Key_Return);
+    holds(good.repeated(2).toUtf8()); // other bytes under the same name, which Enter finds
+    QTest::keyClick(window.Text1, Qt::Key_Return);
+    EXPECT_EQ(ways, (QStringList{u"open"_s, u"tidy"_s}));
+    looked(true);
+    holds(platform::encode(good).repeated(3));
+    QEvent back(QEvent::ActivationChange);
+    QApplication::sendEvent(&window, &back);
+    looked(false);
+    holds(platform::encode(good).chopped(2).repeated(4));
+    window.choose(path + u' ');
+    looked(true);
+    EXPECT_TRUE(window.cmdTidy->hasFocus()); // and the key goes with it
+    window.cmdClick[0]->click();
+    EXPECT_EQ(ways.last(), u"open"_s);
+}

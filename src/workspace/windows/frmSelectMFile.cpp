@@ -34,16 +34,16 @@ frmSelectMFile::frmSelectMFile(platform::Host &host, Ways ways, QWidget *parent)
     Text1->setMinimumWidth(fontMetrics().averageCharWidth() * 44);
     widgets::framed(Frame1, row({{Text1, 1}, cmdLL}));
     setLayout(column({Frame1, {labFacts, 1}, row({cmdTidy, widgets::stretch(), cmdClick[0], cmdClick[1]})}));
-    cmdTidy->hide();
+    offerTidying(false);
     widgets::hint({{Text1, u"↓ 最近用过的文件；也可以把文件拖到窗口上"},
                    {cmdTidy, u"这个文件不能整个读出：整理成一行一条的 GBK 文件"},
                    {cmdClick[0], u"打开文件，先读 200 条；不改动文件"}});
     connect(Text1, &QLineEdit::textChanged, this, [this](const QString &file) {
-        cmdTidy->hide();
+        offerTidying(false);
         labFacts->lookAt(platform::trimBlanks(file));
     });
     connect(labFacts, &filetools::FactsLabel::looked, this,
-            [this](const marc::FileFacts &, bool disagree) { cmdTidy->setVisible(disagree); });
+            [this](const marc::FileFacts &, bool disagree) { offerTidying(disagree); });
     connect(cmdTidy, &Button::clicked, this, [this] { m_ways.tidy(platform::trimBlanks(Text1->text())); });
     setAcceptDrops(true);
     Text1->setAcceptDrops(false); // the window takes what is dropped, wherever
@@ -51,7 +51,6 @@ frmSelectMFile::frmSelectMFile(platform::Host &host, Ways ways, QWidget *parent)
     down->setToolTip(u"最近用过的文件"_s);
     connect(down, &QAction::triggered, this, &frmSelectMFile::listRecentFiles);
     Text1->installEventFilter(this);
-    connect(Text1, &QLineEdit::returnPressed, cmdClick[0], &Button::click);
     offerRecentFiles();
     connect(cmdLL, &Button::clicked, this, &frmSelectMFile::browse);
     connect(cmdClick[0], &Button::clicked, this, &frmSelectMFile::openWorkspace);
@@ -79,10 +78,33 @@ void frmSelectMFile::listRecentFiles() {
 
 // No shortcut: in the open list, which keeps the keyboard in the box, the key goes down the list.
 bool frmSelectMFile::eventFilter(QObject *watched, QEvent *event) {
-    if (watched != Text1 || event->type() != QEvent::KeyPress || static_cast<QKeyEvent *>(event)->key() != Qt::Key_Down)
+    if (watched != Text1 || event->type() != QEvent::KeyPress)
+        return Window::eventFilter(watched, event);
+    const int key = static_cast<QKeyEvent *>(event)->key();
+    if (key == Qt::Key_Return || key == Qt::Key_Enter) { // which the dialog gives to its default button
+        labFacts->lookAgain();
+        labFacts->hurry();
+    }
+    if (key != Qt::Key_Down)
         return Window::eventFilter(watched, event);
     listRecentFiles();
     return true;
+}
+
+void frmSelectMFile::changeEvent(QEvent *event) {
+    Window::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && !m_busy)
+        labFacts->lookAgain();
+}
+
+// A file that will be read wrong is not opened by Enter alone.
+void frmSelectMFile::offerTidying(bool wanted) {
+    cmdTidy->setVisible(wanted);
+    (wanted ? cmdTidy : cmdClick[0])->setDefault(true);
+    if (wanted && cmdClick[0]->hasFocus())
+        cmdTidy->setFocus();
+    else if (!wanted && cmdTidy->hasFocus())
+        cmdClick[0]->setFocus();
 }
 
 void frmSelectMFile::dragEnterEvent(QDragEnterEvent *event) {
@@ -127,6 +149,7 @@ void frmSelectMFile::openWorkspace() {
         m_ways.showWorkspace(file);
         m_busy = false;
     }
+    labFacts->lookAgain();
     Frame1->setTitle({});
     cmdClick[0]->setEnabled(true);
 }

@@ -28,13 +28,14 @@ public:
     QGroupBox *Frame1;
     QLineEdit *Text1;
     widgets::Button *cmdLL;
-    filetools::FactsLabel *labFacts; // what the file is, while it is looked at and behind it
-    widgets::Button *cmdTidy;        // where what it is and what will be read disagree
+    filetools::FactsLabel *labFacts; // what the file is, while it is looked at and afterwards
+    widgets::Button *cmdTidy;        // where what it is and what will be read disagree; Enter is for it then
     std::array<widgets::Button *, 2> cmdClick;
 
 protected:
     bool queryUnload() override;
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void changeEvent(QEvent *event) override; // the file may have changed while another window was in front
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
 
@@ -43,6 +44,7 @@ private:
     void listRecentFiles();
     void offerRecentFiles();
     void openWorkspace();
+    void offerTidying(bool wanted);
     void refuse(const QString &text);
 
     platform::Host &m_host;
