@@ -98,6 +98,8 @@ void CatalogueWindows::queryStore(const QueryLists &lists) {
 void CatalogueWindows::endRuns() {
     if (m_catalogueList)
         m_catalogueList->endRun();
+    if (m_storeList)
+        m_storeList->endRun();
     for (const QMdiSubWindow *place : m_area ? m_area->subWindowList() : QList<QMdiSubWindow *>())
         if (const auto *list = qobject_cast<catalogue::ListWindow *>(place->widget()))
             keepShape(*place, *list);

@@ -1,8 +1,6 @@
 #include "catalogue/windows/tlkListFrm.h"
 #include "catalogue/listStatements.h"
 #include "catalogue/listTexts.h"
-#include "platform/byteFile.h"
-#include "platform/codepage936.h"
 #include "platform/numbers.h"
 #include "platform/paths.h"
 #include "widgets/ink.h"
@@ -24,6 +22,8 @@ TLKListFrm::TLKListFrm(const database::SessionState &state, platform::Host &host
     , conditionWords(new widgets::PacedLabel(u"conditionWords"_s, {}, this))
     , cmdThisImport(new Button(u"cmdThisImport"_s, u"&I 选中本次导入"_s, this))
     , cmdSave(new Button(u"cmdSave"_s, u"&T 存为机读文件…"_s, this))
+    , stopSaving(new Button(u"stopSaving"_s, u"&S 停止"_s, this))
+    , saved(new widgets::PacedLabel(u"saved"_s, {}, this))
     , CmdDcgl{new Button(u"CmdDcgl0"_s, u"&X 删除"_s, this), new Button(u"CmdDcgl1"_s, u"&D 全部删除"_s, this),
               new Button(u"CmdDcgl2"_s, u"&Q 关闭"_s, this)}
     , m_state(state)
@@ -33,10 +33,12 @@ TLKListFrm::TLKListFrm(const database::SessionState &state, platform::Host &host
     widgets::hint({{Grid1, u"回车或双击看卡片；Shift+↑ ↓ 选几行"},
                    {cmdThisImport, u"列出最近一次导入的记录，全部选中"},
                    {cmdSave, u"选了几行就存这几行，只有一行则存列出的全部"},
+                   {stopSaving, u"停止保存，不留下文件"},
                    {CmdDcgl[0], u"删除选中的行，不能恢复"},
                    {CmdDcgl[1], u"删除合条件的全部记录，不只是列出的；没有条件就是整个套录库。不能恢复"}});
     connect(cmdThisImport, &Button::clicked, this, &TLKListFrm::showThisImport);
     connect(cmdSave, &Button::clicked, this, &TLKListFrm::saveRecords);
+    connect(stopSaving, &Button::clicked, this, [this] { m_run->stop(); });
     connect(Grid1, &widgets::FlexGrid::gridActivated, this, &TLKListFrm::showCard);
     connect(CmdDcgl[0], &Button::clicked, this, &TLKListFrm::delSelected);
     connect(CmdDcgl[1], &Button::clicked, this, [this] {
@@ -44,13 +46,15 @@ TLKListFrm::TLKListFrm(const database::SessionState &state, platform::Host &host
             delAll();
     });
     connect(CmdDcgl[2], &Button::clicked, this, &TLKListFrm::unload);
+    setSaving(nullptr);
     gridInit();
 }
 
 void TLKListFrm::layOut() {
     setLayout(widgets::column(
         {{Grid1, 1},
-         widgets::row({lCounts, {conditionWords, 1}, cmdThisImport, cmdSave, CmdDcgl[0], CmdDcgl[1], CmdDcgl[2]})}));
+         widgets::row({lCounts, {conditionWords, 1}, saved}),
+         widgets::row({widgets::stretch(), cmdThisImport, cmdSave, stopSaving, CmdDcgl[0], CmdDcgl[1], CmdDcgl[2]})}));
 }
 
 void TLKListFrm::loadData(Condition &condition, QString &order) {
@@ -102,75 +106,66 @@ void TLKListFrm::showThisImport() {
     Grid1->setFocus();
 }
 
-platform::Result<QMap<QString, QString>> TLKListFrm::recordsOf(const QList<qint64> &keys) const {
-    auto connection = database::Connection::open(m_state.links, m_state.connectionString);
-    if (!connection)
-        return connection.failure();
-    const auto rows = connection.value().query(recordsStatement(keysCondition(keys)));
-    if (!rows)
-        return rows.failure();
-    QMap<QString, QString> records;
-    for (int row = 0; row < rows.value()->rowCount(); ++row)
-        records.insert(rows.value()->text(row, 0), rows.value()->text(row, 1));
-    return records;
-}
-
 void TLKListFrm::showCard() {
     const QString key = Grid1->text(Grid1->row(), 0);
     if (key.isEmpty())
         return;
-    const auto records = recordsOf({key.toLongLong()});
+    const auto records = recordsOf({key.toLongLong()}, m_state);
     if (!records)
         return m_host.tell(records.failure().description);
-    m_windows.showCard(records.value().value(key));
+    m_windows.showCard(records.value().value(key.toLongLong()));
 }
 
-// Some hundred rows at a time: the records of a whole store would not fit into the memory.
-platform::Result<int> TLKListFrm::writeRecords(const QString &path, int first, int last) const {
-    constexpr int rowsAtOnce = 500;
-    auto file = platform::SavedFile::create(path);
-    if (!file)
-        return file.failure();
-    int written = 0;
-    for (int from = first; from <= last; from += rowsAtOnce) {
-        QList<qint64> keys;
-        for (int row = from; row <= std::min(last, from + rowsAtOnce - 1); ++row)
-            keys.append(Grid1->text(row, 0).toLongLong());
-        const auto records = recordsOf(keys);
-        if (!records)
-            return records.failure();
-        for (const qint64 key : keys) {
-            const QString record = records.value().value(QString::number(key));
-            if (record.isEmpty())
-                continue; // deleted meanwhile, or without a record
-            if (const platform::Status taken = file.value().write(platform::encode(record).append("\r\n")); !taken)
-                return taken.failure();
-            ++written;
-        }
-    }
-    if (const platform::Status kept = file.value().commit(); !kept)
-        return kept.failure();
-    return written;
+QList<qint64> TLKListFrm::keysToSave() const {
+    auto [first, last] = std::minmax({Grid1->row(), Grid1->rowSel()});
+    if (first == last)
+        std::tie(first, last) = std::pair(1, dataRows());
+    QList<qint64> keys;
+    for (int row = first; row <= last; ++row)
+        keys.append(Grid1->text(row, 0).toLongLong());
+    return keys;
 }
 
 void TLKListFrm::saveRecords() {
     if (firstCellIsEmpty())
         return m_host.tell(u"没有可以保存的记录。"_s);
-    auto [first, last] = std::minmax({Grid1->row(), Grid1->rowSel()});
-    if (first == last)
-        std::tie(first, last) = std::pair(1, dataRows());
     const QString path = m_host.chooseFile({.title = u"存为机读文件"_s,
                                             .filter = u"cnmarc_file(*.iso)|*.iso|all_files(*.*)|*.*"_s,
                                             .kind = platform::FileDialogKind::Save});
     if (path.isEmpty() ||
         (platform::fileExists(path) && !m_host.ask(path + u"已经存在。要替换吗？", platform::hintTitle)))
         return;
-    platform::Result<int> written = [&] {
-        const widgets::WaitCursor waiting(this);
-        return writeRecords(path, first, last);
-    }();
-    m_host.tell(written ? u"已保存 %1 条记录到 %2"_s.arg(QString::number(written.value()), path)
-                        : u"没有保存："_s + written.failure().description);
+    save(path);
+}
+
+void TLKListFrm::save(const QString &path) {
+    const QList<qint64> keys = keysToSave();
+    const QString form = u"已经保存：%1/"_s + QString::number(keys.size());
+    SaveRun run(keys, m_host, m_state);
+    setSaving(&run);
+    const QString result = run.save(path, [&](int done) { saved->setPacedNumber(form, done); });
+    setSaving(nullptr);
+    if (m_processEnds)
+        return;
+    m_host.tell(result);
+    if (m_closesAfterRun)
+        unload();
+}
+
+// What would start a second run or take the rows away is out of reach while one is going.
+void TLKListFrm::setSaving(SaveRun *run) {
+    m_run = run;
+    saved->setText({});
+    saved->setVisible(run);
+    stopSaving->setEnabled(run);
+    for (Button *button : {cmdThisImport, cmdSave, CmdDcgl[0], CmdDcgl[1]})
+        button->setEnabled(!run);
+}
+
+void TLKListFrm::endRun() {
+    m_processEnds = true;
+    if (m_run)
+        m_run->stop();
 }
 
 void TLKListFrm::gridFix() {
@@ -214,7 +209,10 @@ void TLKListFrm::reload() {
 
 bool TLKListFrm::queryUnload() {
     lCounts->setText(leavingText.toString());
-    return true;
+    m_closesAfterRun = m_run != nullptr;
+    if (m_run)
+        m_run->stop();
+    return !m_closesAfterRun;
 }
 
 } // namespace catalogue

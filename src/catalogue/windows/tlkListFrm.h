@@ -1,9 +1,11 @@
 // The store list: the rows of the copy-cataloguing store that a query selected, and their deletion, by the selection or
 // all that the query found. The reload behind a deletion repeats the last query; a deletion that the server refuses
-// shows in nothing but the rows that are left.
+// shows in nothing but the rows that are left. While records are saved, the list neither deletes nor starts again;
+// closed then, it ends the run and afterwards itself.
 #pragma once
 
 #include "catalogue/queryTarget.h"
+#include "catalogue/saveRun.h"
 #include "catalogue/windows/listWindow.h"
 #include "database/sublib.h"
 #include "widgets/pacedLabel.h"
@@ -30,6 +32,8 @@ public:
     void showThisImport();
     // The records of the marked rows, or of all where one row alone is marked, one a line.
     void saveRecords();
+    // Before the process ends: a run in progress ends without a file.
+    void endRun();
     void gridFix() override;
     void delSelected();
     void delAll();
@@ -38,6 +42,8 @@ public:
     widgets::PacedLabel *conditionWords;
     widgets::Button *cmdThisImport;
     widgets::Button *cmdSave;
+    widgets::Button *stopSaving;
+    widgets::PacedLabel *saved;
     std::array<widgets::Button *, 3> CmdDcgl;
 
 protected:
@@ -50,14 +56,18 @@ private:
     void announceDeletion();
     void sayCondition();
     void showCard();
-    platform::Result<QMap<QString, QString>> recordsOf(const QList<qint64> &keys) const;
-    platform::Result<int> writeRecords(const QString &path, int first, int last) const;
+    QList<qint64> keysToSave() const;
+    void save(const QString &path);
+    void setSaving(SaveRun *run);
 
     const database::SessionState &m_state;
     platform::Host &m_host;
     StoreListWindows m_windows;
     Condition m_storeCondition;
     QString m_storeOrder;
+    SaveRun *m_run = nullptr;
+    bool m_closesAfterRun = false;
+    bool m_processEnds = false;
 };
 
 } // namespace catalogue
