@@ -65,11 +65,11 @@ void IsoSource::passMark() {
         m_at = m_unit;
 }
 
-// Line breaks and fillers between records.
+// Line breaks, fillers and terminators of nothing between records.
 void IsoSource::passBreaks() {
     while (m_at + m_unit <= m_filled) {
         const char32_t unit = unitAt(m_at);
-        if (unit != U'\r' && unit != U'\n' && unit != U'\0' && unit != endOfText)
+        if (unit != U'\r' && unit != U'\n' && unit != U'\0' && unit != endOfText && unit != marc::recordTerminator)
             break;
         m_at += m_unit;
     }

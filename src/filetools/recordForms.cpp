@@ -33,6 +33,14 @@ bool canHold(TargetForm form, char32_t character) {
     return true;
 }
 
+QByteArray leaderFor(TargetForm form, QByteArray leader) {
+    constexpr qsizetype encodingAt = 9, countsAt = 10, entryMapAt = 20;
+    leader.replace(countsAt, 2, "22").replace(entryMapAt, 4, "450 ");
+    if (form == TargetForm::GbkIso && leader[encodingAt] == 'a')
+        leader[encodingAt] = ' ';
+    return leader;
+}
+
 QString IsoRecordBytes::make(const TidyRecord &record, QByteArrayView data) {
     const qsizetype fields = record.tags.size() / tagLength;
     const qsizetype base = marc::leaderLength + fields * marc::directoryEntryLength + 1;

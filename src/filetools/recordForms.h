@@ -11,6 +11,10 @@ enum class TargetForm { GbkIso, Utf8Iso, MarcXml };
 // Whether the form can hold the character. U+FFFD stands for bytes that were none and is another matter.
 bool canHold(TargetForm form, char32_t character);
 
+// The leader as the layout of the targets has it: two indicators, codes of two characters, entries of 3, 4 and 5
+// digits. In GBK it does not say that the record is in Unicode.
+QByteArray leaderFor(TargetForm form, QByteArray leader);
+
 // One record in the exchange layout, directory and lengths made anew. `data` are the record's fields, encoded.
 class IsoRecordBytes {
 public:

@@ -1,6 +1,7 @@
 #include "filetools/tidyResult.h"
 #include "marc/fileSurvey.h"
 #include <QStringList>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -49,9 +50,13 @@ QString unreadableLines(const TidyResult &result) {
         return {};
     QString text =
         u"\r\n【未能整理】\r\n%1 条，原样存入文件{%2}：\r\n"_s.arg(result.unreadable.count).arg(result.unreadableFile);
-    for (const auto &[record, why] : result.reasons)
-        text += u"第 %1 条："_s.arg(record) + why + lineBreak;
-    if (result.unreadable.count > result.reasons.size())
+    qint64 listed = 0;
+    for (const auto &[why, noted] : result.reasons) {
+        text += placesOf(noted) + (noted.count > 1 ? u"（共 %1 条）"_s.arg(noted.count) : QString()) + u'：' + why +
+                lineBreak;
+        listed += noted.count;
+    }
+    if (result.unreadable.count > listed)
         text += u"……\r\n"_s;
     return text;
 }
@@ -77,8 +82,29 @@ void TidyResult::addLacking(char32_t character, qint64 record) {
 void TidyResult::addUnreadable(qint64 record, const QString &why) {
     constexpr qsizetype mostReasons = 100;
     unreadable.add(record);
-    if (reasons.size() < mostReasons)
-        reasons.append({record, why});
+    const auto known = std::ranges::find(reasons, why, &std::pair<QString, Noted>::first);
+    if (known != reasons.end()) {
+        known->second.add(record);
+    } else if (reasons.size() < mostReasons) {
+        reasons.append({why, {}});
+        reasons.last().second.add(record);
+    }
+}
+
+QString warning(const TidyResult &result) {
+    QStringList parts;
+    if (result.encoding == marc::FileEncoding::Unknown)
+        parts.append(u"编码不明，是按 GBK 读的"_s);
+    else if (result.doubtful)
+        parts.append(u"编码不一定对"_s);
+    const std::pair<QStringView, const Noted &> rows[] = {{u"写成“?”的字符 %1 处（%2）", result.lacking},
+                                                          {u"受损字节 %1 处（%2）", result.damagedBytes},
+                                                          {u"未能整理 %1 条（%2）", result.unreadable}};
+    for (const auto &[words, noted] : rows) {
+        if (noted.count > 0)
+            parts.append(words.toString().arg(noted.count).arg(placesOf(noted)));
+    }
+    return parts.isEmpty() ? QString() : u"⚠ "_s + parts.join(u"；"_s);
 }
 
 QString report(const TidyResult &result, const QString &source) {

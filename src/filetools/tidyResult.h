@@ -1,4 +1,4 @@
-// What came of tidying a file, and how it is told. Memory: bounded, whatever the file holds.
+// What came of tidying a file, and the words for it. Memory: bounded, whatever the file holds.
 #pragma once
 
 #include "marc/encodingGuess.h"
@@ -22,6 +22,7 @@ struct TidyResult {
     static constexpr std::size_t mostListed = 500;
 
     marc::FileEncoding encoding = marc::FileEncoding::Unknown;
+    bool doubtful = false;                        // that it is this one
     qint64 in = 0;                                // records met, usable or not
     qint64 out = 0;                               // records written
     Noted lacking;                                // characters that the target's form cannot hold
@@ -29,15 +30,17 @@ struct TidyResult {
     Noted damagedBytes;
     Noted damagedDirectories;
     Noted unreadable;
-    QList<std::pair<qint64, QString>> reasons; // of the first unreadable ones
-    QString unreadableFile;                    // where those are
-    std::optional<QString> broken;             // where the source ended ahead of its end
-    QString target;                            // the file that was written
+    QList<std::pair<QString, Noted>> reasons; // why; the first that were met
+    QString unreadableFile;                   // where those are
+    std::optional<QString> broken;            // where the source ended ahead of its end
+    QString target;                           // the file that was written
 
     void addLacking(char32_t character, qint64 record);
     void addUnreadable(qint64 record, const QString &why);
 };
 
 QString report(const TidyResult &result, const QString &source);
+// What was lost and what is in doubt, in one line; empty where nothing is.
+QString warning(const TidyResult &result);
 
 } // namespace filetools

@@ -1,8 +1,10 @@
 #include "filetools/tidyRun.h"
+#include "filetools/fitText.h"
 #include "filetools/isoSource.h"
 #include "filetools/marcXmlSource.h"
 #include "platform/codepage936.h"
 #include "platform/paths.h"
+#include <QFileInfo>
 #include <algorithm>
 #include <filesystem>
 #include <system_error>
@@ -52,31 +54,6 @@ void blankBreaks(QString &text) {
         text.replace(u"\r\n"_s, u" "_s).replace(u'\r', u' ').replace(u'\n', u' ');
 }
 
-bool holdsAll(TargetForm form, const QString &text) {
-    if (form == TargetForm::GbkIso)
-        return platform::isEncodable(text);
-    return form == TargetForm::Utf8Iso ||
-           std::ranges::all_of(text, [](QChar unit) { return canHold(TargetForm::MarcXml, unit.unicode()); });
-}
-
-// Puts "?" for what the form cannot hold, and hands it back as it was met.
-QList<char32_t> replaceWhatLacks(TargetForm form, QString &text) {
-    QList<char32_t> lacking;
-    if (holdsAll(form, text))
-        return lacking;
-    QString held;
-    for (const char32_t character : text.toUcs4()) {
-        if (canHold(form, character)) {
-            held += QStringView(QChar::fromUcs4(character)); // and no byte order mark is taken for one
-        } else {
-            held += u'?';
-            lacking.append(character);
-        }
-    }
-    text = held;
-    return lacking;
-}
-
 Status moveOver(const QString &from, const QString &to) {
     std::error_code error;
     std::filesystem::rename(from.toStdU16String(), to.toStdU16String(), error);
@@ -96,7 +73,8 @@ TidyFiles::TidyFiles(const QString &target)
 QStringList TidyFiles::existing() const {
     QStringList found;
     for (const QString &path : {target, unreadable, unreadableXml, ahead}) {
-        if (platform::fileExists(path) && !found.contains(path))
+        const bool stands = platform::fileExists(path) || QFileInfo(path).isSymLink(); // be it to nowhere
+        if (stands && !found.contains(path))
             found.append(path);
     }
     return found;
@@ -149,6 +127,7 @@ platform::Result<bool> TidyRun::look() {
         return more.failure();
     const marc::FileFacts facts = m_survey->facts();
     m_result.encoding = facts.encoding;
+    m_result.doubtful = facts.doubtful;
     if (more.value() && !isXmlSource())
         return true;
     m_survey.reset();
@@ -206,9 +185,10 @@ qint64 TidyRun::damagedInHand() {
 
 Status TidyRun::keep() {
     TidyRecord record = m_records->record();
+    record.leader = leaderFor(m_form, record.leader);
     blankBreaks(record.data);
     const qint64 damaged = damagedInHand();
-    const QList<char32_t> lacking = replaceWhatLacks(m_form, record.data);
+    const QList<char32_t> lacking = fitText(m_form, record.data);
     Status written = platform::success();
     if (const QString why = write(record, written); !why.isEmpty())
         return setAside(why);

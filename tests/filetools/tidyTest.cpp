@@ -1,4 +1,5 @@
 #include "filetools/files.h"
+#include "filetools/fitText.h"
 #include "filetools/isoSource.h"
 #include "filetools/tidyRun.h"
 #include "marc/recordMaking.h"
@@ -13,9 +14,8 @@ using files::Folder;
 
 namespace {
 
-// Runs to the end; what failed, or empty.
-QString run(TidyRun &tidy) {
-    platform::Status status = tidy.open();
+// Goes on to the end; what failed, or empty.
+QString goOn(TidyRun &tidy, platform::Status status = platform::success()) {
     while (status) {
         const platform::Result<bool> more = tidy.step();
         if (!more)
@@ -26,6 +26,10 @@ QString run(TidyRun &tidy) {
         }
     }
     return status ? QString() : status.failure().description;
+}
+
+QString run(TidyRun &tidy) {
+    return goOn(tidy, tidy.open());
 }
 
 struct Tidied {
@@ -125,18 +129,46 @@ TEST(Tidy, WhatIsLostIsToldByCharacterAndRecord) {
                       u"𠮷（U+20BB7）：3 处，第 1、2 条\r\n\r\n【受损】\r\n受损字节 1 处：第 4 条\r\n"));
 
     // XML cannot hold most control characters; the exchange layout in UTF-8 holds everything.
-    const QByteArray odd = recordOf(u"200=10$a\u0001甲<&\"|300=stray|310=  $|320=  $ x\uFEFFy|001=\u001Fa"_s).toUtf8();
+    const QByteArray odd =
+        recordOf(u"200=10$a\u0001甲\uFFFE<&\"|300=stray|310=  $|320=  $ x\uFEFFy|001=\u001Fa"_s).toUtf8();
     const Tidied xml = tidied(folder, odd, TargetForm::MarcXml);
     EXPECT_EQ(xml.result.lackingByCharacter.begin()->first, 1U);
     const QByteArray back = tidied(folder, xml.bytes, TargetForm::Utf8Iso).bytes;
-    const QString fields = u"|10<a?甲<&\"|stray|  <|  < x\uFEFFy|  <a|>"_s;
+    const QString fields = u"|10<a?甲?<&\"|stray|  <|  < x\uFEFFy|  <a|>"_s;
     EXPECT_EQ(marc::visible(QString::fromUtf8(back.mid(back.indexOf('\x1E')))), fields);
 
     EXPECT_EQ(tidied(folder, lost.toUtf8(), TargetForm::Utf8Iso).result.lacking.count, 0);
 }
 
+TEST(Tidy, GbkKeepsWhatCanBeKept) {
+    const std::pair<QStringView, QStringView> rows[] = {
+        {u"u\u0308ber, ǚ: u\u0308\u030C", u"über, ǚ: ǚ"}, // put together
+        {u"\u2126\u00A0x", u"\u03A9 x"},
+        {u"\u0098Die \u009CWelt\u200E 甲\uFE00\U000E0101", u"Die Welt 甲"}, // invisible
+        {u"n\u0303 ñ", u"n? ?"},
+        {u"\uFA0C兀", u"\uFA0C兀"}, // the code page tells these two apart
+    };
+    for (const auto &[text, expected] : rows) {
+        QString fitted = text.toString();
+        const qsizetype lost = fitText(TargetForm::GbkIso, fitted).size();
+        EXPECT_EQ(fitted, expected.toString());
+        EXPECT_EQ(lost, expected.count(u'?'));
+        for (const TargetForm form : {TargetForm::Utf8Iso, TargetForm::MarcXml}) {
+            QString kept = text.toString();
+            EXPECT_TRUE(fitText(form, kept).isEmpty() && kept == text) << kept.toStdString();
+        }
+    }
+    // The leader is that of the layout that is written, whatever the source's was.
+    const Folder folder;
+    QByteArray foreign = recordOf(u"200=10$a甲乙丙"_s).toUtf8();
+    foreign.replace(9, 3, "a11").replace(20, 4, "4500");
+    EXPECT_EQ(tidied(folder, foreign).bytes.mid(5, 7) + tidied(folder, foreign).bytes.mid(17, 7), "nam0 22   450 ");
+    EXPECT_EQ(tidied(folder, foreign, TargetForm::Utf8Iso).bytes.mid(5, 7), "nam0a22");
+}
+
 TEST(Tidy, DamagedDirectoriesAreMadeAnewOrTheRecordIsKeptAsItIs) {
     const QByteArray good = platform::encode(recordOf(u"001=x|200=10$a甲$f乙|606=  $a丙|905=  $a丁"_s));
+    const QByteArray other = platform::encode(recordOf(u"005=yz|210=  $c子丑寅|700= 0$a卯|995=  $a辰巳"_s));
     const auto without = [&](qsizetype at, qsizetype count = 1) { return QByteArray(good).remove(at, count); };
     const auto swapped = [&]() -> QByteArray { // the entries of 200 and 606
         return good.first(36) + good.sliced(48, 12) + good.sliced(36, 12) + good.sliced(60);
@@ -156,15 +188,20 @@ TEST(Tidy, DamagedDirectoriesAreMadeAnewOrTheRecordIsKeptAsItIs) {
         {"a field without its end", QByteArray(good).replace("\xB6\xA1\x1E", "\xB6\xA1"), false, false},
         {"no field terminator", QByteArray(good).replace('\x1E', ' '), false, false},
         {"shorter than a leader", QByteArray("x\x1E\x1D"), false, false},
+        {"terminators of nothing", "\x1D\r\n\x1D" + good, true, false},
+        {"a file without its last bytes", good.chopped(9), false, false},
         {"entries in another order", swapped(), true, false},
     };
     const Folder folder;
     for (const auto &[what, bytes, usable, found] : rows) {
-        const Tidied made = tidied(folder, good + bytes);
+        // After a record with other tags and words, so that nothing of it passes for this one.
+        const Tidied made = tidied(folder, other + bytes);
         EXPECT_EQ(made.result.in, 2) << what;
         EXPECT_EQ(made.result.out, 1 + usable) << what;
         EXPECT_EQ(made.result.damagedDirectories.count, found) << what;
         if (!usable) {
+            const bool isTail = !bytes.endsWith('\x1D');
+            EXPECT_EQ(made.result.reasons[0].first, isTail ? u"没有记录结束符"_s : u"目次区和字段对不上"_s) << what;
             EXPECT_EQ(folder.read(u"t.bad.iso"_s), bytes + "\r\n") << what;
         } else if (QByteArray(what).startsWith("entries")) {
             EXPECT_TRUE(made.bytes.contains("x\x1E  \x1F"
@@ -172,7 +209,7 @@ TEST(Tidy, DamagedDirectoriesAreMadeAnewOrTheRecordIsKeptAsItIs) {
                                             "10"))
                 << made.bytes.toStdString();
         } else {
-            EXPECT_EQ(made.bytes, good + "\r\n" + good + "\r\n") << what;
+            EXPECT_EQ(made.bytes, other + "\r\n" + good + "\r\n") << what;
         }
         QFile::remove(folder.path(u"t.bad.iso"_s));
     }
@@ -196,6 +233,12 @@ TEST(Tidy, WhatTheLayoutCannotHoldIsKeptBesideByteForByte) {
                               u"}：\r\n第 2 条：字段 200 有 10000 字节，长过 9999 字节\r\n"
                               u"第 4 条：200039 字节，长过 99999 字节\r\n第 5 条：太长\r\n"))
         << report(made.result, {}).toStdString();
+    // One reason stands there once, however many records have it.
+    const QString bare = QString(u"no directory\u001D"_s).repeated(4000);
+    const QString told = report(tidied(folder, (good + bare).toUtf8()).result, {});
+    EXPECT_TRUE(told.contains(u"第 2、3、4、5、6、7、8、9、10、11……条（共 4000 条）：目次区和字段对不上\r\n"_s) &&
+                told.count(u"目次区和字段"_s) == 1)
+        << told.toStdString();
     const QByteArray wide = converted(longField + good, QStringConverter::Utf16BE);
     EXPECT_EQ(tidied(folder, wide).result.out, 1);
     EXPECT_TRUE(folder.read(u"t.bad.iso"_s) == wide.sliced(2, 2 * longField.size()) + QByteArray("\0\r\0\n", 4));
@@ -271,14 +314,27 @@ TEST(Tidy, AFailureOrAStopLeavesNothingBehind) {
         QFile(source).resize(50);
         EXPECT_TRUE(run(grows).contains(u"没有记录结束符"_s));
     }
+    for (const TargetForm form : {TargetForm::GbkIso, TargetForm::MarcXml}) {
+        folder.write(u"source.iso"_s, QByteArray(sample() + bad).repeated(30));
+        TidyRun rewritten(source, target, form);
+        ASSERT_TRUE(rewritten.open());
+        while (rewritten.result().out == 0)
+            ASSERT_TRUE(rewritten.step().value());
+        QFile file(source); // other bytes, as many of them
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.write("9") == 1);
+        file.close();
+        EXPECT_TRUE(goOn(rewritten).contains(u"在读取中被改动了"_s));
+    }
     TidyRun none(folder.write(u"source.iso"_s, "no record"), target, TargetForm::GbkIso);
     EXPECT_TRUE(run(none).contains(u"不是机读目录文件"_s));
     TidyRun nowhere(source, folder.path(u"none/t.iso"_s), TargetForm::GbkIso);
     EXPECT_NE(run(nowhere), QString());
     EXPECT_EQ(folder.names(), QStringList{u"t.iso"_s});
-    EXPECT_EQ(folder.read(u"t.iso"_s), "kept");
+    EXPECT_TRUE(folder.read(u"t.iso"_s) == "kept");
     const QString same = u"整理目标文件不能为源文件！"_s;
     EXPECT_EQ(refuseTidy(source, folder.path(u"./source.iso"_s))->text, same);
     EXPECT_EQ(refuseTidy(folder.write(u"a.bad.iso"_s, "x"), folder.path(u"a.iso"_s))->text, same);
     EXPECT_FALSE(refuseTidy(source, target));
+    ASSERT_TRUE(QFile::link(folder.path(u"nowhere"_s), folder.path(u"link.iso"_s)));
+    EXPECT_EQ(TidyFiles(folder.path(u"link.iso"_s)).existing().size(), 1) << "the link stands there, if not its file";
 }
