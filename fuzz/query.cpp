@@ -63,8 +63,8 @@ void checkStatements(Pair &pair) {
     if (pair.torn)
         return;
     for (auto *statement : {catalogueStatement, storeStatement, deleteAllStatement}) {
-        const QString text = statement(real.condition, real.order);
-        const QString model = statement(harmless.condition, harmless.order);
+        const QString text = statement(real.condition.sql, real.order);
+        const QString model = statement(harmless.condition.sql, harmless.order);
         require(apart(text).outside == apart(model).outside, "only literals hold what was typed");
         for (const Server server : servers) {
             const Apart spelled = apart(database::rewrite(text, server, app::tableNames()));
