@@ -38,13 +38,24 @@ bool Button::event(QEvent *event) {
     if (event->type() == QEvent::Shortcut && isBlocked(this))
         return true;
     if (event->type() == QEvent::Shortcut && isEnabled()) {
-        setFocus(Qt::ShortcutFocusReason);
         // Where two buttons of a window bear the same letter, the key goes from one to the other.
-        if (!static_cast<QShortcutEvent *>(event)->isAmbiguous() && isEnabled())
-            click();
+        if (static_cast<QShortcutEvent *>(event)->isAmbiguous())
+            setFocus(Qt::ShortcutFocusReason);
+        else
+            clickByKey();
         return true;
     }
     return QPushButton::event(event);
+}
+
+void Button::clickByKey() {
+    const QPointer<QWidget> former = window()->focusWidget();
+    const QPointer<Button> self = this;
+    setFocus(Qt::ShortcutFocusReason); // leaving a field may disable this button
+    if (isEnabled())
+        click();
+    if (self && former && window()->focusWidget() == this && former->isVisible())
+        former->setFocus(Qt::OtherFocusReason);
 }
 
 void Button::keyPressEvent(QKeyEvent *event) {

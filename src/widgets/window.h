@@ -1,5 +1,6 @@
 // What every window of the program has in common: one way of closing for the close cross, Esc and its own buttons, and
-// buttons that take the focus before they act, so that the field that is left does what it does on being left.
+// buttons that take the focus before they act, so that the field that is left does what it does on being left. After an
+// access key they give it back: the keys of the grid or the field go on working.
 #pragma once
 
 #include <QDialog>
@@ -24,10 +25,12 @@ public:
     QSize minimumSizeHint() const override { return {captionWidth(2), QPushButton::sizeHint().height()}; }
 
 protected:
-    bool event(QEvent *event) override;            // a shortcut takes the focus here first, then clicks
+    // An access key moves the focus here, clicks, and moves it back, unless the click has moved it elsewhere.
+    bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override; // Enter clicks, as the space bar does
 
 private:
+    void clickByKey();
     int captionWidth(int characters) const; // with so many narrow ones as room at both edges together
 };
 

@@ -59,13 +59,14 @@ TEST(FrmTidy, TellsTheFactsAndTidiesByTheKeyboardAlone) {
         EXPECT_EQ(desk.host.lastBox().text, u"处理还没有结束，请先结束处理！"_s);
     };
     desk.host.willAnswer(Answer::Yes);
+    const QWidget *before = form.focusWidget();
     QTest::keyClick(&form, Qt::Key_D, Qt::AltModifier);
     EXPECT_GT(yields, 1);
     EXPECT_EQ(platform::decode(desk.folder.read(u"t.iso"_s)), desk.tidied);
     EXPECT_TRUE(form.txtResult->text().contains(u"𠮷（U+20BB7）：5 处，第 1、2、3、4、5 条"_s) &&
                 form.txtResult->isReadOnly());
     EXPECT_EQ(form.labShuDo->pacedText(), u"成功处理：5条"_s);
-    EXPECT_TRUE(form.cmdClick[0]->hasFocus() && !form.cmdClick[1]->isEnabled() && form.cboForm->isEnabled());
+    EXPECT_TRUE(form.focusWidget() == before && !form.cmdClick[1]->isEnabled() && form.cboForm->isEnabled());
     desk.leave();
 }
 

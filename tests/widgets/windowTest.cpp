@@ -1,6 +1,8 @@
 #include "widgets/window.h"
 #include "support/qtPrinters.h"
+#include <QLineEdit>
 #include <QShortcutEvent>
+#include <QTest>
 
 using namespace widgets;
 
@@ -32,4 +34,54 @@ TEST(Button, AShortcutDoesNotReachBehindAModalWindow) {
     front.close();
     press();
     EXPECT_EQ(clicks, 2);
+}
+
+// What a field does on being left comes before the command; the keyboard is in the field again after it, also where the
+// command has shown a modal window. A command that moves the focus, or closes the window, has the last word.
+TEST(Button, AnAccessKeyGivesTheFocusBack) {
+    Window window(u"window"_s, {});
+    QLineEdit field(&window);
+    QLineEdit other(&window);
+    Button button(u"cmd"_s, u"&N 下一条"_s, &window);
+    QStringList events;
+    std::function<void()> command;
+    QObject::connect(&field, &QLineEdit::editingFinished, &window, [&] { events.append(u"left"_s); });
+    QObject::connect(&button, &Button::clicked, &window, [&] {
+        events.append(u"clicked"_s);
+        if (command)
+            command();
+    });
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    const auto focusAfter = [&](std::function<void()> act) {
+        command = std::move(act);
+        field.setEnabled(true);
+        other.setEnabled(true);
+        field.setFocus();
+        QTest::keyClick(&field, Qt::Key_X);
+        events.clear();
+        QTest::keyClick(&field, Qt::Key_N, Qt::AltModifier);
+        EXPECT_EQ(events, (QStringList{u"left"_s, u"clicked"_s}));
+        return window.focusWidget();
+    };
+    EXPECT_EQ(focusAfter({}), &field);
+    EXPECT_EQ(focusAfter([&] {
+                  Window box(u"box"_s, {}, &window);
+                  QLineEdit inside(&box);
+                  QTimer::singleShot(0, &box, [&] { box.close(); });
+                  box.exec();
+              }),
+              &field);
+    EXPECT_EQ(focusAfter([&] { other.setFocus(); }), &other);
+    EXPECT_EQ(focusAfter([&] { field.setEnabled(false); }), &button) << "nowhere to go back to";
+    QTest::mouseClick(&button, Qt::LeftButton);
+    EXPECT_EQ(window.focusWidget(), &button);
+    auto *gone = new Button(u"gone"_s, u"&G"_s, &window);
+    QObject::connect(gone, &Button::clicked, &window, [&] { delete gone; });
+    gone->show();
+    field.setEnabled(true);
+    field.setFocus();
+    QTest::keyClick(&field, Qt::Key_G, Qt::AltModifier);
+    EXPECT_EQ(window.findChild<Button *>(u"gone"_s), nullptr);
 }
