@@ -153,9 +153,9 @@ std::optional<EditedRecord::Gone> EditedRecord::go(const std::optional<FieldHist
     m_state.leader = step->state.leader;
     m_state.edited = step->state.edited;
     m_state.rowsCameOrWent = step->state.rowsCameOrWent;
-    const int row = std::min(assign(step->state.rows), rowCount());
+    const int row = assign(step->state.rows);
     Q_EMIT edited();
-    return Gone{step->words, row};
+    return Gone{step->words, std::min(row, rowCount())};
 }
 
 void EditedRecord::takenOver() {

@@ -34,7 +34,7 @@ struct Workspace : testing::Test {
             text += titled(u"题" + QString::number(i)) + QStringLiteral("\r\n");
         write("records.iso", text);
     }
-    workspace::frmDaoru &load() {
+    std::unique_ptr<workspace::frmDaoru> make() {
         const auto note = [this](const QString &what) { opened.append(what); };
         const auto assistant = [this, note](const QString &name) {
             return [this, note, name](const QString &text, QWidget *) {
@@ -42,7 +42,7 @@ struct Workspace : testing::Test {
                 return assistantGives;
             };
         };
-        form = std::make_unique<workspace::frmDaoru>(
+        return std::make_unique<workspace::frmDaoru>(
             host,
             workspace::WorkspaceWindows{
                 .showCard = [note](const QString &record, const QString &mode,
@@ -53,11 +53,14 @@ struct Workspace : testing::Test {
                         note(count + u' ' + records->record(0));
                         return outcome;
                     },
-                .proofAll = {},
+                .proofAll = [note](auto, auto, auto) { note(QStringLiteral("proof all")); },
                 .showRefused = {},
                 .leaderAssistant = assistant(QStringLiteral("LR000 ")),
                 .field100Assistant = assistant(QStringLiteral("LR100 ")),
             });
+    }
+    workspace::frmDaoru &load() {
+        form = make();
         form->publicMarcFile = path();
         form->load();
         return *form;

@@ -32,6 +32,7 @@ void DraftKeeper::begin(const QString &recordFile) {
     m_recordFile = recordFile;
     m_file.reset();
     m_book.begin();
+    m_written = {};
     ready();
 }
 
@@ -46,15 +47,24 @@ bool DraftKeeper::ready() {
     }
     DraftFile file(folder.value(), m_recordFile);
     auto found = file.read();
-    m_file = std::move(file);
     if (!found) {
+        m_file = std::move(file);
         Q_EMIT told(found.failure().description);
         return true;
     }
-    if (const Drafts &older = found.value().older; !older.isEmpty())
-        Q_EMIT told(u"另有 %1 条更早的修改"_s.arg(older.size()) + setAside(older));
-    m_book.leave(std::move(found).value().drafts);
-    m_written.revision = m_book.revision();
+    const Drafts &older = found.value().older;
+    if (const auto path = older.isEmpty() ? platform::Result(QString()) : file.setAside(older); !path) {
+        Q_EMIT fault(u"修改无法暂存："_s + path.failure().description);
+        return false;
+    } else if (!older.isEmpty()) {
+        Q_EMIT told(u"另有 %1 条更早的修改，另存为 "_s.arg(older.size()) + path.value());
+    }
+    m_file = std::move(file);
+    m_book.leave(found.value().drafts);
+    if (older.isEmpty())
+        m_written.revision = m_book.revision();
+    else
+        touch(); // the file still has the older ones
     if (!m_book.left().isEmpty())
         Q_EMIT offered(m_book.left().size());
     return true;

@@ -27,11 +27,12 @@ public:
     void giveUp();
     // Rows from 0; `wentIn` is asked for rows that were changed.
     void imported(const std::function<bool(int row)> &wentIn);
-    void listed(int count);       // record number `count` has been listed
-    void readToTheEnd(int count); // the file has so many records
-    void touch();                 // something has changed: a write follows within two seconds
-    void write();                 // at once
-    qsizetype changed() const;    // records changed and not imported
+    void listed(int count);                          // record number `count` has been listed
+    void readToTheEnd(int count);                    // the file has so many records
+    void touch();                                    // something has changed: a write follows within two seconds
+    void write();                                    // at once
+    bool isDue() const { return m_pace.isActive(); } // a write is to follow
+    qsizetype changed() const;                       // records changed and not imported
 
 Q_SIGNALS:
     void offered(qsizetype records);

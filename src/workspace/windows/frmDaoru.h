@@ -45,6 +45,7 @@ public:
     QString publicMarcFile; // never changes once the window is loaded
     const QString &publicTouBiao() const { return m_record->state().leader; }
     bool recordChanged() const { return m_record->state().edited; }
+    DraftKeeper &drafts() { return m_drafts; }
     bool stopFlag() const { return m_reading.stopFlag(); }
     int editRow() const { return m_editors.editRow; }
     int editCol() const { return m_editors.editCol; }

@@ -1,0 +1,405 @@
+// Random acts on the workspace's window against a small model of its state. TARVEX_ACTS and TARVEX_SEED give another
+// number of acts and another beginning.
+#include "support/dice.h"
+#include "workspaceFixture.h"
+#include "workspaceModel.h"
+#include <QDir>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+using namespace workspace;
+using platform::Answer;
+
+namespace {
+
+constexpr int firstBatch = 200;
+
+struct RandomActs : Workspace {
+    WorkspaceModel model;
+    Dice dice{1};
+    QStringList acts; // the last ones, for the reader of a failure
+    int opened = 0;   // how often a file was
+
+    void SetUp() override {
+        Workspace::SetUp();
+        write("cnmarc_default.Qvs", u"300 附注\r\n005 时间\r\n606 主题\r\n???自定\r\n"_s);
+        write("cnmarc_zzdtshi.Qvs",
+              u"[200]\r\n$e 副题名\r\n$h 分册号\r\n[606]\r\n$a 主题\r\n[300]\r\n$a 附注\r\n[999]\r\n"_s);
+        model.folder = host.folder + u'/';
+        model.now = host.clock;
+        model.damaged = [this](const QString &) { host.willAnswer(Answer::No); };
+        QDir(host.folder).mkpath(u"other"_s);
+        for (const auto &[name, count] : {std::pair{u"a.iso"_s, 5}, {u"b.iso"_s, 30}, {u"c.iso"_s, 206}})
+            for (const QString &folder : {QString(), u"other/"_s})
+                fill(host.folder + u'/' + folder + name, count);
+    }
+    // Records of one length, so that files differ in nothing but their text.
+    void fill(const QString &path, int count) {
+        QStringList records;
+        for (int i = 0; i < count; ++i)
+            records.append(
+                recordOf({{u"001"_s, u"0 1"_s},
+                          {u"200"_s, QString(u"1 $a題" + QString::number(1000 + dice.below(9000)) + u"$f著者")},
+                          {u"300"_s, u"  $a一"_s}}));
+        model.files[path].records = records;
+        EXPECT_TRUE(platform::writeTextFile(path, records.join(u"\r\n"_s) + u"\r\n"));
+    }
+
+    // One window after the other.
+    void open() {
+        if (form)
+            form->close();
+        form.reset();
+        const QString path = model.files.keys()[dice.below(model.files.size())];
+        change(path);
+        form = make();
+        form->publicMarcFile = path;
+        form->load();
+        model.open(path, firstBatch);
+        show();
+        ++opened;
+        ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
+    }
+    // Now and then the file is another one by then, with the size and the time that it had, or without.
+    void change(const QString &path) {
+        const int how = dice.below(12);
+        if (how > 1)
+            return;
+        const QDateTime time = QFileInfo(path).lastModified();
+        fill(path, int(model.files[path].records.size()));
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+        ASSERT_TRUE(file.setFileTime(time.addSecs(how), QFileDevice::FileModificationTime));
+        model.files[path].version += how;
+    }
+    void close() {
+        if (model.row < 0)
+            return;
+        model.write(); // at the window's end
+        host.willAnswer(Answer::Yes);
+        form->close();
+        form.reset();
+        open();
+    }
+    void kill() {
+        form.reset();
+        open();
+    }
+
+    // The keyboard and the mouse.
+    void key(QWidget *where, Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(where, key, modifiers);
+    }
+    bool answerIfAsked() {
+        const bool keep = dice.below(2);
+        if (model.grid.edited)
+            host.willAnswer(keep ? Answer::Yes : Answer::No);
+        return keep;
+    }
+    void step(int by) {
+        const int next = model.row + by;
+        if (next < 0 || next >= model.list.size())
+            return;
+        model.leave(answerIfAsked(), false);
+        model.enter(next);
+        if (dice.below(2))
+            form->cmdTiMing[by > 0 ? 1 : 0]->click();
+        else
+            key(form->Grid1, by > 0 ? Qt::Key_PageDown : Qt::Key_PageUp, Qt::ControlModifier);
+    }
+    void goTo() {
+        const int row = dice.below(std::min<qsizetype>(model.list.size(), dice.below(4) ? 12 : 1000));
+        if (row == model.row)
+            return;
+        model.leave(answerIfAsked(), true);
+        model.enter(row);
+        if (dice.below(2))
+            return form->Grid2->clickRow(row);
+        key(form->Grid1, Qt::Key_G, Qt::ControlModifier);
+        form->findLine->findText->setText(QString::number(row + 1));
+        key(form->findLine->findText, Qt::Key_Return);
+        key(form->findLine->findText, Qt::Key_Escape);
+    }
+
+    int anyRow() { return 1 + dice.below(model.grid.rows.size()); }
+    void toRow(int row) {
+        form->Grid1->setFocus();
+        form->Grid1->setRow(row);
+    }
+    void edit() {
+        const int row = anyRow();
+        const marc::FieldRow before = model.grid.rows[row - 1];
+        if (before.identifier.isEmpty())
+            return;
+        toRow(row);
+        key(form->Grid1, Qt::Key_Return);
+        if (const int how = dice.below(4); how > 0) {
+            const QStringList texts{u"1#"_s, u" "_s, u"題"_s, u"é"_s, before.value, u' ' + before.value, QString()};
+            form->richText->setText(dice.oneOf(texts));
+        }
+        model.typing = {row, form->richText->text()};
+        while (dice.below(3) == 0)
+            whileOpen();
+        if (!form)
+            return;
+        const int end = dice.below(8);
+        if (end == 0)
+            return kill();
+        if (end == 1)
+            return close();
+        const QString text = model.typing->second;
+        model.typing.reset();
+        if (end == 2)
+            return key(form->richText, Qt::Key_Escape);
+        if (end == 3 && before.identifier == u"000") {
+            const std::optional<QString> given =
+                dice.below(2) ? std::optional(u"00000cam0 2200000   450 "_s) : std::nullopt;
+            assistantGives = given;
+            model.change(row, given.value_or(text), given.value_or(text) != before.value, given.value_or(text));
+            return key(form->richText, Qt::Key_E, Qt::ControlModifier);
+        }
+        model.change(row, text, platform::trimBlanks(text) != before.value);
+        key(form->richText, Qt::Key_Return);
+    }
+    // What an open editor closes off.
+    void whileOpen() {
+        QWidget *editor = form->richText;
+        switch (dice.below(9)) {
+        case 0:
+            return key(editor, Qt::Key_PageDown, Qt::ControlModifier);
+        case 1:
+            return form->draftBar->cmdHuiFu->click();
+        case 2:
+            return form->draftBar->cmdDiuQi->click();
+        case 3:
+            return key(editor, Qt::Key_F3);
+        case 4:
+            return key(editor, Qt::Key_G, Qt::ControlModifier);
+        case 5:
+            form->cmdJiaoDuiAll->click();
+            return form->room->cmdQuanWen->click();
+        case 6:
+            return key(editor, Qt::Key_Y, Qt::ControlModifier);
+        case 7:
+            return key(editor, Qt::Key_H, Qt::AltModifier);
+        default:
+            tick();
+            compare();
+        }
+    }
+    void tag() {
+        const int row = anyRow();
+        const marc::FieldRow before = model.grid.rows[row - 1];
+        if (platform::trimBlanks(before.identifier).isEmpty())
+            return;
+        toRow(row);
+        key(form->Grid1, Qt::Key_F2);
+        const QString text = beginsField(before) ? QString(u"31" + QString::number(dice.below(10)))
+                                                 : QString(u'$' + QString(QChar(u'a' + dice.below(5))));
+        form->Text1->setText(text);
+        model.grid.rows[row - 1].identifier = text;
+        model.grid.edited = model.grid.edited || text != before.identifier;
+        model.note();
+        key(form->Text1, Qt::Key_Return);
+    }
+    void add(bool field) {
+        if (model.grid.rows[0].identifier.isEmpty())
+            return;
+        const int current = anyRow();
+        toRow(current);
+        ScriptedHost &said = host;
+        const qsizetype boxes = said.boxes.size();
+        key(form->Grid1, Qt::Key_Insert, field ? Qt::ControlModifier : Qt::NoModifier);
+        widgets::ChoiceList *list = field ? form->zdList : form->Zzdlist;
+        if (said.boxes.size() > boxes || !list->isVisible())
+            return; // the section is missing
+        const int how = dice.below(6);
+        if (how == 0)
+            return key(list, Qt::Key_Escape);
+        if (how == 1)
+            return step(1); // with the list open
+        list->setCurrentRow(dice.below(list->count()));
+        const QString line = list->currentItem()->text();
+        model.insert(field ? newField(model.grid.rows, current, line) : newSubfield(model.grid.rows, current, line));
+        key(list, Qt::Key_Return);
+    }
+    void remove(bool field) {
+        if (model.grid.rows[0].identifier.isEmpty())
+            return;
+        const int current = anyRow();
+        const bool yes = dice.below(4);
+        toRow(current);
+        const marc::FieldRow row = model.grid.rows[current - 1];
+        const auto head = fieldOf(model.grid.rows, current);
+        const bool asked = field ? current != 1 && head : !beginsField(row);
+        if (asked)
+            host.willAnswer(yes ? Answer::Yes : Answer::No);
+        if (asked && yes && field)
+            model.remove(*head, rowsOfField(model.grid.rows, *head));
+        else if (asked && yes)
+            model.remove(current, 1);
+        key(form->Grid1, Qt::Key_Delete, field ? Qt::ControlModifier : Qt::NoModifier);
+    }
+    void go(int by) {
+        const marc::FieldRows before = model.grid.rows;
+        const bool went = model.go(by);
+        key(form->Grid1, by < 0 ? Qt::Key_Z : Qt::Key_Y, Qt::ControlModifier);
+        if (!went || before == model.grid.rows)
+            return;
+        const int first = int(std::ranges::mismatch(before, model.grid.rows).in1 - before.begin()) + 1;
+        EXPECT_EQ(form->Grid1->row(), std::min<int>(first, int(model.grid.rows.size())))
+            << "what was undone is in sight";
+    }
+    // The rest of the file, or some of it; the draft bar may be answered meanwhile.
+    void readOn() {
+        if (!form->cmdclick[3]->isEnabled())
+            return;
+        const int stopAt = model.listed + dice.below(12);
+        const bool stops = dice.below(3);
+        host.onYield = [&] {
+            const int read = form->Text3->pacedText().toInt();
+            model.readTo(read);
+            if (dice.below(20) == 0)
+                answerBar(true);
+            if (stops && read >= stopAt)
+                form->cmdJieShu->click();
+        };
+        model.atEnd = false;
+        form->cmdclick[3]->click();
+        host.onYield = {};
+        model.readTo(form->Text3->pacedText().toInt());
+    }
+    void import() {
+        const bool keep = answerIfAsked();
+        outcome = {};
+        outcome.taken = dice.below(3) ? dice.below(model.listed + 1) : model.listed;
+        QSet<int> refused;
+        for (int i = dice.below(4); i > 0 && outcome.taken > 0; --i)
+            refused.insert(dice.below(outcome.taken));
+        for (const int row : std::as_const(refused))
+            outcome.refused.append({row, u"refused"_s});
+        model.import(keep, outcome.taken, refused);
+        form->cmdclick[5]->click();
+    }
+    void answerBar(bool restore) {
+        if (!model.offered)
+            return;
+        if (restore)
+            model.restore();
+        else
+            model.giveUp();
+        (restore ? form->draftBar->cmdHuiFu : form->draftBar->cmdDiuQi)->click();
+    }
+    // The two seconds are over.
+    void tick() {
+        model.write();
+        form->drafts().write();
+        compareDisk();
+    }
+
+    void act() {
+        static const QList<std::pair<const char *, std::function<void()>>> all{
+            {"next", [this] { step(1); }},
+            {"previous", [this] { step(-1); }},
+            {"go to", [this] { goTo(); }},
+            {"edit", [this] { edit(); }},
+            {"edit", [this] { edit(); }},
+            {"edit", [this] { edit(); }},
+            {"tag", [this] { tag(); }},
+            {"add field", [this] { add(true); }},
+            {"add subfield", [this] { add(false); }},
+            {"delete field", [this] { remove(true); }},
+            {"delete subfield", [this] { remove(false); }},
+            {"undo", [this] { go(-1); }},
+            {"undo", [this] { go(-1); }},
+            {"redo", [this] { go(1); }},
+            {"tick", [this] { tick(); }},
+        };
+        static const QList<std::pair<const char *, std::function<void()>>> rare{
+            {"read on", [this] { readOn(); }},
+            {"import", [this] { import(); }},
+            {"restore", [this] { answerBar(true); }},
+            {"give up", [this] { answerBar(false); }},
+            {"restore", [this] { answerBar(true); }},
+            {"close", [this] { close(); }},
+            {"kill", [this] { kill(); }},
+        };
+        const auto &[name, what] = dice.oneOf(dice.below(6) ? all : rare);
+        acts.append(QString::fromLatin1(name));
+        if (acts.size() > 12)
+            acts.removeFirst();
+        what();
+    }
+
+    // Grid, list, marks and drafts.
+    void compare() {
+        const EditedRecord &record = form->record();
+        ASSERT_EQ(record.rows(), model.grid.rows);
+        ASSERT_EQ(record.state().leader, model.grid.leader);
+        ASSERT_EQ(record.state().edited, model.grid.edited);
+        ASSERT_EQ(record.state().rowsCameOrWent, model.grid.cameOrWent);
+        ASSERT_EQ(form->Grid1->rows(), model.grid.rows.size() + 1);
+        for (int row = 1; row <= model.grid.rows.size(); ++row) {
+            ASSERT_EQ(form->Grid1->text(row, ValueColumn), model.grid.rows[row - 1].value);
+            ASSERT_EQ(form->Grid1->cellBackground(row, 1).has_value(), model.grid.rows[row - 1].number.isEmpty());
+        }
+        ASSERT_EQ(form->Grid2->row(), model.row);
+        ASSERT_EQ(form->records().rowCount(), model.list.size());
+        for (int row = 0; row < model.list.size(); ++row) {
+            ASSERT_EQ(form->records().record(row), model.list[row]) << row;
+            ASSERT_EQ(form->records().title(row), model.titles[row]) << row;
+        }
+        ASSERT_EQ(form->draftBar->isVisible(), model.offered);
+        ASSERT_EQ(form->drafts().changed(), model.changedCount());
+        ASSERT_TRUE(form->drafts().isDue() || model.drafts().means() == model.disk.value(model.path).means());
+    }
+    void compareDisk() {
+        const QDir folder(host.remembered().folderFor(u"drafts"_s).value());
+        QMap<QString, WorkspaceModel::OnDisk> found;
+        for (const QString &name : folder.entryList({u"*.json"_s})) {
+            QFile file(folder.filePath(name));
+            ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+            WorkspaceModel::OnDisk &drafts =
+                found[QJsonDocument::fromJson(file.readLine()).object()[u"path"_s].toString()];
+            while (!file.atEnd()) {
+                const QJsonObject draft = QJsonDocument::fromJson(file.readLine()).object();
+                auto &part = draft[u"left"_s].toBool() ? drafts.left : drafts.changed;
+                part.insert(draft[u"row"_s].toInt(), {draft[u"record"_s].toString(), {}});
+            }
+        }
+        ASSERT_EQ(found.keys(), model.disk.keys());
+        const auto records = [](const WorkspaceModel::Drafts &drafts) {
+            QMap<int, QString> result;
+            for (auto draft = drafts.begin(); draft != drafts.end(); ++draft)
+                result.insert(draft.key(), draft->record);
+            return result;
+        };
+        for (const QString &path : found.keys()) {
+            const auto [newest, older] = found[path].means();
+            const auto [wanted, wantedOlder] = model.disk[path].means();
+            ASSERT_EQ(records(newest), records(wanted));
+            ASSERT_EQ(records(older), records(wantedOlder));
+        }
+        ASSERT_EQ(folder.entryList({u"*.kept"_s}).size(), model.kept);
+    }
+};
+
+} // namespace
+
+TEST_F(RandomActs, LeaveWhatTheModelHas) {
+    const int many = qEnvironmentVariable("TARVEX_ACTS", u"1500"_s).toInt();
+    const int seed = qEnvironmentVariable("TARVEX_SEED", u"1"_s).toInt();
+    dice = Dice(unsigned(seed));
+    open();
+    for (int number = 0; number < many; ++number) {
+        act();
+        if (!HasFailure())
+            compare();
+        ASSERT_FALSE(HasFailure()) << "seed " << seed << ", act " << number << ": " << acts.join(u", "_s).toStdString();
+    }
+    host.willAnswer(Answer::Yes);
+    form->close();
+    model.write();
+    compareDisk();
+    RecordProperty("opened", opened);
+}
