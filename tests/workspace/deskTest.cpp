@@ -1,6 +1,9 @@
 // What the desk gives beside the editing: finding, undoing, keeping, saying where one stands.
+#include "support/fullDisk.h"
 #include "workspace/statusFacts.h"
 #include "workspaceFixture.h"
+#include <QDir>
+#include <QFileInfo>
 
 using namespace workspace;
 
@@ -158,6 +161,95 @@ TEST_F(Desk, EditsOutliveTheProgramUntilTheyAreImported) {
     EXPECT_EQ(drafts(), 0);
     load().show();
     EXPECT_FALSE(form->draftBar->isVisible());
+}
+
+// The first change starts the two seconds; what is done within them does not put the write off.
+TEST_F(Desk, PagingDoesNotPutAWriteOff) {
+    auto &window = load(30);
+    window.show();
+    change(4, u"改"_s);
+    DraftKeeper &drafts = window.drafts();
+    const int due = drafts.dueIn();
+    ASSERT_GE(due, 0);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return drafts.dueIn() < due - 20; }));
+    const int then = drafts.dueIn();
+    host.willAnswer(platform::Answer::Yes);
+    window.cmdTiMing[1]->click();
+    window.cmdTiMing[1]->click();
+    EXPECT_LE(drafts.dueIn(), then);
+}
+
+TEST_F(Desk, ADraftThatCannotBeWrittenIsReportedUntilItCan) {
+    const QString state = QFileInfo(host.remembered().folderFor(u"drafts"_s).value().chopped(1)).path();
+    ASSERT_TRUE(QDir(state + u"/drafts").removeRecursively());
+    QFile blocking(state + u"/drafts");
+    ASSERT_TRUE(blocking.open(QIODevice::WriteOnly)); // no folder can be made
+    auto &window = load(2);
+    window.show();
+    EXPECT_TRUE(says(u"⚠ 修改无法暂存："_s));
+    change(4, u"改"_s);
+    window.drafts().write();
+    EXPECT_TRUE(says(u"⚠ 修改无法暂存："_s));
+    EXPECT_GE(window.drafts().dueIn(), 0) << "tried again";
+    ASSERT_TRUE(blocking.remove());
+    window.drafts().write();
+    EXPECT_FALSE(says(u"暂存"_s));
+    EXPECT_LT(window.drafts().dueIn(), 0);
+    change(4, QString(100'000, u'改'));
+    {
+        const FullDisk full(1000);
+        window.drafts().write();
+    }
+    EXPECT_TRUE(says(u"⚠ 修改无法暂存："_s) && window.drafts().dueIn() >= 0);
+    window.drafts().write();
+    EXPECT_FALSE(says(u"暂存"_s));
+}
+
+TEST_F(Desk, FindingLeadsToTheFieldAndBackToWhereItBegan) {
+    auto &window = load(30);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    const int list = window.Grid2->height();
+    window.Grid1->setFocus();
+    QTest::keyClick(window.Grid1, Qt::Key_F3);
+    EXPECT_EQ(window.Grid2->height(), list) << "nothing moves when the line appears";
+    window.findLine->findText->setText(u"题12"_s);
+    EXPECT_TRUE(found(u"共 1 条"_s));
+    QTest::keyClick(window.findLine->findText, Qt::Key_Return);
+    EXPECT_EQ(window.Grid2->row(), 11);
+    EXPECT_EQ(window.Grid1->row(), 4) << "the row that holds the words";
+    QTest::keyClick(window.findLine->findText, Qt::Key_G, Qt::ControlModifier);
+    EXPECT_EQ(window.findLine->findText->text(), QString()) << "words are no number";
+    QTest::keyClick(window.findLine->findText, Qt::Key_Escape);
+    EXPECT_TRUE(window.Grid1->hasFocus());
+    QTest::keyClick(window.Grid1, Qt::Key_F3);
+    EXPECT_EQ(window.findLine->findText->text(), u"题12"_s);
+
+    change(4, u"另一题"_s); // taken over: it is no hit any more
+    host.willAnswer(platform::Answer::Yes);
+    QTest::keyClick(&window, Qt::Key_PageDown, Qt::ControlModifier);
+    EXPECT_FALSE(window.findLine->findCount->text().contains(u'1'));
+    QTest::keyClick(&window, Qt::Key_F3);
+    EXPECT_TRUE(found(u"没有找到"_s));
+    EXPECT_EQ(window.Grid2->row(), 12);
+}
+
+TEST_F(Desk, AStepIsOneShowAndUndoKeepsItsPlace) {
+    auto &window = load(3);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    int shown = 0, edited = 0;
+    QObject::connect(&window.record(), &EditedRecord::shown, &window, [&] { ++shown; });
+    QObject::connect(&window.record(), &EditedRecord::edited, &window, [&] { ++edited; });
+    window.cmdTiMing[1]->click();
+    EXPECT_TRUE(shown == 1 && edited == 0);
+    change(5, u"责任者"_s);
+    window.Grid1->setRow(2);
+    QTest::keyClick(window.Grid1, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(window.Grid1->row(), 5) << "what was undone is the current row";
+    window.room->cmdQuanWen->click();
+    EXPECT_EQ(window.Grid1->row(), 5);
+    EXPECT_EQ(window.room->wholeText->toPlainText(), value(5));
 }
 
 TEST(StatusLine, SaysTheMostUrgentFirst) {

@@ -31,7 +31,8 @@ public:
     void readToTheEnd(int count);                    // the file has so many records
     void touch();                                    // something has changed: a write follows within two seconds
     void write();                                    // at once
-    bool isDue() const { return m_pace.isActive(); } // a write is to follow
+    // Milliseconds until the write that is to follow; -1 where none is.
+    int dueIn() const { return m_pace.remainingTime(); }
     qsizetype changed() const;                       // records changed and not imported
 
 Q_SIGNALS:
