@@ -39,8 +39,8 @@ INSTANTIATE_TEST_SUITE_P(, Replay,
                          testing::Values(Target{"record", fuzz::record, true}, Target{"mapping", fuzz::mapping},
                                          Target{"configuration", fuzz::configuration}, Target{"texts", fuzz::texts},
                                          Target{"query", fuzz::query}, Target{"maskedEdit", fuzz::maskedEdit},
-                                         Target{"splitMerge", fuzz::splitMerge, true},
-                                         Target{"tidy", fuzz::tidy, true}),
+                                         Target{"splitMerge", fuzz::splitMerge, true}, Target{"tidy", fuzz::tidy, true},
+                                         Target{"drafts", fuzz::drafts}),
                          [](const auto &info) { return info.param.name; });
 
 } // namespace

@@ -14,5 +14,6 @@ void query(QByteArrayView bytes);         // query builder and its statements
 void maskedEdit(QByteArrayView bytes);    // the box with a mask
 void splitMerge(QByteArrayView bytes);    // record files through both file tools
 void tidy(QByteArrayView bytes);          // any file made anew in each form
+void drafts(QByteArrayView bytes);        // a file of drafts
 
 } // namespace fuzz
