@@ -76,11 +76,13 @@ TEST_F(MainWindowTest, FilesComeFromTheStartPageAndByDropping) {
     EXPECT_EQ(windows.calls, QStringList{u"select"_s + folder.path(u"甲.iso"_s)});
     QMimeData dropped;
     dropped.setUrls({QUrl::fromLocalFile(folder.path(u"乙.iso"_s))});
-    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction | Qt::MoveAction, &dropped, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&frame, &enter);
     EXPECT_TRUE(enter.isAccepted());
-    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
+    QDropEvent drop(QPointF(5, 5), Qt::CopyAction | Qt::MoveAction, &dropped, Qt::LeftButton, Qt::NoModifier);
+    drop.setDropAction(Qt::MoveAction); // as a file manager on the same disk proposes
     QApplication::sendEvent(&frame, &drop);
+    EXPECT_EQ(drop.dropAction(), Qt::CopyAction) << "the file stays where it is";
     EXPECT_TRUE(QTest::qWaitFor([&] { return windows.calls.contains(u"select"_s + folder.path(u"乙.iso"_s)); }));
 }
 

@@ -216,8 +216,11 @@ struct RandomActs : Workspace {
         const int how = dice.below(6);
         if (how == 0)
             return key(list, Qt::Key_Escape);
-        if (how == 1)
-            return step(1); // with the list open
+        if (how == 1 && model.row + 1 < model.list.size()) { // a step with the list open
+            model.leave(answerIfAsked(), false);
+            model.enter(model.row + 1);
+            return key(form->Grid1, Qt::Key_PageDown, Qt::ControlModifier);
+        }
         list->setCurrentRow(dice.below(list->count()));
         const QString line = list->currentItem()->text();
         model.insert(field ? newField(model.grid.rows, current, line) : newSubfield(model.grid.rows, current, line));
@@ -350,6 +353,7 @@ struct RandomActs : Workspace {
             ASSERT_EQ(form->records().title(row), model.titles[row]) << row;
         }
         ASSERT_EQ(form->draftBar->isVisible(), model.offered);
+        ASSERT_FALSE(form->zdList->isVisible() || form->Zzdlist->isVisible());
         ASSERT_EQ(form->drafts().changed(), model.changedCount());
         ASSERT_TRUE(form->drafts().dueIn() >= 0 || model.drafts().means() == model.disk.value(model.path).means());
     }

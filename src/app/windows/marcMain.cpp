@@ -1,19 +1,17 @@
 #include "app/windows/marcMain.h"
+#include "widgets/fileDrop.h"
 #include "widgets/layout.h"
 #include "widgets/remembered.h"
 #include <QCloseEvent>
-#include <QDir>
 #include <QDragEnterEvent>
 #include <QIcon>
 #include <QMdiSubWindow>
 #include <QMenuBar>
-#include <QMimeData>
 #include <QScreen>
 #include <QShortcut>
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolButton>
-#include <QUrl>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -113,17 +111,14 @@ void marcMain::selectFile(const QString &path) {
 }
 
 void marcMain::dragEnterEvent(QDragEnterEvent *event) {
-    const QList<QUrl> urls = event->mimeData()->urls();
-    if (urls.size() == 1 && urls[0].isLocalFile())
-        event->acceptProposedAction();
+    widgets::acceptFile(event);
 }
 
 // The dialog waits for its user, and whoever has dropped the file must not wait with it.
 void marcMain::dropEvent(QDropEvent *event) {
-    event->acceptProposedAction();
-    const QString path = QDir::toNativeSeparators(event->mimeData()->urls().constFirst().toLocalFile());
-    QMetaObject::invokeMethod(
-        this, [this, path] { selectFile(path); }, Qt::QueuedConnection);
+    if (const auto path = widgets::acceptFile(event))
+        QMetaObject::invokeMethod(
+            this, [this, path] { selectFile(*path); }, Qt::QueuedConnection);
 }
 
 void marcMain::placeStartPage() {

@@ -2,15 +2,14 @@
 #include "platform/numbers.h"
 #include "platform/paths.h"
 #include "platform/recentFiles.h"
+#include "widgets/fileDrop.h"
 #include "widgets/layout.h"
 #include <QAction>
 #include <QCompleter>
 #include <QDir>
 #include <QDragEnterEvent>
 #include <QKeyEvent>
-#include <QMimeData>
 #include <QStyle>
-#include <QUrl>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -108,14 +107,13 @@ void frmSelectMFile::offerTidying(bool wanted) {
 }
 
 void frmSelectMFile::dragEnterEvent(QDragEnterEvent *event) {
-    const QList<QUrl> urls = event->mimeData()->urls();
-    if (urls.size() == 1 && urls[0].isLocalFile() && !m_busy)
-        event->acceptProposedAction();
+    if (!m_busy)
+        widgets::acceptFile(event);
 }
 
 void frmSelectMFile::dropEvent(QDropEvent *event) {
-    event->acceptProposedAction();
-    choose(QDir::toNativeSeparators(event->mimeData()->urls().constFirst().toLocalFile()));
+    if (const auto path = widgets::acceptFile(event))
+        choose(*path);
 }
 
 void frmSelectMFile::browse() {
