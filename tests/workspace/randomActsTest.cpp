@@ -341,6 +341,10 @@ struct RandomActs : Workspace {
         ASSERT_EQ(record.state().leader, model.grid.leader);
         ASSERT_EQ(record.state().edited, model.grid.edited);
         ASSERT_EQ(record.state().rowsCameOrWent, model.grid.cameOrWent);
+        QList<Losses> losses;
+        for (const marc::FieldRow &row : std::as_const(model.grid.rows))
+            losses.append(lossesOf(row.value));
+        ASSERT_EQ(record.warning(), warningOf(model.grid.rows, losses));
         ASSERT_EQ(form->Grid1->rows(), model.grid.rows.size() + 1);
         for (int row = 1; row <= model.grid.rows.size(); ++row) {
             ASSERT_EQ(form->Grid1->text(row, ValueColumn), model.grid.rows[row - 1].value);
