@@ -1,46 +1,64 @@
 #include "filetools/marcXmlSource.h"
+#include <algorithm>
 #include <utility>
 
-using namespace Qt::StringLiterals;
+using platform::XmlParser;
 
 namespace filetools {
 
 namespace {
 
 constexpr qsizetype blockSize = 1 << 18;
-constexpr int tokensPerStep = 4000;
-constexpr qsizetype mostForToken = 64 << 20; // bytes in which the parser has to come upon something
-constexpr QByteArrayView usualLeader("00000nam0 2200000   450 ");
+constexpr QByteArrayView utf8Mark("\xEF\xBB\xBF");
+constexpr QByteArrayView leMark("\xFF\xFE");
+constexpr QByteArrayView beMark("\xFE\xFF");
+constexpr QByteArrayView replacement("\xEF\xBF\xBD");
 
-// By the mark, the zeros or the declaration. Chinese encodings are read as the largest of them.
-std::optional<platform::Charset> charsetOf(QByteArrayView start) {
-    using platform::Charset;
+// What the declaration says, in small letters; empty where it says nothing.
+QByteArray declaredEncoding(QByteArrayView start) {
     constexpr qsizetype declared = 200;
-    if (start.startsWith("\xFF\xFE") || start.startsWith(QByteArrayView("<\0", 2)))
-        return Charset::Utf16Le;
-    if (start.startsWith("\xFE\xFF") || start.startsWith(QByteArrayView("\0<", 2)))
-        return Charset::Utf16Be;
     const QByteArray head = start.first(std::min(declared, start.size())).toByteArray().toLower();
     const QByteArray declaration = head.contains("<?xml") ? head.left(head.indexOf("?>")) : QByteArray();
-    for (const char *chinese : {"gbk", "gb2312", "gb18030", "cp936"}) {
-        if (declaration.contains(chinese))
-            return Charset::Gb18030;
-    }
-    if (declaration.contains("encoding") && !declaration.contains("utf-8"))
-        return std::nullopt;
-    return Charset::Utf8;
+    const qsizetype name = declaration.indexOf("encoding");
+    const QByteArray value = name < 0 ? QByteArray() : declaration.sliced(name + 8).replace('\'', '"');
+    return value.split('"').value(1);
 }
 
-// One character; a blank where there is none.
-QChar indicator(const QXmlStreamAttributes &attributes, QLatin1StringView name) {
-    const auto value = attributes.value(name);
-    return value.isEmpty() ? QChar(u' ') : value.front();
+// By the mark, the zeros or the declaration. Chinese encodings are read as the largest of them.
+platform::Result<platform::TextDecoder> decoderFor(QByteArrayView start) {
+    using platform::Charset;
+    using platform::TextDecoder;
+    if (start.startsWith(leMark) || start.startsWith(QByteArrayView("<\0", 2)))
+        return TextDecoder::open(Charset::Utf16Le);
+    if (start.startsWith(beMark) || start.startsWith(QByteArrayView("\0<", 2)))
+        return TextDecoder::open(Charset::Utf16Be);
+    const QByteArray name = declaredEncoding(start);
+    for (const char *chinese : {"gbk", "gb2312", "gb18030", "cp936"}) {
+        if (name == chinese)
+            return TextDecoder::open(Charset::Gb18030);
+    }
+    return TextDecoder::open(name.isEmpty() || name.startsWith("utf-") ? QByteArray("utf-8") : name);
+}
+
+// Where a character begins that the end cuts through; the size where there is none.
+qsizetype wholeCharacters(QByteArrayView bytes) {
+    constexpr qsizetype longest = 4;
+    for (qsizetype back = 1; back <= std::min(longest, bytes.size()); ++back) {
+        const uchar byte = uchar(bytes[bytes.size() - back]);
+        if ((byte & 0xC0) == 0x80)
+            continue;
+        const qsizetype length = byte >= 0xF0 ? 4 : byte >= 0xE0 ? 3 : byte >= 0xC0 ? 2 : 1;
+        return length > back ? bytes.size() - back : bytes.size();
+    }
+    return bytes.size();
 }
 
 } // namespace
 
 MarcXmlSource::MarcXmlSource(platform::ByteReader reader)
     : m_reader(std::move(reader))
+    , m_elements([this] { m_xml.pause(); })
+    , m_xml(m_elements)
     , m_block(blockSize, Qt::Uninitialized) {}
 
 platform::Result<std::unique_ptr<TidySource>> MarcXmlSource::open(const QString &path) {
@@ -53,141 +71,68 @@ platform::Result<std::unique_ptr<TidySource>> MarcXmlSource::open(const QString 
 platform::Result<TidySource::Found> MarcXmlSource::next() {
     if (m_broken)
         return Found::End;
-    for (int token = 0; token < tokensPerStep; ++token) {
-        const QXmlStreamReader::TokenType type = m_xml.readNext();
-        if (type == QXmlStreamReader::Invalid) {
-            if (m_xml.error() == QXmlStreamReader::PrematureEndOfDocumentError)
-                return feed();
-            return breakOff(m_xml.errorString());
-        }
-        m_fedForToken = 0;
-        if (type == QXmlStreamReader::EndDocument)
-            return Found::End;
-        if (type == QXmlStreamReader::StartElement)
-            startElement();
-        else if (type == QXmlStreamReader::Characters)
-            takeText();
-        else if (type == QXmlStreamReader::EndElement && endElement())
-            return m_why.isEmpty() ? Found::Record : Found::Unreadable;
-    }
-    return Found::NotYet;
+    return m_paused ? found(m_xml.resume()) : feed();
 }
 
 platform::Result<TidySource::Found> MarcXmlSource::feed() {
-    const auto count = m_reader.read(m_block.data(), m_block.size());
+    std::copy(m_cut.begin(), m_cut.end(), m_block.begin());
+    const auto count = m_reader.read(m_block.data() + m_cut.size(), m_block.size() - m_cut.size());
     if (!count)
         return count.failure();
-    const QByteArrayView bytes = QByteArrayView(m_block).first(count.value());
-    m_fedForToken += bytes.size();
-    if (bytes.isEmpty() || m_fedForToken > mostForToken)
-        return breakOff(bytes.isEmpty() ? u"文件没有完"_s : u"一处太长"_s);
-    const bool isStart = !std::exchange(m_begun, true);
-    if (isStart) {
+    QByteArrayView bytes = QByteArrayView(m_block).first(m_cut.size() + count.value());
+    if (!std::exchange(m_begun, true)) {
         if (const platform::Status begun = begin(bytes); !begun)
             return begun.failure();
+        for (const QByteArrayView mark : {utf8Mark, leMark, beMark}) {
+            if (bytes.startsWith(mark))
+                bytes = bytes.sliced(mark.size());
+        }
     }
-    if (!m_decoder) {
-        m_xml.addData(bytes.toByteArray());
-        return Found::NotYet;
-    }
-    QString text = m_decoder->decode(bytes, true);
-    if (isStart && text.startsWith(QChar(QChar::ByteOrderMark)))
-        text.remove(0, 1);
-    m_xml.addData(text);
-    return Found::NotYet;
+    return found(m_xml.feed(inUtf8(bytes, count.value() == 0)));
 }
 
 platform::Status MarcXmlSource::begin(QByteArrayView start) {
-    const std::optional<platform::Charset> charset = charsetOf(start);
-    if (!charset)
-        return platform::success();
-    auto decoder = platform::TextDecoder::open(*charset);
+    auto decoder = decoderFor(start);
     if (!decoder)
         return decoder.failure();
     m_decoder = std::move(decoder).value();
+    m_isUtf8 = m_decoder->isUtf8();
     return platform::success();
 }
 
-TidySource::Found MarcXmlSource::breakOff(const QString &why) {
-    m_broken = u"第 %1 行第 %2 列：%3"_s.arg(m_xml.lineNumber()).arg(m_xml.columnNumber()).arg(why);
-    return Found::End;
-}
-
-void MarcXmlSource::spoil(const QString &why) {
-    if (m_why.isEmpty())
-        m_why = why;
-}
-
-void MarcXmlSource::startElement() {
-    const auto name = m_xml.name();
-    if (name == "record"_L1) {
-        m_inRecord = true;
-        m_fieldDepth = 0;
-        m_text = Text::None;
-        m_leader.clear();
-        m_record = {};
-        m_why.clear();
-    } else if (!m_inRecord) {
-        return;
-    } else if (name == "leader"_L1) {
-        m_text = Text::Leader;
-    } else if (name == "controlfield"_L1) {
-        startField(false);
-        m_text = Text::Content;
-    } else if (name == "datafield"_L1) {
-        startField(true);
-        m_text = Text::None;
-    } else if (name == "subfield"_L1 && m_fieldDepth > 0) {
-        // A blank for the first one's code stands for what a field holds ahead of its first subfield.
-        const auto code = m_xml.attributes().value("code"_L1);
-        if (!std::exchange(m_atFirstSubfield, false) || code != " "_L1)
-            m_record.data += QChar(marc::subfieldDelimiter) + code.toString();
-        m_text = Text::Content;
+// UTF-8 as it stands unless it is damaged, which the parser does not take.
+QByteArrayView MarcXmlSource::inUtf8(QByteArrayView bytes, bool atEnd) {
+    if (!m_isUtf8) {
+        m_decoded = m_decoder->decode(bytes, !atEnd).toUtf8();
+        return m_decoded;
     }
+    const QByteArrayView whole = bytes.first(atEnd ? bytes.size() : wholeCharacters(bytes));
+    m_cut = bytes.sliced(whole.size()).toByteArray();
+    if (whole.isValidUtf8())
+        return whole;
+    m_decoded = m_decoder->decode(whole).toUtf8();
+    return m_decoded;
 }
 
-void MarcXmlSource::startField(bool withIndicators) {
-    const QXmlStreamAttributes attributes = m_xml.attributes();
-    const auto tag = attributes.value("tag"_L1);
-    const bool usable = isTag(tag.toUtf8());
-    if (!usable)
-        spoil(u"字段标识符“%1”不对"_s.arg(tag));
-    if (++m_fieldDepth == 1)
-        m_record.tags += usable ? tag.toLatin1() : QByteArray("???");
-    else
-        m_record.data += tag;
-    m_atFirstSubfield = m_fieldDepth == 1 && withIndicators;
-    if (withIndicators)
-        m_record.data += QString(indicator(attributes, "ind1"_L1)) + indicator(attributes, "ind2"_L1);
-}
-
-void MarcXmlSource::endField() {
-    if (m_fieldDepth > 0 && --m_fieldDepth == 0)
-        m_record.data += QChar(marc::fieldTerminator);
-}
-
-void MarcXmlSource::takeText() {
-    if (m_text == Text::None)
-        return;
-    QString &text = m_text == Text::Leader ? m_leader : m_record.data;
-    if (text.size() + m_xml.text().size() > longest)
-        spoil(u"太长"_s);
-    else
-        text += m_xml.text();
-}
-
-bool MarcXmlSource::endElement() {
-    m_text = Text::None;
-    const auto name = m_xml.name();
-    if (name == "controlfield"_L1 || name == "datafield"_L1)
-        endField();
-    if (name != "record"_L1 || !std::exchange(m_inRecord, false))
-        return false;
-    if (m_decoder && m_decoder->damaged() > 0)
-        m_damaged += m_record.data.count(QChar::ReplacementCharacter);
-    const QString leader = m_leader.size() > marc::leaderLength ? m_leader.trimmed() : m_leader;
-    m_record.leader = leader.isEmpty() ? usualLeader.toByteArray() : tidyLeader(leader.toLatin1());
-    return true;
+TidySource::Found MarcXmlSource::found(XmlParser::State state) {
+    m_paused = state == XmlParser::State::Paused;
+    switch (state) {
+    case XmlParser::State::WantsMore:
+        return Found::NotYet;
+    case XmlParser::State::Ended:
+        return Found::End;
+    case XmlParser::State::Failed:
+        m_broken = m_xml.fault();
+        return Found::End;
+    case XmlParser::State::Paused:
+        break;
+    }
+    if (!m_elements.why().isEmpty())
+        return Found::Unreadable;
+    m_record = m_elements.record();
+    if (m_decoder->damaged() > 0)
+        m_damaged += m_elements.data().toByteArray().count(replacement);
+    return Found::Record;
 }
 
 } // namespace filetools

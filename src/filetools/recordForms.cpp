@@ -1,5 +1,6 @@
 #include "filetools/recordForms.h"
 #include "platform/codepage936.h"
+#include "platform/xmlParser.h"
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -10,7 +11,15 @@ namespace {
 
 constexpr qsizetype longestRecord = 99'999; // what five digits tell
 constexpr qsizetype longestField = 9'999;   // and four
-constexpr QLatin1StringView slimNamespace("http://www.loc.gov/MARC21/slim");
+constexpr QByteArrayView slimNamespace("http://www.loc.gov/MARC21/slim");
+
+// The bytes of the first character of a text in UTF-8; 0 where there is none.
+qsizetype firstCharacter(QByteArrayView text) {
+    qsizetype length = text.isEmpty() ? 0 : 1;
+    while (length > 0 && length < text.size() && (uchar(text[length]) & 0xC0) == 0x80)
+        ++length;
+    return length;
+}
 
 // The digits of a number that fits, as they stand in a record.
 void put(char *at, int width, qsizetype number) {
@@ -72,71 +81,83 @@ QString IsoRecordBytes::make(const TidyRecord &record, QByteArrayView data) {
     return {};
 }
 
-MarcXmlWriter::MarcXmlWriter()
-    : m_xml(&m_text) {
-    m_xml.setAutoFormatting(true);
-    m_xml.setAutoFormattingIndent(1);
-}
-
 void MarcXmlWriter::begin() {
-    m_xml.writeStartDocument();
-    m_xml.writeDefaultNamespace(slimNamespace.toString());
-    m_xml.writeStartElement(slimNamespace.toString(), u"collection"_s);
+    m_xml.append("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<collection xmlns=\"").append(slimNamespace);
+    m_xml.append("\">\n");
 }
 
 void MarcXmlWriter::add(const TidyRecord &record) {
     QByteArray leader = record.leader; // lengths say nothing there
     put(leader.data(), 5, 0);
     put(leader.data() + marc::baseAddressAt, marc::baseAddressLength, 0);
-    m_xml.writeStartElement(u"record"_s);
-    m_xml.writeTextElement(u"leader"_s, QString::fromLatin1(leader));
+    m_xml.append(" <record>\n  <leader>");
+    platform::appendEscaped(m_xml, leader);
+    m_xml.append("</leader>\n");
+    const QByteArray data = record.data.toUtf8();
     qsizetype start = 0;
     for (qsizetype i = 0; i < record.tags.size(); i += tagLength) {
-        const qsizetype end = record.data.indexOf(QChar(marc::fieldTerminator), start);
-        addField(QByteArrayView(record.tags).sliced(i, tagLength), QStringView(record.data).sliced(start, end - start));
+        const qsizetype end = data.indexOf(char(marc::fieldTerminator), start);
+        addField(QByteArrayView(record.tags).sliced(i, tagLength), QByteArrayView(data).sliced(start, end - start));
         start = end + 1;
     }
-    m_xml.writeEndElement();
+    m_xml.append(" </record>\n");
 }
 
-// What stands ahead of the first subfield gets a blank for its code, so that it is not lost; nothing at all does where
-// a true blank would be taken for that.
-void MarcXmlWriter::addField(QByteArrayView tag, QStringView field) {
-    const bool isControl = tag.startsWith("00") && !field.contains(QChar(marc::subfieldDelimiter));
-    m_xml.writeStartElement(isControl ? u"controlfield"_s : u"datafield"_s);
-    m_xml.writeAttribute(u"tag"_s, QString::fromLatin1(tag));
+void MarcXmlWriter::addAttribute(QByteArrayView name, QByteArrayView value) {
+    m_xml.append(' ').append(name).append("=\"");
+    platform::appendEscaped(m_xml, value);
+    m_xml.append('"');
+}
+
+// What stands before the first subfield gets a blank for its code, so that it is not lost; nothing at all does where a
+// true blank would be taken for that.
+void MarcXmlWriter::addField(QByteArrayView tag, QByteArrayView field) {
+    constexpr char delimiter = char(marc::subfieldDelimiter);
+    const bool isControl = tag.startsWith("00") && !field.contains(delimiter);
+    m_xml.append(isControl ? "  <controlfield" : "  <datafield");
+    addAttribute("tag", tag);
     if (isControl) {
-        m_xml.writeCharacters(field.toString());
-        m_xml.writeEndElement();
+        m_xml.append('>');
+        platform::appendEscaped(m_xml, field);
+        m_xml.append("</controlfield>\n");
         return;
     }
-    const qsizetype first = field.indexOf(QChar(marc::subfieldDelimiter));
-    const qsizetype given = std::min<qsizetype>(2, first < 0 ? field.size() : first);
-    const QString indicators = field.first(given).toString().leftJustified(2);
-    m_xml.writeAttribute(u"ind1"_s, indicators.left(1));
-    m_xml.writeAttribute(u"ind2"_s, indicators.right(1));
-    const auto parts = field.sliced(given).split(QChar(marc::subfieldDelimiter));
-    for (qsizetype i = 0; i < parts.size(); ++i) {
-        const bool isMistakable = parts.size() > 1 && parts[1].startsWith(u' ');
-        if (i == 0 && parts[i].isEmpty() && !isMistakable)
-            continue;
-        const bool isPair = !parts[i].isEmpty() && parts[i].front().isHighSurrogate();
-        const qsizetype codeLength = i == 0 ? 0 : isPair ? 2 : 1;
-        m_xml.writeStartElement(u"subfield"_s);
-        m_xml.writeAttribute(u"code"_s, i == 0 ? u" "_s : parts[i].left(codeLength).toString());
-        m_xml.writeCharacters(parts[i].mid(codeLength).toString());
-        m_xml.writeEndElement();
+    for (const char *name : {"ind1", "ind2"}) {
+        const qsizetype length = field.startsWith(delimiter) ? 0 : firstCharacter(field);
+        addAttribute(name, length == 0 ? QByteArrayView(" ") : field.first(length));
+        field = field.sliced(length);
     }
-    m_xml.writeEndElement();
+    m_xml.append(">\n");
+    const qsizetype first = field.indexOf(delimiter);
+    const QByteArrayView before = first < 0 ? field : field.first(first);
+    const bool isMistakable = first >= 0 && field.sliced(first + 1).startsWith(' ');
+    if (!before.isEmpty() || isMistakable)
+        addSubfield(" ", before);
+    for (qsizetype at = first; at >= 0;) {
+        const qsizetype next = field.indexOf(delimiter, at + 1);
+        const QByteArrayView part = field.sliced(at + 1, (next < 0 ? field.size() : next) - at - 1);
+        const qsizetype code = firstCharacter(part);
+        addSubfield(part.first(code), part.sliced(code));
+        at = next;
+    }
+    m_xml.append("  </datafield>\n");
+}
+
+void MarcXmlWriter::addSubfield(QByteArrayView code, QByteArrayView text) {
+    m_xml.append("   <subfield");
+    addAttribute("code", code);
+    m_xml.append('>');
+    platform::appendEscaped(m_xml, text);
+    m_xml.append("</subfield>\n");
 }
 
 void MarcXmlWriter::end() {
-    m_xml.writeEndDocument();
+    m_xml.append("</collection>\n");
 }
 
 QByteArray MarcXmlWriter::take() {
-    const QByteArray bytes = m_text.toUtf8();
-    m_text.resize(0); // keeps its room
+    QByteArray bytes = m_xml;
+    m_xml = QByteArray();
     return bytes;
 }
 

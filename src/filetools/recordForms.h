@@ -2,7 +2,6 @@
 #pragma once
 
 #include "filetools/tidyRecord.h"
-#include <QXmlStreamWriter>
 
 namespace filetools {
 
@@ -29,16 +28,17 @@ private:
 // MARCXML, one record after the other; the bytes are taken away as they gather.
 class MarcXmlWriter {
 public:
-    MarcXmlWriter();
     void begin();
     void add(const TidyRecord &record);
+    void addAsItStood(QByteArrayView element) { m_xml.append(element).append('\n'); }
     void end();
     QByteArray take();
 
 private:
-    void addField(QByteArrayView tag, QStringView field);
-    QString m_text;
-    QXmlStreamWriter m_xml;
+    void addField(QByteArrayView tag, QByteArrayView field);
+    void addSubfield(QByteArrayView code, QByteArrayView text);
+    void addAttribute(QByteArrayView name, QByteArrayView value);
+    QByteArray m_xml;
 };
 
 } // namespace filetools

@@ -110,6 +110,8 @@ QString warning(const TidyResult &result) {
 QString report(const TidyResult &result, const QString &source) {
     QString text = u"【源文件】\r\n文件{"_s + source + u"}（"_s + marc::encodingName(result.encoding) + u"）读到"_s +
                    QString::number(result.in) + u"条记录！\r\n"_s;
+    if (result.passedOver > 0)
+        text += u"XML 里有 %1 个 record 不是机读目录记录，略过了。\r\n"_s.arg(result.passedOver);
     if (result.broken)
         text += u"XML 有错，只取出了前面的记录："_s + *result.broken + lineBreak;
     text +=

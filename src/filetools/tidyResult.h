@@ -32,6 +32,7 @@ struct TidyResult {
     Noted unreadable;
     QList<std::pair<QString, Noted>> reasons; // why; the first that were met
     QString unreadableFile;                   // where those are
+    qint64 passedOver = 0;                    // elements of XML that are named as records are and hold none
     std::optional<QString> broken;            // where the source ended ahead of its end
     QString target;                           // the file that was written
 

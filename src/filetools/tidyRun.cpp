@@ -163,7 +163,7 @@ platform::Result<bool> TidyRun::work() {
             return next.failure();
         found = next.value();
         if (found == Found::End)
-            return false;
+            return ended();
         Status done = platform::success();
         if (found == Found::Record)
             done = keep();
@@ -175,6 +175,15 @@ platform::Result<bool> TidyRun::work() {
             return done.failure();
     }
     return true;
+}
+
+platform::Result<bool> TidyRun::ended() {
+    m_result.broken = m_records->broken();
+    m_result.passedOver = m_records->passedOver();
+    if (m_result.in > 0)
+        return false;
+    return Failure{u"文件{"_s + m_source + u"}里没有机读目录记录"_s +
+                   (m_result.broken ? u"。XML 有错，"_s + *m_result.broken : QString())};
 }
 
 // What was damaged in the record in hand.
@@ -225,8 +234,7 @@ Status TidyRun::setAside(const QString &why) {
     if (isXmlSource()) {
         if (const Status opened = openAside(); !opened)
             return opened;
-        TidyRecord record = m_records->record();
-        m_asideXml->add(record);
+        m_asideXml->addAsItStood(m_records->raw());
         return writeAside(m_asideXml->take());
     }
     if (const Status kept = writeAside(m_records->raw()); !kept)
@@ -258,7 +266,6 @@ Status TidyRun::writeAside(QByteArrayView bytes) {
 
 // The file beside first: if the target then fails it is taken away again, and nothing is left.
 Status TidyRun::close() {
-    m_result.broken = m_records->broken();
     m_result.target = m_result.broken ? m_files.ahead : m_files.target;
     if (const Status ended = endXml(); !ended)
         return ended;

@@ -48,6 +48,7 @@ private:
     platform::Result<bool> look();
     platform::Status beginWork();
     platform::Result<bool> work();
+    platform::Result<bool> ended();
     platform::Status keep();
     QString write(const TidyRecord &record, platform::Status &written);
     platform::Status setAside(const QString &why);

@@ -22,12 +22,13 @@ public:
     virtual platform::Result<Found> next() = 0;
     // Of the record in hand, until the next step.
     virtual const TidyRecord &record() const = 0;
-    virtual QByteArrayView raw() const = 0; // its bytes in the source; none where the source is no series of records
+    virtual QByteArrayView raw() const = 0; // its bytes in the source; out of XML, its element as it stood
     virtual QString why() const = 0;
     virtual bool directoryDamaged() const { return false; } // though it could be used
 
-    virtual qint64 damagedBytes() const = 0; // sequences that are no characters, up to here
-    virtual qint64 position() const = 0;     // in the source's bytes
+    virtual qint64 damagedBytes() const = 0;        // sequences that are no characters, up to here
+    virtual qint64 position() const = 0;            // in the source's bytes
+    virtual qint64 passedOver() const { return 0; } // elements that are named as records are and hold none
     // Where and why the source ended ahead of its end.
     virtual std::optional<QString> broken() const { return std::nullopt; }
 };

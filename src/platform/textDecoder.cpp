@@ -50,17 +50,22 @@ TextDecoder &TextDecoder::operator=(TextDecoder &&) noexcept = default;
 TextDecoder::~TextDecoder() = default;
 
 Result<TextDecoder> TextDecoder::open(Charset charset) {
+    if (charset != Charset::Gbk)
+        return open(QByteArray(converterName(charset)));
     auto state = std::make_unique<State>();
-    state->isGbk = charset == Charset::Gbk;
-    if (state->isGbk)
-        return TextDecoder(std::move(state));
+    state->isGbk = true;
+    return TextDecoder(std::move(state));
+}
+
+Result<TextDecoder> TextDecoder::open(const QByteArray &name) {
+    auto state = std::make_unique<State>();
     UErrorCode status = U_ZERO_ERROR;
-    state->converter.reset(ucnv_open(converterName(charset), &status));
+    state->converter.reset(ucnv_open(name.constData(), &status));
     if (state->converter)
         ucnv_setToUCallBack(state->converter.get(), replaceDamaged, &state->damaged, nullptr, nullptr, &status);
     if (U_FAILURE(status))
         return Failure{QStringLiteral("系统的 ICU 库没有字符集 %1（%2）")
-                           .arg(QLatin1StringView(converterName(charset)), QLatin1StringView(u_errorName(status))),
+                           .arg(QLatin1StringView(name), QLatin1StringView(u_errorName(status))),
                        int(status)};
     return TextDecoder(std::move(state));
 }
@@ -82,6 +87,10 @@ QString TextDecoder::decode(QByteArrayView bytes, bool goesOn) {
                    &status);
     text.truncate(out - begin);
     return text;
+}
+
+bool TextDecoder::isUtf8() const {
+    return m_state->converter && ucnv_getType(m_state->converter.get()) == UCNV_UTF8;
 }
 
 qint64 TextDecoder::damaged() const {

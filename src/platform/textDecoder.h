@@ -15,6 +15,7 @@ class TextDecoder {
 public:
     // Fails where the machine lacks the converter.
     static Result<TextDecoder> open(Charset charset);
+    static Result<TextDecoder> open(const QByteArray &name); // as XML declares it
     TextDecoder(TextDecoder &&) noexcept;
     TextDecoder &operator=(TextDecoder &&) noexcept;
     ~TextDecoder();
@@ -23,6 +24,7 @@ public:
     // the next call; not with Gbk.
     QString decode(QByteArrayView bytes, bool goesOn = false);
     qint64 damaged() const; // sequences, over all calls
+    bool isUtf8() const;
 
 private:
     struct State;

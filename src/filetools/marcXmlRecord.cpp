@@ -1,0 +1,186 @@
+#include "filetools/marcXmlRecord.h"
+#include <algorithm>
+#include <array>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+using platform::XmlElement;
+
+namespace filetools {
+
+namespace {
+
+constexpr QByteArrayView usualLeader("00000nam0 2200000   450 ");
+
+bool isBlank(QByteArrayView text) {
+    return std::all_of(text.begin(), text.end(),
+                       [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; });
+}
+
+// One character in UTF-8.
+bool isOne(QByteArrayView text) {
+    const auto begins = [](char byte) { return (uchar(byte) & 0xC0) != 0x80; };
+    return std::count_if(text.begin(), text.end(), begins) == 1;
+}
+
+} // namespace
+
+MarcXmlRecord::Part MarcXmlRecord::partOf(QByteArrayView name) {
+    struct Row {
+        QByteArrayView name;
+        Part part;
+    };
+    static constexpr auto rows = std::to_array<Row>({{"subfield", Part::Subfield},
+                                                     {"datafield", Part::DataField},
+                                                     {"controlfield", Part::ControlField},
+                                                     {"leader", Part::Leader}});
+    for (const Row &row : rows) {
+        if (row.name == name)
+            return row.part;
+    }
+    return Part::Other;
+}
+
+bool MarcXmlRecord::mayHold(Part outer, Part inner) {
+    const bool isField = inner == Part::ControlField || inner == Part::DataField;
+    return (outer == Part::Record && (isField || inner == Part::Leader)) ||
+           (outer == Part::DataField && inner == Part::Subfield) || (outer == Part::Subfield && isField);
+}
+
+void MarcXmlRecord::startElement(const XmlElement &element) {
+    if (element.name() == "record")
+        return begin(element);
+    if (m_open.empty())
+        return;
+    const bool isEchoed = echo(element.startTag());
+    Open &outer = m_open.back();
+    Part part = outer.part == Part::Other ? Part::Other : partOf(element.name());
+    if (outer.part != Part::Other && !mayHold(outer.part, part)) {
+        spoil(u"<%1> 不该在这里"_s.arg(QString::fromUtf8(element.name().toByteArray())));
+        part = Part::Other;
+    }
+    if (outer.part == Part::Subfield && part != Part::Other) {
+        if (!std::exchange(outer.holdsFields, true) && isBlank(QByteArrayView(m_data).sliced(outer.start)))
+            m_data.truncate(outer.start); // the layout of the XML
+    }
+    m_open.push_back({.part = part, .start = m_data.size(), .isEchoed = isEchoed});
+    if (part == Part::ControlField || part == Part::DataField)
+        startField(element, part);
+    else if (part == Part::Subfield)
+        startSubfield(element);
+}
+
+// One inside another is the record itself, the other its wrapping.
+void MarcXmlRecord::begin(const XmlElement &element) {
+    m_open = {{Part::Record}};
+    m_saysMarc = element.space().contains("MARC21/slim") || element.space().contains("marcxchange");
+    m_fieldDepth = 0;
+    m_leader.clear();
+    m_tags.clear();
+    m_data.truncate(0);
+    m_echo = element.startTag();
+    m_why.clear();
+}
+
+void MarcXmlRecord::startField(const XmlElement &element, Part part) {
+    const QByteArrayView tag = element.attribute("tag");
+    const bool usable = isTag(tag);
+    if (!usable)
+        spoil(u"字段标识符“%1”不对"_s.arg(QString::fromUtf8(tag)));
+    if (++m_fieldDepth == 1)
+        m_tags.append(usable ? tag : QByteArrayView("???"));
+    else
+        m_data.append(tag);
+    m_atFirstSubfield = m_fieldDepth == 1;
+    if (part == Part::DataField) {
+        addIndicator(element.attribute("ind1"));
+        addIndicator(element.attribute("ind2"));
+    }
+    m_open.back().start = m_data.size();
+}
+
+// A blank where there is none.
+void MarcXmlRecord::addIndicator(QByteArrayView value) {
+    if (!value.isEmpty() && !isOne(value))
+        spoil(u"指示符“%1”不是一个字符"_s.arg(QString::fromUtf8(value)));
+    m_data.append(value.isEmpty() ? QByteArrayView(" ") : value);
+}
+
+// A blank for the first one's code stands for what a field holds before its first subfield.
+void MarcXmlRecord::startSubfield(const XmlElement &element) {
+    const QByteArrayView code = element.attribute("code");
+    if (code.size() > 1 && !isOne(code))
+        spoil(u"子字段的代码“%1”不是一个字符"_s.arg(QString::fromUtf8(code)));
+    if (!std::exchange(m_atFirstSubfield, false) || code != " ") {
+        m_data.append(char(marc::subfieldDelimiter));
+        m_data.append(code);
+    }
+    m_open.back().start = m_data.size();
+    m_open.back().hasCode = !code.isEmpty();
+}
+
+void MarcXmlRecord::text(QByteArrayView text) {
+    if (m_open.empty())
+        return;
+    const Open &open = m_open.back();
+    const bool isContent = open.part == Part::ControlField || (open.part == Part::Subfield && !open.holdsFields) ||
+                           open.part == Part::Leader;
+    QByteArray &into = open.part == Part::Leader ? m_leader : m_data;
+    QByteArray escaped;
+    platform::appendEscaped(escaped, text);
+    if (!echo(escaped))
+        return;
+    if (isContent)
+        into.append(text);
+    else if (open.part != Part::Other && !isBlank(text))
+        spoil(u"字段以外有文字"_s);
+}
+
+void MarcXmlRecord::endElement(QByteArrayView name) {
+    if (m_open.empty())
+        return;
+    const Open ended = m_open.back();
+    if (ended.isEchoed)
+        m_echo += "</" + name.toByteArray() + '>';
+    m_open.pop_back();
+    if (m_open.empty())
+        endRecord();
+    else
+        endPart(ended);
+}
+
+void MarcXmlRecord::endPart(const Open &ended) {
+    if (ended.part == Part::Subfield && !ended.hasCode && m_data.size() > ended.start)
+        spoil(u"字段 %1 有没有代码的子字段"_s.arg(QString::fromLatin1(m_tags.last(tagLength))));
+    if ((ended.part == Part::ControlField || ended.part == Part::DataField) && --m_fieldDepth == 0)
+        m_data.append(char(marc::fieldTerminator));
+}
+
+void MarcXmlRecord::endRecord() {
+    if (hasMarc() || (m_saysMarc && !m_why.isEmpty()))
+        m_ended();
+    else
+        ++m_passedOver;
+}
+
+// Text and tags have their end, too, where the record goes on too long.
+bool MarcXmlRecord::echo(QByteArrayView xml) {
+    const bool fits = m_echo.size() + xml.size() <= longest;
+    if (fits)
+        m_echo.append(xml);
+    else
+        spoil(u"太长"_s);
+    return fits;
+}
+
+void MarcXmlRecord::spoil(const QString &why) {
+    if (m_why.isEmpty())
+        m_why = why;
+}
+
+TidyRecord MarcXmlRecord::record() const {
+    const QByteArray leader = m_leader.size() > marc::leaderLength ? m_leader.trimmed() : m_leader;
+    return {leader.isEmpty() ? usualLeader.toByteArray() : tidyLeader(leader), m_tags, QString::fromUtf8(m_data)};
+}
+
+} // namespace filetools

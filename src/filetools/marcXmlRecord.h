@@ -1,0 +1,65 @@
+// One record after the other out of the elements of MARCXML and MarcXchange. What would lose text on the way, such as a
+// misspelt element or a subfield without its code, makes a record unusable; <record> of other formats are passed over.
+#pragma once
+
+#include "filetools/tidyRecord.h"
+#include "platform/xmlParser.h"
+#include <functional>
+#include <vector>
+
+namespace filetools {
+
+class MarcXmlRecord final : public platform::XmlHandler {
+public:
+    static constexpr qsizetype longest = 8 << 20; // bytes of a record that are held
+
+    // `ended` is called at the end of each record; until then nothing here means anything.
+    explicit MarcXmlRecord(std::function<void()> ended)
+        : m_ended(std::move(ended)) {}
+
+    void startElement(const platform::XmlElement &element) override;
+    void endElement(QByteArrayView name) override;
+    void text(QByteArrayView text) override;
+
+    TidyRecord record() const;
+    QByteArrayView data() const { return m_data; } // the fields, in UTF-8
+    const QString &why() const { return m_why; }   // it cannot be used; else empty
+    QByteArrayView asItStood() const { return m_echo; }
+    qint64 passedOver() const { return m_passedOver; }
+
+private:
+    enum class Part { Record, Leader, ControlField, DataField, Subfield, Other };
+    struct Open {
+        Part part;
+        qsizetype start = 0;      // of its text in the data
+        bool hasCode = true;      // a subfield
+        bool holdsFields = false; // a subfield with embedded fields
+        bool isEchoed = true;
+    };
+
+    static Part partOf(QByteArrayView name);
+    static bool mayHold(Part outer, Part inner);
+    void begin(const platform::XmlElement &element);
+    void startField(const platform::XmlElement &element, Part part);
+    void addIndicator(QByteArrayView value);
+    void startSubfield(const platform::XmlElement &element);
+    void endPart(const Open &ended);
+    void endRecord();
+    bool echo(QByteArrayView xml);
+    bool hasMarc() const { return !m_leader.isEmpty() || !m_tags.isEmpty(); }
+    void spoil(const QString &why);
+
+    std::function<void()> m_ended;
+    std::vector<Open> m_open; // from the record on; empty outside
+    int m_fieldDepth = 0;     // 2 and more: embedded
+    bool m_atFirstSubfield = false;
+    bool m_saysMarc = false; // by its namespace
+    QByteArray m_leader;
+    QByteArray m_tags;
+    QByteArray m_data;
+    QByteArray m_echo;
+    QString m_why;
+    qint64 m_passedOver = 0;
+};
+
+} // namespace filetools
