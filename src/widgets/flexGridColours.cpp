@@ -49,7 +49,10 @@ void FlexGridDelegate::paint(QPainter *painter, const QStyleOptionViewItem &opti
     QStyledItemDelegate::paint(painter, option, index);
     const QVariant background = index.data(Qt::BackgroundRole);
     const QRect &cell = option.rect;
-    const QColor highlight = option.palette.color(QPalette::Highlight);
+    // The mark of the row stays while an editor is open over a grid that is out of reach.
+    const bool outOfReach = option.widget && !option.widget->isEnabled();
+    const QColor highlight =
+        option.palette.color(outOfReach ? QPalette::Active : option.palette.currentColorGroup(), QPalette::Highlight);
     const bool focus = option.state & QStyle::State_HasFocus;
     if (!background.isValid()) {
         if (focus)

@@ -1,3 +1,4 @@
+#include "widgets/accentFrame.h"
 #include "workspaceFixture.h"
 #include <QMenu>
 #include <QTimer>
@@ -58,9 +59,16 @@ TEST_F(Editing, ContentIsTakenOverOrDropped) {
     auto &window = open();
     editRow(titleRow);
     EXPECT_EQ(window.richText->geometry(), window.Grid1->cellRect(titleRow, 4));
+    const auto framed = [&] {
+        return std::ranges::any_of(window.Picture1->findChildren<widgets::AccentFrame *>(), [&](QWidget *frame) {
+            return frame->isVisible() && frame->geometry().contains(window.richText->geometry());
+        });
+    };
+    EXPECT_TRUE(framed());
     EXPECT_FALSE(window.Grid1->isEnabled() || window.Grid2->isEnabled() || window.cmdclick[6]->isEnabled() ||
                  window.cmdTiMing[0]->isEnabled());
     leave(u"甲\r\n乙\n丙\r丁\x1F"_s);
+    EXPECT_FALSE(framed());
     EXPECT_EQ(cell(titleRow, 4), u"甲乙丙丁\x1F"_s);
     EXPECT_TRUE(window.recordChanged());
     EXPECT_TRUE(window.Grid1->isEnabled() && window.Grid2->isEnabled() && window.cmdclick[3]->isEnabled());

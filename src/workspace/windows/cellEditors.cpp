@@ -1,5 +1,6 @@
 #include "workspace/windows/cellEditors.h"
 #include "platform/numbers.h"
+#include "widgets/accentFrame.h"
 #include "widgets/layout.h"
 #include <algorithm>
 
@@ -30,6 +31,8 @@ CellEditors::CellEditors(FieldGrid &grid, EditedRecord &record, platform::Host &
     richText->setAccessibleName(u"字段内容"_s);
     richText->setFont(grid.font());
     Text1->setFont(grid.font());
+    for (QWidget *editor : {static_cast<QWidget *>(richText), static_cast<QWidget *>(Text1)})
+        new widgets::AccentFrame(editor);
     connectEditors();
 }
 

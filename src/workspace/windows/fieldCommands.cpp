@@ -1,6 +1,7 @@
 #include "workspace/windows/fieldCommands.h"
 #include "platform/numbers.h"
 #include "platform/paths.h"
+#include "widgets/accentFrame.h"
 #include "workspace/windows/menuClass.h"
 #include <algorithm>
 #include <array>
@@ -71,6 +72,7 @@ FieldCommands::FieldCommands(FieldGrid &grid, EditedRecord &record, CellEditors 
     for (ChoiceList *list : {zdList, Zzdlist}) {
         list->setToolTip(u"双击可返回,右击或按【Esc】取消"_s);
         list->setUniformItemSizes(true);
+        new widgets::AccentFrame(list);
         list->hide();
         connect(list, &ChoiceList::cancelled, this, [this, list] {
             list->dismiss();

@@ -1,0 +1,49 @@
+#include "widgets/accentFrame.h"
+#include <QEvent>
+#include <QPainter>
+
+namespace widgets {
+
+AccentFrame::AccentFrame(QWidget *framed)
+    : QWidget(framed->parentWidget())
+    , m_framed(framed) {
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    setFocusPolicy(Qt::NoFocus);
+    framed->installEventFilter(this);
+    connect(framed, &QObject::destroyed, this, &QObject::deleteLater);
+    hide();
+}
+
+bool AccentFrame::eventFilter(QObject *, QEvent *event) {
+    switch (event->type()) {
+    case QEvent::Show:
+    case QEvent::Move:
+    case QEvent::Resize:
+    case QEvent::ZOrderChange:
+        follow();
+        break;
+    case QEvent::Hide:
+        hide();
+        break;
+    default:
+        break;
+    }
+    return false;
+}
+
+// Around the widget as far as the parent has room, else over its edge.
+void AccentFrame::follow() {
+    if (m_framed->isHidden())
+        return;
+    const QMargins edge(width, width, width, width);
+    setGeometry(m_framed->geometry().marginsAdded(edge) & parentWidget()->rect());
+    setMask(QRegion(rect()) - QRegion(rect().marginsRemoved(edge)));
+    raise();
+    show();
+}
+
+void AccentFrame::paintEvent(QPaintEvent *) {
+    QPainter(this).fillRect(rect(), palette().color(QPalette::Active, QPalette::Highlight));
+}
+
+} // namespace widgets
