@@ -45,6 +45,7 @@ PreReadStore::PreReadStore() {
 void PreReadStore::reset() {
     m_rows = std::deque<Row>(initialRows);
     m_titles.clear();
+    m_replaced.clear();
     m_held = {};
 }
 
@@ -76,9 +77,21 @@ QString PreReadStore::title(int row) const {
     return platform::decode(bytesOf(at).sliced(at.titleAt, qsizetype(at.titleSize)));
 }
 
+RawRecord PreReadStore::recordOf(const Row &row) {
+    return row.isText ? textOf(bytesOf(row)) : platform::decode(bytesOf(row));
+}
+
 RawRecord PreReadStore::record(int row) const {
-    const Row &at = m_rows.at(size_t(row));
-    return at.isText ? textOf(bytesOf(at)) : platform::decode(bytesOf(at));
+    return recordOf(m_rows.at(size_t(row)));
+}
+
+std::vector<RawRecord> PreReadStore::recordsSince(int moment, int row) const {
+    std::vector<RawRecord> records;
+    for (size_t at = size_t(moment); at < m_replaced.size(); ++at)
+        if (m_replaced[at].row == row)
+            records.push_back(recordOf(m_replaced[at].before));
+    records.push_back(record(row));
+    return records;
 }
 
 QByteArrayView PreReadStore::heldBytes(int row) const {
@@ -124,6 +137,8 @@ bool PreReadStore::pointIntoRecord(Row &row, const QString &title) {
 
 void PreReadStore::setRecord(int row, const RawRecord &record, QByteArrayView gbk) {
     Row &at = m_rows.at(size_t(row));
+    if (at.recordSize > 0)
+        m_replaced.push_back({row, at});
     const QString title = this->title(row); // which may stand in the bytes that go
     // Where every byte stood for a character, the bytes give the text back; where some did not, lines that were joined
     // may have been decoded apart, and it has to be tried.

@@ -8,6 +8,7 @@
 #include "platform/tableSource.h"
 #include <QString>
 #include <deque>
+#include <vector>
 
 namespace marc {
 
@@ -35,6 +36,11 @@ public:
     // `gbk` are the bytes that the record was decoded from, where the caller has them; empty otherwise.
     void setRecord(int row, const RawRecord &record, QByteArrayView gbk = {});
 
+    // How many records have been replaced since reset(): a moment in the life of the list.
+    int replacements() const { return int(m_replaced.size()); }
+    // What the row has held since that moment: the record of that time first, the present one last.
+    std::vector<RawRecord> recordsSince(int moment, int row) const;
+
 private:
     // Small, since there are as many as records.
     struct Row {
@@ -48,11 +54,17 @@ private:
     };
     static_assert(sizeof(Row) == 24);
     static QByteArrayView bytesOf(const Row &row) { return {row.record, qsizetype(row.recordSize)}; }
+    struct Replaced {
+        int row;
+        Row before;
+    };
+    static RawRecord recordOf(const Row &row);
     QByteArrayView keepText(QStringView text);
     static bool pointIntoRecord(Row &row, const QString &title);
 
     std::deque<Row> m_rows;              // which grows without moving house
     std::deque<QByteArrayView> m_titles; // those that stand in no record, as UTF-16
+    std::vector<Replaced> m_replaced;    // in the order in which they were replaced
     platform::ByteArena m_held;          // what is replaced stays until reset()
 };
 

@@ -102,10 +102,13 @@ TEST(PreReadStore, TitlesStayWhatTheyAreWhateverBecomesOfTheRecord) {
         Dice dice(seed);
         PreReadStore store;
         std::array<std::array<QString, 2>, 3> model; // title and record
+        std::vector<std::pair<int, QString>> replaced;
         for (int step = 0; step < 300; ++step) {
             const int row = dice.below(3);
             auto &[title, record] = model[size_t(row)];
             if (dice.below(2) == 0) {
+                if (!record.isEmpty())
+                    replaced.emplace_back(row, record);
                 record = dice.text<QString>(pieces, 40).left(dice.oneOf(std::array{0, 3, 40}));
                 store.setRecord(row, record, platform::isEncodable(record) ? platform::encode(record) : QByteArray());
             } else {
@@ -118,8 +121,17 @@ TEST(PreReadStore, TitlesStayWhatTheyAreWhateverBecomesOfTheRecord) {
                 ASSERT_EQ(store.record(at), model[size_t(at)][1]) << seed << ' ' << step;
             }
         }
+        for (size_t moment = 0; moment <= replaced.size(); ++moment)
+            for (int row = 0; row < 3; ++row) {
+                std::vector<QString> held{model[size_t(row)][1]};
+                for (size_t at = replaced.size(); at-- > moment;)
+                    if (replaced[at].first == row)
+                        held.insert(held.begin(), replaced[at].second);
+                ASSERT_EQ(store.recordsSince(int(moment), row), held);
+            }
+        EXPECT_EQ(store.replacements(), int(replaced.size()));
         store.reset();
-        EXPECT_EQ(store.title(0) + store.record(0), u"");
+        EXPECT_EQ(store.title(0) + store.record(0) + QString::number(store.replacements()), u"0");
     }
 }
 
