@@ -1,0 +1,183 @@
+#include "workspace/fieldTrail.h"
+#include <algorithm>
+#include <functional>
+
+namespace workspace {
+
+namespace {
+
+using marc::FieldRows;
+using Elements = std::vector<qsizetype>;
+
+constexpr int equalTexts = 4;
+constexpr int similarTexts = 2;                // at least half of the longer one is the same
+constexpr qsizetype mostComparisons = 1 << 20; // of rows; a record that needs more was not made by hand
+
+// How much speaks for two texts being one before and after an edit; an empty text says nothing.
+int likeness(const QString &one, const QString &other) {
+    if (one.isEmpty() || other.isEmpty())
+        return 0;
+    if (one == other)
+        return equalTexts;
+    const auto [head, ignored] = std::ranges::mismatch(one, other);
+    const qsizetype shorter = std::min(one.size(), other.size());
+    const qsizetype front = head - one.begin();
+    qsizetype back = 0;
+    while (back < shorter - front && one[one.size() - 1 - back] == other[other.size() - 1 - back])
+        ++back;
+    return 2 * (front + back) >= std::max(one.size(), other.size()) ? similarTexts : 0;
+}
+
+// The alignments of two sequences that keep their order and have the greatest sum of likenesses.
+class Alignment {
+public:
+    using Likeness = std::function<int(std::size_t before, std::size_t after)>;
+    Alignment(std::size_t before, std::size_t after, const Likeness &likeness)
+        : m_before(before)
+        , m_after(after)
+        , m_like(before * after)
+        , m_upTo((before + 1) * (after + 1))
+        , m_from((before + 1) * (after + 1)) {
+        for (std::size_t i = 0; i < before; ++i)
+            for (std::size_t j = 0; j < after; ++j) {
+                m_like[i * after + j] = likeness(i, j);
+                m_upTo[place(i + 1, j + 1)] = std::max(
+                    {m_upTo[place(i, j + 1)], m_upTo[place(i + 1, j)], m_upTo[place(i, j)] + m_like[i * after + j]});
+            }
+        for (std::size_t i = before; i-- > 0;)
+            for (std::size_t j = after; j-- > 0;)
+                m_from[place(i, j)] = std::max({m_from[place(i + 1, j)], m_from[place(i, j + 1)],
+                                                m_from[place(i + 1, j + 1)] + m_like[i * after + j]});
+    }
+
+    int best() const { return m_upTo.back(); }
+
+    // The partner that an element has in all of them. Where it has none in any, and stands alone with one other element
+    // between two certain pairs, it is taken to be that one, edited as a whole.
+    std::optional<std::size_t> partner(std::size_t i) const {
+        if (const auto certain = certainPartner(i))
+            return certain;
+        std::size_t first = i, last = i; // of the elements around it without a certain partner
+        std::optional<std::size_t> above, below;
+        while (first > 0 && !(above = certainPartner(first - 1)))
+            --first;
+        while (last + 1 < m_before && !(below = certainPartner(last + 1)))
+            ++last;
+        const std::size_t begin = above ? *above + 1 : 0;
+        const std::size_t end = below.value_or(m_after);
+        return first == last && end == begin + 1 ? std::optional(begin) : std::nullopt;
+    }
+
+private:
+    std::size_t place(std::size_t i, std::size_t j) const { return i * (m_after + 1) + j; }
+
+    std::optional<std::size_t> certainPartner(std::size_t i) const {
+        std::optional<std::size_t> partner;
+        for (std::size_t j = 0; j <= m_after; ++j) {
+            if (m_upTo[place(i, j)] + m_from[place(i + 1, j)] == best())
+                return std::nullopt; // it has none in one of them
+            if (j < m_after && m_upTo[place(i, j)] + m_like[i * m_after + j] + m_from[place(i + 1, j + 1)] == best()) {
+                if (partner)
+                    return std::nullopt;
+                partner = j;
+            }
+        }
+        return partner;
+    }
+
+    std::size_t m_before, m_after;
+    std::vector<int> m_like;
+    std::vector<int> m_upTo, m_from; // the best of the first i and j elements, and of those from i and j on
+};
+
+qsizetype endOfField(const FieldRows &rows, qsizetype field) {
+    qsizetype end = field + 1;
+    while (end < rows.size() && !marc::isFieldRow(rows[end]))
+        ++end;
+    return end;
+}
+
+Elements fieldsOf(const FieldRows &rows, const QString &tag) {
+    Elements fields;
+    for (qsizetype at = 0; at < rows.size(); ++at)
+        if (rows[at].identifier == tag && (at == 0 || marc::isFieldRow(rows[at])))
+            fields.push_back(at);
+    return fields;
+}
+
+Elements subfieldsOf(const FieldRows &rows, qsizetype field, const QString &identifier) {
+    Elements subfields;
+    for (qsizetype at = field + 1, end = endOfField(rows, field); at < end; ++at)
+        if (rows[at].identifier == identifier)
+            subfields.push_back(at);
+    return subfields;
+}
+
+// By the subfields, since the indicators are the same on most fields; by itself where there are none.
+int likenessOfFields(const FieldRows &before, qsizetype one, const FieldRows &after, qsizetype other) {
+    const auto size = std::size_t(endOfField(before, one) - one - 1);
+    const auto otherSize = std::size_t(endOfField(after, other) - other - 1);
+    if (size == 0 && otherSize == 0)
+        return likeness(before[one].value, after[other].value);
+    const auto ofRows = [&](std::size_t i, std::size_t j) {
+        const marc::FieldRow &row = before[one + 1 + qsizetype(i)];
+        const marc::FieldRow &otherRow = after[other + 1 + qsizetype(j)];
+        return row.identifier == otherRow.identifier ? likeness(row.value, otherRow.value) : 0;
+    };
+    return Alignment(size, otherSize, ofRows).best();
+}
+
+qsizetype rowsOf(const FieldRows &rows, const Elements &fields) {
+    qsizetype count = 0;
+    for (const qsizetype field : fields)
+        count += endOfField(rows, field) - field;
+    return count;
+}
+
+std::size_t placeIn(const Elements &elements, qsizetype element) {
+    return std::size_t(std::ranges::find(elements, element) - elements.begin());
+}
+
+} // namespace
+
+std::optional<Trail> followField(const FieldRows &before, const FieldRows &after, qsizetype element) {
+    if (element < 0 || element >= before.size())
+        return std::nullopt;
+    qsizetype field = element;
+    while (field > 0 && !marc::isFieldRow(before[field]))
+        --field;
+    const Elements fields = fieldsOf(before, before[field].identifier);
+    const Elements others = fieldsOf(after, before[field].identifier);
+    if (rowsOf(before, fields) * rowsOf(after, others) > mostComparisons)
+        return std::nullopt;
+    const Alignment ofFields(fields.size(), others.size(), [&](std::size_t i, std::size_t j) {
+        return likenessOfFields(before, fields[i], after, others[j]);
+    });
+    const auto found = ofFields.partner(placeIn(fields, field));
+    if (!found)
+        return std::nullopt;
+    const qsizetype other = others[*found];
+    if (element == field)
+        return Trail{other};
+    const Elements subfields = subfieldsOf(before, field, before[element].identifier);
+    const Elements otherSubfields = subfieldsOf(after, other, before[element].identifier);
+    const Alignment ofSubfields(subfields.size(), otherSubfields.size(), [&](std::size_t i, std::size_t j) {
+        return likeness(before[subfields[i]].value, after[otherSubfields[j]].value);
+    });
+    const auto subfield = ofSubfields.partner(placeIn(subfields, element));
+    return subfield ? Trail{otherSubfields[*subfield]} : Trail{other, true};
+}
+
+std::optional<Trail> followField(const std::vector<marc::RawRecord> &held, const FieldRows &now, qsizetype element) {
+    Trail trail{element};
+    for (std::size_t at = 0; at < held.size(); ++at) {
+        const FieldRows after = at + 1 < held.size() ? marc::showRecord(held[at + 1]).rows : now;
+        const auto next = followField(marc::showRecord(held[at]).rows, after, trail.element);
+        if (!next)
+            return std::nullopt;
+        trail = {next->element, trail.subfieldLost || next->subfieldLost};
+    }
+    return trail;
+}
+
+} // namespace workspace
