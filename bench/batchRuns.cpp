@@ -1,6 +1,6 @@
 #include "batchRuns.h"
 #include "app/startUp.h"
-#include "batch/windows/frmRemarks.h"
+#include "batch/windows/remarksPane.h"
 #include "database/linkPool.h"
 #include "platform/paths.h"
 #include "proof/isbn.h"
@@ -31,13 +31,16 @@ std::optional<double> proofAllInWindow(const QString &database, std::shared_ptr<
     database::LinkPool links(app::tableNames());
     const database::SessionState state{links, connectionTo(database)};
     const QString folder = platform::pathWithSlash(QCoreApplication::applicationDirPath());
-    batch::frmRemarks window(host);
-    putUp(window);
+    batch::RemarksPane pane(host, {.records = records,
+                                   .recordsInFile = [&] { return qint64(records->rowCount()); },
+                                   .proof = [&](const marc::FieldRows &rows) { return proofsOf(rows, folder); },
+                                   .state = state});
+    putUp(pane);
     const auto taken = timed([&] {
-        window.proofAll(
-            std::move(records), [&folder](const marc::FieldRows &rows) { return proofsOf(rows, folder); }, state);
+        pane.proofAll();
         settle();
-        return window.labJindu->text().startsWith(counted) && !window.labJindu->text().contains(u"未能");
+        const QString words = pane.proofTable->words->text();
+        return words.startsWith(counted) && !words.contains(u"未能");
     });
     return taken;
 }

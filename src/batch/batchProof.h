@@ -37,6 +37,7 @@ public:
     // What is to be said of the next row; nothing of one where no record stands.
     std::vector<Remark> step();
 
+    int next() const { return m_next; }     // row in the list of the next step
     int proved() const { return m_proved; } // records so far
     int total() const;                      // as the list stands now
     // The records seen so far that can be looked for elsewhere.

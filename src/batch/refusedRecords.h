@@ -4,19 +4,16 @@
 
 #include "batch/remark.h"
 #include "marc/preReadStore.h"
+#include "marc/refusedRecord.h"
 #include "platform/result.h"
 
 namespace batch {
 
-struct Refused {
-    int record = 0; // row in the list of records, from 0
-    QString reason; // what the server said
-};
+using RefusedRecords = std::vector<marc::RefusedRecord>;
 
-std::vector<Remark> remarksOf(const std::vector<Refused> &refused, const marc::PreReadStore &records);
+std::vector<Remark> remarksOf(const RefusedRecords &refused, const marc::PreReadStore &records);
 
 // Replaces the file by those records as they stand in the list, in GBK, each ended by CR LF. The whole file or none.
-platform::Status saveRefused(const QString &path, const std::vector<Refused> &refused,
-                             const marc::PreReadStore &records);
+platform::Status saveRefused(const QString &path, const RefusedRecords &refused, const marc::PreReadStore &records);
 
 } // namespace batch

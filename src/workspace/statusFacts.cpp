@@ -26,6 +26,15 @@ QString ofTheFile(const StatusFacts &facts) {
     return said.join(u"；");
 }
 
+QString ofTheImport(const StatusFacts &facts) {
+    if (!facts.imported)
+        return {};
+    const QString text = u"本次已导入 %1 条"_s.arg(facts.imported->wentIn);
+    if (facts.imported->refused == 0)
+        return text;
+    return text + u"，未成功 %1 条，F8 列出"_s.arg(facts.imported->refused);
+}
+
 } // namespace
 
 bool warns(const StatusFacts &facts) {
@@ -37,6 +46,7 @@ QString statusLine(const StatusFacts &facts) {
                      editing(facts),
                      facts.draftFault.isEmpty() ? QString() : QString(u"⚠ " + facts.draftFault),
                      facts.remark,
+                     ofTheImport(facts),
                      facts.deed,
                      facts.fieldsCameOrWent ? u"⚠ 本条增删了字段，离开时不会询问：请改动一处内容"_s : QString(),
                      ofTheFile(facts),

@@ -8,6 +8,12 @@
 
 namespace workspace {
 
+// What an import did with the list.
+struct ImportedNow {
+    int wentIn = 0;
+    qsizetype refused = 0;
+};
+
 struct StatusFacts {
     QString warning;                 // of the record as it is edited
     bool fieldsCameOrWent = false;   // and nothing else was changed, so that nobody is asked about it
@@ -17,10 +23,11 @@ struct StatusFacts {
     marc::FileCounts file;           // nothing counted: not known
     qint64 read = 0;                 // records listed
     bool readToTheEnd = false;
-    qsizetype changed = 0; // records changed and not imported
-    QString draftFault;    // why changes are not kept for a later start; empty where they are
-    QString remark;        // of something that just happened
-    QString deed;          // what a key did to the record that is shown
+    qsizetype changed = 0;               // records changed and not imported
+    QString draftFault;                  // why changes are not kept for a later start; empty where they are
+    QString remark;                      // of something that just happened
+    std::optional<ImportedNow> imported; // until the list is another one
+    QString deed;                        // what a key did to the record that is shown
 };
 
 // Empty where there is nothing to say. A warning begins with a sign.

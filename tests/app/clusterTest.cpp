@@ -67,7 +67,7 @@ protected:
             stored[numberIn(rows->text(row, 1))].append(rows->text(row, 0).toLongLong());
         QMap<int, QString> refused;
         for (const auto &row : window.refused())
-            refused[row.row] = row.fault;
+            refused[row.record] = row.reason;
         const QSet<qint64> keys(window.keys().begin(), window.keys().end());
         QMap<QString, int> tally;
         for (int i = 0; i < wanted(); ++i) {

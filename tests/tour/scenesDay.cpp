@@ -111,19 +111,20 @@ void addSubject(TourDriver &driver) {
 
 void proofEverything(TourDriver &driver) {
     driver.key(u"alt+d"_s);
-    driver.waitForWindow(u"frmRemarks"_s);
     driver.waitUntil(
-        u"the end of the proof"_s, [] { return shows(u"labJindu"_s, u"校对 5000 条，发现"_s); }, 120000);
+        u"the end of the proof"_s, [] { return shows(u"proofTable/words"_s, u"校对 5000 条，发现"_s); }, 120000);
+    driver.waitForFocus(u"proofTable/grid"_s);
     driver.key(u"Down Return"_s);
     driver.answerBox(u"本条记录已经改变,是否确定暂时改变该记录?\r\n"
                      u"(注:你可以修改预读出的记录,然后可以点击保存按扭,保存到新文件中)"_s,
                      u"y"_s);
-    driver.waitUntil(u"the record of the remark"_s,
-                     [] { return desk()->isActiveWindow() && desk()->Grid2->row() > 0; });
+    driver.waitUntil(u"the record of the remark"_s, [] { return desk()->Grid2->row() != sought - 1; });
+    driver.waitForFocus(u"Grid1"_s);
     driver.shot(u"day-remarks"_s);
     driver.key(u"F8"_s);
-    driver.waitForWindow(u"frmRemarks"_s);
-    driver.leave(u"Escape"_s, u"frmRemarks"_s);
+    driver.waitForFocus(u"proofTable/grid"_s);
+    driver.key(u"F8"_s);
+    driver.waitForFocus(u"Grid1"_s);
 }
 
 void importWithRefusals(TourDriver &driver) {
@@ -133,13 +134,12 @@ void importWithRefusals(TourDriver &driver) {
     driver.expect(driver.textOf(u"cmdRefused"_s).startsWith(u"&N 未成功 "), u"some are refused"_s);
     driver.shot(u"day-imported"_s);
     driver.key(u"alt+n"_s);
-    driver.waitForWindow(u"frmRemarks"_s);
-    driver.waitUntil(u"the refused ones"_s, [] { return shows(u"labJindu"_s, u"未成功"_s); });
+    driver.waitForFocus(u"refusedTable/grid"_s);
+    driver.waitUntil(u"the refused ones"_s, [] { return shows(u"refusedTable/words"_s, u"未成功"_s); });
     driver.shot(u"refused-records"_s);
-    driver.key(u"alt+i"_s);
+    driver.key(u"alt+o"_s);
     enterFile(driver, u"存为机读文件"_s, u"refused.iso"_s);
-    driver.key(u"Escape"_s);
-    driver.waitUntilGone(u"frmRemarks"_s);
+    driver.waitUntil(u"the file"_s, [] { return shows(u"refusedTable/words"_s, u"已保存到"_s); });
     backToMain(driver);
 }
 

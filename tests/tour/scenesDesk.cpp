@@ -53,13 +53,19 @@ void find(TourDriver &driver) {
 
 void proofAll(TourDriver &driver) {
     driver.key(u"alt+d"_s);
-    driver.waitForWindow(u"frmRemarks"_s);
     driver.waitUntil(u"the end of the proof"_s, [] {
-        auto *words = TourDriver::find<QLabel>(u"labJindu"_s);
+        auto *words = TourDriver::find<QLabel>(u"proofTable/words"_s);
         return words && words->text().startsWith(u"校对 ") && words->text().contains(u"发现");
     });
+    driver.waitForFocus(u"proofTable/grid"_s);
     driver.shot(u"remarks"_s);
-    driver.leave(u"Escape"_s, u"frmRemarks"_s);
+    driver.key(u"Escape"_s);
+    driver.waitForFocus(u"Grid1"_s);
+    driver.key(u"F8"_s);
+    driver.waitForFocus(u"proofTable/grid"_s);
+    driver.key(u"F8"_s);
+    driver.waitForFocus(u"Grid1"_s);
+    driver.expect(driver.look([] { return TourDriver::find(u"remarksPane"_s) == nullptr; }), u"the pane is hidden"_s);
 }
 
 void waitForImport(TourDriver &driver) {
@@ -73,10 +79,13 @@ void refused(TourDriver &driver) {
     driver.key(u"alt+s"_s);
     driver.answerBox(u"当前marc数据地址目次区数据出现错误！"_s, u"Return"_s);
     waitForImport(driver);
-    driver.key(u"alt+n"_s);
-    driver.waitForWindow(u"frmRemarks"_s, u"refused"_s);
-    driver.expect(driver.rows(u"frmRemarks/Grid1"_s) == 3, u"two records were refused"_s);
-    driver.leave(u"Escape"_s, u"frmRemarks"_s);
+    driver.leave(u"alt+q"_s, u"frmDaoRuJindu"_s);
+    driver.waitForFocus(u"Grid2"_s);
+    driver.expect(driver.textOf(u"labZhuangTai"_s).contains(u"，未成功 2 条，F8 列出"), u"what came of the import"_s);
+    driver.key(u"F8"_s);
+    driver.waitForFocus(u"refusedTable/grid"_s);
+    driver.shot(u"refused"_s);
+    driver.expect(driver.rows(u"refusedTable/grid"_s) == 3, u"two records were refused"_s);
     backToMain(driver);
 }
 

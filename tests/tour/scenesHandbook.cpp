@@ -60,11 +60,11 @@ void askInViews(TourDriver &driver) {
     askHandbook(driver, u"workspace.md"_s, u"box"_s);
     driver.answerBox(u"校对通过"_s, u"Return"_s);
     driver.key(u"alt+d"_s);
-    driver.waitForWindow(u"frmRemarks"_s);
+    driver.waitForFocus(u"proofTable/grid"_s);
     askHandbook(driver, u"proof.md"_s, u"remarks"_s);
-    driver.waitForWindow(u"frmRemarks"_s);
-    driver.look([] { TourDriver::find<widgets::Button>(u"frmRemarks/cmdQuit"_s)->click(); });
-    driver.waitUntilGone(u"frmRemarks"_s);
+    driver.waitForFocus(u"proofTable/grid"_s);
+    driver.key(u"F8"_s);
+    driver.waitForFocus(u"Grid1"_s);
 }
 
 // The run goes on under the handbook, and past it to its end.

@@ -280,7 +280,7 @@ struct RandomActs : Workspace {
         for (int i = dice.below(4); i > 0 && outcome.taken > 0; --i)
             refused.insert(dice.below(outcome.taken));
         for (const int row : std::as_const(refused))
-            outcome.refused.append({row, u"refused"_s});
+            outcome.refused.push_back({row, u"refused"_s});
         model.import(keep, outcome.taken, refused);
         form->cmdclick[5]->click();
     }

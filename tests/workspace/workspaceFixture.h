@@ -5,12 +5,40 @@
 #include "support/recordText.h"
 #include "support/scriptedHost.h"
 #include "workspace/windows/frmDaoru.h"
+#include <QPointer>
+
+// Stands for the pane of remarks: notes what it is asked, and holds what the workspace gave it.
+struct PaneDouble {
+    QPointer<QLineEdit> widget;
+    workspace::RemarksNeeds needs;
+    QStringList asked;
+    bool empty = true;
+
+    workspace::RemarksPane make(const workspace::RemarksNeeds &given) {
+        needs = given;
+        widget = new QLineEdit;
+        return {.widget = widget,
+                .proofAll =
+                    [this] {
+                        empty = false;
+                        asked.append(u"proof of "_s + QString::number(needs.recordsInFile()));
+                    },
+                .listRefused =
+                    [this](const auto &refused) {
+                        empty = empty && refused.empty();
+                        asked.append(u"refused "_s + QString::number(refused.size()));
+                    },
+                .isEmpty = [this] { return empty; },
+                .end = [this] { asked.append(u"end"_s); }};
+    }
+};
 
 struct Workspace : testing::Test {
     ScriptedHost host;
     QStringList opened; // what the other windows were handed, in order
     std::optional<QString> assistantGives;
     workspace::ImportOutcome outcome; // of the next import
+    PaneDouble pane;
     std::unique_ptr<workspace::frmDaoru> form;
 
     void SetUp() override {
@@ -53,8 +81,7 @@ struct Workspace : testing::Test {
                         note(count + u' ' + records->record(0));
                         return outcome;
                     },
-                .proofAll = [note](auto, auto, auto) { note(QStringLiteral("proof all")); },
-                .showRefused = {},
+                .makeRemarks = [this](const workspace::RemarksNeeds &needs) { return pane.make(needs); },
                 .leaderAssistant = assistant(QStringLiteral("LR000 ")),
                 .field100Assistant = assistant(QStringLiteral("LR100 ")),
             });

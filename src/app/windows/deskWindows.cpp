@@ -4,7 +4,7 @@
 #include "app/windows/frmLook.h"
 #include "app/windows/marcMain.h"
 #include "assist/windows/frmHelpLR.h"
-#include "batch/windows/frmRemarks.h"
+#include "batch/windows/remarksPane.h"
 #include "card/windows/frmMarcKaPian.h"
 #include "filetools/windows/frmCutFile.h"
 #include "filetools/windows/frmTidy.h"
@@ -88,19 +88,7 @@ workspace::WorkspaceWindows DeskWindows::workspaceWindows() {
         .showReport = [this](const QString &text, QWidget *owner) { showReport(text, owner); },
         .runImport = [this](std::shared_ptr<const marc::PreReadStore> records, const QString &count,
                             QWidget *owner) { return runImport(std::move(records), count, owner); },
-        .proofAll =
-            [this](std::shared_ptr<const marc::PreReadStore> records, const workspace::Jump &jump, QWidget *owner) {
-                batch::frmRemarks *window = remarksWindow(jump, owner);
-                window->proofAll(std::move(records), proofOne(m_host), m_state);
-            },
-        .showRefused =
-            [this](const QList<std::pair<int, QString>> &refused, std::shared_ptr<const marc::PreReadStore> records,
-                   const workspace::Jump &jump, QWidget *owner) {
-                std::vector<batch::Refused> rows;
-                for (const auto &[row, reason] : refused)
-                    rows.push_back({row, reason});
-                remarksWindow(jump, owner)->showRefused(std::move(rows), std::move(records));
-            },
+        .makeRemarks = [this](const workspace::RemarksNeeds &needs) { return makeRemarks(needs); },
         .leaderAssistant = [this](const QString &leader,
                                   QWidget *owner) { return assist::frmHelpLR000(m_host, owner).edit(leader); },
         .field100Assistant = [this](const QString &field100,
@@ -129,18 +117,22 @@ workspace::ImportOutcome DeskWindows::runImport(std::shared_ptr<const marc::PreR
     if (!window.keys().isEmpty())
         m_lastImport = window.keys();
     outcome.taken = window.taken();
-    for (const auto &[row, fault] : window.refused())
-        outcome.refused.append({row, fault});
+    outcome.wentIn = window.wentIn();
+    outcome.refused = window.refused();
     return outcome;
 }
 
-// One of a workspace: a new run takes the place of the one before. It goes with the workspace.
-batch::frmRemarks *DeskWindows::remarksWindow(const workspace::Jump &jump, QWidget *owner) {
-    if (!m_remarks || m_remarks->parentWidget() != owner) {
-        m_remarks = new batch::frmRemarks(m_host, owner);
-        QObject::connect(m_remarks, &batch::frmRemarks::jump, owner, jump);
-    }
-    return m_remarks;
+workspace::RemarksPane DeskWindows::makeRemarks(const workspace::RemarksNeeds &needs) {
+    auto *pane = new batch::RemarksPane(m_host, {needs.records, needs.recordsInFile, proofOne(m_host), m_state});
+    QObject::connect(pane, &batch::RemarksPane::jump, pane, needs.jump);
+    QObject::connect(pane, &batch::RemarksPane::left, pane, needs.leave);
+    QObject::connect(pane, &batch::RemarksPane::ended, pane,
+                     [tell = needs.tell](const QString &words) { tell(words + u"，F8 列出"); });
+    return {.widget = pane,
+            .proofAll = [pane] { pane->proofAll(); },
+            .listRefused = [pane](auto refused) { pane->listRefused(std::move(refused)); },
+            .isEmpty = [pane] { return pane->isEmpty(); },
+            .end = [pane] { pane->end(); }};
 }
 
 void DeskWindows::showReport(const QString &text, QWidget *owner) {

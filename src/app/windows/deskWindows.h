@@ -4,11 +4,6 @@
 #include "app/windows/catalogueWindows.h"
 #include "app/windows/commands.h"
 #include "workspace/windows/workspaceWindows.h"
-#include <QPointer>
-
-namespace batch {
-class frmRemarks;
-}
 
 namespace app {
 
@@ -37,7 +32,7 @@ private:
     void showTidy(const QString &source, QWidget *owner);
     void showWorkspace(const QString &file, QWidget *owner);
     workspace::WorkspaceWindows workspaceWindows();
-    batch::frmRemarks *remarksWindow(const workspace::Jump &jump, QWidget *owner);
+    workspace::RemarksPane makeRemarks(const workspace::RemarksNeeds &needs);
     void showReport(const QString &text, QWidget *owner);
     void showCard(const marc::RawRecord &record, const QString &mode, QWidget *owner);
     workspace::ImportOutcome runImport(std::shared_ptr<const marc::PreReadStore> records, const QString &count,
@@ -48,7 +43,6 @@ private:
     QList<qint64> m_lastImport; // keys of the rows that the last import made
     CatalogueWindows m_catalogue;
     QWidget *m_frame = nullptr;
-    QPointer<batch::frmRemarks> m_remarks;
 };
 
 } // namespace app

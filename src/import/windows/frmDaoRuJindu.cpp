@@ -108,7 +108,9 @@ bool frmDaoRuJindu::take(const QString &record, int row) {
     const Daoru done = daoruRecord(record, m_state, m_host, m_keys);
     if (!done.wentIn)
         m_refused.push_back({row, done.fault});
-    else if (done.key)
+    else
+        ++m_wentIn;
+    if (done.key)
         m_keys.append(*done.key);
     return done.wentIn;
 }

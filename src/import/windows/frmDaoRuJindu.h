@@ -5,6 +5,7 @@
 #include "database/sublib.h"
 #include "import/importRun.h"
 #include "marc/preReadStore.h"
+#include "marc/refusedRecord.h"
 #include "platform/host.h"
 #include "widgets/pacedLabel.h"
 #include "widgets/window.h"
@@ -26,13 +27,10 @@ public:
     void activate();
 
     // What became of the records so far.
-    struct Refused {
-        int row; // in the list, from 0
-        QString fault;
-    };
-    const std::vector<Refused> &refused() const { return m_refused; }
+    const std::vector<marc::RefusedRecord> &refused() const { return m_refused; }
+    int wentIn() const { return m_wentIn; }              // records; an empty row is none
     const QList<qint64> &keys() const { return m_keys; } // of the rows that went in
-    int taken() const { return m_taken; } // rows of the list that the run came to
+    int taken() const { return m_taken; }                // rows of the list that the run came to
 
     QLineEdit *Text1; // "0" from the opener; never read
     QLineEdit *Text2; // the number of records, from the opener
@@ -62,7 +60,8 @@ private:
     const database::SessionState &m_state;
     std::shared_ptr<const marc::PreReadStore> m_records;
     bool m_activated = false;
-    std::vector<Refused> m_refused;
+    std::vector<marc::RefusedRecord> m_refused;
+    int m_wentIn = 0;
     QList<qint64> m_keys;
     int m_taken = 0;
 };

@@ -1,6 +1,5 @@
 #include "workspace/windows/deskKeys.h"
 #include "widgets/window.h"
-#include <QApplication>
 #include <QShortcut>
 #include <algorithm>
 
@@ -58,7 +57,7 @@ void DeskKeys::bindAll() {
     whenFree(Qt::ShiftModifier | Qt::Key_F3, [this] { m_parts.find.previous(); });
     whenFree(Qt::ControlModifier | Qt::Key_G, [this] { m_parts.find.open(FindLine::Place::Number); });
     inWindow(Qt::Key_F6, [this] { m_parts.editors.openLarge(); });
-    inWindow(Qt::Key_F8, [this] { backToRemarks(); });
+    inWindow(Qt::Key_F8, [this] { Q_EMIT remarksWanted(); });
     const QList<QKeySequence> keys = FieldCommands::keys();
     for (int item = 1; item <= keys.size(); ++item)
         if (!keys[item - 1].isEmpty() && keys[item - 1] != QKeySequence(Qt::Key_Return)) // the grid has that itself
@@ -103,27 +102,6 @@ void DeskKeys::goToTag(const QString &digits) {
     m_parts.editors.editRow = m_parts.fields.row();
     Q_EMIT told({});
     Q_EMIT rowChosen();
-}
-
-void DeskKeys::jump(int record, int fieldRow) {
-    if (!isFree())
-        return;
-    m_jumpedFrom = QApplication::activeWindow();
-    goToRecord(record);
-    if (fieldRow >= 1 && fieldRow < m_parts.fields.rows() && m_parts.list.row() == record) {
-        m_parts.fields.setRow(fieldRow);
-        m_parts.fields.setFocus();
-        Q_EMIT rowChosen();
-    }
-    m_window->activateWindow(); // some window managers put a modal window before those that it has opened
-    Q_EMIT told(u"F8 回到结果表"_s);
-}
-
-void DeskKeys::backToRemarks() {
-    if (!m_jumpedFrom || !m_jumpedFrom->isVisible())
-        return;
-    m_jumpedFrom->raise();
-    m_jumpedFrom->activateWindow();
 }
 
 } // namespace workspace

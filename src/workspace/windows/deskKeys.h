@@ -5,7 +5,6 @@
 #include "workspace/windows/fieldCommands.h"
 #include "workspace/windows/findLine.h"
 #include "workspace/windows/recordMoving.h"
-#include <QPointer>
 
 namespace workspace {
 
@@ -28,26 +27,23 @@ public:
     void goToRecord(int row);
     // To the first field whose tag is no smaller.
     void goToTag(const QString &digits);
-    // From a list of remarks, the window in front: to a record and a row of its field grid, 0 for none. F8 leads back.
-    void jump(int record, int fieldRow);
 
 Q_SIGNALS:
     void told(const QString &words);
-    void rowChosen(); // another row of the field grid is current
+    void remarksWanted(); // F8
+    void rowChosen();     // another row of the field grid is current
 
 private:
     template <class Act>
     void bind(QWidget *where, const QKeySequence &key, Qt::ShortcutContext context, Act act);
     void bindAll();
     void goToWords(const QString &words);
-    void backToRemarks();
     void goBack(const std::optional<EditedRecord::Gone> &gone, const QString &done, const QString &nothing);
     // No editor is open, whatever it has left in reach.
     bool isFree() const { return !m_parts.editors.isOpen(); }
 
     Parts m_parts;
     QWidget *m_window;
-    QPointer<QWidget> m_jumpedFrom;
 };
 
 } // namespace workspace

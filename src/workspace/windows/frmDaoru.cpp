@@ -50,7 +50,8 @@ frmDaoru::frmDaoru(platform::Host &host, WorkspaceWindows windows, QWidget *pare
     , m_reading(*Grid2, host, damagedDirectory())
     , m_commands(*Grid2, *m_record, host, m_windows)
     , m_drafts(*Grid2, *m_record, host, [this] { return m_editors.typing(); })
-    , m_keys({*Grid1, *Grid2, *m_record, m_editors, m_fields, m_moving, *findLine}, this) {
+    , m_keys({*Grid1, *Grid2, *m_record, m_editors, m_fields, m_moving, *findLine}, this)
+    , m_remarks({*Grid1, *Grid2, *m_record, m_keys}, m_windows, [this] { return recordsInFile(); }) {
     setUp();
 }
 
@@ -65,6 +66,7 @@ void frmDaoru::setUp() {
     lay();
     connectGrids();
     connectHelpers();
+    connectRemarks();
     connectButtons();
     recall();
 }
@@ -93,6 +95,7 @@ void frmDaoru::lay() {
     // The place is kept while there is nothing to say, and is high enough for the find line.
     labZhuangTai->setMinimumHeight(findLine->sizeHint().height());
     // As wide as the columns of both grids, with their scroll bars; the list keeps its width.
+    room->addRemarks(m_remarks.pane());
     const int beside = Grid1->verticalScrollBar()->sizeHint().width() + 2 * Grid1->frameWidth();
     const int listWidth = Grid2->toPixels(RecordList::allTwips) + beside;
     room->share(listWidth, Grid1->toPixels(FieldGrid::allTwips) + beside);
@@ -155,6 +158,15 @@ void frmDaoru::connectHelpers() {
     connect(this, &Window::unloaded, &m_reading, &RecordReading::abandon);
 }
 
+void frmDaoru::connectRemarks() {
+    connect(Grid2, &RecordList::taken, this, [this] { m_facts.imported.reset(); });
+    connect(&m_remarks, &RemarkJumps::told, this, &frmDaoru::sayOfRecord);
+    connect(&m_remarks, &RemarkJumps::rowChosen, this, &frmDaoru::showWholeText);
+    connect(&m_keys, &DeskKeys::remarksWanted, &m_remarks, &RemarkJumps::showOrHide);
+    connect(cmdJiaoDuiAll, &Button::clicked, &m_remarks, &RemarkJumps::proofAll);
+    connect(this, &Window::unloaded, &m_remarks, &RemarkJumps::end);
+}
+
 void frmDaoru::showWholeText() {
     room->showText(m_record->row(Grid1->row()).value, Grid1->isCoded(Grid1->row()));
 }
@@ -170,15 +182,26 @@ void frmDaoru::sayOfRecord(const QString &deed) {
 }
 
 void frmDaoru::importRecords() {
-    const ImportOutcome outcome = m_commands.importRecords(m_reading.state(), Text3->pacedText());
+    const std::optional<ImportOutcome> outcome = m_commands.importRecords(m_reading.state(), Text3->pacedText());
+    if (!outcome)
+        return;
     QSet<int> refused;
-    for (const auto &[row, reason] : outcome.refused)
-        refused.insert(row);
-    m_drafts.imported([&](int row) { return row < outcome.taken && !refused.contains(row); });
+    for (const marc::RefusedRecord &record : outcome->refused)
+        refused.insert(record.record);
+    m_drafts.imported([&](int row) { return row < outcome->taken && !refused.contains(row); });
+    showImported(*outcome);
+}
+
+// The list has the keyboard again: Return on the button would import everything once more.
+void frmDaoru::showImported(const ImportOutcome &outcome) {
+    m_facts.imported = {outcome.wentIn, qsizetype(outcome.refused.size())};
+    Grid2->setFocus();
+    m_remarks.listRefused(outcome);
     updateStatus();
-    if (outcome.refusedWanted)
-        m_windows.showRefused(
-            outcome.refused, Grid2->sharedRecords(), [this](int record, int row) { m_keys.jump(record, row); }, this);
+}
+
+qint64 frmDaoru::recordsInFile() const {
+    return m_facts.readToTheEnd ? m_facts.read : Text4->pacedText().toLongLong();
 }
 
 // What the user made of the window's room.
@@ -207,10 +230,6 @@ void frmDaoru::connectButtons() {
     });
     connect(cmdclick[4], &Button::clicked, this, [this] { m_host.tell(u"暂无此功能"_s); });
     connect(cmdclick[5], &Button::clicked, this, &frmDaoru::importRecords);
-    connect(cmdJiaoDuiAll, &Button::clicked, this, [this] {
-        m_windows.proofAll(
-            Grid2->sharedRecords(), [this](int record, int row) { m_keys.jump(record, row); }, this);
-    });
     connect(cmdclick[6], &Button::clicked, this, [this] { unload(); });
 }
 
@@ -260,6 +279,7 @@ marc::RawRecord frmDaoru::madeMyMarc() const {
 void frmDaoru::listed(int count) {
     Text3->setPacedNumber(u"%1", count);
     m_facts.read = count;
+    m_facts.imported.reset();
     m_drafts.listed(count);
     if (count == 1)
         showRecord(records().record(0));
@@ -296,6 +316,7 @@ void frmDaoru::holdControls(CellEditors::Hold hold) {
 // All that an open editor closes off; the list apart.
 void frmDaoru::allowCommands(bool allowed) {
     Grid1->setEnabled(allowed);
+    m_remarks.allow(allowed);
     for (Button *button : cmdclick)
         button->setEnabled(allowed);
     for (Button *button : cmdTiMing)

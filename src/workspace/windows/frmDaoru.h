@@ -14,6 +14,7 @@
 #include "workspace/windows/recordCommands.h"
 #include "workspace/windows/recordMoving.h"
 #include "workspace/windows/recordReading.h"
+#include "workspace/windows/remarkJumps.h"
 #include "workspace/windows/workspaceRoom.h"
 #include <QFrame>
 #include <QLabel>
@@ -83,11 +84,14 @@ private:
     void remember();
     void recall();
     void importRecords();
+    void showImported(const ImportOutcome &outcome);
+    qint64 recordsInFile() const;
     void showWholeText();
     void say(const QString &remark);
     void sayOfRecord(const QString &deed);
     void connectGrids();
     void connectHelpers();
+    void connectRemarks();
     void connectButtons();
 
     void listed(int count);
@@ -111,6 +115,7 @@ private:
     RecordCommands m_commands;
     DraftKeeper m_drafts;
     DeskKeys m_keys;
+    RemarkJumps m_remarks;
     StatusFacts m_facts;
 };
 

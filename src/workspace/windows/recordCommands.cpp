@@ -29,10 +29,10 @@ void RecordCommands::proof() {
         m_host.tell(proof::proofPassed.toString());
 }
 
-ImportOutcome RecordCommands::importRecords(ReadState state, const QString &count) {
+std::optional<ImportOutcome> RecordCommands::importRecords(ReadState state, const QString &count) {
     if (rulesOf(state).running) {
         m_host.tell(u"正在预读或者正在导入！请先结束预读或者结束导入！"_s);
-        return {};
+        return std::nullopt;
     }
     if (m_record.state().edited && m_host.insist(u"本条记录已经改变,是否确定改变该记录?\r\n"
                                                  u"(注:你可以修改预读出的记录,然后可以点击保存按扭,保存到新文件中)"_s,

@@ -15,8 +15,8 @@ public:
 
     void showCard(const QString &mode);
     void proof();
-    // Refused while a read runs. `count` is the number of records as text.
-    ImportOutcome importRecords(ReadState state, const QString &count);
+    // Nothing while a read runs, which refuses it. `count` is the number of records as text.
+    std::optional<ImportOutcome> importRecords(ReadState state, const QString &count);
 
 private:
     RecordList &m_list;

@@ -12,41 +12,54 @@ WorkspaceRoom::WorkspaceRoom(QWidget *list, QWidget *fields, QWidget *parent)
     : QSplitter(Qt::Horizontal, parent)
     , cmdQuanWen(new Button(u"cmdQuanWen"_s, u"&W 全文"_s, parent))
     , wholeText(named(new QPlainTextEdit, u"wholeText"_s, u"当前行全文"_s))
-    , m_down(named(new QSplitter(Qt::Vertical), u"down"_s)) {
+    , m_down(named(new QSplitter(Qt::Vertical), u"down"_s))
+    , m_under(named(new QSplitter(Qt::Vertical), u"under"_s)) {
     setObjectName(u"across"_s);
     wholeText->setReadOnly(true);
     wholeText->setTabChangesFocus(true);
     cmdQuanWen->setCheckable(true);
     cmdQuanWen->setToolTip(u"在表格下面显示当前行的全文"_s);
     addWidget(list);
-    addWidget(m_down);
+    addWidget(m_under);
+    m_under->addWidget(m_down);
     m_down->addWidget(fields);
     m_down->addWidget(wholeText);
     setStretchFactor(1, 1);
     m_down->setStretchFactor(0, 1);
-    for (QSplitter *splitter : {static_cast<QSplitter *>(this), m_down})
+    for (QSplitter *splitter : {static_cast<QSplitter *>(this), m_down, m_under})
         splitter->setChildrenCollapsible(false);
     connect(cmdQuanWen, &Button::toggled, wholeText, &QWidget::setVisible);
     connect(cmdQuanWen, &Button::toggled, this, &WorkspaceRoom::textWanted);
     wholeText->hide();
 }
 
+void WorkspaceRoom::addRemarks(QWidget *remarks) {
+    if (!remarks)
+        return;
+    remarks->hide();
+    m_under->addWidget(remarks);
+    m_under->setStretchFactor(0, 1);
+}
+
 void WorkspaceRoom::share(int listWidth, int fieldsWidth) {
-    constexpr int fieldLines = 30, textLines = 4;
+    constexpr int fieldLines = 30, textLines = 4, remarkLines = 12;
     widget(0)->setMinimumWidth(listWidth / 2);
     setSizes({listWidth, fieldsWidth});
     m_down->setSizes({fieldLines * fontMetrics().height(), textLines * fontMetrics().height()});
+    m_under->setSizes({fieldLines * fontMetrics().height(), remarkLines * fontMetrics().height()});
 }
 
 void WorkspaceRoom::remember(const platform::DeskState &state) const {
     state.keep(u"frmDaoru/across"_s, saveState());
     state.keep(u"frmDaoru/down"_s, m_down->saveState());
+    state.keep(u"frmDaoru/under"_s, m_under->saveState());
     state.keep(u"frmDaoru/whole"_s, cmdQuanWen->isChecked());
 }
 
 void WorkspaceRoom::recall(const platform::DeskState &state) {
     restoreState(state.read(u"frmDaoru/across"_s).toByteArray());
     m_down->restoreState(state.read(u"frmDaoru/down"_s).toByteArray());
+    m_under->restoreState(state.read(u"frmDaoru/under"_s).toByteArray());
     cmdQuanWen->setChecked(state.read(u"frmDaoru/whole"_s).toBool());
 }
 

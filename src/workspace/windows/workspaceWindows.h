@@ -2,11 +2,14 @@
 // owner hands them in.
 #pragma once
 
+#include "marc/fieldPlace.h"
 #include "marc/preReadStore.h"
+#include "marc/refusedRecord.h"
 #include <QString>
 #include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 class QWidget;
 
@@ -17,13 +20,30 @@ using Assistant = std::function<std::optional<QString>(const QString &text, QWid
 
 // What became of a batch that was imported.
 struct ImportOutcome {
-    int taken = 0;                          // rows of the list that the import came to
-    QList<std::pair<int, QString>> refused; // row in the list, from 0, and what the server said
-    bool refusedWanted = false;             // they are to be named
+    int taken = 0;  // rows of the list that the import came to
+    int wentIn = 0; // records
+    std::vector<marc::RefusedRecord> refused;
+    bool refusedWanted = false; // they are to be named
 };
 
-// Leads to a record of the list, from 0, and a row of its field grid, 0 for none.
-using Jump = std::function<void(int record, int fieldRow)>;
+// The pane under the field grid that lists what was found about the records of the list.
+struct RemarksPane {
+    QWidget *widget = nullptr; // has the keyboard in its table once it is given it
+    // Proves all records; returns when the run has ended. The window may be gone by then.
+    std::function<void()> proofAll = [] {};
+    std::function<void(std::vector<marc::RefusedRecord>)> listRefused = [](const auto &) {};
+    std::function<bool()> isEmpty = [] { return true; };
+    std::function<void()> end = [] {}; // a run that is going on
+};
+
+// What that pane needs of the workspace.
+struct RemarksNeeds {
+    std::shared_ptr<const marc::PreReadStore> records;
+    std::function<qint64()> recordsInFile; // an estimate until the file has been read to its end
+    std::function<void(const marc::FieldPlace &)> jump;
+    std::function<void()> leave; // the keyboard goes back to the fields
+    std::function<void(const QString &)> tell;
+};
 
 struct WorkspaceWindows {
     // frmMarcKaPian with the record; the mode is "标准" or "卡片".
@@ -34,11 +54,7 @@ struct WorkspaceWindows {
     std::function<ImportOutcome(std::shared_ptr<const marc::PreReadStore> records, const QString &count,
                                 QWidget *owner)>
         runImport;
-    // The remarks on all records, modeless.
-    std::function<void(std::shared_ptr<const marc::PreReadStore> records, const Jump &jump, QWidget *owner)> proofAll;
-    std::function<void(const QList<std::pair<int, QString>> &refused, std::shared_ptr<const marc::PreReadStore> records,
-                       const Jump &jump, QWidget *owner)>
-        showRefused;
+    std::function<RemarksPane(const RemarksNeeds &needs)> makeRemarks;
     Assistant leaderAssistant;   // frmHelpLR000
     Assistant field100Assistant; // frmHelpLR100
 };

@@ -1,0 +1,132 @@
+#include "batch/windows/remarksPane.h"
+#include "widgets/layout.h"
+#include <QKeyEvent>
+#include <QPointer>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+using widgets::Button;
+
+namespace batch {
+
+RemarksPane::RemarksPane(platform::Host &host, Source source, QWidget *parent)
+    : QStackedWidget(parent)
+    , proofTable(new RemarkTable(u"proofTable"_s, host, this))
+    , stopButton(new Button(u"stopButton"_s, u"&E 停止"_s, proofTable))
+    , toRefusedButton(new Button(u"toRefusedButton"_s, u"&R 未成功记录"_s, proofTable))
+    , refusedTable(new RemarkTable(u"refusedTable"_s, host, this))
+    , toProofButton(new Button(u"toProofButton"_s, u"&R 校对结果"_s, refusedTable))
+    , isoButton(new Button(u"isoButton"_s, u"&O 存为机读文件…"_s, refusedTable))
+    , m_host(host)
+    , m_source(std::move(source)) {
+    setObjectName(u"remarksPane"_s);
+    lay();
+    connect(stopButton, &Button::clicked, this, &RemarksPane::end);
+    connect(isoButton, &Button::clicked, this, &RemarksPane::saveRecords);
+    connect(toRefusedButton, &Button::clicked, this, [this] { turnTo(refusedTable); });
+    connect(toProofButton, &Button::clicked, this, [this] { turnTo(proofTable); });
+    connect(proofTable, &RemarkTable::activated, this, [this](const Remark &remark) {
+        Q_EMIT jump({remark.record, remark.fieldRow, m_run->momentOf(remark.record)});
+    });
+    connect(refusedTable, &RemarkTable::activated, this,
+            [this](const Remark &remark) { Q_EMIT jump({.record = remark.record}); });
+}
+
+void RemarksPane::lay() {
+    proofTable->grid->setAccessibleName(u"校对结果"_s);
+    refusedTable->grid->setAccessibleName(u"未成功记录"_s);
+    proofTable->addAbove(stopButton);
+    proofTable->addAbove(toRefusedButton);
+    refusedTable->addAbove(toProofButton);
+    refusedTable->addBelow(isoButton);
+    widgets::hint({{stopButton, u"不再往下校对，已经发现的留下"},
+                   {isoButton, u"把这些记录存成机读目录文件，改正后再导入"},
+                   {toRefusedButton, u"列出上次导入没有成功的记录"},
+                   {toProofButton, u"回到校对全部的结果"}});
+    stopButton->hide();
+    offerOther();
+    for (RemarkTable *table : {proofTable, refusedTable})
+        addWidget(table);
+    setFocusProxy(proofTable);
+}
+
+void RemarksPane::turnTo(RemarkTable *table) {
+    const bool hadFocus = isAncestorOf(QApplication::focusWidget());
+    setCurrentWidget(table);
+    setFocusProxy(table);
+    if (hadFocus)
+        table->setFocus();
+}
+
+void RemarksPane::offerOther() {
+    toRefusedButton->setVisible(!m_refused.empty());
+    toProofButton->setVisible(m_run != nullptr);
+}
+
+void RemarksPane::proofAll() {
+    const int number = ++m_runs;
+    const auto run = std::make_shared<ProofRun>(m_source.records, m_source.proof, m_source.state);
+    m_run = run;
+    m_running = true;
+    proofTable->begin();
+    turnTo(proofTable);
+    offerOther();
+    stopButton->show();
+    while (run->hasNext()) {
+        proofTable->take(run->step());
+        proofTable->words->setPacedText(run->progressText(proofTable->remarks().found()) + u"　F8 收起，校对不停");
+        if (!goesOn(number))
+            return;
+    }
+    finish();
+}
+
+// Lets events in; false where the run is over. Nothing of the pane may be touched then.
+bool RemarksPane::goesOn(int run) {
+    const QPointer<RemarksPane> self(this);
+    m_host.yield();
+    return self && run == m_runs;
+}
+
+void RemarksPane::end() {
+    if (m_running)
+        finish();
+}
+
+void RemarksPane::finish() {
+    ++m_runs;
+    m_running = false;
+    if (stopButton->hasFocus())
+        proofTable->setFocus();
+    stopButton->hide();
+    proofTable->settle();
+    const QString words = m_run->closingText(proofTable->remarks(), m_source.recordsInFile());
+    proofTable->words->setText(words);
+    m_run->end();
+    if (isHidden())
+        Q_EMIT ended(words);
+}
+
+void RemarksPane::listRefused(RefusedRecords refused) {
+    m_refused = std::move(refused);
+    refusedTable->begin();
+    refusedTable->take(remarksOf(m_refused, *m_source.records));
+    refusedTable->settle();
+    refusedTable->words->setText(u"未成功 %1 条"_s.arg(refusedTable->remarks().found()));
+    offerOther();
+    turnTo(m_refused.empty() ? proofTable : refusedTable);
+}
+
+void RemarksPane::saveRecords() {
+    refusedTable->save({u"存为机读文件"_s, u"机读目录文件(*.iso)|*.iso|所有文件(*.*)|*.*"_s, u".iso"},
+                       [this](const QString &path) { return saveRefused(path, m_refused, *m_source.records); });
+}
+
+void RemarksPane::keyPressEvent(QKeyEvent *event) {
+    if (event->key() != Qt::Key_Escape)
+        return QStackedWidget::keyPressEvent(event);
+    event->accept(); // the window is not closed by it
+    Q_EMIT left();
+}
+
+} // namespace batch

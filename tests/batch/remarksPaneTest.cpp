@@ -1,0 +1,190 @@
+#include "batch/windows/remarksPane.h"
+#include "support/databaseServers.h"
+#include "support/recordText.h"
+#include "support/scriptedHost.h"
+#include <QSignalSpy>
+
+using namespace batch;
+
+namespace {
+
+struct Pane : testing::Test {
+    ScriptedHost host;
+    TestDatabase database;
+    std::shared_ptr<marc::PreReadStore> records = std::make_shared<marc::PreReadStore>();
+    qint64 inFile = 0;
+    std::unique_ptr<RemarksPane> pane;
+    QList<marc::FieldPlace> jumps;
+
+    Pane() {
+        database.run(u"insert into zsk (zskid,isbn,bookname) values (9,'9787020012596','呐喊')"_s);
+        for (int row = 0; row < 3; ++row)
+            put(row);
+        make();
+    }
+    void put(int row) {
+        records->setRecord(row, recordOf(u"010=  $a7-02-001259-0|011=  $a1000-0004"_s));
+        records->setTitle(row, u"题"_s + QString::number(row + 1));
+    }
+    void make() {
+        pane = std::make_unique<RemarksPane>(
+            host, RemarksPane::Source{.records = records,
+                                      .recordsInFile = [this] { return inFile; },
+                                      .proof = [](const marc::FieldRows &) { return ProofReports{}; },
+                                      .state = database.state});
+        QObject::connect(pane.get(), &RemarksPane::jump,
+                         [this](const marc::FieldPlace &place) { jumps.append(place); });
+        pane->show();
+    }
+    RemarkTable &proof() { return *pane->proofTable; }
+    QString words() { return proof().words->text(); }
+    QStringList kinds() {
+        QStringList texts;
+        for (int i = 0; i < proof().kindBox->count(); ++i)
+            texts.append(proof().kindBox->itemText(i));
+        return texts;
+    }
+    void choose(int kind) {
+        QComboBox *box = proof().kindBox;
+        box->setFocus();
+        QTest::keyClick(box, kind > box->currentIndex() ? Qt::Key_Down : Qt::Key_Up);
+        ASSERT_EQ(box->currentIndex(), kind);
+    }
+    QString lastJump() const {
+        return u"%1 %2 %3"_s.arg(jumps.last().record).arg(jumps.last().fieldRow).arg(jumps.last().moment);
+    }
+    // Acts once, at that turn of the run.
+    void at(int turn, const std::function<void()> &act) {
+        host.onYield = [act, turn, turns = 0]() mutable {
+            if (++turns == turn)
+                act();
+        };
+    }
+};
+
+} // namespace
+
+TEST_F(Pane, ProvesLooksUpAndLeadsToTheRecord) {
+    QStringList said;
+    host.onYield = [&] {
+        said.append(proof().words->pacedText());
+        EXPECT_TRUE(QTest::qWaitFor([this] { return proof().grid->model()->rowCount() > 0; })); // seen as they come
+        EXPECT_TRUE(pane->stopButton->isVisible());
+        if (said.size() == 2)
+            put(0); // proved already: what is found about it later is of the moment before
+    };
+    pane->proofAll();
+    EXPECT_TRUE(said.value(1).startsWith(u"正在校对：2/3，发现 3 处　"_s)) << said.join(u'\n').toStdString();
+    EXPECT_TRUE(said.value(said.size() - 2).startsWith(u"正在查重：书库")) << said.join(u'\n').toStdString();
+    EXPECT_EQ(words(), u"校对 3 条，发现 8 处"_s);
+    EXPECT_FALSE(pane->stopButton->isVisible() || pane->toRefusedButton->isVisible());
+    EXPECT_EQ(kinds(), (QStringList{u"全部 (8)"_s, u"ISSN (3)"_s, u"批内重复 (2)"_s, u"查重 (3)"_s}));
+
+    EXPECT_EQ(proof().grid->row(), 1);
+    QTest::keyClick(proof().grid, Qt::Key_Down);
+    QTest::keyClick(proof().grid, Qt::Key_Return);
+    EXPECT_EQ(proof().remarkText->text(), u"书库已有相同ISBN：控制号 9《呐喊》"_s);
+    EXPECT_EQ(lastJump(), u"0 3 0"_s);
+    choose(1);
+    EXPECT_EQ(proof().grid->rows(), 4);
+    QTest::keyClick(proof().grid, Qt::Key_End, Qt::ControlModifier);
+    QTest::keyClick(proof().grid, Qt::Key_Enter);
+    EXPECT_EQ(lastJump(), u"2 5 1"_s);
+
+    proof().copyButton->click();
+    EXPECT_EQ(QApplication::clipboard()->text().count(u'\n'), 4);
+    const TestFolder folder;
+    host.willChoose(folder.path(u"表"_s)); // gets its suffix
+    proof().saveButton->click();
+    host.willChoose(folder.path(u"表.tsv"_s));
+    host.willAnswer(platform::Answer::No);
+    choose(0);
+    proof().saveButton->click();
+    EXPECT_EQ(folder.read(u"表.tsv"_s).count('\n'), 4);
+    EXPECT_EQ(host.texts(), QStringList{u"文件【"_s + folder.path(u"表.tsv"_s) + u"】已经存在，是否替换？"});
+    host.willChoose(folder.path(u"没有/表.tsv"_s));
+    proof().saveButton->click();
+    EXPECT_TRUE(host.lastBox().text.startsWith(u"保存失败：【"));
+}
+
+// A remark that sorts before all others comes last: the search cannot reach its server.
+TEST_F(Pane, BeginsWithTheFirstRowUnlessTheUserChoseAnother) {
+    database.state.connectionString = u"Driver=SQLite3;Database=/nowhere/none.db;NoCreat=1;"_s;
+    pane->proofAll();
+    EXPECT_EQ(proof().grid->text(proof().grid->row(), 2), u"未能检查"_s);
+    EXPECT_EQ(words(), u"校对 3 条，发现 5 处，有的未能检查"_s);
+    QTest::keyClick(proof().grid, Qt::Key_Return); // it concerns no record
+    EXPECT_TRUE(jumps.isEmpty());
+    at(3, [this] {
+        proof().grid->clickRow(2);
+        EXPECT_EQ(proof().remarkText->text(), u"ISSN校验位错误，应为3"_s);
+    });
+    pane->proofAll();
+    EXPECT_EQ(proof().grid->row(), 3);
+}
+
+TEST_F(Pane, StopsAtOnceAndBeginsAgain) {
+    inFile = 376;
+    host.onYield = [&, yields = 0]() mutable {
+        if (++yields == 2)
+            QTest::keyClick(pane->stopButton, Qt::Key_Return);
+        if (yields == 3) // from within the run before
+            pane->proofAll();
+    };
+    pane->proofAll();
+    EXPECT_EQ(words(), u"已停止，校对 2/376 条，发现 3 处"_s);
+    EXPECT_FALSE(pane->stopButton->isVisible());
+    pane->proofAll();
+    EXPECT_EQ(words(), u"校对 3/376 条，发现 8 处"_s);
+    records->reset();
+    inFile = 0;
+    pane->proofAll();
+    EXPECT_EQ(words(), u"校对 0 条，发现 0 处"_s);
+    EXPECT_EQ(kinds(), QStringList{u"全部 (0)"_s});
+    QTest::keyClick(proof().grid, Qt::Key_Return); // leads nowhere
+    EXPECT_TRUE(jumps.isEmpty());
+}
+
+// Each time while it proves and while it looks up.
+TEST_F(Pane, GoesOnHiddenAndEndsWithItsWorkspace) {
+    QSignalSpy ended(pane.get(), &RemarksPane::ended);
+    at(2, [this] { pane->hide(); });
+    pane->proofAll();
+    EXPECT_EQ(words(), u"校对 3 条，发现 8 处"_s);
+    EXPECT_EQ(ended.value(0), QVariantList{u"校对 3 条，发现 8 处"_s});
+    for (const int turn : {2, 6}) {
+        at(turn, [this] { pane->end(); });
+        pane->proofAll();
+        EXPECT_TRUE(words().startsWith(u"已停止")) << words().toStdString();
+        at(turn, [this] { pane.reset(); });
+        pane->proofAll();
+        EXPECT_FALSE(pane);
+        make();
+    }
+}
+
+TEST_F(Pane, KeepsRefusedRecordsNextToTheRemarks) {
+    EXPECT_TRUE(pane->isEmpty());
+    pane->listRefused({{2, u"重复的\n键"_s}, {1, u"太长"_s}});
+    RemarkTable &refused = *pane->refusedTable;
+    EXPECT_TRUE(refused.isVisible() && !pane->toProofButton->isVisible() && !pane->isEmpty());
+    EXPECT_EQ(refused.words->text() + refused.grid->text(1, 1) + refused.grid->text(1, 4), u"未成功 2 条题2太长"_s);
+    const TestFolder folder;
+    host.willChoose(folder.path(u"拒"_s));
+    pane->isoButton->click();
+    EXPECT_EQ(folder.read(u"拒.iso"_s).count("\x1D\r\n"), 2);
+    QTest::keyClick(refused.grid, Qt::Key_Return);
+    EXPECT_EQ(lastJump(), u"1 0 0"_s);
+
+    pane->proofAll();
+    EXPECT_TRUE(proof().isVisible());
+    pane->toRefusedButton->click();
+    EXPECT_TRUE(refused.isVisible());
+    pane->toProofButton->click();
+    EXPECT_EQ(words(), u"校对 3 条，发现 8 处"_s);
+    pane->listRefused({}); // the next import took them all
+    EXPECT_TRUE(proof().isVisible() && !pane->toRefusedButton->isVisible());
+    QSignalSpy left(pane.get(), &RemarksPane::left);
+    QTest::keyClick(proof().grid, Qt::Key_Escape);
+    EXPECT_EQ(left.size(), 1);
+}

@@ -1,0 +1,132 @@
+// The pane of remarks in its window: F8, the jumps, and what is left of an import.
+#include "workspaceFixture.h"
+#include <QSplitter>
+
+using namespace workspace;
+
+namespace {
+
+const QString wayBack = u"F8 回到结果表"_s;
+constexpr int titleRow = 4; // 200 $a
+
+struct Remarks : Workspace {
+    frmDaoru &open(int records) {
+        load(records).show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
+        return *form;
+    }
+    QString status() const { return form->labZhuangTai->text(); }
+    bool paneHasFocus() const { return pane.widget->isVisible() && pane.widget->hasFocus(); }
+    QString at() const {
+        return u"%1 %2"_s.arg(form->Grid2->row()).arg(form->record().row(form->Grid1->row()).identifier);
+    }
+    void pressF8() { QTest::keyClick(QApplication::focusWidget(), Qt::Key_F8); }
+};
+
+} // namespace
+
+TEST_F(Remarks, AreShownAndHiddenByOneKey) {
+    auto &window = open(230);
+    pressF8();
+    EXPECT_EQ(status().section(u'　', 0, 0), u"还没有校对结果，也没有未成功记录"_s);
+    EXPECT_FALSE(pane.widget->isVisible());
+    window.cmdJiaoDuiAll->click();
+    EXPECT_EQ(pane.asked, QStringList{u"proof of 230"_s}) << "200 of them read";
+    EXPECT_TRUE(paneHasFocus());
+    pressF8();
+    EXPECT_TRUE(!pane.widget->isVisible() && window.Grid1->hasFocus());
+    pressF8();
+    EXPECT_TRUE(paneHasFocus());
+    pane.needs.leave(); // Esc
+    EXPECT_TRUE(pane.widget->isVisible() && window.Grid1->hasFocus());
+    pressF8();
+    EXPECT_TRUE(paneHasFocus());
+
+    auto *under = window.findChild<QSplitter *>(u"under"_s);
+    under->setSizes({300, 200});
+    const int height = under->sizes()[1];
+    host.willAnswer(platform::Answer::Yes);
+    window.close();
+    EXPECT_EQ(pane.asked.last(), u"end"_s);
+    form.reset();
+    EXPECT_FALSE(pane.widget) << "it goes with its window";
+    open(1).cmdJiaoDuiAll->click();
+    under = form->findChild<QSplitter *>(u"under"_s);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return under->sizes()[1] == height; }));
+}
+
+TEST_F(Remarks, LeadToTheFieldWhereverItIsByNow) {
+    auto &window = open(3);
+    pane.needs.jump({.record = 2, .fieldRow = titleRow, .moment = 0});
+    EXPECT_EQ(at() + status(), u"2 $a"_s + wayBack);
+    EXPECT_TRUE(window.Grid1->hasFocus());
+
+    window.record().insert({.place = 3, .content = {.identifier = u"101"_s}}); // in front of 200
+    window.record().insert({.place = 4, .content = {.identifier = u"$a"_s, .value = u"chi"_s}});
+    pane.needs.jump({.record = 2, .fieldRow = titleRow, .moment = 0});
+    EXPECT_EQ(window.Grid1->row(), titleRow + 2);
+    window.record().edit({.row = 4, .text = u"eng"_s});
+    host.willAnswer(platform::Answer::Yes); // goes into the list as it is
+    pane.needs.jump({.record = 0});
+    EXPECT_EQ(at(), u"0 000"_s);
+    pane.needs.jump({.record = 2, .fieldRow = titleRow, .moment = 0});
+    EXPECT_EQ(window.Grid1->row(), titleRow + 2);
+    EXPECT_EQ(window.record().row(window.Grid1->row()).value, u"题3"_s);
+    window.record().remove(titleRow + 2);
+    pane.needs.jump({.record = 2, .fieldRow = titleRow, .moment = 0});
+    EXPECT_EQ(at() + status().section(u'；', 0, 0), u"2 200这个子字段已经找不到了，可能已删除，这是它的字段"_s);
+    window.record().remove(titleRow + 2);
+    window.record().remove(titleRow + 1);
+    pane.needs.jump({.record = 2, .fieldRow = titleRow, .moment = 0});
+    EXPECT_TRUE(status().contains(u"这个字段已经找不到了，可能已删除；"_s + wayBack)) << status().toStdString();
+    pane.needs.jump({.record = 3});
+    EXPECT_TRUE(status().contains(u"列表里没有第 4 条记录"_s));
+}
+
+TEST_F(Remarks, AreOutOfReachWhileAnEditorIsOpen) {
+    auto &window = open(3);
+    window.cmdJiaoDuiAll->click();
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_F2}) { // content, identifier
+        window.Grid1->setFocus();
+        window.Grid1->setRow(titleRow);
+        QTest::keyClick(window.Grid1, key);
+        EXPECT_FALSE(window.cmdJiaoDuiAll->isEnabled() || pane.widget->isEnabled());
+        for (const auto &act : {std::function<void()>([this] { pressF8(); }),
+                                std::function<void()>([this] { pane.needs.jump({.record = 2}); })}) {
+            pane.needs.tell({});
+            act();
+            EXPECT_TRUE(status().contains(u"请先结束编辑（回车写入，Esc 放弃）"_s)) << status().toStdString();
+            EXPECT_EQ(window.Grid2->row(), 0);
+        }
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        EXPECT_TRUE(window.cmdJiaoDuiAll->isEnabled() && pane.widget->isEnabled());
+    }
+}
+
+TEST_F(Remarks, OfAnImportAreListedWithOneKey) {
+    auto &window = open(230);
+    outcome = {.taken = 200, .wentIn = 198, .refused = {{1, u"甲"_s}, {3, u"乙"_s}}};
+    QTest::keyClick(window.Grid2, 's', Qt::AltModifier);
+    EXPECT_TRUE(status().startsWith(u"本次已导入 198 条，未成功 2 条，F8 列出"_s)) << status().toStdString();
+    EXPECT_TRUE(window.Grid2->hasFocus() && !pane.widget->isVisible());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return); // imports nothing again
+    EXPECT_EQ(opened.size(), 1);
+    QTest::keyClick(window.Grid2, Qt::Key_Down);
+    EXPECT_TRUE(status().contains(u"本次已导入"_s)) << "until the list is another one";
+    pressF8();
+    EXPECT_TRUE(paneHasFocus());
+    EXPECT_EQ(pane.asked, QStringList{u"refused 2"_s});
+
+    outcome = {.taken = 200, .wentIn = 200};
+    window.cmdclick[5]->click();
+    EXPECT_TRUE(status().startsWith(u"本次已导入 200 条　"_s)) << status().toStdString();
+    window.Grid2->take(0, titled(u"新"_s));
+    window.record().edit({.row = titleRow, .text = u"字"_s});
+    EXPECT_FALSE(status().contains(u"本次已导入"_s));
+    outcome = {.refused = {{0, u"丙"_s}}, .refusedWanted = true};
+    host.willAnswer(platform::Answer::No);
+    window.cmdclick[5]->click();
+    EXPECT_TRUE(paneHasFocus());
+    window.cmdclick[3]->click(); // more records
+    EXPECT_FALSE(status().contains(u"本次已导入"_s));
+}
