@@ -165,13 +165,13 @@ void EditedRecord::takenOver() {
 }
 
 void EditedRecord::leave(Mark mark) {
-    const bool wasMarked = m_state.edited || m_state.rowsCameOrWent;
+    const bool changes = m_state.edited || m_state.rowsCameOrWent || differsFromList();
     m_state.rowsCameOrWent = false;
     if (mark == Mark::Goes)
         m_state.edited = false;
     m_inList = m_state;
     m_history.begin(m_state);
-    if (wasMarked)
+    if (changes)
         Q_EMIT edited();
 }
 
