@@ -1,4 +1,5 @@
 #include "app/windows/marcMain.h"
+#include "app/databaseNote.h"
 #include "widgets/fileDrop.h"
 #include "widgets/layout.h"
 #include "widgets/remembered.h"
@@ -35,7 +36,6 @@ marcMain::marcMain(platform::Host &host, CommandWindows &windows)
     buildMenu();
     buildToolbar();
     buildStartPage();
-    m_database.ask(m_windows.connectionText());
     const QSize room = screen()->availableSize() * 9 / 10;
     resize(QSize(fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 42).boundedTo(room));
     widgets::rememberPlace(this, m_host.remembered());
@@ -92,10 +92,10 @@ void marcMain::buildStartPage() {
     startPage->installEventFilter(this);
     statusBar()->addWidget(databaseName);
     statusBar()->setSizeGripEnabled(false);
-    connect(&m_database, &DatabaseProbe::told, this, [this](const QString &words, bool unreachable) {
-        databaseName->setText(unreachable ? QString(u"⚠ " + words) : words);
-        startPage->showDatabase(words, unreachable);
-    });
+    const DatabaseNote note = databaseNote(m_windows.connectionText());
+    const QString words = note.missing ? QString(u"⚠ " + note.words) : note.words;
+    databaseName->setText(words);
+    startPage->databaseWords->setText(words);
     auto *menuKey = new QShortcut(Qt::Key_F10, this);
     connect(menuKey, &QShortcut::activated, this, [this] {
         if (widgets::isBlocked(this))

@@ -3,7 +3,6 @@
 #pragma once
 
 #include "app/windows/commands.h"
-#include "app/windows/databaseProbe.h"
 #include "app/windows/startPage.h"
 #include "platform/host.h"
 #include <QMainWindow>
@@ -45,7 +44,6 @@ private:
 
     platform::Host &m_host;
     CommandWindows &m_windows;
-    DatabaseProbe m_database;
     bool m_noticeShown = false;
 };
 

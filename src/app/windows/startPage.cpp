@@ -92,10 +92,4 @@ QSize StartPage::fittedTo(const QSize &room) {
     return wanted().boundedTo(room);
 }
 
-void StartPage::showDatabase(const QString &words, bool unreachable) {
-    databaseWords->setText(unreachable ? QString(u"⚠ " + words) : words);
-    m_fittedTo = {};
-    adjustSize();
-}
-
 } // namespace app

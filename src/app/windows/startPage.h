@@ -13,7 +13,6 @@ class StartPage final : public QWidget {
 public:
     explicit StartPage(platform::Host &host, QWidget *parent);
 
-    void showDatabase(const QString &words, bool unreachable);
     // The files used last may be other ones.
     void refresh();
     // The size it takes in so much room; of the last files those that have none are hidden.
