@@ -89,14 +89,17 @@ void checkConnection(Input &input) {
     const QString source = u"Driver=" + input.oneOf(drivers);
     const QString any = input.text();
     for (const QString &data : {any, source})
-        require(timeLimits(driverText(any, data), data).silence().count() >= 0, "no limit lies in the past");
+        require(timeLimits(driverText(any, data, namedDriver(any, data), Certainty::Known), data).silence().count() >=
+                    0,
+                "no limit lies in the past");
     for (const QString &field :
          {fields.dataSource, fields.driver, fields.server, fields.user, fields.password, fields.database})
         if (!isSimple(field))
             return;
     const QString driver = fields.dataSourceChosen ? QString() : fields.driver;
-    const QString told = driverText(text, source);
-    checkTold(told, QString(driver + source));
+    const QString told = driverText(text, source, namedDriver(text, source), Certainty::Guessed);
+    if (!driver.contains(u'/')) // a path says nothing but its file's name
+        checkTold(told, driver.isEmpty() ? source : driver);
     require(connectionValue(text, u"dsn") == (fields.dataSourceChosen ? fields.dataSource : QString()),
             "the data source comes through");
     for (const QString &form : {text, told}) {

@@ -1,11 +1,9 @@
 #include "database/callLimit.h"
-#include <QtGlobal>
-#include <filesystem>
-#include <string>
-#include <system_error>
+#include <QByteArrayView>
 #include <utility>
 
 #ifndef Q_OS_WIN
+#include <dirent.h>
 #include <poll.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -22,13 +20,16 @@ constexpr std::chrono::milliseconds lookEvery(250); // a call pays nothing for b
 std::vector<int> CallLimit::sockets() {
     std::vector<int> found;
 #ifndef Q_OS_WIN
-    std::error_code none;
-    for (const auto &entry : std::filesystem::directory_iterator("/dev/fd", none)) {
-        const int descriptor = std::stoi(entry.path().filename().string());
+    DIR *folder = ::opendir("/dev/fd");
+    while (const dirent *entry = folder ? ::readdir(folder) : nullptr) {
+        bool isNumber = false;
+        const int descriptor = QByteArrayView(entry->d_name).toInt(&isNumber);
         struct stat facts {};
-        if (::fstat(descriptor, &facts) == 0 && S_ISSOCK(facts.st_mode))
+        if (isNumber && ::fstat(descriptor, &facts) == 0 && S_ISSOCK(facts.st_mode))
             found.push_back(descriptor);
     }
+    if (folder)
+        ::closedir(folder);
 #endif
     return found;
 }

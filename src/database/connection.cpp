@@ -39,7 +39,7 @@ struct Connection::Handle {
     template <class Outcome, class Call>
     Outcome change(Call call) {
         bool leftAlone = false;
-        const auto watched = [&](const Link &held) {
+        const auto watched = [&](Link &held) {
             Outcome outcome = call(held);
             leftAlone = !outcome && held.leftAlone(outcome.failure());
             return outcome;
@@ -64,12 +64,12 @@ platform::Result<Connection> Connection::open(LinkPool &links, const QString &co
 }
 
 platform::Status Connection::execute(const QString &statement) {
-    return m_handle->change<platform::Status>([&](const Link &link) { return link.execute(statement); });
+    return m_handle->change<platform::Status>([&](Link &link) { return link.execute(statement); });
 }
 
 platform::Result<std::optional<qint64>> Connection::insert(const QString &statement, const QString &keyColumn) {
     return m_handle->change<platform::Result<std::optional<qint64>>>(
-        [&](const Link &link) { return link.insert(statement, keyColumn); });
+        [&](Link &link) { return link.insert(statement, keyColumn); });
 }
 
 bool Connection::lost() const {
@@ -78,7 +78,7 @@ bool Connection::lost() const {
 
 platform::Result<std::shared_ptr<ResultTable>> Connection::query(const QString &statement) {
     using Rows = platform::Result<std::shared_ptr<ResultTable>>;
-    const auto ask = [&](const Link &link) { return link.query(statement); };
+    const auto ask = [&](Link &link) { return link.query(statement); };
     const bool held = m_handle->link != nullptr;
     Rows rows = m_handle->over<Rows>(ask);
     return held && !m_handle->link ? m_handle->over<Rows>(ask) : rows;

@@ -23,11 +23,13 @@ public:
     ~Connection(); // releases the connection; the pool, which must still stand, keeps it for the next use
 
     // A connection that proves dead when a statement fails is opened anew: for the next statement, and for the question
-    // that failed. A statement that changes something is sent again only where the server has told that it did nothing.
+    // that failed. A statement that changes something is sent again only where the server has said that it did not look
+    // at it.
 
     // Runs a statement that gives no rows.
     platform::Status execute(const QString &statement);
-    // Runs an insert of one row; the key that the server gave it in that column, or nothing where it does not tell.
+    // Runs an insert of one row; the key that the server gave it in that column, or nothing where it does not say. The
+    // insert is sent once; only a server that does not understand the form with the key gets the plain form after it.
     platform::Result<std::optional<qint64>> insert(const QString &statement, const QString &keyColumn);
     // Whether the connection was lost with the last statement. The answer to it is lost then too: nobody knows whether
     // a change was carried out.

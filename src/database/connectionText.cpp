@@ -1,5 +1,8 @@
 #include "database/connectionText.h"
+#include "database/dataSources.h"
 #include "platform/numbers.h"
+#include <QFileInfo>
+#include <array>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -22,10 +25,6 @@ qsizetype pairEnd(QStringView text, qsizetype from) {
         return next(u';', from);
     const qsizetype close = text.indexOf(u'}', value);
     return close < 0 ? -1 : next(u';', close);
-}
-
-bool contains(QStringView text, QStringView part) {
-    return text.contains(part, Qt::CaseInsensitive);
 }
 
 // The pairs of a text, each with its key and its value without blanks around it.
@@ -93,29 +92,30 @@ QString saidOf(const QString &text, const QString &dataSource, QStringView key) 
     return said.isEmpty() ? connectionValue(dataSource, key) : said;
 }
 
-void addMissing(QString &text, const QString &dataSource, QStringView key, QStringView value) {
-    if (saidOf(text, dataSource, key).isEmpty())
-        append(text, key, value);
+// The value of an added pair; empty where it is a limit that there is none of.
+QString valueOf(const AddedPair &pair, const QString &text, const TimeLimits &limits) {
+    const auto seconds = [](std::chrono::seconds limit) {
+        return limit.count() > 0 ? QString::number(limit.count()) : QString();
+    };
+    if (pair.value == u"%login")
+        return seconds(limits.login);
+    if (pair.value == u"%silence")
+        return seconds(limits.silence());
+    return pair.value.startsWith(u'%') ? connectionValue(text, pair.value.sliced(1)) : pair.value.toString();
 }
 
-void tellSqlite(QString &text, const QString &dataSource) {
-    constexpr qint32 longestWait = 2000; // ms; the window stands still as long
-    addMissing(text, {}, u"StepAPI", u"1");
-    force(text, u"NoCreat", u"1");
-    const auto wait = platform::toInt32(saidOf(text, dataSource, u"Timeout"));
-    if (!wait || *wait < 0 || *wait > longestWait)
-        force(text, u"Timeout", QString::number(longestWait));
+bool isLonger(const QString &said, QStringView limit) {
+    const auto number = platform::toInt32(said);
+    return !number || *number < 0 || *number > limit.toInt();
 }
 
-void tellMariaDb(QString &text, const QString &dataSource) {
-    const TimeLimits limits = timeLimits(text, dataSource);
-    if (limits.login.count() > 0)
-        addMissing(text, dataSource, u"CONN_TIMEOUT", QString::number(limits.login.count()));
-    if (limits.statement.count() > 0)
-        for (const QStringView key : {u"READ_TIMEOUT", u"WRITE_TIMEOUT"})
-            addMissing(text, dataSource, key, QString::number(limits.silence().count()));
-    force(text, u"CHARSET", u"utf8mb4");
-    force(text, u"AUTO_RECONNECT", u"0");
+void add(QString &text, const QString &dataSource, const AddedPair &pair, const QString &value) {
+    using When = AddedPair::When;
+    const QString said = saidOf(text, pair.when == When::MissingInText ? QString() : dataSource, pair.key);
+    if (pair.when == When::Always || (pair.when == When::LongerOrMissing && isLonger(said, value)))
+        force(text, pair.key, value);
+    else if (said.isEmpty())
+        append(text, pair.key, value);
 }
 
 } // namespace
@@ -131,16 +131,23 @@ TimeLimits timeLimits(const QString &connectionString, const QString &dataSource
     return limits;
 }
 
-QString driverText(const QString &connectionString, const QString &dataSource) {
+const DriverRow &namedDriver(const QString &connectionString, const QString &dataSource) {
+    const QString name = saidOf(connectionString, dataSource, u"Driver");
+    const QFileInfo library(libraryOfDriver(name));
+    return guessedDriver(std::to_array<QString>({library.fileName(), QFileInfo(library.canonicalFilePath()).fileName(),
+                                                 name.contains(u'/') ? QString() : name}));
+}
+
+QString driverText(const QString &connectionString, const QString &dataSource, const DriverRow &driver,
+                   Certainty certainty) {
     QString text = connectionString;
     text.remove(u"PROVIDER=MSDASQL;"_s, Qt::CaseInsensitive);
-    const QString driver = connectionValue(text, u"Driver") + connectionValue(dataSource, u"Driver");
-    if (const QString file = connectionValue(text, u"Database"); contains(driver, u"mdb") && !file.isEmpty())
-        addMissing(text, {}, u"DBQ", file);
-    if (contains(driver, u"sqlite"))
-        tellSqlite(text, dataSource);
-    if (contains(driver, u"maria") || contains(driver, u"mysql"))
-        tellMariaDb(text, dataSource);
+    const TimeLimits limits = timeLimits(text, dataSource);
+    for (const AddedPair &pair : driver.pairs)
+        if (const QString value = valueOf(pair, text, limits); !value.isEmpty())
+            add(text, dataSource, pair, value);
+    if (certainty == Certainty::Guessed)
+        force(text, u"NoCreat", u"1");
     return text;
 }
 

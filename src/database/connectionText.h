@@ -2,8 +2,7 @@
 // changed.
 #pragma once
 
-#include <QString>
-#include <QStringView>
+#include "database/servers.h"
 #include <chrono>
 
 namespace database {
@@ -29,11 +28,14 @@ struct TimeLimits {
 };
 TimeLimits timeLimits(const QString &connectionString, const QString &dataSource);
 
-// The stored text as the driver manager takes it: "PROVIDER=MSDASQL;" cut, and what each driver must be told added. Of
-// SQLite results are streamed instead of read whole into the driver, no file is made where there is none, and a lock is
-// waited for no longer than two seconds; MariaDB gets the time limits and UTF-8, and makes no connection anew behind
-// our back; the file of an Access database is named as its driver on this system wants it. `dataSource` is what the
-// machine says of the text's data source, as pairs with the driver first.
-QString driverText(const QString &connectionString, const QString &dataSource);
+// The driver that the text names or, where it names none, its data source; the row is a guess (servers.h).
+const DriverRow &namedDriver(const QString &connectionString, const QString &dataSource);
+
+// The stored text as the driver manager takes it: "PROVIDER=MSDASQL;" cut, and the pairs that the driver needs added.
+// `dataSource` is what the machine says of the text's data source, as pairs with the driver first. A driver that is
+// guessed may prove to be SQLite's, which must not make a file by then.
+enum class Certainty { Guessed, Known };
+QString driverText(const QString &connectionString, const QString &dataSource, const DriverRow &driver,
+                   Certainty certainty);
 
 } // namespace database

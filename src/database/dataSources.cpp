@@ -88,6 +88,21 @@ QString pairsOfDataSource(const QString &name) {
     return pairs;
 }
 
+QString libraryOfDriver(const QString &driver) {
+    if (driver.contains(u'/'))
+        return driver;
+#ifdef Q_OS_WIN
+    return {};
+#else
+    if (driver.isEmpty())
+        return {};
+    QByteArray library(4096, '\0');
+    SQLGetPrivateProfileString(driver.toUtf8().constData(), "Driver", "", library.data(), int(library.size() - 1),
+                               "ODBCINST.INI");
+    return QString::fromUtf8(library.constData());
+#endif
+}
+
 bool driverManagerPools() {
 #ifdef Q_OS_WIN
     return false;

@@ -1,6 +1,7 @@
 #include "database/link.h"
 #include "database/dataSources.h"
 #include "database/rowReader.h"
+#include "database/sqlDialect.h"
 #include <QFile>
 #include <algorithm>
 #include <array>
@@ -17,26 +18,19 @@ namespace database {
 
 namespace {
 
-// The drivers of unixODBC that have no wide calls, those of SQLite and of Access files, and MariaDB's, whose wide calls
-// (3.1.15) take a low byte of D8 to DB (勘, 盘, 还) for half of a surrogate pair: given such a text with its length
-// they write behind their own buffer, ended by a NUL they refuse it where it has many, and they cut the ends of values
-// off.
-TextForm callsOf(const QString &driver) {
-#ifndef Q_OS_WIN
-    for (const QStringView narrow : {u"sqlite", u"mdb", u"maria"})
-        if (driver.contains(narrow, Qt::CaseInsensitive))
-            return TextForm::Utf8;
-#endif
-    Q_UNUSED(driver)
-    return TextForm::Wide;
+// SQLite's driver says no more than "connect failed" of a file that is not there.
+platform::Failure explained(const DriverRow &driver, const QString &pairs, const platform::Failure &failure) {
+    const QString file = connectionValue(pairs, u"Database");
+    return rowOf(driver.server).file && !QFile::exists(file)
+               ? platform::Failure{u"数据库文件“"_s + file + u"”不存在", failure.number}
+               : failure;
 }
 
-// SQLite's driver says no more than "connect failed" of a file that is not there.
-platform::Failure explained(const QString &pairs, const platform::Failure &failure) {
-    const QString file = connectionValue(pairs, u"Database");
-    const bool sqlite = connectionValue(pairs, u"Driver").contains(u"sqlite", Qt::CaseInsensitive);
-    return sqlite && !QFile::exists(file) ? platform::Failure{u"数据库文件“"_s + file + u"”不存在", failure.number}
-                                          : failure;
+// What a driver says of itself or of its server, in plain letters.
+QString said(const OdbcHandle &connection, SQLUSMALLINT fact) {
+    std::array<SQLWCHAR, 128> text{};
+    SQLGetInfoW(connection.get(), fact, text.data(), SQLSMALLINT(sizeof(text) - sizeof(SQLWCHAR)), nullptr);
+    return fromOdbc(text.data(), qsizetype(text.size()));
 }
 
 // What tells a file from another one that took its name. Empty where there is no file.
@@ -53,11 +47,12 @@ QString identityOf(const QString &file) {
 
 } // namespace
 
-Link::Link(const QString &connectionString, const Facts &facts)
+Link::Link(const QString &connectionString, const QStringList &tables, const DriverRow &driver)
     : m_connectionString(connectionString)
-    , m_number(facts.number)
     , m_connection(SQL_HANDLE_DBC, m_environment.get())
-    , m_tables(facts.tables) {}
+    , m_driver(&driver)
+    , m_server(&rowOf(driver.server))
+    , m_tables(tables) {}
 
 Link::~Link() {
     if (!m_calls)
@@ -69,61 +64,65 @@ Link::~Link() {
 }
 
 platform::Result<std::unique_ptr<Link>> Link::connect(const QString &connectionString, const Facts &facts) {
-    std::unique_ptr<Link> link(new Link(connectionString, facts));
-    if (!link->m_connection)
-        return link->m_environment.failure(TextForm::Wide);
-    if (const platform::Status opened = link->open(); !opened)
-        return opened.failure();
-    return link;
+    if (!bracesAreClosed(connectionString))
+        return platform::Failure{u"连接字符串里有“{”而没有“}”"_s};
+    const QString source = pairsOfDataSource(connectionValue(connectionString, u"DSN"));
+    const DriverRow *driver = facts.driver ? facts.driver : &namedDriver(connectionString, source);
+    auto certainty = facts.driver ? Certainty::Known : Certainty::Guessed;
+    for (bool again = false;; again = true, certainty = Certainty::Known) {
+        std::unique_ptr<Link> link(new Link(connectionString, facts.tables, *driver));
+        if (!link->m_connection)
+            return link->m_environment.failure(TextForm::Wide);
+        if (const platform::Status opened =
+                link->open(source, certainty, QString::number(facts.number) + (again ? u"a" : u""));
+            !opened)
+            return opened.failure();
+        const DriverRow &right = link->learnDriver();
+        if (!again && !isOpenedAsFor(right, *driver)) {
+            driver = &right;
+            continue;
+        }
+        if (const platform::Status learned = link->learn(); !learned)
+            return learned.failure();
+        return link;
+    }
 }
 
-platform::Status Link::open() {
-    if (!bracesAreClosed(m_connectionString))
-        return platform::Failure{u"连接字符串里有“{”而没有“}”"_s};
+platform::Status Link::open(const QString &dataSource, Certainty certainty, const QString &number) {
     const QString name = connectionValue(m_connectionString, u"DSN");
-    const QString source = pairsOfDataSource(name);
-    m_form = callsOf(connectionValue(m_connectionString, u"Driver") + connectionValue(source, u"Driver"));
-    // unixODBC finds no data source by the wide characters of a Chinese name: what stands under that name goes ahead.
-    const bool hidden = m_form == TextForm::Wide && name.toUtf8().size() != name.size();
-    QString text = driverText(hidden ? QString(source + m_connectionString) : m_connectionString, source);
-    // A pool of the driver manager would hand back to us what we ended. It finds its links by the letters of the text,
-    // so no two of ours are the same; no driver knows the word.
+    // unixODBC finds no data source by the wide characters of a Chinese name: what stands under that name goes first.
+    const bool hidden = m_driver->calls == TextForm::Wide && name.toUtf8().size() != name.size();
+    QString text = driverText(hidden ? QString(dataSource + m_connectionString) : m_connectionString, dataSource,
+                              *m_driver, certainty);
+    // A pool of the driver manager would return connections that the program has ended. It finds them by the letters of
+    // the text, so no two texts are the same; no driver knows the word.
     if (driverManagerPools())
-        text += (text.endsWith(u';') ? u"Link=%1;"_s : u";Link=%1;"_s).arg(m_number);
+        text += (text.endsWith(u';') ? u"Link=%1;"_s : u";Link=%1;"_s).arg(number);
     // A limit of the driver's own in the text stays the only one: PostgreSQL's driver refuses two.
-    m_limits = timeLimits(m_connectionString, source);
-    if (m_limits.login.count() > 0 && !QString(text + source).contains(u"connect_timeout", Qt::CaseInsensitive))
+    m_limits = timeLimits(m_connectionString, dataSource);
+    if (m_limits.login.count() > 0 && !QString(text + dataSource).contains(u"connect_timeout", Qt::CaseInsensitive))
         SQLSetConnectAttrW(m_connection.get(), SQL_ATTR_LOGIN_TIMEOUT,
                            reinterpret_cast<SQLPOINTER>(m_limits.login.count()), SQL_IS_UINTEGER);
     const std::vector<int> others = CallLimit::sockets();
-    if (platform::Status connected = odbcConnect(m_connection, text, m_form); !connected)
-        return explained(text + u';' + source, connected.failure());
+    if (platform::Status connected = odbcConnect(m_connection, text, m_driver->calls); !connected)
+        return explained(*m_driver, text + u';' + dataSource, connected.failure());
     std::vector<int> own = CallLimit::sockets();
     std::erase_if(own, [&](int socket) { return std::find(others.begin(), others.end(), socket) != others.end(); });
     m_calls.emplace(std::move(own));
-    return learn();
+    return platform::success();
 }
 
-void Link::retire() const {
-    if (m_server == Server::Sqlite)
+void Link::retire() {
+    if (m_server->file)
         (void)firstColumn(u"PRAGMA wal_checkpoint(TRUNCATE)"_s); // it works when its result is fetched
 }
 
-bool Link::works() const {
+bool Link::works() {
     if (answeredJustNow())
         return true;
-    switch (m_server) {
-    case Server::Sqlite:
+    if (m_server->file)
         return identityOf(m_file) == m_fileIdentity;
-    case Server::MariaDb:
-        return takesStatements();
-    case Server::PostgreSql:
-    case Server::SqlServer:
-        return run(u"select 1"_s).ok();
-    case Server::Other:
-        break;
-    }
-    return !lost();
+    return m_server->ping.isEmpty() ? !lost() : run(m_server->ping.toString()).ok();
 }
 
 // For a loop's sake, which comes back within a millisecond: what ended the server in between has closed the socket as a
@@ -135,22 +134,16 @@ bool Link::answeredJustNow() const {
 }
 
 bool Link::leftAlone(const platform::Failure &failure) const {
-    constexpr qint32 notReady = 1047; // a node that lost sight of its cluster
-    return m_server == Server::MariaDb && failure.number == notReady;
+    return m_server->leftAlone != 0 && failure.number == m_server->leftAlone;
 }
 
-// A node of a cluster that lost sight of the others goes on talking, and refuses each statement but settings and
-// questions about nothing stored; this is the least that it refuses. Nor does the driver prepare it, as it does a
-// select.
-bool Link::takesStatements() const {
-    return m_server != Server::MariaDb || run(u"rollback"_s).ok();
+// A node of a cluster that lost sight of the others goes on answering, and refuses each statement but settings and
+// questions that read no table.
+bool Link::lost() {
+    return m_calls->struck() || isDead() || (!m_server->nodePing.isEmpty() && !run(m_server->nodePing.toString()));
 }
 
-bool Link::lost() const {
-    return m_calls->struck() || isDead() || !takesStatements();
-}
-
-bool Link::isDead() const {
+bool Link::isDead() {
     const CallLimit::Call call(*m_calls, m_limits.login);
     SQLUINTEGER dead = SQL_CD_FALSE;
     SQLGetConnectAttrW(m_connection.get(), SQL_ATTR_CONNECTION_DEAD, &dead, sizeof(dead), nullptr);
@@ -160,22 +153,22 @@ bool Link::isDead() const {
 // A server that has a limit of its own was told it; the others' drivers are told with each statement.
 platform::Status Link::start(const OdbcHandle &handle, const QString &statement) const {
     if (!handle)
-        return m_connection.failure(m_form);
+        return m_connection.failure(m_driver->calls);
     // Braces and question marks in a value are text, nothing for the driver to look into.
     SQLSetStmtAttrW(handle.get(), SQL_ATTR_NOSCAN, reinterpret_cast<SQLPOINTER>(SQL_NOSCAN_ON), SQL_IS_UINTEGER);
-    if (m_server == Server::SqlServer || m_server == Server::Other)
+    if (m_server->limitPerStatement)
         SQLSetStmtAttrW(handle.get(), SQL_ATTR_QUERY_TIMEOUT, reinterpret_cast<SQLPOINTER>(m_limits.statement.count()),
                         SQL_IS_UINTEGER);
-    return odbcExecute(handle, statement, m_form);
+    return odbcExecute(handle, statement, m_driver->calls);
 }
 
-std::unique_ptr<OdbcHandle> Link::statementHandle() const {
+std::unique_ptr<OdbcHandle> Link::statementHandle() {
     m_answered.reset();
     return m_statement ? std::move(m_statement) : std::make_unique<OdbcHandle>(SQL_HANDLE_STMT, m_connection.get());
 }
 
 // After a failure a handle is not used again: what a driver left in it nobody knows.
-void Link::wentWell(std::unique_ptr<OdbcHandle> handle) const {
+void Link::wentWell(std::unique_ptr<OdbcHandle> handle) {
     m_answered = std::chrono::steady_clock::now();
     if (SQL_SUCCEEDED(SQLFreeStmt(handle->get(), SQL_CLOSE)))
         m_statement = std::move(handle);
@@ -185,23 +178,23 @@ platform::Failure Link::told(const platform::Failure &failure) const {
     return m_calls->struck() ? platform::Failure{u"数据库服务器没有应答，连接已断开"_s, failure.number} : failure;
 }
 
-platform::Status Link::execute(const QString &statement) const {
+platform::Status Link::execute(const QString &statement) {
     const CallLimit::Call call(*m_calls, m_limits.silence());
     auto handle = statementHandle();
-    if (const platform::Status ran = start(*handle, rewrite(statement, m_server, m_tables)); !ran)
+    if (const platform::Status ran = start(*handle, rewrite(statement, m_server->server, m_tables)); !ran)
         return told(ran.failure());
     wentWell(std::move(handle));
     return platform::success();
 }
 
-platform::Result<std::shared_ptr<ResultTable>> Link::query(const QString &statement) const {
-    const QString spelled = rewrite(statement, m_server, m_tables);
+platform::Result<std::shared_ptr<ResultTable>> Link::query(const QString &statement) {
+    const QString spelled = rewrite(statement, m_server->server, m_tables);
     for (const Fetching fetching : {Fetching::Bound, Fetching::Unbound}) {
         const CallLimit::Call call(*m_calls, m_limits.silence());
         auto handle = statementHandle();
         if (const platform::Status ran = start(*handle, spelled); !ran)
             return told(ran.failure());
-        const auto rows = readRows(*handle, m_form, fetching);
+        const auto rows = readRows(*handle, m_driver->calls, fetching);
         if (!rows)
             return told(rows.failure());
         wentWell(std::move(handle));
@@ -211,17 +204,17 @@ platform::Result<std::shared_ptr<ResultTable>> Link::query(const QString &statem
     Q_UNREACHABLE();
 }
 
-platform::Status Link::run(const QString &statement) const {
+platform::Status Link::run(const QString &statement) {
     const CallLimit::Call call(*m_calls, m_limits.login);
     return start(OdbcHandle(SQL_HANDLE_STMT, m_connection.get()), statement);
 }
 
-platform::Result<QStringList> Link::firstColumn(const QString &statement) const {
+platform::Result<QStringList> Link::firstColumn(const QString &statement) {
     const CallLimit::Call call(*m_calls, m_limits.login);
     const OdbcHandle handle(SQL_HANDLE_STMT, m_connection.get());
     if (const platform::Status ran = start(handle, statement); !ran)
         return ran.failure();
-    const auto rows = readRows(handle, m_form, Fetching::Unbound);
+    const auto rows = readRows(handle, m_driver->calls, Fetching::Unbound);
     if (!rows)
         return rows.failure();
     QStringList values;
@@ -230,35 +223,29 @@ platform::Result<QStringList> Link::firstColumn(const QString &statement) const 
     return values;
 }
 
-// Asks a new link what it is, and makes its server read statements as they are meant: a backslash in a literal is a
-// backslash, else a title could end its literal and go on as a statement. A server that refuses any of it is not worked
-// with.
+// Only after this the rows of driver and server are those of the link.
+const DriverRow &Link::learnDriver() {
+    const QString server = said(m_connection, SQL_DBMS_NAME);
+    m_driver = &driverNamed(said(m_connection, SQL_DRIVER_NAME), server, *m_driver);
+    m_server = &serverNamed(server);
+    return *m_driver;
+}
+
+// Starts the session. One whose server refuses a statement that it must accept is not used.
 platform::Status Link::learn() {
-    std::array<SQLWCHAR, 128> name{};
-    SQLGetInfoW(m_connection.get(), SQL_DBMS_NAME, name.data(), SQLSMALLINT(sizeof(name) - sizeof(SQLWCHAR)), nullptr);
-    m_server = serverOf(fromOdbc(name.data(), qsizetype(name.size())));
     const qint64 seconds = m_limits.statement.count();
-    switch (m_server) {
-    case Server::PostgreSql:
-        if (seconds > 0)
-            (void)run(u"set statement_timeout=%1"_s.arg(seconds * 1000));
-        return run(u"set standard_conforming_strings=on"_s);
-    case Server::MariaDb:
-        if (seconds > 0)
-            (void)run(u"set max_statement_time=%1"_s.arg(seconds)); // MySQL has none of that name
-        (void)run(u"set wsrep_sync_wait=1"_s); // a cluster's node: reads wait for what went in over another one
-        if (platform::Status ready = run(u"rollback"_s); !ready)
-            return ready;
-        if (platform::Status safe = run(u"set sql_mode=concat(@@sql_mode,',NO_BACKSLASH_ESCAPES')"_s); !safe)
-            return safe;
-        return learnTables();
-    case Server::Sqlite:
-        return learnFile();
-    case Server::SqlServer:
-    case Server::Other:
-        break;
+    for (const SessionStatement &statement : m_server->start) {
+        const bool isLimit = statement.text.contains(u"%1");
+        if (isLimit && seconds == 0)
+            continue;
+        const QString text = statement.text.toString();
+        const platform::Status ran = run(isLimit ? text.arg(seconds) : text);
+        if (!ran && statement.refused == SessionStatement::Refused::Fails)
+            return ran;
     }
-    return platform::success();
+    if (m_server->namesByCase)
+        return learnTables();
+    return m_server->file ? learnFile() : platform::success();
 }
 
 platform::Status Link::learnTables() {

@@ -31,13 +31,22 @@ platform::Result<std::unique_ptr<Link>> LinkPool::take(const QString &connection
             return link->connectionString() == connectionString;
         });
         if (found == m_kept.end())
-            return Link::connect(connectionString, {.tables = m_tables, .number = ++m_opened});
+            return connect(connectionString);
         std::unique_ptr<Link> link = std::move(*found);
         m_kept.erase(found);
         if (link->works())
             return link;
         link->retire();
     }
+}
+
+platform::Result<std::unique_ptr<Link>> LinkPool::connect(const QString &connectionString) {
+    auto link =
+        Link::connect(connectionString,
+                      {.tables = m_tables, .number = ++m_opened, .driver = m_drivers.value(connectionString, nullptr)});
+    if (link)
+        m_drivers.insert(connectionString, &link.value()->driver());
+    return link;
 }
 
 void LinkPool::keep(std::unique_ptr<Link> link) {

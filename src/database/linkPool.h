@@ -7,6 +7,7 @@
 #pragma once
 
 #include "database/link.h"
+#include <QHash>
 #include <QTimer>
 #include <memory>
 #include <vector>
@@ -29,10 +30,13 @@ public:
     void dropKept();
 
 private:
+    platform::Result<std::unique_ptr<Link>> connect(const QString &connectionString);
+
     QStringList m_tables;
     std::vector<std::unique_ptr<Link>> m_kept;
     QTimer m_idle;
-    int m_opened = 0; // so many links
+    QHash<QString, const DriverRow *> m_drivers; // by the text: what the driver of its last link proved to be
+    int m_opened = 0;                            // so many links
 };
 
 } // namespace database

@@ -25,16 +25,17 @@ SQLCHAR *narrow(const QByteArray &text) {
 
 // One diagnostic record; false where there are no more.
 template <class Character, class Call>
-bool diagnostic(Call call, SQLSMALLINT kind, SQLHANDLE handle, SQLSMALLINT record, platform::Failure &failure) {
+bool diagnostic(Call call, SQLSMALLINT kind, SQLHANDLE handle, SQLSMALLINT record, Fault &fault) {
     std::array<Character, 8> state{};
     std::array<Character, 4096> message{};
     SQLINTEGER native = 0;
     SQLSMALLINT length = 0;
     if (!SQL_SUCCEEDED(call(kind, handle, record, state.data(), &native, message.data(), room(message), &length)))
         return false;
-    failure.description = fromOdbc(message.data(), qsizetype(message.size())).trimmed();
+    fault.description = fromOdbc(message.data(), qsizetype(message.size())).trimmed();
+    fault.state = fromOdbc(state.data(), qsizetype(state.size()));
     if (native != 0)
-        failure.number = native;
+        fault.number = native;
     return true;
 }
 
@@ -86,8 +87,8 @@ OdbcHandle::~OdbcHandle() {
         SQLFreeHandle(m_kind, m_handle);
 }
 
-platform::Failure OdbcHandle::failure(TextForm form) const {
-    platform::Failure failure;
+Fault OdbcHandle::failure(TextForm form) const {
+    Fault failure;
     const auto next = [&](SQLSMALLINT record) {
         return form == TextForm::Wide ? diagnostic<SQLWCHAR>(SQLGetDiagRecW, m_kind, m_handle, record, failure)
                                       : diagnostic<SQLCHAR>(SQLGetDiagRec, m_kind, m_handle, record, failure);

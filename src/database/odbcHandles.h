@@ -2,8 +2,8 @@
 // files of this folder include this: the C headers of ODBC spread macros.
 #pragma once
 
+#include "database/servers.h"
 #include "platform/result.h"
-#include <QString>
 
 #ifdef Q_OS_WIN
 #include <windows.h>
@@ -15,10 +15,9 @@ namespace database {
 
 static_assert(sizeof(SQLWCHAR) == sizeof(char16_t), "texts go to the driver manager as UTF-16");
 
-// How texts go through a driver. Wide calls are the rule. A driver without wide calls of its own takes and gives UTF-8
-// in the narrow ones; the driver manager's conversion is no substitute for them, since it follows the locale, fails on
-// characters beyond the BMP, and is not done at all on the first connection where a pool is configured.
-enum class TextForm { Wide, Utf8 };
+struct Fault : platform::Failure {
+    QString state; // SQLSTATE
+};
 
 class OdbcHandle {
 public:
@@ -32,7 +31,7 @@ public:
     explicit operator bool() const { return m_handle != SQL_NULL_HANDLE; }
 
     // What the driver says about the last call on this handle: its native number (never 0) and its message.
-    platform::Failure failure(TextForm form) const;
+    Fault failure(TextForm form) const;
 
 private:
     SQLSMALLINT m_kind;

@@ -1,7 +1,6 @@
 #include "database/sqlDialect.h"
 #include "database/sqlTokens.h"
 #include <algorithm>
-#include <array>
 #include <optional>
 #include <utility>
 
@@ -10,28 +9,6 @@ using namespace Qt::StringLiterals;
 namespace database {
 
 namespace {
-
-// How a server spells what the program's dialect says. %1: the operand; %2: the length.
-struct Spelling {
-    Server server;
-    QStringView date;   // style 111, yyyy/mm/dd
-    QStringView text;   // no style
-    QStringView like;   // the operator; without regard to case
-    QStringView folded; // the operand of `like`; nothing where it stays as it is
-    QStringView after;  // behind the pattern: makes a backslash in it an ordinary character
-    QChar quote;        // around names
-};
-
-constexpr auto spellings = std::to_array<Spelling>({
-    // SQLite has no date type: a date is a text that begins with the day.
-    {Server::Sqlite, u"replace(substr(%1,1,%2),'-','/')", u"substr(cast(%1 as text),1,%2)", u"Like", {}, {}, u'"'},
-    {Server::PostgreSql, u"cast(to_char(cast(%1 as timestamp),'YYYY/MM/DD') as varchar(%2))",
-     u"cast(%1 as varchar(%2))", u"ILike", QStringView(), u" Escape ''", u'"'},
-    // A column may have any character set and collation; this form of the operand suits them all. The escape character
-    // of a pattern cannot be switched off here, but no value that is typed has this one.
-    {Server::MariaDb, u"cast(date_format(%1,'%Y/%m/%d') as char(%2))", u"cast(%1 as char(%2))", u"Like",
-     u"convert(%1 using utf8mb4) collate utf8mb4_general_ci", u" Escape '\x1f'", u'`'},
-});
 
 bool isSame(QStringView name, QStringView other) {
     return name.size() == other.size() && name.compare(other, Qt::CaseInsensitive) == 0;
@@ -81,8 +58,11 @@ public:
         , m_tokens(tokensOf(statement)) {}
 
     QString whole() {
-        QString out = part(0, m_tokens.size());
         const qsizetype first = skip(0);
+        if (const std::optional<qsizetype> number = topNumber(first))
+            return m_tokens[first].text + u' ' + part(skip(*number + 1), m_tokens.size()) +
+                   m_spelling.first.toString().arg(m_tokens[*number].text);
+        QString out = part(0, m_tokens.size());
         if (first < m_tokens.size() && is(m_tokens[first], u"insert"))
             if (const qsizetype next = skip(first + 1); next < m_tokens.size() && !is(m_tokens[next], u"into"))
                 out.insert(m_tokens[first].text.end() - m_tokens[0].text.begin(), u" into"_s);
@@ -96,6 +76,16 @@ private:
                (m_tokens[at].kind == TokenKind::Blank || m_tokens[at].kind == TokenKind::Comment))
             ++at;
         return at;
+    }
+
+    // The number of "select top n", whose "select" is the token `first`.
+    std::optional<qsizetype> topNumber(qsizetype first) const {
+        const qsizetype top = skip(first + 1);
+        const qsizetype number = skip(top + 1);
+        if (number >= m_tokens.size() || !is(m_tokens[first], u"select") || !is(m_tokens[top], u"top") ||
+            !std::ranges::all_of(m_tokens[number].text, [](QChar sign) { return sign.isDigit(); }))
+            return std::nullopt;
+        return number;
     }
 
     QString part(qsizetype from, qsizetype to) {
@@ -195,28 +185,9 @@ private:
 
 } // namespace
 
-Server serverOf(QStringView dbmsName) {
-    struct Name {
-        QStringView part;
-        Server server;
-    };
-    static constexpr auto names = std::to_array<Name>({
-        {u"SQLite", Server::Sqlite},
-        {u"PostgreSQL", Server::PostgreSql},
-        {u"MariaDB", Server::MariaDb},
-        {u"MySQL", Server::MariaDb},
-        {u"SQL Server", Server::SqlServer},
-    });
-    for (const Name &name : names)
-        if (dbmsName.contains(name.part, Qt::CaseInsensitive))
-            return name.server;
-    return Server::Other;
-}
-
 QString rewrite(const QString &statement, Server server, const QStringList &tables) {
-    const auto found = std::find_if(spellings.begin(), spellings.end(),
-                                    [server](const Spelling &spelling) { return spelling.server == server; });
-    return found == spellings.end() ? statement : Rewriter(statement, *found, tables).whole();
+    const Spelling &spelling = rowOf(server).spelling;
+    return spelling.like.isEmpty() ? statement : Rewriter(statement, spelling, tables).whole();
 }
 
 } // namespace database

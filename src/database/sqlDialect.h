@@ -2,16 +2,10 @@
 // is rewritten here, outside string literals only.
 #pragma once
 
-#include <QString>
+#include "database/servers.h"
 #include <QStringList>
-#include <QStringView>
 
 namespace database {
-
-enum class Server { SqlServer, Sqlite, PostgreSql, MariaDb, Other };
-
-// The server behind the name that its driver gives.
-Server serverOf(QStringView dbmsName);
 
 // The statement as the server spells it. Statements spell tables in more than one way: those among `tables`
 // come out as they stand there.

@@ -1,5 +1,4 @@
-// What a connection text says of where the database is, in words that a person knows, and what may be asked about it
-// without opening it.
+// What a connection text says of where the database is, in words that a person knows. No server is asked.
 #pragma once
 
 #include <QString>
@@ -8,8 +7,7 @@ namespace database {
 
 struct Whereabouts {
     QString name;   // of the database or, where the text says none, of its data source; of a file without its folder
-    QString server; // empty for a file
-    int port = 0;   // 0: none to be asked
+    QString server; // as the text spells it, with instance and port where they stand there; empty for a file
     QString file;   // of an embedded database, with its path
 };
 

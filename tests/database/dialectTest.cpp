@@ -65,7 +65,8 @@ TEST(Dialect, CutsScriptsOnlyBetweenStatements) {
 
 TEST(ConnectionText, GoesToTheDriverManagerAsItsDriversWantIt) {
     const auto text = [](QStringView stored, QStringView source = u"") {
-        return database::driverText(stored.toString(), source.toString());
+        const QString text = stored.toString(), pairs = source.toString();
+        return database::driverText(text, pairs, database::namedDriver(text, pairs), database::Certainty::Known);
     };
     EXPECT_EQ(text(u"PROVIDER=MSDASQL;Driver=SQL Server;Server=S;UID=u;PWD=a{b};Database=d;"),
               u"Driver=SQL Server;Server=S;UID=u;PWD=a{b};Database=d;"_s);
@@ -77,7 +78,9 @@ TEST(ConnectionText, GoesToTheDriverManagerAsItsDriversWantIt) {
     EXPECT_EQ(text(u"DSN=lib;", u"Driver=SQLite3;Timeout=300;"), u"DSN=lib;StepAPI=1;NoCreat=1;"_s);
     EXPECT_EQ(text(u"Driver=MariaDB Unicode;AUTO_RECONNECT=1;CONN_TIMEOUT=3;StatementTimeout=0;"),
               u"Driver=MariaDB Unicode;CONN_TIMEOUT=3;StatementTimeout=0;CHARSET=utf8mb4;AUTO_RECONNECT=0;"_s);
-    EXPECT_EQ(text(u"DSN=m;", u"Driver=libmaodbc;LoginTimeout=4;"), u"DSN=m;"_s);
+    EXPECT_EQ(text(u"DSN=m;", u"Driver=/a/libmaodbc.so;StatementTimeout=0;LoginTimeout=0"),
+              u"DSN=m;CHARSET=utf8mb4;AUTO_RECONNECT=0;"_s);
+    EXPECT_EQ(text(u"Driver=/opt/sqlite/box.so;"), u"Driver=/opt/sqlite/box.so;"_s);
     EXPECT_EQ(text(u"DSN=m;", u"Driver=MariaDB;LoginTimeout=4;"),
               u"DSN=m;CONN_TIMEOUT=4;READ_TIMEOUT=62;WRITE_TIMEOUT=62;CHARSET=utf8mb4;AUTO_RECONNECT=0;"_s);
     EXPECT_EQ(database::connectionValue(u"Driver={a;b};PWD=x=y; uid = u", u"pwd"), u"x=y"_s);
@@ -106,11 +109,12 @@ TEST(ResultTable, GivesBackEveryCellAcrossItsBlocks) {
 TEST(Whereabouts, AreWhatAPersonKnows) {
     const auto told = [](const QString &text) {
         const database::Whereabouts found = database::whereabouts(text);
-        return QStringList{found.name, found.server, QString::number(found.port), found.file}.join(u'|');
+        return QStringList{found.name, found.server, found.file}.join(u'|');
     };
-    EXPECT_EQ(told(u"PROVIDER=MSDASQL;Driver=SQLite3;Database=/a b/馆.db;"_s), u"馆.db||0|/a b/馆.db"_s);
-    EXPECT_EQ(told(u"Driver={PostgreSQL Unicode};Server=lib;Database=d;"_s), u"d|lib|5432|"_s);
-    EXPECT_EQ(told(u"Driver=MariaDB Unicode;Server=lib;Port=3307;Database=d;"_s), u"d|lib|3307|"_s);
-    EXPECT_EQ(told(u"Driver=MariaDB;Server=localhost;Socket=/run/x;Database=d"_s), u"d|localhost|0|"_s);
-    EXPECT_EQ(told(u"DSN=nothing of that name;UID=u;"_s), u"nothing of that name||0|"_s);
+    EXPECT_EQ(told(u"PROVIDER=MSDASQL;Driver=SQLite3;Database=/a b/馆.db;"_s), u"馆.db||/a b/馆.db"_s);
+    EXPECT_EQ(told(u"Driver=/a/libsqlite3odbc.so;Database=馆.db;"_s), u"馆.db||馆.db"_s);
+    EXPECT_EQ(told(u"Driver={PostgreSQL Unicode};Server=lib;Port=1;Database=d;"_s), u"d|lib|"_s);
+    EXPECT_EQ(told(u"Driver=SQL Server;Server=主机,14330;Database=d;"_s), u"d|主机,14330|"_s);
+    EXPECT_EQ(told(u"Driver=SQL Server;Server=(local)\\lib;Database=d"_s), u"d|(local)\\lib|"_s);
+    EXPECT_EQ(told(u"DSN=nothing of that name;UID=u;"_s), u"nothing of that name||"_s);
 }

@@ -179,6 +179,38 @@ TEST(Link, ADeadConnectionIsReplaced) {
     }
 }
 
+// Its server has ended the session by the time of the question, which is asked again over a new one.
+TEST(Link, AQuestionOnADeadConnectionIsAskedAgain) {
+    for (const auto &[server, own, end, sleep] : servers) {
+        const TestDatabase database(server);
+        ASSERT_TRUE(import(database, u"一"_s));
+        auto killer = database.open();
+        auto connection = database.open(u"A=1;"_s);
+        ASSERT_TRUE(killer.value().execute(QString(end).arg(connection.value().query(own).value()->text(0, 0))));
+        ASSERT_TRUE(aSocketTells());
+        const auto rows = connection.value().query(titles);
+        ASSERT_TRUE(rows) << rows.failure().description.toStdString();
+        EXPECT_EQ(rows.value()->text(0, 0), u"一"_s);
+    }
+}
+
+// The table of a session is gone with it: the oldest of those that are released.
+TEST(Link, NoMoreThanAFewLinksAreKept) {
+    const TestDatabase database(TestServer::MariaDb);
+    const auto opened = [&](int i) { return database.open(u"A=%1;"_s.arg(i)); };
+    {
+        std::vector<Connection> used;
+        for (int i = 0; i < 6; ++i) {
+            used.push_back(std::move(opened(i)).value());
+            ASSERT_TRUE(used.back().execute(u"create temporary table held (a int)"_s));
+        }
+        while (!used.empty())
+            used.erase(used.begin());
+    }
+    for (int i = 5; i >= 0; --i)
+        EXPECT_EQ(opened(i).value().query(u"select a from held"_s).ok(), i >= 2) << i;
+}
+
 // A view over the table refuses to return what its rule makes of an insert.
 TEST(Link, AKeyThatAnInsertDoesNotReturnIsAskedFor) {
     const TestDatabase database(TestServer::PostgreSql);

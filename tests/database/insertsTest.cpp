@@ -1,0 +1,81 @@
+// An insert that is refused, by whatever it is, is sent once.
+#include "database/connection.h"
+#include "support/databaseServers.h"
+
+using database::Connection;
+
+class Inserts : public testing::TestWithParam<TestServer> {
+protected:
+    static QString insertOf(const QString &title) { return u"insert  taolutable (bookname) values ('" + title + u"')"; }
+
+    // What makes a title twice in the table, 拒 and 满 fail. The disk that is full is the trigger's word on the two
+    // servers.
+    QStringList refusals() const {
+        switch (GetParam()) {
+        case TestServer::Sqlite: // a refusal of this kind keeps what the trigger did before
+            return {u"create unique index once on taoluTable (bookname)"_s, u"create table attempts (title text)"_s,
+                    u"create trigger refuse before insert on taoluTable when new.bookname='拒' begin "
+                    "insert into attempts values (new.bookname); select raise(fail,'refused'); end"_s};
+        case TestServer::PostgreSql:
+            return {u"create unique index once on taoluTable (bookname)"_s,
+                    u"create or replace function refuse() returns trigger language plpgsql as 'begin "
+                    "if new.bookname=''满'' then raise exception ''full'' using errcode=''53100''; end if; "
+                    "raise exception ''refused''; end'"_s,
+                    u"create trigger refuse before insert on taoluTable for each row "
+                    "when (new.bookname in ('拒','满')) execute function refuse()"_s};
+        case TestServer::MariaDb:
+            return {u"create unique index once on taoluTable (bookname)"_s,
+                    u"create trigger refuse before insert on taoluTable for each row begin "
+                    "if new.bookname='拒' then signal sqlstate '45000'; end if; "
+                    "if new.bookname='满' then signal sqlstate 'HY000' set mysql_errno=1114; end if; end"_s};
+        }
+        return {};
+    }
+
+    // So many inserts has the session sent; PostgreSQL takes a key for each.
+    int sent(Connection &connection) const {
+        switch (GetParam()) {
+        case TestServer::Sqlite:
+            return connection.query(u"select count(*) from attempts"_s).value()->text(0, 0).toInt();
+        case TestServer::PostgreSql:
+            return connection.query(u"select last_value from taolutable_zskid_seq"_s).value()->text(0, 0).toInt();
+        case TestServer::MariaDb:
+            return connection
+                .query(u"select variable_value from information_schema.session_status "
+                       "where variable_name='COM_INSERT'"_s)
+                .value()
+                ->text(0, 0)
+                .toInt();
+        }
+        return 0;
+    }
+
+    TestDatabase database{GetParam()};
+};
+
+ON_ALL_SERVERS(Inserts);
+
+TEST_P(Inserts, ARefusedOneIsSentOnce) {
+    const bool sqlite = GetParam() == TestServer::Sqlite;
+    auto other = database.open(), connection = database.open(u"StatementTimeout=1;Timeout=100;"_s);
+    for (const QString &statement : refusals())
+        ASSERT_TRUE(other.value().execute(statement)) << statement.toStdString();
+    ASSERT_TRUE(other.value().execute(insertOf(u"有"_s)));
+    if (sqlite)
+        (void)connection.value().query(u"PRAGMA max_page_count=1"_s); // no more than there are
+    for (const QStringView title : {u"拒", u"有", u"锁", u"满"}) {
+        const QString insert = insertOf(sqlite && title == u"满" ? QString(200'000, u'满') : title.toString());
+        const bool locked = title == u"锁"; // by the same title in another session
+        const int before = sent(connection.value());
+        EXPECT_TRUE(!locked || (other.value().execute(u"begin"_s) && other.value().execute(insert)));
+        EXPECT_FALSE(connection.value().insert(insert, u"zskid"_s)) << title.toUtf8().constData();
+        EXPECT_TRUE(!locked || other.value().execute(u"rollback"_s));
+        const int byOther = locked && GetParam() == TestServer::PostgreSql ? 1 : 0;
+        EXPECT_EQ(sent(connection.value()) - before, sqlite && title != u"拒" ? 0 : 1 + byOther)
+            << title.toUtf8().constData();
+    }
+    const auto key = connection.value().insert(insertOf(u"好"_s), u"zskid"_s);
+    ASSERT_TRUE(key) << key.failure().description.toStdString();
+    EXPECT_EQ(database.selected(u"select zskid from taoluTable where bookname='好'"_s), QString::number(*key.value()));
+    EXPECT_EQ(database.selected(u"select count(*) from taoluTable"_s), u"2"_s);
+}
