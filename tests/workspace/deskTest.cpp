@@ -237,9 +237,22 @@ TEST_F(Desk, AStepIsOneShowAndUndoKeepsItsPlace) {
     window.Grid1->setRow(2);
     QTest::keyClick(window.Grid1, Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(window.Grid1->row(), 5) << "what was undone is the current row";
+    window.resize(window.width(), window.height() * 2 / 3);
+    for (int i = 0; i < 60; ++i)
+        window.record().insert({6, {u"7"_s, {}, u"$a"_s, {}, u"后"_s}});
+    QApplication::processEvents();
+    const QRect sight = window.Grid1->viewport()->rect();
+    int last = 5; // that fits
+    while (sight.contains(window.Grid1->visualRect(window.Grid1->model()->index(last, 1))))
+        ++last;
+    window.Grid1->setRow(last);
     window.room->cmdQuanWen->click();
-    EXPECT_EQ(window.Grid1->row(), 5);
-    EXPECT_EQ(window.room->wholeText->toPlainText(), value(5));
+    QApplication::processEvents();
+    EXPECT_EQ(window.room->wholeText->toPlainText(), value(last));
+    EXPECT_LT(window.Grid1->viewport()->height(), sight.height());
+    EXPECT_TRUE(
+        window.Grid1->viewport()->rect().contains(window.Grid1->visualRect(window.Grid1->model()->index(last - 1, 1))))
+        << "the row whose text unfolds stays in sight";
 }
 
 TEST(StatusLine, SaysTheMostUrgentFirst) {

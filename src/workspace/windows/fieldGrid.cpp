@@ -148,7 +148,11 @@ void FieldGrid::keyPressEvent(QKeyEvent *event) {
 }
 
 void FieldGrid::resizeEvent(QResizeEvent *event) {
+    const int top = rowViewportPosition(row() - fixedRows);
+    const bool wasInSight = top >= 0 && top + rowHeight(row() - fixedRows) <= event->oldSize().height();
     FlexGrid::resizeEvent(event);
+    if (wasInSight && row() >= fixedRows) // what is shown below the grid must not hide the row that it is about
+        scrollToRow(row());
     QMetaObject::invokeMethod(this, &FieldGrid::rearranged, Qt::QueuedConnection);
 }
 
