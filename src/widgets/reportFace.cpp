@@ -112,6 +112,7 @@ void ReportFace::draw(QPainter &painter, double left, double top, double width, 
                       const QString &line) const {
     const double spare = width - m_metrics.horizontalAdvance(line);
     const double shift = alignment & Qt::AlignRight ? spare : alignment & Qt::AlignHCenter ? spare / 2 : 0;
+    m_drawn.add(line);
     painter.setFont(m_font);
     painter.drawText(QPointF(left + shift, top + m_ascent), line);
 }

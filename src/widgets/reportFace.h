@@ -1,6 +1,7 @@
 // What a font measures on the device that a report is printed on: lines of a column, and their drawing.
 #pragma once
 
+#include "widgets/pdfText.h"
 #include <QFont>
 #include <QFontMetricsF>
 #include <QStringList>
@@ -25,6 +26,9 @@ public:
     void draw(QPainter &painter, double left, double top, double width, Qt::Alignment alignment,
               const QString &line) const;
 
+    // What it has drawn that the toolkit's PDF would call by another name.
+    void addSameGlyphs(SameGlyph &found) const { widgets::addSameGlyphs(found, m_drawn, m_font, m_device); }
+
     double lineHeight = 0;
 
 private:
@@ -34,6 +38,7 @@ private:
     const QPaintDevice *m_device;
     QFontMetricsF m_metrics;
     double m_ascent = 0;
+    mutable DrawnCharacters m_drawn;
     std::vector<float> m_widths; // of each character that was met
 };
 

@@ -143,6 +143,13 @@ void ReportSheet::draw(QPainter &painter, int page) const {
     drawFooting(painter, page);
 }
 
+void ReportSheet::nameCharacters(const QString &pdf) const {
+    SameGlyph names;
+    for (const ReportFace *face : {&m_title, &m_head, &m_body})
+        face->addSameGlyphs(names);
+    (void)nameDrawnCharacters(pdf, names); // without them it is a PDF all the same
+}
+
 ReportRun::ReportRun(const ReportSheet &sheet, QPrinter &printer)
     : m_sheet(sheet)
     , m_printer(printer)
@@ -165,7 +172,11 @@ bool ReportRun::step() {
     m_sheet.draw(m_painter, m_next - 1);
     if (++m_next <= m_last)
         return true;
+    // What a preview paints goes through the same printer, and leaves the file alone.
+    const bool makesPdf = m_painter.paintEngine()->type() == QPaintEngine::Pdf;
     m_failed = !m_painter.end();
+    if (makesPdf && !m_failed && !m_printer.outputFileName().isEmpty())
+        m_sheet.nameCharacters(m_printer.outputFileName());
     return false;
 }
 

@@ -25,6 +25,8 @@ public:
     // Of the whole report, once every row is placed.
     int pages() const { return int(m_starts.size()); }
     void draw(QPainter &painter, int page) const;
+    // Afterwards, in the PDF file that the pages were drawn into: its text is the text of the report.
+    void nameCharacters(const QString &pdf) const;
 
 private:
     // Where a page begins: a row, and a line of it where the row is longer than a page.
