@@ -18,11 +18,20 @@ constexpr auto tables = std::to_array<Table>({
     {u"zsk", u"书库"},
 });
 
-// Rows wanted from a question: few enough for the window, enough for the server.
-constexpr qint64 rowsWanted = 4096;
-constexpr qint64 widest = 1 << 20; // keys of one question, where they are sparse
+// Rows of one question: few enough for the window, enough for the server.
+constexpr int rowsWanted = 4096;
 
 enum Column { Key, Isbn, Title, Author };
+
+platform::Failure unreadableKey() {
+    return {u"控制号不是 64 位的整数"_s};
+}
+
+std::optional<qint64> keyOf(const database::ResultTable &rows, int row, int column) {
+    bool isNumber = false;
+    const qint64 key = rows.text(row, column).toLongLong(&isNumber);
+    return isNumber ? std::optional(key) : std::nullopt;
+}
 
 QString withoutLineEnds(QString text) {
     return text.simplified();
@@ -57,47 +66,56 @@ std::vector<Remark> DuplicateSearch::step() {
         }
         m_connection = std::move(opened).value();
     }
-    const platform::Status status = m_range ? walk() : begin();
-    if (status && m_range->next <= m_range->last)
-        return {};
-    return endTable(status);
+    const platform::Status status = m_walk ? walk() : begin();
+    return status && m_walk->more ? std::vector<Remark>() : endTable(status);
 }
 
+// The share of the range of keys, which may be wider than any whole number.
 QString DuplicateSearch::progressText() const {
     if (!hasNext())
         return {};
-    const qint64 done = m_range ? (m_range->next - m_range->first) * 100 / (m_range->last - m_range->first + 1) : 0;
-    return tables[m_table].called + u' ' + QString::number(std::min<qint64>(done, 100)) + u'%';
+    double share = 0;
+    if (m_walk && m_walk->seen)
+        share = (double(*m_walk->seen) - double(m_walk->first)) / (double(m_walk->last) - double(m_walk->first) + 1);
+    return tables[m_table].called + u' ' + QString::number(std::clamp(int(share * 100), 0, 100)) + u'%';
 }
 
 platform::Status DuplicateSearch::begin() {
-    m_range = Range{0, 0, -1, rowsWanted};
+    m_walk.emplace();
     const auto ends =
         m_connection->query(u"select min(zskid) as firstid,max(zskid) as lastid from "_s + tables[m_table].name);
     if (!ends)
         return ends.failure();
-    if (ends.value()->rowCount() > 0 && !ends.value()->isNull(0, 1)) {
-        m_range->first = m_range->next = ends.value()->text(0, 0).toLongLong();
-        m_range->last = ends.value()->text(0, 1).toLongLong();
-    }
+    m_walk->more = ends.value()->rowCount() > 0 && !ends.value()->isNull(0, 1);
+    if (!m_walk->more)
+        return platform::success();
+    const auto first = keyOf(*ends.value(), 0, 0), last = keyOf(*ends.value(), 0, 1);
+    if (!first || !last)
+        return unreadableKey();
+    m_walk->first = *first;
+    m_walk->last = *last;
     return platform::success();
 }
 
 platform::Status DuplicateSearch::walk() {
-    const qint64 end = std::min(m_range->next + m_range->width - 1, m_range->last);
+    const QString after =
+        m_walk->seen ? QString(u'>' + QString::number(*m_walk->seen)) : QString(u">=" + QString::number(m_walk->first));
     const auto rows =
-        m_connection->query(u"select zskid,isbn,bookname,author from %1 where zskid between %2 and %3"_s.arg(
-            tables[m_table].name, QString::number(m_range->next), QString::number(end)));
+        m_connection->query(u"select top %1 zskid,isbn,bookname,author from %2 where zskid%3 order by zskid"_s.arg(
+            QString::number(rowsWanted), tables[m_table].name, after));
     if (!rows)
         return rows.failure();
     const int count = rows.value()->rowCount();
+    m_walk->more = count >= rowsWanted;
     for (int row = 0; row < count; ++row)
         match(*rows.value(), row);
-    m_range->next = end + 1;
-    if (count < rowsWanted / 2)
-        m_range->width = std::min(m_range->width * 2, widest);
-    else if (count > rowsWanted * 2)
-        m_range->width = std::max<qint64>(m_range->width / 2, 1);
+    if (count == 0)
+        return platform::success();
+    const auto last = keyOf(*rows.value(), count - 1, Key);
+    if (!last || (m_walk->seen && *last <= *m_walk->seen)) // nothing would end the walk
+        return unreadableKey();
+    m_walk->seen = last;
+    m_walk->more = m_walk->more && *last < m_walk->last;
     return platform::success();
 }
 
@@ -148,7 +166,7 @@ std::vector<Remark> DuplicateSearch::endTable(const platform::Status &status) {
     if (!status)
         remarks.push_back({.text = called + u"未能查完：" + withoutLineEnds(status.failure().description)});
     m_hits.assign(m_sought.size(), Hit{});
-    m_range.reset();
+    m_walk.reset();
     ++m_table;
     return remarks;
 }

@@ -1,9 +1,9 @@
 // Looks for the records of a batch in the copy-cataloguing store and in the catalogue: by ISBN, whatever its form and
 // spelling there, or by title and author where a record has none.
 //
-// The tables are walked once, a range of their keys at a time, and compared here: no server has an index over ISBNs
-// without their hyphens, so that each question about some hundred of them would make it walk the table as well; and no
-// text of a record ever gets into a statement.
+// The tables are walked once in the order of their keys, some thousand rows at a time, and compared here: no server has
+// an index over ISBNs without their hyphens, so that each question about some hundred of them would make it walk the
+// table as well; and no text of a record ever gets into a statement.
 #pragma once
 
 #include "batch/batchProof.h"
@@ -30,8 +30,11 @@ private:
         QString first;
         bool byIsbn = false;
     };
-    struct Range {
-        qint64 first, next, last, width;
+    // How far a table has been walked, by its keys. Rows that come after its last key of the start are not looked at.
+    struct Walk {
+        qint64 first = 0, last = 0;
+        std::optional<qint64> seen;
+        bool more = true;
     };
 
     platform::Status begin();
@@ -46,9 +49,9 @@ private:
     QMultiHash<IsbnKey, int> m_byIsbn;
     QMultiHash<QString, int> m_byTitle;
     bool m_anyByTitle = false; // a record without an ISBN is among them
-    std::vector<Hit> m_hits;   // of the table in hand
+    std::vector<Hit> m_hits;   // of the current table
     std::size_t m_table = 0;
-    std::optional<Range> m_range; // what is left of the table in hand
+    std::optional<Walk> m_walk; // through the current table
 };
 
 } // namespace batch

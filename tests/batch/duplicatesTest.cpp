@@ -68,6 +68,34 @@ TEST_P(DuplicatesOnServers, AreFoundByIsbnOrByTitleAndAuthor) {
               }));
 }
 
+// Keys to the limits of their type, and as far apart as a distributed database gives them.
+TEST_P(DuplicatesOnServers, AreFoundUnderAnyKey) {
+    const TestDatabase database(GetParam());
+    if (GetParam() != TestServer::Sqlite)
+        database.run(GetParam() == TestServer::MariaDb ? u"alter table zsk modify zskid bigint"_s
+                                                       : u"alter table zsk alter column zskid type bigint"_s);
+    const QStringList keys{u"-9223372036854775808"_s, u"-4611686018427387904"_s, u"0"_s, u"4611686018427387904"_s,
+                           u"9223372036854775807"_s};
+    QStringList records, expected;
+    for (int i = 0; i < keys.size(); ++i) {
+        database.run(u"insert into zsk (zskid,isbn,bookname) values (%1,'978700000000%2','书')"_s.arg(keys[i]).arg(i));
+        records.append(u"010=  $a978700000000%1"_s.arg(i));
+        expected.append(u"%1 010 书库已有相同ISBN：控制号 %2《书》"_s.arg(i).arg(keys[i]));
+    }
+    DuplicateSearch search(database.state, sought(records));
+    QStringList lines;
+    for (int questions = 0; search.hasNext() && questions < 20; ++questions) {
+        for (const Remark &remark : search.step())
+            lines.append(QString::number(remark.record) + u' ' + remark.tag + u' ' + remark.text);
+        const QString progress = search.progressText();
+        EXPECT_TRUE(progress.isEmpty() ||
+                    QStringList({u"0%"_s, u"99%"_s, u"100%"_s}).contains(progress.section(u' ', 1)))
+            << progress.toStdString();
+    }
+    EXPECT_EQ(lines, expected);
+    EXPECT_FALSE(search.hasNext()) << "as many questions as the rows are worth";
+}
+
 // Thousands of rows side by side behind a desert of keys: all are seen, by questions that stay small.
 TEST(Duplicates, WalkTheWholeTable) {
     const TestDatabase database;

@@ -36,8 +36,13 @@ const QList<Case> cases = {
      u"delete from taoluTable where (author='[y]' And bookname ILike '%a''[b] Like%' Escape '')"_s,
      u"delete from taoluTable where (author='[y]' And convert(bookname using utf8mb4) collate utf8mb4_general_ci Like "
      u"'%a''[b] Like%' Escape '\x1f')"_s},
+    {u"select top 7 a,'top 8' as top from ZSK where zskid>5 order by zskid"_s,
+     u"select a,'top 8' as top from zsk where zskid>5 order by zskid limit 7"_s,
+     {},
+     {}},
     // Broken by a value with a quote, or merely alike: nothing is lost, nothing taken for what it is not.
     {u"select 1 where a='it's' And b Convert( varchar(10), 'open"_s, {}, {}, {}},
+    {u"select top from t"_s, {}, {}, {}},
     {u"select convert(date,a),convert(varchar(10),b,120),converted[ from t"_s, {}, {}, {}},
 };
 
