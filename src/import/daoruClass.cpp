@@ -9,18 +9,20 @@ namespace importing {
 
 namespace {
 
-// The key of the record's row, among those behind the keys known earlier.
+// The key of the record's row: the only one after the keys known earlier. Where there are others, somebody else imports
+// too, and a row with the same record may be theirs.
 std::optional<qint64> keyInStore(const marc::RawRecord &marc, database::Connection &connection,
                                  const QList<qint64> &earlier) {
     const auto last = std::ranges::max_element(earlier);
     if (last == earlier.end())
         return std::nullopt;
-    const auto rows = connection.query(u"select zskid,marc from taolutable where zskid>"_s + QString::number(*last) +
-                                       u" order by zskid");
-    for (int row = 0; rows && row < rows.value()->rowCount(); ++row)
-        if (rows.value()->text(row, 1) == marc)
-            return rows.value()->text(row, 0).toLongLong();
-    return std::nullopt;
+    const auto rows = connection.query(u"select top 2 zskid,marc from taolutable where zskid>"_s +
+                                       QString::number(*last) + u" order by zskid");
+    if (!rows || rows.value()->rowCount() != 1 || rows.value()->text(0, 1) != marc)
+        return std::nullopt;
+    bool isNumber = false;
+    const qint64 key = rows.value()->text(0, 0).toLongLong(&isNumber);
+    return isNumber ? std::optional(key) : std::nullopt;
 }
 
 Daoru withoutAnswer(const QString &fault, const std::optional<qint64> &key) {

@@ -16,10 +16,10 @@ struct Daoru {
 
 // A damaged directory and a database that cannot be reached are
 // told in a box; a statement that fails is not told here. An empty record does nothing.
-// Where the connection is lost before the server has answered, the store is asked for the row, among those behind the
-// greatest of `earlier`, the keys of the rows that went in before. A row found went in. One that is not may still come
-// in, or stand there unseen: the fault says so, and nothing is sent again. The key alone, where it was lost, is asked
-// for in the same way.
+// Where the connection is lost before the server has answered, the store is asked for the row, among those after the
+// greatest of `earlier`, the keys of the rows that went in before. A row that is the only one there went in. Otherwise
+// the record is in doubt: it may still come in, or a row found may be another person's. The fault says so, and nothing
+// is sent again. The key alone, where it was lost, is asked for in the same way.
 Daoru daoruRecord(const marc::RawRecord &marc, const database::SessionState &state, platform::Host &host,
                   const QList<qint64> &earlier = {});
 
