@@ -37,6 +37,21 @@ until_true() { # the command, until it succeeds: two minutes, where the machine 
     return 1
 }
 
+start_mariadb() { # FOLDER ADDRESS PORT CLIENTS OPTION…: returns when it answers; CLIENTS: who may log in
+    local folder=$1 address=$2 port=$3 clients=$4
+    plain "$(find_program mariadb-install-db)" --no-defaults --datadir="$folder/mariadb" --skip-test-db \
+        --auth-root-authentication-method=normal >"$folder/mariadb.log" 2>&1 || { cat "$folder/mariadb.log" >&2; return 1; }
+    plain bash -c "cat >'$folder/init.sql'" <<SQL
+create database if not exists $database character set utf8mb4;
+create user if not exists $user@'$clients' identified by '$password';
+grant all on $database.* to $user@'$clients';
+SQL
+    plain "$(find_program mariadbd)" --no-defaults --datadir="$folder/mariadb" --port="$port" --bind-address="$address" \
+        --socket="$folder/mariadb.sock" --pid-file="$folder/mariadb.pid" --init-file="$folder/init.sql" \
+        --innodb-flush-log-at-trx-commit=0 "${@:5}" >>"$folder/mariadb.log" 2>&1 </dev/null &
+    until_true grep -q 'ready for connections' "$folder/mariadb.log" || { cat "$folder/mariadb.log" >&2; return 1; }
+}
+
 all_stopped() { # every thread of these processes
     local process
     for process in "$@"; do

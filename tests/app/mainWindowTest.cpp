@@ -1,10 +1,16 @@
 #include "app/windows/marcMain.h"
+#include "database/connection.h"
+#include "database/linkPool.h"
 #include "platform/recentFiles.h"
 #include "support/scriptedHost.h"
 #include <QAbstractEventDispatcher>
 #include <QAction>
 #include <QDragEnterEvent>
 #include <QMimeData>
+#include <QProcess>
+#include <arpa/inet.h>
+#include <sys/socket.h>
+#include <unistd.h>
 
 using namespace app;
 
@@ -17,7 +23,10 @@ struct RecordedWindows final : CommandWindows {
         : host(host) {}
     void selectMarcFile(const QString &file) override { calls.append(u"select" + file); }
     void tidyFile(const QString &) override { calls.append(u"tidy"_s); }
-    QString connectionText() const override { return u"Driver=SQLite3;Database=" + host.folder + u"/no.db"; }
+    QString connectionText() const override {
+        return text.isEmpty() ? u"Driver=SQLite3;Database=" + host.folder + u"/no.db" : text;
+    }
+    QString text;
     static QString count(const QueryLists &lists) { return QString::number(lists.columns.count(u',') + 1); }
     void queryCatalogue(const QueryLists &lists) override { calls.append(u"catalogue " + count(lists)); }
     void queryStore(const QueryLists &lists) override { calls.append(u"store " + count(lists)); }
@@ -117,4 +126,55 @@ TEST_F(MainWindowTest, EveryWayOutAsksOnceAndEndsOnlyWithYes) {
     EXPECT_EQ(host.texts(), (QStringList{u"确定要退出系统吗？"_s, u"确定要退出系统吗？"_s}));
     EXPECT_EQ(host.lastBox().title, u"Tarvex图书馆管理系统-[退出]"_s);
     EXPECT_EQ(host.lastBox().icon, platform::Icon::Exclamation);
+}
+
+namespace {
+
+// Opens the port of the strict server and drops it, as a machine does that only looks whether a server is there.
+void knock() {
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_port = htons(3306);
+    ::inet_pton(AF_INET, "10.99.0.1", &address.sin_addr);
+    const int socket = ::socket(AF_INET, SOCK_STREAM, 0);
+    EXPECT_EQ(::connect(socket, reinterpret_cast<const sockaddr *>(&address), sizeof(address)), 0);
+    ::close(socket);
+}
+
+} // namespace
+
+// The test calls itself in a network of its own, with a server that blocks a machine after three failed connections.
+TEST(MainWindowStarts, CountAsNoFailedConnection) {
+    const QString text = qEnvironmentVariable("STRICT_SERVER");
+    if (text.isEmpty()) {
+        constexpr int notPermitted = 77;
+        const int status = QProcess::execute(
+            QStringLiteral(STRICT_SERVER_SCRIPT),
+            {QCoreApplication::applicationFilePath(), u"--gtest_filter=MainWindowStarts.CountAsNoFailedConnection"_s});
+        if (status == notPermitted)
+            GTEST_SKIP() << "no network of its own can be made here: this needs root's rights";
+        ASSERT_EQ(status, 0);
+        return;
+    }
+    const auto login = [&text] {
+        database::LinkPool links;
+        const auto opened = database::Connection::open(links, text);
+        return opened ? QString() : opened.failure().description;
+    };
+    const ScriptedHost host;
+    RecordedWindows windows(host);
+    windows.text = text;
+    for (int i = 0; i < 10; ++i) {
+        ScriptedHost own;
+        const marcMain frame(own, windows);
+        EXPECT_TRUE(frame.databaseName->text().startsWith(u"数据库：library（10.99.0.1）"));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !frame.databaseName->text().endsWith(u'…'); }));
+    }
+    EXPECT_EQ(login(), QString());
+    // It does block: each login that goes well clears its count.
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        for (int i = 0; i < 10; ++i)
+            knock();
+        return login().contains(u"blocked");
+    }));
 }
