@@ -1,5 +1,6 @@
 #include "workspace/windows/draftKeeper.h"
 #include "marc/fieldLookup.h"
+#include <QSet>
 #include <chrono>
 #include <utility>
 
@@ -131,8 +132,11 @@ void DraftKeeper::giveUp() {
     write();
 }
 
-void DraftKeeper::imported(const std::function<bool(int row)> &wentIn) {
-    m_book.imported(wentIn);
+void DraftKeeper::imported(const ImportOutcome &outcome) {
+    QSet<int> refused;
+    for (const marc::RefusedRecord &record : outcome.refused)
+        refused.insert(record.record);
+    m_book.imported([&](int row) { return row < outcome.taken && !refused.contains(row); });
     write();
 }
 

@@ -8,6 +8,7 @@
 #include "workspace/draftFile.h"
 #include "workspace/editedRecord.h"
 #include "workspace/windows/recordList.h"
+#include "workspace/windows/workspaceWindows.h"
 #include <QTimer>
 
 namespace workspace {
@@ -25,15 +26,15 @@ public:
     // Restores at once what belongs to listed records, and the others when they are listed.
     void restore();
     void giveUp();
-    // Rows from 0; `wentIn` is asked for rows that were changed.
-    void imported(const std::function<bool(int row)> &wentIn);
-    void listed(int count);                          // record number `count` has been listed
-    void readToTheEnd(int count);                    // the file has so many records
-    void touch();                                    // something has changed: a write follows within two seconds
-    void write();                                    // at once
+    // The records that went into the store need no draft any more.
+    void imported(const ImportOutcome &outcome);
+    void listed(int count);       // record number `count` has been listed
+    void readToTheEnd(int count); // the file has so many records
+    void touch();                 // something has changed: a write follows within two seconds
+    void write();                 // at once
     // Milliseconds until the write that is to follow; -1 where none is.
     int dueIn() const { return m_pace.remainingTime(); }
-    qsizetype changed() const;                       // records changed and not imported
+    qsizetype changed() const; // records changed and not imported
 
 Q_SIGNALS:
     void offered(qsizetype records);

@@ -1,11 +1,9 @@
 #include "workspace/windows/frmDaoru.h"
 #include "platform/desktop/screenRoom.h"
-#include "widgets/ink.h"
 #include "widgets/layout.h"
 #include "widgets/remembered.h"
 #include "workspace/windows/workspaceControls.h"
 #include <QScrollBar>
-#include <QSet>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -51,7 +49,8 @@ frmDaoru::frmDaoru(platform::Host &host, WorkspaceWindows windows, QWidget *pare
     , m_commands(*Grid2, *m_record, host, m_windows)
     , m_drafts(*Grid2, *m_record, host, [this] { return m_editors.typing(); })
     , m_keys({*Grid1, *Grid2, *m_record, m_editors, m_fields, m_moving, *findLine}, this)
-    , m_remarks({*Grid1, *Grid2, *m_record, m_keys}, m_windows, [this] { return recordsInFile(); }) {
+    , m_remarks({*Grid1, *Grid2, *m_record, m_keys}, m_windows, [this] { return m_reading.recordsInFile(); })
+    , m_status(*labZhuangTai, {*m_record, *Grid2, m_editors, m_reading, m_drafts}) {
     setUp();
 }
 
@@ -119,9 +118,6 @@ void frmDaoru::connectGrids() {
 }
 
 void frmDaoru::connectHelpers() {
-    connect(m_record.get(), &EditedRecord::shown, this, [this] { sayOfRecord({}); });
-    connect(m_record.get(), &EditedRecord::edited, this, &frmDaoru::updateStatus);
-    connect(&m_editors, &CellEditors::typed, this, &frmDaoru::updateStatus);
     connect(&m_editors, &CellEditors::typed, &m_drafts, &DraftKeeper::touch);
     connect(&m_editors, &CellEditors::opened, this, &frmDaoru::holdControls);
     connect(&m_editors, &CellEditors::closed, this, &frmDaoru::releaseControls);
@@ -129,13 +125,6 @@ void frmDaoru::connectHelpers() {
     connect(&m_reading, &RecordReading::counted, this,
             [this](qint64 count) { Text4->setText(QString::number(count)); });
     connect(&m_reading, &RecordReading::stateChanged, this, &frmDaoru::enterState);
-    connect(&m_reading, &RecordReading::lookedAt, this, [this](const marc::FileCounts &file) { m_facts.file = file; });
-    connect(&m_editors, &CellEditors::moved, this, &frmDaoru::updateStatus);
-    connect(&m_drafts, &DraftKeeper::told, this, &frmDaoru::say);
-    connect(&m_drafts, &DraftKeeper::fault, this, [this](const QString &words) {
-        m_facts.draftFault = words;
-        updateStatus();
-    });
     connect(&m_drafts, &DraftKeeper::currentRestored, this, [this] { showRecord(records().record(Grid2->row())); });
     connect(&m_drafts, &DraftKeeper::offered, draftBar, &DraftBar::offer);
     connect(draftBar, &DraftBar::restoreWanted, this, [this] {
@@ -146,7 +135,7 @@ void frmDaoru::connectHelpers() {
     for (const auto settled : {&DraftBar::restoreWanted, &DraftBar::givenUp})
         connect(draftBar, settled, Grid2, qOverload<>(&QWidget::setFocus));
     connect(room, &WorkspaceRoom::textWanted, this, &frmDaoru::showWholeText);
-    connect(&m_keys, &DeskKeys::told, this, &frmDaoru::sayOfRecord);
+    connect(&m_keys, &DeskKeys::told, &m_status, &StatusLine::sayOfRecord);
     connect(&m_keys, &DeskKeys::rowChosen, this, &frmDaoru::showWholeText);
     connect(Grid1, &FieldGrid::enterCell, this, &frmDaoru::showWholeText);
     connect(Grid1, &FieldGrid::gridClicked, this, &frmDaoru::showWholeText);
@@ -159,8 +148,7 @@ void frmDaoru::connectHelpers() {
 }
 
 void frmDaoru::connectRemarks() {
-    connect(Grid2, &RecordList::taken, this, [this] { m_facts.imported.reset(); });
-    connect(&m_remarks, &RemarkJumps::told, this, &frmDaoru::sayOfRecord);
+    connect(&m_remarks, &RemarkJumps::told, &m_status, &StatusLine::sayOfRecord);
     connect(&m_remarks, &RemarkJumps::rowChosen, this, &frmDaoru::showWholeText);
     connect(&m_keys, &DeskKeys::remarksWanted, &m_remarks, &RemarkJumps::showOrHide);
     connect(cmdJiaoDuiAll, &Button::clicked, &m_remarks, &RemarkJumps::proofAll);
@@ -171,37 +159,19 @@ void frmDaoru::showWholeText() {
     room->showText(m_record->row(Grid1->row()).value, Grid1->isCoded(Grid1->row()));
 }
 
-void frmDaoru::say(const QString &remark) {
-    m_facts.remark = remark;
-    updateStatus();
-}
-
-void frmDaoru::sayOfRecord(const QString &deed) {
-    m_facts.deed = deed;
-    updateStatus();
-}
-
 void frmDaoru::importRecords() {
     const std::optional<ImportOutcome> outcome = m_commands.importRecords(m_reading.state(), Text3->pacedText());
     if (!outcome)
         return;
-    QSet<int> refused;
-    for (const marc::RefusedRecord &record : outcome->refused)
-        refused.insert(record.record);
-    m_drafts.imported([&](int row) { return row < outcome->taken && !refused.contains(row); });
+    m_drafts.imported(*outcome);
     showImported(*outcome);
 }
 
 // The list has the keyboard again: Return on the button would import everything once more.
 void frmDaoru::showImported(const ImportOutcome &outcome) {
-    m_facts.imported = {outcome.wentIn, qsizetype(outcome.refused.size())};
     Grid2->setFocus();
     m_remarks.listRefused(outcome);
-    updateStatus();
-}
-
-qint64 frmDaoru::recordsInFile() const {
-    return m_facts.readToTheEnd ? m_facts.read : Text4->pacedText().toLongLong();
+    m_status.sayImported({outcome.wentIn, qsizetype(outcome.refused.size())});
 }
 
 // What the user made of the window's room.
@@ -248,10 +218,6 @@ void frmDaoru::readFirstBatch(const QString &file, int limit) {
     m_reading.firstBatch(file, limit);
 }
 
-void frmDaoru::readRemainder(const QString &file, int passOver) {
-    m_reading.remainder(file, passOver);
-}
-
 marc::DamagedDirectory frmDaoru::damagedDirectory() {
     return [this](const marc::RawRecord &record) {
         if (m_host.ask(u"地址目次区数据存在错误，本条数据无法处理！\r\n是否查看该条机读数据？（不查看选择‘否’继续）"_s,
@@ -268,18 +234,12 @@ void frmDaoru::resetFieldGrid() {
     m_record->reset();
 }
 
-void frmDaoru::resetRecordList() {
-    Grid2->reset();
-}
-
 marc::RawRecord frmDaoru::madeMyMarc() const {
     return m_record->rebuilt(m_host.now());
 }
 
 void frmDaoru::listed(int count) {
     Text3->setPacedNumber(u"%1", count);
-    m_facts.read = count;
-    m_facts.imported.reset();
     m_drafts.listed(count);
     if (count == 1)
         showRecord(records().record(0));
@@ -290,15 +250,12 @@ void frmDaoru::enterState(ReadState state) {
     labJinDu->repaint();
     allowReadAll();
     cmdJieShu->setEnabled(rulesOf(state).mayStop);
-    m_facts.readToTheEnd = state == ReadState::Finished || (!rulesOf(state).running && m_facts.read > 0 &&
-                                                            Text4->pacedText().toLongLong() <= m_facts.read);
     settleDrafts();
-    updateStatus();
 }
 
 // Drafts that wait for their records wait no longer once all are listed.
 void frmDaoru::settleDrafts() {
-    if (m_facts.readToTheEnd)
+    if (m_reading.isAtEnd())
         m_drafts.readToTheEnd(records().rowCount());
 }
 
@@ -310,7 +267,6 @@ void frmDaoru::allowReadAll() {
 void frmDaoru::holdControls(CellEditors::Hold hold) {
     allowCommands(false);
     Grid2->setEnabled(hold == CellEditors::Hold::Fields);
-    updateStatus(); // where the cursor stands from the start, no key tells
 }
 
 // All that an open editor closes off; the list apart.
@@ -329,20 +285,6 @@ void frmDaoru::releaseControls() {
     allowCommands(true);
     Grid2->setEnabled(true);
     allowReadAll(); // an edit does not give back what the state of the read has taken
-}
-
-void frmDaoru::updateStatus() {
-    m_facts.warning = m_editors.warning();
-    m_facts.column = m_editors.position();
-    m_facts.columns = m_facts.column ? m_editors.limit() : std::nullopt;
-    m_facts.assistant = m_facts.column && m_editors.hasAssistant();
-    m_facts.fieldsCameOrWent = m_record->state().rowsCameOrWent && !m_record->state().edited;
-    m_facts.changed = m_drafts.changed();
-    QPalette ink = palette();
-    if (warns(m_facts))
-        ink.setColor(QPalette::WindowText, widgets::warningInk(ink.color(QPalette::Window)));
-    labZhuangTai->setPalette(ink);
-    labZhuangTai->setText(statusLine(m_facts));
 }
 
 bool frmDaoru::queryUnload() {

@@ -5,7 +5,6 @@
 #include "platform/host.h"
 #include "widgets/pacedLabel.h"
 #include "widgets/window.h"
-#include "workspace/statusFacts.h"
 #include "workspace/windows/deskKeys.h"
 #include "workspace/windows/draftBar.h"
 #include "workspace/windows/draftKeeper.h"
@@ -15,6 +14,7 @@
 #include "workspace/windows/recordMoving.h"
 #include "workspace/windows/recordReading.h"
 #include "workspace/windows/remarkJumps.h"
+#include "workspace/windows/statusLine.h"
 #include "workspace/windows/workspaceRoom.h"
 #include <QFrame>
 #include <QLabel>
@@ -32,11 +32,9 @@ public:
     void load();
     void loadData();
     void readFirstBatch(const QString &file, int limit);
-    void readRemainder(const QString &file, int passOver);
 
     void showRecord(const marc::RawRecord &record);
     void resetFieldGrid();
-    void resetRecordList();
     // The record of the grid as it stands, with the edits of the moment.
     marc::RawRecord madeMyMarc() const;
 
@@ -47,10 +45,7 @@ public:
     const QString &publicTouBiao() const { return m_record->state().leader; }
     bool recordChanged() const { return m_record->state().edited; }
     DraftKeeper &drafts() { return m_drafts; }
-    bool stopFlag() const { return m_reading.stopFlag(); }
     int editRow() const { return m_editors.editRow; }
-    int editCol() const { return m_editors.editCol; }
-    const QString &public100ZD() const { return m_editors.public100ZD; }
     bool clickMark() const { return m_fields.clickMark; }
 
     QFrame *picTiMing;
@@ -85,10 +80,7 @@ private:
     void recall();
     void importRecords();
     void showImported(const ImportOutcome &outcome);
-    qint64 recordsInFile() const;
     void showWholeText();
-    void say(const QString &remark);
-    void sayOfRecord(const QString &deed);
     void connectGrids();
     void connectHelpers();
     void connectRemarks();
@@ -101,7 +93,6 @@ private:
     void allowCommands(bool allowed);
     void holdControls(CellEditors::Hold hold);
     void releaseControls();
-    void updateStatus();
     // What readers do about a record with a damaged directory: ask, and show it where wanted.
     marc::DamagedDirectory damagedDirectory();
 
@@ -116,7 +107,7 @@ private:
     DraftKeeper m_drafts;
     DeskKeys m_keys;
     RemarkJumps m_remarks;
-    StatusFacts m_facts;
+    StatusLine m_status;
 };
 
 } // namespace workspace

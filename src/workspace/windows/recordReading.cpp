@@ -24,6 +24,16 @@ void RecordReading::enter(ReadState state) {
     Q_EMIT stateChanged(state);
 }
 
+void RecordReading::list(int count) {
+    m_listed = count;
+    Q_EMIT listed(count);
+}
+
+void RecordReading::count(qint64 inFile) {
+    m_inFile = inFile;
+    Q_EMIT counted(inFile);
+}
+
 ReadEnd RecordReading::read(platform::LineReader &reader, ReadRange range) {
     const int begun = ++m_readsBegun;
     const ReadWatcher watcher{
@@ -34,12 +44,12 @@ ReadEnd RecordReading::read(platform::LineReader &reader, ReadRange range) {
         .listed =
             [this](int count) {
                 m_list.sourceHasGrown();
-                Q_EMIT listed(count);
+                list(count);
             },
     };
     const ReadEnd end = readRecords(reader, range, m_list.records(), watcher);
     if (end.atEnd)
-        Q_EMIT counted(end.count);
+        count(end.count);
     return end;
 }
 
@@ -50,14 +60,14 @@ void RecordReading::finish(ReadState state) {
 
 void RecordReading::firstBatch(const QString &file, int limit) {
     m_list.reset();
-    Q_EMIT listed(0);
+    list(0);
     auto reader = open(file);
     if (!reader)
         return;
     enter(ReadState::Loading);
     if (const auto counts = marc::fileCounts(file)) {
         Q_EMIT lookedAt(counts.value());
-        Q_EMIT counted(counts.value().lines);
+        count(counts.value().lines);
     }
     const ReadEnd end = read(*reader, {.passOver = 0, .limit = limit});
     reader.reset();

@@ -15,7 +15,12 @@ public:
     RecordReading(RecordList &list, platform::Host &host, marc::DamagedDirectory damaged);
 
     ReadState state() const { return m_state; }
-    bool stopFlag() const { return m_stopFlag; } // asks the running read to stop
+    qint64 listedCount() const { return m_listed; }
+    qint64 recordsInFile() const { return isAtEnd() ? m_listed : m_inFile; } // an estimate until isAtEnd()
+    // No record of the file is left to read, as far as is known.
+    bool isAtEnd() const {
+        return m_state == ReadState::Finished || (!rulesOf(m_state).running && m_listed > 0 && m_inFile <= m_listed);
+    }
 
     void firstBatch(const QString &file, int limit);
     // `passOver` is the number of rows that the list has, not of the records read.
@@ -35,13 +40,17 @@ private:
     std::optional<platform::LineReader> open(const QString &file);
     ReadEnd read(platform::LineReader &reader, ReadRange range);
     void enter(ReadState state);
+    void list(int count);
+    void count(qint64 inFile);
     void finish(ReadState state);
 
     RecordList &m_list;
     platform::Host &m_host;
     marc::DamagedDirectory m_damaged;
     ReadState m_state = ReadState::Idle;
-    bool m_stopFlag = false;
+    bool m_stopFlag = false; // asks the running read to stop
+    qint64 m_listed = 0;
+    qint64 m_inFile = 0;  // lines, until the end was reached
     int m_readsBegun = 0; // a read that finds a later one begun has been taken over and leaves
 };
 

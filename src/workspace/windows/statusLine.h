@@ -1,0 +1,36 @@
+// The line under the field grid: gathers what it says from those who know it, and follows their signals.
+#pragma once
+
+#include "widgets/pacedLabel.h"
+#include "workspace/statusFacts.h"
+#include "workspace/windows/cellEditors.h"
+#include "workspace/windows/draftKeeper.h"
+#include "workspace/windows/recordReading.h"
+
+namespace workspace {
+
+class StatusLine final : public QObject {
+public:
+    struct Sources {
+        EditedRecord &record;
+        RecordList &list;
+        CellEditors &editors;
+        RecordReading &reading;
+        DraftKeeper &drafts;
+    };
+    StatusLine(widgets::PacedLabel &label, const Sources &sources);
+
+    void say(const QString &remark);               // until the next one
+    void sayOfRecord(const QString &deed);         // until another record is shown
+    void sayImported(const ImportedNow &imported); // until the list is another one
+
+private:
+    void follow();
+    void update();
+
+    widgets::PacedLabel &m_label;
+    Sources m_sources;
+    StatusFacts m_facts;
+};
+
+} // namespace workspace
