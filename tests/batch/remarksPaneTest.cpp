@@ -177,7 +177,7 @@ TEST_F(Pane, KeepsRefusedRecordsNextToTheRemarks) {
     EXPECT_EQ(lastJump(), u"1 0 0"_s);
 
     pane->proofAll();
-    EXPECT_TRUE(proof().isVisible());
+    EXPECT_TRUE(proof().isVisible() && pane->toRefusedButton->isVisible());
     pane->toRefusedButton->click();
     EXPECT_TRUE(refused.isVisible());
     pane->toProofButton->click();

@@ -142,6 +142,7 @@ TEST(FieldTrail, FollowsAFieldByWhatItHolds) {
         EXPECT_EQ(ledTo(rowsOf(record), rowsOf(row.after.toString()), row.element), row.led.toString())
             << row.element << ": " << row.after.toString().toStdString();
     EXPECT_EQ(ledTo(rowsOf(u"000 210=## $a=甲 210=## $a=甲"_s), rowsOf(u"000 210=## $a=甲"_s), 3), u"lost"_s);
+    EXPECT_EQ(ledTo(rowsOf(u"000 606=## $a=甲"_s), rowsOf(u"000 606 $a=甲 606=## $a=甲"_s), 2), u"lost"_s);
     FieldRows hostile = rowsOf(u"000"_s);
     hostile.resize(20000, {.identifier = u"606"_s});
     EXPECT_EQ(ledTo(hostile, hostile, 9), u"lost"_s) << "and at once";

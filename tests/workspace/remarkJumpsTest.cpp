@@ -106,7 +106,8 @@ TEST_F(Remarks, AreOutOfReachWhileAnEditorIsOpen) {
 TEST_F(Remarks, OfAnImportAreListedWithOneKey) {
     auto &window = open(230);
     outcome = {.taken = 200, .wentIn = 198, .refused = {{1, u"甲"_s}, {3, u"乙"_s}}};
-    QTest::keyClick(window.Grid2, 's', Qt::AltModifier);
+    window.cmdclick[5]->setFocus();
+    QTest::keyClick(window.cmdclick[5], Qt::Key_Return);
     EXPECT_TRUE(status().startsWith(u"本次已导入 198 条，未成功 2 条，F8 列出"_s)) << status().toStdString();
     EXPECT_TRUE(window.Grid2->hasFocus() && !pane.widget->isVisible());
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return); // imports nothing again
