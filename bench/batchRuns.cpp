@@ -3,27 +3,13 @@
 #include "batch/windows/remarksPane.h"
 #include "database/linkPool.h"
 #include "platform/paths.h"
-#include "proof/isbn.h"
-#include "proof/structuralProof.h"
-#include "proof/templateProof.h"
+#include "proof/proofChain.h"
 #include "sideBySide.h"
 #include <QCoreApplication>
 
 using namespace Qt::StringLiterals;
 
 namespace bench {
-
-namespace {
-
-batch::ProofReports proofsOf(const marc::FieldRows &rows, const QString &folder) {
-    const auto byTemplate = proof::proofTemplate(rows, folder);
-    return {.structural = proof::proofFields(rows),
-            .byTemplate = byTemplate ? byTemplate.value().report : QString(),
-            .isbn = proof::proofISBN(rows).value_or(QString()),
-            .complaint = byTemplate ? byTemplate.value().complaint : byTemplate.failure().description};
-}
-
-} // namespace
 
 std::optional<double> proofAllInWindow(const QString &database, std::shared_ptr<const marc::PreReadStore> records) {
     const QString counted = u"校对 "_s + QString::number(records->rowCount()) + u" 条";
@@ -33,7 +19,7 @@ std::optional<double> proofAllInWindow(const QString &database, std::shared_ptr<
     const QString folder = platform::pathWithSlash(QCoreApplication::applicationDirPath());
     batch::RemarksPane pane(host, {.records = records,
                                    .recordsInFile = [&] { return qint64(records->rowCount()); },
-                                   .proof = [&](const marc::FieldRows &rows) { return proofsOf(rows, folder); },
+                                   .proof = [&](const marc::FieldRows &rows) { return proof::faultsOf(rows, folder); },
                                    .state = state});
     putUp(pane);
     const auto taken = timed([&] {

@@ -68,7 +68,7 @@ QStringList faultLines(const QString &report) {
 
 void checkProofs(const FieldRows &rows, const QString &file) {
     const auto tagged = [&](const QString &tag) { return std::ranges::count(rows, tag, &FieldRow::identifier); };
-    for (const QString &line : faultLines(proof::proofFields(rows)))
+    for (const QString &line : faultLines(proof::report(proof::proofFields(rows))))
         require(line.startsWith(u"Error:") &&
                     (line.contains(u"不存在") ? tagged(line.mid(6, 3)) == 0 : tagged(line.mid(6, 3)) > 1),
                 "a field is reported missing where there is none, and repeated where there are two");
@@ -76,10 +76,10 @@ void checkProofs(const FieldRows &rows, const QString &file) {
     require(byTemplate.ok() && byTemplate.value().complaint.isEmpty(), "the template is there");
     // A line of the template may itself hold a line feed.
     const qsizetype most = 2 * (file.count(u'\r') + 1);
-    const QString report = byTemplate.value().report;
+    const QString report = proof::report(byTemplate.value().faults);
     require(report.count(u"Error:"_s) <= most + file.count(u"Error:"_s) * 2, "a demand is reported once");
     const auto chain = proof::proofRecord(rows, scratchFolder());
-    require(chain.ok() && chain.value().report.startsWith(proof::proofFields(rows)) &&
+    require(chain.ok() && chain.value().report.startsWith(proof::report(proof::proofFields(rows))) &&
                 chain.value().report.contains(report),
             "the three proofs stand in their order");
 }

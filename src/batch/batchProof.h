@@ -5,21 +5,15 @@
 #include "batch/bookIdentity.h"
 #include "batch/remark.h"
 #include "marc/preReadStore.h"
+#include "proof/proofChain.h"
 #include <QHash>
 #include <functional>
 #include <memory>
 
 namespace batch {
 
-// The reports of the proofs of one record: a line each fault, "Error:200字段…" or "【010$a】Error:…"; a line that
-// begins with a blank goes on with the one above it.
-struct ProofReports {
-    QString structural;
-    QString byTemplate;
-    QString isbn;
-    QString complaint; // what kept a proof from its work; told once in a batch
-};
-using ProofOne = std::function<ProofReports(const marc::FieldRows &rows)>;
+// The proofs of one record.
+using ProofOne = std::function<proof::RecordFaults(const marc::FieldRows &rows)>;
 
 // A record and what others of its kind are found by.
 struct SoughtRecord {
@@ -45,8 +39,7 @@ public:
 
 private:
     void remark(Kind kind, const QString &tag, int fieldRow, const QString &text);
-    void takeReports(const marc::FieldRows &rows);
-    void takeLines(const QString &report, const marc::FieldRows &rows, const std::function<Kind(QStringView)> &kindOf);
+    void takeFaults(const marc::FieldRows &rows);
     void checkNumbers(const marc::FieldRows &rows);
     void compare(BookIdentity identity);
 
@@ -54,8 +47,8 @@ private:
     ProofOne m_proof;
     int m_next = 0;
     int m_proved = 0;
-    QString m_complaint; // the one told last
-    QHash<IsbnKey, int> m_firstOf;
+    QString m_complaint; // the one told last: what kept a proof from its work
+    QHash<proof::IsbnKey, int> m_firstOf;
     std::vector<SoughtRecord> m_sought;
     std::vector<Remark> m_remarks; // of the record in hand
 };

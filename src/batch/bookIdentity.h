@@ -1,8 +1,8 @@
 // What one book is told from another by: its ISBNs or, where it has none, title and author together.
 #pragma once
 
-#include "batch/standardNumber.h"
 #include "marc/fieldRows.h"
+#include "proof/standardNumber.h"
 #include <vector>
 
 namespace batch {
@@ -15,8 +15,8 @@ QString comparedTitle(const QString &title);
 QString comparedAuthor(const QString &author);
 
 struct BookIdentity {
-    std::vector<IsbnKey> isbns; // each once
-    QString title;              // as they are compared: what an import takes from the record
+    std::vector<proof::IsbnKey> isbns; // each once
+    QString title;                     // as they are compared: what an import takes from the record
     QString author;
     QString tag;      // where to look in the record, and its row on the field grid
     int fieldRow = 0; // 0: nowhere

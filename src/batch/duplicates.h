@@ -46,7 +46,7 @@ private:
     const database::SessionState &m_state;
     database::DbSession m_connection;
     std::vector<SoughtRecord> m_sought;
-    QMultiHash<IsbnKey, int> m_byIsbn;
+    QMultiHash<proof::IsbnKey, int> m_byIsbn;
     QMultiHash<QString, int> m_byTitle;
     bool m_anyByTitle = false; // a record without an ISBN is among them
     std::vector<Hit> m_hits;   // of the current table

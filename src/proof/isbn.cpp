@@ -1,5 +1,6 @@
 #include "proof/isbn.h"
 #include "platform/numbers.h"
+#include "proof/standardNumber.h"
 #include <algorithm>
 #include <array>
 
@@ -33,71 +34,74 @@ constexpr auto segments = std::to_array<Segment>({
     {u"第四段:校验位", u"只应为一位字符！", isOneCharacter},
 });
 
-QString fourSegmentsWanted() {
-    QString report = u"Error:ISBN格式错误.ISBN号应该分为4段\r\n"_s;
-    for (const Segment &segment : segments)
-        report += u"      " + segment.name + u"\r\n";
-    return report;
+Fault fault(FaultKind kind, const QString &words) {
+    return {.kind = kind, .tag = u"010"_s, .words = words};
 }
 
-// A line for each segment that is wrong.
-QString segmentFaults(const QList<QStringView> &parts) {
-    QString report;
+Fault fourSegmentsWanted() {
+    QString words = u"ISBN格式错误.ISBN号应该分为4段"_s;
+    for (const Segment &segment : segments)
+        words += u"\r\n      " + segment.name;
+    return fault(FaultKind::IsbnParts, words);
+}
+
+// With a line for each segment that is wrong.
+std::optional<Fault> segmentFault(const QList<QStringView> &parts) {
+    QString lines;
     for (size_t i = 0; i < segments.size(); ++i) {
         const QStringView part = parts[qsizetype(i)];
         if (part.isEmpty())
-            report += u"       ISBN号" + segments[i].name + u"不能为空！\r\n";
+            lines += u"\r\n       ISBN号" + segments[i].name + u"不能为空！";
         else if (!segments[i].isRight(part))
-            report += u"       ISBN号" + segments[i].name + segments[i].otherFault + u"\r\n";
+            lines += u"\r\n       ISBN号" + segments[i].name + segments[i].otherFault;
     }
-    return report;
+    if (lines.isEmpty())
+        return std::nullopt;
+    return fault(FaultKind::IsbnSegments, u"ISBN格式错误！" + lines);
 }
 
 bool isDigit(QChar c) {
     return c >= u'0' && c <= u'9';
 }
 
-// The check digit by the rule of ISBN-10: weights from 10 down to 2, modulo 11.
-QChar checkDigit(QStringView digits) {
-    int sum = 0;
-    for (qsizetype i = 0; i < checkedDigits; ++i)
-        sum += int(10 - i) * (digits[i].unicode() - u'0');
-    constexpr QStringView byRemainder = u"0X987654321";
-    return byRemainder[sum % 11];
-}
-
 } // namespace
 
-std::optional<QString> checkISBN(const QString &text) {
+std::optional<Fault> checkISBN(const QString &text) {
     if (text.size() != writtenLength)
-        return u"Error:ISBN格式错误.ISBN号长度应该为13位"_s;
+        return fault(FaultKind::Isbn, u"ISBN格式错误.ISBN号长度应该为13位"_s);
     const QList<QStringView> parts = QStringView(text).split(u'-');
     if (parts.size() != qsizetype(segments.size()))
         return fourSegmentsWanted();
-    if (const QString faults = segmentFaults(parts); !faults.isEmpty())
-        return u"ISBN格式错误！\r\n" + faults;
+    if (auto wrong = segmentFault(parts))
+        return wrong;
 
     // A segment may be a number and yet hold a sign, a point or blanks; only digits can be summed up.
     const QString joined = QString(text).remove(u'-');
-    if (!std::all_of(joined.begin(), joined.begin() + checkedDigits, isDigit))
-        return u"Error:ISBN格式错误.ISBN号除校验位外只能为数字字符"_s;
-    if (joined.back() != checkDigit(joined))
-        return u"Error:ISBN号校验位错误"_s;
-    return {};
+    const QStringView digits = QStringView(joined).first(checkedDigits);
+    if (!std::ranges::all_of(digits, isDigit))
+        return fault(FaultKind::Isbn, u"ISBN格式错误.ISBN号除校验位外只能为数字字符"_s);
+    if (joined.back() != checkDigit11(digits))
+        return fault(FaultKind::Isbn, u"ISBN号校验位错误"_s);
+    return std::nullopt;
 }
 
-std::optional<QString> proofISBN(const marc::FieldRows &rows) {
+std::vector<Fault> proofISBN(const marc::FieldRows &rows) {
     const auto is010 = [](const marc::FieldRow &row) { return trimBlanks(row.identifier) == u"010"; };
     const auto field = std::ranges::find_if(rows, is010);
-    std::optional<QString> result;
+    std::vector<Fault> faults;
     if (field == rows.end())
-        return result;
+        return faults;
     for (auto row = field + 1; row != rows.end() && !marc::isFieldRow(*row); ++row) {
         const QString value = trimBlanks(row->value);
-        if (trimBlanks(row->identifier).endsWith(u'a') && !value.isEmpty())
-            result = checkISBN(value);
+        if (!trimBlanks(row->identifier).endsWith(u'a') || value.isEmpty())
+            continue;
+        faults.clear();
+        if (auto fault = checkISBN(value)) {
+            fault->element = row - rows.begin();
+            faults.push_back(*fault);
+        }
     }
-    return result;
+    return faults;
 }
 
 } // namespace proof

@@ -2,14 +2,14 @@
 #pragma once
 
 #include "marc/fieldRows.h"
-#include <optional>
+#include "proof/fault.h"
 
 namespace proof {
 
 // What is wrong, or nothing. `text` has no blanks at its ends.
-std::optional<QString> checkISBN(const QString &text);
+std::optional<Fault> checkISBN(const QString &text);
 
-// checkISBN of the last filled $a of the first field 010; nothing where there is none.
-std::optional<QString> proofISBN(const marc::FieldRows &rows);
+// checkISBN of the last filled $a of the first field 010: one fault, or none.
+std::vector<Fault> proofISBN(const marc::FieldRows &rows);
 
 } // namespace proof

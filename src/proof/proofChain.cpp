@@ -2,6 +2,7 @@
 #include "proof/isbn.h"
 #include "proof/structuralProof.h"
 #include "proof/templateProof.h"
+#include <utility>
 
 namespace proof {
 
@@ -14,16 +15,26 @@ void join(QString &report, const QString &next) {
 
 } // namespace
 
+RecordFaults faultsOf(const marc::FieldRows &rows, const QString &folder) {
+    RecordFaults found{.structural = proofFields(rows), .isbn = proofISBN(rows)};
+    if (auto byTemplate = proofTemplate(rows, folder)) {
+        found.byTemplate = std::move(byTemplate.value().faults);
+        found.complaint = byTemplate.value().complaint;
+    } else {
+        found.unread = byTemplate.failure();
+    }
+    return found;
+}
+
 platform::Result<RecordProof> proofRecord(const marc::FieldRows &rows, const QString &folder) {
-    RecordProof result{proofFields(rows), {}};
-    const auto byTemplate = proofTemplate(rows, folder);
-    if (!byTemplate)
-        return byTemplate.failure();
-    result.complaint = byTemplate.value().complaint;
-    if (!byTemplate.value().report.isEmpty())
-        join(result.report, byTemplate.value().report);
-    if (const auto isbn = proofISBN(rows))
-        join(result.report, u"【010$a】" + *isbn);
+    const RecordFaults found = faultsOf(rows, folder);
+    if (found.unread)
+        return *found.unread;
+    RecordProof result{report(found.structural), found.complaint};
+    if (!found.byTemplate.empty())
+        join(result.report, report(found.byTemplate));
+    if (!found.isbn.empty())
+        join(result.report, u"【010$a】" + report(found.isbn));
     return result;
 }
 

@@ -4,8 +4,21 @@
 
 #include "marc/fieldRows.h"
 #include "platform/result.h"
+#include "proof/fault.h"
 
 namespace proof {
+
+// What each of them has found.
+struct RecordFaults {
+    std::vector<Fault> structural;
+    std::vector<Fault> byTemplate;
+    std::vector<Fault> isbn;
+    QString complaint;                       // the text of a box about a missing file, else empty
+    std::optional<platform::Failure> unread; // why the template could not be opened
+};
+
+// `folder` is the program's own, with a separator at its end.
+RecordFaults faultsOf(const marc::FieldRows &rows, const QString &folder);
 
 inline constexpr QStringView proofPassed = u"校对通过"; // the box's text where the report is empty
 
@@ -14,7 +27,7 @@ struct RecordProof {
     QString complaint; // the text of a box to be shown ahead of the report, else empty
 };
 
-// `folder` is the program's own, with a separator at its end. Fails, with no report at all, where the template cannot
+// Fails, with no report at all, where the template cannot
 // be opened.
 platform::Result<RecordProof> proofRecord(const marc::FieldRows &rows, const QString &folder);
 

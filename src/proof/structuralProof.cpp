@@ -32,20 +32,21 @@ static_assert(rules.size() == 34);
 
 } // namespace
 
-QString proofFields(const marc::FieldRows &rows) {
-    QHash<QStringView, int> counts;
-    for (const marc::FieldRow &row : rows)
-        ++counts[row.identifier];
+std::vector<Fault> proofFields(const marc::FieldRows &rows) {
+    QHash<QStringView, QList<qsizetype>> elements;
+    for (qsizetype at = 0; at < rows.size(); ++at)
+        elements[rows[at].identifier].append(at);
 
-    QString report;
+    std::vector<Fault> faults;
     for (const Rule &rule : rules) {
-        const int count = counts.value(rule.tag);
-        if (count == 0 && rule.kind == Kind::Required)
-            report += "Error:"_L1 + rule.tag + u"字段（必备字段）不存在！\r\n";
-        else if (count > 1)
-            report += "Error:"_L1 + rule.tag + u"字段（不可重复字段）重复！\r\n";
+        const QList<qsizetype> found = elements.value(rule.tag);
+        const QString tag = rule.tag.toString();
+        if (found.isEmpty() && rule.kind == Kind::Required)
+            faults.push_back({FaultKind::Missing, tag, {}, tag + u"字段（必备字段）不存在！"});
+        else if (found.size() > 1)
+            faults.push_back({FaultKind::Repeated, tag, found[1], tag + u"字段（不可重复字段）重复！"});
     }
-    return report;
+    return faults;
 }
 
 } // namespace proof

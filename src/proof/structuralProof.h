@@ -2,11 +2,12 @@
 #pragma once
 
 #include "marc/fieldRows.h"
+#include "proof/fault.h"
 
 namespace proof {
 
-// One line, ended by CR LF, for each fault; empty where there is none. Tags are compared as they stand, so a tag with a
-// blank behind it counts as another tag; tags outside the table are free.
-QString proofFields(const marc::FieldRows &rows);
+// Tags are compared as they stand, so a tag with a blank after it counts as another tag; tags outside the table are
+// free. A fault of a repeated field stands at its second occurrence.
+std::vector<Fault> proofFields(const marc::FieldRows &rows);
 
 } // namespace proof

@@ -5,6 +5,7 @@
 #include "platform/textFile.h"
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <optional>
 #include <span>
 
@@ -20,20 +21,25 @@ struct Reference {
     QChar code;
 };
 
-// The subfields of the first field `tag`, up to the next field row; nothing where the record has no such field.
-std::optional<std::span<const marc::FieldRow>> firstField(const marc::FieldRows &rows, const QString &tag) {
+struct Field {
+    qsizetype element;
+    std::span<const marc::FieldRow> subfields; // up to the next field row
+};
+
+// The first field `tag`; nothing where the record has no such field.
+std::optional<Field> firstField(const marc::FieldRows &rows, const QString &tag) {
     const auto field = std::ranges::find(rows, tag, &marc::FieldRow::identifier);
     if (field == rows.end())
         return std::nullopt;
     const auto end = std::find_if(field + 1, rows.end(), marc::isFieldRow);
-    return std::span(std::to_address(field + 1), size_t(end - field - 1));
+    return Field{field - rows.begin(), std::span(std::to_address(field + 1), size_t(end - field - 1))};
 }
 
 bool hasCode(const marc::FieldRow &row, QChar code) {
     return row.identifier.endsWith(code);
 }
 
-// What is wrong with the subfield, as the end of a report line; empty where nothing is.
+// What is wrong with the subfield, as the end of the words; empty where nothing is.
 using Check = QStringView (*)(std::span<const marc::FieldRow> subfields, QChar code);
 
 QStringView mustBeFilled(std::span<const marc::FieldRow> subfields, QChar code) {
@@ -71,9 +77,9 @@ std::optional<Reference> referenceOf(const QString &line) {
 
 // Everything that the sections of one kind say of the record. The line that ends a section is used up, so that a
 // header in that place opens nothing.
-QString proofSections(LineReader &reader, const Section &section, const marc::FieldRows &rows) {
+std::vector<Fault> proofSections(LineReader &reader, const Section &section, const marc::FieldRows &rows) {
     const QByteArray header = platform::encode(section.header);
-    QString report;
+    std::vector<Fault> faults;
     while (!reader.atEnd()) {
         if (reader.readLine() != header)
             continue;
@@ -85,11 +91,12 @@ QString proofSections(LineReader &reader, const Section &section, const marc::Fi
             const auto field = wanted ? firstField(rows, wanted->tag) : std::nullopt;
             if (!field)
                 continue;
-            if (const QStringView fault = section.check(*field, wanted->code); !fault.isEmpty())
-                report += "Error:"_L1 + wanted->tag + u"字段的" + wanted->code + fault + u"\r\n";
+            if (const QStringView fault = section.check(field->subfields, wanted->code); !fault.isEmpty())
+                faults.push_back(
+                    {FaultKind::Subfield, wanted->tag, field->element, wanted->tag + u"字段的" + wanted->code + fault});
         }
     }
-    return report;
+    return faults;
 }
 
 } // namespace
@@ -108,7 +115,7 @@ platform::Result<TemplateProof> proofTemplate(const marc::FieldRows &rows, const
     }
     for (const Section &section : sections) {
         reader.value().rewind();
-        result.report += proofSections(reader.value(), section, rows);
+        std::ranges::move(proofSections(reader.value(), section, rows), std::back_inserter(result.faults));
     }
     return result;
 }

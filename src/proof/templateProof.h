@@ -4,12 +4,13 @@
 
 #include "marc/fieldRows.h"
 #include "platform/result.h"
+#include "proof/fault.h"
 
 namespace proof {
 
 struct TemplateProof {
-    QString report;    // one line, ended by CR LF, for each fault; empty where there is none
-    QString complaint; // the text of a box about a missing file, else empty
+    std::vector<Fault> faults; // each stands at its field
+    QString complaint;         // the text of a box about a missing file, else empty
 };
 
 // `folder` is the program's own, with a separator at its end. Fails where the template cannot be opened.

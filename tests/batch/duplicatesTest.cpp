@@ -12,7 +12,7 @@ std::vector<SoughtRecord> sought(const QStringList &records) {
     store->setRows(int(records.size()));
     for (int row = 0; row < records.size(); ++row)
         store->setRecord(row, recordOf(records[row]));
-    BatchProof proving(store, [](const marc::FieldRows &) { return ProofReports{}; });
+    BatchProof proving(store, [](const marc::FieldRows &) { return proof::RecordFaults{}; });
     while (proving.hasNext())
         (void)proving.step();
     return proving.takeSought();

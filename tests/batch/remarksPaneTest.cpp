@@ -30,7 +30,7 @@ struct Pane : testing::Test {
         pane = std::make_unique<RemarksPane>(
             host, RemarksPane::Source{.records = records,
                                       .recordsInFile = [this] { return inFile; },
-                                      .proof = [](const marc::FieldRows &) { return ProofReports{}; },
+                                      .proof = [](const marc::FieldRows &) { return proof::RecordFaults{}; },
                                       .state = database.state});
         QObject::connect(pane.get(), &RemarksPane::jump,
                          [this](const marc::FieldPlace &place) { jumps.append(place); });

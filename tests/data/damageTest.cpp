@@ -20,7 +20,7 @@ QString cameOf(const QString &title, const marc::RawRecord &record) {
     return QStringList{title, shown.damaged ? u"坏"_s : QString::number(shown.rows.size()),
                        card.text ? card.text->trimmed().left(6)
                                  : box.remove(quoted).remove(u"【showKapian】"_s).left(7),
-                       QString::number(proof::proofFields(shown.rows).count(u"\r\n"_s)),
+                       QString::number(proof::proofFields(shown.rows).size()),
                        row ? row->bookname.left(6) + u'/' + QString::number(row->pages) : u"坏"_s}
         .join(u'|');
 }

@@ -77,7 +77,7 @@ TEST(Samples, PassTheProofs) {
         const marc::FieldRows rows = marc::showRecord(platform::decode(record)).rows;
         const auto proofed = proof::proofTemplate(rows, programFolder);
         ASSERT_TRUE(proofed.ok());
-        EXPECT_EQ(QString(proof::proofFields(rows) + proofed.value().report),
+        EXPECT_EQ(QString(proof::report(proof::proofFields(rows)) + proof::report(proofed.value().faults)),
                   record[6] == rubbing ? noPublisher : QString());
     });
 }

@@ -30,11 +30,15 @@ struct ProgramFolder : TestFolder {
     }
 };
 
+QString said(const std::optional<Fault> &fault) {
+    return fault ? report({*fault}) : u"yes"_s;
+}
+
 QString byTemplate(const QString &templateLines, const QString &rows) {
     const ProgramFolder folder(templateLines);
     auto result = proofTemplate(rowsOf(rows), folder.path());
     EXPECT_TRUE(result.ok() && result.value().complaint.isEmpty());
-    return result.ok() ? result.value().report.replace(u"\r\n"_s, u"|"_s) : u"failed"_s;
+    return result.ok() ? report(result.value().faults).replace(u"\r\n"_s, u"|"_s) : u"failed"_s;
 }
 
 } // namespace
@@ -51,7 +55,7 @@ TEST(ProofFields, CountsTagsInTheOrderOfItsTable) {
         {u"000 100 101 200_ 801_ 801"_s, u"Error:200字段（必备字段）不存在！\r\n"_s},
     };
     for (const auto &[rows, report] : cases)
-        EXPECT_EQ(proofFields(rowsOf(rows)), report);
+        EXPECT_EQ(proof::report(proofFields(rowsOf(rows))), report);
 }
 
 TEST(ProofTemplate, FollowsTheTemplateLineByLine) {
@@ -111,7 +115,7 @@ TEST(ProofISBN, ChecksTheNumber) {
         {u"7-5366-12.4-6"_s, digits}, // a number, but not all digits
     };
     for (const auto &[text, result] : cases)
-        EXPECT_EQ(checkISBN(text).value_or(u"yes"_s), result) << text.toStdString();
+        EXPECT_EQ(said(checkISBN(text)), result) << text.toStdString();
 }
 
 TEST(ProofISBN, TakesTheLastFilledOfTheFirstField) {
@@ -123,7 +127,19 @@ TEST(ProofISBN, TakesTheLastFilledOfTheFirstField) {
         {u"010 ??? $a=x"_s, u"Error:ISBN格式错误.ISBN号长度应该为13位"_s},
     };
     for (const auto &[rows, result] : cases)
-        EXPECT_EQ(proofISBN(rowsOf(rows)).value_or(QString()), result) << rows.toStdString();
+        EXPECT_EQ(report(proofISBN(rowsOf(rows))), result) << rows.toStdString();
+}
+
+// Where a fault stands, so that one can be led there.
+TEST(ProofRecord, TellsWhereEachFaultStands) {
+    const ProgramFolder folder(u"[必备子字段]|200f"_s);
+    const RecordFaults found =
+        faultsOf(rowsOf(u"000 010 $a=7-5366-1234-6 $a=7 $b=x 100 101 200 $a=x 225 225 225"_s), folder.path());
+    QStringList faults;
+    for (const auto *of : {&found.structural, &found.byTemplate, &found.isbn})
+        for (const Fault &fault : *of)
+            faults.append(fault.tag + u' ' + (fault.element ? QString::number(*fault.element) : u"-"_s));
+    EXPECT_EQ(faults, (QStringList{u"801 -"_s, u"225 10"_s, u"200 7"_s, u"010 3"_s}));
 }
 
 TEST(ProofRecord, JoinsTheReportsWithAnEmptyLine) {
@@ -157,5 +173,5 @@ TEST(ProofRecord, TellsMissingFiles) {
     const auto result = proofRecord({}, folder.path());
     ASSERT_TRUE(result.ok());
     EXPECT_EQ(result.value().complaint, u"配置文件【" + folder.path() + u"mobanJiaoDui.QVs】丢失。");
-    EXPECT_EQ(result.value().report, proofFields({}));
+    EXPECT_EQ(result.value().report, report(proofFields({})));
 }

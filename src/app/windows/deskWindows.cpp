@@ -11,9 +11,7 @@
 #include "filetools/windows/frmUnionFile.h"
 #include "import/windows/frmDaoRuJindu.h"
 #include "platform/paths.h"
-#include "proof/isbn.h"
-#include "proof/structuralProof.h"
-#include "proof/templateProof.h"
+#include "proof/proofChain.h"
 #include "proof/windows/frmMessage.h"
 #include "workspace/windows/frmDaoru.h"
 #include "workspace/windows/frmSelectMFile.h"
@@ -23,24 +21,6 @@
 using namespace Qt::StringLiterals;
 
 namespace app {
-
-namespace {
-
-// The three proofs of one record, as the batch asks for them.
-batch::ProofOne proofOne(const platform::Host &host) {
-    return [folder = platform::pathWithSlash(host.programFolder())](const marc::FieldRows &rows) {
-        batch::ProofReports reports{proof::proofFields(rows), {}, proof::proofISBN(rows).value_or(QString()), {}};
-        if (auto byTemplate = proof::proofTemplate(rows, folder)) {
-            reports.byTemplate = byTemplate.value().report;
-            reports.complaint = byTemplate.value().complaint;
-        } else {
-            reports.complaint = byTemplate.failure().description;
-        }
-        return reports;
-    };
-}
-
-} // namespace
 
 DeskWindows::DeskWindows(platform::Host &host, const database::SessionState &state)
     : m_host(host)
@@ -123,7 +103,10 @@ workspace::ImportOutcome DeskWindows::runImport(std::shared_ptr<const marc::PreR
 }
 
 workspace::RemarksPane DeskWindows::makeRemarks(const workspace::RemarksNeeds &needs) {
-    auto *pane = new batch::RemarksPane(m_host, {needs.records, needs.recordsInFile, proofOne(m_host), m_state});
+    const auto proof = [folder = platform::pathWithSlash(m_host.programFolder())](const marc::FieldRows &rows) {
+        return proof::faultsOf(rows, folder);
+    };
+    auto *pane = new batch::RemarksPane(m_host, {needs.records, needs.recordsInFile, proof, m_state});
     QObject::connect(pane, &batch::RemarksPane::jump, pane, needs.jump);
     QObject::connect(pane, &batch::RemarksPane::left, pane, needs.leave);
     QObject::connect(pane, &batch::RemarksPane::ended, pane,

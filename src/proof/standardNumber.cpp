@@ -1,9 +1,9 @@
-#include "batch/standardNumber.h"
+#include "proof/standardNumber.h"
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
 
-namespace batch {
+namespace proof {
 
 namespace {
 
@@ -50,20 +50,19 @@ QChar checkDigit13(QStringView plain) {
     return QChar(char16_t(u'0' + (10 - sum % 10) % 10));
 }
 
-// Modulo 11, weights falling to 2 ahead of the check digit: the rule of the short ISBN and of the ISSN.
-QChar checkDigit11(QStringView plain, qsizetype form) {
-    int sum = 0;
-    for (qsizetype i = 0; i < form - 1; ++i)
-        sum += (plain[i].unicode() - u'0') * int(form - i);
-    constexpr QStringView byRemainder = u"0X987654321";
-    return byRemainder[sum % 11];
-}
-
 bool hasForm(QStringView plain, qsizetype form) {
     return plain.size() == form && areDigits(plain.chopped(1)) && (isDigit(plain.back()) || plain.back() == u'X');
 }
 
 } // namespace
+
+QChar checkDigit11(QStringView digits) {
+    int sum = 0;
+    for (qsizetype i = 0; i < digits.size(); ++i)
+        sum += (digits[i].unicode() - u'0') * int(digits.size() + 1 - i);
+    constexpr QStringView byRemainder = u"0X987654321";
+    return byRemainder[sum % 11];
+}
 
 IsbnKey isbnKey(QStringView text) {
     const QString plain = plainNumber(text);
@@ -71,7 +70,7 @@ IsbnKey isbnKey(QStringView text) {
         return plain.toULongLong();
     if (!hasForm(plain, shortForm))
         return 0;
-    if (checkDigit11(plain, shortForm) != plain.back())
+    if (checkDigit11(QStringView(plain).chopped(1)) != plain.back())
         return beyondLongForm + QStringView(plain).chopped(1).toULongLong() * 11 +
                (plain.back() == u'X' ? 10 : IsbnKey(plain.back().unicode() - u'0'));
     const QString twelve = bookland + QStringView(plain).chopped(1);
@@ -110,9 +109,9 @@ std::optional<QString> issnFault(QStringView text) {
     const QString plain = plainNumber(text);
     if (!hasForm(plain, issnForm))
         return u"ISSN应为8位"_s;
-    if (const QChar right = checkDigit11(plain, issnForm); right != plain.back())
+    if (const QChar right = checkDigit11(QStringView(plain).chopped(1)); right != plain.back())
         return u"ISSN校验位错误，应为"_s + right;
     return std::nullopt;
 }
 
-} // namespace batch
+} // namespace proof

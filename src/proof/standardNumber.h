@@ -5,7 +5,10 @@
 #include <QStringView>
 #include <optional>
 
-namespace batch {
+namespace proof {
+
+// The check digit of the short ISBN and of the ISSN: modulo 11, with weights that fall to 2 at the last of the digits.
+QChar checkDigit11(QStringView digits);
 
 // What two spellings of one ISBN have in common: its number in the form of thirteen digits. 0: none.
 using IsbnKey = quint64;
@@ -28,4 +31,4 @@ bool beginsWith(IsbnKey isbn, const QString &cut);
 
 std::optional<QString> issnFault(QStringView text);
 
-} // namespace batch
+} // namespace proof

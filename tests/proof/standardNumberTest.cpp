@@ -1,0 +1,36 @@
+#include "proof/standardNumber.h"
+#include "support/qtPrinters.h"
+
+using namespace proof;
+
+TEST(StandardNumber, IsToldInAllItsSpellings) {
+    struct Row {
+        QStringView text;
+        IsbnKey key;
+        QStringView isbnFault, issnFault;
+    };
+    constexpr QStringView none, notEight = u"ISSN应为8位";
+    for (const Row &row : {
+             Row{u"7-02-001259-0", 9787020012596, none, notEight},
+             Row{u"7020012590(精装)", 9787020012596, none, notEight},
+             Row{u"978 7 02 001259 6", 9787020012596, none, notEight},
+             Row{u"978-7-02-001259-5", 9787020012595, u"ISBN校验位错误，应为6", notEight},
+             Row{u"9771000000007", 9771000000007, u"13位ISBN应以978或979开头", notEight},
+             Row{u"979-10-90636-07-1", 9791090636071, none, notEight},
+             Row{u"0-8044-2957-x", 9780804429573, none, notEight},
+             Row{u"7-02-001259-X", 10000000000000 + 702001259ULL * 11 + 10, none, notEight}, // like itself alone
+             Row{u"1000-0004", 0, none, u"ISSN校验位错误，应为3"},
+             Row{u"2434-561X", 0, none, none},
+             Row{u"978-7-02-001259", 0, none, notEight},
+             Row{u"精装", 0, none, notEight},
+             Row{u"", 0, none, notEight},
+         }) {
+        SCOPED_TRACE(row.text.toString().toStdString());
+        EXPECT_EQ(isbnKey(row.text), row.key);
+        EXPECT_EQ(isbn13Fault(row.text).value_or(QString()), row.isbnFault.toString());
+        EXPECT_EQ(issnFault(row.text).value_or(QString()), row.issnFault.toString());
+    }
+    EXPECT_EQ(cutIsbn13(u"978-7-02-0012"), u"9787020012"_s);
+    for (const QStringView whole : {u"9787020012596", u"7-02-001259-0", u"978-7-02-00", u"978-7-02-001X"})
+        EXPECT_EQ(cutIsbn13(whole), QString()) << whole.toString().toStdString();
+}
