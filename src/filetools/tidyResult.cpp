@@ -24,6 +24,15 @@ QString shownCharacter(char32_t character) {
     return character < 0x20 ? code : QStringView(QChar::fromUcs4(character)).toString() + u"（"_s + code + u"）"_s;
 }
 
+// XML says itself what it is in.
+bool isChosen(const TidyResult &result) {
+    return result.chosen != SourceEncoding::Automatic && !isXml(result.encoding);
+}
+
+QString encodingWords(const TidyResult &result) {
+    return isChosen(result) ? u"按 "_s + caption(result.chosen) + u" 读"_s : marc::encodingName(result.encoding);
+}
+
 QString lackingLines(const TidyResult &result) {
     if (result.lacking.count == 0)
         return {};
@@ -93,9 +102,10 @@ void TidyResult::addUnreadable(qint64 record, const QString &why) {
 
 QString warning(const TidyResult &result) {
     QStringList parts;
-    if (result.encoding == marc::FileEncoding::Unknown)
+    const bool isGuess = !isChosen(result);
+    if (isGuess && result.encoding == marc::FileEncoding::Unknown)
         parts.append(u"编码不明，是按 GBK 读的"_s);
-    else if (result.doubtful)
+    if (isGuess && result.doubtful)
         parts.append(u"编码不一定对"_s);
     const std::pair<QStringView, const Noted &> rows[] = {{u"写成“?”的字符 %1 处（%2）", result.lacking},
                                                           {u"受损字节 %1 处（%2）", result.damagedBytes},
@@ -108,7 +118,7 @@ QString warning(const TidyResult &result) {
 }
 
 QString report(const TidyResult &result, const QString &source) {
-    QString text = u"【源文件】\r\n文件{"_s + source + u"}（"_s + marc::encodingName(result.encoding) + u"）读到"_s +
+    QString text = u"【源文件】\r\n文件{"_s + source + u"}（"_s + encodingWords(result) + u"）读到"_s +
                    QString::number(result.in) + u"条记录！\r\n"_s;
     if (result.passedOver > 0)
         text += u"XML 里有 %1 个 record 不是机读目录记录，略过了。\r\n"_s.arg(result.passedOver);

@@ -1,7 +1,7 @@
 // What came of tidying a file, and the words for it. Memory: bounded, whatever the file holds.
 #pragma once
 
-#include "marc/encodingGuess.h"
+#include "filetools/sourceEncoding.h"
 #include <QList>
 #include <QString>
 #include <map>
@@ -21,8 +21,9 @@ struct Noted {
 struct TidyResult {
     static constexpr std::size_t mostListed = 500;
 
-    marc::FileEncoding encoding = marc::FileEncoding::Unknown;
-    bool doubtful = false;                        // that it is this one
+    marc::FileEncoding encoding = marc::FileEncoding::Unknown; // as it was guessed
+    bool doubtful = false;                                     // that it is this one
+    SourceEncoding chosen = SourceEncoding::Automatic;
     qint64 in = 0;                                // records met, usable or not
     qint64 out = 0;                               // records written
     Noted lacking;                                // characters that the target's form cannot hold

@@ -12,7 +12,6 @@
 #include <utility>
 
 using namespace Qt::StringLiterals;
-using marc::FileEncoding;
 using platform::Failure;
 using platform::Status;
 
@@ -30,22 +29,6 @@ QString beside(const QString &target, const QString &mark, const QString &extens
     const qsizetype point = target.lastIndexOf(u'.');
     const qsizetype end = point > folder ? point : target.size();
     return target.first(end) + mark + (extension.isEmpty() ? target.sliced(end) : extension);
-}
-
-platform::Charset charsetOf(FileEncoding encoding) {
-    switch (encoding) {
-    case FileEncoding::Gb18030:
-        return platform::Charset::Gb18030;
-    case FileEncoding::Utf8:
-    case FileEncoding::Utf8WithBom:
-        return platform::Charset::Utf8;
-    case FileEncoding::Utf16Le:
-        return platform::Charset::Utf16Le;
-    case FileEncoding::Utf16Be:
-        return platform::Charset::Utf16Be;
-    default: // what cannot be told is read as the program would
-        return platform::Charset::Gbk;
-    }
 }
 
 // A field stands on one line.
@@ -95,10 +78,12 @@ std::optional<Refusal> refuseTidy(const QString &source, const QString &target) 
     return std::nullopt;
 }
 
-TidyRun::TidyRun(QString source, const QString &target, TargetForm form)
+TidyRun::TidyRun(QString source, const QString &target, TargetForm form, SourceEncoding encoding)
     : m_source(std::move(source))
     , m_files(target)
-    , m_form(form) {}
+    , m_form(form) {
+    m_result.chosen = encoding;
+}
 
 Status TidyRun::open() {
     auto survey = marc::FileSurvey::open(m_source);
@@ -111,14 +96,6 @@ Status TidyRun::open() {
 
 platform::Result<bool> TidyRun::step() {
     return m_survey ? look() : work();
-}
-
-bool TidyRun::isXmlSource() const {
-    return m_result.encoding == FileEncoding::MarcXml || m_result.encoding == FileEncoding::MarcXchange;
-}
-
-bool TidyRun::isWideSource() const {
-    return m_result.encoding == FileEncoding::Utf16Le || m_result.encoding == FileEncoding::Utf16Be;
 }
 
 platform::Result<bool> TidyRun::look() {
@@ -140,8 +117,8 @@ platform::Result<bool> TidyRun::look() {
 
 // Out of XML the target is made under another name, since the XML may break off.
 Status TidyRun::beginWork() {
-    auto source =
-        isXmlSource() ? MarcXmlSource::open(m_source) : IsoSource::open(m_source, charsetOf(m_result.encoding));
+    m_charset = charsetOf(m_result.chosen, m_result.encoding);
+    auto source = isXmlSource() ? MarcXmlSource::open(m_source) : IsoSource::open(m_source, m_charset);
     if (!source)
         return source.failure();
     m_records = std::move(source).value();
@@ -239,10 +216,10 @@ Status TidyRun::setAside(const QString &why) {
     }
     if (const Status kept = writeAside(m_records->raw()); !kept)
         return kept;
-    const bool isBigEndian = m_result.encoding == FileEncoding::Utf16Be;
+    using enum platform::Charset;
     constexpr QByteArrayView wideBig("\0\r\0\n", 4);
     constexpr QByteArrayView wideLittle("\r\0\n\0", 4);
-    return writeAside(!isWideSource() ? lineEnd : isBigEndian ? wideBig : wideLittle);
+    return writeAside(m_charset == Utf16Be ? wideBig : m_charset == Utf16Le ? wideLittle : lineEnd);
 }
 
 Status TidyRun::openAside() {

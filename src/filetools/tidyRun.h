@@ -5,6 +5,7 @@
 
 #include "filetools/checks.h"
 #include "filetools/recordForms.h"
+#include "filetools/sourceEncoding.h"
 #include "filetools/tidyResult.h"
 #include "filetools/tidySource.h"
 #include "marc/fileSurvey.h"
@@ -33,7 +34,8 @@ std::optional<Refusal> refuseTidy(const QString &source, const QString &target);
 
 class TidyRun {
 public:
-    TidyRun(QString source, const QString &target, TargetForm form);
+    TidyRun(QString source, const QString &target, TargetForm form,
+            SourceEncoding encoding = SourceEncoding::Automatic);
 
     platform::Status open();
     // The next piece of work; false when all is read.
@@ -56,13 +58,13 @@ private:
     platform::Status endXml();
     platform::Status writeAside(QByteArrayView bytes);
     qint64 damagedInHand();
-    bool isXmlSource() const;
-    bool isWideSource() const;
+    bool isXmlSource() const { return isXml(m_result.encoding); }
 
     QString m_source;
     TidyFiles m_files;
     TargetForm m_form;
-    std::optional<marc::FileSurvey> m_survey; // while the encoding is looked for
+    platform::Charset m_charset = platform::Charset::Gbk; // of a source in the exchange layout
+    std::optional<marc::FileSurvey> m_survey;             // while the encoding is looked for
     std::unique_ptr<TidySource> m_records;
     std::optional<platform::SavedFile> m_target;
     std::optional<platform::SavedFile> m_aside;

@@ -36,6 +36,7 @@ struct FileDialog {
     QString title;
     QString filter; // "label(*.iso)|*.iso|label(*.*)|*.*"; the first one is selected
     FileDialogKind kind = FileDialogKind::Open;
+    QString start = {}; // a path to begin at; where it has no folder, the dialog begins at the one chosen from last
 };
 
 class Host {

@@ -1,5 +1,6 @@
 #include "platform/textDecoder.h"
 #include "platform/codepage936.h"
+#include "platform/marc8Decoder.h"
 #include <algorithm>
 #include <unicode/ucnv.h>
 #include <unicode/ucnv_cb.h>
@@ -17,7 +18,12 @@ const char *converterName(Charset charset) {
         return "UTF-16LE";
     case Charset::Utf16Be:
         return "UTF-16BE";
-    case Charset::Gbk: // has tables of its own
+    case Charset::Big5:
+        return "windows-950";
+    case Charset::Latin1:
+        return "windows-1252"; // the same and more, as files that call themselves so have it
+    case Charset::Gbk:         // has tables of its own
+    case Charset::Marc8:
     case Charset::Utf8:
         break;
     }
@@ -39,6 +45,7 @@ void replaceDamaged(const void *counter, UConverterToUnicodeArgs *arguments, con
 
 struct TextDecoder::State {
     bool isGbk = false;
+    std::unique_ptr<Marc8Decoder> marc8;
     std::unique_ptr<UConverter, decltype(&ucnv_close)> converter{nullptr, ucnv_close};
     qint64 damaged = 0;
 };
@@ -50,10 +57,14 @@ TextDecoder &TextDecoder::operator=(TextDecoder &&) noexcept = default;
 TextDecoder::~TextDecoder() = default;
 
 Result<TextDecoder> TextDecoder::open(Charset charset) {
-    if (charset != Charset::Gbk)
+    if (charset != Charset::Gbk && charset != Charset::Marc8)
         return open(QByteArray(converterName(charset)));
+    if (charset == Charset::Marc8 && !Marc8Decoder::isAvailable())
+        return Failure{QStringLiteral("本程序编译时没有 YAZ 库，不能读 MARC-8")};
     auto state = std::make_unique<State>();
-    state->isGbk = true;
+    state->isGbk = charset == Charset::Gbk;
+    if (!state->isGbk)
+        state->marc8 = std::make_unique<Marc8Decoder>();
     return TextDecoder(std::move(state));
 }
 
@@ -74,6 +85,11 @@ QString TextDecoder::decode(QByteArrayView bytes, bool goesOn) {
     if (m_state->isGbk) {
         QString text = platform::decode(bytes);
         m_state->damaged += text.count(QChar::ReplacementCharacter);
+        return text;
+    }
+    if (m_state->marc8) {
+        QString text = m_state->marc8->decode(bytes);
+        m_state->damaged = m_state->marc8->damaged();
         return text;
     }
     // No encoding here has fewer bytes than units; the rest is for what was kept from the call before.

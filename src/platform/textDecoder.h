@@ -9,7 +9,7 @@
 
 namespace platform {
 
-enum class Charset { Gbk, Gb18030, Utf8, Utf16Le, Utf16Be };
+enum class Charset { Gbk, Gb18030, Utf8, Utf16Le, Utf16Be, Big5, Latin1, Marc8 };
 
 class TextDecoder {
 public:
@@ -21,7 +21,7 @@ public:
     ~TextDecoder();
 
     // The text of bytes that are whole in themselves. With `goesOn` a character that is cut at their end is kept for
-    // the next call; not with Gbk.
+    // the next call; not with Gbk and Marc8.
     QString decode(QByteArrayView bytes, bool goesOn = false);
     qint64 damaged() const; // sequences, over all calls
     bool isUtf8() const;

@@ -24,8 +24,7 @@ struct TidyDesk {
     void letLook() {
         EXPECT_TRUE(QTest::qWaitFor([this] { return !form->LabFacts->isLooking(); }));
     }
-    void leave() {
-        host.willAnswer(Answer::Yes);
+    void leave() { // with nothing running nothing is asked
         form->reject();
         EXPECT_FALSE(form->isVisible());
     }
@@ -55,8 +54,9 @@ TEST(FrmTidy, TellsTheFactsAndTidiesByTheKeyboardAlone) {
         if (yields++ > 0)
             return;
         EXPECT_TRUE(form.cmdClick[1]->hasFocus() && form.Text1[1]->isReadOnly() && !form.cboForm->isEnabled());
+        desk.host.willAnswer(Answer::No);
         form.reject();
-        EXPECT_EQ(desk.host.lastBox().text, u"处理还没有结束，请先结束处理！"_s);
+        EXPECT_EQ(desk.host.lastBox().text, u"确实要退出吗？"_s);
     };
     desk.host.willAnswer(Answer::Yes);
     const QWidget *before = form.focusWidget();
@@ -68,6 +68,56 @@ TEST(FrmTidy, TellsTheFactsAndTidiesByTheKeyboardAlone) {
     EXPECT_EQ(form.labShuDo->pacedText(), u"成功处理：5条"_s);
     EXPECT_TRUE(form.focusWidget() == before && !form.cmdClick[1]->isEnabled() && form.cboForm->isEnabled());
     desk.leave();
+}
+
+TEST(FrmTidy, TheChosenEncodingIsShownAndRead) {
+    TidyDesk desk;
+    frmTidy &form = *desk.form;
+    const auto choose = [&](SourceEncoding encoding) { form.sourceEncoding->setCurrentIndex(int(encoding)); };
+    // 200 $a in each of the encodings; a record in ASCII stands before it.
+    const auto fileOf = [&](const QByteArray &text) {
+        QByteArray record = recordOf(u"200=10$a"_s + QString(text.size(), u'x')).toLatin1();
+        record.replace(QByteArray(text.size(), 'x'), text);
+        return desk.folder.write(u"e.iso"_s, recordOf(u"200=10$ax"_s).toLatin1() + record);
+    };
+    const std::tuple<SourceEncoding, QByteArray, QString> rows[] = {
+        {SourceEncoding::Big5, "\xAE\xD1\xB9\xD2", u"書境"_s},
+        {SourceEncoding::Latin1, "Genevi\xE8ve", u"Geneviève"_s},
+        {SourceEncoding::Marc8,
+         "Genevi\xE1"
+         "eve \x1B$1!9X\x1B(B",
+         u"Geneviève 妾"_s},
+        {SourceEncoding::Gbk, "\xCA\xE9", u"书"_s},
+        {SourceEncoding::Utf8, "\xC3\xA8", u"è"_s},
+    };
+    for (const auto &[encoding, bytes, text] : rows) {
+        if (!isAvailable(encoding))
+            continue;
+        form.Text1[0]->setText(fileOf(bytes));
+        desk.letLook();
+        choose(encoding);
+        EXPECT_EQ(form.sampleLabel->text(), u"第 2 条会读成:"_s);
+        EXPECT_EQ(form.sampleText->text(), u"200 10\u001Fa"_s + text + u"\r\n") << text.toStdString();
+        form.Text1[1]->setText(desk.folder.path(u"t.iso"_s));
+        form.cboForm->setCurrentIndex(int(TargetForm::Utf8Iso));
+        form.cmdClick[0]->click();
+        EXPECT_TRUE(desk.folder.read(u"t.iso"_s).contains(text.toUtf8())) << text.toStdString();
+        EXPECT_TRUE(form.warningLabel->isHidden());
+        QFile::remove(desk.folder.path(u"t.iso"_s));
+    }
+    form.Text1[0]->setText(fileOf("Genevi\xE8ve"));
+    choose(SourceEncoding::Automatic);
+    form.cmdClick[0]->click();
+    EXPECT_EQ(form.warningLabel->text(), u"⚠ 编码不明，是按 GBK 读的"_s);
+    desk.host.onYield = [&] { // leaving in the middle of a run
+        desk.host.onYield = {};
+        desk.host.willAnswer(Answer::Yes);
+        form.reject();
+        EXPECT_TRUE(form.isVisible());
+    };
+    QFile::remove(desk.folder.path(u"t.iso"_s));
+    form.cmdClick[0]->click();
+    EXPECT_TRUE(!form.isVisible() && !QFile::exists(desk.folder.path(u"t.iso"_s)));
 }
 
 TEST(FrmTidy, RefusesStopsAndFailsWithoutADeadEnd) {

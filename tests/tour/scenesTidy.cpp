@@ -85,7 +85,6 @@ void stopTidying(TourDriver &driver) {
     waitForResult(driver, u"已停止"_s);
     driver.expect(QDir().entryList({u"tidied*"_s}).isEmpty(), u"nothing is left of a stopped run"_s);
     driver.key(u"Escape"_s);
-    driver.answerBox(closeQuestion.toString(), u"y"_s);
     driver.waitUntilGone(u"frmTidy"_s);
 }
 

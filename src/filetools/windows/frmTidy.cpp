@@ -1,9 +1,12 @@
 #include "filetools/windows/frmTidy.h"
 #include "filetools/checks.h"
+#include "filetools/sampleRecord.h"
 #include "platform/numbers.h"
 #include "platform/paths.h"
+#include "widgets/ink.h"
 #include "widgets/keys.h"
 #include "widgets/layout.h"
+#include <QStandardItemModel>
 #include <algorithm>
 #include <limits>
 #include <utility>
@@ -40,21 +43,31 @@ frmTidy::frmTidy(platform::Host &host, const QString &source, QWidget *parent)
     , cmdSelect{new Button(u"cmdSelect0"_s, u"&L 浏览"_s), new Button(u"cmdSelect1"_s, u"&O 浏览"_s)}
     , LabFacts(new FactsLabel(u"LabFacts"_s))
     , cboForm(widgets::named(new QComboBox, u"cboForm"_s))
+    , encodingLabel(widgets::named(new QLabel(u"源文件编码(&E):"_s), u"encodingLabel"_s))
+    , sourceEncoding(widgets::named(new QComboBox, u"sourceEncoding"_s))
+    , sampleLabel(widgets::named(new QLabel, u"sampleLabel"_s))
+    , sampleText(widgets::named(new widgets::TextBox(u"sampleText"_s), u"sampleText"_s, u"会读成的样子"_s))
+    , warningLabel(widgets::named(new QLabel, u"warningLabel"_s))
     , txtResult(widgets::named(new widgets::TextBox(u"txtResult"_s), u"txtResult"_s, u"整理结果"_s))
     , cmdClick{new Button(u"cmdClick0"_s, u"&D 整理"_s), new Button(u"cmdClick1"_s, u"&S 停止"_s),
-               new Button(u"cmdClick2"_s, u"&Q 退出"_s)} {
+               new Button(u"cmdClick2"_s, u"&Q 退出"_s)}
+    , m_boxes(new QStackedWidget) {
     layOut();
-    widgets::hint({{cmdClick[0], u"另存为新文件，原来的文件不动"}, {cmdClick[1], u"停下来，不留下半个文件"}});
+    widgets::hint({{cmdClick[0], u"另存为新文件，原来的文件不动"},
+                   {cmdClick[1], u"停下来，不留下半个文件"},
+                   {sourceEncoding, u"认错了编码的，在这里改；XML 按它自己写明的读"}});
     cmdClick[1]->setEnabled(false);
     for (SelectingEdit *box : Text1)
         widgets::enterActsAsTab(box);
     using platform::FileDialogKind;
     connect(cmdSelect[0], &Button::clicked, this, [this] { chooseInto(Text1[0], FileDialogKind::Open); });
     connect(cmdSelect[1], &Button::clicked, this, [this] { chooseInto(Text1[1], FileDialogKind::Save); });
-    connect(Text1[0], &QLineEdit::textChanged, this, [this](const QString &text) {
-        LabFacts->lookAt(platform::trimBlanks(text));
-        suggestTarget();
+    connect(Text1[0], &QLineEdit::textChanged, this, &frmTidy::takeSource);
+    connect(LabFacts, &FactsLabel::looked, this, [this](const marc::FileFacts &facts) {
+        m_guessed = facts.encoding;
+        showSample();
     });
+    connect(sourceEncoding, &QComboBox::currentIndexChanged, this, &frmTidy::showSample);
     connect(cboForm, &QComboBox::currentIndexChanged, this, &frmTidy::suggestTarget);
     connect(cmdClick[0], &Button::clicked, this, &frmTidy::tidy);
     connect(cmdClick[1], &Button::clicked, this, [this] { m_stopped = true; });
@@ -71,8 +84,18 @@ void frmTidy::layOut() {
         naming(named(LabShuoMing[i], u"LabShuoMing"_s + QString::number(i)), controls[i]);
     cmdSelect[0]->setAccessibleName(u"浏览需要整理的文件"_s);
     cmdSelect[1]->setAccessibleName(u"浏览整理后的目标文件"_s);
+    offerEncodings();
+    dressWarning();
+    naming(encodingLabel, sourceEncoding);
+    sampleText->lock();
+    sampleText->setRoom(24, 2);
+    sampleText->setLineWrapMode(QPlainTextEdit::NoWrap);
     txtResult->lock();
-    txtResult->setRoom(24, 5);
+    txtResult->setRoom(24, 2);
+    for (TextBox *box : {sampleText, txtResult}) {
+        m_boxes->addWidget(box);
+        box->setMinimumHeight(2 * box->fontMetrics().lineSpacing());
+    }
     Text1[0]->setMinimumWidth(24 * fontMetrics().height()); // a usual path is seen whole
     setLayout(column({
         framed(Frame1, column({
@@ -82,11 +105,55 @@ void frmTidy::layOut() {
                            LabShuoMing[1],
                            row({{Text1[1], 1}, cmdSelect[1]}),
                            row({LabShuoMing[2], cboForm, stretch()}),
+                           row({encodingLabel, sourceEncoding, stretch(), sampleLabel}),
                        })),
-        {txtResult, 1},
+        warningLabel,
+        {m_boxes, 1},
         labJinDu,
         row({{labShuDo, 1}, cmdClick[0], cmdClick[1], cmdClick[2]}),
     }));
+    showResult({}, {});
+    resize(sizeHint() + QSize(0, 5 * txtResult->fontMetrics().lineSpacing())); // a small screen has room for less
+}
+
+void frmTidy::dressWarning() {
+    warningLabel->setWordWrap(true);
+    warningLabel->setMinimumHeight(fontMetrics().lineSpacing()); // it asks for as many as a narrow one has
+    QPalette inked = warningLabel->palette();
+    inked.setColor(QPalette::WindowText, widgets::warningInk(inked.color(QPalette::Window)));
+    warningLabel->setPalette(inked);
+    widgets::keepPlace(warningLabel);
+}
+
+void frmTidy::offerEncodings() {
+    for (const EncodingRow &encoding : sourceEncodings) {
+        const bool available = isAvailable(encoding.choice);
+        sourceEncoding->addItem(encoding.caption + (available ? u""_s : u"（没有 YAZ 库，不能读）"_s));
+        const auto *model = qobject_cast<QStandardItemModel *>(sourceEncoding->model());
+        if (model && !available)
+            model->item(sourceEncoding->count() - 1)->setEnabled(false);
+    }
+}
+
+void frmTidy::takeSource(const QString &text) {
+    showResult({}, {});
+    m_guessed = marc::FileEncoding::Unknown;
+    sampleText->setText({});
+    sampleLabel->setText({});
+    LabFacts->lookAt(platform::trimBlanks(text));
+    suggestTarget();
+}
+
+// Before the file has been seen whole only a chosen encoding has something to show.
+void frmTidy::showSample() {
+    const QString path = platform::trimBlanks(Text1[0]->text());
+    if (!platform::fileExists(path) || (LabFacts->isLooking() && encoding() == SourceEncoding::Automatic))
+        return;
+    showResult({}, {});
+    const platform::Result<SampleRecord> sample = sampleRecord(path, encoding(), m_guessed);
+    const bool found = sample && sample.value().number > 0;
+    sampleLabel->setText(found ? u"第 %1 条会读成:"_s.arg(sample.value().number) : u"没有读得出的记录"_s);
+    sampleText->setText(found ? sample.value().text : sample ? QString() : sample.failure().description);
 }
 
 // A cancel leaves the box as it was.
@@ -94,9 +161,14 @@ void frmTidy::chooseInto(SelectingEdit *box, platform::FileDialogKind kind) {
     const QString path = m_host.chooseFile(
         {.title = u"选择文件对话框"_s,
          .filter = u"cnmarc_file(*.iso)|*.iso|xml_file(*.xml)|*.xml|text_file(*.txt)|*.txt|all_files(*.*)|*.*"_s,
-         .kind = kind});
+         .kind = kind,
+         .start = platform::trimBlanks(box->text())});
     if (!path.isEmpty())
         box->setText(path);
+}
+
+SourceEncoding frmTidy::encoding() const {
+    return sourceEncodings.at(std::size_t(sourceEncoding->currentIndex())).choice;
 }
 
 TargetForm frmTidy::form() const {
@@ -131,22 +203,49 @@ void frmTidy::tidy() {
     if (!mayTidy(source, target))
         return;
     LabFacts->stop();
-    beginRun({cmdClick[0], cmdSelect[0], cmdSelect[1], cboForm}, Text1[1]);
+    beginRun({cmdClick[0], cmdSelect[0], cmdSelect[1], cboForm, sourceEncoding}, Text1[1]);
     Text1[0]->setReadOnly(true);
-    txtResult->setText({});
+    showResult({}, {});
     m_stopped = false;
     cmdClick[1]->setEnabled(true);
     cmdClick[1]->setFocus();
-    m_run.emplace(source, target, form());
+    m_run.emplace(source, target, form(), encoding());
     const platform::Result<bool> done = run();
-    const QString told = !done ? u"没有整理成，什么也没有写出：\r\n"_s + done.failure().description
-                         : !done.value() ? u"已停止，什么也没有写出。"_s
-                                         : report(m_run->result(), source);
-    if (!done || !done.value())
+    const bool isWhole = done && done.value();
+    if (!isWhole)
         showCount(0);
-    end(told);
+    showResult(!done     ? u"没有整理成，什么也没有写出：\r\n"_s + done.failure().description
+               : isWhole ? report(m_run->result(), source)
+                         : u"已停止，什么也没有写出。"_s,
+               isWhole ? warning(m_run->result()) : QString());
+    end();
+    if (std::exchange(m_leaving, false))
+        return unload();
     if (!done)
         m_host.tell(done.failure().description);
+}
+
+// In the place of the sample.
+void frmTidy::showResult(const QString &told, const QString &warning) {
+    txtResult->setText(told);
+    m_boxes->setCurrentWidget(told.isEmpty() ? sampleText : txtResult);
+    sampleLabel->setVisible(told.isEmpty());
+    warningLabel->setText(warning);
+    warningLabel->setVisible(!warning.isEmpty());
+}
+
+bool frmTidy::queryUnload() {
+    if (!m_run)
+        return true;
+    if (m_host.ask(u"确实要退出吗？"_s, platform::hintTitle, platform::Answer::No))
+        m_stopped = m_leaving = true;
+    return false;
+}
+
+void frmTidy::changeEvent(QEvent *event) {
+    FileToolWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && !m_run)
+        LabFacts->lookAgain();
 }
 
 platform::Result<bool> frmTidy::run() {
@@ -169,12 +268,11 @@ platform::Result<bool> frmTidy::run() {
     return true;
 }
 
-void frmTidy::end(const QString &told) {
+void frmTidy::end() {
     m_run.reset();
     cmdClick[1]->setEnabled(false);
     Text1[0]->setReadOnly(false);
     endRun();
-    txtResult->setText(told);
 }
 
 std::optional<qint32> frmTidy::handOver() {

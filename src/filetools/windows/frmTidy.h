@@ -1,4 +1,5 @@
-// Makes a record file anew so that this program, or others, can read it: whatever encoding and line ends it came with.
+// Writes a record file again so that this program, or others, can read it, whatever encoding and line ends it came
+// with. A record is shown as it will be read before anything is written.
 #pragma once
 
 #include "filetools/tidyRun.h"
@@ -8,6 +9,7 @@
 #include "widgets/textBox.h"
 #include <QComboBox>
 #include <QGroupBox>
+#include <QStackedWidget>
 #include <array>
 #include <optional>
 
@@ -26,24 +28,42 @@ public:
     std::array<widgets::Button *, 2> cmdSelect;
     FactsLabel *LabFacts;
     QComboBox *cboForm;
+    QLabel *encodingLabel;
+    QComboBox *sourceEncoding;
+    QLabel *sampleLabel;
+    widgets::TextBox *sampleText;
+    QLabel *warningLabel; // what the run lost
     widgets::TextBox *txtResult;
     std::array<widgets::Button *, 3> cmdClick; // begin, stop, leave
 
+protected:
+    bool queryUnload() override; // asks only while a run is on
+    void changeEvent(QEvent *event) override;
+
 private:
     void layOut();
+    void dressWarning();
+    void offerEncodings();
+    void takeSource(const QString &text);
+    void showSample();
+    void showResult(const QString &told, const QString &warning);
     void chooseInto(widgets::SelectingEdit *box, platform::FileDialogKind kind);
     TargetForm form() const;
+    SourceEncoding encoding() const;
     // A name beside the source's, as long as the box holds none that the user gave.
     void suggestTarget();
     bool mayTidy(const QString &source, const QString &target);
     void tidy();
     platform::Result<bool> run(); // false where it was stopped
-    void end(const QString &told);
+    void end();
     std::optional<qint32> handOver() override;
 
+    QStackedWidget *m_boxes; // the sample, or the result
     std::optional<TidyRun> m_run;
     QString m_suggested;
+    marc::FileEncoding m_guessed = marc::FileEncoding::Unknown;
     bool m_stopped = false;
+    bool m_leaving = false; // after the run
 };
 
 } // namespace filetools

@@ -65,8 +65,8 @@ void fitColumns(QFileDialog &window) {
 
 } // namespace
 
-QString chooseFileIn(const FileDialog &dialog, const QString &folder, QWidget *parent) {
-    QFileDialog window(parent, dialog.title, folder);
+QString chooseFileIn(const FileDialog &dialog, const QString &start, QWidget *parent) {
+    QFileDialog window(parent, dialog.title, start);
     window.setOption(QFileDialog::HideNameFilterDetails);
 #ifndef Q_OS_WIN // where the system's own is in Chinese already
     window.setOption(QFileDialog::DontUseNativeDialog);

@@ -6,8 +6,8 @@
 
 namespace platform {
 
-// The chosen path in the machine's manner; empty after a cancel. `folder` is where the dialog begins, the toolkit's
-// choice where it is empty.
-QString chooseFileIn(const FileDialog &dialog, const QString &folder, QWidget *parent);
+// The chosen path in the machine's manner; empty after a cancel. `start` is the folder or the file where the dialog
+// begins, the toolkit's choice where it is empty.
+QString chooseFileIn(const FileDialog &dialog, const QString &start, QWidget *parent);
 
 } // namespace platform

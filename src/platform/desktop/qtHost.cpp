@@ -155,7 +155,9 @@ Answer QtHost::show(const Box &box) {
 
 QString QtHost::chooseFile(const FileDialog &dialog) {
     const QString folder = m_state.read(lastFolder).toString();
-    const QString chosen = chooseFileIn(dialog, QDir(folder).exists() ? folder : QString(), windowInFront());
+    const bool startsThere = !dialog.start.isEmpty() && QFileInfo(dialog.start).absoluteDir().exists();
+    const QString start = startsThere ? dialog.start : QDir(folder).exists() ? folder : QString();
+    const QString chosen = chooseFileIn(dialog, start, windowInFront());
     if (!chosen.isEmpty())
         m_state.keep(lastFolder, QFileInfo(chosen).absolutePath());
     return chosen;

@@ -1,0 +1,57 @@
+#include "filetools/sampleRecord.h"
+#include "filetools/isoSource.h"
+#include "filetools/marcXmlSource.h"
+#include <algorithm>
+
+namespace filetools {
+
+namespace {
+
+bool isAscii(const QString &text) {
+    return std::ranges::all_of(text, [](QChar c) { return c.unicode() < 0x80; });
+}
+
+QString linesOf(const TidyRecord &record) {
+    constexpr qsizetype most = 20'000; // characters
+    QString text;
+    qsizetype start = 0;
+    for (qsizetype i = 0; i < record.tags.size() && text.size() < most; i += tagLength) {
+        const qsizetype end = record.data.indexOf(QChar(marc::fieldTerminator), start);
+        text += QString::fromLatin1(record.tags.mid(i, tagLength)) + u' ' + record.data.sliced(start, end - start) +
+                u"\r\n";
+        start = end + 1;
+    }
+    return text.left(most);
+}
+
+} // namespace
+
+platform::Result<SampleRecord> sampleRecord(const QString &path, SourceEncoding choice, marc::FileEncoding guessed) {
+    constexpr int mostRecords = 500, mostSteps = 16;
+    auto source = isXml(guessed) ? MarcXmlSource::open(path) : IsoSource::open(path, charsetOf(choice, guessed));
+    if (!source)
+        return source.failure();
+    SampleRecord sample;
+    qint64 number = 0;
+    for (int steps = 0; number < mostRecords && steps < mostSteps;) {
+        const auto found = source.value()->next();
+        if (!found)
+            return found.failure();
+        if (found.value() == TidySource::Found::End)
+            break;
+        number += found.value() == TidySource::Found::Record || found.value() == TidySource::Found::Unreadable;
+        if (found.value() != TidySource::Found::Record) {
+            ++steps;
+            continue;
+        }
+        const TidyRecord &record = source.value()->record();
+        const bool isTelling = !isAscii(record.data);
+        if (isTelling || sample.number == 0)
+            sample = {number, linesOf(record)};
+        if (isTelling)
+            break;
+    }
+    return sample;
+}
+
+} // namespace filetools
