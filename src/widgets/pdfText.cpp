@@ -6,6 +6,7 @@
 #include <QRegularExpression>
 #include <QTextLayout>
 #include <optional>
+#include <string_view>
 
 using namespace Qt::StringLiterals;
 
@@ -14,6 +15,13 @@ namespace widgets {
 namespace {
 
 constexpr char32_t planeEnd = 0x10000;
+
+// The toolkit's own search from the end looks in front of the first byte, where nothing may be mapped.
+qsizetype lastIndexOf(QByteArrayView bytes, std::string_view wanted, qsizetype from = -1) {
+    const std::string_view text(bytes.data(), std::size_t(bytes.size()));
+    const std::size_t found = text.rfind(wanted, from < 0 ? std::string_view::npos : std::size_t(from));
+    return found == std::string_view::npos ? -1 : qsizetype(found);
+}
 
 // The glyph of each character of the basic plane; 0 where the font has none.
 std::vector<quint32> glyphsOf(const QRawFont &font) {
@@ -55,7 +63,7 @@ QList<FaceGlyphs> facesOf(const QString &characters, const QFont &font, const QP
 class PdfObjects {
 public:
     static std::optional<PdfObjects> read(QByteArrayView file) {
-        const qsizetype at = file.lastIndexOf("startxref");
+        const qsizetype at = lastIndexOf(file, "startxref");
         const qint64 table = at < 0 ? -1 : file.sliced(at + 9).toByteArray().trimmed().split('\n').first().toLongLong();
         if (table <= 0 || table >= at || !file.sliced(table).startsWith("xref\n0 "))
             return std::nullopt;
@@ -84,7 +92,8 @@ public:
             added += object;
         }
         QByteArray trailer = m_trailer.toByteArray();
-        trailer.insert(trailer.lastIndexOf(">>"), "/Prev " + QByteArray::number(m_table) + '\n');
+        trailer.insert(std::max(lastIndexOf(trailer, ">>"), qsizetype(0)),
+                       "/Prev " + QByteArray::number(m_table) + '\n');
         const QByteArray start = QByteArray::number(m_file.size() + added.size());
         return added + table + trailer + "startxref\n" + start + "\n%%EOF\n";
     }
@@ -133,7 +142,7 @@ QByteArray hex(int code) {
 QByteArray renamed(QByteArrayView object, const SameGlyph &names) {
     const qsizetype stream = object.indexOf("stream\n");
     const qsizetype first = object.indexOf("beginbfrange");
-    const qsizetype end = object.lastIndexOf("endbfrange");
+    const qsizetype end = lastIndexOf(object, "endbfrange");
     if (stream < 0 || first < stream || end < first)
         return {};
     QMap<int, int> characters = charactersOf(QString::fromLatin1(object.sliced(first, end - first)));
@@ -148,7 +157,7 @@ QByteArray renamed(QByteArrayView object, const SameGlyph &names) {
     if (!changed)
         return {};
     // Up to the number of ranges, which stands before the word.
-    QByteArray map = object.sliced(stream + 7, object.lastIndexOf('\n', first) + 1 - stream - 7).toByteArray();
+    QByteArray map = object.sliced(stream + 7, lastIndexOf(object, "\n", first) + 1 - stream - 7).toByteArray();
     constexpr qsizetype linesAtOnce = 100; // the format's limit
     for (qsizetype at = 0; at < lines.size(); at += linesAtOnce) {
         const QByteArrayList part = lines.mid(at, linesAtOnce);
