@@ -67,6 +67,12 @@ TEST(FrmTidy, TellsTheFactsAndTidiesByTheKeyboardAlone) {
                 form.txtResult->isReadOnly());
     EXPECT_EQ(form.labShuDo->pacedText(), u"成功处理：5条"_s);
     EXPECT_TRUE(form.focusWidget() == before && !form.cmdClick[1]->isEnabled() && form.cboForm->isEnabled());
+    EXPECT_TRUE(!form.Text1[0]->isReadOnly() && !form.Text1[1]->isReadOnly() && form.sourceEncoding->isEnabled());
+    EXPECT_EQ(form.warningLabel->text(), u"⚠ 写成“?”的字符 5 处（第 1、2、3、4、5 条）"_s);
+    desk.host.willChoose(desk.folder.write(u"next.iso"_s, recordOf(u"200=10$a甲"_s).toUtf8()));
+    form.cmdSelect[0]->click();
+    EXPECT_EQ(desk.host.dialogs.last().start, desk.source);
+    EXPECT_TRUE(form.txtResult->text().isEmpty() && form.warningLabel->isHidden()) << "of another source";
     desk.leave();
 }
 
