@@ -119,7 +119,8 @@ QByteArray exportRecord(const CatalogueRow &row) {
     constexpr qsizetype usualSize = 512; // of directory and data together; longer ones grow
     QByteArray data;
     data.reserve(usualSize);
-    data += Geshi2(platform::toInt32(row.zskid).value_or(0)) + "hteva" + fieldTerminator;
+    const std::optional<qint32> key = platform::toInt32(row.zskid); // of "7.0", too
+    data += Geshi2(key ? *key : row.zskid.toLongLong()) + "hteva" + fieldTerminator;
     QByteArray directory;
     directory.reserve(usualSize);
     directory += "001001100000";

@@ -2,6 +2,7 @@
 #include "database/dataSources.h"
 #include "platform/numbers.h"
 #include <QFileInfo>
+#include <algorithm>
 #include <array>
 #include <vector>
 
@@ -120,11 +121,14 @@ void add(QString &text, const QString &dataSource, const AddedPair &pair, const 
 
 } // namespace
 
+// A driver that counts milliseconds in 32 bits would take a longer one for none.
+constexpr std::chrono::seconds longestLimit = std::chrono::hours(24);
+
 TimeLimits timeLimits(const QString &connectionString, const QString &dataSource) {
     TimeLimits limits;
     const auto read = [&](QStringView key, std::chrono::seconds &limit) {
         if (const auto seconds = platform::toInt32(saidOf(connectionString, dataSource, key)); seconds && *seconds >= 0)
-            limit = std::chrono::seconds(*seconds);
+            limit = std::min(std::chrono::seconds(*seconds), longestLimit);
     };
     read(u"LoginTimeout", limits.login);
     read(u"StatementTimeout", limits.statement);

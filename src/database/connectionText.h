@@ -15,7 +15,7 @@ QString connectionValue(QStringView text, QStringView key);
 bool bracesAreClosed(QStringView text);
 
 // How long a server may take to open a connection, and for one statement; 0: as long as it likes. The keys LoginTimeout
-// and StatementTimeout of the text, else of its data source, say otherwise (whole seconds).
+// and StatementTimeout of the text, else of its data source, say otherwise (whole seconds, a day at most).
 struct TimeLimits {
     std::chrono::seconds login{15};
     std::chrono::seconds statement{60};

@@ -33,10 +33,10 @@ TEST(ExportRecord, ComposesEveryByte) {
                                           "00000hteva\x1E\x1D"));
     // Eleven bytes are counted for any control number; the length of a field of ten thousand grows its entry.
     const QByteArray record =
-        exportRecord({.zskid = u"1234567"_s, .bookname = QString(5000, u'书'), .classcode = u"I"_s});
-    EXPECT_EQ(record.first(5).toInt(), record.size() - 2);
+        exportRecord({.zskid = u"9223372036854775807"_s, .bookname = QString(5000, u'书'), .classcode = u"I"_s});
+    EXPECT_EQ(record.first(5).toInt(), record.size() - 14);
     EXPECT_TRUE(record.contains("0010011000002001000500011690000610016\x1E"
-                                "1234567hteva\x1E"));
+                                "9223372036854775807hteva\x1E"));
 }
 
 TEST(ExportRecord, HasTheseShapesAndNoOthers) {

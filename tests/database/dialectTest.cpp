@@ -85,6 +85,9 @@ TEST(ConnectionText, GoesToTheDriverManagerAsItsDriversWantIt) {
               u"Driver=MariaDB Unicode;CONN_TIMEOUT=3;StatementTimeout=0;CHARSET=utf8mb4;AUTO_RECONNECT=0;"_s);
     EXPECT_EQ(text(u"DSN=m;", u"Driver=/a/libmaodbc.so;StatementTimeout=0;LoginTimeout=0"),
               u"DSN=m;CHARSET=utf8mb4;AUTO_RECONNECT=0;"_s);
+    EXPECT_EQ(text(u"Driver=MySQL;LoginTimeout=-1;StatementTimeout=2147483647;"),
+              u"Driver=MySQL;LoginTimeout=-1;StatementTimeout=2147483647;CONN_TIMEOUT=15;READ_TIMEOUT=86402;"
+              "WRITE_TIMEOUT=86402;CHARSET=utf8mb4;AUTO_RECONNECT=0;"_s);
     EXPECT_EQ(text(u"Driver=/opt/sqlite/box.so;"), u"Driver=/opt/sqlite/box.so;"_s);
     EXPECT_EQ(text(u"DSN=m;", u"Driver=MariaDB;LoginTimeout=4;"),
               u"DSN=m;CONN_TIMEOUT=4;READ_TIMEOUT=62;WRITE_TIMEOUT=62;CHARSET=utf8mb4;AUTO_RECONNECT=0;"_s);
