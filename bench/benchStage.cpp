@@ -46,6 +46,11 @@ platform::Answer BenchHost::show(const platform::Box &box) {
     return box.buttons == platform::Buttons::Ok ? platform::Answer::Ok : answer;
 }
 
+bool BenchHost::showWithTick(const platform::Box &box, const QString &) {
+    show(box);
+    return false;
+}
+
 QString BenchHost::chooseFile(const platform::FileDialog &) {
     return chosenFile;
 }

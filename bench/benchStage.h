@@ -50,6 +50,7 @@ class BenchHost final : public platform::QtHost {
 public:
     BenchHost();
     platform::Answer show(const platform::Box &box) override;
+    bool showWithTick(const platform::Box &box, const QString &tick) override;
     QString chooseFile(const platform::FileDialog &dialog) override;
 
     QString chosenFile;

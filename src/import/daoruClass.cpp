@@ -33,19 +33,19 @@ Daoru withoutAnswer(const QString &fault, const std::optional<qint64> &key) {
 
 } // namespace
 
-Daoru daoruRecord(const marc::RawRecord &marc, const database::SessionState &state, platform::Host &host,
+Daoru daoruRecord(const marc::RawRecord &marc, const database::SessionState &state, platform::RunBoxes &boxes,
                   const QList<qint64> &earlier) {
     if (marc.isEmpty())
         return {};
     const std::optional<RecordRow> row = recordRow(marc);
     if (!row) {
         const QString damaged = u"当前marc数据地址目次区数据出现错误！"_s;
-        host.tell(damaged);
+        boxes.tell(damaged);
         return {.fault = damaged};
     }
     auto connection = database::Connection::open(state.links, state.connectionString);
     if (!connection) {
-        host.tell(u"【"_s + connection.failure().description + u"】", u"系统操作提示"_s);
+        boxes.tell(u"【"_s + connection.failure().description + u"】", u"系统操作提示"_s);
         return {.fault = connection.failure().description};
     }
     const auto in = connection.value().insert(insertStatement(*row), u"zskid"_s);

@@ -20,7 +20,7 @@ struct Daoru {
 // greatest of `earlier`, the keys of the rows that went in before. A row that is the only one there went in. Otherwise
 // the record is in doubt: it may still come in, or a row found may be another person's. The fault says so, and nothing
 // is sent again. The key alone, where it was lost, is asked for in the same way.
-Daoru daoruRecord(const marc::RawRecord &marc, const database::SessionState &state, platform::Host &host,
+Daoru daoruRecord(const marc::RawRecord &marc, const database::SessionState &state, platform::RunBoxes &boxes,
                   const QList<qint64> &earlier = {});
 
 } // namespace importing

@@ -25,7 +25,8 @@ public:
 
     int taken() const { return m_taken; }
     int succeeded() const { return m_succeeded; }
-    QString countText() const; // says 0 after a failure, without touching the count
+    bool lastWentIn() const { return m_lastWentIn; } // or, for an empty record, the one before it
+    QString countText() const;                       // says 0 after a failure, without touching the count
     QString percentText() const { return percentage(m_taken, m_total); }
     QString closingText() const;
 

@@ -22,4 +22,11 @@ bool Host::insist(const QString &text, QStringView title, Answer preselected) {
                  .leaving = Leaving::ByButtonsOnly}) == Answer::Yes;
 }
 
+void RunBoxes::tell(const QString &text, QStringView title) {
+    if (m_silenced.contains(text))
+        return;
+    if (m_host.showWithTick({.text = text, .title = title.toString()}, QStringLiteral("以后相同的不再提示")))
+        m_silenced.append(text);
+}
+
 } // namespace platform

@@ -5,7 +5,7 @@
 #include "platform/deskState.h"
 #include "platform/settings.h"
 #include <QDateTime>
-#include <QString>
+#include <QStringList>
 
 class QWidget;
 
@@ -46,6 +46,8 @@ public:
     // Shows the box modally over the active window; where it may be left freely, Esc and the close cross answer No if
     // there is one.
     virtual Answer show(const Box &box) = 0;
+    // Shows a box with one button and a check box under the text; whether it was checked.
+    virtual bool showWithTick(const Box &box, const QString &tick) = 0;
     // The chosen path in the machine's manner; empty after a cancel.
     virtual QString chooseFile(const FileDialog &dialog) = 0;
     // Hands a folder, a file or a link to the desktop; false where that failed. May take some seconds, in which windows
@@ -68,6 +70,19 @@ public:
     bool ask(const QString &text, QStringView title, Answer preselected = Answer::Yes, Icon icon = Icon::Information);
     // A question on which edits or rows hang: only its two buttons answer it.
     bool insist(const QString &text, QStringView title, Answer preselected = Answer::Yes);
+};
+
+// The boxes of one run over many records. Each has a check box by which the same box is not shown again in this run.
+class RunBoxes {
+public:
+    explicit RunBoxes(Host &host)
+        : m_host(host) {}
+
+    void tell(const QString &text, QStringView title = hintTitle);
+
+private:
+    Host &m_host;
+    QStringList m_silenced; // texts
 };
 
 } // namespace platform

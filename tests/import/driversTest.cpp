@@ -130,6 +130,7 @@ TEST_P(Drivers, KeepEveryByteUnderAnyName) {
     records.append(recordOf(u"200=1 $a'); delete from zsk; -- \\$f路\\径\\'盘勘还"_s));
     const QString pairs = database.connectionString().section(u';', 2) + u"AUTO_RECONNECT=1;"; // without the driver
     ScriptedHost host;
+    platform::RunBoxes boxes(host);
     for (const QString &text : Machine::textsOf(GetParam(), pairs)) {
         database::LinkPool links({u"taoluTable"_s});
         const database::SessionState state{links, u"PROVIDER=MSDASQL;" + text};
@@ -137,7 +138,7 @@ TEST_P(Drivers, KeepEveryByteUnderAnyName) {
         for (int i = 0; i < records.size(); ++i) {
             if (i == records.size() / 2 || i == records.size() - 1)
                 endSessions();
-            ASSERT_TRUE(importing::daoruRecord(records[i], state, host).wentIn) << text.toStdString() << i;
+            ASSERT_TRUE(importing::daoruRecord(records[i], state, boxes).wentIn) << text.toStdString() << i;
         }
         auto connection = database::Connection::open(links, state.connectionString);
         const auto rows = connection.value().query(u"select marc,bookname from taoluTable order by zskid"_s).value();

@@ -27,13 +27,27 @@ struct ImportWindow : testing::Test {
     }
 };
 
+// What a label holds when it is painted.
+struct PaintedTexts : QObject {
+    QStringList texts;
+
+    explicit PaintedTexts(widgets::PacedLabel *label) { label->installEventFilter(this); }
+    bool eventFilter(QObject *watched, QEvent *event) override {
+        if (event->type() == QEvent::Paint)
+            texts.append(static_cast<widgets::PacedLabel *>(watched)->pacedText());
+        return false;
+    }
+};
+
 } // namespace
 
 TEST_F(ImportWindow, RunsOnceAndTellsEachStep) {
     list({u"甲"_s, u"甲"_s, u"丙's"_s});
     frmDaoRuJindu window(host, database.state, records);
     QStringList said;
+    PaintedTexts painted(window.labJinDuShu);
     host.onYield = [&] {
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&window)); // nothing is painted before
         said.append(window.labJinDuShu->pacedText() + u' ' + window.LabBi->pacedText());
         window.activate(); // as a window system does that reports an activation twice
         window.close();
@@ -41,6 +55,7 @@ TEST_F(ImportWindow, RunsOnceAndTellsEachStep) {
     open(window, u"3"_s);
     EXPECT_EQ(said, (QStringList{u"已经成功处理的记录数：1 33.33%"_s, u"已经成功处理的记录数：0 66.67%"_s,
                                  u"已经成功处理的记录数：2 100.00%"_s}));
+    EXPECT_TRUE(painted.texts.contains(u"已经成功处理的记录数：0"_s)) << "the next success would replace it";
     EXPECT_EQ(host.texts(), QStringList(3, u"请先停止导入！"_s));
     EXPECT_EQ(window.windowTitle(), u"套录库数据导入进度"_s);
     EXPECT_EQ(window.labEndShu->text(), u"要导入的机读记录总计：3"_s);
@@ -62,17 +77,28 @@ TEST_F(ImportWindow, StopsBehindTheRecordInHand) {
     EXPECT_FALSE(window.cmdStop->isEnabled());
 }
 
+// A box for each record, until its check box is checked; then the run goes on by itself, and the next one asks again.
 TEST_F(ImportWindow, TellsWhatStandsInTheWayAndGoesOn) {
-    list({u"甲"_s, u"乙"_s});
-    records->setRecord(1, u"00026nam0 2200025   450 2001\x1E\x1D"_s); // a damaged directory
+    list({u"甲"_s, u"乙"_s, u"丙"_s, u"丁"_s});
+    records->setRecord(2, u"00026nam0 2200025   450 2001\x1E\x1D"_s); // a damaged directory
+    const QString damaged = u"当前marc数据地址目次区数据出现错误！"_s;
     database.state.connectionString = u"Driver=SQLite3;Database="_s + host.folder + u"/none/store.db;";
     frmDaoRuJindu window(host, database.state, records);
-    open(window, u"2"_s);
-    ASSERT_EQ(host.boxes.size(), 2);
-    EXPECT_EQ(host.boxes[0].title, u"系统操作提示"_s);
-    EXPECT_TRUE(host.boxes[0].text.startsWith(u'【') && host.boxes[0].text.endsWith(u'】'));
-    EXPECT_EQ(host.boxes[1].text, u"当前marc数据地址目次区数据出现错误！"_s);
+    open(window, u"4"_s);
+    ASSERT_EQ(host.boxes.size(), 4);
+    const platform::Box unreachable = host.boxes[0];
+    EXPECT_EQ(unreachable.title, u"系统操作提示"_s);
+    EXPECT_TRUE(unreachable.text.startsWith(u'【') && unreachable.text.endsWith(u'】'));
+    EXPECT_EQ(host.texts(), (QStringList{unreachable.text, unreachable.text, damaged, unreachable.text}));
     EXPECT_EQ(window.labTishi->text(), u"本次成功处理的记录数：0"_s);
+    host.checksTick = true;
+    for (int run = 0; run < 2; ++run) {
+        host.boxes.clear();
+        frmDaoRuJindu silenced(host, database.state, records);
+        open(silenced, u"4"_s);
+        EXPECT_EQ(host.texts(), (QStringList{unreachable.text, damaged})) << run;
+        EXPECT_EQ(silenced.refused().size(), 4);
+    }
 
     frmDaoRuJindu noNumber(host, database.state, records);
     open(noNumber, u"许多"_s);

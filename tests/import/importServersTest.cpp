@@ -7,20 +7,23 @@
 
 class ImportIntoServers : public testing::TestWithParam<TestServer> {
 protected:
-    bool import(const QString &title) { return importing::daoruRecord(recordWith(title), database.state, host).wentIn; }
+    bool import(const QString &title) {
+        return importing::daoruRecord(recordWith(title), database.state, boxes).wentIn;
+    }
     static QString recordWith(const QString &title) {
         return recordOf({{u"200"_s, u"1 $a"_s + title + u"$f"_s + title}, {u"300"_s, u"  $a"_s + title.repeated(40)}});
     }
 
     TestDatabase database{GetParam()};
     ScriptedHost host;
+    platform::RunBoxes boxes{host};
 };
 
 ON_ALL_SERVERS(ImportIntoServers);
 
 TEST_P(ImportIntoServers, ARowThatWentInIsKnownByItsKey) {
     EXPECT_TRUE(import(u"一"_s));
-    const importing::Daoru done = importing::daoruRecord(recordWith(u"二"_s), database.state, host);
+    const importing::Daoru done = importing::daoruRecord(recordWith(u"二"_s), database.state, boxes);
     EXPECT_EQ(database.selected(u"select zskid from taoluTable where bookname='二'"_s),
               QString::number(done.key.value_or(0)));
 }
@@ -56,10 +59,11 @@ TEST_P(ImportIntoServers, ARecordWithANulIsRefusedAsAWhole) {
 TEST(ImportIntoPostgreSql, AnAnswerThatIsLostIsLookedForInTheStore) {
     const TestDatabase database(TestServer::PostgreSql);
     ScriptedHost host;
+    platform::RunBoxes boxes(host);
     QList<qint64> keys;
     const auto import = [&](const QString &title) {
         importing::Daoru done =
-            importing::daoruRecord(recordOf({{u"200"_s, u"1 $a"_s + title}}), database.state, host, keys);
+            importing::daoruRecord(recordOf({{u"200"_s, u"1 $a"_s + title}}), database.state, boxes, keys);
         if (done.key)
             keys.append(*done.key);
         return done;

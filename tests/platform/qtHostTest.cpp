@@ -1,7 +1,11 @@
 // The desktop of the real machine.
 #include "platform/desktop/qtHost.h"
 #include "support/testFolder.h"
+#include <QApplication>
+#include <QCheckBox>
 #include <QFile>
+#include <QMessageBox>
+#include <QTimer>
 
 using namespace platform;
 
@@ -20,4 +24,20 @@ TEST(QtHost, BelievesTheHelperThatOpensLinks) {
         EXPECT_EQ(folder.read(u"asked"_s), "http://localhost/%E9%A6%86\n");
     }
     qputenv("PATH", before);
+}
+
+TEST(QtHost, SaysWhetherABoxIsNotWantedAgain) {
+    const TestFolder folder;
+    QtHost host{Settings(folder.path())};
+    const QString tick = u"以后相同的不再提示"_s;
+    for (const bool checked : {true, false}) {
+        QTimer::singleShot(0, qApp, [&] {
+            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            ASSERT_TRUE(box && box->checkBox());
+            EXPECT_EQ(box->checkBox()->text(), tick);
+            box->checkBox()->setChecked(checked);
+            box->button(QMessageBox::Ok)->click();
+        });
+        EXPECT_EQ(host.showWithTick({.text = u"无法连接"_s}, tick), checked);
+    }
 }

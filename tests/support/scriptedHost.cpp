@@ -38,6 +38,12 @@ Answer ScriptedHost::show(const Box &box) {
     return m_answers.takeFirst();
 }
 
+bool ScriptedHost::showWithTick(const Box &box, const QString &tick) {
+    EXPECT_FALSE(tick.isEmpty());
+    show(box);
+    return checksTick;
+}
+
 QString ScriptedHost::chooseFile(const FileDialog &dialog) {
     dialogs.append(dialog);
     if (m_files.isEmpty()) {

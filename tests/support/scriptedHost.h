@@ -21,6 +21,7 @@ public:
     QList<platform::Box> boxes;          // all boxes, in order
     QList<platform::FileDialog> dialogs; // all file dialogs, in order
     QStringList opened;                  // what was handed to the shell
+    bool checksTick = false;             // a box with a check box is left with it checked
     bool shellWorks = true;
     int endings = 0;               // how often the process was told to end
     QDateTime clock;               // what now() says
@@ -32,6 +33,7 @@ public:
     platform::Box lastBox() const;
 
     platform::Answer show(const platform::Box &box) override;
+    bool showWithTick(const platform::Box &box, const QString &tick) override;
     QString chooseFile(const platform::FileDialog &dialog) override;
     bool openInShell(const QString &target) override;
     const platform::Settings &settings() const override { return m_settings; }

@@ -13,6 +13,13 @@ using widgets::row;
 
 namespace importing {
 
+namespace {
+void paintNow(widgets::PacedLabel *label) {
+    label->flush();
+    label->repaint();
+}
+} // namespace
+
 frmDaoRuJindu::frmDaoRuJindu(platform::Host &host, const database::SessionState &state,
                              std::shared_ptr<const marc::PreReadStore> records, QWidget *parent)
     : Window(u"frmDaoRuJindu"_s, u"进度提示"_s, parent)
@@ -42,17 +49,17 @@ frmDaoRuJindu::frmDaoRuJindu(platform::Host &host, const database::SessionState 
 
 void frmDaoRuJindu::lay() {
     const int iconSize = style()->pixelMetric(QStyle::PM_LargeIconSize);
-    Picture1->setPixmap(style()->standardIcon(QStyle::SP_DialogSaveButton).pixmap(iconSize));
+    Picture1->setPixmap(QIcon(u":/import/daoru.svg"_s).pixmap(iconSize));
     LabBi->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     LabBi->setMinimumWidth(fontMetrics().horizontalAdvance(u"100.00%"_s));
     labJinDuShu->setMinimumWidth(fontMetrics().horizontalAdvance(u"已经成功处理的记录数：2147483647"_s));
-    widgets::keepPlace(LabBi);
-    widgets::keepPlace(barJinduTishi);
-    widgets::keepPlace(cmdRefused);
+    labTishi->hide();
     cmdRefused->hide();
-    setLayout(
-        column({row({Picture1, {column({labEndShu, labJinDuShu}), 1}}), row({{barJinduTishi, 1}, LabBi}),
-                row({{labTishi, 1}, cmdRefused}), widgets::stretch(), row({widgets::stretch(), cmdStop, cmdQuit})}));
+    // The closing line takes the place of the bar, below the lines before it.
+    QBoxLayout *last = row({{barJinduTishi, 1}, LabBi, {labTishi, 1}, cmdRefused});
+    last->addStrut(cmdRefused->sizeHint().height());
+    setLayout(column({row({Picture1, {column({labEndShu, labJinDuShu, last}), 1}}), widgets::stretch(),
+                      row({widgets::stretch(), cmdStop, cmdQuit})}));
 }
 
 void frmDaoRuJindu::showEvent(QShowEvent *event) {
@@ -67,6 +74,8 @@ void frmDaoRuJindu::activate() {
     run();
     barJinduTishi->hide();
     LabBi->hide();
+    labTishi->show();
+    cmdRefused->setVisible(!m_refused.empty());
 }
 
 void frmDaoRuJindu::run() {
@@ -82,11 +91,14 @@ void frmDaoRuJindu::run() {
     labJinDuShu->setPacedText(u"正在准备导入................."_s);
 
     ImportRun run(*recordTotal);
+    platform::RunBoxes boxes(m_host);
     while (run.hasNext()) {
         const int at = run.nextRow();
         run.take(at < m_records->rowCount() ? m_records->record(at) : QString(),
-                 [this, at](const QString &record) { return take(record, at); });
+                 [&](const QString &record) { return take(record, at, boxes); });
         labJinDuShu->setPacedText(run.countText());
+        if (!run.lastWentIn())
+            paintNow(labJinDuShu); // the 0 of a failure: the next success replaces it
         barJinduTishi->setValue(run.taken());
         LabBi->setPacedText(run.percentText());
         m_host.yield();
@@ -97,15 +109,12 @@ void frmDaoRuJindu::run() {
     labTishi->setText(run.closingText());
     cmdStop->setEnabled(false); // there is nothing left to stop
     m_taken = run.taken();
-    if (m_refused.empty())
-        return;
     cmdRefused->setText(u"&N 未成功 %1 条"_s.arg(m_refused.size()));
     cmdRefused->setAccessibleName(u"未成功 %1 条"_s.arg(m_refused.size()));
-    cmdRefused->show();
 }
 
-bool frmDaoRuJindu::take(const QString &record, int row) {
-    const Daoru done = daoruRecord(record, m_state, m_host, m_keys);
+bool frmDaoRuJindu::take(const QString &record, int row, platform::RunBoxes &boxes) {
+    const Daoru done = daoruRecord(record, m_state, boxes, m_keys);
     if (!done.wentIn)
         m_refused.push_back({row, done.fault});
     else

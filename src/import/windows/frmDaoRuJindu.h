@@ -54,7 +54,7 @@ protected:
 private:
     void lay();
     void run();
-    bool take(const QString &record, int row);
+    bool take(const QString &record, int row, platform::RunBoxes &boxes);
 
     platform::Host &m_host;
     const database::SessionState &m_state;

@@ -3,6 +3,7 @@
 #include "platform/desktop/fileChooser.h"
 #include "platform/programFolder.h"
 #include <QApplication>
+#include <QCheckBox>
 #include <QCloseEvent>
 #include <QDeadlineTimer>
 #include <QDesktopServices>
@@ -59,19 +60,15 @@ QMessageBox::Icon iconOf(Icon icon) {
 // by its buttons only has to refuse the other ways itself.
 class QuestionBox final : public QMessageBox {
 public:
-    QuestionBox(QWidget *parent, Leaving leaving)
+    QuestionBox(QWidget *parent, const Box &box, const QString &tick = {})
         : QMessageBox(parent)
-        , m_leaving(leaving) {}
-
-    // Wide enough for its title, which a short text would have cut.
-    void showTitle(const QString &title) {
-        constexpr int besideTitle = 14; // characters: the frame's buttons, and what is around them
-        setWindowTitle(title);
-        const QFontMetrics metrics = fontMetrics();
-        if (auto *grid = qobject_cast<QGridLayout *>(layout()))
-            grid->addItem(
-                new QSpacerItem(metrics.horizontalAdvance(title) + besideTitle * metrics.averageCharWidth(), 0),
-                grid->rowCount(), 0, 1, grid->columnCount());
+        , m_leaving(box.leaving) {
+        setIcon(iconOf(box.icon));
+        if (!tick.isEmpty()) // before the title, since it lays out the box again
+            setCheckBox(new QCheckBox(tick, this));
+        showTitle(box.title.isEmpty() ? programTitle.toString() : box.title);
+        setTextFormat(Qt::PlainText);
+        setText(box.text);
     }
 
 protected:
@@ -89,6 +86,17 @@ protected:
     }
 
 private:
+    // Wide enough for its title, which a short text would have cut.
+    void showTitle(const QString &title) {
+        constexpr int besideTitle = 14; // characters: the frame's buttons, and what is around them
+        setWindowTitle(title);
+        const QFontMetrics metrics = fontMetrics();
+        if (auto *grid = qobject_cast<QGridLayout *>(layout()))
+            grid->addItem(
+                new QSpacerItem(metrics.horizontalAdvance(title) + besideTitle * metrics.averageCharWidth(), 0),
+                grid->rowCount(), 0, 1, grid->columnCount());
+    }
+
     Leaving m_leaving;
 };
 
@@ -137,11 +145,7 @@ QtHost::QtHost(Settings settings, DeskState state, std::function<void()> beforeE
     , m_programFolder(platform::programFolder()) {}
 
 Answer QtHost::show(const Box &box) {
-    QuestionBox window(windowInFront(), box.leaving);
-    window.setIcon(iconOf(box.icon));
-    window.showTitle(box.title.isEmpty() ? programTitle.toString() : box.title);
-    window.setTextFormat(Qt::PlainText);
-    window.setText(box.text);
+    QuestionBox window(windowInFront(), box);
     if (box.buttons == Buttons::Ok) {
         window.setStandardButtons(QMessageBox::Ok);
         window.exec();
@@ -151,6 +155,13 @@ Answer QtHost::show(const Box &box) {
     window.setDefaultButton(box.preselected == Answer::No ? QMessageBox::No : QMessageBox::Yes);
     window.setEscapeButton(QMessageBox::No);
     return window.exec() == QMessageBox::Yes ? Answer::Yes : Answer::No;
+}
+
+bool QtHost::showWithTick(const Box &box, const QString &tick) {
+    QuestionBox window(windowInFront(), box, tick);
+    window.setStandardButtons(QMessageBox::Ok);
+    window.exec();
+    return window.checkBox()->isChecked();
 }
 
 QString QtHost::chooseFile(const FileDialog &dialog) {

@@ -13,6 +13,7 @@ public:
     explicit QtHost(Settings settings, DeskState state = DeskState(), std::function<void()> beforeEnd = {});
 
     Answer show(const Box &box) override;
+    bool showWithTick(const Box &box, const QString &tick) override;
     QString chooseFile(const FileDialog &dialog) override;
     bool openInShell(const QString &target) override;
     const Settings &settings() const override { return m_settings; }
