@@ -67,6 +67,18 @@ TEST_F(MainWindowTest, MenuAndToolbarGiveTheSameCommands) {
 
 // The list of the files used last is another one behind each: the button that was clicked goes with it, but not at
 // once.
+// The margins give way first, then the page scrolls.
+TEST_F(MainWindowTest, NoCaptionOfTheStartPageIsCutInALowFrame) {
+    frame.show();
+    for (const int height : {450, 350, 250}) {
+        frame.resize(700, height);
+        QApplication::processEvents();
+        EXPECT_LT(frame.startPage->height(), height);
+        for (const widgets::Button *entry : frame.startPage->steps)
+            EXPECT_GE(entry->height(), entry->sizeHint().height()) << height;
+    }
+}
+
 TEST_F(MainWindowTest, FilesComeFromTheStartPageAndByDropping) {
     const TestFolder folder;
     for (const QString &name : {u"甲.iso"_s, u"乙.iso"_s})

@@ -1,4 +1,5 @@
 #include "app/windows/deskWindows.h"
+#include "app/databaseNote.h"
 #include "app/windows/AboutFrm.h"
 #include "app/windows/frmHelp.h"
 #include "app/windows/frmLook.h"
@@ -69,6 +70,11 @@ workspace::WorkspaceWindows DeskWindows::workspaceWindows() {
         .runImport = [this](std::shared_ptr<const marc::PreReadStore> records, const QString &count,
                             QWidget *owner) { return runImport(std::move(records), count, owner); },
         .makeRemarks = [this](const workspace::RemarksNeeds &needs) { return makeRemarks(needs); },
+        .databaseTrouble =
+            [this] {
+                const DatabaseNote note = databaseNote(m_state.connectionString);
+                return note.missing ? note.words : QString();
+            },
         .leaderAssistant = [this](const QString &leader,
                                   QWidget *owner) { return assist::frmHelpLR000(m_host, owner).edit(leader); },
         .field100Assistant = [this](const QString &field100,

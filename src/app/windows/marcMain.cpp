@@ -90,6 +90,7 @@ void marcMain::buildStartPage() {
     connect(mdiArea, &QMdiArea::subWindowActivated, this, &marcMain::placeStartPage);
     mdiArea->viewport()->installEventFilter(this);
     startPage->installEventFilter(this);
+    startPage->widget()->installEventFilter(this);
     statusBar()->addWidget(databaseName);
     statusBar()->setSizeGripEnabled(false);
     const DatabaseNote note = databaseNote(m_windows.connectionText());

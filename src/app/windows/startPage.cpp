@@ -3,6 +3,8 @@
 #include "widgets/layout.h"
 #include <QDir>
 #include <QFileInfo>
+#include <QScrollBar>
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -30,7 +32,7 @@ QLabel *heading(const QString &name, const QString &text, QWidget *page) {
 } // namespace
 
 StartPage::StartPage(platform::Host &host, QWidget *parent)
-    : QWidget(parent)
+    : QScrollArea(parent)
     , steps{entry(u"startImport"_s, u"&1 选择机读目录文件：预读、校对、修改，导入到套录库"_s, this),
             entry(u"startMaintain"_s, u"&2 查询和维护套录库"_s, this),
             entry(u"startExport"_s, u"&3 查询书库：打印一览表，导出为 marc 数据"_s, this)}
@@ -41,13 +43,16 @@ StartPage::StartPage(platform::Host &host, QWidget *parent)
     , m_host(host)
     , m_recentFiles(new QVBoxLayout) {
     setObjectName(u"startPage"_s);
-    setAutoFillBackground(true);
-    setBackgroundRole(QPalette::Base);
+    auto *page = widgets::named(new QWidget, u"startPageContent"_s);
+    page->setAutoFillBackground(true);
+    page->setBackgroundRole(QPalette::Base);
     databaseWords->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    setLayout(column({heading(u"startTitle"_s, u"从这里开始"_s, this), steps[0], steps[1], steps[2], tidy, handbook,
-                      recentTitle, m_recentFiles, databaseWords}));
-    const int margin = 2 * fontMetrics().height();
-    layout()->setContentsMargins(margin, margin, margin, margin);
+    page->setLayout(column({heading(u"startTitle"_s, u"从这里开始"_s, this), steps[0], steps[1], steps[2], tidy,
+                            handbook, recentTitle, m_recentFiles, databaseWords}));
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus); // its entries have the keyboard
+    setWidget(page);
+    setWidgetResizable(true);
     refresh();
 }
 
@@ -73,23 +78,35 @@ void StartPage::refresh() {
     adjustSize();
 }
 
+QSize StartPage::sizeIn(const QSize &room) const {
+    QSize wanted = content()->totalSizeHint();
+    if (wanted.height() > room.height())
+        wanted.rwidth() += verticalScrollBar()->sizeHint().width();
+    return wanted.boundedTo(room);
+}
+
 QSize StartPage::fittedTo(const QSize &room) {
-    // What is shown and hidden asks for the page to be laid out anew, which leads here again: nothing more may be asked
-    // for then, or the page would never come to rest.
+    // What is shown and hidden asks for the page to be laid out again, which leads here again: nothing more may be
+    // asked for then, or the page would never come to rest.
     if (std::exchange(m_fittedTo, room) == room)
-        return layout()->totalSizeHint().boundedTo(room);
-    const auto wanted = [this] { // now, not with the next events
+        return sizeIn(room);
+    const int line = fontMetrics().height();
+    const int side = 2 * line;
+    const auto excess = [&](int above) { // now, not with the next events
+        content()->setContentsMargins(side, above, side, above);
         m_recentFiles->invalidate();
-        layout()->invalidate();
-        return layout()->totalSizeHint();
+        content()->invalidate();
+        return content()->totalSizeHint().height() - room.height();
     };
     recentTitle->setVisible(!recent.isEmpty());
     for (Button *file : recent)
         file->show();
-    for (auto last = recent.crbegin(); last != recent.crend() && wanted().height() > room.height(); ++last)
+    for (auto last = recent.crbegin(); last != recent.crend() && excess(side) > 0; ++last)
         (*last)->hide();
     recentTitle->setVisible(!recent.isEmpty() && !recent[0]->isHidden());
-    return wanted().boundedTo(room);
+    if (const int over = excess(side); over > 0)
+        excess(std::max(line / 2, side - (over + 1) / 2));
+    return sizeIn(room);
 }
 
 } // namespace app

@@ -55,6 +55,8 @@ struct WorkspaceWindows {
                                 QWidget *owner)>
         runImport;
     std::function<RemarksPane(const RemarksNeeds &needs)> makeRemarks;
+    // Why an import would fail, as far as it is known without asking the database; empty otherwise.
+    std::function<QString()> databaseTrouble;
     Assistant leaderAssistant;   // frmHelpLR000
     Assistant field100Assistant; // frmHelpLR100
 };
