@@ -2,7 +2,10 @@
 #pragma once
 
 #include "tour/tourDriver.h"
+#include "workspace/windows/draftBar.h"
 #include "workspace/windows/frmDaoru.h"
+#include "workspace/windows/workspaceParts.h"
+#include "workspace/windows/workspaceRoom.h"
 
 namespace tour {
 

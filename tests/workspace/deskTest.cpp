@@ -142,7 +142,7 @@ TEST_F(Desk, DraftsAreOfferedAndSpokenOf) {
     load(3);
     change(4, u"改一"_s);
     EXPECT_TRUE(said(u"已改 1 条，未导入"_s));
-    form->drafts().write();
+    form->parts().drafts.write();
     form.reset(); // as a crash leaves it
     auto &window = load();
     window.show();
@@ -158,7 +158,7 @@ TEST_F(Desk, PagingDoesNotPutAWriteOff) {
     auto &window = load(30);
     window.show();
     change(4, u"改"_s);
-    DraftKeeper &drafts = window.drafts();
+    DraftKeeper &drafts = window.parts().drafts;
     const int due = drafts.dueIn();
     ASSERT_GE(due, 0);
     ASSERT_TRUE(QTest::qWaitFor([&] { return drafts.dueIn() < due - 20; }));
@@ -178,20 +178,20 @@ TEST_F(Desk, ADraftThatCannotBeWrittenIsReportedUntilItCan) {
     window.show();
     EXPECT_TRUE(says(u"⚠ 修改无法暂存："_s));
     change(4, u"改"_s);
-    window.drafts().write();
+    window.parts().drafts.write();
     EXPECT_TRUE(says(u"⚠ 修改无法暂存："_s));
-    EXPECT_GE(window.drafts().dueIn(), 0) << "tried again";
+    EXPECT_GE(window.parts().drafts.dueIn(), 0) << "tried again";
     ASSERT_TRUE(blocking.remove());
-    window.drafts().write();
+    window.parts().drafts.write();
     EXPECT_FALSE(says(u"暂存"_s));
-    EXPECT_LT(window.drafts().dueIn(), 0);
+    EXPECT_LT(window.parts().drafts.dueIn(), 0);
     change(4, QString(100'000, u'改'));
     {
         const FullDisk full(1000);
-        window.drafts().write();
+        window.parts().drafts.write();
     }
-    EXPECT_TRUE(says(u"⚠ 修改无法暂存："_s) && window.drafts().dueIn() >= 0);
-    window.drafts().write();
+    EXPECT_TRUE(says(u"⚠ 修改无法暂存："_s) && window.parts().drafts.dueIn() >= 0);
+    window.parts().drafts.write();
     EXPECT_FALSE(says(u"暂存"_s));
 }
 

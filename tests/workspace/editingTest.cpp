@@ -210,7 +210,7 @@ TEST_F(Editing, ListsAddAndTheMenuDeletes) {
     goTo(titleRow);
     choose(3);
     ASSERT_TRUE(window.zdList->isVisible());
-    EXPECT_EQ(window.editRow(), titleRow); // the menu key notes the row
+    EXPECT_EQ(window.parts().editors.editRow, titleRow); // the menu key notes the row
     EXPECT_EQ(window.zdList->geometry(), window.Grid1->rightHalf());
     window.resize(window.width() - 60, window.height() + 40);
     EXPECT_TRUE(QTest::qWaitFor([&] { return window.zdList->geometry() == window.Grid1->rightHalf(); }));
@@ -293,21 +293,21 @@ TEST_F(Editing, RightButtonNeedsARowThatWasClicked) {
     auto &window = open();
     const QPoint at = window.Grid1->visualRect(window.Grid1->model()->index(2, 2)).center();
     QTest::mouseClick(window.Grid1->viewport(), Qt::RightButton, {}, at); // would hang in a popup
-    EXPECT_EQ(window.editRow(), 0);
-    EXPECT_FALSE(window.clickMark());
+    EXPECT_EQ(window.parts().editors.editRow, 0);
+    EXPECT_FALSE(window.parts().fieldCommands.clickMark);
     QTest::mouseClick(window.Grid1->viewport(), Qt::LeftButton, {}, at);
-    EXPECT_EQ(window.editRow(), 3);
+    EXPECT_EQ(window.parts().editors.editRow, 3);
 
     // Below the last row everything is for the current one.
     const QPoint below = window.Grid1->viewport()->rect().bottomLeft() + QPoint(20, -3);
     choose(7, [&] { QTest::mouseClick(window.Grid1->viewport(), Qt::RightButton, {}, below); });
     EXPECT_TRUE(window.Text1->isVisible());
-    EXPECT_EQ(window.editRow(), 3);
-    EXPECT_FALSE(window.clickMark());
+    EXPECT_EQ(window.parts().editors.editRow, 3);
+    EXPECT_FALSE(window.parts().fieldCommands.clickMark);
     QTest::keyClick(window.Text1, Qt::Key_Escape);
     QTest::mouseDClick(window.Grid1->viewport(), Qt::LeftButton, {}, below);
     EXPECT_TRUE(window.richText->isVisible());
-    EXPECT_EQ(window.editRow(), 3);
+    EXPECT_EQ(window.parts().editors.editRow, 3);
     QTest::keyClick(window.richText, Qt::Key_Escape);
 
     window.resetFieldGrid(); // no record: nothing pops up

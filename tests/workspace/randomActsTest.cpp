@@ -296,7 +296,7 @@ struct RandomActs : Workspace {
     // The two seconds are over.
     void tick() {
         model.write();
-        form->drafts().write();
+        form->parts().drafts.write();
         compareDisk();
     }
 
@@ -358,8 +358,9 @@ struct RandomActs : Workspace {
         }
         ASSERT_EQ(form->draftBar->isVisible(), model.offered);
         ASSERT_FALSE(form->zdList->isVisible() || form->Zzdlist->isVisible());
-        ASSERT_EQ(form->drafts().changed(), model.changedCount());
-        ASSERT_TRUE(form->drafts().dueIn() >= 0 || model.drafts().means() == model.disk.value(model.path).means());
+        ASSERT_EQ(form->parts().drafts.changed(), model.changedCount());
+        ASSERT_TRUE(form->parts().drafts.dueIn() >= 0 ||
+                    model.drafts().means() == model.disk.value(model.path).means());
     }
     void compareDisk() {
         const QDir folder(host.remembered().folderFor(u"drafts"_s).value());

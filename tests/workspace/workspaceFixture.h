@@ -4,7 +4,10 @@
 #include "platform/codepage936.h"
 #include "support/recordText.h"
 #include "support/scriptedHost.h"
+#include "workspace/windows/draftBar.h"
 #include "workspace/windows/frmDaoru.h"
+#include "workspace/windows/workspaceParts.h"
+#include "workspace/windows/workspaceRoom.h"
 #include <QPointer>
 
 // Stands for the pane of remarks: notes what it is asked, and holds what the workspace gave it.

@@ -2,7 +2,10 @@
 #include "platform/desktop/screenRoom.h"
 #include "widgets/layout.h"
 #include "widgets/remembered.h"
+#include "workspace/windows/draftBar.h"
 #include "workspace/windows/workspaceControls.h"
+#include "workspace/windows/workspaceParts.h"
+#include "workspace/windows/workspaceRoom.h"
 #include <QScrollBar>
 #include <utility>
 
@@ -42,23 +45,19 @@ frmDaoru::frmDaoru(platform::Host &host, WorkspaceWindows windows, QWidget *pare
     , draftBar(new DraftBar(this))
     , m_host(host)
     , m_windows(std::move(windows))
-    , m_editors(*Grid1, *m_record, host, m_windows)
-    , m_fields(*Grid1, *m_record, m_editors, host)
-    , m_moving(*Grid2, *m_record, host, damagedDirectory())
-    , m_reading(*Grid2, host, damagedDirectory())
-    , m_commands(*Grid2, *m_record, host, m_windows)
-    , m_drafts(*Grid2, *m_record, host, [this] { return m_editors.typing(); })
-    , m_keys({*Grid1, *Grid2, *m_record, m_editors, m_fields, m_moving, *findLine}, this)
-    , m_remarks({*Grid1, *Grid2, *m_record, m_keys}, m_windows, [this] { return m_reading.recordsInFile(); })
-    , m_status(*labZhuangTai, {*m_record, *Grid2, m_editors, m_reading, m_drafts}) {
+    , m_parts(std::make_unique<WorkspaceParts>(
+          WorkspaceParts::Desk{this, *Grid1, *Grid2, *findLine, *labZhuangTai, *m_record, host, m_windows},
+          damagedDirectory())) {
     setUp();
 }
 
+frmDaoru::~frmDaoru() = default;
+
 void frmDaoru::setUp() {
-    richText = m_editors.richText;
-    Text1 = m_editors.Text1;
-    zdList = m_fields.zdList;
-    Zzdlist = m_fields.Zzdlist;
+    richText = m_parts->editors.richText;
+    Text1 = m_parts->editors.Text1;
+    zdList = m_parts->fieldCommands.zdList;
+    Zzdlist = m_parts->fieldCommands.Zzdlist;
     Grid1->setAccessibleName(u"字段"_s);
     Grid2->setAccessibleName(u"题名列表"_s);
     Grid1->follow(m_record);
@@ -94,7 +93,7 @@ void frmDaoru::lay() {
     // The place is kept while there is nothing to say, and is high enough for the find line.
     labZhuangTai->setMinimumHeight(findLine->sizeHint().height());
     // As wide as the columns of both grids, with their scroll bars; the list keeps its width.
-    room->addRemarks(m_remarks.pane());
+    room->addRemarks(m_parts->remarks.pane());
     const int beside = Grid1->verticalScrollBar()->sizeHint().width() + 2 * Grid1->frameWidth();
     const int listWidth = Grid2->toPixels(RecordList::allTwips) + beside;
     room->share(listWidth, Grid1->toPixels(FieldGrid::allTwips) + beside);
@@ -109,50 +108,52 @@ void frmDaoru::lay() {
 void frmDaoru::connectGrids() {
     connect(Grid2, &RecordList::taken, findLine, &FindLine::forget);
     connect(Grid2, &RecordList::currentMarked, Text2, &widgets::PacedLabel::setText);
-    connect(Grid2, &RecordList::leaveCell, this, [this] { m_moving.leaveStep(); });
-    connect(Grid2, &RecordList::enterCell, this, [this] { m_moving.enterStep(); });
-    connect(Grid1, &FieldGrid::gridClicked, &m_fields, &FieldCommands::gridClicked);
-    connect(Grid1, &FieldGrid::rightPressed, &m_fields, &FieldCommands::rightPressed);
-    connect(Grid1, &FieldGrid::menuKeyPressed, &m_fields, &FieldCommands::menuKeyPressed);
-    connect(Grid1, &FieldGrid::gridActivated, &m_editors, &CellEditors::openContent);
+    connect(Grid2, &RecordList::leaveCell, this, [this] { m_parts->moving.leaveStep(); });
+    connect(Grid2, &RecordList::enterCell, this, [this] { m_parts->moving.enterStep(); });
+    connect(Grid1, &FieldGrid::gridClicked, &m_parts->fieldCommands, &FieldCommands::gridClicked);
+    connect(Grid1, &FieldGrid::rightPressed, &m_parts->fieldCommands, &FieldCommands::rightPressed);
+    connect(Grid1, &FieldGrid::menuKeyPressed, &m_parts->fieldCommands, &FieldCommands::menuKeyPressed);
+    connect(Grid1, &FieldGrid::gridActivated, &m_parts->editors, &CellEditors::openContent);
 }
 
 void frmDaoru::connectHelpers() {
-    connect(&m_editors, &CellEditors::typed, &m_drafts, &DraftKeeper::touch);
-    connect(&m_editors, &CellEditors::opened, this, &frmDaoru::holdControls);
-    connect(&m_editors, &CellEditors::closed, this, &frmDaoru::releaseControls);
-    connect(&m_reading, &RecordReading::listed, this, &frmDaoru::listed);
-    connect(&m_reading, &RecordReading::counted, this,
+    connect(&m_parts->editors, &CellEditors::typed, &m_parts->drafts, &DraftKeeper::touch);
+    connect(&m_parts->editors, &CellEditors::opened, this,
+            [this](CellEditors::Hold hold) { holdControls(hold == CellEditors::Hold::FieldsAndList); });
+    connect(&m_parts->editors, &CellEditors::closed, this, &frmDaoru::releaseControls);
+    connect(&m_parts->reading, &RecordReading::listed, this, &frmDaoru::listed);
+    connect(&m_parts->reading, &RecordReading::counted, this,
             [this](qint64 count) { Text4->setText(QString::number(count)); });
-    connect(&m_reading, &RecordReading::stateChanged, this, &frmDaoru::enterState);
-    connect(&m_drafts, &DraftKeeper::currentRestored, this, [this] { showRecord(records().record(Grid2->row())); });
-    connect(&m_drafts, &DraftKeeper::offered, draftBar, &DraftBar::offer);
+    connect(&m_parts->reading, &RecordReading::stateChanged, this, &frmDaoru::enterState);
+    connect(&m_parts->drafts, &DraftKeeper::currentRestored, this,
+            [this] { showRecord(records().record(Grid2->row())); });
+    connect(&m_parts->drafts, &DraftKeeper::offered, draftBar, &DraftBar::offer);
     connect(draftBar, &DraftBar::restoreWanted, this, [this] {
-        m_drafts.restore();
+        m_parts->drafts.restore();
         settleDrafts();
     });
-    connect(draftBar, &DraftBar::givenUp, &m_drafts, &DraftKeeper::giveUp);
+    connect(draftBar, &DraftBar::givenUp, &m_parts->drafts, &DraftKeeper::giveUp);
     for (const auto settled : {&DraftBar::restoreWanted, &DraftBar::givenUp})
         connect(draftBar, settled, Grid2, qOverload<>(&QWidget::setFocus));
     connect(room, &WorkspaceRoom::textWanted, this, &frmDaoru::showWholeText);
-    connect(&m_keys, &DeskKeys::told, &m_status, &StatusLine::sayOfRecord);
-    connect(&m_keys, &DeskKeys::rowChosen, this, &frmDaoru::showWholeText);
+    connect(&m_parts->keys, &DeskKeys::told, &m_parts->status, &StatusLine::sayOfRecord);
+    connect(&m_parts->keys, &DeskKeys::rowChosen, this, &frmDaoru::showWholeText);
     connect(Grid1, &FieldGrid::enterCell, this, &frmDaoru::showWholeText);
     connect(Grid1, &FieldGrid::gridClicked, this, &frmDaoru::showWholeText);
     connect(Grid1, &FieldGrid::rearranged, this, &frmDaoru::showWholeText);
     connect(m_record.get(), &EditedRecord::shown, this, &frmDaoru::showWholeText);
     connect(m_record.get(), &EditedRecord::edited, this, &frmDaoru::showWholeText);
     connect(this, &Window::unloaded, this, &frmDaoru::remember);
-    connect(this, &Window::unloaded, &m_drafts, &DraftKeeper::write);
-    connect(this, &Window::unloaded, &m_reading, &RecordReading::abandon);
+    connect(this, &Window::unloaded, &m_parts->drafts, &DraftKeeper::write);
+    connect(this, &Window::unloaded, &m_parts->reading, &RecordReading::abandon);
 }
 
 void frmDaoru::connectRemarks() {
-    connect(&m_remarks, &RemarkJumps::told, &m_status, &StatusLine::sayOfRecord);
-    connect(&m_remarks, &RemarkJumps::rowChosen, this, &frmDaoru::showWholeText);
-    connect(&m_keys, &DeskKeys::remarksWanted, &m_remarks, &RemarkJumps::showOrHide);
-    connect(cmdJiaoDuiAll, &Button::clicked, &m_remarks, &RemarkJumps::proofAll);
-    connect(this, &Window::unloaded, &m_remarks, &RemarkJumps::end);
+    connect(&m_parts->remarks, &RemarkJumps::told, &m_parts->status, &StatusLine::sayOfRecord);
+    connect(&m_parts->remarks, &RemarkJumps::rowChosen, this, &frmDaoru::showWholeText);
+    connect(&m_parts->keys, &DeskKeys::remarksWanted, &m_parts->remarks, &RemarkJumps::showOrHide);
+    connect(cmdJiaoDuiAll, &Button::clicked, &m_parts->remarks, &RemarkJumps::proofAll);
+    connect(this, &Window::unloaded, &m_parts->remarks, &RemarkJumps::end);
 }
 
 void frmDaoru::showWholeText() {
@@ -160,18 +161,19 @@ void frmDaoru::showWholeText() {
 }
 
 void frmDaoru::importRecords() {
-    const std::optional<ImportOutcome> outcome = m_commands.importRecords(m_reading.state(), Text3->pacedText());
+    const std::optional<ImportOutcome> outcome =
+        m_parts->recordCommands.importRecords(m_parts->reading.state(), Text3->pacedText());
     if (!outcome)
         return;
-    m_drafts.imported(*outcome);
+    m_parts->drafts.imported(*outcome);
     showImported(*outcome);
 }
 
 // The list has the keyboard again: Return on the button would import everything once more.
 void frmDaoru::showImported(const ImportOutcome &outcome) {
     Grid2->setFocus();
-    m_remarks.listRefused(outcome);
-    m_status.sayImported({outcome.wentIn, qsizetype(outcome.refused.size())});
+    m_parts->remarks.listRefused(outcome);
+    m_parts->status.sayImported({outcome.wentIn, qsizetype(outcome.refused.size())});
 }
 
 // What the user made of the window's room.
@@ -187,14 +189,14 @@ void frmDaoru::recall() {
 }
 
 void frmDaoru::connectButtons() {
-    connect(cmdTiMing[0], &Button::clicked, this, [this] { m_moving.step(-1); });
-    connect(cmdTiMing[1], &Button::clicked, this, [this] { m_moving.step(1); });
-    connect(cmdJieShu, &Button::clicked, this, [this] { m_reading.stop(); });
-    connect(cmdclick[0], &Button::clicked, this, [this] { m_commands.showCard(u"标准"_s); });
-    connect(cmdclick[1], &Button::clicked, this, [this] { m_commands.showCard(u"卡片"_s); });
-    connect(cmdclick[2], &Button::clicked, this, [this] { m_commands.proof(); });
+    connect(cmdTiMing[0], &Button::clicked, this, [this] { m_parts->moving.step(-1); });
+    connect(cmdTiMing[1], &Button::clicked, this, [this] { m_parts->moving.step(1); });
+    connect(cmdJieShu, &Button::clicked, this, [this] { m_parts->reading.stop(); });
+    connect(cmdclick[0], &Button::clicked, this, [this] { m_parts->recordCommands.showCard(u"标准"_s); });
+    connect(cmdclick[1], &Button::clicked, this, [this] { m_parts->recordCommands.showCard(u"卡片"_s); });
+    connect(cmdclick[2], &Button::clicked, this, [this] { m_parts->recordCommands.proof(); });
     connect(cmdclick[3], &Button::clicked, this, [this] {
-        m_reading.all(publicMarcFile);
+        m_parts->reading.all(publicMarcFile);
         if (cmdclick[3]->hasFocus() || cmdclick[4]->hasFocus()) // the button went grey under the keyboard
             Grid2->setFocus();
     });
@@ -204,18 +206,18 @@ void frmDaoru::connectButtons() {
 }
 
 void frmDaoru::load() {
-    enterState(m_reading.state());
+    enterState(m_parts->reading.state());
     resetFieldGrid();
     loadData();
 }
 
 void frmDaoru::loadData() {
     readFirstBatch(publicMarcFile, firstBatch);
-    m_drafts.begin(publicMarcFile);
+    m_parts->drafts.begin(publicMarcFile);
 }
 
 void frmDaoru::readFirstBatch(const QString &file, int limit) {
-    m_reading.firstBatch(file, limit);
+    m_parts->reading.firstBatch(file, limit);
 }
 
 marc::DamagedDirectory frmDaoru::damagedDirectory() {
@@ -227,7 +229,7 @@ marc::DamagedDirectory frmDaoru::damagedDirectory() {
 }
 
 void frmDaoru::showRecord(const marc::RawRecord &record) {
-    m_moving.showRecord(record);
+    m_parts->moving.showRecord(record);
 }
 
 void frmDaoru::resetFieldGrid() {
@@ -240,7 +242,7 @@ marc::RawRecord frmDaoru::madeMyMarc() const {
 
 void frmDaoru::listed(int count) {
     Text3->setPacedNumber(u"%1", count);
-    m_drafts.listed(count);
+    m_parts->drafts.listed(count);
     if (count == 1)
         showRecord(records().record(0));
 }
@@ -255,24 +257,24 @@ void frmDaoru::enterState(ReadState state) {
 
 // Drafts that wait for their records wait no longer once all are listed.
 void frmDaoru::settleDrafts() {
-    if (m_reading.isAtEnd())
-        m_drafts.readToTheEnd(records().rowCount());
+    if (m_parts->reading.isAtEnd())
+        m_parts->drafts.readToTheEnd(records().rowCount());
 }
 
 // An open editor holds the button back beside the state of the read.
 void frmDaoru::allowReadAll() {
-    cmdclick[3]->setEnabled(rulesOf(m_reading.state()).mayReadAll && !m_editors.isOpen());
+    cmdclick[3]->setEnabled(rulesOf(m_parts->reading.state()).mayReadAll && !m_parts->editors.isOpen());
 }
 
-void frmDaoru::holdControls(CellEditors::Hold hold) {
+void frmDaoru::holdControls(bool listToo) {
     allowCommands(false);
-    Grid2->setEnabled(hold == CellEditors::Hold::Fields);
+    Grid2->setEnabled(!listToo);
 }
 
 // All that an open editor closes off; the list apart.
 void frmDaoru::allowCommands(bool allowed) {
     Grid1->setEnabled(allowed);
-    m_remarks.allow(allowed);
+    m_parts->remarks.allow(allowed);
     for (Button *button : cmdclick)
         button->setEnabled(allowed);
     for (Button *button : cmdTiMing)
@@ -288,7 +290,7 @@ void frmDaoru::releaseControls() {
 }
 
 bool frmDaoru::queryUnload() {
-    if (rulesOf(m_reading.state()).running) {
+    if (rulesOf(m_parts->reading.state()).running) {
         m_host.tell(u"预读还没有结束，请先结束预读！"_s);
         return false;
     }

@@ -2,31 +2,39 @@
 // before it is shown; its first batch is then read. It stays alive while the remainder is read, record by record.
 #pragma once
 
-#include "platform/host.h"
-#include "widgets/pacedLabel.h"
 #include "widgets/window.h"
-#include "workspace/windows/deskKeys.h"
-#include "workspace/windows/draftBar.h"
-#include "workspace/windows/draftKeeper.h"
-#include "workspace/windows/fieldCommands.h"
-#include "workspace/windows/findLine.h"
-#include "workspace/windows/recordCommands.h"
-#include "workspace/windows/recordMoving.h"
-#include "workspace/windows/recordReading.h"
-#include "workspace/windows/remarkJumps.h"
-#include "workspace/windows/statusLine.h"
-#include "workspace/windows/workspaceRoom.h"
+#include "workspace/editedRecord.h"
+#include "workspace/preReadEngine.h"
+#include "workspace/windows/fieldGrid.h"
+#include "workspace/windows/recordList.h"
+#include "workspace/windows/workspaceWindows.h"
 #include <QFrame>
 #include <QLabel>
 #include <array>
 #include <memory>
 
+class QLineEdit;
+namespace platform {
+class Host;
+}
+namespace widgets {
+class ChoiceList;
+class PacedLabel;
+} // namespace widgets
+
 namespace workspace {
+
+class CellText;
+class DraftBar;
+class FindLine;
+class WorkspaceRoom;
+struct WorkspaceParts;
 
 class frmDaoru final : public widgets::Window {
     Q_OBJECT
 public:
     frmDaoru(platform::Host &host, WorkspaceWindows windows, QWidget *parent = nullptr);
+    ~frmDaoru() override;
 
     // Resets the window and reads the first batch of publicMarcFile. To be called once, before the window is shown.
     void load();
@@ -44,9 +52,7 @@ public:
     QString publicMarcFile; // never changes once the window is loaded
     const QString &publicTouBiao() const { return m_record->state().leader; }
     bool recordChanged() const { return m_record->state().edited; }
-    DraftKeeper &drafts() { return m_drafts; }
-    int editRow() const { return m_editors.editRow; }
-    bool clickMark() const { return m_fields.clickMark; }
+    WorkspaceParts &parts() { return *m_parts; }
 
     QFrame *picTiMing;
     RecordList *Grid2;
@@ -65,7 +71,7 @@ public:
     widgets::Button *cmdJiaoDuiAll; // 校对全部
     WorkspaceRoom *room;            // list, fields, whole text
     DraftBar *draftBar;
-    CellText *richText; // these four are m_editors' and m_fields'
+    CellText *richText; // these four belong to the helpers
     QLineEdit *Text1;
     widgets::ChoiceList *zdList;
     widgets::ChoiceList *Zzdlist;
@@ -91,7 +97,7 @@ private:
     void settleDrafts();
     void allowReadAll();
     void allowCommands(bool allowed);
-    void holdControls(CellEditors::Hold hold);
+    void holdControls(bool listToo);
     void releaseControls();
     // What readers do about a record with a damaged directory: ask, and show it where wanted.
     marc::DamagedDirectory damagedDirectory();
@@ -99,15 +105,7 @@ private:
     platform::Host &m_host;
     WorkspaceWindows m_windows;
     std::shared_ptr<EditedRecord> m_record = std::make_shared<EditedRecord>();
-    CellEditors m_editors;
-    FieldCommands m_fields;
-    RecordMoving m_moving;
-    RecordReading m_reading;
-    RecordCommands m_commands;
-    DraftKeeper m_drafts;
-    DeskKeys m_keys;
-    RemarkJumps m_remarks;
-    StatusLine m_status;
+    std::unique_ptr<WorkspaceParts> m_parts;
 };
 
 } // namespace workspace
