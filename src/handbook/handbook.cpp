@@ -15,41 +15,44 @@ struct WindowRow {
     QStringView name;
     QStringView within; // the window next around or behind it; empty: wherever it is
     QStringView page;
+    QStringView heading; // of the section; empty: the whole page
 };
 
 // The first row that fits is taken.
 constexpr auto windowRows = std::to_array<WindowRow>({
-    {u"richText", u"frmDaoru", u"editing.md"},
-    {u"Text1", u"frmDaoru", u"editing.md"},
-    {u"zdList", u"frmDaoru", u"editing.md"},
-    {u"Zzdlist", u"frmDaoru", u"editing.md"},
-    {u"frmMessage", u"frmCutFile", u"split.md"},
-    {u"frmMessage", u"frmUnionFile", u"merge.md"},
-    {u"frmMessage", u"", u"proof.md"},
-    {u"refusedTable", u"frmDaoru", u"import.md"},
-    {u"remarksPane", u"frmDaoru", u"proof.md"},
-    {u"frmMarcKaPian", u"", u"card.md"},
-    {u"frmDaoRuJindu", u"", u"import.md"},
-    {u"frmHelpLR000", u"", u"assistants.md"},
-    {u"frmHelpLR100", u"", u"assistants.md"},
-    {u"frmDaoru", u"", u"workspace.md"},
-    {u"frmSelectMFile", u"", u"workspace.md"},
-    {u"QueryFrm", u"", u"query.md"},
-    {u"QueryFrmdel", u"", u"query.md"},
-    {u"OrderbyFrm", u"", u"query.md"},
-    {u"ZSKListFrm", u"", u"export.md"},
-    {u"SCKListFrm", u"", u"export.md"},
-    {u"TLKListFrm", u"", u"store.md"},
-    {u"WorkingFrm", u"", u"store.md"},
-    {u"DataReportJs", u"", u"printing.md"},
-    {u"frmCutFile", u"", u"split.md"},
-    {u"frmUnionFile", u"", u"merge.md"},
-    {u"frmTidy", u"", u"tidy.md"},
-    {u"frmODBC", u"", u"servers.md"},
-    {u"frmLook", u"", u"start.md"},
-    {u"frmHelp", u"", u"start.md"},
-    {u"AboutFrm", u"", u"start.md"},
-    {u"marcMain", u"", u"start.md"},
+    {u"richText", u"frmDaoru", u"editing.md", u"改内容"},
+    {u"Text1", u"frmDaoru", u"editing.md", u"改标识符和说明"},
+    {u"zdList", u"frmDaoru", u"editing.md", u"添加字段和子字段"},
+    {u"Zzdlist", u"frmDaoru", u"editing.md", u"添加字段和子字段"},
+    {u"frmMessage", u"frmCutFile", u"split.md", u"会说的话"},
+    {u"frmMessage", u"frmUnionFile", u"merge.md", u""},
+    {u"frmMessage", u"", u"proof.md", u"校对当前记录：“J 校对”"},
+    {u"refusedTable", u"frmDaoru", u"import.md", u"未成功记录"},
+    {u"remarksPane", u"frmDaoru", u"proof.md", u"校对全部：“D 校对全部”"},
+    {u"frmMarcKaPian", u"", u"card.md", u""},
+    {u"frmDaoRuJindu", u"", u"import.md", u"导入"},
+    {u"frmHelpLR000", u"", u"assistants.md", u"头标区：“头标区辅助录入”"},
+    {u"frmHelpLR100", u"", u"assistants.md", u"100 字段：“100字段辅助录入”"},
+    {u"findLine", u"frmDaoru", u"workspace.md", u"查找"},
+    {u"draftBar", u"frmDaoru", u"workspace.md", u"上次没有导入的修改"},
+    {u"frmDaoru", u"", u"workspace.md", u"工作窗口：“套录库数据导入”"},
+    {u"frmSelectMFile", u"", u"workspace.md", u"选文件：“请选择机读目录文件”"},
+    {u"QueryFrm", u"", u"query.md", u""},
+    {u"QueryFrmdel", u"", u"query.md", u""},
+    {u"OrderbyFrm", u"", u"query.md", u"排序方式：“排序方式”窗口"},
+    {u"ZSKListFrm", u"", u"export.md", u""},
+    {u"SCKListFrm", u"", u"export.md", u"明细"},
+    {u"TLKListFrm", u"", u"store.md", u""},
+    {u"WorkingFrm", u"", u"store.md", u""},
+    {u"DataReportJs", u"", u"printing.md", u""},
+    {u"frmCutFile", u"", u"split.md", u""},
+    {u"frmUnionFile", u"", u"merge.md", u""},
+    {u"frmTidy", u"", u"tidy.md", u""},
+    {u"frmODBC", u"", u"servers.md", u"“请设置要连接的数据库信息”"},
+    {u"frmLook", u"", u"start.md", u"启动时的画面"},
+    {u"frmHelp", u"", u"start.md", u""},
+    {u"AboutFrm", u"", u"start.md", u""},
+    {u"marcMain", u"", u"start.md", u"主窗口"},
 });
 
 bool isWindow(const QString &name) {
@@ -91,16 +94,23 @@ std::vector<Page> pagesIn(const QString &folder) {
     return pages;
 }
 
-std::optional<QString> pageOf(const QStringList &names) {
+std::optional<Place> placeOf(const QStringList &names) {
     for (qsizetype at = 0; at < names.size(); ++at) {
         const auto next = std::find_if(names.begin() + at + 1, names.end(), isWindow);
         const auto row = std::ranges::find_if(windowRows, [&](const WindowRow &row) {
             return row.name == names[at] && (row.within.isEmpty() || (next != names.end() && row.within == *next));
         });
         if (row != windowRows.end())
-            return row->page.toString();
+            return Place{row->page.toString(), row->heading.toString()};
     }
     return std::nullopt;
+}
+
+std::vector<Place> allPlaces() {
+    std::vector<Place> places;
+    for (const WindowRow &row : windowRows)
+        places.push_back({row.page.toString(), row.heading.toString()});
+    return places;
 }
 
 QString anchorOf(const QString &heading) {

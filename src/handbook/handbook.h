@@ -18,9 +18,17 @@ struct Page {
 // The pages of a folder: the first page, then as that one lists them, then those that it has forgotten, by name.
 std::vector<Page> pagesIn(const QString &folder);
 
-// The page that tells of what is in front, given the names of the control with the keyboard and of all that it stands
+// Where to open the handbook.
+struct Place {
+    QString file;
+    QString heading; // as it is in the page; empty: the top
+};
+
+// The section about what is in front, given the names of the control with the keyboard and of all that it stands
 // in, from inside to outside and on to the windows behind; nothing where none of them has a page.
-std::optional<QString> pageOf(const QStringList &names);
+std::optional<Place> placeOf(const QStringList &names);
+// Every place that placeOf() may give.
+std::vector<Place> allPlaces();
 
 // What a link to a heading names it by, as Markdown's readers make it: small letters, without signs, "-" for blanks.
 QString anchorOf(const QString &heading);

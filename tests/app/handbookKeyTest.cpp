@@ -3,6 +3,7 @@
 #include "support/scriptedHost.h"
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QScrollBar>
 
 using namespace app;
 using handbook::frmHandbook;
@@ -51,6 +52,7 @@ TEST_F(HandbookKeyTest, ThePageOfTheWindowInFrontComesWithTheFieldLeftAsItIs) {
     field->setFocus();
     press(&room);
     ASSERT_EQ(page(), u"workspace.md"_s);
+    EXPECT_GT(viewer()->view->verticalScrollBar()->value(), 0) << "at its section";
     EXPECT_EQ(field->text(), u"half"_s);
     press(viewer()); // in itself
     EXPECT_EQ(page(), u"workspace.md"_s);

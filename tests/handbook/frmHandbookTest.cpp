@@ -30,7 +30,7 @@ struct HandbookTest : testing::Test {
                                    QByteArray("一段。\n\n").repeated(200));
         window = std::make_unique<frmHandbook>(host, folder.path().chopped(1));
         front.show();
-        window->openBefore(&front, u"index.md"_s);
+        window->openBefore(&front, {u"index.md"_s, {}});
     }
     PageView *view() { return window->view; }
     QString titles() {
@@ -62,6 +62,18 @@ TEST_F(HandbookTest, LinksLeadToPagesAndHeadingsAndBackToWhereOneWas) {
     EXPECT_EQ(view()->file(), u"b.md"_s);
     auto *table = qobject_cast<QTextTable *>(view()->document()->rootFrame()->childFrames().value(0));
     EXPECT_TRUE(table && table->format().borderCollapse()) << "a ruled table";
+}
+
+// In a window that takes its width as it is shown, of the page that is open already, and again after scrolling.
+TEST_F(HandbookTest, OpensAtTheHeading) {
+    window->close();
+    frmHandbook fresh(host, folder.path().chopped(1));
+    for (int opened = 0; opened < 2; ++opened) {
+        fresh.openBefore(&front, {u"c.md"_s, u"第二 节"_s});
+        const QTextCursor inSight = fresh.view->cursorForPosition({20, 20});
+        EXPECT_EQ(inSight.block().text(), u"第二 节"_s) << opened;
+        fresh.view->verticalScrollBar()->setValue(0);
+    }
 }
 
 TEST_F(HandbookTest, SearchGoesThroughThePageAndOnThroughTheOthers) {

@@ -104,10 +104,13 @@ TEST(Pages, EveryWindowHasAPage) {
     EXPECT_GE(windows.size(), 22);
     windows.removeOne(u"frmHandbook"_s);
     windows.removeOne(u"LongPreview"_s); // shown under the name of the report, DataReportJs
-    ASSERT_TRUE(pageOf({u"DataReportJs"_s}));
-    for (const QString &window : windows) {
-        const auto page = pageOf({window});
-        EXPECT_TRUE(page && files().contains(*page)) << window.toStdString() << " has no page";
+    ASSERT_TRUE(placeOf({u"DataReportJs"_s}));
+    for (const QString &window : windows)
+        EXPECT_TRUE(placeOf({window})) << window.toStdString() << " has no page";
+    for (const auto &[file, heading] : allPlaces()) {
+        ASSERT_TRUE(files().contains(file)) << file.toStdString();
+        EXPECT_TRUE(heading.isEmpty() || ReadPage(file).headings().contains(anchorOf(heading)))
+            << heading.toStdString() << " in " << file.toStdString();
     }
 }
 
@@ -121,6 +124,6 @@ TEST(Pages, ThePageIsThatOfTheInnermostThingThatHasOne) {
         {{u"Grid1"_s, u"TLKListFrm"_s, u"mdiArea"_s, u"marcMain"_s}, u"store.md"_s},
     };
     for (const auto &[names, page] : rows)
-        EXPECT_EQ(pageOf(names), page) << names.join(u' ').toStdString();
-    EXPECT_FALSE(pageOf({u"nothing"_s}));
+        EXPECT_EQ(placeOf(names).value_or(Place()).file, page) << names.join(u' ').toStdString();
+    EXPECT_FALSE(placeOf({u"nothing"_s}));
 }

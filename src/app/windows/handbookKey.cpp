@@ -47,7 +47,8 @@ void HandbookKey::open() {
     for (const QWidget *at = front; at; at = at->parentWidget())
         if (at == m_handbook.get())
             return;
-    m_handbook->openBefore(front, handbook::pageOf(namesFrom(front)).value_or(handbook::firstPage.toString()));
+    m_handbook->openBefore(
+        front, handbook::placeOf(namesFrom(front)).value_or(handbook::Place{handbook::firstPage.toString(), {}}));
 }
 
 bool HandbookKey::eventFilter(QObject *watched, QEvent *event) {

@@ -104,14 +104,14 @@ void frmHandbook::bindKeys() {
     bind(Qt::AltModifier | Qt::Key_Home, [this] { cmdContents->click(); });
 }
 
-void frmHandbook::openBefore(QWidget *window, const QString &page) {
+void frmHandbook::openBefore(QWidget *window, const Place &place) {
     m_opener = window;
     if (!isVisible() && !findText->text().isEmpty())
         findText->clear();
-    view->open(page);
     standBefore(window);
     view->setFocus();
     show();
+    view->open(place.file, place.heading); // once it has its width: the heading stands elsewhere in another one
     contents->scrollToItem(contents->currentItem());
     raise();
     activateWindow();

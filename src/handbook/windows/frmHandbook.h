@@ -20,8 +20,8 @@ class frmHandbook final : public widgets::Window {
 public:
     explicit frmHandbook(platform::Host &host, const QString &folder = QStringLiteral(":/handbook"));
 
-    // Shows the page in front of that window, with the keyboard, which goes back there.
-    void openBefore(QWidget *window, const QString &page);
+    // Shows the place in front of that window, with the keyboard, which goes back there.
+    void openBefore(QWidget *window, const Place &place);
 
     void lookFor(const QString &words);
     void next(); // on to the next page that has the words, behind the last one of this page

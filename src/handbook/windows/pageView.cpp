@@ -1,4 +1,5 @@
 #include "handbook/windows/pageView.h"
+#include "handbook/handbook.h"
 #include "handbook/windows/pageLook.h"
 #include <QEvent>
 #include <QResizeEvent>
@@ -24,18 +25,24 @@ QString PageView::file() const {
     return m_page.fileName();
 }
 
-void PageView::open(const QString &file) {
-    if (file == this->file())
+void PageView::open(const QString &file, const QString &heading) {
+    if (file == this->file() && heading.isEmpty())
         return;
+    if (file == this->file()) // the toolkit would read the page again, without its look
+        return scrollToAnchor(anchorOf(heading));
     const QString path = m_folder + u'/' + file;
-    setSource(path.startsWith(u':') ? QUrl(u"qrc"_s + path) : QUrl::fromLocalFile(path),
-              QTextDocument::MarkdownResource);
+    QUrl place = path.startsWith(u':') ? QUrl(u"qrc"_s + path) : QUrl::fromLocalFile(path);
+    if (!heading.isEmpty())
+        place.setFragment(anchorOf(heading));
+    setSource(place, QTextDocument::MarkdownResource);
 }
 
 void PageView::follow(const QUrl &link) {
     const QUrl target = m_page.resolved(link);
     if (target.scheme() != m_page.scheme())
         Q_EMIT linkLeads(target);
+    else if (target.adjusted(QUrl::RemoveFragment) == m_page)
+        scrollToAnchor(target.fragment());
     else
         setSource(target, QTextDocument::MarkdownResource);
 }

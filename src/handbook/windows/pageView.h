@@ -11,8 +11,9 @@ class PageView final : public QTextBrowser {
 public:
     PageView(const QString &folder, QWidget *parent);
 
-    void open(const QString &file); // "import.md"; the one that is shown stays where it is
-    QString file() const;           // of the page that is shown
+    // "import.md", at a heading or, where none is given, at its top; the page that is shown stays where it is then.
+    void open(const QString &file, const QString &heading = {});
+    QString file() const; // of the page that is shown
 
     // Marks the words wherever they stand in the page, which stays where it is; gives how often they do.
     int mark(const QString &words);
