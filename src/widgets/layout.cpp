@@ -1,4 +1,5 @@
 #include "widgets/layout.h"
+#include <QSplitter>
 #include <QTextDocument>
 
 namespace widgets {
@@ -15,6 +16,29 @@ QBoxLayout *filled(QBoxLayout *box, std::initializer_list<Item> items) {
             box->addStretch(std::get<Stretch>(item.content).factor);
     }
     return box;
+}
+
+void addControls(QList<QWidget *> &controls, const QLayout *layout);
+
+void addControls(QList<QWidget *> &controls, QWidget *widget) {
+    if (widget->focusPolicy() & Qt::TabFocus) {
+        controls.append(widget);
+    } else if (const auto *splitter = qobject_cast<QSplitter *>(widget)) {
+        for (int at = 0; at < splitter->count(); ++at)
+            addControls(controls, splitter->widget(at));
+    } else if (const QLayout *layout = widget->layout()) {
+        addControls(controls, layout);
+    }
+}
+
+void addControls(QList<QWidget *> &controls, const QLayout *layout) {
+    for (int at = 0; at < layout->count(); ++at) {
+        QLayoutItem *item = layout->itemAt(at);
+        if (item->widget())
+            addControls(controls, item->widget());
+        else if (item->layout())
+            addControls(controls, item->layout());
+    }
 }
 
 } // namespace
@@ -49,6 +73,13 @@ void hint(std::initializer_list<Hint> hints) {
 
 QString plainTip(const QString &text) {
     return text.isEmpty() ? QString() : Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal);
+}
+
+void tabInReadingOrder(QWidget *window) {
+    QList<QWidget *> controls;
+    addControls(controls, window);
+    for (qsizetype at = 1; at < controls.size(); ++at)
+        QWidget::setTabOrder(controls[at - 1], controls[at]);
 }
 
 void keepPlace(QWidget *control) {

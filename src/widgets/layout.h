@@ -48,6 +48,8 @@ struct Hint {
 void hint(std::initializer_list<Hint> hints);
 // A text as it stands for a tool tip, which takes what looks like markup for that otherwise.
 QString plainTip(const QString &text);
+// Lets Tab go through the controls of the window as they stand in its layouts, whatever the order of their making.
+void tabInReadingOrder(QWidget *window);
 // A control that keeps its place when it is hidden, so that nothing jumps.
 void keepPlace(QWidget *control);
 

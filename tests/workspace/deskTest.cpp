@@ -64,6 +64,25 @@ TEST_F(Desk, FindsRecordsAndTags) {
     EXPECT_EQ(window.Grid2->row(), 17);
 }
 
+TEST_F(Desk, TabGoesThroughTheWindowAsItIsRead) {
+    auto &window = load(1);
+    pane.empty = false;
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    window.room->cmdQuanWen->click();
+    pane.widget->setObjectName(u"pane"_s);
+    pane.widget->show();
+    window.Grid2->setFocus();
+    QStringList names;
+    do {
+        names.append(QApplication::focusWidget()->objectName());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    } while (!window.Grid2->hasFocus() && names.size() < 30);
+    EXPECT_EQ(names, (QStringList{u"Grid2"_s, u"Grid1"_s, u"wholeText"_s, u"pane"_s, u"cmdQuanWen"_s,
+                                  u"cmdJiaoDuiAll"_s, u"cmdTiMing0"_s, u"cmdTiMing1"_s, u"cmdclick0"_s, u"cmdclick1"_s,
+                                  u"cmdclick2"_s, u"cmdclick3"_s, u"cmdclick4"_s, u"cmdclick5"_s, u"cmdclick6"_s}));
+}
+
 // One editor at a time, and no command without a record.
 TEST_F(Desk, KeysLeadNowhereWhereTheyMustNot) {
     auto &window = load(1);

@@ -102,6 +102,7 @@ void frmDaoru::lay() {
                            margins.left() + margins.right() + metrics.averageCharWidth(),
                        metrics.height() * 36);
     resize(wanted.boundedTo(platform::roomOnScreen(this)));
+    widgets::tabInReadingOrder(this);
     Grid2->setFocus();
 }
 
