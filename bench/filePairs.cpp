@@ -1,7 +1,7 @@
 #include "fileRuns.h"
-#include "filetools/windows/frmTidy.h"
 #include "pairs.h"
 #include "platform/paths.h"
+#include "tidy/windows/frmTidy.h"
 
 using namespace Qt::StringLiterals;
 
@@ -13,7 +13,7 @@ constexpr int quickRounds = 12; // a tenth of a second each: many, since the dis
 
 std::optional<double> tidyInWindow(const QString &source, const QString &folder) {
     BenchHost host;
-    filetools::frmTidy window(host, source);
+    tidy::frmTidy window(host, source);
     window.Text1[1]->setText(folder + u"/target.iso");
     putUp(window);
     return timed([&window] {

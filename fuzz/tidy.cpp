@@ -1,12 +1,12 @@
 // Any file made anew in each form: what comes out is whole, can be read, and stays as it is when it is tidied again.
-#include "filetools/tidyRun.h"
 #include "fuzz/input.h"
 #include "fuzz/targets.h"
 #include "marc/recordCutter.h"
+#include "tidy/tidyRun.h"
 #include <QFile>
 
 using namespace Qt::StringLiterals;
-using namespace filetools;
+using namespace tidy;
 
 namespace fuzz {
 

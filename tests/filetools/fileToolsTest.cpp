@@ -1,9 +1,9 @@
 #include "filetools/checks.h"
-#include "filetools/files.h"
 #include "filetools/mergeRun.h"
 #include "filetools/splitRun.h"
 #include "support/dice.h"
 #include "support/fullDisk.h"
+#include "support/recordFiles.h"
 
 using namespace filetools;
 using files::lines;

@@ -1,7 +1,7 @@
-#include "filetools/files.h"
 #include "filetools/windows/frmCutFile.h"
 #include "filetools/windows/frmUnionFile.h"
 #include "support/fullDisk.h"
+#include "support/recordFiles.h"
 #include "support/scriptedHost.h"
 
 using namespace filetools;

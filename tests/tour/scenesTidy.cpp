@@ -1,5 +1,5 @@
-#include "filetools/windows/frmTidy.h"
 #include "platform/codepage936.h"
+#include "tidy/windows/frmTidy.h"
 #include "tour/errands.h"
 #include "tour/scenes.h"
 #include <QApplication>

@@ -8,12 +8,12 @@
 #include "batch/windows/remarksPane.h"
 #include "card/windows/frmMarcKaPian.h"
 #include "filetools/windows/frmCutFile.h"
-#include "filetools/windows/frmTidy.h"
 #include "filetools/windows/frmUnionFile.h"
 #include "import/windows/frmDaoRuJindu.h"
 #include "platform/paths.h"
 #include "proof/proofChain.h"
 #include "proof/windows/frmMessage.h"
+#include "tidy/windows/frmTidy.h"
 #include "workspace/windows/frmDaoru.h"
 #include "workspace/windows/frmSelectMFile.h"
 #include <memory>
@@ -52,7 +52,7 @@ void DeskWindows::tidyFile(const QString &source) {
 }
 
 void DeskWindows::showTidy(const QString &source, QWidget *owner) {
-    filetools::frmTidy(m_host, source, owner).exec();
+    tidy::frmTidy(m_host, source, owner).exec();
 }
 
 void DeskWindows::showWorkspace(const QString &file, QWidget *owner) {

@@ -1,5 +1,4 @@
 #include "filetools/windows/fileToolWindow.h"
-#include "widgets/layout.h"
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -10,21 +9,13 @@ namespace {
 
 constexpr QStringView workDone = u"处理结束";
 
-// A label that is hidden until a run and leaves its place free all the same.
-widgets::PacedLabel *progressLabel(const QString &name, QWidget *window) {
-    auto *label = new widgets::PacedLabel(name, {}, window);
-    widgets::keepPlace(label);
-    label->hide();
-    return label;
-}
-
 } // namespace
 
 FileToolWindow::FileToolWindow(const QString &objectName, const QString &caption, platform::Host &host,
                                ShowReport showReport, QWidget *parent)
     : Window(objectName, caption, parent)
-    , labJinDu(progressLabel(u"labJinDu"_s, this))
-    , labShuDo(progressLabel(u"labShuDo"_s, this))
+    , labJinDu(widgets::progressLabel(u"labJinDu"_s, this))
+    , labShuDo(widgets::progressLabel(u"labShuDo"_s, this))
     , m_host(host)
     , m_showReport(std::move(showReport)) {
     connect(labShuDo, &widgets::PacedLabel::aboutToShow, this, [this] {
@@ -50,13 +41,7 @@ QString FileToolWindow::chooseFile(platform::FileDialogKind kind) {
 }
 
 void FileToolWindow::beginRun(const QList<QWidget *> &disabled, QLineEdit *locked) {
-    m_waiting.emplace(this);
-    m_disabled = disabled;
-    m_locked = locked;
-    m_focused = focusWidget();
-    for (QWidget *control : m_disabled)
-        control->setEnabled(false);
-    m_locked->setReadOnly(true);
+    m_controls.begin(this, disabled, {locked});
     labJinDu->show();
     labShuDo->show();
 }
@@ -64,13 +49,7 @@ void FileToolWindow::beginRun(const QList<QWidget *> &disabled, QLineEdit *locke
 void FileToolWindow::endRun() {
     labShuDo->flush();
     labJinDu->setText(workDone.toString());
-    m_waiting.reset();
-    for (QWidget *control : m_disabled)
-        control->setEnabled(true);
-    m_locked->setReadOnly(false);
-    // Disabling its button sent the keyboard on to the one that closes the window.
-    if (m_focused)
-        m_focused->setFocus();
+    m_controls.end();
 }
 
 void FileToolWindow::showCount(qint32 total) {

@@ -5,10 +5,7 @@
 
 #include "platform/host.h"
 #include "platform/result.h"
-#include "widgets/pacedLabel.h"
-#include "widgets/window.h"
-#include <QLineEdit>
-#include <QPointer>
+#include "widgets/runControls.h"
 #include <functional>
 #include <optional>
 
@@ -47,10 +44,7 @@ protected:
 
 private:
     ShowReport m_showReport;
-    QList<QWidget *> m_disabled;
-    QLineEdit *m_locked = nullptr;
-    QPointer<QWidget> m_focused; // when the run began
-    std::optional<widgets::WaitCursor> m_waiting;
+    widgets::RunControls m_controls;
 };
 
 // A window with its run, which keeps its files after a failure until the window goes.

@@ -25,7 +25,7 @@ frmSelectMFile::frmSelectMFile(platform::Host &host, Ways ways, QWidget *parent)
     , Frame1(named(new QGroupBox(this), u"Frame1"_s))
     , Text1(named(new QLineEdit(this), u"Text1"_s, u"机读目录数据文件"_s))
     , cmdLL(new Button(u"cmdLL"_s, u"&O 浏览"_s, this))
-    , labFacts(new filetools::FactsLabel(u"labFacts"_s, this))
+    , labFacts(new tidy::FactsLabel(u"labFacts"_s, this))
     , cmdTidy(new Button(u"cmdTidy"_s, u"&Z 整理…"_s, this))
     , cmdClick{new Button(u"cmdClick0"_s, u"&S 查看机读目录"_s, this), new Button(u"cmdClick1"_s, u"&Q 退出"_s, this)}
     , m_host(host)
@@ -41,7 +41,7 @@ frmSelectMFile::frmSelectMFile(platform::Host &host, Ways ways, QWidget *parent)
         offerTidying(false);
         labFacts->lookAt(platform::trimBlanks(file));
     });
-    connect(labFacts, &filetools::FactsLabel::looked, this,
+    connect(labFacts, &tidy::FactsLabel::looked, this,
             [this](const marc::FileFacts &, bool disagree) { offerTidying(disagree); });
     connect(cmdTidy, &Button::clicked, this, [this] { m_ways.tidy(platform::trimBlanks(Text1->text())); });
     setAcceptDrops(true);

@@ -2,8 +2,8 @@
 // it, so that one file after the other can be looked at.
 #pragma once
 
-#include "filetools/windows/factsLabel.h"
 #include "platform/host.h"
+#include "tidy/windows/factsLabel.h"
 #include "widgets/window.h"
 #include <QGroupBox>
 #include <QLineEdit>
@@ -28,8 +28,8 @@ public:
     QGroupBox *Frame1;
     QLineEdit *Text1;
     widgets::Button *cmdLL;
-    filetools::FactsLabel *labFacts; // what the file is, while it is looked at and afterwards
-    widgets::Button *cmdTidy;        // where what it is and what will be read disagree; Enter is for it then
+    tidy::FactsLabel *labFacts; // what the file is, while it is looked at and afterwards
+    widgets::Button *cmdTidy;   // where what it is and what will be read disagree; Enter is for it then
     std::array<widgets::Button *, 2> cmdClick;
 
 protected:

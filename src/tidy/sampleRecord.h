@@ -1,9 +1,9 @@
 // One record of a file as it would be read, for a look at its characters before the work.
 #pragma once
 
-#include "filetools/sourceEncoding.h"
+#include "tidy/sourceEncoding.h"
 
-namespace filetools {
+namespace tidy {
 
 struct SampleRecord {
     qint64 number = 0; // from 1; 0: no record was found
@@ -14,4 +14,4 @@ struct SampleRecord {
 // survey says. A bounded piece of work, whatever the file.
 platform::Result<SampleRecord> sampleRecord(const QString &path, SourceEncoding choice, marc::FileEncoding guessed);
 
-} // namespace filetools
+} // namespace tidy

@@ -1,4 +1,4 @@
-#include "filetools/isoSource.h"
+#include "tidy/isoSource.h"
 #include <algorithm>
 #include <cstring>
 #include <utility>
@@ -6,7 +6,7 @@
 using namespace Qt::StringLiterals;
 using platform::Charset;
 
-namespace filetools {
+namespace tidy {
 
 namespace {
 
@@ -167,4 +167,4 @@ void IsoSource::decode(QByteArrayView data, qsizetype fields) {
     }
 }
 
-} // namespace filetools
+} // namespace tidy

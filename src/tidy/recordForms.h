@@ -1,9 +1,9 @@
 // Records on their way out, in one of the forms that files have.
 #pragma once
 
-#include "filetools/tidyRecord.h"
+#include "tidy/tidyRecord.h"
 
-namespace filetools {
+namespace tidy {
 
 enum class TargetForm { GbkIso, Utf8Iso, MarcXml };
 
@@ -41,4 +41,4 @@ private:
     QByteArray m_xml;
 };
 
-} // namespace filetools
+} // namespace tidy

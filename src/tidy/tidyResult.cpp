@@ -1,11 +1,11 @@
-#include "filetools/tidyResult.h"
+#include "tidy/tidyResult.h"
 #include "marc/fileSurvey.h"
 #include <QStringList>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
 
-namespace filetools {
+namespace tidy {
 
 namespace {
 
@@ -129,4 +129,4 @@ QString report(const TidyResult &result, const QString &source) {
     return text + unreadableLines(result) + lackingLines(result) + damageLines(result);
 }
 
-} // namespace filetools
+} // namespace tidy

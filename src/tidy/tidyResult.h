@@ -1,13 +1,13 @@
 // What came of tidying a file, and the words for it. Memory: bounded, whatever the file holds.
 #pragma once
 
-#include "filetools/sourceEncoding.h"
+#include "tidy/sourceEncoding.h"
 #include <QList>
 #include <QString>
 #include <map>
 #include <optional>
 
-namespace filetools {
+namespace tidy {
 
 // How often something was met, and in which records first.
 struct Noted {
@@ -45,4 +45,4 @@ QString report(const TidyResult &result, const QString &source);
 // What was lost and what is in doubt, in one line; empty where nothing is.
 QString warning(const TidyResult &result);
 
-} // namespace filetools
+} // namespace tidy

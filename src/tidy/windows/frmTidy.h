@@ -2,9 +2,10 @@
 // with. A record is shown as it will be read before anything is written.
 #pragma once
 
-#include "filetools/tidyRun.h"
-#include "filetools/windows/factsLabel.h"
-#include "filetools/windows/fileToolWindow.h"
+#include "platform/host.h"
+#include "tidy/tidyRun.h"
+#include "tidy/windows/factsLabel.h"
+#include "widgets/runControls.h"
 #include "widgets/selectingEdit.h"
 #include "widgets/textBox.h"
 #include <QComboBox>
@@ -13,11 +14,9 @@
 #include <array>
 #include <optional>
 
-namespace filetools {
+namespace tidy {
 
-using ShowTidy = std::function<void(const QString &source)>; // modally; the source may be empty
-
-class frmTidy final : public FileToolWindow {
+class frmTidy final : public widgets::Window {
     Q_OBJECT
 public:
     explicit frmTidy(platform::Host &host, const QString &source = {}, QWidget *parent = nullptr);
@@ -34,6 +33,8 @@ public:
     widgets::TextBox *sampleText;
     QLabel *warningLabel; // what the run lost
     widgets::TextBox *txtResult;
+    widgets::PacedLabel *labJinDu;
+    widgets::PacedLabel *labShuDo;
     std::array<widgets::Button *, 3> cmdClick; // begin, stop, leave
 
 protected:
@@ -42,6 +43,7 @@ protected:
 
 private:
     void layOut();
+    void connectControls();
     void dressWarning();
     void offerEncodings();
     void takeSource(const QString &text);
@@ -55,9 +57,12 @@ private:
     bool mayTidy(const QString &source, const QString &target);
     void tidy();
     platform::Result<bool> run(); // false where it was stopped
+    void begin();
     void end();
-    std::optional<qint32> handOver() override;
+    void showCount(qint64 records);
 
+    platform::Host &m_host;
+    widgets::RunControls m_controls;
     QStackedWidget *m_boxes; // the sample, or the result
     std::optional<TidyRun> m_run;
     QString m_suggested;
@@ -66,4 +71,4 @@ private:
     bool m_leaving = false; // after the run
 };
 
-} // namespace filetools
+} // namespace tidy

@@ -1,9 +1,9 @@
-#include "filetools/tidyRun.h"
-#include "filetools/fitText.h"
-#include "filetools/isoSource.h"
-#include "filetools/marcXmlSource.h"
+#include "tidy/tidyRun.h"
 #include "platform/codepage936.h"
 #include "platform/paths.h"
+#include "tidy/fitText.h"
+#include "tidy/isoSource.h"
+#include "tidy/marcXmlSource.h"
 #include <QFileInfo>
 #include <algorithm>
 #include <filesystem>
@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 using platform::Failure;
 using platform::Status;
 
-namespace filetools {
+namespace tidy {
 
 namespace {
 
@@ -65,15 +65,15 @@ QStringList TidyFiles::existing() const {
 
 std::optional<Refusal> refuseTidy(const QString &source, const QString &target) {
     if (source.isEmpty())
-        return Refusal{.text = u"请选择需要整理的文件！"_s, .focus = Field::Source};
+        return Refusal{.text = u"请选择需要整理的文件！"_s, .focus = Refusal::Field::Source};
     if (!platform::fileExists(source))
-        return Refusal{.text = u"文件{"_s + source + u"}不存在！"_s, .focus = Field::Source};
+        return Refusal{.text = u"文件{"_s + source + u"}不存在！"_s, .focus = Refusal::Field::Source};
     if (target.isEmpty() || target.endsWith(platform::pathSeparator))
-        return Refusal{.text = u"请给出整理后的目标文件！"_s, .focus = Field::Target};
+        return Refusal{.text = u"请给出整理后的目标文件！"_s, .focus = Refusal::Field::Target};
     const TidyFiles files(target);
     for (const QString &path : {files.target, files.unreadable, files.unreadableXml, files.ahead}) {
         if (platform::isSameFile(source, path))
-            return Refusal{.text = u"整理目标文件不能为源文件！"_s, .focus = Field::Target};
+            return Refusal{.text = u"整理目标文件不能为源文件！"_s, .focus = Refusal::Field::Target};
     }
     return std::nullopt;
 }
@@ -279,4 +279,4 @@ int TidyRun::percent() const {
     return m_records ? looking + share(m_records->position(), 100 - looking) : 0;
 }
 
-} // namespace filetools
+} // namespace tidy

@@ -6,7 +6,7 @@
 #include <QByteArrayView>
 #include <vector>
 
-namespace filetools {
+namespace tidy {
 
 class IsoFields {
 public:
@@ -49,4 +49,4 @@ private:
     bool m_damaged = false;
 };
 
-} // namespace filetools
+} // namespace tidy

@@ -1,9 +1,9 @@
-#include "filetools/sampleRecord.h"
-#include "filetools/isoSource.h"
-#include "filetools/marcXmlSource.h"
+#include "tidy/sampleRecord.h"
+#include "tidy/isoSource.h"
+#include "tidy/marcXmlSource.h"
 #include <algorithm>
 
-namespace filetools {
+namespace tidy {
 
 namespace {
 
@@ -54,4 +54,4 @@ platform::Result<SampleRecord> sampleRecord(const QString &path, SourceEncoding 
     return sample;
 }
 
-} // namespace filetools
+} // namespace tidy

@@ -1,10 +1,10 @@
-#include "filetools/marcXmlSource.h"
+#include "tidy/marcXmlSource.h"
 #include <algorithm>
 #include <utility>
 
 using platform::XmlParser;
 
-namespace filetools {
+namespace tidy {
 
 namespace {
 
@@ -135,4 +135,4 @@ TidySource::Found MarcXmlSource::found(XmlParser::State state) {
     return Found::Record;
 }
 
-} // namespace filetools
+} // namespace tidy

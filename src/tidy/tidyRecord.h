@@ -7,7 +7,7 @@
 #include <QString>
 #include <algorithm>
 
-namespace filetools {
+namespace tidy {
 
 inline constexpr int tagLength = 3;
 
@@ -32,4 +32,4 @@ inline QByteArray tidyLeader(QByteArrayView leader) {
     return text;
 }
 
-} // namespace filetools
+} // namespace tidy

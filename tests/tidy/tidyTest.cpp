@@ -1,15 +1,15 @@
-#include "filetools/files.h"
-#include "filetools/fitText.h"
-#include "filetools/isoSource.h"
-#include "filetools/tidyRun.h"
 #include "marc/recordMaking.h"
 #include "support/fullDisk.h"
+#include "support/recordFiles.h"
 #include "support/recordText.h"
+#include "tidy/fitText.h"
+#include "tidy/isoSource.h"
+#include "tidy/tidyRun.h"
 #include <QProcess>
 #include <QStandardPaths>
 #include <QStringConverter>
 
-using namespace filetools;
+using namespace tidy;
 using files::Folder;
 
 namespace {

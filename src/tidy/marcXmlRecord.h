@@ -2,12 +2,12 @@
 // misspelt element or a subfield without its code, makes a record unusable; <record> of other formats are passed over.
 #pragma once
 
-#include "filetools/tidyRecord.h"
 #include "platform/xmlParser.h"
+#include "tidy/tidyRecord.h"
 #include <functional>
 #include <vector>
 
-namespace filetools {
+namespace tidy {
 
 class MarcXmlRecord final : public platform::XmlHandler {
 public:
@@ -62,4 +62,4 @@ private:
     qint64 m_passedOver = 0;
 };
 
-} // namespace filetools
+} // namespace tidy

@@ -3,18 +3,17 @@
 // is left of them. The source is only read.
 #pragma once
 
-#include "filetools/checks.h"
-#include "filetools/recordForms.h"
-#include "filetools/sourceEncoding.h"
-#include "filetools/tidyResult.h"
-#include "filetools/tidySource.h"
 #include "marc/fileSurvey.h"
 #include "platform/byteFile.h"
+#include "tidy/recordForms.h"
+#include "tidy/sourceEncoding.h"
+#include "tidy/tidyResult.h"
+#include "tidy/tidySource.h"
 #include <QStringList>
 #include <memory>
 #include <optional>
 
-namespace filetools {
+namespace tidy {
 
 // The files that a run may write beside its target: records that could not be used, byte for byte or, from XML, as XML;
 // and what stands ahead of a break in XML, in the target's stead.
@@ -27,6 +26,12 @@ struct TidyFiles {
     explicit TidyFiles(const QString &target);
     // Those of them that exist.
     QStringList existing() const;
+};
+
+struct Refusal {
+    enum class Field { Source, Target };
+    QString text; // of the box
+    Field focus;
 };
 
 // What forbids to begin; nothing where the run may go on to the question about existing files. Both paths are trimmed.
@@ -76,4 +81,4 @@ private:
     TidyResult m_result;
 };
 
-} // namespace filetools
+} // namespace tidy

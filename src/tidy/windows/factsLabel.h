@@ -9,7 +9,7 @@
 #include <QLabel>
 #include <optional>
 
-namespace filetools {
+namespace tidy {
 
 class FactsLabel final : public QLabel {
     Q_OBJECT
@@ -49,4 +49,4 @@ private:
     QBasicTimer m_slices;
 };
 
-} // namespace filetools
+} // namespace tidy

@@ -1,10 +1,10 @@
-#include "filetools/sourceEncoding.h"
+#include "tidy/sourceEncoding.h"
 #include "platform/marc8Decoder.h"
 
 using marc::FileEncoding;
 using platform::Charset;
 
-namespace filetools {
+namespace tidy {
 
 namespace {
 
@@ -54,4 +54,4 @@ Charset charsetOf(SourceEncoding choice, FileEncoding guessed) {
     return Charset::Gbk;
 }
 
-} // namespace filetools
+} // namespace tidy

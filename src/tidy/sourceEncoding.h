@@ -5,7 +5,7 @@
 #include "platform/textDecoder.h"
 #include <array>
 
-namespace filetools {
+namespace tidy {
 
 enum class SourceEncoding { Automatic, Gbk, Utf8, Utf16, Big5, Marc8, Latin1 };
 
@@ -34,4 +34,4 @@ inline bool isXml(marc::FileEncoding encoding) {
 // How a file in the exchange layout is read that looks like `guessed`. What is not known is read as the program would.
 platform::Charset charsetOf(SourceEncoding choice, marc::FileEncoding guessed);
 
-} // namespace filetools
+} // namespace tidy

@@ -1,11 +1,11 @@
 // Records of any form, one after the other, in steps of bounded work.
 #pragma once
 
-#include "filetools/tidyRecord.h"
 #include "platform/result.h"
+#include "tidy/tidyRecord.h"
 #include <optional>
 
-namespace filetools {
+namespace tidy {
 
 class TidySource {
 public:
@@ -33,4 +33,4 @@ public:
     virtual std::optional<QString> broken() const { return std::nullopt; }
 };
 
-} // namespace filetools
+} // namespace tidy

@@ -3,13 +3,13 @@
 // counts, and the break is reported with its line and column. Memory: a block and the record at hand.
 #pragma once
 
-#include "filetools/marcXmlRecord.h"
-#include "filetools/tidySource.h"
 #include "platform/byteFile.h"
 #include "platform/textDecoder.h"
+#include "tidy/marcXmlRecord.h"
+#include "tidy/tidySource.h"
 #include <memory>
 
-namespace filetools {
+namespace tidy {
 
 class MarcXmlSource final : public TidySource {
 public:
@@ -46,4 +46,4 @@ private:
     std::optional<QString> m_broken;
 };
 
-} // namespace filetools
+} // namespace tidy

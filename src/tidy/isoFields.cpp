@@ -1,8 +1,8 @@
-#include "filetools/isoFields.h"
-#include "filetools/tidyRecord.h"
+#include "tidy/isoFields.h"
+#include "tidy/tidyRecord.h"
 #include <algorithm>
 
-namespace filetools {
+namespace tidy {
 
 namespace {
 
@@ -174,4 +174,4 @@ bool IsoFields::takeStretch(QByteArrayView stretch, qsizetype firstPiece, qsizet
     return true;
 }
 
-} // namespace filetools
+} // namespace tidy

@@ -1,4 +1,4 @@
-#include "filetools/marcXmlRecord.h"
+#include "tidy/marcXmlRecord.h"
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -6,7 +6,7 @@
 using namespace Qt::StringLiterals;
 using platform::XmlElement;
 
-namespace filetools {
+namespace tidy {
 
 namespace {
 
@@ -183,4 +183,4 @@ TidyRecord MarcXmlRecord::record() const {
     return {leader.isEmpty() ? usualLeader.toByteArray() : tidyLeader(leader), m_tags, QString::fromUtf8(m_data)};
 }
 
-} // namespace filetools
+} // namespace tidy

@@ -1,8 +1,8 @@
-#include "filetools/fitText.h"
+#include "tidy/fitText.h"
 #include "platform/codepage936.h"
 #include <algorithm>
 
-namespace filetools {
+namespace tidy {
 
 namespace {
 
@@ -90,4 +90,4 @@ QList<char32_t> fitText(TargetForm form, QString &text) {
     return fitting.lacking;
 }
 
-} // namespace filetools
+} // namespace tidy

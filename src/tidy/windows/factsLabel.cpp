@@ -1,4 +1,4 @@
-#include "filetools/windows/factsLabel.h"
+#include "tidy/windows/factsLabel.h"
 #include "platform/paths.h"
 #include "widgets/ink.h"
 #include <QFileInfo>
@@ -6,7 +6,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace filetools {
+namespace tidy {
 
 FactsLabel::FactsLabel(const QString &objectName, QWidget *parent)
     : QLabel(parent) {
@@ -98,4 +98,4 @@ void FactsLabel::step() {
     Q_EMIT looked(facts, told.disagree);
 }
 
-} // namespace filetools
+} // namespace tidy

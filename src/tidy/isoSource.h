@@ -2,13 +2,13 @@
 // in hand, which is no longer than `longest`.
 #pragma once
 
-#include "filetools/isoFields.h"
-#include "filetools/tidySource.h"
 #include "platform/byteFile.h"
 #include "platform/textDecoder.h"
+#include "tidy/isoFields.h"
+#include "tidy/tidySource.h"
 #include <memory>
 
-namespace filetools {
+namespace tidy {
 
 class IsoSource final : public TidySource {
 public:
@@ -56,4 +56,4 @@ private:
     QString m_why;
 };
 
-} // namespace filetools
+} // namespace tidy

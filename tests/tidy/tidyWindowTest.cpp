@@ -1,10 +1,10 @@
-#include "filetools/files.h"
-#include "filetools/windows/frmTidy.h"
 #include "support/fullDisk.h"
+#include "support/recordFiles.h"
 #include "support/recordText.h"
 #include "support/scriptedHost.h"
+#include "tidy/windows/frmTidy.h"
 
-using namespace filetools;
+using namespace tidy;
 using platform::Answer;
 
 namespace {

@@ -1,11 +1,11 @@
-#include "filetools/recordForms.h"
+#include "tidy/recordForms.h"
 #include "platform/codepage936.h"
 #include "platform/xmlParser.h"
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
 
-namespace filetools {
+namespace tidy {
 
 namespace {
 
@@ -161,4 +161,4 @@ QByteArray MarcXmlWriter::take() {
     return bytes;
 }
 
-} // namespace filetools
+} // namespace tidy

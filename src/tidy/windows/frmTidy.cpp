@@ -1,8 +1,7 @@
-#include "filetools/windows/frmTidy.h"
-#include "filetools/checks.h"
-#include "filetools/sampleRecord.h"
+#include "tidy/windows/frmTidy.h"
 #include "platform/numbers.h"
 #include "platform/paths.h"
+#include "tidy/sampleRecord.h"
 #include "widgets/ink.h"
 #include "widgets/keys.h"
 #include "widgets/layout.h"
@@ -16,7 +15,7 @@ using platform::Status;
 using widgets::Button;
 using widgets::SelectingEdit;
 
-namespace filetools {
+namespace tidy {
 
 namespace {
 
@@ -35,7 +34,7 @@ constexpr auto forms = std::to_array<FormRow>({
 } // namespace
 
 frmTidy::frmTidy(platform::Host &host, const QString &source, QWidget *parent)
-    : FileToolWindow(u"frmTidy"_s, u"整理机读目录文件"_s, host, {}, parent)
+    : Window(u"frmTidy"_s, u"整理机读目录文件"_s, parent)
     , Frame1(widgets::named(new QGroupBox(u"整理机读目录文件（选择或输入文件）"_s), u"Frame1"_s))
     , LabShuoMing{new QLabel(u"需要整理的文件（ISO 2709、MARCXML、MarcXchange）:"_s),
                   new QLabel(u"整理后保存到文件:"_s), new QLabel(u"保存成(&F):"_s)}
@@ -49,8 +48,11 @@ frmTidy::frmTidy(platform::Host &host, const QString &source, QWidget *parent)
     , sampleText(widgets::named(new widgets::TextBox(u"sampleText"_s), u"sampleText"_s, u"会读成的样子"_s))
     , warningLabel(widgets::named(new QLabel, u"warningLabel"_s))
     , txtResult(widgets::named(new widgets::TextBox(u"txtResult"_s), u"txtResult"_s, u"整理结果"_s))
+    , labJinDu(widgets::progressLabel(u"labJinDu"_s, this))
+    , labShuDo(widgets::progressLabel(u"labShuDo"_s, this))
     , cmdClick{new Button(u"cmdClick0"_s, u"&D 整理"_s), new Button(u"cmdClick1"_s, u"&S 停止"_s),
                new Button(u"cmdClick2"_s, u"&Q 退出"_s)}
+    , m_host(host)
     , m_boxes(new QStackedWidget) {
     layOut();
     widgets::hint({{cmdClick[0], u"另存为新文件，原来的文件不动"},
@@ -59,6 +61,11 @@ frmTidy::frmTidy(platform::Host &host, const QString &source, QWidget *parent)
     cmdClick[1]->setEnabled(false);
     for (SelectingEdit *box : Text1)
         widgets::enterActsAsTab(box);
+    connectControls();
+    Text1[0]->setText(source);
+}
+
+void frmTidy::connectControls() {
     using platform::FileDialogKind;
     connect(cmdSelect[0], &Button::clicked, this, [this] { chooseInto(Text1[0], FileDialogKind::Open); });
     connect(cmdSelect[1], &Button::clicked, this, [this] { chooseInto(Text1[1], FileDialogKind::Save); });
@@ -72,7 +79,6 @@ frmTidy::frmTidy(platform::Host &host, const QString &source, QWidget *parent)
     connect(cmdClick[0], &Button::clicked, this, &frmTidy::tidy);
     connect(cmdClick[1], &Button::clicked, this, [this] { m_stopped = true; });
     connect(cmdClick[2], &Button::clicked, this, &frmTidy::unload);
-    Text1[0]->setText(source);
 }
 
 void frmTidy::layOut() {
@@ -189,12 +195,12 @@ void frmTidy::suggestTarget() {
 bool frmTidy::mayTidy(const QString &source, const QString &target) {
     if (const auto refusal = refuseTidy(source, target)) {
         m_host.tell(refusal->text);
-        Text1[refusal->focus == Field::Source ? 0 : 1]->setFocus();
+        Text1[refusal->focus == Refusal::Field::Source ? 0 : 1]->setFocus();
         return false;
     }
     const QStringList existing = TidyFiles(target).existing();
     return existing.isEmpty() ||
-           m_host.ask(replaceQuestion(existing.join(u"、"_s)), platform::hintTitle, platform::Answer::No);
+           m_host.ask(existing.join(u"、"_s) + u"已经存在。要替换吗？", platform::hintTitle, platform::Answer::No);
 }
 
 void frmTidy::tidy() {
@@ -203,12 +209,7 @@ void frmTidy::tidy() {
     if (!mayTidy(source, target))
         return;
     LabFacts->stop();
-    beginRun({cmdClick[0], cmdSelect[0], cmdSelect[1], cboForm, sourceEncoding}, Text1[1]);
-    Text1[0]->setReadOnly(true);
-    showResult({}, {});
-    m_stopped = false;
-    cmdClick[1]->setEnabled(true);
-    cmdClick[1]->setFocus();
+    begin();
     m_run.emplace(source, target, form(), encoding());
     const platform::Result<bool> done = run();
     const bool isWhole = done && done.value();
@@ -243,7 +244,7 @@ bool frmTidy::queryUnload() {
 }
 
 void frmTidy::changeEvent(QEvent *event) {
-    FileToolWindow::changeEvent(event);
+    Window::changeEvent(event);
     if (event->type() == QEvent::ActivationChange && isActiveWindow() && !m_run)
         LabFacts->lookAgain();
 }
@@ -256,7 +257,7 @@ platform::Result<bool> frmTidy::run() {
         if (!more)
             return more.failure();
         labJinDu->setPacedText(u"正在整理，%1%"_s.arg(m_run->percent()));
-        showCount(qint32(std::min<qint64>(m_run->result().out, std::numeric_limits<qint32>::max())));
+        showCount(m_run->result().out);
         m_host.yield();
         if (m_stopped)
             return false;
@@ -268,15 +269,26 @@ platform::Result<bool> frmTidy::run() {
     return true;
 }
 
+void frmTidy::begin() {
+    m_controls.begin(this, {cmdClick[0], cmdSelect[0], cmdSelect[1], cboForm, sourceEncoding}, {Text1[0], Text1[1]});
+    labJinDu->show();
+    labShuDo->show();
+    showResult({}, {});
+    m_stopped = false;
+    cmdClick[1]->setEnabled(true);
+    cmdClick[1]->setFocus();
+}
+
 void frmTidy::end() {
     m_run.reset();
     cmdClick[1]->setEnabled(false);
-    Text1[0]->setReadOnly(false);
-    endRun();
+    labShuDo->flush();
+    labJinDu->setText(u"处理结束"_s);
+    m_controls.end();
 }
 
-std::optional<qint32> frmTidy::handOver() {
-    return std::nullopt; // the count is of records, which appear all together at the end
+void frmTidy::showCount(qint64 records) {
+    labShuDo->setPacedNumber(u"成功处理：%1条", qint32(std::min<qint64>(records, std::numeric_limits<qint32>::max())));
 }
 
-} // namespace filetools
+} // namespace tidy
