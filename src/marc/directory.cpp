@@ -35,15 +35,6 @@ DirectoryView viewDirectory(QStringView record) {
     return view;
 }
 
-Directory decodeDirectory(const RawRecord &record) {
-    const DirectoryView view = viewDirectory(record);
-    Directory directory{view.leader.toString(), view.baseAddress.toString(), view.hasFieldTerminator, view.damaged, {}};
-    directory.entries.reserve(view.count());
-    for (qsizetype i = 0; i < view.count(); ++i)
-        directory.entries.append({view.tag(i).toString(), view.length(i).toString(), view.start(i).toString()});
-    return directory;
-}
-
 bool directoryFits(QByteArrayView record) {
     constexpr char end = char(fieldTerminator);
     const qsizetype dataAt = record.indexOf(end) + 1;

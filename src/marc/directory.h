@@ -4,36 +4,19 @@
 #include "marc/rawRecord.h"
 #include "marc/separators.h"
 #include <QByteArray>
-#include <QList>
 #include <QStringView>
 #include <optional>
 
 namespace marc {
 
-struct DirectoryEntry {
-    QString tag;    // 3 characters, compared as text
-    QString length; // 4 characters: bytes of the field, its terminator included
-    QString start;  // 5 characters: bytes from the base address
-};
-
-// The parts of a record that are plain ASCII by the format, as they stand.
-struct Directory {
-    QString leader;                 // the first 24 characters
-    QString baseAddress;            // characters 13 to 17
-    bool hasFieldTerminator = true; // behind the leader; without one there is no directory at all
-    bool damaged = false;           // its length is no multiple of 12; then there are no entries
-    QList<DirectoryEntry> entries;  // in directory order
-};
-
-Directory decodeDirectory(const RawRecord &record);
-
-// The same as views into the record, for callers that look at few entries of many records.
+// The parts of a record that are plain ASCII by the format, as they stand: views into the record. An entry has the tag,
+// compared as text, the bytes of the field, its terminator included, and where it starts, from the base address.
 struct DirectoryView {
-    QStringView leader;
-    QStringView baseAddress;
-    bool hasFieldTerminator = true;
-    bool damaged = false;
-    QStringView text; // the entries, side by side; empty where damaged
+    QStringView leader;             // the first 24 characters
+    QStringView baseAddress;        // characters 13 to 17
+    bool hasFieldTerminator = true; // after the leader; without one there is no directory at all
+    bool damaged = false;           // its length is no multiple of 12; then there are no entries
+    QStringView text;               // the entries, side by side; empty where damaged
 
     qsizetype count() const { return text.size() / directoryEntryLength; }
     QStringView tag(qsizetype entry) const { return text.sliced(entry * directoryEntryLength, 3); }

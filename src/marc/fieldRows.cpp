@@ -36,28 +36,28 @@ bool isControlTag(const QString &tag) {
 // entry, or of the subfield, before; that is why these variables outlive an entry.
 class RowMaker {
 public:
-    RowMaker(const RawRecord &record, const QString &baseAddress, FieldRows &rows)
+    RowMaker(const RawRecord &record, QStringView baseAddress, FieldRows &rows)
         : m_cutter(record)
         , m_allowance(m_cutter)
         , m_base(platform::toInt32(baseAddress).value_or(0))
         , m_rows(rows) {}
 
     // False where the rows of the record end here, be it within the field.
-    bool take(const DirectoryEntry &entry) {
-        m_length = platform::toInt32(entry.length).value_or(m_length);
-        m_start = platform::toInt32(entry.start).value_or(m_start);
+    bool take(const QString &tag, QStringView length, QStringView start) {
+        m_length = platform::toInt32(length).value_or(m_length);
+        m_start = platform::toInt32(start).value_or(m_start);
         if (std::optional<QString> cut = m_cutter.cut(m_base, m_start, m_length))
             m_field = *std::move(cut);
         if (!m_allowance.admits(m_field.size()))
             return false;
         const QString indicators = blanksShown(QStringView(m_field).left(indicatorCount));
         dropFirst(m_field, indicatorCount);
-        if (isControlTag(entry.tag)) {
-            append(entry.tag, {}, indicators + m_field.chopped(m_field.isEmpty() ? 0 : 1));
+        if (isControlTag(tag)) {
+            append(tag, {}, indicators + m_field.chopped(m_field.isEmpty() ? 0 : 1));
             return !m_full;
         }
-        append(entry.tag, u"指示符"_s, indicators);
-        const bool embedded = entry.tag.startsWith(u'4') && m_field.contains(QStringView(embeddedDelimiter));
+        append(tag, u"指示符"_s, indicators);
+        const bool embedded = tag.startsWith(u'4') && m_field.contains(QStringView(embeddedDelimiter));
         m_field.chop(1);
         embedded ? takeEmbedded() : takeSubfields();
         return !m_full;
@@ -117,16 +117,16 @@ bool isFieldRow(const FieldRow &row) {
 }
 
 ShownRecord showRecord(const RawRecord &record) {
-    const Directory directory = decodeDirectory(record);
-    ShownRecord shown{directory.leader, directory.damaged, false, {}};
+    const DirectoryView directory = viewDirectory(record);
+    ShownRecord shown{directory.leader.toString(), directory.damaged, false, {}};
     if (shown.damaged) {
         shown.rows.append(FieldRow{});
         return shown;
     }
-    shown.rows.append({{}, u"头标区"_s, u"000"_s, {}, directory.leader});
+    shown.rows.append({{}, u"头标区"_s, u"000"_s, {}, shown.leader});
     RowMaker maker(record, directory.baseAddress, shown.rows);
-    shown.cutOff =
-        !std::ranges::all_of(directory.entries, [&](const DirectoryEntry &entry) { return maker.take(entry); });
+    for (qsizetype i = 0; i < directory.count() && !shown.cutOff; ++i)
+        shown.cutOff = !maker.take(directory.tag(i).toString(), directory.length(i), directory.start(i));
     return shown;
 }
 

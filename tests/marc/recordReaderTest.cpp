@@ -137,14 +137,15 @@ TEST(PreReadStore, TitlesStayWhatTheyAreWhateverBecomesOfTheRecord) {
 
 TEST(Directory, OnlyItsLengthIsTested) {
     const QString entry = u"200001200000"_s;
-    EXPECT_EQ(decodeDirectory(recordWithDirectory({}, {})).entries.size(), 0);
-    const Directory two = decodeDirectory(recordWithDirectory(entry + u"CATabcdx    ", u"data"_s));
-    ASSERT_EQ(two.entries.size(), 2);
+    EXPECT_EQ(viewDirectory(recordWithDirectory({}, {})).count(), 0);
+    const RawRecord withTwo = recordWithDirectory(entry + u"CATabcdx    ", u"data"_s);
+    const DirectoryView two = viewDirectory(withTwo);
+    ASSERT_EQ(two.count(), 2);
     EXPECT_EQ(two.baseAddress, u"00049");
-    EXPECT_EQ(two.entries[1].tag + u'/' + two.entries[1].length + u'/' + two.entries[1].start, u"CAT/abcd/x    "_s);
-    EXPECT_TRUE(decodeDirectory(recordWithDirectory(entry + entry + u'x', {})).damaged);
+    EXPECT_EQ(two.tag(1) + u'/' + two.length(1) + u'/' + two.start(1), u"CAT/abcd/x    "_s);
+    EXPECT_TRUE(viewDirectory(recordWithDirectory(entry + entry + u'x', {})).damaged);
     for (const RawRecord &record : {u""_s, u"short"_s, QString(100, u'x'), real(u"one | in the leader"_s)}) {
-        const Directory directory = decodeDirectory(record);
+        const DirectoryView directory = viewDirectory(record);
         EXPECT_FALSE(directory.hasFieldTerminator || directory.damaged) << record.toStdString();
         EXPECT_EQ(directory.leader, record.left(24));
     }

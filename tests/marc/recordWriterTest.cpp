@@ -79,7 +79,7 @@ TEST(MadeMyMarc, LeavesOutNumbersThatDoNotFit) {
     EXPECT_EQ(rebuilt(longest(9999)).left(24), u"300999900029301000610028");
     const RawRecord broken = madeMyMarc(longest(10000), leader, clock);
     EXPECT_EQ(broken.mid(36, 20), u"30000029301000610029");
-    EXPECT_TRUE(decodeDirectory(broken).damaged);
+    EXPECT_TRUE(viewDirectory(broken).damaged);
     // a character that the code page lacks is one byte, "?", as it will be written
     EXPECT_EQ(rebuilt(rowsOf({u"300=##"_s, u"$a=\u0E01甲"_s})).left(12), u"300000800029");
 }
