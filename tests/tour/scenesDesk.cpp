@@ -70,7 +70,10 @@ void proofAll(TourDriver &driver) {
 
 void waitForImport(TourDriver &driver) {
     driver.waitForWindow(u"frmDaoRuJindu"_s);
-    driver.waitUntil(u"the import's end"_s, [] { return !TourDriver::find<QLabel>(u"labTishi"_s)->text().isEmpty(); });
+    driver.waitUntil(u"the import's end"_s, [] {
+        auto *words = TourDriver::find<QLabel>(u"labTishi"_s); // hidden until then
+        return words && !words->text().isEmpty();
+    });
 }
 
 // One record that no database takes, since it holds a NUL, and one whose directory is out of place.
