@@ -150,7 +150,7 @@ bool Link::isDead() {
     return dead == SQL_CD_TRUE;
 }
 
-// A server that has a limit of its own was told it; the others' drivers are told with each statement.
+// A server with a limit of its own got it at the start of the session; the other drivers get it with each statement.
 platform::Status Link::start(const OdbcHandle &handle, const QString &statement) const {
     if (!handle)
         return m_connection.failure(m_driver->calls);

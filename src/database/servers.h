@@ -76,7 +76,7 @@ struct AddedPair {
 struct DriverRow {
     // Parts of what it calls itself (SQL_DRIVER_NAME), of its library's name and of the names it is registered under.
     std::array<QStringView, 4> names;
-    Server server; // behind it, as a rule
+    Server server; // that it connects to, as a rule
     bool file;     // the database is a file
     TextForm calls;
     std::span<const AddedPair> pairs;
