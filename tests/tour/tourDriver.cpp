@@ -1,4 +1,5 @@
 #include "tour/tourDriver.h"
+#include "tour/cutTexts.h"
 #include "widgets/flexGrid.h"
 #include "widgets/pacedLabel.h"
 #include "widgets/window.h"
@@ -325,6 +326,13 @@ void TourDriver::shot(const QString &name) {
     expect(m_ended || now.save(path), u"picture " + path);
     say(u"picture " + path.section(u'/', -1));
     keepFront(name, now);
+    const QStringList cut = look([] {
+        const QWidget *front = QApplication::activeWindow();
+        return front ? cutTexts(front) : QStringList();
+    });
+    for (const QString &text : cut)
+        say(u"NOT AS IT SHOULD BE: on picture %1 a text is cut: %2"_s.arg(name, text));
+    m_cutTexts += int(cut.size());
 }
 
 void TourDriver::keepFront(const QString &name, const QImage &screen) {

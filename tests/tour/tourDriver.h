@@ -75,11 +75,12 @@ public:
     // Waits for any message box and gives its text; the box stays.
     QString boxText();
 
-    // Of the whole screen, once it has come to rest; and in windows/, under the bare name, of the window in front.
+    // Of the whole screen, once it has come to rest; and in windows/, under the bare name, of the window in front. A
+    // text of that window that its label or button has no room for is a fault.
     void shot(const QString &name);
     void expect(bool holds, const QString &what);
     void expectEqual(const QString &is, const QString &shouldBe, const QString &what);
-    int failures() const { return m_failures; }
+    int failures() const { return m_failures + m_cutTexts; }
 
     void programStarts() { m_ended = false; }
     // The program has come to its end: from here on nothing can be looked at, and waits end at once.
@@ -105,6 +106,7 @@ private:
     int m_pictures = 0;
     int m_strokes = 0;
     std::atomic_int m_failures = 0; // told by either thread
+    int m_cutTexts = 0;             // nothing else goes wrong by these
 };
 
 } // namespace tour

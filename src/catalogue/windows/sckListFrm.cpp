@@ -55,6 +55,9 @@ void SCKListFrm::makeLabels() {
         LabelZSK[index]->setTextFormat(Qt::PlainText); // a title may look like markup
         LabelZSK[index]->setTextInteractionFlags(Qt::TextSelectableByMouse);
         LabelZSK[index]->setWordWrap(true);
+        // A line of its own at the least, whatever else has to give way.
+        for (QLabel *label : {Label1[index], LabelZSK[index]})
+            label->setMinimumHeight(label->fontMetrics().size(Qt::TextSingleLine, u"书Ag"_s).height());
     }
 }
 

@@ -1,0 +1,83 @@
+#include "tour/cutTexts.h"
+#include "widgets/clickLabel.h"
+#include "widgets/pacedLabel.h"
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QLabel>
+#include <QMdiArea>
+#include <QRadioButton>
+#include <QStyle>
+#include <QStyleOptionButton>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+namespace tour {
+
+namespace {
+
+// What a label's text takes at the width that it has.
+QSize needed(const QLabel &label) {
+    const QMargins edges = label.contentsMargins();
+    if (label.wordWrap())
+        return {0, label.heightForWidth(label.width())};
+    if (label.textFormat() == Qt::RichText || Qt::mightBeRichText(label.text()))
+        return label.minimumSizeHint();
+    const QSize text = label.fontMetrics().size(Qt::TextShowMnemonic, label.text());
+    return QSize(text.width() + 2 * label.margin(), text.height() + 2 * label.margin()).grownBy(edges);
+}
+
+// The box or the circle beside the text, and the picture.
+QSize needed(const QAbstractButton &button) {
+    const QSize text = button.fontMetrics().size(Qt::TextShowMnemonic, button.text());
+    if (qobject_cast<const widgets::ClickLabel *>(&button) && text.width() > button.width() + 1) // which may wrap
+        return button.fontMetrics().boundingRect(0, 0, button.width(), 0, Qt::TextWordWrap, button.text()).size();
+    const auto *tool = qobject_cast<const QToolButton *>(&button);
+    if (tool && tool->toolButtonStyle() == Qt::ToolButtonTextUnderIcon)
+        return {text.width(), text.height() + tool->iconSize().height()};
+    int beside = 0;
+    if (qobject_cast<const QCheckBox *>(&button) || qobject_cast<const QRadioButton *>(&button))
+        beside = button.style()->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, &button) +
+                 button.style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing, nullptr, &button);
+    else if (!button.icon().isNull())
+        beside = button.iconSize().width();
+    return {text.width() + beside, text.height()};
+}
+
+// Sizes are rounded up to whole pixels here and there: one may be missing.
+bool isSquashed(const QWidget &widget, const QSize &needed) {
+    return widget.width() + 1 < needed.width() || widget.height() + 1 < needed.height();
+}
+
+QString told(const QWidget &widget, const QString &text, const QSize &needed) {
+    const auto spelled = [](const QSize &size) -> QString { return u"%1x%2"_s.arg(size.width()).arg(size.height()); };
+    return u"%1 \"%2\" has %3 and needs %4"_s.arg(widget.objectName(), text.left(30), spelled(widget.size()),
+                                                  spelled(needed));
+}
+
+} // namespace
+
+QStringList cutTexts(const QWidget *window) {
+    QStringList cut;
+    const QList<QWidget *> widgets = window->findChildren<QWidget *>();
+    for (const QWidget *widget : widgets) {
+        if (!widget->isVisible())
+            continue;
+        const auto *label = qobject_cast<const QLabel *>(widget);
+        const auto *button = qobject_cast<const QAbstractButton *>(widget);
+        const QString text = label ? label->text() : button ? button->text() : QString();
+        const bool shortens =
+            qobject_cast<const widgets::PacedLabel *>(widget) && widget->height() >= needed(*label).height();
+        if (text.isEmpty() || shortens)
+            continue;
+        const auto *tool = qobject_cast<const QToolButton *>(widget);
+        if (tool && tool->toolButtonStyle() == Qt::ToolButtonIconOnly)
+            continue;
+        const QSize size = label ? needed(*label) : needed(*button);
+        if (isSquashed(*widget, size))
+            cut.append(told(*widget, text, size));
+    }
+    return cut;
+}
+
+} // namespace tour
