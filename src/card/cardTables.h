@@ -96,7 +96,7 @@ inline constexpr auto slotRows = std::to_array<SlotRow>({
 });
 
 // The numbered lists. A field whose test text is empty adds no item. Test and item are made one after the other from
-// the same variable: Kapian686 has used it up by then, so a filled 686 adds an empty item, as is required.
+// the same variable: Kapian686 has used it up by then, so a filled 686 adds an empty item.
 struct ListRow {
     QStringView tag;
     Slot slot;

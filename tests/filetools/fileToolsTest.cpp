@@ -49,7 +49,7 @@ QString run(MergeRun &merge, const QStringList &sources) {
     return status ? QString() : status.failure().description;
 }
 
-// What a split or a merge makes of these bytes, by the letter: byte for byte, with no block and no view.
+// What a split or a merge makes of these bytes: byte for byte, with no block and no view.
 QByteArray plainly(const QByteArray &source) {
     QByteArray out, record;
     bool ended = false; // what stands behind a terminator on its line is not used

@@ -86,7 +86,7 @@ TEST(FieldEditing, LimitsAndAssistants) {
     const std::optional<int> limits[] = {24, {}, 2, {}, 2, {}, {}, {}, 2, {}, {}};
     for (int i = 0; i < rows.size(); ++i)
         EXPECT_EQ(contentLimit(rows, i + 1), limits[i]) << i;
-    EXPECT_EQ(contentLimit({row(u"x"_s.repeated(100)), row(u"$a"_s)}, 2), 36); // by the letter, never met
+    EXPECT_EQ(contentLimit({row(u"x"_s.repeated(100)), row(u"$a"_s)}, 2), 36); // no file leads to it
     EXPECT_EQ(identityLimit(row(u"???"_s), IdentityColumn::Identifier), 3);
     EXPECT_EQ(identityLimit(row(u"$a"_s), IdentityColumn::Identifier), 2);
 

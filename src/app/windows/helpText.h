@@ -30,7 +30,7 @@ struct Standard {
     QStringView title;
 };
 
-// The numbers as the maker's list has them; the standard book number's own is usually given as GB 5795-86.
+// The number of the standard for book numbers is GB 5795-86 elsewhere.
 inline constexpr auto helpStandards = std::to_array<Standard>({
     {u"GB 1988-80", u"信息处理交换用的七位编码字符集"},
     {u"GB 2311-80", u"信息处理交换用七位编码字符集的扩充方法"},

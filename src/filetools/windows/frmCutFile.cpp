@@ -25,7 +25,7 @@ frmCutFile::frmCutFile(platform::Host &host, ShowReport showReport, QWidget *par
                   new QLabel(u"每个拆分文件机读数据条数:"_s)} {
     layOut();
     widgets::hint({{Text1[1], u"如 part.iso，拆成 part700.iso、part701.iso……；最好放在新建的空文件夹里"},
-                   {cmdclick[0], u"已有的同名系列文件会先删除，删除前询问"}});
+                   {cmdclick[0], u"已有的 700 至 799 号同名文件会先删除，删除前询问；800 号起的直接覆盖，不问"}});
     connect(Text2, &QLineEdit::textChanged, this, [this](const QString &text) { m_limit = text; });
     Text2->setText(u"1000"_s);
     using platform::FileDialogKind;
