@@ -165,6 +165,7 @@ TEST(SelectMarcFile, RefusesAndOpens) {
     QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Down);
     QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
     EXPECT_EQ(window.Text1->text(), path);
+    EXPECT_EQ(shown.size(), 2); // opened with it
     window.cmdClick[1]->click();
     EXPECT_FALSE(window.isVisible());
 }

@@ -50,6 +50,7 @@ frmSelectMFile::frmSelectMFile(platform::Host &host, Ways ways, QWidget *parent)
     down->setToolTip(u"最近用过的文件"_s);
     connect(down, &QAction::triggered, this, &frmSelectMFile::listRecentFiles);
     Text1->installEventFilter(this);
+    connect(Text1, &QLineEdit::returnPressed, this, &frmSelectMFile::enter);
     offerRecentFiles();
     connect(cmdLL, &Button::clicked, this, &frmSelectMFile::browse);
     connect(cmdClick[0], &Button::clicked, this, &frmSelectMFile::openWorkspace);
@@ -79,15 +80,23 @@ void frmSelectMFile::listRecentFiles() {
 bool frmSelectMFile::eventFilter(QObject *watched, QEvent *event) {
     if (watched != Text1 || event->type() != QEvent::KeyPress)
         return Window::eventFilter(watched, event);
-    const int key = static_cast<QKeyEvent *>(event)->key();
-    if (key == Qt::Key_Return || key == Qt::Key_Enter) { // which the dialog gives to its default button
-        labFacts->lookAgain();
-        labFacts->hurry();
-    }
-    if (key != Qt::Key_Down)
+    if (static_cast<QKeyEvent *>(event)->key() != Qt::Key_Down)
         return Window::eventFilter(watched, event);
     listRecentFiles();
     return true;
+}
+
+// Enter in the box, and on a path in its list.
+void frmSelectMFile::enter() {
+    labFacts->lookAgain();
+    labFacts->hurry();
+    (cmdTidy->isDefault() ? cmdTidy : cmdClick[0])->click();
+}
+
+// The box has acted on Enter when it comes here.
+void frmSelectMFile::keyPressEvent(QKeyEvent *event) {
+    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
+        Window::keyPressEvent(event);
 }
 
 void frmSelectMFile::changeEvent(QEvent *event) {

@@ -35,6 +35,7 @@ public:
 protected:
     bool queryUnload() override;
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
     void changeEvent(QEvent *event) override; // the file may have changed while another window was in front
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
@@ -43,6 +44,7 @@ private:
     void browse();
     void listRecentFiles();
     void offerRecentFiles();
+    void enter();
     void openWorkspace();
     void offerTidying(bool wanted);
     void refuse(const QString &text);
