@@ -76,7 +76,8 @@ void tidy(QByteArrayView bytes) {
         if (again && again->result.encoding == marc::FileEncoding::Gbk)
             require(again->bytes == gbk->bytes && again->result.unreadable.count == 0, "what is tidy stays so");
     }
-    if (const auto xml = tidied(bytes, TargetForm::MarcXml)) {
+    // XML without a record is refused.
+    if (const auto xml = tidied(bytes, TargetForm::MarcXml); xml && xml->result.out > 0) {
         const auto back = tidied(xml->bytes, TargetForm::MarcXml);
         require(back && !back->result.broken && back->result.out == xml->result.out, "the XML is whole");
         require(back->bytes == xml->bytes, "and stays as it is");
