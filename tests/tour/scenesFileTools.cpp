@@ -50,7 +50,7 @@ void split(TourDriver &driver) {
     checkReport(driver, u"文件{%1}保存了%2条记录！"_s.arg(last).arg(records % 100), u"split-report"_s);
     driver.expect(!QFile::exists(old) && recordsIn(last) == records % 100, u"the parts alone are there"_s);
     driver.expectEqual(driver.textOf(u"labShuDo"_s), u"成功处理：%1条"_s.arg(records), u"the count"_s);
-    driver.waitForFocus(u"cmdclick0"_s); // where it was before the run
+    driver.waitForFocus(u"Text2"_s); // where it was before the command
     driver.shot(u"split-done"_s);
     driver.key(u"alt+q"_s);
     driver.answerBox(closeQuestion.toString(), u"Return"_s); // No is preselected
