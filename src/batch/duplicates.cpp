@@ -81,7 +81,7 @@ QString DuplicateSearch::progressText() const {
 }
 
 platform::Status DuplicateSearch::begin() {
-    m_walk.emplace();
+    m_walk.emplace(Walk{});
     const auto ends =
         m_connection->query(u"select min(zskid) as firstid,max(zskid) as lastid from "_s + tables[m_table].name);
     if (!ends)
