@@ -8,6 +8,7 @@
 #include <QDragEnterEvent>
 #include <QMimeData>
 #include <QProcess>
+#include <QScrollBar>
 #include <arpa/inet.h>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -70,6 +71,12 @@ TEST_F(MainWindowTest, MenuAndToolbarGiveTheSameCommands) {
 // The margins give way first, then the page scrolls.
 TEST_F(MainWindowTest, NoCaptionOfTheStartPageIsCutInALowFrame) {
     frame.show();
+    frame.resize(700, 700);
+    QApplication::processEvents();
+    const int spare = frame.mdiArea->viewport()->height() - frame.startPage->height();
+    frame.resize(700, 700 - spare - 20);
+    QApplication::processEvents();
+    EXPECT_EQ(frame.startPage->verticalScrollBar()->maximum(), 0);
     for (const int height : {450, 350, 250}) {
         frame.resize(700, height);
         QApplication::processEvents();

@@ -53,6 +53,10 @@ TEST_F(HandbookTest, LinksLeadToPagesAndHeadingsAndBackToWhereOneWas) {
     EXPECT_EQ(view()->file(), u"c.md"_s);
     EXPECT_EQ(current(), 1);
     EXPECT_GT(top(), 3000) << "at the heading";
+    view()->verticalScrollBar()->setValue(0);
+    Q_EMIT view()->anchorClicked(QUrl(u"c.md#第二-节"_s));
+    EXPECT_GT(top(), 3000) << "of the page that is open, which keeps its look";
+    EXPECT_GT(view()->document()->begin().next().blockFormat().lineHeight(), 0);
     window->cmdBack->click();
     EXPECT_EQ(view()->file(), u"index.md"_s);
     EXPECT_EQ(top(), 700);
