@@ -1,8 +1,7 @@
-// Which records of a file were changed and not yet imported, and what an earlier start has left of such changes. It
-// follows what happens to the list and knows neither file nor clock. Rows are those of the list, counted from 0.
-//
-// A draft is forgotten only when its record was imported or the user gave it up. A draft that cannot be restored
-// (the record was changed again, or is another one) is set aside, never dropped.
+// Records the changes to a file's records that were not imported yet, and the drafts that an earlier start left. It
+// reacts to changes of the list and uses neither files nor timers. Rows are rows of the list, counted from 0. || A
+// draft is forgotten only after its record was imported or the user discarded it. A draft that cannot be restored,
+// because the record was changed again or is a different one, is set aside and never dropped.
 #pragma once
 
 #include "marc/rawRecord.h"
@@ -15,7 +14,7 @@ namespace workspace {
 
 struct Draft {
     marc::RawRecord record; // as it would be imported
-    QByteArray origin;      // fingerprint() of the record as the file has it; empty: not known
+    QByteArray origin;      // fingerprint() of the record as it is in the file; empty if unknown
     friend bool operator==(const Draft &, const Draft &) = default;
 };
 using Drafts = QMap<int, Draft>; // by row
@@ -24,43 +23,45 @@ class DraftBook {
 public:
     static QByteArray fingerprint(const marc::RawRecord &record);
 
-    // Starts with a file that has nothing yet.
+    // Starts over for a file without drafts.
     void begin() { *this = {}; }
-    // What an earlier start has left, or what could not be set aside.
+    // Adds drafts that an earlier start left, or that could not be set aside.
     void leave(const Drafts &drafts);
 
-    // The list holds `after` in place of `before`.
+    // Records that the list now holds `after` instead of `before`.
     void taken(int row, const marc::RawRecord &before, const marc::RawRecord &after);
-    // These rows went into the store as the list holds them.
+    // Records that the rows for which `wentIn` returns true were imported as the list holds them.
     void imported(const std::function<bool(int row)> &wentIn);
 
-    // What the user's wish to restore comes to, in rows. The records of `put` are to be put into the list, by taken().
+    // The result of restoring drafts, by row. The caller puts the records of `put` into the list and calls taken() for
+    // each.
     struct Restored {
         QMap<int, marc::RawRecord> put;
-        Drafts aside;    // not restored, and no longer among what is left
-        int newer = 0;   // of these: the record was changed again since this start
-        int other = 0;   // of these: the file's record is another one
-        int waiting = 0; // will be restored when the record has been listed
+        Drafts aside;    // not restored, and no longer part of left()
+        int newer = 0;   // how many of `aside`: the record was changed again in this session
+        int other = 0;   // how many of `aside`: the file now has a different record in that row
+        int waiting = 0; // how many remain in left() until their records are listed
     };
-    // `record` gives the record of a row of the list, nothing where it has not been read; `inGrid` is the row of a
-    // record with edits that the list does not hold yet.
+    // RecordOf returns the record in a row of the list, or std::nullopt if it was not read yet. `inGrid` is the row of
+    // a record that has edits which the list does not hold yet.
     using RecordOf = std::function<std::optional<marc::RawRecord>(int row)>;
     Restored restore(const RecordOf &record, std::optional<int> inGrid);
-    // The same for a row that has just been listed, where the user wished for it.
+    // Restores the draft of a row that was just listed, if restore() was called before.
     Restored listed(int row, const marc::RawRecord &record);
-    // The file has been read to its end: what still waits belongs to no record.
+    // Call when the file has been read to its end, with the number of its records. Removes from left() the waiting
+    // drafts beyond the end and returns them.
     Drafts beyondTheEnd(int count);
-    // The user does not want what is left.
+    // Discards what is left and returns it.
     Drafts giveUp();
 
-    // What is left of an earlier start and neither restored nor given up.
+    // Returns the drafts of an earlier start that were neither restored nor discarded.
     const Drafts &left() const { return m_left; }
     bool isWaiting() const { return m_restoring && !m_left.isEmpty(); }
     bool isTaken(int row) const { return m_taken.contains(row); }
     qsizetype takenCount() const { return m_taken.size(); }
 
-    // All that a later start must find: what is left, and above it what was changed by now. `inGrid` is the record of
-    // the grid where it differs from the list, with the record that the list holds.
+    // Returns the drafts of the records that were changed in this session and not imported. `inGrid` is the record of
+    // the grid if it differs from the list, together with the record that the list holds.
     struct InGrid {
         int row = 0;
         marc::RawRecord record;
@@ -68,7 +69,7 @@ public:
     };
     Drafts changed(const std::optional<InGrid> &inGrid) const;
 
-    // Another number after each change of what changed() and left() give.
+    // Returns a number that increases with each change of left() and of the changed records; begin() resets it to 0.
     quint64 revision() const { return m_revision; }
 
 private:
@@ -76,8 +77,8 @@ private:
 
     Drafts m_left;
     Drafts m_taken;                 // records that the list holds
-    QMap<int, QByteArray> m_origin; // of every row that was changed since this start, imported ones too
-    bool m_restoring = false;       // what is left goes back as its records are listed
+    QMap<int, QByteArray> m_origin; // of every row changed in this session, imported ones too
+    bool m_restoring = false;       // listed() restores drafts
     quint64 m_revision = 0;
 };
 

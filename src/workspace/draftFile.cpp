@@ -16,7 +16,7 @@ namespace workspace {
 namespace {
 
 constexpr int version = 2;
-constexpr qint64 longestLine = qint64(1) << 24; // a record has at most 99,999 bytes, unless a file is damaged
+constexpr qint64 longestLine = qint64(1) << 24; // bytes; a record has at most 99,999 unless its file is damaged
 
 enum class Fault { Damaged, OtherVersion, OtherFile };
 
@@ -47,7 +47,8 @@ std::optional<int> rowOf(const QJsonValue &value) {
     return isRow ? std::optional(int(number)) : std::nullopt;
 }
 
-// Whether the line held a draft. An older draft of the same row is kept apart.
+// Adds the draft to `found` and returns true, or returns false if the object is no valid draft. The older draft of a
+// row that already has one goes to `found.older`.
 bool takeDraft(const QJsonObject &object, DraftFile::Found &found) {
     const auto row = rowOf(object[u"row"_s]);
     if (!row || object[u"record"_s].toString().isEmpty() || !object[u"origin"_s].isString())
@@ -63,7 +64,7 @@ bool takeDraft(const QJsonObject &object, DraftFile::Found &found) {
     return true;
 }
 
-// The form of an earlier version of the program: all in one object.
+// Reads the format of an earlier version of the program: one object with all drafts.
 std::optional<DraftFile::Found> earlierForm(const QJsonObject &object) {
     const QJsonObject records = object[u"records"_s].toObject();
     DraftFile::Found found;
@@ -129,7 +130,7 @@ QByteArray DraftFile::heading() const {
         {{u"format"_s, u"drafts"_s}, {u"version"_s, version}, {u"path"_s, m_recordFile}, {u"identity"_s, m_identity}});
 }
 
-// A name that no file has yet.
+// Returns a path that does not exist yet.
 QString DraftFile::freePath() const {
     const QString base = m_path.chopped(5) + QDateTime::currentDateTime().toString(u"-yyyyMMdd-hhmmss"_s);
     QString path = base + u".kept";
@@ -171,7 +172,7 @@ platform::Result<DraftFile::Found> DraftFile::read() {
 
 platform::Status DraftFile::write(const Drafts &changed, const Drafts &left) {
     if (!m_mayWrite)
-        return platform::success(); // said when the file was refused
+        return platform::success(); // reported when the file was refused
     if (changed.isEmpty() && left.isEmpty()) {
         if (QFile file(m_path); file.exists() && !file.remove())
             return platform::Failure{file.errorString(), int(file.error())};

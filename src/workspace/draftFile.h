@@ -1,9 +1,8 @@
-// The drafts of one record file on disk, in a folder of the user's state. They belong to that file by its path, its
-// size and the time of its last change. A file of drafts that cannot be trusted is set aside under a name of its own
-// and never obeyed: one that is damaged, of another version, or of a record file that has changed since.
-//
-// One JSON object a line: the first names format, version and record file, each further one holds a draft as
-// {"row": 3, "origin": "…", "record": "…"}; "left": true marks one that an earlier start has left.
+// The drafts of one record file, stored in a folder of the user's state. They belong to the record file by its path,
+// size and modification time. A draft file that is damaged, has another version, or belongs to a record file that has
+// changed since is renamed and not used. || One JSON object per line. The first object has the format, the version and
+// the record file; each of the others holds one draft: {"row": 3, "origin": "…", "record": "…"}. "left": true marks a
+// draft that an earlier start left.
 #pragma once
 
 #include "platform/result.h"
@@ -14,22 +13,24 @@ namespace workspace {
 
 class DraftFile {
 public:
-    static constexpr qint64 largest = qint64(1) << 28; // bytes; a larger file is not read
+    static constexpr qint64 largest = qint64(1) << 28; // bytes; a larger file is neither read nor written
 
-    // `folder` ends in a separator.
+    // `folder` must end with a separator.
     DraftFile(const QString &folder, const QString &recordFile);
 
-    // What an earlier start has left; of two drafts of one row the newer one, and the older one in `older`. A failure
-    // says in words what was found instead; where the file could not be set aside, nothing is written from now on.
+    // Reads the drafts that an earlier start left. If a row has two drafts, `drafts` has the newer and `older` the
+    // older one. On failure the message says what was found instead and where the file was moved; if it could not be
+    // moved, write() does nothing from then on.
     struct Found {
         Drafts drafts;
         Drafts older;
     };
     platform::Result<Found> read();
 
-    // The whole file or none; without drafts there is no file. `left` are those of an earlier start.
+    // Replaces the file as a whole, or leaves it unchanged on failure. Removes the file if there are no drafts. `left`
+    // are the drafts of an earlier start.
     platform::Status write(const Drafts &changed, const Drafts &left);
-    // Keeps drafts in a file of their own, which nothing reads again. Its path.
+    // Writes the drafts to a separate file, which the program does not read again. Returns its path.
     platform::Result<QString> setAside(const Drafts &drafts) const;
 
 private:
@@ -38,7 +39,7 @@ private:
     platform::Failure refuse(const QString &words);
 
     QString m_recordFile;
-    QString m_identity; // its size and the time of its last change
+    QString m_identity; // size and modification time of the record file
     QString m_path;
     bool m_mayWrite = true;
 };

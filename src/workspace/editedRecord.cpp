@@ -20,7 +20,7 @@ bool isColumn(int column) {
     return column >= NumberColumn && column <= ValueColumn;
 }
 
-// As far as the built record goes: descriptions do not get into it.
+// Compares what becomes part of the built record; descriptions do not.
 bool buildSame(const FieldRow &one, const FieldRow &other) {
     return one.identifier == other.identifier && one.value == other.value;
 }
@@ -124,7 +124,7 @@ void EditedRecord::remove(int row, int count) {
     noteEdit();
 }
 
-// Changes no more than what differs, so that a view keeps its place. The first row that differs, from 1.
+// Changes only the rows that differ, so that a view keeps its position. Returns the first of them, counted from 1.
 int EditedRecord::assign(const marc::FieldRows &rows) {
     const marc::FieldRows before = m_state.rows;
     const auto head = std::ranges::mismatch(before, rows).in1 - before.begin();

@@ -1,7 +1,6 @@
-// The current record of the workspace: the one owner of its rows, its leader, whether it was edited, and the way back
-// through its edits. Rows are numbered as on the grid: row 1 is the first element of the list; as a TableSource it
-// counts from 0. A question about a row or column outside the record gives an empty text, and an edit there does
-// nothing.
+// The current record of the workspace. Owns its rows, its leader, whether it was edited, and its undo history. Rows are
+// numbered as on the grid: row 1 is the first element of the list. As a TableSource it counts rows from 0. Reading a
+// row or column outside the record returns an empty text; an edit there does nothing.
 #pragma once
 
 #include "marc/fieldLookup.h"
@@ -13,16 +12,16 @@
 
 namespace workspace {
 
-// Columns of the grid, one for each text of a row.
+// Columns of the grid, one for each text of a FieldRow.
 enum FieldColumn { NumberColumn, FieldLabelColumn, IdentifierColumn, SubfieldLabelColumn, ValueColumn };
 
-// One cell gets a text; with the leader's row the record may get a leader as well.
+// A new text for one cell. A change of the leader's row may set the record's leader as well.
 struct CellChange {
     int row = 0;
     int column = ValueColumn;
     QString text;
-    bool marks = true;                  // whether the record counts as edited by it
-    std::optional<QString> leader = {}; // a new `publicTouBiao`
+    bool marks = true;                  // whether the change marks the record as edited
+    std::optional<QString> leader = {}; // the new leader (`publicTouBiao`)
 };
 
 class EditedRecord final : public QObject, public platform::TableSource {
@@ -34,22 +33,23 @@ public:
     const marc::FieldRows &rows() const { return m_state.rows; }
     marc::FieldRow row(int row) const;
     QString cell(int row, int column) const;
-    // Whether the record that would be built differs from the one in the list by the user's doing.
+    // Returns whether the rows or the leader differ from the list's record. Descriptions are not compared.
     bool differsFromList() const { return differsFromList(m_state); }
     bool differsFromList(const RecordState &state) const;
 
-    // Shows a record of the list, with the descriptions of the file in `folder`. Returns the text of the box where that
-    // file is missing, else an empty text. A record whose directory is damaged is handed to `damaged` and leaves one
-    // empty row.
+    // Shows a record of the list with the descriptions in `folder`. Returns the message to show if the file of
+    // descriptions is missing, else an empty text. If the directory of the record is damaged, passes the record to
+    // `damaged` and shows one empty row.
     QString show(const marc::RawRecord &record, const QString &folder, const marc::DamagedDirectory &damaged);
-    void reset(); // to one empty row; the leader stays
+    void reset(); // to one empty row; the leader is kept
 
-    // Each is one step of undo, and is followed by edited().
+    // Each call is one undo step and emits edited().
     void edit(const CellChange &change);
     void insert(const NewRow &row);
     void remove(int row, int count = 1);
 
-    // Undo and redo. What was undone, and the first row that changed by it; nothing where there is nothing to undo.
+    // Undo and redo. Return what was undone or redone and the first row that changed, or std::nullopt if there is
+    // nothing to undo or redo.
     struct Gone {
         QString words;
         int row = 0;
@@ -57,20 +57,20 @@ public:
     std::optional<Gone> undo() { return go(m_history.back()); }
     std::optional<Gone> redo() { return go(m_history.forward()); }
 
-    // The list holds the record as it stands; going back behind this state counts as an edit.
+    // Call when the list has taken the current state. From then on every undo or redo marks the record as edited.
     void takenOver();
-    // The record is no longer current, though it may still be on the grid: its edits were taken over or dropped. The
-    // mark `edited` stays where the next record is to be asked about too.
+    // Call when the record is no longer current because its edits were taken over or dropped; the grid may still show
+    // it. With Mark::Stays the `edited` mark is kept, so that the user is asked about the next record too.
     enum class Mark { Goes, Stays };
     void leave(Mark mark);
 
-    // The record as it stands, or as it would be with a state of its own; `now` goes into field 001.
+    // Builds the record from the current state, or from `state`. `now` is written to field 001.
     marc::RawRecord rebuilt(const QDateTime &now) const { return rebuilt(m_state, now); }
     static marc::RawRecord rebuilt(const RecordState &state, const QDateTime &now);
-    // The state with a text that is still being typed.
+    // Returns the current state with a text that is still being typed.
     RecordState with(const CellChange &typed) const;
-    // What is to be said about the record as it stands, or with a text in place of the content of a row: that text
-    // alone is looked at, so that it may be asked at each key. Empty when all is well.
+    // Returns the warning about the record, or an empty text. The second form uses `content` instead of the stored
+    // content of `row`; it analyses only that text, so that it can be called on each key press.
     QString warning() const { return warningWith(m_losses); }
     QString warning(int row, const QString &content) const;
 
@@ -79,10 +79,10 @@ public:
     QString text(int row, int column) const override { return cell(row + 1, column); }
 
 Q_SIGNALS:
-    // Of the record, sent when the state is complete.
-    void shown();  // another record, or none
-    void edited(); // the same record in another state: edited, undone, taken over or left
-    // Of the rows, for a view; several may come before one edited().
+    // About the record; emitted when the state is complete.
+    void shown();  // another record, or an empty one
+    void edited(); // the same record in another state: edited, undone, redone, taken over or left
+    // About the rows, for a view; several may precede one edited().
     void rowInserted(int row);
     void rowRemoved(int row);
     void cellChanged(int row, int column);
@@ -101,8 +101,8 @@ private:
     RecordState m_state;
     RecordState m_inList; // the state that the list holds
     FieldHistory m_history;
-    QList<Losses> m_losses; // of each row's content
-    QString m_cutOff;       // what is to be said of a record that is not shown to its end
+    QList<Losses> m_losses; // of the content of each row
+    QString m_cutOff;       // the warning about a record that is not shown completely
 };
 
 } // namespace workspace

@@ -11,8 +11,8 @@ namespace workspace {
 namespace {
 
 constexpr int tagLength = 3;
-constexpr int subfieldIdentifierLength = 2; // "$" and the code
-constexpr int labelAt = 3;                  // in a line of a pick list
+constexpr int subfieldIdentifierLength = 2; // "$" and a letter
+constexpr int labelAt = 3;                  // position of the label in a line of a pick list
 constexpr int firstDataTag = 10;
 constexpr int embeddedHead = 5; // tag and indicators of an embedded field
 
@@ -20,7 +20,7 @@ int lastRow(const marc::FieldRows &rows) {
     return int(rows.size());
 }
 
-// An empty row where there is none.
+// Returns an empty row if the row does not exist.
 marc::FieldRow rowAt(const marc::FieldRows &rows, int row) {
     return rows.value(row - 1);
 }
@@ -34,7 +34,7 @@ bool isAsciiLetter(QChar c) {
     return (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z');
 }
 
-// The character and its code point, since a font often lacks what the code page lacks.
+// Returns the character with its code point, since fonts often lack the characters that the code page lacks.
 QString named(const QString &character) {
     return character + u"(U+" + QString::number(character.toUcs4().value(0), 16).toUpper().rightJustified(4, u'0') +
            u')';
@@ -45,7 +45,7 @@ bool holdsSeparator(const QString &text) {
         text, [](QChar c) { return c >= QChar(marc::recordTerminator) && c <= QChar(marc::subfieldDelimiter); });
 }
 
-// Whether the element of the list is an embedded field.
+// Returns whether the element of the list is an embedded field.
 bool isEmbedded(const marc::FieldRows &rows, qsizetype at) {
     if (rows[at].identifier != u"$1")
         return false;
@@ -64,7 +64,7 @@ QString checkIdentifier(const marc::FieldRow &row, const QString &typed) {
     }
     if (typed.size() != subfieldIdentifierLength)
         return u"只允许输入2位字符"_s;
-    // Letters only, although records have codes that are digits.
+    // Only letters are accepted, although records have subfield codes that are digits.
     return typed[0] == u'$' && isAsciiLetter(typed[1]) ? QString() : u"格式错误，请重新输入或按【Esc】取消操作"_s;
 }
 
@@ -95,7 +95,7 @@ std::optional<int> contentLimit(const marc::FieldRows &rows, int row) {
         return 24;
     if (identifier.size() == tagLength)
         return isDataTag(identifier) ? std::optional(indicators) : std::nullopt;
-    // It is the length of the cell above that counts, not its value; so field 100 has no limit in practice.
+    // The length of the identifier above is compared, not its value, so field 100 has no limit in practice.
     if (rowAt(rows, row - 1).identifier.size() == 100)
         return field100Length;
     return std::nullopt;
@@ -128,7 +128,7 @@ NewRow newField(const marc::FieldRows &rows, int current, const QString &line) {
     const QString tag = line.left(tagLength);
     const bool indicators = !walkedToTheEnd || tag == ownField || isDataTag(tag);
     return {place,
-            {.number = QString::number(last + 2), // the heading counts
+            {.number = QString::number(last + 2), // the heading counts as a row
              .fieldLabel = line.mid(labelAt),
              .identifier = tag,
              .subfieldLabel = indicators ? u"指示符"_s : QString(),
@@ -145,8 +145,8 @@ NewRow newSubfield(const marc::FieldRows &rows, int current, const QString &line
 }
 
 int rowsOfField(const marc::FieldRows &rows, int field) {
-    // The count runs against the shrinking grid: of an even number of rows below, half at the most go. That leaves
-    // subfields behind when a field with two of them ends the record, and is kept.
+    // The limit shrinks while rows are removed: of an even number of rows below the field, at most half are removed.
+    // Subfields therefore remain when a field with two of them ends the record. This behaviour is kept.
     const int below = lastRow(rows) - field;
     int removed = 0;
     while (removed < below && !marc::isFieldRow(rowAt(rows, field + 1 + removed))) {
@@ -190,8 +190,7 @@ QString warningOf(const marc::FieldRows &rows, const QList<Losses> &losses) {
             if (!lost.contains(character))
                 lost.append(character);
         }
-        // A delimiter in the short head of an embedded field is the record's own: it is shown as it was read, and goes
-        // back as it is.
+        // A delimiter in the head of an embedded field belongs to the record: it is shown as read and stored unchanged.
         separators = separators || losses[i].foreignSeparators || (losses[i].separators && !isEmbedded(rows, i));
     }
     QStringList warnings;

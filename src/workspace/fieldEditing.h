@@ -1,5 +1,5 @@
-// The rules by which the rows of the field grid may be changed. Rows are numbered as on the grid: row 1 is the first
-// element of the list, row 0 the heading. While editing, "???" begins a field as a number does.
+// The rules for changing the rows of the field grid. Rows are numbered as on the grid: row 0 is the heading, row 1 the
+// first element of the list. While editing, "???" begins a field like a number does.
 #pragma once
 
 #include "marc/fieldRows.h"
@@ -14,41 +14,41 @@ inline constexpr QStringView ownField = u"???"; // a field whose tag the user su
 enum class IdentityColumn { FieldLabel = 1, Identifier = 2, SubfieldLabel = 3 };
 
 bool beginsField(const marc::FieldRow &row);
-// The row itself where it begins a field, else the nearest one above that does.
+// Returns `row` if it begins a field, else the nearest row above it that does, or std::nullopt.
 std::optional<int> fieldOf(const marc::FieldRows &rows, int row);
-// The tag that a record's subfields are looked up by; empty where the row belongs to no field.
+// Returns the tag of the field that the row belongs to, or an empty text if it belongs to none.
 QString tagOf(const marc::FieldRows &rows, int row);
 
-// How many characters the content of a row may have; nothing where there is no limit.
+// Returns the maximum length of a row's content in characters, or std::nullopt if there is no limit.
 std::optional<int> contentLimit(const marc::FieldRows &rows, int row);
 std::optional<int> identityLimit(const marc::FieldRow &row, IdentityColumn column);
-// The words with which a typed text is refused, empty where it passes. `typed` has no blanks at its ends.
+// Returns the message that refuses a typed text, or an empty text if it is accepted. `typed` must be trimmed.
 QString checkIdentity(const marc::FieldRow &row, IdentityColumn column, const QString &typed);
 
 struct NewRow {
-    int place; // the row in front of which it goes
+    int place; // the row before which the new row is inserted
     marc::FieldRow content;
 };
-// From a line of the pick list: behind the field of the current row, or at the end.
+// Makes a row from a line of the pick list, to be inserted after the field of the current row, or at the end.
 NewRow newField(const marc::FieldRows &rows, int current, const QString &line);
-// Directly below the current row.
+// Makes a row to be inserted directly below the current row.
 NewRow newSubfield(const marc::FieldRows &rows, int current, const QString &line);
 
-// How many rows go with the field whose row this is, that row included.
+// Returns how many rows are removed with the field that begins in row `field`, including that row.
 int rowsOfField(const marc::FieldRows &rows, int field);
 
-// How often the field 100 assistant opens on the row: once for each field 100 above a subfield a, whatever field the
-// subfield belongs to.
+// Returns how often the field 100 assistant opens for the row: once for each field 100 above a subfield a, even if the
+// subfield belongs to another field.
 int field100Assistants(const marc::FieldRows &rows, int row);
 
-// What the content of a row loses when the record is stored.
+// What is lost of a row's content when the record is stored.
 struct Losses {
-    QStringList characters;         // that code page 936 lacks, each once
-    bool separators = false;        // it holds characters that part fields from each other
-    bool foreignSeparators = false; // others than delimiters in what would be the short head of an embedded field
+    QStringList characters;         // not in code page 936, each once
+    bool separators = false;        // the content has characters that separate fields
+    bool foreignSeparators = false; // the same, except delimiters in the first 5 characters (the head of an embedded field)
 };
 Losses lossesOf(const QString &content);
-// What is to be said below the grid about the losses of its rows, one each. Empty when all is well.
+// Returns the warning to show below the grid, or an empty text. `losses` has one element for each row.
 QString warningOf(const marc::FieldRows &rows, const QList<Losses> &losses);
 
 } // namespace workspace

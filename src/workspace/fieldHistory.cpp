@@ -23,7 +23,7 @@ bool looksSame(const RecordState &one, const RecordState &other) {
     return one.leader == other.leader && std::ranges::equal(one.rows, other.rows, same);
 }
 
-// In words what lies between two states of a record.
+// Describes the difference between two states of a record.
 QString differenceOf(const marc::FieldRows &before, const marc::FieldRows &after) {
     const auto [left, right] = std::ranges::mismatch(before, after, same);
     const qsizetype at = left - before.begin();
@@ -31,7 +31,7 @@ QString differenceOf(const marc::FieldRows &before, const marc::FieldRows &after
         return u"添加 " + nameOf(after, std::min(at, after.size() - 1));
     if (after.size() < before.size())
         return u"删除 " + nameOf(before, std::min(at, before.size() - 1));
-    return u"修改 " + (at < before.size() ? nameOf(before, at) : u"000"_s); // the leader alone
+    return u"修改 " + (at < before.size() ? nameOf(before, at) : u"000"_s); // only the leader differs
 }
 
 } // namespace

@@ -1,5 +1,5 @@
-// The states that the current record went through, for undo and redo. Each state differs from the one before it in
-// something that a user can see or that the built record holds.
+// The undo history of the current record. Each state differs from the previous one in something that the user can see
+// or that is part of the built record.
 #pragma once
 
 #include "workspace/recordState.h"
@@ -10,23 +10,23 @@ namespace workspace {
 
 class FieldHistory {
 public:
-    // Starts with the state of a record; earlier states are gone.
+    // Starts a new history with the state of a record.
     void begin(const RecordState &state);
-    // The state after a command. A state that differs from the current one in its marks alone replaces it.
+    // Adds the state after a command. A state that differs from the current one only in its marks replaces it.
     void note(const RecordState &state);
-    // Every state counts as edited from now on: the list holds one of them, or a mark was set that no step sets.
+    // Marks every state as edited, because the list holds one of them or because a mark was set without an undo step.
     void markEdited();
 
     struct Step {
         RecordState state; // to be restored
-        QString words;     // what the step did, as "修改 200$a"
+        QString words;     // what the step changed, such as "修改 200$a"
     };
-    std::optional<Step> back();    // nothing where there is nothing to undo
-    std::optional<Step> forward(); // nothing where there is nothing to redo
+    std::optional<Step> back();    // std::nullopt if there is nothing to undo
+    std::optional<Step> forward(); // std::nullopt if there is nothing to redo
 
 private:
     std::vector<RecordState> m_states{1};
-    std::size_t m_at = 0; // the current one
+    std::size_t m_at = 0; // index of the current state
 };
 
 } // namespace workspace

@@ -10,10 +10,10 @@ using marc::FieldRows;
 using Elements = std::vector<qsizetype>;
 
 constexpr int equalTexts = 4;
-constexpr int similarTexts = 2;                // at least half of the longer one is the same
-constexpr qsizetype mostComparisons = 1 << 20; // of rows; a record that needs more was not made by hand
+constexpr int similarTexts = 2;                // at least half of the longer text is the same
+constexpr qsizetype mostComparisons = 1 << 20; // of rows; a record that exceeds it was not made by hand
 
-// How much speaks for two texts being one before and after an edit; an empty text says nothing.
+// Rates how likely two texts are the same text before and after an edit. An empty text is no evidence.
 int likeness(const QString &one, const QString &other) {
     if (one.isEmpty() || other.isEmpty())
         return 0;
@@ -28,7 +28,7 @@ int likeness(const QString &one, const QString &other) {
     return 2 * (front + back) >= std::max(one.size(), other.size()) ? similarTexts : 0;
 }
 
-// The alignments of two sequences that keep their order and have the greatest sum of likenesses.
+// The alignments of two sequences that keep their order and have the largest sum of likenesses.
 class Alignment {
 public:
     using Likeness = std::function<int(std::size_t before, std::size_t after)>;
@@ -52,12 +52,12 @@ public:
 
     int best() const { return m_upTo.back(); }
 
-    // The partner that an element has in all of them. Where it has none in any, and stands alone with one other element
-    // between two certain pairs, it is taken to be that one, edited as a whole.
+    // Returns the element that is the partner of `i` in all best alignments. If `i` has no partner in any of them, but
+    // it and one other element are alone between two certain pairs, returns that element as a completely rewritten one.
     std::optional<std::size_t> partner(std::size_t i) const {
         if (const auto certain = certainPartner(i))
             return certain;
-        std::size_t first = i, last = i; // of the elements around it without a certain partner
+        std::size_t first = i, last = i; // range of elements around `i` without a certain partner
         std::optional<std::size_t> above, below;
         while (first > 0 && !(above = certainPartner(first - 1)))
             --first;
@@ -75,7 +75,7 @@ private:
         std::optional<std::size_t> partner;
         for (std::size_t j = 0; j <= m_after; ++j) {
             if (m_upTo[place(i, j)] + m_from[place(i + 1, j)] == best())
-                return std::nullopt; // it has none in one of them
+                return std::nullopt; // without a partner in one of the alignments
             if (j < m_after && m_upTo[place(i, j)] + m_like[i * m_after + j] + m_from[place(i + 1, j + 1)] == best()) {
                 if (partner)
                     return std::nullopt;
@@ -87,7 +87,7 @@ private:
 
     std::size_t m_before, m_after;
     std::vector<int> m_like;
-    std::vector<int> m_upTo, m_from; // the best of the first i and j elements, and of those from i and j on
+    std::vector<int> m_upTo, m_from; // best sums for the first i and j elements, and for those from i and j on
 };
 
 qsizetype endOfField(const FieldRows &rows, qsizetype field) {
@@ -113,7 +113,8 @@ Elements subfieldsOf(const FieldRows &rows, qsizetype field, const QString &iden
     return subfields;
 }
 
-// By the subfields, since the indicators are the same on most fields; by itself where there are none.
+// Compares the subfields, since most fields have the same indicators; a field without subfields is compared by its
+// value.
 int likenessOfFields(const FieldRows &before, qsizetype one, const FieldRows &after, qsizetype other) {
     const auto size = std::size_t(endOfField(before, one) - one - 1);
     const auto otherSize = std::size_t(endOfField(after, other) - other - 1);

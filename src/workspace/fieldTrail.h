@@ -1,6 +1,6 @@
-// Where a field of a record is found after edits, deletions, insertions and sorting. Fields have no identity of their
-// own, so it is derived from what they hold: a field is followed where all best alignments of the two states agree on
-// it, and reported as lost otherwise. One with the same content counts as the same.
+// Finds a field of a record after edits, deletions, insertions and sorting. Fields have no identity of their own, so it
+// is derived from their content: a field is found if all best alignments of the two states agree on it, and reported as
+// lost otherwise. Fields with the same content count as the same field.
 #pragma once
 
 #include "marc/fieldRows.h"
@@ -9,16 +9,17 @@
 
 namespace workspace {
 
-// An element of FieldRows, from 0.
+// An element of FieldRows, counted from 0.
 struct Trail {
     qsizetype element = 0;
-    bool subfieldLost = false; // the field is there, the subfield in it is not: `element` is the field's own row
+    bool subfieldLost = false; // only the field was found, not the subfield: `element` is the row of the field
 };
 
-// Nothing where the field is not found any more.
+// Returns std::nullopt if the field is not found.
 std::optional<Trail> followField(const marc::FieldRows &before, const marc::FieldRows &after, qsizetype element);
 
-// Through all states of a record: those that the list has held, the oldest first, and the rows as they are edited now.
+// Follows the element through all states of a record: `held` are the states that the list has held, the oldest first,
+// and `now` are the rows being edited.
 std::optional<Trail> followField(const std::vector<marc::RawRecord> &held, const marc::FieldRows &now,
                                  qsizetype element);
 

@@ -45,7 +45,7 @@ ReadEnd readRecords(platform::LineReader &reader, ReadRange range, marc::PreRead
             title = marc::readZd(record, cutter.bytes(), u"200a", watcher.damaged).value_or(title);
             store.setNumber(count - 1, count);
             store.setRecord(count - 1, record, cutter.bytes());
-            store.setTitle(count - 1, title); // which most often stands in the record
+            store.setTitle(count - 1, title); // often the title in the record itself
             watcher.listed(count);
         }
         if (watcher.stopRequested())

@@ -1,5 +1,5 @@
-// The loop that reads a record file into the list. It keeps all its state to itself and knows nothing of a window: what
-// it tells and asks on the way goes through callables. The list may be looked at and changed while the loop yields.
+// The loop that reads a record file into the list. It keeps its own state, does not use any window, and reports through
+// callables. The list may be read and changed while the loop yields.
 #pragma once
 
 #include "marc/fieldLookup.h"
@@ -11,44 +11,44 @@
 namespace workspace {
 
 enum class ReadState {
-    Idle,     // more may be read
-    Loading,  // the first batch
-    Asked,    // the remainder is asked for, its file not open yet; stays so where that fails
-    Reading,  // the remainder
-    Stopping, // it ends behind the record in hand
-    Finished, // nothing is left to read
+    Idle,     // more records can be read
+    Loading,  // reading the first batch
+    Asked,    // the rest was requested but its file is not open yet; remains if opening fails
+    Reading,  // reading the rest
+    Stopping, // reading ends after the current record
+    Finished, // all records are read
 };
 
 struct ReadStateRow {
     ReadState state;
-    QStringView text; // what the window says
-    bool running;     // neither an import nor the window's end may come between
+    QStringView text; // shown by the window
+    bool running;     // no import may start and the window may not close
     bool mayReadAll;
     bool mayStop;
 };
 const ReadStateRow &rulesOf(ReadState state);
 
-// The records of a file that a read lists: those behind the first `passOver`, up to record number `limit`.
+// The records that a read lists: those after the first `passOver`, up to record number `limit`.
 struct ReadRange {
     qint64 passOver = 0;
-    qint64 limit = std::numeric_limits<qint32>::max(); // the list counts its rows in 32 bits
+    qint64 limit = std::numeric_limits<qint32>::max(); // the list counts rows in 32 bits
 };
 
 struct ReadWatcher {
-    std::function<void()> yield;         // once per record, listed or passed over
-    std::function<bool()> abandoned;     // asked behind each yield: leave at once and touch nothing
-    std::function<bool()> stopRequested; // asked behind each record
+    std::function<void()> yield;     // called once per record, listed or skipped
+    std::function<bool()> abandoned; // called after each yield; if true, the loop returns at once and touches nothing
+    std::function<bool()> stopRequested; // called after each record
     marc::DamagedDirectory damaged;
-    std::function<void(int count)> listed; // record number `count` now stands in row `count` - 1
+    std::function<void(int count)> listed; // called when record number `count` is in row `count` - 1
 };
 
 struct ReadEnd {
-    qint64 count = 0;       // records taken from the file, the one beyond the limit included
-    bool atEnd = false;     // of the file
-    bool abandoned = false; // the window is gone, or another read has taken over
+    qint64 count = 0;       // records taken from the file, including one beyond the limit
+    bool atEnd = false;     // the end of the file was reached
+    bool abandoned = false; // the window was closed or another read has replaced this one
 };
 
-// A title that cannot be looked up leaves the row with the title of the row before it.
+// If the title of a record cannot be determined, its row gets the title of the previous row.
 ReadEnd readRecords(platform::LineReader &reader, ReadRange range, marc::PreReadStore &store,
                     const ReadWatcher &watcher);
 

@@ -1,4 +1,4 @@
-// A record as it stands in the field grid at one moment.
+// The state of a record in the field grid.
 #pragma once
 
 #include "marc/fieldRows.h"
@@ -7,9 +7,9 @@ namespace workspace {
 
 struct RecordState {
     marc::FieldRows rows;
-    QString leader;              // the record is built with it (`publicTouBiao`); the leader's row may differ
-    bool edited = false;         // the user is asked about it before another record is shown (`recordChanged`)
-    bool rowsCameOrWent = false; // since the record was shown; this alone is not asked about
+    QString leader;              // the leader of the built record (`publicTouBiao`); the row of the leader may differ
+    bool edited = false;         // the user is asked before another record is shown (`recordChanged`)
+    bool rowsCameOrWent = false; // since the record was shown; the user is not asked about this alone
 };
 
 } // namespace workspace

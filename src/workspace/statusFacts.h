@@ -1,5 +1,5 @@
-// What the line under the grid says, the most urgent first: what an edit would lose, where the editor stands, and what
-// the file and the batch are like.
+// The text of the line below the grid, the most urgent first: what an edit would lose, the position of the editor, and
+// facts about the file and the import.
 #pragma once
 
 #include "marc/recordCutter.h"
@@ -8,31 +8,32 @@
 
 namespace workspace {
 
-// What an import did with the list.
+// The result of the import of the list.
 struct ImportedNow {
     int wentIn = 0;
     qsizetype refused = 0;
 };
 
 struct StatusFacts {
-    QString warning;                 // of the record as it is edited
-    bool fieldsCameOrWent = false;   // and nothing else was changed, so that nobody is asked about it
-    std::optional<qsizetype> column; // in an open editor, from 1
-    std::optional<int> columns;      // that it has room for
-    bool assistant = false;          // what is edited has one
-    marc::FileCounts file;           // nothing counted: not known
+    QString warning; // about the record being edited
+    bool fieldsCameOrWent =
+        false; // rows were inserted or removed and nothing else was changed, so the user is not asked
+    std::optional<qsizetype> column; // in an open editor, counted from 1
+    std::optional<int> columns;      // maximum length of the text in that editor
+    bool assistant = false;          // the edited row has an assistant
+    marc::FileCounts file;           // empty counts if unknown
     qint64 read = 0;                 // records listed
     bool readToTheEnd = false;
-    qsizetype changed = 0;               // records changed and not imported
-    QString draftFault;                  // why changes are not kept for a later start; empty where they are
-    QString remark;                      // of something that just happened
-    std::optional<ImportedNow> imported; // until the list is another one
-    QString deed;                        // what a key did to the record that is shown
+    qsizetype changed = 0;               // records changed and not yet imported
+    QString draftFault;                  // why changes are not kept for the next start; empty if they are
+    QString remark;                      // about a recent event
+    std::optional<ImportedNow> imported; // until another list is shown
+    QString deed;                        // what a key did to the current record
 };
 
-// Empty where there is nothing to say. A warning begins with a sign.
+// Returns an empty text if there is nothing to show. Warnings start with "⚠".
 QString statusLine(const StatusFacts &facts);
-// Whether the line is a warning rather than a fact.
+// Returns whether the line contains a warning.
 bool warns(const StatusFacts &facts);
 
 } // namespace workspace
