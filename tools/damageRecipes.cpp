@@ -29,7 +29,7 @@ qsizetype directoryEnd(const QByteArray &record) {
     return record.indexOf(fieldTerminator);
 }
 
-// Byte position of the directory entry of `tag`.
+// Returns the byte position of the directory entry for `tag`.
 qsizetype entryOf(const QByteArray &record, QByteArrayView tag) {
     qsizetype at = leaderLength;
     while (at + entryLength <= directoryEnd(record) && QByteArrayView(record).sliced(at, 3) != tag)
@@ -75,7 +75,7 @@ QByteArray unfinished(const Records &records) {
     return lines({records[0], records[1]}) + records[2].chopped(1);
 }
 
-// Breaks a record into lines of some 80 bytes, between characters.
+// Breaks a record into lines of about 80 bytes, never within a character.
 QByteArray wrap(const QByteArray &record) {
     QByteArray bytes;
     qsizetype width = 0;
@@ -112,7 +112,7 @@ QByteArray lineFeedsOnly(const Records &records) {
     return records.first(5).join('\n') + '\n';
 }
 
-// A break between the two bytes of a character, and a lone lead byte behind a whole record.
+// A line break between the two bytes of a character, and a lone lead byte after a complete record.
 QByteArray loneLeadByte(const Records &records) {
     QByteArray split = records[0];
     qsizetype at = directoryEnd(split);
@@ -141,7 +141,7 @@ QByteArray utf16Text(const Records &records) {
     return bytes;
 }
 
-// Title, then notes of `noteLength` bytes each. Widths that do not hold a number are all nines.
+// A title, then notes of `noteLength` bytes each. Numbers that do not fit their width are written as nines.
 QByteArray recordWithNotes(int notes, int noteLength) {
     const QByteArray sentence = platform::encode(u"此附注很长，逐卷记下各册的篇目。"_s);
     RecordAssembler assembler;
@@ -155,7 +155,8 @@ QByteArray recordWithNotes(int notes, int noteLength) {
     return assembler.finish();
 }
 
-// First as most systems write it, the length cut off at 9999; then with its five digits, which breaks the directory.
+// First the length cut off at 9999, as most systems write it; then all five digits, which shifts the rest of the
+// directory.
 QByteArray longField(const Records &records) {
     const QByteArray cut = recordWithNotes(1, 12000);
     QByteArray wide = cut;

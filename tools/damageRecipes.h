@@ -1,5 +1,5 @@
-// Files that are not as they should be, each made from whole records by one recipe: what real files from exchanges,
-// editors and broken transfers look like.
+// Recipes for damaged files, each made from undamaged records: what files from exchanges, editors and broken transfers
+// look like.
 #pragma once
 
 #include <QByteArray>
@@ -11,7 +11,7 @@ namespace tools {
 
 struct DamageRecipe {
     QStringView fileName;
-    QByteArray (*make)(const QList<QByteArray> &records); // whole records, five at least
+    QByteArray (*make)(const QList<QByteArray> &records); // undamaged records, at least five
     QStringView what;
 };
 

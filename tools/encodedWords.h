@@ -1,4 +1,4 @@
-// The words of generated records in code page 936, made once: a record is then put together by copying.
+// The words of generated records, encoded once in code page 936, so that a record is assembled by copying bytes.
 #pragma once
 
 #include <QByteArray>
@@ -13,7 +13,7 @@ struct Bytes {
 
 struct TopicBytes {
     QByteArray name, pinyin, heading, classNumber, scienceNumber;
-    std::vector<QByteArray> sentences; // with the topic in its place
+    std::vector<QByteArray> sentences; // the topic filled in
 };
 
 struct FormBytes {
@@ -27,7 +27,7 @@ struct PublisherBytes {
 struct Words {
     std::vector<TopicBytes> topics;
     std::vector<FormBytes> forms;
-    std::vector<Bytes> people; // every surname with every given name
+    std::vector<Bytes> people; // every surname combined with every given name
     std::vector<PublisherBytes> publishers;
     std::vector<QByteArray> series;
     std::vector<QByteArray> notes;

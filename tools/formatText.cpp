@@ -17,7 +17,7 @@ bool hasSubfields(const FormatField &field) {
     return field.tag >= firstDataTag && field.tag != typedTag;
 }
 
-// Takes one line into the format. Gives what is wrong with it, empty where nothing is.
+// Adds one line to the format. Returns what is wrong with the line, or an empty string.
 QString takeLine(const QString &line, Format &format) {
     static const QRegularExpression fieldShape(uR"(^(\d{3}|\?\?\?) (\S|\S.*\S)$)"_s);
     static const QRegularExpression subfieldShape(uR"(^\$[0-9A-Za-z] (\S|\S.*\S)$)"_s);
@@ -38,8 +38,8 @@ QString takeLine(const QString &line, Format &format) {
     return {};
 }
 
-// Each field as a section: its header, then its subfields. An empty line ends the file, as its readers never take the
-// last one.
+// Returns each field as a section: its header, then its subfields. The file ends with an empty line because its readers
+// never use the last line.
 QString sections(const Format &format, QString (*header)(const FormatField &)) {
     QString text;
     for (const FormatField &field : format) {
@@ -52,7 +52,7 @@ QString sections(const Format &format, QString (*header)(const FormatField &)) {
     return text + u"\r\n"_s;
 }
 
-// Tag and code of every subfield, as "200a".
+// Returns the tag and code of every subfield, as "200a".
 QSet<QString> references(const Format &format) {
     QSet<QString> all;
     for (const FormatField &field : format) {
@@ -66,7 +66,7 @@ QSet<QString> references(const Format &format) {
 
 platform::Result<Format> parseFormat(const QStringList &lines) {
     Format format;
-    QList<qsizetype> begins; // the line of each field
+    QList<qsizetype> begins; // index of each field's line
     for (qsizetype i = 0; i < lines.size(); ++i) {
         if (lines[i].isEmpty() || lines[i].startsWith(u';'))
             continue;
@@ -99,7 +99,7 @@ QString descriptions(const Format &format) {
 
 QString templateFault(const QStringList &lines, const Format &format) {
     const QSet<QString> known = references(format);
-    QSet<QString> rules; // of the section
+    QSet<QString> rules; // of the current section
     bool inSection = false;
     for (qsizetype i = 0; i < lines.size(); ++i) {
         const QString &line = lines[i];

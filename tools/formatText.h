@@ -1,5 +1,5 @@
-// What the program knows of the format in words: one text for people, its shape told at its head, and the three files
-// that the program reads of it. Beside it the office's template, whose rules must speak of subfields that exist.
+// The text that describes the format (its syntax is explained at its beginning) and the three configuration files that
+// are built from it. Also checks the office's template, whose rules must name subfields of the format.
 #pragma once
 
 #include "platform/result.h"
@@ -15,17 +15,18 @@ struct FormatField {
 
 using Format = QList<FormatField>;
 
-// Fails with the line where the text breaks its shape: a line that is neither field nor subfield, tags out of order or
-// twice, a code twice in a field, a data field without subfields.
+// Returns the fields in the order of the lines. Fails at the first malformed line: neither field nor subfield, a tag
+// out of order or repeated, a code repeated in a field, a data field without subfields.
 platform::Result<Format> parseFormat(const QStringList &lines);
 
-// The texts of the three files, lines ended by CR LF.
+// Return the texts of the three files. Lines end with CR LF.
 QString fieldList(const Format &format);
 QString subfieldList(const Format &format);
 QString descriptions(const Format &format);
 
-// What is wrong with the template's first bad line: a section that is unknown or would be lost, a rule about a subfield
-// that the format lacks, a rule twice in its section. Empty where all is well.
+// Returns what is wrong with the first bad line of the template: a section that is unknown or does not follow an empty
+// line, a rule for a subfield that the format lacks, a rule repeated in its section. Returns an empty string if the
+// template is valid.
 QString templateFault(const QStringList &lines, const Format &format);
 
 } // namespace tools

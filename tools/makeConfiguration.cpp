@@ -1,5 +1,5 @@
-// Builds the four configuration files of the program's folder from the text of the format and the office's template.
-// Nothing is written where a line of either is malformed.
+// Builds the four configuration files of the program's folder from the format text and the office's template. Writes
+// nothing if a line of either is malformed.
 #include "marc/configurationFiles.h"
 #include "platform/textFile.h"
 #include "tools/formatText.h"

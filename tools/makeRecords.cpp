@@ -1,4 +1,4 @@
-// makeRecords COUNT FILE [SEED]: writes that many generated records, each followed by CR LF.
+// Writes COUNT generated records, each followed by CR LF. Usage: makeRecords COUNT FILE [SEED]
 #include "tools/recordGenerator.h"
 #include <QFile>
 #include <cstdio>

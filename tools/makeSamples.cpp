@@ -1,4 +1,4 @@
-// Builds the sample files of a folder: "sample.iso" with all records of the tagged texts, one to a line of code page
+// Builds the sample files of a folder: "sample.iso" with all records of the tagged texts, one per line in code page
 // 936, and a small file for each kind of damage.
 #include "tools/damageRecipes.h"
 #include "tools/sourceText.h"

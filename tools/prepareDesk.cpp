@@ -1,6 +1,6 @@
-// Prepares a user's desk: makes the embedded database with its tables and sample rows where there is none, and in one
-// that stands the tables that it lacks; stores the connection text where there is no setting yet. It says what it did.
-// Nothing else makes a database: the program takes a file that is not there for a database that cannot be reached.
+// Prepares the environment of one user. Creates the embedded database with its tables and sample rows if it does not
+// exist, adds missing tables if it exists, and stores the connection text if none is stored. Prints what it did.
+// Nothing else creates a database: the program treats a missing file as a database that cannot be reached.
 // Usage: prepareDesk DATABASE-FILE CONNECTION-TEXT
 #include "database/linkPool.h"
 #include "database/script.h"
@@ -26,7 +26,7 @@ platform::Status runWhole(database::Connection &connection, const QString &scrip
     return database::runScript(connection, u"begin transaction;" + script + u"commit;");
 }
 
-// The database grows under another name and gets its own only when it is whole.
+// Builds the database under a temporary name and renames it once it is complete.
 platform::Status makeDatabase(const QString &path) {
     const QString growing = path + u".new";
     if (QFile empty(growing); !empty.open(QIODevice::WriteOnly | QIODevice::Truncate))
@@ -46,7 +46,7 @@ platform::Status makeDatabase(const QString &path) {
     return platform::success();
 }
 
-// Makes the tables and indexes that a database lacks, without rows; the names of what was made.
+// Creates the missing tables and indexes, without rows. Returns the names of the tables and indexes created.
 platform::Result<QStringList> mendDatabase(const QString &path) {
     database::LinkPool links;
     auto connection = openDatabase(links, path);
@@ -77,7 +77,7 @@ platform::Status storeSetting(const QString &connectionString) {
                                                 : database::storeConnection(settings, connectionString);
 }
 
-// A database that cannot be mended keeps nobody from the program: files are read without one.
+// A database that cannot be repaired is reported but is not an error: the program can read files without a database.
 platform::Status prepareDatabase(const QString &path) {
     const QByteArray name = path.toUtf8();
     if (!QFile::exists(path)) {

@@ -1,5 +1,5 @@
-// Puts a leader's codes and ready fields together into the bytes of one ISO 2709 record, as they are given: nothing is
-// sorted, dropped or made anew. For sample and benchmark files only; the program's own writer follows other rules.
+// Assembles one ISO 2709 record from a leader's codes and encoded fields. Fields are written as given: none is sorted,
+// dropped or changed. Only for sample and benchmark files; the program's own writer follows other rules.
 #pragma once
 
 #include "marc/separators.h"
@@ -14,18 +14,18 @@ inline constexpr char subfieldDelimiter = marc::subfieldDelimiter;
 
 class RecordAssembler {
 public:
-    // `codes`: leader positions 5 to 9 and 17 to 19, eight characters.
+    // `codes`: leader positions 5 to 9 and 17 to 19, eight bytes.
     void begin(QByteArrayView codes);
-    // `content`: the field's bytes without its terminator, indicators included.
+    // `content`: the field's bytes, including the indicators, without the field terminator.
     void add(QByteArrayView tag, QByteArrayView content);
 
-    // The same in pieces, for those who have no content at hand: open a field, append to data(), close it.
+    // Writes a field piece by piece: open the field, append to data(), close the field.
     void openField(QByteArrayView tag);
     QByteArray &data() { return m_data; }
     void closeField();
 
-    // The whole record, terminator included. Valid until the next begin(). A number too wide for its place is all
-    // nines.
+    // Returns the whole record, including its terminator. Valid until the next begin(). A number that does not fit its
+    // width is written as nines.
     const QByteArray &finish();
 
 private:
@@ -36,7 +36,7 @@ private:
     qsizetype m_fieldStart = 0;
 };
 
-// Appends the number with zeros in front; all nines where it needs more than `width` digits.
+// Appends the number, zero-padded to `width` digits, or `width` nines if the number needs more digits.
 void appendNumber(QByteArray &bytes, qsizetype number, int width);
 
 } // namespace tools

@@ -1,5 +1,5 @@
-// Records without end, for files of any size: varied, of the size that records of books have (some 700 to 900 bytes),
-// well formed, with right ISBNs. The same seed gives the same bytes on every machine.
+// Generates any number of well-formed book records of realistic size (about 700 to 900 bytes) with valid ISBNs. The
+// same seed gives the same bytes on every machine.
 #pragma once
 
 #include "tools/recordAssembler.h"
@@ -8,7 +8,7 @@
 
 namespace tools {
 
-// xorshift64*, spelled out because the standard library's distributions differ from machine to machine.
+// xorshift64*, implemented here because the distributions of the standard library differ between platforms.
 class RandomNumbers {
 public:
     explicit RandomNumbers(quint64 seed);
@@ -23,7 +23,8 @@ class RecordGenerator {
 public:
     explicit RecordGenerator(quint64 seed = 1);
 
-    // The next record in code page 936, its terminator included, without a line end. Valid until the next call.
+    // Returns the next record in code page 936, including its terminator, without a line end. Valid until the next
+    // call.
     const QByteArray &next();
 
 private:
@@ -51,7 +52,7 @@ private:
     qsizetype m_serial = 0;
 };
 
-// The check character of the nine digits of an ISBN-10.
+// Returns the check character for the nine digits of an ISBN-10.
 char isbnCheckCharacter(QByteArrayView nineDigits);
 
 } // namespace tools

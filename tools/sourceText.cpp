@@ -10,7 +10,7 @@ namespace tools {
 
 namespace {
 
-// The first character of the line without a code, as "U+4E00"; empty where there is none.
+// Returns the first character of the line that code page 936 cannot encode, as "U+4E00", or an empty string.
 QString missingCharacter(const QString &line) {
     for (const char32_t character : line.toUcs4()) {
         if (!platform::isEncodable(QString::fromUcs4(&character, 1)))

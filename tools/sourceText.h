@@ -1,5 +1,4 @@
-// The texts of the source tree that the tools of the build read: UTF-8, one thing to a line, told back with the number
-// of the line where something is wrong.
+// Reads the UTF-8 source texts of the build tools and reports errors with their line number.
 #pragma once
 
 #include "platform/result.h"
@@ -7,14 +6,14 @@
 
 namespace tools {
 
-// The lines without their ends. Fails where the text is not UTF-8, or has a character that code page 936 lacks: it
-// could not reach the program.
+// Returns the lines without line ends. Fails if the text is not UTF-8 or contains a character that code page 936 cannot
+// encode, because the program could not read it.
 platform::Result<QStringList> readSource(const QString &path);
 
-// "line 12: what"; `index` counts from 0.
+// Returns "line 12: what"; `index` counts from 0, the printed number from 1.
 QString atLine(qsizetype index, const QString &what);
 
-// Prints "path: what" and gives the exit code of a tool that has failed.
+// Prints "path: what" to standard error and returns the exit code for failure.
 int complain(const QString &path, const QString &what);
 
 } // namespace tools

@@ -32,7 +32,7 @@ QString withBlanks(QString text) {
     return text.replace(u'#', u' ');
 }
 
-// "200 1#$a..." as it stands behind $1, to tag, indicators and nothing between.
+// Turns the text after $1, "200 1#$a...", into tag and indicators without separators; returns false if it is malformed.
 bool unfoldEmbedded(QString &value) {
     if (value.size() < 5 || value[3] != u' ' || !isTag(QStringView(value).first(3)))
         return false;
@@ -43,7 +43,7 @@ bool unfoldEmbedded(QString &value) {
     return value.size() == 5;
 }
 
-// The subfields of a field, put behind its indicators; false where the text is malformed.
+// Appends the subfields of a field after its indicators; returns false if the text is malformed.
 bool appendSubfields(TaggedField &field, QStringView text) {
     const auto pieces = text.split(u'$');
     if (pieces.size() < 2 || !pieces.front().isEmpty())
@@ -61,7 +61,7 @@ bool appendSubfields(TaggedField &field, QStringView text) {
     return true;
 }
 
-// "200 1#$a..." to a field; false where the line is malformed.
+// Adds the field of a line such as "200 1#$a..." to the record; returns false if the line is malformed.
 bool parseField(const QString &line, TaggedRecord &record) {
     TaggedField field{line.first(qMin(qsizetype(3), line.size())), {}};
     if (line.size() < 5 || !isTag(field.tag) || line[3] != u' ')

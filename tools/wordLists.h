@@ -1,4 +1,4 @@
-// What generated records are made of.
+// The words and phrases from which generated records are composed.
 #pragma once
 
 #include <QStringView>
@@ -11,7 +11,7 @@ struct Topic {
     QStringView pinyin;
     QStringView heading; // subject heading
     QStringView classNumber;
-    QStringView scienceNumber; // of the Academy's classification
+    QStringView scienceNumber; // in the classification of the Academy of Sciences
 };
 
 inline constexpr auto topics = std::to_array<Topic>({
@@ -122,7 +122,7 @@ inline constexpr auto givenNames = std::to_array<Word>({
 struct Publisher {
     QStringView place;
     QStringView name;
-    QStringView prefix; // of its ISBNs, in the group 7
+    QStringView prefix; // publisher's ISBN prefix, in group 7
     QStringView region; // code of the province or city
 };
 
@@ -157,7 +157,7 @@ inline constexpr auto seriesTitles = std::to_array<QStringView>({
     u"自学考试用书",
 });
 
-// Sentences of summaries; %1 stands for the topic.
+// Sentences of summaries; %1 is replaced by the topic.
 inline constexpr auto sentences = std::to_array<QStringView>({
     u"本书从%1的基本概念讲起，依次说明其原理、方法和应用。",
     u"作者根据多年讲授%1的经验，把难点分散到各章之中。",
