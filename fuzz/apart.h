@@ -1,5 +1,5 @@
-// A statement taken apart by the rule of the standard alone: apostrophes begin and end a literal, two side by side
-// within one stand for one. Knows nothing of the program's own way to cut statements, which it judges.
+// Splits a statement by the quoting rule of the SQL standard alone: apostrophes delimit a literal, and two adjacent
+// apostrophes within a literal represent one. Independent of the program's tokenizer, which it checks.
 #pragma once
 
 #include <QString>
@@ -8,8 +8,8 @@
 namespace fuzz {
 
 struct Apart {
-    QString outside;      // with "?" in the place of each literal
-    QStringList literals; // what the server would take in; an unclosed one reaches to the end
+    QString outside;      // with "?" in place of each literal
+    QStringList literals; // as the server reads them; an unclosed literal extends to the end
 };
 
 inline Apart apart(QStringView statement) {

@@ -1,5 +1,5 @@
-// The four configuration files and the three proofs. The input is five parts, a record terminator between them: the
-// four files and the rows, these with a field terminator between them and a delimiter between identifier and value.
+// The four configuration files and the three proofs. The input has five parts, separated by record terminators: the
+// four files and the rows. Field terminators separate the rows, and a delimiter separates identifier and value.
 #include "fuzz/input.h"
 #include "fuzz/targets.h"
 #include "marc/configurationFiles.h"
@@ -33,34 +33,35 @@ FieldRows rowsOf(const QString &text) {
 void checkDescriptions(const FieldRows &rows, const QString &file) {
     FieldRows described = rows;
     require(fillDescriptions(described, scratchFolder()).isEmpty(), "the file is there");
-    require(described.size() == rows.size(), "descriptions make no rows");
+    require(described.size() == rows.size(), "descriptions do not add rows");
     for (qsizetype i = 0; i < rows.size(); ++i) {
         FieldRow row = described[i];
         require(file.contains(row.subfieldLabel) && (i == 0 || file.contains(row.fieldLabel)),
                 "what describes a row stands in the file");
         row.fieldLabel = rows[i].fieldLabel;
         row.subfieldLabel = rows[i].subfieldLabel;
-        require(row == rows[i], "only the descriptions change");
+        require(row == rows[i], "only descriptions change");
     }
 }
 
 void checkLists(const FieldRows &rows, const QString &fields, const QString &subfields) {
     const PickList list = readFieldList(scratchFolder());
     for (const QString &line : list.lines) {
-        require(fields.contains(line), "what is on offer stands in the file");
-        require(line.startsWith(u"???") || platform::isNumericText(line.left(3)), "a field on offer has a tag");
+        require(fields.contains(line), "an offered line occurs in the file");
+        require(line.startsWith(u"???") || platform::isNumericText(line.left(3)), "an offered field has a tag");
     }
     for (const FieldRow &row : rows) {
         const PickList codes = readSubfieldList(scratchFolder(), row.identifier);
-        require(codes.lines.isEmpty() != codes.complaint.isEmpty(), "a list or a reason why there is none");
+        require(codes.lines.isEmpty() != codes.complaint.isEmpty(), "either a list or a complaint");
         for (const QString &line : codes.lines)
-            require(subfields.contains(line) && !platform::trimBlanks(line).startsWith(u'['), "a list is one section");
+            require(subfields.contains(line) && !platform::trimBlanks(line).startsWith(u'['),
+                    "a list is taken from one section");
     }
 }
 
-// Each line of a report is one fault of a field.
+// Returns the lines of a report; each line is one fault of a field.
 QStringList faultLines(const QString &report) {
-    require(report.isEmpty() || report.endsWith(u"\r\n"), "a report ends its last line");
+    require(report.isEmpty() || report.endsWith(u"\r\n"), "a report ends with a line end");
     QStringList lines = report.split(u"\r\n"_s);
     lines.removeLast();
     return lines;
@@ -73,11 +74,11 @@ void checkProofs(const FieldRows &rows, const QString &file) {
                     (line.contains(u"不存在") ? tagged(line.mid(6, 3)) == 0 : tagged(line.mid(6, 3)) > 1),
                 "a field is reported missing where there is none, and repeated where there are two");
     const auto byTemplate = proof::proofTemplate(rows, scratchFolder());
-    require(byTemplate.ok() && byTemplate.value().complaint.isEmpty(), "the template is there");
-    // A line of the template may itself hold a line feed.
+    require(byTemplate.ok() && byTemplate.value().complaint.isEmpty(), "the template can be read");
+    // A line of the template may itself contain a line feed.
     const qsizetype most = 2 * (file.count(u'\r') + 1);
     const QString report = proof::report(byTemplate.value().faults);
-    require(report.count(u"Error:"_s) <= most + file.count(u"Error:"_s) * 2, "a demand is reported once");
+    require(report.count(u"Error:"_s) <= most + file.count(u"Error:"_s) * 2, "a rule is reported once");
     const auto chain = proof::proofRecord(rows, scratchFolder());
     require(chain.ok() && chain.value().report.startsWith(proof::report(proof::proofFields(rows))) &&
                 chain.value().report.contains(report),
@@ -94,7 +95,7 @@ void checkIsbn(const QString &text) {
             sum += weight-- * (text[i] == u'X' ? 10 : text[i].unicode() - u'0');
     }
     valid = valid && sum % 11 == 0;
-    require(proof::checkISBN(text).has_value() != valid, "an ISBN is valid by its shape and its sum");
+    require(proof::checkISBN(text).has_value() != valid, "an ISBN is valid if its shape and its check sum are");
 }
 
 } // namespace
@@ -109,7 +110,7 @@ void configuration(QByteArrayView bytes) {
     }
     const FieldRows rows = rowsOf(platform::decode(parts.value(texts.size())));
     if (rows.size() > 200)
-        return; // the lists are read anew for each row
+        return; // the lists are read again for each row
     checkDescriptions(rows, texts[1]);
     checkLists(rows, texts[3], texts[2]);
     checkProofs(rows, texts[0]);

@@ -1,4 +1,4 @@
-// One target under libFuzzer; the build names the target.
+// Runs one target under libFuzzer; the build defines which.
 #include "fuzz/targets.h"
 #include <cstddef>
 #include <cstdint>

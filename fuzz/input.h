@@ -1,5 +1,5 @@
-// What every fuzz target shares: its input taken apart, a folder for files, and the one way to say that a property does
-// not hold.
+// Shared by all fuzz targets: the input as a sequence of values, a folder for files, and the report of a violated
+// property.
 #pragma once
 
 #include <QByteArray>
@@ -8,7 +8,7 @@
 
 namespace fuzz {
 
-// Takes the bytes from the front; when they are used up, every number is 0 and every text empty.
+// Takes bytes from the front of the input; after the last byte every number is 0 and every text is empty.
 class Input {
 public:
     explicit Input(QByteArrayView bytes)
@@ -18,10 +18,10 @@ public:
     int byte();                                     // 0 to 255
     int below(int limit) { return byte() % limit; } // limit at most 256
     bool flag() { return byte() % 2 == 1; }
-    QByteArrayView piece() { return take(byte()); } // a byte tells how long
+    QByteArrayView piece() { return take(byte()); } // a byte gives the length
     QByteArrayView rest() { return take(m_left.size()); }
-    QString text();   // a piece, as GBK or as UTF-16 units
-    QString number(); // digits, signs, points, blanks and what is near them
+    QString text();   // a piece, decoded as GBK or as UTF-16 code units
+    QString number(); // digits, signs, points, blanks and similar characters
     template <class List>
     auto oneOf(const List &list) {
         return list[size_t(below(int(std::size(list))))];
@@ -32,12 +32,12 @@ private:
     QByteArrayView m_left;
 };
 
-// `what` says what should have held.
+// Ends the process with the message `what`, which states the property, if the property does not hold.
 void require(bool holds, const char *what);
 
-// A folder of this process, with a separator at its end; gone when the process ends in peace.
+// Returns a folder of this process, with a separator at its end. It is removed when the process exits normally.
 QString scratchFolder();
-// The path of a file in it with these bytes.
+// Writes a file with these bytes into the scratch folder and returns its path.
 QString scratchFile(QStringView name, QByteArrayView bytes);
 
 } // namespace fuzz

@@ -1,4 +1,4 @@
-// A record on its way into the store: row, statement, and the statement as each server spells it.
+// A record on its way into the database: row, statement, and the statement as rewritten for each server.
 #include "app/startUp.h"
 #include "database/sqlDialect.h"
 #include "database/sqlTokens.h"
@@ -22,10 +22,11 @@ namespace {
 constexpr auto servers =
     std::to_array<Server>({Server::Sqlite, Server::PostgreSql, Server::MariaDb, Server::SqlServer});
 
-// The characters that each text column takes, in the order of the statement; the last column holds the whole record.
+// The maximum number of characters in each text column, in the order of the statement. One more column holds the whole
+// record.
 constexpr auto widths = std::to_array<qsizetype>({50, 30, 20, 13, 10, 30, 10, 10, 50, 30, 10, 8, 50, 50, 10});
 
-// A store without a driver in between, so that the server's own reading of the statement counts.
+// An in-memory SQLite database without an ODBC driver, so that the server itself parses the statement.
 class Store {
 public:
     Store() {
@@ -44,13 +45,13 @@ public:
         sqlite3_stmt *insert = nullptr;
         require(sqlite3_prepare_v2(m_store, text, -1, &insert, &behind) == SQLITE_OK && !*behind,
                 "one sound statement");
-        require(sqlite3_step(insert) == SQLITE_DONE, "the row goes in");
+        require(sqlite3_step(insert) == SQLITE_DONE, "the row is inserted");
         sqlite3_finalize(insert);
         sqlite3_stmt *select = nullptr;
         sqlite3_prepare_v2(m_store, "select marc, count(*) from taoluTable", -1, &select, nullptr);
-        require(sqlite3_step(select) == SQLITE_ROW && sqlite3_column_int(select, 1) == 1, "one row went in");
+        require(sqlite3_step(select) == SQLITE_ROW && sqlite3_column_int(select, 1) == 1, "one row was inserted");
         const auto *stored = reinterpret_cast<const char *>(sqlite3_column_text(select, 0));
-        require(QString::fromUtf8(stored) == record, "the store holds the record as it was");
+        require(QString::fromUtf8(stored) == record, "the database returns the record unchanged");
         sqlite3_finalize(select);
         sqlite3_exec(m_store, "delete from taoluTable", nullptr, nullptr, nullptr);
     }
@@ -62,10 +63,10 @@ private:
 void checkStatement(const importing::RecordRow &row, const QString &record) {
     const QString statement = importing::insertStatement(row);
     const Apart parts = apart(statement);
-    require(parts.literals.size() == qsizetype(widths.size()) + 1, "a literal for each text column");
-    require(parts.literals.last() == record, "the record goes in whole");
+    require(parts.literals.size() == qsizetype(widths.size()) + 1, "there is a literal for each text column");
+    require(parts.literals.last() == record, "the record is inserted unchanged");
     for (size_t i = 0; i < widths.size(); ++i)
-        require(parts.literals[qsizetype(i)].size() <= widths[i], "a value is cut to its column");
+        require(parts.literals[qsizetype(i)].size() <= widths[i], "a value is cut to the width of its column");
 
     importing::RecordRow bare;
     bare.pages = row.pages;
@@ -73,7 +74,7 @@ void checkStatement(const importing::RecordRow &row, const QString &record) {
     const QString bareStatement = importing::insertStatement(bare);
     for (const Server server : servers) {
         const Apart spelled = apart(database::rewrite(statement, server, app::tableNames()));
-        require(spelled.literals == parts.literals, "literals survive the rewriting");
+        require(spelled.literals == parts.literals, "rewriting keeps the literals");
         require(spelled.outside == apart(database::rewrite(bareStatement, server, app::tableNames())).outside,
                 "no record has a say in what stands outside the literals");
     }
@@ -87,7 +88,7 @@ void checkRecord(const QString &record) {
         checkStatement(*row, record);
 }
 
-// The same record with an apostrophe in each Chinese character's place; its directory stays right.
+// Returns the record with each two-byte character replaced by "x'", so that the directory stays valid.
 QString withApostrophes(const QString &record) {
     QString text;
     for (const QChar c : record)
@@ -107,7 +108,7 @@ void mapping(QByteArrayView bytes) {
         require(!token.text.isEmpty(), "no token is empty");
         joined += token.text;
     }
-    require(joined == record, "tokens leave nothing out");
+    require(joined == record, "the tokens join to the whole text");
     for (const Server server : servers)
         require(database::rewrite(record, server, app::tableNames()).isEmpty() == record.isEmpty(),
                 "any text is rewritten to a text");

@@ -1,4 +1,4 @@
-// The box with a mask under any keys and texts.
+// The masked edit with arbitrary keys and texts.
 #include "widgets/maskedEdit.h"
 #include "fuzz/input.h"
 #include "fuzz/targets.h"
@@ -19,7 +19,7 @@ void checkShape(const MaskedEdit &edit) {
     const QString text = edit.text();
     if (mask.isEmpty())
         return;
-    require(text.size() == mask.size(), "a mask keeps its length");
+    require(text.size() == mask.size(), "the text keeps the length of the mask");
     for (qsizetype i = 0; i < mask.size(); ++i) {
         const bool digit = text[i] >= u'0' && text[i] <= u'9';
         require(mask[i] == u'#' ? digit || text[i] == u'_' : text[i] == mask[i],
@@ -34,7 +34,7 @@ void setText(MaskedEdit &edit, const QString &text) {
     for (qsizetype i = 0; i < edit.mask().size(); ++i) {
         const QChar given = i < text.size() ? text[i] : u'_';
         const QChar wanted = given >= u'0' && given <= u'9' ? given : QChar(u'_');
-        require(edit.mask()[i] != u'#' || edit.text()[i] == wanted, "a text goes in place by place");
+        require(edit.mask()[i] != u'#' || edit.text()[i] == wanted, "a text is entered position by position");
     }
 }
 
@@ -45,7 +45,7 @@ void press(MaskedEdit &edit, Input &input) {
     switch (input.below(7)) {
     case 0:
         edit.setMask(input.oneOf(masks).toString());
-        require(edit.text() == QString(edit.mask()).replace(u'#', u'_'), "a new mask is empty");
+        require(edit.text() == QString(edit.mask()).replace(u'#', u'_'), "a new mask shows no digits");
         break;
     case 1:
         setText(edit, input.text());
@@ -82,7 +82,7 @@ void maskedEdit(QByteArrayView bytes) {
     static char name[] = "fuzz";
     static char *names[] = {name, nullptr};
     static const auto *const application =
-        qApp ? qApp : new QApplication(count, names); // outlives what ends the process
+        qApp ? qApp : new QApplication(count, names); // never destroyed: a violated property ends the process
     std::ignore = application;
     Input input(bytes);
     MaskedEdit edit(u"edit"_s);

@@ -1,5 +1,5 @@
-// The query dialogs' logic under any series of presses, twice in step: once with the values as they come, once with
-// harmless ones. Where no value holds an apostrophe, the two differ in nothing but their literals.
+// The logic of the query dialogs under arbitrary sequences of presses, applied to two builders: one with the values of
+// the input, one with harmless values. If no value contains an apostrophe, the results differ only in their literals.
 #include "app/startUp.h"
 #include "catalogue/listStatements.h"
 #include "catalogue/queryBuilder.h"
@@ -34,8 +34,8 @@ struct Pair {
     }
     QueryBuilder real;
     QueryBuilder harmless;
-    QStringList values; // of text fields, as the server is to see them
-    bool torn = false;  // a value goes in as typed, apostrophes too
+    QStringList values; // values of text fields as the server should read them
+    bool torn = false;  // a value contains an apostrophe, which is not escaped
 };
 
 void addCondition(Pair &pair, Input &input) {
@@ -49,8 +49,8 @@ void addCondition(Pair &pair, Input &input) {
         return;
     const bool number = type == FieldType::Number;
     const auto ofNumber = [](QChar c) { return (c >= u'0' && c <= u'9') || QStringView(u"+-. ").contains(c); };
-    require(!number || std::ranges::all_of(value, ofNumber), "what stands outside the literals is a number");
-    require(pair.harmless.addCondition(field, sign, number ? value : u"v"_s), "any text makes a condition");
+    require(!number || std::ranges::all_of(value, ofNumber), "text outside the literals is a number");
+    require(pair.harmless.addCondition(field, sign, number ? value : u"v"_s), "any text is accepted as a condition");
     pair.torn = pair.torn || value.contains(u'\'');
     if (type == FieldType::Text)
         pair.values.append(sign == u"包含" ? QString(u'%' + value + u'%') : value);
@@ -59,24 +59,24 @@ void addCondition(Pair &pair, Input &input) {
 void checkStatements(Pair &pair) {
     const Query real = pair.real.findData();
     const Query harmless = pair.harmless.findData();
-    require(real.order == harmless.order, "values have no part in the order");
+    require(real.order == harmless.order, "values do not affect the sort order");
     if (pair.torn)
         return;
     for (auto *statement : {catalogueStatement, storeStatement, deleteAllStatement}) {
         const QString text = statement(real.condition.sql, real.order);
         const QString model = statement(harmless.condition.sql, harmless.order);
-        require(apart(text).outside == apart(model).outside, "only literals hold what was typed");
+        require(apart(text).outside == apart(model).outside, "typed values appear only in literals");
         for (const Server server : servers) {
             const Apart spelled = apart(database::rewrite(text, server, app::tableNames()));
             require(spelled.outside == apart(database::rewrite(model, server, app::tableNames())).outside,
                     "no value has a say in what stands outside the literals");
             for (const QString &value : pair.values)
-                require(spelled.literals.contains(value), "a value goes to the server as it was typed");
+                require(spelled.literals.contains(value), "a value reaches the server as it was typed");
         }
     }
 }
 
-// Whether the next press starts with no conditions.
+// Performs one press on both builders.
 void press(Pair &pair, Input &input) {
     constexpr auto labels = std::to_array<QStringView>({u"书名", u"著者", u"册数", u"入库日期", u"", u"别的"});
     const int what = input.below(8);

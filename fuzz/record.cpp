@@ -18,7 +18,7 @@ namespace fuzz {
 
 namespace {
 
-// The bytes of a rebuilt record up to which none of its numbers is too wide for its place.
+// Up to this size in bytes, all numbers of a rebuilt record fit their width.
 constexpr qsizetype plainSize = 9999;
 
 const QDateTime clockTime(QDate(2026, 3, 9), QTime(8, 5, 7));
@@ -38,7 +38,7 @@ bool isAscii(QStringView text) {
     return std::ranges::all_of(text, [](QChar c) { return c < QChar(0x80); });
 }
 
-// A field as the writer is promised to keep it: tag, indicators (the value, for a control field), subfields.
+// A field as the writer must preserve it: tag, indicators (for a control field, the value), subfields.
 struct Field {
     QString tag;
     QString head;
@@ -46,15 +46,15 @@ struct Field {
     friend bool operator==(const Field &, const Field &) = default;
 };
 
-// The fields of rows that stand as a cataloguer would leave them; nothing where something odd is among them. Embedded
-// fields are odd: what the writer makes of their signs is a matter of its own.
+// Returns the fields of rows in normal form, or std::nullopt if a row is irregular. Embedded fields count as irregular
+// because the writer converts their signs.
 std::optional<QList<Field>> soundFields(const FieldRows &rows) {
     QList<Field> fields;
     for (const FieldRow &row : rows.sliced(1)) {
         if (!isPlain(row.value) || !isPlain(row.identifier))
             return std::nullopt;
         if (isDigits(row.identifier, 3)) {
-            // Of a control field of one character the reader takes the terminator for the second.
+            // The reader takes the terminator of a one-character control field for its second character.
             const bool control = row.identifier.startsWith(u"00");
             const bool head = control ? row.value.size() >= 2 : row.value.size() == 2 && isAscii(row.value);
             if (!head || row.identifier == u"000" || row.identifier.startsWith(u'4'))
@@ -70,12 +70,12 @@ std::optional<QList<Field>> soundFields(const FieldRows &rows) {
     return fields;
 }
 
-// What of these fields a rebuilt record holds, in its order.
+// Returns the fields that the rebuilt record contains, in its order.
 QList<Field> kept(const QList<Field> &fields) {
     constexpr auto droppedTags = std::to_array<QStringView>({u"105", u"106", u"110", u"115"});
     QList<Field> control{{u"001"_s, mark.toString(), {}}};
     QList<Field> data;
-    QStringList ended; // a field with nothing under it ends its tag
+    QStringList ended; // a field without subfields ends the fields of its tag
     for (Field field : fields) {
         if (field.tag.startsWith(u"00")) {
             if (field.tag != u"001")
@@ -106,26 +106,26 @@ std::optional<QString> firstTitle(const QList<Field> &fields) {
     return QString();
 }
 
-// The numbers that a rebuilt record gives of itself are those of its bytes.
+// Checks that the lengths and positions stored in a rebuilt record match its bytes.
 void checkNumbers(const RawRecord &rebuilt, QByteArrayView gbk) {
     const DirectoryView directory = viewDirectory(rebuilt);
     require(directory.hasFieldTerminator && !directory.damaged, "a rebuilt record has a directory");
-    require(gbk.first(5).toInt() == gbk.size(), "the leader tells the record's bytes");
+    require(gbk.first(5).toInt() == gbk.size(), "the leader holds the record's length in bytes");
     const qsizetype base = directory.baseAddress.toInt();
-    require(base == leaderLength + directory.text.size() + 1, "the leader tells where the fields begin");
+    require(base == leaderLength + directory.text.size() + 1, "the leader holds the base address of the fields");
     qsizetype next = base;
     for (qsizetype i = 0; i < directory.count(); ++i) {
-        require(base + directory.start(i).toInt() == next, "fields lie side by side");
+        require(base + directory.start(i).toInt() == next, "fields are adjacent");
         next += directory.length(i).toInt();
-        require(next < gbk.size() && gbk[next - 1] == char(fieldTerminator), "a length reaches up to a terminator");
+        require(next < gbk.size() && gbk[next - 1] == char(fieldTerminator), "a field ends with a terminator");
     }
-    require(next == gbk.size() - 1, "nothing but the record's terminator stands behind the fields");
+    require(next == gbk.size() - 1, "only the record terminator follows the fields");
 }
 
 void checkRebuilt(const ShownRecord &shown) {
     const RawRecord rebuilt = madeMyMarc(shown.rows, shown.leader, clockTime);
     const QByteArray gbk = platform::encode(rebuilt);
-    require(gbk.size() == platform::gbkLength(rebuilt), "bytes are counted as they are made");
+    require(gbk.size() == platform::gbkLength(rebuilt), "the counted length equals the encoded length");
     card::showKapian(rebuilt);
     const ShownRecord again = showRecord(rebuilt);
     if (shown.leader.size() != leaderLength || gbk.size() > plainSize)
@@ -141,34 +141,35 @@ void checkRebuilt(const ShownRecord &shown) {
     const QList<Field> expected = kept(*fields);
     require(soundFields(again.rows) == expected, "a rebuilt record reads back with the rows that were kept");
     require(readZd(rebuilt, u"200a", {}) == firstTitle(expected), "the title is the first 200 $a");
-    require(madeMyMarc(again.rows, again.leader, clockTime) == rebuilt, "a rebuilt record is rebuilt to itself");
+    require(madeMyMarc(again.rows, again.leader, clockTime) == rebuilt, "rebuilding a rebuilt record changes nothing");
 }
 
-// What is made of a record stays in proportion to it, whatever its directory points at.
+// Returns the upper limit for the size of the rows or the card made from a record of so many bytes, for any directory.
 qsizetype largest(qsizetype recordBytes) {
     return 40 * recordBytes + 2000;
 }
 
 void checkBounds(const ShownRecord &shown, qsizetype recordBytes) {
-    require(!shown.rows.isEmpty() && shown.rows.size() <= recordBytes, "a row at least, and no more than bytes");
+    require(!shown.rows.isEmpty() && shown.rows.size() <= recordBytes, "at least one row, and no more rows than bytes");
     qsizetype size = 0;
     for (const FieldRow &row : shown.rows)
         size += row.value.size();
-    require(size <= largest(recordBytes), "rows hold no more than their record allows");
+    require(size <= largest(recordBytes), "the size of the rows is limited by the size of the record");
 }
 
 void checkRecord(const RawRecord &record, QByteArrayView bytes) {
-    require(record.indexOf(QChar(recordTerminator)) == record.size() - 1, "a record ends at its first terminator");
+    require(record.indexOf(QChar(recordTerminator)) == record.size() - 1,
+            "a record contains one terminator, at its end");
     for (const QStringView wanted : {u"200a", u"010d", u"001 "})
-        require(readZd(record, wanted, {}) == readZd(record, bytes, wanted, {}), "bytes and text say the same title");
+        require(readZd(record, wanted, {}) == readZd(record, bytes, wanted, {}), "bytes and text give the same title");
     PreReadStore store;
     store.setRecord(0, record, bytes);
-    require(store.record(0) == record, "the list gives a record back as it was");
+    require(store.record(0) == record, "the list returns a record unchanged");
 
     const ShownRecord shown = showRecord(record);
     checkBounds(shown, platform::gbkLength(record));
     const card::Card card = card::showKapian(record);
-    require(card.text || !card.boxes.isEmpty() || !card.fault.isEmpty(), "a card says something");
+    require(card.text || !card.boxes.isEmpty() || !card.fault.isEmpty(), "a card has a text, boxes or a fault");
     require(card.text.value_or(QString()).size() <= largest(bytes.size()),
             "a card is no longer than its record allows");
     checkRebuilt(shown);
@@ -178,7 +179,7 @@ void checkRecord(const RawRecord &record, QByteArrayView bytes) {
 
 void record(QByteArrayView bytes) {
     auto reader = platform::LineReader::open(scratchFile(u"records", bytes));
-    require(reader.ok(), "a plain file can be read");
+    require(reader.ok(), "a regular file can be read");
     RecordCutter cutter(reader.value());
     while (cutter.next())
         checkRecord(cutter.record(), cutter.bytes());

@@ -1,4 +1,4 @@
-// Plays the kept inputs of each target in the ordinary build.
+// Runs each target on its stored inputs in an ordinary build.
 #include "fuzz/targets.h"
 #include <QDir>
 #include <cstdio>
@@ -9,13 +9,13 @@ namespace {
 struct Target {
     const char *name;
     void (*run)(QByteArrayView);
-    bool readsFiles = false; // the sample files, damaged ones among them, are inputs too
+    bool readsFiles = false; // the sample files, including the damaged ones, are inputs too
     friend void PrintTo(const Target &target, std::ostream *out) { *out << target.name; }
 };
 
 class Replay : public testing::TestWithParam<Target> {
 protected:
-    // A property that does not hold ends the process: the last name printed is that of the file.
+    // A violated property ends the process: the last file name printed is that of the failing input.
     static void play(const QDir &folder) {
         const QFileInfoList members = folder.entryInfoList(QDir::Files, QDir::Name);
         ASSERT_FALSE(members.isEmpty());

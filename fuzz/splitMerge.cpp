@@ -1,6 +1,6 @@
-// Split and merge of any file, against a few lines that say what they are for. The input is the file, but for three
-// bytes at its end: how many records a part takes, where a second source begins, and how much stands ahead of it all,
-// so that the block in which the program reads ends within the first few hundred bytes.
+// Split and merge of arbitrary files, compared with a simple model. The input is the file followed by three bytes: the
+// number of records per part, the position where a second source begins, and the number of bytes to put before the
+// file, so that the first read block ends within its first few hundred bytes.
 #include "filetools/mergeRun.h"
 #include "filetools/splitRun.h"
 #include "fuzz/input.h"
@@ -18,7 +18,7 @@ namespace {
 
 constexpr qsizetype block = 1 << 19;
 
-// The lines of a file, each ended by a carriage return, alone or with a line feed; the rest where there is one.
+// Returns the lines of a file, each ended by a carriage return or CR LF, and the remainder if there is one.
 QList<QByteArray> linesOf(const QByteArray &file) {
     QList<QByteArray> lines;
     qsizetype from = 0;
@@ -31,7 +31,7 @@ QList<QByteArray> linesOf(const QByteArray &file) {
     return lines;
 }
 
-// The records of a file, each with the line end that the tools write.
+// Returns the records of a file, each with the line end that split and merge write.
 QList<QByteArray> recordsOf(const QByteArray &file) {
     QList<QByteArray> records;
     QByteArray begun;
@@ -48,7 +48,7 @@ QList<QByteArray> recordsOf(const QByteArray &file) {
 
 QByteArray contents(const QString &path) {
     QFile file(path);
-    require(file.open(QIODevice::ReadOnly), "the file was written");
+    require(file.open(QIODevice::ReadOnly), "the written file can be opened");
     return file.readAll();
 }
 
@@ -64,17 +64,18 @@ void checkSplit(const QString &source, const QList<QByteArray> &records, int lim
         if (more)
             good = run.write(most).ok();
     }
-    require(good && run.close(most).ok(), "the split comes to its end");
+    require(good && run.close(most).ok(), "the split finishes");
     require(run.total() == records.size(), "the split counts its records");
     const qsizetype parts = std::max<qsizetype>(1, (records.size() + limit - 1) / limit);
     const QStringList files = target->existing();
-    require(files.size() == parts || files.size() == parts + 1, "as many parts as the records fill, and one begun");
+    require(files.size() == parts || files.size() == parts + 1, "as many parts as needed, and at most one empty part");
     for (qsizetype i = 0; i < files.size(); ++i) {
         const QString path = target->numbered(TargetPattern::firstNumber + int(i));
         require(contents(path) == records.mid(i * limit, limit).join(), "a part holds its records");
         QFile::remove(path);
     }
-    require(run.report().count(u"}保存了"_s) == (records.size() + limit - 1) / limit, "a line for each part");
+    require(run.report().count(u"}保存了"_s) == (records.size() + limit - 1) / limit,
+            "the report has a line for each part");
 }
 
 void checkMerge(const QStringList &sources, const QByteArray &wanted, qsizetype count) {
@@ -92,7 +93,7 @@ void checkMerge(const QStringList &sources, const QByteArray &wanted, qsizetype 
         }
         run.closeSource();
     }
-    require(good && run.close().ok(), "the merge comes to its end");
+    require(good && run.close().ok(), "the merge finishes");
     require(run.total() == count, "the merge counts its records");
     require(contents(target) == wanted, "the merged file holds the records of the sources");
 }
@@ -111,8 +112,8 @@ void splitMerge(QByteArrayView bytes) {
     const QString wholePath = scratchFile(u"whole", whole);
     const QList<QByteArray> records = recordsOf(whole);
     const auto lines = marc::lineCount(wholePath);
-    require(lines.ok() && lines.value() == linesOf(whole).size(), "lines are counted as they are read");
-    // existing() knows of a hundred parts.
+    require(lines.ok() && lines.value() == linesOf(whole).size(), "the line count equals the number of lines read");
+    // TargetPattern::existing() finds at most a hundred parts.
     checkSplit(wholePath, records, std::max(atLeast, int(records.size() / 99) + 1));
 
     const QByteArray tail = file.sliced(second);

@@ -1,4 +1,4 @@
-// Code page, numbers, connection text.
+// Code page, numbers and connection text.
 #include "app/connectionText.h"
 #include "database/connectionText.h"
 #include "fuzz/input.h"
@@ -20,14 +20,15 @@ namespace {
 
 void checkCodePage(QByteArrayView bytes, const QString &text) {
     const QString decoded = decode(bytes);
-    require(decoded.size() <= bytes.size(), "no byte gives two characters");
-    require(decoded.contains(QChar::ReplacementCharacter) || encode(decoded) == bytes, "bytes come back");
+    require(decoded.size() <= bytes.size(), "a byte decodes to at most one character");
+    require(decoded.contains(QChar::ReplacementCharacter) || encode(decoded) == bytes,
+            "decoded bytes encode to the same bytes");
     const QByteArray doubled = bytes.toByteArray() + "\r" + bytes.toByteArray();
-    require(decode(doubled) == decoded + u'\r' + decoded, "a line may be decoded for itself");
+    require(decode(doubled) == decoded + u'\r' + decoded, "lines can be decoded separately");
     const QByteArray encoded = encode(text);
-    require(encoded.size() == gbkLength(text), "bytes are counted as they are made");
-    require((decode(encoded) == text) == isEncodable(text), "what has a code comes back, and nothing else does");
-    require(encode(decode(encoded)) == encoded, "what is lost is lost once");
+    require(encoded.size() == gbkLength(text), "the counted length equals the encoded length");
+    require((decode(encoded) == text) == isEncodable(text), "exactly the encodable texts survive encoding");
+    require(encode(decode(encoded)) == encoded, "encoding a second time loses nothing more");
 }
 
 template <class Integer>
@@ -42,37 +43,38 @@ void checkInteger(std::optional<Integer> found, std::optional<double> value) {
 void checkNumber(const QString &text) {
     static const QRegularExpression shape(uR"(\A *[+-]?([0-9]+\.?[0-9]*|\.[0-9]+) *\z)"_s);
     const bool numeric = shape.match(text).hasMatch();
-    require(isNumericText(text) == numeric, "a number by its shape");
+    require(isNumericText(text) == numeric, "a number is recognized by its shape");
     const double model = std::strtod(text.toLatin1().constData(), nullptr);
     const bool fits = numeric && std::isfinite(model);
     const std::optional<double> value = toDouble(text);
-    require(value.has_value() == fits && (!fits || *value == model), "the value of a number");
-    require(!fits || leadingNumber(text) == model, "a number starts with itself");
+    require(value.has_value() == fits && (!fits || *value == model), "the value of a number is right");
+    require(!fits || leadingNumber(text) == model, "the leading number of a number is its value");
     require(leadingNumber(QString(text + u"年")) == leadingNumber(text),
             "what stands behind a number is not looked at");
     checkInteger(toInt16(text), value);
     checkInteger(toInt32(text), value);
     const QString trimmed = trimBlanks(text);
-    require(text.contains(trimmed) && !trimmed.startsWith(u' ') && !trimmed.endsWith(u' '), "blanks go from the ends");
+    require(text.contains(trimmed) && !trimmed.startsWith(u' ') && !trimmed.endsWith(u' '),
+            "blanks are trimmed from both ends");
 }
 
 void checkPadded(int width, qint32 value) {
     const QString digits = QString::number(value);
     const QString padded = padZero(width, value);
-    require(padded.size() == (digits.size() > width ? 0 : width), "as wide as its place, or nothing");
-    require(padded.isEmpty() || value < 0 || padded.toInt() == value, "zeros go in front");
+    require(padded.size() == (digits.size() > width ? 0 : width), "the text has the given width or is empty");
+    require(padded.isEmpty() || value < 0 || padded.toInt() == value, "a number is padded with leading zeros");
 }
 
 bool isSimple(const QString &value) {
     return value == value.trimmed() && !value.contains(u';') && !value.contains(u'{') && !value.contains(u'}');
 }
 
-// What a driver must be told, whatever else the text says.
+// Checks the settings that the driver text must always contain.
 void checkTold(const QString &text, QStringView driver) {
     if (driver.contains(u"sqlite", Qt::CaseInsensitive)) {
         const qint32 wait = toInt32(connectionValue(text, u"Timeout")).value_or(-1);
         require(connectionValue(text, u"NoCreat") == u"1", "no database file is made");
-        require(wait >= 0 && wait <= 2000, "a lock is not waited for long");
+        require(wait >= 0 && wait <= 2000, "the wait for a lock is short");
     }
     if (driver.contains(u"maria", Qt::CaseInsensitive))
         require(connectionValue(text, u"CHARSET") == u"utf8mb4" && connectionValue(text, u"AUTO_RECONNECT") == u"0",
@@ -98,7 +100,7 @@ void checkConnection(Input &input) {
             return;
     const QString driver = fields.dataSourceChosen ? QString() : fields.driver;
     const QString told = driverText(text, source, namedDriver(text, source), Certainty::Guessed);
-    if (!driver.contains(u'/')) // a path says nothing but its file's name
+    if (!driver.contains(u'/')) // of a path, only the file name identifies the driver
         checkTold(told, driver.isEmpty() ? source : driver);
     require(connectionValue(text, u"dsn") == (fields.dataSourceChosen ? fields.dataSource : QString()),
             "the data source comes through");

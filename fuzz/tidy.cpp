@@ -1,4 +1,4 @@
-// Any file made anew in each form: what comes out is whole, can be read, and stays as it is when it is tidied again.
+// Any file tidied into each form: the result is complete, can be read, and does not change when it is tidied again.
 #include "fuzz/input.h"
 #include "fuzz/targets.h"
 #include "marc/recordCutter.h"
@@ -37,11 +37,11 @@ std::optional<Tidied> tidied(QByteArrayView source, TargetForm form) {
     good = good && run->close().ok();
     const TidyResult result = run->result();
     run.reset();
-    require(good || files.existing().isEmpty(), "what fails leaves nothing");
+    require(good || files.existing().isEmpty(), "a failed run leaves no files");
     if (!good)
         return std::nullopt;
-    require(result.in == result.out + result.unreadable.count, "each record is written or kept beside");
-    require(result.unreadable.count == 0 || QFile::exists(result.unreadableFile), "what is not usable is kept");
+    require(result.in == result.out + result.unreadable.count, "each record is written or kept as unreadable");
+    require(result.unreadable.count == 0 || QFile::exists(result.unreadableFile), "unusable records are kept");
     Tidied made{result, takeContents(result.target)};
     for (const QString &path : files.existing())
         QFile::remove(path);
@@ -56,9 +56,9 @@ void requireRight(QByteArrayView record) {
     for (qsizetype entry = 24; entry + 12 < base; entry += 12) {
         require(base + number(entry + 7, 5) == end, "a field begins where the one before it ends");
         end += number(entry + 3, 4);
-        require(record[end - 1] == '\x1E', "a field ends with its terminator");
+        require(record[end - 1] == '\x1E', "a field ends with a terminator");
     }
-    require(end == record.size() - 1, "the fields are all there is");
+    require(end == record.size() - 1, "only the record terminator follows the fields");
 }
 
 } // namespace
@@ -70,17 +70,18 @@ void tidy(QByteArrayView bytes) {
         qint64 read = 0;
         for (; cutter.next(); ++read)
             requireRight(cutter.bytes());
-        require(read == gbk->result.out, "the program reads each of them");
+        require(read == gbk->result.out, "the program reads every record written");
         const auto again = tidied(gbk->bytes, TargetForm::GbkIso);
-        require(read == 0 || again, "it is a record file");
+        require(read == 0 || again, "a tidied file is a record file");
         if (again && again->result.encoding == marc::FileEncoding::Gbk)
-            require(again->bytes == gbk->bytes && again->result.unreadable.count == 0, "what is tidy stays so");
+            require(again->bytes == gbk->bytes && again->result.unreadable.count == 0,
+                    "tidying a tidied file changes nothing");
     }
-    // XML without a record is refused.
+    // XML without a record is refused when it is read back.
     if (const auto xml = tidied(bytes, TargetForm::MarcXml); xml && xml->result.out > 0) {
         const auto back = tidied(xml->bytes, TargetForm::MarcXml);
-        require(back && !back->result.broken && back->result.out == xml->result.out, "the XML is whole");
-        require(back->bytes == xml->bytes, "and stays as it is");
+        require(back && !back->result.broken && back->result.out == xml->result.out, "the XML is complete");
+        require(back->bytes == xml->bytes, "tidying tidied XML changes nothing");
     }
     tidied(bytes, TargetForm::Utf8Iso);
 }
