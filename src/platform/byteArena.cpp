@@ -8,7 +8,7 @@ namespace {
 
 constexpr qsizetype largestBlock = 1 << 20;
 
-// Blocks double in size: a few bytes are done with the first one.
+// Block sizes double, so that a few bytes cost only a small first block.
 qsizetype sizeOfBlock(std::size_t before) {
     constexpr qsizetype smallest = 1 << 9;
     constexpr std::size_t doublings = 11; // from the smallest to the largest
@@ -26,7 +26,7 @@ QByteArrayView ByteArena::keep(QByteArrayView bytes) {
     };
     const qsizetype next = sizeOfBlock(m_blocks.size());
     char *place = nullptr;
-    if (size > m_left && size > next / 4) { // what is left of the last block is not given up for it
+    if (size > m_left && size > next / 4) { // gets a block of its own, and the last block stays in use
         place = newBlock(size);
     } else {
         if (size > m_left) {

@@ -1,5 +1,5 @@
-// Bytes that stay where they are put until all of them go together. A million pieces cost what they hold and nothing
-// each.
+// Stores copies of byte sequences at fixed addresses until the arena is destroyed. The memory used is the sum of their
+// sizes, without a cost per sequence.
 #pragma once
 
 #include <QByteArrayView>
@@ -10,12 +10,12 @@ namespace platform {
 
 class ByteArena {
 public:
-    // A copy of the bytes, valid as long as the arena.
+    // Returns a copy of the bytes, valid as long as the arena.
     QByteArrayView keep(QByteArrayView bytes);
 
 private:
     std::vector<std::unique_ptr<char[]>> m_blocks;
-    char *m_free = nullptr; // what is left of the last block
+    char *m_free = nullptr; // the unused rest of the last block
     qsizetype m_left = 0;
 };
 

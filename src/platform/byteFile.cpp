@@ -14,8 +14,8 @@ constexpr qsizetype gatherSize = 1 << 20;
 
 } // namespace
 
-// Counted in stretches so short that a byte holds each one's number: compilers turn
-// that into a few instructions for sixteen bytes.
+// Counts in stretches of up to 240 bytes, so that each count fits in one byte: compilers vectorize that to a few
+// instructions per 16 bytes.
 qint64 countByte(QByteArrayView bytes, char wanted) {
     constexpr qsizetype stretch = 240;
     qint64 total = 0;
@@ -46,7 +46,7 @@ Result<ByteReader> ByteReader::open(const QString &path) {
     return ByteReader(path, std::move(file).value());
 }
 
-// Asked by the path: on some systems a file that was deleted can be read on.
+// Looks the file up by its path: on some systems a deleted file can still be read through its open handle.
 Status ByteReader::unchanged() const {
     const QFileInfo now(m_path);
     if (!now.exists())
@@ -78,7 +78,7 @@ Result<SavedFile> SavedFile::create(const QString &path) {
     if (const Status plain = mayBecomeFile(path); !plain)
         return plain.failure();
     auto file = std::make_unique<QSaveFile>(path);
-    // Unbuffered, since commit() does not see that the last of a buffer had no room.
+    // Unbuffered, since commit() does not report that the rest of a buffer did not fit on the disk.
     if (!file->open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         return Failure{file->errorString(), int(file->error())};
     return SavedFile(std::move(file));
@@ -100,7 +100,7 @@ Status SavedFile::write(QByteArrayView bytes) {
 
 Status SavedFile::handOver() {
     const bool all = notTaken(*m_file, m_gathered).isEmpty();
-    m_gathered.resize(0); // keeps its room
+    m_gathered.resize(0); // keeps the capacity
     if (all)
         return success();
     return Failure{m_file->errorString(), int(m_file->error())};

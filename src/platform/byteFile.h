@@ -1,4 +1,5 @@
-// Files as bytes: one that is read and must stay as it is meanwhile, and one that appears only when it is whole.
+// Files as bytes: a reader that detects changes made to its file meanwhile, and a file that appears only when it is
+// complete.
 #pragma once
 
 #include "platform/result.h"
@@ -12,10 +13,10 @@ class QSaveFile;
 
 namespace platform {
 
-// How many of the bytes are `wanted`.
+// Returns the number of bytes that are equal to `wanted`.
 qint64 countByte(QByteArrayView bytes, char wanted);
 
-// Reads a plain file from its start to its end.
+// Reads a plain file from start to end.
 class ByteReader {
 public:
     static Result<ByteReader> open(const QString &path);
@@ -23,11 +24,11 @@ public:
     ByteReader &operator=(ByteReader &&) noexcept;
     ~ByteReader();
 
-    // Puts the next bytes into `into`, `most` at the most; none at the end. Fails where the machine stops giving bytes,
-    // and where the file has grown, has shrunk, was written to or went since it was opened.
+    // Reads the next bytes into `into`, at most `most`. Returns their number, 0 at the end of the file. Fails on a read
+    // error, and if the file was resized, written to or deleted since it was opened.
     Result<qsizetype> read(char *into, qsizetype most);
 
-    qint64 size() const { return m_size; } // when it was opened
+    qint64 size() const { return m_size; } // in bytes, when the file was opened
     qint64 position() const { return m_position; }
 
 private:
@@ -41,8 +42,8 @@ private:
     qint64 m_position = 0;
 };
 
-// A file that is written beside its place and takes its name in commit(): whatever goes wrong before, what stood there
-// stays, and nothing is left of the new one when the object goes.
+// A file that is written next to its destination and gets its name in commit(). If an error occurs before that, an
+// existing file at the destination stays unchanged; the destructor removes what was not committed.
 class SavedFile {
 public:
     static Result<SavedFile> create(const QString &path);
@@ -50,7 +51,7 @@ public:
     SavedFile &operator=(SavedFile &&) noexcept;
     ~SavedFile();
 
-    Status write(QByteArrayView bytes); // gathered to blocks; a failure is told by this or by commit()
+    Status write(QByteArrayView bytes); // buffered: this call or commit() returns the failure
     Status commit();
 
 private:

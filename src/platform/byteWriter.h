@@ -1,6 +1,5 @@
-// A file of lines being written, bytes as they come, gathered to blocks. A failed write is told by writeLine(), flush()
-// or close() and by each of them from then on, never lost; what is still gathered when the object goes is written
-// without a word.
+// Writes a file line by line, without decoding, in blocks. Once a write has failed, writeLine(), flush() and close()
+// return that failure, then and in all later calls. The destructor writes what is still buffered and reports no errors.
 #pragma once
 
 #include "platform/result.h"
@@ -16,30 +15,31 @@ namespace platform {
 
 class ByteWriter {
 public:
-    static Result<ByteWriter> create(const QString &path); // replaces what is there; fails for what is no plain file
+    // Replaces an existing file. Fails if the path is not a plain file.
+    static Result<ByteWriter> create(const QString &path);
     ByteWriter(ByteWriter &&) noexcept;
     ByteWriter &operator=(ByteWriter &&) noexcept;
     ~ByteWriter();
 
-    Status writeLine(QByteArrayView line); // and CR LF behind it
-    // The same of a line that has CR LF behind it already, and stays as it is until the next flush(): lines that stand
-    // one behind the other are handed over together, without a copy.
+    Status writeLine(QByteArrayView line); // appends CR LF
+    // The same for a line that already has CR LF after it in memory and stays unchanged until the next flush().
+    // Adjacent lines are written together, without a copy.
     Status writeStanding(QByteArrayView line);
-    Status flush(); // hands over to the machine what is gathered or stands
+    Status flush(); // writes what is buffered or referenced to the file
     Status close();
 
-    // How many of the lines stand whole in the file.
+    // Returns the number of lines that are completely written to the file.
     qint64 linesHandedOver() const { return m_linesHandedOver; }
 
 private:
     explicit ByteWriter(std::unique_ptr<QFile> file);
     std::unique_ptr<QFile> m_file;
-    QByteArrayView m_standing; // lines that wait where they stand; nothing is gathered then
-    QByteArray m_room;         // for what is gathered: an array that grew with each line would cost as much as the copy
-    qsizetype m_gathered = 0;  // bytes of it
-    QList<qsizetype> m_lineEnds; // in what is gathered
+    QByteArrayView m_standing;   // lines to write, in the caller's memory; nothing is buffered then
+    QByteArray m_room;           // the buffer; growing an array with each line would cost as much as the copy
+    qsizetype m_gathered = 0;    // bytes in the buffer
+    QList<qsizetype> m_lineEnds; // offsets in the bytes to write
     qint64 m_linesHandedOver = 0;
-    std::optional<Failure> m_fault; // what the machine refused once is not offered again
+    std::optional<Failure> m_fault; // after a failed write no other is tried
 };
 
 } // namespace platform

@@ -24,15 +24,16 @@ constexpr bool isTrail(uchar byte) {
 }
 
 struct Tables {
-    std::array<char16_t, (lastLead - firstLead + 1) * trails> text{}; // by lead and trail byte; 0 where no pair
-    std::array<quint16, 0x10000> code{};                              // by character; 0 where it has no code
+    std::array<char16_t, (lastLead - firstLead + 1) * trails> text{}; // by lead and trail byte; 0 if not a valid pair
+    std::array<quint16, 0x10000> code{};                              // by character; 0 if it has no code
 
     char16_t pair(uchar lead, uchar trail) const { return text[size_t((lead - firstLead) * trails + trail)]; }
 };
 
-// The user-defined areas, in the order in which they go to the private use area.
+// Returns the private use character of a pair in the user-defined areas, which map to U+E000 onwards in this order; 0
+// for other pairs.
 char16_t userDefined(uchar lead, uchar trail) {
-    const int low = trail - 0x40 - (trail > 0x7F ? 1 : 0); // column in the 96 columns below 0xA1
+    const int low = trail - 0x40 - (trail > 0x7F ? 1 : 0); // column of 96, in the areas with trail bytes below 0xA1
     if (lead >= 0xAA && lead <= 0xAF && trail >= 0xA1)
         return char16_t(0xE000 + (lead - 0xAA) * 94 + trail - 0xA1);
     if (lead >= 0xF8 && lead <= 0xFE && trail >= 0xA1)

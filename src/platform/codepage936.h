@@ -1,6 +1,6 @@
 // Code page 936 (GBK), both ways. 0x80 is the euro sign, 0xFF is U+F8F5; any other byte that starts no valid pair
-// becomes U+FFFD alone and the next byte is looked at anew; the user-defined areas go to the private use area.
-// A character without a code becomes "?", one per UTF-16 unit. All 23,940 two-byte codes survive the way out and back.
+// becomes one U+FFFD, and decoding continues with the next byte; the user-defined areas map to the private use area. A
+// character without a code becomes "?", one per UTF-16 unit. All 23,940 two-byte codes survive decoding and encoding.
 #pragma once
 
 #include "platform/result.h"
@@ -11,17 +11,17 @@
 
 namespace platform {
 
-// Whether the machine has the tables of the code page; without them every Chinese character would be lost, so that this
-// is to be looked at before any other function here.
+// Fails if the ICU library lacks the tables of the code page; without them every Chinese character would be lost. Must
+// be called before any other function of this header.
 Status codePageReady(const char *converter = "windows-936");
 
 QString decode(QByteArrayView bytes);
 QByteArray encode(QStringView text);
 
-// The number of bytes that encode(text) has, without making them.
+// Returns the number of bytes of encode(text), without encoding.
 qsizetype gbkLength(QStringView text);
 
-// Whether every character of the text has a code, so that nothing is lost by encode().
+// Returns whether every character of the text has a code, so that encode() loses nothing.
 bool isEncodable(QStringView text);
 
 } // namespace platform

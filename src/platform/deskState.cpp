@@ -10,7 +10,7 @@ namespace platform {
 
 namespace {
 
-constexpr qint64 largestState = 1 << 20; // bytes; some thousands are usual
+constexpr qint64 largestState = 1 << 20; // bytes; a few thousand are usual
 
 QString userFolder() {
 #ifdef Q_OS_WIN

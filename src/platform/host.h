@@ -1,5 +1,5 @@
-// The operations of the machine that event procedures need. Windows know only this; the one implementation that shows
-// real boxes and dialogs stands in platform/desktop/, and tests hand in a scripted one.
+// The operations of the system that event procedures need. Windows use only this interface; platform/desktop/ holds the
+// implementation that shows real boxes and dialogs, and tests use a scripted one.
 #pragma once
 
 #include "platform/deskState.h"
@@ -14,11 +14,12 @@ namespace platform {
 enum class Icon { None, Information, Exclamation, Critical };
 enum class Buttons { Ok, YesNo };
 enum class Answer { Ok, Yes, No };
-// How a box may be left beside its buttons: Esc and the close cross may stand for No, or leave it standing.
+// How a box may be closed other than by its buttons: Freely: Esc and the close button answer No if there is one;
+// ByButtonsOnly: they do nothing.
 enum class Leaving { Freely, ByButtonsOnly };
 
 inline constexpr QStringView programTitle = u"Tarvex图书馆管理系统";
-inline constexpr QStringView hintTitle = u"操作提示"; // of most boxes
+inline constexpr QStringView hintTitle = u"操作提示"; // the title of most boxes
 
 // One message box. An empty title means the program's own title.
 struct Box {
@@ -26,53 +27,54 @@ struct Box {
     QString title;
     Icon icon = Icon::Information;
     Buttons buttons = Buttons::Ok;
-    Answer preselected = Answer::Yes; // of YesNo boxes
+    Answer preselected = Answer::Yes; // for YesNo boxes
     Leaving leaving = Leaving::Freely;
 };
 
-enum class FileDialogKind { Open, Save }; // Save: a name that does not exist yet may be given, and nothing is asked
+// Save accepts a name that does not exist yet, and does not ask before overwriting.
+enum class FileDialogKind { Open, Save };
 
 struct FileDialog {
     QString title;
-    QString filter; // "label(*.iso)|*.iso|label(*.*)|*.*"; the first one is selected
+    QString filter; // "label(*.iso)|*.iso|label(*.*)|*.*"; the first one is preselected
     FileDialogKind kind = FileDialogKind::Open;
-    QString start = {}; // a path to begin at; where it has no folder, the dialog begins at the one chosen from last
+    QString start = {}; // the path to begin at; if its folder does not exist, the folder chosen from last
 };
 
 class Host {
 public:
     virtual ~Host() = default;
 
-    // Shows the box modally over the active window; where it may be left freely, Esc and the close cross answer No if
-    // there is one.
+    // Shows the box modally over the active window. With Leaving::Freely, Esc and the close button answer No if there
+    // is one.
     virtual Answer show(const Box &box) = 0;
-    // Shows a box with one button and a check box under the text; whether it was checked.
+    // Shows a box with one button and a check box under the text. Returns whether the check box was checked.
     virtual bool showWithTick(const Box &box, const QString &tick) = 0;
-    // The chosen path in the machine's manner; empty after a cancel.
+    // Returns the chosen path with native separators; an empty string after a cancel.
     virtual QString chooseFile(const FileDialog &dialog) = 0;
-    // Hands a folder, a file or a link to the desktop; false where that failed. May take some seconds, in which windows
-    // are painted and no keys and clicks come in.
+    // Opens a folder, a file or a link by the desktop; returns false if that failed. May take some seconds, during
+    // which windows are painted and no user input is processed.
     virtual bool openInShell(const QString &target) = 0;
     virtual const Settings &settings() const = 0;
-    // What may be remembered between starts.
+    // The state remembered between starts.
     virtual const DeskState &remembered() const = 0;
     virtual QDateTime now() const = 0;
-    // The program's own folder (see programFolder.h), with no separator at its end but for a root.
+    // Returns the program's own folder (see programFolder.h), without a separator at its end unless it is a root.
     virtual QString programFolder() const = 0;
-    // Lets waiting events in, within a fraction of a millisecond; costs next to nothing otherwise. For each record of a
-    // long run.
+    // Processes pending events, at most some hundred times a second; other calls cost almost nothing. Long runs call it
+    // for each record.
     virtual void yield() = 0;
     // Ends the process at once.
     virtual void endProcess() = 0;
 
-    // The common boxes.
+    // The usual boxes.
     void tell(const QString &text, QStringView title = hintTitle, Icon icon = Icon::Information);
     bool ask(const QString &text, QStringView title, Answer preselected = Answer::Yes, Icon icon = Icon::Information);
-    // A question on which edits or rows hang: only its two buttons answer it.
+    // A question that decides over edits or rows: only its two buttons answer it.
     bool insist(const QString &text, QStringView title, Answer preselected = Answer::Yes);
 };
 
-// The boxes of one run over many records. Each has a check box by which the same box is not shown again in this run.
+// The boxes of one run over many records. Each has a check box that suppresses the same box for the rest of the run.
 class RunBoxes {
 public:
     explicit RunBoxes(Host &host)
@@ -82,7 +84,7 @@ public:
 
 private:
     Host &m_host;
-    QStringList m_silenced; // texts
+    QStringList m_silenced; // texts that are no longer shown
 };
 
 } // namespace platform

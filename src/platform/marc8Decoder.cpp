@@ -32,7 +32,7 @@ struct Marc8Decoder::State {
     void convert(QByteArrayView part);
 };
 
-// What is between two separators.
+// Converts the bytes between two separators.
 void Marc8Decoder::State::convert(QByteArrayView part) {
     constexpr std::size_t room = 1024;
     char out[room];
@@ -52,7 +52,7 @@ void Marc8Decoder::State::convert(QByteArrayView part) {
         ++damaged;
         ++in;
         --left;
-        step(nullptr); // to where it starts
+        step(nullptr); // back to the initial state
     }
     step(nullptr);
 }

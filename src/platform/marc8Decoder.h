@@ -1,4 +1,4 @@
-// Text from MARC-8, by the YAZ library, where the program was built with it.
+// Decodes MARC-8 by the YAZ library, if the program was built with it.
 #pragma once
 
 #include <QByteArrayView>
@@ -11,15 +11,15 @@ class Marc8Decoder {
 public:
     static bool isAvailable();
 
-    Marc8Decoder(); // isAvailable() only
+    Marc8Decoder(); // only if isAvailable()
     ~Marc8Decoder();
     Marc8Decoder(const Marc8Decoder &) = delete;
     Marc8Decoder &operator=(const Marc8Decoder &) = delete;
 
-    // Fields, or parts of them: each field and subfield begins with the character sets that it has without escapes.
-    // Letters and their marks come composed. Bytes that are none become U+FFFD, one for each, and are counted.
+    // Decodes fields, or parts of them: each field and subfield starts with the default character sets. Letters with
+    // combining marks are returned composed. Each invalid byte becomes U+FFFD and is counted.
     QString decode(QByteArrayView bytes);
-    qint64 damaged() const; // over all calls
+    qint64 damaged() const; // invalid bytes in all calls
 
 private:
     struct State;

@@ -18,7 +18,7 @@ QStringView withoutBlanks(QStringView text) {
     return text;
 }
 
-// The length of the number at the start of the text: sign, digits, one decimal point. 0 where there is no digit.
+// Returns the length of the number at the start of the text: sign, digits, one decimal point. 0 if there is no digit.
 qsizetype numberLength(QStringView text) {
     qsizetype at = text.startsWith(u'+') || text.startsWith(u'-') ? 1 : 0;
     bool digits = false;
@@ -38,7 +38,8 @@ double valueOf(QStringView number) {
     return number.toDouble();
 }
 
-// The value of plain digits, which is what directories hold; -1 where the text is anything else or long.
+// The fast path for plain digits, as in directories: returns their value, or -1 if the text is anything else or longer
+// than nine digits.
 int plainDigits(QStringView text) {
     constexpr int longest = 9;
     int value = text.isEmpty() || text.size() > longest ? -1 : 0;
@@ -54,7 +55,7 @@ std::optional<Integer> toInteger(QStringView text) {
     const std::optional<double> value = toDouble(text);
     if (!value)
         return std::nullopt;
-    const double whole = std::nearbyint(*value); // the default rounding takes a half to the even number
+    const double whole = std::nearbyint(*value); // the default rounding mode rounds a half to the even number
     if (whole < double(std::numeric_limits<Integer>::min()) || whole > double(std::numeric_limits<Integer>::max()))
         return std::nullopt;
     return Integer(whole);
@@ -71,7 +72,7 @@ std::optional<double> toDouble(QStringView text) {
     if (!isNumericText(text))
         return std::nullopt;
     const double value = valueOf(withoutBlanks(text));
-    if (!std::isfinite(value)) // hundreds of digits
+    if (!std::isfinite(value)) // for example hundreds of digits
         return std::nullopt;
     return value;
 }

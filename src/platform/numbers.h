@@ -1,5 +1,5 @@
-// What counts as a number in a text, in one place: blanks (U+0020) around, an optional sign, digits with at most one
-// decimal point. No exponent, no &H, no thousands sign, no currency, no full-width digits.
+// The definition of a number in a text: surrounding blanks (U+0020), an optional sign, digits with at most one decimal
+// point. No exponent, no &H, no thousands separator, no currency, no full-width digits.
 #pragma once
 
 #include <QString>
@@ -10,19 +10,21 @@ namespace platform {
 
 bool isNumericText(QStringView text);
 
-// The value of a numeric text; nothing where the text is no number or the value does not fit.
-// Fractions are taken to the nearest whole number, a half to the even one.
+// Return the value of a numeric text; std::nullopt if the text is not a number or the value does not fit. The integers
+// round fractions to the nearest whole number, a half to the even one.
 std::optional<qint16> toInt16(QStringView text);
 std::optional<qint32> toInt32(QStringView text);
 std::optional<double> toDouble(QStringView text);
 
-// The number a text starts with (leading blanks passed over, sign and one decimal point taken), else 0.
+// Returns the number at the start of the text after leading blanks, with sign and one decimal point; 0 if there is
+// none.
 double leadingNumber(QStringView text);
 
-// The text without the blanks (U+0020 only) at its ends.
+// Returns the text without the blanks (only U+0020) at its ends.
 QString trimBlanks(QStringView text);
 
-// The decimal digits of value with zeros in front to `width` characters; empty when the number is wider than that.
+// Returns the decimal digits of `value`, padded with leading zeros to `width` characters; an empty string if the number
+// is longer than that.
 QString padZero(int width, qint32 value);
 
 } // namespace platform

@@ -21,13 +21,13 @@ bool fileExists(const QString &path) {
 }
 
 bool isSameFile(const QString &one, const QString &other) {
-    std::error_code ignored; // what cannot be looked up is no file
+    std::error_code ignored; // a path that cannot be looked up is not the same file
     return std::filesystem::equivalent(one.toStdU16String(), other.toStdU16String(), ignored);
 }
 
 QStringList filesWithTwoWildcards(const QString &folder, const QString &prefix, const QString &suffix) {
     constexpr Qt::CaseSensitivity sensitivity =
-        pathSeparator == u'\\' ? Qt::CaseInsensitive : Qt::CaseSensitive; // as the machine's own file names
+        pathSeparator == u'\\' ? Qt::CaseInsensitive : Qt::CaseSensitive; // as in the system's file names
     QStringList found;
     const QStringList names = QDir(folder).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Name);
     for (const QString &name : names) {

@@ -1,4 +1,4 @@
-// Paths in the machine's own manner. The separator is a parameter so that both manners can be tried everywhere.
+// Paths with native separators. The separator is a parameter so that tests can try both on every system.
 #pragma once
 
 #include "platform/result.h"
@@ -14,23 +14,23 @@ inline constexpr QChar pathSeparator = u'\\';
 inline constexpr QChar pathSeparator = u'/';
 #endif
 
-// The path with a separator at its end, added only where it is missing.
+// Returns the path with a separator at its end, added only if it is missing.
 QString pathWithSlash(const QString &path, QChar separator = pathSeparator);
 
-// The path up to and including its last separator; empty where there is none.
+// Returns the path up to and including its last separator; an empty string if it has none.
 QString folderOf(const QString &path, QChar separator = pathSeparator);
 
-// Whether a plain file (not a folder) of that name exists.
+// Returns whether the path names an existing file and not a folder.
 bool fileExists(const QString &path);
 
-// Whether both paths lead to one existing file, however they are written, links included.
+// Returns whether both paths refer to the same existing file, links resolved.
 bool isSameFile(const QString &one, const QString &other);
 
-// The files of `folder` whose name is prefix + two characters + suffix, compared literally (no wildcard reading of the
-// names' own characters); full paths, sorted. `folder` ends in a separator.
+// Returns the files of `folder` whose names are prefix + two characters + suffix, compared literally (characters of the
+// names are not wildcards). The paths are full and sorted. `folder` ends with a separator.
 QStringList filesWithTwoWildcards(const QString &folder, const QString &prefix, const QString &suffix);
 
-// Deletes the file; the reason where the machine refuses.
+// Deletes the file. Fails with the system's reason.
 Status removeFile(const QString &path);
 
 } // namespace platform

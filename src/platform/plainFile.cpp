@@ -56,8 +56,8 @@ Result<std::unique_ptr<QFile>> openPlainFile(const QString &path, QIODevice::Ope
     struct stat entry = {};
     if (fstat(descriptor, &entry) != 0 || !S_ISREG(entry.st_mode))
         return notAFile(path, S_ISDIR(entry.st_mode));
-    // Only now that it is known what it is; and not where nothing is to go: a file that was cut short is written to the
-    // disk at its closing by some systems, with whoever closes it waiting.
+    // Truncates only after the file is known to be a plain one, and only if it is not empty: some systems write a
+    // truncated file to the disk when it is closed, and closing it waits for that.
     if (mode & QIODevice::Truncate && entry.st_size != 0 && !file->resize(0))
         return Failure{file->errorString(), int(file->error())};
     return Result<std::unique_ptr<QFile>>(std::move(file));
@@ -81,7 +81,7 @@ Result<QByteArray> readSmallFile(const QString &path, qint64 limit) {
         return tooLarge(path, limit);
     QByteArray bytes;
     bytes.reserve(file.size());
-    while (true) { // it may have grown since its size was asked for
+    while (true) { // the file may have grown after size() was read
         const QByteArray part = file.read(portion);
         if (part.isEmpty())
             break;
@@ -125,7 +125,7 @@ Status makeOwnerFile(const QString &path) {
 QByteArrayView notTaken(QIODevice &device, QByteArrayView bytes) {
     qint64 written = 0;
     while (!bytes.isEmpty() && (written = device.write(bytes.data(), bytes.size())) > 0)
-        bytes = bytes.sliced(written); // a short write: the next one says why
+        bytes = bytes.sliced(written); // after a short write the next call sets the error
     return bytes;
 }
 

@@ -1,5 +1,5 @@
-// What may be opened as a file: a plain one, or a link to one. Anything else could keep us waiting for ever, so that
-// looking at it must not wait either.
+// Opens only plain files and links to them. Opening anything else, such as a pipe or a device, could block for ever, so
+// that the check itself must not block either.
 #pragma once
 
 #include "platform/result.h"
@@ -12,28 +12,28 @@ class QFile;
 
 namespace platform {
 
-// Opened without a buffer; fails for what is missing, refused or no plain file.
+// Opens the file unbuffered. Fails if it is missing, access is refused, or it is not a plain file.
 Result<std::unique_ptr<QFile>> openPlainFile(const QString &path, QIODevice::OpenMode mode);
 
-// Whether a file may stand at that path: nothing does, or a plain file.
+// Fails if something other than a plain file exists at the path; succeeds if nothing does.
 Status mayBecomeFile(const QString &path);
 
-// The bytes of a plain file that has no more than `limit` of them; fails for a larger one after reading no more than
-// that. A missing file is a failure too.
+// Returns the bytes of a plain file that has at most `limit` of them. Fails for a larger file, without reading much
+// more than `limit` bytes, and for a missing one.
 Result<QByteArray> readSmallFile(const QString &path, qint64 limit);
 
-// Whether something other than a plain file of at most `limit` bytes is at that path; nothing at all is fine. For files
+// Fails if something other than a plain file of at most `limit` bytes is at the path; a missing file is fine. For files
 // that a library opens by their path.
 Status smallOrMissing(const QString &path, qint64 limit);
 
-// The folder for files that concern the user alone: made where it is missing, and closed to other accounts. Fails where
-// it cannot be made or written to.
+// Makes the folder for files of the user alone if it is missing, and closes it to other accounts. Fails if the folder
+// cannot be made or written to.
 Status makeOwnerFolder(const QString &path);
 
-// An empty file that only its owner can read, made where there is none; one that is there is closed to other accounts.
+// Makes an empty file that only its owner can read if there is none, and closes an existing file to other accounts.
 Status makeOwnerFile(const QString &path);
 
-// Writes the bytes; what is left of them where the machine takes no more.
+// Writes the bytes. Returns those that could not be written.
 QByteArrayView notTaken(QIODevice &device, QByteArrayView bytes);
 
 } // namespace platform

@@ -19,13 +19,13 @@ namespace platform {
 
 namespace {
 
-using Sums = QMap<QString, QByteArray>; // of what was brought last, by the files' names
+using Sums = QMap<QString, QByteArray>; // sums of the files supplied last, by file name
 
-constexpr QLatin1StringView between("  "); // sum and name
+constexpr QLatin1StringView between("  "); // between sum and name
 
 bool mayWriteInto(const QString &folder) {
 #ifdef Q_OS_WIN
-    ++qt_ntfs_permission_lookup; // otherwise the toolkit looks at the read-only mark alone
+    ++qt_ntfs_permission_lookup; // without this Qt checks only the read-only attribute
     const bool may = QFileInfo(folder).isWritable();
     --qt_ntfs_permission_lookup;
     return may;
@@ -75,7 +75,7 @@ Status writeSums(const QString &path, const Sums &sums) {
 
 bool stands(const QString &path) {
     const QFileInfo entry(path);
-    return entry.exists() || entry.isSymLink(); // a link to nowhere is the user's too
+    return entry.exists() || entry.isSymLink(); // a dangling link belongs to the user too
 }
 
 struct Laying {

@@ -1,6 +1,7 @@
-// The program's own folder, where its configuration files are read and its report is written: beside the executable, or
-// in the user's own data where a package has put the executable out of the user's reach. There the files that came with
-// the program are laid down once and belong to the user from then on: none is ever written over.
+// The program's own folder, where it reads its configuration files and writes its report: the folder of the executable,
+// or a folder in the user's data if the user cannot write to the executable's, as after the installation of a package.
+// The files supplied with the program are copied to the latter once and belong to the user from then on: no file there
+// is ever overwritten.
 #pragma once
 
 #include "platform/result.h"
@@ -10,19 +11,19 @@
 
 namespace platform {
 
-// The folder of the executable where this user can write into it, else `userFolder`.
+// Returns the folder of the executable if this user can write to it, else `userFolder`.
 QString programFolder(const QString &executableFolder, const QString &userFolder);
-// The same for the running program and the user's data.
+// The same for the running program and the user's data folder.
 QString programFolder();
 
 struct LaidFiles {
-    QStringList newer;   // paths of those laid beside a file that stands, under its name with ".new"
-    QStringList refused; // paths of those that could not be laid, each with the machine's reason
+    QStringList newer;   // paths of files written next to an existing one, under its name with ".new"
+    QStringList refused; // paths of files that could not be copied, each with the system's reason
 };
 
-// Lays the named files of `from` into `to`, which is made where it is missing; nothing where both are one folder. A
-// file that stands stays as it is; where `from` brings another one than last time, that goes beside it, once. What was
-// brought last is remembered in `to` as laid.txt: sums and names in the manner of sha256sum.
+// Copies the named files of `from` to `to`, which is made if missing; does nothing if both are the same folder. An
+// existing file stays unchanged; if the file in `from` differs from the one supplied last, it is written once next to
+// the existing file. The sums of the files supplied last are kept in `to` as laid.txt, in the format of sha256sum.
 LaidFiles layFiles(const QString &from, const QString &to, std::span<const QStringView> names);
 
 } // namespace platform

@@ -6,7 +6,7 @@
 
 namespace platform {
 
-// Paths, newest first, ten at most, of files that still stand there.
+// Returns the paths of at most ten files that still exist, newest first.
 QStringList recentFiles(const DeskState &state);
 void noteRecentFile(const DeskState &state, const QString &path);
 

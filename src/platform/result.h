@@ -1,4 +1,4 @@
-// What an operation of the machine gives: a value, or the reason why there is none, worded for a message box.
+// The result of an operation of the system: a value, or the reason for a failure, worded for a message box.
 #pragma once
 
 #include <QString>
@@ -8,8 +8,8 @@
 namespace platform {
 
 struct Failure {
-    QString description; // fit for a message box, in the machine's or the server's own words
-    int number = -1;     // the fault number where the machine gives one; never 0
+    QString description; // worded for a message box, by the system or the server
+    int number = -1;     // the system's error number if there is one; never 0
 };
 
 template <class T>
@@ -23,19 +23,19 @@ public:
     bool ok() const { return m_state.index() == 0; }
     explicit operator bool() const { return ok(); }
 
-    // The value; only where ok().
+    // The value; valid only if ok().
     T &value() & { return std::get<0>(m_state); }
     const T &value() const & { return std::get<0>(m_state); }
     T &&value() && { return std::get<0>(std::move(m_state)); }
 
-    // The failure; only where not ok().
+    // The failure; valid only if not ok().
     const Failure &failure() const { return std::get<1>(m_state); }
 
 private:
     std::variant<T, Failure> m_state;
 };
 
-// For operations that give nothing but success.
+// For operations that return no value.
 using Status = Result<std::monostate>;
 inline Status success() {
     return Status(std::monostate{});

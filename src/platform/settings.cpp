@@ -15,7 +15,7 @@ namespace platform {
 
 namespace {
 
-constexpr qint64 largestSettings = 1 << 20; // bytes; some hundreds are usual
+constexpr qint64 largestSettings = 1 << 20; // bytes; a few hundred are usual
 
 QString fileOf(const QString &folder, const QString &application) {
     return folder + u'/' + application + QStringLiteral(".ini");
@@ -45,8 +45,8 @@ bool holdsAll(const QHash<QString, QVariant> &all, const QString &path) {
     return true;
 }
 
-// The toolkit remembers a file by its time and its size: one of the same moment and size would be taken for the old
-// one.
+// QSettings caches a file by its time and size, so that it would take a new file with the same time and size for the
+// old one.
 void tellApart(const QString &made, const QString &standing) {
     const QDateTime before = QFileInfo(standing).lastModified();
     if (QFile file(made); QFileInfo(made).lastModified() <= before && file.open(QIODevice::ReadWrite))
@@ -82,7 +82,7 @@ Status Settings::write(const QString &application, const QString &section, const
     if (!QDir().mkpath(m_folder))
         return Failure{QStringLiteral("无法建立设置文件夹 %1").arg(m_folder)};
     const QString path = fileOf(m_folder, application);
-    QString place = QFileInfo(path).canonicalFilePath(); // of a linked file, the file itself is replaced
+    QString place = QFileInfo(path).canonicalFilePath(); // replaces the target of a link, not the link
     if (place.isEmpty())
         place = path;
     if (const Status small = smallOrMissing(place, largestSettings); !small)
@@ -92,10 +92,10 @@ Status Settings::write(const QString &application, const QString &section, const
     for (const QString &other : standing.allKeys())
         all.insert(other, standing.value(other));
     all.insert(keyOf(section, key), value);
-    // A full disk must not cost the settings that were there: the new file is made beside the old one, and takes its
-    // place when it has shown that it holds everything.
+    // A full disk must not destroy the existing settings: the new file is written next to the old one and replaces it
+    // after it was read back and found complete.
     const QString made = place + u".making";
-    const QString whole = place + u".made"; // under another name, so that the toolkit reads what is on the disk
+    const QString whole = place + u".made"; // another name, so that QSettings reads the disk and not its cache
     const bool stored = storeAll(all, made);
     tellApart(made, place);
     const bool replaced = stored && movedOver(made, whole) && holdsAll(all, whole) && movedOver(whole, place);

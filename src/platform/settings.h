@@ -1,5 +1,5 @@
-// The per-user settings store: texts addressed by application, section and key. The file that holds them is born
-// readable by its owner alone, since the connection text carries a password.
+// The settings of the user: texts addressed by application, section and key. From its creation on, their file can be
+// read only by its owner, since the connection text contains a password.
 #pragma once
 
 #include "platform/result.h"
@@ -7,16 +7,16 @@
 
 namespace platform {
 
-// The application under which the program keeps what is its own.
+// The application under which the program keeps its own settings.
 inline constexpr QStringView settingsApplication = u"Tarvex集成系统";
 
 class Settings {
 public:
-    // The store of the user; or, for tests and tools, one in a folder of their own.
+    // The settings of the user, or, for tests and tools, settings kept in `folder`.
     Settings();
     explicit Settings(const QString &folder);
 
-    // The stored text, or `fallback` where there is none or the store cannot answer.
+    // Returns the stored text, or `fallback` if there is none or the file cannot be read.
     QString read(const QString &application, const QString &section, const QString &key, const QString &fallback) const;
     Status write(const QString &application, const QString &section, const QString &key, const QString &value) const;
 

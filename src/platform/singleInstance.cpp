@@ -33,7 +33,7 @@ SingleInstance::SingleInstance(const QString &name, const QString & /*folder*/)
 
 #else
 
-// An advisory lock on a file that every account finds: the kernel drops it with the process.
+// An advisory lock on a file that every account can open; the kernel releases it when the process ends.
 struct SingleInstance::Claim {
     int descriptor = -1;
     ~Claim() {
@@ -44,18 +44,18 @@ struct SingleInstance::Claim {
 
 namespace {
 
-// What else may stand under the name in a folder where anybody may write must neither lead elsewhere nor hold us up.
+// In a folder that every account can write to, the name may be a link or a pipe: neither must be followed or block.
 constexpr int carefully = O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;
 
-// Whoever comes first makes the file, readable by all whatever his umask: to lock it, reading is enough. It is opened
-// before it is made, since a shared folder may refuse O_CREAT on what another account owns.
+// Opens the lock file, or makes it readable for all accounts for every umask: locking needs only read access. Opening
+// is tried before making it, since a shared folder may refuse O_CREAT for a file of another account.
 int openLockFile(const char *path) {
     int descriptor = open(path, carefully);
     if (descriptor >= 0 || errno != ENOENT)
         return descriptor;
     descriptor = open(path, carefully | O_CREAT | O_EXCL, 0644);
     if (descriptor < 0)
-        return open(path, carefully); // another start was quicker
+        return open(path, carefully); // another process made it in between
     std::ignore = fchmod(descriptor, 0644);
     return descriptor;
 }
@@ -70,8 +70,8 @@ bool isPlainFile(int descriptor) {
 SingleInstance::SingleInstance(const QString &name, const QString &folder)
     : m_claim(std::make_unique<Claim>()) {
     m_claim->descriptor = openLockFile(QFile::encodeName(folder + u'/' + name + u".lock").constData());
-    // Where there is no file to lock or its file system knows no locks, there is no claim to hold: better two programs
-    // than none.
+    // If there is no file to lock, or its file system does not support locks, the claim cannot be checked; the program
+    // then starts.
     const bool refused = m_claim->descriptor >= 0 && isPlainFile(m_claim->descriptor) &&
                          flock(m_claim->descriptor, LOCK_EX | LOCK_NB) != 0;
     m_first = !refused || errno != EWOULDBLOCK;

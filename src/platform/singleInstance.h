@@ -1,5 +1,5 @@
-// Tells whether another instance of the program runs on this machine, whoever started it. The answer survives a crash
-// of the first instance: the machine itself lets go of the claim when the process ends, however it ends.
+// Determines whether another instance of the program, of any account, runs on this machine. The operating system
+// releases the claim when the process ends, even by a crash.
 #pragma once
 
 #include <QString>
@@ -9,15 +9,15 @@ namespace platform {
 
 class SingleInstance {
 public:
-    // The claim lies in a file of that name in the folder, where the machine keeps claims in files. Another folder than
-    // the machine's is for who must not meet the program that people run: the tour, and tests.
+    // On systems that keep claims in files, the claim is a file called `name` with ".lock" in `folder`. The tour and
+    // the tests use a folder of their own so that they do not conflict with a running program.
     explicit SingleInstance(const QString &name, const QString &folder = machineFolder());
     ~SingleInstance();
 
-    // Whether this process is the first; the claim is held until the object goes.
+    // Returns whether this process is the first. The claim is held until this object is destroyed.
     bool isFirst() const { return m_first; }
 
-    // The folder for passing files, the same for every account whatever its environment says.
+    // Returns the folder for temporary files, the same for every account and environment.
     static QString machineFolder();
 
 private:

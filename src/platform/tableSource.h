@@ -1,5 +1,5 @@
-// A table of texts that a grid can show without copying it: a database result, a list of records. Rows and columns
-// count from 0 and hold data only; headings belong to the grid.
+// A table of texts that a grid shows without copying it: a database result, a list of records. Rows and columns are
+// counted from 0 and contain only data; headings belong to the grid.
 #pragma once
 
 #include <QString>

@@ -21,8 +21,8 @@ const char *converterName(Charset charset) {
     case Charset::Big5:
         return "windows-950";
     case Charset::Latin1:
-        return "windows-1252"; // the same and more, as files that call themselves so have it
-    case Charset::Gbk:         // has tables of its own
+        return "windows-1252"; // a superset, which files labelled Latin-1 use
+    case Charset::Gbk:         // codepage936.h has the tables
     case Charset::Marc8:
     case Charset::Utf8:
         break;
@@ -30,10 +30,10 @@ const char *converterName(Charset charset) {
     return "UTF-8";
 }
 
-// Called by the converter for what is no character.
+// Called by the converter for each invalid sequence.
 void replaceDamaged(const void *counter, UConverterToUnicodeArgs *arguments, const char *, int32_t,
                     UConverterCallbackReason reason, UErrorCode *status) {
-    if (reason > UCNV_IRREGULAR) // the converter is reset, closed or copied
+    if (reason > UCNV_IRREGULAR) // called because the converter is reset, closed or copied
         return;
     ++*static_cast<qint64 *>(const_cast<void *>(counter));
     *status = U_ZERO_ERROR;
@@ -92,7 +92,7 @@ QString TextDecoder::decode(QByteArrayView bytes, bool goesOn) {
         m_state->damaged = m_state->marc8->damaged();
         return text;
     }
-    // No encoding here has fewer bytes than units; the rest is for what was kept from the call before.
+    // No encoding here has fewer bytes than UTF-16 units; the extra units are for bytes kept from the last call.
     constexpr qsizetype kept = 16;
     QString text(bytes.size() + kept, Qt::Uninitialized);
     auto *const begin = reinterpret_cast<UChar *>(text.data());

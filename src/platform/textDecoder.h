@@ -1,5 +1,5 @@
-// Text from bytes in the encodings that record files come in, by the machine's own converters. Damaged bytes become
-// U+FFFD, one for each sequence that is none, and are counted.
+// Decodes the encodings of record files, by the converters of ICU. Each invalid byte sequence becomes U+FFFD and is
+// counted.
 #pragma once
 
 #include "platform/result.h"
@@ -13,17 +13,17 @@ enum class Charset { Gbk, Gb18030, Utf8, Utf16Le, Utf16Be, Big5, Latin1, Marc8 }
 
 class TextDecoder {
 public:
-    // Fails where the machine lacks the converter.
+    // Fails if ICU lacks the converter.
     static Result<TextDecoder> open(Charset charset);
-    static Result<TextDecoder> open(const QByteArray &name); // as XML declares it
+    static Result<TextDecoder> open(const QByteArray &name); // as declared in XML
     TextDecoder(TextDecoder &&) noexcept;
     TextDecoder &operator=(TextDecoder &&) noexcept;
     ~TextDecoder();
 
-    // The text of bytes that are whole in themselves. With `goesOn` a character that is cut at their end is kept for
-    // the next call; not with Gbk and Marc8.
+    // Decodes the bytes. With `goesOn` a character that is cut off at their end is kept for the next call, except for
+    // Gbk and Marc8; without it the bytes must be complete.
     QString decode(QByteArrayView bytes, bool goesOn = false);
-    qint64 damaged() const; // sequences, over all calls
+    qint64 damaged() const; // invalid sequences in all calls
     bool isUtf8() const;
 
 private:

@@ -13,7 +13,7 @@ namespace platform {
 namespace {
 
 constexpr qsizetype blockSize = 1 << 18;
-constexpr qsizetype lineBlockSize = 1 << 19; // what stands in it is written in as large pieces
+constexpr qsizetype lineBlockSize = 1 << 19; // lines that are not copied are written in pieces of this size
 constexpr qsizetype beginningSize = 1 << 16;
 
 const char *find(char wanted, const char *from, qsizetype size) {
@@ -25,17 +25,18 @@ const char *find(char wanted, const char *from, qsizetype size) {
 struct LineReader::State {
     std::unique_ptr<QFile> file;
     QByteArray block = QByteArray(lineBlockSize, Qt::Uninitialized);
-    qsizetype at = 0;   // next unread byte in the block
+    qsizetype at = 0;   // offset of the next unread byte in the block
     qsizetype size = 0; // bytes in the block
-    QByteArray joined;  // a line that runs over a block's end
-    char sought = 0;    // the byte that was found ahead, and where in the file; behind it nothing is known
+    QByteArray joined;  // a line that crosses the end of a block
+    // The byte found by reaches(), and its offset in the file; nothing is known about the bytes after it.
+    char sought = 0;
     qint64 soughtAt = -1;
     std::optional<Failure> fault;
-    bool stands = false; // the line handed back last
+    bool stands = false; // of the line returned last
     std::function<void()> beforeReading;
 
-    // Brings what is left in the block to its front and reads on behind it: so nearly every line comes to lie whole in
-    // a block. Whether anything was read.
+    // Moves the unread bytes to the start of the block and reads more after them, so that nearly every line is complete
+    // in the block. Returns whether anything was read.
     bool readBehind() {
         if (beforeReading)
             beforeReading();
@@ -54,7 +55,7 @@ struct LineReader::State {
     bool reaches(char wanted) {
         if (file->isSequential() || QByteArrayView(block).sliced(at, size - at).contains(wanted))
             return true;
-        const qint64 back = file->pos(); // of the byte behind the block
+        const qint64 back = file->pos(); // offset of the byte after the block
         if (sought == wanted && soughtAt >= back)
             return true;
         QByteArray piece(blockSize, Qt::Uninitialized);
@@ -70,17 +71,17 @@ struct LineReader::State {
         return false;
     }
 
-    // Takes the line feed that belongs to a carriage return just read.
+    // Skips the line feed that belongs to a carriage return just read.
     void passLineFeed() {
         if (hasMore() && *here() == '\n')
             ++at;
     }
 
-    // The carriage return that ends the next line, where that lies in the block with the byte behind it.
+    // Returns the carriage return that ends the next line; nullptr unless it and the byte after it are in the block.
     const char *lineEnd() const { return size - at > 1 ? find('\r', here(), size - at - 1) : nullptr; }
 
-    // The next line; only up to and including the first `stop` byte where one is given. One that lies whole in the
-    // block is handed back as it stands there, of another one nothing: it goes behind what is gathered.
+    // Returns the next line, only up to and including the first `stop` byte if one is given. A line that is complete in
+    // the block is returned as a view of it; any other line is appended to `gathered`, and an empty view returned.
     QByteArrayView line(std::optional<char> stop, QByteArray &gathered) {
         const char *end = lineEnd();
         if (!end && size - at < block.size() && readBehind())
@@ -98,7 +99,7 @@ struct LineReader::State {
         return line;
     }
 
-    // The same of a line that is longer than the block, or is the last of the file.
+    // The same for a line that is longer than the block or is the last of the file.
     void gatherLine(std::optional<char> stop, QByteArray &gathered) {
         const qsizetype before = gathered.size();
         bool stopped = false;
@@ -184,7 +185,7 @@ Result<LineCount> countLines(const QString &path, char mark) {
     QByteArray block(blockSize, Qt::Uninitialized);
     LineCount counted;
     char last = '\n';       // the last byte read
-    char beforeLast = '\r'; // and the one before it: an empty file ends as a finished line does
+    char beforeLast = '\r'; // the byte before it; the initial values make an empty file end like a finished line
     qint64 size = 0;
     while ((size = file.value()->read(block.data(), block.size())) > 0) {
         const QByteArrayView read(block.constData(), size);
@@ -220,7 +221,7 @@ Status writeTextFile(const QString &path, const QString &text) {
         return plain;
     QSaveFile file(path);
     file.setDirectWriteFallback(true);
-    // Unbuffered, since commit() does not see that the last of a buffer had no room.
+    // Unbuffered, since commit() does not report that the rest of a buffer did not fit on the disk.
     if (file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && notTaken(file, encode(text)).isEmpty() &&
         file.commit())
         return success();

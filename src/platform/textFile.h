@@ -1,5 +1,5 @@
-// Text files on code page 936. Lines end at a carriage return, alone or followed by a line feed; a line feed alone ends
-// nothing. Lines are found in the bytes and decoded afterwards, one by one: 0x0D is never half of a character.
+// Text files in code page 936. A line ends at a carriage return, alone or followed by a line feed; a line feed alone
+// does not end a line. Lines are found in the bytes and then decoded one by one: 0x0D is never half of a character.
 #pragma once
 
 #include "platform/result.h"
@@ -16,43 +16,43 @@ class QFile;
 
 namespace platform {
 
-// Reads a file line by line in blocks; holds no more than a block and the line in hand.
+// Reads a file line by line in blocks; holds at most one block and the current line.
 class LineReader {
 public:
-    // Fails for what is missing, unreadable or no plain file: nobody waits for what a pipe or a device may bring.
+    // Fails if the file is missing, unreadable or not a plain file; never blocks on a pipe or a device.
     static Result<LineReader> open(const QString &path);
     LineReader(LineReader &&) noexcept;
     LineReader &operator=(LineReader &&) noexcept;
     ~LineReader();
 
-    // Whether nothing is left to read, the line end of the last line taken as read.
+    // Returns whether nothing is left to read, not counting the line end of the last line.
     bool atEnd() const;
 
-    // The next line without its line end; empty at the end of the file. Valid until the next call of any function here,
-    // atEnd() included.
+    // Returns the next line without its line end; an empty view at the end of the file. Valid until the next call of
+    // any function here, atEnd() included.
     QByteArrayView readLine();
 
-    // The next line up to and including the first `stop` byte in it; what stands behind that byte on the line is read
-    // and dropped without being held. The whole line where it has no such byte; of a long one, when the rest of the
-    // file has none either, only a beginning, and the reader is at its end. A line that lies whole in the block is
-    // handed back as it stands there, valid as readLine()'s is; another one is put behind what is gathered, and nothing
-    // handed back.
+    // Reads the next line up to and including the first `stop` byte in it; the rest of the line is skipped without
+    // being held. A line without that byte is read whole; if such a line is longer than `heldOnTrust` bytes and the
+    // rest of the file has no `stop` byte either, only its beginning is read, and the reader is at its end. A line that
+    // is complete in the block is returned as a view, valid as with readLine(); any other line is appended to
+    // `gathered`, and an empty view returned.
     QByteArrayView lineThrough(char stop, QByteArray &gathered);
 
-    // Whether the line handed back last stands in the block whole, nothing of it dropped, with CR LF behind it.
+    // Returns whether the line returned last is complete in the block, with nothing skipped and CR LF after it.
     bool stands() const;
-    // What is called before the block is read over: until then all lines handed back from it stand in it.
+    // Sets a function that is called before the block is overwritten; until then all lines returned from it stay valid.
     void beforeReading(std::function<void()> told);
 
-    // Whether the byte stands anywhere in what is left of the file; where it does not, the reader is at its end
-    // afterwards. For whoever gathers bytes up to that one: beyond `heldOnTrust` of them it pays to ask.
+    // Returns whether the byte occurs in the rest of the file; if not, the reader is at its end afterwards. For callers
+    // that gather bytes up to that byte: the search pays off beyond `heldOnTrust` of them.
     bool reaches(char wanted);
     static constexpr qsizetype heldOnTrust = 8 << 20;
 
-    // Why the machine stopped giving bytes before the file's end, where it did; the reader counts as at its end then.
+    // Returns the read error that occurred before the end of the file, if any; the reader is then at its end.
     std::optional<Failure> fault() const;
 
-    // Back to the start of the file.
+    // Returns to the start of the file.
     void rewind();
 
 private:
@@ -62,20 +62,20 @@ private:
 };
 
 struct LineCount {
-    qint64 lines = 0;     // empty ones included; what stands behind the last line end counts if there is anything
-    qint64 marks = 0;     // how often the byte stands in the file that was asked for; NUL: not counted
-    QByteArray beginning; // the first 64 KB
+    qint64 lines = 0;     // including empty ones and an unfinished, non-empty last one
+    qint64 marks = 0;     // occurrences of the byte `mark` in the file; 0 if it is NUL
+    QByteArray beginning; // the first 64 KB at most
 };
 
-// One look at the whole file.
+// Reads the whole file once.
 Result<LineCount> countLines(const QString &path, char mark = '\0');
 
-// The decoded lines of a small file.
+// Returns the decoded lines of a small file.
 Result<QStringList> readTextLines(const QString &path);
 
-// Replaces the file with the text in code page 936, as it stands: no line end is added or changed. The new file is made
-// beside the old one and takes its name and permissions when it is whole, so that a full disk leaves the old one. Where
-// the folder allows no new file the old one is written over in place.
+// Replaces the file by the text in code page 936; adds and changes no line end. The new file is written next to the old
+// one and gets its name and permissions when it is complete, so that a full disk leaves the old file intact. If the
+// folder allows no new file, the old one is overwritten in place.
 Status writeTextFile(const QString &path, const QString &text);
 
 } // namespace platform

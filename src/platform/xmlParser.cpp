@@ -78,7 +78,7 @@ struct XmlParser::Parser {
     bool atEnd = false;
     QString fault;
 
-    // The library calls these with what setUp() gave it.
+    // The library calls these functions with the pointer set in setUp().
     static Parser &of(void *self) {
         Parser &parser = *static_cast<Parser *>(self);
         parser.fedForToken = 0;

@@ -1,5 +1,5 @@
-// XML as it comes in, by the expat library, which bounds what entities may grow to. Names come without their prefix.
-// Memory: the element at hand and what of the last bytes was not parsed yet.
+// Parses XML incrementally, by the expat library, which limits the expansion of entities. Names are passed without
+// their prefix. Holds only the current element and the last bytes that are not parsed yet.
 #pragma once
 
 #include <QByteArray>
@@ -9,16 +9,16 @@
 
 namespace platform {
 
-// Views are valid during the call only; texts are UTF-8.
+// Views are valid only during the call; texts are UTF-8.
 class XmlElement {
 public:
     XmlElement(const char *name, const char **attributes);
 
     QByteArrayView space() const { return m_space; } // the namespace
     QByteArrayView name() const { return m_name; }
-    // Of an attribute without a namespace; empty where there is none.
+    // Returns the value of an attribute without a namespace; an empty view if there is none.
     QByteArrayView attribute(QByteArrayView name) const;
-    QByteArray startTag() const; // with those attributes, but without namespaces
+    QByteArray startTag() const; // with the attributes that have no namespace, and without namespace declarations
 
 private:
     QByteArrayView m_space;
@@ -31,12 +31,12 @@ public:
     virtual ~XmlHandler() = default;
     virtual void startElement(const XmlElement &element) = 0;
     virtual void endElement(QByteArrayView name) = 0;
-    virtual void text(QByteArrayView text) = 0; // in pieces as they come
+    virtual void text(QByteArrayView text) = 0; // may be called several times for one text
 };
 
 class XmlParser {
 public:
-    // Bytes that a single comment, instruction or start tag may have.
+    // The most bytes of a single comment, processing instruction or start tag.
     static constexpr qsizetype longestToken = 4 << 20;
 
     explicit XmlParser(XmlHandler &handler);
@@ -45,9 +45,10 @@ public:
     XmlParser &operator=(const XmlParser &) = delete;
 
     enum class State { WantsMore, Paused, Ended, Failed };
-    // The next bytes, in UTF-8 whatever the XML declares. None: the end. Not while paused.
+    // Parses the next bytes, in UTF-8 even if the XML declares another encoding. No bytes: the end. Must not be called
+    // while paused.
     State feed(QByteArrayView utf8);
-    void pause(); // called by the handler: what follows comes after resume()
+    void pause(); // called by the handler; resume() continues
     State resume();
 
     QString fault() const; // after Failed: line, column and reason
@@ -58,7 +59,7 @@ private:
     std::unique_ptr<Parser> m_parser;
 };
 
-// "&", "<", ">" and the quotation mark as XML spells them.
+// Appends the text with "&", "<", ">" and the quotation mark escaped for XML.
 void appendEscaped(QByteArray &xml, QByteArrayView text);
 
 } // namespace platform

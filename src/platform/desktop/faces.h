@@ -1,16 +1,16 @@
-// The families of fonts that are asked for, best first; each is on some of the systems.
+// Font families, best first; each one exists on some of the systems.
 #pragma once
 
 #include <QStringList>
 
 namespace platform {
 
-// Of the windows, beside the desktop's own.
+// For the windows, in addition to the desktop's own font.
 inline QStringList plainFaces() {
     return QStringLiteral("Microsoft YaHei UI|Noto Sans CJK SC|WenQuanYi Micro Hei").split(u'|');
 }
 
-// Song style, of long texts and of print.
+// Song style, for long texts and for printing.
 inline QStringList songFaces() {
     return QStringLiteral("宋体|SimSun|NSimSun|Songti SC|Noto Serif CJK SC|Source Han Serif SC|Noto Sans CJK SC")
         .split(u'|');

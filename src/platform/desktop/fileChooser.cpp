@@ -18,7 +18,7 @@ namespace {
 
 enum Column { NameColumn, SizeColumn, KindColumn, DateColumn };
 
-// The toolkit spells sizes and dates by the session's locale.
+// Shows sizes and dates in Chinese; Qt formats them by the locale of the session.
 class ChineseFiles final : public QSortFilterProxyModel {
 public:
     using QSortFilterProxyModel::QSortFilterProxyModel;
@@ -36,8 +36,8 @@ public:
     void sort(int column, Qt::SortOrder order) override { sourceModel()->sort(column, order); }
 };
 
-// "label|pattern|label|pattern" as the toolkit's filters. The labels hold brackets of their own, so each gets its
-// pattern in a last pair, which the dialog does not show; "*.*" stands for every file.
+// Converts "label|pattern|label|pattern" to name filters of Qt. The labels contain brackets of their own, so each
+// pattern is appended in a last pair of brackets, which the dialog does not show; "*.*" means every file.
 QStringList nameFilters(const QString &filter) {
     const QStringList parts = filter.split(u'|');
     QStringList filters;
@@ -48,16 +48,16 @@ QStringList nameFilters(const QString &filter) {
     return filters;
 }
 
-// The name takes what the others leave.
+// The name column takes the width that the others leave.
 void fitColumns(QFileDialog &window) {
-    constexpr int sideBar = 14, files = 62; // characters
+    constexpr int sideBar = 14, files = 62; // in characters
     const int character = window.fontMetrics().averageCharWidth();
     if (auto *tree = window.findChild<QTreeView *>(u"treeView"_s)) {
         tree->header()->setStretchLastSection(false);
         for (const int column : {SizeColumn, KindColumn, DateColumn})
             tree->header()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
         tree->header()->setSectionResizeMode(NameColumn, QHeaderView::Stretch);
-        tree->header()->hideSection(KindColumn); // the suffix says it
+        tree->header()->hideSection(KindColumn); // the file suffix shows the kind
     }
     if (auto *splitter = window.findChild<QSplitter *>(u"splitter"_s))
         splitter->setSizes({sideBar * character, files * character});
@@ -68,7 +68,7 @@ void fitColumns(QFileDialog &window) {
 QString chooseFileIn(const FileDialog &dialog, const QString &start, QWidget *parent) {
     QFileDialog window(parent, dialog.title, start);
     window.setOption(QFileDialog::HideNameFilterDetails);
-#ifndef Q_OS_WIN // where the system's own is in Chinese already
+#ifndef Q_OS_WIN // on Windows the native dialog is in Chinese already
     window.setOption(QFileDialog::DontUseNativeDialog);
     window.setProxyModel(new ChineseFiles(&window));
 #endif
@@ -81,7 +81,7 @@ QString chooseFileIn(const FileDialog &dialog, const QString &start, QWidget *pa
         window.setFileMode(QFileDialog::ExistingFile);
     }
     fitColumns(window);
-    // Room for a name, a size and a date beside each other.
+    // Wide enough for a name, a size and a date.
     const QSize wanted(window.fontMetrics().averageCharWidth() * 76, window.fontMetrics().height() * 28);
     window.resize(wanted.boundedTo(roomOnScreen(&window)));
     if (window.exec() != QDialog::Accepted || window.selectedFiles().isEmpty())

@@ -1,13 +1,13 @@
-// The dialog that chooses a file: the toolkit's own, bounded by the screen, its columns fitting it, its sizes and dates
-// in Chinese whatever the locale of the session.
+// The dialog that chooses a file: Qt's own, limited to the size of the screen, with columns that fit it, and sizes and
+// dates in Chinese for every locale of the session.
 #pragma once
 
 #include "platform/host.h"
 
 namespace platform {
 
-// The chosen path in the machine's manner; empty after a cancel. `start` is the folder or the file where the dialog
-// begins, the toolkit's choice where it is empty.
+// Returns the chosen path with native separators; an empty string after a cancel. The dialog begins at the folder or
+// file `start`, or where Qt chooses if `start` is empty.
 QString chooseFileIn(const FileDialog &dialog, const QString &start, QWidget *parent);
 
 } // namespace platform

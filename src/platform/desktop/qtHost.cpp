@@ -31,8 +31,8 @@ namespace {
 
 constexpr QLatin1StringView lastFolder("files/folder");
 
-// A clock for whoever asks it once a record: where the system has one that goes by its ticks, of a few milliseconds,
-// it takes a quarter of the time to read.
+// Returns milliseconds of a monotonic clock that is read once per record. The coarse clock, where the system has one,
+// is accurate to a few milliseconds and takes a quarter of the time to read.
 qint64 roughMilliseconds() {
 #ifdef CLOCK_MONOTONIC_COARSE
     timespec now = {};
@@ -56,15 +56,15 @@ QMessageBox::Icon iconOf(Icon icon) {
     return QMessageBox::NoIcon;
 }
 
-// The toolkit takes No for the way out of a box with Yes and No, even where it was told of none; a box that may be left
-// by its buttons only has to refuse the other ways itself.
+// QMessageBox takes No for the escape button of a box with Yes and No, even if none was set. A box that may be left
+// only by its buttons therefore rejects Esc and the close button itself.
 class QuestionBox final : public QMessageBox {
 public:
     QuestionBox(QWidget *parent, const Box &box, const QString &tick = {})
         : QMessageBox(parent)
         , m_leaving(box.leaving) {
         setIcon(iconOf(box.icon));
-        if (!tick.isEmpty()) // before the title, since it lays out the box again
+        if (!tick.isEmpty()) // before the title, since setCheckBox() lays out the box again
             setCheckBox(new QCheckBox(tick, this));
         showTitle(box.title.isEmpty() ? programTitle.toString() : box.title);
         setTextFormat(Qt::PlainText);
@@ -86,9 +86,9 @@ protected:
     }
 
 private:
-    // Wide enough for its title, which a short text would have cut.
+    // Makes the box wide enough for its title, which would be truncated over a short text.
     void showTitle(const QString &title) {
-        constexpr int besideTitle = 14; // characters: the frame's buttons, and what is around them
+        constexpr int besideTitle = 14; // characters: the buttons of the frame and their margins
         setWindowTitle(title);
         const QFontMetrics metrics = fontMetrics();
         if (auto *grid = qobject_cast<QGridLayout *>(layout()))
@@ -100,7 +100,7 @@ private:
     Leaving m_leaving;
 };
 
-// The modal window, but where one that it has opened itself is at work.
+// Returns the modal window, or the active window if it was opened by the modal one.
 QWidget *windowInFront() {
     QWidget *active = QApplication::activeWindow();
     QWidget *modal = QApplication::activeModalWidget();
@@ -110,12 +110,12 @@ QWidget *windowInFront() {
     return modal && !opener ? modal : active;
 }
 
-// The toolkit takes a helper that has started for one that has opened something; the helper says by its exit code that
-// there is no browser. One that still runs after a while has become the browser itself, or waits for it. Meanwhile the
-// windows are painted, and what is typed waits.
+// QDesktopServices reports success as soon as the helper program starts, but the helper reports by its exit code that
+// there is no browser. A helper that still runs after the timeout has become the browser itself or waits for it.
+// Meanwhile windows are painted and user input waits.
 [[maybe_unused]] bool openBy(const QString &opener, const QUrl &url) {
     constexpr int patienceMilliseconds = 3000;
-    auto *helper = new QProcess(qApp); // goes when it has ended, whenever that is
+    auto *helper = new QProcess(qApp); // deleted when the helper ends
     helper->setStandardInputFile(QProcess::nullDevice());
     helper->setStandardOutputFile(QProcess::nullDevice());
     helper->setStandardErrorFile(QProcess::nullDevice());
@@ -188,8 +188,8 @@ QDateTime QtHost::now() const {
     return QDateTime::currentDateTime();
 }
 
-// To ask the system for events costs as much as a record does in the quickest runs, so it is asked some hundred times
-// a second at most: no one notices a button that answers so soon.
+// Processing events costs as much as one record does in the fastest runs, so events are processed at most some hundred
+// times a second, which is fast enough for a button.
 void QtHost::yield() {
     constexpr qint64 leastMilliseconds = 2;
     if (m_lastEvents && roughMilliseconds() - *m_lastEvents < leastMilliseconds)
@@ -199,7 +199,7 @@ void QtHost::yield() {
 }
 
 void QtHost::endProcess() {
-    // Without asking any window: no close events, no destructors.
+    // Ends without close events and destructors.
     if (m_beforeEnd)
         m_beforeEnd();
     std::_Exit(EXIT_SUCCESS);

@@ -1,4 +1,4 @@
-// The real machine behind Host: message boxes, file dialogs, the desktop's shell, the event loop.
+// The implementation of Host for real use: message boxes, file dialogs, the desktop's shell, the event loop.
 #pragma once
 
 #include "platform/host.h"
@@ -9,7 +9,7 @@ namespace platform {
 
 class QtHost : public Host {
 public:
-    // `beforeEnd` runs when the process is ended at once: no object of the program sees that end.
+    // endProcess() calls `beforeEnd` before it ends the process, since it runs no destructors.
     explicit QtHost(Settings settings, DeskState state = DeskState(), std::function<void()> beforeEnd = {});
 
     Answer show(const Box &box) override;
@@ -28,11 +28,11 @@ private:
     DeskState m_state;
     std::function<void()> m_beforeEnd;
     QString m_programFolder;
-    std::optional<qint64> m_lastEvents; // when events were last let in, by the rough clock
+    std::optional<qint64> m_lastEvents; // when events were last processed, by roughMilliseconds()
 };
 
-// Loads the toolkit's own words in Chinese and the font fall-backs, and tells the desktop which of its entries the
-// windows belong to; call once, before any window.
+// Loads Qt's Chinese translations, sets the fallback fonts, and names the desktop entry that the windows belong to.
+// Must be called once, before any window is made.
 void prepareToolkit();
 
 } // namespace platform

@@ -1,4 +1,4 @@
-// What room a window has: the screen's, without the panels of the desktop and the frame that the window manager adds.
+// The space for a window on its screen, without the panels of the desktop and the frame that the window manager adds.
 #pragma once
 
 #include <QSize>
@@ -7,11 +7,11 @@ class QWidget;
 
 namespace platform {
 
-// The largest size that a window may have, its frame not counted. Before it is shown its frame is taken to be like that
-// of the window it belongs to, else as an ordinary one.
+// Returns the largest size that a window may have, excluding its frame. For a window that is not yet shown, the frame
+// is assumed to be that of its nearest visible parent, or else a usual one.
 QSize roomOnScreen(const QWidget *window);
 
-// Moves a window that is shown, its frame with it, onto the screen.
+// Moves a visible window, including its frame, so that it is on the screen.
 void keepOnScreen(QWidget *window);
 
 } // namespace platform
