@@ -1,5 +1,4 @@
-// A window of the toolkit with nothing in it, or with the text that it is called with: what every program's start is
-// compared with.
+// A toolkit window that is empty or shows the text of its argument: the baseline for the start of every program.
 #include <QApplication>
 #include <QLabel>
 

@@ -1,4 +1,4 @@
-// The proof and look-up of a whole list in its real window.
+// Proof and look-up of a whole list in the real window.
 #pragma once
 
 #include "benchStage.h"
@@ -6,9 +6,9 @@
 
 namespace bench {
 
-// A round, from the window on the screen to its last remark.
+// Runs one round. Returns the seconds from the window being visible to its last remark.
 std::optional<double> proofAllInWindow(const QString &database, std::shared_ptr<const marc::PreReadStore> records);
-// What the look-up needs to know of the database, listed in the shell of SQLite.
+// Returns a command for the SQLite shell that lists the columns of the database that the look-up needs.
 QString identitiesCommand(const QString &database);
 
 } // namespace bench

@@ -1,4 +1,4 @@
-// What the comparisons work on and with: the made files, fresh folders, and the real machine without its boxes.
+// The environment of the comparisons: generated files, fresh folders, and a host that answers its own message boxes.
 #pragma once
 
 #include "marc/preReadStore.h"
@@ -21,7 +21,7 @@ struct RecordFile {
     int records;
 };
 
-// The folder that scripts/bench fills before.
+// The folder that scripts/bench has filled.
 struct BenchStage {
     QString folder;
 
@@ -34,18 +34,18 @@ struct BenchStage {
     QString catalogueOf(int rows) const { return file(QString(u"catalogue-" + QString::number(rows) + u".db")); }
     QString listDatabase() const { return catalogueOf(listedRows); }
     QString exportDatabase() const { return catalogueOf(exportedRows); }
-    QString emptyDatabase() const { return file(u"empty.db"); } // the tables alone
-    QString freshPath(QStringView name) const;                  // a name that no round had before
-    QString freshFolder(QStringView name) const;                // made, and empty
+    QString emptyDatabase() const { return file(u"empty.db"); } // with tables but no rows
+    QString freshPath(QStringView name) const;                  // a name that no earlier round used
+    QString freshFolder(QStringView name) const;                // created, empty
 };
 
-// The connection text of an SQLite file, as the program's own data source has it.
+// Returns the connection text for an SQLite file, with the settings of the program's own data source.
 QString connectionTo(const QString &database);
 
-// The records of a file, as the workspace lists them.
+// Reads the records of a file into the list that the workspace uses.
 std::shared_ptr<const marc::PreReadStore> readStore(const QString &file);
 
-// The real machine, but boxes answer themselves and the file dialog gives `chosenFile`.
+// The real host, but message boxes answer themselves and the file dialog returns `chosenFile`.
 class BenchHost final : public platform::QtHost {
 public:
     BenchHost();
@@ -55,13 +55,13 @@ public:
 
     QString chosenFile;
     platform::Answer answer = platform::Answer::No; // to every question
-    std::function<void()> told = [] {};             // called with each box
+    std::function<void()> told = [] {};             // called for each box
     int boxes = 0;
 };
 
-// Shows the window and waits until it is on the screen.
+// Shows the window and waits until it is visible.
 void putUp(QWidget &window);
-// Whatever waits: the last painting of a run belongs to it.
+// Processes all pending events; the last painting of a run is part of its time.
 void settle();
 
 } // namespace bench

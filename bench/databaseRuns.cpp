@@ -37,7 +37,7 @@ QString textOf(const QString &path) {
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
-// The tables anew, by the schema script of that name.
+// Drops all tables and creates them again from the named schema script.
 void makeTables(const QString &connectionText, const QString &schema) {
     database::LinkPool links;
     auto connection = database::Connection::open(links, connectionText);
@@ -185,7 +185,7 @@ std::optional<double> selectByLoop(const QString &catalogue, int rows) {
 
 std::optional<double> listByLoop(const QString &catalogue, int rows) {
     constexpr int columns = 8;
-    DriverLoop loop(connectionTo(catalogue) + u"StepAPI=1;"); // a row at a time, as the program has it
+    DriverLoop loop(connectionTo(catalogue) + u"StepAPI=1;"); // one row at a time, as in the program
     loop.bind(columns);
     return timed([&] { return loop.fetchAll(asSqlite(catalogue::catalogueStatement({}, {}))) == rows; });
 }

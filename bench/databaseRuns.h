@@ -1,4 +1,4 @@
-// Import, list, export and print preview in their real windows, and the bare loops beside them.
+// Import, list, export and print preview in the real windows, and bare loops for comparison.
 #pragma once
 
 #include "benchStage.h"
@@ -12,25 +12,25 @@
 
 namespace bench {
 
-// A database to import into.
+// A database that receives an import.
 struct ImportTarget {
     database::Server server;
-    std::function<QString()> emptied; // its connection text, with no row in it
+    std::function<QString()> emptied; // removes all rows and returns the connection text
 };
-ImportTarget sqliteTarget(const BenchStage &stage); // a new file each time
-// PostgreSQL or MariaDB, where the connection texts in the file of scripts/test-servers have it.
+ImportTarget sqliteTarget(const BenchStage &stage); // a new file for each round
+// Returns PostgreSQL or MariaDB if the file written by scripts/test-servers contains a connection text for it.
 std::optional<ImportTarget> serverTarget(const QString &serversFile, database::Server server);
 
-// What the import sends for the records of a list, as the server takes it.
+// Returns the statements that the import sends for the records of a list, encoded for the server.
 std::vector<QByteArray> insertsOf(const marc::PreReadStore &store, database::Server server);
-// A round each; nothing where not every record went in.
+// Run one round. Return its seconds, or std::nullopt if not every record was imported.
 std::optional<double> importInWindow(const ImportTarget &target, std::shared_ptr<const marc::PreReadStore> records);
 std::optional<double> importByLoop(const ImportTarget &target, const std::vector<QByteArray> &statements);
 
-// The list window on a database.
+// The list window of a database.
 struct List {
     explicit List(const QString &database);
-    bool load(int rows); // whether there were so many
+    bool load(int rows); // returns whether that many rows were loaded
 
     BenchHost host;
     database::LinkPool links;
@@ -40,12 +40,13 @@ struct List {
     catalogue::ZSKListFrm window;
 };
 
-// A round each, on a catalogue of so many rows.
+// Run one round on a catalogue of `rows` rows. Return its seconds, or std::nullopt if it failed.
 std::optional<double> listInWindow(const QString &catalogue, int rows);
 std::optional<double> exportInWindow(const BenchStage &stage, const QString &catalogue, int rows);
 std::optional<double> previewInWindow(const QString &catalogue, int rows);
-std::optional<double> selectByLoop(const QString &catalogue, int rows); // what the export selects
-QString listCommand(const QString &catalogue);                          // the list's select in the shell of SQLite
-std::optional<double> listByLoop(const QString &catalogue, int rows);   // and its rows from the driver, dropped
+std::optional<double> selectByLoop(const QString &catalogue, int rows); // the statement of the export
+QString listCommand(const QString &catalogue);                          // the list's statement for the SQLite shell
+std::optional<double> listByLoop(const QString &catalogue,
+                                 int rows); // the list's rows fetched from the driver and discarded
 
 } // namespace bench

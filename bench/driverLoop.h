@@ -1,5 +1,5 @@
-// What the same statements cost with nothing around them: one open connection of the driver manager, one statement
-// handle, texts in UTF-8.
+// Runs statements without the program's own layers: one open connection of the driver manager, one statement handle,
+// texts in UTF-8.
 #pragma once
 
 #include <QByteArray>
@@ -18,13 +18,13 @@ public:
 
     bool isOpen() const { return m_open; }
     bool execute(const QByteArray &statement);
-    // Binds the first columns of what is selected from now on.
+    // Binds the first `columns` columns for all following selects.
     void bind(int columns);
-    // Runs the select and takes its first row.
+    // Runs the select and fetches its first row.
     bool fetchOne(const QByteArray &statement);
-    // Runs the select and takes all its rows; so many there were.
+    // Runs the select, fetches all rows and returns their number.
     int fetchAll(const QByteArray &statement);
-    // The first column of the row taken last, where it was bound.
+    // Returns the first column of the last fetched row; it must be bound.
     QByteArray firstValue() const { return m_values[0].data(); }
 
 private:

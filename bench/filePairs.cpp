@@ -9,7 +9,7 @@ namespace bench {
 
 namespace {
 
-constexpr int quickRounds = 12; // a tenth of a second each: many, since the disk's own work comes in between
+constexpr int quickRounds = 12; // about a tenth of a second each; many, because disk activity disturbs single rounds
 
 std::optional<double> tidyInWindow(const QString &source, const QString &folder) {
     BenchHost host;
@@ -45,7 +45,7 @@ void filePairs(Table &table, const BenchStage &stage) {
          shell(u"cat " + quoted(platform::folderOf(parts.value(0))) + u"/* >whole")});
     table.speed(u"merge 200 files of 1,000 records, in the window | cat"_s, merging[0], merging[1], 0.75);
 
-    // As others send it: UTF-8, without line ends.
+    // The format in which other systems send records: UTF-8 without line ends.
     const QString bare = stage.freshPath(u"bare.iso"), foreign = stage.freshPath(u"foreign.iso");
     command(u"tr -d '\\r\\n' <" + quoted(source) + u" >" + quoted(bare) + u" && yaz-marcdump -f gbk -t utf-8 -o marc " +
             quoted(bare) + u" >" + quoted(foreign))();

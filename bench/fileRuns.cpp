@@ -23,7 +23,7 @@ std::optional<double> intoFolder(const BenchStage &stage, const RecordFile &sour
                                  const std::function<std::optional<double>(QString)> &round) {
     const QString folder = stage.freshFolder(u"split");
     auto taken = round(folder);
-    if (sizeOf(folder) < QFileInfo(source.path).size() - 2 * source.records) // other tools leave out the line ends
+    if (sizeOf(folder) < QFileInfo(source.path).size() - 2 * source.records) // other tools omit the line ends
         taken.reset();
     emptyFiles(folder);
     return taken;

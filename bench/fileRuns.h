@@ -1,4 +1,4 @@
-// Split and merge in their real windows.
+// Split and merge in the real windows.
 #pragma once
 
 #include "benchStage.h"
@@ -6,24 +6,26 @@
 
 namespace bench {
 
-inline constexpr int perFile = 1000; // records of each part
+inline constexpr int perFile = 1000; // records in each part
 
-// Gives back the room of a round's files. They stay until the whole run ends: after many were deleted some file systems
-// look for the number of a new one long, and only a side that makes many would pay for that.
+// Truncates the files of a round to free their disk space. They are not deleted before the whole run ends: after many
+// deletions some file systems search long for a free inode, which would slow down only the side that creates many
+// files.
 void emptyFiles(const QString &folder);
 
-// A round into a new folder, emptied behind it; nothing where less came out than stands in the source.
+// Runs a round in a new folder and truncates its files afterwards. Returns std::nullopt if the files hold less than the
+// source.
 std::optional<double> intoFolder(const BenchStage &stage, const RecordFile &source,
                                  const std::function<std::optional<double>(QString)> &round);
 
-// A command of the shell that makes its files in such a folder, for its time alone.
+// Times a shell command that writes its files into such a folder.
 Side commandIntoFolder(const BenchStage &stage, const RecordFile &source, const QString &line);
 
-// A round each, from the press of the button.
+// Run one round. Return the seconds from the press of the button.
 std::optional<double> splitInWindow(const QString &source, const QString &folder);
 std::optional<double> mergeInWindow(const QStringList &sources, const QString &folder);
 
-// The parts that the split makes of the source, in a folder that stays.
+// Splits the source into a new folder and returns the paths of the parts.
 QStringList partsOf(const BenchStage &stage, const RecordFile &source);
 
 } // namespace bench

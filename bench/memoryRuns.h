@@ -1,4 +1,4 @@
-// What a window needs of memory: told by a process of its own, since what went before would count.
+// Memory use of a window, measured in a separate process so that earlier work does not count.
 #pragma once
 
 #include "benchStage.h"
@@ -6,12 +6,12 @@
 
 namespace bench {
 
-// The bytes of the process in memory once its window holds all that there is.
+// Return the resident bytes of the process once its window shows all records or rows.
 std::optional<double> memoryOfReading(const RecordFile &file);
 std::optional<double> memoryOfListing(const QString &database, int rows);
 
-// The process itself: does the work that its arguments ask for and prints the bytes. The exit code; nothing where they
-// ask for no such thing.
+// The measuring process: does the work that its arguments name and prints the resident bytes. Returns the exit code, or
+// std::nullopt if the arguments name no such work.
 std::optional<int> tellMemory(const QStringList &arguments);
 
 } // namespace bench

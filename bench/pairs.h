@@ -1,4 +1,4 @@
-// The comparisons by subject; each takes its figures and prints its rows.
+// The comparisons by subject. Each one measures and prints its rows of the table.
 #pragma once
 
 #include "benchStage.h"

@@ -1,4 +1,4 @@
-// The figures side by side with other tools and with bare loops, on the files in a folder that scripts/bench fills.
+// Compares the program with other tools and with bare loops, on the files in a folder that scripts/bench has filled.
 // Usage: ratios FOLDER [records|stepping|files|databases|batch]...
 #include "memoryRuns.h"
 #include "pairs.h"

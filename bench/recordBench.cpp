@@ -1,4 +1,4 @@
-// How fast the record core is: codec, counting, first view, reading on, showing and rebuilding. Runs on the file named
+// The speed of the record core: codec, counting, first view, reading on, showing and rebuilding. Runs on the file named
 // in TARVEX_BENCH_FILE (made by makeRecords).
 #include "marc/configurationFiles.h"
 #include "marc/fieldLookup.h"

@@ -11,7 +11,7 @@ namespace bench {
 
 namespace {
 
-// The reading of the workspace, with no window.
+// Reads as the workspace does, without a window.
 bool readHeadless(const QString &file) {
     auto reader = platform::LineReader::open(file);
     if (!reader)
@@ -23,14 +23,14 @@ bool readHeadless(const QString &file) {
 }
 
 double stepsPerSecond(const RecordFile &file) {
-    constexpr int steps = 199; // to the last of the first batch
+    constexpr int steps = 199; // to the last record of the first batch
     const auto best = takeTurns("stepping", 3, {[&file] {
                                     Workspace workspace(file);
                                     workspace.open();
                                     return timed([&workspace] {
                                         for (int i = 0; i < steps; ++i) {
                                             workspace.window.cmdTiMing[1]->click();
-                                            settle(); // each record is seen
+                                            settle(); // each record is painted
                                         }
                                         return workspace.window.Text2->text() == QString::number(steps + 1);
                                     });

@@ -1,4 +1,4 @@
-// The workspace's own work in its real window.
+// The work of the workspace in its real window.
 #pragma once
 
 #include "benchStage.h"
@@ -7,21 +7,21 @@
 
 namespace bench {
 
-// A workspace on a file, as a user has it: the first batch is read, the window comes up, the button reads the
-// remainder.
+// A workspace on a file as a user opens it: the first batch is read, the window is shown, a button reads the remaining
+// records.
 struct Workspace {
     explicit Workspace(const RecordFile &file, workspace::WorkspaceWindows windows = {});
 
     void open();
     void readOn() { window.cmdclick[3]->click(); }
-    bool readAll(); // both; whether every record of the file is listed
+    bool readAll(); // opens and reads on; returns whether every record of the file is listed
 
-    int records; // of the file
+    int records; // in the file
     BenchHost host;
     workspace::frmDaoru window;
 };
 
-// A round each, from before the window is made until the last record that it reads is listed and painted.
+// Run one round. Return the seconds from the creation of the window until its last record is listed and painted.
 std::optional<double> firstViewInWindow(const RecordFile &file);
 std::optional<double> readInWindow(const RecordFile &file);
 

@@ -1,5 +1,6 @@
-// The same work on batches of several sizes, in the files of a folder that scripts/bench fills, with the counterpart of
-// each beside it. Usage: scale FOLDER JSON-FILE SIZE...
+// Measures the same work on batches of several sizes, each with its counterpart, on the files in a folder that
+// scripts/bench has filled.
+// Usage: scale FOLDER JSON-FILE SIZE...
 #include "memoryRuns.h"
 #include "scaleReport.h"
 #include <QApplication>
@@ -25,7 +26,7 @@ int main(int argc, char **argv) {
         for (const auto subject :
              {bench::recordScale, bench::fileScale, bench::databaseScale, bench::proofScale, bench::livenessScale}) {
             subject(report, stage);
-            report.write(arguments[1]); // what is measured stays, whatever comes
+            report.write(arguments[1]); // keeps the figures even if a later size fails
         }
     }
     if (const int missed = report.table.missed())

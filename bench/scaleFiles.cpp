@@ -11,7 +11,7 @@ void fileScale(ScaleReport &report, const BenchStage &stage) {
     const auto into = [&](const std::function<std::optional<double>(QString)> &round) {
         return [&stage, file, round] { return intoFolder(stage, file, round); };
     };
-    const int rounds = roundsOf(file.records, 12, 5); // many of the quick ones: the disk's own work comes in between
+    const int rounds = roundsOf(file.records, 12, 5); // many short rounds, because disk activity disturbs single ones
     const auto cutting = takeTurns("split", rounds,
                                    {into([&file](const QString &to) { return splitInWindow(file.path, to); }),
                                     commandIntoFolder(stage, file, u"cp " + quoted(file.path) + u" whole")});

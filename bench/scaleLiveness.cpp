@@ -18,8 +18,8 @@ namespace bench {
 
 namespace {
 
-// A run of one of the long loops in its real window, from its button on, with a press of its stop after so many
-// seconds. A box that comes up answers the press as well as the end of the run does.
+// Runs one of the long loops in its real window, from the press of its button, and presses its stop button after so
+// many seconds. A message box answers the press, and so does the end of the run.
 using WatchedRun = std::function<void(TurnProbe &probe, double pressAfter)>;
 
 void watch(TurnProbe &probe, BenchHost &host, double pressAfter, QPushButton *stop, const std::function<void()> &run) {
@@ -55,7 +55,7 @@ WatchedRun importing(const BenchStage &stage, std::shared_ptr<const marc::PreRea
 }
 
 WatchedRun exporting(const BenchStage &stage, int rows) {
-    constexpr int stop = 4; // its button
+    constexpr int stop = 4; // the index of its button
     return [&stage, rows](TurnProbe &probe, double pressAfter) {
         List list(stage.catalogueOf(rows));
         putUp(list.window);
@@ -67,7 +67,8 @@ WatchedRun exporting(const BenchStage &stage, int rows) {
     };
 }
 
-// Neither split nor merge can be stopped: the button that leaves the window says so, and that is the answer.
+// Neither split nor merge can be stopped: the button that closes the window shows a message, which counts as the
+// answer.
 WatchedRun splitting(const BenchStage &stage, const RecordFile &file) {
     return [&stage, file](TurnProbe &probe, double pressAfter) {
         const QString folder = stage.freshFolder(u"split");
@@ -95,7 +96,7 @@ WatchedRun merging(const BenchStage &stage, const QStringList &parts) {
     };
 }
 
-// A gap tells of the run, not of what others left for the disk to do.
+// Writes out pending disk data first, so that a gap is caused by the run itself.
 void runOnQuietDisk(const WatchedRun &run, TurnProbe &probe, double pressAfter) {
     ::sync();
     run(probe, pressAfter);

@@ -14,7 +14,7 @@ namespace bench {
 namespace {
 
 constexpr int viewRounds = 7;
-constexpr double shownAnyway = 0.05; // seconds that a window may take whatever the file
+constexpr double shownAnyway = 0.05; // seconds that a window may take for any file
 
 void firstView(ScaleReport &report, const RecordFile &file) {
     const auto sides = takeTurns(
@@ -36,7 +36,7 @@ void readAll(ScaleReport &report, const RecordFile &file) {
                           double(QFileInfo(file.path).size()), 1, fixedPart);
 }
 
-// One look through the whole list by the line that F3 opens, for a text that stands nowhere.
+// Searches the whole list through the find line (F3) for a text that does not occur.
 std::optional<double> findIn(workspace::FindLine &line, workspace::FindLine::Place place) {
     line.open(place);
     const auto taken = timed([&line] {
@@ -51,7 +51,7 @@ std::optional<double> findIn(workspace::FindLine &line, workspace::FindLine::Pla
 }
 
 void find(ScaleReport &report, Workspace &workspace) {
-    constexpr double wanted = 0.3 / 200'000; // seconds a record
+    constexpr double wanted = 0.3 / 200'000; // seconds per record
     using Place = workspace::FindLine::Place;
     for (const auto &[operation, place] :
          {std::pair(u"find in records"_s, Place::WholeRecord), {u"find in titles"_s, Place::Title}}) {
@@ -61,7 +61,7 @@ void find(ScaleReport &report, Workspace &workspace) {
     }
 }
 
-// What the buttons of the workspace do with one record, here and there in the list.
+// The actions of the workspace's buttons on single records, spread evenly over the list.
 class OneByOne {
 public:
     explicit OneByOne(const RecordFile &file)
@@ -71,7 +71,8 @@ public:
         workspace.host.told = [this] { noteShown(); };
     }
 
-    // The best of three looks at the same records, of each the seconds from the work's beginning until it is seen.
+    // Returns the best of three rounds over the same records: the sum of the seconds from the start of each action
+    // until its result is visible.
     double seconds(int count, const std::function<void()> &work) {
         return takeTurns("one by one", 3, {[&] {
                              double all = 0;
@@ -113,7 +114,7 @@ private:
     }
 
     QElapsedTimer m_clock;
-    std::optional<double> m_shown; // since the clock was started
+    std::optional<double> m_shown; // seconds since the clock was started
 };
 
 void singles(ScaleReport &report, OneByOne &desk) {

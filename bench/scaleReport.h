@@ -1,5 +1,5 @@
-// What a run over several sizes of batch tells: a figure an operation and size, so that a curve that bends is seen, and
-// the rows of the table; for the eye while it runs, as JSON at its end.
+// The results of a run over several batch sizes: one figure for each operation and size, which shows how the time
+// grows, and the rows of the table. Rows are printed during the run; write() stores the figures as JSON.
 #pragma once
 
 #include "benchStage.h"
@@ -9,22 +9,22 @@ namespace bench {
 
 struct Figure {
     QString operation;
-    int records;    // of the file, the list or the catalogue that it works on
-    int counted;    // how many of them the seconds are for
-    double seconds; // the best round
+    int records;    // in the file, list or catalogue
+    int counted;    // the number of records that the seconds cover
+    double seconds; // of the best round
     std::optional<double> theirs;
-    QString beside; // whose seconds `theirs` are
-    double load;    // of the machine in the minute before, this program's own included
+    QString beside; // the name of the counterpart that `theirs` measures
+    double load;    // of the machine in the previous minute, including this program
 };
 
 class ScaleReport {
 public:
     void about(int records);
     int records() const { return m_records; }
-    // The figure of an operation on all the records in hand, with a row of the table where something is wanted of it.
+    // Adds the figure of an operation on all records of the current size, and a row of the table if `wanted` is set.
     void compared(const QString &operation, const std::vector<double> &sides, const QString &beside, double wanted);
-    // The figure of an operation that nothing stands beside, for so many of the records; what is wanted of it are
-    // seconds a record at most, or nothing.
+    // Adds the figure of an operation without a counterpart, on `counted` records. `wanted` is the maximum number of
+    // seconds per record; 0 sets no limit.
     void alone(const QString &operation, double seconds, int counted, double wanted = 0);
 
     bool write(const QString &path) const;
@@ -36,16 +36,16 @@ private:
     std::vector<Figure> m_figures;
 };
 
-// Rounds at a size: the large ones take long and vary little.
+// Returns the number of rounds for a size; fewer for large sizes, which take long and vary little.
 int roundsOf(int records, int usual = 5, int ofLarge = 3);
 
-// The subjects; each takes its figures at the size in hand.
+// The subjects. Each one measures at the current size.
 void recordScale(ScaleReport &report, const BenchStage &stage);   // the workspace
 void fileScale(ScaleReport &report, const BenchStage &stage);     // split, merge
 void databaseScale(ScaleReport &report, const BenchStage &stage); // import, list, export, print preview
 void proofScale(ScaleReport &report, const BenchStage &stage);    // proof and look-up of a whole list
 void livenessScale(ScaleReport &report, const BenchStage &stage); // turns of the event loop, stops
-// These are taken once, whatever the sizes.
+// Measured once, independent of the sizes.
 void startScale(ScaleReport &report);
 void serverScale(ScaleReport &report, const BenchStage &stage); // import into PostgreSQL and MariaDB
 

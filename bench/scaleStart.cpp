@@ -13,8 +13,8 @@ namespace bench {
 
 namespace {
 
-// A screen without a window manager, named in BARE_DISPLAY: it is black until a program paints, and so tells from
-// outside, for any program alike, when a window is seen.
+// A screen without a window manager, named in BARE_DISPLAY. It is black until a program paints, so it shows, for any
+// program alike, when a window becomes visible.
 class BareScreen {
 public:
     BareScreen()
@@ -24,7 +24,7 @@ public:
                      : xcb_setup_roots_iterator(xcb_get_setup(m_connection.get())).data->root) {}
 
     bool isOpen() const { return m_root != 0; }
-    // Whether anything stands on a line near the upper edge, where windows are put first.
+    // Returns whether anything is painted on a line near the upper edge, where windows are placed first.
     bool showsSomething() const {
         constexpr int lineAt = 100, lineWidth = 800;
         const auto cookie =
@@ -36,7 +36,7 @@ public:
         const QByteArrayView pixels(xcb_get_image_data(line.get()), xcb_get_image_data_length(line.get()));
         return std::ranges::any_of(pixels, [](char byte) { return byte != 0 && byte != '\xff'; });
     }
-    // Looks again and again; false where it takes ten seconds.
+    // Polls the screen; returns false after ten seconds.
     bool waitUntilItShows(bool something) const {
         constexpr int pauseMicroseconds = 200, looks = 50'000;
         for (int look = 0; look < looks; ++look) {
@@ -52,7 +52,7 @@ private:
     xcb_window_t m_root;
 };
 
-// From the birth of the process to the first painting of its window.
+// Measures from the start of the process to the first painting of its window.
 Side startOf(const BareScreen &screen, const QString &program, const QStringList &arguments = {}) {
     return [&screen, program, arguments]() -> std::optional<double> {
         QProcess process;

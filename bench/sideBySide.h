@@ -1,5 +1,5 @@
-// Figures taken side by side: the sides of a comparison take turns for several rounds, so that whatever else the
-// machine does meets all of them, and the best round of each counts.
+// Compares alternatives: the sides take turns for several rounds, so that other load on the machine affects all of
+// them, and the best round of each side counts.
 #pragma once
 
 #include <QString>
@@ -9,49 +9,52 @@
 
 namespace bench {
 
-// One round of a side: the seconds of what it measures, without its preparation; nothing where the round went wrong.
+// Runs one round of a side. Returns the seconds of the measured work without its preparation, or std::nullopt if the
+// round failed.
 using Side = std::function<std::optional<double>()>;
 
-// The best seconds of each side, in the order given. Ends the program, naming the side, where a round went wrong.
+// Returns the best seconds of each side, in the given order. Ends the program with the name of the side if a round
+// fails.
 std::vector<double> takeTurns(const char *what, int rounds, const std::vector<Side> &sides);
 
-// The seconds that `work` takes; nothing where it says false.
+// Returns the seconds that `work` takes, or std::nullopt if it returns false.
 std::optional<double> timed(const std::function<bool()> &work);
-// A command of the shell, for its time alone.
+// Times a shell command.
 Side command(const QString &line);
-// Behind yaz-marcdump: it takes every record, and ends with this code because of the line ends between them.
+// Appended to a yaz-marcdump command: it reads every record but exits with this code because of the line ends between
+// them.
 inline constexpr QStringView endComplaint = u" || [ $? -eq 5 ]";
 QString quoted(const QString &path); // for the shell
 
 enum class Unit { Seconds, Bytes };
 enum class Sense { AtLeast, AtMost };
 
-// A line of the table. What is wanted is said of the ratio; of ours, where there is no theirs.
+// A row of the table. `wanted` limits the ratio, or `ours` if there is no `theirs`.
 struct Row {
     QString what;
-    int records; // that it is about; 0: its words say how many
+    int records; // the number of records; 0 if `what` names it
     double ours;
     std::optional<double> theirs;
     std::optional<double> ratio;
-    double wanted; // 0: told for its own sake
+    double wanted; // 0: no limit
     Sense sense;
     Unit unit = Unit::Seconds;
     bool missed() const;
 };
 
-// The table: what, ours, theirs, ratio, wanted. It is printed row by row; missed rows are marked.
+// The table: what, ours, theirs, ratio, wanted. Each row is printed when it is added; rows that miss their limit are
+// marked.
 class Table {
 public:
     Table();
-    // The rows from here on are about so many records.
+    // Sets the number of records for all following rows.
     void about(int records) { m_records = records; }
-    // The ratio is how many times as fast as theirs ours is.
+    // The ratio is theirs / ours: how many times as fast ours is.
     void speed(const QString &what, double ours, double theirs, double wanted);
-    // The ratio is how many times the time, or the size, of theirs ours takes behind a fixed part that is allowed
-    // anyway.
+    // The ratio is (ours - fixedPart) / theirs, for times or sizes.
     void time(const QString &what, double ours, double theirs, double wanted, double fixedPart = 0);
     void size(const QString &what, double ours, double theirs, double wanted, double fixedPart = 0);
-    // What ours may be at most.
+    // Adds a row in which `ours` must not exceed `wanted`.
     void bound(const QString &what, double ours, double wanted, Unit unit = Unit::Seconds);
     void rate(const QString &what, double perSecond, const QString &unit);
     const std::vector<Row> &rows() const { return m_rows; }

@@ -7,7 +7,7 @@ namespace bench {
 
 namespace {
 
-// Nanoseconds that this thread has waited for a core so far; 0 where the system does not tell.
+// Returns the nanoseconds that this thread has waited for a core so far, or 0 if the system does not report them.
 qint64 waitedForCore() {
     qint64 waited = 0;
     if (std::FILE *told = std::fopen("/proc/thread-self/schedstat", "r")) {

@@ -1,7 +1,6 @@
-// Watches from inside the event loop how long a window keeps its user waiting: the gaps between the turns in which
-// events are let in, and what passes from a press of a button until it has had its effect. Good to a millisecond. The
-// time in which the thread was ready to run and other processes had the cores is left out: it is no doing of the
-// window.
+// Measures how long a window keeps its user waiting: the gaps between two turns of the event loop, and the time from
+// the press of a button to its effect. Accurate to a millisecond. Excludes the time in which the thread was ready to
+// run but other processes used the cores.
 #pragma once
 
 #include <QBasicTimer>
@@ -17,34 +16,34 @@ class TurnProbe final : public QObject {
 public:
     static constexpr double never = std::numeric_limits<double>::infinity();
 
-    // Watches from here on, and presses in the first turn that comes after so many seconds.
+    // Starts measuring; calls `press` in the first turn after `pressAfter` seconds.
     void begin(double pressAfter, std::function<void()> press);
-    // What was pressed has had its effect: the first call behind the press counts.
+    // Marks the effect of the press; only the first call after the press counts.
     void answered();
     void end();
 
     double seconds() const { return m_end; }
     double longestGap() const { return m_longest; }
-    // From the last turn before the press, since a press may come at any moment between two turns; nothing where the
-    // run was over before.
+    // Returns the seconds from the last turn before the press, because a user may press at any moment between two
+    // turns. Returns std::nullopt if the run ended before the press.
     std::optional<double> answer() const { return m_answer; }
 
 protected:
     void timerEvent(QTimerEvent *event) override;
 
 private:
-    double now() const; // seconds since the beginning
-    double turn();      // notes one; the moment of the one before
+    double now() const; // seconds since begin()
+    double turn();      // records a turn; returns the time of the previous one
 
     QBasicTimer m_timer;
     QElapsedTimer m_clock;
-    qint64 m_waitedBefore = 0; // nanoseconds, for a core
+    qint64 m_waitedBefore = 0; // nanoseconds spent waiting for a core
     double m_last = 0;
     double m_longest = 0;
     double m_end = 0;
     double m_pressAfter = never;
     std::function<void()> m_press;
-    std::optional<double> m_pressed; // the turn before the press
+    std::optional<double> m_pressed; // the time of the turn before the press
     std::optional<double> m_answer;
 };
 
