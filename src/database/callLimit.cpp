@@ -13,7 +13,7 @@ namespace database {
 
 namespace {
 
-constexpr std::chrono::milliseconds lookEvery(250); // a call pays nothing for being watched
+constexpr std::chrono::milliseconds lookEvery(250); // checking at intervals adds no cost to a call
 
 } // namespace
 
@@ -40,7 +40,7 @@ CallLimit::CallLimit(std::vector<int> sockets)
         m_watcher = std::jthread([this](const std::stop_token &stop) { watch(stop); });
 }
 
-CallLimit::~CallLimit() = default; // the watcher, made last, is stopped first
+CallLimit::~CallLimit() = default; // stops m_watcher first, as the last member
 
 CallLimit::Call::Call(CallLimit &limit, std::chrono::seconds seconds)
     : m_limit(limit) {

@@ -1,7 +1,7 @@
-// Ends a call that its server does not answer. A driver waits in its socket as long as that is open, and most know no
-// limit for it: a server that stands still would hold the program as long. The sockets that a driver opened are shut
-// when a call over them has lasted too long; it then comes back with a fault, as it does from a lost connection. Does
-// nothing for a driver without sockets (a database in a file) and on Windows, where a driver's own limits must do.
+// Ends a call that its server does not answer. A driver waits on its socket as long as the socket is open, most of them
+// without a time limit. When a call has lasted too long, the sockets that the driver opened are shut down; the call
+// then fails as it does with a lost connection. Has no effect on a driver without sockets (a database in a file) and on
+// Windows, where the driver's own limits must suffice.
 #pragma once
 
 #include <chrono>
@@ -15,15 +15,15 @@ namespace database {
 
 class CallLimit {
 public:
-    // The process's open sockets. What is among them behind the opening of a connection and was not before is its own.
+    // Returns the open sockets of the process. Those that appear while a connection is opened belong to it.
     static std::vector<int> sockets();
 
     explicit CallLimit(std::vector<int> sockets);
     CallLimit(const CallLimit &) = delete;
     CallLimit &operator=(const CallLimit &) = delete;
-    ~CallLimit(); // before the sockets are closed
+    ~CallLimit(); // must run before the sockets are closed
 
-    // A call, while this lives; no more than one at a time. No limit where `seconds` is 0.
+    // Limits a call to `seconds` during its lifetime; 0: no limit. At most one Call exists at a time.
     class Call {
     public:
         Call(CallLimit &limit, std::chrono::seconds seconds);
@@ -35,17 +35,17 @@ public:
         CallLimit &m_limit;
     };
 
-    // Whether a call was ended: the connection is of no more use.
+    // Returns whether a call was ended; the connection is then unusable.
     bool struck() const;
-    // Between two calls: whether the other end has said nothing since. The end of a server comes as something said.
-    // False where there is no socket to look at.
+    // Must be called between two calls. Returns whether the server has sent nothing since the last one; the end of a
+    // server counts as data. Returns false if there is no socket.
     bool quiet() const;
 
 private:
     void watch(const std::stop_token &stop);
 
     std::vector<int> m_sockets;
-    mutable std::mutex m_mutex; // of what stands below
+    mutable std::mutex m_mutex; // guards the members below
     std::condition_variable_any m_tick;
     std::optional<std::chrono::steady_clock::time_point> m_end;
     bool m_struck = false;

@@ -7,7 +7,7 @@ namespace database {
 struct Connection::Handle {
     LinkPool &links;
     QString connectionString;
-    std::unique_ptr<Link> link; // none where it was lost
+    std::unique_ptr<Link> link; // null after the connection was lost
 
     ~Handle() {
         if (link)
@@ -24,7 +24,7 @@ struct Connection::Handle {
         return platform::success();
     }
 
-    // Runs one call over the link.
+    // Runs one call over the link; drops the link if it was lost.
     template <class Outcome, class Call>
     Outcome over(Call call) {
         if (const platform::Status there = ready(); !there)
@@ -35,7 +35,7 @@ struct Connection::Handle {
         return outcome;
     }
 
-    // Runs one that changes something: over a fresh link again only where the server did not look at it.
+    // Runs a call that changes data. Repeats it over a new link only if the server did not execute it.
     template <class Outcome, class Call>
     Outcome change(Call call) {
         bool leftAlone = false;

@@ -1,5 +1,5 @@
-// One open connection to the database behind a connection text, through the ODBC driver manager. Statements come in one
-// dialect, to the letter; what the server at the other end spells differently is rewritten on the way out.
+// One open connection to the database named by a connection text, through the ODBC driver manager. Statements are
+// written in one dialect; those that the server spells differently are rewritten before they are sent.
 #pragma once
 
 #include "database/resultTable.h"
@@ -14,27 +14,28 @@ class LinkPool;
 
 class Connection {
 public:
-    // Opens by the text as stored ("PROVIDER=MSDASQL;" is cut on the way to the driver manager), with empty user and
-    // password beside it. A connection kept from an earlier use is proved before it is handed out; one that is dead, or
-    // whose SQLite file was replaced, gives way to a new one.
+    // Opens a connection by the text as stored ("PROVIDER=MSDASQL;" is removed before the driver manager sees it), with
+    // an empty user and password in addition. A connection kept from an earlier use is tested first; if it is dead, or
+    // its SQLite file was replaced, a new one is opened.
     static platform::Result<Connection> open(LinkPool &links, const QString &connectionString);
     Connection(Connection &&) noexcept;
     Connection &operator=(Connection &&) noexcept;
-    ~Connection(); // releases the connection; the pool, which must still stand, keeps it for the next use
+    ~Connection(); // releases the connection; the pool, which must still exist, keeps it for the next use
 
-    // A connection that proves dead when a statement fails is opened anew: for the next statement, and for the question
-    // that failed. A statement that changes something is sent again only where the server has said that it did not look
-    // at it.
+    // If a connection is found dead when a statement fails, a new one is opened: for the next statement, and to repeat
+    // a failed query. A statement that changes data is repeated only if the server has reported that it did not execute
+    // it.
 
-    // Runs a statement that gives no rows.
+    // Runs a statement that returns no rows.
     platform::Status execute(const QString &statement);
-    // Runs an insert of one row; the key that the server gave it in that column, or nothing where it does not say. The
-    // insert is sent once; only a server that does not understand the form with the key gets the plain form after it.
+    // Runs an insert of one row. Returns the key that the server generated in `keyColumn`; std::nullopt if the server
+    // does not report it. The insert is sent once; only a server that does not understand the form that returns the key
+    // gets the plain form after it.
     platform::Result<std::optional<qint64>> insert(const QString &statement, const QString &keyColumn);
-    // Whether the connection was lost with the last statement. The answer to it is lost then too: nobody knows whether
-    // a change was carried out.
+    // Returns whether the connection was lost during the last statement. The result of the statement is then lost too:
+    // whether a change was carried out is unknown.
     bool lost() const;
-    // Asks a question, which changes nothing, and takes its whole result, in blocks.
+    // Runs a query, which changes nothing, and fetches its whole result, in blocks.
     platform::Result<std::shared_ptr<ResultTable>> query(const QString &statement);
 
 private:

@@ -12,8 +12,8 @@ namespace database {
 
 namespace {
 
-// Where the pair that starts at `from` ends: at its ";", of which those inside a value in braces are none. -1 where a
-// value opens a brace and none closes it.
+// Returns the end of the pair that starts at `from`: its ";", not counting those inside a value in braces. -1 if a
+// value has an opening brace and no closing one.
 qsizetype pairEnd(QStringView text, qsizetype from) {
     const auto next = [text](QChar sign, qsizetype at) {
         const qsizetype found = text.indexOf(sign, at);
@@ -28,7 +28,7 @@ qsizetype pairEnd(QStringView text, qsizetype from) {
     return close < 0 ? -1 : next(u';', close);
 }
 
-// The pairs of a text, each with its key and its value without blanks around it.
+// A pair of a text, and its key and value without surrounding blanks.
 struct Pair {
     QStringView whole, key, value;
 };
@@ -56,7 +56,7 @@ void append(QString &text, QStringView key, QStringView value) {
     text += key + u'=' + value + u';';
 }
 
-// That pair in the place of all of its key: which of two a driver takes is its own affair.
+// Replaces all pairs of the key by one: which of several a driver takes is undefined.
 void force(QString &text, QStringView key, QStringView value) {
     QString forced;
     for (const Pair &pair : pairsOf(text))
@@ -87,13 +87,13 @@ bool bracesAreClosed(QStringView text) {
 
 namespace {
 
-// What the text says of a key, else its data source.
+// Returns the value of a key in the text, or else in its data source.
 QString saidOf(const QString &text, const QString &dataSource, QStringView key) {
     const QString said = connectionValue(text, key);
     return said.isEmpty() ? connectionValue(dataSource, key) : said;
 }
 
-// The value of an added pair; empty where it is a limit that there is none of.
+// Returns the value of an added pair; an empty string if it is a time limit and there is none.
 QString valueOf(const AddedPair &pair, const QString &text, const TimeLimits &limits) {
     const auto seconds = [](std::chrono::seconds limit) {
         return limit.count() > 0 ? QString::number(limit.count()) : QString();
@@ -121,7 +121,7 @@ void add(QString &text, const QString &dataSource, const AddedPair &pair, const 
 
 } // namespace
 
-// A driver that counts milliseconds in 32 bits would take a longer one for none.
+// A driver that counts milliseconds in 32 bits would treat a longer limit as none.
 constexpr std::chrono::seconds longestLimit = std::chrono::hours(24);
 
 TimeLimits timeLimits(const QString &connectionString, const QString &dataSource) {

@@ -16,8 +16,8 @@ namespace {
 
 using Entries = QList<std::pair<QString, QString>>;
 
-// unixODBC keeps its files as they are written, in UTF-8 nearly always, and widens them byte by byte where it is asked
-// for wide texts; the driver manager of Windows knows what it widens.
+// unixODBC keeps its files as they are written, nearly always in UTF-8, and widens them byte by byte for the wide
+// calls; the driver manager of Windows converts correctly.
 #ifdef Q_OS_WIN
 using Character = SQLWCHAR;
 constexpr auto nextDataSource = SQLDataSourcesW;
@@ -26,7 +26,7 @@ using Character = SQLCHAR;
 constexpr auto nextDataSource = SQLDataSources;
 #endif
 
-// Walks one of the driver manager's lists of names and descriptions.
+// Returns one of the driver manager's lists of names and descriptions.
 template <class Call>
 Entries entries(Call next) {
     Entries found;
@@ -71,7 +71,7 @@ QString pairsOfDataSource(const QString &name) {
         return {};
     QString pairs = u"Driver=" + driver + u';';
 #ifndef Q_OS_WIN
-    // A null key asks for all keys, each ended by a NUL.
+    // A null key requests all keys, each terminated by a NUL.
     const auto read = [&name](const char *key) {
         QByteArray buffer(4096, '\0');
         SQLGetPrivateProfileString(name.toUtf8().constData(), key, "", buffer.data(), int(buffer.size() - 1),

@@ -1,4 +1,4 @@
-// What the driver manager knows of the machine.
+// What the driver manager knows about the data sources and drivers of this machine.
 #pragma once
 
 #include <QString>
@@ -6,19 +6,19 @@
 
 namespace database {
 
-// The names of the machine's data sources, the user's own included; empty where there is no driver manager.
+// Returns the names of the data sources of the system and of the user; empty without a driver manager.
 QStringList dataSourceNames();
 
-// What the machine says of a data source, as pairs of a connection text with the driver first; empty where there is no
-// such source. On Windows its driver is all that is told.
+// Returns the definition of a data source, as pairs of a connection text with the driver first; empty if there is no
+// such source. On Windows the result contains only the driver.
 QString pairsOfDataSource(const QString &name);
 
-// The library of a driver that a connection text names: of the registered name, or the name itself where it is a path.
-// Empty where that is not known, as on Windows.
+// Returns the library of a driver named in a connection text: of the registered driver, or the name itself if it is a
+// path. Empty if the library is not known, as on Windows.
 QString libraryOfDriver(const QString &driver);
 
-// Whether the driver manager keeps ended connections in a pool of its own. unixODBC has that from its files alone, and
-// no process can have it otherwise; on Windows a process has none that asks for none.
+// Returns whether the driver manager pools closed connections. unixODBC takes this only from its configuration files,
+// and a process cannot override it; on Windows a process has no pool unless it requests one.
 bool driverManagerPools();
 
 } // namespace database

@@ -18,7 +18,7 @@ namespace database {
 
 namespace {
 
-// SQLite's driver says no more than "connect failed" of a file that is not there.
+// The driver of SQLite reports only "connect failed" for a missing file.
 platform::Failure explained(const DriverRow &driver, const QString &pairs, const platform::Failure &failure) {
     const QString file = connectionValue(pairs, u"Database");
     return rowOf(driver.server).file && !QFile::exists(file)
@@ -26,17 +26,17 @@ platform::Failure explained(const DriverRow &driver, const QString &pairs, const
                : failure;
 }
 
-// What a driver says of itself or of its server, in plain letters.
+// Returns a property of the driver or its server, which is ASCII.
 QString said(const OdbcHandle &connection, SQLUSMALLINT fact) {
     std::array<SQLWCHAR, 128> text{};
     SQLGetInfoW(connection.get(), fact, text.data(), SQLSMALLINT(sizeof(text) - sizeof(SQLWCHAR)), nullptr);
     return fromOdbc(text.data(), qsizetype(text.size()));
 }
 
-// What tells a file from another one that took its name. Empty where there is no file.
+// Returns a text that distinguishes a file from another one with the same name; empty if there is no file.
 QString identityOf(const QString &file) {
 #ifdef Q_OS_WIN
-    return file; // an open database cannot be replaced there
+    return file; // Windows does not allow an open database to be replaced
 #else
     struct stat facts {};
     if (file.isEmpty() || ::stat(QFile::encodeName(file).constData(), &facts) != 0)
@@ -90,15 +90,16 @@ platform::Result<std::unique_ptr<Link>> Link::connect(const QString &connectionS
 
 platform::Status Link::open(const QString &dataSource, Certainty certainty, const QString &number) {
     const QString name = connectionValue(m_connectionString, u"DSN");
-    // unixODBC finds no data source by the wide characters of a Chinese name: what stands under that name goes first.
+    // unixODBC does not find a data source with a Chinese name through the wide calls: the pairs of the source are put
+    // before the text instead.
     const bool hidden = m_driver->calls == TextForm::Wide && name.toUtf8().size() != name.size();
     QString text = driverText(hidden ? QString(dataSource + m_connectionString) : m_connectionString, dataSource,
                               *m_driver, certainty);
-    // A pool of the driver manager would return connections that the program has ended. It finds them by the letters of
-    // the text, so no two texts are the same; no driver knows the word.
+    // A pool of the driver manager would return connections that the program has closed. It finds them by the whole
+    // text, so a number makes each text unique; no driver knows this key.
     if (driverManagerPools())
         text += (text.endsWith(u';') ? u"Link=%1;"_s : u";Link=%1;"_s).arg(number);
-    // A limit of the driver's own in the text stays the only one: PostgreSQL's driver refuses two.
+    // A limit of the driver's own in the text must remain the only one: PostgreSQL's driver rejects two.
     m_limits = timeLimits(m_connectionString, dataSource);
     if (m_limits.login.count() > 0 && !QString(text + dataSource).contains(u"connect_timeout", Qt::CaseInsensitive))
         SQLSetConnectAttrW(m_connection.get(), SQL_ATTR_LOGIN_TIMEOUT,
@@ -114,7 +115,7 @@ platform::Status Link::open(const QString &dataSource, Certainty certainty, cons
 
 void Link::retire() {
     if (m_server->file)
-        (void)firstColumn(u"PRAGMA wal_checkpoint(TRUNCATE)"_s); // it works when its result is fetched
+        (void)firstColumn(u"PRAGMA wal_checkpoint(TRUNCATE)"_s); // takes effect when its result is fetched
 }
 
 bool Link::works() {
@@ -125,9 +126,9 @@ bool Link::works() {
     return m_server->ping.isEmpty() ? !lost() : run(m_server->ping.toString()).ok();
 }
 
-// For a loop's sake, which comes back within a millisecond: what ended the server in between has closed the socket as a
-// rule, and that is seen without a round trip. What falls off the net within that moment is not, nor is it in the
-// middle of a statement.
+// For loops that use a link again within a millisecond: if the server ended in between, it has usually closed the
+// socket, which is visible without a round trip. A network failure in that moment is not detected, as it is not during
+// a statement.
 bool Link::answeredJustNow() const {
     constexpr std::chrono::milliseconds moment(100);
     return m_answered && std::chrono::steady_clock::now() - *m_answered < moment && m_calls->quiet();
@@ -137,8 +138,8 @@ bool Link::leftAlone(const platform::Failure &failure) const {
     return m_server->leftAlone != 0 && failure.number == m_server->leftAlone;
 }
 
-// A node of a cluster that lost sight of the others goes on answering, and refuses each statement but settings and
-// questions that read no table.
+// A node of a cluster that lost the other nodes still answers, but refuses each statement except settings and queries
+// that read no table.
 bool Link::lost() {
     return m_calls->struck() || isDead() || (!m_server->nodePing.isEmpty() && !run(m_server->nodePing.toString()));
 }
@@ -154,7 +155,7 @@ bool Link::isDead() {
 platform::Status Link::start(const OdbcHandle &handle, const QString &statement) const {
     if (!handle)
         return m_connection.failure(m_driver->calls);
-    // Braces and question marks in a value are text, nothing for the driver to look into.
+    // Braces and question marks in a value are text, which the driver must not interpret.
     SQLSetStmtAttrW(handle.get(), SQL_ATTR_NOSCAN, reinterpret_cast<SQLPOINTER>(SQL_NOSCAN_ON), SQL_IS_UINTEGER);
     if (m_server->limitPerStatement)
         SQLSetStmtAttrW(handle.get(), SQL_ATTR_QUERY_TIMEOUT, reinterpret_cast<SQLPOINTER>(m_limits.statement.count()),
@@ -167,7 +168,7 @@ std::unique_ptr<OdbcHandle> Link::statementHandle() {
     return m_statement ? std::move(m_statement) : std::make_unique<OdbcHandle>(SQL_HANDLE_STMT, m_connection.get());
 }
 
-// After a failure a handle is not used again: what a driver left in it nobody knows.
+// Keeps the handle for the next call. The handle of a failed call is not used again, since its state is undefined.
 void Link::wentWell(std::unique_ptr<OdbcHandle> handle) {
     m_answered = std::chrono::steady_clock::now();
     if (SQL_SUCCEEDED(SQLFreeStmt(handle->get(), SQL_CLOSE)))
@@ -223,7 +224,7 @@ platform::Result<QStringList> Link::firstColumn(const QString &statement) {
     return values;
 }
 
-// Only after this the rows of driver and server are those of the link.
+// Until this is called, the rows of driver and server are assumptions.
 const DriverRow &Link::learnDriver() {
     const QString server = said(m_connection, SQL_DBMS_NAME);
     m_driver = &driverNamed(said(m_connection, SQL_DRIVER_NAME), server, *m_driver);
@@ -231,7 +232,7 @@ const DriverRow &Link::learnDriver() {
     return *m_driver;
 }
 
-// Starts the session. One whose server refuses a statement that it must accept is not used.
+// Starts the session. Fails if the server refuses a statement that it must accept.
 platform::Status Link::learn() {
     const qint64 seconds = m_limits.statement.count();
     for (const SessionStatement &statement : m_server->start) {

@@ -1,4 +1,4 @@
-// A connection at work, with what is known of it.
+// A physical connection, with the properties of its driver and server.
 #pragma once
 
 #include "database/callLimit.h"
@@ -15,43 +15,43 @@ namespace database {
 
 class Link {
 public:
-    // What a link gets from those who keep it.
+    // What the owner of the links passes to a new one.
     struct Facts {
-        QStringList tables;                // as the schema scripts spell them
-        int number;                        // no two links of a process have the same
-        const DriverRow *driver = nullptr; // of an earlier link by the same text
+        QStringList tables;                // spelled as in the schema scripts
+        int number;                        // unique among the links of a process
+        const DriverRow *driver = nullptr; // the driver of an earlier link with the same text, or null
     };
 
-    // A new link by the text as stored. Where the driver proves to be another one than was thought, and needs other
-    // calls or other pairs in its text, the link is opened again as that driver needs it, before anything is read or
-    // written over it.
+    // Opens a new link by the text as stored. If the driver turns out to differ from the assumed one, and needs other
+    // calls or other pairs in its text, the link is opened again for that driver before anything is read or written
+    // over it.
     static platform::Result<std::unique_ptr<Link>> connect(const QString &connectionString, const Facts &facts);
 
     ~Link();
 
-    // Runs a statement, spelled as this link's server wants it; takes its whole result. A call that lasts longer than
-    // the text allows ends with a fault.
+    // Runs a statement, rewritten for this link's server, and fetches its whole result. A call that lasts longer than
+    // the text allows fails.
     platform::Status execute(const QString &statement);
     platform::Result<std::shared_ptr<ResultTable>> query(const QString &statement);
-    // Runs an insert of one row; what its key column was given, where the server says it.
+    // Runs an insert of one row. Returns the value of its key column, if the server reports it.
     platform::Result<std::optional<qint64>> insert(const QString &statement, const QString &keyColumn);
-    // Whether the server at the other end is gone, or no part of its cluster any more, so that no statement can
-    // succeed.
+    // Returns whether the server is gone, or no longer part of its cluster, so that no statement can succeed.
     bool lost();
 
     const QString &connectionString() const { return m_connectionString; }
     const DriverRow &driver() const { return *m_driver; }
-    // Whether a link that was kept is of use still: its server answers, or did so a moment ago and has said nothing
-    // since; its file is the one that stands there.
+    // Returns whether a kept link is still usable: its server answers, or answered a moment ago and has sent nothing
+    // since; for a database file: the file was not replaced.
     bool works();
-    // Whether that is the failure of a statement that the server did not look at, so that it may be run elsewhere.
+    // Returns whether the failure means that the server did not execute the statement, so that it may be repeated over
+    // another link.
     bool leftAlone(const platform::Failure &failure) const;
-    // To be called before the link's end. The log of an SQLite database must not outlive its file: a file that takes
-    // its name would be changed by it.
+    // Must be called before the link is destroyed. The log of an SQLite database must not outlive its file: it would
+    // change a file that takes the same name.
     void retire();
 
 private:
-    // What is known of the insert that returns its key.
+    // Whether the server understands the insert that returns its key.
     enum class Returning { Untried, Understood, Unknown };
 
     Link(const QString &connectionString, const QStringList &tables, const DriverRow &driver);
@@ -60,7 +60,7 @@ private:
     platform::Status learn();
     platform::Status learnTables();
     platform::Status learnFile();
-    // A statement as it stands, for the link's own ends, within the time of an opening.
+    // Runs a statement of the link itself, not rewritten, within the login time limit.
     platform::Status run(const QString &statement);
     bool answeredJustNow() const;
     bool isDead();
@@ -77,17 +77,18 @@ private:
     OdbcEnvironment m_environment;
     OdbcHandle m_connection;
     TimeLimits m_limits;
-    std::optional<CallLimit> m_calls; // where the link is open
-    // The handle of a call that went well, closed, is used again: to make one costs as much as half a small statement.
+    std::optional<CallLimit> m_calls; // set while the link is open
+    // The closed handle of a successful call, for the next call: making a handle costs as much as half a small
+    // statement.
     std::unique_ptr<OdbcHandle> m_statement;
     std::unique_ptr<OdbcHandle> m_keyQuestion;                       // prepared at its first use
-    std::optional<std::chrono::steady_clock::time_point> m_answered; // when the last call went well, if it did
+    std::optional<std::chrono::steady_clock::time_point> m_answered; // when the last call succeeded; empty if it failed
     Returning m_returning = Returning::Untried;
     const DriverRow *m_driver;
     const ServerRow *m_server;
-    QStringList m_tables;   // in the server's own spelling, where it tells names by case
-    QString m_file;         // of a database that is a file
-    QString m_fileIdentity; // of that file when it was opened
+    QStringList m_tables;   // in the server's own spelling if its table names are case-sensitive
+    QString m_file;         // path of a database that is a file
+    QString m_fileIdentity; // identity of that file when it was opened
 };
 
 } // namespace database

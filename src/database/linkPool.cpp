@@ -55,7 +55,7 @@ void LinkPool::keep(std::unique_ptr<Link> link) {
         m_kept.front()->retire();
         m_kept.erase(m_kept.begin());
     }
-    if (QCoreApplication::instance()) // no event loop, no timer
+    if (QCoreApplication::instance()) // a timer needs an event loop
         m_idle.start();
 }
 

@@ -1,9 +1,9 @@
-// The links that the program keeps open between one use and the next. Opening one costs a driver far more than a small
-// insert, and a connection per use is the rule here; the driver manager's own pool would hand out links that are dead
-// (the server was started anew) or stale (the SQLite file was replaced), so that rows go where nobody sees them. A kept
-// link is therefore proved before it is handed out: by a look at the file, by a look at the socket where the server
-// answered a moment ago, else by a round trip. Some seconds after the last use none is held open any more, so that an
-// SQLite database is one whole file again. One thread.
+// The links that the program keeps open between two uses. Opening a link costs far more than a small insert, and the
+// program opens a connection per use; the driver manager's own pool would return links that are dead (the server was
+// restarted) or stale (the SQLite file was replaced), so that rows would be lost. A kept link is therefore tested
+// before it is used again: by the identity of the file, by the state of the socket if the server answered a moment ago,
+// or else by a round trip. A few seconds after the last use all links are closed, so that an SQLite database is again
+// one complete file. Not thread-safe.
 #pragma once
 
 #include "database/link.h"
@@ -16,17 +16,18 @@ namespace database {
 
 class LinkPool {
 public:
-    // `tables`: the program's tables as the schema scripts spell them; a server that tells names by case gets them so.
+    // `tables`: the program's tables as the schema scripts spell them; statements for a server with case-sensitive
+    // table names use the server's spelling of them.
     explicit LinkPool(QStringList tables = {});
     ~LinkPool();
     LinkPool(const LinkPool &) = delete;
     LinkPool &operator=(const LinkPool &) = delete;
 
-    // A kept link by the text as stored, proved to work, otherwise a new one.
+    // Returns a kept link for the text as stored, tested, or else a new one.
     platform::Result<std::unique_ptr<Link>> take(const QString &connectionString);
-    // Keeps the link for the next use; ends it where enough are kept.
+    // Keeps the link for the next use; if too many are kept, the oldest one is closed.
     void keep(std::unique_ptr<Link> link);
-    // Ends all kept links at once: before a file is copied, before a process ends without its destructors.
+    // Closes all kept links at once: before a file is copied, or a process ends without running destructors.
     void dropKept();
 
 private:
@@ -35,8 +36,8 @@ private:
     QStringList m_tables;
     std::vector<std::unique_ptr<Link>> m_kept;
     QTimer m_idle;
-    QHash<QString, const DriverRow *> m_drivers; // by the text: what the driver of its last link proved to be
-    int m_opened = 0;                            // so many links
+    QHash<QString, const DriverRow *> m_drivers; // by connection text: the driver of its last link
+    int m_opened = 0;                            // number of links opened so far
 };
 
 } // namespace database

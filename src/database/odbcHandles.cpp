@@ -8,13 +8,13 @@ namespace database {
 
 namespace {
 
-// One character of each buffer is kept back from the driver: it stays NUL whatever is written.
+// The size of a buffer as passed to the driver, without its last character, which always stays NUL.
 template <class Character, std::size_t Size>
 SQLSMALLINT room(const std::array<Character, Size> &) {
     return SQLSMALLINT(Size - 1);
 }
 
-// The driver manager takes texts that it does not change by a pointer that is not const.
+// The driver manager takes texts that it does not change by a non-const pointer.
 SQLWCHAR *wide(const QString &text) {
     return reinterpret_cast<SQLWCHAR *>(const_cast<ushort *>(text.utf16()));
 }
@@ -23,7 +23,7 @@ SQLCHAR *narrow(const QByteArray &text) {
     return reinterpret_cast<SQLCHAR *>(const_cast<char *>(text.data()));
 }
 
-// One diagnostic record; false where there are no more.
+// Reads one diagnostic record; returns false if there are no more.
 template <class Character, class Call>
 bool diagnostic(Call call, SQLSMALLINT kind, SQLHANDLE handle, SQLSMALLINT record, Fault &fault) {
     std::array<Character, 8> state{};
@@ -50,7 +50,7 @@ bool describe(Call call, SQLHSTMT statement, SQLUSMALLINT number, ColumnFacts &f
     return SQL_SUCCEEDED(described);
 }
 
-// The driver manager's pool copies a connection text into 1,024 bytes, unchecked.
+// The driver manager's pool copies a connection text to 1,024 bytes without a check.
 constexpr qsizetype longestConnectionText = 1023;
 
 template <class Character, class Call>
@@ -60,9 +60,9 @@ SQLRETURN connectBy(Call call, SQLHDBC connection, Character *text) {
     return call(connection, nullptr, text, SQL_NTS, completed.data(), room(completed), &length, SQL_DRIVER_NOPROMPT);
 }
 
-// The one way of a text out of the program: it ends at its NUL, and no length goes with it. MariaDB's driver (3.1.15)
-// counts the characters of a wide text with a length wrongly (盘, 勘 and others pass for half of a pair) and then
-// writes behind its own buffer.
+// Every text passed to a driver goes through this function, NUL-terminated and without a length. Given a length,
+// MariaDB's driver (3.1.15) counts the characters of a wide text wrongly (it takes 盘, 勘 and others for half of a
+// pair) and then writes beyond its own buffer.
 template <class WideCall, class NarrowCall>
 platform::Status handOver(const OdbcHandle &handle, const QString &text, TextForm form, WideCall wideCall,
                           NarrowCall narrowCall) {

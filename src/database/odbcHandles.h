@@ -1,5 +1,5 @@
-// The handles of the ODBC driver manager, freed by their owners' end, and the texts that go through them. Only the .cpp
-// files of this folder include this: the C headers of ODBC spread macros.
+// Owners of the handles of the ODBC driver manager, and the conversion of texts passed to it. Only the .cpp files of
+// this folder include this header, since the C headers of ODBC define many macros.
 #pragma once
 
 #include "database/servers.h"
@@ -13,7 +13,7 @@
 
 namespace database {
 
-static_assert(sizeof(SQLWCHAR) == sizeof(char16_t), "texts go to the driver manager as UTF-16");
+static_assert(sizeof(SQLWCHAR) == sizeof(char16_t), "texts are passed to the driver manager as UTF-16");
 
 struct Fault : platform::Failure {
     QString state; // SQLSTATE
@@ -21,7 +21,7 @@ struct Fault : platform::Failure {
 
 class OdbcHandle {
 public:
-    // Holds nothing where the driver manager refuses.
+    // Null if the driver manager refuses the handle.
     OdbcHandle(SQLSMALLINT kind, SQLHANDLE parent);
     OdbcHandle(const OdbcHandle &) = delete;
     OdbcHandle &operator=(const OdbcHandle &) = delete;
@@ -30,7 +30,8 @@ public:
     SQLHANDLE get() const { return m_handle; }
     explicit operator bool() const { return m_handle != SQL_NULL_HANDLE; }
 
-    // What the driver says about the last call on this handle: its native number (never 0) and its message.
+    // Returns what the driver reports about the last call on this handle: its native error number (never 0) and its
+    // message.
     Fault failure(TextForm form) const;
 
 private:
@@ -38,19 +39,19 @@ private:
     SQLHANDLE m_handle = SQL_NULL_HANDLE;
 };
 
-// An environment that speaks ODBC 3; it holds nothing where there is no driver manager.
+// An ODBC 3 environment; null if there is no driver manager.
 class OdbcEnvironment : public OdbcHandle {
 public:
     OdbcEnvironment();
 };
 
-// Texts go out ended by a NUL and never with a length, so one that holds a NUL is refused as a whole; so is
-// a connection text that is longer than the driver manager's room. No data is a success.
+// Texts are passed NUL-terminated, without a length, so these functions fail for a text that contains a NUL.
+// odbcConnect() also fails for a connection text longer than the driver manager's buffer. SQL_NO_DATA is a success.
 platform::Status odbcConnect(const OdbcHandle &connection, const QString &text, TextForm form);
 platform::Status odbcExecute(const OdbcHandle &statement, const QString &text, TextForm form);
 platform::Status odbcPrepare(const OdbcHandle &statement, const QString &text, TextForm form);
 
-// The name of a column (from 1), its type and its size in characters; false where the driver fails.
+// Gets the name of a column (numbered from 1), its type and its size in characters. Returns false if the driver fails.
 struct ColumnFacts {
     QString name;
     SQLSMALLINT type = 0;
@@ -58,8 +59,8 @@ struct ColumnFacts {
 };
 bool odbcDescribe(SQLHSTMT statement, SQLUSMALLINT number, TextForm form, ColumnFacts &facts);
 
-// The text in a driver's buffer of `capacity` characters, up to its NUL: not all drivers count the length that they
-// return beside it in characters.
+// Returns the text in a driver's buffer of `capacity` characters, up to its NUL: not all drivers return its length in
+// characters.
 QString fromOdbc(const SQLWCHAR *buffer, qsizetype capacity);
 QString fromOdbc(const SQLCHAR *buffer, qsizetype capacity);
 

@@ -8,15 +8,16 @@ namespace database {
 namespace {
 
 constexpr int sizeBits = 6;
-constexpr qsizetype longSize = (1 << sizeBits) - 1; // this one and longer ones stand in four bytes of their own
+constexpr qsizetype longSize = (1 << sizeBits) - 1; // this and larger sizes take four more bytes
 
-// Every character at once: that is a few instructions for sixteen of them, and most cells are short.
+// Combines all characters without branches, which compilers vectorize; most cells are short, so stopping early gains
+// nothing.
 template <class Text>
 bool allBelow(const Text &text, quint32 limit) {
     quint32 bits = 0;
     for (const auto character : text)
         bits |= quint32(std::make_unsigned_t<decltype(character)>(character));
-    return bits < limit; // a power of two
+    return bits < limit; // `limit` is a power of two
 }
 
 } // namespace
@@ -96,7 +97,7 @@ void ResultTable::begin(Form form, qsizetype size) {
     m_begun.append(char(uint(form) << sizeBits | uint(std::min(size, longSize))));
     if (size < longSize)
         return;
-    const auto whole = quint32(size); // no server gives more
+    const auto whole = quint32(size); // no server returns a larger value
     m_begun.append(reinterpret_cast<const char *>(&whole), sizeof(whole));
 }
 
@@ -104,7 +105,7 @@ void ResultTable::end() {
     if (++m_begunCells < columnCount())
         return;
     m_rows.push_back(m_held.keep(m_begun).data());
-    m_begun.resize(0); // keeps its room
+    m_begun.resize(0); // keeps the capacity
     m_begunCells = 0;
 }
 

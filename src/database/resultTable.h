@@ -1,6 +1,6 @@
-// The whole result of a query, held compactly: the cells of a row behind each other, texts of Latin letters with a byte
-// a character, a byte more for a cell that is not long; nothing copied as it grows. A NULL reads as an empty text.
-// Columns are found by name without regard to case.
+// The whole result of a query, in a compact form: the cells of a row are adjacent, a text of Latin-1 characters takes
+// one byte per character, and a short cell takes one byte more. Growth copies nothing. A NULL reads as an empty text.
+// Column names are compared case-insensitively.
 #pragma once
 
 #include "platform/byteArena.h"
@@ -21,21 +21,21 @@ public:
     QString text(int row, int column) const override;
 
     const QStringList &columnNames() const { return m_names; }
-    // The first column of that name.
+    // Returns the first column of that name, counted from 0.
     std::optional<int> column(QStringView name) const;
     bool isNull(int row, int column) const;
 
-    // Appends the next cell, in row order; a row is there when its last cell is. Used by whoever fills the table.
+    // Appends the next cell, in row order; a row exists once its last cell is appended.
     void append(QStringView text);
     void appendUtf8(QByteArrayView text);
     void appendNull();
 
 private:
     enum class Form : quint8 { Null, Latin1, Utf16 };
-    // As it stands in its row: a byte of form and size, four of size where that is large, and the text.
+    // The stored form: one byte for form and size, four more for a large size, and the text.
     struct Cell {
         Form form;
-        qsizetype size; // characters
+        qsizetype size; // in characters
         const char *text;
         qsizetype bytes() const { return size * (form == Form::Utf16 ? qsizetype(sizeof(QChar)) : 1); }
         const char *end() const { return text + bytes(); }
@@ -47,7 +47,7 @@ private:
     void end();
 
     QStringList m_names;
-    std::deque<const char *> m_rows; // the first cell of each, the others behind it
+    std::deque<const char *> m_rows; // the first cell of each row; the others follow it
     platform::ByteArena m_held;
     QByteArray m_begun; // the row that is being filled
     int m_begunCells = 0;

@@ -8,19 +8,19 @@ namespace database {
 
 namespace {
 
-constexpr SQLULEN longest = 1000;              // characters of a column that is still bound
-constexpr std::size_t mostBytes = 4;           // of a character, in UTF-8 and in UTF-16
-constexpr std::size_t blockBytes = 256 * 1024; // of all bound columns together
+constexpr SQLULEN longest = 1000;              // the largest size, in characters, of a bound column
+constexpr std::size_t mostBytes = 4;           // per character, in UTF-8 and in UTF-16
+constexpr std::size_t blockBytes = 256 * 1024; // for all bound columns together
 constexpr std::size_t mostRows = 256;
-constexpr int singleRows = 4; // of a result come one by one: for one row, room for a block costs more than the row
+constexpr int singleRows = 4; // rows fetched one by one first: allocating a block costs more than one row
 
 struct Column {
-    std::size_t width = 0;   // bytes of a value's buffer, the closing NUL included; 0: not bound
+    std::size_t width = 0;   // bytes of a value's buffer, including the closing NUL; 0: not bound
     char *texts = nullptr;   // rows of a block x width
-    SQLLEN *sizes = nullptr; // in bytes, or the mark of a NULL
+    SQLLEN *sizes = nullptr; // in bytes, or SQL_NULL_DATA
 };
 
-// Bytes that a value of the type may take; 0 where it is long or not known.
+// Returns the bytes that a value of the type may take; 0 if it is long or unknown.
 std::size_t widthOf(SQLSMALLINT type, SQLULEN size) {
     switch (type) {
     case SQL_CHAR:
@@ -58,7 +58,7 @@ public:
     platform::Result<ReadTable> read() {
         if (!describe())
             return m_statement.failure(m_form);
-        if (m_columns.empty()) // a statement that gives no rows
+        if (m_columns.empty()) // a statement that returns no rows
             return m_table;
         findBound();
         bind(1);
@@ -95,8 +95,8 @@ private:
         return true;
     }
 
-    // Drivers give a value on request only behind the last bound column, so nothing is bound from the first long one
-    // on.
+    // Drivers return a value by SQLGetData() only after the last bound column, so no column is bound from the first
+    // long one on.
     void findBound() {
         const auto firstLong = std::ranges::find(m_columns, std::size_t(0), &Column::width);
         m_bound = std::size_t(firstLong - m_columns.begin());
@@ -104,7 +104,7 @@ private:
             m_rowBytes += m_columns[i].width;
     }
 
-    // Room for so many rows of the bound columns.
+    // Binds buffers for that many rows.
     void bind(std::size_t rows) {
         m_texts = std::make_unique_for_overwrite<char[]>(rows * m_rowBytes);
         m_sizes.resize(rows * m_bound);
@@ -119,7 +119,7 @@ private:
         }
     }
 
-    // From the next fetch on, many rows at once, where all columns are bound and the driver knows how.
+    // Makes later fetches return many rows at once, if all columns are bound and the driver supports it.
     void bindBlock() {
         m_inBlocks = true;
         const std::size_t rowBytes = m_rowBytes + m_bound * sizeof(SQLLEN);
@@ -158,7 +158,8 @@ private:
         return !m_tooLong;
     }
 
-    // A value in pieces: each call fills the buffer but for its closing NUL, until one holds all that is left.
+    // Fetches a value in pieces: each call fills the buffer except for its closing NUL, until one call returns the
+    // rest.
     bool takeLong(SQLUSMALLINT number) {
         constexpr std::size_t room = 32 * 1024;
         m_piece.resize(room);
@@ -182,7 +183,7 @@ private:
         return true;
     }
 
-    // The bytes of a whole value.
+    // Appends a complete value.
     void append(const char *bytes, qsizetype size) {
         if (m_form == TextForm::Wide)
             m_table->append(QStringView(reinterpret_cast<const char16_t *>(bytes), size / qsizetype(sizeof(char16_t))));
@@ -198,7 +199,7 @@ private:
     Fetching m_fetching;
     std::vector<Column> m_columns;
     std::size_t m_bound = 0;
-    std::size_t m_rowBytes = 0; // of the bound columns' texts
+    std::size_t m_rowBytes = 0; // bytes of the bound columns' texts
     std::unique_ptr<char[]> m_texts;
     std::vector<SQLLEN> m_sizes;
     bool m_inBlocks = false;

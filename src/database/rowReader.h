@@ -1,5 +1,5 @@
-// Takes the whole result of an executed statement into a table. Columns of known, moderate width are bound and fetched
-// in blocks; from the first long column on, values are asked for one by one, in pieces, whatever their length.
+// Fetches the whole result of an executed statement into a table. Columns of known, moderate width are bound and
+// fetched in blocks; from the first long column on, values of any length are fetched one by one, in pieces.
 #pragma once
 
 #include "database/odbcHandles.h"
@@ -10,12 +10,11 @@ namespace database {
 
 enum class Fetching { Bound, Unbound };
 
-// What a reading came to: the table, or none where a bound value proved longer than its column was said to be. The
-// statement is then to be run again and read unbound.
+// The table, or null if a bound value was longer than its column's declared size. The statement must then be run again
+// and read unbound.
 using ReadTable = std::shared_ptr<ResultTable>;
 
-// The failure is the driver's. The statement keeps nothing of the reading: it is bound to no memory, and fetches one
-// row at a time.
+// Fails with the driver's error. Afterwards the statement is bound to no memory and fetches one row at a time.
 platform::Result<ReadTable> readRows(const OdbcHandle &statement, TextForm form, Fetching fetching);
 
 } // namespace database

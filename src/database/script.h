@@ -1,4 +1,4 @@
-// Schema scripts: statements ended by ";".
+// Schema scripts: statements terminated by ";".
 #pragma once
 
 #include "database/connection.h"
@@ -7,10 +7,11 @@
 
 namespace database {
 
-// The statements of a script, without comments and the ";" that ends them; a ";" in a literal ends nothing.
+// Returns the statements of a script, without comments and the terminating ";". A ";" in a literal does not end a
+// statement.
 QStringList statementsOf(const QString &script);
 
-// Runs them in order, up to the first that fails.
+// Runs the statements in order, up to the first one that fails.
 platform::Status runScript(Connection &connection, const QString &script);
 
 } // namespace database

@@ -10,16 +10,17 @@ namespace {
 using Refused = SessionStatement::Refused;
 using When = AddedPair::When;
 
-// A backslash in a literal must be a backslash in every session, or a title could end its literal and go on as a
-// statement. A server that refuses this is not used. One driver takes its client encoding from the locale.
+// A backslash in a literal must be an ordinary character in every session, or a title could end its literal and
+// continue as a statement. A server that refuses this is not used. One driver takes its client encoding from the
+// locale.
 constexpr auto postgreSqlStart = std::to_array<SessionStatement>({
     {u"set statement_timeout='%1s'", Refused::Ignored},
     {u"set standard_conforming_strings=on"},
     {u"set client_encoding to 'UTF8'"},
 });
 constexpr auto mariaDbStart = std::to_array<SessionStatement>({
-    {u"set max_statement_time=%1", Refused::Ignored}, // MySQL has none of that name
-    {u"set wsrep_sync_wait=1", Refused::Ignored},     // a cluster's node: reads wait for what other nodes wrote
+    {u"set max_statement_time=%1", Refused::Ignored}, // MySQL does not have this variable
+    {u"set wsrep_sync_wait=1", Refused::Ignored},     // on a cluster node, reads wait for the writes of other nodes
     {u"rollback"},
     {u"set sql_mode=concat(@@sql_mode,',NO_BACKSLASH_ESCAPES')"},
 });
@@ -34,7 +35,7 @@ constexpr auto servers = std::to_array<ServerRow>({
      .ping = u"select 1",
      .nodePing = {},
      .leftAlone = 0,
-     // In the batch of the insert, where a trigger's inserts do not count.
+     // In the same batch as the insert, where inserts by a trigger are not counted.
      .key = {.insert = u"%1;select cast(scope_identity() as bigint)", .notUnderstood = {}, .question = {}},
      .spelling = {}},
     {.server = Server::Sqlite,
@@ -46,7 +47,7 @@ constexpr auto servers = std::to_array<ServerRow>({
      .ping = {},
      .nodePing = {},
      .leftAlone = 0,
-     // Not prepared: every second run of a prepared question gives no row.
+     // Not prepared: every second run of a prepared query returns no row.
      .key = {.insert = {}, .notUnderstood = {}, .question = u"select last_insert_rowid()"},
      // There is no date type: a date is a text that begins with the day.
      .spelling = {.date = u"replace(substr(%1,1,%2),'-','/')",
@@ -90,8 +91,8 @@ constexpr auto servers = std::to_array<ServerRow>({
              .notUnderstood = {u"1064", u"1235"},
              .question = u"select last_insert_id()",
              .prepared = true},
-     // A column may have any character set and collation; this form of the operand suits them all. The escape
-     // character of a pattern cannot be switched off here, but no value that is typed has this one.
+     // A column may have any character set and collation; this form of the operand works with all of them. The escape
+     // character of a pattern cannot be switched off here, but no typed value contains this one.
      .spelling = {.date = u"cast(date_format(%1,'%Y/%m/%d') as char(%2))",
                   .text = u"cast(%1 as char(%2))",
                   .like = u"Like",
@@ -118,16 +119,16 @@ constexpr bool eachServerHasItsRow() {
             return false;
     return servers.back().server == Server::Other;
 }
-static_assert(eachServerHasItsRow(), "the rows stand in the order of the values");
+static_assert(eachServerHasItsRow(), "the rows must be in the order of the enumerators");
 
-// Results are streamed instead of read whole into the driver; no file is made where there is none; a lock is waited for
-// no longer than two seconds, during which the window does not move.
+// Results are streamed instead of read whole by the driver; a missing file is not created; a lock is waited for at most
+// two seconds, during which the window does not respond.
 constexpr auto sqlitePairs = std::to_array<AddedPair>({
     {u"StepAPI", u"1", When::MissingInText},
     {u"NoCreat", u"1", When::Always},
     {u"Timeout", u"2000", When::LongerOrMissing},
 });
-// Its own reconnecting would give sessions without their settings.
+// After the driver's own reconnecting, a session would lack its settings.
 constexpr auto mariaDbPairs = std::to_array<AddedPair>({
     {u"CONN_TIMEOUT", u"%login", When::Missing},
     {u"READ_TIMEOUT", u"%silence", When::Missing},
@@ -138,15 +139,15 @@ constexpr auto mariaDbPairs = std::to_array<AddedPair>({
 constexpr auto accessPairs = std::to_array<AddedPair>({{u"DBQ", u"%Database", When::MissingInText}});
 
 #ifdef Q_OS_WIN
-constexpr TextForm narrow = TextForm::Wide; // the driver manager converts as it should
+constexpr TextForm narrow = TextForm::Wide; // the driver manager converts correctly
 #else
 constexpr TextForm narrow = TextForm::Utf8;
 #endif
 
-// The drivers of unixODBC that have no wide calls are those of SQLite, of Access files and the second one of
-// PostgreSQL. MariaDB's has wide calls that (3.1.15) take a low byte of D8 to DB (勘, 盘, 还) for half of a surrogate
-// pair: given such a text with its length they write behind their own buffer, ended by a NUL they refuse it where it
-// has many, and they cut the ends of values off.
+// The drivers of unixODBC without wide calls are those of SQLite, of Access files and the second one of PostgreSQL.
+// MariaDB's (3.1.15) has wide calls that take a low byte of D8 to DB (勘, 盘, 还) for half of a surrogate pair: given a
+// length with such a text, they write beyond their own buffer; NUL-terminated, they reject a text with many of these
+// characters, and they truncate values.
 constexpr auto drivers = std::to_array<DriverRow>({
     {{u"sqlite"}, Server::Sqlite, true, narrow, sqlitePairs},
     {{u"psqlodbca", u"postgresql ansi"}, Server::PostgreSql, false, narrow, {}},
@@ -187,7 +188,7 @@ const DriverRow &driverNamed(QStringView driverName, QStringView dbmsName, const
         return guess;
     if (const DriverRow *named = driverCalled(driverName))
         return *named;
-    // One that is not known has wide calls; what its server needs is needed all the same.
+    // An unknown driver is assumed to have wide calls, and needs the pairs of its server.
     const Server server = serverNamed(dbmsName).server;
     const auto found = std::ranges::find_if(
         drivers, [server](const DriverRow &row) { return row.server == server && row.calls == TextForm::Wide; });

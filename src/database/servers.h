@@ -1,8 +1,8 @@
-// What the program knows of the database servers and of their ODBC drivers: one row each, and no such fact anywhere
-// else.
+// What the program knows about the database servers and their ODBC drivers: one row each. No other file contains such
+// facts.
 //
-// Which rows hold for a connection is decided by what the driver and the server say of themselves over it. The names in
-// a connection text are a first guess: a driver can be registered under any name and be named by its path.
+// The rows used for a connection are chosen by what the driver and the server report over it. The names in a connection
+// text are only a first guess: a driver can be registered under any name and be named by its path.
 #pragma once
 
 #include <QString>
@@ -14,58 +14,58 @@ namespace database {
 
 enum class Server { SqlServer, Sqlite, PostgreSql, MariaDb, Other };
 
-// How texts go through a driver. Wide calls are the rule. A driver without wide calls of its own takes and gives UTF-8
-// in the narrow ones; the driver manager's conversion is no substitute for them, since it follows the locale, fails on
-// characters beyond the BMP, and is not done at all on the first connection where a pool is configured.
+// How texts are passed to a driver. Wide calls are the rule. A driver without wide calls takes and returns UTF-8 in the
+// narrow ones; the driver manager's conversion cannot be used for it, since it follows the locale, fails for characters
+// beyond the BMP, and is skipped on the first connection if a pool is configured.
 enum class TextForm { Wide, Utf8 };
 
-// How a server spells what the program's dialect says. %1: the operand; %2: the length. Empty fields: as it is.
+// How a server spells parts of the program's dialect. %1: the operand; %2: the length. Empty fields: not rewritten.
 struct Spelling {
     QStringView date;   // convert(varchar(n),x,111): yyyy/mm/dd
     QStringView text;   // convert(varchar(n),x)
-    QStringView like;   // the operator; without regard to case
+    QStringView like;   // the operator; case-insensitive
     QStringView folded; // the operand of `like`
     QStringView after;  // after the pattern: makes a backslash in it an ordinary character
     QStringView first;  // at the end of the statement, for "select top n"; %1: the number
     QChar quote;        // around names
 };
 
-// A statement for the start of a session. One with %1 sets the limit of a statement, in seconds; it is left out where
-// there is none.
+// A statement for the start of a session. One with %1 sets the statement time limit, in seconds; it is skipped if there
+// is no limit.
 struct SessionStatement {
     enum class Refused { Fails, Ignored };
     QStringView text;
     Refused refused = Refused::Fails; // what a refusal by the server means for the connection
 };
 
-// How the key of a new row comes back.
+// How the key of a new row is obtained.
 struct KeyOfInsert {
-    QStringView insert; // %1: the insert; %2: the key column. Empty: the plain insert, then the question
-    // The SQLSTATEs and the numbers with which a server says that it does not understand this form.
+    QStringView insert; // %1: the insert; %2: the key column. Empty: the plain insert, then `question`
+    // The SQLSTATEs and error numbers by which a server reports that it does not understand `insert`.
     std::array<QStringView, 2> notUnderstood;
-    QStringView question; // after a plain insert. Empty: none
+    QStringView question; // sent after a plain insert. Empty: none
     bool prepared = false;
 };
 
 struct ServerRow {
     Server server;
-    std::array<QStringView, 2> names; // parts of the name that its drivers give for it
-    bool file;                        // the database is a file, known by its identity while it is open
-    bool namesByCase;                 // table names may differ by letter case alone
+    std::array<QStringView, 2> names; // parts of the server name that its drivers report
+    bool file;                        // the database is a file, whose identity is checked while it is open
+    bool namesByCase;                 // table names are case-sensitive
     bool limitPerStatement;           // the driver gets the time limit with each statement
     std::span<const SessionStatement> start;
-    QStringView ping;     // proves that a kept connection works
-    QStringView nodePing; // refused by a node that lost its cluster, which still answers
-    int leftAlone;        // the number of the fault with which such a node refuses a statement unread; 0: none
+    QStringView ping;     // tests a kept connection
+    QStringView nodePing; // refused by a node that lost its cluster but still answers
+    int leftAlone;        // the error number by which such a node refuses a statement unread; 0: none
     KeyOfInsert key;
     Spelling spelling;
 };
 
 const ServerRow &rowOf(Server server);
-// By the name that the driver gives for its server (SQL_DBMS_NAME).
+// Returns the row for the server name that the driver reports (SQL_DBMS_NAME).
 const ServerRow &serverNamed(QStringView dbmsName);
 
-// A pair that a driver must find in its connection text.
+// A pair that a driver needs in its connection text.
 struct AddedPair {
     enum class When { Always, Missing, MissingInText, LongerOrMissing };
     QStringView key;
@@ -74,19 +74,19 @@ struct AddedPair {
 };
 
 struct DriverRow {
-    // Parts of what it calls itself (SQL_DRIVER_NAME), of its library's name and of the names it is registered under.
+    // Parts of the name that the driver reports (SQL_DRIVER_NAME), of its library's name and of its registered names.
     std::array<QStringView, 4> names;
-    Server server; // that it connects to, as a rule
+    Server server; // the server that it usually connects to
     bool file;     // the database is a file
     TextForm calls;
     std::span<const AddedPair> pairs;
 };
 
-// By the names that driver and server give; `guess` where the driver gives none.
+// Returns the row for the names that driver and server report; `guess` if the driver reports none.
 const DriverRow &driverNamed(QStringView driverName, QStringView dbmsName, const DriverRow &guess);
-// A guess, by the first of the names that is known.
+// Returns a guess, by the first of the names that is known.
 const DriverRow &guessedDriver(std::span<const QString> names);
-// Whether a connection that was opened as for `opened` is as good as one opened as for `right`.
+// Returns whether a connection opened with the settings of `opened` also suits `right`.
 bool isOpenedAsFor(const DriverRow &right, const DriverRow &opened);
 
 } // namespace database

@@ -22,13 +22,13 @@ bool isSign(const Token &token, QChar sign) {
     return token.kind == TokenKind::Sign && token.text[0] == sign;
 }
 
-// What is written: nearly all of it as it stands in the statement, and taken over in long pieces.
+// The rewritten statement: mostly unchanged pieces of the statement, which are copied in long runs.
 class Output {
 public:
     explicit Output(qsizetype room) { m_text.reserve(room); }
 
     qsizetype size() const { return m_text.size() + m_standing.size(); }
-    // A piece of the statement.
+    // Appends a piece of the statement.
     void take(QStringView piece) {
         if (m_standing.isEmpty() || m_standing.end() != piece.begin()) {
             write();
@@ -37,7 +37,7 @@ public:
             m_standing = QStringView(m_standing.begin(), piece.end());
         }
     }
-    // All so far, to be changed.
+    // Returns the text so far, for changes.
     QString &text() {
         write();
         return m_text;
@@ -47,7 +47,7 @@ private:
     void write() { m_text += std::exchange(m_standing, QStringView()); }
 
     QString m_text;
-    QStringView m_standing; // not yet in the text
+    QStringView m_standing; // a piece that is not yet appended
 };
 
 class Rewriter {
@@ -70,7 +70,7 @@ public:
     }
 
 private:
-    // The first token from `at` on that is neither blank nor comment.
+    // Returns the first token from `at` on that is neither blank nor comment.
     qsizetype skip(qsizetype at) const {
         while (at < m_tokens.size() &&
                (m_tokens[at].kind == TokenKind::Blank || m_tokens[at].kind == TokenKind::Comment))
@@ -78,7 +78,7 @@ private:
         return at;
     }
 
-    // The number of "select top n", whose "select" is the token `first`.
+    // Returns the number of "select top n", whose "select" is the token `first`.
     std::optional<qsizetype> topNumber(qsizetype first) const {
         const qsizetype top = skip(first + 1);
         const qsizetype number = skip(top + 1);
@@ -91,8 +91,8 @@ private:
     QString part(qsizetype from, qsizetype to) {
         constexpr qsizetype roomForSpellings = 64;
         Output out(from < to ? m_tokens[to - 1].text.end() - m_tokens[from].text.begin() + roomForSpellings : 0);
-        qsizetype operand = -1;      // where the operand of a coming Like starts in `out`
-        bool patternFollows = false; // a Like waits for its pattern
+        qsizetype operand = -1;      // start in `out` of the operand of a Like that may follow
+        bool patternFollows = false; // a Like without its pattern yet
         for (qsizetype at = from; at < to; ++at) {
             const Token &token = m_tokens[at];
             if (is(token, u"like")) {
@@ -149,8 +149,8 @@ private:
         return own == m_tables.end() ? word : QStringView(*own);
     }
 
-    // convert(varchar(n),x[,111]), also with nvarchar: appends the server's spelling and gives its last token. Nothing
-    // where the words at `at` are something else.
+    // For convert(varchar(n),x[,111]), also with nvarchar: appends the server's spelling and returns the index of the
+    // last token. Returns std::nullopt if the tokens at `at` are something else.
     std::optional<qsizetype> convert(qsizetype at, qsizetype to, QString &out) {
         const qsizetype open = skip(at + 1);
         const qsizetype type = skip(open + 1);

@@ -1,5 +1,5 @@
-// The statements of the program come in one dialect, to the letter. What the server at the other end spells differently
-// is rewritten here, outside string literals only.
+// The statements of the program are written in one dialect. What the server spells differently is rewritten here,
+// outside string literals only.
 #pragma once
 
 #include "database/servers.h"
@@ -7,8 +7,8 @@
 
 namespace database {
 
-// The statement as the server spells it. Statements spell tables in more than one way: those among `tables`
-// come out as they stand there.
+// Returns the statement as the server spells it. Table names that match one in `tables`, case-insensitively, are
+// replaced by that spelling.
 QString rewrite(const QString &statement, Server server, const QStringList &tables);
 
 } // namespace database

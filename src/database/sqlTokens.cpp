@@ -6,13 +6,13 @@ namespace {
 
 bool isWordCharacter(QChar c) {
     const char16_t unit = c.unicode();
-    if (unit < 0x80) // as nearly all are
+    if (unit < 0x80) // as nearly all characters are
         return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z') || (unit >= u'0' && unit <= u'9') ||
                unit == u'_';
     return c.isLetterOrNumber();
 }
 
-// The end of a run that `close` ends and a doubled `close` does not.
+// Returns the end of a run that is terminated by `close`, not by a doubled `close`.
 qsizetype closedEnd(QStringView text, qsizetype from, QChar close) {
     for (qsizetype at = from + 1; (at = text.indexOf(close, at)) >= 0; at += 2)
         if (at + 1 == text.size() || text[at + 1] != close)

@@ -1,4 +1,4 @@
-// A statement cut into words, literals and the rest, so that what stands in a literal is never taken for a word.
+// Splits a statement into words, literals and the rest, so that text in a literal is never taken for a word.
 #pragma once
 
 #include <QStringView>
@@ -8,7 +8,7 @@ namespace database {
 
 enum class TokenKind {
     Blank,   // white space
-    Comment, // "-- ..." up to its line end, "/* ... */"
+    Comment, // "-- ..." up to the line end, "/* ... */"
     Literal, // '...' with '' for an apostrophe
     Quoted,  // "..."
     Bracket, // [...] with ]] for a closing bracket
@@ -18,12 +18,13 @@ enum class TokenKind {
 
 struct Token {
     TokenKind kind;
-    QStringView text; // into the statement; quotes and brackets included
+    QStringView text; // a view of the statement; includes quotes and brackets
 };
 
-using Tokens = QVarLengthArray<Token, 128>; // so many without a call for memory, which is what most statements have
+using Tokens = QVarLengthArray<Token, 128>; // enough for most statements without an allocation
 
-// The whole statement, in order, nothing left out. What is opened and never closed reaches to the end.
+// Returns the tokens of the whole statement, in order and without gaps. An unclosed literal, name or comment reaches to
+// the end.
 Tokens tokensOf(QStringView statement);
 
 } // namespace database

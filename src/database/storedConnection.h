@@ -1,4 +1,4 @@
-// The one setting of the program: the text of its connection to the database, in the user's settings store.
+// The one setting of the program: the connection text of the database, in the user's settings.
 #pragma once
 
 #include "platform/settings.h"
@@ -6,7 +6,7 @@
 
 namespace database {
 
-// The stored text; nothing where there is none yet, which marks a first run.
+// Returns the stored text; std::nullopt if there is none yet, as on the first run.
 std::optional<QString> storedConnection(const platform::Settings &settings);
 platform::Status storeConnection(const platform::Settings &settings, const QString &connectionString);
 

@@ -1,4 +1,4 @@
-// The state that all database work shares, and the pair of helpers by which windows open and drop a session.
+// The state shared by all database work, and the two helpers by which windows open and close a session.
 #pragma once
 
 #include "database/connection.h"
@@ -7,7 +7,7 @@
 
 namespace database {
 
-// The text is filled in once at start-up and read-only afterwards.
+// The connection text is set once at start-up and read-only afterwards.
 struct SessionState {
     LinkPool &links;
     QString connectionString;
@@ -16,10 +16,11 @@ struct SessionState {
 // An open session, or none. Owned by the procedure that opens it.
 using DbSession = std::optional<Connection>;
 
-// Whether it is open; if not, after a critical box "连接数据库失败" titled "错误提示", and the session is empty.
+// Opens the session and returns true. Otherwise shows a critical box "连接数据库失败" titled "错误提示", leaves the
+// session empty and returns false.
 bool openConnection(DbSession &conn, const SessionState &state, platform::Host &host);
 
-// Ends the session by release, which cannot fail: a link that no longer works is replaced at its next use.
+// Closes the session by releasing its link, which cannot fail: a link that no longer works is replaced at its next use.
 void closeConnection(DbSession &conn);
 
 } // namespace database

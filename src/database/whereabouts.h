@@ -1,4 +1,4 @@
-// What a connection text says of where the database is, in words that a person knows. No server is asked.
+// What a connection text says about the location of the database, in words for the user. No server is contacted.
 #pragma once
 
 #include <QString>
@@ -6,12 +6,13 @@
 namespace database {
 
 struct Whereabouts {
-    QString name;   // of the database or, where the text says none, of its data source; of a file without its folder
-    QString server; // as the text spells it, with instance and port where they stand there; empty for a file
-    QString file;   // of an embedded database, with its path
+    QString name; // of the database, or of its data source if the text names no database; of a file: without its folder
+    QString server; // as the text spells it, including instance and port; empty for a file
+    QString file;   // path of an embedded database
 };
 
-// From the text as stored; what its data source says counts where the text itself says nothing.
+// `connectionString` is the text as stored; the definition of its data source supplies what the text itself does not
+// contain.
 Whereabouts whereabouts(const QString &connectionString);
 
 } // namespace database
