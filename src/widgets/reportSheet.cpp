@@ -1,4 +1,5 @@
 #include "widgets/reportSheet.h"
+#include <QPaintEngine>
 #include <QPainter>
 #include <algorithm>
 

@@ -1,5 +1,6 @@
 #include "batch/windows/remarksPane.h"
 #include "widgets/layout.h"
+#include <QApplication>
 #include <QKeyEvent>
 #include <QPointer>
 #include <utility>
