@@ -45,7 +45,7 @@ int field100Assistants(const marc::FieldRows &rows, int row);
 struct Losses {
     QStringList characters;         // not in code page 936, each once
     bool separators = false;        // the content has characters that separate fields
-    bool foreignSeparators = false; // the same, except delimiters in the first 5 characters (the head of an embedded field)
+    bool foreignSeparators = false; // the same, except delimiters in the head of an embedded field
 };
 Losses lossesOf(const QString &content);
 // Returns the warning to show below the grid, or an empty text. `losses` has one element for each row.
