@@ -9,7 +9,7 @@ QString fileText(const QString &path) {
     return QString::fromUtf8(file.readAll());
 }
 
-// scripts/test-clusters names others than those of the test run.
+// scripts/test-clusters sets TEST_SERVERS to use other servers than the test run.
 QString serversFile() {
     return qEnvironmentVariable("TEST_SERVERS", QStringLiteral(TEST_SERVERS_FILE));
 }
@@ -26,7 +26,7 @@ QString TestDatabase::textOf(TestServer server) {
     for (const QString &line : fileText(serversFile()).split(u'\n'))
         if (line.startsWith(start))
             return line.sliced(start.size());
-    ADD_FAILURE() << "no such server is running: " << start.toStdString();
+    ADD_FAILURE() << "the server is not running: " << start.toStdString();
     return {};
 }
 

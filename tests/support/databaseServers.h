@@ -1,5 +1,5 @@
-// The database servers of the tests: a real SQLite file, a real PostgreSQL and a real MariaDB. The latter two are
-// started and stopped by the test run (scripts/test-servers); a program that needs them is a house_tests with SERVERS.
+// The database servers of the tests: SQLite files, a PostgreSQL and a MariaDB server. The test run starts and stops the
+// servers (scripts/test-servers); a test program that needs them calls house_tests with SERVERS.
 #pragma once
 
 #include "database/linkPool.h"
@@ -10,23 +10,24 @@
 
 enum class TestServer { Sqlite, PostgreSql, MariaDb };
 
-// A library's database with empty tables, made by the server's own schema script.
+// A library database with empty tables, created by the schema script of its server.
 class TestDatabase {
 public:
     explicit TestDatabase(TestServer server = TestServer::Sqlite);
 
-    static QString nameOf(TestServer server); // as its schema script is named
+    static QString nameOf(TestServer server); // the name in the file name of its schema script
     static QString textOf(TestServer server); // the connection text of a running server
     const QString &connectionString() const { return state.connectionString; }
-    QString file() const { return m_folder.filePath(QStringLiteral("library.sqlite")); } // of SQLite
+    QString file() const { return m_folder.filePath(QStringLiteral("library.sqlite")); } // SQLite only
 
-    // Runs statements that must work.
+    // Runs statements; the test fails if they fail.
     void run(const QString &script) const;
-    // The first column of what a statement selects, or the fault; and joined by blanks.
+    // column() returns the first column of the rows that a statement selects, or the error text as the only value.
+    // selected() returns the same joined by blanks.
     QStringList column(const QString &statement) const;
     QString selected(const QString &statement) const { return column(statement).join(u' '); }
 
-    // A connection by the text of this database, with more behind it.
+    // Opens a connection with this database's connection text followed by `more`.
     platform::Result<database::Connection> open(const QString &more = {}) const {
         return database::Connection::open(state.links, connectionString() + more);
     }
@@ -34,13 +35,13 @@ public:
 
 private:
     QTemporaryDir m_folder;
-    database::LinkPool m_links; // ends before the folder
+    database::LinkPool m_links; // destroyed before the folder
 
 public:
-    database::SessionState state{m_links, {}}; // with the text as a person would have it stored
+    database::SessionState state{m_links, {}}; // with the connection text as a user would have stored it
 };
 
-// Runs the tests of a TestWithParam<TestServer> on each of the servers.
+// Runs the tests of a TestWithParam<TestServer> on every server.
 #define ON_ALL_SERVERS(suite)                                                                                          \
     INSTANTIATE_TEST_SUITE_P(Servers, suite,                                                                           \
                              testing::Values(TestServer::Sqlite, TestServer::PostgreSql, TestServer::MariaDb),         \
@@ -50,12 +51,13 @@ inline void PrintTo(TestServer server, std::ostream *out) {
     *out << TestDatabase::nameOf(server).toStdString();
 }
 
-// Makes an empty file: a database of SQLite without tables. The program makes none.
+// Creates an empty file, which is an SQLite database without tables. The program itself never creates one.
 void makeEmptyFile(const QString &path);
 
-// The text of a file of data/schema.
+// Returns the text of a file in data/schema.
 QString schemaScript(const QString &name);
 
-// Commands of scripts/test-servers, such as "stop-postgresql", one behind the other; or beside what goes on here.
+// Run commands of scripts/test-servers, such as "stop-postgresql", one after the other. commandServers() waits until
+// the command ends; startCommands() returns at once.
 void commandServers(const QString &command);
 void startCommands(QProcess &process, const QStringList &commands);

@@ -1,4 +1,4 @@
-// Random things with a fixed seed.
+// Random values from a fixed seed.
 #pragma once
 
 #include <QtGlobal>
@@ -9,12 +9,12 @@ class Dice {
 public:
     explicit Dice(unsigned seed)
         : m_engine(seed) {}
-    int below(qsizetype limit) { return int(m_engine() % unsigned(limit)); } // the same on every machine
+    int below(qsizetype limit) { return int(m_engine() % unsigned(limit)); } // the same on every platform
     template <class List>
     auto oneOf(const List &list) {
         return list[below(std::size(list))];
     }
-    // At most `longest` pieces of the alphabet.
+    // Returns at most `longest` random pieces of the alphabet, joined.
     template <class Text, class Alphabet>
     Text text(const Alphabet &alphabet, int longest) {
         Text result;

@@ -1,4 +1,4 @@
-// A disk without room: while this stands no file of the process can be written beyond `bytes`.
+// Simulates a full disk: during the lifetime of this object, the process cannot write any file beyond `bytes`.
 #pragma once
 
 #include <csignal>
@@ -7,7 +7,7 @@
 class FullDisk {
 public:
     explicit FullDisk(rlim_t bytes) {
-        std::signal(SIGXFSZ, SIG_IGN); // the write fails instead
+        std::signal(SIGXFSZ, SIG_IGN); // so that the write fails instead of ending the process
         getrlimit(RLIMIT_FSIZE, &m_before);
         rlimit limit = m_before;
         limit.rlim_cur = bytes;

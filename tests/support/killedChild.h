@@ -1,4 +1,4 @@
-// A process of its own that works until it is killed as no program can guard against (kill -9).
+// A child process that works until it is killed with SIGKILL, which a program cannot catch.
 #pragma once
 
 #include <QTest>
@@ -8,8 +8,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-// The child works in a loop; it is killed once `farEnough`, which is asked here. No link to a database may be kept open
-// when it is called, the child would have it too.
+// The child repeats `work`; it is killed once `farEnough` returns true in this process. No database connection may be
+// open during the call, because the child would share it.
 inline void killInMidWork(const std::function<void()> &work, const std::function<bool()> &farEnough) {
     const pid_t child = fork();
     if (child == 0)

@@ -1,4 +1,4 @@
-// What every test begins with: GoogleTest, whose failures show Chinese texts instead of dumps of bytes.
+// Included by every test: GoogleTest, with printers that show Chinese texts instead of byte dumps.
 #pragma once
 
 #include <QByteArray>

@@ -1,4 +1,4 @@
-// Small record files in a folder of the test's own.
+// Small record files in a temporary folder.
 #pragma once
 
 #include "support/testFolder.h"
@@ -11,7 +11,7 @@ inline QByteArray record(int number) {
     return "record " + QByteArray::number(number) + "\x1e\x1d";
 }
 
-// `count` records on lines of their own, numbered from `first` on.
+// Returns `count` records, one per line, numbered from `first`.
 inline QByteArray lines(int count, int first = 1) {
     QByteArray bytes;
     for (int i = 0; i < count; ++i)
@@ -22,7 +22,7 @@ inline QByteArray lines(int count, int first = 1) {
 class Folder : public TestFolder {
 public:
     QString write(const QString &name, const QByteArray &bytes) const { return file(name, bytes); }
-    // The names of the files, without the source's own.
+    // Returns the names of the files except the source's.
     QStringList names() const {
         QStringList all = QDir(path()).entryList(QDir::Files | QDir::System, QDir::Name);
         all.removeAll(QStringLiteral("source.iso"));
@@ -30,7 +30,7 @@ public:
     }
 };
 
-// How many record files this process holds open; what the toolkit opens for itself does not count.
+// Returns how many record files this process has open; other files that the toolkit opens do not count.
 inline qsizetype openFiles() {
     const QFileInfoList held = QDir(QStringLiteral("/proc/self/fd")).entryInfoList(QDir::System | QDir::AllEntries);
     return std::count_if(held.begin(), held.end(), [](const QFileInfo &file) {

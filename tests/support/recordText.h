@@ -1,12 +1,11 @@
-// Builds the text of a record from its fields, with a directory that is right, so that a test says only what it is
-// about.
+// Builds the text of a record with a valid directory from its fields, so that a test states only what it checks.
 #pragma once
 
 #include "platform/codepage936.h"
 #include "platform/numbers.h"
 #include "support/qtPrinters.h"
 
-// The directory and the fields as they are given.
+// Returns a record with the given directory and field data.
 inline QString recordWithDirectory(const QString &directory, const QString &data, QChar type = u'a') {
     const int base = 24 + int(directory.size()) + 1;
     const int total = base + int(platform::gbkLength(data)) + 1;
@@ -14,7 +13,7 @@ inline QString recordWithDirectory(const QString &directory, const QString &data
            QStringLiteral("   450 ") + directory + QChar(0x1E) + data + QChar(0x1D);
 }
 
-// Tag and content; "$" stands for the subfield delimiter. The field terminator is added.
+// Tag and content; "$" represents the subfield delimiter. The field terminator is added.
 using TestField = std::pair<QString, QString>;
 
 inline QString recordOf(const QList<TestField> &fields, QChar type = u'a') {
@@ -30,7 +29,7 @@ inline QString recordOf(const QList<TestField> &fields, QChar type = u'a') {
     return recordWithDirectory(directory, data, type);
 }
 
-// The same from "tag=content" pieces, parted by "|".
+// Builds a record from "tag=content" pieces separated by "|".
 inline QString recordOf(const QString &fields) {
     QList<TestField> list;
     for (const QString &field : fields.split(u'|', Qt::SkipEmptyParts))

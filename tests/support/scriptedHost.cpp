@@ -10,8 +10,8 @@ ScriptedHost::ScriptedHost()
 }
 
 ScriptedHost::~ScriptedHost() {
-    EXPECT_TRUE(m_answers.isEmpty()) << m_answers.size() << " answers were not asked for";
-    EXPECT_TRUE(m_files.isEmpty()) << "files were not asked for: " << m_files.join(u' ').toStdString();
+    EXPECT_TRUE(m_answers.isEmpty()) << m_answers.size() << " prepared answers were not used";
+    EXPECT_TRUE(m_files.isEmpty()) << "prepared files were not used: " << m_files.join(u' ').toStdString();
 }
 
 QStringList ScriptedHost::texts() const {

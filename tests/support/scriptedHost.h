@@ -1,5 +1,5 @@
-// A machine made of a script: it records every box, dialog and shell call, answers questions from a prepared list, and
-// fails the test on a question that nobody expected and on an answer that nobody used. It never waits.
+// A scripted host: it records every box, dialog and shell call, answers questions from a prepared list, and fails the
+// test on an unexpected question and on an unused answer. It never waits.
 #pragma once
 
 #include "platform/host.h"
@@ -12,24 +12,24 @@
 class ScriptedHost final : public platform::Host {
 public:
     ScriptedHost();
-    ~ScriptedHost() override; // fails where answers or files are left
+    ~ScriptedHost() override; // fails if prepared answers or files are left
 
-    // Prepares the answer of the next question, and the result of the next file dialog ("" cancels).
+    // Prepare the answer to the next question and the result of the next file dialog ("" cancels).
     void willAnswer(platform::Answer answer) { m_answers.append(answer); }
     void willChoose(const QString &path) { m_files.append(path); }
 
     QList<platform::Box> boxes;          // all boxes, in order
     QList<platform::FileDialog> dialogs; // all file dialogs, in order
-    QStringList opened;                  // what was handed to the shell
-    bool checksTick = false;             // a box with a check box is left with it checked
+    QStringList opened;                  // what was passed to the shell
+    bool checksTick = false;             // closes a box with a check box with it checked
     bool shellWorks = true;
-    int endings = 0;               // how often the process was told to end
-    QDateTime clock;               // what now() says
-    QString folder;                // what programFolder() says: a folder of the test's own
-    std::function<void()> onYield; // what happens while the program yields
-    std::function<void()> onShow;  // what is looked at while a box stands
+    int endings = 0;               // how often the process was asked to end
+    QDateTime clock;               // the result of now()
+    QString folder;                // the result of programFolder(): a temporary folder
+    std::function<void()> onYield; // called while the program yields
+    std::function<void()> onShow;  // called while a box is shown
 
-    QStringList texts() const; // the boxes' texts, in order
+    QStringList texts() const; // the texts of the boxes, in order
     platform::Box lastBox() const;
 
     platform::Answer show(const platform::Box &box) override;

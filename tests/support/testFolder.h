@@ -1,4 +1,4 @@
-// A folder of the test's own, gone when the test ends.
+// A temporary folder, removed when the test ends.
 #pragma once
 
 #include "support/qtPrinters.h"
@@ -7,9 +7,9 @@
 
 class TestFolder {
 public:
-    // The folder with its separator, or the path of a file in it.
+    // Returns the folder with a trailing separator, or the path of a file in it.
     QString path(const QString &name = {}) const { return m_folder.path() + u'/' + name; }
-    // The path of a file with these bytes.
+    // Writes a file with these bytes and returns its path.
     QString file(const QString &name, const QByteArray &bytes) const {
         QFile file(path(name));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
