@@ -16,7 +16,7 @@ namespace tour {
 
 namespace {
 
-// What a label's text takes at the width that it has.
+// Returns the size that the label's text needs at the label's current width.
 QSize needed(const QLabel &label) {
     const QMargins edges = label.contentsMargins();
     if (label.wordWrap())
@@ -27,10 +27,10 @@ QSize needed(const QLabel &label) {
     return QSize(text.width() + 2 * label.margin(), text.height() + 2 * label.margin()).grownBy(edges);
 }
 
-// The box or the circle beside the text, and the picture.
+// Returns the size that the button's text needs, including its indicator and its icon.
 QSize needed(const QAbstractButton &button) {
     const QSize text = button.fontMetrics().size(Qt::TextShowMnemonic, button.text());
-    if (qobject_cast<const widgets::ClickLabel *>(&button) && text.width() > button.width() + 1) // which may wrap
+    if (qobject_cast<const widgets::ClickLabel *>(&button) && text.width() > button.width() + 1) // the text may wrap
         return button.fontMetrics().boundingRect(0, 0, button.width(), 0, Qt::TextWordWrap, button.text()).size();
     const auto *tool = qobject_cast<const QToolButton *>(&button);
     if (tool && tool->toolButtonStyle() == Qt::ToolButtonTextUnderIcon)
@@ -44,7 +44,7 @@ QSize needed(const QAbstractButton &button) {
     return {text.width() + beside, text.height()};
 }
 
-// Sizes are rounded up to whole pixels here and there: one may be missing.
+// Allows one pixel less than needed, because some sizes are rounded up to whole pixels.
 bool isSquashed(const QWidget &widget, const QSize &needed) {
     return widget.width() + 1 < needed.width() || widget.height() + 1 < needed.height();
 }

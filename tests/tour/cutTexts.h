@@ -1,4 +1,4 @@
-// Texts of a window that its labels and buttons have no room for.
+// Finds texts that do not fit their labels and buttons.
 #pragma once
 
 #include <QString>
@@ -8,8 +8,8 @@ class QWidget;
 
 namespace tour {
 
-// One line for each visible label and button of the window that shows less than its text. Labels that leave out the
-// middle on their own count as whole, and so does what scrolls.
+// Returns one line for each visible label and button of the window that shows less than its whole text. Labels that
+// elide the middle of their text by design, and contents that scroll, do not count.
 QStringList cutTexts(const QWidget *window);
 
 } // namespace tour

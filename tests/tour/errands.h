@@ -1,4 +1,4 @@
-// Errands that several scenes of the tour have. Rows of a grid count from 1.
+// Actions that several scenes of the tour use. Rows of a grid count from 1.
 #pragma once
 
 #include "tour/tourDriver.h"
@@ -12,44 +12,46 @@ namespace tour {
 inline constexpr QStringView closeQuestion = u"确实要退出吗？";
 inline constexpr QStringView exportTitle = u"导出书库数据为marc格式";
 
-// One value of the tour's own database: the first column of the first row.
+// Returns one value from the tour's database: the first column of the first row.
 QString fromDatabase(TourDriver &driver, const QString &statement);
-// Runs a statement that gives no rows.
+// Runs a statement that returns no rows.
 void changeDatabase(TourDriver &driver, const QString &statement);
-// Makes a catalogue large enough for an export to be met in the middle.
+// Enlarges the catalogue so that an export can be interrupted in its middle.
 void enlargeCatalogue(TourDriver &driver);
-void shrinkCatalogue(TourDriver &driver); // back to what it was
+void shrinkCatalogue(TourDriver &driver); // restores the original size
 
-// Gives the keyboard to a control, as soon as it is there.
+// Gives the keyboard focus to a control as soon as it exists.
 void giveFocus(TourDriver &driver, const QString &name);
-// Puts the text where the keyboard is, from the clipboard: keys alone give no Chinese.
+// Pastes the text at the keyboard focus, because key presses alone cannot enter Chinese.
 void paste(TourDriver &driver, const QString &text);
 
-QString pathOf(const QString &file); // of a sample, or of a file beside the samples
-// Waits for the file dialog with that title, takes its picture when it has a name, types the path and closes it.
+QString pathOf(const QString &file); // of a sample, or of a file in the folder of the samples
+// Waits for the file dialog with that title, takes a picture if `picture` is not empty, types the path and closes the
+// dialog.
 void enterFile(TourDriver &driver, const QString &title, const QString &path, const QString &picture = {});
-// How many records the system's own reader finds in a file; -1 where there is no file.
+// Returns how many records the program's own reader finds in a file, or -1 if the file does not exist.
 int recordsIn(const QString &path);
 
 // In frmSelectMFile: types the path of a sample file and opens the workspace on it.
 void choose(TourDriver &driver, const QString &file);
-// From the main window to the workspace on a sample file.
+// Opens the workspace on a sample file, starting from the main window.
 void openSample(TourDriver &driver, const QString &file);
-// Closes the workspace, with its question; frmSelectMFile stands behind it, which the other closes too.
+// closeWorkspace() closes the workspace and answers its question, which leaves frmSelectMFile; backToMain() closes that
+// too.
 void closeWorkspace(TourDriver &driver);
 void backToMain(TourDriver &driver);
 
-// The workspace in front; only inside look().
+// Returns the workspace in front. Only inside look().
 workspace::frmDaoru *desk();
-// The row of the first such field or, with an identifier ("$a"), of its subfield; 0 where there is none.
+// Returns the row of the first field with this tag or, with an identifier ("$a"), of its subfield; 0 if there is none.
 int rowOf(TourDriver &driver, const QString &tag, const QString &identifier = {});
 void goTo(TourDriver &driver, int row);
-// Waits until the editor is open, has the keyboard and lies exactly over that cell.
+// Waits until the editor is open, has the keyboard focus and covers exactly that cell.
 bool waitForEditor(TourDriver &driver, const QString &editor, int row, int column);
-// Opens the editor of the row's content.
+// Opens the editor for the content of the row.
 void openContent(TourDriver &driver, int row);
-// Opens it, types that instead of what was there, and takes it over.
+// Opens that editor, replaces its text and commits it.
 void retype(TourDriver &driver, int row, const QString &text);
-void waitUntilIdle(TourDriver &driver); // no editor open, the grid has the keyboard
+void waitUntilIdle(TourDriver &driver); // no editor is open and the grid has the keyboard focus
 
 } // namespace tour

@@ -61,7 +61,7 @@ void merge(TourDriver &driver, int round) {
     driver.click(u"cmdClick0"_s);
 }
 
-// The number that is painted, which is behind the one that the label holds.
+// Returns the number that is painted, which may be older than the number that the label holds.
 int painted(const char *label) {
     const auto *found = TourDriver::find<widgets::PacedLabel>(QString::fromLatin1(label));
     const QString text = found ? found->QLabel::text() : QString();
@@ -72,7 +72,7 @@ int painted(const char *label) {
     return text.mid(colon + 1, digits).toInt();
 }
 
-// Whole records in the files, and not a byte of another in front of the last one's end.
+// Returns the number of complete records in the files, or -1 if anything but the end of the last record is malformed.
 int wholeRecords(const QString &files) {
     const QDir folder;
     const QStringList names = folder.entryList({files});
@@ -84,7 +84,7 @@ int wholeRecords(const QString &files) {
         while (!file.atEnd()) {
             const QByteArray line = file.readLine();
             if (!line.endsWith("\x1d\r\n") || line.count('\x1d') != 1)
-                return line.endsWith('\n') ? -1 : records; // the last may be torn
+                return line.endsWith('\n') ? -1 : records; // the last record may be cut off
             ++records;
         }
     }

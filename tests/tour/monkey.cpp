@@ -21,7 +21,7 @@ int stored(TourDriver &driver) {
     return fromDatabase(driver, u"select count(*) from taoluTable"_s).toInt();
 }
 
-// Required of a split and a merge: one that failed leaves a window that will not close. Only the monkey knows a way.
+// A failed split or merge is required to leave a window that refuses to close. This resets its state so that it closes.
 void freeStuckTool(TourDriver &driver, MonkeyWatch &watch) {
     if (!watch.stuck())
         return;
@@ -51,7 +51,8 @@ void removeFiles() {
         folder.remove(file);
 }
 
-// The loop again and again until its time is over; at the end of each the store has what the imports have told.
+// Repeats the loop until its time is over. After each round the database must contain the records that the imports
+// reported.
 void play(TourDriver &driver, MonkeyHands &hands, MonkeyWatch &watch, const LongRun &loop, int milliseconds) {
     QElapsedTimer clock;
     clock.start();

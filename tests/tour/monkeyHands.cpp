@@ -18,8 +18,8 @@ namespace {
 
 constexpr QStringView exitQuestion = u"确定要退出系统吗？";
 
-// Not among them: Ctrl+F, which ends the program where it stands on the catalogue, and what the window manager keeps
-// for itself.
+// Excluded: Ctrl+F, which ends the program at once when it is pressed in the catalogue, and the keys of the window
+// manager.
 constexpr auto chords = std::to_array<const char *>(
     {"Tab",      "shift+Tab", "Return",     "Escape",    "space",  "Up",        "Down",     "Left",      "Right",
      "Home",     "End",       "Page_Up",    "Page_Down", "Menu",   "F2",        "F10",      "BackSpace", "Delete",
@@ -27,7 +27,8 @@ constexpr auto chords = std::to_array<const char *>(
      "shift+Up", "ctrl+Down", "shift+Home", "y",         "n",      "a",         "Z",        "9",         "0"});
 constexpr QStringView accessKeys = u"abcdefghijklmnoqrstuvwxyz"; // Alt+P paginates a whole catalogue
 
-// Whether a read or an import ran in the window in front: it ends behind the record in hand.
+// Stops the read or the import of the window in front and returns true if there is one; the run ends after its current
+// record.
 bool stopRun() {
     for (const QString &name : {u"frmDaoru/cmdJieShu"_s, u"frmDaoRuJindu/cmdStop"_s}) {
         auto *stop = TourDriver::find<QAbstractButton>(name);
@@ -100,7 +101,7 @@ void MonkeyHands::actOn(const Front &front, const Throw &dice) {
     startSecond();
 }
 
-// A box shows its button pressed for a while before it goes; where a second start has caught the key, it stays.
+// A box shows its button pressed for a while before it closes; if a second start received the key, the box stays open.
 void MonkeyHands::answer(const Front &front, bool yes) {
     press(!front.hasAnswers ? u"Return"_s : yes ? u"y"_s : u"n"_s);
     const auto isOpen = [id = front.id] { return QWidget::find(id) && QWidget::find(id)->isVisible(); };
@@ -108,7 +109,8 @@ void MonkeyHands::answer(const Front &front, bool yes) {
         QThread::msleep(1);
 }
 
-// A name of its own in the folder of the samples, one that stands there, or none: the rest of the disk is not for it.
+// Enters a new name in the folder of the samples, an existing one, or cancels. The monkey never names a file elsewhere
+// on the disk.
 void MonkeyHands::answerFile(const Throw &dice) {
     if (dice.choice % 4 == 0)
         return press(u"Escape"_s);
@@ -117,7 +119,7 @@ void MonkeyHands::answerFile(const Throw &dice) {
     typeText(QDir::currentPath() + u'/' + name);
     press(u"Return"_s);
     m_driver.settle();
-    if (front().isFileDialog) // there is no such file to open
+    if (front().isFileDialog) // the file to open does not exist
         press(u"Escape"_s);
 }
 
@@ -148,8 +150,8 @@ void MonkeyHands::click(const Front &front, const Throw &dice) {
         m_driver.server().button(button, i % 2 == 0);
 }
 
-// Between two windows the window manager is about to give the keyboard on; where the box of the second start went, it
-// may give it to nobody, and a person would reach for the window.
+// While one window replaces another, the window manager has yet to give the keyboard to the next one. After the box of
+// a second start closes, it may give the keyboard to no window, and a user would then click a window.
 void MonkeyHands::meetNobody() {
     QThread::msleep(1);
     if (++m_alone % 500 != 0)
@@ -178,8 +180,8 @@ void MonkeyHands::close(const Front &front) {
     m_driver.server().close(front.id);
 }
 
-// What the window manager was asked before has come when the window has the size that is asked of it now, with room for
-// its toolbar.
+// Once the window has the newly requested size, the window manager has processed all earlier requests. The width leaves
+// space for the toolbar.
 void MonkeyHands::hearTheManager(const Front &front) {
     const QSize size(1100 + m_acts % 100, 700);
     m_driver.server().resize(front.id, size);

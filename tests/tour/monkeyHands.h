@@ -1,4 +1,4 @@
-// The hands of the monkey: one thing at a time, chosen by dice, done to whatever window is in front.
+// Performs the monkey's actions: one random action at a time, on the window that is in front.
 #pragma once
 
 #include "tour/tourDriver.h"
@@ -12,19 +12,19 @@ public:
     MonkeyHands(TourDriver &driver, unsigned seed);
 
     void act();
-    // Closes all that is open, the runs at their stop buttons, until the main window stands alone. `help` is called
+    // Closes all windows, stopping runs with their stop buttons, until only the main window is open. Calls `help`
     // between the steps.
     void tidyUp(const std::function<void()> &help);
 
     int acts() const { return m_acts; }
-    QString lastActs() const { return m_last.join(u'\n'); } // for whoever looks for the cause of a failure
+    QString lastActs() const { return m_last.join(u'\n'); } // for finding the cause of a failure
 
 private:
-    // The window that has the keyboard, as the hands see it.
+    // The window that has the keyboard focus.
     struct Front {
-        quintptr id = 0; // 0: none of the program's
+        quintptr id = 0; // 0: no window of the program
         QString name;
-        QString question; // the text of a box
+        QString question; // the text of a message box
         bool hasAnswers = false;
         bool isFileDialog = false;
         bool isPreview = false;
@@ -32,7 +32,8 @@ private:
         bool hasPopup = false;
         QRect place;
     };
-    // All numbers of one act, thrown before anything is looked at, so that the dice do not hang on the machine's pace.
+    // All random numbers of one action. They are drawn before the window is examined, so that the sequence does not
+    // depend on the speed of the machine.
     struct Throw {
         int kind;
         quint32 choice;
@@ -52,7 +53,7 @@ private:
     void startSecond();
     void closeFront(const Front &front);
     void hearTheManager(const Front &front);
-    bool secondRuns(); // closes its box, as soon as that comes up
+    bool secondRuns(); // closes the box of the second start as soon as it opens
     void close(const Front &front);
 
     TourDriver &m_driver;
@@ -60,7 +61,7 @@ private:
     QProcess m_second;
     QStringList m_last;
     int m_acts = 0;
-    int m_alone = 0; // looks that found no window with the keyboard
+    int m_alone = 0; // consecutive checks that found no window with the keyboard
     int m_names = 0;
 };
 

@@ -24,7 +24,7 @@ int numberIn(const QString &text) {
     return firstNumber.match(text).captured().toInt();
 }
 
-// How many rows of the list are not what the file holds there.
+// Returns how many rows of the list differ from the records in the file, or -1 if the file cannot be opened.
 int differing(const marc::PreReadStore &records, const QString &file) {
     auto reader = platform::LineReader::open(file);
     if (!reader)
@@ -38,7 +38,7 @@ int differing(const marc::PreReadStore &records, const QString &file) {
     return found;
 }
 
-// Whether a split or a merge is under way, or has failed in mid run.
+// Returns whether a split or a merge is running or has failed during its run.
 bool aRunStands() {
     return std::ranges::any_of(std::array{u"frmCutFile/labJinDu"_s, u"frmUnionFile/labJinDu"_s},
                                [](const QString &name) {
@@ -98,7 +98,7 @@ void MonkeyWatch::boxOpened(const QString &text) {
     if (const auto match = exportMessage.match(text); match.hasMatch())
         exportEnded(match.captured(1).toInt(), match.captured(2));
     else if (text.startsWith(u"【cmdClick】"))
-        m_stuck = aRunStands(); // a refusal in front of a run leaves nothing stuck
+        m_stuck = aRunStands(); // a refusal before a run does not block the window
 }
 
 void MonkeyWatch::boxClosed(const QMessageBox &box) {
@@ -115,7 +115,7 @@ void MonkeyWatch::fileChosen(const QFileDialog &dialog) {
         m_exportFile = dialog.selectedFiles().constFirst();
 }
 
-// Behind a stop the message tells one less than the file holds, and than the question has told.
+// After a stop, the message reports one record less than the file and the stop question.
 void MonkeyWatch::exportEnded(int told, const QString &file) {
     const int held = recordsIn(file);
     compare(held, m_stopAsked > 0 ? told + 1 : told, u"records in " + file);
@@ -125,7 +125,7 @@ void MonkeyWatch::exportEnded(int told, const QString &file) {
     m_exportFile.clear();
 }
 
-// Closed in the middle of its export, it leaves the records of which it has told.
+// An export whose list is closed leaves the records that its label shows.
 void MonkeyWatch::listClosed(QWidget *window) {
     if (m_exportFile.isEmpty())
         return;
@@ -152,7 +152,8 @@ void MonkeyWatch::importClosed(QWidget *window) {
     m_imported += numberIn(progress->labTishi->text());
 }
 
-// The lines of a split and of a merge: what the sources held in all has gone into the targets, and lies there.
+// Checks the lines of the report of a split or a merge: the number of records of all sources is the number of records
+// in the targets, and the files contain them.
 void MonkeyWatch::toolReported(const QString &report) {
     if (!report.startsWith(u"【源文件】"))
         return;

@@ -1,5 +1,5 @@
-// Looks at every window that comes and goes while the monkey plays, and compares what the program says of its work with
-// what lies in the files and in the list. Lives in the thread of the windows.
+// Watches every window that opens and closes while the monkey plays, and compares what the program reports with the
+// contents of the files and of the list. Lives in the GUI thread.
 #pragma once
 
 #include "tour/tourDriver.h"
@@ -14,9 +14,9 @@ class MonkeyWatch final : public QObject {
 public:
     explicit MonkeyWatch(TourDriver &driver);
 
-    int imported() const { return m_imported; } // in all, by the closing lines of the imports
+    int imported() const { return m_imported; } // the total of the imports' final messages
     int checks() const { return m_checks; }     // comparisons made so far
-    bool stuck() const { return m_stuck; }      // a split or a merge has failed, and its window will not close
+    bool stuck() const { return m_stuck; }      // a split or a merge has failed and its window refuses to close
     void freed() { m_stuck = false; }
 
 private:
@@ -37,9 +37,9 @@ private:
 
     TourDriver &m_driver;
     int m_imported = 0;
-    int m_takenOver = 0;  // records changed by hand, at most, in the workspace that is open
-    int m_stopAsked = 0;  // the number in the last question of a stop, 0 unless it was answered with Yes
-    QString m_exportFile; // of the export that runs
+    int m_takenOver = 0;  // upper limit of the records changed by hand in the open workspace
+    int m_stopAsked = 0;  // the number in the last stop question if it was answered with Yes, else 0
+    QString m_exportFile; // of the running export
     int m_checks = 0;
     bool m_stuck = false;
 };

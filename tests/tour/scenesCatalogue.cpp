@@ -1,4 +1,4 @@
-// The catalogue and the store of imported records: queries, lists, an export, deletions, two lists in the frame.
+// The catalogue and the table of imported records: queries, lists, an export, deletions, two lists in the frame.
 #include "catalogue/listTexts.h"
 #include "tour/errands.h"
 #include "tour/scenes.h"
@@ -17,7 +17,7 @@ namespace tour {
 
 namespace {
 
-// What composeQuery() asks for, in words of the tour's own.
+// The statement that composeQuery() must produce, written independently.
 constexpr QStringView wanted =
     u" from zsk where (isbn like '%7-02%' and catatime >= '2002-01-01') or bookname like '%三%'";
 
@@ -25,8 +25,8 @@ int number(TourDriver &driver, const QString &statement) {
     return fromDatabase(driver, statement).toInt();
 }
 
-// From the field box: `field` is a key that finds the field, `downs` leads to the operator; the focus ends behind the
-// value.
+// Starts in the field box: `field` is a key that selects the field, `downs` is the number of Down presses to the
+// operator. Ends with the focus on the control after the value.
 void addCondition(TourDriver &driver, const QString &field, int downs, const QString &value) {
     driver.waitForFocus(u"cSql"_s);
     driver.key(field + u" Return Home");
@@ -83,7 +83,7 @@ void queriedList(TourDriver &driver) {
         driver.expectEqual(driver.textOf(u"SCKListFrm/LabelZSK12"_s),
                            fromDatabase(driver, u"select count(*) from sck where zskid=" + key), u"copies"_s);
         driver.leave(u"alt+x"_s, u"SCKListFrm"_s);
-        driver.waitForWindow(u"ZSKListFrm"_s); // which has the same key for its own end
+        driver.waitForWindow(u"ZSKListFrm"_s); // it closes with the same key
     }
 }
 
@@ -179,7 +179,7 @@ void queryStore(TourDriver &driver, const QString &author) {
     driver.waitForWindow(u"TLKListFrm"_s, u"store-list"_s);
 }
 
-// No is preselected, and deletes nothing.
+// No is the default answer and deletes nothing.
 void deleteRows(TourDriver &driver, const QString &chord, const QString &question, const QString &rows, int left) {
     const int before = stored(driver);
     const int some = stored(driver, rows);
@@ -223,11 +223,12 @@ void makeLower(TourDriver &driver, const QString &list, int bottom) {
     driver.expect(placeOf(driver, list).bottom() < place.bottom(), list + u" was made lower");
 }
 
-// The frame filled by the window manager, and the two lists drawn one above the other in it by their titles and edges.
+// Maximizes the frame through the window manager, then drags the two lists by their titles and edges so that one is
+// above the other.
 void oneAboveTheOther(TourDriver &driver) {
     const QRect frame = driver.look([] { return TourDriver::find(u"marcMain"_s)->geometry(); });
     driver.clickAt({frame.center().x(), frame.top() - 8}, 1, 2);
-    driver.waitUntil(u"the frame fills the screen"_s, [] { // the size comes behind the word that it is so
+    driver.waitUntil(u"the frame fills the screen"_s, [] { // the size changes only after the state does
         const QWidget *window = TourDriver::find(u"marcMain"_s)->window();
         return window->isMaximized() && window->width() == window->screen()->size().width();
     });
@@ -250,14 +251,14 @@ void oneAboveTheOther(TourDriver &driver) {
     driver.shot(u"two-lists"_s);
 }
 
-// Maximised by a double click on its title, put back, and closed by its cross.
+// Maximizes the list by a double click on its title, restores it, and closes it with its close button.
 void maximise(TourDriver &driver) {
     const QRect before = placeOf(driver, u"ZSKListFrm"_s);
     const auto isLarge = [] {
         QWidget *list = TourDriver::find(u"ZSKListFrm"_s);
         return list && list->parentWidget()->isMaximized();
     };
-    driver.click(u"ZSKListFrm/lCounts"_s); // brings it to the front
+    driver.click(u"ZSKListFrm/lCounts"_s); // raises the list
     driver.clickAt({before.center().x(), before.top() + 10}, 1, 2);
     driver.waitUntil(u"the list fills the frame"_s, isLarge);
     driver.shot(u"list-maximised"_s);

@@ -1,5 +1,5 @@
-// A day's work on a supplier's file, by keys alone; each step says how many it took. A text that is pasted counts as
-// one, as a word of an input method does.
+// A day's work on a supplier's file by keys alone; each step reports how many keys it took. Pasting a text counts as
+// one key, like a word entered through an input method.
 #include "tour/errands.h"
 #include "tour/scenes.h"
 #include "widgets/flexGrid.h"
@@ -12,10 +12,10 @@ namespace tour {
 
 namespace {
 
-constexpr int sought = 4000; // where the title that is looked for stands in day.iso
+constexpr int sought = 4000; // position in day.iso of the title to find, from 1
 const QString title = u"果树修剪论集"_s;
 
-// Says what was done and how many keys it took since the last time.
+// Prints what was done and how many keys it took since the previous report.
 class KeyCount {
 public:
     explicit KeyCount(const TourDriver &driver)
@@ -39,7 +39,7 @@ bool shows(const QString &label, const QString &part) {
 void openAndRead(TourDriver &driver) {
     driver.key(u"alt+1"_s);
     driver.waitForWindow(u"frmSelectMFile"_s);
-    giveFocus(driver, u"Text1"_s); // which costs a key: Shift+Tab
+    giveFocus(driver, u"Text1"_s); // takes one key: Shift+Tab
     paste(driver, pathOf(u"day.iso"_s));
     driver.key(u"alt+s"_s);
     driver.waitForWindow(u"frmDaoru"_s);
@@ -81,7 +81,7 @@ void addSubject(TourDriver &driver) {
     driver.type(u"606"_s);
     driver.key(u"Return"_s);
     waitUntilIdle(driver);
-    const auto added = [] { // without a text as yet
+    const auto added = [] { // still without a text
         const auto *grid = desk()->Grid1;
         int row = grid->rows() - 1;
         while (row > 0 && (grid->text(row, 2) != u"606" || !grid->text(row, 4).isEmpty()))

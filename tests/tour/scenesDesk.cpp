@@ -1,5 +1,5 @@
-// What the workspace gives beside the editing: facts about the file, finding, a whole text, the proof of the whole
-// list, and the rows of this import in the store.
+// Features of the workspace other than editing: facts about the file, finding, a whole text, the proof of the whole
+// list, and the rows of the current import in the database.
 #include "tour/errands.h"
 #include "tour/scenes.h"
 #include "widgets/flexGrid.h"
@@ -17,7 +17,7 @@ workspace::frmDaoru *room() {
     return TourDriver::find<workspace::frmDaoru>(u"frmDaoru"_s);
 }
 
-// A file that this program reads in part: two records in one line.
+// A file of which the program reads only a part: two records on one line.
 void tellOfAFile(TourDriver &driver) {
     QFile sample(pathOf(u"five.iso"_s)), joined(pathOf(u"joined.iso"_s));
     if (sample.open(QIODevice::ReadOnly) && joined.open(QIODevice::WriteOnly))
@@ -76,7 +76,7 @@ void waitForImport(TourDriver &driver) {
     });
 }
 
-// One record that no database takes, since it holds a NUL, and one whose directory is out of place.
+// One record that no database accepts because it contains a NUL, and one with a wrong directory.
 void refused(TourDriver &driver) {
     openSample(driver, u"nul.iso"_s);
     driver.key(u"alt+s"_s);

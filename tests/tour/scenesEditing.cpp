@@ -1,4 +1,4 @@
-// The grid of fields: its editors, its popup, its lists and the assistants, by the keyboard where nothing else is said.
+// The grid of fields: editors, popup menu, lists and assistants, driven by the keyboard unless stated otherwise.
 #include "tour/errands.h"
 #include "tour/scenes.h"
 #include <QApplication>
@@ -20,7 +20,7 @@ void waitForPopup(TourDriver &driver, bool there) {
     driver.waitUntil(there ? u"popup"_s : u"popup gone"_s, [there] { return (popup() != nullptr) == there; });
 }
 
-// The popup of the current row by the menu key, and the choice of an item.
+// Opens the popup menu of the current row with the Menu key and chooses an item.
 void choosePopup(TourDriver &driver, const QString &item) {
     driver.key(u"Menu"_s);
     waitForPopup(driver, true);
@@ -40,7 +40,7 @@ void choosePopup(TourDriver &driver, const QString &item) {
     waitForPopup(driver, false);
 }
 
-// By the right button: it shows the popup for the current row, which does not move.
+// A click with the right button opens the popup menu for the current row and does not move it.
 void popupByMouse(TourDriver &driver) {
     const int row = rowOf(driver, u"100"_s);
     goTo(driver, row);
@@ -52,7 +52,7 @@ void popupByMouse(TourDriver &driver) {
     driver.expect(driver.look([row] { return desk()->Grid1->row() == row; }), u"the right button moves no row"_s);
 }
 
-// What GBK cannot hold is told while it is typed; Esc drops all.
+// Characters that GBK lacks are reported while they are typed; Esc discards the text.
 void smallForm(TourDriver &driver) {
     const int row = rowOf(driver, u"205"_s, u"$a"_s);
     openContent(driver, row);
@@ -82,7 +82,7 @@ void largeForm(TourDriver &driver) {
     waitUntilIdle(driver);
 }
 
-// What is refused leaves the editor open; what passes the checks lands in the cell.
+// A rejected text leaves the editor open; an accepted text is written into the cell.
 void changeIdentifier(TourDriver &driver) {
     const int row = rowOf(driver, u"205"_s, u"$a"_s);
     goTo(driver, row);
@@ -94,13 +94,13 @@ void changeIdentifier(TourDriver &driver) {
     driver.answerBox(u"格式错误，请重新输入或按【Esc】取消操作"_s, u"Return"_s, u"code-refused"_s);
     waitForEditor(driver, u"Text1"_s, row, 2);
     driver.key(u"ctrl+a"_s);
-    driver.type(u"$B3"_s); // the third finds no room
+    driver.type(u"$B3"_s); // the third character does not fit
     driver.key(u"Return"_s);
     waitUntilIdle(driver);
     driver.expectEqual(driver.cell(u"Grid1"_s, row, 2), u"$B"_s, u"the identifier"_s);
 }
 
-// From the list of fields, by a double click.
+// Adds a field by a double click in the list of fields.
 void addField(TourDriver &driver) {
     const int row = rowOf(driver, u"205"_s);
     goTo(driver, row);
@@ -118,7 +118,7 @@ void addField(TourDriver &driver) {
     });
     driver.clickAt(place, 1, 2);
     waitUntilIdle(driver);
-    const int added = row + 2; // behind the field and its one subfield
+    const int added = row + 2; // after the field and its only subfield
     driver.expectEqual(driver.cell(u"Grid1"_s, added, 2), field.left(3), u"the tag added"_s);
     driver.expect(driver.look([added] {
         const widgets::FlexGrid *grid = desk()->Grid1;
@@ -129,7 +129,7 @@ void addField(TourDriver &driver) {
     driver.shot(u"field-added"_s);
 }
 
-// A change that is dropped, with a question that keys alone do not close, and one that is taken over.
+// A change that is discarded, with a question that cannot be closed by keys alone, and a change that is accepted.
 void changeTitle(TourDriver &driver) {
     const QString question = u"本条记录已经改变,是否确定暂时改变该记录?\r\n"
                              u"(注:你可以修改预读出的记录,然后可以点击保存按扭,保存到新文件中)"_s;
@@ -158,7 +158,7 @@ void openAssistant(TourDriver &driver, int row, const QString &window) {
     driver.waitForFocus(u"Text11"_s);
 }
 
-// Opens the drop-down list of the current box by the Down key and chooses an entry some steps away.
+// Opens the drop-down list of the current box with the Down key and chooses the entry `steps` steps away.
 void chooseCode(TourDriver &driver, const QString &direction, int steps, const QString &picture) {
     driver.key(u"Down"_s);
     driver.waitForFocus(u"listMenu"_s);

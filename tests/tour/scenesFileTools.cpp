@@ -11,7 +11,7 @@ namespace {
 
 constexpr QStringView dialogTitle = u"选择文件对话框";
 
-// In the report of a run, which is left without a look at the files.
+// Checks the report of a run and closes it without viewing the files.
 void checkReport(TourDriver &driver, const QString &ending, const QString &picture) {
     driver.waitForWindow(u"frmMessage"_s, picture);
     const QString report = driver.textOf(u"messageText"_s).trimmed();
@@ -20,19 +20,19 @@ void checkReport(TourDriver &driver, const QString &ending, const QString &pictu
     driver.answerBox(u"是否查看该目标文件？"_s, u"n"_s);
 }
 
-// The three boxes of the split, by keyboard: each is selected as a whole when the keyboard comes to it.
+// Fills the three boxes of the split by keyboard. The text of each box is selected when it gets the focus.
 void fillSplit(TourDriver &driver) {
     driver.key(u"alt+l"_s);
     enterFile(driver, dialogTitle.toString(), pathOf(u"sample.iso"_s));
     driver.waitForText(u"Text10"_s, pathOf(u"sample.iso"_s));
     giveFocus(driver, u"Text10"_s);
-    driver.key(u"Return Tab"_s); // on to the button beside the box
+    driver.key(u"Return Tab"_s); // to the button next to the box
     driver.type(pathOf(u"part.iso"_s));
     driver.key(u"Return Tab"_s);
     driver.type(u"9"_s);
     driver.key(u"alt+d"_s);
     driver.answerBox(u"每个拆分文件的最大记录数太小！最好不要小于10！"_s, u"Return"_s, u"split-refused"_s);
-    driver.type(u"100"_s); // the keyboard is in the box that was refused
+    driver.type(u"100"_s); // the rejected box has the focus
 }
 
 void split(TourDriver &driver) {
@@ -50,10 +50,10 @@ void split(TourDriver &driver) {
     checkReport(driver, u"文件{%1}保存了%2条记录！"_s.arg(last).arg(records % 100), u"split-report"_s);
     driver.expect(!QFile::exists(old) && recordsIn(last) == records % 100, u"the parts alone are there"_s);
     driver.expectEqual(driver.textOf(u"labShuDo"_s), u"成功处理：%1条"_s.arg(records), u"the count"_s);
-    driver.waitForFocus(u"Text2"_s); // where it was before the command
+    driver.waitForFocus(u"Text2"_s); // the focus as before the command
     driver.shot(u"split-done"_s);
     driver.key(u"alt+q"_s);
-    driver.answerBox(closeQuestion.toString(), u"Return"_s); // No is preselected
+    driver.answerBox(closeQuestion.toString(), u"Return"_s); // No is the default
     driver.key(u"Escape"_s);
     driver.answerBox(closeQuestion.toString(), u"y"_s, u"split-close"_s);
     driver.waitUntilGone(u"frmCutFile"_s);

@@ -1,4 +1,4 @@
-// F1 in each window: the handbook at the page of it, and the window as it was when the handbook has gone.
+// F1 in each window opens the handbook at that window's page; when the handbook closes, the window is unchanged.
 #include "handbook/windows/frmHandbook.h"
 #include "tour/errands.h"
 #include "tour/scenes.h"
@@ -23,7 +23,7 @@ void openHandbook(TourDriver &driver, const QString &key, const QString &page) {
     driver.waitUntil(u"the page "_s + page, [page] { return shown() && shown()->view->file() == page; });
 }
 
-// Its text box holds what was typed, its editor is open still.
+// The editor is still open and keeps the typed text.
 void askWhileEditing(TourDriver &driver) {
     giveFocus(driver, u"Grid1"_s);
     const int row = rowOf(driver, u"205"_s, u"$a"_s);
@@ -67,7 +67,7 @@ void askInViews(TourDriver &driver) {
     driver.waitForFocus(u"Grid1"_s);
 }
 
-// The run goes on under the handbook, and past it to its end.
+// The import continues while the handbook is open and finishes after it.
 void askWhileImporting(TourDriver &driver) {
     driver.key(u"alt+s"_s);
     driver.waitForWindow(u"frmDaoRuJindu"_s);
@@ -77,7 +77,7 @@ void askWhileImporting(TourDriver &driver) {
     driver.leave(u"alt+q"_s, u"frmDaoRuJindu"_s);
 }
 
-// Likewise under a read that takes longer.
+// Like askWhileImporting(), with a read that takes longer.
 void askWhileReading(TourDriver &driver) {
     openSample(driver, u"large.iso"_s);
     driver.key(u"alt+a"_s);
@@ -133,13 +133,13 @@ void askInFileTools(TourDriver &driver) {
         driver.open(button, window);
         askHandbook(driver, page + u".md", page);
         driver.key(u"Escape"_s);
-        if (window != u"frmTidy") // which asks only during a run
+        if (window != u"frmTidy") // it asks only during a run
             driver.answerBox(closeQuestion.toString(), u"y"_s);
         driver.waitUntilGone(window);
     }
 }
 
-// It stays beside what is opened over it, usable, and the keyboard stays where it was.
+// The handbook stays open and usable next to windows opened later, and the keyboard focus does not move.
 void keepBeside(TourDriver &driver) {
     openHandbook(driver, u"alt+5"_s, u"start.md"_s); // of the start page
     driver.look([] { TourDriver::find(u"marcMain"_s)->activateWindow(); });

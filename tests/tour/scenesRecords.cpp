@@ -42,7 +42,7 @@ void readOn(TourDriver &driver) {
     driver.key(u"alt+a"_s);
     driver.waitForText(u"Text3"_s, driver.textOf(u"Text4"_s));
     driver.waitForText(u"labJinDu"_s, u"预读结束"_s);
-    driver.waitForFocus(u"Grid2"_s); // the button went grey under the keyboard
+    driver.waitForFocus(u"Grid2"_s); // the focused button was disabled
     driver.shot(u"all-read"_s);
 }
 
@@ -59,7 +59,7 @@ void import(TourDriver &driver) {
     driver.expect(stored() - before == records.toInt(), u"rows in the store: %1"_s.arg(stored() - before));
 }
 
-// A file large enough for the read and the import to be stopped half-way.
+// Uses a file large enough to stop the read and the import half-way.
 void stopHalfWay(TourDriver &driver) {
     choose(driver, u"large.iso"_s);
     driver.waitForWindow(u"frmDaoru"_s);
@@ -95,7 +95,7 @@ void damaged(TourDriver &driver) {
     driver.waitForWindow(u"frmDaoru"_s, u"damaged-file"_s);
 }
 
-// A wrong check digit, after it the right one.
+// A wrong check digit, then the right one.
 void proof(TourDriver &driver) {
     driver.key(u"alt+j"_s);
     driver.answerBox(u"校对通过"_s, u"Return"_s, u"proof-passed"_s);
@@ -114,7 +114,7 @@ void proof(TourDriver &driver) {
     retype(driver, isbn, u"7-5366-1234-6"_s);
 }
 
-// The card and the standard view; what is copied from this is the record itself, separators and all.
+// The card and the standard view; copying from the standard view copies the record itself, including its separators.
 void views(TourDriver &driver) {
     driver.key(u"alt+k"_s);
     driver.waitForWindow(viewer, u"card"_s);

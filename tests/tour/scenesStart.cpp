@@ -66,7 +66,7 @@ void notices(TourDriver &driver) {
 void leave(TourDriver &driver) {
     driver.waitForWindow(u"marcMain"_s);
     driver.click(u"quit"_s);
-    driver.answerBox(u"确定要退出系统吗？"_s, u"Escape"_s, u"leave"_s); // which is No
+    driver.answerBox(u"确定要退出系统吗？"_s, u"Escape"_s, u"leave"_s); // Escape means No
     driver.expect(driver.look([] { return TourDriver::find(u"marcMain"_s) != nullptr; }), u"No keeps the program"_s);
     driver.openMenu(u"quitmnu"_s, u"mnuQuit"_s);
     driver.answerBox(u"确定要退出系统吗？"_s, u"y"_s);

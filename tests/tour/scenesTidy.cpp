@@ -18,7 +18,7 @@ void writeFile(const QString &name, const QByteArray &bytes) {
         file.write(bytes);
 }
 
-// The sample as others send it: UTF-8 without line ends, with characters that the code page lacks.
+// Writes the sample as other systems send it: UTF-8 without line ends, with characters that the code page lacks.
 int makeForeign() {
     QFile sample(pathOf(u"sample.iso"_s));
     if (!sample.open(QIODevice::ReadOnly))
@@ -79,7 +79,7 @@ void tidyXml(TourDriver &driver) {
 
 void stopTidying(TourDriver &driver) {
     name(driver, u"large.iso"_s, u"tidied.iso"_s);
-    // In one breath: the run may be over when one has looked.
+    // Sent without waiting for an effect, because the run may end in between.
     driver.server().key(u"alt+d"_s);
     driver.server().key(u"alt+s"_s);
     waitForResult(driver, u"已停止"_s);

@@ -1,8 +1,8 @@
-// The tour through the whole program (see tourDriver.h), or the monkey in it. Usage:
+// Drives the whole program through its scenes (see tourDriver.h), or lets the monkey use it. Usage:
 //   tour FOLDER-FOR-PICTURES [SCENE…]
 //   tour FOLDER-FOR-PICTURES --monkey SEED SECONDS
-// It finds another start of the program in TMPDIR alone, which scripts/stage makes its own; "tour second" is such a
-// start, "tour FOLDER --kill RUN" one that kills itself.
+// It detects other starts of the program only in TMPDIR, which scripts/stage sets to a folder of its own. "tour second"
+// is another start, "tour FOLDER --kill RUN" a start that kills itself.
 #include "app/startUp.h"
 #include "app/windows/program.h"
 #include "platform/desktop/qtHost.h"
@@ -35,7 +35,7 @@ struct Scene {
     void (*play)(tour::TourDriver &);
 };
 
-// Played in this order; naming some on the command line plays those alone.
+// Run in this order; scenes named on the command line run alone.
 constexpr Scene scenes[] = {
     {"notices", tour::notices},     {"import", tour::readAndImport},
     {"edit", tour::edit},           {"card", tour::proofAndCard},
@@ -60,7 +60,7 @@ void tour::runProgram(TourDriver &driver, const std::function<void(TourDriver &)
     driver.programStarts();
     std::thread scriptThread([&] {
         script(driver);
-        // A script that went astray leaves the program standing behind some box: the tour is over then.
+        // A script that failed may leave the program waiting in a message box: the tour ends then.
         if (!driver.waitForEnd())
             std::_Exit(1);
     });
@@ -76,7 +76,7 @@ int main(int argc, char **argv) {
     if (arguments.size() < 2)
         return 2;
     if (arguments[1] == u"second") {
-        playProgram(); // with nobody to drive it
+        playProgram(); // without a script
         return 0;
     }
     tour::TourDriver driver(arguments[1]);

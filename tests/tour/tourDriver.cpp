@@ -40,7 +40,7 @@ QMessageBox *boxWithText(const QString &text) {
 
 QString shownBy(QWidget *widget) {
     if (auto *label = qobject_cast<widgets::PacedLabel *>(widget))
-        return label->text(); // ahead of what is painted
+        return label->text(); // newer than the painted text
     for (const char *property : {"displayText", "text", "plainText", "currentText", "windowTitle"}) {
         if (const QVariant text = widget ? widget->property(property) : QVariant(); text.isValid())
             return text.toString();
@@ -54,8 +54,8 @@ TourDriver::TourDriver(const QString &folder)
     : m_arrivals(m_server)
     , m_folder(folder) {}
 
-// A call that waits for the windows' thread would wait for ever once the program has ended, so it is only queued, and
-// the waiting ends with the program.
+// A blocking call into the GUI thread would never return after the program has ended, so the call is queued, and
+// waiting for it ends with the program.
 void TourDriver::invoke(const std::function<void()> &function) {
     struct Call {
         std::mutex mutex;
@@ -114,9 +114,9 @@ bool TourDriver::waitUntil(const QString &what, const std::function<bool()> &con
     clock.start();
     unsigned long pause = 1;
     while (!look([&] { return condition(); })) {
-        if (m_ended) // with the program everything is gone that was waited to go
+        if (m_ended) // a program that has ended has closed everything
             return true;
-        // Once something is amiss, what follows from it need not take its time.
+        // After several failures, later ones are usually their consequences and need not wait as long.
         if (clock.elapsed() > (m_failures > 3 ? 1000 : milliseconds)) {
             expect(false, u"in time: " + what);
             shot(u"too-late"_s);
@@ -165,8 +165,8 @@ void TourDriver::settle() {
     waitUntil(u"the program deals with what is pressed"_s, [&] { return m_arrivals.mark() >= mark; });
 }
 
-// Between two windows nobody has the keyboard, until the window manager gives it on: what is pressed then is lost, even
-// where the toolkit calls the next window active already.
+// While one window replaces another, no window has the keyboard until the window manager assigns it. Keys pressed then
+// are lost, even if the toolkit already reports the next window as active.
 void TourDriver::waitForKeyboard(const QString &what) {
     waitUntil(u"a window takes " + what, [this] {
         const QWidget *front = QApplication::activeWindow();
@@ -244,7 +244,7 @@ void TourDriver::moveTo(const QPoint &global) {
 
 void TourDriver::clickAt(const QPoint &global, int button, int times) {
     waitForKeyboard(u"a click"_s);
-    moveTo(global + QPoint(20, 0)); // two clicks at one place, one after the other, are no double click
+    moveTo(global + QPoint(20, 0)); // two clicks in a row at the same position must not form a double click
     moveTo(global);
     const bool inside = look([&] { return QApplication::widgetAt(global) != nullptr; });
     for (int i = 0; i < times; ++i) {
@@ -257,7 +257,7 @@ void TourDriver::clickAt(const QPoint &global, int button, int times) {
 void TourDriver::press(int button, bool inside) {
     const int presses = m_arrivals.presses();
     m_server.button(button, true);
-    if (inside) // what lies on the window manager's own title bars never comes here
+    if (inside) // clicks on the window manager's title bars never arrive here
         waitUntil(u"the press arrives"_s, [&] { return m_arrivals.presses() > presses; });
 }
 
@@ -341,8 +341,7 @@ void TourDriver::keepFront(const QString &name, const QImage &screen) {
         return front && front->frameGeometry() != front->geometry() ? front->frameGeometry() : QRect();
     };
     QRect place = look(frame);
-    for (int i = 0; i < 100 && place.isEmpty() && !m_ended;
-         ++i) { // how the window manager framed it is told a while after
+    for (int i = 0; i < 100 && place.isEmpty() && !m_ended; ++i) { // the frame geometry is known only after some delay
         QThread::msleep(40);
         place = look(frame);
     }

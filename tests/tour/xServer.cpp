@@ -32,7 +32,7 @@ struct XServer::Connection {
 
     ~Connection() { XCloseDisplay(display); }
 
-    // Presses one behind the other and lets go backwards; not where one is no key.
+    // Presses the keys in order and releases them in reverse order; returns false if a code is not a key.
     bool pressAll(const QList<KeyCode> &codes) const {
         if (codes.contains(0))
             return false;
@@ -44,7 +44,7 @@ struct XServer::Connection {
         return true;
     }
 
-    // A window manager takes its orders from messages to the root window; any other window gets its own.
+    // A window manager receives requests as messages to the root window; other windows receive their own.
     void send(Window to, Window about, Atom kind, long mask, long first) const {
         XEvent event{};
         event.xclient.type = ClientMessage;
@@ -56,7 +56,7 @@ struct XServer::Connection {
         XSync(display, False);
     }
 
-    // A property of 32-bit numbers; Xlib hands them out as longs.
+    // Returns a property of 32-bit numbers; Xlib stores each in a long.
     QList<unsigned long> numbers(Window window, const char *name) const {
         Atom type = 0;
         int bits = 0;
@@ -75,7 +75,7 @@ struct XServer::Connection {
 };
 
 XServer::XServer() {
-    // A window may go before the server hears what it is asked about it: that is no reason to end.
+    // A window may be destroyed before the server handles a request about it: such an error must not end the process.
     XSetErrorHandler([](Display *, XErrorEvent *) { return 0; });
     m_connection = std::make_unique<Connection>();
     if (!m_connection->display) {
@@ -96,7 +96,7 @@ bool XServer::key(const QString &chord) {
 
 bool XServer::type(QChar character) {
     Display *display = m_connection->display;
-    const KeySym symbol = character.unicode(); // the same for all of Latin 1
+    const KeySym symbol = character.unicode(); // identical for all of Latin 1
     const KeyCode code = XKeysymToKeycode(display, symbol);
     const bool shifted = XkbKeycodeToKeysym(display, code, 0, 0) != symbol;
     return m_connection->pressAll(shifted ? QList{XKeysymToKeycode(display, XK_Shift_L), code} : QList{code});
@@ -153,8 +153,8 @@ Arrivals::Arrivals(XServer &server)
     qApp->installEventFilter(this);
 }
 
-// The events in front of the message have then been read from the server, and are dealt with before any call that is
-// queued from here on.
+// The toolkit has then read the events before the message from the server, and processes them before any call that is
+// queued from now on.
 bool Arrivals::nativeEventFilter(const QByteArray &eventType, void *event, qintptr *result) {
     Q_UNUSED(eventType)
     Q_UNUSED(result)
@@ -165,7 +165,8 @@ bool Arrivals::nativeEventFilter(const QByteArray &eventType, void *event, qintp
     return true;
 }
 
-// A window manager may hold a press back until it has raised the window, so that messages overtake it.
+// A window manager may hold a button press back until it has raised the window; messages then arrive earlier than the
+// press.
 bool Arrivals::eventFilter(QObject *watched, QEvent *event) {
     const QEvent::Type type = event->type();
     if (watched->isWindowType() && (type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick))

@@ -1,5 +1,5 @@
-// The hands of a person at the X server: its keyboard, its mouse, and what a window manager is asked for. Every call
-// comes back when the server has done it; what the program makes of it comes later.
+// Keyboard, mouse and window requests through the X server, as a user produces them. Every call returns once the server
+// has processed it; the program reacts later.
 #pragma once
 
 #include <QAbstractNativeEventFilter>
@@ -13,27 +13,29 @@ namespace tour {
 
 class XServer {
 public:
-    using Window = quintptr; // as QWidget::winId() gives it
+    using Window = quintptr; // as returned by QWidget::winId()
 
-    XServer(); // ends the process where there is no server
+    XServer(); // ends the process if there is no server
     ~XServer();
     XServer(const XServer &) = delete;
     XServer &operator=(const XServer &) = delete;
 
-    // Presses and lets go a key or chord: "Return", "a", "alt+s", "shift+Down". False where there is no such key.
+    // Presses and releases a key or chord: "Return", "a", "alt+s", "shift+Down". Returns false if there is no such key.
     bool key(const QString &chord);
     bool type(QChar character);
     void move(const QPoint &place); // in pixels of the screen
     void button(int number, bool down);
 
-    // Whether keys go to this window now; the toolkit may believe so before the window manager has seen to it.
+    // Returns whether key presses go to this window now; the toolkit may report focus before the window manager has
+    // assigned it.
     bool hasKeyboard(Window window);
 
-    // What the close cross and the edge of a window lead to: the window manager is asked.
+    // Ask the window manager to close or resize a window, as its close button and its edges do.
     void close(Window window);
     void closeWindowsOf(qint64 process);
     void resize(Window window, const QSize &size);
-    // Sends the window's owner a message of this name; it lies behind all that the server has sent there until now.
+    // Sends a message with this name to the window's owner. It arrives after everything that the server has sent there
+    // so far.
     void mark(Window window, const char *name, quint32 number);
     quint32 atom(const char *name);
 
@@ -42,15 +44,15 @@ private:
     std::unique_ptr<Connection> m_connection;
 };
 
-// What has come to the windows of all that was sent to them: the last message left by XServer::mark(), and how many
-// presses of a mouse button. Lives in the thread of the windows; may be asked from any.
+// Counts what has arrived at the windows: the last message sent by XServer::mark(), and the number of mouse button
+// presses. Lives in the GUI thread; may be read from any thread.
 class Arrivals final : public QObject, private QAbstractNativeEventFilter {
 public:
     static constexpr const char *message = "_TOUR_MARK";
 
     explicit Arrivals(XServer &server);
 
-    quintptr window() const { return m_window.winId(); } // where the messages go
+    quintptr window() const { return m_window.winId(); } // the target of the messages
     quint32 mark() const { return m_mark; }
     int presses() const { return m_presses; }
 
