@@ -31,7 +31,7 @@ bool AccentFrame::eventFilter(QObject *, QEvent *event) {
     return false;
 }
 
-// Around the widget as far as the parent has room, else over its edge.
+// Surrounds the widget; at an edge of the parent the frame covers the edge of the widget instead.
 void AccentFrame::follow() {
     if (m_framed->isHidden())
         return;

@@ -1,5 +1,5 @@
-// A frame in the highlight colour around a widget that is laid over others: an open editor, a list to choose from. It
-// is shown, hidden and moved with that widget and lets the mouse through.
+// A frame in the highlight colour around a widget that overlaps others, such as an open editor or a list of choices. It
+// is shown, hidden and moved with that widget and is transparent to the mouse.
 #pragma once
 
 #include <QWidget>
@@ -11,7 +11,7 @@ class AccentFrame final : public QWidget {
 public:
     static constexpr int width = 2; // pixels
 
-    // A sibling of `framed`, which outlives it or takes it along.
+    // Becomes a sibling of `framed`, and is deleted when `framed` is destroyed.
     explicit AccentFrame(QWidget *framed);
 
 protected:

@@ -13,12 +13,12 @@ namespace widgets {
 
 namespace {
 constexpr QSize previewSize(900, 700);
-const QMarginsF margins(15, 15, 15, 15); // millimetres, until the user sets others
+const QMarginsF margins(15, 15, 15, 15); // millimetres, until the user changes them
 
-// The toolkit's own, which paints every page before it shows the first.
+// Qt's own preview, which paints all pages before it shows the first.
 QDialog *newWholePreview(BandedReport report, const std::shared_ptr<QPrinter> &printer, QWidget *parent) {
     auto *preview = new QPrintPreviewDialog(printer.get(), parent);
-    // Both live as long as the window's connection does.
+    // The connection keeps the printer and the report alive as long as the preview.
     QObject::connect(preview, &QPrintPreviewDialog::paintRequested, preview,
                      [printer, report = std::move(report)](QPrinter *target) { print(report, *target); });
     return preview;
@@ -36,7 +36,7 @@ int print(const BandedReport &report, QPrinter &printer) {
 }
 
 QDialog *newReportPreview(BandedReport report, QWidget *parent) {
-    constexpr int quicklyShown = 5000; // rows, whose pages may all be painted at once
+    constexpr int quicklyShown = 5000; // rows; above that, painting all pages at once is too slow
     const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
     printer->setDocName(report.caption);
     printer->setPageMargins(margins, QPageLayout::Millimeter);

@@ -1,6 +1,6 @@
-// A list printed in bands: on each page the title and the column heads above a rule, as many rows as fit, and under a
-// second rule the date, the number of pages and the page's own. Texts wrap inside their columns; a row goes to the next
-// page whole, unless no page is long enough for it. Of a text longer than 2,000 characters the rest is left out.
+// Prints a list as a report. Each page has the title and the column headings above a rule, the rows that fit, and below
+// a second rule the date, the page number and the number of pages. Texts wrap inside their columns. A row is not split
+// between pages unless it is longer than a page. A text is cut off after 2,000 characters.
 #pragma once
 
 #include "widgets/reportContent.h"
@@ -11,12 +11,12 @@ class QWidget;
 
 namespace widgets {
 
-// Prints the report to a printer or a PDF file, of the pages that the printer asks for. Gives the number of pages of
-// the whole report; 0 where the printer or the file could not be written.
+// Prints the report to a printer or a PDF file, limited to the page range of the printer. Returns the number of pages
+// of the whole report, or 0 if writing to the printer or the file failed.
 int print(const BandedReport &report, QPrinter &printer);
 
-// The print preview of the report, not shown yet; it deletes itself when it is closed. It is the toolkit's own, or that
-// of long reports, which paints a page when it is looked at.
+// Creates a print preview of the report, which is not shown yet and deletes itself when closed. It is Qt's own preview,
+// or LongPreview for long reports, which paints only the page shown.
 QDialog *newReportPreview(BandedReport report, QWidget *parent);
 
 } // namespace widgets

@@ -1,4 +1,4 @@
-// A list of lines to choose from, by a double click or Enter.
+// A list of lines to choose from by a double click or Enter.
 #pragma once
 
 #include <QListWidget>
@@ -10,15 +10,15 @@ class ChoiceList final : public QListWidget {
 public:
     ChoiceList(const QString &objectName, const QString &accessibleName, QWidget *parent);
 
-    void fill(const QStringList &lines, int current = -1); // in place of what it held; -1: none is current
-    void offer();                                          // shows it in front, with the keyboard
-    void dismiss();                                        // hides and empties it
-    QSize fullSize() const;                                // at which every line can be read without scrolling
+    void fill(const QStringList &lines, int current = -1); // replaces all lines; -1: no line is current
+    void offer();                                          // shows the list on top and gives it the focus
+    void dismiss();                                        // hides the list and removes its lines
+    QSize fullSize() const;                                // size at which all lines are visible without scrolling
 
 Q_SIGNALS:
-    void chosen(const QString &line); // the list stands until dismissed
-    void cancelled();                 // by Esc or a press of the right button
-    void left();                      // the focus goes elsewhere
+    void chosen(const QString &line); // the list stays open until dismiss()
+    void cancelled();                 // by Esc or by pressing the right mouse button
+    void left();                      // the list lost the focus
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;

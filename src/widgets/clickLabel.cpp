@@ -7,7 +7,7 @@
 namespace widgets {
 
 namespace {
-constexpr int padding = 3; // between text and frame, beside the frame's own width
+constexpr int padding = 3; // between text and frame, in addition to the width of the frame
 }
 
 ClickLabel::ClickLabel(const QString &objectName, const QString &text, Look look, QWidget *parent)
@@ -20,7 +20,7 @@ ClickLabel::ClickLabel(const QString &objectName, const QString &text, Look look
     if (look == Look::Raised)
         return;
     setForegroundRole(QPalette::WindowText);
-    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred); // it stands in line with plain labels
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred); // like the plain labels in its row
     m_textFlags = Qt::AlignLeft | Qt::AlignVCenter;
 }
 

@@ -1,4 +1,4 @@
-// A label that acts on a click; one that takes the focus also on Enter and the space bar.
+// A label that can be clicked. If it takes the focus, Enter and the space bar click it too.
 #pragma once
 
 #include <QAbstractButton>
@@ -10,14 +10,14 @@ class ClickLabel final : public QAbstractButton {
 public:
     enum class Look {
         Raised,     // sunken while pressed
-        Underlined, // while the mouse is over it or the keyboard on it
+        Underlined, // while the mouse is over it or it has the focus
     };
-    // Named after its text; set another accessible name where the text is no word.
+    // The accessible name is `text`; set another one if the text is not a word.
     ClickLabel(const QString &objectName, const QString &text, Look look, QWidget *parent = nullptr);
 
-    // How the text lies in the label: an alignment and Qt::TextFlag.
+    // Sets the position of the text: an alignment combined with Qt::TextFlag.
     void setTextFlags(int flags) { m_textFlags = flags; }
-    QSize sizeHint() const override; // of the text in one line
+    QSize sizeHint() const override; // size of the text in one line
 
 protected:
     void paintEvent(QPaintEvent *event) override;

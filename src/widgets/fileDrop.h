@@ -1,5 +1,5 @@
-// A file that is dropped on a window. It is copied as far as the desktop is concerned: a window that reads a file must
-// not let the desktop move it away.
+// A file dropped on a window. The drop is always a copy, since a window that reads a file must not let the desktop move
+// the file away.
 #pragma once
 
 #include <QString>
@@ -9,8 +9,8 @@ class QDropEvent;
 
 namespace widgets {
 
-// Accepts the drag or drop of one local file, and gives its path in the machine's manner; anything else is not
-// accepted.
+// Accepts the drag or drop of one local file and returns its path with native separators. Other drags and drops are not
+// accepted and return std::nullopt.
 std::optional<QString> acceptFile(QDropEvent *event);
 
 } // namespace widgets

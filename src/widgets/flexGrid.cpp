@@ -36,7 +36,7 @@ FlexGrid::FlexGrid(const QString &objectName, int columns, int fixedRows, QWidge
     setTabKeyNavigation(false);
     setAutoScroll(false);
     setWordWrap(false);
-    setContextMenuPolicy(Qt::PreventContextMenu); // the windows answer to rightPressed and menuKeyPressed
+    setContextMenuPolicy(Qt::PreventContextMenu); // the windows handle rightPressed and menuKeyPressed
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     horizontalHeader()->setVisible(m_fixedRows > 0);
@@ -134,7 +134,7 @@ void FlexGrid::select(int row, int rowSel, int column) {
     showSelection();
 }
 
-// The view's selection follows the grid's own, never the other way round.
+// Copies the selection of the grid to the view, never the other way round.
 void FlexGrid::showSelection() {
     const int last = m_model->rowCount() - 1;
     if (last < 0) {
@@ -146,11 +146,11 @@ void FlexGrid::showSelection() {
     const QItemSelection range(m_model->index(std::min(anchor, end), 0),
                                m_model->index(std::max(anchor, end), columns() - 1));
     selectionModel()->select(range, QItemSelectionModel::ClearAndSelect);
-    // A hidden column has nothing to show, and nothing to say to a screen reader.
+    // A hidden column must not be current: it shows nothing, and a screen reader has nothing to read.
     selectionModel()->setCurrentIndex(m_model->index(end, shownColumn(m_column)), QItemSelectionModel::NoUpdate);
 }
 
-// The column if it shows, else the first that does: the view refuses to scroll to a hidden one.
+// Returns the column if it is visible, else the first visible one. The view does not scroll to a hidden column.
 int FlexGrid::shownColumn(int wanted) const {
     int column = isColumnHidden(wanted) ? 0 : wanted;
     while (column < columns() - 1 && isColumnHidden(column))
@@ -174,7 +174,7 @@ std::optional<quint32> FlexGrid::cellBackground(int row, int column) const {
     return m_model->background(row - m_fixedRows, column);
 }
 
-// Against the face of the design, whose Chinese characters are 12 pixels wide at 96 dpi, and whose digits half of that.
+// Relative to the design font: Chinese characters 12 pixels wide at 96 dpi, digits half as wide.
 double FlexGrid::fontScale() const {
     constexpr double designWidth = 12, designDpi = 96;
     const double dot = std::max(logicalDpiX(), 1) / designDpi;

@@ -1,7 +1,6 @@
-// The flexible grid: cells of text addressed by row and column, with fixed heading rows, as the windows' event
-// procedures think of it. Rows count from 0 and include the fixed ones. It holds its own cells, or shows a bound
-// TableSource without copying it: a million rows cost no object each. Only what the user does is reported by signals;
-// changes made by the program are not.
+// A grid of text cells addressed by row and column, with fixed heading rows. Rows count from 0 and include the fixed
+// rows. The grid has its own cells, or shows a bound TableSource without copying it, so that even a million rows need
+// no object each. Signals report only actions of the user, never changes made by the program.
 #pragma once
 
 #include "platform/tableSource.h"
@@ -22,72 +21,74 @@ public:
     FlexGrid(const QString &objectName, int columns, int fixedRows, QWidget *parent = nullptr);
     ~FlexGrid() override;
 
-    // "行数|^字段说明|标识符": the heading texts, "^" in front of a centred one.
+    // Sets the heading texts from a format such as "行数|^字段说明|标识符"; "^" centres a heading.
     void setFormat(const QString &format);
 
-    int rows() const;        // fixed rows included
-    void setRows(int count); // new rows are empty; never below the fixed rows
+    int rows() const;        // including the fixed rows
+    void setRows(int count); // new rows are empty; the fixed rows always remain
     int columns() const;
     QString text(int row, int column) const;
-    void setText(int row, int column, const QString &text); // of a bound grid: overrides the bound cell
-    void clear(); // empties all data cells and backgrounds, unbinds; rows stay as many, headings and widths stay
+    void setText(int row, int column, const QString &text); // in a bound grid, overrides the bound cell
+    void clear(); // empties all data cells and backgrounds and unbinds; keeps row count, headings and widths
 
-    // The current cell and the other end of the selected rows; setRow() selects that row alone and scrolls to it. The
-    // numbers stay when rows are inserted or removed; without data rows row() is 0.
+    // The current cell, and the other end of the selected rows. setRow() selects only that row and scrolls to it. Row
+    // numbers do not change when rows are inserted or removed. Without data rows row() is 0.
     int row() const;
     int column() const;
     void setRow(int row);
     void setColumn(int column);
     int rowSel() const;
     void setRowSel(int row);
-    // As a click of the user on the row does it, with all that follows.
+    // Acts like a click of the user on the row, including all signals.
     void clickRow(int row);
-    // Into sight, no further than needed; the current cell stays.
+    // Scroll no further than needed to make the row or cell visible; the current cell does not change.
     void scrollToRow(int row);
     void scrollToCell(int row, int column);
 
-    // Backgrounds are 24-bit numbers with red in the low byte; the text colour on them stays legible.
+    // Backgrounds are 24-bit numbers with red in the low byte. The text colour is chosen to be legible on them.
     void setCellBackground(int row, int column, quint32 colour);
     std::optional<quint32> cellBackground(int row, int column) const;
 
-    // Twips are those of the face that the widths were chosen for; they grow with a wider one. 0 hides the column; it
-    // still holds its texts. Never narrower than its heading; a width that the user has drawn stays.
+    // Widths in twips refer to the font that the windows were designed with, and grow with a wider font. A width of 0
+    // hides the column, which keeps its texts. A column is never narrower than its heading, and a width set by the user
+    // is kept.
     void setColumnTwips(int column, int twips);
     int columnTwips(int column) const;
-    void setHeadingTwips(int twips); // height of the heading row; never lower than its font needs, 0 hides it
-    int toTwips(int pixels) const;   // at the resolution of the grid's screen and its font, rounded
+    void setHeadingTwips(int twips); // height of the heading row, at least the height of its font; 0 hides the row
+    int toTwips(int pixels) const;   // at the resolution of the screen and with the font of the grid, rounded
     int toPixels(int twips) const;
-    // From now on that column takes the room that the others leave, and is never narrower than was set.
+    // From then on the column takes the width that the other columns leave, and at least the width that was set.
     void setStretchColumn(int column);
-    // The widths that the user has drawn, in pixels, by column; they replace those that were set.
+    // The widths set by the user, in pixels, by column. They replace the widths set by the program.
     QMap<int, int> drawnWidths() const;
     void setDrawnWidths(const QMap<int, int> &widths);
     void setColumnAlignment(int column, Qt::Alignment alignment);
     void setHeadingAlignment(Qt::Alignment alignment);
 
-    // Shows the source's rows behind the fixed ones, in place of all rows that were there; the grid keeps the source
-    // alive. setRows() then adds empty rows behind the source's, which the source's growth takes up.
+    // Shows the rows of the source after the fixed rows and removes all other rows. The grid shares ownership of the
+    // source. setRows() can then add empty rows after those of the source; rows that the source gains replace them.
     // bind(nullptr) unbinds and leaves no data rows.
     void bind(std::shared_ptr<const platform::TableSource> source);
-    // What became of the bound source, told behind it. Growth at its end reaches the view at screen pace, once a frame
-    // at most. With a row that came or went, the backgrounds and texts given to the cells behind it move along.
+    // Call these after the bound source has changed. Rows that the source gains at its end are shown at most once per
+    // frame. When a row is inserted or removed, the backgrounds and texts set for the cells after it move with their
+    // cells.
     void sourceHasGrown();
-    void sourceInsertedRow(int row); // it stands in front of what was `row`
+    void sourceInsertedRow(int row); // before the previous `row`
     void sourceRemovedRow(int row);
     void sourceChanged(int row, int column);
 
-    // The place of a cell, as far as it is in sight, in the coordinates of the grid's parent, where an editor can be
-    // laid over it. Of a cell out of sight: its whole place.
+    // Returns the visible part of a cell in the coordinates of the grid's parent, for placing an editor over it, or the
+    // whole cell if no part of it is visible.
     QRect cellRect(int row, int column) const;
 
 Q_SIGNALS:
-    void leaveCell();          // before another row becomes current by the user's doing; row() is still the old one
-    void enterCell();          // after it; row() is the new one
-    void gridClicked();        // a press and release of any button, below the last row too
-    void rightPressed();       // right button down, wherever; the current row does not move
+    void leaveCell();          // before the user changes the current row; row() is the old row
+    void enterCell();          // after the user changed the current row; row() is the new row
+    void gridClicked();        // any button was pressed and released, also below the last row
+    void rightPressed();       // right button pressed anywhere; the current row does not change
     void menuKeyPressed();     // the menu key, for the current row
-    void gridActivated();      // Enter or a double click, wherever
-    void keyReleased(int key); // Qt::Key of a key released on the grid
+    void gridActivated();      // Enter, or a double click anywhere
+    void keyReleased(int key); // a Qt::Key released while the grid had the focus
 
 protected:
     void mousePressEvent(QMouseEvent *event) override;
@@ -104,10 +105,10 @@ protected:
 private:
     struct Width {
         int twips = -1;
-        int pixels = -1; // what came of it; another width was drawn by the user
+        int pixels = -1; // the resulting width; any other width was set by the user
     };
 
-    bool isDrawn(int column) const; // the user gave it its width
+    bool isDrawn(int column) const; // the user set the width of the column
     double fontScale() const;
     void stretch();
 
@@ -127,16 +128,16 @@ private:
 
     FlexGridModel *m_model;
     int m_fixedRows;
-    int m_row = 0; // may lie outside after rows went; row() tells the nearest
+    int m_row = 0; // may be invalid after rows were removed; row() returns the nearest row
     int m_rowSel = 0;
     int m_column = 0;
-    int m_headingTwips = -1;     // as high as the font needs
-    std::vector<Width> m_widths; // the columns' widths as they were set
-    int m_stretched = -1;        // the column that takes what is left
+    int m_headingTwips = -1;     // -1: as high as the font needs
+    std::vector<Width> m_widths; // as set by the program
+    int m_stretched = -1;        // the column of setStretchColumn()
     bool m_moving = false;       // between leaveCell and enterCell
     Qt::MouseButton m_pressed = Qt::NoButton;
-    bool m_drags = false;    // the press was on a row, so that moving the mouse extends the selection
-    int m_dragDirection = 0; // while the mouse drags outside: -1 up, 1 down
+    bool m_drags = false;    // the press was on a row, so moving the mouse extends the selection
+    int m_dragDirection = 0; // while dragging outside the viewport: -1 up, 1 down
     QBasicTimer m_dragTimer;
 };
 

@@ -12,7 +12,7 @@ constexpr int bandWidth = 2;
 constexpr int lineDarkness = 125;
 constexpr int textMargins = 8;
 
-// As the guidelines for accessible content reckon it: 0 black, 1 white.
+// Relative luminance as defined by WCAG: 0 is black, 1 is white.
 double relativeLuminance(const QColor &colour) {
     const auto part = [](double value) {
         return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
@@ -49,7 +49,7 @@ void FlexGridDelegate::paint(QPainter *painter, const QStyleOptionViewItem &opti
     QStyledItemDelegate::paint(painter, option, index);
     const QVariant background = index.data(Qt::BackgroundRole);
     const QRect &cell = option.rect;
-    // The mark of the row stays while an editor is open over a grid that is out of reach.
+    // The row stays marked while an editor is open over a disabled grid.
     const bool outOfReach = option.widget && !option.widget->isEnabled();
     const QColor highlight =
         option.palette.color(outOfReach ? QPalette::Active : option.palette.currentColorGroup(), QPalette::Highlight);
@@ -65,7 +65,7 @@ void FlexGridDelegate::paint(QPainter *painter, const QStyleOptionViewItem &opti
     } else if (option.state & QStyle::State_Selected) {
         painter->fillRect(cell.left(), cell.top(), cell.width(), bandWidth, highlight);
         painter->fillRect(cell.left(), cell.bottom() + 1 - bandWidth, cell.width(), bandWidth, highlight);
-    } else { // the view's own grid lines are as grey as grey cells
+    } else { // the view's grid lines have the grey of grey cells
         painter->fillRect(cell.left(), cell.bottom(), cell.width(), 1,
                           background.value<QBrush>().color().darker(lineDarkness));
     }

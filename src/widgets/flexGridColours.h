@@ -1,6 +1,6 @@
-// How cells are painted. A background of a cell's own is kept where the row is selected, since it says something (the
-// current record is red); the selection then shows as a band of the highlight colour above and below. The current cell
-// has a frame while the grid has the keyboard. What a grid shows stays legible while it is out of reach.
+// Paints the cells of a grid. A selected row keeps the backgrounds set for its cells, since they carry a meaning (the
+// current record is red); a band in the highlight colour above and below then shows the selection. The current cell has
+// a frame while the grid has the focus. The contents of a disabled grid stay legible.
 #pragma once
 
 #include <QColor>
@@ -8,9 +8,9 @@
 
 namespace widgets {
 
-// From a 24-bit number with red in the low byte; higher bits are passed over.
+// Converts a 24-bit number with red in the low byte; higher bits are ignored.
 QColor colourFromNumber(quint32 number);
-// Black or white, whichever has more contrast to the background.
+// Returns black or white, the one with more contrast to the background.
 QColor legibleOn(const QColor &background);
 
 class FlexGridDelegate : public QStyledItemDelegate {
@@ -18,7 +18,7 @@ class FlexGridDelegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
     void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
-    // A cell whose text does not fit tells it whole.
+    // Shows the whole text of a cell as a tool tip if it does not fit.
     bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
                    const QModelIndex &index) override;
 

@@ -1,5 +1,5 @@
-// What the user does on a flexible grid. The view's own handlers are not called: a slot of leaveCell may open a box,
-// change the rows or run the event loop, and the view must not stand in the midst of its own work meanwhile.
+// The user's input on a flexible grid. The handlers of the view are not called: a slot connected to leaveCell may open
+// a box, change the rows or run the event loop, which must not happen inside a handler of the view.
 #include "widgets/flexGrid.h"
 #include <QClipboard>
 #include <QGuiApplication>
@@ -17,7 +17,7 @@ namespace {
 constexpr int dragMilliseconds = 40;
 }
 
-// To another row, with the words before and after it. The rows may be other ones after leaveCell.
+// Moves to another row and emits leaveCell and enterCell. The rows may change during leaveCell.
 void FlexGrid::moveByUser(int row, int column) {
     if (m_moving)
         return;
@@ -73,8 +73,8 @@ void FlexGrid::mousePressEvent(QMouseEvent *event) {
     const QModelIndex cell = indexAt(event->position().toPoint()); // none below the last row
     m_pressed = event->button();
     m_drags = m_pressed == Qt::LeftButton && cell.isValid();
-    // A box or menu that a slot opens swallows the release; the click is then owed. (Events made up by a test do not
-    // show in mouseButtons().)
+    // A box or menu opened by a slot swallows the release; settlePress() then emits the click. (Events synthesised by a
+    // test do not appear in mouseButtons().)
     const bool byHand = QGuiApplication::mouseButtons().testFlag(m_pressed);
     const QPointer<FlexGrid> self(this);
     if (m_pressed == Qt::RightButton)
@@ -104,7 +104,7 @@ void FlexGrid::mouseMoveEvent(QMouseEvent *event) {
     m_dragDirection = y < 0 ? -1 : y >= height ? 1 : 0;
     if (m_dragDirection == 0) {
         m_dragTimer.stop();
-        const int dataRow = rowAt(y); // -1 under the last row
+        const int dataRow = rowAt(y); // -1 below the last row
         extendByUser(dataRow < 0 ? rows() - 1 : dataRow + m_fixedRows);
     } else if (!m_dragTimer.isActive()) {
         m_dragTimer.start(dragMilliseconds, this);
@@ -132,7 +132,7 @@ void FlexGrid::mouseReleaseEvent(QMouseEvent *event) {
         Q_EMIT gridClicked();
 }
 
-// The second press of a double click is no click of its own.
+// The second press of a double click does not emit gridClicked.
 void FlexGrid::mouseDoubleClickEvent(QMouseEvent *event) {
     if (event->button() != Qt::LeftButton) {
         mousePressEvent(event);
@@ -149,7 +149,7 @@ void FlexGrid::mouseDoubleClickEvent(QMouseEvent *event) {
         Q_EMIT gridActivated();
 }
 
-// The row that an arrow or page key leads to, from the end that moves.
+// Returns the row that an arrow or page key moves to, from the moving end of the selection.
 std::optional<int> FlexGrid::rowOfKey(const QKeyEvent *event) const {
     const int from = event->modifiers().testFlag(Qt::ShiftModifier) ? rowSel() : row();
     const int page = std::max(viewport()->height() / std::max(verticalHeader()->defaultSectionSize(), 1) - 1, 1);
@@ -183,7 +183,7 @@ void FlexGrid::copySelection() const {
             QString cell = text(row, column);
             for (QChar &character : cell)
                 if (character == u'\t' || character == u'\n' || character == u'\r')
-                    character = u' '; // they would read as cells and rows
+                    character = u' '; // they would be read as separators of cells and rows
             if (behind)
                 copied += u'\t';
             behind = true;
@@ -218,7 +218,7 @@ void FlexGrid::keyPressEvent(QKeyEvent *event) {
     else if (key == Qt::Key_Menu || (key == Qt::Key_F10 && shift))
         Q_EMIT menuKeyPressed();
     else if ((key == Qt::Key_Return || key == Qt::Key_Enter) && !event->isAutoRepeat())
-        Q_EMIT gridActivated(); // a key held down from the editor before would open the next one
+        Q_EMIT gridActivated(); // a key held down since the previous editor would open the next one
     else if (key != Qt::Key_Return && key != Qt::Key_Enter)
         event->ignore();
 }

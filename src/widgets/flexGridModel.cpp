@@ -8,7 +8,7 @@ namespace widgets {
 
 namespace {
 constexpr int frameMilliseconds = 16;
-// A cell never shows more than this: laying out a pasted megabyte would freeze the view.
+// Limits the text painted in a cell: laying out a pasted megabyte would freeze the view.
 constexpr qsizetype shownCharacters = 1000;
 
 QString shownText(const QString &text) {
@@ -122,7 +122,7 @@ void FlexGridModel::moveOverrides(int from, int by) {
     m_overrides = std::move(moved);
 }
 
-// Rows that the view has not been told of yet are told with the growth.
+// A row beyond those that the view knows is reported with the growth.
 void FlexGridModel::sourceInsertedRow(int row) {
     if (!m_source || row < 0 || row >= m_source->rowCount())
         return;
@@ -163,7 +163,7 @@ void FlexGridModel::clear() {
         Q_EMIT dataChanged(index(0, 0), index(m_announced - 1, columnCount() - 1));
 }
 
-// Rows are taken away and given anew rather than reset: a reset would cost the view its columns' widths.
+// Removes and inserts rows instead of resetting the model: on a reset the view would lose its column widths.
 void FlexGridModel::bind(std::shared_ptr<const platform::TableSource> source) {
     m_pace.stop();
     const bool removing = m_announced > 0;

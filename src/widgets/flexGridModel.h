@@ -1,7 +1,8 @@
-// What a flexible grid holds: heading texts, and data rows that are its own cells or a bound source's, the latter never
-// copied. Rows and columns count from 0 and data rows leave the heading out. Reads outside give empty texts and writes
-// outside do nothing. The true number of rows is dataRows(); the view is told of a source's growth at screen pace, so
-// rowCount() may lag behind until announce() or the next frame.
+// The model of a flexible grid: heading texts, and data rows that are either its own cells or those of a bound source,
+// which are never copied. Rows and columns count from 0; data rows do not include the heading. Reading a cell outside
+// the model returns an empty text; writing there does nothing. dataRows() returns the actual number of rows. The view
+// learns of the growth of a source at most once per frame, so rowCount() may be smaller until announce() or the next
+// frame.
 #pragma once
 
 #include "platform/tableSource.h"
@@ -20,16 +21,17 @@ public:
     FlexGridModel(int columns, QObject *parent);
 
     int dataRows() const;
-    void setDataRows(int count); // of a bound model: empty rows behind the source's, which its growth takes up
+    // In a bound model, adds empty rows after those of the source; rows that the source gains replace them.
+    void setDataRows(int count);
     QString text(int row, int column) const;
     void setText(int row, int column, const QString &text);
-    void clear(); // empties all cells and backgrounds, unbinds; rows stay as many
-    void bind(std::shared_ptr<const platform::TableSource> source); // drops all cells and backgrounds
+    void clear(); // empties all cells and backgrounds and unbinds; keeps the number of rows
+    void bind(std::shared_ptr<const platform::TableSource> source); // removes all cells and backgrounds
     void sourceHasGrown();
-    void sourceInsertedRow(int row); // told behind it, as all that became of the source; an unbound model takes no heed
+    void sourceInsertedRow(int row); // these are called after the source has changed; an unbound model ignores them
     void sourceRemovedRow(int row);
     void sourceChanged(int row, int column);
-    void announce(); // tells the view of all rows at once
+    void announce(); // reports all rows to the view at once
 
     QString heading(int column) const;
     void setHeading(int column, const QString &text);
@@ -54,7 +56,7 @@ private:
         std::optional<QString> text;
         std::optional<quint32> background;
     };
-    using Row = std::vector<Cell>; // as long as the last cell that was written
+    using Row = std::vector<Cell>; // ends with the last cell that was written
 
     bool holds(int row, int column) const;
     const Cell *find(int row, int column) const;
@@ -63,10 +65,10 @@ private:
     void moveOverrides(int from, int by);
 
     std::vector<Column> m_columns;
-    std::vector<std::unique_ptr<Row>> m_rows; // own cells; null where a row was never written
+    std::vector<std::unique_ptr<Row>> m_rows; // own cells; null for a row that was never written
     std::shared_ptr<const platform::TableSource> m_source;
-    std::unordered_map<int, Row> m_overrides; // what was written over the source
-    int m_leastRows = 0;                      // of a bound model
+    std::unordered_map<int, Row> m_overrides; // texts and backgrounds written over the source
+    int m_leastRows = 0;                      // rows of a bound model, if the source has fewer
     int m_announced = 0;
     QTimer m_pace;
 };

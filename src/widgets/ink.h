@@ -1,4 +1,4 @@
-// Colours of text that say something.
+// Text colours that carry a meaning.
 #pragma once
 
 #include <QColor>
@@ -6,12 +6,12 @@
 
 namespace widgets {
 
-// Of warnings; legible on light and on dark windows.
+// For warnings; legible on light and dark windows.
 inline QColor warningInk(const QColor &window) {
     return window.lightness() > 127 ? QColor(0xa0, 0x20, 0x00) : QColor(0xff, 0xb0, 0x80);
 }
 
-// Of links and signs on a base; the desktop's own is too dark on a dark one.
+// For links and marks on the base colour. The desktop's own link colour is too dark on a dark base.
 inline QColor linkInk(const QPalette &palette) {
     const QColor link = palette.color(QPalette::Link);
     return palette.color(QPalette::Base).lightness() < 128 ? link.lighter(170) : link;

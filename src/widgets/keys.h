@@ -1,14 +1,14 @@
-// Keys that stand for other keys in the program's forms.
+// Keys that act as other keys in the forms of the program.
 #pragma once
 
 #include <QWidget>
 
 namespace widgets {
 
-// Moves the focus on as the Tab key would from there.
+// Moves the focus as the Tab key would from `from`.
 void sendTab(QWidget *from);
 
-// Enter in the control acts as the Tab key. An Enter that ends the composition of an input method is not meant.
+// Makes Enter act as the Tab key in the control, except an Enter that ends the composition of an input method.
 void enterActsAsTab(QWidget *control);
 
 } // namespace widgets

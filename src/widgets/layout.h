@@ -1,5 +1,5 @@
-// Layouts as one expression a window: column({row({label, box}), grid, row({stretch(), button})}); and the names of the
-// controls in them.
+// Builds the layout of a window in one expression, such as column({row({label, box}), grid, row({stretch(), button})}),
+// and names the controls in it.
 #pragma once
 
 #include <QBoxLayout>
@@ -18,7 +18,7 @@ inline Stretch stretch(int factor = 1) {
     return Stretch{factor};
 }
 
-// An item with its share of the space.
+// An item of a layout with its stretch factor.
 struct Item {
     std::variant<QWidget *, QLayout *, Stretch> content;
     int share = 0;
@@ -34,26 +34,28 @@ struct Item {
 
 QBoxLayout *row(std::initializer_list<Item> items);
 QBoxLayout *column(std::initializer_list<Item> items);
-// Puts the layout into the frame and gives the frame back.
+// Sets the layout of the frame. Returns the frame.
 QGroupBox *framed(QGroupBox *frame, QLayout *content);
-// Names the control after its label, without the access key in parentheses, which leads there. Gives the label back.
+// Names the control after its label, without the access key in parentheses, and makes the access key focus the control.
+// Returns the label.
 QLabel *naming(QLabel *label, QWidget *control);
-// Label and control side by side, the control named after the label.
+// Returns a row with the label and the control, which is named after the label.
 QBoxLayout *labelled(QLabel *label, QWidget *control);
-// What a control does beyond what its caption says, and its key: shown under the mouse and told to a screen reader.
+// The key of a control and what it does beyond its caption: shown as a tool tip and read by a screen reader.
 struct Hint {
     QWidget *control;
     QStringView words;
 };
 void hint(std::initializer_list<Hint> hints);
-// A text as it stands for a tool tip, which takes what looks like markup for that otherwise.
+// Returns the text as rich text, so that a tool tip does not interpret markup in it.
 QString plainTip(const QString &text);
-// Lets Tab go through the controls of the window as they stand in its layouts, whatever the order of their making.
+// Sets the tab order of the window to the order of the controls in its layouts, regardless of the order of their
+// creation.
 void tabInReadingOrder(QWidget *window);
-// A control that keeps its place when it is hidden, so that nothing jumps.
+// Makes a hidden control keep its space, so that other controls do not move.
 void keepPlace(QWidget *control);
 
-// Gives the control its own name and, where it is not to speak for itself, the one that a screen reader says.
+// Sets the object name of the control and, if given, its accessible name. Returns the control.
 template <class Control>
 Control *named(Control *control, const QString &objectName, const QString &accessibleName = {}) {
     control->setObjectName(objectName);

@@ -19,9 +19,9 @@ namespace widgets {
 namespace {
 
 constexpr qint64 sliceMilliseconds = 15;
-constexpr int rowsBetweenLooks = 50; // at the clock
+constexpr int rowsBetweenLooks = 50; // between reads of the clock
 
-// The toolkit's own picture; a button without one shows its name.
+// Returns the icon of Qt's own preview. Without an icon the button shows its name.
 QIcon toolIcon(QStringView name) {
     const QString folder = u":/qt-project.org/dialogs/qprintpreviewdialog/images/"_s;
     QIcon icon;
@@ -31,7 +31,7 @@ QIcon toolIcon(QStringView name) {
     return icon;
 }
 
-// Works until the slice is over; whether there is more to do.
+// Works until the time slice is over. Returns whether there is more to do.
 template <class Work>
 bool workASlice(const Work &work) {
     QElapsedTimer clock;
@@ -152,17 +152,17 @@ void LongPreview::placeOn() {
     m_page->setRange(1, m_sheet->pages());
     m_pages->setText(u" / %1 "_s.arg(m_sheet->pages()));
     m_page->selectAll();
-    m_page->setFocus(); // a page is typed at once; the keys that turn pages work from there as well
+    m_page->setFocus(); // a page number can be typed at once, and the keys that turn pages work there too
     m_view->updatePreview();
 }
 
-// Another paper: all pages begin elsewhere.
+// With another page layout all pages begin elsewhere.
 void LongPreview::setPage(const std::function<bool()> &change) {
     const QPageLayout before = m_printer->pageLayout();
     if (!change() || m_printer->pageLayout() == before)
         return;
     layOut();
-    m_view->updatePreview(); // which is empty until the pages are counted
+    m_view->updatePreview(); // clears the page until the pages are counted
 }
 
 void LongPreview::choosePrinter() {

@@ -1,6 +1,6 @@
-// The print preview of a long report: one page at a time is painted, where the toolkit's own preview paints all of them
-// first. The pages are counted and printed in portions between two turns of the event loop; closing the window calls
-// either off, and so does its button.
+// The print preview of a long report. It paints one page at a time, while Qt's own preview paints all pages first.
+// Pages are counted and printed in portions between two runs of the event loop; closing the window or its stop button
+// cancels either.
 #pragma once
 
 #include "widgets/reportSheet.h"
@@ -25,7 +25,7 @@ class LongPreview final : public QDialog {
 public:
     LongPreview(BandedReport report, std::shared_ptr<QPrinter> printer, QWidget *parent);
 
-    // The pages that the printer is set to, onto it.
+    // Prints the page range that the printer is set to.
     void startPrinting();
 
 protected:
@@ -48,8 +48,8 @@ private:
     BandedReport m_report;
     std::shared_ptr<QPrinter> m_printer;
     std::optional<ReportSheet> m_sheet;
-    std::optional<ReportRun> m_run; // which goes before the sheet
-    QBasicTimer m_work;             // runs while pages are counted or printed
+    std::optional<ReportRun> m_run; // destroyed before the sheet
+    QBasicTimer m_work;             // active while pages are counted or printed
 
     QToolBar *m_tools;
     QSpinBox *m_page;

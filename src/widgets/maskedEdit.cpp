@@ -14,8 +14,8 @@ bool isDigit(QChar character) {
     return character >= u'0' && character <= u'9';
 }
 
-// The toolkit's mask takes every script's digits for digits, full-width ones from an input method too, and lets a NUL
-// into any place.
+// Qt's mask accepts the digits of all scripts, including full-width digits from an input method, and a NUL in any
+// position.
 class AsciiDigits final : public QValidator {
 public:
     explicit AsciiDigits(QString mask, QObject *parent)
@@ -33,8 +33,8 @@ private:
     QString m_mask;
 };
 
-// In the toolkit's language: 0 is an optional digit (9 would call a partial value unfinished), a backslash makes any
-// other character stand for itself, and the prompt follows a semicolon.
+// Converts to Qt's mask: 0 is an optional digit (with 9 a partial value would be incomplete), a backslash escapes any
+// other character, and the prompt follows a semicolon.
 QString toolkitMask(const QString &mask) {
     if (mask.isEmpty())
         return {};
@@ -59,7 +59,7 @@ void MaskedEdit::setMask(const QString &mask) {
     setInputMask(toolkitMask(mask));
 }
 
-// The toolkit would let the digits behind a prompt slip forward, so each digit is put into its own place.
+// QLineEdit would move the digits after a prompt forward, so each digit is inserted at its own position.
 void MaskedEdit::setText(const QString &text) {
     if (m_mask.isEmpty() || text.isEmpty()) {
         QLineEdit::setText(text);

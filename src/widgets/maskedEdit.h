@@ -1,6 +1,6 @@
-// A one-line box whose mask can change while it is used. A mask such as "####-##-##" shows a prompt "_" for each digit
-// and keeps the other characters where they are; without a mask it takes any text. What it holds is what it shows,
-// prompts included: "2005-03-__". Back from a menu or another window its selection is as it was.
+// A line edit whose mask can be changed at any time. A mask such as "####-##-##" shows the prompt "_" for each digit
+// and fixes the other characters; without a mask any text is accepted. The text includes the prompts: "2005-03-__".
+// When the focus returns from a menu or another window, the selection is unchanged.
 #pragma once
 
 #include "widgets/selectingEdit.h"
@@ -12,16 +12,17 @@ class MaskedEdit : public SelectingEdit {
 public:
     explicit MaskedEdit(const QString &objectName, QWidget *parent = nullptr);
 
-    // "#" stands for a digit; "" takes the mask away. The text is emptied.
+    // "#" stands for a digit; "" removes the mask. Clears the text.
     void setMask(const QString &mask);
     QString mask() const { return m_mask; }
 
-    // As shown, prompts included. With a mask, setText() goes place by place and prompts where no digit stands.
+    // The text as shown, including prompts. With a mask, setText() sets each digit at its own position and leaves a
+    // prompt where `text` has no digit.
     QString text() const { return displayText(); }
     void setText(const QString &text);
 
 Q_SIGNALS:
-    // The focus goes to another control of the window; not when a menu opens or another program comes to the front.
+    // The focus moved to another control of the window. Not emitted when a menu opens or another window is activated.
     void left();
 
 protected:

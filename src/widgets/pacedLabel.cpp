@@ -12,7 +12,7 @@ namespace widgets {
 namespace {
 
 constexpr int frameMilliseconds = 16;
-constexpr int leastCharacters = 12; // the width below which a label does not shrink
+constexpr int leastCharacters = 12; // the label does not become narrower than this
 
 } // namespace
 
@@ -25,7 +25,7 @@ PacedLabel::PacedLabel(const QString &objectName, const QString &text, QWidget *
 
 void PacedLabel::setPacedText(const QString &text) {
     if (m_form.isNull() && text == m_text)
-        return; // held already
+        return; // unchanged
     m_text = text;
     m_form = {};
     startPace();
@@ -48,7 +48,7 @@ QString PacedLabel::pacedText() const {
 
 void PacedLabel::flush() {
     Q_EMIT aboutToShow();
-    m_pace.stop(); // also where that brought another text
+    m_pace.stop(); // even if a slot has set another text
     m_text = pacedText();
     m_form = {};
     if (QLabel::text() == m_text)

@@ -1,6 +1,6 @@
-// A label for texts that run along with long work: it holds a new text at once and paints it at the pace of the
-// screen, since painting costs a hundred times what a record does. A text too long for the label is shown with its
-// middle left out, whole in the tool tip; it never widens its window.
+// A label for texts that change during long work. It stores a new text at once and paints it at most once per frame,
+// since painting costs a hundred times as much as processing a record. A text too long for the label is elided in the
+// middle and shown completely in the tool tip; it never widens the window.
 #pragma once
 
 #include <QBasicTimer>
@@ -13,26 +13,26 @@ class PacedLabel : public QLabel {
 public:
     explicit PacedLabel(const QString &objectName, const QString &text = {}, QWidget *parent = nullptr);
 
-    // Takes the text; it is painted within a sixtieth of a second, once events are let in.
+    // Stores the text. It is painted within a sixtieth of a second once events are processed.
     void setPacedText(const QString &text);
-    // The same of a running number in its text, `form` with %1 in its place; it is put together when somebody asks.
+    // Stores a number that is shown at %1 of `form`. The text is composed only when it is needed.
     void setPacedNumber(QStringView form, qint64 number);
     QString pacedText() const;
-    // Brings the held text to the screen with the next events: at the end of the work and before a message box.
+    // Shows the stored text when events are next processed. Call it at the end of the work and before a message box.
     void flush();
 
-    // What the text is of: a screen reader says both. A new text is told to it, whether or not the label has the
-    // keyboard.
+    // Sets what the text is about. A screen reader reads it together with the text, and reads each new text even if the
+    // label does not have the focus.
     void setMeaning(const QString &meaning);
 
-    // As of any label, for whoever does not care about the pace.
+    // As in any label, for code that does not need the pacing.
     void setText(const QString &text);
     QString text() const { return pacedText(); }
 
     QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
-    // The held text goes to the screen next: the last moment to make it true, or to replace it.
+    // Emitted before the stored text is shown: the last moment to update or replace it.
     void aboutToShow();
 
 protected:
@@ -41,16 +41,16 @@ protected:
     void timerEvent(QTimerEvent *event) override;
 
 private:
-    QString shown() const; // what has room
+    QString shown() const; // the text elided to the width of the label
 
     void tellReader();
     void startPace();
 
     QString m_text;
-    QStringView m_form; // of a number that is held instead of the text
+    QStringView m_form; // if not null, a number is stored instead of the text
     qint64 m_number = 0;
     QString m_meaning;
-    QBasicTimer m_pace; // runs while the held text waits for its frame
+    QBasicTimer m_pace; // active while the stored text waits for its frame
 };
 
 } // namespace widgets

@@ -16,14 +16,14 @@ namespace {
 
 constexpr char32_t planeEnd = 0x10000;
 
-// The toolkit's own search from the end looks in front of the first byte, where nothing may be mapped.
+// Qt's own search from the end reads before the first byte, where no memory may be mapped.
 qsizetype lastIndexOf(QByteArrayView bytes, std::string_view wanted, qsizetype from = -1) {
     const std::string_view text(bytes.data(), std::size_t(bytes.size()));
     const std::size_t found = text.rfind(wanted, from < 0 ? std::string_view::npos : std::size_t(from));
     return found == std::string_view::npos ? -1 : qsizetype(found);
 }
 
-// The glyph of each character of the basic plane; 0 where the font has none.
+// Returns the glyph of each character of the Basic Multilingual Plane; 0 if the font has none.
 std::vector<quint32> glyphsOf(const QRawFont &font) {
     QString plane;
     for (char32_t code = 0; code < planeEnd; ++code)
@@ -39,7 +39,7 @@ struct FaceGlyphs {
     QHash<quint32, char16_t> drawn;
 };
 
-// Which face draws a character is known when it is laid out alone.
+// Laying out each character alone shows which font face draws it.
 QList<FaceGlyphs> facesOf(const QString &characters, const QFont &font, const QPaintDevice *device) {
     QList<FaceGlyphs> faces;
     for (const QChar character : characters) {
@@ -58,8 +58,8 @@ QList<FaceGlyphs> facesOf(const QString &characters, const QFont &font, const QP
     return faces;
 }
 
-// A file as its cross-reference table divides it. The numbers are those of the toolkit's plain table: one section, 20
-// bytes an entry.
+// A PDF file divided by its cross-reference table. The offsets are those of the plain table that Qt writes: one
+// section, 20 bytes per entry.
 class PdfObjects {
 public:
     static std::optional<PdfObjects> read(QByteArrayView file) {
@@ -73,7 +73,7 @@ public:
             return std::nullopt;
         return PdfObjects{file, table, file.sliced(entries, trailer - entries), file.sliced(trailer, at - trailer)};
     }
-    // From its number up to the end of the object.
+    // The bytes from the object's number to the end of the object.
     QByteArrayView object(int number) const {
         constexpr qsizetype entry = 20;
         if (number <= 0 || number >= m_entries.size() / entry)
@@ -82,7 +82,7 @@ public:
         const qsizetype end = from > 0 && from < m_table ? m_file.indexOf("endobj", from) : -1;
         return end < 0 ? QByteArrayView() : m_file.sliced(from, end - from);
     }
-    // What is to be appended so that these objects take the place of the old ones.
+    // Returns the bytes to append so that `objects` replace the existing ones.
     QByteArray update(const QMap<int, QByteArray> &objects) const {
         QByteArray added;
         QByteArray table = "xref\n";
@@ -111,13 +111,13 @@ private:
     QByteArrayView m_trailer;
 };
 
-// Glyphs and their characters, as the ranges of a font's table say. The toolkit damages lines of a table of more than a
-// hundred ranges: these are passed over.
+// Returns the characters by glyph, as given by the ranges of a font's table. Qt damages lines of tables with more than
+// a hundred ranges; these are skipped.
 QMap<int, int> charactersOf(const QString &ranges) {
     static const QRegularExpression line(
         u"^<([0-9A-F]{4})> <([0-9A-F]{4})> (?:<([0-9A-F]{4})>|\\[((?:<[0-9A-F]{4}> )+)\\])$"_s,
         QRegularExpression::MultilineOption);
-    constexpr qsizetype listed = 7; // characters of one in a list
+    constexpr qsizetype listed = 7; // length of one character in a list
     const auto number = [](QStringView digits) { return digits.toInt(nullptr, 16); };
     QMap<int, int> characters;
     for (auto found = line.globalMatch(ranges); found.hasNext();) {
@@ -138,7 +138,7 @@ QByteArray hex(int code) {
     return '<' + QByteArray::number(code, 16).rightJustified(4, '0') + '>';
 }
 
-// A font's table with the other names; empty where it has none of them.
+// Returns the font's table with the new names, or an empty array if it contains none of them.
 QByteArray renamed(QByteArrayView object, const SameGlyph &names) {
     const qsizetype stream = object.indexOf("stream\n");
     const qsizetype first = object.indexOf("beginbfrange");
@@ -156,9 +156,9 @@ QByteArray renamed(QByteArrayView object, const SameGlyph &names) {
     }
     if (!changed)
         return {};
-    // Up to the number of ranges, which stands before the word.
+    // Up to the number of ranges, which precedes "beginbfrange".
     QByteArray map = object.sliced(stream + 7, lastIndexOf(object, "\n", first) + 1 - stream - 7).toByteArray();
-    constexpr qsizetype linesAtOnce = 100; // the format's limit
+    constexpr qsizetype linesAtOnce = 100; // limit of the PDF format
     for (qsizetype at = 0; at < lines.size(); at += linesAtOnce) {
         const QByteArrayList part = lines.mid(at, linesAtOnce);
         map += QByteArray::number(part.size()) + " beginbfchar\n" + part.join() + "endbfchar\n";

@@ -1,6 +1,6 @@
-// The text of a PDF file that the toolkit wrote. Where a font draws several characters with one glyph, the toolkit
-// names the first of them in the font's table, which for many Chinese characters is the radical of the same look: what
-// is copied out of the file or searched for in it is then another text than the one that was printed.
+// Corrects the text of a PDF file that Qt wrote. If a font draws several characters with one glyph, Qt names the first
+// of them in the font's table, which for many Chinese characters is the radical of the same shape. Text copied from the
+// file or searched for in it then differs from the printed text.
 #pragma once
 
 #include "platform/result.h"
@@ -12,7 +12,7 @@
 
 namespace widgets {
 
-// The characters (of the basic plane) that were drawn.
+// The characters of the Basic Multilingual Plane that were drawn.
 class DrawnCharacters {
 public:
     void add(QStringView text);
@@ -20,15 +20,15 @@ public:
     QString all() const;
 
 private:
-    std::vector<bool> m_drawn; // made at the first text
+    std::vector<bool> m_drawn; // allocated with the first text
 };
 
-// For each character that was not drawn but has the glyph of one that was: the latter.
+// Maps each character that was not drawn, but whose glyph was drawn for another character, to the drawn character.
 using SameGlyph = QHash<char16_t, char16_t>;
 void addSameGlyphs(SameGlyph &found, const DrawnCharacters &drawn, const QFont &font, const QPaintDevice *device);
 
-// Gives the glyphs in the file the names of the characters that were drawn. They are appended as an update of the file;
-// a file that is no PDF of the toolkit's stays as it is, and one where there is no room for them as well.
+// Renames the glyphs in the file to the characters that were drawn, by appending an incremental update. A file that was
+// not written by Qt, or that cannot take the whole update, is left unchanged and returns a failure.
 platform::Status nameDrawnCharacters(const QString &path, const SameGlyph &names);
 
 } // namespace widgets

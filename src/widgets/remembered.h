@@ -1,5 +1,5 @@
-// What the user made of a window, kept between starts under the window's name: its place on the screen, and the widths
-// drawn in its grid.
+// Remembers between starts, under the name of a window, its geometry and the column widths that the user set in its
+// grid.
 #pragma once
 
 #include "platform/deskState.h"
@@ -7,11 +7,11 @@
 
 namespace widgets {
 
-// Gives a window of the screen, before it is shown, the place in which it was left, maximised where it was, and keeps
-// the one in which it is closed from now on. `state` outlives the window.
+// Restores the geometry of a top-level window, maximised or not, and stores it whenever the window is closed. Call
+// before the window is shown. `state` must outlive the window.
 void rememberPlace(QWidget *window, const platform::DeskState &state);
 
-// The widths of `grid` that were drawn in the window of that name.
+// Store and restore the column widths that the user set in `grid`, under the name `window`.
 void keepColumns(const FlexGrid &grid, const platform::DeskState &state, const QString &window);
 void recallColumns(FlexGrid &grid, const platform::DeskState &state, const QString &window);
 

@@ -17,8 +17,8 @@ namespace {
 constexpr float unknown = -1;
 constexpr float neverQuick = std::numeric_limits<float>::infinity();
 
-// The beginning of a text, which is all of any honest one: to lay out a million characters takes a minute. Characters
-// that draw nothing become blanks, since each is looked for in every font of the machine.
+// Returns the start of a text: laying out a million characters takes a minute. Characters that draw nothing become
+// blanks, since Qt would look for each of them in all installed fonts.
 QString printable(const QString &text) {
     constexpr qsizetype longest = 2000;
     QString shown = text.left(longest);
@@ -32,7 +32,8 @@ QString printable(const QString &text) {
     return shown;
 }
 
-// Whether the character is as wide alone as among others, but for kerning; the rest is left to the toolkit.
+// Returns whether the character has the same width alone as in a text, apart from kerning. Other characters need a
+// layout.
 bool standsAlone(QChar character) {
     constexpr auto plain = std::to_array({QChar::Script_Common, QChar::Script_Latin, QChar::Script_Han});
     return std::ranges::find(plain, character.script()) != plain.end() && character.isPrint() &&
@@ -49,7 +50,7 @@ QFont reportFont(double points, QFont::Weight weight) {
         font.setFamilies({*found});
     font.setPointSizeF(points);
     font.setWeight(weight);
-    // Shaping swaps in glyphs that a PDF reader cannot take back to characters: a call number would lose its digits.
+    // Shaping substitutes glyphs that a PDF reader cannot map back to characters: a call number would lose its digits.
     font.setStyleStrategy(QFont::PreferNoShaping);
     return font;
 }
@@ -58,7 +59,7 @@ ReportFace::ReportFace(const QFont &font, const QPaintDevice *device)
     : m_font(font)
     , m_device(device)
     , m_metrics(font, device) {
-    // Chinese characters may come from another face, with other heights: a line has room for both.
+    // Chinese characters may come from another font with other heights; a line must fit both.
     QTextLayout both(u"书Ag"_s, font, device);
     both.beginLayout();
     const QTextLine line = both.createLine();
@@ -77,7 +78,7 @@ float ReportFace::widthOf(QChar character) {
 }
 
 bool ReportFace::surelyOneLine(QStringView text, double width) {
-    constexpr double room = 0.9; // kerning may widen a text, though never by so much
+    constexpr double room = 0.9; // kerning may widen a text, but never by that much
     double left = width * room;
     for (const QChar character : text) {
         left -= double(widthOf(character));

@@ -1,4 +1,4 @@
-// What a font measures on the device that a report is printed on: lines of a column, and their drawing.
+// A font measured for the device that a report is printed on: wraps texts into lines and draws them.
 #pragma once
 
 #include "widgets/pdfText.h"
@@ -11,22 +11,22 @@ class QPainter;
 
 namespace widgets {
 
-// A Song-style face where the machine has one, else the program's own.
+// Returns a Song-style font if one is installed, else the program's font.
 QFont reportFont(double points, QFont::Weight weight = QFont::Normal);
 
 class ReportFace {
 public:
     ReportFace(const QFont &font, const QPaintDevice *device);
 
-    // The lines of a text as wide as its column. Of a text longer than 2,000 characters the rest is left out.
+    // Wraps a text to the width of its column. A text is cut off after 2,000 characters.
     QStringList wrapped(const QString &whole, double width) const;
-    // Quickly, without laying it out: yes only where wrapped() makes one line of it.
+    // A fast test without layout: returns true only if wrapped() returns one line.
     bool surelyOneLine(QStringView text, double width);
-    // On a common base line, so that the cells of a row stand level whatever their script.
+    // Draws a line with its base line at the same height for all scripts, so that the cells of a row align.
     void draw(QPainter &painter, double left, double top, double width, Qt::Alignment alignment,
               const QString &line) const;
 
-    // What it has drawn that the toolkit's PDF would call by another name.
+    // Adds the drawn characters that Qt's PDF would name as other characters.
     void addSameGlyphs(SameGlyph &found) const { widgets::addSameGlyphs(found, m_drawn, m_font, m_device); }
 
     double lineHeight = 0;
@@ -39,7 +39,7 @@ private:
     QFontMetricsF m_metrics;
     double m_ascent = 0;
     mutable DrawnCharacters m_drawn;
-    std::vector<float> m_widths; // of each character that was met
+    std::vector<float> m_widths; // of each character measured so far; index is the character
 };
 
 } // namespace widgets

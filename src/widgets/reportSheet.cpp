@@ -9,8 +9,8 @@ namespace widgets {
 
 namespace {
 constexpr double pointsPerInch = 72;
-constexpr double gap = 6;        // points between columns, and above and under a rule
-constexpr double rowPadding = 4; // points under a row
+constexpr double gap = 6;        // points between columns, and above and below a rule
+constexpr double rowPadding = 4; // points below a row
 constexpr double rule = 0.75;    // points
 
 qsizetype lineCount(const std::vector<QStringList> &cells) {
@@ -72,7 +72,7 @@ bool ReportSheet::place(int count) {
     return m_row < rowCount();
 }
 
-// As many as cells() makes. Most texts are far shorter than their column, which is cheaply seen.
+// Returns as many lines as cells() makes. For most texts the fast test is enough.
 qsizetype ReportSheet::linesOf(int row) {
     qsizetype lines = 1;
     for (std::size_t at = 0; at < m_columns.size(); ++at) {
@@ -148,7 +148,7 @@ void ReportSheet::nameCharacters(const QString &pdf) const {
     SameGlyph names;
     for (const ReportFace *face : {&m_title, &m_head, &m_body})
         face->addSameGlyphs(names);
-    (void)nameDrawnCharacters(pdf, names); // without them it is a PDF all the same
+    (void)nameDrawnCharacters(pdf, names); // the PDF is usable without them
 }
 
 ReportRun::ReportRun(const ReportSheet &sheet, QPrinter &printer)
@@ -173,7 +173,7 @@ bool ReportRun::step() {
     m_sheet.draw(m_painter, m_next - 1);
     if (++m_next <= m_last)
         return true;
-    // What a preview paints goes through the same printer, and leaves the file alone.
+    // A preview paints through the same printer and writes no file.
     const bool makesPdf = m_painter.paintEngine()->type() == QPaintEngine::Pdf;
     m_failed = !m_painter.end();
     if (makesPdf && !m_failed && !m_printer.outputFileName().isEmpty())

@@ -1,6 +1,6 @@
-// A report laid out for one printer: where its pages begin, and the drawing of each. The pages are counted before the
-// first is drawn, since each tells the total; that can be done in portions, so that a window stays alive. Of a page no
-// more is kept than where it begins. Lengths are the printer's dots.
+// A report laid out for one printer: finds where its pages begin and draws each page. All pages are counted before the
+// first is drawn, since each shows the total. Counting can be done in portions, so that a window stays responsive. Of
+// each page only its start is stored. Lengths are in the printer's dots.
 #pragma once
 
 #include "widgets/reportContent.h"
@@ -12,24 +12,24 @@
 
 namespace widgets {
 
-// The report and the printer are to outlive it.
+// `report` and `printer` must outlive the sheet.
 class ReportSheet {
 public:
     ReportSheet(const BandedReport &report, const QPrinter &printer);
 
-    // Places at most so many rows more; whether some are left.
+    // Places at most `count` more rows. Returns whether rows are left.
     bool place(int count);
     int placedRows() const { return m_row; }
     int rowCount() const { return m_report.rows ? m_report.rows->rowCount() : 0; }
 
-    // Of the whole report, once every row is placed.
+    // The number of pages of the whole report; valid when every row is placed.
     int pages() const { return int(m_starts.size()); }
     void draw(QPainter &painter, int page) const;
-    // Afterwards, in the PDF file that the pages were drawn into: its text is the text of the report.
+    // Call after drawing, with the PDF file that the pages were drawn into: makes its text the text of the report.
     void nameCharacters(const QString &pdf) const;
 
 private:
-    // Where a page begins: a row, and a line of it where the row is longer than a page.
+    // Where a page begins: a row, and a line in it if the row is longer than a page.
     struct PageStart {
         int row = 0;
         qsizetype line = 0;
@@ -56,22 +56,22 @@ private:
     std::vector<Column> m_columns;
     QStringList m_titleLines;
     Cells m_heads;
-    double m_top = 0; // of the rows
+    double m_top = 0; // top of the rows
     double m_bottom = 0;
     qsizetype m_linesOfPage = std::numeric_limits<int>::max();
     std::vector<PageStart> m_starts{{}};
-    int m_row = 0;  // the next to be placed
-    double m_y = 0; // where it goes
+    int m_row = 0;  // the next row to place
+    double m_y = 0; // its vertical position
 };
 
-// Puts the pages that the printer asks for on it, one at a step; what is not finished when it goes is called off.
+// Prints the page range of the printer, one page per step. Destroying an unfinished run cancels the printing.
 class ReportRun {
 public:
     ReportRun(const ReportSheet &sheet, QPrinter &printer);
     ~ReportRun();
     Q_DISABLE_COPY_MOVE(ReportRun)
 
-    bool step(); // whether there is more to do
+    bool step(); // returns whether more steps are needed
     bool failed() const { return m_failed; }
     int donePages() const { return m_next - m_first; }
     int wantedPages() const { return m_last - m_first + 1; }

@@ -27,7 +27,7 @@ void RunControls::end() {
         control->setEnabled(true);
     for (QLineEdit *box : m_locked)
         box->setReadOnly(false);
-    // Disabling its button sent the keyboard on to the one that closes the window.
+    // Disabling the focused button moved the focus to the button that closes the window.
     if (m_focused)
         m_focused->setFocus();
 }

@@ -1,4 +1,4 @@
-// What a window shows and closes off while a long run goes on.
+// Shows in a window that a long run is active, and disables its controls.
 #pragma once
 
 #include "widgets/pacedLabel.h"
@@ -9,14 +9,14 @@
 
 namespace widgets {
 
-// A label that is hidden until a run and leaves its place free all the same.
+// Creates a label that is hidden until a run and keeps its space while hidden.
 PacedLabel *progressLabel(const QString &objectName, QWidget *window);
 
 class RunControls {
 public:
-    // Puts up the hourglass on the window, disables and locks.
+    // Shows the wait cursor on the window, disables the controls of `disabled` and makes those of `locked` read-only.
     void begin(QWidget *window, const QList<QWidget *> &disabled, const QList<QLineEdit *> &locked);
-    // Gives all of it back, and the keyboard to where it was when the run began.
+    // Reverts what begin() did and returns the focus to the control that had it.
     void end();
 
 private:

@@ -1,5 +1,5 @@
-// A one-line box that selects its whole text whenever it gets the focus; a selection made with the press that brought
-// the focus stays.
+// A line edit that selects its whole text when it gets the focus. A selection made by dragging with the mouse press
+// that focused it is kept.
 #pragma once
 
 #include <QLineEdit>
@@ -17,7 +17,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:
-    bool m_selectOnRelease = false; // the click that brought the focus would undo the selection
+    bool m_selectOnRelease = false; // the mouse click that focused the edit would clear the selection
 };
 
 } // namespace widgets

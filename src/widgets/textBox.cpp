@@ -12,14 +12,14 @@ namespace widgets {
 
 namespace {
 
-constexpr char16_t blockBreak = 0x2029; // between the paragraphs of a document
-// A long line is laid out in pieces. Each piece but the first starts with this mark, which takes no room and which code
-// page 936 lacks; the mark stands in front and not at the end, so that Enter next to it still breaks the line.
+constexpr char16_t blockBreak = 0x2029; // separates the paragraphs of a document
+// A long line is laid out in pieces. Each piece but the first starts with this mark, which has no width and is not in
+// code page 936. The mark is at the start and not at the end, so that Enter next to it still breaks the line.
 constexpr char16_t pieceMark = 0x2060;
 constexpr qsizetype pieceLength = 4096;
 
-// The sign of each control character from 00 to 1F; 0 for the tab, which stays. Every Chinese font has them, and code
-// page 936 has none, so that a sign never stands for itself in a record.
+// The sign for each control character from 00 to 1F; 0 for the tab, which is shown as it is. All Chinese fonts have
+// these signs and code page 936 has none of them, so no record contains a sign itself.
 constexpr std::u16string_view signs(u"∅ⒶⒷⒸⒹⒺⒻⒼⒽ\0ⒿⓀⓁⓂⓃⓄⓅⓆⓇⓈⓉⓊⓋⓌⓍⓎⓏ†⁂▣¶‡", 0x20);
 static_assert(signs[0x09] == 0 && signs[0x1F] == u'‡');
 
@@ -27,17 +27,17 @@ QChar exchanged(QChar c) {
     const char16_t code = c.unicode();
     if (code < 0x20)
         return signs[code] ? QChar(signs[code]) : c;
-    if (code < 0x80 || code >= 0x2E80) // most of what a Chinese text is made of
+    if (code < 0x80 || code >= 0x2E80) // the most frequent case in Chinese texts
         return c;
     const size_t at = signs.find(code);
     return at == signs.npos ? c : QChar(char16_t(at));
 }
 
-// The text as the document holds it: "\n" for a line break.
+// Returns the text as stored in the document, with "\n" as line break.
 QString shown(const QString &text) {
     QString result;
     result.reserve(text.size() + text.size() / pieceLength * 2);
-    qsizetype length = 0; // of the piece in hand
+    qsizetype length = 0; // of the current piece
     for (qsizetype i = 0; i < text.size(); ++i) {
         if (text[i] == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n') {
             result += u'\n';
@@ -56,7 +56,7 @@ QString shown(const QString &text) {
     return result;
 }
 
-// Back from the document's raw text.
+// Converts the raw text of the document back.
 QString restored(const QString &raw, QStringView lineBreak) {
     QString result;
     result.reserve(raw.size());
@@ -97,7 +97,7 @@ TextBox::TextBox(const QString &objectName, QWidget *parent)
     setObjectName(objectName);
     QFont face = font();
     face.setFamilies(platform::songFaces());
-    face.setPointSize(face.pointSize() + 2); // Song strokes are thin
+    face.setPointSize(face.pointSize() + 2); // the strokes of Song fonts are thin
     setFont(face);
     setTabChangesFocus(true);
     setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);

@@ -1,6 +1,6 @@
-// A box for long texts that gives back exactly what was put in. Line breaks are CR LF. Control characters are shown as
-// coloured signs (‡ for 1F, ¶ for 1E, ▣ for 1D, Ⓐ for 01 …) and are themselves again in text(), in what is copied and
-// in what is dragged out. Lines of any length stay fast. The face is a Song-style one where the machine has one.
+// An edit for long texts that returns exactly the text that was set. Line breaks are CR LF. Control characters are
+// shown as coloured signs (‡ for 1F, ¶ for 1E, ▣ for 1D, Ⓐ for 01 …); text(), copying and dragging convert them back.
+// Long lines do not slow it down. The font is a Song-style one if installed.
 #pragma once
 
 #include <QPlainTextEdit>
@@ -12,22 +12,22 @@ class TextBox : public QPlainTextEdit {
 public:
     explicit TextBox(const QString &objectName, QWidget *parent = nullptr);
 
-    // The sign that stands for a control character in the box.
+    // Returns the sign that represents a control character.
     static QChar signOf(QChar control);
 
-    // Shows the text from its start. What a text of code page 936 can hold comes back from text() unchanged.
+    // Shows the text from its start. text() returns any text of code page 936 characters unchanged.
     void setText(const QString &text);
-    // The text as it stands now, the user's changes included.
+    // The current text, including the user's changes.
     QString text() const;
 
-    // Makes the text read-only; it can be selected and copied with mouse and keyboard.
+    // Makes the text read-only. It can still be selected and copied with mouse and keyboard.
     void lock();
-    // The room that the box asks for at first, in average Chinese characters and lines.
+    // Sets the preferred size, in average Chinese characters and lines.
     void setRoom(int columns, int lines);
     QSize sizeHint() const override { return m_room.isValid() ? m_room : QPlainTextEdit::sizeHint(); }
 
 protected:
-    QMimeData *createMimeDataFromSelection() const override; // line breaks as LF, as clipboards have them
+    QMimeData *createMimeDataFromSelection() const override; // uses LF as line break
     void insertFromMimeData(const QMimeData *source) override;
 
 private:

@@ -13,7 +13,7 @@ Button::Button(const QString &objectName, const QString &caption, QWidget *paren
     : QPushButton(caption, parent) {
     setObjectName(objectName);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    setAutoDefault(false); // Enter belongs to the fields and grids
+    setAutoDefault(false); // Enter is used by the fields and grids
     QString name = caption;
     setAccessibleName(name.remove(u'&').trimmed());
 }
@@ -22,7 +22,7 @@ int Button::captionWidth(int characters) const {
     return fontMetrics().size(Qt::TextShowMnemonic, text()).width() + characters * fontMetrics().averageCharWidth();
 }
 
-// What the modal window itself has opened stands beside it and is live, and so is what was put in front of it.
+// A window whose parent or transient parent is the modal window, at any depth, is not blocked.
 bool isBlocked(const QWidget *widget) {
     const QWidget *modal = QApplication::activeModalWidget();
     const QWidget *opener = widget->window();
@@ -38,7 +38,7 @@ bool Button::event(QEvent *event) {
     if (event->type() == QEvent::Shortcut && isBlocked(this))
         return true;
     if (event->type() == QEvent::Shortcut && isEnabled()) {
-        // Where two buttons of a window bear the same letter, the key goes from one to the other.
+        // If two buttons of a window have the same access key, the key only moves the focus between them.
         if (static_cast<QShortcutEvent *>(event)->isAmbiguous())
             setFocus(Qt::ShortcutFocusReason);
         else
@@ -51,7 +51,7 @@ bool Button::event(QEvent *event) {
 void Button::clickByKey() {
     const QPointer<QWidget> former = window()->focusWidget();
     const QPointer<Button> self = this;
-    setFocus(Qt::ShortcutFocusReason); // leaving a field may disable this button
+    setFocus(Qt::ShortcutFocusReason); // leaving the previous control may disable this button
     if (isEnabled())
         click();
     if (self && former && window()->focusWidget() == this && former->isVisible())
@@ -77,7 +77,7 @@ Window::Window(const QString &objectName, const QString &caption, QWidget *paren
 void Window::showEvent(QShowEvent *event) {
     if (isWindow() && !event->spontaneous() && !isMaximized()) {
         resize(size().boundedTo(platform::roomOnScreen(this)));
-        // Its frame is known when the window manager has put it up.
+        // The frame is known only after the window manager has shown the window.
         QMetaObject::invokeMethod(
             this, [this] { platform::keepOnScreen(this); }, Qt::QueuedConnection);
     }
@@ -95,7 +95,7 @@ void Window::closeEvent(QCloseEvent *event) {
 
 void Window::hideEvent(QHideEvent *event) {
     QDialog::hideEvent(event);
-    // Where several windows close at once, a window manager may leave the keyboard with none of them.
+    // If several windows close at once, a window manager may leave all of them without the focus.
     if (isModal() && !event->spontaneous() && parentWidget() && parentWidget()->isVisible())
         parentWidget()->window()->activateWindow();
 }

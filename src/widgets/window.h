@@ -1,6 +1,6 @@
-// What every window of the program has in common: one way of closing for the close cross, Esc and its own buttons, and
-// buttons that take the focus before they act, so that the field that is left does what it does on being left. After an
-// access key they give it back: the keys of the grid or the field go on working.
+// Common behaviour of all windows: Esc, the close button of the frame and the window's own buttons close it in the same
+// way, and a button takes the focus before it acts, so that the control that had the focus is left first. After an
+// access key the focus returns to that control.
 #pragma once
 
 #include <QDialog>
@@ -9,29 +9,29 @@
 
 namespace widgets {
 
-// Whether a modal window stands before the widget's own. A key that comes before the window manager has put that window
-// in front finds the one behind it active still, and the toolkit sends it its shortcuts: there a second window would
-// open, or the one behind would close under it.
+// Returns whether a modal window blocks the window of `widget`. Before the window manager has activated a new modal
+// window, the blocked window is still active and Qt sends it shortcuts, which must not open a second window or close
+// the blocked window.
 bool isBlocked(const QWidget *widget);
 
 class Button : public QPushButton {
     Q_OBJECT
 public:
-    // objectName is the control's name; the caption may hold an access key as "&S 停止".
+    // `objectName` is the name of the control. The caption may have an access key, such as "&S 停止".
     Button(const QString &objectName, const QString &caption, QWidget *parent = nullptr);
 
-    // A long caption stands clear of the edges; where a screen is too narrow for that, the caption itself is whole.
+    // The preferred width leaves a margin around a long caption; the minimum width still shows the whole caption.
     QSize sizeHint() const override { return QPushButton::sizeHint().expandedTo({captionWidth(3), 0}); }
     QSize minimumSizeHint() const override { return {captionWidth(2), QPushButton::sizeHint().height()}; }
 
 protected:
-    // An access key moves the focus here, clicks, and moves it back, unless the click has moved it elsewhere.
+    // An access key moves the focus here, clicks, and moves the focus back unless the click moved it elsewhere.
     bool event(QEvent *event) override;
-    void keyPressEvent(QKeyEvent *event) override; // Enter clicks, as the space bar does
+    void keyPressEvent(QKeyEvent *event) override; // Enter clicks, like the space bar
 
 private:
     void clickByKey();
-    int captionWidth(int characters) const; // with so many narrow ones as room at both edges together
+    int captionWidth(int characters) const; // including `characters` average characters of margin in total
 };
 
 class Window : public QDialog {
@@ -39,7 +39,7 @@ class Window : public QDialog {
 public:
     explicit Window(const QString &objectName, const QString &caption, QWidget *parent = nullptr);
 
-    // The window's own way of closing, for its buttons; the same as the close cross and Esc.
+    // Closes the window like the close button of the frame and Esc do; for its buttons.
     void unload() { close(); }
     void reject() override { unload(); }
 
@@ -47,15 +47,15 @@ Q_SIGNALS:
     void unloaded();
 
 protected:
-    // Whether the window may close now; asks what it has to ask. The default lets it go.
+    // Returns whether the window may close now; may ask the user. The default returns true.
     virtual bool queryUnload() { return true; }
-    void showEvent(QShowEvent *event) override; // no larger than the screen has room for
+    void showEvent(QShowEvent *event) override; // limits the size to the screen
     void closeEvent(QCloseEvent *event) override;
-    void hideEvent(QHideEvent *event) override; // gives the keyboard back to the window behind
+    void hideEvent(QHideEvent *event) override; // a modal window activates its parent
 };
 
-// Waits until the object goes, with the wait cursor on the window or, where none is given, on the whole screen. There a
-// wait inside another one ends both.
+// Shows the wait cursor during its lifetime, on the window or, without a window, on the whole screen. On the whole
+// screen, the end of a nested wait ends the outer wait too.
 class WaitCursor {
 public:
     WaitCursor();
@@ -64,7 +64,7 @@ public:
     WaitCursor(const WaitCursor &) = delete;
     WaitCursor &operator=(const WaitCursor &) = delete;
 
-    void leaveOn() { m_onScreen = false; } // until the end of the wait around this one
+    void leaveOn() { m_onScreen = false; } // keeps the cursor until the end of the outer wait
 
 private:
     QPointer<QWidget> m_window;
