@@ -13,7 +13,7 @@ namespace marc {
 namespace {
 
 constexpr int headerLength = 5;    // "[", tag, "]"
-constexpr int subfieldLabelAt = 3; // behind the sign, the code and one character more
+constexpr int subfieldLabelAt = 3; // after the "$", the code and one more character
 constexpr int firstDescribedTag = 2;
 
 bool isSectionHeader(const QString &line) {
@@ -24,7 +24,7 @@ bool isBlank(const QString &line) {
     return platform::trimBlanks(line).isEmpty();
 }
 
-// The commands that show a list have one way to tell of a failure that nobody foresaw.
+// The box of the list commands for an unexpected failure.
 PickList failed(const QString &description) {
     return {{}, u"操作失败" + description};
 }
@@ -33,7 +33,7 @@ QString missing(const QString &folder, QStringView file) {
     return platform::fileExists(folder + file) ? QString() : configurationComplaint(folder, file, u"】丢失。");
 }
 
-// Describes the subfield rows behind row `field` that have the code in the line.
+// Describes the subfield rows after row `field` whose code is that of the line.
 void describeSubfields(FieldRows &rows, qsizetype field, const QString &line) {
     const QString code = line.mid(1, 1);
     for (qsizetype i = field + 1; i < rows.size() && !isFieldRow(rows[i]); ++i) {
@@ -42,14 +42,14 @@ void describeSubfields(FieldRows &rows, qsizetype field, const QString &line) {
     }
 }
 
-// Describes one field and its subfields from the section that starts at line `header`; false where the header is the
-// very last line, so that there is nothing behind it to read.
+// Describes one field and its subfields from the section whose header is line `header`. Returns false if the header is
+// the last line, so that no line follows it.
 bool describeField(FieldRows &rows, qsizetype field, const QStringList &lines, qsizetype header) {
     rows[field].fieldLabel = platform::trimBlanks(lines[header].mid(headerLength));
     const qsizetype last = lines.size() - 1;
     if (header == last)
         return false;
-    // The file's last line gives no description: its end is noticed before the line in hand is used.
+    // The last line of the file gives no description: the end of the file is checked before the current line is used.
     for (qsizetype i = header + 1; i < last && !isSectionHeader(lines[i]); ++i) {
         if (!isBlank(lines[i]))
             describeSubfields(rows, field, lines[i]);
@@ -57,7 +57,7 @@ bool describeField(FieldRows &rows, qsizetype field, const QStringList &lines, q
     return true;
 }
 
-// The first line of each header.
+// Returns the first line of each header.
 QHash<QString, qsizetype> headersOf(const QStringList &lines) {
     QHash<QString, qsizetype> headers;
     for (qsizetype i = 0; i < lines.size(); ++i) {
@@ -87,7 +87,7 @@ PickList readFieldList(const QString &folder) {
         const QString tag = line.left(3);
         if (tag != u"???" && !platform::isNumericText(tag)) {
             list.complaint = configurationComplaint(folder, fieldListFile, u"】损坏。");
-            break; // the lines before are listed already
+            break; // the lines before it are in the list already
         }
         list.lines.append(line);
     }
@@ -110,7 +110,7 @@ PickList readSubfieldList(const QString &folder, const QString &tag) {
     if (header < last && isSectionHeader(lines[header + 1]))
         return {{}, configurationComplaint(folder, subfieldListFile, u"】中还没有子字段。")};
     PickList list;
-    // The file's last line is read and not used.
+    // The last line of the file is not used.
     for (qsizetype i = header + 1; i < last && !isSectionHeader(lines[i]); ++i) {
         if (!isBlank(lines[i]))
             list.lines.append(lines[i]);
@@ -125,7 +125,7 @@ QString fillDescriptions(FieldRows &rows, const QString &folder) {
         return complaint;
     const auto lines = platform::readTextLines(folder + descriptionFile);
     if (!lines)
-        return {}; // a step that fails is passed over: the rows stay without descriptions
+        return {}; // a failed step is skipped: the rows keep no descriptions
     const QHash<QString, qsizetype> headers = headersOf(lines.value());
     for (qsizetype i = 1; i < rows.size(); ++i) {
         const std::optional<double> tag = platform::toDouble(rows[i].identifier);

@@ -1,5 +1,5 @@
-// The four text files in the program's own folder that carry what the program knows of the format in words. They are
-// read afresh at each use. Each reader has its own rules, which differ on purpose.
+// The four text files in the program's own folder that describe the format in words. They are read again at each use.
+// Their readers follow different rules, which is required.
 #pragma once
 
 #include "marc/fieldRows.h"
@@ -15,22 +15,22 @@ inline constexpr QStringView descriptionFile = u"marcBJshuoming.Qvs";
 inline constexpr QStringView templateFile = u"mobanJiaoDui.QVs";
 inline constexpr std::array configurationFiles{fieldListFile, subfieldListFile, descriptionFile, templateFile};
 
-// The lines of a pick list, and the text of the box that comes up in its stead.
+// The lines of a pick list, or the text of the box to show instead.
 struct PickList {
     QStringList lines;
-    QString complaint; // the whole text of the box; empty when the list can be shown
+    QString complaint; // the whole text of the box; empty if the list can be shown
 };
 
-// The fields on offer. `folder` ends in a separator.
+// Reads the fields that can be chosen. `folder` ends with a separator.
 PickList readFieldList(const QString &folder);
-// The subfields of the field `tag`.
+// Reads the subfields of the field `tag`.
 PickList readSubfieldList(const QString &folder, const QString &tag);
 
-// Fills fieldLabel and subfieldLabel of all rows but the leader's. The text of the box where the file is missing, else
-// empty.
+// Fills fieldLabel and subfieldLabel of all rows except the leader's. Returns the text of the box if the file is
+// missing, else an empty string.
 QString fillDescriptions(FieldRows &rows, const QString &folder);
 
-// "配置文件【" + folder + file + ending
+// Returns "配置文件【" + folder + file + ending.
 QString configurationComplaint(const QString &folder, QStringView file, QStringView ending);
 
 } // namespace marc

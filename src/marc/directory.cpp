@@ -8,7 +8,7 @@ namespace marc {
 
 namespace {
 
-// The number that the digits mean, blanks around them left out; below 0 where they are none.
+// Returns the value of the digits, ignoring surrounding blanks; a negative number if they are not digits.
 qint64 number(QByteArrayView digits) {
     digits = digits.trimmed();
     qint64 value = digits.isEmpty() ? -1 : 0;
@@ -26,7 +26,7 @@ DirectoryView viewDirectory(QStringView record) {
     DirectoryView view;
     view.leader = record.first(std::min<qsizetype>(leaderLength, record.size()));
     view.baseAddress = view.leader.mid(baseAddressAt, baseAddressLength);
-    // A terminator inside the leader gives a directory of negative length, as none at all does.
+    // A terminator inside the leader makes the length negative, like a missing one.
     const qsizetype length = record.indexOf(QChar(fieldTerminator)) - leaderLength;
     view.hasFieldTerminator = length >= 0;
     view.damaged = view.hasFieldTerminator && length % directoryEntryLength != 0;
@@ -73,7 +73,7 @@ std::optional<QString> FieldCutter::cut(qint64 base, qint64 start, qint64 length
 }
 
 std::optional<QByteArrayView> FieldCutter::cutBytes(qint64 base, qint64 start, qint64 length) const {
-    const qint64 at = base + start; // from 0
+    const qint64 at = base + start; // counted from 0
     if (at < 0 || length < 0)
         return std::nullopt;
     if (at >= m_bytes.size())

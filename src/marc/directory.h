@@ -1,4 +1,4 @@
-// What a record's directory says, and the fields that are cut by it.
+// The directory of a record, and the extraction of fields by it.
 #pragma once
 
 #include "marc/rawRecord.h"
@@ -9,14 +9,15 @@
 
 namespace marc {
 
-// The parts of a record that are plain ASCII by the format, as they stand: views into the record. An entry has the tag,
-// compared as text, the bytes of the field, its terminator included, and where it starts, from the base address.
+// The parts of a record that are ASCII by the format, as views of the record. An entry contains the tag, which is
+// compared as text, the length of the field in bytes, including its terminator, and its start in bytes from the base
+// address.
 struct DirectoryView {
     QStringView leader;             // the first 24 characters
-    QStringView baseAddress;        // characters 13 to 17
-    bool hasFieldTerminator = true; // after the leader; without one there is no directory at all
-    bool damaged = false;           // its length is no multiple of 12; then there are no entries
-    QStringView text;               // the entries, side by side; empty where damaged
+    QStringView baseAddress;        // characters 13 to 17, counted from 1
+    bool hasFieldTerminator = true; // after the leader; without one there is no directory
+    bool damaged = false;           // the directory's length is not a multiple of 12; it then has no entries
+    QStringView text;               // the entries, one after the other; empty if damaged
 
     qsizetype count() const { return text.size() / directoryEntryLength; }
     QStringView tag(qsizetype entry) const { return text.sliced(entry * directoryEntryLength, 3); }
@@ -26,20 +27,21 @@ struct DirectoryView {
 
 DirectoryView viewDirectory(QStringView record);
 
-// Whether the directory of a record in GBK, terminator included, cuts exactly the fields that its terminators part.
+// Returns whether the directory of a record in GBK, including its terminator, describes exactly the fields that the
+// field terminators delimit.
 bool directoryFits(QByteArrayView record);
 
-// Cuts fields from the GBK form of a record, which is made once.
+// Extracts fields from the GBK form of a record, which is encoded once.
 class FieldCutter {
 public:
     explicit FieldCutter(const RawRecord &record);
-    // For callers that hold the GBK form already and keep it as long as the cutter.
+    // For callers that already have the GBK form and keep it as long as the cutter.
     static FieldCutter over(QByteArrayView gbk);
 
-    // The `length` bytes from byte base + start + 1 (counted from 1), decoded; what lies outside is left out. Nothing
-    // where the position is below 1 or the length negative: the cut itself fails then.
+    // Returns `length` bytes, decoded, from the offset base + start, counted from 0; bytes beyond the end of the record
+    // are omitted. Returns std::nullopt, a failed cut, if the offset or the length is negative.
     std::optional<QString> cut(qint64 base, qint64 start, qint64 length) const;
-    // The same bytes, not decoded. Valid as long as the cutter.
+    // Returns the same bytes, not decoded. Valid as long as the cutter.
     std::optional<QByteArrayView> cutBytes(qint64 base, qint64 start, qint64 length) const;
 
     qsizetype recordBytes() const { return m_bytes.size(); }
@@ -49,17 +51,17 @@ private:
     QByteArray m_bytes;
 };
 
-// How much the fields of one record may come to, all taken together: directory entries that overlap can ask for the
-// same bytes over and over, and a small record would fill the memory. Fields that share nothing come to less than the
-// record once; the room beyond is for records whose lengths are wrong. What stands in the directory behind the entry
-// that goes over the limit is not looked at.
+// Limits the total size of the fields of one record: directory entries that overlap can refer to the same bytes many
+// times, and a small record would fill the memory. Fields that do not overlap have less than the size of the record in
+// total; the rest of the limit is for records with wrong lengths. Directory entries after the one that exceeds the
+// limit are ignored.
 class FieldAllowance {
 public:
     static constexpr qsizetype timesTheRecord = 16;
     explicit FieldAllowance(const FieldCutter &cutter)
         : m_left(timesTheRecord * cutter.recordBytes()) {}
 
-    // Takes the field's size; false where it goes over the limit.
+    // Subtracts the field's size; returns false if it exceeds the limit.
     bool admits(qsizetype size) { return (m_left -= size) >= 0; }
 
 private:

@@ -11,7 +11,7 @@ namespace marc {
 
 namespace {
 
-constexpr qsizetype looked = 1 << 16; // bytes of the beginning
+constexpr qsizetype looked = 1 << 16; // bytes at the beginning that are examined as a whole
 constexpr QByteArrayView utf8Mark("\xEF\xBB\xBF");
 constexpr QByteArrayView leMark("\xFF\xFE");
 constexpr QByteArrayView beMark("\xFE\xFF");
@@ -26,7 +26,7 @@ constexpr bool isTrail(uchar byte) {
     return byte >= 0x40 && byte <= 0xFE && byte != 0x7F;
 }
 
-// A file of records begins with digits or signs, which leave one half of the two bytes zero.
+// A record file begins with digits or punctuation, which leaves one byte of each two-byte unit zero.
 FileEncoding wideByZeros(QByteArrayView start) {
     constexpr qsizetype units = 5;
     qsizetype zeros[2] = {0, 0};
@@ -39,7 +39,7 @@ FileEncoding wideByZeros(QByteArrayView start) {
     return FileEncoding::Unknown;
 }
 
-// The names that both kinds of XML begin with, be it in two bytes a character.
+// Recognizes both kinds of XML by their names, also in two-byte encodings.
 FileEncoding xmlByNames(QByteArrayView start) {
     QByteArray text = start.toByteArray();
     text.removeIf([](char byte) { return byte == 0 || uchar(byte) >= 0x80; });
@@ -68,7 +68,8 @@ FileEncoding certainByStart(QByteArrayView start) {
 
 constexpr char escape = 0x1B; // switches the character set in MARC-8 and in ISO 2022
 
-// What a record says of its own encoding: "a" in position 9 of the leader, or "50" in positions 26 and 27 of 100 $a.
+// Returns whether a record declares UTF-8: by "a" in position 9 of the leader, or "50" in positions 26 and 27 of 100
+// $a, counted from 0.
 bool declaresUtf8(QByteArrayView record) {
     constexpr qsizetype leaderCode = 9, fieldCode = 26;
     if (record.size() < leaderLength)
@@ -78,10 +79,11 @@ bool declaresUtf8(QByteArrayView record) {
     const qsizetype directoryEnd = record.indexOf(char(fieldTerminator));
     qsizetype field = directoryEnd;
     for (qsizetype at = leaderLength; field >= 0 && at + directoryEntryLength <= directoryEnd;
-         at += directoryEntryLength) { // the fields are taken to stand in directory order
+         at += directoryEntryLength) { // the fields are assumed to be in directory order
         if (record.sliced(at).startsWith("100")) {
             const QByteArrayView content = record.sliced(field + 1);
-            const QByteArrayView value = content.sliced(std::min<qsizetype>(4, content.size())); // indicators, $a
+            // After the indicators and $a.
+            const QByteArrayView value = content.sliced(std::min<qsizetype>(4, content.size()));
             return value.sliced(std::min(fieldCode, value.size())).startsWith("50");
         }
         field = record.indexOf(char(fieldTerminator), field + 1);
@@ -89,7 +91,7 @@ bool declaresUtf8(QByteArrayView record) {
     return false;
 }
 
-// Each whole record of the beginning.
+// Returns whether each complete record at the beginning declares UTF-8, and there is one.
 bool allDeclareUtf8(QByteArrayView start) {
     bool any = false;
     for (qsizetype at = 0; at < start.size();) {
@@ -112,7 +114,7 @@ constexpr bool isLetter(char byte) {
     return (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z');
 }
 
-// How many of the bytes ahead are plain ASCII, in eights.
+// Returns the number of leading bytes that are ASCII, a multiple of eight.
 qsizetype plainAhead(const char *from, const char *end) {
     const char *at = from;
     for (quint64 eight = 0; end - at >= 8; at += 8) {
@@ -125,7 +127,7 @@ qsizetype plainAhead(const char *from, const char *end) {
 
 } // namespace
 
-// The usual pair is taken at once, what is unusual byte by byte.
+// The fast path takes usual pairs at once; all other bytes are taken one by one.
 void GbkShape::take(QByteArrayView bytes) {
     const char *at = bytes.begin();
     const char *const end = bytes.end();
@@ -142,7 +144,7 @@ void GbkShape::take(QByteArrayView bytes) {
 }
 
 void GbkShape::takePair(uchar lead, uchar trail) {
-    constexpr uchar firstTrail = 0xA1; // of the national standard, which GBK extends
+    constexpr uchar firstTrail = 0xA1; // in the national standard, which GBK extends
     ++pairs;
     if (trail < firstTrail) {
         foreign += lead >= 0xA1 && lead <= 0xA7;
@@ -157,8 +159,8 @@ bool GbkShape::looksChinese() const {
     constexpr qint64 word = 4;
     if (pairs == 0 || damaged * 20 > pairs)
         return pairs == 0 && damaged == 0;
-    // Measured: 99 % are usual in simplified Chinese, 67 % in traditional Chinese, 26 % in Big5; Latin letters with
-    // accents give none, and half of what Big5 gives is foreign.
+    // Measured: 99 % of pairs are usual in simplified Chinese, 67 % in traditional Chinese, 26 % in Big5; accented
+    // Latin letters give no usual pairs, and half of the pairs of Big5 are foreign.
     const bool isUsual = usual * 20 >= pairs * 9 || (usual * 5 >= pairs && foreign * 50 <= pairs);
     return isUsual || (pairs <= word && usual + seldom == pairs);
 }
@@ -175,11 +177,11 @@ void GbkShape::takeByte(uchar byte) {
     } else if (before == Place::BehindSecondLead && isDigit(byte)) {
         ++fourByteForms;
     } else if (before == Place::BehindSecondLead && isTrail(byte)) {
-        ++damaged; // the first half; the second is a pair of its own
+        ++damaged; // the first half; the second half is a pair of its own
         takePair(m_lead, byte);
     } else {
         damaged += before != Place::Between;
-        if (isLead(byte)) // looked at anew
+        if (isLead(byte)) // may begin a new pair
             m_place = Place::BehindLead;
         else
             damaged += byte >= 0x80;
@@ -196,7 +198,8 @@ void Utf8Shape::take(QByteArrayView bytes) {
         if (m_left == 0) {
             noteSides(isLetter(*at));
             at += plainAhead(at, end);
-            // The leads of three bytes that have no bounds of their own, which Chinese has nearly always.
+            // The lead bytes of three-byte forms whose next byte has no special bounds; most Chinese characters have
+            // these.
             for (; end - at >= 3 && uchar(at[0]) > 0xE0 && uchar(at[0]) < 0xED && follows(at[1]) && follows(at[2]);
                  at += 3)
                 ++longForms;
@@ -212,7 +215,7 @@ void Utf8Shape::take(QByteArrayView bytes) {
     }
 }
 
-// The code of a subfield is no letter of its text.
+// The code of a subfield is not a letter of its text.
 bool Utf8Shape::isAfterLetter(QByteArrayView bytes, qsizetype at) const {
     const auto before = [&](qsizetype back) { return at >= back ? bytes[at - back] : m_tail[2 - (back - at)]; };
     return isLetter(before(1)) && before(2) != char(subfieldDelimiter);
@@ -244,7 +247,7 @@ void Utf8Shape::takeByte(uchar byte, bool afterLetter) {
     begin(byte);
 }
 
-// Forms that are longer than they need be, halves of pairs and what lies beyond the last character are none.
+// Counts overlong forms, surrogates and values beyond U+10FFFF as damaged.
 void Utf8Shape::begin(uchar byte) {
     if (byte < 0xC2 || byte > 0xF4) {
         ++damaged;
@@ -286,8 +289,8 @@ FileEncoding EncodingGuess::guess() const {
     return m_certain != FileEncoding::Unknown ? m_certain : guessByShape();
 }
 
-// GBK read as UTF-8 is damaged at nearly every character; UTF-8 read as GBK mostly passes, which is why it is looked at
-// first. A few forms of two bytes may be either.
+// GBK read as UTF-8 is damaged at nearly every character, but UTF-8 read as GBK is mostly valid, so UTF-8 is checked
+// first. A few two-byte forms may be either.
 FileEncoding EncodingGuess::guessByShape() const {
     if (isSurelyUtf8())
         return FileEncoding::Utf8;
@@ -304,7 +307,7 @@ bool EncodingGuess::mayBeEither() const {
            m_utf8.twoByteForms < few;
 }
 
-// A letter with an accent stands next to other letters, a Chinese character does not.
+// An accented letter is next to other letters; a Chinese character is not.
 FileEncoding EncodingGuess::guessByNeighbours() const {
     const qint64 withLetter = m_utf8.betweenLetters + m_utf8.nextToLetter;
     if (m_declaredUtf8 || withLetter == m_utf8.twoByteForms)
@@ -313,7 +316,7 @@ FileEncoding EncodingGuess::guessByNeighbours() const {
 }
 
 FileEncoding EncodingGuess::guessChinese() const {
-    constexpr qint64 strayEscape = 1000; // pairs to each
+    constexpr qint64 strayEscape = 1000; // pairs per escape byte
     if (m_escapes > 0 && m_gbk.pairs < strayEscape * m_escapes)
         return FileEncoding::Unknown;
     if (m_gbk.fourByteForms > m_gbk.damaged && (m_gbk.pairs == 0 || m_gbk.looksChinese()))

@@ -1,4 +1,5 @@
-// What encoding the bytes of a record file look like, judged as they pass by. Memory: the beginning of the file.
+// Guesses the encoding of a record file from its bytes, which are passed once in order. Keeps no bytes of the file
+// except the last few.
 #pragma once
 
 #include <QByteArray>
@@ -8,18 +9,18 @@ namespace marc {
 
 enum class FileEncoding { Unknown, Gbk, Gb18030, Utf8, Utf8WithBom, Utf16Le, Utf16Be, MarcXml, MarcXchange };
 
-// Follows pairs of GBK and the four-byte forms that GB18030 adds.
+// Counts pairs of GBK and the four-byte forms of GB18030.
 class GbkShape {
 public:
     void take(QByteArrayView bytes);
-    // Whether the pairs are those that Chinese has. Other encodings of one byte or two give pairs as well, but few of
-    // them usual ones, or many that are foreign to Chinese.
+    // Returns whether the pairs are typical of Chinese. Other one-byte and two-byte encodings form pairs as well, but
+    // few of them usual ones, or many that are foreign to Chinese.
     bool looksChinese() const;
 
     qint64 pairs = 0;
-    qint64 usual = 0;   // of those: the common characters, signs, letters of full width
-    qint64 seldom = 0;  // the less common ones of the national standard
-    qint64 foreign = 0; // letters of other scripts, and codes without a character
+    qint64 usual = 0;   // of the pairs: common characters, punctuation, full-width letters
+    qint64 seldom = 0;  // of the pairs: less common characters of the national standard
+    qint64 foreign = 0; // of the pairs: letters of other scripts, and codes without a character
     qint64 fourByteForms = 0;
     qint64 damaged = 0;
 
@@ -31,15 +32,15 @@ private:
     Place m_place = Place::Between;
 };
 
-// Follows the sequences of UTF-8.
+// Counts the sequences of UTF-8.
 class Utf8Shape {
 public:
     void take(QByteArrayView bytes);
 
     qint64 twoByteForms = 0;
-    qint64 longForms = 0; // three bytes and more, as Chinese has them
+    qint64 longForms = 0; // of three and more bytes, as for Chinese characters
     qint64 damaged = 0;
-    // Of the forms of two bytes, as letters with accents have them: with a Latin letter on both sides, and on one.
+    // Two-byte forms, as for accented letters, that have a Latin letter on both sides, and on one side.
     qint64 betweenLetters = 0;
     qint64 nextToLetter = 0;
 
@@ -48,9 +49,9 @@ private:
     void begin(uchar byte);
     void noteSides(bool beforeLetter);
     bool isAfterLetter(QByteArrayView bytes, qsizetype at) const;
-    char m_tail[2] = {0, 0};    // the last bytes of the call before
-    bool m_afterLetter = false; // the form at hand
-    bool m_sidesOpen = false;   // a form of two bytes has just ended
+    char m_tail[2] = {0, 0};    // the last bytes of the previous call
+    bool m_afterLetter = false; // whether the current form follows a letter
+    bool m_sidesOpen = false;   // a two-byte form has just ended
     int m_length = 0;
     int m_left = 0;
     uchar m_low = 0; // bounds of the next byte
@@ -59,10 +60,12 @@ private:
 
 class EncodingGuess {
 public:
-    // The next bytes of the file; the first call brings at least its first 64 KB where it has them.
+    // Takes the next bytes of the file; the first call must pass at least the first 64 KB, or the whole of a smaller
+    // file.
     void take(QByteArrayView bytes);
     FileEncoding guess() const;
-    // There are so few characters beyond ASCII that the guess may be wrong, and nothing in the file supports it.
+    // Returns whether the file has so few characters beyond ASCII that the guess may be wrong, and nothing else in the
+    // file supports it.
     bool isDoubtful() const;
     bool isUtf16() const { return m_certain == FileEncoding::Utf16Le || m_certain == FileEncoding::Utf16Be; }
 
@@ -74,9 +77,9 @@ private:
     bool isSurelyNotUtf8() const;
     bool mayBeEither() const;
     bool m_begun = false;
-    bool m_declaredUtf8 = false; // by the records at the beginning
+    bool m_declaredUtf8 = false; // by the records at the beginning of the file
     qint64 m_escapes = 0;
-    FileEncoding m_certain = FileEncoding::Unknown; // known from the beginning of the file
+    FileEncoding m_certain = FileEncoding::Unknown; // determined by the beginning of the file
     GbkShape m_gbk;
     Utf8Shape m_utf8;
 };

@@ -8,9 +8,9 @@ namespace marc {
 
 namespace {
 
-using Found = std::optional<QString>; // a value, or that this field does not have the subfield
+using Found = std::optional<QString>; // the value; std::nullopt if the field does not have the subfield
 
-// One field. The outer optional is empty where the call as a whole fails.
+// Searches one field. Returns an empty outer optional if the lookup as a whole fails.
 std::optional<Found> lookInto(QStringView field, QChar code) {
     for (SubfieldWalk walk(field); walk.next();) {
         if (walk.negativeLength())
@@ -21,7 +21,7 @@ std::optional<Found> lookInto(QStringView field, QChar code) {
     return Found();
 }
 
-// `cutter` makes the GBK form when the first field has to be cut.
+// `cutter` is called when the first field is extracted, and may encode the record.
 std::optional<QString> lookUp(const RawRecord &record, QStringView wanted, const DamagedDirectory &damaged,
                               const std::function<FieldCutter()> &cutter) {
     const DirectoryView directory = viewDirectory(record);
@@ -47,7 +47,7 @@ std::optional<QString> lookUp(const RawRecord &record, QStringView wanted, const
             allowance.emplace(*fields);
         }
         const std::optional<QString> field = fields->cut(*base, *start, *length);
-        if (!field || field->isEmpty()) // there is no last character to take off
+        if (!field || field->isEmpty()) // there is no terminator to remove
             return std::nullopt;
         if (!allowance->admits(field->size()))
             break;
@@ -69,8 +69,8 @@ std::optional<QString> readZd(const RawRecord &record, QStringView wanted, const
 std::optional<QString> readZd(const RawRecord &record, QByteArrayView gbk, QStringView wanted,
                               const DamagedDirectory &damaged) {
     return lookUp(record, wanted, damaged, [&] {
-        // Offsets and values are those of the text encoded again, which is the file's own bytes unless some of them
-        // stood for no character.
+        // Offsets and values refer to the text encoded again, which equals the file's own bytes unless some of them
+        // were not a character.
         return record.contains(QChar::ReplacementCharacter) ? FieldCutter(record) : FieldCutter::over(gbk);
     });
 }

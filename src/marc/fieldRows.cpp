@@ -26,14 +26,14 @@ void dropFirst(QString &text, qsizetype count) {
     text = text.sliced(std::min(count, text.size()));
 }
 
-// A tag that is no number belongs to a data field.
+// A field whose tag is not a number is a data field.
 bool isControlTag(const QString &tag) {
     const std::optional<double> number = platform::toDouble(tag);
     return number && *number < firstDataTag;
 }
 
-// Turns directory entries into rows, one after the other. What a step that fails would have set keeps the value of the
-// entry, or of the subfield, before; that is why these variables outlive an entry.
+// Converts directory entries to rows, one after the other. A step that fails leaves the value of the previous entry or
+// subfield in place; therefore these variables outlive an entry.
 class RowMaker {
 public:
     RowMaker(const RawRecord &record, QStringView baseAddress, FieldRows &rows)
@@ -42,7 +42,7 @@ public:
         , m_base(platform::toInt32(baseAddress).value_or(0))
         , m_rows(rows) {}
 
-    // False where the rows of the record end here, be it within the field.
+    // Returns false if this entry is the last one with rows; its own rows may be incomplete.
     bool take(const QString &tag, QStringView length, QStringView start) {
         m_length = platform::toInt32(length).value_or(m_length);
         m_start = platform::toInt32(start).value_or(m_start);
@@ -75,14 +75,14 @@ private:
         while (!m_full && walk.next()) {
             if (!walk.negativeLength())
                 m_value = walk.value().toString();
-            else // the value before once more, and as much again for whoever joins the rows
+            else // repeats the previous value, which counts since callers join the rows
                 m_full = !m_allowance.admits(m_value.size());
             append(u'$' + walk.code(), {}, m_value);
         }
         m_field = walk.rest().toString();
     }
 
-    // Only "1" subfields get a row; what stands ahead of the first is lost, other subfields stay inside the value.
+    // Only "1" subfields get a row; text before the first one is dropped, and other subfields remain part of the value.
     void takeEmbedded() {
         constexpr int delimiterLength = 2;
         const QStringView delimiter(embeddedDelimiter);
@@ -107,7 +107,7 @@ private:
     QString m_field;
     QString m_value;
     FieldRows &m_rows;
-    bool m_full = false; // a row had no place any more
+    bool m_full = false; // a row was dropped because of the limit
 };
 
 } // namespace

@@ -9,7 +9,7 @@
 namespace marc {
 
 struct FieldRow {
-    QString number;        // column 0, hidden; nothing reads it
+    QString number;        // column 0, hidden; never read
     QString fieldLabel;    // column 1: description of the field
     QString identifier;    // column 2: tag, or "$" and the subfield code
     QString subfieldLabel; // column 3: description of the subfield, or "指示符"
@@ -19,18 +19,18 @@ struct FieldRow {
 
 using FieldRows = QList<FieldRow>;
 
-// A row begins a field where its identifier is not empty and numeric; any other row belongs to the field above it.
+// Returns whether the row begins a field: its identifier is numeric. Any other row belongs to the field above it.
 bool isFieldRow(const FieldRow &row);
 
 struct ShownRecord {
     QString leader;       // for `publicTouBiao`
-    bool damaged = false; // damaged directory: one empty row stands in `rows`
-    bool cutOff = false;  // the entries of the directory overlap so much that not all of them have their rows
+    bool damaged = false; // damaged directory: `rows` has one empty row
+    bool cutOff = false;  // the directory entries overlap so much that some of them have no rows
     FieldRows rows;
 };
 
-// The rows of a record, without descriptions. A step that fails is passed over and leaves its target as it was. There
-// are at most as many rows as the record has bytes, which none comes to whose fields do not overlap.
+// Returns the rows of a record, without descriptions. A step that fails is skipped and leaves its target unchanged. The
+// number of rows is at most the number of bytes of the record, which records without overlapping fields never reach.
 ShownRecord showRecord(const RawRecord &record);
 
 } // namespace marc

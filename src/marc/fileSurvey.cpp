@@ -12,7 +12,7 @@ namespace marc {
 namespace {
 
 constexpr qsizetype blockSize = 1 << 18;
-constexpr qsizetype heldRecord = 1 << 20; // a record that fits into the layout is a tenth of that
+constexpr qsizetype heldRecord = 1 << 20; // ten times the longest record that the format allows
 
 const char *find(const char *from, const char *end, char wanted) {
     const auto *found = static_cast<const char *>(std::memchr(from, wanted, size_t(end - from)));
@@ -52,7 +52,7 @@ QList<qsizetype> linesWithin(const QList<qsizetype> &lineEnds, qsizetype size) {
     return within;
 }
 
-// What may stand between records and after the last one.
+// Characters that may be between records and after the last one.
 bool isFiller(char16_t unit) {
     return unit == u'\r' || unit == u'\n' || unit == u' ' || unit == u'\0' || unit == u'\x1A' || unit == 0xFEFF;
 }
@@ -70,7 +70,7 @@ void ReadableCount::take(QByteArrayView bytes) {
     }
 }
 
-// Goes on to after what ends the line or the record.
+// Takes bytes up to and including the end of the line or the record. Returns the position after them.
 const char *ReadableCount::takeLine(const char *at, const char *end) {
     const char *const terminator = m_behindTerminator ? end : find(at, end, char(recordTerminator));
     const char *const lineEnd = find(at, terminator, '\r');
@@ -88,7 +88,7 @@ const char *ReadableCount::takeLine(const char *at, const char *end) {
         return end;
     }
     const QByteArrayView piece(at, terminator + 1);
-    if (m_gathered.isEmpty() && !m_tooLong) { // as nearly all do
+    if (m_gathered.isEmpty() && !m_tooLong) { // as nearly all records do
         finish(piece);
     } else {
         gather(piece);
@@ -110,7 +110,7 @@ void ReadableCount::finish(QByteArrayView record) {
         ++misfits;
     } else {
         const qsizetype head = record.indexOf(char(fieldTerminator));
-        // Its length counts in characters, which are decoded line by line.
+        // The length of the directory is counted in characters, which are decoded line by line.
         const bool damaged =
             head >= 0 && viewDirectory(decodeLines(record.first(head + 1), linesWithin(m_lineEnds, head))).damaged;
         damagedDirectories += damaged;
@@ -258,7 +258,7 @@ FactLines describe(const FileFacts &facts) {
     };
     if (facts.damagedDirectories > 0)
         told.lines.append({u"目次区损坏 %1 条"_s.arg(facts.damagedDirectories), true});
-    if (facts.misfits > 0 && readAsItIs) // in other encodings the lengths may be theirs
+    if (facts.misfits > 0 && readAsItIs) // in other encodings the lengths may be those of that encoding
         told.lines.append({u"目次区与字段对不上 %1 条，请整理"_s.arg(facts.misfits), true});
     if (facts.endsInRecord && !isXml)
         told.lines.append({u"文件末尾没有记录结束符，最后一条读不出"_s, true});

@@ -1,5 +1,5 @@
-// What a record file is, looked at in slices, so that whoever asks stays alive and can stop at any moment by letting
-// the object go. Memory: a block and the record at hand as far as a record goes, whatever the lines are like.
+// Examines a record file in steps, so that the caller stays responsive and can stop at any time by destroying the
+// object. Holds one block and the current record up to a limit, for lines of any length.
 #pragma once
 
 #include "marc/encodingGuess.h"
@@ -17,14 +17,15 @@ struct FileFacts {
     FileEncoding encoding = FileEncoding::Unknown;
     bool doubtful = false; // too few characters beyond ASCII to be sure of the encoding
     LineEnds lineEnds = LineEnds::None;
-    qint64 terminators = 0;        // of records with something in them, in the file's own encoding
-    bool endsInRecord = false;     // something stands after the last terminator, which no reader takes for a record
-    qint64 readable = 0;           // records that the program will read: one physical line gives one at the most
-    qint64 damagedDirectories = 0; // among those
-    qint64 misfits = 0;            // among those: the directory is whole and does not fit the fields
+    qint64 terminators = 0;        // record terminators with text before them, in the file's own encoding
+    bool endsInRecord = false;     // text follows the last terminator; no reader takes it for a record
+    qint64 readable = 0;           // records that the program will read: at most one per physical line
+    qint64 damagedDirectories = 0; // of the readable records
+    qint64 misfits = 0;            // of the readable records: the directory is undamaged and does not match the fields
 };
 
-// Counts what a RecordCutter reads, and what viewDirectory() and directoryFits() say of it, as the bytes pass by.
+// Counts the records that a RecordCutter reads, and the results of viewDirectory() and directoryFits() for them. The
+// bytes are passed once in order.
 class ReadableCount {
 public:
     void take(QByteArrayView bytes);
@@ -38,14 +39,14 @@ private:
     void gather(QByteArrayView piece);
     void finish(QByteArrayView record);
 
-    QByteArray m_gathered;       // of the record at hand, line breaks left out
-    QList<qsizetype> m_lineEnds; // as decodeLines() has them
-    bool m_tooLong = false;      // no more of it is held
+    QByteArray m_gathered;       // of the current record, without line breaks
+    QList<qsizetype> m_lineEnds; // as for decodeLines()
+    bool m_tooLong = false;      // the rest of the record is not held
     bool m_behindTerminator = false;
     bool m_passLineFeed = false;
 };
 
-// Counts record terminators with something before them.
+// Counts record terminators with text before them.
 class TerminatorCount {
 public:
     void take(QByteArrayView bytes);
@@ -59,14 +60,14 @@ class FileSurvey {
 public:
     static constexpr qsizetype stepSize = 4 << 20; // bytes
 
-    // Fails for what is missing, unreadable or no plain file.
+    // Fails if the file is missing, unreadable or not a plain file.
     static platform::Result<FileSurvey> open(const QString &path);
 
-    // Looks at the next bytes; false when the file has been seen whole. Fails where the machine stops giving bytes or
-    // the file has become another one meanwhile.
+    // Examines the next bytes; returns false after the end of the file. Fails on a read error or if the file has
+    // changed meanwhile.
     platform::Result<bool> step();
 
-    FileFacts facts() const; // of what was seen
+    FileFacts facts() const; // of the part examined so far
     qint64 position() const { return m_reader.position(); }
     qint64 size() const { return m_reader.size(); }
 
@@ -84,21 +85,21 @@ private:
     TerminatorCount m_terminators;
     qint64 m_carriageReturns = 0;
     qint64 m_lineFeeds = 0;
-    qint64 m_pairs = 0; // a carriage return with its line feed
+    qint64 m_pairs = 0; // carriage returns followed by a line feed
     bool m_behindCarriageReturn = false;
-    std::optional<uchar> m_half; // of a character in two bytes
+    std::optional<uchar> m_half; // the first byte of a two-byte unit
 };
 
 QString encodingName(FileEncoding encoding);
 
-// The facts in the words of a window.
+// The facts as shown in a window.
 struct FactLine {
     QString text;
     bool isWarning = false;
 };
 struct FactLines {
     QList<FactLine> lines;
-    bool disagree = false; // the program will read less, or other, than the file holds: it wants tidying
+    bool disagree = false; // the records read will not be all of the file, or not correct: the file should be tidied
 };
 FactLines describe(const FileFacts &facts);
 

@@ -14,7 +14,7 @@ QString textOf(QByteArrayView held) {
     return text;
 }
 
-// Looks at all of them, which the compiler turns into eight at a time: every record passes here.
+// Examines all units without stopping early, which compilers vectorize: every record passes through this function.
 bool hasReplacement(QStringView text) {
     quint16 found = 0;
     for (const char16_t *unit = text.utf16(), *end = unit + text.size(); unit != end; ++unit)
@@ -22,7 +22,7 @@ bool hasReplacement(QStringView text) {
     return found;
 }
 
-// Looks for the first byte, since that of a title is seldom met before it: a directory and codes are Latin.
+// Searches for the first byte, which seldom occurs before the title: directories and codes are ASCII.
 std::optional<qsizetype> placeOf(QByteArrayView part, QByteArrayView whole) {
     if (part.isEmpty())
         return 0;
@@ -119,8 +119,8 @@ void PreReadStore::setTitle(int row, const QString &title) {
     m_titles[at.titleAt] = keepText(title);
 }
 
-// Whether the title stands in the record's bytes and they give it back. Where they stand is all the same, be it in
-// another field or across two characters.
+// Points the row at the title's bytes in the record, if they occur there and decode to the title. Any occurrence will
+// do, in another field or across two characters.
 bool PreReadStore::pointIntoRecord(Row &row, const QString &title) {
     constexpr qsizetype longest = (1 << 22) - 1;
     if (!platform::isEncodable(title))
@@ -139,9 +139,9 @@ void PreReadStore::setRecord(int row, const RawRecord &record, QByteArrayView gb
     Row &at = m_rows.at(size_t(row));
     if (at.recordSize > 0)
         m_replaced.push_back({row, at});
-    const QString title = this->title(row); // which may stand in the bytes that go
-    // Where every byte stood for a character, the bytes give the text back; where some did not, lines that were joined
-    // may have been decoded apart, and it has to be tried.
+    const QString title = this->title(row); // read first, since it may be stored in the bytes to be replaced
+    // If every byte was part of a character, the bytes decode to the text; if not, joined lines may have been decoded
+    // separately, so that decoding must be tried.
     const bool bytesSuffice = !gbk.isEmpty() && (!hasReplacement(record) || platform::decode(gbk) == record);
     at.isText = !bytesSuffice && !platform::isEncodable(record);
     const QByteArrayView held =

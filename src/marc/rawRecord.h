@@ -5,8 +5,7 @@
 
 namespace marc {
 
-// Decoded from GBK, from the first character of the leader up to and including the record terminator; it travels by
-// value.
+// Decoded from GBK, from the first character of the leader up to and including the record terminator. Passed by value.
 using RawRecord = QString;
 
 } // namespace marc

@@ -27,7 +27,7 @@ bool RecordCutter::next() {
     while (!m_reader.atEnd()) {
         const qsizetype before = m_gathered.size();
         const QByteArrayView line = m_reader.lineThrough(char(recordTerminator), m_gathered);
-        if (before == 0 && line.endsWith(char(recordTerminator))) { // as nearly all do
+        if (before == 0 && line.endsWith(char(recordTerminator))) { // as nearly all records do
             m_bytes = line;
             m_stands = m_reader.stands();
             return true;
@@ -35,14 +35,14 @@ bool RecordCutter::next() {
         m_gathered.append(line);
         if (m_gathered.size() == before)
             continue;
-        // Lines are decoded one by one. That makes a difference only where one ends in half a character.
+        // Lines are decoded one by one. That makes a difference only if a line ends with half of a character.
         if (before > 0 && uchar(m_gathered[before - 1]) > 0x80)
             m_lineEnds.append(before);
         if (m_gathered.back() == char(recordTerminator)) {
             m_bytes = m_gathered;
             return true;
         }
-        // What never comes to an end is dropped anyway, and must not fill the memory first.
+        // A piece without a terminator is dropped anyway, and must not fill the memory before that.
         if (m_gathered.size() > platform::LineReader::heldOnTrust && !m_reader.reaches(char(recordTerminator)))
             break;
     }

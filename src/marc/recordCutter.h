@@ -1,4 +1,4 @@
-// How a file becomes a series of records.
+// Splits a file into records.
 #pragma once
 
 #include "marc/rawRecord.h"
@@ -9,47 +9,48 @@
 
 namespace marc {
 
-// The text of a record of several lines, each decoded for itself. `lineEnds` are the places in the bytes where lines
-// meet; those after a byte below 0x81 may be left out.
+// Returns the text of a record of several lines, each decoded separately. `lineEnds` are the offsets in `bytes` where
+// lines meet; those after a byte below 0x81 may be omitted.
 RawRecord decodeLines(QByteArrayView bytes, const QList<qsizetype> &lineEnds);
 
-// Cuts a file into records: one physical line gives one record at the most, a record wrapped over several lines is put
-// together without the breaks, what stands behind the first terminator of a line is not used, and a last piece without
-// a terminator is dropped. Memory: the record in hand.
+// Splits a file into records: one physical line gives at most one record, a record that spans several lines is joined
+// without the line breaks, text after the first terminator of a line is ignored, and a last piece without a terminator
+// is dropped. Holds only the current record.
 class RecordCutter {
 public:
     explicit RecordCutter(platform::LineReader &reader);
 
-    // Moves on to the next record; false at the end of the file.
+    // Advances to the next record; returns false at the end of the file.
     bool next();
-    // The record's bytes as they stood in the file, terminator included, line breaks left out.
-    // Valid until the next call of next() or of the reader.
+    // Returns the record's bytes as in the file, including the terminator, without line breaks. Valid until the next
+    // call of next() or of the reader.
     QByteArrayView bytes() const { return m_bytes; }
-    // Whether those bytes are a line of the reader's that stands(), CR LF behind it.
+    // Returns whether the bytes are a complete line in the reader's block, with CR LF after it; see
+    // LineReader::stands().
     bool stands() const { return m_stands; }
-    // The record's text; each line decoded for itself.
+    // Returns the record's text; each line is decoded separately.
     RawRecord record() const;
 
 private:
     platform::LineReader &m_reader;
-    QByteArrayView m_bytes; // in the reader's block, or gathered
+    QByteArrayView m_bytes; // in the reader's block, or in m_gathered
     bool m_stands = false;
     QByteArray m_gathered;
-    QList<qsizetype> m_lineEnds; // where joined lines meet behind a byte that could start a character
+    QList<qsizetype> m_lineEnds; // where lines were joined after a byte that could start a character
 };
 
-// The consumer says whether to go on.
+// Passes each record to the consumer until it returns false.
 void cutRecord(platform::LineReader &reader, const std::function<bool(const RawRecord &)> &consumer);
 
-// What one look at a file tells of it before a record is read.
+// The result of one pass over a file, before any record is read.
 struct FileCounts {
-    qint64 lines = 0;           // empty ones included: the estimate of its records
+    qint64 lines = 0;           // including empty ones; an estimate of the number of records
     qint64 terminators = 0;     // of records
-    bool looksLikeUtf8 = false; // by its beginning
+    bool looksLikeUtf8 = false; // judged by the beginning of the file
 };
 platform::Result<FileCounts> fileCounts(const QString &path);
 
-// The estimate of a file's records alone.
+// Returns only the estimate of the number of records.
 platform::Result<qint64> lineCount(const QString &path);
 
 } // namespace marc

@@ -8,13 +8,14 @@ namespace marc {
 namespace {
 
 constexpr qint64 sliceMilliseconds = 8;
-constexpr int rowsBetweenLooks = 64; // at the clock
+constexpr int rowsBetweenLooks = 64; // rows between two checks of the clock
 
 char lowered(char c) {
     return c >= 'A' && c <= 'Z' ? char(c + ('a' - 'A')) : c;
 }
 
-// Whether the text can be looked for in bytes: each character has some, and only Latin letters have two cases.
+// Returns whether the text can be searched for in bytes: every character has a code, and only Latin letters have two
+// cases.
 bool bytesSuffice(const QString &text) {
     return platform::isEncodable(text) && std::ranges::all_of(text, [](QChar c) {
                return c.unicode() < 0x80 || (c.toLower() == c && c.toUpper() == c);
@@ -36,8 +37,8 @@ RecordSearch::RecordSearch(const PreReadStore &store, const QString &text, Searc
     }
 }
 
-// Where a likely hit ends; 0: there is none. Horspool's search, Latin letters in either case. May take bytes in the
-// middle of two characters for one: what it finds is looked at once more as text.
+// Returns the end of a likely hit; 0 if there is none. Uses Horspool's algorithm, ignoring the case of Latin letters.
+// The bytes found may begin in the middle of a character, so a hit must be verified as text.
 qsizetype RecordSearch::endOfLikely(QByteArrayView bytes) const {
     const qsizetype last = m_needle.size() - 1;
     for (qsizetype at = last; at < bytes.size(); at += m_skip[uchar(lowered(bytes[at]))]) {
@@ -50,8 +51,8 @@ qsizetype RecordSearch::endOfLikely(QByteArrayView bytes) const {
     return 0;
 }
 
-// Looks from behind the nearest byte that cannot begin a character of two; where that does not find the text, it may
-// stand elsewhere.
+// Returns whether the text that ends at `end` contains the searched text, decoding from the nearest byte that cannot be
+// part of a two-byte character. If false, the text may still occur elsewhere in the record.
 bool RecordSearch::surelyEndsAt(QByteArrayView bytes, qsizetype end) const {
     qsizetype from = end - m_needle.size();
     while (from > 0 && uchar(bytes[from - 1]) >= 0x80)

@@ -1,5 +1,5 @@
-// Finds a text in the list of pre-read records, in slices, so that a window stays alive over any number of them.
-// Letters are found in either case.
+// Searches the list of pre-read records for a text, in steps, so that a window stays responsive for any number of
+// records. The search is case-insensitive.
 #pragma once
 
 #include "marc/preReadStore.h"
@@ -12,18 +12,18 @@ enum class SearchPlace { Title, WholeRecord };
 
 class RecordSearch {
 public:
-    // Looks at nothing yet. An empty text is found nowhere.
+    // Does not search yet. An empty text is never found.
     RecordSearch(const PreReadStore &store, const QString &text, SearchPlace place);
 
-    // Looks at the next records, some milliseconds' worth; false when all have been looked at. Records that were listed
-    // meanwhile are looked at too.
+    // Searches the next records for some milliseconds; returns false when all are searched. Records that were added
+    // meanwhile are included.
     bool step();
-    // The rows found so far, from 0, ascending.
+    // Returns the rows found so far, from 0, ascending.
     const std::vector<int> &hits() const { return m_hits; }
-    // The hit that follows `row` (or stands before it), around the end of the list; -1 where there is none.
+    // Return the hit after or before `row`, wrapping around at the end of the list; -1 if there is none.
     int after(int row) const;
     int before(int row) const;
-    // Which hit the row is, from 1; 0 where it is none.
+    // Returns the number of the hit at `row`, from 1; 0 if the row is not a hit.
     int number(int row) const;
 
 private:
@@ -33,8 +33,8 @@ private:
 
     const PreReadStore &m_store;
     QString m_text;
-    QByteArray m_needle;                 // in GBK, Latin letters small; empty where records must be looked at as texts
-    std::array<qsizetype, 256> m_skip{}; // by the byte that stands under the needle's last one
+    QByteArray m_needle; // in GBK, Latin letters in lower case; empty if records must be searched as texts
+    std::array<qsizetype, 256> m_skip{}; // by the byte that is aligned with the needle's last one
     SearchPlace m_place;
     int m_row = 0;
     std::vector<int> m_hits;

@@ -19,7 +19,7 @@ constexpr int lastDataField = 999;
 constexpr int firstTagAboveControl = 10;
 constexpr auto droppedTags = std::to_array<QStringView>({u"105", u"106", u"110", u"115"});
 
-// The number in its place, or nothing at all where it is too wide: the entry or leader then comes out shorter.
+// Returns the number padded to `width`, or an empty string if it is too wide: the entry or leader is then shorter.
 QString placed(int width, qsizetype number) {
     return platform::padZero(width, qint32(std::min<qsizetype>(number, std::numeric_limits<qint32>::max())));
 }
@@ -31,9 +31,9 @@ QString blanksRestored(const QString &text) {
 struct RecordBuilder {
     QString directory;
     QString dataArea;
-    qsizetype dataBytes = 0; // GBK bytes of dataArea
+    qsizetype dataBytes = 0; // size of dataArea in GBK bytes
 
-    // `length` is what the directory says, which need not be what the content has.
+    // `length` is written to the directory and need not be that of the content.
     void add(const QString &tag, qsizetype length, const QString &content) {
         directory += tag + placed(4, length) + placed(5, dataBytes);
         dataArea += content + QChar(fieldTerminator);
@@ -62,7 +62,7 @@ void addControlFields(RecordBuilder &record, const FieldRows &rows) {
 QString indicatorsOf(const QString &cell) {
     if (cell.isEmpty())
         return u"  "_s;
-    // A cell that holds one character says the first indicator, wherever its blank stands. Its "#" stays a "#".
+    // A cell with one character holds the first indicator, even after a blank. Its "#" stays a "#".
     const QString trimmed = platform::trimBlanks(cell);
     if (trimmed.size() == 1)
         return trimmed + u' ';
@@ -76,7 +76,7 @@ QString contentOf(const QString &tag, const FieldRow &row) {
     if (tag == u"100" && identifier.endsWith(u'a'))
         return identifier + blanksRestored(row.value);
     if (std::ranges::find(droppedTags, tag) != droppedTags.end())
-        return {}; // these fields vanish from every rebuilt record
+        return {}; // these fields are dropped from every rebuilt record
     return identifier + row.value;
 }
 
@@ -86,7 +86,7 @@ struct TaggedRow {
     friend auto operator<=>(const TaggedRow &, const TaggedRow &) = default;
 };
 
-// Rows whose identifier is "002" to "999" as it stands, by tag and then in grid order.
+// Returns the rows whose identifier is exactly "002" to "999", by tag and then in grid order.
 std::vector<TaggedRow> dataRows(const FieldRows &rows) {
     const auto isDigit = [](QChar c) { return c >= u'0' && c <= u'9'; };
     std::vector<TaggedRow> found;
@@ -108,7 +108,7 @@ void addDataFields(RecordBuilder &record, const FieldRows &rows) {
 
     int endedTag = 0;
     for (const auto &[tag, field] : dataRows(rows)) {
-        // A field row with nothing under it ends the search for its tag: later fields of that tag are not written.
+        // A field row without subfield rows ends the search for its tag: later fields of that tag are not written.
         if (tag == endedTag)
             continue;
         if (endsField(field)) {
@@ -122,7 +122,7 @@ void addDataFields(RecordBuilder &record, const FieldRows &rows) {
             if (!rows[row].value.isEmpty())
                 fieldText += contentOf(rows[field].identifier, rows[row]);
         } while (!endsField(row));
-        if (!fieldText.isEmpty()) // the length counts two indicators, whatever stands in their cell
+        if (!fieldText.isEmpty()) // the length counts two indicators, even if the cell has more or fewer
             record.add(rows[field].identifier, platform::gbkLength(fieldText) + 3,
                        indicatorsOf(rows[field].value) + fieldText);
     }

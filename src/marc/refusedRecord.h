@@ -7,7 +7,7 @@ namespace marc {
 
 struct RefusedRecord {
     int record = 0; // row in the list, from 0
-    QString reason; // what the server said
+    QString reason; // as reported by the server
 };
 
 } // namespace marc

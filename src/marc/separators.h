@@ -11,7 +11,7 @@ inline constexpr char16_t subfieldDelimiter = 0x1F; // starts a subfield; the ne
 
 inline constexpr int leaderLength = 24; // characters
 inline constexpr int directoryEntryLength = 12;
-inline constexpr int baseAddressAt = 12; // position in the leader, counted from 0
+inline constexpr int baseAddressAt = 12; // offset in the leader, counted from 0
 inline constexpr int baseAddressLength = 5;
 
 } // namespace marc

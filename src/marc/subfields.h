@@ -1,23 +1,23 @@
-// What a field is made of.
+// Splits a field into subfields.
 #pragma once
 
 #include <QStringView>
 
 namespace marc {
 
-// Walks the subfields of a field whose terminator has been taken off.
+// Iterates over the subfields of a field, whose terminator must be removed before.
 class SubfieldWalk {
 public:
     explicit SubfieldWalk(QStringView field)
         : m_rest(field) {}
 
-    bool next();                                  // false when no delimiter is left
-    QStringView code() const { return m_code; }   // one character; empty where nothing stands behind the delimiter
-    QStringView value() const { return m_value; } // empty where its length is negative
-    // A delimiter side by side with the next one, or the field's only delimiter as its last character: the length of
-    // the value comes out below 0.
+    bool next();                                  // returns false if no delimiter is left
+    QStringView code() const { return m_code; }   // one character; empty if nothing follows the delimiter
+    QStringView value() const { return m_value; } // empty if its length is negative
+    // Returns whether the computed length of the value is below 0: the delimiter is directly followed by the next one,
+    // or is the only one in the field and its last character.
     bool negativeLength() const { return m_negativeLength; }
-    // What stands behind the last delimiter that was passed; before the first step the whole field.
+    // Returns the text after the last delimiter that was read; the whole field before the first step.
     QStringView rest() const { return m_rest; }
 
 private:
