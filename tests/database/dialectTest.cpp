@@ -12,12 +12,12 @@ namespace {
 
 struct Case {
     QString statement;
-    QString sqlite, postgresql, mariadb; // empty: as the one before
+    QString sqlite, postgresql, mariadb; // empty: the same as the previous one
 };
 
 const QStringList tables = {u"taoluTable"_s, u"zsk"_s, u"sck"_s, u"jhsk"_s};
 
-// What the program's statements are made of, with values that look like what is rewritten.
+// Parts of the program's statements, with values that resemble the text to be rewritten.
 const QList<Case> cases = {
     {u"insert  taolutable (marc) values ('O''N [1] \\ insert  t convert(varchar(1),a,111) Like')"_s,
      u"insert into  taoluTable (marc) values ('O''N [1] \\ insert  t convert(varchar(1),a,111) Like')"_s,
@@ -40,7 +40,8 @@ const QList<Case> cases = {
      u"select a,'top 8' as top from zsk where zskid>5 order by zskid limit 7"_s,
      {},
      {}},
-    // Broken by a value with a quote, or merely alike: nothing is lost, nothing taken for what it is not.
+    // Statements that are malformed because of a quote in a value, or that only resemble the program's: nothing is lost
+    // and nothing is rewritten by mistake.
     {u"select 1 where a='it's' And b Convert( varchar(10), 'open"_s, {}, {}, {}},
     {u"select top from t"_s, {}, {}, {}},
     {u"select convert(date,a),convert(varchar(10),b,120),converted[ from t"_s, {}, {}, {}},
@@ -98,7 +99,7 @@ TEST(ConnectionText, GoesToTheDriverManagerAsItsDriversWantIt) {
 
 TEST(ResultTable, GivesBackEveryCellAcrossItsBlocks) {
     database::ResultTable table({u"zskid"_s, u"ISBN"_s, u"marc"_s});
-    const auto cell = [](int i) -> QString { // a null QString stands for a NULL
+    const auto cell = [](int i) -> QString { // a null QString represents NULL
         const int size = i % 500 == 0 ? 300000 : i % 7 * (i % 1000);
         return i % 5 == 0 && size < 300000 ? QString() : QString(size, QChar(u'一' + i % 1000));
     };

@@ -1,4 +1,4 @@
-// An insert that is refused, by whatever it is, is sent once.
+// A refused insert is sent only once, for every kind of refusal.
 #include "database/connection.h"
 #include "support/databaseServers.h"
 
@@ -8,11 +8,11 @@ class Inserts : public testing::TestWithParam<TestServer> {
 protected:
     static QString insertOf(const QString &title) { return u"insert  taolutable (bookname) values ('" + title + u"')"; }
 
-    // What makes a title twice in the table, 拒 and 满 fail. The disk that is full is the trigger's word on the two
-    // servers.
+    // Makes duplicate titles and the titles 拒 and 满 fail. On PostgreSQL and MariaDB the trigger raises the error of a
+    // full disk.
     QStringList refusals() const {
         switch (GetParam()) {
-        case TestServer::Sqlite: // a refusal of this kind keeps what the trigger did before
+        case TestServer::Sqlite: // raise(fail) keeps the changes that the trigger made before
             return {u"create unique index once on taoluTable (bookname)"_s, u"create table attempts (title text)"_s,
                     u"create trigger refuse before insert on taoluTable when new.bookname='拒' begin "
                     "insert into attempts values (new.bookname); select raise(fail,'refused'); end"_s};
@@ -32,7 +32,7 @@ protected:
         return {};
     }
 
-    // So many inserts has the session sent; PostgreSQL takes a key for each.
+    // Returns how many inserts the session has sent; on PostgreSQL each insert takes a key from the sequence.
     int sent(Connection &connection) const {
         switch (GetParam()) {
         case TestServer::Sqlite:
@@ -62,10 +62,10 @@ TEST_P(Inserts, ARefusedOneIsSentOnce) {
         ASSERT_TRUE(other.value().execute(statement)) << statement.toStdString();
     ASSERT_TRUE(other.value().execute(insertOf(u"有"_s)));
     if (sqlite)
-        (void)connection.value().query(u"PRAGMA max_page_count=1"_s); // no more than there are
+        (void)connection.value().query(u"PRAGMA max_page_count=1"_s); // no more pages than there are
     for (const QStringView title : {u"拒", u"有", u"锁", u"满"}) {
         const QString insert = insertOf(sqlite && title == u"满" ? QString(200'000, u'满') : title.toString());
-        const bool locked = title == u"锁"; // by the same title in another session
+        const bool locked = title == u"锁"; // the same title is being inserted by another session
         const int before = sent(connection.value());
         EXPECT_TRUE(!locked || (other.value().execute(u"begin"_s) && other.value().execute(insert)));
         EXPECT_FALSE(connection.value().insert(insert, u"zskid"_s)) << title.toUtf8().constData();

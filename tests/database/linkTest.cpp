@@ -1,4 +1,4 @@
-// Connections that die, databases that change behind the program's back.
+// Connections that break, and databases that are changed outside the program.
 #include "database/callLimit.h"
 #include "database/connection.h"
 #include "database/dataSources.h"
@@ -15,21 +15,21 @@ namespace {
 
 const QString titles = u"select bookname from taoluTable order by zskid"_s;
 
-// The two servers, and how a connection's own session is named, ended and kept waiting on each.
+// The two servers with the statements that return the ID of the own session, end a session, and delay.
 const std::tuple<TestServer, QString, QString, QString> servers[] = {
     {TestServer::PostgreSql, u"select pg_backend_pid()"_s, u"select pg_terminate_backend(%1)"_s,
      u"select pg_sleep(50)"_s},
     {TestServer::MariaDb, u"select connection_id()"_s, u"kill %1"_s, u"select sleep(50)"_s},
 };
 
-// One record as the import does it: a connection of its own, a failure that is not silent.
+// Inserts one record as the import does: on a connection of its own, with failures reported.
 bool import(const TestDatabase &database, const QString &title) {
     auto connection = database.open();
     return connection && connection.value().execute(u"insert  taolutable (bookname) values ('" + title + u"')");
 }
 
-// All tests of this program run with a driver manager that has a pool of its own, the hardest case for telling dead
-// connections, and with a data source that stands in the user's settings.
+// All tests of this program use a driver manager with connection pooling, which makes broken connections hardest to
+// detect, and a data source in the user's settings.
 class DriverManager final : public testing::Environment {
 public:
     void SetUp() override {
@@ -61,8 +61,8 @@ private:
 
 } // namespace
 
-// A replaced file takes the rows from then on, complete; the rows before stay in the old one. The log of the old file
-// must not get into the new one.
+// After the file is replaced, the new file receives all further rows, and the old one keeps the earlier rows. The
+// write-ahead log of the old file must not be applied to the new one.
 TEST(Link, AReplacedSqliteFileIsNoticed) {
     for (const bool whileInUse : {false, true}) {
         const TestDatabase database(TestServer::Sqlite), other(TestServer::Sqlite);
@@ -87,7 +87,7 @@ TEST(Link, AReplacedSqliteFileIsNoticed) {
     }
 }
 
-// Some seconds after the last use an SQLite database is one whole file that can be copied and written over.
+// A few seconds after the last use, an SQLite database is a single complete file that can be copied and overwritten.
 TEST(Link, NothingIsHeldOpenBetweenWorks) {
     const TestDatabase database(TestServer::Sqlite);
     ASSERT_TRUE(import(database, u"一"_s));
@@ -95,8 +95,8 @@ TEST(Link, NothingIsHeldOpenBetweenWorks) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return QFileInfo(database.file() + u"-wal").size() == 0; }, 20000));
 }
 
-// A file that is gone is a database that cannot be reached, by a text and by a data source, whatever they say; nothing
-// takes its place.
+// A missing file is a database that cannot be reached, by connection text and by data source, with any options; no file
+// is created.
 TEST(Link, NoFileIsMadeWhereThereIsNone) {
     const TestDatabase database(TestServer::Sqlite);
     ASSERT_TRUE(import(database, u"一"_s));
@@ -114,7 +114,7 @@ TEST(Link, NoFileIsMadeWhereThereIsNone) {
 
 TEST(Link, AFullDiskRefusesAndHarmsNothing) {
     const TestDatabase database(TestServer::Sqlite);
-    database.selected(u"PRAGMA max_page_count=40"_s); // of the one connection that all uses share
+    database.selected(u"PRAGMA max_page_count=40"_s); // set on the one connection that all uses share
     int stored = 0;
     for (int i = 0; i < 300; ++i)
         stored += import(database, QString(150, u'满'));
@@ -125,11 +125,11 @@ TEST(Link, AFullDiskRefusesAndHarmsNothing) {
     EXPECT_EQ(database.selected(u"select count(*) from taoluTable"_s), QString::number(stored + 1));
 }
 
-// A title whose backslash would end its literal where a server takes backslashes for escapes; what follows empties a
-// table that is none of the import's.
+// A title whose backslash would end its literal on a server that treats backslashes as escapes; the rest would empty a
+// table that the import does not use.
 const QString hostileTitle = u"\\''); delete from zsk; -- "_s;
 
-// However the server is set up, and however a driver is told to come back by itself: no session reads a title as more.
+// No session executes part of a title, for any server setting and any driver option for reconnecting.
 TEST(Link, ASessionReadsABackslashAsABackslash) {
     for (const auto &[server, own, end, sleep] : servers) {
         const bool postgres = server == TestServer::PostgreSql;
@@ -152,12 +152,12 @@ TEST(Link, ASessionReadsABackslashAsABackslash) {
         EXPECT_EQ(database.selected(u"select bookname from taoluTable where bookname<>'路\\径'"_s),
                   QString(hostileTitle).replace(u"''"_s, u"'"_s));
     }
-    // A session in which the first question fails: what it takes a backslash for is not known.
+    // The first query of this session fails, so how it treats a backslash is unknown.
     const TestDatabase database(TestServer::MariaDb);
     EXPECT_FALSE(database.open(u"INITSTMT={set max_session_mem_used=8192};"_s));
 }
 
-// Until word of an end has come, over whatever stands between.
+// Waits until the end of a connection has arrived through the network stack; returns whether it did.
 bool aSocketTells() {
     std::vector<pollfd> looks;
     for (const int socket : database::CallLimit::sockets())
@@ -165,13 +165,13 @@ bool aSocketTells() {
     return ::poll(looks.data(), nfds_t(looks.size()), 10'000) > 0;
 }
 
-// The server ends a connection that waits for its next use.
+// The server ends a connection that is waiting for its next use.
 TEST(Link, ADeadConnectionIsReplaced) {
     for (const auto &[server, own, end, sleep] : servers) {
         const TestDatabase database(server);
         auto killer = database.open();
         const QString waiting = database.selected(own);
-        ASSERT_EQ(database.selected(own), waiting); // the same connection serves one use after the other
+        ASSERT_EQ(database.selected(own), waiting); // one use after the other gets the same connection
         ASSERT_TRUE(killer.value().execute(QString(end).arg(waiting)));
         ASSERT_TRUE(aSocketTells());
         EXPECT_TRUE(import(database, u"一"_s));
@@ -179,7 +179,7 @@ TEST(Link, ADeadConnectionIsReplaced) {
     }
 }
 
-// Its server has ended the session by the time of the question, which is asked again over a new one.
+// The server ends the session before a query, which is then sent again on a new connection.
 TEST(Link, AQuestionOnADeadConnectionIsAskedAgain) {
     for (const auto &[server, own, end, sleep] : servers) {
         const TestDatabase database(server);
@@ -194,7 +194,7 @@ TEST(Link, AQuestionOnADeadConnectionIsAskedAgain) {
     }
 }
 
-// The table of a session is gone with it: the oldest of those that are released.
+// A temporary table exists only as long as its session; the oldest released connections are closed.
 TEST(Link, NoMoreThanAFewLinksAreKept) {
     const TestDatabase database(TestServer::MariaDb);
     const auto opened = [&](int i) { return database.open(u"A=%1;"_s.arg(i)); };
@@ -211,7 +211,7 @@ TEST(Link, NoMoreThanAFewLinksAreKept) {
         EXPECT_EQ(opened(i).value().query(u"select a from held"_s).ok(), i >= 2) << i;
 }
 
-// A view over the table refuses to return what its rule makes of an insert.
+// A rule on a view redirects the insert, so that the insert cannot return a key.
 TEST(Link, AKeyThatAnInsertDoesNotReturnIsAskedFor) {
     const TestDatabase database(TestServer::PostgreSql);
     database.run(u"alter table taolutable rename to held; create view taolutable as select * from held; "
@@ -238,7 +238,8 @@ TEST(Link, AServerThatGoesAwayAndComesBack) {
     ScriptedHost host;
     ASSERT_TRUE(openConnection(session, database.state, host));
     commandServers(u"stop-postgresql"_s);
-    auto comesBack = qScopeGuard([] { commandServers(u"start-postgresql"_s); }); // for the other tests, whatever fails
+    auto comesBack =
+        qScopeGuard([] { commandServers(u"start-postgresql"_s); }); // for the other tests, even if this one fails
     const QString second = u"insert  taolutable (bookname) values ('二')"_s;
     EXPECT_FALSE(session->execute(second) || session->query(titles));
     database::DbSession idle = std::nullopt;
@@ -250,13 +251,14 @@ TEST(Link, AServerThatGoesAwayAndComesBack) {
     EXPECT_EQ(host.lastBox().icon, platform::Icon::Critical);
     comesBack.dismiss();
     commandServers(u"start-postgresql"_s);
-    EXPECT_TRUE(session->execute(second)); // the session comes back by itself, what failed in it does not
+    EXPECT_TRUE(
+        session->execute(second)); // the session reconnects by itself; the statement that failed is not repeated
     EXPECT_TRUE(import(database, u"三"_s));
     EXPECT_EQ(database.selected(titles), u"一 二 三"_s);
 }
 
-// A server that stands still, and a statement that takes too long: a fault each, and then all goes on. The limits are
-// given with the text, or no test would see them.
+// A server that does not respond and a statement that takes too long are errors, after which work continues. The
+// connection text sets short limits for the test.
 TEST(Link, AServerThatDoesNotAnswerIsAFault) {
     for (const auto &[server, own, end, sleep] : servers) {
         const TestDatabase database(server);
@@ -266,21 +268,22 @@ TEST(Link, AServerThatDoesNotAnswerIsAFault) {
         ASSERT_TRUE(connection);
         const QString session = connection.value().query(own).value()->text(0, 0);
         EXPECT_FALSE(connection.value().query(sleep));
-        EXPECT_EQ(connection.value().query(own).value()->text(0, 0), session); // the server itself broke it off
+        EXPECT_EQ(connection.value().query(own).value()->text(0, 0),
+                  session); // the server itself has ended the statement
 
         commandServers(u"freeze-" + name);
         auto thaws = qScopeGuard([&] { commandServers(u"thaw-" + name); });
         EXPECT_FALSE(connection.value().execute(u"insert  taolutable (bookname) values ('一')"_s))
             << name.toStdString();
-        EXPECT_FALSE(database.open(limit + u"LoginTimeout=2;")); // none of that text is kept
+        EXPECT_FALSE(database.open(limit + u"LoginTimeout=2;")); // no connection with this text is kept
         thaws.dismiss();
         commandServers(u"thaw-" + name);
         EXPECT_TRUE(import(database, u"二"_s));
     }
 }
 
-// The driver manager's room is 1,024 bytes. What is added on the way counts, and no use of the program takes more of
-// it.
+// The driver manager limits a connection text to 1,024 bytes. The text that the program appends counts, and repeated
+// use does not make it longer.
 TEST(Link, AConnectionTextThatIsTooLongIsRefused) {
     const TestDatabase database(TestServer::Sqlite);
     const auto open = [&](int size) { return database.open(u"A=" + QString(size, u'x') + u';'); };
@@ -294,14 +297,14 @@ TEST(Link, AConnectionTextThatIsTooLongIsRefused) {
     EXPECT_FALSE(open(5000) || Connection::open(database.state.links,
                                                 u"Driver={PostgreSQL Unicode};A="_s + QString(400, u'馆') + u';'));
     EXPECT_TRUE(database.open(u"PWD={a;b};B=x{y;"_s));
-    EXPECT_FALSE(database.open(u"PWD={a;b;"_s)) << "what is added behind it would be part of the password";
+    EXPECT_FALSE(database.open(u"PWD={a;b;"_s)) << "the appended text would become part of the password";
     for (int use = 0; use < 30; ++use) {
         EXPECT_TRUE(open(longest - 15)) << use;
         database.endKeptLinks();
     }
 }
 
-// As the connection dialog composes it for a data source, of a driver with narrow calls and of one with wide calls.
+// Composed as in the connection dialog, for a driver with narrow and for one with wide functions.
 TEST(Link, DataSourcesOfChineseNamesAreListedAndOpened) {
     for (const QString &name : {u"馆藏"_s, u"总馆"_s}) {
         EXPECT_TRUE(database::dataSourceNames().contains(name)) << database::dataSourceNames().join(u'|').toStdString();

@@ -6,8 +6,8 @@
 using namespace Qt::StringLiterals;
 using database::ResultTable;
 
-// Cells of every kind, long rows among short ones, so that texts start at odd places and blocks come to their ends: the
-// table gives back what was put in, by either way in.
+// Cells of every kind, with long and short rows mixed, so that texts start at odd offsets and blocks fill up: the table
+// returns what was stored, with both ways of storing.
 TEST(ResultTable, GivesBackWhatWasPutIn) {
     constexpr int rows = 4000, columns = 5;
     const QStringList texts = {u""_s,
@@ -23,7 +23,7 @@ TEST(ResultTable, GivesBackWhatWasPutIn) {
                                QString(5000, u'x'),
                                QString(300'000, u'书')};
     std::mt19937 random(7);
-    std::discrete_distribution<int> kind({20, 20, 20, 20, 20, 20, 20, 9, 9, 9, 2, 0.2, 20}); // the last one is a NULL
+    std::discrete_distribution<int> kind({20, 20, 20, 20, 20, 20, 20, 9, 9, 9, 2, 0.2, 20}); // the last kind is NULL
     ResultTable table({u"a"_s, u"b"_s, u"c"_s, u"d"_s, u"e"_s});
     std::vector<int> kinds;
     for (int cell = 0; cell < rows * columns; ++cell) {

@@ -1,4 +1,4 @@
-// The program's statements on real servers.
+// The program's statements on the real servers.
 #include "support/databaseServers.h"
 
 using database::Connection;
@@ -27,7 +27,7 @@ TEST_P(Statements, ImportedTextsComeBackAsTheyWere) {
     const QStringList texts = {
         u"O'Neil''s [书   名] \"x\" `y` convert(varchar(10),a,111) Like"_s,
         u"C:\\路径\\"_s,
-        u"光盘1片,附勘误表1张,还书"_s, // the low bytes of 盘, 勘 and 还 are those of a surrogate
+        u"光盘1片,附勘误表1张,还书"_s, // the low bytes of 盘, 勘 and 还 look like those of a surrogate
         u"\\' \\\\ %_ \\n"_s,
         u"?{fn x} {d '2005-01-01'} :a $1 @b ; -- /* */ # insert  t"_s,
         u"名 与\t𠀀😀\uE000\uF8F5\uFFFD é"_s,
@@ -36,7 +36,7 @@ TEST_P(Statements, ImportedTextsComeBackAsTheyWere) {
         u"00371nam0\x1e\x1f"
         u"a'\x1d"_s +
             QString(30000, u'\''),
-        u"a"_s + QString(40000, u'注'), // its pieces end within characters
+        u"a"_s + QString(40000, u'注'), // read in pieces that end within a character
     };
     for (QString marc : texts) {
         const QString title = marc.first(std::min<qsizetype>(marc.size(), 50)).replace(u'\'', u"''"_s);
@@ -53,7 +53,7 @@ TEST_P(Statements, ImportedTextsComeBackAsTheyWere) {
 }
 
 TEST_P(Statements, AResultOfManyRowsIsWhole) {
-    for (int i = 1; i <= 700; ++i) // more than a block, with titles that no declared width allows for
+    for (int i = 1; i <= 700; ++i) // more than one block, with titles longer than the declared width
         database.run(u"insert into zsk (zskid,bookname) values (" + QString::number(i) + u",'" +
                      (GetParam() == TestServer::Sqlite && i == 600 ? QString(5000, u'长') : QString(i % 190, u'书')) +
                      u"')");
@@ -105,9 +105,9 @@ TEST_P(Statements, DeletionsTakeWhatTheySay) {
     const QString second = database.selected(u"select zskid from taoluTable where bookname='书1'"_s);
     database.run(u"delete from taoluTable where zskid=" + second);
     EXPECT_EQ(database.selected(left), u"书0 书2 书3"_s);
-    database.run(u"delete from taoluTable where zskid=" + second); // gone already: no fault
+    database.run(u"delete from taoluTable where zskid=" + second); // deleting a deleted row is no error
 
-    // An order that rides along: refused as a whole, or obeyed.
+    // An ORDER BY in a DELETE is either rejected or obeyed.
     auto connection = database.open();
     const bool obeyed =
         bool(connection.value().execute(u"delete from taoluTable where bookname='书2' order by isbn Asc"_s));
