@@ -46,10 +46,10 @@ TEST(Codepage936, ReplacesWhatIsNone) {
         {"\xB0\r\n", u"\uFFFD\r\n"_s},
         {"\xB0\xFF\xB0\xB0\xA1", u"\uFFFD\uF8F5鞍\uFFFD"_s},
         {"\xB0 \xB0\x39\xB0\x40", u"\uFFFD \uFFFD9癅"_s},
-        {"\xB0\x80x", u"皜x"_s}, // a valid second half, though it is no first one
+        {"\xB0\x80x", u"皜x"_s}, // a valid trail byte, but no lead byte
     };
     for (const auto &[bytes, text] : cases)
         EXPECT_EQ(decode(bytes), text) << bytes.toHex().toStdString();
-    EXPECT_EQ(encode(u"aก\uFFFD\U00020000é"_s), "a????\xA8\xA6"); // one for each unit
+    EXPECT_EQ(encode(u"aก\uFFFD\U00020000é"_s), "a????\xA8\xA6"); // one "?" for each UTF-16 unit
     EXPECT_FALSE(isEncodable(u"ก"));
 }

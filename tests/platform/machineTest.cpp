@@ -1,4 +1,4 @@
-// Settings, the claim of a single instance, and paths.
+// Settings, the single-instance claim, and paths.
 #include "platform/deskState.h"
 #include "platform/paths.h"
 #include "platform/plainFile.h"
@@ -43,7 +43,7 @@ TEST(Settings, ComeBackAsTheyWereAndAreTheOwnersAlone) {
     EXPECT_FALSE(Settings(file + u"/below").write(u"a"_s, u"b"_s, u"c"_s, u"d"_s));
 }
 
-// A pipe, a device and a file of gigabytes in place of a file hang nothing and fill no memory.
+// A pipe, a device or a huge file in place of a small file neither blocks nor fills the memory.
 TEST(SmallFile, IsAPlainOneWithinItsLimit) {
     const QTemporaryDir folder;
     const QString file = folder.filePath(u"a"_s);
@@ -53,11 +53,12 @@ TEST(SmallFile, IsAPlainOneWithinItsLimit) {
     ASSERT_TRUE(QFile::link(u"/dev/zero"_s, device));
     QFile made(file);
     ASSERT_TRUE(made.open(QIODevice::WriteOnly) && made.write("12345678") == 8 && made.flush());
-    alarm(20); // an open that waits for a writer is ended
+    alarm(20); // ends an open() that waits for a writer
     EXPECT_EQ(readSmallFile(file, 8).value(), "12345678");
     EXPECT_FALSE(readSmallFile(file, 7));
-    EXPECT_FALSE(readSmallFile(u"/proc/self/maps"_s, 100)) << "says that it has no bytes, and has thousands";
-    ASSERT_TRUE(made.resize(qint64(1) << 40)); // takes no room on the disk
+    EXPECT_FALSE(readSmallFile(u"/proc/self/maps"_s, 100))
+        << "its reported size is 0, its contents are longer than the limit";
+    ASSERT_TRUE(made.resize(qint64(1) << 40)); // sparse: takes no disk space
     for (const QString &refused : {file, pipe, device, folder.path(), folder.filePath(u"none"_s)})
         EXPECT_FALSE(readSmallFile(refused, 1000)) << refused.toStdString();
     for (const QString &place : {file, pipe, device, folder.path()}) {
@@ -81,7 +82,7 @@ TEST(DeskState, IsTheOwnersAloneAndReportsAFolderThatCannotBeMade) {
     const QString folder = directory.filePath(u"new/state"_s);
     const DeskState state(folder);
     const auto closed = [&](const QString &path) { return (QFile::permissions(path) & others) == 0; };
-    for (const bool opened : {false, true}) { // as an earlier version has left them
+    for (const bool opened : {false, true}) { // created before the first write, as earlier versions did
         if (opened) {
             ASSERT_EQ(chmod(QFile::encodeName(folder).constData(), 0755), 0);
             ASSERT_EQ(chmod(QFile::encodeName(folder + u"/desk.ini").constData(), 0644), 0);
@@ -92,7 +93,7 @@ TEST(DeskState, IsTheOwnersAloneAndReportsAFolderThatCannotBeMade) {
     }
     EXPECT_EQ(state.folderFor(u"drafts"_s).value(), folder + u"/drafts/");
     EXPECT_TRUE(closed(folder + u"/drafts"));
-    EXPECT_FALSE(DeskState(folder + u"/desk.ini").folderFor(u"drafts"_s)) << "below a file";
+    EXPECT_FALSE(DeskState(folder + u"/desk.ini").folderFor(u"drafts"_s)) << "a path below a file";
 }
 
 TEST(SingleInstance, LetsGoWhenItsProcessDies) {
@@ -102,7 +103,7 @@ TEST(SingleInstance, LetsGoWhenItsProcessDies) {
     ASSERT_EQ(pipe(ready), 0);
     const pid_t child = fork();
     if (child == 0) {
-        umask(077); // other accounts are to see the claim all the same
+        umask(077); // the claim must be visible to other accounts all the same
         const SingleInstance claim(name, folder.path());
         const char first = claim.isFirst() ? 'y' : 'n';
         std::ignore = write(ready[1], &first, 1);
@@ -113,7 +114,8 @@ TEST(SingleInstance, LetsGoWhenItsProcessDies) {
     EXPECT_EQ(first, 'y');
     EXPECT_TRUE(QFile::permissions(folder.filePath(u"instance.lock"_s)).testFlag(QFile::ReadOther));
     qputenv("TMPDIR", folder.path().toLocal8Bit());
-    EXPECT_NE(SingleInstance::machineFolder(), folder.path()) << "two accounts with folders of their own";
+    EXPECT_NE(SingleInstance::machineFolder(), folder.path())
+        << "the machine's folder does not depend on the account's TMPDIR";
     qunsetenv("TMPDIR");
     EXPECT_FALSE(SingleInstance(name, folder.path()).isFirst());
     EXPECT_TRUE(SingleInstance(u"another"_s, folder.path()).isFirst());
@@ -126,13 +128,13 @@ TEST(SingleInstance, LetsGoWhenItsProcessDies) {
     close(ready[1]);
 }
 
-// Anybody may lay something under the name beforehand: it neither hangs the start nor keeps the program away.
+// Another user may create something with this name first; it neither blocks the start nor prevents it.
 TEST(SingleInstance, IsNotHeldUpByWhatIsNoFile) {
     const QTemporaryDir folder;
     ASSERT_EQ(mkfifo(QFile::encodeName(folder.filePath(u"pipe.lock"_s)).constData(), 0644), 0);
     ASSERT_TRUE(QFile::link(folder.filePath(u"elsewhere"_s), folder.filePath(u"link.lock"_s)));
     ASSERT_TRUE(QDir(folder.path()).mkdir(u"folder.lock"_s));
-    alarm(20); // an open that waits for a writer is ended
+    alarm(20); // ends an open() that waits for a writer
     for (const QString &name : {u"pipe"_s, u"link"_s, u"folder"_s}) {
         const SingleInstance claim(name, folder.path());
         EXPECT_TRUE(claim.isFirst()) << name.toStdString();

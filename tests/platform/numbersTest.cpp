@@ -8,7 +8,7 @@ TEST(Numbers, AreReadByOneRule) {
     const std::tuple<QString, std::optional<double>, std::optional<qint32>, double> cases[] = {
         {u"00049"_s, 49.0, 49, 49},
         {u"  -7 "_s, -7.0, -7, -7},
-        {u"+.5"_s, 0.5, 0, 0.5}, // a half goes to the even number
+        {u"+.5"_s, 0.5, 0, 0.5}, // halves are rounded to even
         {u"1.5"_s, 1.5, 2, 1.5},
         {u"-2.5"_s, -2.5, -2, -2.5},
         {u"5."_s, 5.0, 5, 5},

@@ -9,7 +9,7 @@ using namespace platform;
 
 namespace {
 
-// Root may write everywhere: while this stands, who asks what he may is told it as nobody.
+// Root can write everywhere; during the lifetime of this object, permission checks use an unprivileged real user ID.
 struct PlainUser {
     PlainUser() { EXPECT_EQ(geteuid() == 0 ? setreuid(65534, 0) : 0, 0); }
     ~PlainUser() { EXPECT_EQ(setreuid(geteuid(), geteuid()), 0); }
@@ -30,7 +30,7 @@ struct ProgramFolderTest : testing::Test {
     LaidFiles lay() const { return layFiles(from, to, std::array{QStringView(u"a.Qvs"), QStringView(u"b.QVs")}); }
     QByteArray own(const QString &name) const { return folder.read(u"data/user/own/"_s + name); }
     QStringList standing() const { return QDir(to).entryList(QDir::Files | QDir::Hidden, QDir::Name); }
-    // What another start lays and tells.
+    // Checks what the next start installs and reports.
     void expectLaid(const QStringList &newer, const QStringList &files, const char *when) const {
         const LaidFiles laid = lay();
         EXPECT_EQ(laid.newer, newer) << when;
@@ -80,7 +80,7 @@ TEST_F(ProgramFolderTest, WhatTheMachineRefusesIsToldAndLaidAtTheNextStart) {
     {
         const FullDisk disk(50);
         const LaidFiles laid = lay();
-        ASSERT_EQ(laid.refused.size(), 2) << "the long one, and the record";
+        ASSERT_EQ(laid.refused.size(), 2) << "the long file and laid.txt";
         EXPECT_TRUE(laid.refused[0].startsWith(to + u"/a.Qvs："));
         EXPECT_EQ(standing(), QStringList{u"b.QVs"_s});
     }

@@ -1,4 +1,4 @@
-// The desktop of the real machine.
+// The desktop functions of the real host.
 #include "platform/desktop/qtHost.h"
 #include "support/testFolder.h"
 #include <QApplication>
@@ -9,7 +9,7 @@
 
 using namespace platform;
 
-// A helper that starts and then finds no browser has opened nothing.
+// A helper that starts but then finds no browser has opened nothing.
 TEST(QtHost, BelievesTheHelperThatOpensLinks) {
     const TestFolder folder;
     QtHost host{Settings(folder.path())};

@@ -41,7 +41,7 @@ TEST_F(TextFile, LinesEndAtCarriageReturnsAcrossBlocks) {
         {"\nx\r\n\n", {"\nx", "\n"}},
         {"\r\r\n\r", {"", "", ""}},
     };
-    constexpr int block = 1 << 19; // what is read at a time
+    constexpr int block = 1 << 19; // the size of a read
     for (const int before : {0, 1, block - 4, block - 3, block - 2, block - 1, block, 2 * block - 1}) {
         for (const auto &[tail, expected] : cases) {
             const QByteArray first(before, 'a');
@@ -61,7 +61,7 @@ TEST_F(TextFile, LinesEndAtCarriageReturnsAcrossBlocks) {
 TEST_F(TextFile, WhatStandsBehindAStopIsNotHeld) {
     constexpr qint64 size = 200 << 20;
     QFile large(file("a!b\r\n!\rno stop\rx!"));
-    ASSERT_TRUE(large.open(QIODevice::ReadWrite) && large.resize(size)); // the last line goes on with zeros
+    ASSERT_TRUE(large.open(QIODevice::ReadWrite) && large.resize(size)); // zeros continue the last line
     rusage before{};
     rusage after{};
     getrusage(RUSAGE_SELF, &before);
@@ -80,7 +80,7 @@ TEST_F(TextFile, WhatIsNoPlainFileIsRefusedAndNobodyWaits) {
     const QString pipe = path(u"pipe"_s);
     ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0644), 0);
     ASSERT_TRUE(QFile::link(pipe, path(u"link"_s)));
-    alarm(20); // an open that waits is ended
+    alarm(20); // ends an open() that waits
     for (const QString &name : {path(u"missing"_s), path(u"."_s), u"/proc/self/mem"_s, pipe, path(u"link"_s),
                                 u"/dev/zero"_s, u"/dev/ptmx"_s}) {
         EXPECT_FALSE(countLines(name)) << name.toStdString();
@@ -88,7 +88,8 @@ TEST_F(TextFile, WhatIsNoPlainFileIsRefusedAndNobodyWaits) {
         ASSERT_FALSE(lines) << name.toStdString();
         EXPECT_FALSE(lines.failure().description.isEmpty());
     }
-    const int reader = open(QFile::encodeName(pipe).constData(), O_RDONLY | O_NONBLOCK); // so that it could be written
+    const int reader = open(QFile::encodeName(pipe).constData(),
+                            O_RDONLY | O_NONBLOCK); // so that the pipe could be opened for writing
     for (const QString &name : {path(u"missing/file"_s), path(u"."_s), pipe, path(u"link"_s), u"/dev/null"_s}) {
         EXPECT_FALSE(writeTextFile(name, u"x"_s)) << name.toStdString();
         EXPECT_FALSE(ByteWriter::create(name)) << name.toStdString();
@@ -113,7 +114,7 @@ TEST_F(TextFile, AFullDiskLeavesTheFileThatWasThere) {
     EXPECT_TRUE(QFileInfo(path(u"link"_s)).isSymLink());
     EXPECT_EQ(readTextLines(old).value(), (QStringList{u"甲"_s, u"乙\n?"_s}));
     EXPECT_FALSE(QFile::permissions(old).testFlag(QFile::ReadOther));
-    EXPECT_EQ(QFileInfo(old).dir().entryList(QDir::Files | QDir::Hidden).size(), 2) << "nothing is left beside it";
+    EXPECT_EQ(QFileInfo(old).dir().entryList(QDir::Files | QDir::Hidden).size(), 2) << "no temporary file is left";
 }
 
 } // namespace
