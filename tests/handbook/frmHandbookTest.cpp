@@ -10,7 +10,7 @@ using namespace handbook;
 
 namespace {
 
-// Three pages: the first is long, holds a wide picture and a link to a heading of the last.
+// Three pages: the first is long and has a wide picture and a link to a heading of the last.
 struct HandbookTest : testing::Test {
     TestFolder folder;
     ScriptedHost host;
@@ -46,8 +46,8 @@ struct HandbookTest : testing::Test {
 } // namespace
 
 TEST_F(HandbookTest, LinksLeadToPagesAndHeadingsAndBackToWhereOneWas) {
-    EXPECT_EQ(titles(), u"首页|丙页|乙页"_s); // as the first page lists them
-    EXPECT_EQ(view()->horizontalScrollBar()->maximum(), 0) << "the wide picture fits";
+    EXPECT_EQ(titles(), u"首页|丙页|乙页"_s); // in the order of the links on the first page
+    EXPECT_EQ(view()->horizontalScrollBar()->maximum(), 0) << "the wide picture is scaled to fit";
     view()->verticalScrollBar()->setValue(700);
     Q_EMIT view()->anchorClicked(QUrl(u"c.md#第二-节"_s));
     EXPECT_EQ(view()->file(), u"c.md"_s);
@@ -55,7 +55,7 @@ TEST_F(HandbookTest, LinksLeadToPagesAndHeadingsAndBackToWhereOneWas) {
     EXPECT_GT(top(), 3000) << "at the heading";
     view()->verticalScrollBar()->setValue(0);
     Q_EMIT view()->anchorClicked(QUrl(u"c.md#第二-节"_s));
-    EXPECT_GT(top(), 3000) << "of the page that is open, which keeps its look";
+    EXPECT_GT(top(), 3000) << "a link within the open page keeps its style";
     EXPECT_GT(view()->document()->begin().next().blockFormat().lineHeight(), 0);
     window->cmdBack->click();
     EXPECT_EQ(view()->file(), u"index.md"_s);
@@ -65,10 +65,10 @@ TEST_F(HandbookTest, LinksLeadToPagesAndHeadingsAndBackToWhereOneWas) {
     window->contents->setCurrentRow(2);
     EXPECT_EQ(view()->file(), u"b.md"_s);
     auto *table = qobject_cast<QTextTable *>(view()->document()->rootFrame()->childFrames().value(0));
-    EXPECT_TRUE(table && table->format().borderCollapse()) << "a ruled table";
+    EXPECT_TRUE(table && table->format().borderCollapse()) << "a table with borders";
 }
 
-// In a window that takes its width as it is shown, of the page that is open already, and again after scrolling.
+// In a window that gets its width only when it is shown, then on the page that is already open, also after scrolling.
 TEST_F(HandbookTest, OpensAtTheHeading) {
     window->close();
     frmHandbook fresh(host, folder.path().chopped(1));
@@ -96,7 +96,7 @@ TEST_F(HandbookTest, SearchGoesThroughThePageAndOnThroughTheOthers) {
     EXPECT_EQ(window->findCount->text(), u"本页第 2 / 2 处"_s);
     window->findText->setText(u"没有的"_s);
     EXPECT_EQ(titles() + window->findCount->text(), u"没有找到"_s);
-    window->next(); // nowhere to go
+    window->next(); // no match to go to
     window->findText->clear();
     EXPECT_EQ(titles(), u"首页|丙页|乙页"_s);
     EXPECT_EQ(current(), 2);
@@ -120,14 +120,14 @@ TEST_F(HandbookTest, APageIsPrintedWithItsPictures) {
         QProcess reader;
         reader.start(program, arguments);
         EXPECT_TRUE(reader.waitForFinished());
-        // Some faces share a glyph between a character and the radical that looks like it.
+        // Some fonts share a glyph between a character and the radical that looks the same.
         return QString::fromUtf8(reader.readAllStandardOutput()).normalized(QString::NormalizationForm_KC);
     };
     EXPECT_EQ(output(u"pdftotext"_s, {folder.path(u"page.pdf"_s), u"-"_s}).count(u"一段。"), 200);
     EXPECT_TRUE(output(u"pdfimages"_s, {u"-list"_s, folder.path(u"page.pdf"_s)}).contains(u" 1600 "_s));
 }
 
-// The room that the user gave it, at the next start.
+// The size that the user chose is restored at the next start.
 TEST_F(HandbookTest, SizeIsKept) {
     window->resize(700, 500);
     window->close();

@@ -1,4 +1,4 @@
-// The handbook as the program carries it: nothing in it leads nowhere, and every window has its page.
+// The handbook as it is built into the program: no broken links, and every window has a page.
 #include "handbook/handbook.h"
 #include "handbook/windows/pageLook.h"
 #include "support/testFolder.h"
@@ -12,7 +12,7 @@ namespace {
 
 const QString folder = u":/handbook"_s;
 
-// A page as a reader of Markdown has it.
+// A page as a Markdown reader parses it.
 struct ReadPage {
     QTextDocument document;
     explicit ReadPage(const QString &file) {
@@ -44,7 +44,7 @@ QStringList files() {
     return names;
 }
 
-// Every class of a window by what it is made of, bases and heirs alike.
+// Returns the base class of every class in the headers, by class name.
 QMap<QString, QString> windowClasses() {
     QMap<QString, QString> bases;
     const QRegularExpression heir(u"class (\\w+)(?: final)? : public (?:\\w+::)?(\\w+)"_s);
@@ -85,9 +85,9 @@ TEST(Pages, EveryLinkAndEveryPictureIsThere) {
         }
     }
     for (const QString &file : files())
-        EXPECT_TRUE(reached.contains(file)) << file.toStdString() << " is reached from nowhere";
+        EXPECT_TRUE(reached.contains(file)) << file.toStdString() << " is not linked from any page";
     for (const QString &picture : QDir(folder + u"/pictures").entryList())
-        EXPECT_TRUE(shown.contains(u"pictures/" + picture)) << picture.toStdString() << " is shown nowhere";
+        EXPECT_TRUE(shown.contains(u"pictures/" + picture)) << picture.toStdString() << " is not shown on any page";
 }
 
 TEST(Pages, EveryWindowHasAPage) {
@@ -103,7 +103,7 @@ TEST(Pages, EveryWindowHasAPage) {
     }
     EXPECT_GE(windows.size(), 22);
     windows.removeOne(u"frmHandbook"_s);
-    windows.removeOne(u"LongPreview"_s); // shown under the name of the report, DataReportJs
+    windows.removeOne(u"LongPreview"_s); // shown under the object name of the report, DataReportJs
     ASSERT_TRUE(placeOf({u"DataReportJs"_s}));
     for (const QString &window : windows)
         EXPECT_TRUE(placeOf({window})) << window.toStdString() << " has no page";
