@@ -1,4 +1,4 @@
-// How the windows on the catalogue lead to each other.
+// How the windows of the catalogue open each other.
 #include "app/windows/catalogueWindows.h"
 #include "catalogue/windows/orderbyFrm.h"
 #include "catalogue/windows/queryFrm.h"
@@ -50,9 +50,9 @@ TEST_F(CatalogueWindowsTest, AListComesBackAsItWasLeft) {
     EXPECT_EQ(place()->size(), drawn);
     EXPECT_EQ(list()->Grid1->columnWidth(4), 222);
     place()->showMaximized();
-    windows.endRuns(); // the program ends over an open list
+    windows.endRuns(); // the program ends while a list is open
     closeList();
-    frame.resize(drawn); // a smaller screen than the last one
+    frame.resize(drawn); // a smaller screen than before
     query();
     EXPECT_TRUE(place()->isMaximized());
     place()->showNormal();
@@ -63,13 +63,13 @@ TEST_F(CatalogueWindowsTest, AListComesBackAsItWasLeft) {
 TEST_F(CatalogueWindowsTest, TheSortDialogBringsAClosedListBack) {
     query();
     query();
-    ASSERT_EQ(frame.findChildren<catalogue::ZSKListFrm *>().size(), 1); // each query uses the same
+    ASSERT_EQ(frame.findChildren<catalogue::ZSKListFrm *>().size(), 1); // every query uses the same window
     EXPECT_EQ(list()->Grid1->text(1, 2), u"b"_s);
     catalogue::Condition condition{u"bookname='b'"_s, {}};
     QString order;
     list()->loadData(condition, order);
 
-    list()->CmdDcgl[1]->click(); // 排序
+    list()->CmdDcgl[1]->click(); // the sort button
     auto *sorting = frame.findChild<catalogue::OrderbyFrm *>();
     ASSERT_TRUE(sorting);
     closeList();
@@ -79,6 +79,6 @@ TEST_F(CatalogueWindowsTest, TheSortDialogBringsAClosedListBack) {
     sorting->cmdOK->click();
     ASSERT_TRUE(list());
     EXPECT_TRUE(list()->isVisible());
-    EXPECT_EQ(list()->Grid1->text(1, 2) + list()->Grid1->text(2, 2), u"ab"_s); // in the order, without the condition
+    EXPECT_EQ(list()->Grid1->text(1, 2) + list()->Grid1->text(2, 2), u"ab"_s); // sorted, without the condition
     EXPECT_TRUE(host.boxes.isEmpty());
 }

@@ -1,4 +1,5 @@
-// Clusters that lose a node in the middle of the long runs, by the program's own windows. RECORDS says how many.
+// Database clusters that lose a node in the middle of a long run, through the program's own windows. RECORDS sets the
+// number of records.
 #include "catalogue/windows/zskListFrm.h"
 #include "import/windows/frmDaoRuJindu.h"
 #include "support/databaseServers.h"
@@ -23,9 +24,9 @@ protected:
     ScriptedHost host;
     QString name = TestDatabase::nameOf(GetParam());
     QProcess killing;
-    int before = 0; // rows in the table when a node was about to be killed
+    int before = 0; // rows in the table just before a node was killed
     int turns = 0;
-    qint64 longestTurn = 0; // ms
+    qint64 longestTurn = 0; // milliseconds
 
     void SetUp() override { std::printf("%s\n", name.toUtf8().constData()); }
     void TearDown() override {
@@ -34,8 +35,8 @@ protected:
         commandServers(u"heal-" + name);
     }
 
-    // The window lives between the records. Once it says that a third is done the commands go their way, beside the
-    // run.
+    // Processes events between the records. Once the window reports a third as done, starts the commands, which run
+    // concurrently.
     void killAtAThird(const QString &kill, const QString &table, const std::function<QString()> &said) {
         host.onYield = [this, kill, table, said, clock = QElapsedTimer()]() mutable {
             longestTurn = clock.isValid() ? std::max(longestTurn, clock.elapsed()) : 0;
@@ -58,11 +59,11 @@ protected:
         }
     }
 
-    // What became of each record, by the table and by the window.
+    // Counts the outcomes of the records by the table and by the window.
     QMap<QString, int> tally(const importing::frmDaoRuJindu &window) const {
         auto connection = database.open();
         const auto rows = connection.value().query(u"select zskid,bookname from taoluTable"_s).value();
-        QMap<int, QList<qint64>> stored; // keys by record
+        QMap<int, QList<qint64>> stored; // keys by record number
         for (int row = 0; row < rows->rowCount(); ++row)
             stored[numberIn(rows->text(row, 1))].append(rows->text(row, 0).toLongLong());
         QMap<int, QString> refused;
@@ -157,7 +158,7 @@ TEST_P(Clusters, AListIsWhole) {
     catalogue::Condition condition{u"zskid>0"_s, {}};
     QString by = u"zskid"_s;
     int lists = 0;
-    do { // until one of them is what the command was waiting for
+    do { // until the command has killed a node during a list
         window.loadData(condition, by);
         ASSERT_EQ(window.Grid1->rows(), count + 1) << lists;
         for (int row = 1; row <= count; ++row)
@@ -169,7 +170,8 @@ TEST_P(Clusters, AListIsWhole) {
     EXPECT_TRUE(host.boxes.isEmpty());
 }
 
-// It goes on talking: neither a kept connection nor an open session stays with it.
+// A node without quorum still accepts connections: the program uses neither a kept connection nor an open session on
+// it.
 TEST_P(Clusters, ANodeThatLostTheOthersIsLeft) {
     if (GetParam() != TestServer::MariaDb)
         return;

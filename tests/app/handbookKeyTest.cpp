@@ -1,4 +1,4 @@
-// F1 where windows stand in front of each other.
+// F1 with several windows open.
 #include "app/windows/handbookKey.h"
 #include "support/scriptedHost.h"
 #include <QMdiArea>
@@ -17,7 +17,7 @@ struct HandbookKeyTest : testing::Test {
     QLineEdit *field = new QLineEdit(&room);
 
     void SetUp() override { putInFront(room); }
-    static void putInFront(QDialog &window) { // of all, as the program's dialogs are
+    static void putInFront(QDialog &window) { // in front of all windows, like the program's dialogs
         window.setModal(true);
         window.show();
     }
@@ -33,7 +33,7 @@ struct HandbookKeyTest : testing::Test {
         EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == window; }));
         QTest::keyClick(window->focusWidget() ? window->focusWidget() : window, Qt::Key_F1);
     }
-    // Whether the toolkit lets a click of the machine through to it.
+    // Returns whether mouse clicks reach the handbook.
     static bool takesClicks() {
         QCoreApplication::processEvents();
         viewer()->findText->setText(u"x"_s);
@@ -52,13 +52,13 @@ TEST_F(HandbookKeyTest, ThePageOfTheWindowInFrontComesWithTheFieldLeftAsItIs) {
     field->setFocus();
     press(&room);
     ASSERT_EQ(page(), u"workspace.md"_s);
-    EXPECT_GT(viewer()->view->verticalScrollBar()->value(), 0) << "at its section";
+    EXPECT_GT(viewer()->view->verticalScrollBar()->value(), 0) << "the page opens at its section";
     EXPECT_EQ(field->text(), u"half"_s);
-    press(viewer()); // in itself
+    press(viewer()); // in the handbook itself
     EXPECT_EQ(page(), u"workspace.md"_s);
-    QTest::keyClick(viewer()->view, Qt::Key_H, Qt::AltModifier); // 目录
+    QTest::keyClick(viewer()->view, Qt::Key_H, Qt::AltModifier); // the contents button
     EXPECT_EQ(page(), handbook::firstPage);
-    EXPECT_TRUE(takesClicks()) << "though the other window waits to be answered";
+    EXPECT_TRUE(takesClicks()) << "even while a modal window is open";
 }
 
 TEST_F(HandbookKeyTest, ItStaysUsableWhateverComesAndGoes) {
@@ -67,18 +67,18 @@ TEST_F(HandbookKeyTest, ItStaysUsableWhateverComesAndGoes) {
     {
         widgets::Window run(u"frmDaoRuJindu"_s, u"run"_s, &room);
         putInFront(run);
-        EXPECT_TRUE(takesClicks()) << "with a window opened over it";
+        EXPECT_TRUE(takesClicks()) << "even while another window is opened later";
         press(&run);
         EXPECT_EQ(page(), u"import.md"_s);
-        EXPECT_EQ(viewer(), first) << "one handbook";
+        EXPECT_EQ(viewer(), first) << "there is only one handbook";
     }
-    EXPECT_TRUE(viewer() && takesClicks()) << "when that window has gone";
+    EXPECT_TRUE(viewer() && takesClicks()) << "after that window has closed";
     QTest::keyClick(viewer(), Qt::Key_Escape);
     EXPECT_FALSE(viewer());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return room.isActiveWindow(); })) << "the keyboard is where it was";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return room.isActiveWindow(); })) << "the previous window has the keyboard again";
 }
 
-// The keyboard may be in the frame's own controls; the window in front is the list still.
+// Even if the keyboard focus is in the frame's own controls, the window in front is the list.
 TEST_F(HandbookKeyTest, AListInTheFrameIsTheWindowInFront) {
     room.close();
     QMainWindow frame;

@@ -1,5 +1,6 @@
-// The shipped samples, read in the workspace and imported into a server by its windows. IMPORTS=20 lets MariaDB take
-// them so many times in a row: build/dev/bin/app_servers_tests, with the servers of scripts/test-servers running.
+// Reads the shipped samples in the workspace and imports them into a server through its windows. With IMPORTS=20,
+// MariaDB runs the import 20 times in a row: build/dev/bin/app_servers_tests, with the servers of scripts/test-servers
+// running.
 #include "import/windows/frmDaoRuJindu.h"
 #include "support/databaseServers.h"
 #include "support/scriptedHost.h"
@@ -24,7 +25,7 @@ TEST(ImportThroughWindows, TakesTheSamplesTimeAfterTime) {
     workspace.publicMarcFile = host.folder + u"/samples/sample.iso";
     workspace.load();
     workspace.show();
-    workspace.cmdclick[3]->click(); // all of them
+    workspace.cmdclick[3]->click(); // reads all records
     const int count = workspace.records().rowCount();
     ASSERT_GT(count, 100);
     for (int import = 1; import <= imports; ++import) {

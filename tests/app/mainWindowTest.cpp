@@ -66,9 +66,7 @@ TEST_F(MainWindowTest, MenuAndToolbarGiveTheSameCommands) {
     }
 }
 
-// The list of the files used last is another one behind each: the button that was clicked goes with it, but not at
-// once.
-// The margins give way first, then the page scrolls.
+// As the frame gets lower, the margins shrink first; then the page scrolls.
 TEST_F(MainWindowTest, NoCaptionOfTheStartPageIsCutInALowFrame) {
     frame.show();
     frame.resize(700, 700);
@@ -86,6 +84,8 @@ TEST_F(MainWindowTest, NoCaptionOfTheStartPageIsCutInALowFrame) {
     }
 }
 
+// Opening a file refreshes the list of recent files. Its buttons are replaced, but the clicked one is not deleted at
+// once.
 TEST_F(MainWindowTest, FilesComeFromTheStartPageAndByDropping) {
     const TestFolder folder;
     for (const QString &name : {u"甲.iso"_s, u"乙.iso"_s})
@@ -95,10 +95,10 @@ TEST_F(MainWindowTest, FilesComeFromTheStartPageAndByDropping) {
     ASSERT_EQ(frame.startPage->recent.size(), 2);
     const QSize whole = frame.startPage->fittedTo({2000, 2000});
     EXPECT_LT(frame.startPage->fittedTo(whole - QSize(0, 1)).height(), whole.height() - 10);
-    EXPECT_FALSE(frame.startPage->recent[1]->isVisible()) << "none is squeezed";
+    EXPECT_FALSE(frame.startPage->recent[1]->isVisible()) << "an entry without space is hidden";
     EXPECT_EQ(frame.startPage->fittedTo(whole), whole);
     const auto atRest = [] { return !QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents); };
-    EXPECT_TRUE(QTest::qWaitFor(atRest)) << "the page is laid out over and over";
+    EXPECT_TRUE(QTest::qWaitFor(atRest)) << "the page must not be laid out again and again";
     windows.calls.clear();
     QTest::mouseClick(frame.startPage->recent[1], Qt::LeftButton);
     EXPECT_EQ(windows.calls, QStringList{u"select"_s + folder.path(u"甲.iso"_s)});
@@ -108,9 +108,9 @@ TEST_F(MainWindowTest, FilesComeFromTheStartPageAndByDropping) {
     QApplication::sendEvent(&frame, &enter);
     EXPECT_TRUE(enter.isAccepted());
     QDropEvent drop(QPointF(5, 5), Qt::CopyAction | Qt::MoveAction, &dropped, Qt::LeftButton, Qt::NoModifier);
-    drop.setDropAction(Qt::MoveAction); // as a file manager on the same disk proposes
+    drop.setDropAction(Qt::MoveAction); // as a file manager proposes for files on the same disk
     QApplication::sendEvent(&frame, &drop);
-    EXPECT_EQ(drop.dropAction(), Qt::CopyAction) << "the file stays where it is";
+    EXPECT_EQ(drop.dropAction(), Qt::CopyAction) << "the file is not moved";
     EXPECT_TRUE(QTest::qWaitFor([&] { return windows.calls.contains(u"select"_s + folder.path(u"乙.iso"_s)); }));
 }
 
@@ -118,7 +118,7 @@ TEST_F(MainWindowTest, TheNoticeComesOnceAndWhenTheFrameIsSeen) {
     frame.show();
     frame.hide();
     QCoreApplication::processEvents();
-    EXPECT_EQ(windows.calls, QStringList()) << "nothing was painted yet";
+    EXPECT_EQ(windows.calls, QStringList()) << "nothing has been painted yet";
     for (int showing = 0; showing < 2; ++showing) {
         frame.show();
         EXPECT_TRUE(QTest::qWaitForWindowExposed(&frame));
@@ -139,7 +139,7 @@ TEST_F(MainWindowTest, EveryWayOutAsksOnceAndEndsOnlyWithYes) {
     host.willAnswer(platform::Answer::Yes);
     frame.resize(frame.size() - QSize(40, 30));
     frame.close();
-    EXPECT_EQ(marcMain(host, windows).size(), frame.size()) << "the next one is as this one was left";
+    EXPECT_EQ(marcMain(host, windows).size(), frame.size()) << "a new frame has the size of the closed one";
     EXPECT_EQ(windows.calls, QStringList{u"end 0"_s}) << "the runs end before the process does";
     EXPECT_EQ(host.endings, 1);
     EXPECT_EQ(host.texts(), (QStringList{u"确定要退出系统吗？"_s, u"确定要退出系统吗？"_s}));
@@ -149,7 +149,7 @@ TEST_F(MainWindowTest, EveryWayOutAsksOnceAndEndsOnlyWithYes) {
 
 namespace {
 
-// Opens the port of the strict server and drops it, as a machine does that only looks whether a server is there.
+// Connects to the strict server and disconnects at once, like a probe for a running server.
 void knock() {
     sockaddr_in address{};
     address.sin_family = AF_INET;
@@ -162,7 +162,7 @@ void knock() {
 
 } // namespace
 
-// The test calls itself in a network of its own, with a server that blocks a machine after three failed connections.
+// The test runs itself in a separate network namespace with a server that blocks a host after three failed connections.
 TEST(MainWindowStarts, CountAsNoFailedConnection) {
     const QString text = qEnvironmentVariable("STRICT_SERVER");
     if (text.isEmpty()) {
@@ -171,7 +171,7 @@ TEST(MainWindowStarts, CountAsNoFailedConnection) {
             QStringLiteral(STRICT_SERVER_SCRIPT),
             {QCoreApplication::applicationFilePath(), u"--gtest_filter=MainWindowStarts.CountAsNoFailedConnection"_s});
         if (status == notPermitted)
-            GTEST_SKIP() << "no network of its own can be made here: this needs root's rights";
+            GTEST_SKIP() << "creating a network namespace requires root";
         ASSERT_EQ(status, 0);
         return;
     }
@@ -190,7 +190,7 @@ TEST(MainWindowStarts, CountAsNoFailedConnection) {
         EXPECT_TRUE(QTest::qWaitFor([&] { return !frame.databaseName->text().endsWith(u'…'); }));
     }
     EXPECT_EQ(login(), QString());
-    // It does block: each login that goes well clears its count.
+    // The server does block: failed connections count until a login succeeds.
     EXPECT_TRUE(QTest::qWaitFor([&] {
         for (int i = 0; i < 10; ++i)
             knock();

@@ -35,7 +35,7 @@ struct StartUpTest : testing::Test {
 TEST_F(StartUpTest, ASecondInstanceSaysSoAndEndsBeforeAnySettingIsRead) {
     store(u"DSN=x;"_s);
     EXPECT_FALSE(start(true, platform::codePageReady("no-such-code-page")));
-    EXPECT_TRUE(host.lastBox().text.contains(u"no-such-code-page"_s)) << "before all else";
+    EXPECT_TRUE(host.lastBox().text.contains(u"no-such-code-page"_s)) << "this check precedes all others";
     host.boxes.clear();
     EXPECT_FALSE(start(true));
     EXPECT_EQ(host.texts(), QStringList{u"程序已经运行，不能再次装载。"_s});
@@ -70,14 +70,14 @@ TEST_F(StartUpTest, TheConfigurationIsLaidForTheMainWindowAndANewerOneToldOnce) 
     from = brought.path();
     host.folder += u"/own"_s;
     EXPECT_FALSE(start() || start(true));
-    EXPECT_FALSE(QFile::exists(host.folder)) << "a start that ends lays nothing";
+    EXPECT_FALSE(QFile::exists(host.folder)) << "a start that ends early installs nothing";
     store(u"DSN=x;"_s);
     host.boxes.clear();
     EXPECT_TRUE(start() && QFile::remove(brought.path(u"marcBJshuoming.Qvs"_s)));
     EXPECT_TRUE(host.boxes.isEmpty());
     brought.file(u"mobanJiaoDui.QVs"_s, "2");
     EXPECT_TRUE(start() && start());
-    ASSERT_EQ(host.boxes.size(), 3) << "what is refused at each start, what is newer once";
+    ASSERT_EQ(host.boxes.size(), 3) << "failures at each start, the newer file once";
     EXPECT_TRUE(host.boxes[1].text.endsWith(u"旁边：\r\n"_s + host.folder + u"/mobanJiaoDui.QVs.new"_s));
     EXPECT_TRUE(host.boxes[2].text.contains(u"marcBJshuoming.Qvs："_s));
     EXPECT_EQ(shown.count(u"marcMain"_s), 3);
@@ -135,7 +135,7 @@ struct ConnectionDialogTest : testing::Test {
 } // namespace
 
 TEST_F(ConnectionDialogTest, RefusesWhatIsIncompleteTellsAFailedTestAndCancels) {
-    EXPECT_EQ(dialog.cboDSNList->count(), 3) << "a name of blanks is left out";
+    EXPECT_EQ(dialog.cboDSNList->count(), 3) << "a blank name is omitted";
     EXPECT_TRUE(dialog.dataSourceWords->text().startsWith(u"本机已有数据源：lib、other。"));
     dialog.show();
     dialog.cmdOK->click();
