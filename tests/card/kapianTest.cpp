@@ -6,7 +6,7 @@ using namespace card;
 
 namespace {
 
-// A field as the directory points at it; "$" stands for the delimiter.
+// Returns field data to which a directory entry points; "$" represents the subfield delimiter.
 QString field(const QString &subfields) {
     return u"##"_s + QString(subfields).replace(u'$', QChar(0x1F)) + QChar(0x1E);
 }
@@ -74,8 +74,8 @@ TEST(Kapian, FailsWhereTheMachineFails) {
     const std::pair<QString, bool> cases[] = {
         {QString(), true},         {u"|"_s, false},
         {u"没有子字段|"_s, false}, {u"##$|"_s, true}, // a delimiter at the very end, on the first pass
-        {u"##$a甲$|"_s, false},                       // and on a later one
-        {u"##$a甲$$a乙|"_s, true},                    // side by side
+        {u"##$a甲$|"_s, false},                       // a delimiter at the very end, on a later pass
+        {u"##$a甲$$a乙|"_s, true},                    // two adjacent delimiters
     };
     for (const auto &[shown, fails] : cases) {
         QString text = QString(shown).replace(u'$', QChar(0x1F)).replace(u'|', QChar(0x1E));
@@ -83,5 +83,5 @@ TEST(Kapian, FailsWhereTheMachineFails) {
         EXPECT_EQ(Kapian327(text).failed, fails) << shown.toStdString();
     }
     QString titleless = field(u"$f甲$$a乙"_s);
-    EXPECT_EQ(Kapian200(titleless).boxes.size(), 1) << "the box came up before the fault";
+    EXPECT_EQ(Kapian200(titleless).boxes.size(), 1) << "the box is shown before the fault";
 }

@@ -8,12 +8,12 @@ using card::showKapian;
 
 namespace {
 
-// A record from "tag=subfields" pieces, parted by "|".
+// Builds a record from "tag=subfields" pieces separated by "|".
 QString recordWith(QString fields) {
     return recordOf(fields.replace(u'=', u"=  "_s));
 }
 
-// The card's text; "|" for a line break.
+// Returns the text of the card, with "|" for line breaks.
 QString cardOf(const QString &fields) {
     return showKapian(recordWith(fields)).text.value_or(u"nothing"_s).replace(u"\r\n"_s, u"|"_s);
 }
@@ -30,7 +30,7 @@ const QString title = u"200=$a题|"_s;
 } // namespace
 
 TEST(ShowKapian, FillsItsSlots) {
-    QStringList backwards = worked.split(u'|'); // but for the two 606, which count in directory order
+    QStringList backwards = worked.split(u'|'); // except the two 606, which count in directory order
     std::ranges::reverse(backwards);
     backwards.swapItemsAt(2, 3);
     QString subjects = u"610=$a末"_s;
@@ -46,13 +46,13 @@ TEST(ShowKapian, FillsItsSlots) {
         {title + u"215=$a1|215=$a2", u"||  题|  1|  |  2||  ||  Ⅰ.题··· "_s},
         {title + u"225=$a丛|225=$a书", u"||  题·—（丛）·—（书）||  ||  Ⅰ.①题···②丛··· "_s},
         {title + u"300=$b无|301=$a注", u"||  题||  ·—注||  ||  Ⅰ.题··· "_s},
-        // A 324 throws away the notes before it; 311 is not read.
+        // A 324 discards the preceding notes; 311 is not read.
         {title + u"300=$a甲|324=$a乙|324=$a丙|311=$a丁|327=$a戊 |337=$a己", u"||  题||  丙·—戊·—己||  ||  Ⅰ.题··· "_s},
-        // A filled 686 takes up a number with nothing behind it, an empty one does not.
+        // A 686 with $a takes the next number with no text after it; one without $a takes no number.
         {title + u"686=$aX|690=$aTP", u"||  题||  ||  Ⅰ.题··· Ⅳ.① ②TP"_s},
         {title + u"686=$bX|690=$aTP", u"||  题||  ||  Ⅰ.题··· Ⅳ.TP"_s},
         {title + u"701=$b张|711=$a李四|702=$a张三", u"||  题||  ||  Ⅰ.题···Ⅱ.①张··· ②李··· "_s},
-        // The eleventh item is dropped.
+        // The eleventh subject is dropped.
         {title + subjects, u"||  题||  ||  Ⅰ.题···Ⅲ.①题1 ②题2③题3④题4⑤题5⑥题6⑦题7⑧题8⑨题9⑩题10 "_s},
         {u"200=$a "_s, u"没有正题名,无法显示卡片!"_s},
         {u""_s, u"没有正题名,无法显示卡片!"_s},
@@ -61,7 +61,7 @@ TEST(ShowKapian, FillsItsSlots) {
         EXPECT_EQ(cardOf(fields), expected);
 }
 
-// Entries that point at one long note over and over: the card stays in proportion to the record.
+// Many entries that point to one long note: the size of the card stays proportional to the record.
 TEST(ShowKapian, EndsWhereADirectoryAsksForTheSameBytesOverAndOver) {
     QString record = recordWith(title + u"300=$a" + u"x"_s.repeated(9990));
     record.insert(36, record.mid(36, 12).repeated(59)).replace(12, 5, platform::padZero(5, 25 + 61 * 12));
@@ -79,7 +79,7 @@ TEST(ShowKapian, EndsWithABoxWhereTheRecordIsBroken) {
     const auto based = [&](QStringView base, const QString &directory) {
         return recordWithDirectory(directory, data).replace(12, 5, base.toString());
     };
-    // Whether there is a text, the boxes on the way, a word of the fault.
+    // Record, whether there is a text, the boxes shown, and part of the fault message.
     const std::tuple<QString, bool, QStringList, QString> cases[] = {
         {recordWithDirectory(entry, data), true, {}, u""_s},
         {based(u"00037", entry + u'0'), false, {u"地址目次区数据出现错误，校验失败！"_s}, u""_s},
@@ -91,10 +91,10 @@ TEST(ShowKapian, EndsWithABoxWhereTheRecordIsBroken) {
         {based(u"00037", u"200-00100000"_s), false, {}, u"字段200"_s},
         {based(u"00037", u"200000000000"_s), false, {}, u"字段200"_s},
         {based(u"00037", u"2000007-9999"_s), false, {}, u"字段200"_s},
-        {based(u"00037", u"2009999 0 00"_s), true, {}, u""_s}, // cut short by the record's end
+        {based(u"00037", u"2009999 0 00"_s), true, {}, u""_s}, // ends with the record
         {recordWith(u"200=$f甲$g乙|200=$f丙"_s), true, {noTitle, noTitle, noTitle}, u""_s},
         {recordWith(u"200=$f甲$$a乙"_s), false, {noTitle}, u"字段200"_s},
-        {recordWith(u"200=$a甲|686=$aX$"_s), false, {}, u"字段686"_s}, // on the second call
+        {recordWith(u"200=$a甲|686=$aX$"_s), false, {}, u"字段686"_s}, // in its second call
     };
     for (const auto &[record, hasText, boxes, fault] : cases) {
         const Card card = showKapian(record);
