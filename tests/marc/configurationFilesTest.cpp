@@ -9,7 +9,7 @@ QByteArray fileText(QString text) {
     return platform::encode(text.replace(u'\n', u"\r\n"_s));
 }
 
-// The lists of the fields, and of the subfields of 200; how the complaint ends.
+// The file, its text, the expected list (of fields, or of the subfields of 200), and the end of the complaint.
 TEST(PickLists, TakeLinesUpToTheFirstDamageAndTheSectionOfATag) {
     const QString notFound = u"】损坏或者还没有本字段名。"_s;
     const std::tuple<QStringView, QString, QString, QString> cases[] = {
@@ -63,7 +63,7 @@ TEST(Descriptions, ComeFromTheFirstSectionOfATag) {
               u"000=头标区 001= 005= 200=题名指示符 $a=正题名 $a=正题名 $b= $f=责任者 CAT=指示符 $f=责任者 "
               "606=主题指示符 $a=款目 $x= 606=主题指示符 $a=款目"_s);
 
-    // The last line is a header.
+    // A header as the last line.
     folder.file(descriptionFile.toString(), fileText(u"[300] 附注\n[200] 题名"_s));
     rows = showRecord(recordOf(u"200=1 $a甲|300=  $a乙"_s)).rows;
     fillDescriptions(rows, folder.path());

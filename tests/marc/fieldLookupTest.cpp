@@ -5,7 +5,7 @@ using namespace marc;
 
 namespace {
 
-// Both ways of calling, which must agree; "-" stands for a call that failed.
+// Looks up in the text and in the bytes, which must agree; "-" represents a failure.
 QString lookedUp(const RawRecord &record, QStringView wanted, const QByteArray &bytes) {
     const std::optional<QString> value = readZd(record, wanted, {});
     EXPECT_EQ(readZd(record, bytes, wanted, {}), value) << visible(record).toStdString();
@@ -17,9 +17,9 @@ TEST(ReadZd, GivesTheFirstMatchInDirectoryOrder) {
         {u"300=  $a附注"_s, u""_s},
         {u"001=123|200=1 $f张三$a数据库$a另一"_s, u"数据库"_s},
         {u"200=1 $A甲$b乙|200=1 $a丙"_s, u"丙"_s},
-        {u"200=1 $a$b乙|200=1 $a丙"_s, u""_s}, // empty is a match
+        {u"200=1 $a$b乙|200=1 $a丙"_s, u""_s}, // an empty value matches
         {u"200=1 $$a丙"_s, u"-"_s},
-        {u"200=1 $a丙$$b"_s, u"丙"_s}, // what fails stands behind the match
+        {u"200=1 $a丙$$b"_s, u"丙"_s}, // the failure comes after the match
         {u"200=1 $b乙$|200=1 $a丙"_s, u"丙"_s},
         {u"200=$|200=1 $a丙"_s, u"-"_s},
     };
@@ -35,10 +35,10 @@ TEST(ReadZd, FailsAsAWholeOnlyInWhatItHasToRead) {
         {u"200000900000"_s, u"题名"_s},
         {u"200   9+  +0"_s, u"-"_s},
         {u"200  +9  0.4"_s, u"题名"_s},
-        {u"2000009-0001"_s, u"题"_s}, // begins at the directory's terminator
+        {u"2000009-0001"_s, u"题"_s}, // starts at the directory's terminator
         {u"300xxxxyyyyy200000900000"_s, u"题名"_s},
         {u"200xxxx00000"_s, u"-"_s},
-        {u"200000000000"_s, u"-"_s}, // no last character to take off
+        {u"200000000000"_s, u"-"_s}, // there is no last character to remove
         {u"200000999999"_s, u"-"_s},
         {u"200-00100000"_s, u"-"_s},
     };
@@ -46,7 +46,7 @@ TEST(ReadZd, FailsAsAWholeOnlyInWhatItHasToRead) {
         const RawRecord record = recordWithDirectory(directory, data);
         EXPECT_EQ(lookedUp(record, u"200a", platform::encode(record)), expected) << directory.toStdString();
     }
-    // Many entries on one long field: what is read stays in proportion to the record.
+    // Many entries for one long field: the amount read stays proportional to the record.
     const QString twoFields = real(u"1 <b"_s + u"x"_s.repeated(9994) + u"|1 <a题名|"_s);
     for (const auto &[entries, expected] : {std::pair(8, u"题名"_s), std::pair(60, u""_s)}) {
         const RawRecord record = recordWithDirectory(u"200999900000"_s.repeated(entries) + u"200000909999", twoFields);
@@ -63,7 +63,7 @@ TEST(ReadZd, TellsOfADamagedDirectoryAndWorksOnTheTextEncodedAgain) {
     QStringList told;
     EXPECT_EQ(readZd(record, u"200a", [&](const RawRecord &damaged) { told.append(damaged); }), u""_s);
     EXPECT_EQ(told, QStringList{record});
-    // A lone lead byte in the title is a "?" there, and nothing moves.
+    // A lone lead byte in the title becomes "?" and does not shift the following text.
     QByteArray bytes = platform::encode(recordOf(u"300=  $a_|200=1 $a题_$f甲"_s));
     bytes.replace('_', '\xB0');
     EXPECT_EQ(lookedUp(platform::decode(bytes), u"200a", bytes), u"题?"_s);

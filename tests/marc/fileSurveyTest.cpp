@@ -12,10 +12,10 @@ using namespace marc;
 
 namespace {
 
-// Records, and among them damaged directories and such as do not fit the fields.
+// The numbers of records, of damaged directories, and of directories that do not match their fields.
 using Counts = std::array<qint64, 3>;
 
-// What the program's own reader makes of a file.
+// Counts what the program's own reader reads from a file.
 Counts byReading(const QString &path) {
     Counts counted{};
     auto reader = platform::LineReader::open(path);
@@ -56,7 +56,7 @@ TEST(FileSurvey, TellsEncodingLineEndsAndWhatWillBeRead) {
     const QString one = recordOf(u"001=甲|200=10$a数据库原理$f严华著"_s);
     const QString five = one.repeated(5), lines = QString(one + u"\r\n").repeated(5);
     const QString rare = recordOf(u"200=10$a〇𠮷"_s);
-    const QByteArray gb18030 = platform::encode(one) + "\x95\x32\xB7\x36\x1E\x1D"; // a character of four bytes
+    const QByteArray gb18030 = platform::encode(one) + "\x95\x32\xB7\x36\x1E\x1D"; // a four-byte character
     const QByteArray damaged = platform::encode(one).insert(30, '1') + "\r\n" + platform::encode(one);
     const QByteArray shifted = platform::encode(lines).replace("00003\x1E", "00004\x1E");
     const QByteArray xml = R"(<?xml version="1.0"?><collection xmlns="%"><record/></collection>)";
@@ -98,7 +98,8 @@ TEST(FileSurvey, TellsEncodingLineEndsAndWhatWillBeRead) {
     EXPECT_EQ(survey(folder.file(u"f"_s, rare.toUtf8())).encoding, FileEncoding::Utf8);
 }
 
-// As many of the pieces, one after the other and 30 to a record: each holds one character beyond ASCII.
+// Returns records with `count` pieces in total, taken in turn, up to 30 per record. Each piece contains one non-ASCII
+// character.
 QByteArray recordsWith(int count, const QList<QByteArray> &pieces, QByteArrayView leaderCode = " ") {
     QByteArray file;
     for (int i = 0; i < count;) {
@@ -139,7 +140,7 @@ TEST(FileSurvey, NoEncodingIsTakenForAnotherWithoutAWarning) {
         u"Geneviè|ve, élè|ve à |l'é|cole, Piaf, É|dith; café| et thé|, Besanç|on, Lö|we; Stuttgart "_s.replace(u'à',
                                                                                                                u'a');
     const QString russian = u"В|о|й|н|а| и м|и|р|. Т|о|л|с|т|о|й| Л|е|в"_s;
-    // A sign of its own goes before the letter that it stands on.
+    // In MARC-8, a combining character precedes its base letter.
     const QList<QByteArray> marc8{"Genevi\xE1"
                                   "e",
                                   "ve, \xE2"
@@ -184,7 +185,8 @@ TEST(FileSurvey, NoEncodingIsTakenForAnotherWithoutAWarning) {
             EXPECT_EQ(line.isWarning, found != Gbk || facts.doubtful) << what << ' ' << count;
         }
     }
-    // A letter in UTF-8, or a Chinese word in GBK: without a letter next to it what the records declare decides.
+    // A letter in UTF-8 or a Chinese word in GBK: without an adjacent letter, the encoding that the records declare
+    // decides.
     const QList<QByteArray> alone{"\xC3\xB1"};
     EXPECT_EQ(survey(folder.file(u"f"_s, recordsWith(1, alone))).encoding, Gbk);
     EXPECT_EQ(survey(folder.file(u"f"_s, recordsWith(1, alone, "a"))).encoding, Utf8);
@@ -202,11 +204,12 @@ TEST(FileSurvey, CountsWhatTheReaderReadsWhateverTheDamage) {
         const FileFacts facts = survey(file.filePath());
         EXPECT_EQ(countsOf(facts, facts.readable), byReading(file.filePath())) << file.fileName().toStdString();
     }
-    // A head that is measured piece by piece, with characters across the pieces: a directory that is whole.
+    // Data before the field terminator that is examined in pieces, with characters across the borders of the pieces:
+    // the directory is undamaged.
     const QByteArray longHead = 'x' + QByteArray("\xB0\xA1").repeated(300'011) + "\x1E\x1D";
     const QString path = folder.file(u"r"_s, longHead);
     EXPECT_EQ(countsOf(survey(path), survey(path).readable), byReading(path));
-    std::mt19937 dice; // the same on every machine
+    std::mt19937 dice; // the same on every platform
     const auto below = [&](qsizetype limit) { return qsizetype(dice() % size_t(limit)); };
     const QList<QByteArray> pieces{"\x1D",
                                    "\x1E",

@@ -1,4 +1,4 @@
-// A general MARC tool by others reads what the writer makes: no complaint, and the same content field by field.
+// An independent MARC tool reads the rebuilt records: it reports no error and shows the same content for every field.
 #include "marc/recordCutter.h"
 #include "marc/recordMaking.h"
 #include "marc/recordWriter.h"
@@ -11,7 +11,8 @@ using namespace marc;
 
 namespace {
 
-// The tool's lines: leader, fields, an empty line for each record. It stops at a line break between records.
+// Returns the output lines of the tool: leader, fields, and an empty line after each record. The tool stops at a line
+// break between records.
 QStringList dumped(const TestFolder &folder, const QByteArray &records) {
     QProcess tool;
     tool.start(u"yaz-marcdump"_s, {u"-f"_s, u"cp936"_s, u"-t"_s, u"utf-8"_s, folder.file(u"records"_s, records)});
@@ -21,8 +22,8 @@ QStringList dumped(const TestFolder &folder, const QByteArray &records) {
     return QString::fromUtf8(tool.readAllStandardOutput()).split(u'\n');
 }
 
-// What has to be the same before and after: all fields but those that are dropped or made anew, in any order, without
-// the difference between blanks and "#" where it is lost.
+// Returns what must not change: all fields except those that are dropped or regenerated, sorted, with "#" replaced by
+// blanks because that difference is lost.
 QStringList comparable(QStringList lines) {
     static const QStringList notKept{u"001"_s, u"105"_s, u"106"_s, u"110"_s, u"115"_s};
     lines.removeIf(
@@ -52,8 +53,8 @@ TEST(RebuiltRecords, SatisfyAnotherReader) {
         });
         const QStringList lines = dumped(folder, rebuilt);
         for (const QString &line : lines)
-            ASSERT_FALSE(line.startsWith(u'(')) << line.toStdString();             // how it complains
-        ASSERT_GT(lines.count(QString()), read.count(char(recordTerminator)) - 1); // one behind each record
+            ASSERT_FALSE(line.startsWith(u'(')) << line.toStdString();             // a message of the tool
+        ASSERT_GT(lines.count(QString()), read.count(char(recordTerminator)) - 1); // one after each record
         ASSERT_EQ(comparable(lines), comparable(dumped(folder, read)));
     }
 }

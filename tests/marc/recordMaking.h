@@ -1,4 +1,4 @@
-// Records and rows as the tests of this folder write and compare them.
+// Helpers to write and compare records and rows in the tests of this folder.
 #pragma once
 
 #include "marc/fieldRows.h"
@@ -8,7 +8,7 @@
 
 namespace marc {
 
-// Control characters stand as < | > (subfield, field, record), both ways.
+// Show the control characters as < | > (subfield, field, record), and convert them back.
 inline QString visible(QString text) {
     return text.replace(subfieldDelimiter, u'<').replace(fieldTerminator, u'|').replace(recordTerminator, u'>');
 }
@@ -16,7 +16,7 @@ inline QString real(QString text) {
     return text.replace(u'<', subfieldDelimiter).replace(u'|', fieldTerminator).replace(u'>', recordTerminator);
 }
 
-// "identifier=value" of each row, for comparing at a glance.
+// Returns "identifier=value" for each row, as a short form for comparisons.
 inline QString brief(const FieldRows &rows) {
     QStringList parts;
     for (const FieldRow &row : rows)

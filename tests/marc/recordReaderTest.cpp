@@ -15,14 +15,14 @@ namespace {
 
 TEST(RecordCutter, OneLineGivesOneRecordAtTheMost) {
     const std::tuple<std::string, QString, qint64> cases[] = {
-        // ">" is the record terminator
-        {"a>\r\nb>\r\nc>\r\nd>", u"a>b>c>"_s, 4}, // no more are wanted
+        // ">" represents the record terminator
+        {"a>\r\nb>\r\nc>\r\nd>", u"a>b>c>"_s, 4}, // reading stops after three records
         {"a\r\nb\rc>d\r\ne>\r", u"abc>e>"_s, 4},
         {"\r\n\r\r\na>\r\n\r\nb>\r\n\r\n", u"a>b>"_s, 7},
-        {"a\nb>\n", u"a\nb>"_s, 1}, // a line feed alone ends nothing
+        {"a\nb>\n", u"a\nb>"_s, 1}, // a line feed alone does not end a line
         {"a\0b>\r"s, QString::fromUtf16(u"a\0b>", 4), 1},
         {">\r\n>", u">>"_s, 2},
-        // half a character at the end of a line does not swallow the first byte of the next
+        // half a character at the end of a line does not consume the first byte of the next line
         {"\xB0\r\n\xA1>\r\n\xB0\xA1\r\n\xB0\xA2>", u"\uFFFD\uFFFD>啊阿>"_s, 4},
     };
     const TestFolder folder;
@@ -40,7 +40,8 @@ TEST(RecordCutter, OneLineGivesOneRecordAtTheMost) {
     }
 }
 
-// Beyond what is held on trust the reader looks ahead for the terminator: nothing may be lost or cut by that.
+// Beyond LineReader::heldOnTrust bytes the reader searches ahead for the terminator, which must not lose or cut
+// anything.
 TEST(RecordCutter, LongPiecesAreWholeOrDropped) {
     constexpr qsizetype longSize = platform::LineReader::heldOnTrust + 5'000'000;
     const QByteArray line(longSize, 'x');
@@ -62,7 +63,7 @@ TEST(RecordCutter, LongPiecesAreWholeOrDropped) {
 }
 
 TEST(RecordCutter, HoldsALongRecordOnce) {
-    constexpr qint64 size = 60 << 20; // not where a buffer, growing by doubling, moves to twice the size
+    constexpr qint64 size = 60 << 20; // a size at which a buffer that grows by doubling does not have to grow
     const TestFolder folder;
     QFile large(folder.file(u"long.iso"_s, {}));
     ASSERT_TRUE(large.open(QIODevice::ReadWrite) && large.resize(size) && large.seek(size));
@@ -85,16 +86,16 @@ TEST(PreReadStore, OnlyGrowsAndGivesBackTheTextWhateverTheBytesWere) {
         EXPECT_EQ(store.rowCount(), rows);
     }
     EXPECT_EQ(store.text(20, 0) + store.text(20, 1) + store.text(20, 2), u"");
-    for (const auto &[text, bytes] : {std::pair(u"\uFFFD\uFFFD\x1D"_s, "\xB0\xA1\x1D"), // two lines, decoded apart
+    for (const auto &[text, bytes] : {std::pair(u"\uFFFD\uFFFD\x1D"_s, "\xB0\xA1\x1D"), // two lines, decoded separately
                                       {u"数据"_s, ""},
-                                      {u"ก字"_s, ""}}) { // a character without a code
+                                      {u"ก字"_s, ""}}) { // a character that the code page lacks
         store.setRecord(0, text, bytes);
         EXPECT_EQ(store.record(0), text);
     }
 }
 
-// In any order: a title before its record, again after an edit, one that stands nowhere, across two characters, or in
-// the bytes of a record that has gone.
+// Titles set in any order: before the record, again after an edit, one that does not occur in the record, one that
+// spans two characters, one in the bytes of a removed record.
 TEST(PreReadStore, TitlesStayWhatTheyAreWhateverBecomesOfTheRecord) {
     const auto pieces =
         std::to_array<QString>({u"?"_s, u"题"_s, u"名"_s, u"丂"_s, u"a"_s, u"1"_s, u"\uFFFD"_s, u"ก"_s, u"\xD83D"_s});
@@ -155,7 +156,7 @@ TEST(FieldCutter, CountsBytesFromTheBaseAddress) {
     const FieldCutter cutter(u"01234数据库\uFFFDx"_s); // five digits, six bytes, "?" and "x"
     EXPECT_EQ(cutter.cut(4, 1, 4), u"数据"_s);
     EXPECT_EQ(cutter.cut(5, 4, 99), u"库?x"_s);
-    EXPECT_EQ(cutter.cut(5, 1, 3), platform::decode("\xFD\xBE\xDD")); // as it comes
+    EXPECT_EQ(cutter.cut(5, 1, 3), platform::decode("\xFD\xBE\xDD")); // as stored
     EXPECT_EQ(cutter.cut(5, -5, 3), u"012"_s);
     EXPECT_EQ(cutter.cut(99999, 99999, 9999), u""_s);
     EXPECT_EQ(cutter.cut(5, -6, 3), std::nullopt);
@@ -167,9 +168,9 @@ TEST(Subfields, AreCutAtEachDelimiter) {
         {u"10"_s, u""_s},
         {u"10<a数据<f张<x"_s, u"a:数据 f:张 x:"_s},
         {u"<a1<a2"_s, u"a:1 a:2"_s},
-        {u"10<<a1"_s, u"<:! a:1"_s}, // the code of the first is the delimiter behind it
+        {u"10<<a1"_s, u"<:! a:1"_s}, // the code of the first subfield is the delimiter after it
         {u"10<"_s, u":!"_s},
-        {u"10<a1<"_s, u"a:1 :"_s}, // no failure behind another subfield
+        {u"10<a1<"_s, u"a:1 :"_s}, // no failure after another subfield
         {u"10<a1<<"_s, u"a:1 <:! :"_s},
     };
     for (const auto &[field, expected] : cases) {

@@ -16,9 +16,10 @@ std::vector<int> search(const PreReadStore &store, const QString &text, SearchPl
 
 } // namespace
 
-// What is found in bytes is what is found in texts, whatever lies across two characters.
+// Searching bytes finds the same records as searching texts, even where the bytes of two adjacent characters look like
+// the text sought.
 TEST(RecordSearch, FindsWhatStandsThere) {
-    const QString characters = u"aAzZ_啊丄丂A9@红楼梦\u0391\u03b1"_s; // trail bytes of some are letters
+    const QString characters = u"aAzZ_啊丄丂A9@红楼梦\u0391\u03b1"_s; // the trail bytes of some are ASCII letters
     Dice dice(936);
     PreReadStore store;
     store.setRows(400);
@@ -28,7 +29,7 @@ TEST(RecordSearch, FindsWhatStandsThere) {
             texts[size_t(row)] += characters[dice.below(characters.size())];
         store.setRecord(row, texts[size_t(row)]);
     }
-    store.setRecord(7, u"\u4dae红"_s); // held as text: it has no bytes
+    store.setRecord(7, u"\u4dae红"_s); // stored as text, because it cannot be encoded
     texts[7] = u"\u4dae红"_s;
     for (int i = 0; i < 200; ++i) {
         QString wanted;
@@ -56,7 +57,7 @@ TEST(RecordSearch, WalksTheHitsAroundTheEnd) {
         walk << found.after(row) << found.before(row) << found.number(row);
     EXPECT_EQ(walk, (QList<int>{2, 11, 0, 5, 11, 1, 11, 5, 0, 2, 5, 3}));
     store.setRows(30);
-    store.setTitle(29, u"annals"_s); // listed meanwhile
+    store.setTitle(29, u"annals"_s); // listed while the search runs
     while (found.step()) {
     }
     EXPECT_EQ(found.after(11), 29);
