@@ -9,8 +9,8 @@ namespace importing {
 
 namespace {
 
-// The key of the record's row: the only one after the keys known earlier. Where there are others, somebody else imports
-// too, and a row with the same record may be theirs.
+// Returns the key of the record's row if it is the only row after the earlier keys. If there are other rows, another
+// user is importing too, and a row with the same record may be theirs.
 std::optional<qint64> keyInStore(const marc::RawRecord &marc, database::Connection &connection,
                                  const QList<qint64> &earlier) {
     const auto last = std::ranges::max_element(earlier);

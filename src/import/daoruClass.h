@@ -1,4 +1,4 @@
-// The import of one record into the copy-cataloguing table, over a connection of its own.
+// Imports one record into the copy-cataloguing table, over a connection of its own.
 #pragma once
 
 #include "database/sublib.h"
@@ -10,16 +10,16 @@ namespace importing {
 
 struct Daoru {
     bool wentIn = false;
-    QString fault;             // why not, as far as the machine or the record says
-    std::optional<qint64> key; // of the row, where the server tells
+    QString fault;             // the reason for a failure, as far as the system or the record provides one
+    std::optional<qint64> key; // of the row, if the server reports it
 };
 
-// A damaged directory and a database that cannot be reached are
-// told in a box; a statement that fails is not told here. An empty record does nothing.
-// Where the connection is lost before the server has answered, the store is asked for the row, among those after the
-// greatest of `earlier`, the keys of the rows that went in before. A row that is the only one there went in. Otherwise
-// the record is in doubt: it may still come in, or a row found may be another person's. The fault says so, and nothing
-// is sent again. The key alone, where it was lost, is asked for in the same way.
+// Imports the record. A damaged directory and an unreachable database are reported in a box; a failed statement is not
+// reported here. An empty record has no effect.
+// If the connection is lost before the server has answered, the row is looked up in the table after the greatest key of
+// `earlier`, the keys of the rows imported before. If it is the only row after that key, it was imported. Otherwise the
+// record is in doubt: it may still be inserted, or a row found may be another user's. The fault says so, and nothing is
+// sent again. If only the key was lost, it is looked up in the same way.
 Daoru daoruRecord(const marc::RawRecord &marc, const database::SessionState &state, platform::RunBoxes &boxes,
                   const QList<qint64> &earlier = {});
 

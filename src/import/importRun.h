@@ -1,4 +1,4 @@
-// What an import run counts and says, apart from the window that shows it and the database that takes the rows.
+// The counts and texts of an import run, independent of the window that shows them and of the database.
 #pragma once
 
 #include <QString>
@@ -7,7 +7,8 @@
 
 namespace importing {
 
-// 100 × done / total with two decimals, a half rounded up, and "%": "0.00%" to "100.00%". `total` is above 0.
+// Returns 100 × done / total with two decimals, a half rounded up, and "%": "0.00%" to "100.00%". `total` must be above
+// 0.
 QString percentage(qint64 done, qint64 total);
 
 class ImportRun {
@@ -15,18 +16,19 @@ public:
     explicit ImportRun(int total)
         : m_total(total) {}
 
-    // Whether a record is left to take.
+    // Returns whether a record is left to take.
     bool hasNext() const { return m_taken < m_total; }
-    // The list row of the next record, from 0.
+    // Returns the list row of the next record, from 0.
     int nextRow() const { return m_taken; }
-    // Takes the next record; `daoru` says whether it went in. It is not called for an empty one: the result before it
-    // then stands, so that an empty row behind a record that went in counts as one more.
+    // Takes the next record; `daoru` imports it and returns whether it succeeded. `daoru` is not called for an empty
+    // record: the result of the previous record is used again, so that an empty row after a successful record counts as
+    // one more.
     void take(const QString &record, const std::function<bool(const QString &)> &daoru);
 
     int taken() const { return m_taken; }
     int succeeded() const { return m_succeeded; }
-    bool lastWentIn() const { return m_lastWentIn; } // or, for an empty record, the one before it
-    QString countText() const;                       // says 0 after a failure, without touching the count
+    bool lastWentIn() const { return m_lastWentIn; } // for an empty record, the result of the previous one
+    QString countText() const;                       // shows 0 after a failure, without changing the count
     QString percentText() const { return percentage(m_taken, m_total); }
     QString closingText() const;
 

@@ -15,13 +15,13 @@ namespace {
 
 using TextColumn = QString RecordRow::*;
 
-// A text column takes the first value that is not empty, over all fields of the tag.
+// A text column takes the first non-empty value over all fields of the tag.
 struct TextRule {
     QStringView tag;
     char16_t code;
     TextColumn column;
-    qsizetype length;       // characters kept
-    bool endsField = false; // nothing behind the first such subfield of a field is looked at
+    qsizetype length;       // the number of characters kept
+    bool endsField = false; // the rest of a field after its first such subfield is ignored
 };
 
 constexpr auto textRules = std::to_array<TextRule>({
@@ -41,7 +41,7 @@ constexpr auto textRules = std::to_array<TextRule>({
     {u"690", u'a', &RecordRow::classcode, 10, true},
 });
 
-// A number column takes every value that has digits, so that the last one stays.
+// A number column takes every value that has digits, so that the last one remains.
 struct NumberRule {
     QStringView tag;
     char16_t code;
@@ -54,7 +54,7 @@ void storePages(RecordRow &row, QStringView digits) {
 }
 
 void storePrice(RecordRow &row, QStringView digits) {
-    constexpr qint64 largestCurrency = 922'337'203'685'477; // a 64-bit count of ten-thousandths
+    constexpr qint64 largestCurrency = 922'337'203'685'477; // a 64-bit number of ten-thousandths
     bool fits = false;
     const qint64 price = digits.toLongLong(&fits);
     if (fits && price <= largestCurrency)
@@ -89,7 +89,7 @@ constexpr auto documentClasses = std::to_array<DocumentClass>({
     {u'v', u"善本书"},
 });
 
-constexpr qsizetype documentClassAt = 6; // position in the leader, counted from 0
+constexpr qsizetype documentClassAt = 6; // offset in the leader, counted from 0
 
 QString documentClass(QStringView leader) {
     if (leader.size() <= documentClassAt)
@@ -103,7 +103,7 @@ QString doubledApostrophes(QString text) {
     return text.replace(u'\'', u"''"_s);
 }
 
-// The first unbroken run of digits.
+// Returns the first run of consecutive digits.
 QStringView firstDigits(QStringView value) {
     const auto isDigit = [](QChar c) { return c >= u'0' && c <= u'9'; };
     const auto *from = std::find_if(value.begin(), value.end(), isDigit);
@@ -111,7 +111,7 @@ QStringView firstDigits(QStringView value) {
     return QStringView(from, to);
 }
 
-// False where the rest of the field is not looked at.
+// Returns false if the rest of the field must be ignored.
 bool takeSubfield(RecordRow &row, QStringView tag, char16_t code, QStringView value) {
     for (const NumberRule &rule : numberRules) {
         if (rule.code == code && rule.tag == tag) {
@@ -130,7 +130,7 @@ bool takeSubfield(RecordRow &row, QStringView tag, char16_t code, QStringView va
 }
 
 void takeField(RecordRow &row, QStringView tag, QStringView field) {
-    field.chop(field.isEmpty() ? 0 : 1); // the terminator, unlooked at
+    field.chop(field.isEmpty() ? 0 : 1); // the terminator, without a check
     for (marc::SubfieldWalk walk(field); walk.next();) {
         const char16_t code = walk.code().isEmpty() ? u'\0' : walk.code()[0].unicode();
         if (!takeSubfield(row, tag, code, walk.value()))
@@ -143,7 +143,7 @@ bool hasRule(QStringView tag) {
            std::ranges::find(numberRules, tag, &NumberRule::tag) != numberRules.end();
 }
 
-// The numbers of an entry are the numbers that their texts start with.
+// Returns the number at the start of the entry's text.
 qint64 entryNumber(QStringView text) {
     if (const auto number = platform::toInt32(text))
         return *number;
@@ -158,10 +158,10 @@ std::optional<RecordRow> recordRow(const marc::RawRecord &record) {
         return std::nullopt;
     RecordRow row;
     const marc::FieldCutter cutter(record);
-    // A base address that is no number leaves the variable at 0, and the fields are cut from there.
+    // If the base address is not a number, 0 is used.
     const auto base = qint64(std::nearbyint(platform::toDouble(directory.baseAddress).value_or(0)));
     marc::FieldAllowance allowance(cutter);
-    QByteArrayView field; // a cut that fails leaves the bytes of the entry before
+    QByteArrayView field; // a failed cut keeps the bytes of the previous entry
     for (qsizetype i = 0; i < directory.count(); ++i) {
         const auto cut = cutter.cutBytes(base, entryNumber(directory.start(i)), entryNumber(directory.length(i)));
         field = cut.value_or(field);

@@ -1,5 +1,5 @@
-// From one record to one row of the copy-cataloguing table. A step that cannot be done (a number that is none, an
-// offset outside, a run of digits that does not fit) is passed over and leaves its target as it was.
+// Converts one record to one row of the copy-cataloguing table. A step that fails (an invalid number, an offset outside
+// the record, a run of digits that does not fit) is skipped and leaves its target unchanged.
 #pragma once
 
 #include "marc/rawRecord.h"
@@ -8,20 +8,20 @@
 
 namespace importing {
 
-// The eighteen columns in the order of the insert statement. Texts are cut to the column's characters first and have
-// their apostrophes doubled afterwards, ready to stand between apostrophes.
+// The eighteen columns in the order of the insert statement. Texts are first cut to the length of the column; then
+// their apostrophes are doubled, for use in a literal.
 struct RecordRow {
     QString bookname, author, edition, isbn, pubplace, publisher, pubdate;
     qint16 pages = 0;
     QString classcode, books, booksauthor, measure, docclass, ztc, appendix, lagclass;
-    qint64 price = 0; // whole units: the run of digits ends at a point
+    qint64 price = 0; // whole units: the digits end at a decimal point
     QString marc;
 };
 
-// Nothing where the directory is damaged. A record without a field terminator gives a nearly empty row.
+// Returns std::nullopt if the directory is damaged. A record without a field terminator gives a nearly empty row.
 std::optional<RecordRow> recordRow(const marc::RawRecord &record);
 
-// The statement that inserts the row, in the one dialect of the program.
+// Returns the statement that inserts the row, in the dialect of the program.
 QString insertStatement(const RecordRow &row);
 
 } // namespace importing

@@ -55,7 +55,7 @@ void frmDaoRuJindu::lay() {
     labJinDuShu->setMinimumWidth(fontMetrics().horizontalAdvance(u"已经成功处理的记录数：2147483647"_s));
     labTishi->hide();
     cmdRefused->hide();
-    // The closing line takes the place of the bar, below the lines before it.
+    // The closing line replaces the progress bar, below the other lines.
     QBoxLayout *last = row({{barJinduTishi, 1}, LabBi, {labTishi, 1}, cmdRefused});
     last->addStrut(cmdRefused->sizeHint().height());
     setLayout(column({row({Picture1, {column({labEndShu, labJinDuShu, last}), 1}}), widgets::stretch(),
@@ -64,7 +64,7 @@ void frmDaoRuJindu::lay() {
 
 void frmDaoRuJindu::showEvent(QShowEvent *event) {
     Window::showEvent(event);
-    QMetaObject::invokeMethod(this, &frmDaoRuJindu::activate, Qt::QueuedConnection); // once the window stands
+    QMetaObject::invokeMethod(this, &frmDaoRuJindu::activate, Qt::QueuedConnection); // after the window is shown
 }
 
 void frmDaoRuJindu::activate() {
@@ -85,7 +85,7 @@ void frmDaoRuJindu::run() {
         return;
     }
     labEndShu->setText(labEndShu->text() + Text2->text());
-    barJinduTishi->setRange(0, std::max(1, *recordTotal)); // a range of nothing would show a bar that never rests
+    barJinduTishi->setRange(0, std::max(1, *recordTotal)); // an empty range would show a busy indicator
     barJinduTishi->setValue(0);
     setWindowTitle(u"套录库数据导入进度"_s);
     labJinDuShu->setPacedText(u"正在准备导入................."_s);
@@ -98,7 +98,7 @@ void frmDaoRuJindu::run() {
                  [&](const QString &record) { return take(record, at, boxes); });
         labJinDuShu->setPacedText(run.countText());
         if (!run.lastWentIn())
-            paintNow(labJinDuShu); // the 0 of a failure: the next success replaces it
+            paintNow(labJinDuShu); // shows the 0 of a failure before the next success replaces it
         barJinduTishi->setValue(run.taken());
         LabBi->setPacedText(run.percentText());
         m_host.yield();
@@ -107,7 +107,7 @@ void frmDaoRuJindu::run() {
     }
     labJinDuShu->setPacedText(u"处理完毕！"_s);
     labTishi->setText(run.closingText());
-    cmdStop->setEnabled(false); // there is nothing left to stop
+    cmdStop->setEnabled(false); // nothing is left to stop
     m_taken = run.taken();
     cmdRefused->setText(u"&N 未成功 %1 条"_s.arg(m_refused.size()));
     cmdRefused->setAccessibleName(u"未成功 %1 条"_s.arg(m_refused.size()));

@@ -1,5 +1,5 @@
-// Runs the import of a record list and shows how far it has got. The run starts when the window first comes up and
-// goes on record by record, with the window alive in between; rows that went in stay in after a stop.
+// Runs the import of a record list and shows its progress. The run starts when the window is first shown and proceeds
+// record by record, processing events in between; imported rows are kept after a stop.
 #pragma once
 
 #include "database/sublib.h"
@@ -19,29 +19,29 @@ namespace importing {
 class frmDaoRuJindu final : public widgets::Window {
     Q_OBJECT
 public:
-    // Whoever opens the window fills Text1 and Text2 before showing it.
+    // The caller fills Text1 and Text2 before showing the window.
     frmDaoRuJindu(platform::Host &host, const database::SessionState &state,
                   std::shared_ptr<const marc::PreReadStore> records, QWidget *parent = nullptr);
 
-    // Runs the import; only the first call does, whatever the window system reports.
+    // Runs the import on the first call only; the window system may cause more calls.
     void activate();
 
-    // What became of the records so far.
+    // The result so far.
     const std::vector<marc::RefusedRecord> &refused() const { return m_refused; }
-    int wentIn() const { return m_wentIn; }              // records; an empty row is none
-    const QList<qint64> &keys() const { return m_keys; } // of the rows that went in
-    int taken() const { return m_taken; }                // rows of the list that the run came to
+    int wentIn() const { return m_wentIn; }              // imported records, not counting empty rows
+    const QList<qint64> &keys() const { return m_keys; } // of the imported rows
+    int taken() const { return m_taken; }                // rows of the list processed so far
 
-    QLineEdit *Text1; // "0" from the opener; never read
-    QLineEdit *Text2; // the number of records, from the opener
+    QLineEdit *Text1; // set to "0" by the caller; never read
+    QLineEdit *Text2; // the number of records, set by the caller
     QLabel *Picture1;
     QLabel *labEndShu;
     widgets::PacedLabel *labJinDuShu;
     widgets::PacedLabel *LabBi;
     QLabel *labTishi;
     QProgressBar *barJinduTishi;
-    widgets::Button *cmdRefused; // "未成功 117 条": names them
-    widgets::Button *cmdStop;    // disabled is the sign to stop
+    widgets::Button *cmdRefused; // "未成功 117 条": lists the refused records
+    widgets::Button *cmdStop;    // disabled once a stop is requested
     widgets::Button *cmdQuit;
 
 Q_SIGNALS:
