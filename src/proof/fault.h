@@ -1,4 +1,4 @@
-// What a proof finds wrong with a record, as a value; and the fixed text of its report.
+// A fault found in a record by a proof, and the fixed text of the report.
 #pragma once
 
 #include <QString>
@@ -8,19 +8,19 @@
 namespace proof {
 
 enum class FaultKind {
-    Missing,      // a required field
-    Repeated,     // a field
-    Subfield,     // by the template
-    Isbn,         // as a whole
-    IsbnParts,    // their number
-    IsbnSegments, // one or more of them
+    Missing,      // a required field is missing
+    Repeated,     // a field is repeated
+    Subfield,     // a rule of the template is violated
+    Isbn,         // the ISBN as a whole is wrong
+    IsbnParts,    // the ISBN has the wrong number of segments
+    IsbnSegments, // one or more segments are wrong
 };
 
 struct Fault {
     FaultKind kind = FaultKind::Missing;
     QString tag;
-    std::optional<qsizetype> element; // of the rows, where it stands; nothing of a field that is missing
-    QString words;                    // one line or several, with CR LF between
+    std::optional<qsizetype> element; // index in the rows; std::nullopt for a missing field
+    QString words;                    // one or more lines, separated by CR LF
 };
 
 QString report(const std::vector<Fault> &faults);

@@ -45,7 +45,7 @@ Fault fourSegmentsWanted() {
     return fault(FaultKind::IsbnParts, words);
 }
 
-// With a line for each segment that is wrong.
+// Returns a fault with one line for each wrong segment.
 std::optional<Fault> segmentFault(const QList<QStringView> &parts) {
     QString lines;
     for (size_t i = 0; i < segments.size(); ++i) {
@@ -75,7 +75,7 @@ std::optional<Fault> checkISBN(const QString &text) {
     if (auto wrong = segmentFault(parts))
         return wrong;
 
-    // A segment may be a number and yet hold a sign, a point or blanks; only digits can be summed up.
+    // A segment that is a number may contain a sign, a decimal point or blanks, but the check digit needs digits.
     const QString joined = QString(text).remove(u'-');
     const QStringView digits = QStringView(joined).first(checkedDigits);
     if (!std::ranges::all_of(digits, isDigit))

@@ -1,4 +1,4 @@
-// The third proof: the ten-digit ISBN in 010 $a, written in four segments with hyphens, 13 characters in all.
+// The third proof: the ten-digit ISBN in 010 $a, written as four segments with hyphens, 13 characters in total.
 #pragma once
 
 #include "marc/fieldRows.h"
@@ -6,10 +6,10 @@
 
 namespace proof {
 
-// What is wrong, or nothing. `text` has no blanks at its ends.
+// Returns the fault of the ISBN, or std::nullopt. `text` must have no blanks at its ends.
 std::optional<Fault> checkISBN(const QString &text);
 
-// checkISBN of the last filled $a of the first field 010: one fault, or none.
+// Returns the result of checkISBN() for the last non-empty $a of the first field 010: one fault, or none.
 std::vector<Fault> proofISBN(const marc::FieldRows &rows);
 
 } // namespace proof

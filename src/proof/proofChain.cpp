@@ -8,7 +8,7 @@ namespace proof {
 
 namespace {
 
-// The first two proofs end every line with CR LF, and one more goes between: an empty line parts their reports.
+// The first two proofs end every line with CR LF; one more CR LF makes an empty line between the reports.
 void join(QString &report, const QString &next) {
     report += report.isEmpty() ? next : QString(u"\r\n" + next);
 }

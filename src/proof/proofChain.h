@@ -1,5 +1,5 @@
-// The three proofs of one record, one after the other, and their joined report. They read the grid's rows as they
-// stand, with every edit in them, and change nothing.
+// Runs the three proofs on one record and joins their reports. The proofs read the current rows of the grid, with all
+// edits, and change nothing.
 #pragma once
 
 #include "marc/fieldRows.h"
@@ -8,7 +8,7 @@
 
 namespace proof {
 
-// What each of them has found.
+// The faults found by each proof.
 struct RecordFaults {
     std::vector<Fault> structural;
     std::vector<Fault> byTemplate;
@@ -17,18 +17,17 @@ struct RecordFaults {
     std::optional<platform::Failure> unread; // why the template could not be opened
 };
 
-// `folder` is the program's own, with a separator at its end.
+// `folder` is the program's own folder, with a separator at its end.
 RecordFaults faultsOf(const marc::FieldRows &rows, const QString &folder);
 
-inline constexpr QStringView proofPassed = u"校对通过"; // the box's text where the report is empty
+inline constexpr QStringView proofPassed = u"校对通过"; // the text of the box if the report is empty
 
 struct RecordProof {
-    QString report;    // empty where the record has passed
-    QString complaint; // the text of a box to be shown ahead of the report, else empty
+    QString report;    // empty if the record passed
+    QString complaint; // the text of a box to show before the report, else empty
 };
 
-// Fails, with no report at all, where the template cannot
-// be opened.
+// Fails, without a report, if the template cannot be opened.
 platform::Result<RecordProof> proofRecord(const marc::FieldRows &rows, const QString &folder);
 
 } // namespace proof

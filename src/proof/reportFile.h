@@ -1,12 +1,13 @@
-// The report on disk: "errorlog.txt" beside the program holds the report saved last.
+// Saves the report to "errorlog.txt" in the program's own folder, which holds the report saved last.
 #pragma once
 
 #include "platform/result.h"
 
 namespace proof {
 
-// Replaces the file in `folder` (with a separator at its end) by the text, in code page 936, and one line end. The
-// words that tell where it is, or the reason why it could not be written; then the old file may be gone.
+// Replaces the file in `folder` (with a separator at its end) by the text and one line end, in code page 936. Returns
+// the text that names the file. Fails if the file cannot be written; the old file may then be lost if the folder allows
+// no new file.
 platform::Result<QString> saveReport(const QString &text, const QString &folder);
 
 } // namespace proof

@@ -10,7 +10,7 @@ namespace {
 constexpr qsizetype longForm = 13;
 constexpr qsizetype shortForm = 10;
 constexpr qsizetype issnForm = 8;
-constexpr IsbnKey beyondLongForm = 10'000'000'000'000; // keys of short forms that are wrong start here
+constexpr IsbnKey beyondLongForm = 10'000'000'000'000; // keys of ten-digit ISBNs with a wrong check digit start here
 constexpr QStringView bookland = u"978";
 
 bool isDigit(QChar c) {
@@ -25,7 +25,7 @@ bool areDigits(QStringView text) {
     return std::all_of(text.begin(), text.end(), isDigit);
 }
 
-// The digits at the start of the text, with an X as the check digit.
+// Returns the digits at the start of the text, with an X as the check digit.
 QString plainNumber(QStringView text) {
     QString plain;
     plain.reserve(longForm);
@@ -42,7 +42,7 @@ bool startsAsBook(QStringView plain) {
     return plain.startsWith(bookland) || plain.startsWith(u"979");
 }
 
-// Modulo 10, weights 1 and 3 in turn; of the first twelve digits.
+// Returns the check digit of the first twelve digits: modulo 10, with alternating weights 1 and 3.
 QChar checkDigit13(QStringView plain) {
     int sum = 0;
     for (qsizetype i = 0; i < longForm - 1; ++i)

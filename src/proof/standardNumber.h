@@ -1,4 +1,5 @@
-// ISBN and ISSN as catalogues write them: with hyphens, blanks or neither, and often with a word on the binding behind.
+// ISBN and ISSN as written in catalogues: with hyphens, with blanks or without, and often followed by a word about the
+// binding.
 #pragma once
 
 #include <QString>
@@ -7,26 +8,28 @@
 
 namespace proof {
 
-// The check digit of the short ISBN and of the ISSN: modulo 11, with weights that fall to 2 at the last of the digits.
+// Returns the check digit of a ten-digit ISBN or of an ISSN: modulo 11, with weights that decrease to 2 for the last of
+// the digits.
 QChar checkDigit11(QStringView digits);
 
-// What two spellings of one ISBN have in common: its number in the form of thirteen digits. 0: none.
+// Equal for different spellings of one ISBN: its number in the 13-digit form. 0: none.
 using IsbnKey = quint64;
 
-// An ISBN of ten becomes the one of thirteen where its check digit is right; else it is like itself alone. Nothing is
-// asked of the check digit of one of thirteen.
+// A ten-digit ISBN is converted to the 13-digit form if its check digit is correct; otherwise its key equals only that
+// of the same ten characters. The check digit of a 13-digit ISBN is not checked.
 IsbnKey isbnKey(QStringView text);
 
-// Whether an ISBN of thirteen digits stands there, be it right or wrong.
+// Returns whether the text starts with a 13-digit ISBN, correct or not.
 bool isIsbn13(QStringView text);
-// What is wrong with an ISBN of thirteen digits; nothing for a right one, nor for whatever else stands there.
+// Returns the fault of a 13-digit ISBN; std::nullopt if it is correct or the text is not one.
 std::optional<QString> isbn13Fault(QStringView text);
 
-// The import keeps so many characters of an ISBN. One of thirteen that is written with hyphens loses its end there.
+// The number of characters of an ISBN that the import keeps. A 13-digit ISBN with hyphens loses its end there.
 inline constexpr qsizetype isbnKept = 13;
-// The digits that are left of such a one in the store; empty where the text is no such thing.
+// Returns the digits that are left in the table of a 13-digit ISBN cut in this way; an empty string if the text is not
+// such an ISBN.
 QString cutIsbn13(QStringView stored);
-// Whether the ISBN may be the one that was cut.
+// Returns whether the ISBN may be the one that was cut.
 bool beginsWith(IsbnKey isbn, const QString &cut);
 
 std::optional<QString> issnFault(QStringView text);

@@ -9,7 +9,7 @@ namespace proof {
 
 namespace {
 
-enum class Kind { Required, Single }; // required fields are not repeatable either
+enum class Kind { Required, Single }; // required fields must not be repeated either
 
 struct Rule {
     QStringView tag;

@@ -1,4 +1,4 @@
-// The first proof: fields that must be there, and fields that must not be there twice, counted against a fixed table.
+// The first proof: required fields and fields that must not be repeated, counted by a fixed table.
 #pragma once
 
 #include "marc/fieldRows.h"
@@ -6,8 +6,8 @@
 
 namespace proof {
 
-// Tags are compared as they stand, so a tag with a blank after it counts as another tag; tags outside the table are
-// free. A fault of a repeated field stands at its second occurrence.
+// Tags are compared exactly, so that a tag followed by a blank is another tag; tags outside the table are not checked.
+// The fault of a repeated field refers to its second occurrence.
 std::vector<Fault> proofFields(const marc::FieldRows &rows);
 
 } // namespace proof

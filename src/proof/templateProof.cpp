@@ -23,10 +23,10 @@ struct Reference {
 
 struct Field {
     qsizetype element;
-    std::span<const marc::FieldRow> subfields; // up to the next field row
+    std::span<const marc::FieldRow> subfields; // the rows up to the next field row
 };
 
-// The first field `tag`; nothing where the record has no such field.
+// Returns the first field `tag`; std::nullopt if the record has no such field.
 std::optional<Field> firstField(const marc::FieldRows &rows, const QString &tag) {
     const auto field = std::ranges::find(rows, tag, &marc::FieldRow::identifier);
     if (field == rows.end())
@@ -39,7 +39,7 @@ bool hasCode(const marc::FieldRow &row, QChar code) {
     return row.identifier.endsWith(code);
 }
 
-// What is wrong with the subfield, as the end of the words; empty where nothing is.
+// Returns the fault of the subfield as the end of its text; empty if there is none.
 using Check = QStringView (*)(std::span<const marc::FieldRow> subfields, QChar code);
 
 QStringView mustBeFilled(std::span<const marc::FieldRow> subfields, QChar code) {
@@ -68,15 +68,15 @@ bool endsSection(const QString &line) {
     return line.isEmpty() || (line.startsWith(u'[') && line.endsWith(u']'));
 }
 
-// The first three characters and the last one; what stands between is free.
+// The first three characters and the last one; those between are ignored.
 std::optional<Reference> referenceOf(const QString &line) {
     if (line.size() < 3)
         return std::nullopt;
     return Reference{line.first(3), line.back()};
 }
 
-// Everything that the sections of one kind say of the record. The line that ends a section is used up, so that a
-// header in that place opens nothing.
+// Returns the faults found by all sections of one kind. The line that ends a section is consumed, so that a header in
+// its place starts no section.
 std::vector<Fault> proofSections(LineReader &reader, const Section &section, const marc::FieldRows &rows) {
     const QByteArray header = platform::encode(section.header);
     std::vector<Fault> faults;
@@ -102,7 +102,7 @@ std::vector<Fault> proofSections(LineReader &reader, const Section &section, con
 } // namespace
 
 platform::Result<TemplateProof> proofTemplate(const marc::FieldRows &rows, const QString &folder) {
-    // The file tested is the list of fields, the file named is the template: so the offices know the box.
+    // The check is for the field list, but the box names the template: users know this box.
     if (!platform::fileExists(folder + marc::fieldListFile))
         return TemplateProof{{}, marc::configurationComplaint(folder, marc::templateFile, u"】丢失。")};
 

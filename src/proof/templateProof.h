@@ -1,5 +1,6 @@
-// The second proof: what an office demands of subfields, read afresh from the template "mobanJiaoDui.QVs" beside the
-// program. Only the first occurrence of a field is looked at, and a field that the record does not have is passed over.
+// The second proof: the office's rules about subfields, read again at each use from the template "mobanJiaoDui.QVs" in
+// the program's own folder. Only the first occurrence of a field is checked, and a field that the record does not have
+// is skipped.
 #pragma once
 
 #include "marc/fieldRows.h"
@@ -9,11 +10,11 @@
 namespace proof {
 
 struct TemplateProof {
-    std::vector<Fault> faults; // each stands at its field
+    std::vector<Fault> faults; // each refers to its field
     QString complaint;         // the text of a box about a missing file, else empty
 };
 
-// `folder` is the program's own, with a separator at its end. Fails where the template cannot be opened.
+// `folder` is the program's own folder, with a separator at its end. Fails if the template cannot be opened.
 platform::Result<TemplateProof> proofTemplate(const marc::FieldRows &rows, const QString &folder);
 
 } // namespace proof

@@ -1,5 +1,5 @@
-// The report list: a long text that can be read, edited and saved. Whoever has a text to show sets it and opens the
-// window modally; closing it saves nothing.
+// The report window: a long text that can be read, edited and saved. The caller sets the text and opens the window
+// modally; closing it saves nothing.
 #pragma once
 
 #include "platform/host.h"
@@ -14,7 +14,7 @@ class frmMessage : public widgets::Window {
 public:
     explicit frmMessage(platform::Host &host, QWidget *parent = nullptr);
 
-    // Line breaks in the text are CR LF.
+    // Line breaks in the text must be CR LF.
     void setText(const QString &text);
 
     widgets::TextBox *const messageText;
