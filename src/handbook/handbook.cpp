@@ -13,12 +13,12 @@ namespace {
 
 struct WindowRow {
     QStringView name;
-    QStringView within; // the window next around or behind it; empty: wherever it is
+    QStringView within; // the next window around or behind it; empty: any
     QStringView page;
     QStringView heading; // of the section; empty: the whole page
 };
 
-// The first row that fits is taken.
+// The first matching row is used.
 constexpr auto windowRows = std::to_array<WindowRow>({
     {u"richText", u"frmDaoru", u"editing.md", u"改内容"},
     {u"Text1", u"frmDaoru", u"editing.md", u"改标识符和说明"},
@@ -125,7 +125,7 @@ QString anchorOf(const QString &heading) {
 }
 
 Hits hitsIn(const QString &pageText, const QString &words) {
-    constexpr qsizetype before = 10, behind = 30; // characters
+    constexpr qsizetype before = 10, behind = 30; // in characters
     Hits hits;
     if (words.isEmpty())
         return hits;

@@ -1,5 +1,5 @@
-// The handbook that the program carries: its pages in the order of the contents, which of them tells of what is in
-// front, and where a text stands in them.
+// The handbook included in the program: its pages in the order of the contents, the section for a control or window,
+// and a text search.
 #pragma once
 
 #include <QStringList>
@@ -12,31 +12,31 @@ inline constexpr QStringView firstPage = u"index.md";
 
 struct Page {
     QString file;  // "import.md"
-    QString title; // its first heading
+    QString title; // the first heading of the page
 };
 
-// The pages of a folder: the first page, then as that one lists them, then those that it has forgotten, by name.
+// Returns the pages of a folder: the first page, the pages it links to in order, then all others by name.
 std::vector<Page> pagesIn(const QString &folder);
 
-// Where to open the handbook.
+// A position in the handbook.
 struct Place {
     QString file;
-    QString heading; // as it is in the page; empty: the top
+    QString heading; // as written in the page; empty: the top of the page
 };
 
-// The section about what is in front, given the names of the control with the keyboard and of all that it stands
-// in, from inside to outside and on to the windows behind; nothing where none of them has a page.
+// Returns the section for the control with the keyboard focus. `names` contains the names of the control and its
+// parents, from the inside out, then those of the windows behind. Returns std::nullopt if none of them has a page.
 std::optional<Place> placeOf(const QStringList &names);
-// Every place that placeOf() may give.
+// Returns every place that placeOf() may return.
 std::vector<Place> allPlaces();
 
-// What a link to a heading names it by, as Markdown's readers make it: small letters, without signs, "-" for blanks.
+// Returns the anchor of a heading as Markdown renderers form it: lower case, without punctuation, "-" for a blank.
 QString anchorOf(const QString &heading);
 
-// Where the text stands in a page.
+// The occurrences of a text in a page.
 struct Hits {
     int count = 0;
-    QString excerpt; // the first place, with what is around it
+    QString excerpt; // the first occurrence, with the text around it
 };
 Hits hitsIn(const QString &pageText, const QString &words);
 

@@ -111,23 +111,23 @@ void frmHandbook::openBefore(QWidget *window, const Place &place) {
     standBefore(window);
     view->setFocus();
     show();
-    view->open(place.file, place.heading); // once it has its width: the heading stands elsewhere in another one
+    view->open(place.file, place.heading); // after show(): the position of the heading depends on the width
     contents->scrollToItem(contents->currentItem());
     raise();
     activateWindow();
 }
 
-// The toolkit blocks every window but the one to be answered and what stands in front of that. To change the place in a
-// window that is shown neither hides it nor moves the keyboard.
+// Qt blocks every window except the modal one and those with it as transient parent. Changing the transient parent of a
+// visible window neither hides it nor moves the keyboard focus.
 void frmHandbook::standBefore(QWidget *window) {
-    winId(); // makes its place
+    winId(); // creates the QWindow
     QWindow *place = window ? window->window()->windowHandle() : nullptr;
     windowHandle()->setTransientParent(place);
     if (place)
         connect(place, &QObject::destroyed, this, &frmHandbook::standInFront,
                 Qt::ConnectionType(Qt::QueuedConnection | Qt::UniqueConnection));
     const QWidgetList others = QApplication::topLevelWidgets();
-    for (QWidget *other : others) // what it has opened itself comes along
+    for (QWidget *other : others) // windows opened by the handbook move with it
         if (other->parentWidget() == this && other->windowHandle())
             other->windowHandle()->setTransientParent(windowHandle());
 }
@@ -184,11 +184,11 @@ void frmHandbook::showContents() {
     }
 }
 
-// Of the page in the contents, and of the mark in the page.
+// Selects the page in the contents and shows the number of the current mark.
 void frmHandbook::showPlace() {
     const QString words = findText->text();
     if (view->marks() == 0)
-        view->mark(words); // of a page that came up
+        view->mark(words); // for a page that was just opened
     const QSignalBlocker quiet(contents);
     contents->setCurrentItem(nullptr);
     for (int i = 0; i < contents->count(); ++i)
@@ -218,7 +218,7 @@ void frmHandbook::step(int direction) {
     int mark = direction > 0 ? view->markBehind() : view->markBefore();
     if (mark < 0) {
         const int pages = contents->count();
-        const int at = contents->currentRow(); // -1: the page in hand is none of them
+        const int at = contents->currentRow(); // -1: the current page is not among them
         const int page = at < 0 ? (direction > 0 ? 0 : pages - 1) : (at + direction + pages) % pages;
         view->open(contents->item(page)->data(Qt::UserRole).toString());
         mark = direction > 0 ? 0 : view->marks() - 1;

@@ -1,6 +1,5 @@
-// The handbook beside the work: the contents, one page, what is looked for in all of them. It stays usable whatever
-// window comes in front of it to be answered, and outlives the one it was opened from; it never takes the keyboard by
-// itself but when it is opened.
+// The handbook window: the contents, one page, and a search in all pages. It stays usable while any modal window is
+// open, and outlives the window it was opened from; it takes the keyboard focus only when it is opened.
 #pragma once
 
 #include "handbook/handbook.h"
@@ -20,16 +19,16 @@ class frmHandbook final : public widgets::Window {
 public:
     explicit frmHandbook(platform::Host &host, const QString &folder = QStringLiteral(":/handbook"));
 
-    // Shows the place in front of that window, with the keyboard, which goes back there.
+    // Shows the place in front of `window`, with the keyboard focus, which returns to `window` at the end.
     void openBefore(QWidget *window, const Place &place);
 
     void lookFor(const QString &words);
-    void next(); // on to the next page that has the words, behind the last one of this page
+    void next(); // continues on the next page with the text after the last occurrence on this page
     void previous();
     void printPage();
 
     PageView *view;
-    QListWidget *contents; // or, while something is looked for, the pages that have it
+    QListWidget *contents; // or, during a search, the pages with the text
     QLineEdit *findText;
     QLabel *findCount;
     widgets::Button *cmdBack;
@@ -48,8 +47,8 @@ private:
     void bindKeys();
     void showContents();
     void showPlace();
-    void standBefore(QWidget *window); // null: on its own
-    void standInFront();               // of what waits to be answered
+    void standBefore(QWidget *window); // null: no window
+    void standInFront();               // in front of the current modal window
     void step(int direction);
     void leave(const QUrl &link);
     const QString &textOf(const QString &file);
@@ -57,7 +56,7 @@ private:
     platform::Host &m_host;
     QString m_folder;
     std::vector<Page> m_pages;
-    QHash<QString, QString> m_texts; // of the pages, without Markdown's signs; read when first looked for
+    QHash<QString, QString> m_texts; // page texts without Markdown syntax, by file; read at the first search
     QPointer<QWidget> m_opener;
 };
 

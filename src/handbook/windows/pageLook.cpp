@@ -12,7 +12,7 @@ namespace handbook {
 
 namespace {
 
-// Per cent, of a Chinese text.
+// In per cent, for Chinese text.
 constexpr double lineHeight = 150;
 constexpr double closeLineHeight = 125; // in tables and headings
 
@@ -49,7 +49,7 @@ private:
     void dressBlock(const QTextBlock &block) {
         QTextBlockFormat format = block.blockFormat();
         const bool close = isInTable(block) || format.headingLevel() > 0;
-        if (!holdsPicture(block)) // a line holds the whole picture
+        if (!holdsPicture(block)) // a picture is part of a line and would scale its height
             format.setLineHeight(close ? closeLineHeight : lineHeight, QTextBlockFormat::ProportionalHeight);
         if (const int level = format.headingLevel(); level > 0) {
             format.setTopMargin(level == 1 ? 0 : m_line);
@@ -84,7 +84,7 @@ private:
         QTextCharFormat ink;
         ink.setForeground(widgets::linkInk(m_palette));
         ink.setFontUnderline(true);
-        for (const auto &[position, length] : m_links) { // not while its fragments are walked
+        for (const auto &[position, length] : m_links) { // after the loop, since changes invalidate the fragments
             QTextCursor cursor(&m_document);
             cursor.setPosition(position);
             cursor.setPosition(position + length, QTextCursor::KeepAnchor);
@@ -116,7 +116,7 @@ private:
     QTextDocument &m_document;
     const QPalette &m_palette;
     double m_line;
-    std::vector<std::pair<int, int>> m_links; // of the block in hand
+    std::vector<std::pair<int, int>> m_links; // position and length, in the current block
 };
 
 } // namespace

@@ -1,5 +1,5 @@
-// How a page of the handbook looks: Markdown gives a document its structure only. Room around headings and lines as
-// Chinese text wants it, ruled tables, names at the headings that links lead to, pictures no wider than the page.
+// The appearance of a handbook page, since Markdown defines only its structure: the spacing of headings and lines for
+// Chinese text, ruled tables, anchors at the headings for links, pictures no wider than the page.
 #pragma once
 
 #include <QImage>
@@ -8,13 +8,13 @@
 
 namespace handbook {
 
-// Once for each time that the document was filled.
+// Must be called once each time the document was filled.
 void dress(QTextDocument &document, const QPalette &palette);
 
-// The names of the pictures, as the page spells them.
+// Returns the names of the pictures, as spelled in the page.
 QStringList picturesIn(const QTextDocument &document);
 
-// The picture for a page of that width in pixels that hold `ratio` of the device's each; never larger than it is.
+// Returns the picture for a page of `width` pixels with `ratio` device pixels each; never enlarged.
 QImage fitted(const QImage &picture, int width, double ratio);
 
 } // namespace handbook

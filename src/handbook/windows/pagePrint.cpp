@@ -15,8 +15,8 @@ namespace handbook {
 
 namespace {
 
-constexpr int paperWidth = 600; // of the text on A4, in the pixels that a document is laid out in
-constexpr double sharpness = 4; // so many pixels of a picture may stand in one of those
+constexpr int paperWidth = 600; // of the text on A4, in layout pixels
+constexpr double sharpness = 4; // picture pixels per layout pixel, at most
 constexpr QSize previewSize(900, 700);
 constexpr double points = 10.5;
 
@@ -47,7 +47,7 @@ void printPage(const QString &path, QPrinter &printer) {
 }
 
 QDialog *newPagePreview(const QString &path, const QString &title, QWidget *parent) {
-    // It lives as long as the window's connection does.
+    // Owned by the connection, which ends with the preview.
     const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
     printer->setDocName(title);
     auto *preview = new QPrintPreviewDialog(printer.get(), parent);

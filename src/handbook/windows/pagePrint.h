@@ -1,4 +1,4 @@
-// A page of the handbook on paper: black on white, with its pictures as sharp as they are and the pages numbered.
+// Prints a page of the handbook: black on white, with pictures in high resolution and with page numbers.
 #pragma once
 
 #include <QString>
@@ -11,7 +11,7 @@ namespace handbook {
 
 void printPage(const QString &path, QPrinter &printer);
 
-// The toolkit's print preview on the page, not shown yet; it deletes itself when it is closed.
+// Returns Qt's print preview of the page, not shown yet; it deletes itself when it is closed.
 QDialog *newPagePreview(const QString &path, const QString &title, QWidget *parent);
 
 } // namespace handbook

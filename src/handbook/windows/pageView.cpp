@@ -16,7 +16,7 @@ PageView::PageView(const QString &folder, QWidget *parent)
     setObjectName(u"pageView"_s);
     setAccessibleName(u"正文"_s);
     setOpenLinks(false);
-    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // so that pictures keep their width
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // keeps the width of pictures constant
     connect(this, &QTextBrowser::anchorClicked, this, &PageView::follow);
     connect(this, &QTextBrowser::sourceChanged, this, &PageView::arrived);
 }
@@ -28,7 +28,7 @@ QString PageView::file() const {
 void PageView::open(const QString &file, const QString &heading) {
     if (file == this->file() && heading.isEmpty())
         return;
-    if (file == this->file()) // the toolkit would read the page again, without its look
+    if (file == this->file()) // setSource() would read the page again, without its format
         return scrollToAnchor(anchorOf(heading));
     const QString path = m_folder + u'/' + file;
     QUrl place = path.startsWith(u':') ? QUrl(u"qrc"_s + path) : QUrl::fromLocalFile(path);
@@ -47,7 +47,8 @@ void PageView::follow(const QUrl &link) {
         setSource(target, QTextDocument::MarkdownResource);
 }
 
-// Behind the filling of the document, before a way back scrolls to where one was. source() is the old one still.
+// Called after the document was filled, before navigation back restores the scroll position. source() is still the old
+// one.
 void PageView::arrived(const QUrl &place) {
     const QUrl page = place.adjusted(QUrl::RemoveFragment);
     if (page == m_page)
@@ -80,7 +81,7 @@ QVariant PageView::loadResource(int type, const QUrl &name) {
 
 void PageView::fitPictures() {
     for (const QString &name : picturesIn(*document())) {
-        const QUrl address = document()->baseUrl().resolved(QUrl(name)); // what it is kept under
+        const QUrl address = document()->baseUrl().resolved(QUrl(name)); // the key of the resource
         document()->addResource(QTextDocument::ImageResource, address, picture(address));
     }
     document()->markContentsDirty(0, document()->characterCount());
@@ -98,7 +99,7 @@ void PageView::changeEvent(QEvent *event) {
     if (!another || m_page.isEmpty())
         return;
     m_page.clear();
-    reload(); // the look is made of both
+    reload(); // both affect the format
 }
 
 int PageView::mark(const QString &words) {

@@ -1,4 +1,4 @@
-// Shows the pages of the handbook one at a time, with the way back and forward between them; marks what is looked for.
+// Shows the pages of the handbook one at a time, with navigation back and forward, and marks a searched text.
 #pragma once
 
 #include <QHash>
@@ -11,22 +11,24 @@ class PageView final : public QTextBrowser {
 public:
     PageView(const QString &folder, QWidget *parent);
 
-    // "import.md", at a heading or, where none is given, at its top; the page that is shown stays where it is then.
+    // Opens a page such as "import.md" at a heading, or at its top if none is given; without a heading, the page that
+    // is already shown is not scrolled.
     void open(const QString &file, const QString &heading = {});
-    QString file() const; // of the page that is shown
+    QString file() const; // of the page shown
 
-    // Marks the words wherever they stand in the page, which stays where it is; gives how often they do.
+    // Marks all occurrences of the words in the page, without scrolling; returns their number.
     int mark(const QString &words);
     int marks() const { return int(m_marks.size()); }
     int currentMark() const { return m_current; } // from 0; -1: none
     void goToMark(int number);
-    // The mark that follows what is in sight or is current, or the one before; -1 where there is none.
+    // Return the mark after or before the current one; without a current one, the first mark from the visible part on,
+    // or the last mark. -1 if there is none.
     int markBehind() const;
     int markBefore() const;
 
 Q_SIGNALS:
     void pageChanged();
-    void linkLeads(const QUrl &outside); // out of the handbook
+    void linkLeads(const QUrl &outside); // the target is not in the handbook
 
 protected:
     QVariant loadResource(int type, const QUrl &name) override;
@@ -41,8 +43,8 @@ private:
     void showMarks();
 
     QString m_folder;
-    QUrl m_page;                       // that is shown and has its look
-    QHash<QString, QImage> m_pictures; // of it, as large as they are
+    QUrl m_page;                       // the page shown, after dress()
+    QHash<QString, QImage> m_pictures; // its pictures, in original size
     QList<QTextCursor> m_marks;
     int m_current = -1;
 };
