@@ -35,7 +35,7 @@ std::vector<Remark> BatchProof::step() {
         return {};
     ++m_proved;
     const marc::ShownRecord shown = marc::showRecord(record);
-    if (shown.damaged) { // all else that could be said follows from that
+    if (shown.damaged) { // nothing else can be checked
         remark(Kind::Directory, {}, 0, u"目次区损坏，字段读不出来"_s);
         return std::exchange(m_remarks, {});
     }
@@ -49,7 +49,7 @@ std::vector<Remark> BatchProof::step() {
 
 int BatchProof::total() const {
     int rows = m_records->rowCount();
-    while (rows > 0 && m_records->record(rows - 1).isEmpty()) // a list starts with some
+    while (rows > 0 && m_records->record(rows - 1).isEmpty()) // a list starts with empty rows
         --rows;
     return rows;
 }
@@ -69,7 +69,7 @@ void BatchProof::takeFaults(const marc::FieldRows &rows) {
     for (const auto *faults : {&found.structural, &found.byTemplate, &found.isbn})
         for (const proof::Fault &fault : *faults) {
             const Kind kind = kindOf(fault.kind);
-            // The proof of the ISBN knows the form of ten alone and finds fault with every one of thirteen.
+            // The ISBN proof knows only the form with ten digits and reports every ISBN with thirteen.
             if (kind == Kind::Isbn && fault.element && proof::isIsbn13(rows[*fault.element].value))
                 continue;
             remark(kind, fault.tag, fault.element ? gridRow(*fault.element) : 0, fault.words.simplified());

@@ -1,5 +1,5 @@
-// All records of a list, proved one after the other: what the proofs of one record say, and what shows only when it is
-// looked at in numbers: check digits, and one ISBN on two records. Nothing is changed.
+// Proves all records of a list one after the other: runs the proofs of a single record, and reports wrong check digits
+// and ISBNs that two records share. Changes nothing.
 #pragma once
 
 #include "batch/bookIdentity.h"
@@ -12,12 +12,12 @@
 
 namespace batch {
 
-// The proofs of one record.
+// Runs the proofs of one record.
 using ProofOne = std::function<proof::RecordFaults(const marc::FieldRows &rows)>;
 
-// A record and what others of its kind are found by.
+// A record and what its duplicates are searched by.
 struct SoughtRecord {
-    int record = 0; // row in the list, from 0
+    int record = 0; // row in the list, counted from 0
     QString listTitle;
     BookIdentity identity;
 };
@@ -26,15 +26,15 @@ class BatchProof {
 public:
     BatchProof(std::shared_ptr<const marc::PreReadStore> records, ProofOne proof);
 
-    // Whether a row of the list is left. The list may grow or be emptied between two steps.
+    // Returns whether a row of the list is left. The list may grow or be cleared between two steps.
     bool hasNext() const { return m_next < m_records->rowCount(); }
-    // What is to be said of the next row; nothing of one where no record stands.
+    // Returns the remarks about the next row, or none if the row is empty.
     std::vector<Remark> step();
 
-    int next() const { return m_next; }     // row in the list of the next step
-    int proved() const { return m_proved; } // records so far
-    int total() const;                      // as the list stands now
-    // The records seen so far that can be looked for elsewhere.
+    int next() const { return m_next; }     // row of the list for the next step
+    int proved() const { return m_proved; } // records proved so far
+    int total() const;                      // records currently in the list, without empty rows at its end
+    // Moves out the records proved so far that duplicates can be searched for.
     std::vector<SoughtRecord> takeSought() { return std::move(m_sought); }
 
 private:
@@ -47,10 +47,10 @@ private:
     ProofOne m_proof;
     int m_next = 0;
     int m_proved = 0;
-    QString m_complaint; // the one told last: what kept a proof from its work
+    QString m_complaint; // the last reported reason why a proof could not run
     QHash<proof::IsbnKey, int> m_firstOf;
     std::vector<SoughtRecord> m_sought;
-    std::vector<Remark> m_remarks; // of the record in hand
+    std::vector<Remark> m_remarks; // of the current record
 };
 
 } // namespace batch

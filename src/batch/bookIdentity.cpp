@@ -8,7 +8,7 @@ namespace batch {
 
 namespace {
 
-// The element of the first that is not empty, as an import takes it; nothing where there is none.
+// Returns the first element that is not empty, as an import does, or std::nullopt.
 std::optional<qsizetype> firstFilled(const marc::FieldRows &rows, QStringView identifier) {
     const std::vector<qsizetype> elements = subfieldsOf(rows, u"200", identifier);
     const auto filled =

@@ -1,4 +1,4 @@
-// What one book is told from another by: its ISBNs or, where it has none, title and author together.
+// Identifies a book by its ISBNs, or by title and author together if it has none.
 #pragma once
 
 #include "marc/fieldRows.h"
@@ -7,7 +7,7 @@
 
 namespace batch {
 
-// The store holds so many characters of these; what lies behind is looked at in neither.
+// The database stores this many characters of title and author; the rest is ignored in comparisons.
 inline constexpr qsizetype titleKept = 50;
 inline constexpr qsizetype authorKept = 30;
 
@@ -16,20 +16,20 @@ QString comparedAuthor(const QString &author);
 
 struct BookIdentity {
     std::vector<proof::IsbnKey> isbns; // each once
-    QString title;                     // as they are compared: what an import takes from the record
+    QString title;                     // title and author as an import takes them, in the form that is compared
     QString author;
-    QString tag;      // where to look in the record, and its row on the field grid
-    int fieldRow = 0; // 0: nowhere
+    QString tag;      // the tag and the grid row to show to the user
+    int fieldRow = 0; // 0: none
 
     bool isEmpty() const { return isbns.empty() && title.isEmpty(); }
 };
 
 BookIdentity identityOf(const marc::FieldRows &rows);
 
-// The elements that hold this subfield, over all fields of the tag.
+// Returns the elements that hold this subfield, in all fields with the tag.
 std::vector<qsizetype> subfieldsOf(const marc::FieldRows &rows, QStringView tag, QStringView identifier);
 
-// The row of an element on the field grid, whose heading is row 0.
+// Returns the row of an element on the field grid, whose row 0 is the heading.
 inline int gridRow(qsizetype element) {
     return int(element) + 1;
 }

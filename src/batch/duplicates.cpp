@@ -18,7 +18,7 @@ constexpr auto tables = std::to_array<Table>({
     {u"zsk", u"书库"},
 });
 
-// Rows of one question: few enough for the window, enough for the server.
+// Rows per query: few enough to keep the window responsive, enough to keep the number of queries low.
 constexpr int rowsWanted = 4096;
 
 enum Column { Key, Isbn, Title, Author };
@@ -70,7 +70,7 @@ std::vector<Remark> DuplicateSearch::step() {
     return status && m_walk->more ? std::vector<Remark>() : endTable(status);
 }
 
-// The share of the range of keys, which may be wider than any whole number.
+// The percentage is that of the range of keys, computed as double because the range may exceed any integer.
 QString DuplicateSearch::progressText() const {
     if (!hasNext())
         return {};
@@ -112,7 +112,7 @@ platform::Status DuplicateSearch::walk() {
     if (count == 0)
         return platform::success();
     const auto last = keyOf(*rows.value(), count - 1, Key);
-    if (!last || (m_walk->seen && *last <= *m_walk->seen)) // nothing would end the walk
+    if (!last || (m_walk->seen && *last <= *m_walk->seen)) // otherwise the walk would not end
         return unreadableKey();
     m_walk->seen = last;
     m_walk->more = m_walk->more && *last < m_walk->last;
@@ -126,7 +126,7 @@ void DuplicateSearch::match(const database::ResultTable &rows, int row) {
         for (auto found = from; found != to; ++found)
             hit(*found, rows, row, true);
     }
-    // What the import has cut of an ISBN is shared by many books; title and digits together are one.
+    // An ISBN that the import truncated is shared by many books; only together with the title it identifies one.
     const QString cut = proof::cutIsbn13(isbn);
     if (cut.isEmpty() && !m_anyByTitle)
         return;

@@ -1,9 +1,7 @@
-// Looks for the records of a batch in the copy-cataloguing store and in the catalogue: by ISBN, whatever its form and
-// spelling there, or by title and author where a record has none.
-//
-// The tables are walked once in the order of their keys, some thousand rows at a time, and compared here: no server has
-// an index over ISBNs without their hyphens, so that each question about some hundred of them would make it walk the
-// table as well; and no text of a record ever gets into a statement.
+// Searches the copy-cataloguing store and the catalogue for the records of a batch: by ISBN in any form and spelling,
+// or by title and author for a record without ISBN. || Each table is read once in the order of its keys, a few thousand
+// rows per query, and compared here. No server has an index over ISBNs without hyphens, so each query for some hundred
+// ISBNs would make it scan the table as well. In addition, no text of a record becomes part of a statement.
 #pragma once
 
 #include "batch/batchProof.h"
@@ -17,20 +15,22 @@ public:
     DuplicateSearch(const database::SessionState &state, std::vector<SoughtRecord> sought);
 
     bool hasNext() const;
-    // Asks the next question, of some thousand rows. What it gives comes at the end of a table, one remark a record; a
-    // table that cannot be walked to its end gives a remark that says so, a server that cannot be reached just one.
+    // Runs the next query, for a few thousand rows. The remarks are returned at the end of a table, one per record. If
+    // a table cannot be read to its end, one more remark reports it; if the server cannot be reached, a single remark
+    // does.
     std::vector<Remark> step();
-    // "套录库 45%"
+    // Returns a text such as "套录库 45%".
     QString progressText() const;
 
 private:
-    // What a table has of a record.
+    // The rows of the current table that match a record.
     struct Hit {
         int rows = 0;
         QString first;
         bool byIsbn = false;
     };
-    // How far a table has been walked, by its keys. Rows that come after its last key of the start are not looked at.
+    // The progress in the current table, by its keys. Rows after the last key at the start of the walk are not
+    // compared.
     struct Walk {
         qint64 first = 0, last = 0;
         std::optional<qint64> seen;
@@ -48,7 +48,7 @@ private:
     std::vector<SoughtRecord> m_sought;
     QMultiHash<proof::IsbnKey, int> m_byIsbn;
     QMultiHash<QString, int> m_byTitle;
-    bool m_anyByTitle = false; // a record without an ISBN is among them
+    bool m_anyByTitle = false; // at least one record has no ISBN
     std::vector<Hit> m_hits;   // of the current table
     std::size_t m_table = 0;
     std::optional<Walk> m_walk; // through the current table

@@ -1,4 +1,4 @@
-// The proof of a whole list and, after it, the search for its duplicates: a step at a time, with the words about both.
+// Proves a whole list and then searches for duplicates, in steps, and composes the texts about both.
 #pragma once
 
 #include "batch/duplicates.h"
@@ -13,21 +13,22 @@ public:
     bool hasNext() const;
     std::vector<Remark> step();
 
-    // How far the run has got, `found` remarks so far.
+    // Returns the progress text; `found` is the number of remarks so far.
     QString progressText(int found) const;
-    // What came of it, after its end or a stop. `inFile`: the records of the file, as far as is known.
+    // Returns the result text, after the end of the run or a stop. `inFile` is the number of records in the file as far
+    // as known.
     QString closingText(const RemarkList &found, qint64 inFile) const;
-    // PreReadStore::replacements() at the proof of a record.
+    // Returns PreReadStore::replacements() as it was when the record was proved.
     int momentOf(int record) const;
-    // Lets go of what only the steps need: the server, the records that were looked for.
+    // Releases what only the steps need: the database connection and the records searched for.
     void end() { m_search.reset(); }
 
 private:
     std::shared_ptr<const marc::PreReadStore> m_records;
     const database::SessionState &m_state;
     BatchProof m_proof;
-    std::optional<DuplicateSearch> m_search; // begins after the last record
-    std::map<int, int> m_moments;            // from a record on
+    std::optional<DuplicateSearch> m_search; // created after the last record
+    std::map<int, int> m_moments;            // by the first record proved with that value
 };
 
 } // namespace batch

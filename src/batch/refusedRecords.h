@@ -1,5 +1,5 @@
-// The records that an import could not put into the store: named with the server's words, and taken out as a file that
-// can be mended and read again.
+// The records that an import could not store: makes remarks with the server's error messages, and saves the records to
+// a file that can be corrected and imported again.
 #pragma once
 
 #include "batch/remark.h"
@@ -13,7 +13,8 @@ using RefusedRecords = std::vector<marc::RefusedRecord>;
 
 std::vector<Remark> remarksOf(const RefusedRecords &refused, const marc::PreReadStore &records);
 
-// Replaces the file by those records as they stand in the list, in GBK, each ended by CR LF. The whole file or none.
+// Replaces the file by those records as they are in the list, in GBK, each followed by CR LF. On failure the file is
+// unchanged.
 platform::Status saveRefused(const QString &path, const RefusedRecords &refused, const marc::PreReadStore &records);
 
 } // namespace batch

@@ -1,4 +1,4 @@
-// What was found about the records of a batch, one remark a finding, and the list of them as a table shows it.
+// The findings about the records of a batch, one remark each, and the list of them as a table source.
 #pragma once
 
 #include "platform/tableSource.h"
@@ -9,7 +9,7 @@
 namespace batch {
 
 enum class Kind {
-    Unchecked, // what could not be looked at
+    Unchecked, // could not be checked
     Directory,
     Required,
     Repeated,
@@ -25,15 +25,15 @@ inline constexpr std::size_t kindCount = 10;
 QStringView nameOf(Kind kind);
 
 struct Remark {
-    int record = -1; // row in the list of records, from 0; -1: of the whole batch
+    int record = -1; // row in the list of records, counted from 0; -1: about the whole batch
     QString title;
     Kind kind = Kind::Unchecked;
-    QString tag;      // empty where no field is meant
-    int fieldRow = 0; // row on the field grid, whose heading is row 0; 0: none, or the field is missing
+    QString tag;      // empty if no field is concerned
+    int fieldRow = 0; // row on the field grid, whose row 0 is the heading; 0: none, or the field is missing
     QString text;
 };
 
-// All remarks in the order of arrival until they are sorted, and those among them that are shown.
+// All remarks, in the order they were added until sort(), and the filtered ones, which are shown.
 class RemarkList final : public platform::TableSource {
 public:
     static constexpr QStringView headings = u"记录|题名|类别|字段|说明";
@@ -44,22 +44,22 @@ public:
 
     void add(Remark remark);
     void clear();
-    // By record, those of the whole batch first; the remarks of one record stay in their order.
+    // Sorts by record, remarks about the whole batch first. Remarks about the same record keep their order.
     void sort();
-    // Shows the remarks of one kind; all of them where none is given.
+    // Shows only the remarks of one kind, or all if `kind` is empty.
     void setFilter(std::optional<Kind> kind);
 
     const Remark &remark(int row) const { return m_all[m_shown.at(std::size_t(row))]; }
-    // A remark's own number, which stays through sort() and setFilter(), and its row; -1 where it is not shown.
+    // The id of a remark does not change with sort() and setFilter(). rowOf() returns -1 if the remark is not shown.
     int idOf(int row) const { return int(m_shown.at(std::size_t(row))); }
     int rowOf(int id) const;
 
     int count() const { return int(m_all.size()); }
     int count(Kind kind) const { return m_counts[std::size_t(kind)]; }
-    // How many findings there are: what could not be looked at is none.
+    // Returns the number of findings: all remarks except those of Kind::Unchecked.
     int found() const { return count() - count(Kind::Unchecked); }
 
-    // The headings and the rows shown, cells parted by tabs; tabs and line ends in texts are blanks.
+    // Returns the headings and the shown rows with tab-separated cells. Tabs and line ends in texts become blanks.
     QString tabSeparated(QStringView lineEnd) const;
 
 private:

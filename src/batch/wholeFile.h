@@ -1,4 +1,4 @@
-// Files that stand whole under their name or not at all.
+// Writes files that exist either completely or not at all.
 #pragma once
 
 #include "platform/result.h"
@@ -10,11 +10,12 @@ namespace batch {
 
 class RemarkList;
 
-// Replaces the file by the pieces, taken until one is empty. The new file is made beside the old one and takes its name
-// when it is whole; where that fails the old one stays as it was. Fails for what is no plain file.
+// Replaces the file by the pieces that `nextPiece` returns until one is empty. The pieces are written to a new file
+// next to it, which gets the name when it is complete; on failure the old file is unchanged. Fails if `path` is not a
+// plain file.
 platform::Status writeWholeFile(const QString &path, const std::function<QByteArray()> &nextPiece);
 
-// The rows shown as tab-separated text in UTF-8, with the mark at its start by which spreadsheets tell the encoding.
+// Writes the shown rows as tab-separated UTF-8 text with a byte order mark, by which spreadsheets detect the encoding.
 platform::Status saveRemarks(const QString &path, const RemarkList &remarks);
 
 } // namespace batch
