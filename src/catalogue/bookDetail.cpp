@@ -9,7 +9,7 @@ namespace {
 
 constexpr int canBorrow = 5; // column of the copies
 
-// The columns behind the labels; the first label joins its own with the book number.
+// The columns of the labels. The first label also has the book number.
 constexpr std::array<QStringView, detailLabels> columns = {
     u"classcode", u"isbn",     u"bookname", u"author",  u"publisher", u"pubplace", u"pubdate",
     u"docclass",  u"lagclass", u"edition",  u"measure", u"pages",     u"bookcount"};

@@ -1,4 +1,4 @@
-// What the detail window shows: the labels of a catalogue row, and the copies with their loans.
+// The contents of the detail window: the labels of a catalogue row, and the copies with their loans.
 #pragma once
 
 #include "database/resultTable.h"
@@ -13,11 +13,11 @@ inline constexpr size_t titleLabel = 2;
 inline constexpr size_t copyCountLabel = 12; // the number of copies
 extern const std::array<QStringView, detailLabels> detailCaptions;
 
-// The labels' values from the first row of the result, in the order of the captions; a column that is missing or NULL
-// gives an empty text.
+// Returns the values of the labels from the first row of the result, in the order of the captions. A column that is
+// missing or NULL gives an empty text.
 std::array<QString, detailLabels> detailValues(const database::ResultTable &book);
 
-// The copies as the grid shows them: column 5 in words.
+// The copies as shown on the grid: column 5 as a word.
 class CopiesTable final : public platform::TableSource {
 public:
     explicit CopiesTable(std::shared_ptr<const database::ResultTable> copies)

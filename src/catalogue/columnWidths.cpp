@@ -6,8 +6,8 @@ namespace catalogue {
 
 namespace {
 
-constexpr int shared = -1;     // in a row of widths: this column shares what is left
-constexpr int narrowest = 910; // a sharing column stays legible in a grid too narrow for its fixed columns
+constexpr int shared = -1;     // as a width: the column shares the remaining width
+constexpr int narrowest = 910; // a sharing column stays legible in a grid too narrow for the fixed columns
 constexpr int withScrollBar = 360;
 constexpr int without = 80;
 

@@ -1,4 +1,5 @@
-// The column widths of the list windows, in twips. Some columns are fixed; the others share what the grid has left.
+// The column widths of the list windows in twips. Some columns have a fixed width; the others share the rest of the
+// grid.
 #pragma once
 
 #include <QList>
@@ -6,18 +7,18 @@
 namespace catalogue {
 
 inline constexpr int headingTwips = 350; // height of the heading row
-// Every list window of the frame starts with this size.
+// The initial size of every list window.
 inline constexpr int listWidthTwips = 11530;
 inline constexpr int listHeightTwips = 6570;
 
 struct GridRoom {
     int width;         // of the grid, in twips
     int height;        // likewise
-    int rows;          // heading row included
+    int rows;          // including the heading row
     int headingHeight; // of row 0, in twips
 };
 
-// Whether the rows need a scroll bar: more of them than fit, the quotient taken to the nearest whole number.
+// Returns whether the rows need a scroll bar: more rows than fit, with the quotient rounded to the nearest integer.
 bool scrollBarShows(const GridRoom &room);
 
 QList<int> catalogueWidths(const GridRoom &room); // 8 columns, the first hidden

@@ -1,5 +1,5 @@
-// Which rows a list asks for: the text that goes after " where " and the same in words. Both are made in one place and
-// travel as one value, so that the words on the screen say what a statement does.
+// Selects the rows of a list: the SQL after " where " and the same condition in words. Both are made together and
+// passed as one value, so that the displayed words always match the statement.
 #pragma once
 
 #include <QString>
@@ -13,7 +13,7 @@ struct Condition {
     bool isEmpty() const { return sql.isEmpty(); }
 };
 
-// The line under a list: the condition in words, or that there is none.
+// Returns the line below a list: the condition in words, or that there is none.
 QString conditionLine(const Condition &condition);
 
 } // namespace catalogue

@@ -19,7 +19,7 @@ struct Column {
     Value value;
 };
 
-// In reading order. "edtion" is no column: the read fails without a word, and no edition reaches a record.
+// In the order of reading. "edtion" is not a column: reading it fails silently, and no record has an edition.
 constexpr auto columns = std::to_array<Column>({
     {u"zskid", &CatalogueRow::zskid},
     {u"isbn", &CatalogueRow::isbn},
@@ -44,7 +44,7 @@ struct Subfield {
     Value value;
 };
 
-// A field is written where one of its `needs` is not empty; it then holds those of its subfields that are not.
+// A field is written if one of its `needs` is not empty, with those of its subfields that are not empty.
 struct Field {
     const char *tag;
     const char *indicators;
@@ -75,13 +75,12 @@ constexpr auto fields = std::to_array<Field>({
 constexpr char recordTerminator = marc::recordTerminator;
 constexpr char fieldTerminator = marc::fieldTerminator;
 constexpr char subfieldDelimiter = marc::subfieldDelimiter;
-constexpr int controlNumberLength = 11; // counted so whatever it really has
+constexpr int controlNumberLength = 11; // used even if the actual length differs
 
 bool isWritten(const Field &field, const CatalogueRow &row) {
     return std::ranges::any_of(field.needs, [&](Value value) { return value && !(row.*value).isEmpty(); });
 }
 
-// Appends the field.
 void addField(QByteArray &bytes, const Field &field, const CatalogueRow &row) {
     bytes += field.indicators;
     for (const Subfield &subfield : field.subfields) {
@@ -116,10 +115,10 @@ QByteArray Geshi2(qint64 number) {
 }
 
 QByteArray exportRecord(const CatalogueRow &row) {
-    constexpr qsizetype usualSize = 512; // of directory and data together; longer ones grow
+    constexpr qsizetype usualSize = 512; // of directory and data together; longer ones reallocate
     QByteArray data;
     data.reserve(usualSize);
-    const std::optional<qint32> key = platform::toInt32(row.zskid); // of "7.0", too
+    const std::optional<qint32> key = platform::toInt32(row.zskid); // accepts "7.0" too
     data += Geshi2(key ? *key : row.zskid.toLongLong()) + "hteva" + fieldTerminator;
     QByteArray directory;
     directory.reserve(usualSize);

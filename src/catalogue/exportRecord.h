@@ -1,6 +1,6 @@
-// One row of the catalogue as one exchange record: a small fixed mapping whose tags, indicators and leader are
-// constants of its own. What the mapping leaves out is as much a part of it as what it holds: no place of publication,
-// edition, series or subject; nothing from a publisher without a date, a size alone, an author without a title.
+// Converts one row of the catalogue to one exchange record with a small fixed mapping of tags, indicators and leader.
+// The omissions are part of the mapping: no place of publication, edition, series or subject, no publisher without a
+// date, no size alone, and no author without a title.
 #pragma once
 
 #include "database/resultTable.h"
@@ -9,21 +9,21 @@
 
 namespace catalogue {
 
-// The values of a row, as stored; empty where the column is NULL or could not be read.
+// The stored values of a row; empty if the column is NULL or could not be read.
 struct CatalogueRow {
     QString zskid, isbn, lagclass, bookname, author, pubplace, publisher, pubdate, pages, appendix, classcode, books,
         booksauthor, measure, edition, ztc;
 };
 
-// The first row of the result, read by name; a row without values where there is none.
+// Reads the first row of the result by column names. Returns a row without values if there is none.
 CatalogueRow readCatalogueRow(const database::ResultTable &result);
 
-// The digits of a number with zeros in front to four and five characters; longer numbers stay as they are.
+// Return the number padded with zeros to four (Geshi1) or five (Geshi2) characters. Longer numbers are not shortened.
 QByteArray Geshi1(qint64 number);
 QByteArray Geshi2(qint64 number);
 
-// The record in code page 936, its terminator included. Lengths are bytes; the control number always counts as 11 of
-// them, and a field of 10,000 bytes makes its directory entry longer, without a complaint.
+// Returns the record in code page 936, including its terminator. Lengths are in bytes. The control number always counts
+// as 11 bytes. A field of 10,000 bytes or more makes its directory entry longer, without an error.
 QByteArray exportRecord(const CatalogueRow &row);
 
 } // namespace catalogue

@@ -14,7 +14,7 @@ namespace {
 
 constexpr QStringView boxTitle = u"提示";
 
-// The value where there is one; the failure is passed over.
+// Returns the value, or std::nullopt on failure, which is ignored.
 template <class T>
 std::optional<T> valueOf(platform::Result<T> result) {
     return result ? std::optional<T>(std::move(result).value()) : std::nullopt;
@@ -38,7 +38,7 @@ void ExportRun::daochuMarc() {
     if (m_ended)
         return;
     end();
-    // After a stop this is one less than what was written; after a full run it is the number of rows.
+    // After a stop, `row - 1` is one less than the number of records written; after a full run it is that number.
     m_host.tell(u"本次操作成功导出" + QString::number(row - 1) + u"条数据\r\n以marc格式保存在文件" + name + u"中。",
                 boxTitle.toString());
 }
@@ -51,7 +51,7 @@ QString ExportRun::chooseName() {
         m_host.tell(u"请输入要保存marc数据的文件名！"_s, boxTitle.toString());
         return {};
     }
-    // The file is made under the name with its blanks, and must not replace one either.
+    // The file is created under the untrimmed name; neither of the two names may exist.
     if (platform::fileExists(platform::trimBlanks(name)) || platform::fileExists(name)) {
         m_host.tell(u"选择的路径下已经存在输入的文件名。请重新输入marc数据文件名！"_s, boxTitle.toString());
         return {};

@@ -1,6 +1,6 @@
-// The run that turns every listed row into a record of a new file: one statement a row on one connection of its own,
-// one yield a row. Behind the two checks of the file name all failures are passed over without a word: a row that
-// cannot be read still gives a record, with nothing but its control number.
+// Exports every listed row as a record of a new file, with one statement per row on its own connection, and yields
+// after each row. After the two checks of the file name all failures are ignored silently: a row that cannot be read is
+// written as a record with nothing but the control number.
 #pragma once
 
 #include "database/sublib.h"
@@ -10,33 +10,34 @@
 
 namespace catalogue {
 
-// The list window as the run sees it. Rows count from 0, the heading row included.
+// The interface of the list window to the run. Rows count from 0, including the heading row.
 class ExportSurface {
 public:
     virtual ~ExportSurface() = default;
     virtual int rowCount() const = 0;
-    virtual QString key(int row) const = 0;             // empty: the list ends here
-    virtual void showProgress(const QString &text) = 0; // makes the label visible; empty: it keeps its text
+    virtual QString key(int row) const = 0;             // empty: end of the list
+    virtual void showProgress(const QString &text) = 0; // shows the label; an empty text leaves its text unchanged
     virtual bool stopPressed() const = 0;
-    virtual void goOn() = 0; // the answer to the question was No
+    virtual void goOn() = 0; // the user answered the question with No
 };
 
 class ExportRun {
 public:
     ExportRun(ExportSurface &list, platform::Host &host, const database::SessionState &state);
 
-    // The whole run, in the caller's thread. The list may change in mid-run: the run goes on with the rows that stand.
+    // Runs the whole export in the caller's thread. If the list changes during the run, the run continues with the
+    // current rows.
     void daochuMarc();
 
-    // Called while the run yields: closes the file behind the record in hand; the run then comes back without a word.
+    // Call while the run yields: closes the file after the current record. The run then returns without a message.
     void end();
 
-    // Hands over to the file what was written so far; called before a count is seen.
+    // Flushes the file; called before a count is shown.
     void handOver();
 
 private:
     QString chooseName();
-    // The number of the row behind the last one written.
+    // Returns the row at which the run ended: the last row written after a stop, else the row after it.
     int exportRows();
     void exportRow(const QString &zskid);
     bool askedToStop(int row);

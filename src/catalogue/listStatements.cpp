@@ -18,12 +18,12 @@ QString with(QStringView statement, const QString &condition, const QString &ord
     return result;
 }
 
-using KeyRun = std::span<const qint64>; // consecutive keys, in order
+using KeyRun = std::span<const qint64>; // consecutive keys in ascending order
 
 QList<KeyRun> runsOf(const QList<qint64> &sorted) {
     QList<KeyRun> runs;
     for (auto from = sorted.cbegin(); from != sorted.cend();) {
-        // Subtracted, since a key may be the largest there is.
+        // Subtracts, since adding 1 to the largest key would overflow.
         auto to = std::adjacent_find(from, sorted.cend(),
                                      [](qint64 one, qint64 next) { return next > one && next - 1 > one; });
         if (to != sorted.cend())
@@ -69,8 +69,8 @@ QString storeStatement(const QString &condition, const QString &order) {
     return with(u"select zskid,bookname,author,ISBN,classcode,pages,measure,edition from taoluTable", condition, order);
 }
 
-// A chain of "or" is held in a depth of its length and costs some servers its square: the longest runs alone, which
-// make the statement shorter, are ranges.
+// A chain of "or" is nested as deep as it is long and takes some servers quadratic time. Therefore only the longest
+// runs, which shorten the statement most, become ranges.
 QString keysCondition(QList<qint64> keys) {
     constexpr qsizetype rangesAtMost = 20;
     std::ranges::sort(keys);

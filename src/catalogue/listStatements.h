@@ -1,5 +1,5 @@
-// The statements of the catalogue and store windows, in the system's one dialect and to the letter. Conditions, orders
-// and keys are put in as they stand.
+// The statements of the catalogue and store windows, in the exact wording of the program's single SQL dialect.
+// Conditions, orders and keys are inserted unchanged.
 #pragma once
 
 #include <QString>
@@ -16,12 +16,12 @@ QString exportStatement(const QString &zskid);
 QString detailStatement(qint32 zskid);
 QString copiesStatement(qint32 zskid);
 
-// The store list, and the two deletions. The order term rides along on a delete, but only where there is a condition.
+// The store list and its deletions. A delete has the order term too, but only with a condition.
 QString storeStatement(const QString &condition, const QString &order);
-// The condition that exactly the rows of these keys meet; no row where there is none. Servers take it, and find the
-// rows by the index, also for tens of thousands of keys without two neighbours.
+// Returns a condition that only the rows with these keys meet; without keys no row meets it. Servers accept tens of
+// thousands of non-consecutive keys and find the rows by the index.
 QString keysCondition(QList<qint64> keys);
-// Key and record of the rows that meet a condition.
+// Selects key and record of the rows that meet a condition.
 QString recordsStatement(const QString &condition);
 
 QString deleteRowStatement(const QString &zskid);

@@ -15,12 +15,12 @@ struct Operator {
     QStringView sql;
     bool forText;
     bool forOthers;    // numbers and dates
-    QStringView dates; // as it stands in a date condition
-    char16_t fill;     // what takes the place of a digit not typed; 0 leaves the "_"
+    QStringView dates; // the operator in a date condition
+    char16_t fill;     // replaces a digit that was not typed; 0 keeps the "_"
 };
 
-// In the order of the lists. With "=" the unfilled places act as the single-character wildcard; the ordering operators
-// fill them to the end that keeps the whole period on the right side.
+// In the order of the lists. With "=" the missing digits act as single-character wildcards. The ordering operators fill
+// them so that the whole period is on the correct side.
 constexpr auto operators = std::to_array<Operator>({
     {u"等于", u"=", true, true, u"Like ", 0},
     {u"不等于", u"<>", true, true, u"<>", 0},
@@ -50,7 +50,7 @@ QString joined(const TermGroup &group, QString Term::*text, QStringView separato
     return result;
 }
 
-// How the terms of a group and the groups are joined, in a statement and in words.
+// The separators of terms in a group and of groups, in a statement and in words.
 struct Spelling {
     QString Term::*text;
     QStringView both;
@@ -190,7 +190,7 @@ bool QueryBuilder::addSortTerm(const QString &label, bool ascending) {
         return false;
     m_orderSql = joined(m_orderSql, u",", field->fieldName + (ascending ? u" Asc"_s : u" Desc"_s));
     m_lOrderby = joined(m_lOrderby, u";", u"'" + label + u"'" + (ascending ? u'升' : u'降'));
-    m_sortLabels.removeOne(label); // a field sorts once
+    m_sortLabels.removeOne(label); // a field can be used for sorting once
     return true;
 }
 
@@ -207,7 +207,7 @@ Query QueryBuilder::findData() const {
     if (!m_current.isEmpty())
         groups.append(m_current);
     const auto spelling = [&](const Spelling &as) {
-        // What was not merged gets its brackets only after another group.
+        // Conditions not merged get parentheses only after another group.
         return m_merged.isEmpty() ? joined(m_current, as.text, as.both) : spelled(groups, as);
     };
     const auto compares = [](const TermGroup &group) { return std::ranges::all_of(group, &Term::compares); };

@@ -1,6 +1,6 @@
-// The state machine under the query dialogs: fields, conditions, merged groups and sort terms become the condition and
-// the order of a list. Its state is the conditions as they were added; the statement and everything that a person reads
-// of it are made from these. Values go in as typed: nothing is escaped.
+// The state machine of the query dialogs: makes the condition and the order of a list from fields, conditions, merged
+// groups and sort terms. The state consists of the conditions as added; the statement and the readable texts are made
+// from them. Values are inserted as typed, without escaping.
 #pragma once
 
 #include "catalogue/condition.h"
@@ -15,15 +15,15 @@ namespace catalogue {
 enum class FieldType { Text = 0, Number = 1, Date = 2 };
 
 struct FieldDef {
-    QString fieldName; // the column as it goes into a statement
+    QString fieldName; // as used in statements
     QString fieldLabel;
     FieldType fieldType = FieldType::Text;
 };
 
-// What sets the dialog of the catalogue and that of the store apart.
+// The differences between the dialogs of the catalogue and of the store.
 struct QueryRules {
-    std::optional<qsizetype> fieldLimit; // room for fields; none: as many as the lists hold
-    bool knowsDates = true;              // otherwise a date field counts as text
+    std::optional<qsizetype> fieldLimit; // maximum number of fields; none: unlimited
+    bool knowsDates = true;              // if false, a date field counts as text
 };
 inline constexpr QueryRules catalogueRules{};
 inline constexpr QueryRules storeRules{46, false};
@@ -34,26 +34,26 @@ struct Query {
 };
 
 inline constexpr QStringView dateMask = u"####-##-##";
-inline constexpr QStringView emptyDate = u"____-__-__"; // what the date mask shows with nothing typed
+inline constexpr QStringView emptyDate = u"____-__-__"; // the text of the date mask while nothing is typed
 
-// The operators of a type, in the order of the list.
+// Returns the operators of a type in the order of the list.
 QStringList operatorsOf(FieldType type);
-// The mask of the value box for a type; empty where there is none.
+// Returns the mask of the value box for a type, or an empty text.
 QString maskOf(FieldType type);
-// What the value box shows under a mask with nothing typed.
+// Returns the text of the value box with this mask while nothing is typed.
 QString emptyValue(QStringView mask);
-// An operator's label in SQL; empty for an unknown one.
+// Returns the SQL of an operator's label, or an empty text for an unknown label.
 QString fuhaoToSql(QStringView label);
-// The condition on a date column; "_" stands where a digit was not typed, so that a date given in part is a range.
+// Returns the condition on a date column. "_" marks a digit that was not typed, so that a partial date is a range.
 QString dateSql(const QString &fieldName, QStringView sqlOperator, const QString &value);
 
-// A condition as it was added.
+// A condition as added.
 struct Term {
     QString sql;
     QString words;
-    bool compares; // with the value as it was typed; a quote in it may make something else of the statement
+    bool compares; // to the value as typed; false if a quote in the value may change the meaning of the statement
 };
-// All terms of a group are to hold; one group of several is enough.
+// All terms of a group must be true, and at least one group.
 using TermGroup = QList<Term>;
 
 class QueryBuilder {
@@ -61,30 +61,31 @@ public:
     explicit QueryBuilder(QueryRules rules)
         : m_rules(rules) {}
 
-    // Three comma-separated lists in step with each other. Fails, with no field taken, where they exceed the limit.
+    // Sets the fields from three comma-separated lists of corresponding items. Fails and takes no field if they exceed
+    // the limit.
     platform::Status load(const QString &names, const QString &labels, const QString &types);
 
     const QList<FieldDef> &fieldDefs() const { return m_fieldDefs; }
     QStringList labels() const;
     std::optional<FieldType> curType() const { return m_curType; }
-    QString curSql() const; // since the last merge
+    QString curSql() const; // conditions added since the last merge
     QString unionSql() const;
-    // The readable forms, and the labels not yet used for sorting.
+    // The readable texts, and the labels not yet used for sorting.
     QString signSql() const;
     QStringList totalSql() const;
     const QString &lOrderby() const { return m_lOrderby; }
     const QStringList &sortLabels() const { return m_sortLabels; }
 
-    // Whether the type of the chosen field is a new one, so that its operators have to be listed.
+    // Returns whether the type of the chosen field differs from the previous one, so that its operators must be listed.
     bool chooseField(qsizetype field);
-    // Whether the condition was taken; otherwise nothing has changed. `fuhao` is the operator's label, `value` the
-    // box's text with mask characters and blanks.
+    // Returns whether the condition was added; otherwise nothing changes. `fuhao` is the label of the operator, `value`
+    // the text of the box with mask characters and blanks.
     bool addCondition(qsizetype field, const QString &fuhao, const QString &value);
     void merge();
-    // Whether there was a label to sort by.
+    // Returns whether a field with this label exists and was added.
     bool addSortTerm(const QString &label, bool ascending);
     void clear();
-    // The result: the merged groups, and what was not merged as the last of them.
+    // Returns the result: the merged groups, followed by the conditions not merged yet as the last group.
     Query findData() const;
     void unload();
 

@@ -1,4 +1,4 @@
-// What the query dialogs and the sort dialog know of a list window: that it can be handed a condition and an order.
+// The interface of a list window to the query and sort dialogs, which pass a condition and an order to it.
 #pragma once
 
 #include "catalogue/condition.h"
@@ -8,19 +8,19 @@ namespace catalogue {
 class QueryTarget {
 public:
     virtual ~QueryTarget() = default;
-    // The order as it goes after " order by "; empty ones add nothing. A target may fill in an order of its own where
-    // there is none.
+    // `order` is the text after " order by "; empty arguments add nothing. A target may fill in its own order if
+    // `order` is empty.
     virtual void loadData(Condition &condition, QString &order) = 0;
 };
 
-// A list window that can be sorted anew.
+// A list window that can be sorted.
 class SortableList : public QueryTarget {
 public:
-    virtual const Condition &queryCondition() const = 0; // the condition last handed to loadData()
+    virtual const Condition &queryCondition() const = 0; // as last passed to loadData()
 };
 
-// The order of the catalogue list: it outlives the list window, and lasts as long as the program runs. Written by the
-// sort dialog alone; empty at the start.
+// The order of the catalogue list. It outlives the list window and lasts until the program ends. Only the sort dialog
+// changes it; it is empty at start.
 struct CatalogueOrder {
     QString sortOrder;
 };

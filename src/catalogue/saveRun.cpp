@@ -17,7 +17,7 @@ QString SaveRun::save(const QString &path, const std::function<void(int done)> &
     return written ? savedText(path) : u"没有保存："_s + written.failure().description;
 }
 
-// The records of a whole store would not fit into the memory.
+// Reads in portions, since the records of a whole store would not fit into memory.
 platform::Status SaveRun::write(const QString &path, const std::function<void(int done)> &progress) {
     constexpr int rowsAtOnce = 500;
     auto file = platform::SavedFile::create(path);

@@ -1,5 +1,5 @@
-// The run that writes records of the store into a file, one a line: some hundred rows a question, one yield a record.
-// The file appears only when all of it is written; what stood there stays until then.
+// Writes records of the store to a file, one per line, with some hundred rows per query, and yields after each record.
+// The file replaces an existing one only when it is complete.
 #pragma once
 
 #include "catalogue/storeRecords.h"
@@ -14,10 +14,11 @@ class SaveRun {
 public:
     SaveRun(QList<qint64> keys, platform::Host &host, const database::SessionState &state);
 
-    // The whole run, in the caller's thread; `progress` learns how many records are done. Gives what a box says of it.
+    // Runs the whole export in the caller's thread. `progress` receives the number of records done. Returns the message
+    // about the result.
     QString save(const QString &path, const std::function<void(int done)> &progress);
 
-    // Called while the run yields: nothing is left of the new file, at once, and the run comes back.
+    // Call while the run yields: removes the unfinished file at once and ends the run.
     void stop();
 
 private:
@@ -30,7 +31,7 @@ private:
     std::optional<platform::SavedFile> m_file;
     LostCharacters m_lost;
     int m_written = 0;
-    int m_missing = 0; // deleted meanwhile, or without a record
+    int m_missing = 0; // deleted in the meantime, or without a record
     bool m_stopped = false;
 };
 

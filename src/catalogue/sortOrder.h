@@ -1,4 +1,4 @@
-// The choice of the sort dialog: columns of the catalogue list in sort order, ascending.
+// The choice in the sort dialog: columns of the catalogue list in sort order, ascending.
 #pragma once
 
 #include <QList>
@@ -21,11 +21,11 @@ inline constexpr auto orderFields = std::to_array<OrderField>({
     {u"catatime", u"入库日期"},
 });
 
-// The chosen fields that a stored order shows again, as indices of orderFields. The order is looked up as one text: one
-// of several columns holds commas, equals no column and chooses nothing.
+// Returns the chosen fields for a stored order, as indices of orderFields. The order is compared as a whole: an order
+// of several columns contains commas, matches no column and returns an empty list.
 QList<int> chosenOf(const QString &sortOrder);
 
-// The order text of chosen fields, with no direction: ascending is the server's default.
+// Returns the order text of the chosen fields, without a direction since ascending is the default of servers.
 QString orderText(const QList<int> &chosen);
 
 } // namespace catalogue

@@ -11,7 +11,7 @@ namespace catalogue {
 
 namespace {
 
-constexpr int namedAtMost = 10; // characters and records
+constexpr int namedAtMost = 10; // applies to characters and to records
 constexpr char recordTerminator = marc::recordTerminator;
 constexpr char fieldTerminator = marc::fieldTerminator;
 

@@ -1,4 +1,4 @@
-// Records out of the store: found by their keys, and made ready for a file in code page 936.
+// Reads records of the store by their keys and converts them for a file in code page 936.
 #pragma once
 
 #include "database/sublib.h"
@@ -9,23 +9,23 @@
 
 namespace catalogue {
 
-// The records of the rows of these keys. A row that is not there, or holds no record, is missing in the result.
+// Returns the records with these keys. A row that does not exist or has no record is not in the result.
 platform::Result<QMap<qint64, QString>> recordsOf(const QList<qint64> &keys, const database::SessionState &state);
 
-// The bytes of a record in a file, its terminator included. What others wrote into the store may lack the terminator,
-// or have a line end after it: the next record would then be taken for a part of this one.
+// Returns the record as bytes for a file, including its terminator. Records stored by other programs may lack the
+// terminator or have a line end after it; without the correction the next record would be read as part of this one.
 QByteArray recordBytes(const QString &record);
 
-// The characters that a file in code page 936 cannot hold, which become "?".
+// Counts the characters that a file in code page 936 cannot contain and that become "?".
 class LostCharacters {
 public:
     void look(const QString &record, qint64 key);
-    // How many there are, which, and in which records; empty for none.
+    // Returns how many there are, which characters, and in which records; empty if there are none.
     QString words() const;
 
 private:
     QMap<char32_t, int> m_counts;
-    QList<qint64> m_keys; // of the first records that lose one
+    QList<qint64> m_keys; // of the first records with such characters
     int m_records = 0;
 };
 
