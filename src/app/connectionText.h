@@ -1,5 +1,5 @@
-// What the database connection dialog composes and says: the connection text, the check of its fields, the words for a
-// failed test. Values go into the text as typed, with no escaping.
+// The texts of the database connection dialog: the connection string, the check of the fields and the message for a
+// failed test. Values are inserted as typed, without escaping.
 #pragma once
 
 #include <QStringList>
@@ -9,9 +9,9 @@ namespace app {
 
 inline constexpr QStringView noDataSource = u"(None)";
 
-// What stands in the dialog's fields.
+// The contents of the dialog's fields.
 struct ConnectionFields {
-    bool dataSourceChosen = false; // the list of data sources stands on an entry behind "(None)"
+    bool dataSourceChosen = false; // an entry after "(None)" is selected in the list of data sources
     QString dataSource;
     QString driver;
     QString server;
@@ -22,10 +22,10 @@ struct ConnectionFields {
 
 QString composeConnectionString(const ConnectionFields &fields);
 
-// The complaint about what is missing; nothing when the fields are enough to go on.
+// Returns the message about missing fields, or std::nullopt if the fields are sufficient.
 std::optional<QString> checkConnectionFields(const ConnectionFields &fields);
 
-// What the dialog says of the data sources that the machine has, for a first run.
+// Returns the hint about the data sources of the machine, for the first start.
 QString dataSourceHint(const QStringList &names);
 
 struct TestMessage {
@@ -33,7 +33,7 @@ struct TestMessage {
     QString text;
 };
 
-// What a failed connection is told with, by the words of the fault's description.
+// Returns the message for a failed connection, depending on the text of `description`.
 TestMessage messageForFault(const QString &description);
 
 } // namespace app

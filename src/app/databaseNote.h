@@ -1,5 +1,6 @@
-// What the main window says of the database at the start: which one it is, and whether its file is there. No server is
-// called: one that is only knocked at counts that as a failed connection, and blocks a machine that has made too many.
+// The note about the database in the main window at start: its name, and whether its file exists. No server is
+// contacted: a server counts a connection that is opened and closed as failed, and blocks a machine after too many of
+// them.
 #pragma once
 
 #include <QString>
@@ -8,7 +9,7 @@ namespace app {
 
 struct DatabaseNote {
     QString words;
-    bool missing = false; // a file that is not there
+    bool missing = false; // the database is a file that does not exist
 };
 
 DatabaseNote databaseNote(const QString &connectionString);

@@ -14,7 +14,8 @@ QStringList tableNames() {
 
 namespace {
 
-// What is told here is told before any window: of the newer files once, of the refused ones at each start.
+// Copies the configuration files to the program folder. Before any window is shown, reports newer files once and
+// refused files at each start.
 void layConfiguration(platform::Host &host, const QString &from) {
     const platform::LaidFiles laid = platform::layFiles(from, host.programFolder(), marc::configurationFiles);
     if (!laid.refused.isEmpty())
@@ -38,7 +39,7 @@ bool startUp(platform::Host &host, const StartUpFindings &found, database::Sessi
     const std::optional<QString> stored = database::storedConnection(host.settings());
     if (!stored) {
         windows.showConnectionDialog();
-        // The setting is not read again, even when the dialog has just written it: the next start finds it.
+        // The setting is not read again, even if the dialog has just written it; the next start reads it.
         host.tell(u"请重新运行Quelt系统！"_s, u"系统操作提示"_s);
         return false;
     }

@@ -1,5 +1,5 @@
-// The first code that runs: one instance a machine, and the one setting that decides between the main window and the
-// connection dialog of a first run.
+// The first code that runs: ensures one instance per machine, and shows the main window, or the connection dialog if no
+// connection is stored yet.
 #pragma once
 
 #include "database/sublib.h"
@@ -8,7 +8,7 @@
 
 namespace app {
 
-// The tables of the database, as the schema scripts spell them.
+// Returns the names of the database tables as spelled in the schema scripts.
 QStringList tableNames();
 
 struct StartUpWindows {
@@ -17,12 +17,12 @@ struct StartUpWindows {
 };
 
 struct StartUpFindings {
-    platform::Status codePage; // nothing can be done without the characters
+    platform::Status codePage; // on failure the program reports it and ends
     bool anotherInstanceRuns = false;
-    QString executableFolder; // where the configuration files came to
+    QString executableFolder; // contains the configuration files of the installation
 };
 
-// Fills the session state; whether the program goes on into its event loop. Otherwise it ends.
+// Fills the session state. Returns whether the program shall enter its event loop; otherwise it shall end.
 bool startUp(platform::Host &host, const StartUpFindings &found, database::SessionState &state,
              const StartUpWindows &windows);
 
