@@ -1,5 +1,5 @@
-// Which field goes into which slot of the card, and how. The order of the rows is the order of the card's work: for
-// each row there is one pass over the whole directory.
+// Defines which field fills which slot of the card, and how. The rows are processed in order, each with one pass over
+// the whole directory.
 #pragma once
 
 #include "card/kapian.h"
@@ -9,7 +9,7 @@
 namespace card {
 
 enum class Slot {
-    s200, // the first ones in the order in which they stand on the card
+    s200, // the slots up to s010 are in the order of the card
     s205,
     s206,
     s207,
@@ -37,8 +37,7 @@ inline Piece firstOfTextA(QString &field) {
     return piece;
 }
 
-// What a field does to its slot: front + text + back while that is empty, joiner + text + back behind what stands
-// there.
+// How a field changes its slot: to front + text + back if the slot is empty, else by appending joiner + text + back.
 struct SlotRow {
     QStringView tag;
     Slot slot;
@@ -46,7 +45,7 @@ struct SlotRow {
     QStringView front = {};
     QStringView joiner = {};
     QStringView back = {};
-    bool replaces = false; // starts the slot anew in every case: the last field wins
+    bool replaces = false; // always starts the slot again: the last field wins
 };
 
 constexpr SlotRow note(QStringView tag, Format format = textA, bool replaces = false) {
@@ -83,7 +82,7 @@ inline constexpr auto slotRows = std::to_array<SlotRow>({
     note(u"320"),
     note(u"322"),
     note(u"323"),
-    // Required as it stands: a 324 throws away the notes gathered before it.
+    // Required behaviour: a 324 discards the notes before it.
     note(u"324", textA, true),
     note(u"325"),
     note(u"327", Kapian327),
@@ -96,7 +95,7 @@ inline constexpr auto slotRows = std::to_array<SlotRow>({
 });
 
 // The numbered lists. A field whose test text is empty adds no item. Test and item are made one after the other from
-// the same variable: Kapian686 has used it up by then, so a filled 686 adds an empty item.
+// the same variable. Kapian686 consumes it for the test, so a filled 686 adds an empty item.
 struct ListRow {
     QStringView tag;
     Slot slot;

@@ -11,7 +11,7 @@ namespace card {
 
 namespace {
 
-// Full-width and half-width signs are told apart on purpose in all of these.
+// Full-width and half-width signs are mixed intentionally in these tables.
 constexpr auto rules010 = std::to_array<Rule>({
     {u'a', u"\r\n  ISBN ", u"ISBN "},
     {u'b', u"（", u"（", u"）"},
@@ -45,7 +45,7 @@ constexpr auto rules208 = std::to_array<Rule>({
     {u'd', u"=", u"", u"", Manner::Join, 1},
 });
 
-// Accumulator 0 is the place of publication, 1 the manufacture.
+// Accumulator 0 is the publication, 1 the manufacture.
 constexpr auto rules210 = std::to_array<Rule>({
     {u'a', u"；", u"", u"", Manner::Join, 0},
     {u'b', u"（", u"（", u")", Manner::Join, 0},
@@ -90,7 +90,8 @@ QString trimmed(Parts &parts) {
     return trimBlanks(parts[0]);
 }
 
-// The first accumulator behind a dash, the second behind a sign; nothing where the first is empty.
+// Returns "·—" and the first accumulator, then `sign` and the second one if it is not empty. Returns an empty text if
+// the first is empty.
 QString dashed(const Parts &parts, QStringView sign) {
     if (parts[0].isEmpty())
         return {};

@@ -1,5 +1,5 @@
-// The card text of single fields. Each formatter uses its argument up, as walk() tells: called a second time on the
-// same variable it finds nothing and gives the empty text (Kapian210 the bare dash).
+// The card texts of single fields. Each formatter consumes its argument like walk(): a second call with the same
+// variable finds no subfield and returns an empty text (Kapian210 only the dash).
 #pragma once
 
 #include "card/subfieldWalk.h"
@@ -7,7 +7,7 @@
 namespace card {
 
 Piece Kapian010(QString &field); // ISBN and price
-Piece Kapian200(QString &field); // title; the box about a missing one where $f or $g comes ahead of it
+Piece Kapian200(QString &field); // title; a message if $f or $g precedes it
 Piece Kapian205(QString &field); // edition
 Piece Kapian206(QString &field); // scale of maps
 Piece Kapian207(QString &field); // numbering of serials; the last $a wins

@@ -14,7 +14,7 @@ namespace card {
 
 namespace {
 
-constexpr qsizetype largestPosition = 32767; // the card's positions are 16-bit integers
+constexpr qsizetype largestPosition = 32767; // card positions are 16-bit integers
 constexpr QStringView itemSigns = u"①②③④⑤⑥⑦⑧⑨⑩";
 
 struct Source {
@@ -27,7 +27,7 @@ QString faultText(const QString &words) {
     return u"【showKapian】" + words + u"，卡片无法显示！";
 }
 
-// Nothing where the record cannot be read; then the card holds a box or a fault.
+// Returns std::nullopt if the record cannot be read; `card` then has a message or a fault.
 std::optional<Source> openRecord(const marc::RawRecord &record, Card &card) {
     const marc::DirectoryView directory = marc::viewDirectory(record);
     const std::optional<qint16> base = platform::toInt16(directory.baseAddress);
@@ -92,7 +92,7 @@ void Builder::forEachField(QStringView tag, Work work) {
     }
 }
 
-// The text that the formatter makes; its boxes and its failure go to the card.
+// Returns the formatter's text and adds its messages and its failure to the card.
 QString Builder::run(Format format, QStringView tag, QString &field) {
     const Piece piece = format(field);
     m_card.boxes += piece.boxes;
@@ -144,7 +144,7 @@ QString Builder::tracingLine() {
     if (slot(Slot::s225).isEmpty()) {
         line += title;
     } else {
-        // The fourth character is the first of the series title, behind "·—（".
+        // The fourth character is the first one of the series title, after "·—（".
         line += u'①' + title + u'②' + trimBlanks(slot(Slot::s225)).mid(3, 1) + u"···";
     }
     return line + slot(Slot::trace2) + slot(Slot::trace3) + u' ' + slot(Slot::trace4);

@@ -1,5 +1,5 @@
-// The catalogue card of one record as plain text: fixed order of tags, punctuation of the card, numbered tracings. The
-// only line breaks (CR LF) are those of the card itself.
+// Makes the catalogue card of one record as plain text, with a fixed order of tags, card punctuation and numbered
+// tracings. Its only line breaks (CR LF) are those of the card.
 #pragma once
 
 #include "marc/rawRecord.h"
@@ -9,9 +9,9 @@
 namespace card {
 
 struct Card {
-    std::optional<QString> text; // what the text box gets; nothing where it keeps what it had
-    QStringList boxes;           // plain boxes without a title of their own that come up ahead of the text, in order
-    QString fault;               // the fault that ended the card, behind those boxes; else empty, fit for a box
+    std::optional<QString> text; // std::nullopt: the text box keeps its text
+    QStringList boxes;           // messages without a title, shown before the text, in order
+    QString fault;               // message about the fault that ended the card, shown after `boxes`; empty if none
 };
 
 Card showKapian(const marc::RawRecord &record);

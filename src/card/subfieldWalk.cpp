@@ -8,7 +8,7 @@ namespace card {
 
 namespace {
 
-// Takes a value into its accumulator; whether the box about the missing title comes up.
+// Adds a value to its accumulator. Returns whether to show the message about the missing title.
 bool take(QString &part, const Rule &rule, QStringView value) {
     if (rule.manner == Manner::Replace) {
         part = rule.opening + value + rule.closing;

@@ -1,12 +1,12 @@
-// The plain text of a field: its subfields $a.
+// The plain text of a field, made from its subfields $a.
 #pragma once
 
 #include "card/subfieldWalk.h"
 
 namespace card {
 
-// The values of $a, joined by " 、", untrimmed; empty for an empty field. Fails as walk() does, an empty field
-// excepted.
+// Returns the values of $a, joined by " 、" and not trimmed, or an empty text for an empty field. Otherwise fails like
+// walk().
 Piece fieldTextA(QString field);
 
 } // namespace card
