@@ -9,14 +9,14 @@ namespace assist {
 
 namespace {
 
-// Character by character, so that no text changes its length.
+// Converts character by character, so that the length never changes.
 QString lowered(QString text) {
     for (QChar &c : text)
         c = c.toLower();
     return text;
 }
 
-// "####" is the usual entry where there is no second year.
+// "####" is the usual entry if there is no second year.
 bool isYear(const QString &text) {
     const bool digits = std::ranges::all_of(text, [](QChar c) { return c >= u'0' && c <= u'9'; });
     return text == u"####" || (digits && QDate::fromString(text + u"/01/01", u"yyyy/MM/dd"_s).isValid());
@@ -81,7 +81,7 @@ KeyEffect CodedBoxes::type(int i, char16_t key, bool replacesSelection) {
     return allowed(i) ? KeyEffect::Taken : KeyEffect::AsksAgain;
 }
 
-// A typed capital is a small letter by now; one that came otherwise is no code until the box is left.
+// In a box of one character typed letters are lower case already. Other capitals match no code until the box is left.
 bool CodedBoxes::allowed(int i) const {
     const QString &code = text(i);
     const Box &row = box(i);

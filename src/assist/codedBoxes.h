@@ -1,6 +1,6 @@
-// The assistants' engine. A fixed-length text stands as a row of boxes, one for each part; a table says what each box
-// is for and which codes it knows. CodedBoxes holds the boxes' texts and does what happens on loading, on entering and
-// leaving a box, on a key and on a choice from the list. It shows nothing; a window shows what it holds.
+// The engine of the assistants. A fixed-length text is edited in a row of boxes, one for each part. A table defines
+// each box and the codes it knows. CodedBoxes holds the texts of the boxes and implements loading, entering and leaving
+// a box, keys, and choices from the list. A window displays it.
 #pragma once
 
 #include <QString>
@@ -14,7 +14,7 @@
 
 namespace assist {
 
-// The list text begins with the code, as many characters as the box is wide.
+// `listText` begins with the code, which has as many characters as the box is wide.
 struct Code {
     QStringView listText;
     QStringView explanation = {};
@@ -23,16 +23,16 @@ struct Code {
 enum class BoxKind { Fixed, Coded, Year };
 
 struct Box {
-    QStringView label; // empty: under the label of the box before
+    QStringView label; // empty: the box shares the label of the previous box
     int width;         // in characters
     BoxKind kind;
-    QStringView whenEmpty = {}; // what stands for an empty box or blanks; of a fixed box its only text
+    QStringView whenEmpty = {}; // replaces an empty or blank text; the only text of a fixed box
     std::span<const Code> codes = {};
-    QStringView alsoAllowed = {}; // a code without an entry in the list
-    bool fromList = false; // whether an entry can be taken over, and the box has a button that drops the list down
+    QStringView alsoAllowed = {}; // a valid code that is not in the list
+    bool fromList = false;        // an entry can be chosen, and the box has a button that opens the list
 };
 
-// For static_assert: `length` characters altogether, and in each box codes that are told apart.
+// For static_assert: the boxes have `length` characters in total, and the codes of each box differ.
 constexpr bool isSound(std::span<const Box> table, int length) {
     auto code = [](const Box &box, const Code &c) { return std::u16string_view(c.listText.utf16(), box.width); };
     for (const Box &box : table) {
@@ -51,50 +51,51 @@ constexpr bool isSound(std::span<const Box> table, int length) {
     return length == 0;
 }
 
-// What a key press in a box leads to.
+// The effect of a key press in a box.
 enum class KeyEffect {
-    LeftToBox,   // the box takes the key as any text box does
-    Taken,       // the box's text is what it shall be; the key is used up
-    MovesOn,     // the focus goes to the next box
-    AsksAgain,   // the question is put whether to type again
-    YearRefused, // the message on years is shown, the focus stays
+    LeftToBox,   // the box handles the key like any text box
+    Taken,       // the text of the box is already set; the key is consumed
+    MovesOn,     // the focus moves to the next box
+    AsksAgain,   // the user is asked whether to type again
+    YearRefused, // the message about years is shown and the focus stays
 };
 
 class CodedBoxes {
 public:
     static constexpr int noBox = -10;
 
-    // The table must outlive the object.
+    // `table` must outlive the object.
     explicit CodedBoxes(std::span<const Box> table);
 
-    // Each box that is not fixed gets its characters; what lies beyond the end of the text counts as empty.
+    // Sets the text of each box that is not fixed. Characters beyond the end of `incoming` count as empty.
     void load(const QString &incoming);
 
     int count() const { return int(m_table.size()); }
     const Box &box(int i) const { return m_table[size_t(i)]; }
     const QString &text(int i) const { return m_texts[size_t(i)]; }
-    // The whole text as it stood at the last load, entering or leaving.
+    // The whole text at the last load, entering or leaving.
     const QString &whole() const { return m_whole; }
-    // The box that the list and the choice work on, noBox when none was entered.
+    // The box that the list and choose() refer to; noBox if none was entered.
     int currentBox() const { return m_current; }
-    // What OK hands back: the whole text in lower case.
+    // Returns the text for OK: the whole text in lower case.
     QString result() const;
 
     void focus(int i);
     void leave(int i);
-    // The text was changed in the box itself: pasted, deleted, put in by an input method.
+    // Call when the text was changed in the box itself: pasted, deleted or entered by an input method.
     void edit(int i, const QString &text) { m_texts[size_t(i)] = text; }
-    // A key with a character of its own, 13 for Enter. A key that replaces a selection finds room in a full box.
+    // Handles a printable character, or 13 for Enter. A full box accepts a key only if it replaces a selection.
     KeyEffect type(int i, char16_t key, bool replacesSelection = false);
-    // The question that goes with AsksAgain.
+    // The question for KeyEffect::AsksAgain.
     QStringView question(int i) const;
 
-    // The list of the current box, and the entry in it that begins with the box's text; -1 when there is none.
+    // The list of the current box, and the index of the entry that begins with the text of the box, or -1 if there is
+    // none.
     QStringList list() const;
     int listed() const;
-    // Nothing for a code that the current box does not know, and in tables without explanations.
+    // Returns std::nullopt if the current box does not know the code, or if the code has no explanation.
     std::optional<QString> explanation(QStringView listText) const;
-    // Takes the entry's code into the current box; false where the list is only for reading.
+    // Sets the current box to the code of the entry. Returns false if the list is only for reading.
     bool choose(const QString &listText);
 
 private:

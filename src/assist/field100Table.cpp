@@ -6,7 +6,8 @@ namespace assist {
 
 namespace {
 
-// The words of the tables, their signs and blanks are what the cataloguers know; they stay as they are, slips included.
+// The texts of the tables are those that cataloguers know, including their punctuation, blanks and errors. Do not
+// change them.
 constexpr auto dateType = std::to_array<Code>({
     {u"a=现仍出版连续出版物"},
     {u"b=已停刊的连续出版物"},
@@ -110,7 +111,7 @@ constexpr auto script = std::to_array<Code>({
     {u"zz=其它"},
 });
 
-// A year box has no list, and a fixed box no code.
+// A box for a year has no list of codes.
 constexpr Box year(QStringView label) {
     return {label, 4, BoxKind::Year, u"####"};
 }
@@ -123,14 +124,14 @@ constexpr Box pair(QStringView label, std::span<const Code> codes) {
     return {label, 2, BoxKind::Coded, u"##", codes, u"##"};
 }
 
-// An entry of the list can be taken over; of the others it is only for reading.
+// Makes the entries of the list selectable. The other lists are only for reading.
 constexpr Box fromList(Box box) {
     box.fromList = true;
     return box;
 }
 
 constexpr auto field100Boxes = std::to_array<Box>({
-    {u"记录生成时间", 8, BoxKind::Fixed, u"????????"}, // required as it stands: the date of entry is not kept
+    {u"记录生成时间", 8, BoxKind::Fixed, u"????????"}, // required: the date of entry is not kept
     fromList(coded(u"出版时间类型", dateType)),
     year(u"出版年①"),
     year(u"出版年②"),

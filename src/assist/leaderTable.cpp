@@ -6,7 +6,8 @@ namespace assist {
 
 namespace {
 
-// The words of the tables, their signs and blanks are what the cataloguers know; they stay as they are, slips included.
+// The texts of the tables are those that cataloguers know, including their punctuation, blanks and errors. Do not
+// change them.
 constexpr auto recordStatus = std::to_array<Code>({
     {u"c=经修改的记录", u"当由于改错而变更成为一个新记录，或者记录中有字段被删除，均为经修改的记当使用“c”。对于先前发行"
                         u"的出版前记录（如CIP在版编目记录），若整个记录由后来发行的记录替代，则后发行的记录要和代码“p”"

@@ -1,5 +1,5 @@
-// The 24 characters of a record's leader as boxes: what each position means, its codes and their explanations. The
-// lengths and the base address are left to whoever writes the record.
+// The 24 characters of the record leader as boxes: the meaning of each position, its codes and their explanations. The
+// lengths and the base address are filled in when the record is written.
 #pragma once
 
 #include "assist/codedBoxes.h"
