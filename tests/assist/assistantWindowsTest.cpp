@@ -78,7 +78,7 @@ TEST_F(FrmHelpLR000, TheMouseChoosesAndDismisses) {
     doubleClick(window.listLx, u"s="_s);
     EXPECT_EQ(window.focusWidget(), window.Text1[3]);
 
-    // The button works on its own box, wherever the focus was.
+    // The button acts on its own box regardless of the focus.
     window.picClick[5]->click();
     doubleClick(window.listMenu, u"n＝"_s);
     EXPECT_TRUE(window.listMenu->isHidden());

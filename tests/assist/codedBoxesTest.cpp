@@ -27,7 +27,7 @@ TEST(CodedBoxes, LoadsWhatHasCodesAndResetsTheRest) {
         {leader, u"00960na"_s, u"?????na###22?????###450#"_s},
         {leader, {}, u"?????#####22?????###450#"_s},
         {field, u"19980512D1998    KM Y0CHIY1001  50EA"_s, u"????????D1998####KM#Y0CHIY1001##50EA"_s},
-        // Blanks beside other characters are not a blank box; a box cut short stays short.
+        // Blanks among other characters do not make a box blank; a truncated box keeps its length.
         {field, u"19980512g19  20"_s, u"????????g19  20#####chi###########"_s},
         {field, QString(36, u' '), blankField},
         {field, {}, blankField},
@@ -49,7 +49,7 @@ TEST(CodedBoxes, LowerCaseComesWithEnteringAndLeaving) {
     EXPECT_EQ(boxes.whole(), u"?????NaM0#22?????###450#");
     boxes.leave(2);
     EXPECT_EQ(boxes.whole(), u"?????N#M0#22?????###450#");
-    boxes.edit(3, u"S"_s); // pasted, and confirmed from there
+    boxes.edit(3, u"S"_s); // pasted, and confirmed from that box
     EXPECT_EQ(boxes.result(), u"?????n#s0#22?????###450#");
 }
 
@@ -66,9 +66,9 @@ TEST(CodedBoxes, AKeyIsTakenTestedOrLeftToTheBox) {
     };
     QList<Row> rows = {
         {leader, 1, u"c"_s, u'N', Taken, u"n"_s},
-        {leader, 1, u"c"_s, u'#', Taken, u"#"_s}, // allowed, though its list has no such entry
+        {leader, 1, u"c"_s, u'#', Taken, u"#"_s}, // accepted although its list has no such entry
         {leader, 2, u"a"_s, u'x', AsksAgain, u"x"_s},
-        {leader, 3, u"m"_s, u'C', Taken, u"c"_s}, // its entry has a full-width sign behind the code
+        {leader, 3, u"m"_s, u'C', Taken, u"c"_s}, // its entry has a full-width character after the code
         {leader, 4, u"0"_s, u'3', AsksAgain, u"3"_s},
         {leader, 10, u"#"_s, u'I', Taken, u"i"_s, true},
         {leader, 2, u"a"_s, u'\r', MovesOn, u"a"_s},
@@ -82,13 +82,13 @@ TEST(CodedBoxes, AKeyIsTakenTestedOrLeftToTheBox) {
         {field, 2, u"####"_s, u'1', MovesOn, u"####"_s},
         {field, 9, u"ch"_s, u'X', LeftToBox, u"ch"_s},
         {field, 9, u"chi"_s, u'x', Taken, u"chi"_s},
-        {field, 9, u"CHI"_s, u'x', AsksAgain, u"CHI"_s}, // small letters only come with leaving
+        {field, 9, u"CHI"_s, u'x', AsksAgain, u"CHI"_s}, // letters become lower case only when the box is left
         {field, 9, u"xxx"_s, u'x', AsksAgain, u"xxx"_s},
         {field, 9, u"###"_s, u'x', AsksAgain, u"###"_s},
         {field, 11, u"##"_s, u'0', Taken, u"##"_s},
         {field, 14, u"13"_s, u'0', Taken, u"13"_s},
         {field, 12, u"07"_s, u'0', AsksAgain, u"07"_s},
-        {field, 15, u"da"_s, u'x', Taken, u"da"_s}, // its entry has a blank behind the code
+        {field, 15, u"da"_s, u'x', Taken, u"da"_s}, // its entry has a blank after the code
         {field, 15, u"d "_s, u'x', AsksAgain, u"d "_s},
     };
     for (const char16_t key : {u' ', u'\b', u'\x7F', u'书'})
@@ -111,10 +111,10 @@ TEST(CodedBoxes, ListAndChoiceBelongToTheCurrentBox) {
         int box;
         QString text;
         int entries;
-        QString listed;    // the entry that goes with the text
+        QString listed;    // the entry that matches the text
         QString choice;    // an entry of the list
-        QString chosen;    // the text after it
-        QString explained; // the start of the choice's explanation
+        QString chosen;    // the text after the choice
+        QString explained; // the beginning of the explanation for the choice
     };
     const Row rows[] = {
         {leader, 1, u"O"_s, 5, u"o=曾发行较高层次记录"_s, u"p=曾发行不完整的记录或出版前记录"_s, u"p"_s, u"用于替代"_s},
@@ -122,7 +122,7 @@ TEST(CodedBoxes, ListAndChoiceBelongToTheCurrentBox) {
         {leader, 3, u"c"_s, 4, u"c＝合集"_s, u"c＝合集"_s, u"c"_s, u"汇集型书目实体"_s},
         {field, 15, u"FA"_s, 17, u"fa =阿拉伯文"_s, u"da =日文—文字类型未指定"_s, u"da"_s, {}},
         {field, 9, u"jp"_s, 17, u"jpn=日语"_s, u"eng=英语"_s, u"eng"_s, {}},
-        {field, 5, u"m"_s, 8, u"m=成人（一般）"_s, u"u=不详"_s, u"m"_s, {}}, // for reading only
+        {field, 5, u"m"_s, 8, u"m=成人（一般）"_s, u"u=不详"_s, u"m"_s, {}}, // read-only
         {field, 11, u"10"_s, 10, u"10=GB/IEC 2312-80"_s, u"50=ISO/IEC 10646 通用多八位编码字符集"_s, u"10"_s, {}},
         {field, 1, u"z"_s, 10, {}, u"j=具有详细出版时间专著"_s, u"j"_s, {}},
         {field, 2, u"1998"_s, 0, {}, u"x"_s, u"1998"_s, {}},
