@@ -1,4 +1,5 @@
-// Each damaged sample on the program's own road: read into the list, shown in the grid, put on a card, proofed, mapped.
+// Passes each damaged sample through the program: read into the list, shown in the grid, put on a card, proofed, and
+// mapped to a database row.
 #include "card/showKapian.h"
 #include "import/recordRow.h"
 #include "marc/recordCutter.h"
@@ -9,8 +10,8 @@
 
 namespace {
 
-// What comes of one record: its title in the list; the grid's rows; the card's beginning, or the box in its stead; the
-// missing and repeated fields; the title and the pages that the store gets.
+// Returns the results for one record: its title in the list; the number of rows in the grid; the beginning of the card,
+// or of the box shown instead; the number of missing and repeated fields; title and pages of the database row.
 QString cameOf(const QString &title, const marc::RawRecord &record) {
     static const QRegularExpression quoted(u"“[^”]*”"_s);
     const marc::ShownRecord shown = marc::showRecord(record);
@@ -27,8 +28,8 @@ QString cameOf(const QString &title, const marc::RawRecord &record) {
 
 struct Row {
     QString file;
-    int lines;     // the estimate
-    int questions; // about damaged directories
+    int lines;     // the estimated number
+    int questions; // the number of questions about damaged directories
     QStringList records;
 };
 
@@ -46,7 +47,8 @@ TEST(DamageFiles, GoThroughTheProgram) {
         {u"empty.iso"_s, 0, 0, {}},
         {u"directory.iso"_s, 3, 1, {one, damaged, three}},
         {u"offsets.iso"_s, 3, 0, {u"|88|字段200没有|0|/3"_s, u"三国演义|106|三国演义／(|0|三国演义/2"_s, three}},
-        // Where the base address is none, the list keeps the title before it and the rest is cut from the first byte.
+        // Without a valid base address, the list keeps the previous title, and everything else is cut from the first
+        // byte.
         {u"numbers.iso"_s,
          4,
          0,

@@ -10,7 +10,7 @@ namespace {
 
 const QString programFolder = QStringLiteral(PROGRAM_FOLDER "/");
 
-// Calls `visit(record, field)` for every field of every sample; a failure names the record.
+// Calls `visit(record, field)` for every field of every sample; a failure reports the number of the record.
 template <typename Visit>
 void forEachField(const Visit &visit) {
     QFile file(builtPath(u"samples/sample.iso"_s));
@@ -24,7 +24,7 @@ void forEachField(const Visit &visit) {
     }
 }
 
-// Code and value of each subfield.
+// Returns the code and the value of each subfield.
 QList<std::pair<char, QByteArray>> subfieldsOf(const RawField &field) {
     QList<std::pair<char, QByteArray>> subfields;
     for (const QByteArray &piece : field.content.split('\x1F').sliced(1))
@@ -32,7 +32,7 @@ QList<std::pair<char, QByteArray>> subfieldsOf(const RawField &field) {
     return subfields;
 }
 
-// Weighted sum of the digits, "X" counting 10: 0 where the check digit is right.
+// Returns the remainder of the weighted sum of the digits, with "X" as 10; 0 if the check digit is right.
 int remainder(const QByteArray &digits, bool isbn13) {
     int sum = 0;
     for (qsizetype i = 0; i < digits.size(); ++i) {
@@ -62,12 +62,13 @@ TEST(Samples, UseOnlySubfieldsThatAreOffered) {
             const bool known = !lines(tag).filter(u'$' + QString(QChar::fromLatin1(code)) + u' ').isEmpty();
             EXPECT_TRUE(known || (embeds && code == '1')) << qPrintable(tag) << '$' << code;
             if (embeds && code == '1')
-                tag = QString::fromLatin1(value.first(3)); // what follows belongs to the embedded field
+                tag = QString::fromLatin1(value.first(3)); // the following subfields belong to the embedded field
         }
     });
 }
 
-// The template shipped calls no sound record faulty. But for rubbings: a stone has no publisher, every book has one.
+// The shipped template reports no fault in a valid record, except for rubbings: they have no publisher, which every
+// book must have.
 TEST(Samples, PassTheProofs) {
     constexpr char rubbing = 'u';
     const QString noPublisher = u"Error:210字段的c子字段(必备子字段)不存在\r\n"_s;
@@ -85,7 +86,7 @@ TEST(Samples, PassTheProofs) {
 TEST(Samples, CoverAllKindsWithSoundCodedDataAndNumbers) {
     const QMap<QByteArray, qsizetype> lengths = {{"100", 36}, {"105", 13}, {"106", 1},  {"110", 11}, {"115", 20},
                                                  {"120", 13}, {"125", 2},  {"126", 15}, {"127", 6},  {"135", 13}};
-    QMap<qsizetype, int> counts; // by length of the digits
+    QMap<qsizetype, int> counts; // by number of digits
     QSet<QByteArray> seen;       // kinds of material and tags
     qsizetype longestNote = 0;
     forEachField([&](const QByteArray &record, const RawField &field) {

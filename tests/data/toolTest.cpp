@@ -12,7 +12,7 @@ namespace {
 struct Build {
     int exitCode;
     QByteArray complaint;
-    QList<QByteArray> files; // what stands in the folder afterwards, by name: the field list comes first
+    QList<QByteArray> files; // the contents of the folder afterwards, by name: the field list is first
 };
 
 Build configurationOf(const QByteArray &format, const QByteArray &rules) {
@@ -28,7 +28,7 @@ Build configurationOf(const QByteArray &format, const QByteArray &rules) {
     return build;
 }
 
-// Bytes of a text in which "$", "|" and "%" stand for the separators.
+// Encodes a text in which "$", "|" and "%" represent the separators.
 QByteArray marked(const QString &text) {
     return platform::encode(text).replace('$', '\x1F').replace('|', '\x1E').replace('%', '\x1D');
 }
@@ -107,8 +107,8 @@ TEST(RecordAssembler, WritesNinesWhereANumberIsTooWide) {
     EXPECT_EQ(digits, QByteArray("004299999999"));
 }
 
-// The sum was taken once, of whole and varied records; another one on some machine, or after a change, makes
-// benchmarks incomparable.
+// The checksum covers complete, varied records; if it changes between platforms or versions, benchmark results are no
+// longer comparable.
 TEST(Generator, GivesTheSameBytesForTheSameSeed) {
     tools::RecordGenerator generator(1);
     QByteArray bytes;
@@ -118,7 +118,7 @@ TEST(Generator, GivesTheSameBytesForTheSameSeed) {
               "f3284be1a9dd03a2a2116f331a3924d6c53452db");
 }
 
-// What stands in the way of a database: nothing, an empty file, one that lost a table, one that is none.
+// In place of the database: nothing, an empty file, a database that lost a table, a file that is no database.
 TEST(PrepareDesk, MakesADatabaseOrItsTablesAndSaysSo) {
     const QTemporaryDir folder;
     const QString database = folder.filePath(u"library.db"_s);
