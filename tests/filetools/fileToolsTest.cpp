@@ -24,7 +24,7 @@ platform::Status readOn(Run &run, const std::function<platform::Status()> &write
     }
 }
 
-// Runs to the end; what failed, or empty.
+// Runs the split to its end; returns the error text, or an empty string.
 QString run(SplitRun &split, const QString &limit) {
     platform::Status status = split.open();
     if (status)
@@ -49,10 +49,10 @@ QString run(MergeRun &merge, const QStringList &sources) {
     return status ? QString() : status.failure().description;
 }
 
-// What a split or a merge makes of these bytes: byte for byte, with no block and no view.
+// Returns the expected output of a split or merge, processed byte by byte without blocks or views.
 QByteArray plainly(const QByteArray &source) {
     QByteArray out, record;
-    bool ended = false; // what stands behind a terminator on its line is not used
+    bool ended = false; // the rest of a line after a record terminator is dropped
     for (qsizetype at = 0; at < source.size(); ++at) {
         const bool lineEnd = source[at] == '\r';
         if (!lineEnd && !ended)
@@ -83,7 +83,7 @@ TEST(TargetPattern, CutsTheTargetInEitherMannerOfPaths) {
         EXPECT_EQ(pattern->numbered(1000), number1000);
         EXPECT_EQ(pattern->mask(), mask);
     }
-    EXPECT_FALSE(targetPattern(u"/x.a/b"_s, u'/')); // the point stands in the folder
+    EXPECT_FALSE(targetPattern(u"/x.a/b"_s, u'/')); // the dot is in the folder name
 }
 
 TEST(Checks, TheFirstThingAmissEndsTheSplit) {
@@ -111,8 +111,8 @@ TEST(Checks, TheFirstThingAmissEndsTheSplit) {
 }
 
 TEST(Split, CutsAsTheLinesStand) {
-    const QByteArray odd("\x80\xff\xa1\n\0\x81\x1d", 7); // no valid text, and a line feed that ends no line
-    // The source; its records, the targets from 700 on, the records reported of each.
+    const QByteArray odd("\x80\xff\xa1\n\0\x81\x1d", 7); // not valid text; contains a line feed that ends no line
+    // The source; its number of records, the target files from 700 on, and the number of records reported for each.
     const std::tuple<const char *, QByteArray, qint32, QList<QByteArray>, QList<int>> rows[] = {
         {"25 records", lines(25), 25, {lines(10), lines(10, 11), lines(5, 21)}, {10, 10, 5}},
         {"no file is begun behind a full last one", lines(20), 20, {lines(10), lines(10, 11)}, {10, 10}},
@@ -142,9 +142,9 @@ TEST(Split, CutsAsTheLinesStand) {
     }
 }
 
-// A block's end falls on each byte of a record, of its terminator and of its line end in turn.
+// The end of a block falls on each byte of a record, of its terminator and of its line end in turn.
 TEST(Merge, GivesWhatPlainReadingGivesWhereverABlockEnds) {
-    constexpr int block = 1 << 19; // what is read at a time
+    constexpr int block = 1 << 19; // the size of a read
     const QByteArrayList pieces{"rec\x1d\r\n",       "one\x1dtwo\x1d\r\n",
                                 "a\r\nb\rc\x1d\r\n", "\r\n",
                                 "\x1d\r\n",          "cr\x1d\r",
@@ -153,7 +153,7 @@ TEST(Merge, GivesWhatPlainReadingGivesWhereverABlockEnds) {
     Dice dice(11);
     files::Folder folder;
     for (int shift = 0; shift <= 40; ++shift) {
-        QByteArray source(shift < 40 ? block - 20 - shift : 30 * block, 'a'); // the last is more than is gathered
+        QByteArray source(shift < 40 ? block - 20 - shift : 30 * block, 'a'); // the last exceeds the gathering buffer
         source += "\x1d\r\n" + dice.text<QByteArray>(pieces, 60) + dice.oneOf(QByteArrayList{"", "tail", "end\x1d"});
         MergeRun merge(folder.path(u"all.iso"_s));
         EXPECT_EQ(run(merge, {folder.write(u"source.iso"_s, source)}), QString());
@@ -177,7 +177,7 @@ TEST(Split, NumbersGoOnBeyondThreeDigitsAndEachFileIsClosedAsItEnds) {
 
 TEST(Merge, ATargetSpelledDifferentlyIsEmptiedFirstAndNeverChasesItself) {
     files::Folder folder;
-    constexpr int many = 100'000; // more than what is gathered before it is written
+    constexpr int many = 100'000; // more than is gathered before a write
     const QString big = folder.write(u"big.iso"_s, lines(many)), target = folder.write(u"t.iso"_s, lines(5));
     const QString spelled = folder.path(u"./t.iso"_s);
     EXPECT_FALSE(refuseMerge({spelled}, target));
@@ -203,7 +203,7 @@ TEST(FileTools, AFailureIsToldAndLeavesWhatWasWritten) {
 
     MergeRun halfway(folder.path(u"all.iso"_s));
     EXPECT_NE(run(halfway, {source, folder.path(u"gone.iso"_s), source}), QString());
-    EXPECT_EQ(folder.read(u"all.iso"_s), lines(40)); // while the run still stands
+    EXPECT_EQ(folder.read(u"all.iso"_s), lines(40)); // while the run object still exists
     MergeRun fullMerge(folder.path(u"all.iso"_s));
     SplitRun fullSplit(source, *targetPattern(folder.path(u"b.iso"_s)));
     {
@@ -211,16 +211,16 @@ TEST(FileTools, AFailureIsToldAndLeavesWhatWasWritten) {
         EXPECT_NE(run(fullMerge, {source}), QString());
         EXPECT_NE(run(fullSplit, u"10"_s), QString());
     }
-    EXPECT_EQ(fullMerge.handOver(), 3); // whole in the file
+    EXPECT_EQ(fullMerge.handOver(), 3); // complete records in the file
     EXPECT_EQ(fullSplit.handOver(), 3);
     EXPECT_TRUE(folder.read(u"b700.iso"_s).startsWith(lines(3)));
-    MergeRun unreadable(folder.path(u"all.iso"_s)); // opens well, and gives an error instead of bytes
+    MergeRun unreadable(folder.path(u"all.iso"_s)); // can be opened, but reading fails
     EXPECT_NE(run(unreadable, {u"/proc/self/mem"_s}), QString());
     EXPECT_EQ(folder.read(u"source.iso"_s), lines(40));
 }
 
-// What is seen is in the files; a source that shrinks or goes away in mid-run ends the run with what was read, one that
-// grows is read on.
+// The reported counts match the files. A source that shrinks or is removed during the run ends the run with what was
+// read; a source that grows is read on.
 TEST(FileTools, CountsWhatTheFilesHoldWhateverHappensToTheSource) {
     for (const int change : {-1, 0, 1}) {
         files::Folder folder;

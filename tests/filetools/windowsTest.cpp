@@ -14,7 +14,7 @@ const QString unfinished = u"处理还没有结束，请先结束处理！"_s;
 const QString leave = u"确实要退出吗？"_s;
 const QString look = u"是否查看该目标文件？"_s;
 
-// A window of `Form` with its machine, its files and the reports it has shown.
+// A window of type `Form` with its host, its files and the reports it has shown.
 template <class Form>
 struct Desk {
     files::Folder folder;
@@ -28,7 +28,7 @@ struct Desk {
         QApplication::setActiveWindow(form.get());
         EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
     }
-    // Tries every way of closing.
+    // Tries every way to close the window.
     void refuseToClose(widgets::Button *quit) {
         host.boxes.clear();
         quit->click();
@@ -62,7 +62,7 @@ struct MergeDesk : Desk<frmUnionFile> {
 TEST(FrmCutFile, TellsEachStepAndStaysOpenMeanwhile) {
     SplitDesk desk;
     frmCutFile &form = *desk.form;
-    desk.fill(u' ' + desk.source, {}, u"10.5"_s); // ten: a half goes to the even number
+    desk.fill(u' ' + desk.source, {}, u"10.5"_s); // ten: halves are rounded to even
     desk.host.willChoose(desk.folder.path(u"a.iso"_s));
     QTest::keyClick(&form, Qt::Key_O, Qt::AltModifier);
     EXPECT_EQ(desk.host.dialogs.last().kind, platform::FileDialogKind::Save);
@@ -114,7 +114,7 @@ TEST(FrmCutFile, RefusesWithTheFocusWhereTheFaultIs) {
     form.Text2->setText(u"10"_s);
     form.cmdclick[0]->click();
     desk.fill(desk.source, u"/x.a/b"_s, u"10"_s);
-    form.cmdclick[0]->click(); // a name that cannot be cut: told, and the window can still be closed
+    form.cmdclick[0]->click(); // an invalid name is reported, and the window can still be closed
     EXPECT_EQ(desk.host.texts(),
               (QStringList{u"每个拆分文件的最大记录数太小！最好不要小于10！"_s, u"【cmdClick】目标文件名无效"_s}));
     EXPECT_TRUE(desk.folder.names().isEmpty() && !form.labJinDu->isVisible());
@@ -151,14 +151,15 @@ TEST(FrmCutFile, AFailedRunIsADeadEndWithoutLostFiles) {
     for (const auto &[source, target] :
          {std::pair(u"source.iso"_s, u"none/a.iso"_s), {u"a755.iso"_s, u"a.iso"_s}, {u"source.iso"_s, u"b.iso"_s}}) {
         SplitDesk desk;
-        desk.folder.write(u"a755.iso"_s, lines(3)); // the second row's source goes with the mask's files
+        desk.folder.write(u"a755.iso"_s,
+                          lines(3)); // in the second row, the source is deleted with the files that match the mask
         desk.fill(desk.folder.path(source), desk.folder.path(target), u"10"_s);
         if (target == u"a.iso")
             desk.host.willAnswer(Answer::Yes);
         const FullDisk disk(4 * lines(1).size() + 1);
         desk.form->cmdclick[0]->click();
         if (target == u"b.iso") {
-            EXPECT_EQ(desk.form->labShuDo->text(), u"成功处理：4条"_s) << "as many as the file holds";
+            EXPECT_EQ(desk.form->labShuDo->text(), u"成功处理：4条"_s) << "the number of records in the file";
         }
         EXPECT_TRUE(desk.host.lastBox().text.startsWith(u"【cmdClick】"_s)) << desk.host.lastBox().text.toStdString();
         EXPECT_FALSE(desk.form->cmdclick[0]->isEnabled() || desk.form->cmdSelect[1]->isEnabled());
@@ -218,7 +219,7 @@ TEST(FrmUnionFile, RefusesAndEndsDeadAsTheSplitDoes) {
     const qsizetype before = files::openFiles();
     MergeDesk desk;
     desk.form->Text1->setText(desk.one);
-    desk.form->cmdClick[0]->click(); // an empty list: not a word
+    desk.form->cmdClick[0]->click(); // an empty list: no message
     EXPECT_TRUE(desk.host.boxes.isEmpty());
     desk.add(desk.one);
     desk.form->cmdClick[0]->click();
@@ -227,7 +228,7 @@ TEST(FrmUnionFile, RefusesAndEndsDeadAsTheSplitDoes) {
     desk.form->Text1->setText(desk.folder.path(u"all.iso"_s));
     const FullDisk disk(2 * lines(1).size());
     desk.form->cmdClick[0]->click();
-    EXPECT_EQ(desk.form->labShuDo->text(), u"成功处理：2条"_s) << "as many as the file holds";
+    EXPECT_EQ(desk.form->labShuDo->text(), u"成功处理：2条"_s) << "the number of records in the file";
     EXPECT_TRUE(desk.host.lastBox().text.startsWith(u"【cmdClick】"_s));
     EXPECT_EQ(desk.form->labJinDu->pacedText(), desk.one);
     desk.refuseToClose(desk.form->cmdClick[1]);
