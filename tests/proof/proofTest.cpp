@@ -11,7 +11,7 @@ using marc::FieldRows;
 
 namespace {
 
-// Rows written as "200 $a=题 $f= 010": an identifier and, behind "=", its value; "_" stands for a blank.
+// Builds rows from "200 $a=题 $f= 010": an identifier and, after "=", its value; "_" represents a blank.
 FieldRows rowsOf(const QString &text) {
     FieldRows rows;
     for (QString word : text.split(u' ', Qt::SkipEmptyParts)) {
@@ -68,10 +68,10 @@ TEST(ProofTemplate, FollowsTheTemplateLineByLine) {
          u"Error:200字段的a"_s + missing + u"Error:101字段的a" + missing + u"Error:210字段的c" + empty},
         {u"[必备子字段]|200a"_s, u"200 $A=x $a=_ $a"_s, u""_s},
         {u"[必备子字段]|200a"_s, u"200 $f \?\?\?=x $a=x"_s, u""_s}, // "???" is a subfield row to the proofs
-        {u"[必备子字段]|606a"_s, u"200 606 $a=x 606 $b"_s, u""_s},  // the first occurrence alone
+        {u"[必备子字段]|606a"_s, u"200 606 $a=x 606 $b"_s, u""_s},  // only the first occurrence is checked
         {u"[必备子字段]|606a"_s, u"606 $b=x 606 $a=x"_s, u"Error:606字段的a"_s + missing},
         {u"[必备子字段]|200a"_s, u"200_ $b"_s, u""_s},
-        // A section ends at an empty line, at the line of any section (which is lost), not at a blank one.
+        // A section ends at an empty line or at the heading of any section (which is then lost), not at a blank line.
         {u"[必备子字段]| |200a||200b"_s, u"200"_s, u"Error:200字段的a"_s + missing},
         {u"[必备子字段]|200a|[x]|200b|[必备子字段]|200c"_s, u"200"_s,
          u"Error:200字段的a"_s + missing + u"Error:200字段的c" + missing},
@@ -111,8 +111,8 @@ TEST(ProofISBN, ChecksTheNumber) {
                                             u"第二段:出版商代号只能为数字！" + next + u"第四段:校验位不能为空！\r\n"},
         {u"--12345678x-9"_s, head + u"第一段:国家、区域或语言集号不能为空！" + next + u"第二段:出版商代号不能为空！" +
                                  next + u"第三段:图书号只能为数字！\r\n"},
-        {u"7-53.6-1.34-6"_s, digits}, // no number as one text
-        {u"7-5366-12.4-6"_s, digits}, // a number, but not all digits
+        {u"7-53.6-1.34-6"_s, digits}, // not a number as a whole
+        {u"7-5366-12.4-6"_s, digits}, // a number, but not only digits
     };
     for (const auto &[text, result] : cases)
         EXPECT_EQ(said(checkISBN(text)), result) << text.toStdString();
@@ -130,7 +130,7 @@ TEST(ProofISBN, TakesTheLastFilledOfTheFirstField) {
         EXPECT_EQ(report(proofISBN(rowsOf(rows))), result) << rows.toStdString();
 }
 
-// Where a fault stands, so that one can be led there.
+// The row of each fault, so that a jump to it is possible.
 TEST(ProofRecord, TellsWhereEachFaultStands) {
     const ProgramFolder folder(u"[必备子字段]|200f"_s);
     const RecordFaults found =
@@ -168,7 +168,7 @@ TEST(ProofRecord, TellsMissingFiles) {
     ASSERT_FALSE(failed.ok());
     EXPECT_TRUE(failed.failure().description.contains(folder.path() + marc::templateFile));
 
-    // The other file is the one that is tested; the proof goes on without the template.
+    // Without the field list the proof still runs, and without the template.
     ASSERT_TRUE(QFile::remove(folder.path() + marc::fieldListFile));
     const auto result = proofRecord({}, folder.path());
     ASSERT_TRUE(result.ok());

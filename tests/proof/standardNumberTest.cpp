@@ -18,7 +18,7 @@ TEST(StandardNumber, IsToldInAllItsSpellings) {
              Row{u"9771000000007", 9771000000007, u"13位ISBN应以978或979开头", notEight},
              Row{u"979-10-90636-07-1", 9791090636071, none, notEight},
              Row{u"0-8044-2957-x", 9780804429573, none, notEight},
-             Row{u"7-02-001259-X", 10000000000000 + 702001259ULL * 11 + 10, none, notEight}, // like itself alone
+             Row{u"7-02-001259-X", 10000000000000 + 702001259ULL * 11 + 10, none, notEight}, // equal only to itself
              Row{u"1000-0004", 0, none, u"ISSN校验位错误，应为3"},
              Row{u"2434-561X", 0, none, none},
              Row{u"978-7-02-001259", 0, none, notEight},
