@@ -1,4 +1,4 @@
-// Drivers under every name that a machine may give them: what a connection needs is not decided by the name.
+// Drivers under arbitrary names: what a connection needs must not depend on the name of its driver.
 #include "database/callLimit.h"
 #include "import/daoruClass.h"
 #include "platform/codepage936.h"
@@ -17,11 +17,11 @@ QByteArray bytesOf(const QString &path) {
 
 struct Kind {
     TestServer server;
-    QString driver;  // as Debian registers it
-    QString library; // its file
-    QString other;   // a name that is as good, and wrong
-    QString lying;   // the file's name of a driver that needs the opposite
-    QString end;     // the sessions to be ended, or ends them
+    QString driver;  // as registered by Debian
+    QString library; // the driver's file
+    QString other;   // a name that suggests another server
+    QString lying;   // the file name of a driver that needs the opposite settings
+    QString end;     // selects the sessions to end, or ends them
 };
 
 const QString endPostgres =
@@ -40,8 +40,8 @@ void PrintTo(const Kind &kind, std::ostream *out) {
     *out << kind.driver.toStdString();
 }
 
-// A machine with these drivers under other names, in other files, and with a data source for each of the names. The
-// driver manager reads where its files are once in a process.
+// Registers these drivers also under other names and from other files, with a data source for each name. The driver
+// manager reads its configuration path once per process.
 class Machine final : public testing::Environment {
 public:
     void SetUp() override {
@@ -64,7 +64,7 @@ public:
         qputenv("ODBCSYSINI", folder().toUtf8());
     }
 
-    // A connection by each of the names, and by a data source with each.
+    // Returns connection texts with each of the names and with a data source for each.
     static QStringList textsOf(const Kind &kind, const QString &pairs) {
         QStringList texts;
         for (const QString &driver : namesOf(kind)) {
@@ -100,7 +100,7 @@ private:
 
 class Drivers : public testing::TestWithParam<Kind> {
 protected:
-    // Ends the sessions that `links` keeps, and waits for the word of it.
+    // Ends the sessions that connection pools keep, and waits until the end reaches this process.
     void endSessions() const {
         if (GetParam().end.isEmpty())
             return;
@@ -148,7 +148,7 @@ TEST_P(Drivers, KeepEveryByteUnderAnyName) {
     }
 }
 
-// A driver that is not known for SQLite's by its name makes no file either.
+// A driver that its name does not identify as SQLite's creates no file either.
 TEST(DriversOfFiles, MakeNone) {
     const QTemporaryDir folder;
     const QString file = folder.filePath(u"none.sqlite"_s);

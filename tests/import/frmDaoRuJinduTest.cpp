@@ -7,7 +7,7 @@ using namespace importing;
 
 namespace {
 
-// A list of records and a store whose titles are unique, so that a repeated title is an insert that fails.
+// A list of records and a database whose titles are unique, so that inserting a repeated title fails.
 struct ImportWindow : testing::Test {
     ScriptedHost host;
     TestDatabase database;
@@ -27,7 +27,7 @@ struct ImportWindow : testing::Test {
     }
 };
 
-// What a label holds when it is painted.
+// Records the text of a label each time it is painted.
 struct PaintedTexts : QObject {
     QStringList texts;
 
@@ -49,13 +49,14 @@ TEST_F(ImportWindow, RunsOnceAndTellsEachStep) {
     host.onYield = [&] {
         EXPECT_TRUE(QTest::qWaitForWindowExposed(&window)); // nothing is painted before
         said.append(window.labJinDuShu->pacedText() + u' ' + window.LabBi->pacedText());
-        window.activate(); // as a window system does that reports an activation twice
+        window.activate(); // some window systems report an activation twice
         window.close();
     };
     open(window, u"3"_s);
     EXPECT_EQ(said, (QStringList{u"已经成功处理的记录数：1 33.33%"_s, u"已经成功处理的记录数：0 66.67%"_s,
                                  u"已经成功处理的记录数：2 100.00%"_s}));
-    EXPECT_TRUE(painted.texts.contains(u"已经成功处理的记录数：0"_s)) << "the next success would replace it";
+    EXPECT_TRUE(painted.texts.contains(u"已经成功处理的记录数：0"_s))
+        << "the count is painted before the next record changes it";
     EXPECT_EQ(host.texts(), QStringList(3, u"请先停止导入！"_s));
     EXPECT_EQ(window.windowTitle(), u"套录库数据导入进度"_s);
     EXPECT_EQ(window.labEndShu->text(), u"要导入的机读记录总计：3"_s);
@@ -77,7 +78,8 @@ TEST_F(ImportWindow, StopsBehindTheRecordInHand) {
     EXPECT_FALSE(window.cmdStop->isEnabled() || window.cmdRefused->isVisible());
 }
 
-// A box for each record, until its check box is checked; then the run goes on by itself, and the next one asks again.
+// A box appears for each record until its check box is checked; then the run continues without boxes. The next run asks
+// again.
 TEST_F(ImportWindow, TellsWhatStandsInTheWayAndGoesOn) {
     list({u"甲"_s, u"乙"_s, u"丙"_s, u"丁"_s});
     records->setRecord(2, u"00026nam0 2200025   450 2001\x1E\x1D"_s); // a damaged directory
@@ -103,5 +105,5 @@ TEST_F(ImportWindow, TellsWhatStandsInTheWayAndGoesOn) {
     frmDaoRuJindu noNumber(host, database.state, records);
     open(noNumber, u"许多"_s);
     EXPECT_EQ(host.boxes.size(), 3);
-    EXPECT_TRUE(noNumber.close()); // nothing runs, so nothing holds the window
+    EXPECT_TRUE(noNumber.close()); // no run, so the window can be closed
 }

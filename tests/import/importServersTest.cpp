@@ -1,4 +1,4 @@
-// The import of records into real servers, over the road that the program takes.
+// Importing records into real servers through the program's own code.
 #include "import/daoruClass.h"
 #include "support/databaseServers.h"
 #include "support/killedChild.h"
@@ -28,8 +28,8 @@ TEST_P(ImportIntoServers, ARowThatWentInIsKnownByItsKey) {
               QString::number(done.key.value_or(0)));
 }
 
-// Titles of the 324 characters whose low byte is that of a surrogate, one behind the other. scripts/check-memory runs
-// this with more records, under a memory checker: what a driver does to the heap shows nowhere else.
+// Titles made of the 324 characters whose low byte looks like that of a surrogate. scripts/check-memory runs this test
+// with more records under a memory checker, because heap damage by a driver shows nowhere else.
 TEST_P(ImportIntoServers, TitlesThatLookLikeHalvesOfPairsGoInWhole) {
     const int count = qEnvironmentVariableIsSet("RECORDS") ? qEnvironmentVariableIntValue("RECORDS") : 100;
     QStringList titles;
@@ -43,7 +43,8 @@ TEST_P(ImportIntoServers, TitlesThatLookLikeHalvesOfPairsGoInWhole) {
     EXPECT_EQ(database.selected(u"select bookname from taoluTable order by zskid"_s), titles.join(u' '));
 }
 
-// No statement is ever sent half: what stands behind a NUL would be cut off, and the rest might be a whole statement.
+// A statement is never sent truncated: the text after a NUL would be cut off, and the rest might be a complete
+// statement.
 TEST_P(ImportIntoServers, ARecordWithANulIsRefusedAsAWhole) {
     EXPECT_FALSE(import(u"甲乙"_s + QChar(0) + u'丙'));
     auto connection = database.open();
@@ -55,7 +56,7 @@ TEST_P(ImportIntoServers, ARecordWithANulIsRefusedAsAWhole) {
     EXPECT_TRUE(host.boxes.isEmpty());
 }
 
-// The server carries out what it was sent, or not, and its answer is lost with the connection. Only the store knows.
+// The server may or may not execute a statement whose answer is lost with the connection; only the table shows which.
 TEST(ImportIntoPostgreSql, AnAnswerThatIsLostIsLookedForInTheStore) {
     const TestDatabase database(TestServer::PostgreSql);
     ScriptedHost host;
@@ -84,7 +85,7 @@ TEST(ImportIntoPostgreSql, AnAnswerThatIsLostIsLookedForInTheStore) {
           "function lose()"})
         ASSERT_TRUE(connection.value().execute(statement.toString())) << statement.toUtf8().constData();
 
-    EXPECT_TRUE(import(u"存一"_s).fault.contains(u"可能已经入库")); // no key to look behind
+    EXPECT_TRUE(import(u"存一"_s).fault.contains(u"可能已经入库")); // no key after which to search
     EXPECT_TRUE(import(u"二"_s).wentIn);
     const importing::Daoru found = import(u"存三"_s);
     EXPECT_TRUE(found.wentIn) << found.fault.toStdString();
@@ -92,15 +93,16 @@ TEST(ImportIntoPostgreSql, AnAnswerThatIsLostIsLookedForInTheStore) {
               QString::number(found.key.value_or(0)));
     EXPECT_TRUE(import(u"丢四"_s).fault.contains(u"可能已经入库"));
     database.run(u"insert into taoluTable (bookname,marc) values ('同事','x')"_s);
-    EXPECT_TRUE(import(u"存七"_s).fault.contains(u"可能已经入库")); // the row may be that of the one who imports, too
+    EXPECT_TRUE(import(u"存七"_s).fault.contains(u"可能已经入库")); // the row may also come from the other user
     database.run(u"alter table taoluTable disable trigger lose"_s);
-    ASSERT_TRUE(import(u"丢五"_s).wentIn); // its like that went in before is not taken for it
+    ASSERT_TRUE(import(u"丢五"_s).wentIn); // an equal row inserted earlier is not mistaken for it
     database.run(u"alter table taoluTable enable trigger lose; create unique index once on taoluTable (bookname)"_s);
     EXPECT_FALSE(import(u"丢五"_s).wentIn);
     const QString refused = import(u"二"_s).fault;
     EXPECT_TRUE(!refused.isEmpty() && !refused.contains(u"可能")) << refused.toStdString();
-    database.run(u"create function public.lastval() returns bigint language sql as 'select 1/0::bigint';"
-                 "alter role tester set search_path=public,pg_catalog"_s); // the row goes in, its key is not told
+    database.run(
+        u"create function public.lastval() returns bigint language sql as 'select 1/0::bigint';"
+        "alter role tester set search_path=public,pg_catalog"_s); // the row is inserted, but its key is not returned
     database.endKeptLinks();
     const std::optional<qint64> key = import(u"六"_s).key;
     database.run(u"alter role tester reset search_path; drop function public.lastval()"_s);
@@ -110,7 +112,7 @@ TEST(ImportIntoPostgreSql, AnAnswerThatIsLostIsLookedForInTheStore) {
               u"存一 二 存三 同事 存七 丢五 六"_s);
 }
 
-// A killed import leaves whole rows, one behind the other, and a store that takes the next one.
+// A killed import leaves complete rows in order, and the table accepts further rows.
 TEST_P(ImportIntoServers, AKilledRunLeavesWholeRows) {
     const auto title = [](int i) -> QString { return u"书"_s.repeated(1 + i % 40) + QString::number(i); };
     const auto count = [this] { return database.selected(u"select count(*) from taoluTable"_s).toInt(); };
@@ -125,7 +127,7 @@ TEST_P(ImportIntoServers, AKilledRunLeavesWholeRows) {
             ASSERT_EQ(rows->text(row, 1), recordWith(title(row)));
         }
         EXPECT_TRUE(import(u"又一"_s));
-        // A server may still carry out what the child sent last, behind our look at the rows.
+        // A server may still execute the child's last statement after the rows were read.
         const int late = count() - rows->rowCount() - 1;
         EXPECT_TRUE(late == 0 || late == 1) << late;
     }
