@@ -1,4 +1,4 @@
-// What the desk gives beside the editing: finding, undoing, keeping, saying where one stands.
+// Features of the workspace other than editing: find, undo, drafts and the status line.
 #include "support/fullDisk.h"
 #include "workspace/statusFacts.h"
 #include "workspaceFixture.h"
@@ -17,7 +17,7 @@ struct Desk : Workspace {
     bool found(const QString &words) const {
         return QTest::qWaitFor([&] { return form->findLine->findCount->text() == words; });
     }
-    // As an editor leaves it.
+    // Changes a value as an editor does when it is left.
     void change(int row, const QString &text) { form->record().edit({.row = row, .text = text}); }
     QString value(int row) const { return form->record().row(row).value; }
 };
@@ -30,16 +30,16 @@ TEST_F(Desk, FindsRecordsAndTags) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     QTest::keyClick(window.Grid2, Qt::Key_F3);
     EXPECT_TRUE(window.findLine->findText->hasFocus());
-    window.findLine->findText->setText(u"题2"_s); // 2, 20 to 29
+    window.findLine->findText->setText(u"题2"_s); // 2 and 20 to 29
     EXPECT_TRUE(found(u"共 11 条"_s));
     QTest::keyClick(&window, Qt::Key_F3);
     EXPECT_TRUE(found(u"第 1 / 11 条"_s));
     EXPECT_EQ(window.Grid2->row(), 1);
     QTest::keyClick(&window, Qt::Key_F3, Qt::ShiftModifier);
-    EXPECT_EQ(window.Grid2->row(), 28) << "around the end";
-    EXPECT_EQ(window.Text2->pacedText(), u"29"_s) << "current as by a click";
+    EXPECT_EQ(window.Grid2->row(), 28) << "continues from the end of the list";
+    EXPECT_EQ(window.Text2->pacedText(), u"29"_s) << "current, as after a click";
 
-    change(3, u"改了"_s); // a hit that is left asks as any other
+    change(3, u"改了"_s); // leaving a hit asks as leaving any other record does
     host.willAnswer(platform::Answer::No);
     QTest::keyClick(window.findLine->findText, Qt::Key_Return);
     EXPECT_TRUE(host.lastBox().text.startsWith(u"本条记录已经改变"_s));
@@ -83,7 +83,7 @@ TEST_F(Desk, TabGoesThroughTheWindowAsItIsRead) {
                                   u"cmdclick2"_s, u"cmdclick3"_s, u"cmdclick4"_s, u"cmdclick5"_s, u"cmdclick6"_s}));
 }
 
-// One editor at a time, and no command without a record.
+// Only one editor at a time, and no command without a record.
 TEST_F(Desk, KeysLeadNowhereWhereTheyMustNot) {
     auto &window = load(1);
     window.show();
@@ -114,11 +114,11 @@ TEST_F(Desk, UndoesWhatWasDoneToTheRecordInHand) {
     const int title = 4; // 200 $a
     ASSERT_EQ(value(title), u"题1"_s);
     QTest::keyClick(window.Grid1, Qt::Key_Return); // the leader
-    EXPECT_TRUE(says(u"第 1 位/24　Ctrl+E 辅助录入"_s)) << "before the cursor was moved";
+    EXPECT_TRUE(says(u"第 1 位/24　Ctrl+E 辅助录入"_s)) << "before the cursor is moved";
     QTest::keyClick(window.richText, Qt::Key_Escape);
     window.Grid1->setRow(title);
     QTest::keyClick(window.Grid1, Qt::Key_Return);
-    QTest::keyClick(window.richText, 'n', Qt::AltModifier); // a button that is grey meanwhile
+    QTest::keyClick(window.richText, 'n', Qt::AltModifier); // a button that is disabled meanwhile
     EXPECT_EQ(window.richText->text(), u"题1"_s);
     QTest::keyClick(window.richText, Qt::Key_Escape);
     change(title, u"甲"_s);
@@ -128,14 +128,14 @@ TEST_F(Desk, UndoesWhatWasDoneToTheRecordInHand) {
     EXPECT_TRUE(said(u"已撤销：修改 200$a"_s) && window.recordChanged());
     QTest::keyClick(window.Grid1, Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(value(title), u"题1"_s);
-    EXPECT_FALSE(window.recordChanged()) << "nothing to be asked about any more";
+    EXPECT_FALSE(window.recordChanged()) << "nothing left to ask about";
     QTest::keyClick(window.Grid1, Qt::Key_Z, Qt::ControlModifier);
     EXPECT_TRUE(said(u"没有可撤销的修改"_s));
     QTest::keyClick(window.Grid1, Qt::Key_Y, Qt::ControlModifier);
     EXPECT_EQ(value(title), u"甲"_s);
 
     const int rows = window.record().rowCount();
-    host.willAnswer(platform::Answer::Yes); // a field goes with a subfield in one step
+    host.willAnswer(platform::Answer::Yes); // a field and its subfield are removed in one step
     window.Grid1->setFocus();
     window.Grid1->setRow(3);
     QTest::keyClick(window.Grid1, Qt::Key_Delete, Qt::ControlModifier);
@@ -151,7 +151,7 @@ TEST_F(Desk, UndoesWhatWasDoneToTheRecordInHand) {
     EXPECT_FALSE(says(u"没有字段"_s));
     QTest::keyClick(window.Grid1, Qt::Key_Y, Qt::ControlModifier);
     QTest::keyClick(window.Grid1, Qt::Key_Z, Qt::ControlModifier);
-    window.cmdTiMing[1]->click(); // another record begins anew
+    window.cmdTiMing[1]->click(); // another record starts a new history
     EXPECT_FALSE(says(u"已撤销"_s));
     QTest::keyClick(window.Grid1, Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(value(title), u"题2"_s);
@@ -162,7 +162,7 @@ TEST_F(Desk, DraftsAreOfferedAndSpokenOf) {
     change(4, u"改一"_s);
     EXPECT_TRUE(said(u"已改 1 条，未导入"_s));
     form->parts().drafts.write();
-    form.reset(); // as a crash leaves it
+    form.reset(); // as after a crash
     auto &window = load();
     window.show();
     EXPECT_EQ(window.draftBar->draftWords->text(), u"上次有 1 条修改没有导入"_s);
@@ -172,7 +172,7 @@ TEST_F(Desk, DraftsAreOfferedAndSpokenOf) {
     EXPECT_EQ(value(4), u"更新"_s);
 }
 
-// The first change starts the two seconds; what is done within them does not put the write off.
+// The first change starts a two-second timer; later actions do not postpone the write.
 TEST_F(Desk, PagingDoesNotPutAWriteOff) {
     auto &window = load(30);
     window.show();
@@ -192,14 +192,14 @@ TEST_F(Desk, ADraftThatCannotBeWrittenIsReportedUntilItCan) {
     const QString state = QFileInfo(host.remembered().folderFor(u"drafts"_s).value().chopped(1)).path();
     ASSERT_TRUE(QDir(state + u"/drafts").removeRecursively());
     QFile blocking(state + u"/drafts");
-    ASSERT_TRUE(blocking.open(QIODevice::WriteOnly)); // no folder can be made
+    ASSERT_TRUE(blocking.open(QIODevice::WriteOnly)); // so that the folder cannot be created
     auto &window = load(2);
     window.show();
     EXPECT_TRUE(says(u"⚠ 修改无法暂存："_s));
     change(4, u"改"_s);
     window.parts().drafts.write();
     EXPECT_TRUE(says(u"⚠ 修改无法暂存："_s));
-    EXPECT_GE(window.parts().drafts.dueIn(), 0) << "tried again";
+    EXPECT_GE(window.parts().drafts.dueIn(), 0) << "another attempt is due";
     ASSERT_TRUE(blocking.remove());
     window.parts().drafts.write();
     EXPECT_FALSE(says(u"暂存"_s));
@@ -221,20 +221,20 @@ TEST_F(Desk, FindingLeadsToTheFieldAndBackToWhereItBegan) {
     const int list = window.Grid2->height();
     window.Grid1->setFocus();
     QTest::keyClick(window.Grid1, Qt::Key_F3);
-    EXPECT_EQ(window.Grid2->height(), list) << "nothing moves when the line appears";
+    EXPECT_EQ(window.Grid2->height(), list) << "showing the find line moves nothing";
     window.findLine->findText->setText(u"题12"_s);
     EXPECT_TRUE(found(u"共 1 条"_s));
     QTest::keyClick(window.findLine->findText, Qt::Key_Return);
     EXPECT_EQ(window.Grid2->row(), 11);
-    EXPECT_EQ(window.Grid1->row(), 4) << "the row that holds the words";
+    EXPECT_EQ(window.Grid1->row(), 4) << "the row that contains the text";
     QTest::keyClick(window.findLine->findText, Qt::Key_G, Qt::ControlModifier);
-    EXPECT_EQ(window.findLine->findText->text(), QString()) << "words are no number";
+    EXPECT_EQ(window.findLine->findText->text(), QString()) << "a text is not offered as a record number";
     QTest::keyClick(window.findLine->findText, Qt::Key_Escape);
     EXPECT_TRUE(window.Grid1->hasFocus());
     QTest::keyClick(window.Grid1, Qt::Key_F3);
     EXPECT_EQ(window.findLine->findText->text(), u"题12"_s);
 
-    change(4, u"另一题"_s); // taken over: it is no hit any more
+    change(4, u"另一题"_s); // written into the list, so no longer a hit
     host.willAnswer(platform::Answer::Yes);
     QTest::keyClick(&window, Qt::Key_PageDown, Qt::ControlModifier);
     EXPECT_FALSE(window.findLine->findCount->text().contains(u'1'));
@@ -255,13 +255,13 @@ TEST_F(Desk, AStepIsOneShowAndUndoKeepsItsPlace) {
     change(5, u"责任者"_s);
     window.Grid1->setRow(2);
     QTest::keyClick(window.Grid1, Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(window.Grid1->row(), 5) << "what was undone is the current row";
+    EXPECT_EQ(window.Grid1->row(), 5) << "the row of the undone change is current";
     window.resize(window.width(), window.height() * 2 / 3);
     for (int i = 0; i < 60; ++i)
         window.record().insert({6, {u"7"_s, {}, u"$a"_s, {}, u"后"_s}});
     QApplication::processEvents();
     const QRect sight = window.Grid1->viewport()->rect();
-    int last = 5; // that fits
+    int last = 5; // the last row that fits
     while (sight.contains(window.Grid1->visualRect(window.Grid1->model()->index(last, 1))))
         ++last;
     window.Grid1->setRow(last);
@@ -271,7 +271,7 @@ TEST_F(Desk, AStepIsOneShowAndUndoKeepsItsPlace) {
     EXPECT_LT(window.Grid1->viewport()->height(), sight.height());
     EXPECT_TRUE(
         window.Grid1->viewport()->rect().contains(window.Grid1->visualRect(window.Grid1->model()->index(last - 1, 1))))
-        << "the row whose text unfolds stays in sight";
+        << "the row whose whole text is shown stays visible";
 }
 
 TEST(StatusLine, SaysTheMostUrgentFirst) {

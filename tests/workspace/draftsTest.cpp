@@ -23,7 +23,7 @@ struct OnDisk : testing::Test {
     QStringList names(const QString &mask) const {
         return drafts.entryList({mask}, QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot);
     }
-    // The one file of drafts, as a first write names it.
+    // Returns the path of the only file of drafts, named by its first write.
     QString path() const {
         EXPECT_TRUE(file().write({{0, {u"x"_s, {}}}}, {}));
         return in() + names(u"*.json"_s).value(0);
@@ -46,7 +46,7 @@ TEST_F(OnDisk, WhatWasWrittenIsReadForTheSameFileAlone) {
     EXPECT_EQ(found.value().older, (Drafts{{3, {u"older"_s, "o"}}}));
 
     const QString other = folder.file(u"别.iso"_s, "records");
-    EXPECT_TRUE(DraftFile(in(), other).read().value().drafts.isEmpty()) << "of the same size";
+    EXPECT_TRUE(DraftFile(in(), other).read().value().drafts.isEmpty()) << "a different file of the same size";
     DraftFile early = file();
     const auto changeTime = [&](int seconds) {
         QFile(source).open(QIODevice::ReadWrite);
@@ -54,16 +54,16 @@ TEST_F(OnDisk, WhatWasWrittenIsReadForTheSameFileAlone) {
         ASSERT_TRUE(at.open(QIODevice::ReadWrite));
         ASSERT_TRUE(at.setFileTime(QDateTime::fromSecsSinceEpoch(1000 + seconds), QFileDevice::FileModificationTime));
     };
-    changeTime(5); // of the same size, changed at another time
+    changeTime(5); // the same size, another modification time
     EXPECT_TRUE(file().read().failure().description.startsWith(u"上次未导入的修改属于改变前的文件，已另存为 "_s));
     EXPECT_EQ(names(u"*.json"_s).size(), 0);
     EXPECT_TRUE(early.write(changed, {}));
-    EXPECT_FALSE(file().read()) << "drafts belong to the file as it was opened";
-    EXPECT_EQ(names(u"*.kept"_s).size(), 2) << "each under a name of its own";
+    EXPECT_FALSE(file().read()) << "drafts belong to the version of the file that was opened";
+    EXPECT_EQ(names(u"*.kept"_s).size(), 2) << "each has a different name";
 
     ASSERT_TRUE(file().write(changed, {}));
     EXPECT_TRUE(file().write({}, {}));
-    EXPECT_EQ(names(u"*.json"_s).size(), 0) << "nothing to keep";
+    EXPECT_EQ(names(u"*.json"_s).size(), 0) << "without drafts the file is removed";
     const auto first = file().setAside(changed), second = file().setAside(changed);
     EXPECT_TRUE(first && second && first.value() != second.value());
     EXPECT_FALSE(DraftFile(folder.path(u"没有/"_s), source).setAside(changed));
@@ -84,7 +84,7 @@ TEST_F(OnDisk, WhatCannotBeTrustedIsSetAside) {
     };
     struct Case {
         QByteArray text;
-        const char16_t *words; // null: it is read
+        const char16_t *words; // nullptr: the file is accepted
     };
     const QList<Case> cases{
         {heading + draft, nullptr},
@@ -95,7 +95,7 @@ TEST_F(OnDisk, WhatCannotBeTrustedIsSetAside) {
         {"[]\n", u"损坏"},
         {heading.left(20), u"损坏"},
         {draft, u"损坏"},
-        {heading + draft.chopped(1), u"损坏"}, // torn
+        {heading + draft.chopped(1), u"损坏"}, // truncated
         {heading + draft + draft, u"损坏"},
         {heading + line("-1", "\"r\""), u"损坏"},
         {heading + line("2147483647", "\"r\""), u"损坏"},
@@ -125,7 +125,7 @@ TEST_F(OnDisk, WhatCannotBeTrustedIsSetAside) {
     }
 }
 
-// Nothing is opened that could hold the program or fill its memory.
+// Does not open files that could block the program or fill its memory.
 TEST_F(OnDisk, WhatIsNoPlainFileOrTooLargeIsNotRead) {
     const QString path = this->path();
     const auto make = QList<std::function<bool()>>{
@@ -165,7 +165,7 @@ TEST(DraftBook, RestoresNothingOverWhatIsNewerOrAnotherRecord) {
     for (int row = 0; row < 6; ++row)
         left.insert(row, {u"old" + QString::number(row), DraftBook::fingerprint(listed(row))});
     left[4].origin = DraftBook::fingerprint(u"another"_s);
-    left[5].origin.clear(); // of an earlier version: not known
+    left[5].origin.clear(); // from an earlier version, which did not store it
     book.leave(left);
     book.taken(1, listed(1), u"newer"_s);
     book.taken(2, listed(2), u"imported"_s);

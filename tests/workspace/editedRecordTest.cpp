@@ -6,16 +6,16 @@ using namespace workspace;
 TEST(EditedRecord, WarningsOfWhatIsLost) {
     EditedRecord record;
     record.show(recordOf({{u"461"_s, u" 0$1200$a题$v3"_s}, {u"410"_s, u" 0$12001 $a题"_s}}), u"/nowhere/"_s, {});
-    ASSERT_TRUE(record.row(3).value.contains(QChar(0x1F))); // the head is too short for indicators
-    EXPECT_EQ(record.warning(), QString());                 // the record's own
+    ASSERT_TRUE(record.row(3).value.contains(QChar(0x1F))); // too short for indicators
+    EXPECT_EQ(record.warning(), QString());                 // the separator belongs to the record
     EXPECT_EQ(record.warning(5, u"𠮷野é家𠮷"_s), u"注意：GBK 没有字符“𠮷(U+20BB7)”，保存后将变成“?”。"_s);
     const QString torn = u"注意：字段内容含有分隔符(1D-1F)，保存后字段会被拆开。"_s;
     EXPECT_EQ(record.warning(3, record.row(3).value + QChar(0x1F)), torn);
-    record.edit({.row = 2, .column = IdentifierColumn, .text = u"300"_s}); // no embedded field any more
+    record.edit({.row = 2, .column = IdentifierColumn, .text = u"300"_s}); // no longer an embedded field
     EXPECT_EQ(record.warning(), torn);
 }
 
-// What is asked for beyond the rows is empty, and nothing is changed there.
+// Access beyond the rows returns empty values and changes nothing.
 TEST(EditedRecord, HasAnEnd) {
     EditedRecord record;
     record.show(recordOf({{u"200"_s, u"1 $a题"_s}}), u"/nowhere/"_s, {});

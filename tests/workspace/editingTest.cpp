@@ -32,13 +32,13 @@ struct Editing : Workspace {
         form->richText->selectAll();
         form->richText->paste();
     }
-    // Leaves either editor with a text and a key.
+    // Enters a text into the open editor and presses a key.
     void leave(const QString &text, Qt::Key key = Qt::Key_Return) {
         const bool content = form->richText->isVisible();
         content ? paste(text) : form->Text1->setText(text);
         QTest::keyClick(content ? static_cast<QWidget *>(form->richText) : form->Text1, key);
     }
-    // The popup of the current row, by the menu key or in another way, and the choice of an item by its number.
+    // Opens the popup menu of the current row, with the Menu key or with `open`, and chooses an item by its index.
     void choose(int item, const std::function<void()> &open = {}) {
         QTimer::singleShot(0, [item] {
             auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
@@ -77,18 +77,18 @@ TEST_F(Editing, ContentIsTakenOverOrDropped) {
     window.record().leave(workspace::EditedRecord::Mark::Goes);
     editRow(titleRow);
     paste(u"弃𠮷"_s);
-    EXPECT_TRUE(window.labZhuangTai->text().contains(u"𠮷"_s)); // said while it is typed
+    EXPECT_TRUE(window.labZhuangTai->text().contains(u"𠮷"_s)); // reported while the text is typed
     QTest::keyClick(window.richText, Qt::Key_Escape);
     EXPECT_TRUE(!window.labZhuangTai->text().contains(u"𠮷"_s) && window.isVisible());
     EXPECT_EQ(cell(titleRow, 4), u"甲乙丙丁\x1F"_s);
 
     window.record().edit({.row = titleRow, .text = u"书名"_s, .marks = false});
     editRow(titleRow);
-    leave(u"  书名 "_s); // blanks at the ends are written, yet are no change
+    leave(u"  书名 "_s); // leading and trailing blanks are written, but do not count as a change
     EXPECT_EQ(cell(titleRow, 4), u"  书名 "_s);
     EXPECT_FALSE(window.recordChanged());
 
-    window.Grid1->setRowSel(2); // several rows: the key only makes it one
+    window.Grid1->setRowSel(2); // several selected rows: the key only reduces the selection to one
     QTest::keyClick(window.Grid1, Qt::Key_Return);
     EXPECT_FALSE(editing());
     EXPECT_EQ(window.Grid1->rowSel(), titleRow);
@@ -96,11 +96,11 @@ TEST_F(Editing, ContentIsTakenOverOrDropped) {
 
 TEST_F(Editing, LimitsAndTheLargeForm) {
     auto &window = open();
-    editRow(3); // indicators of 200
+    editRow(3); // the indicators of 200
     QInputMethodEvent commit;
     commit.setCommitString(u"长"_s);
     QApplication::sendEvent(window.richText, &commit);
-    EXPECT_EQ(window.richText->text(), u"1#"_s); // full
+    EXPECT_EQ(window.richText->text(), u"1#"_s); // the maximum length
     paste(u"12345"_s);
     EXPECT_EQ(window.richText->text(), u"12"_s);
     QTest::keyClick(window.richText, Qt::Key_Z, Qt::ControlModifier);
@@ -116,12 +116,12 @@ TEST_F(Editing, LimitsAndTheLargeForm) {
     window.cmdJieShu->setEnabled(true);
     window.cmdJieShu->setFocus();
     QApplication::processEvents();
-    EXPECT_TRUE(window.richText->hasFocus()); // taken back, without the limit
+    EXPECT_TRUE(window.richText->hasFocus()); // the editor takes the focus back, and the limit no longer applies
     leave(u"12345"_s, Qt::Key_Enter);
     EXPECT_EQ(cell(3, 4), u"12345"_s);
 }
 
-// The keys come from a machine whose input method went away in the middle of a composition.
+// These key events arrive when the input method has disappeared during a composition.
 TEST_F(Editing, AKeyEndsTheCompositionAndNotTheEdit) {
     auto &window = open();
     const auto compose = [](QWidget *editor) {
@@ -132,7 +132,7 @@ TEST_F(Editing, AKeyEndsTheCompositionAndNotTheEdit) {
     paste(u"甲"_s);
     compose(window.richText);
     QTest::keyClick(window.richText, Qt::Key_Shift);
-    EXPECT_EQ(window.richText->text(), u"甲"_s); // still under way
+    EXPECT_EQ(window.richText->text(), u"甲"_s); // the composition continues
     QTest::keyClick(window.richText, Qt::Key_Escape);
     EXPECT_EQ(window.richText->text(), u"甲"_s);
     compose(window.richText);
@@ -152,7 +152,7 @@ TEST_F(Editing, AKeyEndsTheCompositionAndNotTheEdit) {
 
 TEST_F(Editing, IdentitiesAreCheckedAndTheListStaysInReach) {
     auto &window = open();
-    window.cmdclick[3]->click(); // all is read: the button is to stay disabled
+    window.cmdclick[3]->click(); // everything is read, so the button must stay disabled
     goTo(titleRow);
     choose(7);
     ASSERT_TRUE(window.Text1->isVisible());
@@ -166,11 +166,11 @@ TEST_F(Editing, IdentitiesAreCheckedAndTheListStaysInReach) {
     EXPECT_EQ(cell(titleRow, 2), u"$B"_s);
     EXPECT_TRUE(window.recordChanged() && !window.cmdclick[3]->isEnabled());
 
-    choose(6); // a field's description, on a subfield row: nothing
+    choose(6); // the description of a field, on a subfield row: no effect
     EXPECT_FALSE(editing());
     choose(8);
     host.willAnswer(Answer::No);
-    QTest::keyClick(window.Grid2, Qt::Key_Down); // another record under the open editor
+    QTest::keyClick(window.Grid2, Qt::Key_Down); // shows another record under the open editor
     leave(u" 题 "_s);
     EXPECT_EQ(cell(titleRow, 3), u"题"_s);
     EXPECT_EQ(cell(titleRow, 4), u"题2"_s);
@@ -197,9 +197,9 @@ TEST_F(Editing, TheEditorStaysOverItsCellWhateverRecordComes) {
     EXPECT_EQ(window.Text1->geometry(), window.Grid1->cellRect(row, 3));
     EXPECT_EQ(window.Grid1->row(), 1);
     QTest::keyClick(window.Text1, Qt::Key_Escape);
-    EXPECT_EQ(window.Grid1->row(), row); // back to the cell
+    EXPECT_EQ(window.Grid1->row(), row); // back at the cell
     choose(8);
-    turnTo(window.height() - 80); // a record that has no such row
+    turnTo(window.height() - 80); // this record has no such row
     leave(u"无处可写"_s);
     EXPECT_FALSE(editing() || window.recordChanged());
     EXPECT_EQ(window.Grid1->rows(), 4);
@@ -210,7 +210,7 @@ TEST_F(Editing, ListsAddAndTheMenuDeletes) {
     goTo(titleRow);
     choose(3);
     ASSERT_TRUE(window.zdList->isVisible());
-    EXPECT_EQ(window.parts().editors.editRow, titleRow); // the menu key notes the row
+    EXPECT_EQ(window.parts().editors.editRow, titleRow); // the Menu key sets the row
     EXPECT_EQ(window.zdList->geometry(), window.Grid1->rightHalf());
     window.resize(window.width() - 60, window.height() + 40);
     EXPECT_TRUE(QTest::qWaitFor([&] { return window.zdList->geometry() == window.Grid1->rightHalf(); }));
@@ -238,10 +238,11 @@ TEST_F(Editing, ListsAddAndTheMenuDeletes) {
         EXPECT_EQ(cell(5, 2), answer == Answer::No ? u"$e"_s : u"$f"_s);
     }
     host.willAnswer(Answer::Yes);
-    choose(10); // from a subfield row: the whole field
+    choose(10); // from a subfield row, deletes the whole field
     EXPECT_EQ(host.lastBox().text, u"确实要删除选择的字段【200题名与责任者 】吗？"_s);
     EXPECT_EQ(host.lastBox().preselected, Answer::No);
-    EXPECT_EQ(window.Grid1->rows(), 3); // and the own field behind it, which the count does not know
+    EXPECT_EQ(window.Grid1->rows(),
+              3); // the user-defined field after it is deleted too, because the count of rows does not recognize it
     choose(11);
     EXPECT_EQ(host.lastBox().text, u"请选择字段的子字段，然后执行本操作"_s);
     window.Grid1->setRow(1);
@@ -255,7 +256,7 @@ TEST_F(Editing, ListsAddAndTheMenuDeletes) {
         choose(3);
         EXPECT_EQ(host.lastBox().text, u"配置文件【"_s + host.folder + u"/cnmarc_default.Qvs】损坏。");
         EXPECT_FALSE(window.zdList->isVisible());
-        ASSERT_EQ(window.zdList->count(), 1); // the lines in front of the damage are listed all the same
+        ASSERT_EQ(window.zdList->count(), 1); // the lines before the damaged one are still listed
         EXPECT_EQ(window.zdList->item(0)->text(), u"300 附注"_s);
     }
 }
@@ -273,9 +274,9 @@ TEST_F(Editing, AssistantsExchangeTheLeaderAndAnySubfieldA) {
     EXPECT_EQ(window.publicTouBiao(), *assistantGives);
     EXPECT_TRUE(!editing() && window.recordChanged());
 
-    assistantGives.reset(); // left without an answer: what was typed counts
+    assistantGives.reset(); // no result from the assistant: the typed text counts
     editRow(3);
-    EXPECT_TRUE(window.labZhuangTai->text().contains(u"Ctrl+E"_s)); // 100 $a: pointed out where its codes belong
+    EXPECT_TRUE(window.labZhuangTai->text().contains(u"Ctrl+E"_s)); // 100 $a: the hint appears where coded data belongs
     QTest::keyClick(window.richText, Qt::Key_Escape);
     editRow(5); // 101 $a
     EXPECT_FALSE(window.labZhuangTai->text().contains(u"Ctrl+E"_s));
@@ -292,13 +293,13 @@ TEST_F(Editing, AssistantsExchangeTheLeaderAndAnySubfieldA) {
 TEST_F(Editing, RightButtonNeedsARowThatWasClicked) {
     auto &window = open();
     const QPoint at = window.Grid1->visualRect(window.Grid1->model()->index(2, 2)).center();
-    QTest::mouseClick(window.Grid1->viewport(), Qt::RightButton, {}, at); // would hang in a popup
+    QTest::mouseClick(window.Grid1->viewport(), Qt::RightButton, {}, at); // a popup menu would block here
     EXPECT_EQ(window.parts().editors.editRow, 0);
     EXPECT_FALSE(window.parts().fieldCommands.clickMark);
     QTest::mouseClick(window.Grid1->viewport(), Qt::LeftButton, {}, at);
     EXPECT_EQ(window.parts().editors.editRow, 3);
 
-    // Below the last row everything is for the current one.
+    // Below the last row, clicks apply to the current row.
     const QPoint below = window.Grid1->viewport()->rect().bottomLeft() + QPoint(20, -3);
     choose(7, [&] { QTest::mouseClick(window.Grid1->viewport(), Qt::RightButton, {}, below); });
     EXPECT_TRUE(window.Text1->isVisible());
@@ -310,6 +311,6 @@ TEST_F(Editing, RightButtonNeedsARowThatWasClicked) {
     EXPECT_EQ(window.parts().editors.editRow, 3);
     QTest::keyClick(window.richText, Qt::Key_Escape);
 
-    window.resetFieldGrid(); // no record: nothing pops up
+    window.resetFieldGrid(); // no record: no popup menu
     QTest::mouseClick(window.Grid1->viewport(), Qt::RightButton, {}, at);
 }

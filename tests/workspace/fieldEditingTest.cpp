@@ -5,7 +5,7 @@ using namespace workspace;
 
 namespace {
 
-// Rows by their identifiers.
+// Builds rows from their identifiers.
 marc::FieldRows rowsOf(const QString &identifiers) {
     marc::FieldRows rows;
     for (const QString &identifier : identifiers.split(u' '))
@@ -21,12 +21,12 @@ marc::FieldRow row(const QString &identifier) {
 
 TEST(FieldEditing, PlaceOfANewField) {
     const std::tuple<QString, int, QString, int, QString> cases[] = {
-        {u"000 001 200 $a"_s, 2, u"300 附注"_s, 3, u"指示符"_s},  // behind the current field
-        {u"000 200 $a $f 210 $a"_s, 2, u"300"_s, 5, u"指示符"_s}, // past its subfields
-        {u"000 200 $a ??? $a"_s, 2, u"005"_s, 4, u"指示符"_s},    // an own field begins a field too
-        {u"000 200 CAT $a"_s, 2, u"300"_s, 5, u"指示符"_s},       // another text does not
-        {u"000 200 $a $f"_s, 2, u"005 标识"_s, 5, QString()},     // the walk's end, a tag below 10
-        {u"000 200 $a $f"_s, 2, u"???自定"_s, 5, u"指示符"_s},    // the walk's end, no value
+        {u"000 001 200 $a"_s, 2, u"300 附注"_s, 3, u"指示符"_s},  // after the current field
+        {u"000 200 $a $f 210 $a"_s, 2, u"300"_s, 5, u"指示符"_s}, // after its subfields
+        {u"000 200 $a ??? $a"_s, 2, u"005"_s, 4, u"指示符"_s},    // a user-defined field begins a field too
+        {u"000 200 CAT $a"_s, 2, u"300"_s, 5, u"指示符"_s},       // any other text does not
+        {u"000 200 $a $f"_s, 2, u"005 标识"_s, 5, QString()},     // at the end of the search, a tag below 010
+        {u"000 200 $a $f"_s, 2, u"???自定"_s, 5, u"指示符"_s},    // at the end of the search, no value
         {u"000 200 $a $f"_s, 4, u"005 标识"_s, 5, u"指示符"_s},   // the last row is current
         {u"000 200 $a 210"_s, 3, u"005"_s, 4, u"指示符"_s},       // the last row begins a field
     };
@@ -46,7 +46,7 @@ TEST(FieldEditing, DeletionCountsAgainstTheShrinkingGrid) {
         {u"000 200 $a $f 210 $a"_s, 2, 3},
         {u"000 200"_s, 2, 1},
         {u"000 200 $a"_s, 2, 2},
-        {u"000 200 $a $f"_s, 2, 2}, // an even number: half of them
+        {u"000 200 $a $f"_s, 2, 2}, // an even number of rows: half of them
         {u"000 200 $a $f $g"_s, 2, 4},
         {u"000 200 $a $f $g $e"_s, 2, 3},
         {u"000 200 $a $f ??? $a $b"_s, 2, 6},
@@ -86,12 +86,12 @@ TEST(FieldEditing, LimitsAndAssistants) {
     const std::optional<int> limits[] = {24, {}, 2, {}, 2, {}, {}, {}, 2, {}, {}};
     for (int i = 0; i < rows.size(); ++i)
         EXPECT_EQ(contentLimit(rows, i + 1), limits[i]) << i;
-    EXPECT_EQ(contentLimit({row(u"x"_s.repeated(100)), row(u"$a"_s)}, 2), 36); // no file leads to it
+    EXPECT_EQ(contentLimit({row(u"x"_s.repeated(100)), row(u"$a"_s)}, 2), 36); // cannot come from a file
     EXPECT_EQ(identityLimit(row(u"???"_s), IdentityColumn::Identifier), 3);
     EXPECT_EQ(identityLimit(row(u"$a"_s), IdentityColumn::Identifier), 2);
 
     EXPECT_EQ(field100Assistants(rows, 4), 1);
-    EXPECT_EQ(field100Assistants(rows, 6), 1); // any subfield a below it
+    EXPECT_EQ(field100Assistants(rows, 6), 1); // any subfield $a below it
     EXPECT_EQ(field100Assistants(rows, 10), 0);
     EXPECT_EQ(field100Assistants(rows, 11), 2);
     EXPECT_EQ(field100Assistants(rows, 3), 0);

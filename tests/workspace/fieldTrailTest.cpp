@@ -9,7 +9,7 @@ using marc::FieldRows;
 
 namespace {
 
-// "606=中国 $a=甲 $x=乙": identifiers and values.
+// Builds rows from "606=中国 $a=甲 $x=乙": identifiers and values.
 FieldRows rowsOf(const QString &text) {
     FieldRows rows;
     for (const QString &word : text.split(u' ', Qt::SkipEmptyParts))
@@ -22,8 +22,8 @@ QString ledTo(const FieldRows &before, const FieldRows &after, qsizetype element
     return !trail ? u"lost"_s : QString::number(trail->element) + (trail->subfieldLost ? u" field" : u"");
 }
 
-// A record under edits, whose rows are known one by one: those of the first state by their number there, all others by
-// greater numbers.
+// A record under random edits that tracks the identity of each row: rows of the first state have their row number as
+// identity, later rows have greater numbers.
 class KnownRecord {
 public:
     explicit KnownRecord(unsigned seed)
@@ -89,7 +89,8 @@ private:
             m_known.removeAt(row);
         } while (field && row < m_rows.size() && !marc::isFieldRow(m_rows[row]));
     }
-    // Into the list and back from there. What becomes of each row is seen at a record that holds row numbers.
+    // Writes the record into the list and reads it back. The new position of each row is found with a copy of the
+    // record whose values are row numbers.
     void take() {
         FieldRows numbered = m_rows;
         for (int row = 1; row < numbered.size(); ++row)
@@ -128,15 +129,17 @@ TEST(FieldTrail, FollowsAFieldByWhatItHolds) {
     };
     for (const Row &row : {
              Row{4, u"000 010=## $a=7-5366-1234-6 606 $a=新 606=## $a=中国 $x=历史 606=## $a=中国 $x=经济", u"6"},
-             Row{4, u"606=## $a=中国 $x=经济 606=## $a=中国 $x=历史 000", u"lost"}, // of the same tag they keep order
+             Row{4, u"606=## $a=中国 $x=经济 606=## $a=中国 $x=历史 000",
+                 u"lost"}, // fields of the same tag keep their order
              Row{7, u"000 606=## $a=中国 $x=历史 606=## $a=中国 $x=经济", u"5"},
-             Row{2, u"000 010=## $a=7-5366-1234-5 606=## $a=中国 $x=历史", u"2"}, // the digit was mended
-             Row{2, u"000 010=## $a=9787020012596 606=## $a=中国 $x=历史", u"2"}, // as a whole
+             Row{2, u"000 010=## $a=7-5366-1234-5 606=## $a=中国 $x=历史", u"2"}, // a corrected digit
+             Row{2, u"000 010=## $a=9787020012596 606=## $a=中国 $x=历史", u"2"}, // replaced as a whole
              Row{2, u"000 010=## $b=精装 606=## $a=中国 $x=历史", u"1 field"},
              Row{2, u"000 606=## $a=中国 $x=历史", u"lost"},
              Row{4, u"000 606=## $a=中国 $x=经济", u"lost"},
              Row{6, u"000 606=## $a=中国 $x=经济", u"1"},
-             Row{3, u"000 606=## $a=中国 $x=文化", u"lost"}, // either may have been edited, the other is gone
+             Row{3, u"000 606=## $a=中国 $x=文化",
+                 u"lost"}, // either field may have been edited, the other one is deleted
              Row{9, u"000", u"lost"},
          })
         EXPECT_EQ(ledTo(rowsOf(record), rowsOf(row.after.toString()), row.element), row.led.toString())
@@ -145,11 +148,11 @@ TEST(FieldTrail, FollowsAFieldByWhatItHolds) {
     EXPECT_EQ(ledTo(rowsOf(u"000 606=## $a=甲"_s), rowsOf(u"000 606 $a=甲 606=## $a=甲"_s), 2), u"lost"_s);
     FieldRows hostile = rowsOf(u"000"_s);
     hostile.resize(20000, {.identifier = u"606"_s});
-    EXPECT_EQ(ledTo(hostile, hostile, 9), u"lost"_s) << "and at once";
+    EXPECT_EQ(ledTo(hostile, hostile, 9), u"lost"_s) << "the search is limited";
 }
 
-// A jump reaches the field or says that it is lost; it reaches another one only where that took the place of a field
-// that is no more.
+// A jump reaches its field or reports it as lost; it reaches another field only if that field took the place of a
+// deleted one.
 TEST(FieldTrail, NeverLeadsToAnotherField) {
     const unsigned seed = qEnvironmentVariableIsSet("SEED") ? qEnvironmentVariableIntValue("SEED") : 17;
     const int rounds = qEnvironmentVariableIsSet("ROUNDS") ? qEnvironmentVariableIntValue("ROUNDS") : 40;

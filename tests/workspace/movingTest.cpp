@@ -47,8 +47,8 @@ TEST_F(Moving, StepsColourRowsAndStopAtTheEnds) {
         window.cmdTiMing[1]->click();
     EXPECT_EQ(window.Grid2->row(), 19);
     EXPECT_EQ(window.Grid2->cellBackground(18, 1), workspace::RecordList::visitedColour);
-    EXPECT_EQ(window.Text2->text(), QString()); // the list's last row is empty
-    EXPECT_EQ(cell(4, 4), u"题19"_s);           // and the grid keeps the record before it
+    EXPECT_EQ(window.Text2->text(), QString()); // the last row of the list is empty
+    EXPECT_EQ(cell(4, 4), u"题19"_s);           // the grid keeps the previous record
 }
 
 TEST_F(Moving, LeavingAnEditedRecordAsks) {

@@ -45,10 +45,10 @@ TEST_F(Reading, StopAndGoOnLeavesNoGap) {
     host.onYield = {};
     window.cmdclick[3]->click();
     EXPECT_EQ(titles(348, 352), (QStringList{u"349 题349"_s, u"350 题350"_s, u"351 题351"_s, u"352 题352"_s}));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return window.Grid2->model()->rowCount() == 500; }, 20'000)); // in sight too
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window.Grid2->model()->rowCount() == 500; }, 20'000)); // also in the view
 }
 
-// Between the press on the stop button and the loop's next look at it, anything may be pressed.
+// Any button may be pressed between the press of the stop button and its effect.
 TEST_F(Reading, PressesBetweenStopAndItsEffect) {
     auto &window = load(300);
     bool pressed = false;
@@ -57,12 +57,12 @@ TEST_F(Reading, PressesBetweenStopAndItsEffect) {
             return;
         pressed = true;
         window.cmdJieShu->click();
-        window.cmdclick[3]->click(); // reads on to the end, inside the yield
+        window.cmdclick[3]->click(); // reads to the end, within the yield
         EXPECT_EQ(window.records().rowCount(), 300);
         window.records().setTitle(299, u"改"_s);
     };
     window.cmdclick[3]->click();
-    EXPECT_EQ(window.records().title(299), u"改"_s); // the first loop has left and overwrites nothing
+    EXPECT_EQ(window.records().title(299), u"改"_s); // the first loop has ended and overwrites nothing
     EXPECT_EQ(window.Text3->pacedText(), u"300"_s);
     EXPECT_FALSE(window.cmdclick[3]->isEnabled());
 
@@ -83,7 +83,7 @@ TEST_F(Reading, FilesThatDisappoint) {
     EXPECT_EQ(host.texts(), QStringList{opening});
     EXPECT_EQ(missing.labJinDu->text(), u"预读结束"_s);
     EXPECT_EQ(missing.Text4->text(), QString());
-    missing.cmdTiMing[1]->click(); // onto an empty row
+    missing.cmdTiMing[1]->click(); // moves to an empty row
     missing.cmdclick[0]->click();
 
     auto &window = load(201);
@@ -115,7 +115,7 @@ TEST_F(Reading, RecordsThatCannotBeRead) {
     window.cmdTiMing[1]->click();
     EXPECT_EQ(cell(1, 2), u"000"_s);
 
-    // Directory entries that all point at one field of delimiters: as many rows as bytes, and it is said.
+    // Many directory entries that point to one field of delimiters: at most as many rows as bytes, and a warning.
     QString hostile = recordOf({{u"300"_s, u"  "_s + u"$"_s.repeated(9000)}});
     hostile.insert(36, hostile.mid(24, 12).repeated(99)).replace(12, 5, u"01225"_s);
     write("records.iso", hostile + u"\r\n"_s + titled(u"好"_s));
@@ -140,7 +140,7 @@ TEST(SelectMarcFile, RefusesAndOpens) {
     window.cmdClick[0]->click();
     window.Text1->setText(u" "_s + host.folder);
     window.cmdClick[0]->setFocus();
-    window.cmdClick[0]->click(); // a folder is no file
+    window.cmdClick[0]->click(); // a folder is not a file
     EXPECT_EQ(window.focusWidget(), window.Text1);
     EXPECT_EQ(host.texts(), (QStringList{u"没有选择机读目录数据文件！"_s, u"该机读目录数据文件不存在！"_s}));
 
@@ -158,14 +158,14 @@ TEST(SelectMarcFile, RefusesAndOpens) {
     window.cmdLL->click();
     EXPECT_EQ(window.Text1->text(), QString());
 
-    window.Text1->setFocus(); // down opens the list of the last files, and goes down in it
+    window.Text1->setFocus(); // Down opens the list of recent files and moves down in it
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     QTest::keyClick(window.Text1, Qt::Key_Down);
     ASSERT_TRUE(QApplication::activePopupWidget());
     QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Down);
     QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
     EXPECT_EQ(window.Text1->text(), path);
-    EXPECT_EQ(shown.size(), 2); // opened with it
+    EXPECT_EQ(shown.size(), 2); // the file is opened at once
     window.cmdClick[1]->click();
     EXPECT_FALSE(window.isVisible());
 }
@@ -193,7 +193,7 @@ TEST(SelectMarcFile, EnterIsForTidyingWhereTheFileWillBeReadWrong) {
     looked(false);
     EXPECT_TRUE(window.cmdClick[0]->hasFocus());
     QTest::keyClick(window.Text1, Qt::Key_Return);
-    holds(good.repeated(2).toUtf8()); // other bytes under the same name, which Enter finds
+    holds(good.repeated(2).toUtf8()); // Enter notices other contents under the same name
     QTest::keyClick(window.Text1, Qt::Key_Return);
     EXPECT_EQ(ways, (QStringList{u"open"_s, u"tidy"_s}));
     looked(true);
@@ -204,7 +204,7 @@ TEST(SelectMarcFile, EnterIsForTidyingWhereTheFileWillBeReadWrong) {
     holds(platform::encode(good).chopped(2).repeated(4));
     window.choose(path + u' ');
     looked(true);
-    EXPECT_TRUE(window.cmdTidy->hasFocus()); // and the key goes with it
+    EXPECT_TRUE(window.cmdTidy->hasFocus()); // the focus moves to it
     window.cmdClick[0]->click();
     EXPECT_EQ(ways.last(), u"open"_s);
 }

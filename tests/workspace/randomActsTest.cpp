@@ -1,5 +1,5 @@
-// Random acts on the workspace's window against a small model of its state. TARVEX_ACTS and TARVEX_SEED give another
-// number of acts and another beginning.
+// Random actions on the workspace window, compared with a small model of its state. TARVEX_ACTS and TARVEX_SEED set the
+// number of actions and the seed.
 #include "support/dice.h"
 #include "workspaceFixture.h"
 #include "workspaceModel.h"
@@ -17,8 +17,8 @@ constexpr int firstBatch = 200;
 struct RandomActs : Workspace {
     WorkspaceModel model;
     Dice dice{1};
-    QStringList acts; // the last ones, for the reader of a failure
-    int opened = 0;   // how often a file was
+    QStringList acts; // the last ones, for failure messages
+    int opened = 0;   // how often a file was opened
 
     void SetUp() override {
         Workspace::SetUp();
@@ -33,7 +33,7 @@ struct RandomActs : Workspace {
             for (const QString &folder : {QString(), u"other/"_s})
                 fill(host.folder + u'/' + folder + name, count);
     }
-    // Records of one length, so that files differ in nothing but their text.
+    // Writes records of equal length, so that files differ only in their text.
     void fill(const QString &path, int count) {
         QStringList records;
         for (int i = 0; i < count; ++i)
@@ -45,7 +45,7 @@ struct RandomActs : Workspace {
         EXPECT_TRUE(platform::writeTextFile(path, records.join(u"\r\n"_s) + u"\r\n"));
     }
 
-    // One window after the other.
+    // Closes the window and opens another one.
     void open() {
         if (form)
             form->close();
@@ -60,7 +60,7 @@ struct RandomActs : Workspace {
         ++opened;
         ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
     }
-    // Now and then the file is another one by then, with the size and the time that it had, or without.
+    // Sometimes changes the contents of the file, keeping its size and, in half of the cases, its modification time.
     void change(const QString &path) {
         const int how = dice.below(12);
         if (how > 1)
@@ -75,7 +75,7 @@ struct RandomActs : Workspace {
     void close() {
         if (model.row < 0)
             return;
-        model.write(); // at the window's end
+        model.write(); // written when the window closes
         host.willAnswer(Answer::Yes);
         form->close();
         form.reset();
@@ -86,7 +86,7 @@ struct RandomActs : Workspace {
         open();
     }
 
-    // The keyboard and the mouse.
+    // Keyboard and mouse input.
     void key(QWidget *where, Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
         QTest::keyClick(where, key, modifiers);
     }
@@ -161,7 +161,7 @@ struct RandomActs : Workspace {
         model.change(row, text, platform::trimBlanks(text) != before.value);
         key(form->richText, Qt::Key_Return);
     }
-    // What an open editor closes off.
+    // Actions that an open editor blocks.
     void whileOpen() {
         QWidget *editor = form->richText;
         switch (dice.below(9)) {
@@ -216,7 +216,7 @@ struct RandomActs : Workspace {
         const int how = dice.below(6);
         if (how == 0)
             return key(list, Qt::Key_Escape);
-        if (how == 1 && model.row + 1 < model.list.size()) { // a step with the list open
+        if (how == 1 && model.row + 1 < model.list.size()) { // moves to the next record with the list open
             model.leave(answerIfAsked(), false);
             model.enter(model.row + 1);
             return key(form->Grid1, Qt::Key_PageDown, Qt::ControlModifier);
@@ -251,9 +251,9 @@ struct RandomActs : Workspace {
             return;
         const int first = int(std::ranges::mismatch(before, model.grid.rows).in1 - before.begin()) + 1;
         EXPECT_EQ(form->Grid1->row(), std::min<int>(first, int(model.grid.rows.size())))
-            << "what was undone is in sight";
+            << "the row of the undone change is visible";
     }
-    // The rest of the file, or some of it; the draft bar may be answered meanwhile.
+    // Reads the rest of the file or a part of it; meanwhile the draft bar may be answered.
     void readOn() {
         if (!form->cmdclick[3]->isEnabled())
             return;
@@ -293,7 +293,7 @@ struct RandomActs : Workspace {
             model.giveUp();
         (restore ? form->draftBar->cmdHuiFu : form->draftBar->cmdDiuQi)->click();
     }
-    // The two seconds are over.
+    // The two-second timer expires.
     void tick() {
         model.write();
         form->parts().drafts.write();
@@ -334,7 +334,7 @@ struct RandomActs : Workspace {
         what();
     }
 
-    // Grid, list, marks and drafts.
+    // Compares grid, list, marks and drafts with the model.
     void compare() {
         const EditedRecord &record = form->record();
         ASSERT_EQ(record.rows(), model.grid.rows);

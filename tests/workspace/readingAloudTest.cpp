@@ -17,7 +17,7 @@ TEST_F(ReadingAloud, TheCurrentCellAndTheCountersSayWhatTheyHold) {
     };
     EXPECT_EQ(current(window.Grid2, list), u"题1"_s);
     EXPECT_EQ(current(window.Grid1, fields), window.Grid1->text(4, 4));
-    window.Grid1->setColumn(0); // hidden
+    window.Grid1->setColumn(0); // a hidden column
     EXPECT_EQ(current(window.Grid1, fields), window.Grid1->text(4, 1));
     const auto name = [](QWidget *widget) {
         return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);

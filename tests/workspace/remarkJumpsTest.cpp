@@ -1,4 +1,4 @@
-// The pane of remarks in its window: F8, the jumps, and what is left of an import.
+// The pane of remarks in the workspace: F8, jumps, and the refused records of an import.
 #include "workspaceFixture.h"
 #include <QSplitter>
 
@@ -31,13 +31,13 @@ TEST_F(Remarks, AreShownAndHiddenByOneKey) {
     EXPECT_EQ(status().section(u'　', 0, 0), u"还没有校对结果，也没有未成功记录"_s);
     EXPECT_FALSE(pane.widget->isVisible());
     window.cmdJiaoDuiAll->click();
-    EXPECT_EQ(pane.asked, QStringList{u"proof of 230"_s}) << "200 of them read";
+    EXPECT_EQ(pane.asked, QStringList{u"proof of 230"_s}) << "the proof first reads the records beyond the first 200";
     EXPECT_TRUE(paneHasFocus());
     pressF8();
     EXPECT_TRUE(!pane.widget->isVisible() && window.Grid1->hasFocus());
     pressF8();
     EXPECT_TRUE(paneHasFocus());
-    pane.needs.leave(); // Esc
+    pane.needs.leave(); // as Esc does
     EXPECT_TRUE(pane.widget->isVisible() && window.Grid1->hasFocus());
     pressF8();
     EXPECT_TRUE(paneHasFocus());
@@ -49,7 +49,7 @@ TEST_F(Remarks, AreShownAndHiddenByOneKey) {
     window.close();
     EXPECT_EQ(pane.asked.last(), u"end"_s);
     form.reset();
-    EXPECT_FALSE(pane.widget) << "it goes with its window";
+    EXPECT_FALSE(pane.widget) << "the pane is destroyed with its window";
     open(1).cmdJiaoDuiAll->click();
     under = form->findChild<QSplitter *>(u"under"_s);
     EXPECT_TRUE(QTest::qWaitFor([&] { return under->sizes()[1] == height; }));
@@ -61,12 +61,12 @@ TEST_F(Remarks, LeadToTheFieldWhereverItIsByNow) {
     EXPECT_EQ(at() + status(), u"2 $a"_s + wayBack);
     EXPECT_TRUE(window.Grid1->hasFocus());
 
-    window.record().insert({.place = 3, .content = {.identifier = u"101"_s}}); // in front of 200
+    window.record().insert({.place = 3, .content = {.identifier = u"101"_s}}); // before 200
     window.record().insert({.place = 4, .content = {.identifier = u"$a"_s, .value = u"chi"_s}});
     pane.needs.jump({.record = 2, .fieldRow = titleRow, .moment = 0});
     EXPECT_EQ(window.Grid1->row(), titleRow + 2);
     window.record().edit({.row = 4, .text = u"eng"_s});
-    host.willAnswer(platform::Answer::Yes); // goes into the list as it is
+    host.willAnswer(platform::Answer::Yes); // the record is written into the list as edited
     pane.needs.jump({.record = 0});
     EXPECT_EQ(at(), u"0 000"_s);
     pane.needs.jump({.record = 2, .fieldRow = titleRow, .moment = 0});
@@ -86,7 +86,7 @@ TEST_F(Remarks, LeadToTheFieldWhereverItIsByNow) {
 TEST_F(Remarks, AreOutOfReachWhileAnEditorIsOpen) {
     auto &window = open(3);
     window.cmdJiaoDuiAll->click();
-    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_F2}) { // content, identifier
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_F2}) { // opens the editor of the content, of the identifier
         window.Grid1->setFocus();
         window.Grid1->setRow(titleRow);
         QTest::keyClick(window.Grid1, key);
@@ -110,10 +110,10 @@ TEST_F(Remarks, OfAnImportAreListedWithOneKey) {
     QTest::keyClick(window.cmdclick[5], Qt::Key_Return);
     EXPECT_TRUE(status().startsWith(u"本次已导入 198 条，未成功 2 条，F8 列出"_s)) << status().toStdString();
     EXPECT_TRUE(window.Grid2->hasFocus() && !pane.widget->isVisible());
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return); // imports nothing again
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return); // does not start another import
     EXPECT_EQ(opened.size(), 1);
     QTest::keyClick(window.Grid2, Qt::Key_Down);
-    EXPECT_TRUE(status().contains(u"本次已导入"_s)) << "until the list is another one";
+    EXPECT_TRUE(status().contains(u"本次已导入"_s)) << "shown until the list changes";
     pressF8();
     EXPECT_TRUE(paneHasFocus());
     EXPECT_EQ(pane.asked, QStringList{u"refused 2"_s});
@@ -128,6 +128,6 @@ TEST_F(Remarks, OfAnImportAreListedWithOneKey) {
     host.willAnswer(platform::Answer::No);
     window.cmdclick[5]->click();
     EXPECT_TRUE(paneHasFocus());
-    window.cmdclick[3]->click(); // more records
+    window.cmdclick[3]->click(); // reads more records
     EXPECT_FALSE(status().contains(u"本次已导入"_s));
 }

@@ -1,4 +1,4 @@
-// A workspace on files of the test's own, whose other windows only note that they were opened.
+// A workspace on temporary files, whose other windows only record that they were opened.
 #pragma once
 
 #include "platform/codepage936.h"
@@ -10,7 +10,7 @@
 #include "workspace/windows/workspaceRoom.h"
 #include <QPointer>
 
-// Stands for the pane of remarks: notes what it is asked, and holds what the workspace gave it.
+// Replaces the pane of remarks: records the requests and keeps what the workspace passes to it.
 struct PaneDouble {
     QPointer<QLineEdit> widget;
     workspace::RemarksNeeds needs;
@@ -38,7 +38,7 @@ struct PaneDouble {
 
 struct Workspace : testing::Test {
     ScriptedHost host;
-    QStringList opened; // what the other windows were handed, in order
+    QStringList opened; // the arguments of the other windows, in order
     std::optional<QString> assistantGives;
     workspace::ImportOutcome outcome; // of the next import
     PaneDouble pane;
@@ -58,7 +58,7 @@ struct Workspace : testing::Test {
         return recordOf({{QStringLiteral("001"), QStringLiteral("0 1")},
                          {QStringLiteral("200"), QStringLiteral("1 $a") + title + QStringLiteral("$f著者")}});
     }
-    // Titles 题1, 题2, …
+    // Writes records with the titles 题1, 题2, …
     void writeRecords(int count) {
         QString text;
         for (int i = 1; i <= count; ++i)

@@ -1,5 +1,5 @@
-// A small model of the workspace's state: what the list, the grid, the marks and the drafts are to be after each act.
-// It says nothing of windows and files, and keeps whole copies where the program keeps differences.
+// A small model of the workspace's state: the expected list, grid, marks and drafts after each action. It has no
+// windows or files, and keeps complete copies where the program keeps differences.
 #pragma once
 
 #include "marc/configurationFiles.h"
@@ -18,7 +18,7 @@ struct WorkspaceModel {
     };
     struct Draft {
         QString record;
-        QString origin; // the file's record that it was made of
+        QString origin; // the record in the file from which the draft was made
         friend bool operator==(const Draft &, const Draft &) = default;
     };
     using Drafts = QMap<int, Draft>;
@@ -26,7 +26,7 @@ struct WorkspaceModel {
         int version = 0; // of the record file
         Drafts changed;
         Drafts left;
-        // What a start finds: the newest draft of each row, and older ones.
+        // Returns what a start reads: the newest draft of each row, and the older ones.
         std::pair<Drafts, Drafts> means() const {
             std::pair<Drafts, Drafts> found{changed, {}};
             for (auto draft = left.begin(); draft != left.end(); ++draft)
@@ -36,17 +36,17 @@ struct WorkspaceModel {
     };
     struct File {
         QStringList records;
-        int version = 0; // another one after a change that size or time tells
+        int version = 0; // differs after a change that size or time reveals
     };
 
     QString folder; // of the descriptions
     QDateTime now;
-    marc::DamagedDirectory damaged; // a record is shown or looked into whose directory is damaged
+    marc::DamagedDirectory damaged; // called when a record with a damaged directory is shown or examined
     QMap<QString, File> files;
     QMap<QString, OnDisk> disk; // drafts by file
     int kept = 0;               // files of drafts that were set aside
 
-    // Of the window that is open.
+    // State of the open window.
     QString path;
     QStringList list, titles;
     int listed = 0;
@@ -69,7 +69,7 @@ struct WorkspaceModel {
     }
     QString built(const Grid &of) const { return marc::madeMyMarc(of.rows, of.leader, now); }
 
-    // The windows and the disk.
+    // Windows and disk.
     void open(const QString &file, int firstBatch) {
         path = file;
         listed = 0;
@@ -139,7 +139,7 @@ struct WorkspaceModel {
             disk.insert(path, now);
     }
 
-    // The record on the grid.
+    // The record in the grid.
     void show(const QString &record) {
         marc::ShownRecord shown = marc::showRecord(record);
         if (shown.damaged)
@@ -188,7 +188,7 @@ struct WorkspaceModel {
         note();
     }
 
-    // The list. A record that is left is asked about where it was edited.
+    // The list. Leaving an edited record asks a question.
     void take(int at, const QString &record) {
         if (!origins.contains(at))
             origins.insert(at, list[at]);
