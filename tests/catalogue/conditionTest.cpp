@@ -1,4 +1,4 @@
-// The condition in words against the rows that are listed, through the query dialogs and both list windows.
+// Compares the condition in words with the rows listed, through the query dialogs and both list windows.
 #include "catalogue/windows/queryFrm.h"
 #include "catalogue/windows/tlkListFrm.h"
 #include "catalogue/windows/zskListFrm.h"
@@ -22,9 +22,9 @@ struct Asked {
     QString value;
     bool operator==(const Asked &) const = default;
 };
-using Groups = QList<QList<Asked>>; // one of them is to hold, with all that it asks; none: every row
+using Groups = QList<QList<Asked>>; // all conditions of at least one group must hold; no group: every row
 
-using Book = std::array<QString, 2>; // title, author
+using Book = std::array<QString, 2>; // title and author
 
 bool meets(const Book &book, const Asked &asked) {
     const QString &text = book[std::size_t(asked.field)];
@@ -38,7 +38,7 @@ bool meets(const Book &book, const Groups &groups) {
     return groups.isEmpty() || std::ranges::any_of(groups, all);
 }
 
-// What a person reads out of the words.
+// Parses the words as a user would read them.
 Groups readFrom(QString words) {
     Groups groups;
     if (words.startsWith(u'(') && words.endsWith(u')'))
@@ -56,7 +56,7 @@ Groups readFrom(QString words) {
     return groups;
 }
 
-// A person at a query dialog, who keeps in mind what was asked for.
+// A user of a query dialog who remembers the conditions entered.
 class Asking {
 public:
     Asking(QueryDialog &dialog, Dice &dice)
@@ -71,7 +71,7 @@ public:
             return clear();
         case 1:
         case 2:
-            m_dialog.cOrderby->setCurrentIndex(0); // while one is left
+            m_dialog.cOrderby->setCurrentIndex(0); // if one is left
             if (m_dialog.cOrderby->currentIndex() >= 0)
                 QTest::keyClick(m_dialog.Label3[std::size_t(m_dice.below(2))], Qt::Key_Space);
             return;
@@ -125,7 +125,7 @@ struct ConditionTest : testing::Test {
                     title, books.last()[1]));
         }
     }
-    // The same acts in either dialog: the rows in the list and the words under it.
+    // The same actions in either dialog: checks the rows of the list and the words of the condition.
     template <class Dialog, class List>
     void askAtRandom(List &list, const std::function<QString()> &line) {
         Dice dice(11);
@@ -172,7 +172,7 @@ TEST_F(ConditionTest, TheWordsOfTheStoreListAskWhatItsStatementAsks) {
     askAtRandom<QueryFrmdel>(list, [&] { return list.conditionWords->text(); });
 }
 
-// A lone quote makes something else of the statement; a doubled one does not.
+// A single apostrophe ends the value and changes the statement; a doubled one does not.
 TEST(ConditionWords, WarnOfAQuoteThatEndsTheValue) {
     const std::pair<QString, bool> rows[] = {
         {u"O''Neill"_s, false}, {u"O'Neill"_s, true}, {u"x' or '1'='1"_s, true}, {u"'''"_s, true}, {u"''"_s, false}};

@@ -1,4 +1,4 @@
-// The records of the export, byte by byte and as a reader of exchange files sees them.
+// The exported records, byte by byte and as another reader of exchange files reads them.
 #include "catalogue/exportRecord.h"
 #include "platform/codepage936.h"
 #include "support/qtPrinters.h"
@@ -7,7 +7,7 @@ using namespace catalogue;
 
 namespace {
 
-// "200 1 $a书名$f著者" for each field behind the control number, by directory and data.
+// Returns "200 1 $a书名$f著者" for each field after the control number, read through the directory.
 QStringList fieldsOf(const QByteArray &record) {
     const qsizetype base = record.mid(12, 5).toInt();
     const QByteArray directory = record.mid(24, base - 25);
@@ -31,7 +31,8 @@ TEST(ExportRecord, ComposesEveryByte) {
                   platform::encode(u"红楼梦") + "\x1E\x1D");
     EXPECT_TRUE(exportRecord({}).endsWith("\x1E"
                                           "00000hteva\x1E\x1D"));
-    // Eleven bytes are counted for any control number; the length of a field of ten thousand grows its entry.
+    // The lengths always count eleven bytes for the control number; a field of ten thousand bytes makes its directory
+    // entry longer.
     const QByteArray record =
         exportRecord({.zskid = u"9223372036854775807"_s, .bookname = QString(5000, u'书'), .classcode = u"I"_s});
     EXPECT_EQ(record.first(5).toInt(), record.size() - 14);

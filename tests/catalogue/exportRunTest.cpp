@@ -1,4 +1,4 @@
-// The export of a listed catalogue: the file as others read it, its refusals, its stops, and what comes in between.
+// The export of a listed catalogue: the file as other tools read it, refusals, stops, and events during the run.
 #include "catalogue/exportRecord.h"
 #include "catalogue/windows/zskListFrm.h"
 #include "support/databaseServers.h"
@@ -27,7 +27,7 @@ protected:
         host.willChoose(path);
         list.CmdDcgl[Export]->click();
     }
-    // Does something while the program yields behind the given record.
+    // Calls `act` when the program yields after the record with this number.
     void behindRecord(int number, const std::function<void()> &act) {
         host.onYield = [this, number, act, yields = 0]() mutable {
             if (++yields == number)
@@ -84,7 +84,8 @@ TEST_F(ExportRunTest, WritesEveryListedRowAsARecordThatOthersRead) {
                                   folder.file(u"joined.iso"_s, records().join())});
     ASSERT_TRUE(yaz.waitForFinished());
     const QString dump = QString::fromUtf8(yaz.readAllStandardOutput() + yaz.readAllStandardError());
-    EXPECT_EQ(dump.count(u"hteva\n"_s), count - longNumbers); // those are cut to the eleven bytes that were counted
+    EXPECT_EQ(dump.count(u"hteva\n"_s),
+              count - longNumbers); // longer ones are cut to the eleven bytes that the lengths count
     EXPECT_EQ(dump.count(QRegularExpression(u"\n001 |^001 "_s)), count);
     EXPECT_TRUE(dump.contains(u"200 1  $a 红楼梦 $f 曹雪芹著\n"_s)) << dump.left(600).toStdString();
     EXPECT_FALSE(dump.contains(u"Bad") || dump.contains(u"rror")) << dump.toStdString();
@@ -104,7 +105,7 @@ TEST_F(ExportRunTest, RefusesNoNameAndAnExistingFile) {
 TEST_F(ExportRunTest, EndsSilentlyWithTheFileClosedWhenItsWindowGoes) {
     behindRecord(4, [this] {
         list.unload();
-        EXPECT_TRUE(list.isVisible()); // the run still stands on it
+        EXPECT_TRUE(list.isVisible()); // the run still uses the window
         EXPECT_EQ(records().size(), 4);
     });
     run();
@@ -129,7 +130,7 @@ TEST_F(ExportRunTest, WritesEmptyRecordsWithoutAWordWhenRowsCannotBeRead) {
     EXPECT_EQ(host.texts(), QStringList{finalWord(10, path)});
     EXPECT_EQ(records().count(exportRecord({})), 8);
 
-    path = folder.path(u"没有/导出.iso"_s); // nor is a file that cannot be made worth a word
+    path = folder.path(u"没有/导出.iso"_s); // a file that cannot be created is not reported either
     run();
     EXPECT_EQ(host.texts().last(), finalWord(10, path));
     path = folder.path(u"empty.iso"_s);

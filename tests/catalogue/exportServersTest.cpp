@@ -1,4 +1,4 @@
-// The statements on real servers, and the export from one that is not there all the time.
+// The statements on real servers, and an export whose server is away for a time.
 #include "catalogue/exportRun.h"
 #include "catalogue/listStatements.h"
 #include "support/databaseServers.h"
@@ -21,7 +21,7 @@ private:
     int m_count;
 };
 
-// What the file holds, record by record; the last entry is what stands behind the last line end.
+// Returns the records of the file; the last entry is the text after the last line end.
 QList<QByteArray> exported(const QString &path) {
     QFile file(path);
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));
@@ -40,7 +40,7 @@ void run(const TestDatabase &database, ScriptedHost &host, int count, const QStr
 
 } // namespace
 
-// Bare are the rows whose turn came while the server was away, no others; a restart between two rows costs none.
+// Only rows exported while the server is away become empty records; a restart between two rows loses none.
 TEST(ExportFromServer, ComesBackWithTheServer) {
     const TestDatabase database(TestServer::PostgreSql);
     for (int i = 1; i <= 10; ++i)
@@ -61,7 +61,7 @@ TEST(ExportFromServer, ComesBackWithTheServer) {
         EXPECT_EQ(holdsTitle(records[row - 1], row), row != 7 && row != 8) << row;
 }
 
-// A killed export leaves whole records but for the last, and keeps nobody from the next.
+// A killed export leaves complete records except for the last one, and does not prevent the next export.
 TEST(ExportFromServer, AKilledRunLeavesWholeRecords) {
     constexpr int count = 30000;
     const TestDatabase database(TestServer::Sqlite);

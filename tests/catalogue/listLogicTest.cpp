@@ -1,4 +1,4 @@
-// The order in a statement, the sort dialog's order, the widths of the columns, the progress text.
+// The order in a statement, the order of the sort dialog, the column widths, and the progress text.
 #include "catalogue/columnWidths.h"
 #include "catalogue/listStatements.h"
 #include "catalogue/listTexts.h"
@@ -16,7 +16,8 @@ TEST(ListStatements, LetTheOrderRideAlongOnADeleteOnlyBehindACondition) {
     EXPECT_EQ(deleteRowStatement(u"0012"_s), u"delete from taoluTable where zskid=0012"_s);
 }
 
-// Runs of all lengths, more of them than SQLite takes terms in a chain, keys twice, the limits of their type.
+// Runs of keys of all lengths, more runs than SQLite allows terms in an expression, repeated keys, and the limits of
+// the key type.
 TEST(ListStatements, KeysMeetTheirOwnRowsAlone) {
     constexpr int rows = 20'000;
     const TestDatabase database;
@@ -51,15 +52,15 @@ TEST(SortOrder, ShowsAStoredOrderOfOneColumnAgain) {
 }
 
 TEST(ColumnWidths, ShareWhatTheFixedColumnsLeave) {
-    // 17.37 rows fit beside a heading of 350: 17 need no scroll bar, 18 do.
+    // 17.37 rows fit below a heading of 350 twips: 17 rows need no scroll bar, 18 do.
     const GridRoom room{11000, 350 + 6080, 18, 350};
     EXPECT_EQ(catalogueWidths(room), (QList<int>{0, 1340, 2540, 1340, 910, 2540, 910, 1340}));
     const GridRoom full{11000, 350 + 6080, 19, 350};
     EXPECT_EQ(catalogueWidths(full)[2], (11000 - 5840 - 360) / 2);
     EXPECT_EQ(copiesWidths(full), (QList<int>{2333, 910, 2333, 910, 910, 910, 2333}));
-    // A half goes to the even number: 17.5 rows count as 18, 16.5 as 16.
+    // Halves are rounded to even: 17.5 rows count as 18, 16.5 as 16.
     EXPECT_TRUE(!scrollBarShows({0, 350 + 6125, 19, 350}) && scrollBarShows({0, 350 + 5775, 18, 350}));
-    // A grid that is too narrow keeps its columns.
+    // A grid that is too narrow keeps its column widths.
     EXPECT_EQ(catalogueWidths({100, 100, 2, 350})[5], 910);
 }
 

@@ -1,4 +1,4 @@
-// The sort dialog on a list window.
+// The sort dialog of a list window.
 #include "catalogue/windows/orderbyFrm.h"
 #include "support/scriptedHost.h"
 
@@ -59,7 +59,7 @@ TEST_F(OrderbyFrmTest, ShowsAnOrderOfOneColumnAgain) {
     EXPECT_EQ(chosen(next), QStringList{u"ISBN"_s});
     next.List1->setCurrentRow(5);
     next.CmdAdd->click();
-    next.CmdAdd->click(); // it stands there already
+    next.CmdAdd->click(); // the column is already listed
     next.cmdOK->click();
     EXPECT_EQ(order.sortOrder, u"ISBN,catatime"_s);
     EXPECT_EQ(list.received, (QList<QStringList>{{u"author='a'"_s, u"著者'等于'a"_s, u"ISBN,catatime"_s}}));

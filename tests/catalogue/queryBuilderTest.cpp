@@ -1,4 +1,4 @@
-// Conditions, groups and sort terms of the query dialogs, and what becomes of them.
+// Conditions, groups and sort terms of the query dialogs, and the statements built from them.
 #include "catalogue/queryBuilder.h"
 #include "support/qtPrinters.h"
 

@@ -1,4 +1,4 @@
-// The query dialogs, driven by keys and clicks.
+// The query dialogs, operated by keys and clicks.
 #include "catalogue/windows/queryFrm.h"
 #include "support/scriptedHost.h"
 
@@ -58,14 +58,14 @@ TEST_F(QueryFrmTest, HandsOverWhatStandsInItWhenItsKeyIsPressed) {
     type(u"O'Neill"_s);
     QTest::keyClick(dialog.lSql, Qt::Key_Tab);
     EXPECT_EQ(dialog.lSql->text(), QString());
-    QTest::mouseClick(dialog.Command3, Qt::LeftButton); // the box is empty by now
+    QTest::mouseClick(dialog.Command3, Qt::LeftButton); // the box is empty at this time
     EXPECT_EQ(dialog.signSql->toPlainText(), u"书名'等于'O'Neill"_s);
     QTest::mouseClick(dialog.Command1[0], Qt::LeftButton);
     EXPECT_EQ(dialog.totalSql->item(0)->text(), u"书名'等于'O'Neill"_s);
     choose(u"入库日期"_s);
     EXPECT_EQ(dialog.lSql->text(), u"____-__-__"_s);
     type(u"2005"_s);
-    QTest::keyClick(&dialog, Qt::Key_O, Qt::AltModifier); // the value is not added yet
+    QTest::keyClick(&dialog, Qt::Key_O, Qt::AltModifier); // the value has not been added yet
     EXPECT_EQ(target.received,
               (QList<QStringList>{
                   {u"(bookname='O'Neill') OR (Convert(varchar(10),catatime,111) Like '2005/__/__')"_s,
@@ -102,7 +102,7 @@ TEST_F(QueryFrmTest, RefusesToSortByNothingAndHandsNothingOverWhenClosed) {
     QueryFrmdel store(host);
     const QString fields = QStringList(47, u"f"_s).join(u',');
     store.LoadCombo(fields, fields, fields);
-    EXPECT_EQ(host.boxes.size(), 2) << "more fields than it has room for";
+    EXPECT_EQ(host.boxes.size(), 2) << "more fields than the dialog supports";
     EXPECT_EQ(store.LFields->count(), 0);
 }
 

@@ -1,4 +1,4 @@
-// "存为机读文件": what stands in the file, what is said of it, and what comes in between.
+// "存为机读文件": the contents of the file, the messages, and events during the run.
 #include "catalogue/windows/tlkListFrm.h"
 #include "platform/codepage936.h"
 #include "support/databaseServers.h"
@@ -13,7 +13,7 @@ protected:
     void addRow(int key, const QString &marc) const {
         database.run(u"insert into taoluTable (zskid,marc) values (%1,'%2')"_s.arg(key).arg(marc));
     }
-    // So many rows, each with a record of its own.
+    // Adds `count` rows, each with a different record.
     void addRows(int count) const {
         database.run(
             u"insert into taoluTable (zskid,marc) with recursive n(i) as (select 1 union all select i+1 from n "
@@ -27,7 +27,7 @@ protected:
         host.willChoose(path);
         list.cmdSave->click();
     }
-    // Does something while the program yields after the given record.
+    // Calls `act` when the program yields after the record with this number.
     void afterRecord(int number, const std::function<void()> &act) {
         host.onYield = [number, act, yields = 0]() mutable {
             if (++yields == number)
@@ -43,7 +43,7 @@ protected:
     TLKListFrm list{database.state, host, {.hideWorking = [] {}, .lastImport = {}, .showCard = {}}};
 };
 
-// What others wrote into the store: without a terminator, with a line end of its own, with less.
+// Records that other programs have stored: without a terminator, with a line end, incomplete.
 TEST_F(SaveRunTest, EachRecordIsALineThatTheReaderTakesForOne) {
     addRow(1, u"甲\x1e\x1d"_s);
     addRow(2, u"乙\x1e"_s);
@@ -75,7 +75,7 @@ TEST_F(SaveRunTest, SaysWhatWasLost) {
 TEST_F(SaveRunTest, NothingElseStartsWhileItRunsAndAStopLeavesTheOldFile) {
     addRows(1200);
     folder.file(u"存.iso"_s, "as it was");
-    host.willAnswer(platform::Answer::Yes); // to replace it
+    host.willAnswer(platform::Answer::Yes); // to replace the file
     int done = 0;
     afterRecord(700, [&] {
         for (const widgets::Button *button : {list.cmdThisImport, list.cmdSave, list.CmdDcgl[0], list.CmdDcgl[1]})
@@ -84,7 +84,7 @@ TEST_F(SaveRunTest, NothingElseStartsWhileItRunsAndAStopLeavesTheOldFile) {
         EXPECT_TRUE(list.saved->isVisible());
         ++done;
         list.stopSaving->click();
-        EXPECT_EQ(filesBeside(), QStringList{u"存.iso"_s}) << "though the program may end next";
+        EXPECT_EQ(filesBeside(), QStringList{u"存.iso"_s}) << "no partial file is left, even if the program ends now";
     });
     save();
     EXPECT_EQ(done, 1);
@@ -98,7 +98,7 @@ TEST_F(SaveRunTest, AClosedWindowEndsItsRunFirst) {
     addRows(30);
     afterRecord(4, [&] {
         list.unload();
-        EXPECT_TRUE(list.isVisible()); // the run still stands on it
+        EXPECT_TRUE(list.isVisible()); // the run still uses the window
     });
     save();
     EXPECT_FALSE(list.isVisible());

@@ -27,13 +27,13 @@ TEST_F(SckListFrmTest, ShowsARowAndItsCopies) {
     QStringList shown;
     for (const QLabel *label : detail.LabelZSK)
         shown.append(label->text());
-    EXPECT_EQ(shown.join(u' '), // the copies count, not the stored number
+    EXPECT_EQ(shown.join(u' '), // the number of copies, not the stored count
               u"TP3/12 7-1 <b>题名&</b> 者 社 地 2005 类 语 版 cm 320 3"_s);
     EXPECT_EQ(detail.Grid1->text(1, 5) + detail.Grid1->text(2, 5) + detail.Grid1->text(3, 5), u"是否否"_s);
     EXPECT_EQ(detail.Grid1->text(2, 6), u"2006/03/04"_s);
     EXPECT_EQ(detail.Grid1->text(1, 6), QString());
 
-    database.run(u"drop table jhsk;"_s); // the copies of another title must not stay
+    database.run(u"drop table jhsk;"_s); // the copies of the previous title must disappear
     database.run(u"insert into zsk (zskid,bookname,bookcount) values (4,'乙',9);"_s);
     detail.InfoLoad(4);
     EXPECT_EQ(detail.LabelZSK[12]->text(), u"9"_s);
@@ -79,7 +79,7 @@ protected:
                      .showCard = [this](const QString &marc) { cards.append(marc); }}};
 };
 
-// Exactly the rows of the last import, whoever else has written meanwhile; and out of the program again.
+// Selects exactly the rows of the last import, even if others have inserted rows meanwhile, and saves them to a file.
 TEST_F(TlkListFrmTest, MarksThisImportAndWritesItOut) {
     database.run(u"delete from taoluTable; insert into taoluTable (zskid,bookname,marc) values (3,'c','三''\x1d'),"
                  u"(4,'foreign','x'),(5,'e','五\x1d'),(6,'f',null)"_s);
@@ -109,7 +109,7 @@ TEST_F(TlkListFrmTest, DeletesASelectionInEitherDirection) {
     load({}, u"bookname"_s);
     EXPECT_EQ(list.lCounts->text(), u"记录数：5"_s);
     list.Grid1->setRow(3);
-    list.Grid1->setRowSel(2); // c and b, dragged upwards
+    list.Grid1->setRowSel(2); // c and b, selected upwards
     host.willAnswer(platform::Answer::No);
     list.CmdDcgl[0]->click();
     EXPECT_EQ(left().size(), 5);
@@ -120,7 +120,7 @@ TEST_F(TlkListFrmTest, DeletesASelectionInEitherDirection) {
     list.CmdDcgl[0]->click();
     EXPECT_EQ(left(), (QStringList{u"e"_s, u"d"_s, u"a"_s}));
     EXPECT_EQ(list.lCounts->text(), u"记录数：3"_s);
-    EXPECT_EQ(list.Grid1->text(1, 1), u"a"_s); // the reload keeps the order
+    EXPECT_EQ(list.Grid1->text(1, 1), u"a"_s); // reloading keeps the order
     EXPECT_EQ(hidden, 2);
 
     load(u"author='nobody'"_s);
@@ -138,19 +138,19 @@ TEST_F(TlkListFrmTest, DeletesWhatTheQueryFoundOrEverything) {
     };
     load(u"author='x'"_s, u"bookname"_s);
     EXPECT_EQ(deleteAll(platform::Answer::No), 5);
-    EXPECT_EQ(deleteAll(platform::Answer::Yes), 5); // the order rides along, and this server refuses it
+    EXPECT_EQ(deleteAll(platform::Answer::Yes), 5); // the statement contains the order, which this server rejects
     load(u"author='x'"_s);
     EXPECT_EQ(deleteAll(platform::Answer::Yes), 3);
     EXPECT_EQ(list.lCounts->text(), u"记录数：0"_s);
     load({}, u"bookname"_s);
     EXPECT_EQ(deleteAll(platform::Answer::Yes), 0);
-    EXPECT_EQ(host.texts(), QStringList(4, u"你确定将检索出的数据从套录库中删除吗？"_s)); // and not a word more
+    EXPECT_EQ(host.texts(), QStringList(4, u"你确定将检索出的数据从套录库中删除吗？"_s)); // no other message
     EXPECT_EQ(host.lastBox().leaving, platform::Leaving::ByButtonsOnly);
 }
 
 TEST_F(TlkListFrmTest, TellsEveryFailureWithTheOneMessage) {
     load({});
-    host.onShow = [this] { EXPECT_FALSE(list.lCounts->text().contains(u"加载"_s)) << "nothing is being loaded"; };
+    host.onShow = [this] { EXPECT_FALSE(list.lCounts->text().contains(u"加载"_s)) << "no loading message remains"; };
     load(u"author='O'Neill'"_s);
     EXPECT_EQ(list.Grid1->rows(), 2);
     EXPECT_EQ(list.Grid1->text(1, 0), QString());

@@ -8,7 +8,7 @@ using namespace catalogue;
 namespace {
 
 struct StoreOnServer : testing::TestWithParam<TestServer> {
-    // Keys from 0, with no gap; of every three rows the first is ours.
+    // Adds rows with consecutive keys from 0; every third row, starting with the first, is from this import.
     void addRows(int count) const {
         database.run(u"insert into taoluTable (zskid,bookname,author) with d as (select 0 as i union all select 1 "
                      "union all select 2 union all select 3 union all select 4 union all select 5 union all select 6 "
@@ -30,7 +30,7 @@ struct StoreOnServer : testing::TestWithParam<TestServer> {
 };
 ON_ALL_SERVERS(StoreOnServer);
 
-// As a cluster of three nodes gives keys: without two neighbours, beside the rows of others.
+// Keys as a cluster of three nodes assigns them: none adjacent, with other users' rows in between.
 TEST_P(StoreOnServer, DeletesTheRowsOfThisImportAndNoOthers) {
     constexpr int rows = 90'000;
     addRows(rows);

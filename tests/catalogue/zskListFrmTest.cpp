@@ -1,4 +1,5 @@
-// The catalogue list on a real database: loading, its counters, sorting, details, printing, the key that ends all.
+// The catalogue list on a real database: loading, counters, sorting, details, printing, and the key that ends the
+// program.
 #include "catalogue/windows/zskListFrm.h"
 #include "support/databaseServers.h"
 #include "support/scriptedHost.h"
@@ -57,9 +58,10 @@ TEST_F(ZskListFrmTest, CountsWhatIsNotThereInItsOwnWords) {
     database.run(u"insert into zsk (bookname) values ('a'); update zsk set bookname=null;"_s);
     load({});
     ASSERT_EQ(list.lCounts->text(), u"记录数：1"_s);
-    for (const QString &condition : {u"zskid=0"_s, u"author='O'<b>Neill'"_s}) { // no row; a statement that fails
+    for (const QString &condition : {u"zskid=0"_s, u"author='O'<b>Neill'"_s}) { // no rows; a statement that fails
         load(condition);
-        EXPECT_EQ(list.lCounts->toolTip().contains(u"没有成功"_s), condition != u"zskid=0") << "and says so";
+        EXPECT_EQ(list.lCounts->toolTip().contains(u"没有成功"_s), condition != u"zskid=0")
+            << "the failure is reported";
         EXPECT_TRUE(list.lCounts->toolTip().contains(condition.toHtmlEscaped()));
         EXPECT_EQ(list.lCounts->text(), u"要导出的记录数：0"_s);
         EXPECT_EQ(shown(0), QStringList{QString()});
@@ -73,8 +75,8 @@ TEST_F(ZskListFrmTest, CountsWhatIsNotThereInItsOwnWords) {
     database.state.connectionString = u"Driver=SQLite3;Database=/nowhere/books.db"_s;
     load(u"zskid=0"_s);
     EXPECT_EQ(host.texts(), QStringList{u"连接数据库失败"_s});
-    EXPECT_TRUE(list.lCounts->toolTip().contains(u"全部记录"_s)) << "which is what these rows are";
-    EXPECT_EQ(list.lCounts->text(), u"记录数：1"_s); // the list as it was, and the caller's cursor to reset
+    EXPECT_TRUE(list.lCounts->toolTip().contains(u"全部记录"_s)) << "the condition of the rows still listed";
+    EXPECT_EQ(list.lCounts->text(), u"记录数：1"_s); // the list is unchanged, and the caller must reset the cursor
     EXPECT_NE(QGuiApplication::overrideCursor(), nullptr);
     list.PrintRpt({});
     EXPECT_TRUE(reports.isEmpty());
