@@ -1,4 +1,4 @@
-// What is found about the records of a list, apart from any window and any server.
+// The remarks on the records of a list, without a window or a server.
 #include "batch/batchProof.h"
 #include "batch/refusedRecords.h"
 #include "batch/wholeFile.h"
@@ -35,7 +35,7 @@ QStringList told(const std::shared_ptr<marc::PreReadStore> &store, const ProofOn
 TEST(BatchProof, TellsRecordFieldAndRowOfEachFinding) {
     const QStringList records{
         recordOf(u"001=1|010=  $a7-02-001259-0$a7-02-001037-7|200=1 $a|210=  $aB|210=  $aC"_s),
-        {}, // no record stands in this row
+        {}, // this row has no record
         recordOf(u"010=  $a978-7-02-001259-6$b精装|010=  $a7-02-001259-0$a9787020010370|011=  $a1000-0004"_s),
         u"00026nam0 2200025   450 2001\x1E\x1D"_s,
         recordOf(u"010=  $a978-7-02-001259-5|200=1 $a甲"_s),
@@ -61,9 +61,10 @@ TEST(BatchProof, TellsRecordFieldAndRowOfEachFinding) {
                   u"0 题1 重复字段 210 10 210字段（不可重复字段）重复！"_s,
                   u"0 题1 模板 200 6 200字段的a子字段(必备子字段)内容不能为空值"_s,
                   u"0 题1 ISBN 010 4 ISBN格式错误！ ISBN号第一段不能为空！"_s,
-                  u"-1  未能检查  0 模板打不开"_s,             // once
-                  u"2 题3 ISSN 011 9 ISSN校验位错误，应为3"_s, // nothing from a proof that knows no ISBN of thirteen
-                  u"2 题3 批内重复 010 3 与第 1 条的ISBN相同：《题1》"_s, // once, whatever they share
+                  u"-1  未能检查  0 模板打不开"_s,             // reported once
+                  u"2 题3 ISSN 011 9 ISSN校验位错误，应为3"_s, // no fault of a proof that does not support ISBN-13
+                  u"2 题3 批内重复 010 3 与第 1 条的ISBN相同：《题1》"_s, // reported once, however many numbers the
+                                                                          // records share
                   u"3 题4 目次区  0 目次区损坏，字段读不出来"_s,
                   u"4 题5 ISBN 010 3 ISBN校验位错误，应为6"_s,
                   u"5 题6 ISBN 010 5 ISBN格式错误！ ISBN号第一段不能为空！"_s,

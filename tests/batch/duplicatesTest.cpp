@@ -1,4 +1,4 @@
-// The records of a batch looked for on real servers, and on one that is not there.
+// Looks up the records of a batch on real servers and on an unreachable one.
 #include "batch/duplicates.h"
 #include "support/databaseServers.h"
 #include "support/recordText.h"
@@ -38,7 +38,7 @@ INSTANTIATE_TEST_SUITE_P(Servers, DuplicatesOnServers,
 TEST_P(DuplicatesOnServers, AreFoundByIsbnOrByTitleAndAuthor) {
     const TestDatabase database(GetParam());
     EXPECT_EQ(found(database.state, {u"010=  $a7-02-001259-0"_s}), QStringList()); // empty tables
-    // Keys far apart, and beyond what one question asks for.
+    // Keys far apart, further than the range of one query.
     database.run(uR"(
         insert into zsk (zskid,isbn,bookname,author) values (-7,'9787020012596','呐喊','鲁迅著');
         insert into zsk (zskid,isbn,bookname,author) values (70000,'978-7-02-0012','呐喊','鲁迅著');
@@ -50,12 +50,12 @@ TEST_P(DuplicatesOnServers, AreFoundByIsbnOrByTitleAndAuthor) {
     database.run(u"insert into taoluTable (zskid,bookname,author,isbn) values (2,'%1','%2','')"_s.arg(
         u"长"_s.repeated(50), u"作"_s.repeated(30)));
     const QStringList records{
-        u"010=  $a978-7-02-001259-6|200=1 $a呐喊$f鲁迅著"_s,                 // 0: whole, cut, ten digits
-        u"010=  $a7-02-001259-0|200=1 $a彷徨与呐喊"_s,                       // 1
-        u"200=1 $aL'été '); drop table zsk; --$fO'Neill \\著"_s,             // 2
-        u"200=1 $aL'été '); drop table zsk; --$f别人"_s,                     // 3: another author
-        u"010=  $a7-02-001037-7|200=1 $a呐喊$f鲁迅著"_s,                     // 4: another edition
-        u"200=1 $a"_s + u"长"_s.repeated(60) + u"$f" + u"作"_s.repeated(31), // 5: longer than the store
+        u"010=  $a978-7-02-001259-6|200=1 $a呐喊$f鲁迅著"_s,     // 0: stored as a whole, cut off, and as ISBN-10
+        u"010=  $a7-02-001259-0|200=1 $a彷徨与呐喊"_s,           // 1
+        u"200=1 $aL'été '); drop table zsk; --$fO'Neill \\著"_s, // 2
+        u"200=1 $aL'été '); drop table zsk; --$f别人"_s,         // 3: another author
+        u"010=  $a7-02-001037-7|200=1 $a呐喊$f鲁迅著"_s,         // 4: another edition
+        u"200=1 $a"_s + u"长"_s.repeated(60) + u"$f" + u"作"_s.repeated(31), // 5: longer than the columns
     };
     EXPECT_EQ(found(database.state, records),
               (QStringList{
@@ -68,7 +68,7 @@ TEST_P(DuplicatesOnServers, AreFoundByIsbnOrByTitleAndAuthor) {
               }));
 }
 
-// Keys to the limits of their type, and as far apart as a distributed database gives them.
+// Keys at the limits of their type, as far apart as a distributed database may assign them.
 TEST_P(DuplicatesOnServers, AreFoundUnderAnyKey) {
     const TestDatabase database(GetParam());
     if (GetParam() != TestServer::Sqlite)
@@ -93,10 +93,11 @@ TEST_P(DuplicatesOnServers, AreFoundUnderAnyKey) {
             << progress.toStdString();
     }
     EXPECT_EQ(lines, expected);
-    EXPECT_FALSE(search.hasNext()) << "as many questions as the rows are worth";
+    EXPECT_FALSE(search.hasNext()) << "the number of queries depends on the rows, not on the keys";
 }
 
-// Thousands of rows side by side behind a desert of keys: all are seen, by questions that stay small.
+// Blocks of thousands of adjacent rows with large gaps between their keys: all rows are found, with queries of limited
+// size.
 TEST(Duplicates, WalkTheWholeTable) {
     const TestDatabase database;
     database.run(u"insert into zsk (zskid,isbn) with recursive n(i) as (select 1 union all select i+1 from n where "

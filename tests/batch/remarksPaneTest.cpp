@@ -53,7 +53,7 @@ struct Pane : testing::Test {
     QString lastJump() const {
         return u"%1 %2 %3"_s.arg(jumps.last().record).arg(jumps.last().fieldRow).arg(jumps.last().moment);
     }
-    // Acts once, at that turn of the run.
+    // Calls `act` once, at this yield of the run.
     void at(int turn, const std::function<void()> &act) {
         host.onYield = [act, turn, turns = 0]() mutable {
             if (++turns == turn)
@@ -68,10 +68,11 @@ TEST_F(Pane, ProvesLooksUpAndLeadsToTheRecord) {
     QStringList said;
     host.onYield = [&] {
         said.append(proof().words->pacedText());
-        EXPECT_TRUE(QTest::qWaitFor([this] { return proof().grid->model()->rowCount() > 0; })); // seen as they come
+        EXPECT_TRUE(QTest::qWaitFor(
+            [this] { return proof().grid->model()->rowCount() > 0; })); // remarks are listed during the run
         EXPECT_TRUE(pane->stopButton->isVisible());
         if (said.size() == 2)
-            put(0); // proved already: what is found about it later is of the moment before
+            put(0); // already proofed: later remarks about it refer to the previous version
     };
     pane->proofAll();
     EXPECT_TRUE(said.value(1).startsWith(u"正在校对：2/3，发现 3 处　"_s)) << said.join(u'\n').toStdString();
@@ -94,7 +95,7 @@ TEST_F(Pane, ProvesLooksUpAndLeadsToTheRecord) {
     proof().copyButton->click();
     EXPECT_EQ(QApplication::clipboard()->text().count(u'\n'), 4);
     const TestFolder folder;
-    host.willChoose(folder.path(u"表"_s)); // gets its suffix
+    host.willChoose(folder.path(u"表"_s)); // the suffix is added
     proof().saveButton->click();
     host.willChoose(folder.path(u"表.tsv"_s));
     host.willAnswer(platform::Answer::No);
@@ -107,13 +108,13 @@ TEST_F(Pane, ProvesLooksUpAndLeadsToTheRecord) {
     EXPECT_TRUE(host.lastBox().text.startsWith(u"保存失败：【"));
 }
 
-// A remark that sorts before all others comes last: the search cannot reach its server.
+// The remark that sorts first is found last: the search cannot reach its server.
 TEST_F(Pane, BeginsWithTheFirstRowUnlessTheUserChoseAnother) {
     database.state.connectionString = u"Driver=SQLite3;Database=/nowhere/none.db;NoCreat=1;"_s;
     pane->proofAll();
     EXPECT_EQ(proof().grid->text(proof().grid->row(), 2), u"未能检查"_s);
     EXPECT_EQ(words(), u"校对 3 条，发现 5 处，有的未能检查"_s);
-    QTest::keyClick(proof().grid, Qt::Key_Return); // it concerns no record
+    QTest::keyClick(proof().grid, Qt::Key_Return); // a remark about no record
     EXPECT_TRUE(jumps.isEmpty());
     at(3, [this] {
         proof().grid->clickRow(2);
@@ -128,7 +129,7 @@ TEST_F(Pane, StopsAtOnceAndBeginsAgain) {
     host.onYield = [&, yields = 0]() mutable {
         if (++yields == 2)
             QTest::keyClick(pane->stopButton, Qt::Key_Return);
-        if (yields == 3) // from within the run before
+        if (yields == 3) // from within the previous run
             pane->proofAll();
     };
     pane->proofAll();
@@ -141,11 +142,11 @@ TEST_F(Pane, StopsAtOnceAndBeginsAgain) {
     pane->proofAll();
     EXPECT_EQ(words(), u"校对 0 条，发现 0 处"_s);
     EXPECT_EQ(kinds(), QStringList{u"全部 (0)"_s});
-    QTest::keyClick(proof().grid, Qt::Key_Return); // leads nowhere
+    QTest::keyClick(proof().grid, Qt::Key_Return); // no remark to jump from
     EXPECT_TRUE(jumps.isEmpty());
 }
 
-// Each time while it proves and while it looks up.
+// Each during the proof and during the look-up.
 TEST_F(Pane, GoesOnHiddenAndEndsWithItsWorkspace) {
     QSignalSpy ended(pane.get(), &RemarksPane::ended);
     at(2, [this] { pane->hide(); });
@@ -182,7 +183,7 @@ TEST_F(Pane, KeepsRefusedRecordsNextToTheRemarks) {
     EXPECT_TRUE(refused.isVisible());
     pane->toProofButton->click();
     EXPECT_EQ(words(), u"校对 3 条，发现 8 处"_s);
-    pane->listRefused({}); // the next import took them all
+    pane->listRefused({}); // the next import refused no record
     EXPECT_TRUE(proof().isVisible() && !pane->toRefusedButton->isVisible());
     QSignalSpy left(pane.get(), &RemarksPane::left);
     QTest::keyClick(proof().grid, Qt::Key_Escape);
