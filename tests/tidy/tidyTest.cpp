@@ -14,7 +14,7 @@ using files::Folder;
 
 namespace {
 
-// Goes on to the end; what failed, or empty.
+// Continues to the end; returns the error text, or an empty string.
 QString goOn(TidyRun &tidy, platform::Status status = platform::success()) {
     while (status) {
         const platform::Result<bool> more = tidy.step();
@@ -53,7 +53,8 @@ QByteArray converted(const QString &text, QStringConverter::Encoding encoding) {
     return QStringEncoder(encoding, QStringConverter::Flag::WriteBom)(text);
 }
 
-// The fields as a general tool by others tells them: it stops at line ends, so that they are left out.
+// Returns the fields as an independent MARC tool shows them. Line ends are removed first because the tool stops at
+// them.
 QByteArray judged(const Folder &folder, QByteArray records, const QString &charset) {
     QProcess tool;
     tool.start(u"yaz-marcdump"_s,
@@ -61,7 +62,7 @@ QByteArray judged(const Folder &folder, QByteArray records, const QString &chars
     EXPECT_TRUE(tool.waitForFinished());
     QByteArray fields;
     for (const QByteArray &line : tool.readAllStandardOutput().split('\n')) {
-        EXPECT_FALSE(line.startsWith('(')) << line.toStdString(); // how it complains
+        EXPECT_FALSE(line.startsWith('(')) << line.toStdString(); // a message of the tool
         const bool isLeader = line.size() > 5 && line[3] != ' ';
         fields += (isLeader ? line.mid(5, 7) + line.mid(17) : line) + '\n';
     }
@@ -75,7 +76,7 @@ TEST(Tidy, EachFormComesToTheSameRecordsAsTheSource) {
     const QString text = platform::decode(gbk);
     const QByteArray bare = QByteArray(gbk).replace("\r\n", "");
     const Folder folder;
-    ASSERT_TRUE(tidied(folder, gbk).bytes == gbk) << "what is tidy stays as it is";
+    ASSERT_TRUE(tidied(folder, gbk).bytes == gbk) << "a tidy file does not change";
     const QString inline8 = QString(text).remove(u"\r\n"_s);
     const std::pair<const char *, QByteArray> forms[] = {
         {"no line ends", bare},
@@ -98,9 +99,9 @@ TEST(Tidy, EachFormComesToTheSameRecordsAsTheSource) {
     }
     const QByteArray utf8 = tidied(folder, gbk, TargetForm::Utf8Iso).bytes;
     const QByteArray xml = tidied(folder, gbk, TargetForm::MarcXml).bytes;
-    EXPECT_TRUE(tidied(folder, utf8).bytes == gbk) << "out and in again";
-    // Lengths and addresses are made anew, the rest of the leader comes back.
-    EXPECT_TRUE(tidied(folder, xml).bytes == gbk) << "as XML and in again";
+    EXPECT_TRUE(tidied(folder, utf8).bytes == gbk) << "to UTF-8 and back";
+    // Lengths and addresses are regenerated; the rest of the leader is kept.
+    EXPECT_TRUE(tidied(folder, xml).bytes == gbk) << "to XML and back";
     if (QStandardPaths::findExecutable(u"yaz-marcdump"_s).isEmpty())
         GTEST_SKIP() << "yaz-marcdump is not installed";
     const QByteArray fields = judged(folder, gbk, u"cp936"_s);
@@ -109,7 +110,7 @@ TEST(Tidy, EachFormComesToTheSameRecordsAsTheSource) {
     QProcess tool;
     tool.start(u"yaz-marcdump"_s, {u"-i"_s, u"marcxml"_s, u"-o"_s, u"marc"_s, folder.write(u"judged.xml"_s, xml)});
     ASSERT_TRUE(tool.waitForFinished());
-    EXPECT_TRUE(judged(folder, tool.readAllStandardOutput(), u"utf-8"_s) == fields) << "the XML";
+    EXPECT_TRUE(judged(folder, tool.readAllStandardOutput(), u"utf-8"_s) == fields) << "the fields of the XML";
 }
 
 TEST(Tidy, WhatIsLostIsToldByCharacterAndRecord) {
@@ -128,7 +129,7 @@ TEST(Tidy, WhatIsLostIsToldByCharacterAndRecord) {
                       u"处，第 5 条\r\n"
                       u"𠮷（U+20BB7）：3 处，第 1、2 条\r\n\r\n【受损】\r\n受损字节 1 处：第 4 条\r\n"));
 
-    // XML cannot hold most control characters; the exchange layout in UTF-8 holds everything.
+    // XML cannot contain most control characters; ISO 2709 in UTF-8 can contain all characters.
     const QByteArray odd =
         recordOf(u"200=10$a\u0001甲\uFFFE<&\"|300=stray|310=  $|320=  $ x\uFEFFy|001=\u001Fa"_s).toUtf8();
     const Tidied xml = tidied(folder, odd, TargetForm::MarcXml);
@@ -142,11 +143,11 @@ TEST(Tidy, WhatIsLostIsToldByCharacterAndRecord) {
 
 TEST(Tidy, GbkKeepsWhatCanBeKept) {
     const std::pair<QStringView, QStringView> rows[] = {
-        {u"u\u0308ber, ǚ: u\u0308\u030C", u"über, ǚ: ǚ"}, // put together
+        {u"u\u0308ber, ǚ: u\u0308\u030C", u"über, ǚ: ǚ"}, // composed
         {u"\u2126\u00A0x", u"\u03A9 x"},
-        {u"\u0098Die \u009CWelt\u200E 甲\uFE00\U000E0101", u"Die Welt 甲"}, // invisible
+        {u"\u0098Die \u009CWelt\u200E 甲\uFE00\U000E0101", u"Die Welt 甲"}, // invisible characters
         {u"n\u0303 ñ", u"n? ?"},
-        {u"\uFA0C兀", u"\uFA0C兀"}, // the code page tells these two apart
+        {u"\uFA0C兀", u"\uFA0C兀"}, // code page 936 distinguishes these two
     };
     for (const auto &[text, expected] : rows) {
         QString fitted = text.toString();
@@ -158,7 +159,7 @@ TEST(Tidy, GbkKeepsWhatCanBeKept) {
             EXPECT_TRUE(fitText(form, kept).isEmpty() && kept == text) << kept.toStdString();
         }
     }
-    // The leader is that of the layout that is written, whatever the source's was.
+    // The leader follows the form that is written, not that of the source.
     const Folder folder;
     QByteArray foreign = recordOf(u"200=10$a甲乙丙"_s).toUtf8();
     foreign.replace(9, 3, "a11").replace(20, 4, "4500");
@@ -170,7 +171,7 @@ TEST(Tidy, DamagedDirectoriesAreMadeAnewOrTheRecordIsKeptAsItIs) {
     const QByteArray good = platform::encode(recordOf(u"001=x|200=10$a甲$f乙|606=  $a丙|905=  $a丁"_s));
     const QByteArray other = platform::encode(recordOf(u"005=yz|210=  $c子丑寅|700= 0$a卯|995=  $a辰巳"_s));
     const auto without = [&](qsizetype at, qsizetype count = 1) { return QByteArray(good).remove(at, count); };
-    const auto swapped = [&]() -> QByteArray { // the entries of 200 and 606
+    const auto swapped = [&]() -> QByteArray { // swaps the entries of 200 and 606
         return good.first(36) + good.sliced(48, 12) + good.sliced(36, 12) + good.sliced(60);
     };
     const std::tuple<const char *, QByteArray, bool, bool> rows[] = {
@@ -194,7 +195,7 @@ TEST(Tidy, DamagedDirectoriesAreMadeAnewOrTheRecordIsKeptAsItIs) {
     };
     const Folder folder;
     for (const auto &[what, bytes, usable, found] : rows) {
-        // After a record with other tags and words, so that nothing of it passes for this one.
+        // The other record comes first, so that its tags and texts must not be taken for those of this record.
         const Tidied made = tidied(folder, other + bytes);
         EXPECT_EQ(made.result.in, 2) << what;
         EXPECT_EQ(made.result.out, 1 + usable) << what;
@@ -222,7 +223,7 @@ TEST(Tidy, WhatTheLayoutCannotHoldIsKeptBesideByteForByte) {
         return u"00000nam0 2200000   450 200000100000\u001E"_s + field + u"\u001E\u001D";
     };
     const QString longField = oneField(QString(9'999, u'f')), longRecord = oneField(QString(200'000, u'r'));
-    const QString fits = oneField(QString(4'999, u'字')); // 9,999 bytes of GBK with its end, 14,998 of UTF-8
+    const QString fits = oneField(QString(4'999, u'字')); // 9,999 bytes of GBK with the terminator, 14,998 of UTF-8
     const QString endless = oneField(QString(3 * IsoSource::longest, u'字'));
     const Tidied made = tidied(folder, (good + longField + fits + longRecord + endless + good).toUtf8());
     EXPECT_EQ(made.result.out, 3);
@@ -233,7 +234,7 @@ TEST(Tidy, WhatTheLayoutCannotHoldIsKeptBesideByteForByte) {
                               u"}：\r\n第 2 条：字段 200 有 10000 字节，长过 9999 字节\r\n"
                               u"第 4 条：200039 字节，长过 99999 字节\r\n第 5 条：太长\r\n"))
         << report(made.result, {}).toStdString();
-    // One reason stands there once, however many records have it.
+    // Each reason is listed once, for any number of records.
     const QString bare = QString(u"no directory\u001D"_s).repeated(4000);
     const QString told = report(tidied(folder, (good + bare).toUtf8()).result, {});
     EXPECT_TRUE(told.contains(u"第 2、3、4、5、6、7、8、9、10、11……条（共 4000 条）：目次区和字段对不上\r\n"_s) &&
@@ -242,7 +243,7 @@ TEST(Tidy, WhatTheLayoutCannotHoldIsKeptBesideByteForByte) {
     const QByteArray wide = converted(longField + good, QStringConverter::Utf16BE);
     EXPECT_EQ(tidied(folder, wide).result.out, 1);
     EXPECT_TRUE(folder.read(u"t.bad.iso"_s) == wide.sliced(2, 2 * longField.size()) + QByteArray("\0\r\0\n", 4));
-    // What has room in XML, and not on the way back.
+    // A record that fits into XML, but not into ISO 2709 again.
     const QByteArray xml = tidied(folder, (good + longField).toUtf8(), TargetForm::MarcXml).bytes;
     EXPECT_EQ(tidied(folder, xml).result.out, 1);
     EXPECT_EQ(tidied(folder, folder.read(u"t.bad.xml"_s), TargetForm::MarcXml).result.out, 1);
@@ -276,7 +277,7 @@ TEST(Tidy, XmlIsReadInBothKindsAndUpToItsBreak) {
     EXPECT_EQ(hurt.bytes,
               line + QByteArray(line).replace("\xB1\xFB", "?").replace("00090", "00089").replace("4610014", "4610013"));
     EXPECT_EQ(hurt.result.damagedBytes.records, QList<qint64>{2});
-    // What stands ahead of the break is a file of its own name, and the target's stays as it was.
+    // The records before the error go to a file of their own, and the target file is unchanged.
     const std::pair<QByteArray, QString> breaks[] = {
         {"</m:collectoin>", u"第 8 行第 3 列：结束标记和开始标记不是一对"_s},
         {"<m:record>", u"第 8 行第 11 列：文件没有完"_s},
@@ -317,10 +318,10 @@ TEST(Tidy, XmlThatWouldLoseTextIsSetAside) {
         ASSERT_EQ(made.result.reasons.size(), 1) << why.toStdString();
         EXPECT_EQ(made.result.reasons[0].first, why);
         EXPECT_EQ(made.result.out, 2) << why.toStdString();
-        EXPECT_TRUE(why == u"太长" || folder.read(u"t.bad.xml"_s).contains(bad)) << "as it stood";
+        EXPECT_TRUE(why == u"太长" || folder.read(u"t.bad.xml"_s).contains(bad)) << "unchanged";
         EXPECT_TRUE(folder.read(u"t.bad.xml"_s).endsWith("</record>\n</collection>\n"));
     }
-    // What other formats call a record holds none, or wraps one.
+    // A "record" of other formats may contain no MARC record, or wrap one.
     const QByteArray wrapped =
         R"(<OAI-PMH><record><header status="deleted"><identifier>x</identifier></header></record>
       <record><header/><metadata>)" +
@@ -351,7 +352,7 @@ TEST(Tidy, LargeXmlCostsBoundedTimeAndMemory) {
         EXPECT_EQ(made.result.out, 1);
         EXPECT_TRUE(made.result.broken->endsWith(u"：一处太长"_s)) << made.result.broken->toStdString();
     }
-    // What comes in pieces has no bound, outside of records.
+    // Text that the reader delivers in pieces is not limited outside of records.
     const Tidied cdata =
         tidied(folder, "<collection>" + record + "<![CDATA[" + endless + "]]>" + record + "</collection>");
     EXPECT_EQ(cdata.result.out, 2);
@@ -387,7 +388,7 @@ TEST(Tidy, AFailureOrAStopLeavesNothingBehind) {
         ASSERT_TRUE(rewritten.open());
         while (rewritten.result().out == 0)
             ASSERT_TRUE(rewritten.step().value());
-        QFile file(source); // other bytes, as many of them
+        QFile file(source); // other contents of the same size
         ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.write("9") == 1);
         file.close();
         EXPECT_TRUE(goOn(rewritten).contains(u"在读取中被改动了"_s));
@@ -403,5 +404,5 @@ TEST(Tidy, AFailureOrAStopLeavesNothingBehind) {
     EXPECT_EQ(refuseTidy(folder.write(u"a.bad.iso"_s, "x"), folder.path(u"a.iso"_s))->text, same);
     EXPECT_FALSE(refuseTidy(source, target));
     ASSERT_TRUE(QFile::link(folder.path(u"nowhere"_s), folder.path(u"link.iso"_s)));
-    EXPECT_EQ(TidyFiles(folder.path(u"link.iso"_s)).existing().size(), 1) << "the link stands there, if not its file";
+    EXPECT_EQ(TidyFiles(folder.path(u"link.iso"_s)).existing().size(), 1) << "a dangling link counts as existing";
 }

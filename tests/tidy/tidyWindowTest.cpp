@@ -24,7 +24,7 @@ struct TidyDesk {
     void letLook() {
         EXPECT_TRUE(QTest::qWaitFor([this] { return !form->LabFacts->isLooking(); }));
     }
-    void leave() { // with nothing running nothing is asked
+    void leave() { // without a run there is no question
         form->reject();
         EXPECT_FALSE(form->isVisible());
     }
@@ -44,7 +44,7 @@ TEST(FrmTidy, TellsTheFactsAndTidiesByTheKeyboardAlone) {
     desk.host.willChoose(desk.folder.write(u"t.iso"_s, "kept"));
     QTest::keyClick(&form, Qt::Key_O, Qt::AltModifier);
     QTest::keyClick(form.cboForm, Qt::Key_Up);
-    EXPECT_EQ(form.Text1[1]->text(), desk.folder.path(u"t.iso"_s)) << "the user's own";
+    EXPECT_EQ(form.Text1[1]->text(), desk.folder.path(u"t.iso"_s)) << "the name that the user chose";
     desk.host.willAnswer(Answer::No);
     QTest::keyClick(&form, Qt::Key_D, Qt::AltModifier);
     EXPECT_EQ(desk.host.lastBox().text, desk.folder.path(u"t.iso"_s) + u"已经存在。要替换吗？");
@@ -72,7 +72,8 @@ TEST(FrmTidy, TellsTheFactsAndTidiesByTheKeyboardAlone) {
     desk.host.willChoose(desk.folder.write(u"next.iso"_s, recordOf(u"200=10$a甲"_s).toUtf8()));
     form.cmdSelect[0]->click();
     EXPECT_EQ(desk.host.dialogs.last().start, desk.source);
-    EXPECT_TRUE(form.txtResult->text().isEmpty() && form.warningLabel->isHidden()) << "of another source";
+    EXPECT_TRUE(form.txtResult->text().isEmpty() && form.warningLabel->isHidden())
+        << "the result belonged to the previous source";
     desk.leave();
 }
 
@@ -80,7 +81,7 @@ TEST(FrmTidy, TheChosenEncodingIsShownAndRead) {
     TidyDesk desk;
     frmTidy &form = *desk.form;
     const auto choose = [&](SourceEncoding encoding) { form.sourceEncoding->setCurrentIndex(int(encoding)); };
-    // 200 $a in each of the encodings; a record in ASCII stands before it.
+    // Field 200 $a in each of the encodings, after a record in ASCII.
     const auto fileOf = [&](const QByteArray &text) {
         QByteArray record = recordOf(u"200=10$a"_s + QString(text.size(), u'x')).toLatin1();
         record.replace(QByteArray(text.size(), 'x'), text);
@@ -115,7 +116,7 @@ TEST(FrmTidy, TheChosenEncodingIsShownAndRead) {
     choose(SourceEncoding::Automatic);
     form.cmdClick[0]->click();
     EXPECT_EQ(form.warningLabel->text(), u"⚠ 编码不明，是按 GBK 读的"_s);
-    desk.host.onYield = [&] { // leaving in the middle of a run
+    desk.host.onYield = [&] { // leaves the window during a run
         desk.host.onYield = {};
         desk.host.willAnswer(Answer::Yes);
         form.reject();
