@@ -28,7 +28,7 @@ struct Books final : platform::TableSource {
         lastRow = row;
         return books[std::size_t(row)][column];
     }
-    mutable int asked = 0; // how often for a cell
+    mutable int asked = 0; // the number of cells read
     mutable int lastRow = -1;
 };
 
@@ -49,7 +49,7 @@ struct BandedReportTest : testing::Test {
         printer.setPageSize(QPageSize(QPageSize::A4));
         printer.setOutputFileName(folder.filePath(file));
     }
-    // The pages as text, each with its layout.
+    // Prints the report and returns its pages as text with their layout.
     QStringList printed(int fromPage = 0, int toPage = 0) {
         QPrinter printer(QPrinter::HighResolution);
         setUp(printer, u"report.pdf"_s);
@@ -93,15 +93,15 @@ TEST_F(BandedReportTest, EveryPageHasItsBandsAndEveryRowStandsOnce) {
         numbers.append(QString::number(number));
     EXPECT_EQ(rows, numbers);
     const int last = pages;
-    const std::tuple<int, int, QStringList> ranges[] = {{2, 2, sheets.mid(1, 1)}, // which keep their numbers
+    const std::tuple<int, int, QStringList> ranges[] = {{2, 2, sheets.mid(1, 1)}, // pages keep their numbers
                                                         {last - 1, last + 5, sheets.mid(last - 2)},
                                                         {last + 3, last + 5, sheets.mid(last - 1)}};
     for (const auto &[from, to, expected] : ranges)
         EXPECT_EQ(printed(from, to), expected) << from << " to " << to;
 }
 
-// All of GBK. Fonts draw many characters with one glyph, which a PDF can call by one name alone: without the
-// compatibility ideographs, no two of these are one.
+// All characters of GBK. Fonts draw many characters with the same glyph, and a PDF maps a glyph to only one character.
+// Compatibility ideographs are left out, so that all characters are distinct.
 TEST_F(BandedReportTest, ThePdfHoldsTheCharactersThatWerePrinted) {
     QString all;
     for (int lead = 0x81; lead <= 0xFE; ++lead) {
@@ -116,7 +116,7 @@ TEST_F(BandedReportTest, ThePdfHoldsTheCharactersThatWerePrinted) {
         std::swap(all[i], all[dice.below(i + 1)]);
     EXPECT_GT(all.size(), 21'000);
     report.columns = {{u"题名"_s, 1, 1}};
-    constexpr qsizetype inAReport = 6000; // a table of much more than that is damaged by the toolkit
+    constexpr qsizetype inAReport = 6000; // the toolkit damages tables that are much larger
     for (; !all.isEmpty(); all = all.mid(inAReport)) {
         const QString part = all.left(inAReport);
         books->books.clear();
@@ -135,7 +135,7 @@ TEST_F(BandedReportTest, APreviewAndADamagedFileLeaveThePdfAlone) {
         QPdfWriter writer(path);
         QPainter painter(&writer);
         painter.setFont(report.bodyFont);
-        painter.drawText(300, 300, u"一人力女"_s); // drawn as radicals
+        painter.drawText(300, 300, u"一人力女"_s); // drawn with the glyphs of radicals
     }
     const auto bytes = [&path] {
         QFile file(path);
@@ -206,7 +206,7 @@ TEST_F(BandedReportTest, ARowLongerThanAPageGoesOnOnTheNext) {
         EXPECT_EQ(text.count(line), 1) << line.toStdString();
     EXPECT_EQ(text.count(u"种书"_s), 3);
     books->books.clear();
-    EXPECT_EQ(printed().size(), 1) << "no rows: a page all the same";
+    EXPECT_EQ(printed().size(), 1) << "one page even without rows";
 }
 
 TEST_F(BandedReportTest, NobodyWaitsForAMonstrousText) {
@@ -222,8 +222,7 @@ TEST_F(BandedReportTest, NobodyWaitsForAMonstrousText) {
 TEST_F(BandedReportTest, TenThousandRowsPrintAndAFailureIsTold) {
     addBooks(10'000);
     const QStringList sheets = printed();
-    EXPECT_LE(books->asked, 3 * 3 * 10'000)
-        << "each cell for counting the pages and for drawing, and where a page begins";
+    EXPECT_LE(books->asked, 3 * 3 * 10'000) << "each cell is read to count pages, to draw, and at the start of a page";
     EXPECT_EQ(sheets.join(u' ').count(u"种书"_s), 10'000);
     QPrinter nowhere(QPrinter::HighResolution);
     nowhere.setOutputFormat(QPrinter::PdfFormat);
@@ -242,8 +241,8 @@ TEST_F(BandedReportTest, ALongReportIsShownAPageAtATimeAndPrintedAsAnyOther) {
     auto *page = preview.findChild<QSpinBox *>(u"page"_s);
     const auto workDone = [&] { return progress->isHidden(); };
     preview.show();
-    EXPECT_EQ(books->asked, 0) << "nobody waits for the window";
-    preview.findChild<QGraphicsView *>()->setFocus(); // which has it while the tools are off
+    EXPECT_EQ(books->asked, 0) << "the window opens before rows are read";
+    preview.findChild<QGraphicsView *>()->setFocus(); // it has the focus while the tools are disabled
     ASSERT_TRUE(QTest::qWaitFor(workDone, 30'000));
     EXPECT_EQ(page->maximum(), pages);
     books->asked = 0;
@@ -253,7 +252,7 @@ TEST_F(BandedReportTest, ALongReportIsShownAPageAtATimeAndPrintedAsAnyOther) {
     QTest::keyClick(page, Qt::Key_Return);
     EXPECT_TRUE(preview.isVisible());
     EXPECT_EQ(books->lastRow, 5999);
-    EXPECT_LE(books->asked, 3 * 60) << "no page but the last";
+    EXPECT_LE(books->asked, 3 * 60) << "only the rows of the last page are read";
 
     QPrinter landscape(QPrinter::HighResolution);
     setUp(landscape, u"landscape.pdf"_s);
@@ -264,7 +263,7 @@ TEST_F(BandedReportTest, ALongReportIsShownAPageAtATimeAndPrintedAsAnyOther) {
     for (const auto &[tool, count] : {std::pair(u"横向"_s, otherPages), {u"纵向"_s, pages}}) {
         (*std::ranges::find(tools, tool, &QAction::text))->trigger();
         ASSERT_TRUE(QTest::qWaitFor(workDone, 30'000));
-        EXPECT_EQ(page->maximum(), count) << "another paper";
+        EXPECT_EQ(page->maximum(), count) << "the pages are counted for the new orientation";
     }
 
     preview.startPrinting();

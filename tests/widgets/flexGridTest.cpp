@@ -9,14 +9,14 @@ using namespace widgets;
 
 namespace {
 
-// Rows that are listed, or only counted.
+// A source whose rows come from a list or are only counted.
 struct Source final : platform::TableSource {
     explicit Source(int rows, QStringList list = {})
         : count(rows)
         , listed(std::move(list)) {}
     int count;
     QStringList listed;
-    mutable int asked = 0; // how often for a cell
+    mutable int asked = 0; // the number of cells read
     int rowCount() const override { return listed.isEmpty() ? count : int(listed.size()); }
     int columnCount() const override { return listed.isEmpty() ? 2 : 4; }
     QString text(int row, int column) const override {
@@ -25,7 +25,7 @@ struct Source final : platform::TableSource {
     }
 };
 
-// A grid in a window of its own that writes down its signals, each with the current row.
+// A grid in a window that logs its signals, each with the current row.
 struct FlexGridTest : testing::Test {
     FlexGridTest() {
         window.resize(420, 300);
@@ -51,7 +51,7 @@ struct FlexGridTest : testing::Test {
         return QString::number(grid.row()) + u'-' + QString::number(grid.rowSel()) + u'/' +
                QString::number(grid.column());
     }
-    QPoint at(int row, int column) { // in the viewport
+    QPoint at(int row, int column) { // in viewport coordinates
         return grid.viewport()->mapFrom(&window, grid.cellRect(row, column).center());
     }
     void press(Qt::MouseButton button, int row, Qt::KeyboardModifiers modifiers = {}) {
@@ -86,9 +86,9 @@ TEST_F(FlexGridTest, CellsMoveWithTheirRowsAndTheCurrentNumberStays) {
     source->listed.removeAt(2);
     grid.sourceRemovedRow(3);
     EXPECT_EQ(shown(), u"a1 x1 改 "_s);
-    grid.setRows(6); // empty rows behind the source's
+    grid.setRows(6); // empty rows after those of the source
     source->listed.append(u"y"_s);
-    grid.sourceHasGrown(); // not told yet
+    grid.sourceHasGrown(); // not announced yet
     source->listed.insert(0, u"z"_s);
     grid.sourceInsertedRow(1);
     EXPECT_EQ(shown(), u"z1 a1 x1 改 y1  "_s);
@@ -99,7 +99,7 @@ TEST_F(FlexGridTest, CellsMoveWithTheirRowsAndTheCurrentNumberStays) {
     grid.setRows(3);
     EXPECT_EQ(place(), u"2-2/0"_s);
     grid.setRows(9);
-    EXPECT_EQ(place(), u"2-2/0"_s) << "rows that went took the current row along for good";
+    EXPECT_EQ(place(), u"2-2/0"_s) << "after rows were removed, the current row stays within the rest";
     grid.clear();
     EXPECT_EQ(grid.rows(), 9);
     EXPECT_EQ(grid.text(1, 1) + grid.text(0, 1), u"题名"_s);
@@ -108,7 +108,7 @@ TEST_F(FlexGridTest, CellsMoveWithTheirRowsAndTheCurrentNumberStays) {
     EXPECT_EQ(grid.row(), 0);
     grid.setRows(2);
     EXPECT_EQ(grid.row(), 1);
-    EXPECT_TRUE(taken().isEmpty()) << "the program's own changes are not reported";
+    EXPECT_TRUE(taken().isEmpty()) << "changes by the program send no signals";
 }
 
 TEST_F(FlexGridTest, PlacesOutsideReadEmptyAndTakeNothing) {
@@ -138,7 +138,7 @@ TEST_F(FlexGridTest, AMillionBoundRowsCostNothing) {
     grid.setRow(999'999);
     grid.verticalScrollBar()->setValue(grid.verticalScrollBar()->maximum());
     QCoreApplication::processEvents();
-    EXPECT_LT(source->asked, 1000) << "only what is in sight is looked at";
+    EXPECT_LT(source->asked, 1000) << "only visible cells are read";
     EXPECT_EQ(grid.rows(), 1'000'001);
     EXPECT_EQ(grid.text(999'999, 1), u"999998:1"_s);
     EXPECT_EQ(grid.text(5, 3), QString()) << "the source has two columns";
@@ -149,7 +149,7 @@ TEST_F(FlexGridTest, AMillionBoundRowsCostNothing) {
     EXPECT_EQ(grid.rows(), 1);
     grid.setRows(2);
     EXPECT_EQ(grid.text(1, 1), QString());
-    EXPECT_EQ(grid.columnTwips(0), 0) << "a new source leaves the columns as they are";
+    EXPECT_EQ(grid.columnTwips(0), 0) << "a new source keeps the columns";
 }
 
 TEST_F(FlexGridTest, GrowthIsKnownAtOnceAndAnnouncedAtScreenPace) {
@@ -164,7 +164,7 @@ TEST_F(FlexGridTest, GrowthIsKnownAtOnceAndAnnouncedAtScreenPace) {
         ASSERT_EQ(grid.rows(), std::max(source->count, 20) + 1);
         ASSERT_EQ(grid.text(source->count, 1), QString(QString::number(source->count - 1) + u":1"));
     }
-    grid.setCellBackground(2900, 1, 255); // ahead of the announcement
+    grid.setCellBackground(2900, 1, 255); // before the rows are announced
     EXPECT_EQ(announcements, 0);
     EXPECT_TRUE(QTest::qWaitFor([&] { return announcements > 0; }, 20'000));
     EXPECT_EQ(announcements, 1);
@@ -172,9 +172,9 @@ TEST_F(FlexGridTest, GrowthIsKnownAtOnceAndAnnouncedAtScreenPace) {
     EXPECT_EQ(place(), u"4-4/0"_s);
     source->count = 4000;
     grid.setRow(4000);
-    EXPECT_EQ(grid.currentIndex().row(), 3999) << "a row can be chosen before it is announced";
+    EXPECT_EQ(grid.currentIndex().row(), 3999) << "a row can become current before it is announced";
     source->count = 10;
-    EXPECT_EQ(grid.row(), 20) << "a source may shrink, against the rules, without a crash";
+    EXPECT_EQ(grid.row(), 20) << "a source that shrinks against its contract causes no crash";
     grid.grab();
 }
 
@@ -185,7 +185,7 @@ TEST_F(FlexGridTest, MouseMovesClickAndActivate) {
     EXPECT_EQ(taken(), u"click3"_s);
     press(Qt::LeftButton, 3);
     release(Qt::LeftButton, 3);
-    EXPECT_EQ(taken(), u"click3"_s) << "the same row is not left";
+    EXPECT_EQ(taken(), u"click3"_s) << "no leave signal for the same row";
     press(Qt::RightButton, 5);
     EXPECT_EQ(taken(), u"right3"_s);
     release(Qt::RightButton, 5);
@@ -210,7 +210,7 @@ TEST_F(FlexGridTest, MouseMovesClickAndActivate) {
     QCoreApplication::sendEvent(grid.viewport(), &drag);
     QTest::mouseRelease(grid.viewport(), Qt::LeftButton, {}, below);
     QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, below);
-    EXPECT_EQ(taken(), u"right4 click4 click4 activated4"_s) << "under the last row all is for the current one";
+    EXPECT_EQ(taken(), u"right4 click4 click4 activated4"_s) << "clicks below the last row apply to the current row";
     EXPECT_EQ(place(), u"4-4/2"_s);
 }
 
@@ -249,7 +249,7 @@ TEST_F(FlexGridTest, EverythingByKeyboard) {
 
 TEST_F(FlexGridTest, SlotsOfLeaveCellMayChangeAnything) {
     const auto once = QObject::connect(&grid, &FlexGrid::leaveCell, [this] {
-        QTest::keyClick(&grid, Qt::Key_Down); // a box's event loop, in which keys go on
+        QTest::keyClick(&grid, Qt::Key_Down); // a nested event loop, in which keys are still processed
         press(Qt::LeftButton, 4);
         grid.setRows(3);
     });
@@ -258,10 +258,10 @@ TEST_F(FlexGridTest, SlotsOfLeaveCellMayChangeAnything) {
     QObject::disconnect(once);
     QObject::connect(&grid, &FlexGrid::leaveCell, [this] { grid.setRows(1); });
     QTest::keyClick(&grid, Qt::Key_Up);
-    EXPECT_EQ(taken(), u"leave2"_s) << "no row is left to enter";
+    EXPECT_EQ(taken(), u"leave2"_s) << "there is no row left to enter";
     grid.setRows(3);
     QTest::keyClick(&grid, Qt::Key_Down);
-    EXPECT_EQ(taken(), u"leave1"_s) << "the grid still listens";
+    EXPECT_EQ(taken(), u"leave1"_s) << "the grid still responds";
 }
 
 TEST_F(FlexGridTest, AnEditorFindsItsCell) {
@@ -280,9 +280,10 @@ TEST_F(FlexGridTest, AnEditorFindsItsCell) {
         EXPECT_GT(place.width(), 300);
     }
     grid.setColumnTwips(2, 100);
-    EXPECT_GE(grid.columnWidth(2), grid.fontMetrics().horizontalAdvance(u"标识"_s)) << "the heading is never cut";
+    EXPECT_GE(grid.columnWidth(2), grid.fontMetrics().horizontalAdvance(u"标识"_s))
+        << "a column is at least as wide as its heading";
     EXPECT_EQ(grid.columnTwips(2), 100);
-    grid.setColumnWidth(2, 99); // by hand
+    grid.setColumnWidth(2, 99); // by the user
     grid.setColumnTwips(2, 1800);
     EXPECT_EQ(grid.columnTwips(2), grid.toTwips(99));
     grid.setHeadingTwips(750);
@@ -304,7 +305,7 @@ TEST_F(FlexGridTest, AColourStaysInSightUnderTheSelection) {
         return image.pixelColor((cell.topRight() + QPoint(-inside.x(), inside.y())) * image.devicePixelRatio());
     };
     EXPECT_EQ(corner(2, 1, {6, 6}), QColor(255, 0, 0));
-    EXPECT_EQ(corner(2, 1, {6, 0}), QColor(0, 80, 160)) << "the selection's band";
+    EXPECT_EQ(corner(2, 1, {6, 0}), QColor(0, 80, 160)) << "the frame of the selection";
     EXPECT_EQ(corner(3, 1, {6, 6}), QColor(255, 255, 192));
     EXPECT_EQ(corner(2, 2, {6, 6}), QColor(0, 80, 160));
     for (const auto &[row, text] : {std::pair{2, Qt::black}, {3, Qt::black}})

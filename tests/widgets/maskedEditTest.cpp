@@ -30,7 +30,7 @@ TEST_F(MaskedEditTest, TypingFillsAndBackspaceRestoresThePrompts) {
     QInputMethodEvent composed;
     composed.setCommitString(u"２"_s);
     QCoreApplication::sendEvent(&edit, &composed);
-    EXPECT_EQ(edit.text(), u"2005-0_-__"_s) << "only plain digits";
+    EXPECT_EQ(edit.text(), u"2005-0_-__"_s) << "only ASCII digits are accepted";
     QTest::keyClicks(&edit, u"912"_s);
     EXPECT_EQ(edit.text(), u"2005-09-12"_s);
     for (const auto &[copied, pasted] : {std::pair{u"2005-03"_s, u"2005-03-__"_s}, {u"20041231"_s, u"2004-12-31"_s}}) {
@@ -46,14 +46,14 @@ TEST_F(MaskedEditTest, IsLeftOnceAndSelectsWhenItIsEntered) {
     QObject::connect(&edit, &MaskedEdit::left, [&] {
         ++leaves;
         edit.setText(QString());
-        edit.setFocus(); // a condition that does not hold keeps the focus
+        edit.setFocus(); // a rejected condition keeps the focus
         other.setFocus();
     });
     edit.setMask(u"####-##-##"_s);
     edit.setText(u"2005-__-__"_s);
     other.setFocus();
     EXPECT_EQ(leaves, 1);
-    EXPECT_EQ(edit.text(), u"____-__-__"_s) << "an unfinished value is left like any other";
+    EXPECT_EQ(edit.text(), u"____-__-__"_s) << "an incomplete value can be left like any other";
     edit.setText(u"1999-__-__"_s);
     QTest::mouseClick(&edit, Qt::LeftButton);
     EXPECT_EQ(edit.selectedText().size(), 10);
@@ -61,7 +61,7 @@ TEST_F(MaskedEditTest, IsLeftOnceAndSelectsWhenItIsEntered) {
     EXPECT_EQ(edit.text(), u"7___-__-__"_s);
     QFocusEvent away(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
     QCoreApplication::sendEvent(&edit, &away);
-    EXPECT_EQ(leaves, 1) << "another program in front is no leaving";
+    EXPECT_EQ(leaves, 1) << "switching to another program does not leave the field";
 }
 
 } // namespace

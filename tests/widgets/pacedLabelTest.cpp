@@ -6,7 +6,7 @@ using widgets::PacedLabel;
 
 namespace {
 
-// Counts how often the toolkit paints it.
+// Counts how often the label is painted.
 class CountingLabel : public PacedLabel {
 public:
     using PacedLabel::PacedLabel;
@@ -35,11 +35,11 @@ TEST(PacedLabel, HoldsEveryTextAtOnceAndPaintsFewOfThem) {
     };
     while (count < 1000)
         ASSERT_TRUE(countOn());
-    EXPECT_TRUE(seen.text().isEmpty()) << "no text goes to the screen by itself";
-    // Texts that go on coming do not put off the frame.
+    EXPECT_TRUE(seen.text().isEmpty()) << "no text is painted at once";
+    // New texts do not postpone the next frame.
     EXPECT_TRUE(QTest::qWaitFor([&] { return countOn() && !seen.text().isEmpty(); }));
     QCoreApplication::processEvents();
-    EXPECT_EQ(label.paints, 1) << "of " << count << " texts";
+    EXPECT_EQ(label.paints, 1) << "painted once for " << count << " texts";
 
     QObject::connect(&label, &PacedLabel::aboutToShow, &label, [&label] { label.setPacedText(QStringLiteral("真")); });
     label.flush();

@@ -6,7 +6,7 @@
 
 using namespace widgets;
 
-// The key that opened a modal window and the next one may come in one breath: the second is for nobody behind it.
+// The key that opens a modal window may be followed at once by another one, which must not reach the window behind.
 TEST(Button, AShortcutDoesNotReachBehindAModalWindow) {
     Window behind(u"behind"_s, {});
     Button button(u"cmd"_s, u"&Q 退出"_s, &behind);
@@ -25,7 +25,7 @@ TEST(Button, AShortcutDoesNotReachBehindAModalWindow) {
     front.show();
     press();
     EXPECT_EQ(clicks, 1);
-    Window beside(u"beside"_s, {}, &front); // not modal, and opened by the one that is
+    Window beside(u"beside"_s, {}, &front); // not modal, opened by the modal window
     Button live(u"cmd"_s, u"&Q 关闭"_s, &beside);
     QObject::connect(&live, &Button::clicked, &beside, &Window::unload);
     beside.show();
@@ -36,8 +36,8 @@ TEST(Button, AShortcutDoesNotReachBehindAModalWindow) {
     EXPECT_EQ(clicks, 2);
 }
 
-// What a field does on being left comes before the command; the keyboard is in the field again after it, also where the
-// command has shown a modal window. A command that moves the focus, or closes the window, has the last word.
+// The field's handler for losing the focus runs before the command. After the command the field has the focus again,
+// even if the command showed a modal window, unless the command moved the focus or closed the window.
 TEST(Button, AnAccessKeyGivesTheFocusBack) {
     Window window(u"window"_s, {});
     QLineEdit field(&window);
@@ -74,7 +74,7 @@ TEST(Button, AnAccessKeyGivesTheFocusBack) {
               }),
               &field);
     EXPECT_EQ(focusAfter([&] { other.setFocus(); }), &other);
-    EXPECT_EQ(focusAfter([&] { field.setEnabled(false); }), &button) << "nowhere to go back to";
+    EXPECT_EQ(focusAfter([&] { field.setEnabled(false); }), &button) << "a disabled field cannot get the focus back";
     QTest::mouseClick(&button, Qt::LeftButton);
     EXPECT_EQ(window.focusWidget(), &button);
     auto *gone = new Button(u"gone"_s, u"&G"_s, &window);
