@@ -1,5 +1,5 @@
 // The four text files in the program's own folder that describe the format in words. They are read again at each use.
-// Their readers follow different rules, which is required.
+// Their readers intentionally follow different rules.
 #pragma once
 
 #include "marc/fieldRows.h"

@@ -99,7 +99,7 @@ struct FactLine {
 };
 struct FactLines {
     QList<FactLine> lines;
-    bool disagree = false; // the records read will not be all of the file, or not correct: the file should be tidied
+    bool disagree = false; // the program will read fewer or other records than the file holds: it should be tidied
 };
 FactLines describe(const FileFacts &facts);
 

@@ -14,8 +14,7 @@ namespace platform {
 enum class Icon { None, Information, Exclamation, Critical };
 enum class Buttons { Ok, YesNo };
 enum class Answer { Ok, Yes, No };
-// How a box may be closed other than by its buttons: Freely: Esc and the close button answer No if there is one;
-// ByButtonsOnly: they do nothing.
+// Whether Esc and the close button close a box, answering No if there is such a button, or only its buttons do.
 enum class Leaving { Freely, ByButtonsOnly };
 
 inline constexpr QStringView programTitle = u"Tarvex图书馆管理系统";

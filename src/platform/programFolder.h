@@ -1,7 +1,7 @@
 // The program's own folder, where it reads its configuration files and writes its report: the folder of the executable,
 // or a folder in the user's data if the user cannot write to the executable's, as after the installation of a package.
-// The files supplied with the program are copied to the latter once and belong to the user from then on: no file there
-// is ever overwritten.
+// In the latter case the files supplied with the program are copied to the user's folder once; they belong to the user
+// from then on and are never overwritten.
 #pragma once
 
 #include "platform/result.h"

@@ -100,7 +100,7 @@ private:
     Leaving m_leaving;
 };
 
-// Returns the modal window, or the active window if it was opened by the modal one.
+// Returns the active window, or the modal window if it neither is the active window nor opened it.
 QWidget *windowInFront() {
     QWidget *active = QApplication::activeWindow();
     QWidget *modal = QApplication::activeModalWidget();
