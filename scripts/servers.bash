@@ -1,11 +1,12 @@
 # shellcheck shell=bash
-# What the scripts of the test servers share. FILE, named by `file`, holds a server's facts as lines key=value.
+# Functions of the scripts for test servers. The variable `file` is the path of a file that describes the servers in
+# lines key=value.
 
-# The account of every server, and its database.
+# The account and the database of every server.
 # shellcheck disable=SC2034
 user=tester password=Tarvex-1 database=library
 
-plain() { # the command without root's rights
+plain() { # runs the command without root's rights
     if [ "$(id -u)" = 0 ]; then
         setpriv --reuid=nobody --regid=nogroup --clear-groups env HOME=/tmp "$@"
     else
@@ -28,7 +29,7 @@ free_port() {
 
 value() { sed -n "s/^$1=//p" "${file:?}"; }
 
-until_true() { # the command, until it succeeds: two minutes, where the machine is busy
+until_true() { # repeats the command until it succeeds; gives up after two minutes, or more on a busy machine
     for _ in $(seq 1200); do
         if "$@" >/dev/null 2>&1; then return 0; fi
         sleep 0.1
@@ -37,7 +38,7 @@ until_true() { # the command, until it succeeds: two minutes, where the machine 
     return 1
 }
 
-start_mariadb() { # FOLDER ADDRESS PORT CLIENTS OPTION…: returns when it answers; CLIENTS: who may log in
+start_mariadb() { # FOLDER ADDRESS PORT CLIENTS OPTION…: returns when it answers; CLIENTS: hosts that may log in
     local folder=$1 address=$2 port=$3 clients=$4
     plain "$(find_program mariadb-install-db)" --no-defaults --datadir="$folder/mariadb" --skip-test-db \
         --auth-root-authentication-method=normal >"$folder/mariadb.log" 2>&1 || { cat "$folder/mariadb.log" >&2; return 1; }
@@ -52,14 +53,15 @@ SQL
     until_true grep -q 'ready for connections' "$folder/mariadb.log" || { cat "$folder/mariadb.log" >&2; return 1; }
 }
 
-all_stopped() { # every thread of these processes
+all_stopped() { # returns whether every thread of these processes is stopped
     local process
     for process in "$@"; do
         if cat "/proc/$process"/task/*/stat | grep -qvE '\) T '; then return 1; fi
     done
 }
 
-# signal STOP PID…: to these processes and those that they started, as PostgreSQL does for each connection.
+# signal NAME PID…: sends a signal to these processes and their children (PostgreSQL starts one for each connection).
+# After STOP it waits until all are stopped.
 signal() {
     local process processes=()
     for process in "${@:2}"; do
