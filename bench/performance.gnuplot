@@ -28,7 +28,7 @@ do for [group = 1:3] {
     set title heads[group]
     beside = file . "-beside"
     if (system("test -s '" . beside . "' && echo 1") eq "1") {
-        set title heads[group] . " (dashed: what stands beside it)"
+        set title heads[group] . " (dashed: compared with it)"
         plot for [block = 0 : STATS_blocks - 1] file index block using 1:2 title columnheader(1) linetype block + 1, \
              beside using 1:2:3 with lines dashtype 2 linecolor variable notitle
     } else {
@@ -67,7 +67,7 @@ file = data . "/margins"
 stats file using 2 nooutput
 rows = STATS_records
 set output pictures . "/ratios.svg"
-set title "Times better than wanted (1: just met)"
+set title "Times better than the target (1: just met)"
 set logscale x 2
 set xrange [* : *]
 set yrange [rows - 0.4 : -0.6]

@@ -25,7 +25,7 @@ def operation_blocks($operations):
     | $operations[] as $operation
     | [$all.figures[] | select(.operation == $operation)] | sort_by(.records)
     | "\"\($operation)\"", (.[] | "\(.records) \(microseconds)"), "", "";
-# The same of what stands beside them, with the number of the operation's block, from 1.
+# The same of the tools they are compared with, with the number of the operation's block, from 1.
 def beside_blocks($operations):
     . as $all
     | range($operations | length) as $at
@@ -56,7 +56,7 @@ def wanted_of($rows):
 
 def ratio_table:
     . as $all | sizes as $sizes
-    | (["what", "beside", "wanted"] + ($sizes | map(grouped)) | line), (["---", "---", "---"] + ($sizes | map("---:")) | line),
+    | (["what", "compared with", "target"] + ($sizes | map(grouped)) | line), (["---", "---", "---"] + ($sizes | map("---:")) | line),
       ([.rows[] | select(.wanted > 0)] | in_order(.what)[] as $what
        | [$all.rows[] | select(.what == $what)] as $rows
        | ($what | split(" | ") | [.[0], .[1] // ""]) + [wanted_of($rows)]
@@ -67,7 +67,7 @@ def ratio_table:
 
 def figure_table:
     . as $all | sizes as $sizes
-    | (["microseconds a record"] + ($sizes | map(grouped)) + ["beside", "its microseconds"] | line),
+    | (["microseconds a record"] + ($sizes | map(grouped)) + ["compared with", "its microseconds"] | line),
       (["---"] + ($sizes | map("---:")) + ["---", "---:"] | line),
       (.figures | in_order(.operation)[] as $operation
        | [$all.figures[] | select(.operation == $operation)] as $figures
