@@ -10,7 +10,7 @@ namespace filetools {
 namespace {
 
 constexpr double leastLimit = 10;
-constexpr double mostLimit = 1e15; // more than any file holds; a double still counts every whole number below it
+constexpr double mostLimit = 1e15; // more records than any file has; doubles represent all integers up to it exactly
 
 } // namespace
 
@@ -19,7 +19,7 @@ std::optional<Refusal> refuseSplit(const QString &source, bool sourceExists, con
     if (source.isEmpty() || target.isEmpty())
         return Refusal{.text = {}, .focus = Field::Source};
     if (!sourceExists)
-        return Refusal{.text = u"文件["_s + source + u"不存在！"}; // the missing bracket is part of the wording
+        return Refusal{.text = u"文件["_s + source + u"不存在！"}; // the missing bracket belongs to the wording
     const std::optional<double> number = platform::toDouble(limit);
     if (!number)
         return Refusal{.text = u"请输入每个拆分文件的最大记录数！"_s, .focus = Field::Limit};
@@ -27,7 +27,7 @@ std::optional<Refusal> refuseSplit(const QString &source, bool sourceExists, con
         return Refusal{.text = u"每个拆分文件的最大记录数太小！最好不要小于10！"_s, .focus = Field::Limit};
     const bool hasExtension = target.size() >= 4 && target.at(target.size() - 4) == u'.';
     if (!hasExtension || !target.contains(separator))
-        return Refusal{}; // required so: nothing happens, and nothing says why
+        return Refusal{}; // required: nothing happens and no message is shown
     return std::nullopt;
 }
 

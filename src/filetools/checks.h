@@ -1,5 +1,5 @@
-// What the split and the merge look at before they begin, in their order. The first thing amiss ends the click, some
-// of them without a word.
+// The checks before a split or a merge, in their order. The first problem ends the click; some problems are not
+// reported.
 #pragma once
 
 #include "platform/paths.h"
@@ -12,23 +12,24 @@ namespace filetools {
 enum class Field { None, Source, Target, Limit };
 
 struct Refusal {
-    QString text; // of the box; empty: nothing is said
+    QString text; // message to show; empty: none
     Field focus = Field::None;
 };
 
-// Nothing where the split may go on to the question about existing files. `source` and `target` are trimmed.
+// Returns std::nullopt if the split may continue with the question about existing files. `source` and `target` must be
+// trimmed.
 std::optional<Refusal> refuseSplit(const QString &source, bool sourceExists, const QString &target,
                                    const QString &limit, QChar separator = platform::pathSeparator);
 
-// Nothing where the merge may go on to the question about an existing target, which is trimmed. A source counts as the
-// target only when it is written like it to the letter.
+// Returns std::nullopt if the merge may continue with the question about an existing target. `target` must be trimmed.
+// A source counts as the target only if both are spelled identically.
 std::optional<Refusal> refuseMerge(const QStringList &sources, const QString &target);
 
 QString overwriteQuestion(const QString &mask);
 QString replaceQuestion(const QString &target);
 
-// The records per file that a text means: its number taken to the nearest whole one, a half to the even one. Nothing
-// where it is no number, or none to count by.
+// Returns the number of records per file, rounded to the nearest integer (a half to the even one), or std::nullopt if
+// the text is not a number or is rounded to less than 1.
 std::optional<qint64> recordsPerFile(QStringView limit);
 
 } // namespace filetools

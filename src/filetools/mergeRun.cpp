@@ -24,8 +24,8 @@ Status MergeRun::openSource(const QString &path) {
     m_ofSource = 0;
     m_mostOfSource.reset();
     if (platform::isSameFile(path, m_target)) {
-        // The target by another spelling: it gives what the sources before it have brought. What it gives is written
-        // behind that and would be read again, until the disk is full.
+        // The source is the target under another path: only the records of the sources before it count. Records copied
+        // from it are appended to it and would be read again until the disk is full.
         m_mostOfSource = m_total;
         if (const Status flushed = m_writer->flush(); !flushed)
             return flushed;

@@ -1,7 +1,7 @@
-// A merge in progress: a list of sources written one after the other into one target. Memory: the record in hand and
-// the report. Whoever runs it calls open(), for each source openSource(), next() and write() in turn until next() is
-// false, closeSource(), and close() at last; after a failure nothing more, and the files stay open until the object
-// goes. Sources are only read; but a source that is the target by another spelling has been emptied by open().
+// A merge in progress: writes several sources one after the other to one target. Memory use: the current record and the
+// report. Call open(); for each source openSource(), next() and write() alternately until next() returns false, and
+// closeSource(); finally close(). After a failure call nothing more; the files stay open until the object is destroyed.
+// Sources are only read, but a source that is the target under another path is emptied by open().
 #pragma once
 
 #include "filetools/recordSource.h"
@@ -13,33 +13,33 @@ namespace filetools {
 class MergeRun {
 public:
     explicit MergeRun(QString target);
-    MergeRun(const MergeRun &) = delete; // its source calls it
+    MergeRun(const MergeRun &) = delete; // the record source calls back into it
 
     platform::Status open(); // empties the target
     platform::Status openSource(const QString &path);
-    // Moves on to the next record; false at the end of the source.
+    // Reads the next record. Returns false at the end of the source.
     platform::Result<bool> next();
     platform::Status write();
     void closeSource();
-    // What was written is on the machine when this succeeds.
+    // On success everything written is in the file system.
     platform::Status close();
 
     qint32 total() const { return m_total; } // records written
-    // Hands over what was written so far; how many records stand whole in the target. A failure is told by the next
-    // write() or close().
+    // Flushes the target and returns how many complete records it contains. A failure is reported by the next write()
+    // or close().
     qint32 handOver();
     QString report() const;
 
 private:
-    // Hands over what was written so far, so that a failed run leaves all of it, and passes the failure on.
+    // Flushes the target, so that it keeps everything written before the failure, and returns the failure.
     platform::Failure failed(platform::Failure failure);
 
     QString m_target;
     std::unique_ptr<RecordSource> m_records;
-    std::optional<platform::ByteWriter> m_writer; // goes before the records, of which it may hold some
+    std::optional<platform::ByteWriter> m_writer; // destroyed before m_records, since it may refer to its records
     QString m_source;
     QString m_sourceLines;
-    std::optional<qint32> m_mostOfSource; // of a source that is the target itself
+    std::optional<qint32> m_mostOfSource; // set if the source is the target itself
     qint32 m_total = 0;
     qint32 m_ofSource = 0;
 };

@@ -1,4 +1,4 @@
-// The reading loop of the split and of the merge: the records of one file, as runs of bytes that nobody looks into.
+// The reading loop of the split and the merge: the records of one file, as byte sequences that are not interpreted.
 #pragma once
 
 #include "marc/recordCutter.h"
@@ -10,16 +10,17 @@ namespace filetools {
 
 class RecordSource {
 public:
-    // `beforeReading` is called before it reads on: whoever writes hands over by then what writeTo() gave him.
+    // `beforeReading` is called before the next block is read. By then the caller must have flushed the writers passed
+    // to writeTo().
     static platform::Result<std::unique_ptr<RecordSource>> open(const QString &path,
                                                                 std::function<void()> beforeReading);
 
-    // Moves on to the next record; false at the end of the file. Fails where the machine stops giving bytes.
+    // Reads the next record. Returns false at the end of the file. Fails on a read error.
     platform::Result<bool> next();
-    // Writes the record in hand, its terminator included and its line breaks left out, on a line of its own. It must be
-    // handed over before this object goes.
+    // Writes the current record on its own line, including its terminator and without its line breaks. The writer must
+    // be flushed before this object is destroyed.
     platform::Status writeTo(platform::ByteWriter &writer) const;
-    // Whether nothing stands behind the line of the record in hand, at this moment: a file may still grow.
+    // Returns whether nothing follows the line of the current record at the moment; the file may still grow.
     bool atEnd() const { return m_reader.atEnd(); }
 
 private:

@@ -59,8 +59,8 @@ Status SplitRun::write(QStringView limit) {
     return m_total % *most == 0 ? rollOver() : platform::success();
 }
 
-// The line goes into the report in any case; a new file is begun only where the source has more bytes behind this
-// line, be they only empty lines.
+// Always adds the line to the report. A new file is opened only if the source has more bytes after the current line,
+// even if they are only empty lines.
 Status SplitRun::rollOver() {
     reportTarget();
     m_inFile = 0;
@@ -104,7 +104,7 @@ Failure SplitRun::failed(Failure failure) {
     return failure;
 }
 
-// There is no closing brace in the source's line, unlike in the targets'.
+// The line of the source has no closing brace, unlike those of the targets.
 QString SplitRun::report() const {
     return u"【源文件】\r\n文件{" + m_source + u"处理了" + QString::number(m_total) + u"条记录！\r\n【目标文件】\r\n" +
            m_targetLines;

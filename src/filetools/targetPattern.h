@@ -1,5 +1,5 @@
-// The names of the files that a split writes, made from the target path that the user gives: a number goes between
-// the name and the extension of three letters.
+// The names of the files that a split writes: the target path of the user with a number between the name and the
+// extension of three letters.
 #pragma once
 
 #include "platform/paths.h"
@@ -10,21 +10,22 @@
 namespace filetools {
 
 struct TargetPattern {
-    QString folder;    // its separator included
+    QString folder;    // including its separator
     QString name;      // may be empty
-    QString extension; // four characters, the point included
+    QString extension; // four characters, including the point
 
     static constexpr int firstNumber = 700;
 
-    // Numbers grow by 1 and get a fourth digit where three do not do.
+    // `number` starts at firstNumber and increases by 1; from 1000 on it has four digits.
     QString numbered(int number) const;
-    // What a person sees for the files 700 to 799, the only ones that are asked about and deleted.
+    // Returns the readable pattern of files 700 to 799, the only ones that the question is about and that are deleted.
     QString mask() const;
-    // Those of them that exist. The name's own brackets and stars stand for themselves.
+    // Returns the existing ones of these files. Brackets and stars in the name are taken literally.
     QStringList existing() const;
 };
 
-// The last four characters are taken for the extension, whatever they are. Nothing where they overlap the folder.
+// Splits a target path. Any last four characters count as the extension. Returns std::nullopt if they overlap the
+// folder.
 std::optional<TargetPattern> targetPattern(const QString &target, QChar separator = platform::pathSeparator);
 
 } // namespace filetools
