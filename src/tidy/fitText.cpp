@@ -15,7 +15,7 @@ bool holdsAll(TargetForm form, const QString &text) {
            std::ranges::all_of(text, [](QChar unit) { return canHold(TargetForm::MarcXml, unit.unicode()); });
 }
 
-// Marks of direction, of what is not sorted and of the shape of the character before.
+// Returns whether the character only controls direction, sorting or the shape of the previous character.
 bool isInvisible(char32_t character) {
     const bool isControl = character >= 0x80 && character < 0xA0;
     const bool isVariant =
@@ -23,7 +23,7 @@ bool isInvisible(char32_t character) {
     return isControl || isVariant || QChar::category(character) == QChar::Other_Format;
 }
 
-// Nothing where the form still lacks a part of it.
+// Returns an empty list if the form cannot hold all of the composed text.
 Characters composed(TargetForm form, const Characters &cluster) {
     Characters whole;
     QString text;
@@ -38,7 +38,7 @@ Characters composed(TargetForm form, const Characters &cluster) {
     return whole;
 }
 
-// Gathers what the form holds of a character and its combining marks.
+// Collects what the form can hold of each character with its combining marks.
 class Fitting {
 public:
     explicit Fitting(TargetForm form)
@@ -59,7 +59,7 @@ private:
     void addOne(char32_t character) {
         const bool isGbk = m_form == TargetForm::GbkIso;
         if (canHold(m_form, character)) {
-            text += QStringView(QChar::fromUcs4(character)); // and no byte order mark is taken for one
+            text += QStringView(QChar::fromUcs4(character)); // does not treat U+FEFF as a byte order mark
         } else if (isGbk && QChar::category(character) == QChar::Separator_Space) {
             text += u' ';
         } else if (!isGbk || !isInvisible(character)) {

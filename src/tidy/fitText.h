@@ -1,4 +1,4 @@
-// Text as a form of record files can hold it.
+// Converts text to what a form of record files can hold.
 #pragma once
 
 #include "tidy/recordForms.h"
@@ -6,9 +6,9 @@
 
 namespace tidy {
 
-// Changes the text to what the form can hold. For GBK a letter and its combining marks are put together where the form
-// has the letter as a whole, blanks of other widths become plain ones, and what cannot be seen is left out. The rest
-// becomes "?", and is handed back as it was met.
+// Changes the text to what the form can hold. For GBK a letter and its combining marks are composed if the form has the
+// composed letter, blanks of other widths become plain blanks, and invisible characters are removed. All other
+// characters become "?" and are returned in the order of their occurrence.
 QList<char32_t> fitText(TargetForm form, QString &text);
 
 } // namespace tidy

@@ -13,7 +13,7 @@ constexpr char recordEnd = char(marc::recordTerminator);
 constexpr int lengthWidth = 4;
 constexpr int startWidth = 5;
 
-// The number that the digits mean; below 0 where there is something else among them.
+// Returns the number with these digits; below 0 if they contain anything else.
 qint64 number(QByteArrayView digits) {
     qint64 value = 0;
     for (const char digit : digits) {
@@ -57,7 +57,7 @@ bool IsoFields::take(QByteArrayView record) {
     return tagsByPlaces();
 }
 
-// Leader, directory and the pieces between field terminators.
+// Splits the record into leader, directory and the pieces that end with field terminators.
 bool IsoFields::cut(QByteArrayView record) {
     const qsizetype end = record.indexOf(fieldEnd);
     if (end < marc::leaderLength)
@@ -69,7 +69,7 @@ bool IsoFields::cut(QByteArrayView record) {
     for (QByteArrayView rest = m_body; !rest.isEmpty();) {
         const qsizetype at = rest.indexOf(fieldEnd);
         if (at < 0)
-            return false; // content that no terminator ends belongs to nobody
+            return false; // content without a terminator belongs to no field
         m_pieces.push_back(rest.first(at + 1));
         rest = rest.sliced(at + 1);
     }
@@ -86,8 +86,9 @@ void IsoFields::readEntries() {
                              number(m_directory.sliced(at + tagLength + lengthWidth, startWidth)), 0});
 }
 
-// Whether the entries, in the order of their starts, follow each other without a gap, as many as there are pieces. To
-// the byte: and are as long as those. Else they were right before the record was encoded anew.
+// Returns whether the entries, sorted by start, follow each other without gaps and are as many as the pieces. With
+// `toTheByte` their lengths must also be those of the pieces; otherwise the directory may be from before a change of
+// encoding.
 bool IsoFields::entriesAgree(bool toTheByte) {
     if (m_entries.size() != m_pieces.size() || m_directory.size() % directoryEntryLength != 0)
         return false;
@@ -127,12 +128,12 @@ bool IsoFields::takeEntries() {
     return true;
 }
 
-// Each piece's true length and place are looked for in the directory, in their order; its tag stands ahead of them.
-// What lies between two that were found belongs to the pieces between them.
+// Searches the directory for the actual length and start of each piece, in order; the tag precedes them. The bytes
+// between two matches belong to the pieces between them.
 bool IsoFields::tagsByPlaces() {
     m_tags.clear();
     qsizetype at = 0;      // in the directory
-    qsizetype waiting = 0; // pieces without a tag, up to the one at hand
+    qsizetype waiting = 0; // previous pieces without a tag
     qsizetype start = 0;
     for (std::size_t i = 0; i < m_pieces.size(); ++i) {
         const QByteArray place = padded(m_pieces[i].size(), lengthWidth) + padded(start, startWidth);
@@ -156,10 +157,10 @@ bool IsoFields::tagsByPlaces() {
 
 bool IsoFields::takeStretch(QByteArrayView stretch, qsizetype firstPiece, qsizetype count) {
     if (count == 0)
-        return stretch.isEmpty(); // else one tag or another is hit, or a field is gone
+        return stretch.isEmpty(); // otherwise a tag is damaged or a field is missing
     const bool whole = stretch.size() == count * directoryEntryLength;
     if (!whole) {
-        // One entry with a byte too many or too few: its tag still stands where it was unless that is what was hit.
+        // One entry with a byte too many or too few: its tag is intact unless the tag itself is damaged.
         const QByteArray length = padded(m_pieces[std::size_t(firstPiece)].size(), lengthWidth);
         const bool nearly = count == 1 && std::abs(stretch.size() - directoryEntryLength) == 1;
         if (!nearly || (stretch.size() < directoryEntryLength && stretch.sliced(tagLength - 1).startsWith(length)))

@@ -1,5 +1,5 @@
-// The fields of one record in the exchange layout, found in its bytes: by the directory where that is right to the
-// byte, else by the terminators with the directory's tags. What cannot be told for certain is not guessed.
+// Finds the fields of one record in exchange format in its bytes: by the directory if it is exact, else by the
+// terminators and the tags of the directory. Nothing ambiguous is guessed.
 #pragma once
 
 #include <QByteArray>
@@ -10,21 +10,23 @@ namespace tidy {
 
 class IsoFields {
 public:
-    // `record` with or without its terminator. False where it is damaged beyond use. Line breaks in it are left out
-    // where it is wrapped.
+    // `record` may include its terminator. Returns false if the record is too damaged to use. Line breaks are removed
+    // from a wrapped record.
     bool take(QByteArrayView record);
 
-    // Of the record taken, valid as long as its bytes and until the next one.
+    // About the last record passed to take(). Valid until the next call and as long as the bytes of the record.
     QByteArrayView leader() const { return m_leader; }
-    const QByteArray &tags() const { return m_tags; }   // three bytes of each field
-    QByteArrayView data() const { return m_data; }      // the fields in directory order, each with its terminator
-    bool directoryRight() const { return m_right; }     // to the byte
-    bool directoryDamaged() const { return m_damaged; } // tags were found again by lengths and places
+    const QByteArray &tags() const { return m_tags; } // three bytes for each field
+    QByteArrayView data() const { return m_data; }    // the fields in directory order, each including its terminator
+    bool directoryRight() const { return m_right; }   // all lengths and positions are exact
+    bool directoryDamaged() const {
+        return m_damaged;
+    } // the tags were recovered by the lengths and positions of the fields
 
 private:
     struct Entry {
         QByteArrayView tag;
-        qint64 length = -1; // below 0: no number
+        qint64 length = -1; // below 0: not a number
         qint64 start = -1;
         qsizetype piece = 0;
     };
@@ -39,7 +41,7 @@ private:
     QByteArrayView m_leader;
     QByteArrayView m_directory;
     QByteArrayView m_body;
-    std::vector<QByteArrayView> m_pieces; // of the body, each with its terminator
+    std::vector<QByteArrayView> m_pieces; // of the body, each including its terminator
     std::vector<Entry> m_entries;
     QByteArray m_unwrapped;
     QByteArray m_joined;

@@ -13,7 +13,7 @@ namespace {
 constexpr char recordEnd = char(marc::recordTerminator);
 constexpr char32_t byteOrderMark = 0xFEFF;
 constexpr QByteArrayView utf8Mark("\xEF\xBB\xBF");
-constexpr char32_t endOfText = 0x1A; // behind the last record of old files
+constexpr char32_t endOfText = 0x1A; // follows the last record in old files
 
 bool isWideCharset(Charset charset) {
     return charset == Charset::Utf16Le || charset == Charset::Utf16Be;
@@ -38,7 +38,7 @@ platform::Result<std::unique_ptr<TidySource>> IsoSource::open(const QString &pat
     return std::unique_ptr<TidySource>(new IsoSource(std::move(reader).value(), std::move(decoder).value(), charset));
 }
 
-// What is left moves to the front, and the rest of the block is read behind it.
+// Moves the remaining bytes to the front and reads the rest of the block after them.
 platform::Status IsoSource::fill() {
     std::memmove(m_block.data(), m_block.constData() + m_at, size_t(m_filled - m_at));
     m_filled -= std::exchange(m_at, 0);
@@ -65,7 +65,7 @@ void IsoSource::passMark() {
         m_at = m_unit;
 }
 
-// Line breaks, fillers and terminators of nothing between records.
+// Skips line breaks, fill characters and empty terminators between records.
 void IsoSource::passBreaks() {
     while (m_at + m_unit <= m_filled) {
         const char32_t unit = unitAt(m_at);
@@ -136,7 +136,7 @@ TidySource::Found IsoSource::takeRecord(qsizetype size) {
     return Found::Record;
 }
 
-// Behind the last terminator. A record that lacks nothing but its own is taken.
+// Reads what follows the last terminator. A record that lacks only its own terminator is accepted.
 TidySource::Found IsoSource::takeTail() {
     const qsizetype size = m_filled - m_at;
     if (size == 0 && !m_inLongRecord)
@@ -149,7 +149,7 @@ TidySource::Found IsoSource::takeTail() {
     return found;
 }
 
-// Damaged bytes may have taken a terminator with them: then the fields are decoded one by one.
+// Damaged bytes may swallow a terminator; in that case the fields are decoded one by one.
 void IsoSource::decode(QByteArrayView data, qsizetype fields) {
     if (isWide()) {
         m_record.data = QString::fromUtf8(data);

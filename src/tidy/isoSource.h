@@ -1,5 +1,5 @@
-// Records in the exchange layout, in any of the encodings, with any line ends or none. Memory: a block and the record
-// in hand, which is no longer than `longest`.
+// Reads records in exchange format, in any supported encoding, with any line ends or none. Memory use: a block of twice
+// `longest`, and the current record.
 #pragma once
 
 #include "platform/byteFile.h"
@@ -12,7 +12,7 @@ namespace tidy {
 
 class IsoSource final : public TidySource {
 public:
-    // No record that fits into the layout is longer in any encoding.
+    // No record that fits the format is longer in any encoding.
     static constexpr qsizetype longest = 1 << 20;
 
     static platform::Result<std::unique_ptr<TidySource>> open(const QString &path, platform::Charset charset);
@@ -33,7 +33,7 @@ private:
     platform::Status fill();
     void passMark();
     void passBreaks();
-    qsizetype terminatorEnd() const; // behind the first one; below 0 where there is none in the block
+    qsizetype terminatorEnd() const; // position after the first terminator in the block; below 0: none
     Found takeRecord(qsizetype size);
     Found takeTail();
     Found unreadable(const QString &why);
@@ -42,15 +42,15 @@ private:
     platform::ByteReader m_reader;
     platform::TextDecoder m_decoder;
     bool m_littleEndian = true;
-    int m_unit = 1; // bytes
+    int m_unit = 1; // bytes per code unit
     QByteArray m_block;
-    qsizetype m_at = 0; // next byte in the block
+    qsizetype m_at = 0; // position of the next byte in the block
     qsizetype m_filled = 0;
     bool m_atEnd = false;
     bool m_begun = false;
     bool m_inLongRecord = false;
     IsoFields m_fields;
-    QByteArray m_narrow; // a record of two bytes a character as UTF-8
+    QByteArray m_narrow; // a record with two bytes per character, converted to UTF-8
     TidyRecord m_record;
     QByteArrayView m_raw;
     QString m_why;

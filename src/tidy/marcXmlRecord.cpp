@@ -17,7 +17,7 @@ bool isBlank(QByteArrayView text) {
                        [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; });
 }
 
-// One character in UTF-8.
+// Returns whether the text is one character in UTF-8.
 bool isOne(QByteArrayView text) {
     const auto begins = [](char byte) { return (uchar(byte) & 0xC0) != 0x80; };
     return std::count_if(text.begin(), text.end(), begins) == 1;
@@ -61,7 +61,7 @@ void MarcXmlRecord::startElement(const XmlElement &element) {
     }
     if (outer.part == Part::Subfield && part != Part::Other) {
         if (!std::exchange(outer.holdsFields, true) && isBlank(QByteArrayView(m_data).sliced(outer.start)))
-            m_data.truncate(outer.start); // the layout of the XML
+            m_data.truncate(outer.start); // white space from the formatting of the XML
     }
     m_open.push_back({.part = part, .start = m_data.size(), .isEchoed = isEchoed});
     if (part == Part::ControlField || part == Part::DataField)
@@ -70,7 +70,7 @@ void MarcXmlRecord::startElement(const XmlElement &element) {
         startSubfield(element);
 }
 
-// One inside another is the record itself, the other its wrapping.
+// Of two nested record elements the inner one is the record and the outer one its wrapper.
 void MarcXmlRecord::begin(const XmlElement &element) {
     m_open = {{Part::Record}};
     m_saysMarc = element.space().contains("MARC21/slim") || element.space().contains("marcxchange");
@@ -99,14 +99,14 @@ void MarcXmlRecord::startField(const XmlElement &element, Part part) {
     m_open.back().start = m_data.size();
 }
 
-// A blank where there is none.
+// A missing indicator becomes a blank.
 void MarcXmlRecord::addIndicator(QByteArrayView value) {
     if (!value.isEmpty() && !isOne(value))
         spoil(u"指示符“%1”不是一个字符"_s.arg(QString::fromUtf8(value)));
     m_data.append(value.isEmpty() ? QByteArrayView(" ") : value);
 }
 
-// A blank for the first one's code stands for what a field holds before its first subfield.
+// A blank as the code of the first subfield marks content before the first subfield.
 void MarcXmlRecord::startSubfield(const XmlElement &element) {
     const QByteArrayView code = element.attribute("code");
     if (code.size() > 1 && !isOne(code))
@@ -163,7 +163,7 @@ void MarcXmlRecord::endRecord() {
         ++m_passedOver;
 }
 
-// Text and tags have their end, too, where the record goes on too long.
+// Appends to the unchanged element. Returns false if the record is too long; the caller then drops the text too.
 bool MarcXmlRecord::echo(QByteArrayView xml) {
     const bool fits = m_echo.size() + xml.size() <= longest;
     if (fits)

@@ -1,5 +1,6 @@
-// One record after the other out of the elements of MARCXML and MarcXchange. What would lose text on the way, such as a
-// misspelt element or a subfield without its code, makes a record unusable; <record> of other formats are passed over.
+// Builds records one after the other from the elements of MARCXML and MarcXchange. A record that would lose text, for
+// example by a misspelled element or a subfield without a code, is unusable. <record> elements of other formats are
+// skipped.
 #pragma once
 
 #include "platform/xmlParser.h"
@@ -11,9 +12,9 @@ namespace tidy {
 
 class MarcXmlRecord final : public platform::XmlHandler {
 public:
-    static constexpr qsizetype longest = 8 << 20; // bytes of a record that are held
+    static constexpr qsizetype longest = 8 << 20; // maximum number of bytes kept of a record
 
-    // `ended` is called at the end of each record; until then nothing here means anything.
+    // `ended` is called at the end of each record. The results below are valid only then.
     explicit MarcXmlRecord(std::function<void()> ended)
         : m_ended(std::move(ended)) {}
 
@@ -23,7 +24,7 @@ public:
 
     TidyRecord record() const;
     QByteArrayView data() const { return m_data; } // the fields, in UTF-8
-    const QString &why() const { return m_why; }   // it cannot be used; else empty
+    const QString &why() const { return m_why; }   // why the record cannot be used; else empty
     QByteArrayView asItStood() const { return m_echo; }
     qint64 passedOver() const { return m_passedOver; }
 
@@ -31,9 +32,9 @@ private:
     enum class Part { Record, Leader, ControlField, DataField, Subfield, Other };
     struct Open {
         Part part;
-        qsizetype start = 0;      // of its text in the data
-        bool hasCode = true;      // a subfield
-        bool holdsFields = false; // a subfield with embedded fields
+        qsizetype start = 0;      // start of its text in the data
+        bool hasCode = true;      // whether the subfield has a code
+        bool holdsFields = false; // whether the subfield contains embedded fields
         bool isEchoed = true;
     };
 
@@ -50,10 +51,10 @@ private:
     void spoil(const QString &why);
 
     std::function<void()> m_ended;
-    std::vector<Open> m_open; // from the record on; empty outside
-    int m_fieldDepth = 0;     // 2 and more: embedded
+    std::vector<Open> m_open; // elements from the record inwards; empty outside records
+    int m_fieldDepth = 0;     // 2 or more: in an embedded field
     bool m_atFirstSubfield = false;
-    bool m_saysMarc = false; // by its namespace
+    bool m_saysMarc = false; // according to its namespace
     QByteArray m_leader;
     QByteArray m_tags;
     QByteArray m_data;

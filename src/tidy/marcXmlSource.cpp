@@ -14,7 +14,7 @@ constexpr QByteArrayView leMark("\xFF\xFE");
 constexpr QByteArrayView beMark("\xFE\xFF");
 constexpr QByteArrayView replacement("\xEF\xBF\xBD");
 
-// What the declaration says, in small letters; empty where it says nothing.
+// Returns the encoding in the XML declaration in lower case, or an empty array if there is none.
 QByteArray declaredEncoding(QByteArrayView start) {
     constexpr qsizetype declared = 200;
     const QByteArray head = start.first(std::min(declared, start.size())).toByteArray().toLower();
@@ -24,7 +24,8 @@ QByteArray declaredEncoding(QByteArrayView start) {
     return value.split('"').value(1);
 }
 
-// By the mark, the zeros or the declaration. Chinese encodings are read as the largest of them.
+// Selects the decoder by byte order mark, zero bytes or declaration. Chinese encodings are read as GB18030, which
+// includes the others.
 platform::Result<platform::TextDecoder> decoderFor(QByteArrayView start) {
     using platform::Charset;
     using platform::TextDecoder;
@@ -40,7 +41,7 @@ platform::Result<platform::TextDecoder> decoderFor(QByteArrayView start) {
     return TextDecoder::open(name.isEmpty() || name.startsWith("utf-") ? QByteArray("utf-8") : name);
 }
 
-// Where a character begins that the end cuts through; the size where there is none.
+// Returns where an incomplete character at the end of `bytes` begins, or the size if there is none.
 qsizetype wholeCharacters(QByteArrayView bytes) {
     constexpr qsizetype longest = 4;
     for (qsizetype back = 1; back <= std::min(longest, bytes.size()); ++back) {
@@ -100,7 +101,7 @@ platform::Status MarcXmlSource::begin(QByteArrayView start) {
     return platform::success();
 }
 
-// UTF-8 as it stands unless it is damaged, which the parser does not take.
+// Returns valid UTF-8 unchanged. Damaged UTF-8 is decoded first, since the parser rejects it.
 QByteArrayView MarcXmlSource::inUtf8(QByteArrayView bytes, bool atEnd) {
     if (!m_isUtf8) {
         m_decoded = m_decoder->decode(bytes, !atEnd).toUtf8();

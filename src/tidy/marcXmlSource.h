@@ -1,6 +1,6 @@
-// Records out of MARCXML and MarcXchange, which differ in their namespace and in what stands in a record's attributes;
-// embedded fields of the latter come out as they stand in the exchange layout. What is read before a break in the XML
-// counts, and the break is reported with its line and column. Memory: a block and the record at hand.
+// Reads records from MARCXML and MarcXchange, which differ in namespace and in the attributes of a record. Embedded
+// fields of MarcXchange are converted to their exchange format. If the XML is broken, the records before the error are
+// valid and the error is reported with its line and column. Memory use: a block and the current record.
 #pragma once
 
 #include "platform/byteFile.h"
@@ -36,7 +36,7 @@ private:
     MarcXmlRecord m_elements;
     platform::XmlParser m_xml;
     QByteArray m_block;
-    QByteArray m_cut; // the beginning of a character that the block before cut in two
+    QByteArray m_cut; // the start of a character that continues in the next block
     QByteArray m_decoded;
     bool m_begun = false;
     bool m_isUtf8 = true;

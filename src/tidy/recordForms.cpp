@@ -9,11 +9,11 @@ namespace tidy {
 
 namespace {
 
-constexpr qsizetype longestRecord = 99'999; // what five digits tell
-constexpr qsizetype longestField = 9'999;   // and four
+constexpr qsizetype longestRecord = 99'999; // maximum of five digits
+constexpr qsizetype longestField = 9'999;   // maximum of four digits
 constexpr QByteArrayView slimNamespace("http://www.loc.gov/MARC21/slim");
 
-// The bytes of the first character of a text in UTF-8; 0 where there is none.
+// Returns the length in bytes of the first character of a UTF-8 text; 0 if it is empty.
 qsizetype firstCharacter(QByteArrayView text) {
     qsizetype length = text.isEmpty() ? 0 : 1;
     while (length > 0 && length < text.size() && (uchar(text[length]) & 0xC0) == 0x80)
@@ -21,7 +21,7 @@ qsizetype firstCharacter(QByteArrayView text) {
     return length;
 }
 
-// The digits of a number that fits, as they stand in a record.
+// Writes a number that fits in `width` digits, padded with zeros.
 void put(char *at, int width, qsizetype number) {
     for (int i = width - 1; i >= 0; --i, number /= 10)
         at[i] = char('0' + number % 10);
@@ -33,7 +33,7 @@ bool canHold(TargetForm form, char32_t character) {
     switch (form) {
     case TargetForm::GbkIso:
         return character < 0x10000 && platform::isEncodable(QString(QChar(char16_t(character))));
-    case TargetForm::MarcXml: // the separators are no content
+    case TargetForm::MarcXml: // the separators are not content
         return character >= 0x20 ? character != 0xFFFE && character != 0xFFFF
                                  : character == marc::fieldTerminator || character == marc::subfieldDelimiter;
     case TargetForm::Utf8Iso:
@@ -87,7 +87,7 @@ void MarcXmlWriter::begin() {
 }
 
 void MarcXmlWriter::add(const TidyRecord &record) {
-    QByteArray leader = record.leader; // lengths say nothing there
+    QByteArray leader = record.leader; // the lengths in it have no meaning in XML
     put(leader.data(), 5, 0);
     put(leader.data() + marc::baseAddressAt, marc::baseAddressLength, 0);
     m_xml.append(" <record>\n  <leader>");
@@ -109,8 +109,8 @@ void MarcXmlWriter::addAttribute(QByteArrayView name, QByteArrayView value) {
     m_xml.append('"');
 }
 
-// What stands before the first subfield gets a blank for its code, so that it is not lost; nothing at all does where a
-// true blank would be taken for that.
+// Content before the first subfield gets a subfield with a blank code, so that it is not lost. An empty one is added if
+// the first subfield has a blank code itself and would be mistaken for it.
 void MarcXmlWriter::addField(QByteArrayView tag, QByteArrayView field) {
     constexpr char delimiter = char(marc::subfieldDelimiter);
     const bool isControl = tag.startsWith("00") && !field.contains(delimiter);

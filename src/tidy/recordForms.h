@@ -1,4 +1,4 @@
-// Records on their way out, in one of the forms that files have.
+// Writes records in one of the target formats.
 #pragma once
 
 #include "tidy/tidyRecord.h"
@@ -7,17 +7,19 @@ namespace tidy {
 
 enum class TargetForm { GbkIso, Utf8Iso, MarcXml };
 
-// Whether the form can hold the character. U+FFFD stands for bytes that were none and is another matter.
+// Returns whether the form can hold the character. U+FFFD is treated like any other character, although it replaces
+// damaged bytes.
 bool canHold(TargetForm form, char32_t character);
 
-// The leader as the layout of the targets has it: two indicators, codes of two characters, entries of 3, 4 and 5
-// digits. In GBK it does not say that the record is in Unicode.
+// Returns the leader for the target: two indicators, subfield identifiers of two characters, and directory entries of
+// 3, 4 and 5 digits. In GBK the leader does not state Unicode.
 QByteArray leaderFor(TargetForm form, QByteArray leader);
 
-// One record in the exchange layout, directory and lengths made anew. `data` are the record's fields, encoded.
+// Builds one record in exchange format with a new directory and new lengths. `data` are the encoded fields of the
+// record.
 class IsoRecordBytes {
 public:
-    // Empty, or why the layout has no room for the record.
+    // Returns an empty text, or the reason why the record does not fit the format.
     QString make(const TidyRecord &record, QByteArrayView data);
     QByteArrayView bytes() const { return m_bytes; }
 
@@ -25,7 +27,7 @@ private:
     QByteArray m_bytes;
 };
 
-// MARCXML, one record after the other; the bytes are taken away as they gather.
+// Writes MARCXML, one record after the other. take() removes and returns the bytes written so far.
 class MarcXmlWriter {
 public:
     void begin();

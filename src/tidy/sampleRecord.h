@@ -1,4 +1,4 @@
-// One record of a file as it would be read, for a look at its characters before the work.
+// Reads one record of a file, so that the user can check its characters before the run.
 #pragma once
 
 #include "tidy/sourceEncoding.h"
@@ -6,12 +6,12 @@
 namespace tidy {
 
 struct SampleRecord {
-    qint64 number = 0; // from 1; 0: no record was found
-    QString text;      // a field a line, subfield delimiters as they stand
+    qint64 number = 0; // counted from 1; 0: no record found
+    QString text;      // one field per line, with subfield delimiters unchanged
 };
 
-// The first record with characters beyond ASCII among the first ones of the file, else the first. `guessed` is what the
-// survey says. A bounded piece of work, whatever the file.
+// Returns the first record with characters beyond ASCII among the first records of the file, else the first record.
+// `guessed` is the result of the survey. The amount of work is limited for any file.
 platform::Result<SampleRecord> sampleRecord(const QString &path, SourceEncoding choice, marc::FileEncoding guessed);
 
 } // namespace tidy

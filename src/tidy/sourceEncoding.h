@@ -1,4 +1,4 @@
-// The encoding in which a source of records is read: guessed, or chosen by the user.
+// The encoding used to read a source of records: detected, or chosen by the user.
 #pragma once
 
 #include "marc/fileSurvey.h"
@@ -24,14 +24,15 @@ inline constexpr auto sourceEncodings = std::to_array<EncodingRow>({
 });
 
 QStringView caption(SourceEncoding choice);
-// Whether the machine has what it takes.
+// Returns whether the decoder of this encoding is available on the machine.
 bool isAvailable(SourceEncoding choice);
 
 inline bool isXml(marc::FileEncoding encoding) {
     return encoding == marc::FileEncoding::MarcXml || encoding == marc::FileEncoding::MarcXchange;
 }
 
-// How a file in the exchange layout is read that looks like `guessed`. What is not known is read as the program would.
+// Returns the encoding for reading a file in exchange format; `guessed` is the detected one. An unknown encoding is
+// read as GBK.
 platform::Charset charsetOf(SourceEncoding choice, marc::FileEncoding guessed);
 
 } // namespace tidy

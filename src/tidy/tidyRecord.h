@@ -1,4 +1,4 @@
-// A record between two forms: what it says, without lengths and addresses.
+// A record during conversion: its content without lengths and positions.
 #pragma once
 
 #include "marc/separators.h"
@@ -12,9 +12,9 @@ namespace tidy {
 inline constexpr int tagLength = 3;
 
 struct TidyRecord {
-    QByteArray leader; // 24 ASCII characters; lengths and base address in it mean nothing
-    QByteArray tags;   // three ASCII characters of each field, side by side
-    QString data;      // the fields in that order, each ended by its terminator, which stands nowhere else in them
+    QByteArray leader; // 24 ASCII characters; the lengths and the base address in it are not valid
+    QByteArray tags;   // three ASCII characters for each field, without separators
+    QString data;      // the fields in this order, each followed by its terminator, which does not occur inside a field
 };
 
 inline bool isTag(QByteArrayView tag) {
@@ -24,7 +24,7 @@ inline bool isTag(QByteArrayView tag) {
     return tag.size() == tagLength && std::all_of(tag.begin(), tag.end(), isLetterOrDigit);
 }
 
-// 24 characters, whatever was given.
+// Returns a leader of exactly 24 characters.
 inline QByteArray tidyLeader(QByteArrayView leader) {
     QByteArray text = leader.toByteArray().leftJustified(marc::leaderLength, ' ', true);
     std::replace_if(

@@ -11,7 +11,7 @@ namespace {
 
 constexpr QStringView lineBreak = u"\r\n";
 
-// "第 1、7 条"
+// Returns a text such as "第 1、7 条".
 QString placesOf(const Noted &noted) {
     QStringList numbers;
     for (const qint64 record : noted.records)
@@ -24,7 +24,7 @@ QString shownCharacter(char32_t character) {
     return character < 0x20 ? code : QStringView(QChar::fromUcs4(character)).toString() + u"（"_s + code + u"）"_s;
 }
 
-// XML says itself what it is in.
+// XML declares its own encoding, so the user's choice does not apply to it.
 bool isChosen(const TidyResult &result) {
     return result.chosen != SourceEncoding::Automatic && !isXml(result.encoding);
 }

@@ -1,4 +1,4 @@
-// What came of tidying a file, and the words for it. Memory: bounded, whatever the file holds.
+// The result of tidying a file and the texts about it. Memory use is limited for any file.
 #pragma once
 
 #include "tidy/sourceEncoding.h"
@@ -9,40 +9,40 @@
 
 namespace tidy {
 
-// How often something was met, and in which records first.
+// How often something occurred, and the first records in which it did.
 struct Noted {
     static constexpr qsizetype most = 10;
     qint64 count = 0;
-    QList<qint64> records; // numbers from 1, at most `most`
-    bool inMore = false;   // and in records beyond those
+    QList<qint64> records; // numbers counted from 1, at most `most`
+    bool inMore = false;   // further records are not listed
     void add(qint64 record, qint64 times = 1);
 };
 
 struct TidyResult {
     static constexpr std::size_t mostListed = 500;
 
-    marc::FileEncoding encoding = marc::FileEncoding::Unknown; // as it was guessed
-    bool doubtful = false;                                     // that it is this one
+    marc::FileEncoding encoding = marc::FileEncoding::Unknown; // as detected
+    bool doubtful = false;                                     // the detected encoding is uncertain
     SourceEncoding chosen = SourceEncoding::Automatic;
-    qint64 in = 0;                                // records met, usable or not
+    qint64 in = 0;                                // records found, usable or not
     qint64 out = 0;                               // records written
-    Noted lacking;                                // characters that the target's form cannot hold
-    std::map<char32_t, Noted> lackingByCharacter; // the first of them
+    Noted lacking;                                // characters that the target form cannot hold
+    std::map<char32_t, Noted> lackingByCharacter; // at most `mostListed` characters
     Noted damagedBytes;
     Noted damagedDirectories;
     Noted unreadable;
-    QList<std::pair<QString, Noted>> reasons; // why; the first that were met
-    QString unreadableFile;                   // where those are
-    qint64 passedOver = 0;                    // elements of XML that are named as records are and hold none
-    std::optional<QString> broken;            // where the source ended ahead of its end
-    QString target;                           // the file that was written
+    QList<std::pair<QString, Noted>> reasons; // why records are unreadable; at most the first 100 reasons
+    QString unreadableFile;                   // the file with the unreadable records
+    qint64 passedOver = 0;                    // XML elements named "record" that are not MARC records
+    std::optional<QString> broken;            // where the XML of the source is broken
+    QString target;                           // the file written
 
     void addLacking(char32_t character, qint64 record);
     void addUnreadable(qint64 record, const QString &why);
 };
 
 QString report(const TidyResult &result, const QString &source);
-// What was lost and what is in doubt, in one line; empty where nothing is.
+// Returns one line about losses and doubts, or an empty text if there are none.
 QString warning(const TidyResult &result);
 
 } // namespace tidy

@@ -20,10 +20,10 @@ namespace tidy {
 namespace {
 
 constexpr qint64 bytesPerStep = 1 << 20;
-constexpr int looking = 20; // per cent of the work
+constexpr int looking = 20; // percentage of the work for detecting the encoding
 constexpr QByteArrayView lineEnd("\r\n");
 
-// `mark` goes between the name and its extension, which is `extension` where one is given.
+// Returns the target path with `mark` before its extension, which is replaced by `extension` unless that is empty.
 QString beside(const QString &target, const QString &mark, const QString &extension = {}) {
     const qsizetype folder = platform::folderOf(target).size();
     const qsizetype point = target.lastIndexOf(u'.');
@@ -31,7 +31,7 @@ QString beside(const QString &target, const QString &mark, const QString &extens
     return target.first(end) + mark + (extension.isEmpty() ? target.sliced(end) : extension);
 }
 
-// A field stands on one line.
+// Replaces line breaks by blanks, since a field is on one line.
 void blankBreaks(QString &text) {
     if (text.contains(u'\n') || text.contains(u'\r'))
         text.replace(u"\r\n"_s, u" "_s).replace(u'\r', u' ').replace(u'\n', u' ');
@@ -56,7 +56,7 @@ TidyFiles::TidyFiles(const QString &target)
 QStringList TidyFiles::existing() const {
     QStringList found;
     for (const QString &path : {target, unreadable, unreadableXml, ahead}) {
-        const bool stands = platform::fileExists(path) || QFileInfo(path).isSymLink(); // be it to nowhere
+        const bool stands = platform::fileExists(path) || QFileInfo(path).isSymLink(); // even if the link is dangling
         if (stands && !found.contains(path))
             found.append(path);
     }
@@ -115,7 +115,7 @@ platform::Result<bool> TidyRun::look() {
     return true;
 }
 
-// Out of XML the target is made under another name, since the XML may break off.
+// From an XML source, the target is first written under another name, since the XML may be broken.
 Status TidyRun::beginWork() {
     m_charset = charsetOf(m_result.chosen, m_result.encoding);
     auto source = isXmlSource() ? MarcXmlSource::open(m_source) : IsoSource::open(m_source, m_charset);
@@ -163,7 +163,7 @@ platform::Result<bool> TidyRun::ended() {
                    (m_result.broken ? u"。XML 有错，"_s + *m_result.broken : QString())};
 }
 
-// What was damaged in the record in hand.
+// Returns the number of damaged byte sequences in the current record.
 qint64 TidyRun::damagedInHand() {
     const qint64 sofar = m_records->damagedBytes();
     return sofar - std::exchange(m_damagedBefore, sofar);
@@ -181,7 +181,7 @@ Status TidyRun::keep() {
     const qint64 number = ++m_result.in;
     ++m_result.out;
     for (const char32_t character : lacking) {
-        if (character != QChar::ReplacementCharacter || damaged == 0) // else it stands for what was damaged
+        if (character != QChar::ReplacementCharacter || damaged == 0) // otherwise it replaces damaged bytes
             m_result.addLacking(character, number);
     }
     if (damaged > 0)
@@ -191,7 +191,7 @@ Status TidyRun::keep() {
     return written;
 }
 
-// Why the record has no room in the target's form, or nothing.
+// Returns why the record does not fit the target form, or an empty text.
 QString TidyRun::write(const TidyRecord &record, Status &written) {
     if (m_xml) {
         m_xml->add(record);
@@ -201,12 +201,12 @@ QString TidyRun::write(const TidyRecord &record, Status &written) {
     const bool isGbk = m_form == TargetForm::GbkIso;
     const QString why = m_iso.make(record, isGbk ? platform::encode(record.data) : record.data.toUtf8());
     if (why.isEmpty() && (written = m_target->write(m_iso.bytes())) && isGbk)
-        written = m_target->write(lineEnd); // other programs want none
+        written = m_target->write(lineEnd); // other programs expect no line ends in the UTF-8 form
     return why;
 }
 
 Status TidyRun::setAside(const QString &why) {
-    damagedInHand(); // is not told: its bytes are kept
+    damagedInHand(); // not reported, since the bytes are kept
     m_result.addUnreadable(++m_result.in, why);
     if (isXmlSource()) {
         if (const Status opened = openAside(); !opened)
@@ -241,7 +241,7 @@ Status TidyRun::writeAside(QByteArrayView bytes) {
     return m_aside->write(bytes);
 }
 
-// The file beside first: if the target then fails it is taken away again, and nothing is left.
+// Commits the file of unusable records first: if the target then fails, that file is removed and nothing remains.
 Status TidyRun::close() {
     m_result.target = m_result.broken ? m_files.ahead : m_files.target;
     if (const Status ended = endXml(); !ended)

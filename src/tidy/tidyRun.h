@@ -1,6 +1,5 @@
-// Makes a record file anew in one of the forms that files have: whatever encoding and line ends it came with. Done in
-// steps of bounded work and memory. The files appear under their names in close(); where that is not reached, nothing
-// is left of them. The source is only read.
+// Rewrites a record file of any encoding and line ends in one of the target forms, in steps of limited work and memory.
+// The files get their names in close(); if it is not called, nothing remains of them. The source is only read.
 #pragma once
 
 #include "marc/fileSurvey.h"
@@ -15,8 +14,8 @@
 
 namespace tidy {
 
-// The files that a run may write beside its target: records that could not be used, byte for byte or, from XML, as XML;
-// and what stands ahead of a break in XML, in the target's stead.
+// The files that a run may write. In addition to the target: the unusable records, unchanged (from an XML source as
+// XML), and, instead of the target, the records before an error in the XML.
 struct TidyFiles {
     QString target;
     QString unreadable;
@@ -24,7 +23,7 @@ struct TidyFiles {
     QString ahead;
 
     explicit TidyFiles(const QString &target);
-    // Those of them that exist.
+    // Returns the existing ones of these files.
     QStringList existing() const;
 };
 
@@ -34,7 +33,8 @@ struct Refusal {
     Field focus;
 };
 
-// What forbids to begin; nothing where the run may go on to the question about existing files. Both paths are trimmed.
+// Returns why the run must not begin, or std::nullopt if it may continue with the question about existing files. Both
+// paths must be trimmed.
 std::optional<Refusal> refuseTidy(const QString &source, const QString &target);
 
 class TidyRun {
@@ -43,12 +43,12 @@ public:
             SourceEncoding encoding = SourceEncoding::Automatic);
 
     platform::Status open();
-    // The next piece of work; false when all is read.
+    // Does the next step. Returns false when everything is read.
     platform::Result<bool> step();
     platform::Status close();
 
-    int percent() const; // of the work
-    // Before close() as far as it has come.
+    int percent() const; // of the work done
+    // Before close(), the result so far.
     const TidyResult &result() const { return m_result; }
 
 private:
@@ -68,8 +68,8 @@ private:
     QString m_source;
     TidyFiles m_files;
     TargetForm m_form;
-    platform::Charset m_charset = platform::Charset::Gbk; // of a source in the exchange layout
-    std::optional<marc::FileSurvey> m_survey;             // while the encoding is looked for
+    platform::Charset m_charset = platform::Charset::Gbk; // of a source in exchange format
+    std::optional<marc::FileSurvey> m_survey;             // while the encoding is being detected
     std::unique_ptr<TidySource> m_records;
     std::optional<platform::SavedFile> m_target;
     std::optional<platform::SavedFile> m_aside;
@@ -77,7 +77,7 @@ private:
     std::optional<MarcXmlWriter> m_xml;
     std::optional<MarcXmlWriter> m_asideXml;
     qint64 m_size = 0;
-    qint64 m_damagedBefore = 0; // bytes, up to the record in hand
+    qint64 m_damagedBefore = 0; // bytes, before the current record
     TidyResult m_result;
 };
 

@@ -1,4 +1,4 @@
-// Records of any form, one after the other, in steps of bounded work.
+// Reads records of any form one after the other, in steps of limited work.
 #pragma once
 
 #include "platform/result.h"
@@ -11,25 +11,25 @@ class TidySource {
 public:
     enum class Found {
         Record,
-        Unreadable, // a record that cannot be used; why() says what is wrong with it
-        Piece,      // of a record that is too long to be looked at; raw() has its next bytes, it ends as Unreadable
-        NotYet,     // nothing in this step
+        Unreadable, // a record that cannot be used; why() returns the reason
+        Piece,  // part of a record that is too long; raw() returns its next bytes, and the record ends as Unreadable
+        NotYet, // no result in this step
         End
     };
 
     virtual ~TidySource() = default;
 
     virtual platform::Result<Found> next() = 0;
-    // Of the record in hand, until the next step.
+    // About the current record; valid until the next step.
     virtual const TidyRecord &record() const = 0;
-    virtual QByteArrayView raw() const = 0; // its bytes in the source; out of XML, its element as it stood
+    virtual QByteArrayView raw() const = 0; // its bytes in the source; for XML, its element unchanged
     virtual QString why() const = 0;
-    virtual bool directoryDamaged() const { return false; } // though it could be used
+    virtual bool directoryDamaged() const { return false; } // the record is usable nevertheless
 
-    virtual qint64 damagedBytes() const = 0;        // sequences that are no characters, up to here
-    virtual qint64 position() const = 0;            // in the source's bytes
-    virtual qint64 passedOver() const { return 0; } // elements that are named as records are and hold none
-    // Where and why the source ended ahead of its end.
+    virtual qint64 damagedBytes() const = 0;        // invalid byte sequences so far
+    virtual qint64 position() const = 0;            // in bytes of the source
+    virtual qint64 passedOver() const { return 0; } // elements named "record" that are not MARC records
+    // Returns where and why the XML of the source is broken.
     virtual std::optional<QString> broken() const { return std::nullopt; }
 };
 
