@@ -1,8 +1,8 @@
-# The shape that every folder of the house has: a logic target that links no screen and, where the folder has windows,
-# a second target `<folder>_ui`. Whatever a folder's logic uses, its windows use too.
+# Builds the targets of a folder of src/: a logic target that links no module with widgets and, if the folder has windows,
+# a second target `<folder>_ui`. The windows link everything that the logic uses.
 
 add_library(house_options INTERFACE)
-# g++ 12 sees array bounds broken where the toolkit joins a text with an empty one.
+# g++ 12 wrongly reports array bounds where Qt concatenates an empty string.
 target_compile_options(house_options INTERFACE -Wall -Wextra -Wpedantic -Werror -Wnon-virtual-dtor -Woverloaded-virtual
                                                -Wno-missing-field-initializers -Wno-array-bounds
                                                -Winvalid-pch $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
@@ -45,8 +45,8 @@ function(house_folder name)
   endif()
 endfunction()
 
-# house_tests(marc USES marc SOURCES a.cpp b.cpp): one test program `<name>_tests`, run without a screen. With SERVERS its
-# tests find the database servers running, and share them with no other test meanwhile.
+# house_tests(marc USES marc SOURCES a.cpp b.cpp): one test program `<name>_tests`, run without a screen. With SERVERS the
+# database servers are running during its tests, and no other test uses them meanwhile.
 set(TARVEX_TEST_TIMEOUT 60 CACHE STRING "Seconds that one test may take; a build with sanitizers needs more")
 function(house_tests name)
   cmake_parse_arguments(T "SERVERS" "" "SOURCES;USES" ${ARGN})

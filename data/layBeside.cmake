@@ -1,5 +1,5 @@
-# Lays the file MADE over TARGET, unless somebody has changed TARGET since it was laid there: then a newer one goes beside
-# it as TARGET.new, and it is said, once. What was made last is remembered beside MADE.
+# Copies the file MADE to TARGET, unless TARGET was changed since the last copy: then a newer file is copied to
+# TARGET.new, with one message. The hash of the last copy is stored next to MADE.
 file(SHA256 "${MADE}" made)
 set(last "")
 if(EXISTS "${MADE}.laid")
@@ -17,4 +17,4 @@ elseif(NOT made STREQUAL last)
   message("${TARGET} was changed and is kept; the new one lies beside it: ${TARGET}.new")
 endif()
 file(WRITE "${MADE}.laid" "${made}")
-file(TOUCH "${TARGET}") # as new as what it was compared with, so that this is not done or said again
+file(TOUCH "${TARGET}") # as new as MADE, so that this is not repeated

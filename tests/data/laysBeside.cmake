@@ -1,4 +1,4 @@
-# A configuration file that the office has changed is kept; an unchanged one follows its text.
+# Tests that a configuration file changed by the user is kept, and that an unchanged one is updated from its text.
 # Usage: cmake -DSCRIPT=layBeside.cmake -DFOLDER=scratch -P laysBeside.cmake
 function(lay text)
   file(WRITE "${FOLDER}/made" "${text}")
@@ -28,7 +28,7 @@ expect(standing.new three)
 if(NOT said MATCHES "standing.new")
   message(FATAL_ERROR "not a word: '${said}'")
 endif()
-file(WRITE "${FOLDER}/standing" three) # the office has accepted the new file
+file(WRITE "${FOLDER}/standing" three) # the user has accepted the new file
 lay(three)
 lay(four)
 expect(standing four)
