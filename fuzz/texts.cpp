@@ -50,7 +50,7 @@ void checkNumber(const QString &text) {
     require(value.has_value() == fits && (!fits || *value == model), "the value of a number is right");
     require(!fits || leadingNumber(text) == model, "the leading number of a number is its value");
     require(leadingNumber(QString(text + u"年")) == leadingNumber(text),
-            "what stands behind a number is not looked at");
+            "text after a number does not change its value");
     checkInteger(toInt16(text), value);
     checkInteger(toInt32(text), value);
     const QString trimmed = trimBlanks(text);

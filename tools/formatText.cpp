@@ -23,7 +23,7 @@ QString takeLine(const QString &line, Format &format) {
     static const QRegularExpression subfieldShape(uR"(^\$[0-9A-Za-z] (\S|\S.*\S)$)"_s);
     if (const auto field = fieldShape.match(line); field.hasMatch()) {
         if (!format.isEmpty() && format.back().tag >= field.captured(1)) // "???" sorts behind the digits
-            return u"the field must stand behind "_s + format.back().tag + u", and once"_s;
+            return u"the field must follow "_s + format.back().tag + u", and once"_s;
         format.append({field.captured(1), field.captured(2), {}});
         return {};
     }
@@ -109,7 +109,7 @@ QString templateFault(const QStringList &lines, const Format &format) {
             if (line != u"[必备子字段]" && line != u"[不能重复的子字段]")
                 fault = u"no section of this name"_s;
             else if (inSection)
-                fault = u"the section must stand behind an empty line"_s;
+                fault = u"the section must follow an empty line"_s;
             inSection = true;
             rules.clear();
         } else if (line.isEmpty()) {

@@ -91,7 +91,7 @@ platform::Status prepareDatabase(const QString &path) {
         std::printf("%s is left as it is, it does not work as a database: %s\n", name.constData(),
                     mended.failure().description.toUtf8().constData());
     else if (!mended.value().isEmpty())
-        std::printf("The embedded database %s lacked tables. Made anew, empty: %s\n"
+        std::printf("The embedded database %s lacked tables. Created empty: %s\n"
                     "If it held rows, another file has taken its place: bring the old one back.\n",
                     name.constData(), mended.value().join(u", "_s).toUtf8().constData());
     return platform::success();

@@ -103,7 +103,7 @@ TEST(SingleInstance, LetsGoWhenItsProcessDies) {
     ASSERT_EQ(pipe(ready), 0);
     const pid_t child = fork();
     if (child == 0) {
-        umask(077); // the claim must be visible to other accounts all the same
+        umask(077); // the claim must be visible to other accounts in spite of it
         const SingleInstance claim(name, folder.path());
         const char first = claim.isFirst() ? 'y' : 'n';
         std::ignore = write(ready[1], &first, 1);

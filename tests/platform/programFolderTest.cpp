@@ -61,12 +61,12 @@ TEST_F(ProgramFolderTest, AFileOnceLaidIsTheUsersAndANewerOneIsToldOnce) {
     expectLaid({}, files, "changed by the user");
     bring("newer");
     expectLaid(newer, withNewer, "brought by a package");
-    expectLaid({}, withNewer, "told before");
+    expectLaid({}, withNewer, "reported before");
     bring("newest");
     expectLaid(newer, withNewer, "and another one");
     EXPECT_EQ(own(u"a.Qvs"_s) + '/' + own(u"a.Qvs.new"_s), "mine/newest");
     ASSERT_TRUE(QFile::remove(to + u"/laid.txt"));
-    expectLaid(newer, withNewer, "nobody knows what was told");
+    expectLaid(newer, withNewer, "the list of reported files is lost");
     ASSERT_TRUE(QFile::remove(to + u"/a.Qvs"));
     expectLaid({}, files, "the user does without his own");
     EXPECT_EQ(own(u"a.Qvs"_s), "newest");

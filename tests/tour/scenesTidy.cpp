@@ -98,7 +98,7 @@ void tidy(TourDriver &driver) {
     driver.type(pathOf(u"foreign.iso"_s));
     tidyForeign(driver);
     driver.expect(driver.textOf(u"txtResult"_s).contains(u"𠮷（U+20BB7）：%1 处"_s.arg(rare)),
-                  u"what was lost is told"_s);
+                  u"the lost characters are listed"_s);
     tidyXml(driver);
     stopTidying(driver);
 }
