@@ -38,13 +38,16 @@ QString ofTheImport(const StatusFacts &facts) {
 } // namespace
 
 bool warns(const StatusFacts &facts) {
-    return !facts.warning.isEmpty() || facts.fieldsCameOrWent || !facts.draftFault.isEmpty();
+    return !facts.warning.isEmpty() || facts.fieldsCameOrWent || !facts.draftFault.isEmpty() ||
+           !facts.databaseTrouble.isEmpty();
 }
 
 QString statusLine(const StatusFacts &facts) {
     QStringList said{facts.warning.isEmpty() ? QString() : QString(u"⚠ " + facts.warning),
                      editing(facts),
                      facts.draftFault.isEmpty() ? QString() : QString(u"⚠ " + facts.draftFault),
+                     facts.databaseTrouble.isEmpty() ? QString()
+                                                     : QString(u"⚠ " + facts.databaseTrouble + u"，不能导入"),
                      facts.remark,
                      ofTheImport(facts),
                      facts.deed,

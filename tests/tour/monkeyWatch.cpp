@@ -3,6 +3,7 @@
 #include "marc/recordCutter.h"
 #include "proof/windows/frmMessage.h"
 #include "tour/errands.h"
+#include "workspace/windows/draftBar.h"
 #include "workspace/windows/frmDaoru.h"
 #include <QApplication>
 #include <QFileDialog>
@@ -76,11 +77,18 @@ void MonkeyWatch::opened(QWidget *window) {
     connect(ours, &widgets::Window::unloaded, this, [this, ours] { closed(ours); });
     if (const auto *report = qobject_cast<proof::frmMessage *>(ours))
         toolReported(report->messageText->toPlainText());
-    else if (ours->objectName() == u"frmDaoru")
-        m_takenOver = 0;
+    else if (auto *desk = qobject_cast<workspace::frmDaoru *>(ours))
+        workspaceOpened(*desk);
     else if (ours->objectName() == u"frmDaoRuJindu")
         m_driver.expectEqual(TourDriver::find<QLabel>(u"frmDaoru/labJinDu"_s)->text(), u"预读结束"_s,
                              u"the read behind an import"_s);
+}
+
+// What an earlier start has left may be put back into the list.
+void MonkeyWatch::workspaceOpened(workspace::frmDaoru &desk) {
+    m_takenOver = 0;
+    connect(desk.draftBar, &workspace::DraftBar::restoreWanted, this,
+            [this, &desk] { m_takenOver += numberIn(desk.draftBar->draftWords->text()); });
 }
 
 void MonkeyWatch::closed(widgets::Window *window) {

@@ -8,6 +8,10 @@
 
 class QFileDialog;
 
+namespace workspace {
+class frmDaoru;
+}
+
 namespace tour {
 
 class MonkeyWatch final : public QObject {
@@ -22,6 +26,7 @@ public:
 private:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void opened(QWidget *window);
+    void workspaceOpened(workspace::frmDaoru &desk);
     void closed(widgets::Window *window);
 
     void boxOpened(const QString &text);

@@ -286,6 +286,9 @@ TEST(StatusLine, SaysTheMostUrgentFirst) {
     EXPECT_EQ(statusLine(facts),
               u"⚠ 本条增删了字段，离开时不会询问：请改动一处内容　文件有 5 个记录结束符，读出 3 条"_s);
     EXPECT_TRUE(warns(facts));
+    facts = {.databaseTrouble = u"没有"_s};
+    EXPECT_EQ(statusLine(facts), u"⚠ 没有，不能导入"_s);
+    EXPECT_TRUE(warns(facts));
     facts = {.warning = u"W"_s, .column = 12, .columns = 36, .assistant = true};
     EXPECT_EQ(statusLine(facts), u"⚠ W　第 12 位/36　Ctrl+E 辅助录入"_s);
 }

@@ -18,9 +18,7 @@ using widgets::row;
 namespace workspace {
 
 namespace {
-
 constexpr int firstBatch = 200; // records read before the window is shown
-
 } // namespace
 
 frmDaoru::frmDaoru(platform::Host &host, WorkspaceWindows windows, QWidget *parent)
@@ -210,6 +208,7 @@ void frmDaoru::load() {
     enterState(m_parts->reading.state());
     resetFieldGrid();
     loadData();
+    m_parts->status.sayDatabaseTrouble(m_windows.databaseTrouble());
 }
 
 void frmDaoru::loadData() {

@@ -37,6 +37,11 @@ void StatusLine::sayOfRecord(const QString &deed) {
     update();
 }
 
+void StatusLine::sayDatabaseTrouble(const QString &words) {
+    m_facts.databaseTrouble = words;
+    update();
+}
+
 void StatusLine::sayImported(const ImportedNow &imported) {
     m_facts.imported = imported;
     update();

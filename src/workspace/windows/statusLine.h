@@ -22,6 +22,7 @@ public:
 
     void say(const QString &remark);               // until the next one
     void sayOfRecord(const QString &deed);         // until another record is shown
+    void sayDatabaseTrouble(const QString &words); // empty: none is known
     void sayImported(const ImportedNow &imported); // until the list is another one
 
 private:

@@ -56,7 +56,7 @@ struct WorkspaceWindows {
         runImport;
     std::function<RemarksPane(const RemarksNeeds &needs)> makeRemarks;
     // Why an import would fail, as far as it is known without asking the database; empty otherwise.
-    std::function<QString()> databaseTrouble;
+    std::function<QString()> databaseTrouble = [] { return QString(); };
     Assistant leaderAssistant;   // frmHelpLR000
     Assistant field100Assistant; // frmHelpLR100
 };
