@@ -29,7 +29,7 @@ bool typesText(const QKeyEvent *event) {
     return !command && !event->text().isEmpty() && event->text()[0].isPrint();
 }
 
-// Claims the keys that an open editor answers itself, ahead of the window and its shortcuts.
+// Claims the keys that an open editor handles itself, before the window and its shortcuts get them.
 bool claims(QKeyEvent *event) {
     if (!isEnter(event) && event->key() != Qt::Key_Escape && !isAssistantKey(event))
         return false;
@@ -37,7 +37,7 @@ bool claims(QKeyEvent *event) {
     return true;
 }
 
-// An editor that is left while it is open takes the focus back. Another window in front is no leaving.
+// An open editor that loses the focus takes it back, unless another window was activated.
 void takeFocusBack(QWidget *editor, const QFocusEvent *event) {
     if (!editor->isVisible() || event->reason() == Qt::ActiveWindowFocusReason ||
         event->reason() == Qt::PopupFocusReason)
@@ -81,7 +81,7 @@ bool EditorKeys::eventFilter(QObject *, QEvent *event) {
     return false;
 }
 
-// Alt and the letter of a button that is grey meanwhile: the toolkit would write the letter into the record.
+// Alt and a letter means a button that is disabled at the moment; Qt would insert the letter into the record.
 bool EditorKeys::meansAButton(const QKeyEvent *event) {
     return (event->modifiers() & ~Qt::KeyboardModifiers(Qt::ShiftModifier)) == Qt::AltModifier &&
            !event->text().isEmpty();
@@ -100,7 +100,7 @@ bool EditorKeys::endsEdit(QKeyEvent *event) {
 bool EditorKeys::endsComposition(QKeyEvent *event) {
     if (m_preedit.isEmpty())
         return false;
-    event->accept(); // the input method's own keys must not reach the window either
+    event->accept(); // the keys of the input method must not reach the window either
     const bool drops = event->key() == Qt::Key_Escape;
     const bool ends = drops || isEnter(event);
     if (!ends && !typesText(event))
@@ -108,7 +108,7 @@ bool EditorKeys::endsComposition(QKeyEvent *event) {
     QInputMethodEvent over;
     if (!drops)
         over.setCommitString(m_preedit);
-    QGuiApplication::inputMethod()->reset(); // may answer with an end of its own
+    QGuiApplication::inputMethod()->reset(); // may itself end the composition
     if (!m_preedit.isEmpty())
         QCoreApplication::sendEvent(m_editor, &over);
     return ends;
@@ -116,7 +116,7 @@ bool EditorKeys::endsComposition(QKeyEvent *event) {
 
 CellText::CellText(const QString &objectName, QWidget *parent)
     : TextBox(objectName, parent) {
-    setContextMenuPolicy(Qt::NoContextMenu); // the right button has a meaning of its own
+    setContextMenuPolicy(Qt::NoContextMenu); // the right button is used for enlarging
     setFrameShape(QFrame::NoFrame);
     document()->setDocumentMargin(margin);
     setEnlarged(false);
@@ -176,7 +176,7 @@ void CellText::mouseDoubleClickEvent(QMouseEvent *event) {
 }
 
 void CellText::focusOutEvent(QFocusEvent *event) {
-    m_limit.reset(); // the limit holds until the box is left for the first time
+    m_limit.reset(); // the limit applies until the box first loses the focus
     TextBox::focusOutEvent(event);
 }
 

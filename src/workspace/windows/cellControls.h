@@ -1,6 +1,6 @@
-// What is laid over the field grid to edit in place: the keys of both editors, and the editor of contents. They know
-// keys and focus and nothing of records. An input method's composition is left alone: Enter and Esc that belong to it
-// end no edit.
+// The controls for editing in place over the field grid: the keys of both editors, and the editor of contents. They
+// handle keys and focus only and know nothing about records. The composition of an input method is not disturbed: its
+// Enter and Esc do not end the edit.
 #pragma once
 
 #include "widgets/textBox.h"
@@ -9,8 +9,8 @@
 
 namespace workspace {
 
-// What both do with keys and focus: Enter and Esc end the edit, and an editor that is left while it is open takes the
-// focus back.
+// Handles keys and focus of both editors: Enter and Esc end the edit, and an open editor that loses the focus takes it
+// back.
 class EditorKeys final : public QObject {
     Q_OBJECT
 public:
@@ -27,15 +27,15 @@ protected:
 private:
     static bool meansAButton(const QKeyEvent *event);
     bool endsEdit(QKeyEvent *event);
-    // Whether the key is used up by the composition. One that the input method did not take, perhaps because it is no
-    // longer there, ends the composition: Esc drops what was composed, Enter and typing keep it.
+    // Returns whether the composition consumes the key. A key that the input method did not handle, perhaps because it
+    // is gone, ends the composition: Esc discards the composed text, Enter and typing keep it.
     bool endsComposition(QKeyEvent *event);
 
     QWidget *m_editor;
-    QString m_preedit; // what an input method has under way
+    QString m_preedit; // the text being composed by an input method
 };
 
-// Edits the content of a cell, in one line or, enlarged, in many.
+// Edits the content of a cell, in one line or, if enlarged, in several.
 class CellText final : public widgets::TextBox {
     Q_OBJECT
 public:
@@ -43,13 +43,13 @@ public:
 
     CellText(const QString &objectName, QWidget *parent);
 
-    // What is typed, pasted or composed beyond so many characters is left out; what is loaded is not cut.
+    // Drops text that is typed, pasted or composed beyond the limit, but does not shorten a text set by the program.
     void setLimit(std::optional<int> characters) { m_limit = characters; }
     void setEnlarged(bool enlarged);
 
 Q_SIGNALS:
     void assistantWanted(); // Ctrl+E
-    void enlargeWanted();   // right button down
+    void enlargeWanted();   // right button pressed
     void reduceWanted();    // double click
 
 protected:
@@ -61,7 +61,7 @@ protected:
     void focusOutEvent(QFocusEvent *event) override;
 
 private:
-    qsizetype room() const; // characters that may still come in, in place of the selection
+    qsizetype room() const; // characters that can still be entered, replacing the selection
 
     std::optional<int> m_limit;
     bool m_enlarged = false;

@@ -12,7 +12,7 @@ namespace {
 
 constexpr QStringView smallHint = u"鼠标右击可大屏幕编辑,回车结束输入返回,按【Esc】取消";
 constexpr QStringView largeHint = u"双击可结束输入返回,按【Esc】取消";
-constexpr int lineLimit = 1 << 20; // characters; as good as none
+constexpr int lineLimit = 1 << 20; // characters; practically unlimited
 
 } // namespace
 
@@ -95,7 +95,7 @@ void CellEditors::enlarge() {
 
 void CellEditors::openLarge() {
     if (Text1->isVisible())
-        return; // one editor at a time
+        return; // only one editor at a time
     if (richText->isVisible())
         return m_enlarged ? reduce() : enlarge();
     openContent();
@@ -133,13 +133,13 @@ void CellEditors::place() {
     const QRect cell = m_grid.cellRect(editRow, editCol);
     if (cell.isValid())
         return editor->setGeometry(cell);
-    // A record without that row came under the editor, which then stays where it was as far as the grid goes.
+    // The new record does not have that row: the editor stays where it was, but inside the grid.
     const QRect grid = m_grid.geometry();
     editor->move(std::min(editor->x(), grid.right() - editor->width()),
                  std::min(editor->y(), grid.bottom() - editor->height()));
 }
 
-// Whatever row has become current.
+// Scrolls to the edited row, even if another row has become current.
 void CellEditors::keepInSight() {
     if (!richText->isVisible() && !Text1->isVisible())
         return;
@@ -152,7 +152,7 @@ void CellEditors::showEditedCell() {
     m_grid.setColumn(editCol);
 }
 
-// Does nothing where another record was chosen meanwhile that has no such row.
+// Does nothing if another record without that row was chosen in the meantime.
 void CellEditors::enter(const QString &text, bool marks, const std::optional<QString> &leader) {
     m_record.edit({.row = editRow, .column = editCol, .text = text, .marks = marks, .leader = leader});
 }
@@ -174,7 +174,7 @@ bool CellEditors::isOpen() const {
 void CellEditors::commitContent() {
     QString typed = richText->text();
     const bool changed = platform::trimBlanks(typed) != m_record.row(editRow).value;
-    enter(typed.remove(u"\r\n"_s), changed); // the blanks at the ends stay
+    enter(typed.remove(u"\r\n"_s), changed); // leading and trailing blanks are kept
     endContent();
 }
 
@@ -232,7 +232,7 @@ void CellEditors::openAssistant() {
         enter(leader, leader != m_record.row(editRow).value, leader);
         return endContent();
     }
-    // Each further field 100 above opens the assistant once more, on a box that is empty by then.
+    // For each further field 100 above, the assistant opens again; the box is empty by then.
     for (int left = field100Assistants(m_record.rows(), editRow); left > 0; --left) {
         public100ZD = runAssistant(m_windows.field100Assistant);
         enter(public100ZD, public100ZD != m_record.row(editRow).value);
@@ -240,7 +240,7 @@ void CellEditors::openAssistant() {
     }
 }
 
-// What the assistant has made of the text in the box; the text itself where it was left without an answer.
+// Returns the text from the assistant, or the text in the box if the user cancelled.
 QString CellEditors::runAssistant(const Assistant &assistant) {
     richText->hide();
     const QString text = richText->text();

@@ -1,5 +1,5 @@
-// The two in-place editors over the field grid: opening one over a cell, keeping it there, taking over or dropping what
-// was typed, and the way from an open editor to the assistants. At most one is open at a time.
+// The two in-place editors over the field grid: opens an editor over a cell, keeps it there, enters or discards the
+// typed text, and opens the assistants from an editor. At most one editor is open at a time.
 #pragma once
 
 #include "platform/host.h"
@@ -13,7 +13,7 @@ namespace workspace {
 class CellEditors final : public QObject {
     Q_OBJECT
 public:
-    // What is out of reach while an editor is open, beside the commands.
+    // The controls that are disabled while an editor is open, in addition to the commands.
     enum class Hold { FieldsAndList, Fields };
 
     CellEditors(FieldGrid &grid, EditedRecord &record, platform::Host &host, const WorkspaceWindows &windows);
@@ -21,31 +21,32 @@ public:
     CellText *const richText; // edits column 4
     QLineEdit *const Text1;   // edits columns 1, 2 and 3
 
-    int editRow = 0;     // the row that was clicked last, and the one that an open editor writes to; 0: none yet
+    int editRow = 0;     // the row last clicked, and the row that an open editor writes to; 0: none yet
     int editCol = 0;     // the column that an open editor writes to
-    QString public100ZD; // the text handed to and returned by the assistant of field 100
+    QString public100ZD; // the text passed to and returned by the field 100 assistant
 
-    // Of the current row. Does nothing where the row has no identifier or several rows are selected.
+    // Opens the editor for the content of the current row. Does nothing if the row has no identifier or if several rows
+    // are selected.
     void openContent();
-    // Of the current row, in the column.
+    // Opens the editor for the given column of the current row.
     void openIdentity(IdentityColumn column);
-    // Opens the content of the current row in the large form, or changes the form of an open one.
+    // Opens the content of the current row in the large form, or toggles the form of an open content editor.
     void openLarge();
-    // Where the open content editor stands, and whether Ctrl+E has something to offer there.
-    std::optional<qsizetype> position() const; // from 1
+    // The cursor of the open content editor, its limit, and whether Ctrl+E opens an assistant.
+    std::optional<qsizetype> position() const; // counted from 1
     std::optional<int> limit() const;
     bool hasAssistant() const;
-    // What is to be said about the record, with the content that is being typed.
+    // Returns the warning about the record, including the content being typed.
     QString warning() const;
-    bool isOpen() const; // one of the editors, or an assistant of it
-    // What an open editor would enter by now; nothing where it would be refused.
+    bool isOpen() const; // an editor, or an assistant opened from it
+    // Returns the change that an open editor would enter now, or std::nullopt if it would be refused.
     std::optional<CellChange> typing() const;
 
 Q_SIGNALS:
     void opened(Hold hold);
     void closed();
-    void moved(); // the cursor of an open content editor
-    void typed(); // an open editor has another text, or is closed
+    void moved(); // the cursor of an open content editor moved
+    void typed(); // the text of an open editor changed, or the editor was closed
 
 private:
     void connectEditors();
@@ -72,8 +73,8 @@ private:
     EditorKeys m_contentKeys;
     EditorKeys m_identityKeys;
     bool m_enlarged = false;
-    bool m_isOpen = false;      // from opened() to closed()
-    bool m_isElsewhere = false; // another record was shown under the open editor
+    bool m_isOpen = false;      // between opened() and closed()
+    bool m_isElsewhere = false; // another record was shown while the editor was open
 };
 
 } // namespace workspace

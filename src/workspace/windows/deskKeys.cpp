@@ -44,7 +44,7 @@ void DeskKeys::bindAll() {
     };
     whenFree(Qt::ControlModifier | Qt::Key_PageUp, [this] { m_parts.moving.step(-1); });
     whenFree(Qt::ControlModifier | Qt::Key_PageDown, [this] { m_parts.moving.step(1); });
-    // An open editor and the find line undo their own.
+    // An open editor and the find line have their own undo.
     whenFree(QKeySequence::Undo, [this] { goBack(m_parts.record.undo(), u"已撤销："_s, u"没有可撤销的修改"_s); });
     whenFree(Qt::ControlModifier | Qt::Key_Y,
              [this] { goBack(m_parts.record.redo(), u"已重做："_s, u"没有可重做的修改"_s); });
@@ -60,12 +60,12 @@ void DeskKeys::bindAll() {
     inWindow(Qt::Key_F8, [this] { Q_EMIT remarksWanted(); });
     const QList<QKeySequence> keys = FieldCommands::keys();
     for (int item = 1; item <= keys.size(); ++item)
-        if (!keys[item - 1].isEmpty() && keys[item - 1] != QKeySequence(Qt::Key_Return)) // the grid has that itself
+        if (!keys[item - 1].isEmpty() && keys[item - 1] != QKeySequence(Qt::Key_Return)) // handled by the grid itself
             bind(&m_parts.fields, keys[item - 1], Qt::WidgetShortcut,
                  [this, item] { m_parts.commands.runByKey(item); });
 }
 
-// The row that changed becomes the current one, so that what was undone is to be seen.
+// Makes the changed row current, so that the user sees what was undone.
 void DeskKeys::goBack(const std::optional<EditedRecord::Gone> &gone, const QString &done, const QString &nothing) {
     if (!gone)
         return Q_EMIT told(nothing);
@@ -79,7 +79,7 @@ void DeskKeys::goToRecord(int row) {
         m_parts.list.clickRow(row);
 }
 
-// To the first row of the current record whose content holds the words, in either case of its letters.
+// Moves to the first row of the current record whose content contains the words, ignoring case.
 void DeskKeys::goToWords(const QString &words) {
     const marc::FieldRows &rows = m_parts.record.rows();
     const auto found = std::ranges::find_if(rows, [&](const marc::FieldRow &row) {

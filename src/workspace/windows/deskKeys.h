@@ -1,5 +1,5 @@
-// The keys of the workspace that no caption tells, and the ways they lead: to a record, to a tag, back over what was
-// done. While an editor is open or another window stands in front they lead nowhere.
+// The keys of the workspace that no caption shows: moving to a record or a tag, undo and redo. They do nothing while an
+// editor is open or another window is in front.
 #pragma once
 
 #include "workspace/windows/fieldCommands.h"
@@ -20,12 +20,12 @@ public:
         RecordMoving &moving;
         FindLine &find;
     };
-    // The keys work in the window.
+    // The keys work in `window`.
     DeskKeys(const Parts &parts, QWidget *window);
 
-    // Makes the record of a row current as a click does.
+    // Makes the record of a row current like a click.
     void goToRecord(int row);
-    // To the first field whose tag is no smaller.
+    // Moves to the first field whose tag is not smaller.
     void goToTag(const QString &digits);
 
 Q_SIGNALS:
@@ -39,7 +39,7 @@ private:
     void bindAll();
     void goToWords(const QString &words);
     void goBack(const std::optional<EditedRecord::Gone> &gone, const QString &done, const QString &nothing);
-    // No editor is open, whatever it has left in reach.
+    // Returns whether no editor is open, even if some controls are enabled.
     bool isFree() const { return !m_parts.editors.isOpen(); }
 
     Parts m_parts;

@@ -1,5 +1,5 @@
-// Offers what an earlier start has left of the batch: a bar at the top of the workspace, no box, so that nobody is
-// held.
+// Offers the drafts that an earlier start left, in a bar at the top of the workspace. It is not a box, so that the user
+// can go on working.
 #pragma once
 
 #include "widgets/window.h"
@@ -13,7 +13,7 @@ class DraftBar final : public QFrame {
 public:
     explicit DraftBar(QWidget *parent);
 
-    void offer(qsizetype records); // comes up
+    void offer(qsizetype records); // shows the bar
 
     QLabel *draftWords;
     widgets::Button *cmdHuiFu; // 恢复

@@ -37,7 +37,7 @@ void DraftKeeper::begin(const QString &recordFile) {
     ready();
 }
 
-// Whether there is a file to write to; tries again where its folder was not to be had before.
+// Returns whether there is a file to write to. Tries again if its folder was not available before.
 bool DraftKeeper::ready() {
     if (m_file || m_recordFile.isEmpty())
         return m_file.has_value();
@@ -65,13 +65,13 @@ bool DraftKeeper::ready() {
     if (older.isEmpty())
         m_written.revision = m_book.revision();
     else
-        touch(); // the file still has the older ones
+        touch(); // the file still contains the older ones
     if (!m_book.left().isEmpty())
         Q_EMIT offered(m_book.left().size());
     return true;
 }
 
-// In words, where they are from now on. What cannot be set aside stays among what is left.
+// Returns a text about where they are now. Drafts that cannot be set aside remain in left().
 QString DraftKeeper::setAside(const Drafts &drafts) {
     const auto path = m_file->setAside(drafts);
     if (path)
@@ -165,7 +165,7 @@ void DraftKeeper::write() {
     std::optional<DraftBook::InGrid> inGrid;
     if (m_record.differsFromList(state)) {
         now.row = row;
-        now.inGrid = EditedRecord::rebuilt(state, {}); // without its time
+        now.inGrid = EditedRecord::rebuilt(state, {}); // without a time, for the comparison
         inGrid = {row, EditedRecord::rebuilt(state, m_host.now()), m_list.records().record(row)};
     }
     if (now == m_written)

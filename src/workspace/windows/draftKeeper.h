@@ -1,6 +1,6 @@
-// Writes the drafts of the workspace's file: at most two seconds after each change, and at the window's end. The draft
-// of the current record is taken from the grid when it is written, with the text of an open editor in it. What an
-// earlier start has left is offered, and restored or given up as the user wishes.
+// Writes the drafts of the workspace's file at most two seconds after each change and when the window is closed. The
+// draft of the current record is taken from the grid when it is written, including the text of an open editor. The
+// drafts of an earlier start are offered to the user and then restored or discarded.
 #pragma once
 
 #include "platform/host.h"
@@ -16,36 +16,36 @@ namespace workspace {
 class DraftKeeper final : public QObject {
     Q_OBJECT
 public:
-    // What is being typed into the current record and has not been entered yet.
+    // Returns the text being typed into the current record and not entered yet.
     using Typing = std::function<std::optional<CellChange>()>;
 
     DraftKeeper(RecordList &list, EditedRecord &record, platform::Host &host, Typing typing);
 
     // Starts with a file whose first batch has been read.
     void begin(const QString &recordFile);
-    // Restores at once what belongs to listed records, and the others when they are listed.
+    // Restores the drafts of listed records at once, and the others when their records are listed.
     void restore();
     void giveUp();
-    // The records that went into the store need no draft any more.
+    // Removes the drafts of the records that were imported.
     void imported(const ImportOutcome &outcome);
-    void listed(int count);       // record number `count` has been listed
-    void readToTheEnd(int count); // the file has so many records
-    void touch();                 // something has changed: a write follows within two seconds
-    void write();                 // at once
-    // Milliseconds until the write that is to follow; -1 where none is.
+    void listed(int count);       // call when record number `count` has been listed
+    void readToTheEnd(int count); // call when the file was read to its end
+    void touch();                 // call after a change: a write follows within two seconds
+    void write();                 // writes at once
+    // Returns the milliseconds until the next write; -1 if none is scheduled.
     int dueIn() const { return m_pace.remainingTime(); }
-    qsizetype changed() const; // records changed and not imported
+    qsizetype changed() const; // records changed and not yet imported
 
 Q_SIGNALS:
     void offered(qsizetype records);
-    void told(const QString &words);  // what became of drafts
-    void fault(const QString &words); // why they cannot be written; empty once they could
-    void currentRestored();           // the list holds another record in the current row
+    void told(const QString &words);  // what happened to drafts
+    void fault(const QString &words); // why drafts cannot be written; empty after the next success
+    void currentRestored();           // the list now holds another record in the current row
 
 private:
     struct Written {
         quint64 revision = 0;
-        int row = -1; // of the record in the grid; -1: it is as the list holds it
+        int row = -1; // row of the record in the grid; -1: the record is as in the list
         marc::RawRecord inGrid;
         friend bool operator==(const Written &, const Written &) = default;
     };
@@ -60,7 +60,7 @@ private:
     platform::Host &m_host;
     Typing m_typing;
     QString m_recordFile;
-    std::optional<DraftFile> m_file; // once its folder is there
+    std::optional<DraftFile> m_file; // set when its folder is available
     DraftBook m_book;
     QTimer m_pace;
     Written m_written;

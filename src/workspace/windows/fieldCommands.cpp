@@ -14,7 +14,7 @@ namespace workspace {
 
 namespace {
 
-// The items of the popup; their numbers count from 1.
+// The items of the popup, counted from 1.
 enum Item {
     EditContent = 1,
     AddField = 3,
@@ -99,9 +99,10 @@ void FieldCommands::menuKeyPressed() {
     const int row = m_grid.row();
     if (row < 1)
         return;
-    m_editors.editRow = row; // the row that the key is for counts as noted, or the keyboard alone would never get here
+    m_editors.editRow = row; // as if clicked, so that the popup works by keyboard alone
     m_grid.scrollToRow(row);
-    const int column = std::max(m_grid.column(), int(FieldLabelColumn)); // the first one is hidden and has no place
+    const int column =
+        std::max(m_grid.column(), int(FieldLabelColumn)); // the first column is hidden and has no position
     popup(m_grid.parentWidget()->mapToGlobal(m_grid.cellRect(row, column).center()));
 }
 
@@ -158,7 +159,7 @@ void FieldCommands::dismissLists() {
         }
 }
 
-// The lines in front of a damage are in the list by then, which does not come up.
+// On a damaged list file the lines before the damage are in the box, which is not shown.
 void FieldCommands::offer(ChoiceList *box, const marc::PickList &list) {
     box->fill(list.lines, 0);
     if (!list.complaint.isEmpty())
@@ -178,7 +179,7 @@ void FieldCommands::showSubfieldList() {
 
 void FieldCommands::insert(const NewRow &row, ChoiceList *chosenFrom) {
     m_record.insert(row);
-    m_grid.scrollToRow(row.place); // the current row stays, yet what was added is to be seen
+    m_grid.scrollToRow(row.place); // the current row does not change, but the new row becomes visible
     chosenFrom->dismiss();
     m_grid.setFocus();
 }

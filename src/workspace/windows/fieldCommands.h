@@ -1,4 +1,4 @@
-// The commands of the popup menu over the field grid: the editors, the pick lists of fields and subfields, deletion.
+// The commands of the popup menu over the field grid: editors, lists of fields and subfields to add, deletion.
 #pragma once
 
 #include "marc/configurationFiles.h"
@@ -14,15 +14,15 @@ public:
     widgets::ChoiceList *const zdList;  // fields
     widgets::ChoiceList *const Zzdlist; // subfields
 
-    bool clickMark = false; // between a press of the right button and the click that follows it
+    bool clickMark = false; // from a press of the right button until the following click
 
-    // The keys of the popup's items, which work on the grid without it; empty where an item has none.
+    // The keys of the popup items, which work on the grid without the popup; empty if an item has none.
     static QList<QKeySequence> keys();
-    void runByKey(int item); // of the popup, from 1, for the current row
+    void runByKey(int item); // `item` is counted from 1; applies to the current row
 
     void dismissLists();   // before another record or state is shown
-    void rightPressed();   // the popup at the mouse
-    void menuKeyPressed(); // the popup at the current row
+    void rightPressed();   // shows the popup at the mouse
+    void menuKeyPressed(); // shows the popup at the current row
     void gridClicked();
 
     void showFieldList();

@@ -21,7 +21,7 @@ constexpr int fixedRows = 1;
 
 static_assert(std::reduce(widths.begin(), widths.end()) == FieldGrid::allTwips);
 
-// Positions in coded data are counted, and blanks count.
+// In coded data positions are counted, so blanks must be visible.
 class FieldDelegate final : public widgets::FlexGridDelegate {
 public:
     using FlexGridDelegate::FlexGridDelegate;
@@ -119,7 +119,7 @@ void FieldGrid::showAnew() {
     Q_EMIT rearranged();
 }
 
-// A row that the user added has a number, and stays white.
+// A row added by the user has a number and stays white.
 void FieldGrid::shade(int row) {
     if (!m_record->row(row).number.isEmpty())
         return;
@@ -151,7 +151,7 @@ void FieldGrid::resizeEvent(QResizeEvent *event) {
     const int top = rowViewportPosition(row() - fixedRows);
     const bool wasInSight = top >= 0 && top + rowHeight(row() - fixedRows) <= event->oldSize().height();
     FlexGrid::resizeEvent(event);
-    if (wasInSight && row() >= fixedRows) // what is shown below the grid must not hide the row that it is about
+    if (wasInSight && row() >= fixedRows) // a pane shown below the grid must not hide the current row
         scrollToRow(row());
     QMetaObject::invokeMethod(this, &FieldGrid::rearranged, Qt::QueuedConnection);
 }

@@ -1,4 +1,4 @@
-// The field grid: the record as it stands, with grey descriptions; the rows that the user adds stay white.
+// The field grid: shows the current record, with grey descriptions. Rows added by the user stay white.
 #pragma once
 
 #include "widgets/flexGrid.h"
@@ -8,7 +8,7 @@
 
 namespace workspace {
 
-// The face of coded data: all characters equally wide.
+// Returns the font for coded data, in which all characters have the same width.
 QFont codedFont(const QFont &plain);
 
 class FieldGrid final : public widgets::FlexGrid {
@@ -18,17 +18,17 @@ public:
 
     FieldGrid(const QString &objectName, QWidget *parent);
 
-    // From now on the grid shows the record and follows it.
+    // Shows the record and follows its changes.
     void follow(std::shared_ptr<const EditedRecord> record);
-    // The half of the grid for what is laid over it, in the coordinates of its parent, as cellRect().
+    // Returns the right half of the grid, for widgets laid over it, in the same coordinates as cellRect().
     QRect rightHalf() const;
-    // Whether the row belongs to the leader, a control field or a field 1XX, where positions are counted.
+    // Returns whether the row belongs to the leader, a control field or a field 1XX, where positions are counted.
     bool isCoded(int row) const;
 
 Q_SIGNALS:
     void scrolled();
-    void tagTyped(const QString &digits); // up to three, typed one soon after the other
-    void rearranged();                    // other rows, or another size; told once the grid has laid itself out anew
+    void tagTyped(const QString &digits); // up to three digits typed in quick succession
+    void rearranged();                    // other rows or another size; emitted after the grid has been laid out
 
 protected:
     void resizeEvent(QResizeEvent *event) override;

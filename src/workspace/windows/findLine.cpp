@@ -92,7 +92,7 @@ void FindLine::walk(Direction direction) {
     if (!m_search)
         look();
     else if (!m_slices.isActive())
-        m_slices.start(); // records may have been listed meanwhile
+        m_slices.start(); // more records may have been listed
     if (m_slices.isActive() && m_search->step()) {
         m_owed = direction;
         return;
@@ -120,7 +120,7 @@ void FindLine::say() {
 void FindLine::keyPressEvent(QKeyEvent *event) {
     if (event->key() != Qt::Key_Escape)
         return QWidget::keyPressEvent(event);
-    event->accept(); // the window is not closed by it
+    event->accept(); // so that the window is not closed
     hide();
     if (m_cameFrom && m_cameFrom->isVisible() && m_cameFrom->isEnabled())
         m_cameFrom->setFocus();

@@ -1,6 +1,6 @@
-// The line that finds records in the batch: a text in titles or whole records, or a record by its number. It looks
-// through the list in slices, so that the window stays alive, and asks for a record to be made current; it never moves
-// the list itself.
+// The line that finds records in the batch: by a text in titles or in whole records, or by number. It searches the list
+// in slices, so that the window stays responsive. It only requests that a record is made current and never changes the
+// list itself.
 #pragma once
 
 #include "marc/recordSearch.h"
@@ -20,14 +20,14 @@ public:
     FindLine(RecordList &list, QWidget *parent);
 
     enum class Place { Title, WholeRecord, Number };
-    // Shows the line and gives it the focus; with a text, as if that had been typed into it. Numbers and words are kept
-    // apart: words that were looked for come back with the next search for words.
+    // Shows the line and gives it the focus. A given text is entered as if typed. Numbers and words are kept
+    // separately: the last words are restored by the next search for words.
     void open(Place place, const QString &text = {});
     void next();
     void previous();
-    // Records of the list have changed: what was found no longer counts.
+    // Discards the results. Call when records of the list have changed.
     void forget();
-    // The words that are looked for in whole records; empty where something else is.
+    // Returns the words searched for in whole records, or an empty text in other searches.
     QString wholeRecordWords() const;
 
     QLineEdit *findText;
@@ -35,8 +35,8 @@ public:
     QLabel *findCount;
 
 Q_SIGNALS:
-    void wanted(int row); // from 0
-    void closed();        // and the widget that had the focus before cannot have it back
+    void wanted(int row); // counted from 0
+    void closed();        // the line was closed, and the previous focus widget cannot get the focus back
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
@@ -51,9 +51,9 @@ private:
     RecordList &m_list;
     std::unique_ptr<marc::RecordSearch> m_search;
     QTimer m_slices;
-    std::optional<Direction> m_owed; // a step that waits for the search to end
-    QString m_words;                 // last looked for, while a number is
-    QPointer<QWidget> m_cameFrom;    // had the focus before
+    std::optional<Direction> m_owed; // a step that waits for the end of the search
+    QString m_words;                 // the last words, while a number is searched for
+    QPointer<QWidget> m_cameFrom;    // had the focus before the line was opened
 };
 
 } // namespace workspace

@@ -88,9 +88,9 @@ void frmDaoru::lay() {
              cmdclick[4], cmdclick[5], cmdclick[6]}),
     }));
     const QFontMetrics metrics = fontMetrics();
-    // The place is kept while there is nothing to say, and is high enough for the find line.
+    // The line keeps its space while it is empty and is high enough for the find line.
     labZhuangTai->setMinimumHeight(findLine->sizeHint().height());
-    // As wide as the columns of both grids, with their scroll bars; the list keeps its width.
+    // The window is as wide as the columns of both grids with their scroll bars; the list keeps its width.
     room->addRemarks(m_parts->remarks.pane());
     const int beside = Grid1->verticalScrollBar()->sizeHint().width() + 2 * Grid1->frameWidth();
     const int listWidth = Grid2->toPixels(RecordList::allTwips) + beside;
@@ -168,14 +168,14 @@ void frmDaoru::importRecords() {
     showImported(*outcome);
 }
 
-// The list has the keyboard again: Return on the button would import everything once more.
+// Moves the focus to the list: Enter on the button would import everything again.
 void frmDaoru::showImported(const ImportOutcome &outcome) {
     Grid2->setFocus();
     m_parts->remarks.listRefused(outcome);
     m_parts->status.sayImported({outcome.wentIn, qsizetype(outcome.refused.size())});
 }
 
-// What the user made of the window's room.
+// Stores the user's layout of the window.
 void frmDaoru::remember() {
     room->remember(m_host.remembered());
     widgets::keepColumns(*Grid1, m_host.remembered(), objectName());
@@ -196,7 +196,7 @@ void frmDaoru::connectButtons() {
     connect(cmdclick[2], &Button::clicked, this, [this] { m_parts->recordCommands.proof(); });
     connect(cmdclick[3], &Button::clicked, this, [this] {
         m_parts->reading.all(publicMarcFile);
-        if (cmdclick[3]->hasFocus() || cmdclick[4]->hasFocus()) // the button went grey under the keyboard
+        if (cmdclick[3]->hasFocus() || cmdclick[4]->hasFocus()) // the focused button was disabled
             Grid2->setFocus();
     });
     connect(cmdclick[4], &Button::clicked, this, [this] { m_host.tell(u"暂无此功能"_s); });
@@ -255,13 +255,13 @@ void frmDaoru::enterState(ReadState state) {
     settleDrafts();
 }
 
-// Drafts that wait for their records wait no longer once all are listed.
+// Once all records are listed, no draft waits for its record any more.
 void frmDaoru::settleDrafts() {
     if (m_parts->reading.isAtEnd())
         m_parts->drafts.readToTheEnd(records().rowCount());
 }
 
-// An open editor holds the button back beside the state of the read.
+// The button is also disabled while an editor is open.
 void frmDaoru::allowReadAll() {
     cmdclick[3]->setEnabled(rulesOf(m_parts->reading.state()).mayReadAll && !m_parts->editors.isOpen());
 }
@@ -271,7 +271,7 @@ void frmDaoru::holdControls(bool listToo) {
     Grid2->setEnabled(!listToo);
 }
 
-// All that an open editor closes off; the list apart.
+// Enables or disables all that an open editor disables, except the list.
 void frmDaoru::allowCommands(bool allowed) {
     Grid1->setEnabled(allowed);
     m_parts->remarks.allow(allowed);
@@ -286,7 +286,7 @@ void frmDaoru::allowCommands(bool allowed) {
 void frmDaoru::releaseControls() {
     allowCommands(true);
     Grid2->setEnabled(true);
-    allowReadAll(); // an edit does not give back what the state of the read has taken
+    allowReadAll(); // depends on the state of reading too
 }
 
 bool frmDaoru::queryUnload() {

@@ -1,5 +1,5 @@
-// The pre-read workspace: the records of one file as a list, the current one as a grid of fields. The window is loaded
-// before it is shown; its first batch is then read. It stays alive while the remainder is read, record by record.
+// The pre-read workspace: the records of one file as a list, and the current record as a grid of fields. load() reads
+// the first batch before the window is shown. The window stays responsive while the remaining records are read.
 #pragma once
 
 #include "widgets/window.h"
@@ -36,20 +36,20 @@ public:
     frmDaoru(platform::Host &host, WorkspaceWindows windows, QWidget *parent = nullptr);
     ~frmDaoru() override;
 
-    // Resets the window and reads the first batch of publicMarcFile. To be called once, before the window is shown.
+    // Resets the window and reads the first batch of publicMarcFile. Call once, before the window is shown.
     void load();
     void loadData();
     void readFirstBatch(const QString &file, int limit);
 
     void showRecord(const marc::RawRecord &record);
     void resetFieldGrid();
-    // The record of the grid as it stands, with the edits of the moment.
+    // Returns the record of the grid with its current edits.
     marc::RawRecord madeMyMarc() const;
 
     EditedRecord &record() { return *m_record; }
     marc::PreReadStore &records() { return Grid2->records(); }
 
-    QString publicMarcFile; // never changes once the window is loaded
+    QString publicMarcFile; // does not change after load()
     const QString &publicTouBiao() const { return m_record->state().leader; }
     bool recordChanged() const { return m_record->state().edited; }
     WorkspaceParts &parts() { return *m_parts; }
@@ -62,14 +62,14 @@ public:
     widgets::PacedLabel *Text2;
     widgets::PacedLabel *Text3;
     widgets::PacedLabel *Text4;
-    QLabel *labJinDu; // the state of the read
+    QLabel *labJinDu; // the state of reading
     widgets::Button *cmdJieShu;
     std::array<widgets::Button *, 2> cmdTiMing;
     std::array<widgets::Button *, 7> cmdclick;
     widgets::PacedLabel *labZhuangTai;
     FindLine *findLine;
     widgets::Button *cmdJiaoDuiAll; // 校对全部
-    WorkspaceRoom *room;            // list, fields, whole text
+    WorkspaceRoom *room;            // contains list, fields and whole text
     DraftBar *draftBar;
     CellText *richText; // these four belong to the helpers
     QLineEdit *Text1;
@@ -99,7 +99,7 @@ private:
     void allowCommands(bool allowed);
     void holdControls(bool listToo);
     void releaseControls();
-    // What readers do about a record with a damaged directory: ask, and show it where wanted.
+    // Returns the handler of records with a damaged directory: it asks whether to show the record.
     marc::DamagedDirectory damagedDirectory();
 
     platform::Host &m_host;

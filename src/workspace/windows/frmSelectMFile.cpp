@@ -45,7 +45,7 @@ frmSelectMFile::frmSelectMFile(platform::Host &host, Ways ways, QWidget *parent)
             [this](const marc::FileFacts &, bool disagree) { offerTidying(disagree); });
     connect(cmdTidy, &Button::clicked, this, [this] { m_ways.tidy(platform::trimBlanks(Text1->text())); });
     setAcceptDrops(true);
-    Text1->setAcceptDrops(false); // the window takes what is dropped, wherever
+    Text1->setAcceptDrops(false); // the window handles drops everywhere
     auto *down = Text1->addAction(style()->standardIcon(QStyle::SP_ArrowDown), QLineEdit::TrailingPosition);
     down->setToolTip(u"最近用过的文件"_s);
     connect(down, &QAction::triggered, this, &frmSelectMFile::listRecentFiles);
@@ -62,7 +62,7 @@ void frmSelectMFile::choose(const QString &file) {
     cmdClick[0]->setFocus();
 }
 
-// Parts of a path complete it, too.
+// Any part of a path can be typed to complete it.
 void frmSelectMFile::offerRecentFiles() {
     auto *completer = new QCompleter(platform::recentFiles(m_host.remembered()), this);
     completer->setCaseSensitivity(Qt::CaseInsensitive);
@@ -76,7 +76,7 @@ void frmSelectMFile::listRecentFiles() {
     Text1->completer()->complete();
 }
 
-// No shortcut: in the open list, which keeps the keyboard in the box, the key goes down the list.
+// A key event rather than a shortcut: in the open list, which leaves the focus in the box, the key moves down.
 bool frmSelectMFile::eventFilter(QObject *watched, QEvent *event) {
     if (watched != Text1 || event->type() != QEvent::KeyPress)
         return Window::eventFilter(watched, event);
@@ -86,14 +86,14 @@ bool frmSelectMFile::eventFilter(QObject *watched, QEvent *event) {
     return true;
 }
 
-// Enter in the box, and on a path in its list.
+// Handles Enter in the box and on a path in its list.
 void frmSelectMFile::enter() {
     labFacts->lookAgain();
     labFacts->hurry();
     (cmdTidy->isDefault() ? cmdTidy : cmdClick[0])->click();
 }
 
-// The box has acted on Enter when it comes here.
+// The box has already handled Enter.
 void frmSelectMFile::keyPressEvent(QKeyEvent *event) {
     if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
         Window::keyPressEvent(event);
@@ -105,7 +105,7 @@ void frmSelectMFile::changeEvent(QEvent *event) {
         labFacts->lookAgain();
 }
 
-// A file that will be read wrong is not opened by Enter alone.
+// Enter alone must not open a file that would be read wrongly.
 void frmSelectMFile::offerTidying(bool wanted) {
     cmdTidy->setVisible(wanted);
     (wanted ? cmdTidy : cmdClick[0])->setDefault(true);
@@ -161,7 +161,7 @@ void frmSelectMFile::openWorkspace() {
     cmdClick[0]->setEnabled(true);
 }
 
-// While the workspace loads, the events that it lets in must not take this dialog away from under it.
+// While the workspace is being loaded, an event must not close this dialog.
 bool frmSelectMFile::queryUnload() {
     return !m_busy;
 }

@@ -1,5 +1,5 @@
-// The dialog that selects the record file and opens the workspace on it. It stays open behind the workspace and after
-// it, so that one file after the other can be looked at.
+// The dialog that selects a record file and opens the workspace with it. It stays open during and after that, so that
+// several files can be opened one after the other.
 #pragma once
 
 #include "platform/host.h"
@@ -15,28 +15,28 @@ namespace workspace {
 class frmSelectMFile final : public widgets::Window {
     Q_OBJECT
 public:
-    // What it leads to, each modally.
+    // The windows that the dialog opens, each modally.
     struct Ways {
-        std::function<void(const QString &file)> showWorkspace; // a fresh one
+        std::function<void(const QString &file)> showWorkspace; // opens a new one
         std::function<void(const QString &file)> tidy;
     };
     frmSelectMFile(platform::Host &host, Ways ways, QWidget *parent = nullptr);
 
-    // Puts the file into the box, ready to be looked at.
+    // Sets the file in the box, ready to be opened.
     void choose(const QString &file);
 
     QGroupBox *Frame1;
     QLineEdit *Text1;
     widgets::Button *cmdLL;
-    tidy::FactsLabel *labFacts; // what the file is, while it is looked at and afterwards
-    widgets::Button *cmdTidy;   // where what it is and what will be read disagree; Enter is for it then
+    tidy::FactsLabel *labFacts; // facts about the file, during the survey and after it
+    widgets::Button *cmdTidy;   // shown if tidying is offered; then the default button
     std::array<widgets::Button *, 2> cmdClick;
 
 protected:
     bool queryUnload() override;
     bool eventFilter(QObject *watched, QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
-    void changeEvent(QEvent *event) override; // the file may have changed while another window was in front
+    void changeEvent(QEvent *event) override; // surveys the file again, which may have changed meanwhile
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
 
@@ -51,7 +51,7 @@ private:
 
     platform::Host &m_host;
     Ways m_ways;
-    bool m_busy = false; // the workspace is being loaded or stands in front
+    bool m_busy = false; // the workspace is being loaded or is open
 };
 
 } // namespace workspace

@@ -1,4 +1,4 @@
-// A popup menu made of texts.
+// A popup menu made from texts.
 #pragma once
 
 #include <QKeySequence>
@@ -11,12 +11,12 @@ namespace workspace {
 
 class menuClass {
 public:
-    // Shows the items at a place of the screen and waits for the choice: the item's number from 1, or 0 where none was
-    // chosen. An item that is "-" but for blanks is a separator. `keys` are shown beside the items, an empty one is
-    // none; what they do elsewhere is the owner's affair.
+    // Shows the items at a position of the screen and waits for the choice. Returns the number of the item, counted
+    // from 1, or 0 if none was chosen. A trimmed item "-" is a separator. `keys` are displayed next to the items, if
+    // not empty, but not handled here.
     int Popup(const QStringList &items, const QPoint &at, QWidget *owner, const QList<QKeySequence> &keys = {});
 
-    QString SelMenuString; // the chosen item's text without the blanks at its ends
+    QString SelMenuString; // text of the chosen item, trimmed
 };
 
 } // namespace workspace

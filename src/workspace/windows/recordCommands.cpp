@@ -37,7 +37,7 @@ std::optional<ImportOutcome> RecordCommands::importRecords(ReadState state, cons
     if (m_record.state().edited && m_host.insist(u"本条记录已经改变,是否确定改变该记录?\r\n"
                                                  u"(注:你可以修改预读出的记录,然后可以点击保存按扭,保存到新文件中)"_s,
                                                  {})) {
-        // The title in the list and the mark of a change stay as they are.
+        // The title in the list and the `edited` mark do not change.
         if (const marc::RawRecord record = m_record.rebuilt(m_host.now()); !record.isEmpty()) {
             m_list.take(m_list.row(), record);
             m_record.takenOver();

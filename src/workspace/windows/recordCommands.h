@@ -1,4 +1,4 @@
-// The commands on the record in the field grid and on the list: the two views, the proof, the import.
+// The commands for the current record and for the list: the two views, the proof and the import.
 #pragma once
 
 #include "platform/host.h"
@@ -15,7 +15,7 @@ public:
 
     void showCard(const QString &mode);
     void proof();
-    // Nothing while a read runs, which refuses it. `count` is the number of records as text.
+    // Returns std::nullopt if a read is running, which prevents the import. `count` is the number of records as text.
     std::optional<ImportOutcome> importRecords(ReadState state, const QString &count);
 
 private:

@@ -1,4 +1,4 @@
-// The list of the records and the store that it shows: which record is current, by a colour, and which were visited.
+// The list of records and the store that it shows. Colours mark the current and the visited records.
 #pragma once
 
 #include "marc/preReadStore.h"
@@ -20,15 +20,15 @@ public:
     const marc::PreReadStore &records() const { return *m_records; }
     std::shared_ptr<const marc::PreReadStore> sharedRecords() const { return m_records; }
 
-    void reset() override; // back to 20 empty rows
+    void reset() override; // to 20 empty rows
     void setTitle(int row, const QString &title);
-    // The record as it was edited, in the place of the one that was read.
+    // Replaces the record of the row by the edited one.
     void take(int row, const marc::RawRecord &record);
-    void markCurrent(); // colours the current row; told by currentMarked
-    void markVisited(); // the current row too, before it is left
+    void markCurrent(); // colours the current row and emits currentMarked()
+    void markVisited(); // marks the current row too; call before leaving it
 
 Q_SIGNALS:
-    void currentMarked(const QString &number); // its number in the list, empty where the row holds no record
+    void currentMarked(const QString &number); // its number in the list; empty if the row has no record
 
     void taken(int row, const QString &before, const QString &after);
     void lettersTyped(const QString &text); // by a key or an input method

@@ -22,7 +22,7 @@ void RecordMoving::enterStep() {
     m_list.markCurrent();
     const marc::RawRecord record = m_list.records().record(m_list.row());
     if (record.isEmpty())
-        return; // the field grid keeps the record before it
+        return; // the field grid keeps the previous record
     showRecord(record);
 }
 
@@ -57,7 +57,7 @@ void RecordMoving::step(int by) {
     if (row < 0 || next < 0 || next >= m_list.records().rowCount())
         return;
     if (m_record.state().edited) {
-        // The title in the list stays as it is, and the mark of a change stays until a record is shown.
+        // The title in the list does not change, and the `edited` mark remains until a record is shown.
         if (const marc::RawRecord record = rebuiltIfWanted(); !record.isEmpty())
             m_list.take(row, record);
     }

@@ -1,5 +1,5 @@
-// Moving between the records of the list: what is done when a row of it stops being current and another one becomes so,
-// by the user's hand in the list or by the two buttons; and a record's way into the field grid.
+// Moves between the records of the list: leaves the current row and enters another one, by the list or by the two
+// buttons, and shows a record in the field grid.
 #pragma once
 
 #include "platform/host.h"
@@ -15,10 +15,11 @@ public:
     void showRecord(const marc::RawRecord &record);
     void enterStep();
     void leaveStep();
-    void step(int by); // -1 and 1: the buttons
+    void step(int by); // -1 or 1, for the buttons
 
 private:
-    // Asks whether to keep the edits and builds the record; nothing where they are not to be kept. Tells a failure.
+    // Asks whether to keep the edits and builds the record. Returns an empty text if they are not to be kept, or on a
+    // failure, which is reported.
     QString rebuiltIfWanted();
 
     RecordList &m_list;

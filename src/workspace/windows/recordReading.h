@@ -1,4 +1,4 @@
-// The reads of the workspace: the first batch, the remainder, stopping.
+// The reads of the workspace: the first batch, the remaining records, and stopping.
 #pragma once
 
 #include "marc/recordCutter.h"
@@ -17,24 +17,24 @@ public:
     ReadState state() const { return m_state; }
     qint64 listedCount() const { return m_listed; }
     qint64 recordsInFile() const { return isAtEnd() ? m_listed : m_inFile; } // an estimate until isAtEnd()
-    // No record of the file is left to read, as far as is known.
+    // Returns whether no record of the file is left to read, as far as known.
     bool isAtEnd() const {
         return m_state == ReadState::Finished || (!rulesOf(m_state).running && m_listed > 0 && m_inFile <= m_listed);
     }
 
     void firstBatch(const QString &file, int limit);
-    // `passOver` is the number of rows that the list has, not of the records read.
+    // `passOver` is the number of rows in the list, not of records read.
     void remainder(const QString &file, int passOver);
-    void all(const QString &file); // the command: the remainder of the file
-    void stop();                   // the running read ends behind the record in hand
-    // The running read leaves when it gets its turn again, and touches nothing: the window is closed.
+    void all(const QString &file); // the command: reads the remaining records of the file
+    void stop();                   // the running read ends after the current record
+    // Call when the window is closed: the running read returns when it continues, and touches nothing.
     void abandon() { ++m_readsBegun; }
 
 Q_SIGNALS:
     void stateChanged(workspace::ReadState state);
-    void listed(int count); // record number `count` now stands in row `count` - 1; 0 at the start of a list
+    void listed(int count); // record number `count` is now in row `count` - 1; 0 when a list starts
     void lookedAt(const marc::FileCounts &file); // before a batch is read
-    void counted(qint64 count); // the file's records: an estimate first, the true number once its end was reached
+    void counted(qint64 count); // records in the file: an estimate, and the exact number once the end was reached
 
 private:
     std::optional<platform::LineReader> open(const QString &file);
@@ -50,8 +50,8 @@ private:
     ReadState m_state = ReadState::Idle;
     bool m_stopFlag = false; // asks the running read to stop
     qint64 m_listed = 0;
-    qint64 m_inFile = 0;  // lines, until the end was reached
-    int m_readsBegun = 0; // a read that finds a later one begun has been taken over and leaves
+    qint64 m_inFile = 0;  // number of lines until the end was reached
+    int m_readsBegun = 0; // a read returns when a later one has begun
 };
 
 } // namespace workspace

@@ -1,5 +1,5 @@
-// The pane of remarks as the workspace uses it: shown and hidden by F8, filled by the proof of all records and by an
-// import, and the way from a remark to its record and field.
+// Connects the pane of remarks to the workspace: F8 shows and hides it, the proof of all records and an import fill it,
+// and a remark leads to its record and field.
 #pragma once
 
 #include "workspace/fieldTrail.h"
@@ -17,20 +17,20 @@ public:
         EditedRecord &record;
         DeskKeys &keys;
     };
-    // `recordsInFile` as in RemarksNeeds.
+    // `recordsInFile` is that of RemarksNeeds.
     RemarkJumps(const Parts &parts, const WorkspaceWindows &windows, std::function<qint64()> recordsInFile);
 
-    QWidget *pane() const { return m_pane.widget; } // null where there is none
+    QWidget *pane() const { return m_pane.widget; } // null if there is no pane
 
     void proofAll();
-    void listRefused(const ImportOutcome &outcome); // shows them where they are wanted
-    // Shows the pane or gives it the keyboard; hides it where the keyboard is in it.
+    void listRefused(const ImportOutcome &outcome); // shows the pane if the user wants the refused records listed
+    // Shows the pane or gives it the focus; hides it if it has the focus.
     void showOrHide();
-    // To the record and its field, wherever that is by now. Reports why where it cannot go.
+    // Moves to the record and to the current position of its field. Reports the reason if that is not possible.
     void jump(const marc::FieldPlace &place);
-    // Whether the pane can be used: not while an editor is open.
+    // Sets whether the pane can be used; it cannot while an editor is open.
     void allow(bool allowed);
-    void end() { m_pane.end(); } // a run that is going on
+    void end() { m_pane.end(); } // ends a running proof
 
 Q_SIGNALS:
     void told(const QString &words);

@@ -1,4 +1,4 @@
-// The line under the field grid: gathers what it says from those who know it, and follows their signals.
+// The line below the field grid: collects its texts from their sources and follows their signals.
 #pragma once
 
 #include "widgets/pacedLabel.h"
@@ -20,10 +20,10 @@ public:
     };
     StatusLine(widgets::PacedLabel &label, const Sources &sources);
 
-    void say(const QString &remark);               // until the next one
-    void sayOfRecord(const QString &deed);         // until another record is shown
+    void say(const QString &remark);               // shown until the next remark
+    void sayOfRecord(const QString &deed);         // shown until another record is shown
     void sayDatabaseTrouble(const QString &words); // empty: none is known
-    void sayImported(const ImportedNow &imported); // until the list is another one
+    void sayImported(const ImportedNow &imported); // shown until the list changes
 
 private:
     void follow();

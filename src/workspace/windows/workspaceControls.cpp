@@ -32,7 +32,7 @@ std::array<Button *, 7> commandButtons(QWidget *parent) {
     return made;
 }
 
-// A number beside its label, as large as any count of records.
+// Creates a box for a number next to its label, wide enough for any record count.
 widgets::PacedLabel *numberBox(const QString &name, const QString &meaning, QWidget *parent) {
     auto *box = new widgets::PacedLabel(name, {}, parent);
     box->setFrameStyle(int(QFrame::StyledPanel) | int(QFrame::Sunken));

@@ -1,4 +1,4 @@
-// The controls of the workspace as they stand in its design: names, captions, hints.
+// Creates the controls of the workspace with their names, captions and hints.
 #pragma once
 
 #include "widgets/pacedLabel.h"
@@ -8,7 +8,7 @@
 namespace workspace {
 
 std::array<widgets::Button *, 7> commandButtons(QWidget *parent); // cmdclick
-// A number beside its label, as large as any count of records.
+// Creates a box for a number next to its label, wide enough for any record count.
 widgets::PacedLabel *numberBox(const QString &name, const QString &meaning, QWidget *parent);
 
 } // namespace workspace

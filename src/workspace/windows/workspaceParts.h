@@ -1,4 +1,4 @@
-// The helpers of the workspace's window, in the order in which they need each other. Only the window knows them all; a
+// The helpers of the workspace window, in the order of their dependencies. Only the window knows all of them; each
 // helper gets the objects that it works on.
 #pragma once
 
@@ -10,7 +10,7 @@
 namespace workspace {
 
 struct WorkspaceParts {
-    // The controls that helpers work on. All of it outlives them.
+    // The objects that the helpers work on; they must outlive the helpers.
     struct Desk {
         QWidget *window;
         FieldGrid &fields;
@@ -21,7 +21,7 @@ struct WorkspaceParts {
         platform::Host &host;
         const WorkspaceWindows &windows;
     };
-    // `damaged`: what readers do about a record with a damaged directory.
+    // `damaged` handles records with a damaged directory.
     WorkspaceParts(const Desk &desk, const marc::DamagedDirectory &damaged);
 
     CellEditors editors;

@@ -22,7 +22,7 @@ WorkspaceRoom::WorkspaceRoom(QWidget *list, QWidget *fields, QWidget *parent)
     addWidget(list);
     addWidget(m_under);
     m_under->addWidget(m_down);
-    constexpr int leastLines = 6; // of the fields, however small the window
+    constexpr int leastLines = 6; // minimum height of the fields in any window
     fields->setMinimumHeight(leastLines * fontMetrics().lineSpacing());
     m_down->addWidget(fields);
     m_down->addWidget(wholeText);

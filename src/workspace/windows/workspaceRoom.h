@@ -1,6 +1,5 @@
-// How the workspace shares out its room: the title list beside the field grid, and under the grid a pane with the whole
-// text of a row and the pane of remarks, which can be folded away. What the user made of it is remembered between
-// starts.
+// Divides the space of the workspace: the title list next to the field grid, and below the grid a pane with the whole
+// text of a row and the pane of remarks, both of which can be hidden. The user's layout is remembered between starts.
 #pragma once
 
 #include "platform/deskState.h"
@@ -15,24 +14,24 @@ class WorkspaceRoom final : public QSplitter {
 public:
     WorkspaceRoom(QWidget *list, QWidget *fields, QWidget *parent);
 
-    // Puts the pane of remarks under the fields, hidden at first. There may be none.
+    // Adds the pane of remarks below the fields, hidden at first. `remarks` may be null.
     void addRemarks(QWidget *remarks);
-    // The widths that list and fields should have at first.
+    // Sets the initial widths of the list and the fields.
     void share(int listWidth, int fieldsWidth);
     void remember(const platform::DeskState &state) const;
     void recall(const platform::DeskState &state);
-    // Where the pane is open; coded data in the face of the grid's.
+    // Shows the text if the pane is open; coded data in the font of the grid.
     void showText(const QString &text, bool coded);
 
-    widgets::Button *cmdQuanWen; // folds the pane; stands wherever the window puts it
+    widgets::Button *cmdQuanWen; // shows and hides the pane; placed by the window
     QPlainTextEdit *wholeText;
 
 Q_SIGNALS:
-    void textWanted(); // the pane has been opened
+    void textWanted(); // the pane was opened
 
 private:
-    QSplitter *m_down;  // the fields over the whole text
-    QSplitter *m_under; // both over the remarks
+    QSplitter *m_down;  // the fields above the whole text
+    QSplitter *m_under; // both above the remarks
 };
 
 } // namespace workspace

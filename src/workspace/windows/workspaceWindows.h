@@ -1,5 +1,5 @@
-// The windows that the workspace opens modally, as it knows them: each call returns when the window has closed. Their
-// owner hands them in.
+// The interface to the windows that the workspace opens modally. Each call returns when the window is closed. The owner
+// of the windows provides the functions.
 #pragma once
 
 #include "marc/fieldPlace.h"
@@ -15,47 +15,47 @@ class QWidget;
 
 namespace workspace {
 
-// Edits a text; nothing where it was left without an answer.
+// Edits a text. Returns std::nullopt if the user cancelled.
 using Assistant = std::function<std::optional<QString>(const QString &text, QWidget *owner)>;
 
-// What became of a batch that was imported.
+// The result of the import of a batch.
 struct ImportOutcome {
-    int taken = 0;  // rows of the list that the import came to
-    int wentIn = 0; // records
+    int taken = 0;  // rows of the list that the import processed
+    int wentIn = 0; // records imported
     std::vector<marc::RefusedRecord> refused;
-    bool refusedWanted = false; // they are to be named
+    bool refusedWanted = false; // the user wants them listed
 };
 
-// The pane under the field grid that lists what was found about the records of the list.
+// The pane below the field grid that lists the findings about the records of the list.
 struct RemarksPane {
-    QWidget *widget = nullptr; // has the keyboard in its table once it is given it
-    // Proves all records; returns when the run has ended. The window may be gone by then.
+    QWidget *widget = nullptr; // its table gets the focus when it is focused
+    // Proves all records and returns when the run has ended. The window may be closed by then.
     std::function<void()> proofAll = [] {};
     std::function<void(std::vector<marc::RefusedRecord>)> listRefused = [](const auto &) {};
     std::function<bool()> isEmpty = [] { return true; };
-    std::function<void()> end = [] {}; // a run that is going on
+    std::function<void()> end = [] {}; // ends a running proof
 };
 
-// What that pane needs of the workspace.
+// What the pane needs from the workspace.
 struct RemarksNeeds {
     std::shared_ptr<const marc::PreReadStore> records;
-    std::function<qint64()> recordsInFile; // an estimate until the file has been read to its end
+    std::function<qint64()> recordsInFile; // an estimate until the file was read to its end
     std::function<void(const marc::FieldPlace &)> jump;
-    std::function<void()> leave; // the keyboard goes back to the fields
+    std::function<void()> leave; // moves the focus back to the fields
     std::function<void(const QString &)> tell;
 };
 
 struct WorkspaceWindows {
-    // frmMarcKaPian with the record; the mode is "标准" or "卡片".
+    // Shows frmMarcKaPian with the record; the mode is "标准" or "卡片".
     std::function<void(const marc::RawRecord &record, const QString &mode, QWidget *owner)> showCard;
-    // frmMessage with the text: a report, or a record whose directory is damaged.
+    // Shows frmMessage with the text: a report, or a record with a damaged directory.
     std::function<void(const QString &text, QWidget *owner)> showReport;
-    // frmDaoRuJindu over the list; `count` is the number of records as text.
+    // Shows frmDaoRuJindu over the list; `count` is the number of records as text.
     std::function<ImportOutcome(std::shared_ptr<const marc::PreReadStore> records, const QString &count,
                                 QWidget *owner)>
         runImport;
     std::function<RemarksPane(const RemarksNeeds &needs)> makeRemarks;
-    // Why an import would fail, as far as it is known without asking the database; empty otherwise.
+    // Returns why an import would fail, as far as known without a query to the database; else an empty text.
     std::function<QString()> databaseTrouble = [] { return QString(); };
     Assistant leaderAssistant;   // frmHelpLR000
     Assistant field100Assistant; // frmHelpLR100
