@@ -16,12 +16,10 @@ public:
 
     // About the last record passed to take(). Valid until the next call and as long as the bytes of the record.
     QByteArrayView leader() const { return m_leader; }
-    const QByteArray &tags() const { return m_tags; } // three bytes for each field
-    QByteArrayView data() const { return m_data; }    // the fields in directory order, each including its terminator
-    bool directoryRight() const { return m_right; }   // all lengths and positions are exact
-    bool directoryDamaged() const {
-        return m_damaged;
-    } // the tags were recovered by the lengths and positions of the fields
+    const QByteArray &tags() const { return m_tags; }   // three bytes for each field
+    QByteArrayView data() const { return m_data; }      // the fields in directory order, each including its terminator
+    bool directoryRight() const { return m_right; }     // all lengths and positions are exact
+    bool directoryDamaged() const { return m_damaged; } // tags recovered by lengths and positions
 
 private:
     struct Entry {

@@ -15,9 +15,8 @@ struct ImportedNow {
 };
 
 struct StatusFacts {
-    QString warning; // about the record being edited
-    bool fieldsCameOrWent =
-        false; // rows were inserted or removed and nothing else was changed, so the user is not asked
+    QString warning;                 // about the record being edited
+    bool fieldsCameOrWent = false;   // only rows were inserted or removed, so the user is not asked
     std::optional<qsizetype> column; // in an open editor, counted from 1
     std::optional<int> columns;      // maximum length of the text in that editor
     bool assistant = false;          // the edited row has an assistant

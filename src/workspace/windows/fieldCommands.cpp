@@ -101,8 +101,7 @@ void FieldCommands::menuKeyPressed() {
         return;
     m_editors.editRow = row; // as if clicked, so that the popup works by keyboard alone
     m_grid.scrollToRow(row);
-    const int column =
-        std::max(m_grid.column(), int(FieldLabelColumn)); // the first column is hidden and has no position
+    const int column = std::max(m_grid.column(), int(FieldLabelColumn)); // the first column is hidden
     popup(m_grid.parentWidget()->mapToGlobal(m_grid.cellRect(row, column).center()));
 }
 

@@ -14,8 +14,7 @@ void StatusLine::follow() {
     connect(&m_sources.record, &EditedRecord::edited, this, &StatusLine::update);
     for (const auto told : {&CellEditors::typed, &CellEditors::moved})
         connect(&m_sources.editors, told, this, &StatusLine::update);
-    connect(&m_sources.editors, &CellEditors::opened, this,
-            &StatusLine::update); // the first position is not reported by a key
+    connect(&m_sources.editors, &CellEditors::opened, this, &StatusLine::update); // no key reports this position
     connect(&m_sources.drafts, &DraftKeeper::told, this, &StatusLine::say);
     connect(&m_sources.drafts, &DraftKeeper::fault, this, [this](const QString &words) {
         m_facts.draftFault = words;
