@@ -1,4 +1,4 @@
-// The "about" box: the system's name and version, the maker's address and links.
+// The "about" box: name and version of the system, address and links of the maker.
 #pragma once
 
 #include "app/windows/backdrop.h"

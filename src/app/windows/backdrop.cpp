@@ -9,7 +9,7 @@ namespace {
 
 constexpr auto spineColours =
     std::to_array<QRgb>({0x7a2e2e, 0x2f4f7f, 0x3f6b52, 0x8a6a33, 0x50406e, 0x26616b, 0x8c4a33, 0x46566b});
-constexpr quint32 arrangement = 936; // the same books on each screen
+constexpr quint32 arrangement = 936; // seed; the same books on every screen
 
 void paintSky(QPainter &painter, const QRectF &area) {
     QLinearGradient dusk(area.topLeft(), area.bottomLeft());
@@ -23,7 +23,7 @@ void paintSky(QPainter &painter, const QRectF &area) {
     painter.fillRect(area, lamp);
 }
 
-// One spine with its light edge, two bands and a label.
+// Paints one spine with a light edge, two bands and a label.
 void paintBook(QPainter &painter, const QRectF &book, QColor colour) {
     QLinearGradient round(book.topLeft(), book.topRight());
     round.setColorAt(0, colour.darker(135));

@@ -1,4 +1,4 @@
-// The picture behind the notices: a shelf of books under a dusk sky, drawn to any size.
+// The background picture of the notices: a bookshelf under a dusk sky, drawn to any size.
 #pragma once
 
 #include <QWidget>

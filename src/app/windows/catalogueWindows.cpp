@@ -15,7 +15,7 @@ namespace {
 constexpr QStringView sizeKey = u"/size";
 constexpr QStringView maximisedKey = u"/maximised";
 
-// The list window behind a query, which comes up only when the query hands its result over.
+// The target of a query whose list window is created only when the query passes its result.
 template <class Show>
 class LateTarget final : public catalogue::QueryTarget {
 public:
@@ -50,7 +50,7 @@ template <class List>
 List *CatalogueWindows::adopted(List *list) {
     QMdiSubWindow *place = m_area->addSubWindow(list);
     place->setAttribute(Qt::WA_DeleteOnClose);
-    // However it is closed, the place goes with it; behind the event that closes it, since that is still under way.
+    // The sub-window is deleted however the list is closed, but only after the current close event.
     QObject::connect(list, &widgets::Window::unloaded, place, [this, place, list] {
         keepShape(*place, *list);
         place->hide();

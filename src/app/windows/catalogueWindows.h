@@ -1,6 +1,6 @@
-// Owns the windows on the catalogue and the store: two query dialogs, and what lives in the frame behind them. A list
-// window is made when rows first come for it and ends when it is unloaded; the order that the sort dialog stored
-// outlives it.
+// Owns the windows for the catalogue and the store: two query dialogs, and the list windows in the frame. A list window
+// is created when it first gets rows and is deleted when it is unloaded. The order stored by the sort dialog outlives
+// it.
 #pragma once
 
 #include "app/windows/commands.h"
@@ -24,19 +24,19 @@ namespace app {
 
 class CatalogueWindows {
 public:
-    // What the list of the store leads to.
+    // The functions that the store list calls.
     struct Ways {
         std::function<QList<qint64>()> lastImport;
         std::function<void(const QString &marc, QWidget *owner)> showCard;
     };
     CatalogueWindows(platform::Host &host, const database::SessionState &state, Ways ways);
 
-    // The area of the frame that the list windows live in.
+    // The area of the frame for the list windows.
     void setArea(QMdiArea *area) { m_area = area; }
 
     void queryCatalogue(const QueryLists &lists);
     void queryStore(const QueryLists &lists);
-    // Before the process ends: an export in progress ends with its file closed, and what the lists look like is kept.
+    // Call before the process ends: ends a running export with its file closed, and stores the layout of the lists.
     void endRuns();
 
 private:
@@ -46,10 +46,10 @@ private:
     void showOrderby();
     void hideWorking();
     QWidget *frame() const;
-    // Puts the list window into the frame, at its upper left corner; it is gone for good once it is unloaded.
+    // Adds the list window to the frame, at its upper left corner. It is deleted when it is unloaded.
     template <class List>
     List *adopted(List *list);
-    // Size and drawn columns of a list, as it was left the last time.
+    // Restore and store the size and the column widths of a list.
     void recallShape(QMdiSubWindow &place, catalogue::ListWindow &list) const;
     void keepShape(const QMdiSubWindow &place, const catalogue::ListWindow &list) const;
     void bringForward(QWidget *list);

@@ -1,4 +1,4 @@
-// The commands of the main window: its menu tree, its toolbar, and the lists with which it opens the two queries.
+// The commands of the main window: its menus, its toolbar, and the field lists of the two queries.
 #pragma once
 
 #include <QStringView>
@@ -10,7 +10,7 @@ enum class Command { Import, Export, Maintain, Split, Merge, AboutTool, AboutSys
 
 struct MenuRow {
     QStringView menuName;
-    QStringView menuCaption; // empty: the item goes on in the menu of the row above
+    QStringView menuCaption; // empty: the item belongs to the menu of the previous row
     QStringView itemName;
     QStringView itemCaption;
     Command command;
@@ -29,7 +29,7 @@ inline constexpr auto menuRows = std::to_array<MenuRow>({
 });
 
 struct ToolRow {
-    QStringView key; // also the button's tag and the name of its picture
+    QStringView key; // also the tag of the button and the name of its picture
     QStringView caption;
     Command command;
 };
@@ -43,7 +43,7 @@ inline constexpr auto toolRows = std::to_array<ToolRow>({
     {u"quit", u"退出系统", Command::Quit},
 });
 
-// Three comma-separated lists in step with each other.
+// Three comma-separated lists of corresponding items.
 struct QueryLists {
     QStringView columns;
     QStringView labels;
@@ -58,11 +58,11 @@ inline constexpr QueryLists storeQuery{u"bookname,author,isbn,classcode,lagclass
                                        u"书名,著者,ISBN,分类号,语种,出版社,出版日期",
                                        u"字符,字符,字符,字符,字符,字符,字符"};
 
-// What the commands open. Each call returns when the window it shows modally has closed.
+// Opens the windows of the commands. Each call returns when the modal window is closed.
 class CommandWindows {
 public:
     virtual ~CommandWindows() = default;
-    virtual void selectMarcFile(const QString &file) = 0; // with the file in its box; an empty one is none
+    virtual void selectMarcFile(const QString &file) = 0; // with the file in its box; empty: none
     virtual void tidyFile(const QString &source) = 0;     // likewise
     virtual void queryCatalogue(const QueryLists &lists) = 0;
     virtual void queryStore(const QueryLists &lists) = 0;
@@ -71,9 +71,9 @@ public:
     virtual void showHelp() = 0;
     virtual void showAbout() = 0;
     virtual void showNotice() = 0; // without waiting
-    // What the database in use is stored as.
+    // Returns the stored connection string of the database.
     virtual QString connectionText() const = 0;
-    // Before the process ends: a run in progress ends with its files closed.
+    // Call before the process ends: ends a running export with its file closed.
     virtual void endRuns() = 0;
 };
 

@@ -1,4 +1,4 @@
-// Owns the windows that the commands open, makes each at its use and wires it to those it leads to.
+// Owns the windows that the commands open. Creates each window when it is used and connects it to those it opens.
 #pragma once
 
 #include "app/windows/catalogueWindows.h"
@@ -13,7 +13,8 @@ class DeskWindows final : public CommandWindows {
 public:
     DeskWindows(platform::Host &host, const database::SessionState &state);
 
-    // The frame that the list windows live in and that the dialogs belong to; outlives its use here.
+    // Sets the frame, which contains the list windows and is the parent of the dialogs. It must remain valid during
+    // use.
     void setFrame(marcMain *frame);
 
     void selectMarcFile(const QString &file) override;
@@ -40,7 +41,7 @@ private:
 
     platform::Host &m_host;
     const database::SessionState &m_state;
-    QList<qint64> m_lastImport; // keys of the rows that the last import made
+    QList<qint64> m_lastImport; // keys of the rows added by the last import
     CatalogueWindows m_catalogue;
     QWidget *m_frame = nullptr;
 };

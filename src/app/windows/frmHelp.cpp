@@ -29,7 +29,7 @@ frmHelp::frmHelp(QWidget *parent)
     , RichTextBox1(widgets::named(new QTextEdit, u"RichTextBox1"_s, windowTitle())) {
     RichTextBox1->setReadOnly(true);
     RichTextBox1->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    RichTextBox1->setCursorWidth(0); // it is there for selecting by keys; nothing is written here
+    RichTextBox1->setCursorWidth(0); // the cursor is only for selecting by keyboard
     RichTextBox1->document()->setDocumentMargin(fontMetrics().height());
     RichTextBox1->setHtml(helpHtml());
     setLayout(widgets::row({RichTextBox1}));

@@ -1,4 +1,4 @@
-// The help on the format: a fixed text.
+// The help about the format: a fixed text.
 #pragma once
 
 #include "widgets/window.h"

@@ -21,7 +21,7 @@ QFont enlarged(QFont font, double factor, QFont::Weight weight) {
     return font;
 }
 
-// The maker's mark: the first letter of the name in a ring.
+// Returns a label with the maker's logo: the first letter of the name in a ring.
 QLabel *makerMark(const QString &objectName) {
     auto *label = named(new QLabel, objectName);
     const int side = 2 * label->fontMetrics().lineSpacing();
@@ -39,7 +39,8 @@ QLabel *makerMark(const QString &objectName) {
     return label;
 }
 
-// Light words on the dark picture, whatever the desktop's colours are; the button keeps its own.
+// Returns the palette for light text on the dark picture, independent of the desktop's colours. The button keeps its
+// own.
 QPalette onPicture(QPalette palette) {
     palette.setColor(QPalette::WindowText, lightWords);
     palette.setColor(QPalette::Link, QColor(0xa9, 0xd4, 0xff));
@@ -69,7 +70,7 @@ frmLook::frmLook(platform::Host &host, QWidget *parent)
     , cmOK(new widgets::Button(u"cmOK"_s, u"确定"_s))
     , m_host(host) {
     layOut();
-    Check1->setChecked(true); // what happens in any case
+    Check1->setChecked(true); // the notice is always shown
     connect(Check1, &QCheckBox::clicked, this, &frmLook::keepTick);
     connect(cmOK, &widgets::Button::clicked, this, &frmLook::unload);
 }
@@ -100,7 +101,7 @@ void frmLook::layOut() {
     setWindowState(Qt::WindowMaximized);
 }
 
-// The picture keeps the size of the screen; a window that is larger still gets no bare edge.
+// The picture is as large as the screen, or as the window if that is larger.
 void frmLook::resizeEvent(QResizeEvent *event) {
     Picture1->resize(screen()->size().expandedTo(size()));
     Window::resizeEvent(event);

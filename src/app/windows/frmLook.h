@@ -1,5 +1,5 @@
-// The notice of the program's start. It stays until the user closes it; its tick is kept in the settings, and nothing
-// ever reads it: the notice shows at each start.
+// The notice at program start. It stays until the user closes it. Its check mark is stored in the settings but never
+// read: the notice is shown at each start.
 #pragma once
 
 #include "app/windows/backdrop.h"
@@ -15,7 +15,7 @@ class frmLook final : public widgets::Window {
 public:
     explicit frmLook(platform::Host &host, QWidget *parent = nullptr);
 
-    Backdrop *Picture1; // the size of the screen
+    Backdrop *Picture1; // as large as the screen
     QLabel *imgMain;
     QLabel *Image1;
     QLabel *lMain;
@@ -35,7 +35,7 @@ private:
     platform::Host &m_host;
 };
 
-// A label with the program's emblem, so many lines of its own text high.
+// Returns a label with the emblem of the program, `lines` lines of its font high.
 QLabel *emblem(const QString &objectName, int lines);
 
 } // namespace app

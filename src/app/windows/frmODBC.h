@@ -1,5 +1,5 @@
-// The dialog of a first run: describes the library's database, by a data source of the machine or by driver, server and
-// database; composes the connection text, tests it and saves it to the settings.
+// The dialog of the first start: describes the database by a data source or by driver, server and database, composes
+// the connection string, tests it and saves it to the settings.
 #pragma once
 
 #include "app/connectionText.h"
@@ -13,10 +13,10 @@
 
 namespace app {
 
-// The database layer as the dialog needs it.
+// The functions of the database layer that the dialog uses.
 struct ConnectionProbe {
     std::function<QStringList()> dataSources;
-    std::function<platform::Status(const QString &connectionString)> open; // opens and releases
+    std::function<platform::Status(const QString &connectionString)> open; // opens and closes a connection
 };
 
 class frmODBC final : public widgets::Window {
@@ -25,7 +25,7 @@ public:
     frmODBC(platform::Host &host, ConnectionProbe probe, QWidget *parent = nullptr);
 
     void GetDSNsAndDrivers();
-    // Whether the fields are enough to go on; if not, after a box.
+    // Returns whether the fields are sufficient; if not, shows a message.
     bool checkInput();
 
     QComboBox *cboDSNList;

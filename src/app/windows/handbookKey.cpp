@@ -8,7 +8,7 @@ namespace app {
 
 namespace {
 
-// Between two windows the one behind may be active still.
+// During a change of windows the blocked window may still be active.
 QWidget *windowInFront() {
     QWidget *active = QApplication::activeWindow();
     if (active && !widgets::isBlocked(active))
@@ -16,7 +16,8 @@ QWidget *windowInFront() {
     return QApplication::activeModalWidget();
 }
 
-// From the control with the keyboard outwards. The list windows stand in the frame, whose own controls may have it.
+// Returns the names from the focused control outwards. If the focus is in the frame itself, starts at the current list
+// window.
 QStringList namesFrom(QWidget *window) {
     QWidget *inner = window->focusWidget() ? window->focusWidget() : window;
     const auto *area = window->findChild<QMdiArea *>();
@@ -38,7 +39,7 @@ HandbookKey::HandbookKey(platform::Host &host)
 
 void HandbookKey::open() {
     while (QWidget *popup = QApplication::activePopupWidget())
-        popup->close(); // it holds the keyboard
+        popup->close(); // it has grabbed the keyboard
     QWidget *front = windowInFront();
     if (!front)
         return;

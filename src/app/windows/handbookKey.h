@@ -1,5 +1,5 @@
-// F1, wherever it is pressed: the handbook at the page of the window in front. One handbook, made at its first use; the
-// key goes no further, so that what is being edited or is running knows nothing of it.
+// Opens the handbook on F1, at the page of the active window. There is one handbook, created when first used. The key
+// is not passed on, so that editors and runs are not affected.
 #pragma once
 
 #include "handbook/windows/frmHandbook.h"

@@ -1,4 +1,4 @@
-// The words of the help on the format.
+// The text of the help about the format.
 #pragma once
 
 #include <QStringView>
@@ -10,7 +10,7 @@ inline constexpr QStringView helpHeading = u"CNQuelt 中国机读目录数据处
 
 struct HelpSection {
     QStringView title;
-    QStringView text; // paragraphs, a line each
+    QStringView text; // paragraphs, one per line
 };
 
 inline constexpr auto helpSections = std::to_array<HelpSection>({
@@ -30,7 +30,7 @@ struct Standard {
     QStringView title;
 };
 
-// The number of the standard for book numbers is GB 5795-86 elsewhere.
+// Elsewhere the number of the standard for book numbers is GB 5795-86.
 inline constexpr auto helpStandards = std::to_array<Standard>({
     {u"GB 1988-80", u"信息处理交换用的七位编码字符集"},
     {u"GB 2311-80", u"信息处理交换用七位编码字符集的扩充方法"},

@@ -1,4 +1,4 @@
-// The maker as the notices name it, at addresses of a domain that is reserved for examples.
+// The maker as named in the notices. The addresses use a domain reserved for examples.
 #pragma once
 
 #include <QStringView>

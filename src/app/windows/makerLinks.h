@@ -1,5 +1,5 @@
-// The two links of a notice, made and wired: the maker's web address, with a box when it cannot be opened, and the
-// maker's mail address. The wait cursor is on the window meanwhile.
+// Create the two links of a notice: the maker's web address, with a message if it cannot be opened, and the maker's
+// mail address. The window shows the wait cursor while a link is opened.
 #pragma once
 
 #include "platform/host.h"

@@ -60,7 +60,7 @@ void marcMain::buildToolbar() {
     Toolbar1->setWindowTitle(u"工具栏"_s);
     Toolbar1->setMovable(false);
     Toolbar1->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-    Toolbar1->setContextMenuPolicy(Qt::PreventContextMenu); // it has no command to come back once hidden
+    Toolbar1->setContextMenuPolicy(Qt::PreventContextMenu); // a hidden toolbar could not be shown again
     const int side = fontMetrics().height() * 2;
     Toolbar1->setIconSize(QSize(side, side));
     for (const ToolRow &row : toolRows) {
@@ -76,7 +76,7 @@ void marcMain::buildToolbar() {
     addToolBar(Toolbar1);
 }
 
-// It lies under the list windows, and shows while there is none.
+// The start page is below the list windows and visible only without them.
 void marcMain::buildStartPage() {
     connect(startPage->steps[0], &widgets::Button::clicked, this, [this] { run(Command::Import); });
     connect(startPage->steps[1], &widgets::Button::clicked, this, [this] { run(Command::Maintain); });
@@ -115,7 +115,7 @@ void marcMain::dragEnterEvent(QDragEnterEvent *event) {
     widgets::acceptFile(event);
 }
 
-// The dialog waits for its user, and whoever has dropped the file must not wait with it.
+// Opens the dialog later, since the program that the file was dragged from waits for the end of the drop.
 void marcMain::dropEvent(QDropEvent *event) {
     if (const auto path = widgets::acceptFile(event))
         QMetaObject::invokeMethod(
@@ -168,8 +168,7 @@ void marcMain::LoadQuerydel() {
     m_windows.queryStore(storeQuery);
 }
 
-// The notice waits until the frame is on the screen: so it comes to lie in front of it, and what it takes to make it
-// does not hold the frame up.
+// The notice is created only after the frame is painted, so that it is in front of the frame and does not delay it.
 void marcMain::paintEvent(QPaintEvent *event) {
     QMainWindow::paintEvent(event);
     if (!std::exchange(m_noticeShown, true))
@@ -181,7 +180,7 @@ void marcMain::closeEvent(QCloseEvent *event) {
     if (m_host.ask(u"确定要退出系统吗？"_s, QString(platform::programTitle + u"-[退出]"_s), platform::Answer::Yes,
                    platform::Icon::Exclamation)) {
         m_windows.endRuns();
-        m_host.endProcess(); // no other window is asked
+        m_host.endProcess(); // without asking other windows
     }
 }
 

@@ -1,5 +1,5 @@
-// The program's one frame window, the parent of all others, with menu bar and toolbar. It holds no logic beyond
-// dispatching: every command opens one window.
+// The main window and parent of all others, with menu bar and toolbar. It only dispatches: every command opens one
+// window.
 #pragma once
 
 #include "app/windows/commands.h"
@@ -16,16 +16,16 @@ class marcMain final : public QMainWindow {
 public:
     marcMain(platform::Host &host, CommandWindows &windows);
 
-    void LoadQuery();    // the catalogue query for the export
-    void LoadQuerydel(); // the query for the maintenance of the store
+    void LoadQuery();    // opens the catalogue query for the export
+    void LoadQuerydel(); // opens the store query for maintenance
     void run(Command command);
 
-    // Where the list windows live.
+    // The area of the list windows.
     QMdiArea *area() const { return mdiArea; }
 
     QToolBar *Toolbar1;
     QMdiArea *mdiArea;
-    StartPage *startPage; // while the frame is empty
+    StartPage *startPage; // visible while there is no list window
     QLabel *databaseName; // in the status bar
 
 protected:
@@ -40,7 +40,7 @@ private:
     void buildToolbar();
     void buildStartPage();
     void placeStartPage();
-    void selectFile(const QString &path); // empty: none yet
+    void selectFile(const QString &path); // empty: no file yet
 
     platform::Host &m_host;
     CommandWindows &m_windows;

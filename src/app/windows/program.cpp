@@ -28,7 +28,7 @@ platform::Status probe(database::LinkPool &links, const QString &connectionStrin
 } // namespace
 
 int runProgram(platform::Host &host, database::LinkPool &links, const QString &claimFolder) {
-    QApplication::setQuitOnLastWindowClosed(false); // only the exit question ends the program
+    QApplication::setQuitOnLastWindowClosed(false); // the program ends only by the exit question
     QApplication::setWindowIcon(QIcon(u":/program.svg"_s));
     const platform::SingleInstance instance(u"tarvex-marc"_s, claimFolder);
     database::SessionState state{links, {}};

@@ -1,4 +1,4 @@
-// The program from its first step to its last, on a machine that is handed in.
+// The whole program, on the given host.
 #pragma once
 
 #include "database/linkPool.h"
@@ -7,8 +7,8 @@
 
 namespace app {
 
-// Runs start-up and, where it goes on, the event loop; the exit code of the process. The folder is the one in which a
-// second start finds the first.
+// Runs the start-up and, if that succeeds, the event loop. Returns the exit code of the process. `claimFolder` is the
+// folder in which a second instance detects the first.
 int runProgram(platform::Host &host, database::LinkPool &links,
                const QString &claimFolder = platform::SingleInstance::machineFolder());
 

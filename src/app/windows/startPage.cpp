@@ -50,14 +50,14 @@ StartPage::StartPage(platform::Host &host, QWidget *parent)
     page->setLayout(column({heading(u"startTitle"_s, u"从这里开始"_s, this), steps[0], steps[1], steps[2], tidy,
                             handbook, recentTitle, m_recentFiles, databaseWords}));
     setFrameShape(QFrame::NoFrame);
-    setFocusPolicy(Qt::NoFocus); // its entries have the keyboard
+    setFocusPolicy(Qt::NoFocus); // the focus goes to its entries
     setWidget(page);
     setWidgetResizable(true);
     refresh();
 }
 
 void StartPage::refresh() {
-    for (Button *file : recent) { // one of them may be what is being clicked
+    for (Button *file : recent) { // the button being clicked may be one of them
         file->hide();
         file->setObjectName({});
         file->deleteLater();
@@ -86,13 +86,13 @@ QSize StartPage::sizeIn(const QSize &room) const {
 }
 
 QSize StartPage::fittedTo(const QSize &room) {
-    // What is shown and hidden asks for the page to be laid out again, which leads here again: nothing more may be
-    // asked for then, or the page would never come to rest.
+    // Showing and hiding buttons triggers another layout of the page, which calls this function again; without this
+    // test it would never end.
     if (std::exchange(m_fittedTo, room) == room)
         return sizeIn(room);
     const int line = fontMetrics().height();
     const int side = 2 * line;
-    const auto excess = [&](int above) { // now, not with the next events
+    const auto excess = [&](int above) { // computed now, not with the next events
         content()->setContentsMargins(side, above, side, above);
         m_recentFiles->invalidate();
         content()->invalidate();

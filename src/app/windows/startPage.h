@@ -1,5 +1,5 @@
-// What the empty frame shows: the three steps of the work, the files used last, the database in use. Where the frame is
-// too low for that, the margins give way first, then it scrolls: no caption is cut.
+// The start page of the empty frame: the three steps of the work, the recent files and the current database. If the
+// frame is too low, first the margins shrink, then the page scrolls; no caption is cut off.
 #pragma once
 
 #include "platform/host.h"
@@ -15,9 +15,9 @@ class StartPage final : public QScrollArea {
 public:
     explicit StartPage(platform::Host &host, QWidget *parent);
 
-    // The files used last may be other ones.
+    // Lists the recent files again.
     void refresh();
-    // The size it takes in so much room; of the last files those that have none are hidden.
+    // Returns the size of the page for the available space. Hides recent files that do not fit.
     QSize fittedTo(const QSize &room);
 
     std::array<widgets::Button *, 3> steps;
@@ -36,7 +36,7 @@ private:
 
     platform::Host &m_host;
     QVBoxLayout *m_recentFiles;
-    QSize m_fittedTo; // the room that the last files were fitted to; none since they changed
+    QSize m_fittedTo; // the space of the last call of fittedTo(); invalid after refresh()
 };
 
 } // namespace app
