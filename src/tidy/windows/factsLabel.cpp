@@ -15,7 +15,7 @@ FactsLabel::FactsLabel(const QString &objectName, QWidget *parent)
     setTextFormat(Qt::RichText);
     setTextInteractionFlags(Qt::TextSelectableByMouse);
     setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    setMinimumHeight(2 * fontMetrics().lineSpacing()); // the window does not jump when they come
+    setMinimumHeight(2 * fontMetrics().lineSpacing()); // so that the window does not change when facts appear
 }
 
 FactsLabel::Stand FactsLabel::standOf(const QString &path) {
@@ -55,7 +55,7 @@ void FactsLabel::hurry() {
 void FactsLabel::stop() {
     m_slices.stop();
     if (m_survey)
-        m_stand = {}; // what was not seen whole is looked at again
+        m_stand = {}; // an incomplete survey must be repeated
     m_survey.reset();
 }
 

@@ -1,6 +1,6 @@
-// What a record file is, shown under the box that names it: looked at in slices while the window stays alive, shown as
-// far as it has come, and dropped as soon as another path is given. Warnings stand in the ink of warnings; the
-// accessible name has the plain text.
+// Shows facts about a record file below its path. The file is surveyed in slices while the window stays responsive;
+// preliminary facts are shown, and the survey ends as soon as another path is given. Warnings have the warning colour;
+// the accessible name is the plain text.
 #pragma once
 
 #include "marc/fileSurvey.h"
@@ -16,24 +16,25 @@ class FactsLabel final : public QLabel {
 public:
     explicit FactsLabel(const QString &objectName, QWidget *parent = nullptr);
 
-    // Begins again; empty where no file stands at that path.
+    // Starts again with the file at `path`; shows nothing if there is none.
     void lookAt(const QString &path);
-    // Looks again where the file is no longer the one that was looked at.
+    // Starts again if the file has changed since.
     void lookAgain();
-    // Takes the next slices at once, as many as pass unnoticed.
+    // Runs the next slices at once, as many as the user does not notice.
     void hurry();
-    void stop(); // what was seen stays
+    void stop(); // keeps the facts shown so far
     bool isLooking() const { return m_survey.has_value(); }
 
 Q_SIGNALS:
-    // The file has been seen whole. It wants tidying where what it is and what will be read disagree.
+    // The whole file was surveyed. With `disagree` the detected encoding and the one used for reading differ, and the
+    // file needs tidying.
     void looked(const marc::FileFacts &facts, bool disagree);
 
 protected:
     void timerEvent(QTimerEvent *event) override;
 
 private:
-    struct Stand { // of a file: one that differs in these is another one
+    struct Stand { // identifies a version of a file
         qint64 size = -1;
         QDateTime written;
         friend bool operator==(const Stand &, const Stand &) = default;
@@ -45,7 +46,7 @@ private:
 
     QString m_path;
     Stand m_stand;
-    std::optional<marc::FileSurvey> m_survey; // while it goes on
+    std::optional<marc::FileSurvey> m_survey; // during the survey
     QBasicTimer m_slices;
 };
 

@@ -22,7 +22,7 @@ namespace {
 struct FormRow {
     TargetForm form;
     QStringView caption;
-    QStringView ending; // of a suggested name
+    QStringView ending; // end of a suggested name
 };
 
 constexpr auto forms = std::to_array<FormRow>({
@@ -102,7 +102,7 @@ void frmTidy::layOut() {
         m_boxes->addWidget(box);
         box->setMinimumHeight(2 * box->fontMetrics().lineSpacing());
     }
-    Text1[0]->setMinimumWidth(24 * fontMetrics().height()); // a usual path is seen whole
+    Text1[0]->setMinimumWidth(24 * fontMetrics().height()); // fits a usual path
     setLayout(column({
         framed(Frame1, column({
                            LabShuoMing[0],
@@ -119,12 +119,13 @@ void frmTidy::layOut() {
         row({{labShuDo, 1}, cmdClick[0], cmdClick[1], cmdClick[2]}),
     }));
     showResult({}, {});
-    resize(sizeHint() + QSize(0, 5 * txtResult->fontMetrics().lineSpacing())); // a small screen has room for less
+    resize(sizeHint() + QSize(0, 5 * txtResult->fontMetrics().lineSpacing())); // a small screen limits the size
 }
 
 void frmTidy::dressWarning() {
     warningLabel->setWordWrap(true);
-    warningLabel->setMinimumHeight(fontMetrics().lineSpacing()); // it asks for as many as a narrow one has
+    warningLabel->setMinimumHeight(
+        fontMetrics().lineSpacing()); // otherwise word wrap asks for the lines of a narrow label
     QPalette inked = warningLabel->palette();
     inked.setColor(QPalette::WindowText, widgets::warningInk(inked.color(QPalette::Window)));
     warningLabel->setPalette(inked);
@@ -150,7 +151,7 @@ void frmTidy::takeSource(const QString &text) {
     suggestTarget();
 }
 
-// Before the file has been seen whole only a chosen encoding has something to show.
+// Before the survey is complete, there is a sample only for an encoding chosen by the user.
 void frmTidy::showSample() {
     const QString path = platform::trimBlanks(Text1[0]->text());
     if (!platform::fileExists(path) || (LabFacts->isLooking() && encoding() == SourceEncoding::Automatic))
@@ -162,7 +163,7 @@ void frmTidy::showSample() {
     sampleText->setText(found ? sample.value().text : sample ? QString() : sample.failure().description);
 }
 
-// A cancel leaves the box as it was.
+// If the user cancels, the box does not change.
 void frmTidy::chooseInto(SelectingEdit *box, platform::FileDialogKind kind) {
     const QString path = m_host.chooseFile(
         {.title = u"选择文件对话框"_s,
@@ -226,7 +227,7 @@ void frmTidy::tidy() {
         m_host.tell(done.failure().description);
 }
 
-// In the place of the sample.
+// Shows the result instead of the sample.
 void frmTidy::showResult(const QString &told, const QString &warning) {
     txtResult->setText(told);
     m_boxes->setCurrentWidget(told.isEmpty() ? sampleText : txtResult);

@@ -1,5 +1,5 @@
-// Writes a record file again so that this program, or others, can read it, whatever encoding and line ends it came
-// with. A record is shown as it will be read before anything is written.
+// Rewrites a record file of any encoding and line ends for this program or others. Before anything is written, it shows
+// a record as it will be read.
 #pragma once
 
 #include "platform/host.h"
@@ -31,14 +31,14 @@ public:
     QComboBox *sourceEncoding;
     QLabel *sampleLabel;
     widgets::TextBox *sampleText;
-    QLabel *warningLabel; // what the run lost
+    QLabel *warningLabel; // about losses of the run
     widgets::TextBox *txtResult;
     widgets::PacedLabel *labJinDu;
     widgets::PacedLabel *labShuDo;
-    std::array<widgets::Button *, 3> cmdClick; // begin, stop, leave
+    std::array<widgets::Button *, 3> cmdClick; // start, stop, close
 
 protected:
-    bool queryUnload() override; // asks only while a run is on
+    bool queryUnload() override; // asks only during a run
     void changeEvent(QEvent *event) override;
 
 private:
@@ -52,23 +52,23 @@ private:
     void chooseInto(widgets::SelectingEdit *box, platform::FileDialogKind kind);
     TargetForm form() const;
     SourceEncoding encoding() const;
-    // A name beside the source's, as long as the box holds none that the user gave.
+    // Suggests a name in the folder of the source, unless the user has entered another one.
     void suggestTarget();
     bool mayTidy(const QString &source, const QString &target);
     void tidy();
-    platform::Result<bool> run(); // false where it was stopped
+    platform::Result<bool> run(); // false if stopped
     void begin();
     void end();
     void showCount(qint64 records);
 
     platform::Host &m_host;
     widgets::RunControls m_controls;
-    QStackedWidget *m_boxes; // the sample, or the result
+    QStackedWidget *m_boxes; // the sample or the result
     std::optional<TidyRun> m_run;
     QString m_suggested;
     marc::FileEncoding m_guessed = marc::FileEncoding::Unknown;
     bool m_stopped = false;
-    bool m_leaving = false; // after the run
+    bool m_leaving = false; // close after the run
 };
 
 } // namespace tidy
