@@ -1,6 +1,6 @@
-// What the windows of the split and of the merge have in common: the two progress labels, the state that is read from
-// them, the way a run begins and ends, and the questions at closing. A run is taken to be active while `labJinDu` is
-// shown and does not say that the work is done; a run that failed stays in that state.
+// Common behaviour of the split and merge windows: two progress labels, the state derived from them, start and end of a
+// run, and the questions on closing. A run counts as active while `labJinDu` is visible and does not report the end of
+// the work; a failed run stays in that state.
 #pragma once
 
 #include "platform/host.h"
@@ -11,7 +11,7 @@
 
 namespace filetools {
 
-using ShowReport = std::function<void(const QString &report)>; // modally
+using ShowReport = std::function<void(const QString &report)>; // shows it modally
 
 class FileToolWindow : public widgets::Window {
     Q_OBJECT
@@ -25,19 +25,19 @@ protected:
 
     bool queryUnload() override;
 
-    // The path chosen in the file dialog; empty after a cancel.
+    // Returns the path chosen in the file dialog; empty if the user cancelled.
     QString chooseFile(platform::FileDialogKind kind);
-    // Puts up the hourglass, shows the labels, disables these and locks the box until the run has ended well; the
-    // keyboard is then where it was.
+    // Shows the wait cursor and the labels, disables the controls and makes the box read-only until endRun(), which
+    // also restores the focus.
     void beginRun(const QList<QWidget *> &disabled, QLineEdit *locked);
     void endRun();
     void showCount(qint32 total);
-    // Called before a count is seen: hands over to the files what was written. The number of records that stand in
-    // them, which is the one that is seen; nothing while there is none.
+    // Called before a count is shown: flushes the files and returns the number of records they contain, which is the
+    // one shown, or std::nullopt if there are none yet.
     virtual std::optional<qint32> handOver() = 0;
-    // Required as it stands: the box, and nothing is put back, so that the window cannot be closed any more.
+    // Required: shows the message and restores nothing, so that the window can no longer be closed.
     void tellFailure(const QString &description);
-    // The report, then the question whether to look at the folder; it goes to the desktop unless it is empty.
+    // Shows the report, then asks whether to open the folder on the desktop, unless `folder` is empty.
     void showResult(const QString &report, const QString &folder);
 
     platform::Host &m_host;
@@ -47,13 +47,13 @@ private:
     widgets::RunControls m_controls;
 };
 
-// A window with its run, which keeps its files after a failure until the window goes.
+// A window with its run. After a failure the run keeps its files open until the window is closed.
 template <class Run>
 class RunWindow : public FileToolWindow {
 protected:
     using FileToolWindow::FileToolWindow;
 
-    // Does the work of m_run as a whole, and shows its report.
+    // Runs the whole work of m_run and shows its report.
     template <class Work>
     void carryOut(const QList<QWidget *> &disabled, QLineEdit *locked, const QString &folder, Work work) {
         beginRun(disabled, locked);
@@ -65,7 +65,7 @@ protected:
         showResult(report, folder);
     }
 
-    // Writes each record up to the end of the source.
+    // Writes all remaining records of the source.
     template <class Write>
     platform::Status writeRecords(Write write) {
         for (;;) {

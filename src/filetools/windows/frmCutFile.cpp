@@ -32,7 +32,7 @@ frmCutFile::frmCutFile(platform::Host &host, ShowReport showReport, QWidget *par
     for (const auto &[index, kind] : {std::pair{0, FileDialogKind::Open}, {1, FileDialogKind::Save}}) {
         widgets::enterActsAsTab(Text1[index]);
         connect(cmdSelect[index], &Button::clicked, this, [this, i = index, k = kind] {
-            Text1[i]->setText(chooseFile(k)); // a cancel empties the box
+            Text1[i]->setText(chooseFile(k)); // clears the box if the user cancels
         });
     }
     connect(cmdclick[0], &Button::clicked, this, &frmCutFile::split);
@@ -45,7 +45,7 @@ void frmCutFile::layOut() {
         naming(named(LabShuoMing[i], u"LabShuoMing"_s + QString::number(i)), i < 2 ? Text1[i] : Text2);
     cmdSelect[0]->setAccessibleName(u"浏览需要处理的机读目录文件"_s);
     cmdSelect[1]->setAccessibleName(u"浏览拆分后的目标文件"_s);
-    Text1[0]->setMinimumWidth(24 * fontMetrics().height()); // a usual path is seen whole
+    Text1[0]->setMinimumWidth(24 * fontMetrics().height()); // fits a usual path
     setLayout(column({
         framed(Frame1, column({
                            LabShuoMing[0],

@@ -1,4 +1,4 @@
-// Cuts a record file into numbered files of a largest number of records each.
+// Splits a record file into numbered files with a maximum number of records each.
 #pragma once
 
 #include "filetools/splitRun.h"
@@ -16,7 +16,7 @@ public:
     frmCutFile(platform::Host &host, ShowReport showReport, QWidget *parent = nullptr);
 
     std::array<widgets::SelectingEdit *, 2> Text1; // source, target
-    widgets::SelectingEdit *Text2;                 // largest number of records per file
+    widgets::SelectingEdit *Text2;                 // maximum number of records per file
     std::array<widgets::Button *, 2> cmdSelect;
     std::array<widgets::Button *, 2> cmdclick;
     QGroupBox *Frame1;
@@ -25,11 +25,11 @@ public:
 private:
     void layOut();
     void split();
-    // The pattern of the target names, when the checks have passed and the question about existing files is answered.
+    // Returns the pattern of the target names, or std::nullopt if a check fails or the user does not confirm.
     std::optional<TargetPattern> confirmedTarget(const QString &source, const QString &target);
     platform::Status run();
 
-    QString m_limit; // what Text2 says at each moment: to ask the box once a record is a seventh of the work
+    QString m_limit; // current text of Text2; reading the box for each record would take a seventh of the time
 };
 
 } // namespace filetools

@@ -29,15 +29,16 @@ frmUnionFile::frmUnionFile(platform::Host &host, ShowReport showReport, QWidget 
     widgets::hint({{cmdSelect[1], u"从列表里去掉选中的文件（Delete），不删除文件"},
                    {Text1, u"用一个新的文件名：目标文件先被清空"},
                    {cmdClick[0], u"按列表的次序连成一个文件"}});
-    labJinDu->setText(u"处理完毕"_s); // never seen: both are hidden until a run
+    labJinDu->setText(u"处理完毕"_s); // never visible: both labels are hidden until a run
     labShuDo->setText(u"成功处理：0"_s);
     widgets::enterActsAsTab(Text1);
     connect(cmdSelect[0], &Button::clicked, this, &frmUnionFile::addFile);
     connect(cmdSelect[1], &Button::clicked, this, &frmUnionFile::removeFile);
     connect(new QShortcut(QKeySequence::Delete, List1, nullptr, nullptr, Qt::WidgetShortcut), &QShortcut::activated,
             cmdSelect[1], &Button::click);
-    connect(cmdSave, &Button::clicked, this,
-            [this] { Text1->setText(chooseFile(platform::FileDialogKind::Save)); }); // a cancel empties the box
+    connect(cmdSave, &Button::clicked, this, [this] {
+        Text1->setText(chooseFile(platform::FileDialogKind::Save));
+    }); // clears the box if the user cancels
     connect(cmdClick[0], &Button::clicked, this, &frmUnionFile::merge);
     connect(cmdClick[1], &Button::clicked, this, &frmUnionFile::unload);
 }
@@ -48,7 +49,7 @@ void frmUnionFile::layOut() {
     List1->setTextElideMode(Qt::ElideMiddle);
     Text1->setAccessibleName(Frame1->title());
     cmdSave->setAccessibleName(u"浏览合并后的目标文件"_s);
-    List1->setMinimumWidth(26 * fontMetrics().height()); // a usual path is seen whole
+    List1->setMinimumWidth(26 * fontMetrics().height()); // fits a usual path
     setLayout(column({
         {framed(Frame2, row({{List1, 1}, column({cmdSelect[0], cmdSelect[1], stretch()})})), 1},
         framed(Frame1, row({{Text1, 1}, cmdSave})),

@@ -1,4 +1,4 @@
-// Joins a list of record files into one, in the order of the list.
+// Merges the record files of a list into one, in the order of the list.
 #pragma once
 
 #include "filetools/mergeRun.h"
@@ -29,7 +29,7 @@ private:
     void removeFile();
     void merge();
     QStringList sources() const;
-    // Whether the checks have passed and an existing target may be replaced.
+    // Returns whether all checks pass and an existing target may be replaced.
     bool mayMerge(const QStringList &sources, const QString &target);
     platform::Status run(const QStringList &sources);
     platform::Status mergeSource(const QString &path);
