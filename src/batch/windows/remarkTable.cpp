@@ -17,7 +17,7 @@ namespace batch {
 namespace {
 
 constexpr int allKinds = -1;
-constexpr int shownLines = 4; // of the table at least
+constexpr int shownLines = 4; // minimum height of the table
 
 QString withCount(QStringView name, int count) {
     return name + u" (" + QString::number(count) + u')';
@@ -80,7 +80,7 @@ void RemarkTable::lay() {
     fitWidths();
 }
 
-// Widths in characters of the font, whatever its size.
+// Sets the widths in characters of the current font.
 void RemarkTable::fitWidths() {
     const int character = fontMetrics().horizontalAdvance(u'书');
     constexpr auto characters = std::to_array<int>({4, 13, 5, 3, 12});
@@ -123,7 +123,7 @@ void RemarkTable::settle() {
     showRow();
 }
 
-// Kinds are added as they come and never go, so that the one chosen stays.
+// Kinds are only added, so that the chosen one stays.
 void RemarkTable::showKinds() {
     if (kindBox->count() == 0)
         kindBox->addItem({}, allKinds);
@@ -160,7 +160,7 @@ void RemarkTable::activateRow() {
         Q_EMIT activated(m_list->remark(row));
 }
 
-// Nothing where no file was chosen, or where an existing one is to stay.
+// Returns std::nullopt if no file was chosen or an existing one must not be replaced.
 std::optional<QString> RemarkTable::chosenPath(const Target &target) {
     QString path =
         m_host.chooseFile({.title = target.title, .filter = target.filter, .kind = platform::FileDialogKind::Save});

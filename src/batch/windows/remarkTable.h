@@ -1,5 +1,5 @@
-// Remarks as a table, with what is done with all of them: one kind alone is shown, the whole text of one, all are
-// copied and saved.
+// Shows remarks in a table, filtered by kind, with the whole text of the current one. All remarks can be copied and
+// saved.
 #pragma once
 
 #include "batch/remark.h"
@@ -19,17 +19,17 @@ class RemarkTable final : public QWidget {
 public:
     RemarkTable(const QString &objectName, platform::Host &host, QWidget *parent);
 
-    // The table becomes empty. The remarks then come in parts and are sorted once all are there: the row that the user
-    // chose meanwhile stays current, else the first one is.
+    // begin() clears the table, take() adds remarks, and settle() sorts them when all are there. A row chosen by the
+    // user in the meantime stays current; otherwise the first row becomes current.
     void begin();
     void take(std::vector<Remark> remarks);
     void settle();
 
     const RemarkList &remarks() const { return *m_list; }
-    // Another button, next to the words or next to those at the bottom.
+    // Add a button next to `words`, or next to the buttons at the bottom.
     void addAbove(widgets::Button *button) { m_above->addWidget(button); }
     void addBelow(widgets::Button *button) { m_below->addWidget(button); }
-    // Asks for a file and has it written.
+    // Asks for a file and lets `write` write it.
     struct Target {
         QString title;
         QString filter;
@@ -38,14 +38,14 @@ public:
     void save(const Target &target, const std::function<platform::Status(const QString &path)> &write);
 
     QComboBox *kindBox;
-    widgets::PacedLabel *words; // how far the run has got, and what came of it
+    widgets::PacedLabel *words; // progress and result of the run
     widgets::FlexGrid *grid;
     QLabel *remarkText; // of the current row
     widgets::Button *copyButton;
     widgets::Button *saveButton;
 
 Q_SIGNALS:
-    // By Enter or a double click; of a remark that concerns a record.
+    // By Enter or a double click, if the remark is about a record.
     void activated(const batch::Remark &remark);
 
 protected:

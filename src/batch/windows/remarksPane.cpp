@@ -82,7 +82,7 @@ void RemarksPane::proofAll() {
     finish();
 }
 
-// Lets events in; false where the run is over. Nothing of the pane may be touched then.
+// Processes events. Returns false if the run is over; then nothing of the pane may be touched.
 bool RemarksPane::goesOn(int run) {
     const QPointer<RemarksPane> self(this);
     m_host.yield();
@@ -126,7 +126,7 @@ void RemarksPane::saveRecords() {
 void RemarksPane::keyPressEvent(QKeyEvent *event) {
     if (event->key() != Qt::Key_Escape)
         return QStackedWidget::keyPressEvent(event);
-    event->accept(); // the window is not closed by it
+    event->accept(); // so that the window is not closed
     Q_EMIT left();
 }
 

@@ -1,6 +1,5 @@
-// What was found about the records of a list, under the field grid of the workspace: the remarks of the last proof of
-// all records, and the records that the last import could not put into the store. Each of the two stays until the next
-// of its kind, also while the pane is hidden.
+// The pane below the field grid of the workspace: the remarks of the last proof of all records, and the records that
+// the last import could not store. Both remain until the next proof or import, even while the pane is hidden.
 #pragma once
 
 #include "batch/proofRun.h"
@@ -16,33 +15,33 @@ class RemarksPane final : public QStackedWidget {
 public:
     struct Source {
         std::shared_ptr<const marc::PreReadStore> records;
-        std::function<qint64()> recordsInFile; // an estimate until the file has been read to its end
+        std::function<qint64()> recordsInFile; // an estimate until the file was read to its end
         ProofOne proof;
         const database::SessionState &state;
     };
     RemarksPane(platform::Host &host, Source source, QWidget *parent = nullptr);
 
-    // Comes back when all is looked at, or when the run was stopped: by its button, by end(), by another run, by the
-    // end of the pane, which may be gone by then. To hide the pane does not stop it.
+    // Proves all records. Returns at the end or when the run is stopped: by its button, by end(), by another run or by
+    // the deletion of the pane, which may be deleted by then. Hiding the pane does not stop the run.
     void proofAll();
-    // Lists the records that the last import refused; none takes the list away.
+    // Lists the records that the last import refused; an empty list hides the table.
     void listRefused(RefusedRecords refused);
-    // Ends a run: its workspace closes.
+    // Ends a run because the workspace is closed.
     void end();
-    // Nothing was listed so far.
+    // Returns whether nothing was listed so far.
     bool isEmpty() const { return m_run == nullptr && m_refused.empty(); }
 
     RemarkTable *proofTable;
-    widgets::Button *stopButton; // shown while a run is going on
+    widgets::Button *stopButton; // shown during a run
     widgets::Button *toRefusedButton;
     RemarkTable *refusedTable;
     widgets::Button *toProofButton;
-    widgets::Button *isoButton; // the refused records as a file
+    widgets::Button *isoButton; // saves the refused records as a file
 
 Q_SIGNALS:
     void jump(const marc::FieldPlace &place);
-    void left();                      // by Esc: the keyboard is to go back
-    void ended(const QString &words); // the run, while the pane is hidden
+    void left();                      // by Esc: the focus should go back
+    void ended(const QString &words); // a run ended while the pane was hidden
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
@@ -57,9 +56,9 @@ private:
 
     platform::Host &m_host;
     Source m_source;
-    std::shared_ptr<ProofRun> m_run; // the last one
+    std::shared_ptr<ProofRun> m_run; // the last run
     RefusedRecords m_refused;
-    int m_runs = 0; // begun and ended: a loop that finds another number leaves and touches nothing
+    int m_runs = 0; // number of runs begun and ended; a loop that finds another number returns and touches nothing
     bool m_running = false;
 };
 
