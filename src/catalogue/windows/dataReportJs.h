@@ -7,7 +7,7 @@
 namespace catalogue {
 
 struct DataReportJs : widgets::BandedReport {
-    // The rows in the columns of the report statement. An empty title leaves the report's own.
+    // The rows must have the columns of the report statement. An empty `title` keeps the default title.
     DataReportJs(std::shared_ptr<const platform::TableSource> dataSource, const QString &title, QDate date);
 };
 

@@ -1,5 +1,5 @@
-// What the list windows of the frame have in common: a grid that fills the window, its heading, the columns that follow
-// its size, and the way rows come into it.
+// Common behaviour of the list windows: a grid that fills the window, its headings, columns that follow its size, and
+// showing rows in it.
 #pragma once
 
 #include "catalogue/columnWidths.h"
@@ -13,23 +13,23 @@ namespace catalogue {
 class ListWindow : public widgets::Window {
     Q_OBJECT
 public:
-    // `headings` as the grid takes them, separated by "|".
+    // `headings` are separated by "|".
     ListWindow(const QString &objectName, const QString &caption, const QString &headings, QWidget *parent);
 
-    // Sets the column widths; called on each change of the grid's size.
+    // Sets the column widths; called whenever the size of the grid changes.
     virtual void gridFix() = 0;
-    QSize sizeHint() const override; // the size it starts with
+    QSize sizeHint() const override; // the initial size
 
     widgets::FlexGrid *Grid1;
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
-    // The grid as designed: headings, one empty row, everything centred, the first row selected.
+    // Resets the grid: headings, one empty row, everything centred, the first row selected.
     void gridInit();
-    // Binds the rows; where there are none the grid gets one empty row.
+    // Binds the rows; without rows the grid gets one empty row.
     void showRows(std::shared_ptr<const platform::TableSource> rows);
-    // What follows on new rows: widths, alignment, the first row selected.
+    // Call after new rows are shown: sets widths and alignment and selects the first row.
     void settleGrid();
     bool firstCellIsEmpty() const;
     int dataRows() const { return Grid1->rows() - 1; }

@@ -1,5 +1,5 @@
-// Chooses the order of the catalogue list without a new query. It works on the one list window, stores the order for
-// the later queries that name none, and shows a stored order again only where it is a single column.
+// Chooses the order of the catalogue list without a new query. It applies to the single list window and stores the
+// order for later queries without an order of their own. A stored order is shown again only if it has a single column.
 #pragma once
 
 #include "catalogue/queryTarget.h"
@@ -13,12 +13,12 @@ namespace catalogue {
 class OrderbyFrm final : public widgets::Window {
     Q_OBJECT
 public:
-    // `list` gives the list window, which comes up anew where it was closed meanwhile.
+    // `list` returns the list window and creates it again if it was closed.
     OrderbyFrm(platform::Host &host, CatalogueOrder &order, std::function<SortableList &()> list,
                QWidget *parent = nullptr);
 
     QListWidget *List1;
-    QListWidget *List2; // each entry carries its index in orderFields
+    QListWidget *List2; // each entry stores its index in orderFields
     widgets::Button *CmdAdd;
     widgets::Button *CmdMove;
     widgets::Button *CmdAddAll;

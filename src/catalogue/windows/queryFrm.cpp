@@ -79,7 +79,7 @@ void QueryDialog::layOut() {
     QBoxLayout *right =
         column({condition, signSql, row({stretch(), Command1[0], Command2}), {totalSql, 1}, sorting, lOrderby});
     setLayout(column({{row({{LFields, 1}, {right, 3}}), 1}, row({stretch(), Command1[1], Command1[2]})}));
-    // By the keyboard as by the eye: what merges and clears the conditions stands before the merged ones.
+    // The tab order follows the layout: the buttons that merge and clear conditions precede the merged conditions.
     QWidget *const down[] = {signSql, Command1[0], Command2, totalSql};
     for (std::size_t i = 1; i < std::size(down); ++i)
         setTabOrder(down[i - 1], down[i]);
@@ -91,7 +91,7 @@ void QueryDialog::layOut() {
 }
 
 void QueryDialog::connectControls() {
-    // A click on the entry that is current already counts as well: the drop-down may stand elsewhere meanwhile.
+    // Also handles a click on the current entry, since the combo box may show another field by then.
     connect(LFields, &QListWidget::itemClicked, this, [this] { cSql->setCurrentIndex(LFields->currentRow()); });
     connect(LFields, &QListWidget::currentRowChanged, cSql, &QComboBox::setCurrentIndex);
     connect(LFields, &QListWidget::itemDoubleClicked, this, [this] { cFuhao->setFocus(); });
@@ -111,7 +111,7 @@ void QueryDialog::connectControls() {
 }
 
 bool QueryDialog::eventFilter(QObject *watched, QEvent *event) {
-    // The readable forms change by the dialog's own doing alone: they swallow every key that does not lead out of them.
+    // Only the dialog changes the readable texts: they swallow all keys that do not move the focus out.
     if ((watched == signSql || watched == lOrderby) && event->type() == QEvent::KeyPress)
         return !leavesTheBox(static_cast<QKeyEvent *>(event)->key());
     return Window::eventFilter(watched, event);
@@ -178,7 +178,7 @@ void QueryDialog::showConditions() {
     totalSql->addItems(m_builder.totalSql());
 }
 
-// The fields that are left for sorting, none of them chosen.
+// Lists the fields not yet used for sorting, with none selected.
 void QueryDialog::fillOrderby() {
     cOrderby->clear();
     cOrderby->addItems(m_builder.sortLabels());

@@ -1,5 +1,5 @@
-// The dialogs in which a query is composed from fields, operators and values: one for the catalogue list, one for the
-// store. They end with two texts that they hand to their list window, and never touch the database themselves.
+// The dialogs for composing a query from fields, operators and values, one for the catalogue list and one for the store
+// list. They pass condition and order to their list window and never access the database themselves.
 #pragma once
 
 #include "catalogue/queryBuilder.h"
@@ -18,9 +18,9 @@ namespace catalogue {
 class QueryDialog : public widgets::Window {
     Q_OBJECT
 public:
-    // Three comma-separated lists in step with each other. Call once, before the dialog is shown.
+    // Sets three comma-separated lists of corresponding items. Call once, before the dialog is shown.
     void LoadCombo(const QString &fieldNames, const QString &fieldLabels, const QString &fieldTypes);
-    // Ends the dialog and hands over the result.
+    // Closes the dialog and passes the result on.
     void findData();
 
     QueryTarget *resultForm = nullptr; // set before LoadCombo
@@ -65,7 +65,7 @@ public:
     explicit QueryFrm(platform::Host &host, QWidget *parent = nullptr);
 };
 
-// For the store list: room for 46 fields, and no dates.
+// For the store list: at most 46 fields, and no dates.
 class QueryFrmdel final : public QueryDialog {
     Q_OBJECT
 public:

@@ -12,7 +12,7 @@ namespace catalogue {
 
 namespace {
 
-// Where each label stands: row and half of the window; the long ones take a row for themselves.
+// The position of each label: row and half of the window; long ones take a whole row.
 struct Place {
     int row;
     int half;
@@ -55,7 +55,7 @@ void SCKListFrm::makeLabels() {
         LabelZSK[index]->setTextFormat(Qt::PlainText); // a title may look like markup
         LabelZSK[index]->setTextInteractionFlags(Qt::TextSelectableByMouse);
         LabelZSK[index]->setWordWrap(true);
-        // A line of its own at the least, whatever else has to give way.
+        // Every label keeps the height of one line, even in a small window.
         for (QLabel *label : {Label1[index], LabelZSK[index]})
             label->setMinimumHeight(label->fontMetrics().size(Qt::TextSingleLine, u"书Ag"_s).height());
     }
@@ -102,7 +102,7 @@ void SCKListFrm::showNothing() {
 void SCKListFrm::loadCopies(database::Connection &connection, qint32 zskid) {
     const auto copies = connection.query(copiesStatement(zskid));
     if (!copies) {
-        gridInit(); // the copies of another title must not stay under this one
+        gridInit(); // so that the copies of another title are not shown
         return;
     }
     showRows(std::make_shared<CopiesTable>(copies.value()));

@@ -1,5 +1,5 @@
-// The detail window: one catalogue row in full, and the copies that belong to it with their loans. It writes nothing,
-// and all failures but that of the connection pass in silence.
+// The detail window: one catalogue row in full, and its copies with their loans. It writes nothing. All failures except
+// that of the connection are ignored silently.
 #pragma once
 
 #include "catalogue/bookDetail.h"
@@ -14,7 +14,7 @@ class SCKListFrm final : public ListWindow {
 public:
     SCKListFrm(const database::SessionState &state, platform::Host &host, QWidget *parent = nullptr);
 
-    // Shows the row; does nothing for 0 and below.
+    // Shows the row. Does nothing if `zskid` is less than 1.
     void InfoLoad(qint32 zskid);
     void gridFix() override;
 

@@ -68,7 +68,7 @@ void TLKListFrm::loadData(Condition &condition, QString &order) {
     settleGrid();
 }
 
-// Any failure, that of the connection too, is told with the one message; the grid then stays empty.
+// All failures, including that of the connection, show the same message and leave the grid empty.
 void TLKListFrm::bindRows() {
     auto connection = database::Connection::open(m_state.links, m_state.connectionString);
     if (connection) {
@@ -84,7 +84,7 @@ void TLKListFrm::bindRows() {
     m_host.tell(u"套录库已经损坏,数据不能正常显示。请修复。"_s, u"提示"_s);
 }
 
-// A list of everything looks like any other, and "delete all" deletes what is listed.
+// A list of all rows gets a warning, since it looks like any other list and "delete all" deletes what is listed.
 void TLKListFrm::sayCondition() {
     QPalette ink = palette();
     if (m_storeCondition.isEmpty())
@@ -99,7 +99,7 @@ void TLKListFrm::showThisImport() {
     if (keys.isEmpty())
         return m_host.tell(u"本次运行还没有导入记录。"_s);
     Condition condition{keysCondition(keys), u"本次导入的 %1 条"_s.arg(keys.size())};
-    QString order; // one would go into "delete all" as well, which most servers refuse then
+    QString order; // "delete all" would include an order, which most servers refuse
     loadData(condition, order);
     if (!firstCellIsEmpty())
         Grid1->setRowSel(dataRows());
@@ -152,7 +152,7 @@ void TLKListFrm::save(const QString &path) {
         unload();
 }
 
-// What would start a second run or take the rows away is out of reach while one is going.
+// During a run, disables what would start a second run or remove the rows.
 void TLKListFrm::setSaving(SaveRun *run) {
     m_run = run;
     saved->setText({});
@@ -198,7 +198,7 @@ void TLKListFrm::delAll() {
         if (connection)
             (void)connection.value().execute(deleteAllStatement(m_storeCondition.sql, m_storeOrder));
     }
-    reload(); // which forgets the failure of the deletion: nobody is told of it
+    reload(); // hides a failed deletion, which is not reported
 }
 
 void TLKListFrm::reload() {

@@ -1,7 +1,7 @@
-// The store list: the rows of the copy-cataloguing store that a query selected, and their deletion, by the selection or
-// all that the query found. The reload behind a deletion repeats the last query; a deletion that the server refuses
-// shows in nothing but the rows that are left. While records are saved, the list neither deletes nor starts again;
-// closed then, it ends the run and afterwards itself.
+// The store list: the rows of the copy-cataloguing store that a query selected. It deletes the selected rows or all
+// that the query found, and then repeats the last query; if the server refuses a deletion, only the remaining rows show
+// it. While records are being saved, the list can neither delete nor start another run; closing it then ends the run
+// and closes the window afterwards.
 #pragma once
 
 #include "catalogue/queryTarget.h"
@@ -14,9 +14,9 @@
 
 namespace catalogue {
 
-// What the store list leads to, and what it asks for.
+// The functions that the store list calls.
 struct StoreListWindows {
-    std::function<void()> hideWorking; // hides the busy box, which comes into being by that
+    std::function<void()> hideWorking; // hides the busy box, which is created by this call
     std::function<QList<qint64>()> lastImport;
     std::function<void(const QString &marc)> showCard;
 };
@@ -28,11 +28,11 @@ public:
                QWidget *parent = nullptr);
 
     void loadData(Condition &condition, QString &order) override;
-    // Lists and marks exactly the rows of this session's last import.
+    // Lists and selects exactly the rows of the last import in this session.
     void showThisImport();
-    // The records of the marked rows, or of all where one row alone is marked, one a line.
+    // Saves the records of the selected rows, one per line, or those of all rows if only one is selected.
     void saveRecords();
-    // Before the process ends: a run in progress ends without a file.
+    // Call before the process ends: a running save ends without a file.
     void endRun();
     void gridFix() override;
     void delSelected();

@@ -1,4 +1,4 @@
-// The busy box. The store list is its only user, and hides it: it comes into being there and never shows.
+// The busy box. Its only user is the store list, which creates it just to hide it, so it is never visible.
 #pragma once
 
 #include "widgets/window.h"

@@ -39,7 +39,7 @@ ZSKListFrm::ZSKListFrm(const database::SessionState &state, platform::Host &host
     layOut();
     connectControls();
     gridInit();
-    // Wide enough for any count, so that no text moves the buttons.
+    // Wide enough for any count, so that the buttons never move.
     labDaochu->setMinimumWidth(labDaochu->fontMetrics().horizontalAdvance(progressText(99'999'999, 99'999'999)));
     labDaochu->hide();
 }
@@ -56,7 +56,7 @@ void ZSKListFrm::connectControls() {
     connect(CmdDcgl[Sort], &Button::clicked, this, [this] { m_windows.showOrderby(); });
     connect(CmdDcgl[Print], &Button::clicked, this, [this] { PrintRpt({}); });
     connect(CmdDcgl[Export], &Button::clicked, this, &ZSKListFrm::daochuMarc);
-    // With no run going this disables the two buttons all the same, and nothing brings 导出 back.
+    // Without a run this disables both buttons too, and nothing enables 导出 again.
     connect(CmdDcgl[Stop], &Button::clicked, this, [this] {
         CmdDcgl[Export]->setEnabled(false);
         CmdDcgl[Stop]->setEnabled(false);
@@ -78,13 +78,13 @@ void ZSKListFrm::loadData(Condition &condition, QString &order) {
         order = m_order.sortOrder;
     database::DbSession session;
     if (!database::openConnection(session, m_state, m_host))
-        return waiting.leaveOn(); // for the caller to end
+        return waiting.leaveOn(); // the caller ends it
     lCounts->setText(loadingText.toString());
     lCounts->repaint();
     auto rows = session->query(catalogueStatement(condition.sql, order));
     showRows(rows ? rows.value() : nullptr);
     database::closeConnection(session);
-    // A failing statement leaves an empty list, without a word.
+    // A failing statement silently leaves an empty list.
     const bool empty = !rows || rows.value()->rowCount() == 0;
     if (empty || firstCellIsEmpty()) {
         lCounts->setText(empty ? noRowsToExport.toString() : countText(0));
@@ -104,7 +104,7 @@ void ZSKListFrm::gridFix() {
 void ZSKListFrm::PrintRpt(const QString &title) {
     if (m_printSql.isEmpty())
         return;
-    // Nothing in here says a word when it fails, the connection included.
+    // All failures are silent, including that of the connection.
     auto connection = database::Connection::open(m_state.links, m_state.connectionString);
     if (!connection)
         return;
@@ -119,7 +119,7 @@ void ZSKListFrm::showDetail() {
         m_windows.showDetail(platform::toInt32(zskid).value_or(0));
 }
 
-// The window through which this key would ask for a new query was never set: the call fails, and that ends the program.
+// Required: the window that this key would use for a new query was never set, so the call fails and ends the program.
 void ZSKListFrm::loadQueryByKey() {
     m_host.tell(u"LoadQuery：缺少所需的对象，程序将结束。"_s, {}, platform::Icon::Critical);
     endRun();
@@ -146,8 +146,7 @@ void ZSKListFrm::endRun() {
 bool ZSKListFrm::queryUnload() {
     lCounts->setText(leavingText.toString());
     endRun();
-    m_closesAfterRun =
-        m_run != nullptr; // whoever owns the window may drop it on closing, and the run still stands on it
+    m_closesAfterRun = m_run != nullptr; // the owner may delete the window on closing while the run still uses it
     return !m_closesAfterRun;
 }
 

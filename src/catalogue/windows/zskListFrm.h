@@ -1,6 +1,6 @@
-// The catalogue list: the rows that a query selected, from which the details of a row are opened and the rows are
-// sorted anew, printed and exported. No connection is held between its procedures. Closed in mid-export, it ends the
-// run behind the record in hand, and itself once the run has come back.
+// The catalogue list: shows the rows that a query selected, opens the details of a row, and sorts, prints and exports
+// the rows. It keeps no connection open between actions. Closing it during an export ends the run after the current
+// record and closes the window when the run has returned.
 #pragma once
 
 #include "catalogue/exportRun.h"
@@ -13,7 +13,7 @@
 
 namespace catalogue {
 
-// What the list opens, none of it waited for.
+// The windows that the list opens without waiting for them.
 struct CatalogueListWindows {
     std::function<void(qint32 zskid)> showDetail;
     std::function<void()> showOrderby;
@@ -31,7 +31,7 @@ public:
     void PrintRpt(const QString &title);
     void gridFix() override;
     void daochuMarc();
-    // Before the process ends: a run in progress ends behind the record in hand, with its file closed.
+    // Call before the process ends: a running export ends after the current record, with its file closed.
     void endRun();
 
     QLabel *lCounts;
@@ -57,8 +57,8 @@ private:
     platform::Host &m_host;
     const CatalogueOrder &m_order;
     CatalogueListWindows m_windows;
-    Condition m_queryCondition; // the last that was handed over
-    QString m_printSql;         // empty when there is nothing to print
+    Condition m_queryCondition; // as last passed to loadData()
+    QString m_printSql;         // empty: nothing to print
     ExportRun *m_run = nullptr;
     bool m_closesAfterRun = false;
 };
