@@ -1,5 +1,5 @@
-// The viewer of one record: the record as it stands, or as a catalogue card. Set marcRecord and showMode, then open it
-// modally; it shows its view on being opened.
+// Shows one record in standard form or as a catalogue card. Set marcRecord and showMode and open the window modally; it
+// shows the view when it opens.
 #pragma once
 
 #include "marc/rawRecord.h"
@@ -17,7 +17,7 @@ public:
     explicit frmMarcKaPian(platform::Host &host, QWidget *parent = nullptr);
 
     marc::RawRecord marcRecord;
-    QString showMode; // "标准" opens the standard view, anything else the card
+    QString showMode; // "标准" opens the standard view, any other text the card
 
     QLabel *const Label2;
     widgets::TextBox *const Text1;
@@ -32,7 +32,7 @@ private:
     void showCard();
 
     platform::Host &m_host;
-    QString lastButton; // the view button pressed last
+    QString lastButton; // the view button last pressed
 };
 
 } // namespace card
