@@ -17,11 +17,11 @@ bool isCodeCharacter(QChar c) {
     return c > u' ' && c < QChar(0x7F);
 }
 
-// The character of a key press; 0 for keys that type none.
+// Returns the character of a key press, or 0 for a key that types none.
 char16_t typedCharacter(const QKeyEvent &event) {
     if (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter)
         return u'\r';
-    // Ctrl and Alt together are AltGr on some machines.
+    // On some machines AltGr is reported as Ctrl and Alt together.
     const bool ctrl = event.modifiers() & Qt::ControlModifier;
     const bool alt = event.modifiers() & Qt::AltModifier;
     if (ctrl != alt || event.modifiers() & Qt::MetaModifier || event.text().size() != 1)
@@ -48,7 +48,7 @@ CodeBox::CodeBox(const QString &objectName, int width, QWidget *parent)
 void CodeBox::makeEditable() {
     QPalette colours = palette();
     colours.setColor(QPalette::Base, editableColour);
-    colours.setColor(QPalette::Text, Qt::black); // also where the desktop is a dark one
+    colours.setColor(QPalette::Text, Qt::black); // black on dark desktops too
     setPalette(colours);
 }
 
@@ -99,7 +99,7 @@ void CodeBox::inputMethodEvent(QInputMethodEvent *event) {
 void CodeBox::focusInEvent(QFocusEvent *event) {
     QLineEdit::focusInEvent(event);
     if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason)
-        deselect(); // a key in a full box is to find the box full, not to wipe it out
+        deselect(); // so that a key does not replace the text of a full box
     Q_EMIT entered();
 }
 

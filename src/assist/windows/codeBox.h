@@ -1,4 +1,4 @@
-// The box for a code in the assistants' windows.
+// The edit for a code in the assistants' windows.
 #pragma once
 
 #include <QLineEdit>
@@ -6,24 +6,24 @@
 
 namespace assist {
 
-// A box of a few characters. Typed characters go through onKey first, also those that an input method hands over at the
-// end of a composition; a composition under way is no key press.
+// An edit for a few characters. Typed characters are passed to onKey first, including those that an input method
+// commits. Text still being composed is not passed.
 class CodeBox : public QLineEdit {
     Q_OBJECT
 public:
     CodeBox(const QString &objectName, int width, QWidget *parent);
 
-    void makeEditable(); // coloured, reachable
-    void makeFixed();    // grey, out of reach
+    void makeEditable(); // coloured and enabled
+    void makeFixed();    // grey and disabled
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
-    // Whether the key is used up; otherwise the box takes it. 13 stands for Enter.
+    // Returns whether the key is consumed; otherwise the edit handles it. 13 stands for Enter.
     std::function<bool(char16_t key)> onKey;
 
 Q_SIGNALS:
     void entered();
-    void left(); // to another control; a switch to another window or to the box's own menu leaves nothing
+    void left(); // to another control; not to another window or the context menu
     void listWanted();
 
 protected:

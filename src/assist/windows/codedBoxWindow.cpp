@@ -51,7 +51,7 @@ CodedBoxWindow::CodedBoxWindow(platform::Host &host, std::span<const Box> table,
     textMarc->setToolTip(texts.formatTip);
     cmdclick[0]->setToolTip(u"确认修改"_s);
     cmdclick[1]->setToolTip(u"取消修改"_s);
-    listMenu->setFocusPolicy(Qt::ClickFocus); // opened from its box, not reached by Tab
+    listMenu->setFocusPolicy(Qt::ClickFocus); // opened from its box, not by Tab
     listMenu->hide();
 
     using widgets::row, widgets::column, widgets::stretch;
@@ -60,7 +60,7 @@ CodedBoxWindow::CodedBoxWindow(platform::Host &host, std::span<const Box> table,
                       widgets::labelled(new QLabel(texts.formatLabel, this), textMarc),
                       {row({{listLx, 1}, {richTextTS, 1}}), 1},
                       row({stretch(), cmdclick[0], cmdclick[1]})}));
-    // Room for the longest list, on a screen that has it.
+    // High enough for the longest list if the screen allows it.
     resize(sizeHint().expandedTo(QSize(0, 29 * fontMetrics().lineSpacing())).boundedTo(platform::roomOnScreen(this)));
     wireLists();
     connect(cmdclick[0], &Button::clicked, this, &CodedBoxWindow::confirm);
@@ -73,7 +73,7 @@ std::optional<QString> CodedBoxWindow::edit(const QString &text) {
     return confirmed;
 }
 
-// The boxes in their order, each label above the boxes that it stands for.
+// Lays out the boxes in order, each label above the boxes it belongs to.
 QLayout *CodedBoxWindow::boxRow() {
     using widgets::row, widgets::column, widgets::stretch;
     auto *groups = new QHBoxLayout;
@@ -82,7 +82,7 @@ QLayout *CodedBoxWindow::boxRow() {
         if (!m_boxes.box(i).label.isEmpty()) {
             QWidget *label = makeLabel(i);
             boxes = row({});
-            boxes->setSpacing(boxes->spacing() / 3); // what belongs together stands together
+            boxes->setSpacing(boxes->spacing() / 3); // boxes of one label are close together
             groups->addLayout(column({row({stretch(), label, stretch()}), row({stretch(), boxes, stretch()})}));
         }
         boxes->addWidget(Text1[size_t(i)]);
@@ -94,7 +94,7 @@ QLayout *CodedBoxWindow::boxRow() {
     return groups;
 }
 
-// The boxes go sideways where the screen is too narrow for all of them.
+// The boxes scroll horizontally if the screen is too narrow.
 QScrollArea *CodedBoxWindow::boxArea() {
     auto *boxes = new QWidget;
     boxes->setLayout(boxRow());
@@ -113,7 +113,7 @@ QScrollArea *CodedBoxWindow::boxArea() {
     return area;
 }
 
-// Long captions are broken into two lines.
+// Long captions wrap to two lines.
 QWidget *CodedBoxWindow::makeLabel(int i) {
     const QString name = u"LabShuoMing"_s + QString::number(LabShuoMing.size());
     const QString caption = m_boxes.box(i).label.toString();
@@ -187,7 +187,7 @@ void CodedBoxWindow::showEvent(QShowEvent *event) {
         listLx->fill({});
         richTextTS->clear();
         showBoxes();
-        Text1[1]->setFocus(); // the first that can be edited
+        Text1[1]->setFocus(); // the first editable box
     }
     Window::showEvent(event);
 }
@@ -198,7 +198,7 @@ void CodedBoxWindow::resizeEvent(QResizeEvent *event) {
         placeMenu();
 }
 
-// Returning from another window is not entering the box anew.
+// Returning from another window does not enter the box again.
 void CodedBoxWindow::enterBox(int i) {
     if (m_inside == i)
         return;
@@ -239,8 +239,8 @@ bool CodedBoxWindow::typed(int i, char16_t key) {
     return true;
 }
 
-// The box is left in any case: after a message box the window may not be the active one yet, and then the focus moves
-// without telling.
+// Always leaves the box: after a message box the window may not be active yet, and then the focus changes without a
+// signal.
 void CodedBoxWindow::moveOn(int i) {
     leaveBox();
     widgets::sendTab(Text1[size_t(i)]);
@@ -255,7 +255,7 @@ void CodedBoxWindow::openMenu(int i) {
     listMenu->offer();
 }
 
-// Under its box, as large as its entries and the window allow.
+// Places the list below its box, as large as its entries and the window allow.
 void CodedBoxWindow::placeMenu() {
     const CodeBox *box = Text1[size_t(m_boxes.currentBox())];
     const QPoint corner = box->mapTo(this, QPoint(0, box->height()));

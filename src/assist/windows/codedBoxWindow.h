@@ -1,5 +1,6 @@
-// The window of an assistant: the boxes of a table with their labels and list buttons, the list of the current box,
-// the whole text as it stands. It loads on being opened; OK leaves the text in `confirmed`, a cancel leaves nothing.
+// The window of an assistant: the boxes of a table with their labels and list buttons, the list of the current box, and
+// the whole text. It loads the text when it is opened. OK stores the result in `confirmed`; Cancel leaves `confirmed`
+// empty.
 #pragma once
 
 #include "assist/codedBoxes.h"
@@ -20,9 +21,9 @@ namespace assist {
 struct WindowTexts {
     QString name;
     QString caption;
-    QString formatLabel; // beside the whole text
+    QString formatLabel; // next to the whole text
     QString formatTip;
-    bool explains; // whether the table has explanations to show
+    bool explains; // whether the table has explanations
 };
 
 class CodedBoxWindow : public widgets::Window {
@@ -32,15 +33,15 @@ public:
 
     std::optional<QString> confirmed;
 
-    // In the order of the Tab key.
+    // In tab order.
     const std::vector<CodeBox *> Text1;
     widgets::ChoiceList *const listLx;
     QTextEdit *const richTextTS;
     QLineEdit *const textMarc;
     const std::array<widgets::Button *, 2> cmdclick;
 
-    std::vector<QWidget *> LabShuoMing;  // those of boxes that take a code from the list act on a click
-    std::vector<QToolButton *> picClick; // of the boxes that take a code from the list
+    std::vector<QWidget *> LabShuoMing;  // a label is clickable if its box takes codes from the list
+    std::vector<QToolButton *> picClick; // of the boxes that take codes from the list
     widgets::ChoiceList *const listMenu;
 
 protected:

@@ -1,12 +1,12 @@
-// The two assistants. Set the incoming text, then open the window modally; edit() does both and gives back the text
-// that was confirmed, nothing after a cancel.
+// The two assistants. Set the incoming text and open the window modally, or call edit(), which does both and returns
+// the confirmed text, or std::nullopt if the user cancelled.
 #pragma once
 
 #include "assist/windows/codedBoxWindow.h"
 
 namespace assist {
 
-// The 24 characters of a record's leader, box by box.
+// Edits the 24 characters of a record leader, box by box.
 class frmHelpLR000 final : public CodedBoxWindow {
     Q_OBJECT
 public:
@@ -18,7 +18,7 @@ protected:
     QString &incoming() override { return publicTouBiao; }
 };
 
-// The 36 characters of the general processing data in field 100, box by box.
+// Edits the 36 characters of the general processing data in field 100, box by box.
 class frmHelpLR100 final : public CodedBoxWindow {
     Q_OBJECT
 public:
