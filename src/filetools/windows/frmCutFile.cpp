@@ -32,7 +32,7 @@ frmCutFile::frmCutFile(platform::Host &host, ShowReport showReport, QWidget *par
     for (const auto &[index, kind] : {std::pair{0, FileDialogKind::Open}, {1, FileDialogKind::Save}}) {
         widgets::enterActsAsTab(Text1[index]);
         connect(cmdSelect[index], &Button::clicked, this, [this, i = index, k = kind] {
-            Text1[i]->setText(chooseFile(k)); // clears the box if the user cancels
+            Text1[i]->setText(chooseFile(k)); // clears the box on cancel
         });
     }
     connect(cmdclick[0], &Button::clicked, this, &frmCutFile::split);

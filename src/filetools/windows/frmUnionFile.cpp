@@ -36,9 +36,8 @@ frmUnionFile::frmUnionFile(platform::Host &host, ShowReport showReport, QWidget 
     connect(cmdSelect[1], &Button::clicked, this, &frmUnionFile::removeFile);
     connect(new QShortcut(QKeySequence::Delete, List1, nullptr, nullptr, Qt::WidgetShortcut), &QShortcut::activated,
             cmdSelect[1], &Button::click);
-    connect(cmdSave, &Button::clicked, this, [this] {
-        Text1->setText(chooseFile(platform::FileDialogKind::Save));
-    }); // clears the box if the user cancels
+    connect(cmdSave, &Button::clicked, this,
+            [this] { Text1->setText(chooseFile(platform::FileDialogKind::Save)); }); // clears the box on cancel
     connect(cmdClick[0], &Button::clicked, this, &frmUnionFile::merge);
     connect(cmdClick[1], &Button::clicked, this, &frmUnionFile::unload);
 }

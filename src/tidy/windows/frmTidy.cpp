@@ -124,8 +124,7 @@ void frmTidy::layOut() {
 
 void frmTidy::dressWarning() {
     warningLabel->setWordWrap(true);
-    warningLabel->setMinimumHeight(
-        fontMetrics().lineSpacing()); // otherwise word wrap asks for the lines of a narrow label
+    warningLabel->setMinimumHeight(fontMetrics().lineSpacing()); // word wrap would ask for several lines
     QPalette inked = warningLabel->palette();
     inked.setColor(QPalette::WindowText, widgets::warningInk(inked.color(QPalette::Window)));
     warningLabel->setPalette(inked);
