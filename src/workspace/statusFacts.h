@@ -25,7 +25,7 @@ struct StatusFacts {
     bool readToTheEnd = false;
     qsizetype changed = 0;               // records changed and not yet imported
     QString draftFault;                  // why changes are not kept for the next start; empty if they are
-    QString databaseTrouble;             // why an import would fail; empty where nothing is known
+    QString databaseTrouble;             // why an import would fail; empty: no reason is known
     QString remark;                      // about a recent event
     std::optional<ImportedNow> imported; // until another list is shown
     QString deed;                        // what a key did to the current record

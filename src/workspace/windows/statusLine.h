@@ -22,7 +22,7 @@ public:
 
     void say(const QString &remark);               // shown until the next remark
     void sayOfRecord(const QString &deed);         // shown until another record is shown
-    void sayDatabaseTrouble(const QString &words); // empty: none is known
+    void sayDatabaseTrouble(const QString &words); // empty: no trouble is known
     void sayImported(const ImportedNow &imported); // shown until the list changes
 
 private:
