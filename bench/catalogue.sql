@@ -1,4 +1,4 @@
--- A catalogue of :rows made rows, as long as real ones.
+-- Creates :rows catalogue rows of realistic length.
 begin;
 insert into zsk (zskid, isbn, bookname, author, classcode, lagclass, publisher, pubplace, pubdate, pages, appendix,
                  measure, books, booksauthor, ztc, edition, bookcount, catatime, docclass, zch)

@@ -37,7 +37,7 @@ void checkDescriptions(const FieldRows &rows, const QString &file) {
     for (qsizetype i = 0; i < rows.size(); ++i) {
         FieldRow row = described[i];
         require(file.contains(row.subfieldLabel) && (i == 0 || file.contains(row.fieldLabel)),
-                "what describes a row stands in the file");
+                "labels occur in the file");
         row.fieldLabel = rows[i].fieldLabel;
         row.subfieldLabel = rows[i].subfieldLabel;
         require(row == rows[i], "only descriptions change");
@@ -72,7 +72,7 @@ void checkProofs(const FieldRows &rows, const QString &file) {
     for (const QString &line : faultLines(proof::report(proof::proofFields(rows))))
         require(line.startsWith(u"Error:") &&
                     (line.contains(u"不存在") ? tagged(line.mid(6, 3)) == 0 : tagged(line.mid(6, 3)) > 1),
-                "a field is reported missing where there is none, and repeated where there are two");
+                "a missing field does not occur, a repeated field occurs more than once");
     const auto byTemplate = proof::proofTemplate(rows, scratchFolder());
     require(byTemplate.ok() && byTemplate.value().complaint.isEmpty(), "the template can be read");
     // A line of the template may itself contain a line feed.
@@ -82,7 +82,7 @@ void checkProofs(const FieldRows &rows, const QString &file) {
     const auto chain = proof::proofRecord(rows, scratchFolder());
     require(chain.ok() && chain.value().report.startsWith(proof::report(proof::proofFields(rows))) &&
                 chain.value().report.contains(report),
-            "the three proofs stand in their order");
+            "the reports are in the order of the proofs");
 }
 
 void checkIsbn(const QString &text) {

@@ -64,7 +64,7 @@ void drafts(QByteArrayView bytes) {
     require(drafts.write(found.value().drafts, found.value().older).ok(), "drafts that were read can be written");
     const auto again = DraftFile(in, source).read();
     require(again && again.value().drafts == found.value().drafts && again.value().older == found.value().older,
-            "and read again");
+            "drafts that were written can be read again");
     restore(found.value().drafts, listed);
 }
 

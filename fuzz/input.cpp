@@ -55,7 +55,7 @@ QString scratchFile(QStringView name, QByteArrayView bytes) {
     QFile file(scratchFolder() + name);
     require(file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) &&
                 file.write(bytes.data(), bytes.size()) == bytes.size(),
-            "the scratch folder takes a file");
+            "a scratch file can be written");
     return file.fileName();
 }
 

@@ -33,7 +33,7 @@ public:
         QFile schema(QStringLiteral(FUZZ_SCHEMA));
         require(schema.open(QIODevice::ReadOnly) && sqlite3_open(":memory:", &m_store) == SQLITE_OK &&
                     sqlite3_exec(m_store, schema.readAll(), nullptr, nullptr, nullptr) == SQLITE_OK,
-                "a store in memory");
+                "the database in memory is created");
     }
     Store(const Store &) = delete;
     Store &operator=(const Store &) = delete;
@@ -44,7 +44,7 @@ public:
         const char *behind = nullptr;
         sqlite3_stmt *insert = nullptr;
         require(sqlite3_prepare_v2(m_store, text, -1, &insert, &behind) == SQLITE_OK && !*behind,
-                "one sound statement");
+                "the text is one valid statement");
         require(sqlite3_step(insert) == SQLITE_DONE, "the row is inserted");
         sqlite3_finalize(insert);
         sqlite3_stmt *select = nullptr;
@@ -76,7 +76,7 @@ void checkStatement(const importing::RecordRow &row, const QString &record) {
         const Apart spelled = apart(database::rewrite(statement, server, app::tableNames()));
         require(spelled.literals == parts.literals, "rewriting keeps the literals");
         require(spelled.outside == apart(database::rewrite(bareStatement, server, app::tableNames())).outside,
-                "no record has a say in what stands outside the literals");
+                "the text outside the literals does not depend on the record");
     }
     static const std::unique_ptr<Store> store = std::make_unique<Store>();
     if (!record.contains(u'\0'))
@@ -111,7 +111,7 @@ void mapping(QByteArrayView bytes) {
     require(joined == record, "the tokens join to the whole text");
     for (const Server server : servers)
         require(database::rewrite(record, server, app::tableNames()).isEmpty() == record.isEmpty(),
-                "any text is rewritten to a text");
+                "only an empty text is rewritten to an empty one");
 }
 
 } // namespace fuzz

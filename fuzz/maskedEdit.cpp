@@ -23,7 +23,7 @@ void checkShape(const MaskedEdit &edit) {
     for (qsizetype i = 0; i < mask.size(); ++i) {
         const bool digit = text[i] >= u'0' && text[i] <= u'9';
         require(mask[i] == u'#' ? digit || text[i] == u'_' : text[i] == mask[i],
-                "digits and prompts stand at their places");
+                "each position has a digit or prompt, or the character of the mask");
     }
 }
 

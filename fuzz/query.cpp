@@ -30,7 +30,7 @@ struct Pair {
                         ->load(u"bookname,author,bookcount,catatime"_s, u"书名,著者,册数,入库日期"_s,
                                u"字符,字符,数字,日期"_s)
                         .ok(),
-                    "four fields");
+                    "the four fields can be loaded");
     }
     QueryBuilder real;
     QueryBuilder harmless;
@@ -69,7 +69,7 @@ void checkStatements(Pair &pair) {
         for (const Server server : servers) {
             const Apart spelled = apart(database::rewrite(text, server, app::tableNames()));
             require(spelled.outside == apart(database::rewrite(model, server, app::tableNames())).outside,
-                    "no value has a say in what stands outside the literals");
+                    "the text outside the literals does not depend on values");
             for (const QString &value : pair.values)
                 require(spelled.literals.contains(value), "a value reaches the server as it was typed");
         }

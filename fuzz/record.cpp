@@ -171,7 +171,7 @@ void checkRecord(const RawRecord &record, QByteArrayView bytes) {
     const card::Card card = card::showKapian(record);
     require(card.text || !card.boxes.isEmpty() || !card.fault.isEmpty(), "a card has a text, boxes or a fault");
     require(card.text.value_or(QString()).size() <= largest(bytes.size()),
-            "a card is no longer than its record allows");
+            "the size of a card is limited by the size of the record");
     checkRebuilt(shown);
 }
 

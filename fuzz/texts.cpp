@@ -37,7 +37,7 @@ void checkInteger(std::optional<Integer> found, std::optional<double> value) {
     const bool fits =
         value && whole >= std::numeric_limits<Integer>::min() && whole <= std::numeric_limits<Integer>::max();
     require(found.has_value() == fits && (!fits || double(*found) == whole),
-            "a whole number is the nearest one that fits");
+            "a number is rounded to the nearest integer that fits");
 }
 
 void checkNumber(const QString &text) {
@@ -78,7 +78,7 @@ void checkTold(const QString &text, QStringView driver) {
     }
     if (driver.contains(u"maria", Qt::CaseInsensitive))
         require(connectionValue(text, u"CHARSET") == u"utf8mb4" && connectionValue(text, u"AUTO_RECONNECT") == u"0",
-                "no session is made behind our back");
+                "the driver never reconnects by itself");
 }
 
 void checkConnection(Input &input) {
@@ -93,7 +93,7 @@ void checkConnection(Input &input) {
     for (const QString &data : {any, source})
         require(timeLimits(driverText(any, data, namedDriver(any, data), Certainty::Known), data).silence().count() >=
                     0,
-                "no limit lies in the past");
+                "time limits are not negative");
     for (const QString &field :
          {fields.dataSource, fields.driver, fields.server, fields.user, fields.password, fields.database})
         if (!isSimple(field))
@@ -103,12 +103,12 @@ void checkConnection(Input &input) {
     if (!driver.contains(u'/')) // of a path, only the file name identifies the driver
         checkTold(told, driver.isEmpty() ? source : driver);
     require(connectionValue(text, u"dsn") == (fields.dataSourceChosen ? fields.dataSource : QString()),
-            "the data source comes through");
+            "the data source is kept");
     for (const QString &form : {text, told}) {
-        require(connectionValue(form, u"Driver") == driver, "the driver comes through");
-        require(connectionValue(form, u"uid") == fields.user, "the user comes through");
-        require(connectionValue(form, u"PWD") == fields.password, "the password comes through");
-        require(connectionValue(form, u"database") == fields.database, "the database comes through");
+        require(connectionValue(form, u"Driver") == driver, "the driver is kept");
+        require(connectionValue(form, u"uid") == fields.user, "the user is kept");
+        require(connectionValue(form, u"PWD") == fields.password, "the password is kept");
+        require(connectionValue(form, u"database") == fields.database, "the database is kept");
     }
 }
 

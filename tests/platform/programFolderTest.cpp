@@ -63,16 +63,16 @@ TEST_F(ProgramFolderTest, AFileOnceLaidIsTheUsersAndANewerOneIsToldOnce) {
     expectLaid(newer, withNewer, "brought by a package");
     expectLaid({}, withNewer, "reported before");
     bring("newest");
-    expectLaid(newer, withNewer, "and another one");
+    expectLaid(newer, withNewer, "another newer file");
     EXPECT_EQ(own(u"a.Qvs"_s) + '/' + own(u"a.Qvs.new"_s), "mine/newest");
     ASSERT_TRUE(QFile::remove(to + u"/laid.txt"));
     expectLaid(newer, withNewer, "the list of reported files is lost");
     ASSERT_TRUE(QFile::remove(to + u"/a.Qvs"));
-    expectLaid({}, files, "the user does without his own");
+    expectLaid({}, files, "the user has removed the file");
     EXPECT_EQ(own(u"a.Qvs"_s), "newest");
     bring("last");
     folder.file(u"data/user/own/a.Qvs"_s, "last");
-    expectLaid({}, files, "the user has it already");
+    expectLaid({}, files, "the user already has this version");
 }
 
 TEST_F(ProgramFolderTest, WhatTheMachineRefusesIsToldAndLaidAtTheNextStart) {
@@ -84,7 +84,7 @@ TEST_F(ProgramFolderTest, WhatTheMachineRefusesIsToldAndLaidAtTheNextStart) {
         EXPECT_TRUE(laid.refused[0].startsWith(to + u"/a.Qvs："));
         EXPECT_EQ(standing(), QStringList{u"b.QVs"_s});
     }
-    expectLaid({}, {u"a.Qvs"_s, u"b.QVs"_s}, "with room");
+    expectLaid({}, {u"a.Qvs"_s, u"b.QVs"_s}, "with enough space");
     ASSERT_TRUE(QFile::remove(from + u"/b.QVs"));
     EXPECT_TRUE(lay().refused.value(0).startsWith(from + u"/b.QVs："));
     const QString file = folder.file(u"file"_s, {});

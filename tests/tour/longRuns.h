@@ -13,7 +13,7 @@ struct LongRun {
     const char *window;                           // the window of the run
     void (*begin)(TourDriver &driver, int round); // returns once the run has started
     const char *label = nullptr;                  // shows the progress, for a run that is killed
-    const char *files = nullptr;                  // which it writes; the names begin with "monkey"
+    const char *files = nullptr;                  // written by the run; the names begin with "monkey"
 };
 
 extern const std::array<LongRun, 5> longRuns;
