@@ -39,7 +39,7 @@ protected:
     CatalogueWindows windows{host, database.state, {}};
 };
 
-TEST_F(CatalogueWindowsTest, AListComesBackAsItWasLeft) {
+TEST_F(CatalogueWindowsTest, AListReopensAsItWasClosed) {
     query();
     const QSize first = place()->size();
     const QSize drawn = first - QSize(150, 90);
@@ -60,7 +60,7 @@ TEST_F(CatalogueWindowsTest, AListComesBackAsItWasLeft) {
     EXPECT_TRUE(room.contains(place()->geometry())) << place()->width() << " in " << room.width();
 }
 
-TEST_F(CatalogueWindowsTest, TheSortDialogBringsAClosedListBack) {
+TEST_F(CatalogueWindowsTest, TheSortDialogReopensAClosedList) {
     query();
     query();
     ASSERT_EQ(frame.findChildren<catalogue::ZSKListFrm *>().size(), 1); // every query uses the same window

@@ -172,7 +172,7 @@ TEST_P(Clusters, AListIsWhole) {
 
 // A node without quorum still accepts connections: the program uses neither a kept connection nor an open session on
 // it.
-TEST_P(Clusters, ANodeThatLostTheOthersIsLeft) {
+TEST_P(Clusters, AnIsolatedNodeIsNotUsed) {
     if (GetParam() != TestServer::MariaDb)
         return;
     auto session = database.open();

@@ -47,7 +47,7 @@ struct HandbookKeyTest : testing::Test {
 
 } // namespace
 
-TEST_F(HandbookKeyTest, ThePageOfTheWindowInFrontComesWithTheFieldLeftAsItIs) {
+TEST_F(HandbookKeyTest, OpensThePageOfTheFrontWindowAndKeepsTheField) {
     field->setText(u"half"_s);
     field->setFocus();
     press(&room);
@@ -61,7 +61,7 @@ TEST_F(HandbookKeyTest, ThePageOfTheWindowInFrontComesWithTheFieldLeftAsItIs) {
     EXPECT_TRUE(takesClicks()) << "even while a modal window is open";
 }
 
-TEST_F(HandbookKeyTest, ItStaysUsableWhateverComesAndGoes) {
+TEST_F(HandbookKeyTest, ItStaysUsableWhileWindowsOpenAndClose) {
     press(&room);
     frmHandbook *first = viewer();
     {

@@ -6,7 +6,7 @@
 #include "support/scriptedHost.h"
 #include "workspace/windows/frmDaoru.h"
 
-TEST(ImportThroughWindows, TakesTheSamplesTimeAfterTime) {
+TEST(ImportThroughWindows, ImportsTheSamplesRepeatedly) {
     const int imports = qEnvironmentVariableIsSet("IMPORTS") ? qEnvironmentVariableIntValue("IMPORTS") : 2;
     const TestDatabase database(TestServer::MariaDb);
     ScriptedHost host;

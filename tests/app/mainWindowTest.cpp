@@ -86,7 +86,7 @@ TEST_F(MainWindowTest, NoCaptionOfTheStartPageIsCutInALowFrame) {
 
 // Opening a file refreshes the list of recent files. Its buttons are replaced, but the clicked one is not deleted at
 // once.
-TEST_F(MainWindowTest, FilesComeFromTheStartPageAndByDropping) {
+TEST_F(MainWindowTest, FilesOpenFromTheStartPageAndByDropping) {
     const TestFolder folder;
     for (const QString &name : {u"甲.iso"_s, u"乙.iso"_s})
         platform::noteRecentFile(host.remembered(), folder.file(name, "x"));
@@ -114,7 +114,7 @@ TEST_F(MainWindowTest, FilesComeFromTheStartPageAndByDropping) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return windows.calls.contains(u"select"_s + folder.path(u"乙.iso"_s)); }));
 }
 
-TEST_F(MainWindowTest, TheNoticeComesOnceAndWhenTheFrameIsSeen) {
+TEST_F(MainWindowTest, TheNoticeAppearsOnceWhenTheFrameIsVisible) {
     frame.show();
     frame.hide();
     QCoreApplication::processEvents();
@@ -129,7 +129,7 @@ TEST_F(MainWindowTest, TheNoticeComesOnceAndWhenTheFrameIsSeen) {
     EXPECT_EQ(windows.calls, QStringList{u"notice"_s});
 }
 
-TEST_F(MainWindowTest, EveryWayOutAsksOnceAndEndsOnlyWithYes) {
+TEST_F(MainWindowTest, EveryWayToExitAsksOnceAndEndsOnlyWithYes) {
     frame.show();
     host.willAnswer(platform::Answer::No);
     frame.findChild<QAction *>(u"quit"_s)->trigger();

@@ -5,7 +5,7 @@
 
 using namespace app;
 
-TEST(Notice, KeepsItsTickAndGoesByItsButtonOrItsCross) {
+TEST(Notice, KeepsItsTickAndClosesByItsButtonOrItsCross) {
     ScriptedHost host;
     frmLook notice(host);
     notice.show();
@@ -30,7 +30,7 @@ TEST(Notice, KeepsItsTickAndGoesByItsButtonOrItsCross) {
     EXPECT_TRUE(host.boxes.isEmpty());
 }
 
-TEST(Links, LeadOutOfTheProgramAndSayWhereTheWebLinkFails) {
+TEST(Links, OpenOutsideTheProgramAndReportAFailedWebLink) {
     ScriptedHost host;
     frmLook notice(host);
     AboutFrm about(host);

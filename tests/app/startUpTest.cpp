@@ -32,7 +32,7 @@ struct StartUpTest : testing::Test {
 
 } // namespace
 
-TEST_F(StartUpTest, ASecondInstanceSaysSoAndEndsBeforeAnySettingIsRead) {
+TEST_F(StartUpTest, ASecondInstanceReportsItAndEndsBeforeAnySettingIsRead) {
     store(u"DSN=x;"_s);
     EXPECT_FALSE(start(true, platform::codePageReady("no-such-code-page")));
     EXPECT_TRUE(host.lastBox().text.contains(u"no-such-code-page"_s)) << "this check precedes all others";
@@ -63,7 +63,7 @@ TEST_F(StartUpTest, OnlyTheExactMarkerCountsAsAFirstRun) {
     EXPECT_EQ(shown, (QStringList{u"marcMain"_s, u"frmODBC"_s}));
 }
 
-TEST_F(StartUpTest, TheConfigurationIsLaidForTheMainWindowAndANewerOneToldOnce) {
+TEST_F(StartUpTest, TheConfigurationIsInstalledAndANewerOneReportedOnce) {
     const TestFolder brought;
     for (const QStringView name : marc::configurationFiles)
         brought.file(name.toString(), "1");
@@ -92,7 +92,7 @@ TEST(ConnectionText, IsComposedAsTypedWithoutEscaping) {
     EXPECT_TRUE(composeConnectionString(source).endsWith(u"Database=typed before;"_s));
 }
 
-TEST(ConnectionText, AFaultIsToldByTheWordsOfItsDescription) {
+TEST(ConnectionText, AFaultIsReportedByItsDescription) {
     const std::tuple<QString, QString, QString> rows[] = {
         {u"[x] LOGIN FAILED for user"_s, u"操作提示"_s, u"无效的参数，请再试一次！"_s},
         {u"the querytimeout property"_s, u"管理系统操作提示"_s, u"连接数据源超时\r\n请重试！！"_s},
@@ -104,7 +104,7 @@ TEST(ConnectionText, AFaultIsToldByTheWordsOfItsDescription) {
     }
 }
 
-TEST(ConnectionText, TheFirstRunIsToldWhatDataSourcesThereAre) {
+TEST(ConnectionText, TheFirstRunListsTheDataSources) {
     EXPECT_EQ(dataSourceHint({}), u"没有现成的数据源，请见使用手册（F1）"_s);
     EXPECT_TRUE(dataSourceHint({u"a"_s}).startsWith(u"本机已有数据源：a。选一个"));
     EXPECT_TRUE(dataSourceHint(u"a b c d"_s.split(u' ')).startsWith(u"本机已有数据源：a、b、c 等 4 个。"));
@@ -134,7 +134,7 @@ struct ConnectionDialogTest : testing::Test {
 
 } // namespace
 
-TEST_F(ConnectionDialogTest, RefusesWhatIsIncompleteTellsAFailedTestAndCancels) {
+TEST_F(ConnectionDialogTest, RefusesIncompleteInputReportsAFailedTestAndCancels) {
     EXPECT_EQ(dialog.cboDSNList->count(), 3) << "a blank name is omitted";
     EXPECT_TRUE(dialog.dataSourceWords->text().startsWith(u"本机已有数据源：lib、other。"));
     dialog.show();

@@ -138,7 +138,7 @@ TEST_F(FrmHelpLR100, SomeListsAreOnlyForReading) {
     EXPECT_EQ(window.textMarc->text(), u"????????d1998####km#y0chiy1001##50ka");
 }
 
-TEST_F(FrmHelpLR100, EditGivesBackWhatWasConfirmedAndNothingAfterACancel) {
+TEST_F(FrmHelpLR100, EditReturnsTheConfirmedTextAndNothingAfterACancel) {
     for (const int button : {0, 1, -1}) {
         QTimer::singleShot(0, qApp, [button] {
             auto *window = qobject_cast<assist::frmHelpLR100 *>(QApplication::activeModalWidget());

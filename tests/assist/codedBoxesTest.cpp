@@ -41,7 +41,7 @@ TEST(CodedBoxes, LoadsWhatHasCodesAndResetsTheRest) {
     }
 }
 
-TEST(CodedBoxes, LowerCaseComesWithEnteringAndLeaving) {
+TEST(CodedBoxes, TextBecomesLowerCaseOnEnteringAndLeaving) {
     CodedBoxes boxes = loaded(leader, u"00960NAM0 2200277   450 "_s);
     boxes.focus(2);
     EXPECT_EQ(boxes.whole(), u"?????NaM0#22?????###450#");

@@ -32,7 +32,7 @@ QStringList told(const std::shared_ptr<marc::PreReadStore> &store, const ProofOn
 
 } // namespace
 
-TEST(BatchProof, TellsRecordFieldAndRowOfEachFinding) {
+TEST(BatchProof, ReportsRecordFieldAndRowOfEachFault) {
     const QStringList records{
         recordOf(u"001=1|010=  $a7-02-001259-0$a7-02-001037-7|200=1 $a|210=  $aB|210=  $aC"_s),
         {}, // this row has no record
@@ -96,7 +96,7 @@ TEST(RemarkList, SortsFiltersAndIsATableOfText) {
               u"1\t甲 乙\t查重\t\t一  二|5\t丁\t查重\t\t后|7\t己\t查重\t\t|"_s);
 }
 
-TEST(RefusedRecords, AreWrittenAsTheyStandOrNotAtAll) {
+TEST(RefusedRecords, AreWrittenUnchangedOrNotAtAll) {
     const auto store =
         storeOf({recordOf(u"200=1 $a甲'乙"_s), recordOf(u"200=1 $a丙"_s), recordOf(u"200=1 $a\u20AC€\u0416"_s)});
     const RefusedRecords refused{{2, u"duplicate key"_s}, {0, u"too long"_s}, {99, {}}, {-1, {}}};

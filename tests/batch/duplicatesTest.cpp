@@ -108,7 +108,7 @@ TEST(Duplicates, WalkTheWholeTable) {
     EXPECT_EQ(found(database.state, records).size(), 20000);
 }
 
-TEST(Duplicates, TellWhatCouldNotBeLookedAtAndGoOn) {
+TEST(Duplicates, ReportWhatCouldNotBeReadAndContinue) {
     const TestDatabase database;
     database.run(u"drop table taoluTable; insert into zsk (zskid,isbn) values (3,'9787020012596');"_s);
     const QStringList records{u"010=  $a7020012590"_s};

@@ -64,7 +64,7 @@ struct Pane : testing::Test {
 
 } // namespace
 
-TEST_F(Pane, ProvesLooksUpAndLeadsToTheRecord) {
+TEST_F(Pane, ProofsLooksUpAndJumpsToTheRecord) {
     QStringList said;
     host.onYield = [&] {
         said.append(proof().words->pacedText());
@@ -147,7 +147,7 @@ TEST_F(Pane, StopsAtOnceAndBeginsAgain) {
 }
 
 // Each during the proof and during the look-up.
-TEST_F(Pane, GoesOnHiddenAndEndsWithItsWorkspace) {
+TEST_F(Pane, ContinuesHiddenAndEndsWithItsWorkspace) {
     QSignalSpy ended(pane.get(), &RemarksPane::ended);
     at(2, [this] { pane->hide(); });
     pane->proofAll();

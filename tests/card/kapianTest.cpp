@@ -24,7 +24,7 @@ struct Row {
 
 } // namespace
 
-TEST(Kapian, PutsSubfieldsTogetherByTheirSigns) {
+TEST(Kapian, JoinsSubfieldsWithTheirPunctuation) {
     const QList<Row> rows{
         {textOfA, u"$a一$b二$A三$a四"_s, u"一 、四"_s},
         {textOfA, u"$a $a"_s, u"  、"_s},
@@ -63,14 +63,14 @@ TEST(Kapian, PutsSubfieldsTogetherByTheirSigns) {
     }
 }
 
-TEST(Kapian, UsesItsArgumentUp) {
+TEST(Kapian, ConsumesItsArgument) {
     QString text = field(u"$aTP$b旧$aX"_s);
     EXPECT_EQ(Kapian686(text).text, u"TP,X"_s);
     EXPECT_EQ(text, u"aX"_s);
     EXPECT_EQ(Kapian686(text).text, u""_s);
 }
 
-TEST(Kapian, FailsWhereTheMachineFails) {
+TEST(Kapian, FailsOnIncompleteSubfields) {
     const std::pair<QString, bool> cases[] = {
         {QString(), true},         {u"|"_s, false},
         {u"没有子字段|"_s, false}, {u"##$|"_s, true}, // a delimiter at the very end, on the first pass

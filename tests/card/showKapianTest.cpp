@@ -62,7 +62,7 @@ TEST(ShowKapian, FillsItsSlots) {
 }
 
 // Many entries that point to one long note: the size of the card stays proportional to the record.
-TEST(ShowKapian, EndsWhereADirectoryAsksForTheSameBytesOverAndOver) {
+TEST(ShowKapian, StaysBoundedIfADirectoryRepeatsTheSameBytes) {
     QString record = recordWith(title + u"300=$a" + u"x"_s.repeated(9990));
     record.insert(36, record.mid(36, 12).repeated(59)).replace(12, 5, platform::padZero(5, 25 + 61 * 12));
     const QString text = showKapian(record).text.value_or(QString());
@@ -71,7 +71,7 @@ TEST(ShowKapian, EndsWhereADirectoryAsksForTheSameBytesOverAndOver) {
     EXPECT_LT(text.size(), 17 * record.size());
 }
 
-TEST(ShowKapian, EndsWithABoxWhereTheRecordIsBroken) {
+TEST(ShowKapian, EndsWithABoxIfTheRecordIsBroken) {
     const QString entry = u"200000700000"_s;
     const QString data = u"  \x1F"
                          u"a题\x1E"_s;
@@ -105,7 +105,7 @@ TEST(ShowKapian, EndsWithABoxWhereTheRecordIsBroken) {
     }
 }
 
-TEST(FrmMarcKaPian, KeepsItsTextWhereThereIsNoCard) {
+TEST(FrmMarcKaPian, KeepsItsTextIfThereIsNoCard) {
     ScriptedHost host;
     card::frmMarcKaPian window(host);
     window.marcRecord = recordWith(u"200=$f甲$$"_s);

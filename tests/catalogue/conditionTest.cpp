@@ -161,13 +161,13 @@ struct ConditionTest : testing::Test {
     QList<Book> books;
 };
 
-TEST_F(ConditionTest, TheWordsOfTheCatalogueListAskWhatItsStatementAsks) {
+TEST_F(ConditionTest, TheWordsOfTheCatalogueListMatchItsStatement) {
     const CatalogueOrder order;
     ZSKListFrm list(database.state, host, order, {});
     askAtRandom<QueryFrm>(list, [&] { return plain(list.lCounts->toolTip()); });
 }
 
-TEST_F(ConditionTest, TheWordsOfTheStoreListAskWhatItsStatementAsks) {
+TEST_F(ConditionTest, TheWordsOfTheStoreListMatchItsStatement) {
     TLKListFrm list(database.state, host, {.hideWorking = [] {}, .lastImport = {}, .showCard = {}});
     askAtRandom<QueryFrmdel>(list, [&] { return list.conditionWords->text(); });
 }

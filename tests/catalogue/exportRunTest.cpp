@@ -102,7 +102,7 @@ TEST_F(ExportRunTest, RefusesNoNameAndAnExistingFile) {
     EXPECT_FALSE(list.labDaochu->isVisible());
 }
 
-TEST_F(ExportRunTest, EndsSilentlyWithTheFileClosedWhenItsWindowGoes) {
+TEST_F(ExportRunTest, ClosesTheFileSilentlyWhenItsWindowCloses) {
     behindRecord(4, [this] {
         list.unload();
         EXPECT_TRUE(list.isVisible()); // the run still uses the window
@@ -113,7 +113,7 @@ TEST_F(ExportRunTest, EndsSilentlyWithTheFileClosedWhenItsWindowGoes) {
     EXPECT_TRUE(!list.isVisible() && host.boxes.isEmpty());
 }
 
-TEST_F(ExportRunTest, GoesOnWithTheRowsThatStandAndIgnoresASecondPress) {
+TEST_F(ExportRunTest, ContinuesWithTheRowsListedAndIgnoresASecondPress) {
     behindRecord(4, [this] {
         list.CmdDcgl[Export]->click();
         load(u"zskid Between 11 And 17"_s);
@@ -124,7 +124,7 @@ TEST_F(ExportRunTest, GoesOnWithTheRowsThatStandAndIgnoresASecondPress) {
     EXPECT_TRUE(records()[3].contains("00004hteva") && records()[4].contains("00015hteva"));
 }
 
-TEST_F(ExportRunTest, WritesEmptyRecordsWithoutAWordWhenRowsCannotBeRead) {
+TEST_F(ExportRunTest, WritesEmptyRecordsSilentlyWhenRowsCannotBeRead) {
     behindRecord(2, [this] { database.run(u"drop table zsk;"_s); });
     run();
     EXPECT_EQ(host.texts(), QStringList{finalWord(10, path)});

@@ -41,7 +41,7 @@ void run(const TestDatabase &database, ScriptedHost &host, int count, const QStr
 } // namespace
 
 // Only rows exported while the server is away become empty records; a restart between two rows loses none.
-TEST(ExportFromServer, ComesBackWithTheServer) {
+TEST(ExportFromServer, ContinuesWhenTheServerReturns) {
     const TestDatabase database(TestServer::PostgreSql);
     for (int i = 1; i <= 10; ++i)
         database.run(u"insert into zsk (zskid,bookname) values (%1,'title%1')"_s.arg(i));
@@ -62,7 +62,7 @@ TEST(ExportFromServer, ComesBackWithTheServer) {
 }
 
 // A killed export leaves complete records except for the last one, and does not prevent the next export.
-TEST(ExportFromServer, AKilledRunLeavesWholeRecords) {
+TEST(ExportFromServer, AKilledRunLeavesCompleteRecords) {
     constexpr int count = 30000;
     const TestDatabase database(TestServer::Sqlite);
     database.run(u"insert into zsk (zskid,bookname) with recursive n(i) as (select 1 union all select i+1 from n where "

@@ -10,7 +10,7 @@
 
 using namespace catalogue;
 
-TEST(ListStatements, LetTheOrderRideAlongOnADeleteOnlyBehindACondition) {
+TEST(ListStatements, AppendTheOrderToADeleteOnlyAfterACondition) {
     EXPECT_EQ(deleteAllStatement({}, u"author"_s), u"delete from taoluTable"_s);
     EXPECT_EQ(deleteAllStatement(u"a='b'"_s, u"author"_s), u"delete from taoluTable where a='b' order by author"_s);
     EXPECT_EQ(deleteRowStatement(u"0012"_s), u"delete from taoluTable where zskid=0012"_s);
@@ -18,7 +18,7 @@ TEST(ListStatements, LetTheOrderRideAlongOnADeleteOnlyBehindACondition) {
 
 // Runs of keys of all lengths, more runs than SQLite allows terms in an expression, repeated keys, and the limits of
 // the key type.
-TEST(ListStatements, KeysMeetTheirOwnRowsAlone) {
+TEST(ListStatements, KeysSelectOnlyTheirOwnRows) {
     constexpr int rows = 20'000;
     const TestDatabase database;
     database.run(u"insert into taoluTable (zskid) with recursive n(i) as (select 1 union all select i+1 from n where "
@@ -64,7 +64,7 @@ TEST(ColumnWidths, ShareWhatTheFixedColumnsLeave) {
     EXPECT_EQ(catalogueWidths({100, 100, 2, 350})[5], 910);
 }
 
-TEST(ListTexts, TellTheWholePartOfTheExactPercentage) {
+TEST(ListTexts, ShowTheWholePartOfTheExactPercentage) {
     EXPECT_EQ(progressText(29, 100), u"已经导出：29(29%)"_s);
     EXPECT_EQ(progressText(2, 3), u"已经导出：2(66%)"_s);
     EXPECT_EQ(progressText(50'000'000, 50'000'000), u"已经导出：50000000(100%)"_s);

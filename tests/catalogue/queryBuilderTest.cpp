@@ -78,7 +78,7 @@ TEST_F(QueryBuilderTest, SortsByAFieldOnceAndForgetsAllOnClear) {
               QString());
 }
 
-TEST_F(QueryBuilderTest, ListsOperatorsAnewOnlyForANewType) {
+TEST_F(QueryBuilderTest, ListsOperatorsAgainOnlyForAnotherType) {
     EXPECT_TRUE(builder.chooseField(Bookname) && !builder.chooseField(Author) && builder.chooseField(Catatime));
     EXPECT_FALSE(builder.chooseField(99));
     EXPECT_EQ(operatorsOf(FieldType::Text).join(u' '), u"等于 不等于 包含"_s);
@@ -87,7 +87,7 @@ TEST_F(QueryBuilderTest, ListsOperatorsAnewOnlyForANewType) {
     EXPECT_TRUE(builder.chooseField(Catatime));
 }
 
-TEST(QueryRules, TheStoresDialogHasRoomForFewerFieldsAndKnowsNoDates) {
+TEST(QueryRules, TheStoreDialogSupportsFewerFieldsAndNoDates) {
     const auto list = [](int count) { return QStringList(count, u"f"_s).join(u','); };
     QueryBuilder store(storeRules);
     ASSERT_TRUE(store.load(list(46), list(46), u"日期,数字"_s));

@@ -52,7 +52,7 @@ TEST_F(QueryFrmTest, TheTabKeyGoesDownTheDialog) {
     EXPECT_EQ(way.join(u' '), u"signSql Command10 Command2 totalSql cOrderby"_s);
 }
 
-TEST_F(QueryFrmTest, HandsOverWhatStandsInItWhenItsKeyIsPressed) {
+TEST_F(QueryFrmTest, PassesOnItsConditionsWhenItsKeyIsPressed) {
     EXPECT_EQ(dialog.cSql->currentText() + dialog.cFuhao->currentText(),
               u"书名等于"_s); // the first field counts as clicked
     type(u"O'Neill"_s);
@@ -91,7 +91,7 @@ TEST_F(QueryFrmTest, ClearsBackToTheEmptyMaskAndAllSortFields) {
     EXPECT_EQ(target.received, QList<QStringList>({{QString(), QString(), QString()}}));
 }
 
-TEST_F(QueryFrmTest, RefusesToSortByNothingAndHandsNothingOverWhenClosed) {
+TEST_F(QueryFrmTest, RefusesToSortByNothingAndPassesNothingOnWhenClosed) {
     QTest::keyClick(dialog.Label3[0], Qt::Key_Space);
     EXPECT_EQ(host.texts(), QStringList{u"请选择排序项目，取消该操作。"_s});
     EXPECT_EQ(host.lastBox().icon, platform::Icon::Critical);

@@ -44,7 +44,7 @@ protected:
 };
 
 // Records that other programs have stored: without a terminator, with a line end, incomplete.
-TEST_F(SaveRunTest, EachRecordIsALineThatTheReaderTakesForOne) {
+TEST_F(SaveRunTest, EachRecordIsALineThatTheReaderReadsAsOne) {
     addRow(1, u"甲\x1e\x1d"_s);
     addRow(2, u"乙\x1e"_s);
     addRow(3, u"丙"_s);
@@ -60,7 +60,7 @@ TEST_F(SaveRunTest, EachRecordIsALineThatTheReaderTakesForOne) {
     EXPECT_EQ(host.texts(), QStringList{u"已保存 6 条记录到 "_s + path});
 }
 
-TEST_F(SaveRunTest, SaysWhatWasLost) {
+TEST_F(SaveRunTest, ReportsWhatWasLost) {
     addRow(7, u"Ŷé𠮷\x1e\x1d"_s);
     addRow(8, u"无"_s);
     addRow(9, u"ŶŶ\x1e\x1d"_s);
@@ -72,7 +72,7 @@ TEST_F(SaveRunTest, SaysWhatWasLost) {
                                        u"写成了“?”：Ŷ（U+0176） 3 处，𠮷（U+20BB7） 1 处。在控制号 7、9 的记录里。");
 }
 
-TEST_F(SaveRunTest, NothingElseStartsWhileItRunsAndAStopLeavesTheOldFile) {
+TEST_F(SaveRunTest, NothingElseStartsWhileItRunsAndAStopKeepsTheOldFile) {
     addRows(1200);
     folder.file(u"存.iso"_s, "as it was");
     host.willAnswer(platform::Answer::Yes); // to replace the file
@@ -109,7 +109,7 @@ TEST_F(SaveRunTest, AClosedWindowEndsItsRunFirst) {
     EXPECT_EQ(filesBeside(), QStringList());
 }
 
-TEST_F(SaveRunTest, GoesOnWithTheRowsThatWereListedAndStopsAtAFailure) {
+TEST_F(SaveRunTest, ContinuesWithTheRowsThatWereListedAndStopsAtAFailure) {
     addRows(600);
     afterRecord(3, [&] {
         Condition condition{u"zskid=600"_s, {}};

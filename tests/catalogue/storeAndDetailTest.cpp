@@ -80,7 +80,7 @@ protected:
 };
 
 // Selects exactly the rows of the last import, even if others have inserted rows meanwhile, and saves them to a file.
-TEST_F(TlkListFrmTest, MarksThisImportAndWritesItOut) {
+TEST_F(TlkListFrmTest, SelectsThisImportAndSavesIt) {
     database.run(u"delete from taoluTable; insert into taoluTable (zskid,bookname,marc) values (3,'c','三''\x1d'),"
                  u"(4,'foreign','x'),(5,'e','五\x1d'),(6,'f',null)"_s);
     load({}, {});
@@ -148,7 +148,7 @@ TEST_F(TlkListFrmTest, DeletesWhatTheQueryFoundOrEverything) {
     EXPECT_EQ(host.lastBox().leaving, platform::Leaving::ByButtonsOnly);
 }
 
-TEST_F(TlkListFrmTest, TellsEveryFailureWithTheOneMessage) {
+TEST_F(TlkListFrmTest, ReportsEveryFailureWithTheSameMessage) {
     load({});
     host.onShow = [this] { EXPECT_FALSE(list.lCounts->text().contains(u"加载"_s)) << "no loading message remains"; };
     load(u"author='O'Neill'"_s);

@@ -54,7 +54,7 @@ TEST_F(ZskListFrmTest, ListsRowsInTheQuerysOrderOrElseTheStoredOne) {
     EXPECT_EQ(list.queryCondition().sql, u"author='鲁迅著'"_s);
 }
 
-TEST_F(ZskListFrmTest, CountsWhatIsNotThereInItsOwnWords) {
+TEST_F(ZskListFrmTest, ReportsEmptyAndFailedQueries) {
     database.run(u"insert into zsk (bookname) values ('a'); update zsk set bookname=null;"_s);
     load({});
     ASSERT_EQ(list.lCounts->text(), u"记录数：1"_s);

@@ -119,7 +119,7 @@ TEST(Generator, GivesTheSameBytesForTheSameSeed) {
 }
 
 // In place of the database: nothing, an empty file, a database that lost a table, a file that is no database.
-TEST(PrepareDesk, MakesADatabaseOrItsTablesAndSaysSo) {
+TEST(PrepareDesk, CreatesADatabaseOrItsTablesAndReportsIt) {
     const QTemporaryDir folder;
     const QString database = folder.filePath(u"library.db"_s);
     const auto run = [&](const QString &program, const QStringList &arguments) {

@@ -69,7 +69,7 @@ TEST(Dialect, CutsScriptsOnlyBetweenStatements) {
               (QStringList{u"insert into t values ('x;''y -- z')"_s, u"delete from t"_s}));
 }
 
-TEST(ConnectionText, GoesToTheDriverManagerAsItsDriversWantIt) {
+TEST(ConnectionText, IsAdaptedToItsDriver) {
     const auto text = [](QStringView stored, QStringView source = u"") {
         const QString text = stored.toString(), pairs = source.toString();
         return database::driverText(text, pairs, database::namedDriver(text, pairs), database::Certainty::Known);
@@ -97,7 +97,7 @@ TEST(ConnectionText, GoesToTheDriverManagerAsItsDriversWantIt) {
     EXPECT_EQ(database::connectionValue(u"Driver={a;b};PWD=x=y; uid = u", u"driver"), u"a;b"_s);
 }
 
-TEST(ResultTable, GivesBackEveryCellAcrossItsBlocks) {
+TEST(ResultTable, ReturnsEveryCellAcrossItsBlocks) {
     database::ResultTable table({u"zskid"_s, u"ISBN"_s, u"marc"_s});
     const auto cell = [](int i) -> QString { // a null QString represents NULL
         const int size = i % 500 == 0 ? 300000 : i % 7 * (i % 1000);

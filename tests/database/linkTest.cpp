@@ -88,7 +88,7 @@ TEST(Link, AReplacedSqliteFileIsNoticed) {
 }
 
 // A few seconds after the last use, an SQLite database is a single complete file that can be copied and overwritten.
-TEST(Link, NothingIsHeldOpenBetweenWorks) {
+TEST(Link, NothingIsKeptOpenBetweenUses) {
     const TestDatabase database(TestServer::Sqlite);
     ASSERT_TRUE(import(database, u"一"_s));
     ASSERT_GT(QFileInfo(database.file() + u"-wal").size(), 0);
@@ -97,7 +97,7 @@ TEST(Link, NothingIsHeldOpenBetweenWorks) {
 
 // A missing file is a database that cannot be reached, by connection text and by data source, with any options; no file
 // is created.
-TEST(Link, NoFileIsMadeWhereThereIsNone) {
+TEST(Link, AMissingFileIsNotCreated) {
     const TestDatabase database(TestServer::Sqlite);
     ASSERT_TRUE(import(database, u"一"_s));
     ASSERT_TRUE(QFile::remove(database.file()));
@@ -180,7 +180,7 @@ TEST(Link, ADeadConnectionIsReplaced) {
 }
 
 // The server ends the session before a query, which is then sent again on a new connection.
-TEST(Link, AQuestionOnADeadConnectionIsAskedAgain) {
+TEST(Link, AQueryOnABrokenConnectionIsRepeated) {
     for (const auto &[server, own, end, sleep] : servers) {
         const TestDatabase database(server);
         ASSERT_TRUE(import(database, u"一"_s));
@@ -212,7 +212,7 @@ TEST(Link, NoMoreThanAFewLinksAreKept) {
 }
 
 // A rule on a view redirects the insert, so that the insert cannot return a key.
-TEST(Link, AKeyThatAnInsertDoesNotReturnIsAskedFor) {
+TEST(Link, AKeyThatAnInsertDoesNotReturnIsQueried) {
     const TestDatabase database(TestServer::PostgreSql);
     database.run(u"alter table taolutable rename to held; create view taolutable as select * from held; "
                  u"create rule taken as on insert to taolutable do instead insert into held (bookname) "
@@ -231,7 +231,7 @@ TEST(Link, AKeyThatAnInsertDoesNotReturnIsAskedFor) {
     EXPECT_EQ(database.selected(u"select zskid from held order by zskid"_s), u"1 2"_s);
 }
 
-TEST(Link, AServerThatGoesAwayAndComesBack) {
+TEST(Link, AServerThatStopsAndRestarts) {
     const TestDatabase database(TestServer::PostgreSql);
     ASSERT_TRUE(import(database, u"一"_s));
     database::DbSession session;

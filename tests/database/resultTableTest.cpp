@@ -8,7 +8,7 @@ using database::ResultTable;
 
 // Cells of every kind, with long and short rows mixed, so that texts start at odd offsets and blocks fill up: the table
 // returns what was stored, with both ways of storing.
-TEST(ResultTable, GivesBackWhatWasPutIn) {
+TEST(ResultTable, ReturnsWhatWasStored) {
     constexpr int rows = 4000, columns = 5;
     const QStringList texts = {u""_s,
                                u"7-04-000123-4"_s,

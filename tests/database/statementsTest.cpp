@@ -23,7 +23,7 @@ protected:
 
 ON_ALL_SERVERS(Statements);
 
-TEST_P(Statements, ImportedTextsComeBackAsTheyWere) {
+TEST_P(Statements, ImportedTextsAreReadUnchanged) {
     const QStringList texts = {
         u"O'Neil''s [书   名] \"x\" `y` convert(varchar(10),a,111) Like"_s,
         u"C:\\路径\\"_s,
@@ -52,7 +52,7 @@ TEST_P(Statements, ImportedTextsComeBackAsTheyWere) {
     }
 }
 
-TEST_P(Statements, AResultOfManyRowsIsWhole) {
+TEST_P(Statements, AResultOfManyRowsIsComplete) {
     for (int i = 1; i <= 700; ++i) // more than one block, with titles longer than the declared width
         database.run(u"insert into zsk (zskid,bookname) values (" + QString::number(i) + u",'" +
                      (GetParam() == TestServer::Sqlite && i == 600 ? QString(5000, u'长') : QString(i % 190, u'书')) +
@@ -98,7 +98,7 @@ TEST_P(Statements, LikeFindsWithoutRegardToCaseAndWithoutEscapes) {
             << pattern.toStdString();
 }
 
-TEST_P(Statements, DeletionsTakeWhatTheySay) {
+TEST_P(Statements, DeletionsDeleteExactlyTheirRows) {
     for (int i = 0; i < 4; ++i)
         database.run(u"insert  taolutable (bookname,pages) values ('书" + QString::number(i) + u"',0)");
     const QString left = u"select bookname from taoluTable order by bookname"_s;
@@ -117,7 +117,7 @@ TEST_P(Statements, DeletionsTakeWhatTheySay) {
     EXPECT_EQ(database.selected(left), QString());
 }
 
-TEST_P(Statements, AFaultHasItsNumberAndTheServersWords) {
+TEST_P(Statements, AFaultHasItsNumberAndTheServersText) {
     auto connection = database.open();
     for (const QStringView statement :
          {u"select zskid from nosuch", u"select nosuch from zsk", u"insert  nosuch (a) values (1)"}) {

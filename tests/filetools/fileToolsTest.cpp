@@ -71,7 +71,7 @@ QByteArray plainly(const QByteArray &source) {
 
 } // namespace
 
-TEST(TargetPattern, CutsTheTargetInEitherMannerOfPaths) {
+TEST(TargetPattern, CutsTheTargetForEitherKindOfPath) {
     const std::tuple<QString, QChar, QString, QString, QString> rows[] = {
         {u"/馆/a.iso"_s, u'/', u"/馆/a700.iso"_s, u"/馆/a1000.iso"_s, u"/馆/a7??.iso"_s},
         {u"D:\\m\\b.x.txt"_s, u'\\', u"D:\\m\\b.x700.txt"_s, u"D:\\m\\b.x1000.txt"_s, u"D:\\m\\b.x7??.txt"_s},
@@ -86,7 +86,7 @@ TEST(TargetPattern, CutsTheTargetInEitherMannerOfPaths) {
     EXPECT_FALSE(targetPattern(u"/x.a/b"_s, u'/')); // the dot is in the folder name
 }
 
-TEST(Checks, TheFirstThingAmissEndsTheSplit) {
+TEST(Checks, TheFirstFaultRefusesTheSplit) {
     const QString few = u"每个拆分文件的最大记录数太小！最好不要小于10！"_s,
                   ask = u"请输入每个拆分文件的最大记录数！"_s;
     const std::tuple<QString, bool, QString, QString, QString, Field> rows[] = {
@@ -110,7 +110,7 @@ TEST(Checks, TheFirstThingAmissEndsTheSplit) {
     EXPECT_FALSE(refuseSplit(u"/s"_s, true, u"/t/a.iso"_s, u"10"_s, u'/'));
 }
 
-TEST(Split, CutsAsTheLinesStand) {
+TEST(Split, FollowsTheLinesOfTheSource) {
     const QByteArray odd("\x80\xff\xa1\n\0\x81\x1d", 7); // not valid text; contains a line feed that ends no line
     // The source; its number of records, the target files from 700 on, and the number of records reported for each.
     const std::tuple<const char *, QByteArray, qint32, QList<QByteArray>, QList<int>> rows[] = {
@@ -143,7 +143,7 @@ TEST(Split, CutsAsTheLinesStand) {
 }
 
 // The end of a block falls on each byte of a record, of its terminator and of its line end in turn.
-TEST(Merge, GivesWhatPlainReadingGivesWhereverABlockEnds) {
+TEST(Merge, MatchesPlainReadingForEveryBlockEnd) {
     constexpr int block = 1 << 19; // the size of a read
     const QByteArrayList pieces{"rec\x1d\r\n",       "one\x1dtwo\x1d\r\n",
                                 "a\r\nb\rc\x1d\r\n", "\r\n",
@@ -161,7 +161,7 @@ TEST(Merge, GivesWhatPlainReadingGivesWhereverABlockEnds) {
     }
 }
 
-TEST(Split, NumbersGoOnBeyondThreeDigitsAndEachFileIsClosedAsItEnds) {
+TEST(Split, NumbersExceedThreeDigitsAndEachFileIsClosedAtItsEnd) {
     files::Folder folder;
     const qsizetype before = files::openFiles();
     SplitRun split(folder.write(u"source.iso"_s, lines(3011)), *targetPattern(folder.path(u"a.iso"_s)));
@@ -175,7 +175,7 @@ TEST(Split, NumbersGoOnBeyondThreeDigitsAndEachFileIsClosedAsItEnds) {
     EXPECT_EQ(folder.read(u"a1001.iso"_s), lines(1, 3011));
 }
 
-TEST(Merge, ATargetSpelledDifferentlyIsEmptiedFirstAndNeverChasesItself) {
+TEST(Merge, ATargetSpelledDifferentlyIsEmptiedFirstAndReadOnlyOnce) {
     files::Folder folder;
     constexpr int many = 100'000; // more than is gathered before a write
     const QString big = folder.write(u"big.iso"_s, lines(many)), target = folder.write(u"t.iso"_s, lines(5));
@@ -191,7 +191,7 @@ TEST(Merge, ATargetSpelledDifferentlyIsEmptiedFirstAndNeverChasesItself) {
     EXPECT_TRUE(folder.read(u"t.iso"_s) == lines(many) + lines(many));
 }
 
-TEST(FileTools, AFailureIsToldAndLeavesWhatWasWritten) {
+TEST(FileTools, AFailureIsReportedAndKeepsWhatWasWritten) {
     files::Folder folder;
     const QString source = folder.write(u"source.iso"_s, lines(40));
     ASSERT_TRUE(QFile::link(u"/dev/full"_s, folder.path(u"a702.iso"_s)));
@@ -221,7 +221,7 @@ TEST(FileTools, AFailureIsToldAndLeavesWhatWasWritten) {
 
 // The reported counts match the files. A source that shrinks or is removed during the run ends the run with what was
 // read; a source that grows is read on.
-TEST(FileTools, CountsWhatTheFilesHoldWhateverHappensToTheSource) {
+TEST(FileTools, CountsMatchTheFilesWhenTheSourceChanges) {
     for (const int change : {-1, 0, 1}) {
         files::Folder folder;
         const QString source = folder.write(u"source.iso"_s, lines(50'000)); // more than is read ahead

@@ -59,7 +59,7 @@ struct MergeDesk : Desk<frmUnionFile> {
 
 } // namespace
 
-TEST(FrmCutFile, TellsEachStepAndStaysOpenMeanwhile) {
+TEST(FrmCutFile, ReportsEachStepAndStaysOpenMeanwhile) {
     SplitDesk desk;
     frmCutFile &form = *desk.form;
     desk.fill(u' ' + desk.source, {}, u"10.5"_s); // ten: halves are rounded to even
@@ -102,7 +102,7 @@ TEST(FrmCutFile, TellsEachStepAndStaysOpenMeanwhile) {
     EXPECT_EQ(desk.host.lastBox().preselected, Answer::No);
 }
 
-TEST(FrmCutFile, RefusesWithTheFocusWhereTheFaultIs) {
+TEST(FrmCutFile, ARefusalFocusesTheFaultyBox) {
     SplitDesk desk;
     frmCutFile &form = *desk.form;
     desk.fill(desk.source, u"  "_s, u"9"_s);
@@ -123,7 +123,7 @@ TEST(FrmCutFile, RefusesWithTheFocusWhereTheFaultIs) {
     EXPECT_EQ(form.Text1[0]->text(), QString());
 }
 
-TEST(FrmCutFile, DeletesWhatMatchesTheMaskToTheLetterAndOnlyAfterYes) {
+TEST(FrmCutFile, DeletesExactlyWhatMatchesTheMaskAndOnlyAfterYes) {
     SplitDesk desk;
     const QStringList strangers{u"a750.iso"_s, u"[ab]*7001.iso"_s, u"[ab]*800.iso"_s, u"[ab]*7x.iso"_s, u"bz701.iso"_s};
     for (const QString &name : strangers + QStringList{u"[ab]*701.iso"_s, u"[ab]*7zz.iso"_s})
@@ -146,7 +146,7 @@ TEST(FrmCutFile, DeletesWhatMatchesTheMaskToTheLetterAndOnlyAfterYes) {
     EXPECT_TRUE(desk.host.opened.isEmpty());
 }
 
-TEST(FrmCutFile, AFailedRunIsADeadEndWithoutLostFiles) {
+TEST(FrmCutFile, AFailedRunBlocksTheWindowAndLosesNoFiles) {
     const qsizetype before = files::openFiles();
     for (const auto &[source, target] :
          {std::pair(u"source.iso"_s, u"none/a.iso"_s), {u"a755.iso"_s, u"a.iso"_s}, {u"source.iso"_s, u"b.iso"_s}}) {
@@ -215,7 +215,7 @@ TEST(FrmUnionFile, MergesTheListInItsOrder) {
     EXPECT_EQ(desk.host.lastBox().text, leave);
 }
 
-TEST(FrmUnionFile, RefusesAndEndsDeadAsTheSplitDoes) {
+TEST(FrmUnionFile, RefusesAndIsBlockedByAFailureLikeTheSplit) {
     const qsizetype before = files::openFiles();
     MergeDesk desk;
     desk.form->Text1->setText(desk.one);

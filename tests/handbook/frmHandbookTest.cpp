@@ -45,7 +45,7 @@ struct HandbookTest : testing::Test {
 
 } // namespace
 
-TEST_F(HandbookTest, LinksLeadToPagesAndHeadingsAndBackToWhereOneWas) {
+TEST_F(HandbookTest, LinksOpenPagesAndHeadingsAndBackReturns) {
     EXPECT_EQ(titles(), u"首页|丙页|乙页"_s); // in the order of the links on the first page
     EXPECT_EQ(view()->horizontalScrollBar()->maximum(), 0) << "the wide picture is scaled to fit";
     view()->verticalScrollBar()->setValue(700);
@@ -80,7 +80,7 @@ TEST_F(HandbookTest, OpensAtTheHeading) {
     }
 }
 
-TEST_F(HandbookTest, SearchGoesThroughThePageAndOnThroughTheOthers) {
+TEST_F(HandbookTest, SearchCoversThePageAndThenTheOthers) {
     window->findText->setText(u"导入"_s);
     EXPECT_EQ(titles(), u"首页（1 处）|丙页（1 处）|乙页（2 处）"_s);
     EXPECT_EQ(window->contents->item(2)->text().section(u'\n', 1), u"…页 键 作用 F3 导入导入…"_s);
@@ -102,7 +102,7 @@ TEST_F(HandbookTest, SearchGoesThroughThePageAndOnThroughTheOthers) {
     EXPECT_EQ(current(), 2);
 }
 
-TEST_F(HandbookTest, AnAddressOutsideIsOpenedAfterAQuestionOnly) {
+TEST_F(HandbookTest, AnExternalAddressIsOpenedOnlyAfterAQuestion) {
     for (const auto answer : {platform::Answer::No, platform::Answer::Yes}) {
         host.willAnswer(answer);
         Q_EMIT view()->anchorClicked(QUrl(u"https://example.org/"_s));

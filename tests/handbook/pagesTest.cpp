@@ -62,7 +62,7 @@ QMap<QString, QString> windowClasses() {
 
 } // namespace
 
-TEST(Pages, EveryLinkAndEveryPictureIsThere) {
+TEST(Pages, EveryLinkAndEveryPictureExists) {
     QStringList reached{firstPage.toString()};
     QSet<QString> shown;
     for (qsizetype at = 0; at < reached.size(); ++at) {
@@ -114,7 +114,7 @@ TEST(Pages, EveryWindowHasAPage) {
     }
 }
 
-TEST(Pages, ThePageIsThatOfTheInnermostThingThatHasOne) {
+TEST(Pages, ThePageIsThatOfTheInnermostWidgetThatHasOne) {
     const std::pair<QStringList, QString> rows[] = {
         {{u"Text1"_s, u"Picture1"_s, u"frmDaoru"_s, u"marcMain"_s}, u"editing.md"_s},
         {{u"Text1"_s, u"frmMarcKaPian"_s, u"frmDaoru"_s, u"marcMain"_s}, u"card.md"_s},

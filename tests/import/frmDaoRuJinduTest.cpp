@@ -41,7 +41,7 @@ struct PaintedTexts : QObject {
 
 } // namespace
 
-TEST_F(ImportWindow, RunsOnceAndTellsEachStep) {
+TEST_F(ImportWindow, RunsOnceAndReportsEachStep) {
     list({u"甲"_s, u"甲"_s, u"丙's"_s});
     frmDaoRuJindu window(host, database.state, records);
     QStringList said;
@@ -68,7 +68,7 @@ TEST_F(ImportWindow, RunsOnceAndTellsEachStep) {
     EXPECT_FALSE(window.isVisible());
 }
 
-TEST_F(ImportWindow, StopsBehindTheRecordInHand) {
+TEST_F(ImportWindow, StopsAfterTheCurrentRecord) {
     list({u"甲"_s, u"乙"_s, u"丙"_s});
     frmDaoRuJindu window(host, database.state, records);
     host.onYield = [&] { window.cmdStop->click(); };
@@ -80,7 +80,7 @@ TEST_F(ImportWindow, StopsBehindTheRecordInHand) {
 
 // A box appears for each record until its check box is checked; then the run continues without boxes. The next run asks
 // again.
-TEST_F(ImportWindow, TellsWhatStandsInTheWayAndGoesOn) {
+TEST_F(ImportWindow, ReportsFailuresAndContinues) {
     list({u"甲"_s, u"乙"_s, u"丙"_s, u"丁"_s});
     records->setRecord(2, u"00026nam0 2200025   450 2001\x1E\x1D"_s); // a damaged directory
     const QString damaged = u"当前marc数据地址目次区数据出现错误！"_s;

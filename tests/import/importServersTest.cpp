@@ -21,7 +21,7 @@ protected:
 
 ON_ALL_SERVERS(ImportIntoServers);
 
-TEST_P(ImportIntoServers, ARowThatWentInIsKnownByItsKey) {
+TEST_P(ImportIntoServers, AnInsertedRowIsKnownByItsKey) {
     EXPECT_TRUE(import(u"一"_s));
     const importing::Daoru done = importing::daoruRecord(recordWith(u"二"_s), database.state, boxes);
     EXPECT_EQ(database.selected(u"select zskid from taoluTable where bookname='二'"_s),
@@ -57,7 +57,7 @@ TEST_P(ImportIntoServers, ARecordWithANulIsRefusedAsAWhole) {
 }
 
 // The server may or may not execute a statement whose answer is lost with the connection; only the table shows which.
-TEST(ImportIntoPostgreSql, AnAnswerThatIsLostIsLookedForInTheStore) {
+TEST(ImportIntoPostgreSql, ALostAnswerIsLookedUpInTheTable) {
     const TestDatabase database(TestServer::PostgreSql);
     ScriptedHost host;
     platform::RunBoxes boxes(host);
@@ -113,7 +113,7 @@ TEST(ImportIntoPostgreSql, AnAnswerThatIsLostIsLookedForInTheStore) {
 }
 
 // A killed import leaves complete rows in order, and the table accepts further rows.
-TEST_P(ImportIntoServers, AKilledRunLeavesWholeRows) {
+TEST_P(ImportIntoServers, AKilledRunLeavesCompleteRows) {
     const auto title = [](int i) -> QString { return u"书"_s.repeated(1 + i % 40) + QString::number(i); };
     const auto count = [this] { return database.selected(u"select count(*) from taoluTable"_s).toInt(); };
     for (const int atLeast : {5, 60, 200}) {

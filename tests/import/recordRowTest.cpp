@@ -46,7 +46,7 @@ TEST(RecordRow, NumberColumnsKeepTheLastRunThatFits) {
     }
 }
 
-TEST(RecordRow, DirectoryThatMisleads) {
+TEST(RecordRow, MisleadingDirectories) {
     const QString record = recordOf(u"200=1 $a书名$f著者"_s);
     EXPECT_EQ(recordRow(record.left(24) + u"2" + record.mid(24)), std::nullopt);
     EXPECT_EQ(recordRow(withDirectory(record, u"x01500000"_s))->bookname, QString()); // read as length 0

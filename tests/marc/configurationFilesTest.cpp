@@ -10,7 +10,7 @@ QByteArray fileText(QString text) {
 }
 
 // The file, its text, the expected list (of fields, or of the subfields of 200), and the end of the complaint.
-TEST(PickLists, TakeLinesUpToTheFirstDamageAndTheSectionOfATag) {
+TEST(PickLists, ReadLinesUpToTheFirstDamageAndTheSectionOfATag) {
     const QString notFound = u"】损坏或者还没有本字段名。"_s;
     const std::tuple<QStringView, QString, QString, QString> cases[] = {
         {fieldListFile, u"010 标准书号\n\n  \n??? 自定义\n2  x\n 1 y"_s, u"010 标准书号|??? 自定义|2  x| 1 y"_s, u""_s},
@@ -35,7 +35,7 @@ TEST(PickLists, TakeLinesUpToTheFirstDamageAndTheSectionOfATag) {
     EXPECT_TRUE(readSubfieldList(folder.path(), u"200"_s).complaint.startsWith(u"操作失败"));
 }
 
-TEST(ConfigurationFiles, AreMissed) {
+TEST(ConfigurationFiles, AreReportedIfMissing) {
     const TestFolder folder;
     const auto complaint = [&](QStringView file) -> QString {
         return u"配置文件【"_s + folder.path() + file + u"】丢失。";

@@ -12,7 +12,7 @@ QString lookedUp(const RawRecord &record, QStringView wanted, const QByteArray &
     return value.value_or(u"-"_s);
 }
 
-TEST(ReadZd, GivesTheFirstMatchInDirectoryOrder) {
+TEST(ReadZd, ReturnsTheFirstMatchInDirectoryOrder) {
     const std::pair<QString, QString> cases[] = {
         {u"300=  $a附注"_s, u""_s},
         {u"001=123|200=1 $f张三$a数据库$a另一"_s, u"数据库"_s},
@@ -58,7 +58,7 @@ TEST(ReadZd, FailsAsAWholeOnlyInWhatItHasToRead) {
     EXPECT_EQ(lookedUp(u"no field terminator at all, in nearly 00049 characters"_s, u"200a", {}), u"-");
 }
 
-TEST(ReadZd, TellsOfADamagedDirectoryAndWorksOnTheTextEncodedAgain) {
+TEST(ReadZd, ReportsADamagedDirectoryAndReadsTheReencodedText) {
     const RawRecord record = recordWithDirectory(u"200000800000x"_s, u"data"_s);
     QStringList told;
     EXPECT_EQ(readZd(record, u"200a", [&](const RawRecord &damaged) { told.append(damaged); }), u""_s);

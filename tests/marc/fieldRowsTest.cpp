@@ -36,7 +36,7 @@ TEST(ShowRecord, MakesTheRowsOfEachKindOfField) {
     EXPECT_EQ(rows[1].subfieldLabel, u"指示符"_s);
 }
 
-TEST(ShowRecord, AFailingStepLeavesWhatStoodBefore) {
+TEST(ShowRecord, AFailingStepKeepsThePreviousValue) {
     const QString data = real(u"1 <a甲<b乙|0 <c丙|"_s); // 11 bytes and 7 bytes
     const std::pair<QString, QString> cases[] = {
         {u"200001100000300000700011"_s, u"200=1# $a=甲 $b=乙 300=0# $c=丙"_s},
@@ -62,7 +62,7 @@ TEST(ShowRecord, AFailingStepLeavesWhatStoodBefore) {
 }
 
 // Very many entries that point to the same bytes: the result stays proportional to the record.
-TEST(ShowRecord, EndsWhereADirectoryAsksForTheSameBytesOverAndOver) {
+TEST(ShowRecord, StaysBoundedIfADirectoryRepeatsTheSameBytes) {
     const QString delimiters = u"1 "_s + u"<"_s.repeated(9996) + u'|';
     const std::tuple<QString, QString, bool> cases[] = {
         {u"200999900000"_s.repeated(60), delimiters, true},

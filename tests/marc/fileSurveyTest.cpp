@@ -52,7 +52,7 @@ QByteArray wide(const QString &text, QStringConverter::Encoding encoding) {
     return QStringEncoder(encoding, QStringConverter::Flag::WriteBom)(text);
 }
 
-TEST(FileSurvey, TellsEncodingLineEndsAndWhatWillBeRead) {
+TEST(FileSurvey, ReportsEncodingLineEndsAndReadableRecords) {
     const QString one = recordOf(u"001=甲|200=10$a数据库原理$f严华著"_s);
     const QString five = one.repeated(5), lines = QString(one + u"\r\n").repeated(5);
     const QString rare = recordOf(u"200=10$a〇𠮷"_s);
@@ -195,7 +195,7 @@ TEST(FileSurvey, NoEncodingIsTakenForAnotherWithoutAWarning) {
     EXPECT_EQ(survey(folder.file(u"f"_s, recordsWith(1, alone, "a") + recordsWith(1, alone))).encoding, Gbk);
 }
 
-TEST(FileSurvey, CountsWhatTheReaderReadsWhateverTheDamage) {
+TEST(FileSurvey, CountsWhatTheReaderReadsForAnyDamage) {
     const TestFolder folder;
     QDir samples = QFileInfo(QStringLiteral(SAMPLE_FILE)).dir();
     const QFileInfoList files = samples.entryInfoList({u"*.iso"_s}, QDir::Files);
@@ -253,7 +253,7 @@ TEST(FileSurvey, CountsWhatTheReaderReadsWhateverTheDamage) {
     }
 }
 
-TEST(FileSurvey, AFileThatChangesOrGoesIsTold) {
+TEST(FileSurvey, AFileThatChangesOrDisappearsIsReported) {
     const TestFolder folder;
     using Change = std::function<bool(QFile &)>;
     for (const Change &change :
@@ -272,7 +272,7 @@ TEST(FileSurvey, AFileThatChangesOrGoesIsTold) {
     EXPECT_FALSE(FileSurvey::open(u"/dev/zero"_s));
 }
 
-TEST(FileSurvey, HoldsNoLongLine) {
+TEST(FileSurvey, DoesNotBufferALongLine) {
     constexpr qint64 size = 96 << 20;
     const TestFolder folder;
     QFile large(folder.file(u"long.iso"_s, {}));

@@ -13,7 +13,7 @@ using namespace std::string_literals;
 
 namespace {
 
-TEST(RecordCutter, OneLineGivesOneRecordAtTheMost) {
+TEST(RecordCutter, OneLineGivesAtMostOneRecord) {
     const std::tuple<std::string, QString, qint64> cases[] = {
         // ">" represents the record terminator
         {"a>\r\nb>\r\nc>\r\nd>", u"a>b>c>"_s, 4}, // reading stops after three records
@@ -62,7 +62,7 @@ TEST(RecordCutter, LongPiecesAreWholeOrDropped) {
     }
 }
 
-TEST(RecordCutter, HoldsALongRecordOnce) {
+TEST(RecordCutter, BuffersALongRecordOnce) {
     constexpr qint64 size = 60 << 20; // a size at which a buffer that grows by doubling does not have to grow
     const TestFolder folder;
     QFile large(folder.file(u"long.iso"_s, {}));
@@ -79,7 +79,7 @@ TEST(RecordCutter, HoldsALongRecordOnce) {
     EXPECT_LT((after.ru_maxrss - before.ru_maxrss) << 10, size * 3 / 2);
 }
 
-TEST(PreReadStore, OnlyGrowsAndGivesBackTheTextWhateverTheBytesWere) {
+TEST(PreReadStore, OnlyGrowsAndReturnsTheTextForAnyBytes) {
     PreReadStore store;
     for (const auto &[wanted, rows] : {std::pair(5, 20), std::pair(21, 21), std::pair(20, 21)}) {
         store.setRows(wanted);
@@ -96,7 +96,7 @@ TEST(PreReadStore, OnlyGrowsAndGivesBackTheTextWhateverTheBytesWere) {
 
 // Titles set in any order: before the record, again after an edit, one that does not occur in the record, one that
 // spans two characters, one in the bytes of a removed record.
-TEST(PreReadStore, TitlesStayWhatTheyAreWhateverBecomesOfTheRecord) {
+TEST(PreReadStore, TitlesDoNotChangeWithTheRecord) {
     const auto pieces =
         std::to_array<QString>({u"?"_s, u"题"_s, u"名"_s, u"丂"_s, u"a"_s, u"1"_s, u"\uFFFD"_s, u"ก"_s, u"\xD83D"_s});
     for (unsigned seed = 0; seed < 20; ++seed) {

@@ -18,7 +18,7 @@ std::vector<int> search(const PreReadStore &store, const QString &text, SearchPl
 
 // Searching bytes finds the same records as searching texts, even where the bytes of two adjacent characters look like
 // the text sought.
-TEST(RecordSearch, FindsWhatStandsThere) {
+TEST(RecordSearch, FindsTheRecordsThatContainTheText) {
     const QString characters = u"aAzZ_啊丄丂A9@红楼梦\u0391\u03b1"_s; // the trail bytes of some are ASCII letters
     Dice dice(936);
     PreReadStore store;
@@ -45,7 +45,7 @@ TEST(RecordSearch, FindsWhatStandsThere) {
     EXPECT_TRUE(search(store, {}).empty());
 }
 
-TEST(RecordSearch, WalksTheHitsAroundTheEnd) {
+TEST(RecordSearch, StepsThroughTheHitsAroundTheEnd) {
     PreReadStore store;
     for (const int row : {2, 5, 11})
         store.setTitle(row, u"史记 Annals"_s);

@@ -4,7 +4,7 @@
 
 using namespace platform;
 
-TEST(Codepage936, TakesEachTwoByteCodeThereAndBack) {
+TEST(Codepage936, ConvertsEachTwoByteCodeThereAndBack) {
     std::set<char16_t> seen;
     for (int lead = 0x81; lead <= 0xFE; ++lead) {
         for (int trail = 0x40; trail <= 0xFE; ++trail) {
@@ -40,7 +40,7 @@ TEST(Codepage936, AgreesWithKnownCodes) {
     }
 }
 
-TEST(Codepage936, ReplacesWhatIsNone) {
+TEST(Codepage936, ReplacesWhatHasNoCode) {
     const std::pair<QByteArray, QString> cases[] = {
         {"\xB0", u"\uFFFD"_s},
         {"\xB0\r\n", u"\uFFFD\r\n"_s},

@@ -18,7 +18,7 @@ using namespace platform;
 
 namespace {
 
-TEST(Settings, ComeBackAsTheyWereAndAreTheOwnersAlone) {
+TEST(Settings, AreReadAsWrittenAndOnlyByTheirOwner) {
     const QTemporaryDir folder;
     const QString inside = folder.filePath(u"new/one"_s);
     const Settings settings(inside);
@@ -44,7 +44,7 @@ TEST(Settings, ComeBackAsTheyWereAndAreTheOwnersAlone) {
 }
 
 // A pipe, a device or a huge file in place of a small file neither blocks nor fills the memory.
-TEST(SmallFile, IsAPlainOneWithinItsLimit) {
+TEST(SmallFile, IsARegularOneWithinItsLimit) {
     const QTemporaryDir folder;
     const QString file = folder.filePath(u"a"_s);
     const QString pipe = folder.filePath(u"pipe"_s);
@@ -75,7 +75,7 @@ TEST(SmallFile, IsAPlainOneWithinItsLimit) {
     alarm(0);
 }
 
-TEST(DeskState, IsTheOwnersAloneAndReportsAFolderThatCannotBeMade) {
+TEST(DeskState, IsPrivateAndReportsAFolderThatCannotBeMade) {
     constexpr QFile::Permissions others =
         QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
     const QTemporaryDir directory;
@@ -96,7 +96,7 @@ TEST(DeskState, IsTheOwnersAloneAndReportsAFolderThatCannotBeMade) {
     EXPECT_FALSE(DeskState(folder + u"/desk.ini").folderFor(u"drafts"_s)) << "a path below a file";
 }
 
-TEST(SingleInstance, LetsGoWhenItsProcessDies) {
+TEST(SingleInstance, IsReleasedWhenItsProcessDies) {
     const QTemporaryDir folder;
     const QString name = u"instance"_s;
     int ready[2];
@@ -129,7 +129,7 @@ TEST(SingleInstance, LetsGoWhenItsProcessDies) {
 }
 
 // Another user may create something with this name first; it neither blocks the start nor prevents it.
-TEST(SingleInstance, IsNotHeldUpByWhatIsNoFile) {
+TEST(SingleInstance, IsNotBlockedByASpecialFile) {
     const QTemporaryDir folder;
     ASSERT_EQ(mkfifo(QFile::encodeName(folder.filePath(u"pipe.lock"_s)).constData(), 0644), 0);
     ASSERT_TRUE(QFile::link(folder.filePath(u"elsewhere"_s), folder.filePath(u"link.lock"_s)));
@@ -143,7 +143,7 @@ TEST(SingleInstance, IsNotHeldUpByWhatIsNoFile) {
     EXPECT_FALSE(QFile::exists(folder.filePath(u"elsewhere"_s)));
 }
 
-TEST(Paths, GoByTheSeparatorOfTheMachine) {
+TEST(Paths, UseTheSeparatorOfTheSystem) {
     EXPECT_EQ(pathWithSlash(u"C:\\a"_s, u'\\'), u"C:\\a\\");
     EXPECT_EQ(pathWithSlash(u"C:\\"_s, u'\\'), u"C:\\");
     EXPECT_EQ(pathWithSlash(u""_s, u'/'), u"/");
@@ -151,7 +151,7 @@ TEST(Paths, GoByTheSeparatorOfTheMachine) {
     EXPECT_EQ(folderOf(u"b.iso"_s, u'\\'), u"");
 }
 
-TEST(Paths, OnlyFilesAreFilesAndGoOnce) {
+TEST(Paths, OnlyFilesExistAndAreRemovedOnce) {
     const QTemporaryDir directory;
     const QString file = directory.filePath(u"a.iso"_s);
     ASSERT_TRUE(QFile(file).open(QIODevice::WriteOnly));

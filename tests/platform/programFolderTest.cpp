@@ -41,7 +41,7 @@ struct ProgramFolderTest : testing::Test {
 
 } // namespace
 
-TEST_F(ProgramFolderTest, IsTheUsersOwnOnlyWhereTheExecutablesIsOutOfReach) {
+TEST_F(ProgramFolderTest, IsTheUsersOwnOnlyIfTheExecutablesIsNotWritable) {
     EXPECT_EQ(programFolder(from, to), from);
     ASSERT_TRUE(QFile::setPermissions(from, QFile::ReadOwner | QFile::ExeOwner));
     {
@@ -52,7 +52,7 @@ TEST_F(ProgramFolderTest, IsTheUsersOwnOnlyWhereTheExecutablesIsOutOfReach) {
     EXPECT_TRUE(layFiles(from, from + u"/../program", std::array{QStringView(u"none")}).refused.isEmpty());
 }
 
-TEST_F(ProgramFolderTest, AFileOnceLaidIsTheUsersAndANewerOneIsToldOnce) {
+TEST_F(ProgramFolderTest, AnInstalledFileIsTheUsersAndANewerOneIsReportedOnce) {
     const QStringList files{u"a.Qvs"_s, u"b.QVs"_s}, withNewer{u"a.Qvs"_s, u"a.Qvs.new"_s, u"b.QVs"_s};
     const QStringList newer{to + u"/a.Qvs.new"};
     expectLaid({}, files, "first start");
@@ -75,7 +75,7 @@ TEST_F(ProgramFolderTest, AFileOnceLaidIsTheUsersAndANewerOneIsToldOnce) {
     expectLaid({}, files, "the user already has this version");
 }
 
-TEST_F(ProgramFolderTest, WhatTheMachineRefusesIsToldAndLaidAtTheNextStart) {
+TEST_F(ProgramFolderTest, AFailedCopyIsReportedAndRepeatedAtTheNextStart) {
     bring(QByteArray(100, 'x'));
     {
         const FullDisk disk(50);

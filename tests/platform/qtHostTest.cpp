@@ -10,7 +10,7 @@
 using namespace platform;
 
 // A helper that starts but then finds no browser has opened nothing.
-TEST(QtHost, BelievesTheHelperThatOpensLinks) {
+TEST(QtHost, ReportsWhetherTheHelperOpenedALink) {
     const TestFolder folder;
     QtHost host{Settings(folder.path())};
     const QByteArray before = qgetenv("PATH");
@@ -26,7 +26,7 @@ TEST(QtHost, BelievesTheHelperThatOpensLinks) {
     qputenv("PATH", before);
 }
 
-TEST(QtHost, SaysWhetherABoxIsNotWantedAgain) {
+TEST(QtHost, ReturnsWhetherTheTickOfABoxIsSet) {
     const TestFolder folder;
     QtHost host{Settings(folder.path())};
     const QString tick = u"以后相同的不再提示"_s;

@@ -58,7 +58,7 @@ TEST_F(TextFile, LinesEndAtCarriageReturnsAcrossBlocks) {
     }
 }
 
-TEST_F(TextFile, WhatStandsBehindAStopIsNotHeld) {
+TEST_F(TextFile, TextAfterAStopIsNotBuffered) {
     constexpr qint64 size = 200 << 20;
     QFile large(file("a!b\r\n!\rno stop\rx!"));
     ASSERT_TRUE(large.open(QIODevice::ReadWrite) && large.resize(size)); // zeros continue the last line
@@ -76,7 +76,7 @@ TEST_F(TextFile, WhatStandsBehindAStopIsNotHeld) {
     EXPECT_LT(after.ru_maxrss - before.ru_maxrss, 20 << 10); // kilobytes
 }
 
-TEST_F(TextFile, WhatIsNoPlainFileIsRefusedAndNobodyWaits) {
+TEST_F(TextFile, SpecialFilesAreRefusedWithoutBlocking) {
     const QString pipe = path(u"pipe"_s);
     ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0644), 0);
     ASSERT_TRUE(QFile::link(pipe, path(u"link"_s)));
@@ -101,7 +101,7 @@ TEST_F(TextFile, WhatIsNoPlainFileIsRefusedAndNobodyWaits) {
     EXPECT_EQ(readTextLines(path(u"toPlain"_s)).value(), (QStringList{u"a"_s, u"b"_s}));
 }
 
-TEST_F(TextFile, AFullDiskLeavesTheFileThatWasThere) {
+TEST_F(TextFile, AFullDiskKeepsTheOldFile) {
     const QString old = file("what stood here before");
     ASSERT_TRUE(QFile::link(old, path(u"link"_s)));
     ASSERT_TRUE(QFile::setPermissions(old, QFile::ReadOwner | QFile::WriteOwner));

@@ -21,7 +21,7 @@ struct FrmMessage : testing::Test {
 
 } // namespace
 
-TEST_F(FrmMessage, SavesWhatTheBoxHolds) {
+TEST_F(FrmMessage, SavesTheTextOfTheBox) {
     const QString longLine = u"长"_s.repeated(20000);
     const QStringList texts{
         u""_s,
@@ -56,7 +56,7 @@ TEST_F(FrmMessage, SavesWhatTheUserTypedAndPasted) {
     EXPECT_EQ(window.messageText->text(), u"一\r\n");
 }
 
-TEST_F(FrmMessage, BreaksLongLinesOnlyForTheEye) {
+TEST_F(FrmMessage, BreaksLongLinesOnlyOnScreen) {
     window.setText(QString(4096, u'a') + QString(10, u'b'));
     QTextCursor cursor(window.messageText->document()->firstBlock());
     cursor.movePosition(QTextCursor::EndOfBlock);
@@ -65,7 +65,7 @@ TEST_F(FrmMessage, BreaksLongLinesOnlyForTheEye) {
     EXPECT_EQ(window.messageText->text(), QString(4096, u'a') + u"\r\n" + QString(10, u'b'));
 }
 
-TEST_F(FrmMessage, StaysOpenWhereTheFileCannotBeWritten) {
+TEST_F(FrmMessage, StaysOpenIfTheFileCannotBeWritten) {
     ASSERT_TRUE(QDir(host.folder).mkdir(u"errorlog.txt"_s));
     window.setText(u"报告"_s);
     window.cmdClick[0]->click();

@@ -131,7 +131,7 @@ TEST(ProofISBN, TakesTheLastFilledOfTheFirstField) {
 }
 
 // The row of each fault, so that a jump to it is possible.
-TEST(ProofRecord, TellsWhereEachFaultStands) {
+TEST(ProofRecord, ReportsTheRowOfEachFault) {
     const ProgramFolder folder(u"[必备子字段]|200f"_s);
     const RecordFaults found =
         faultsOf(rowsOf(u"000 010 $a=7-5366-1234-6 $a=7 $b=x 100 101 200 $a=x 225 225 225"_s), folder.path());
@@ -161,7 +161,7 @@ TEST(ProofRecord, JoinsTheReportsWithAnEmptyLine) {
     }
 }
 
-TEST(ProofRecord, TellsMissingFiles) {
+TEST(ProofRecord, ReportsMissingFiles) {
     const ProgramFolder folder(u""_s);
     ASSERT_TRUE(QFile::remove(folder.path() + marc::templateFile));
     const auto failed = proofRecord(rowsOf(complete), folder.path());

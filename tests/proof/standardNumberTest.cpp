@@ -3,7 +3,7 @@
 
 using namespace proof;
 
-TEST(StandardNumber, IsToldInAllItsSpellings) {
+TEST(StandardNumber, IsRecognizedInAllItsSpellings) {
     struct Row {
         QStringView text;
         IsbnKey key;

@@ -71,7 +71,7 @@ QByteArray judged(const Folder &folder, QByteArray records, const QString &chars
 
 } // namespace
 
-TEST(Tidy, EachFormComesToTheSameRecordsAsTheSource) {
+TEST(Tidy, EachFormGivesTheSameRecordsAsTheSource) {
     const QByteArray gbk = sample();
     const QString text = platform::decode(gbk);
     const QByteArray bare = QByteArray(gbk).replace("\r\n", "");
@@ -113,7 +113,7 @@ TEST(Tidy, EachFormComesToTheSameRecordsAsTheSource) {
     EXPECT_TRUE(judged(folder, tool.readAllStandardOutput(), u"utf-8"_s) == fields) << "the fields of the XML";
 }
 
-TEST(Tidy, WhatIsLostIsToldByCharacterAndRecord) {
+TEST(Tidy, LossesAreReportedByCharacterAndRecord) {
     const Folder folder;
     const QString lost = recordOf(u"200=10$a〇𠮷ê𠮷"_s) + recordOf(u"200=10$a𠮷"_s) + recordOf(u"200=10$ax\r\ny"_s);
     const QByteArray damaged = recordOf(u"200=10$a数据$f库"_s).toUtf8().replace("\xE6\x95\xB0", "\xE6\x95");
@@ -167,7 +167,7 @@ TEST(Tidy, GbkKeepsWhatCanBeKept) {
     EXPECT_EQ(tidied(folder, foreign, TargetForm::Utf8Iso).bytes.mid(5, 7), "nam0a22");
 }
 
-TEST(Tidy, DamagedDirectoriesAreMadeAnewOrTheRecordIsKeptAsItIs) {
+TEST(Tidy, DamagedDirectoriesAreRepairedOrTheRecordIsKeptUnchanged) {
     const QByteArray good = platform::encode(recordOf(u"001=x|200=10$a甲$f乙|606=  $a丙|905=  $a丁"_s));
     const QByteArray other = platform::encode(recordOf(u"005=yz|210=  $c子丑寅|700= 0$a卯|995=  $a辰巳"_s));
     const auto without = [&](qsizetype at, qsizetype count = 1) { return QByteArray(good).remove(at, count); };
@@ -216,7 +216,7 @@ TEST(Tidy, DamagedDirectoriesAreMadeAnewOrTheRecordIsKeptAsItIs) {
     }
 }
 
-TEST(Tidy, WhatTheLayoutCannotHoldIsKeptBesideByteForByte) {
+TEST(Tidy, WhatTheFormCannotHoldIsKeptByteForByte) {
     const Folder folder;
     const QString good = recordOf(u"200=10$a甲"_s);
     const auto oneField = [](const QString &field) -> QString {

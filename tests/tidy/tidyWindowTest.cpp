@@ -30,7 +30,7 @@ struct TidyDesk {
     }
 };
 
-TEST(FrmTidy, TellsTheFactsAndTidiesByTheKeyboardAlone) {
+TEST(FrmTidy, ShowsTheFactsAndTidiesByKeyboardAlone) {
     TidyDesk desk;
     frmTidy &form = *desk.form;
     desk.letLook();
@@ -127,7 +127,7 @@ TEST(FrmTidy, TheChosenEncodingIsShownAndRead) {
     EXPECT_TRUE(!form.isVisible() && !QFile::exists(desk.folder.path(u"t.iso"_s)));
 }
 
-TEST(FrmTidy, RefusesStopsAndFailsWithoutADeadEnd) {
+TEST(FrmTidy, RefusesStopsAndFailsAndStaysUsable) {
     TidyDesk desk;
     frmTidy &form = *desk.form;
     for (const auto &[source, target, focus] : {std::tuple(QString(), u"x"_s, 0),

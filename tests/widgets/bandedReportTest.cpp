@@ -72,7 +72,7 @@ struct BandedReportTest : testing::Test {
     int pages = 0;
 };
 
-TEST_F(BandedReportTest, EveryPageHasItsBandsAndEveryRowStandsOnce) {
+TEST_F(BandedReportTest, EveryPageHasItsBandsAndEveryRowIsPrintedOnce) {
     addBooks(200);
     const QStringList sheets = printed();
     ASSERT_EQ(sheets.size(), pages);
@@ -195,7 +195,7 @@ TEST_F(BandedReportTest, LongTextsWrapInsideTheirColumn) {
     EXPECT_TRUE(QRegularExpression(u"后一种 +李某 +4\\n+ *副题名"_s).match(sheets[0]).hasMatch());
 }
 
-TEST_F(BandedReportTest, ARowLongerThanAPageGoesOnOnTheNext) {
+TEST_F(BandedReportTest, ARowLongerThanAPageContinuesOnTheNext) {
     addBooks(3);
     QStringList lines;
     for (int line = 0; line < 150; ++line)
@@ -209,7 +209,7 @@ TEST_F(BandedReportTest, ARowLongerThanAPageGoesOnOnTheNext) {
     EXPECT_EQ(printed().size(), 1) << "one page even without rows";
 }
 
-TEST_F(BandedReportTest, NobodyWaitsForAMonstrousText) {
+TEST_F(BandedReportTest, AHugeTextIsShortened) {
     books->books = {{u"1"_s, QString(30'000, u'x'), u"王"_s},
                     {u"2"_s, QString(30'000, QChar(0)) + u"题", u"李"_s},
                     {u"3"_s, u"甲\0乙\r\n丙"_s, u"张"_s}};
@@ -219,7 +219,7 @@ TEST_F(BandedReportTest, NobodyWaitsForAMonstrousText) {
     EXPECT_TRUE(QRegularExpression(u"甲 ?乙 +张 +3\n+ *丙"_s).match(text).hasMatch()) << text.right(200).toStdString();
 }
 
-TEST_F(BandedReportTest, TenThousandRowsPrintAndAFailureIsTold) {
+TEST_F(BandedReportTest, TenThousandRowsPrintAndAFailureIsReported) {
     addBooks(10'000);
     const QStringList sheets = printed();
     EXPECT_LE(books->asked, 3 * 3 * 10'000) << "each cell is read to count pages, to draw, and at the start of a page";

@@ -111,7 +111,7 @@ TEST_F(FlexGridTest, CellsMoveWithTheirRowsAndTheCurrentNumberStays) {
     EXPECT_TRUE(taken().isEmpty()) << "changes by the program send no signals";
 }
 
-TEST_F(FlexGridTest, PlacesOutsideReadEmptyAndTakeNothing) {
+TEST_F(FlexGridTest, CellsOutsideReadEmptyAndIgnoreWrites) {
     for (const auto &[row, column] : {std::pair{-1, 1}, {7, 1}, {1, -1}, {1, 4}, {0, 4}, {INT_MAX, INT_MIN}}) {
         grid.setText(row, column, u"x"_s);
         grid.setCellBackground(row, column, 255);
@@ -290,7 +290,7 @@ TEST_F(FlexGridTest, AnEditorFindsItsCell) {
     EXPECT_EQ(grid.cellRect(0, 2).height(), grid.toPixels(750));
 }
 
-TEST_F(FlexGridTest, AColourStaysInSightUnderTheSelection) {
+TEST_F(FlexGridTest, AColourStaysVisibleUnderTheSelection) {
     QPalette dark;
     dark.setColor(QPalette::Base, Qt::black);
     dark.setColor(QPalette::Text, Qt::white);

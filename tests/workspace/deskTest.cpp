@@ -84,7 +84,7 @@ TEST_F(Desk, TabGoesThroughTheWindowAsItIsRead) {
 }
 
 // Only one editor at a time, and no command without a record.
-TEST_F(Desk, KeysLeadNowhereWhereTheyMustNot) {
+TEST_F(Desk, KeysDoNothingWhereTheyMustNot) {
     auto &window = load(1);
     window.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
@@ -107,7 +107,7 @@ TEST_F(Desk, KeysLeadNowhereWhereTheyMustNot) {
     EXPECT_EQ(host.texts(), QStringList());
 }
 
-TEST_F(Desk, UndoesWhatWasDoneToTheRecordInHand) {
+TEST_F(Desk, UndoesEditsOfTheCurrentRecord) {
     auto &window = load(2);
     window.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
@@ -157,7 +157,7 @@ TEST_F(Desk, UndoesWhatWasDoneToTheRecordInHand) {
     EXPECT_EQ(value(title), u"题2"_s);
 }
 
-TEST_F(Desk, DraftsAreOfferedAndSpokenOf) {
+TEST_F(Desk, DraftsAreOfferedAndReported) {
     load(3);
     change(4, u"改一"_s);
     EXPECT_TRUE(said(u"已改 1 条，未导入"_s));
@@ -173,7 +173,7 @@ TEST_F(Desk, DraftsAreOfferedAndSpokenOf) {
 }
 
 // The first change starts a two-second timer; later actions do not postpone the write.
-TEST_F(Desk, PagingDoesNotPutAWriteOff) {
+TEST_F(Desk, PagingDoesNotPostponeAWrite) {
     auto &window = load(30);
     window.show();
     change(4, u"改"_s);
@@ -214,7 +214,7 @@ TEST_F(Desk, ADraftThatCannotBeWrittenIsReportedUntilItCan) {
     EXPECT_FALSE(says(u"暂存"_s));
 }
 
-TEST_F(Desk, FindingLeadsToTheFieldAndBackToWhereItBegan) {
+TEST_F(Desk, FindingSelectsTheFieldAndReturnsToItsStart) {
     auto &window = load(30);
     window.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
@@ -274,7 +274,7 @@ TEST_F(Desk, AStepIsOneShowAndUndoKeepsItsPlace) {
         << "the row whose whole text is shown stays visible";
 }
 
-TEST(StatusLine, SaysTheMostUrgentFirst) {
+TEST(StatusLine, ShowsTheMostUrgentFirst) {
     StatusFacts facts;
     EXPECT_EQ(statusLine(facts), QString());
     facts.file = {.lines = 5000, .terminators = 5000, .looksLikeUtf8 = true};

@@ -33,7 +33,7 @@ struct OnDisk : testing::Test {
 
 } // namespace
 
-TEST_F(OnDisk, WhatWasWrittenIsReadForTheSameFileAlone) {
+TEST_F(OnDisk, DraftsAreReadOnlyForTheSameFile) {
     const QString record = u"00026题\x1f"
                            u"a\x1e\x1d\"\\\n\uF8F5é"_s;
     const Drafts changed{{3, {record, "o3"}}, {9, {u"y"_s, "o9"}}};
@@ -126,7 +126,7 @@ TEST_F(OnDisk, WhatCannotBeTrustedIsSetAside) {
 }
 
 // Does not open files that could block the program or fill its memory.
-TEST_F(OnDisk, WhatIsNoPlainFileOrTooLargeIsNotRead) {
+TEST_F(OnDisk, SpecialAndTooLargeFilesAreNotRead) {
     const QString path = this->path();
     const auto make = QList<std::function<bool()>>{
         [&] { return ::mkfifo(path.toUtf8().constData(), 0600) == 0; },
@@ -158,7 +158,7 @@ TEST_F(OnDisk, AFullDiskIsReportedAndLeavesWhatWasThere) {
     EXPECT_TRUE(file().write(large, {}));
 }
 
-TEST(DraftBook, RestoresNothingOverWhatIsNewerOrAnotherRecord) {
+TEST(DraftBook, DoesNotRestoreOverNewerOrOtherRecords) {
     const auto listed = [](int row) { return QString(u"file" + QString::number(row)); };
     DraftBook book;
     Drafts left;

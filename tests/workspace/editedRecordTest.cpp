@@ -16,7 +16,7 @@ TEST(EditedRecord, WarningsOfWhatIsLost) {
 }
 
 // Access beyond the rows returns empty values and changes nothing.
-TEST(EditedRecord, HasAnEnd) {
+TEST(EditedRecord, IgnoresRowsThatDoNotExist) {
     EditedRecord record;
     record.show(recordOf({{u"200"_s, u"1 $a题"_s}}), u"/nowhere/"_s, {});
     const marc::FieldRows rows = record.rows();

@@ -55,7 +55,7 @@ struct Editing : Workspace {
 
 } // namespace
 
-TEST_F(Editing, ContentIsTakenOverOrDropped) {
+TEST_F(Editing, ContentIsCommittedOrDiscarded) {
     auto &window = open();
     editRow(titleRow);
     EXPECT_EQ(window.richText->geometry(), window.Grid1->cellRect(titleRow, 4));
@@ -150,7 +150,7 @@ TEST_F(Editing, AKeyEndsTheCompositionAndNotTheEdit) {
     EXPECT_FALSE(editing());
 }
 
-TEST_F(Editing, IdentitiesAreCheckedAndTheListStaysInReach) {
+TEST_F(Editing, IdentifiersAreCheckedAndTheListStaysUsable) {
     auto &window = open();
     window.cmdclick[3]->click(); // everything is read, so the button must stay disabled
     goTo(titleRow);
@@ -176,7 +176,7 @@ TEST_F(Editing, IdentitiesAreCheckedAndTheListStaysInReach) {
     EXPECT_EQ(cell(titleRow, 4), u"题2"_s);
 }
 
-TEST_F(Editing, TheEditorStaysOverItsCellWhateverRecordComes) {
+TEST_F(Editing, TheEditorStaysOverItsCellWhenTheRecordChanges) {
     const auto notes = [](int count) -> QString {
         return recordOf(QList<TestField>(count, {u"300"_s, u"  $a附注"_s})) + u"\r\n";
     };

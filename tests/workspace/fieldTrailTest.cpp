@@ -120,7 +120,7 @@ private:
 
 } // namespace
 
-TEST(FieldTrail, FollowsAFieldByWhatItHolds) {
+TEST(FieldTrail, FollowsAFieldByItsContent) {
     const QString record = u"000 010=## $a=7-5366-1234-6 606=## $a=中国 $x=历史 606=## $a=中国 $x=经济"_s;
     struct Row {
         int element;
@@ -153,7 +153,7 @@ TEST(FieldTrail, FollowsAFieldByWhatItHolds) {
 
 // A jump reaches its field or reports it as lost; it reaches another field only if that field took the place of a
 // deleted one.
-TEST(FieldTrail, NeverLeadsToAnotherField) {
+TEST(FieldTrail, NeverFindsAnotherField) {
     const unsigned seed = qEnvironmentVariableIsSet("SEED") ? qEnvironmentVariableIntValue("SEED") : 17;
     const int rounds = qEnvironmentVariableIsSet("ROUNDS") ? qEnvironmentVariableIntValue("ROUNDS") : 40;
     int there = 0, found = 0, asked = 0;

@@ -24,7 +24,7 @@ TEST_F(Reading, FirstBatchAndRemainder) {
     EXPECT_TRUE(host.boxes.isEmpty());
 }
 
-TEST_F(Reading, StopAndGoOnLeavesNoGap) {
+TEST_F(Reading, StopAndContinueLeavesNoGap) {
     auto &window = load(500);
     QString stateInTheMidst;
     host.onYield = [&] {
@@ -77,7 +77,7 @@ TEST_F(Reading, PressesBetweenStopAndItsEffect) {
     EXPECT_EQ(second.records().rowCount(), 200);
 }
 
-TEST_F(Reading, FilesThatDisappoint) {
+TEST_F(Reading, FilesThatAreMissing) {
     const QString opening = u"打开文件失败，无法导入，请重新选择"_s;
     auto &missing = load();
     EXPECT_EQ(host.texts(), QStringList{opening});

@@ -395,7 +395,7 @@ struct RandomActs : Workspace {
 
 } // namespace
 
-TEST_F(RandomActs, LeaveWhatTheModelHas) {
+TEST_F(RandomActs, MatchTheModel) {
     const int many = qEnvironmentVariable("TARVEX_ACTS", u"1500"_s).toInt();
     const int seed = qEnvironmentVariable("TARVEX_SEED", u"1"_s).toInt();
     dice = Dice(unsigned(seed));

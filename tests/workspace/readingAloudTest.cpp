@@ -4,7 +4,7 @@
 
 using ReadingAloud = Workspace;
 
-TEST_F(ReadingAloud, TheCurrentCellAndTheCountersSayWhatTheyHold) {
+TEST_F(ReadingAloud, TheCurrentCellAndTheCountersAreRead) {
     auto &window = load(3);
     window.show();
     const auto *list = QAccessible::queryAccessibleInterface(window.Grid2);

@@ -55,7 +55,7 @@ TEST_F(Remarks, AreShownAndHiddenByOneKey) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return under->sizes()[1] == height; }));
 }
 
-TEST_F(Remarks, LeadToTheFieldWhereverItIsByNow) {
+TEST_F(Remarks, JumpToTheFieldWhereItIsNow) {
     auto &window = open(3);
     pane.needs.jump({.record = 2, .fieldRow = titleRow, .moment = 0});
     EXPECT_EQ(at() + status(), u"2 $a"_s + wayBack);
@@ -83,7 +83,7 @@ TEST_F(Remarks, LeadToTheFieldWhereverItIsByNow) {
     EXPECT_TRUE(status().contains(u"列表里没有第 4 条记录"_s));
 }
 
-TEST_F(Remarks, AreOutOfReachWhileAnEditorIsOpen) {
+TEST_F(Remarks, AreDisabledWhileAnEditorIsOpen) {
     auto &window = open(3);
     window.cmdJiaoDuiAll->click();
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_F2}) { // opens the editor of the content, of the identifier
