@@ -36,7 +36,8 @@ public:
 
     void queryCatalogue(const QueryLists &lists);
     void queryStore(const QueryLists &lists);
-    // Call before the process ends: ends a running export with its file closed, and stores the layout of the lists.
+    // Call before the process ends: ends a running export, whose file is closed, and a running save, which leaves no
+    // file, and stores the layout of the lists.
     void endRuns();
 
 private:

@@ -73,7 +73,7 @@ public:
     virtual void showNotice() = 0; // without waiting
     // Returns the stored connection string of the database.
     virtual QString connectionText() const = 0;
-    // Call before the process ends: ends a running export with its file closed.
+    // Call before the process ends: ends the runs in progress.
     virtual void endRuns() = 0;
 };
 

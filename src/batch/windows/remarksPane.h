@@ -24,11 +24,11 @@ public:
     // Proves all records. Returns at the end or when the run is stopped: by its button, by end(), by another run or by
     // the deletion of the pane, which may be deleted by then. Hiding the pane does not stop the run.
     void proofAll();
-    // Lists the records that the last import refused; an empty list hides the table.
+    // Lists the records that the last import refused; if there are none, shows the proof table.
     void listRefused(RefusedRecords refused);
     // Ends a run because the workspace is closed.
     void end();
-    // Returns whether nothing was listed so far.
+    // Returns whether there is neither a proof nor a refused record to show.
     bool isEmpty() const { return m_run == nullptr && m_refused.empty(); }
 
     RemarkTable *proofTable;
