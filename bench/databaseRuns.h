@@ -15,7 +15,7 @@ namespace bench {
 // A database that receives an import.
 struct ImportTarget {
     database::Server server;
-    std::function<QString()> emptied; // removes all rows and returns the connection text
+    std::function<QString()> emptied; // returns the connection text of the database without rows
 };
 ImportTarget sqliteTarget(const BenchStage &stage); // a new file for each round
 // Returns PostgreSQL or MariaDB if the file written by scripts/test-servers contains a connection text for it.

@@ -1,8 +1,8 @@
-# From the JSON of a run over several sizes: the blocks that gnuplot draws, and the tables of docs/performance.md.
+# Converts the JSON of a run over several sizes to the blocks that gnuplot draws and the tables of docs/performance.md.
 
 def sizes: [.figures[].records] | unique;
 def grouped: tostring | if length > 3 then (.[:-3] | grouped) + "," + .[-3:] else . end;
-# Three figures of a number, as far as they stand before or close behind the point.
+# Rounds a number: no decimals from 100 on, one from 10 on, otherwise two.
 def short:
     if . >= 100 then round | grouped
     elif . >= 10 then (. * 10 | round) / 10 | tostring
@@ -14,18 +14,18 @@ def amount($unit):
 def microseconds: 1e6 * .seconds / .counted;
 def in_order(f): reduce .[] as $one ([]; if any(.[]; f == ($one | f)) then . else . + [$one] end) | map(f);
 def value: if .ratio then (.ratio | short) + " ×" else .unit as $unit | .ours | amount($unit) end;
-# How many times better than wanted.
+# How many times better than the limit.
 def margin:
     (.ratio // .ours) as $value
     | if .sense == "atLeast" then $value / .wanted else .wanted / ([$value, .wanted / 100] | max) end;
 
-# A block an operation: its name, then records and microseconds a record.
+# One block for each operation: its name, then the number of records and the microseconds per record.
 def operation_blocks($operations):
     . as $all
     | $operations[] as $operation
     | [$all.figures[] | select(.operation == $operation)] | sort_by(.records)
     | "\"\($operation)\"", (.[] | "\(.records) \(microseconds)"), "", "";
-# The same of the tools they are compared with, with the number of the operation's block, from 1.
+# The same for the tools that they are compared with, and the number of the operation's block, from 1.
 def beside_blocks($operations):
     . as $all
     | range($operations | length) as $at
@@ -33,13 +33,13 @@ def beside_blocks($operations):
     | select(length > 0)
     | (.[] | "\(.records) \(1e6 * .theirs / .counted) \($at + 1)"), "", "";
 
-# A block a row of the table whose words match: the words before the colon, then records, ours and theirs.
+# One block for each matching row of the table: the words before the colon, then records, ours and theirs.
 def row_blocks($pattern):
     [.rows[] | select(.records > 0 and (.what | test($pattern)))]
     | group_by(.what)[] | sort_by(.records)
     | "\"\(.[0].what | sub(":.*"; ""))\"", (.[] | "\(.records) \(.ours) \(.theirs // "NaN")"), "", "";
 
-# The largest size's rows of which something is wanted: words, times better than wanted.
+# The rows of the largest size that have a limit: words, times better than the limit.
 def margins:
     (sizes | max) as $largest
     | [.rows[] | select(.wanted > 0 and (.records == 0 or .records == $largest))] | to_entries[]

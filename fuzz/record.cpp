@@ -46,8 +46,8 @@ struct Field {
     friend bool operator==(const Field &, const Field &) = default;
 };
 
-// Returns the fields of rows in normal form, or std::nullopt if a row is irregular. Embedded fields count as irregular
-// because the writer converts their signs.
+// Returns the fields of rows as a cataloguer enters them, or std::nullopt if a row is irregular. Embedded fields count
+// as irregular because the writer converts their signs.
 std::optional<QList<Field>> soundFields(const FieldRows &rows) {
     QList<Field> fields;
     for (const FieldRow &row : rows.sliced(1)) {

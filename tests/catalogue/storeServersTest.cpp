@@ -8,7 +8,7 @@ using namespace catalogue;
 namespace {
 
 struct StoreOnServer : testing::TestWithParam<TestServer> {
-    // Adds rows with consecutive keys from 0; every third row, starting with the first, is from this import.
+    // Adds rows with consecutive keys from 1; every third row is from this import.
     void addRows(int count) const {
         database.run(u"insert into taoluTable (zskid,bookname,author) with d as (select 0 as i union all select 1 "
                      "union all select 2 union all select 3 union all select 4 union all select 5 union all select 6 "

@@ -99,7 +99,7 @@ TEST_F(FlexGridTest, CellsMoveWithTheirRowsAndTheCurrentNumberStays) {
     grid.setRows(3);
     EXPECT_EQ(place(), u"2-2/0"_s);
     grid.setRows(9);
-    EXPECT_EQ(place(), u"2-2/0"_s) << "after rows were removed, the current row stays within the rest";
+    EXPECT_EQ(place(), u"2-2/0"_s) << "the current row does not move back when rows are added again";
     grid.clear();
     EXPECT_EQ(grid.rows(), 9);
     EXPECT_EQ(grid.text(1, 1) + grid.text(0, 1), u"题名"_s);
