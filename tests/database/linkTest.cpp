@@ -15,7 +15,7 @@ namespace {
 
 const QString titles = u"select bookname from taoluTable order by zskid"_s;
 
-// The two servers with the statements that return the ID of the own session, end a session, and delay.
+// The two servers with the statements that return the ID of the current session, end a session, and delay.
 const std::tuple<TestServer, QString, QString, QString> servers[] = {
     {TestServer::PostgreSql, u"select pg_backend_pid()"_s, u"select pg_terminate_backend(%1)"_s,
      u"select pg_sleep(50)"_s},

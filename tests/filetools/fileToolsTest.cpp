@@ -115,13 +115,13 @@ TEST(Split, FollowsTheLinesOfTheSource) {
     // The source; its number of records, the target files from 700 on, and the number of records reported for each.
     const std::tuple<const char *, QByteArray, qint32, QList<QByteArray>, QList<int>> rows[] = {
         {"25 records", lines(25), 25, {lines(10), lines(10, 11), lines(5, 21)}, {10, 10, 5}},
-        {"no file is begun behind a full last one", lines(20), 20, {lines(10), lines(10, 11)}, {10, 10}},
+        {"no file is started after a full last one", lines(20), 20, {lines(10), lines(10, 11)}, {10, 10}},
         {"but empty lines do", lines(10) + "\r\n\r\r\n", 10, {lines(10), ""}, {10}},
         {"one line", record(1) + record(2) + record(3), 1, {lines(1)}, {1}},
         {"wrapped over lines", "\r\rrec\r\nord\r 1\x1e\r\n\r\n\x1d\r", 1, {lines(1)}, {1}},
         {"an empty source", "", 0, {""}, {}},
         {"the last terminator missing", lines(2) + "tail", 2, {lines(2)}, {2}},
-        {"bytes as they are", odd, 1, {odd + "\r\n"}, {1}},
+        {"bytes are copied unchanged", odd, 1, {odd + "\r\n"}, {1}},
     };
     for (const auto &[what, source, total, targets, reported] : rows) {
         files::Folder folder;

@@ -1,5 +1,5 @@
 // The database servers of the tests: SQLite files, a PostgreSQL and a MariaDB server. The test run starts and stops the
-// servers (scripts/test-servers); a test program that needs them calls house_tests with SERVERS.
+// servers (scripts/test-servers); a test program that needs them is added by house_tests with SERVERS.
 #pragma once
 
 #include "database/linkPool.h"

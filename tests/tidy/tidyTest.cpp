@@ -175,21 +175,21 @@ TEST(Tidy, DamagedDirectoriesAreRepairedOrTheRecordIsKeptUnchanged) {
         return good.first(36) + good.sliced(48, 12) + good.sliced(36, 12) + good.sliced(60);
     };
     const std::tuple<const char *, QByteArray, bool, bool> rows[] = {
-        {"right", good, true, false},
+        {"undamaged", good, true, false},
         {"no terminator at the file's end", good.chopped(1), true, false},
         {"lengths of another encoding", QByteArray(good).replace(40, 8, "80000500"), true, true},
         {"a digit of a length lost", without(41), true, true},
         {"the last digit lost", without(71), true, true},
         {"a byte too many", QByteArray(good).insert(52, 'x'), true, true},
         {"a byte too many in a tag", QByteArray(good).insert(50, 'x'), false, false},
-        {"starts that are none", QByteArray(good).replace(43, 5, "?????"), true, true},
-        {"a tag hit", without(37), false, false},
-        {"a whole entry gone", without(36, 12), false, false},
-        {"two entries hit unevenly", without(65).remove(53, 1), false, false},
-        {"a field without its end", QByteArray(good).replace("\xB6\xA1\x1E", "\xB6\xA1"), false, false},
+        {"invalid starting positions", QByteArray(good).replace(43, 5, "?????"), true, true},
+        {"a damaged tag", without(37), false, false},
+        {"a whole entry missing", without(36, 12), false, false},
+        {"two entries damaged differently", without(65).remove(53, 1), false, false},
+        {"a field without its terminator", QByteArray(good).replace("\xB6\xA1\x1E", "\xB6\xA1"), false, false},
         {"no field terminator", QByteArray(good).replace('\x1E', ' '), false, false},
         {"shorter than a leader", QByteArray("x\x1E\x1D"), false, false},
-        {"terminators of nothing", "\x1D\r\n\x1D" + good, true, false},
+        {"terminators without records", "\x1D\r\n\x1D" + good, true, false},
         {"a file without its last bytes", good.chopped(9), false, false},
         {"entries in another order", swapped(), true, false},
     };
