@@ -7,7 +7,7 @@
 namespace assist {
 
 // An edit for a few characters. Typed characters are passed to onKey first, including those that an input method
-// commits. Text still being composed is not passed.
+// commits if all of them are printable ASCII. Text still being composed is not passed.
 class CodeBox : public QLineEdit {
     Q_OBJECT
 public:
