@@ -47,6 +47,6 @@ std::optional<double> previewInWindow(const QString &catalogue, int rows);
 std::optional<double> selectByLoop(const QString &catalogue, int rows); // the statement of the export
 QString listCommand(const QString &catalogue);                          // the list's statement for the SQLite shell
 std::optional<double> listByLoop(const QString &catalogue,
-                                 int rows); // the list's rows fetched from the driver and discarded
+                                 int rows); // fetched and discarded
 
 } // namespace bench

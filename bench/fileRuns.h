@@ -13,8 +13,7 @@ inline constexpr int perFile = 1000; // records in each part
 // files.
 void emptyFiles(const QString &folder);
 
-// Runs a round in a new folder and truncates its files afterwards. Returns std::nullopt if the files hold less than the
-// source.
+// Runs a round in a new folder and truncates its files afterwards. std::nullopt if they hold less than the source.
 std::optional<double> intoFolder(const BenchStage &stage, const RecordFile &source,
                                  const std::function<std::optional<double>(QString)> &round);
 

@@ -67,8 +67,7 @@ WatchedRun exporting(const BenchStage &stage, int rows) {
     };
 }
 
-// Neither split nor merge can be stopped: the button that closes the window shows a message, which counts as the
-// answer.
+// Split and merge cannot be stopped: the button that closes the window shows a message, which counts as the answer.
 WatchedRun splitting(const BenchStage &stage, const RecordFile &file) {
     return [&stage, file](TurnProbe &probe, double pressAfter) {
         const QString folder = stage.freshFolder(u"split");

@@ -71,8 +71,7 @@ public:
         workspace.host.told = [this] { noteShown(); };
     }
 
-    // Returns the best of three rounds over the same records: the sum of the seconds from the start of each action
-    // until its result is visible.
+    // Returns the best of three rounds over the same records: the sum of the seconds until each result is visible.
     double seconds(int count, const std::function<void()> &work) {
         return takeTurns("one by one", 3, {[&] {
                              double all = 0;

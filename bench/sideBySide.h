@@ -13,16 +13,14 @@ namespace bench {
 // round failed.
 using Side = std::function<std::optional<double>()>;
 
-// Returns the best seconds of each side, in the given order. Ends the program with the name of the side if a round
-// fails.
+// Returns the best seconds of each side, in the given order. Ends the program, naming the side, if a round fails.
 std::vector<double> takeTurns(const char *what, int rounds, const std::vector<Side> &sides);
 
 // Returns the seconds that `work` takes, or std::nullopt if it returns false.
 std::optional<double> timed(const std::function<bool()> &work);
 // Times a shell command.
 Side command(const QString &line);
-// Appended to a yaz-marcdump command: it reads every record but exits with this code because of the line ends between
-// them.
+// Appended to a yaz-marcdump command, which reads every record but exits with this code because of the line ends.
 inline constexpr QStringView endComplaint = u" || [ $? -eq 5 ]";
 QString quoted(const QString &path); // for the shell
 
@@ -42,8 +40,7 @@ struct Row {
     bool missed() const;
 };
 
-// The table: what, ours, theirs, ratio, wanted. Each row is printed when it is added; rows that miss their limit are
-// marked.
+// The table: what, ours, theirs, ratio, wanted. Rows are printed when added; rows that miss their limit are marked.
 class Table {
 public:
     Table();

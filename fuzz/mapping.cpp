@@ -22,8 +22,7 @@ namespace {
 constexpr auto servers =
     std::to_array<Server>({Server::Sqlite, Server::PostgreSql, Server::MariaDb, Server::SqlServer});
 
-// The maximum number of characters in each text column, in the order of the statement. One more column holds the whole
-// record.
+// The maximum number of characters in each text column, in the statement's order; the record's own column follows.
 constexpr auto widths = std::to_array<qsizetype>({50, 30, 20, 13, 10, 30, 10, 10, 50, 30, 10, 8, 50, 50, 10});
 
 // An in-memory SQLite database without an ODBC driver, so that the server itself parses the statement.

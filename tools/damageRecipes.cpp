@@ -155,8 +155,7 @@ QByteArray recordWithNotes(int notes, int noteLength) {
     return assembler.finish();
 }
 
-// First the length cut off at 9999, as most systems write it; then all five digits, which shifts the rest of the
-// directory.
+// First the length cut off at 9999, as most systems write it; then all five digits, which shifts the directory.
 QByteArray longField(const Records &records) {
     const QByteArray cut = recordWithNotes(1, 12000);
     QByteArray wide = cut;

@@ -23,8 +23,7 @@ class RecordGenerator {
 public:
     explicit RecordGenerator(quint64 seed = 1);
 
-    // Returns the next record in code page 936, including its terminator, without a line end. Valid until the next
-    // call.
+    // Returns the next record in code page 936, with its terminator, without a line end. Valid until the next call.
     const QByteArray &next();
 
 private:

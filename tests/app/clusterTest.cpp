@@ -1,5 +1,4 @@
-// Database clusters that lose a node in the middle of a long run, through the program's own windows. RECORDS sets the
-// number of records.
+// Database clusters that lose a node during a long run of the program's windows. RECORDS sets the number of records.
 #include "catalogue/windows/zskListFrm.h"
 #include "import/windows/frmDaoRuJindu.h"
 #include "support/databaseServers.h"
@@ -170,8 +169,7 @@ TEST_P(Clusters, AListIsWhole) {
     EXPECT_TRUE(host.boxes.isEmpty());
 }
 
-// A node without quorum still accepts connections: the program uses neither a kept connection nor an open session on
-// it.
+// An isolated node still accepts connections: the program uses no kept connection and no open session on it.
 TEST_P(Clusters, AnIsolatedNodeIsNotUsed) {
     if (GetParam() != TestServer::MariaDb)
         return;

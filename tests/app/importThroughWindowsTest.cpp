@@ -1,6 +1,5 @@
-// Reads the shipped samples in the workspace and imports them into a server through its windows. With IMPORTS=20,
-// MariaDB runs the import 20 times in a row: build/dev/bin/app_servers_tests, with the servers of scripts/test-servers
-// running.
+// Reads the shipped samples in the workspace and imports them into a server. With IMPORTS=20, MariaDB repeats it 20
+// times: build/dev/bin/app_servers_tests, with the servers of scripts/test-servers running.
 #include "import/windows/frmDaoRuJindu.h"
 #include "support/databaseServers.h"
 #include "support/scriptedHost.h"

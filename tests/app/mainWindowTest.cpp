@@ -84,8 +84,7 @@ TEST_F(MainWindowTest, NoCaptionOfTheStartPageIsCutInALowFrame) {
     }
 }
 
-// Opening a file refreshes the list of recent files. Its buttons are replaced, but the clicked one is not deleted at
-// once.
+// Opening a file replaces the buttons of the recent files, but the clicked one is not deleted at once.
 TEST_F(MainWindowTest, FilesOpenFromTheStartPageAndByDropping) {
     const TestFolder folder;
     for (const QString &name : {u"甲.iso"_s, u"乙.iso"_s})

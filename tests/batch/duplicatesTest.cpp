@@ -96,8 +96,7 @@ TEST_P(DuplicatesOnServers, AreFoundUnderAnyKey) {
     EXPECT_FALSE(search.hasNext()) << "the number of queries depends on the rows, not on the keys";
 }
 
-// Blocks of thousands of adjacent rows with large gaps between their keys: all rows are found, with queries of limited
-// size.
+// Blocks of thousands of adjacent rows with large gaps between their keys: limited queries find all rows.
 TEST(Duplicates, WalkTheWholeTable) {
     const TestDatabase database;
     database.run(u"insert into zsk (zskid,isbn) with recursive n(i) as (select 1 union all select i+1 from n where "

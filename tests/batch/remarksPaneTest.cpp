@@ -68,8 +68,7 @@ TEST_F(Pane, ProofsLooksUpAndJumpsToTheRecord) {
     QStringList said;
     host.onYield = [&] {
         said.append(proof().words->pacedText());
-        EXPECT_TRUE(QTest::qWaitFor(
-            [this] { return proof().grid->model()->rowCount() > 0; })); // remarks are listed during the run
+        EXPECT_TRUE(QTest::qWaitFor([this] { return proof().grid->model()->rowCount() > 0; })); // listed during the run
         EXPECT_TRUE(pane->stopButton->isVisible());
         if (said.size() == 2)
             put(0); // already proofed: later remarks about it refer to the previous version

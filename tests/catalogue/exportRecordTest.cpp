@@ -31,8 +31,7 @@ TEST(ExportRecord, ComposesEveryByte) {
                   platform::encode(u"红楼梦") + "\x1E\x1D");
     EXPECT_TRUE(exportRecord({}).endsWith("\x1E"
                                           "00000hteva\x1E\x1D"));
-    // The lengths always count eleven bytes for the control number; a field of ten thousand bytes makes its directory
-    // entry longer.
+    // The lengths count eleven bytes for any control number; a field of ten thousand bytes widens its directory entry.
     const QByteArray record =
         exportRecord({.zskid = u"9223372036854775807"_s, .bookname = QString(5000, u'书'), .classcode = u"I"_s});
     EXPECT_EQ(record.first(5).toInt(), record.size() - 14);

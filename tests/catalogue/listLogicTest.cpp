@@ -16,8 +16,7 @@ TEST(ListStatements, AppendTheOrderToADeleteOnlyAfterACondition) {
     EXPECT_EQ(deleteRowStatement(u"0012"_s), u"delete from taoluTable where zskid=0012"_s);
 }
 
-// Runs of keys of all lengths, more runs than SQLite allows terms in an expression, repeated keys, and the limits of
-// the key type.
+// Runs of all lengths, more of them than SQLite allows terms in an expression, repeated keys, and limits of the type.
 TEST(ListStatements, KeysSelectOnlyTheirOwnRows) {
     constexpr int rows = 20'000;
     const TestDatabase database;

@@ -1,5 +1,4 @@
-// The catalogue list on a real database: loading, counters, sorting, details, printing, and the key that ends the
-// program.
+// The catalogue list on a real database: loading, counters, sorting, details, printing, the key that ends the program.
 #include "catalogue/windows/zskListFrm.h"
 #include "support/databaseServers.h"
 #include "support/scriptedHost.h"

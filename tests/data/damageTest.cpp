@@ -1,5 +1,4 @@
-// Passes each damaged sample through the program: read into the list, shown in the grid, put on a card, proofed, and
-// mapped to a database row.
+// Passes each damaged sample through the program: list, grid, card, proof, and the mapping to a database row.
 #include "card/showKapian.h"
 #include "import/recordRow.h"
 #include "marc/recordCutter.h"
@@ -47,8 +46,7 @@ TEST(DamageFiles, GoThroughTheProgram) {
         {u"empty.iso"_s, 0, 0, {}},
         {u"directory.iso"_s, 3, 1, {one, damaged, three}},
         {u"offsets.iso"_s, 3, 0, {u"|88|字段200没有|0|/3"_s, u"三国演义|106|三国演义／(|0|三国演义/2"_s, three}},
-        // Without a valid base address, the list keeps the previous title, and everything else is cut from the first
-        // byte.
+        // Without a valid base address, the list keeps the previous title and the rest is cut from the first byte.
         {u"numbers.iso"_s,
          4,
          0,

@@ -67,8 +67,7 @@ TEST(Samples, UseOnlySubfieldsThatAreOffered) {
     });
 }
 
-// The shipped template reports no fault in a valid record, except for rubbings: they have no publisher, which every
-// book must have.
+// The shipped template reports no fault in a valid record, except in rubbings, which have no publisher as a book must.
 TEST(Samples, PassTheProofs) {
     constexpr char rubbing = 'u';
     const QString noPublisher = u"Error:210字段的c子字段(必备子字段)不存在\r\n"_s;

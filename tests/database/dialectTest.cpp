@@ -40,8 +40,7 @@ const QList<Case> cases = {
      u"select a,'top 8' as top from zsk where zskid>5 order by zskid limit 7"_s,
      {},
      {}},
-    // Statements that are malformed because of a quote in a value, or that only resemble the program's: nothing is lost
-    // and nothing is rewritten by mistake.
+    // Malformed by a quote in a value, or only similar to the program's: nothing is lost or rewritten by mistake.
     {u"select 1 where a='it's' And b Convert( varchar(10), 'open"_s, {}, {}, {}},
     {u"select top from t"_s, {}, {}, {}},
     {u"select convert(date,a),convert(varchar(10),b,120),converted[ from t"_s, {}, {}, {}},

@@ -238,8 +238,7 @@ TEST(Link, AServerThatStopsAndRestarts) {
     ScriptedHost host;
     ASSERT_TRUE(openConnection(session, database.state, host));
     commandServers(u"stop-postgresql"_s);
-    auto comesBack =
-        qScopeGuard([] { commandServers(u"start-postgresql"_s); }); // for the other tests, even if this one fails
+    auto comesBack = qScopeGuard([] { commandServers(u"start-postgresql"_s); }); // for the other tests
     const QString second = u"insert  taolutable (bookname) values ('二')"_s;
     EXPECT_FALSE(session->execute(second) || session->query(titles));
     database::DbSession idle = std::nullopt;
@@ -251,8 +250,7 @@ TEST(Link, AServerThatStopsAndRestarts) {
     EXPECT_EQ(host.lastBox().icon, platform::Icon::Critical);
     comesBack.dismiss();
     commandServers(u"start-postgresql"_s);
-    EXPECT_TRUE(
-        session->execute(second)); // the session reconnects by itself; the statement that failed is not repeated
+    EXPECT_TRUE(session->execute(second)); // the session reconnects; the failed statement is not repeated
     EXPECT_TRUE(import(database, u"三"_s));
     EXPECT_EQ(database.selected(titles), u"一 二 三"_s);
 }
@@ -269,7 +267,7 @@ TEST(Link, AServerThatDoesNotAnswerIsAFault) {
         const QString session = connection.value().query(own).value()->text(0, 0);
         EXPECT_FALSE(connection.value().query(sleep));
         EXPECT_EQ(connection.value().query(own).value()->text(0, 0),
-                  session); // the server itself has ended the statement
+                  session); // ended by the server
 
         commandServers(u"freeze-" + name);
         auto thaws = qScopeGuard([&] { commandServers(u"thaw-" + name); });

@@ -152,7 +152,7 @@ TEST(FrmCutFile, AFailedRunBlocksTheWindowAndLosesNoFiles) {
          {std::pair(u"source.iso"_s, u"none/a.iso"_s), {u"a755.iso"_s, u"a.iso"_s}, {u"source.iso"_s, u"b.iso"_s}}) {
         SplitDesk desk;
         desk.folder.write(u"a755.iso"_s,
-                          lines(3)); // in the second row, the source is deleted with the files that match the mask
+                          lines(3)); // deleted in the second row
         desk.fill(desk.folder.path(source), desk.folder.path(target), u"10"_s);
         if (target == u"a.iso")
             desk.host.willAnswer(Answer::Yes);

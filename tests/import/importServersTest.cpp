@@ -43,8 +43,7 @@ TEST_P(ImportIntoServers, TitlesThatLookLikeHalvesOfPairsGoInWhole) {
     EXPECT_EQ(database.selected(u"select bookname from taoluTable order by zskid"_s), titles.join(u' '));
 }
 
-// A statement is never sent truncated: the text after a NUL would be cut off, and the rest might be a complete
-// statement.
+// A statement is never sent truncated: text after a NUL would be lost, and the rest might be a complete statement.
 TEST_P(ImportIntoServers, ARecordWithANulIsRefusedAsAWhole) {
     EXPECT_FALSE(import(u"甲乙"_s + QChar(0) + u'丙'));
     auto connection = database.open();
@@ -100,9 +99,8 @@ TEST(ImportIntoPostgreSql, ALostAnswerIsLookedUpInTheTable) {
     EXPECT_FALSE(import(u"丢五"_s).wentIn);
     const QString refused = import(u"二"_s).fault;
     EXPECT_TRUE(!refused.isEmpty() && !refused.contains(u"可能")) << refused.toStdString();
-    database.run(
-        u"create function public.lastval() returns bigint language sql as 'select 1/0::bigint';"
-        "alter role tester set search_path=public,pg_catalog"_s); // the row is inserted, but its key is not returned
+    database.run(u"create function public.lastval() returns bigint language sql as 'select 1/0::bigint';"
+                 "alter role tester set search_path=public,pg_catalog"_s); // inserted, its key is not returned
     database.endKeptLinks();
     const std::optional<qint64> key = import(u"六"_s).key;
     database.run(u"alter role tester reset search_path; drop function public.lastval()"_s);

@@ -98,8 +98,7 @@ TEST(FileSurvey, ReportsEncodingLineEndsAndReadableRecords) {
     EXPECT_EQ(survey(folder.file(u"f"_s, rare.toUtf8())).encoding, FileEncoding::Utf8);
 }
 
-// Returns records with `count` pieces in total, taken in turn, up to 30 per record. Each piece contains one non-ASCII
-// character.
+// Returns records with `count` pieces, taken in turn, up to 30 per record. Each piece has one non-ASCII character.
 QByteArray recordsWith(int count, const QList<QByteArray> &pieces, QByteArrayView leaderCode = " ") {
     QByteArray file;
     for (int i = 0; i < count;) {
@@ -185,8 +184,7 @@ TEST(FileSurvey, NoEncodingIsTakenForAnotherWithoutAWarning) {
             EXPECT_EQ(line.isWarning, found != Gbk || facts.doubtful) << what << ' ' << count;
         }
     }
-    // A letter in UTF-8 or a Chinese word in GBK: without an adjacent letter, the encoding that the records declare
-    // decides.
+    // A letter in UTF-8 or a Chinese word in GBK: without an adjacent letter, the declared encoding decides.
     const QList<QByteArray> alone{"\xC3\xB1"};
     EXPECT_EQ(survey(folder.file(u"f"_s, recordsWith(1, alone))).encoding, Gbk);
     EXPECT_EQ(survey(folder.file(u"f"_s, recordsWith(1, alone, "a"))).encoding, Utf8);
@@ -204,8 +202,7 @@ TEST(FileSurvey, CountsWhatTheReaderReadsForAnyDamage) {
         const FileFacts facts = survey(file.filePath());
         EXPECT_EQ(countsOf(facts, facts.readable), byReading(file.filePath())) << file.fileName().toStdString();
     }
-    // Data before the field terminator that is examined in pieces, with characters across the borders of the pieces:
-    // the directory is undamaged.
+    // Data before the field terminator, examined in pieces that end within characters: the directory is undamaged.
     const QByteArray longHead = 'x' + QByteArray("\xB0\xA1").repeated(300'011) + "\x1E\x1D";
     const QString path = folder.file(u"r"_s, longHead);
     EXPECT_EQ(countsOf(survey(path), survey(path).readable), byReading(path));

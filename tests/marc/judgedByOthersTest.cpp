@@ -11,8 +11,7 @@ using namespace marc;
 
 namespace {
 
-// Returns the output lines of the tool: leader, fields, and an empty line after each record. The tool stops at a line
-// break between records.
+// Returns the tool's lines: leader, fields, an empty line after each record. Line breaks between records stop the tool.
 QStringList dumped(const TestFolder &folder, const QByteArray &records) {
     QProcess tool;
     tool.start(u"yaz-marcdump"_s, {u"-f"_s, u"cp936"_s, u"-t"_s, u"utf-8"_s, folder.file(u"records"_s, records)});

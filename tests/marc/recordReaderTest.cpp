@@ -40,8 +40,7 @@ TEST(RecordCutter, OneLineGivesAtMostOneRecord) {
     }
 }
 
-// Beyond LineReader::heldOnTrust bytes the reader searches ahead for the terminator, which must not lose or cut
-// anything.
+// Beyond LineReader::heldOnTrust bytes the reader searches ahead for the terminator; nothing may be lost or cut.
 TEST(RecordCutter, LongPiecesAreWholeOrDropped) {
     constexpr qsizetype longSize = platform::LineReader::heldOnTrust + 5'000'000;
     const QByteArray line(longSize, 'x');

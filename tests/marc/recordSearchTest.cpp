@@ -16,8 +16,7 @@ std::vector<int> search(const PreReadStore &store, const QString &text, SearchPl
 
 } // namespace
 
-// Searching bytes finds the same records as searching texts, even where the bytes of two adjacent characters look like
-// the text sought.
+// Searching bytes finds the same records as searching texts, even if the bytes match across two characters.
 TEST(RecordSearch, FindsTheRecordsThatContainTheText) {
     const QString characters = u"aAzZ_啊丄丂A9@红楼梦\u0391\u03b1"_s; // the trail bytes of some are ASCII letters
     Dice dice(936);

@@ -22,8 +22,7 @@ public:
 
     // Runs statements; the test fails if they fail.
     void run(const QString &script) const;
-    // column() returns the first column of the rows that a statement selects, or the error text as the only value.
-    // selected() returns the same joined by blanks.
+    // The first column of the selected rows, or the error text as the only value; selected() joins them by blanks.
     QStringList column(const QString &statement) const;
     QString selected(const QString &statement) const { return column(statement).join(u' '); }
 

@@ -53,8 +53,7 @@ QByteArray converted(const QString &text, QStringConverter::Encoding encoding) {
     return QStringEncoder(encoding, QStringConverter::Flag::WriteBom)(text);
 }
 
-// Returns the fields as an independent MARC tool shows them. Line ends are removed first because the tool stops at
-// them.
+// Returns the fields as an independent MARC tool shows them; line ends are removed because the tool stops at them.
 QByteArray judged(const Folder &folder, QByteArray records, const QString &charset) {
     QProcess tool;
     tool.start(u"yaz-marcdump"_s,

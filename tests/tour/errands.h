@@ -26,8 +26,7 @@ void giveFocus(TourDriver &driver, const QString &name);
 void paste(TourDriver &driver, const QString &text);
 
 QString pathOf(const QString &file); // of a sample, or of a file in the folder of the samples
-// Waits for the file dialog with that title, takes a picture if `picture` is not empty, types the path and closes the
-// dialog.
+// Waits for the file dialog with that title, takes a picture if it has a name, types the path and closes the dialog.
 void enterFile(TourDriver &driver, const QString &title, const QString &path, const QString &picture = {});
 // Returns how many records the program's own reader finds in a file, or -1 if the file does not exist.
 int recordsIn(const QString &path);
@@ -36,8 +35,7 @@ int recordsIn(const QString &path);
 void choose(TourDriver &driver, const QString &file);
 // Opens the workspace on a sample file, starting from the main window.
 void openSample(TourDriver &driver, const QString &file);
-// closeWorkspace() closes the workspace and answers its question, which leaves frmSelectMFile; backToMain() closes that
-// too.
+// closeWorkspace() closes the workspace, with its question, and leaves frmSelectMFile; backToMain() closes both.
 void closeWorkspace(TourDriver &driver);
 void backToMain(TourDriver &driver);
 

@@ -51,8 +51,7 @@ void removeFiles() {
         folder.remove(file);
 }
 
-// Repeats the loop until its time is over. After each round the database must contain the records that the imports
-// reported.
+// Repeats the loop until its time is over. After each round the database must contain the records reported as imported.
 void play(TourDriver &driver, MonkeyHands &hands, MonkeyWatch &watch, const LongRun &loop, int milliseconds) {
     QElapsedTimer clock;
     clock.start();

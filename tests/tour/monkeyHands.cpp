@@ -27,8 +27,7 @@ constexpr auto chords = std::to_array<const char *>(
      "shift+Up", "ctrl+Down", "shift+Home", "y",         "n",      "a",         "Z",        "9",         "0"});
 constexpr QStringView accessKeys = u"abcdefghijklmnoqrstuvwxyz"; // Alt+P paginates a whole catalogue
 
-// Stops the read or the import of the window in front and returns true if there is one; the run ends after its current
-// record.
+// Stops the read or import of the window in front after its current record; returns false if there is none.
 bool stopRun() {
     for (const QString &name : {u"frmDaoru/cmdJieShu"_s, u"frmDaoRuJindu/cmdStop"_s}) {
         auto *stop = TourDriver::find<QAbstractButton>(name);
@@ -109,8 +108,7 @@ void MonkeyHands::answer(const Front &front, bool yes) {
         QThread::msleep(1);
 }
 
-// Enters a new name in the folder of the samples, an existing one, or cancels. The monkey never names a file elsewhere
-// on the disk.
+// Enters a new name in the folder of the samples, an existing one, or cancels; never names a file elsewhere.
 void MonkeyHands::answerFile(const Throw &dice) {
     if (dice.choice % 4 == 0)
         return press(u"Escape"_s);

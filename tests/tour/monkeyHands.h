@@ -32,8 +32,7 @@ private:
         bool hasPopup = false;
         QRect place;
     };
-    // All random numbers of one action. They are drawn before the window is examined, so that the sequence does not
-    // depend on the speed of the machine.
+    // All random numbers of one action, drawn before the window is examined: the machine's speed does not affect them.
     struct Throw {
         int kind;
         quint32 choice;

@@ -160,8 +160,7 @@ void MonkeyWatch::importClosed(QWidget *window) {
     m_imported += numberIn(progress->labTishi->text());
 }
 
-// Checks the lines of the report of a split or a merge: the number of records of all sources is the number of records
-// in the targets, and the files contain them.
+// Checks the report of a split or a merge: the targets have as many records as the sources, and the files contain them.
 void MonkeyWatch::toolReported(const QString &report) {
     if (!report.startsWith(u"【源文件】"))
         return;

@@ -223,8 +223,7 @@ void makeLower(TourDriver &driver, const QString &list, int bottom) {
     driver.expect(placeOf(driver, list).bottom() < place.bottom(), list + u" was made lower");
 }
 
-// Maximizes the frame through the window manager, then drags the two lists by their titles and edges so that one is
-// above the other.
+// Maximizes the frame, then drags the two lists by their titles and edges so that one is above the other.
 void oneAboveTheOther(TourDriver &driver) {
     const QRect frame = driver.look([] { return TourDriver::find(u"marcMain"_s)->geometry(); });
     driver.clickAt({frame.center().x(), frame.top() - 8}, 1, 2);

@@ -165,8 +165,7 @@ bool Arrivals::nativeEventFilter(const QByteArray &eventType, void *event, qintp
     return true;
 }
 
-// A window manager may hold a button press back until it has raised the window; messages then arrive earlier than the
-// press.
+// A window manager may hold a button press back until it has raised the window; messages then arrive before it.
 bool Arrivals::eventFilter(QObject *watched, QEvent *event) {
     const QEvent::Type type = event->type();
     if (watched->isWindowType() && (type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick))

@@ -26,16 +26,14 @@ public:
     void move(const QPoint &place); // in pixels of the screen
     void button(int number, bool down);
 
-    // Returns whether key presses go to this window now; the toolkit may report focus before the window manager has
-    // assigned it.
+    // Returns whether keys go to this window now; the toolkit may report the focus before that.
     bool hasKeyboard(Window window);
 
     // Ask the window manager to close or resize a window, as its close button and its edges do.
     void close(Window window);
     void closeWindowsOf(qint64 process);
     void resize(Window window, const QSize &size);
-    // Sends a message with this name to the window's owner. It arrives after everything that the server has sent there
-    // so far.
+    // Sends a message with this name to the window's owner; it arrives after everything that the server sent before.
     void mark(Window window, const char *name, quint32 number);
     quint32 atom(const char *name);
 

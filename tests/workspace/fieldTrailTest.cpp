@@ -89,8 +89,7 @@ private:
             m_known.removeAt(row);
         } while (field && row < m_rows.size() && !marc::isFieldRow(m_rows[row]));
     }
-    // Writes the record into the list and reads it back. The new position of each row is found with a copy of the
-    // record whose values are row numbers.
+    // Writes the record into the list and reads it back; a copy with row numbers as values shows where each row goes.
     void take() {
         FieldRows numbered = m_rows;
         for (int row = 1; row < numbered.size(); ++row)
