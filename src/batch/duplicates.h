@@ -1,7 +1,9 @@
 // Searches the copy-cataloguing store and the catalogue for the records of a batch: by ISBN in any form and spelling,
-// or by title and author for a record without ISBN. || Each table is read once in the order of its keys, a few thousand
-// rows per query, and compared here. No server has an index over ISBNs without hyphens, so each query for some hundred
-// ISBNs would make it scan the table as well. In addition, no text of a record becomes part of a statement.
+// or by title and author for a record without ISBN.
+//
+// Each table is read once in the order of its keys, a few thousand rows per query, and compared here. No server has an
+// index over ISBNs without hyphens, so each query for some hundred ISBNs would make it scan the table as well. In
+// addition, no text of a record becomes part of a statement.
 #pragma once
 
 #include "batch/batchProof.h"

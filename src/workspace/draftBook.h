@@ -1,6 +1,7 @@
 // Records the changes to a file's records that were not imported yet, and the drafts that an earlier start left. It
-// reacts to changes of the list and uses neither files nor timers. Rows are rows of the list, counted from 0. || A
-// draft is forgotten only after its record was imported or the user discarded it. A draft that cannot be restored,
+// reacts to changes of the list and uses neither files nor timers. Rows are rows of the list, counted from 0.
+//
+// A draft is forgotten only after its record was imported or the user discarded it. A draft that cannot be restored,
 // because the record was changed again or is a different one, is set aside and never dropped.
 #pragma once
 

@@ -1,8 +1,9 @@
 // The drafts of one record file, stored in a folder of the user's state. They belong to the record file by its path,
 // size and modification time. A draft file that is damaged, has another version, or belongs to a record file that has
-// changed since is renamed and not used. || One JSON object per line. The first object has the format, the version and
-// the record file; each of the others holds one draft: {"row": 3, "origin": "…", "record": "…"}. "left": true marks a
-// draft that an earlier start left.
+// changed since is renamed and not used.
+//
+// One JSON object per line. The first object has the format, the version and the record file; each of the others holds
+// one draft: {"row": 3, "origin": "…", "record": "…"}. "left": true marks a draft that an earlier start left.
 #pragma once
 
 #include "platform/result.h"
