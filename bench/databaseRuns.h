@@ -46,7 +46,6 @@ std::optional<double> exportInWindow(const BenchStage &stage, const QString &cat
 std::optional<double> previewInWindow(const QString &catalogue, int rows);
 std::optional<double> selectByLoop(const QString &catalogue, int rows); // the statement of the export
 QString listCommand(const QString &catalogue);                          // the list's statement for the SQLite shell
-std::optional<double> listByLoop(const QString &catalogue,
-                                 int rows); // fetched and discarded
+std::optional<double> listByLoop(const QString &catalogue, int rows);   // fetched and discarded
 
 } // namespace bench

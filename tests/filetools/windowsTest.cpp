@@ -151,8 +151,7 @@ TEST(FrmCutFile, AFailedRunBlocksTheWindowAndLosesNoFiles) {
     for (const auto &[source, target] :
          {std::pair(u"source.iso"_s, u"none/a.iso"_s), {u"a755.iso"_s, u"a.iso"_s}, {u"source.iso"_s, u"b.iso"_s}}) {
         SplitDesk desk;
-        desk.folder.write(u"a755.iso"_s,
-                          lines(3)); // deleted in the second row
+        desk.folder.write(u"a755.iso"_s, lines(3)); // the second row deletes it with the files of the mask
         desk.fill(desk.folder.path(source), desk.folder.path(target), u"10"_s);
         if (target == u"a.iso")
             desk.host.willAnswer(Answer::Yes);

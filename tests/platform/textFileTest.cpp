@@ -88,8 +88,7 @@ TEST_F(TextFile, SpecialFilesAreRefusedWithoutBlocking) {
         ASSERT_FALSE(lines) << name.toStdString();
         EXPECT_FALSE(lines.failure().description.isEmpty());
     }
-    const int reader = open(QFile::encodeName(pipe).constData(),
-                            O_RDONLY | O_NONBLOCK); // allows a writer
+    const int reader = open(QFile::encodeName(pipe).constData(), O_RDONLY | O_NONBLOCK); // allows a writer
     for (const QString &name : {path(u"missing/file"_s), path(u"."_s), pipe, path(u"link"_s), u"/dev/null"_s}) {
         EXPECT_FALSE(writeTextFile(name, u"x"_s)) << name.toStdString();
         EXPECT_FALSE(ByteWriter::create(name)) << name.toStdString();

@@ -241,8 +241,7 @@ TEST_F(Editing, ListsAddAndTheMenuDeletes) {
     choose(10); // from a subfield row, deletes the whole field
     EXPECT_EQ(host.lastBox().text, u"确实要删除选择的字段【200题名与责任者 】吗？"_s);
     EXPECT_EQ(host.lastBox().preselected, Answer::No);
-    EXPECT_EQ(window.Grid1->rows(),
-              3); // the user-defined field after it is deleted too, because the count of rows does not recognize it
+    EXPECT_EQ(window.Grid1->rows(), 3); // and the user-defined field after it, which the count does not recognize
     choose(11);
     EXPECT_EQ(host.lastBox().text, u"请选择字段的子字段，然后执行本操作"_s);
     window.Grid1->setRow(1);
