@@ -37,8 +37,8 @@ protected:
     virtual std::optional<qint32> handOver() = 0;
     // Required: shows the message and restores nothing, so that the window can no longer be closed.
     void tellFailure(const QString &description);
-    // Shows the report, then asks whether to look at the target. On yes, opens
-    // `folder` on the desktop unless it is empty.
+    // Shows the report, then asks whether to look at the target. On yes, opens `folder`
+    // on the desktop unless it is empty.
     void showResult(const QString &report, const QString &folder);
 
     platform::Host &m_host;

@@ -28,7 +28,7 @@ struct ImportOutcome {
 
 // The pane below the field grid that lists the findings about the records of the list.
 struct RemarksPane {
-    QWidget *widget = nullptr; // its table gets the focus when it is focused
+    QWidget *widget = nullptr; // passes the focus on to its table
     // Proves all records and returns when the run has ended. The window may be closed by then.
     std::function<void()> proofAll = [] {};
     std::function<void(std::vector<marc::RefusedRecord>)> listRefused = [](const auto &) {};
