@@ -69,14 +69,14 @@ bool isSimple(const QString &value) {
     return value == value.trimmed() && !value.contains(u';') && !value.contains(u'{') && !value.contains(u'}');
 }
 
-// Checks the settings that the driver text must always contain.
-void checkTold(const QString &text, QStringView driver) {
-    if (driver.contains(u"sqlite", Qt::CaseInsensitive)) {
+// Checks the settings that the text must always contain for the driver that its name was taken for.
+void checkTold(const QString &text, database::Server server) {
+    if (server == database::Server::Sqlite) {
         const qint32 wait = toInt32(connectionValue(text, u"Timeout")).value_or(-1);
         require(connectionValue(text, u"NoCreat") == u"1", "no database file is made");
         require(wait >= 0 && wait <= 2000, "the wait for a lock is short");
     }
-    if (driver.contains(u"maria", Qt::CaseInsensitive))
+    if (server == database::Server::MariaDb)
         require(connectionValue(text, u"CHARSET") == u"utf8mb4" && connectionValue(text, u"AUTO_RECONNECT") == u"0",
                 "the driver never reconnects by itself");
 }
@@ -100,8 +100,7 @@ void checkConnection(Input &input) {
             return;
     const QString driver = fields.dataSourceChosen ? QString() : fields.driver;
     const QString told = driverText(text, source, namedDriver(text, source), Certainty::Guessed);
-    if (!driver.contains(u'/')) // of a path, only the file name identifies the driver
-        checkTold(told, driver.isEmpty() ? source : driver);
+    checkTold(told, namedDriver(text, source).server);
     require(connectionValue(text, u"dsn") == (fields.dataSourceChosen ? fields.dataSource : QString()),
             "the data source is kept");
     for (const QString &form : {text, told}) {
