@@ -62,7 +62,7 @@ TEST(BatchProof, ReportsRecordFieldAndRowOfEachFault) {
                   u"0 题1 模板 200 6 200字段的a子字段(必备子字段)内容不能为空值"_s,
                   u"0 题1 ISBN 010 4 ISBN格式错误！ ISBN号第一段不能为空！"_s,
                   u"-1  未能检查  0 模板打不开"_s,                        // reported once
-                  u"2 题3 ISSN 011 9 ISSN校验位错误，应为3"_s,            // no fault of a proof without ISBN-13
+                  u"2 题3 ISSN 011 9 ISSN校验位错误，应为3"_s,            // the ISBN-10 proof's fault is dropped
                   u"2 题3 批内重复 010 3 与第 1 条的ISBN相同：《题1》"_s, // reported once
                   u"3 题4 目次区  0 目次区损坏，字段读不出来"_s,
                   u"4 题5 ISBN 010 3 ISBN校验位错误，应为6"_s,

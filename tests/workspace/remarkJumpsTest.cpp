@@ -31,7 +31,7 @@ TEST_F(Remarks, AreShownAndHiddenByOneKey) {
     EXPECT_EQ(status().section(u'　', 0, 0), u"还没有校对结果，也没有未成功记录"_s);
     EXPECT_FALSE(pane.widget->isVisible());
     window.cmdJiaoDuiAll->click();
-    EXPECT_EQ(pane.asked, QStringList{u"proof of 230"_s}) << "the proof first reads the records beyond the first 200";
+    EXPECT_EQ(pane.asked, QStringList{u"proof of 230"_s}) << "all records of the file, of which 200 are read";
     EXPECT_TRUE(paneHasFocus());
     pressF8();
     EXPECT_TRUE(!pane.widget->isVisible() && window.Grid1->hasFocus());
