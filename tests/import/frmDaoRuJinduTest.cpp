@@ -78,7 +78,7 @@ TEST_F(ImportWindow, StopsAfterTheCurrentRecord) {
     EXPECT_FALSE(window.cmdStop->isEnabled() || window.cmdRefused->isVisible());
 }
 
-// A box appears for each record until its check box is checked, then none for the rest of the run. The next run asks
+// Each failure shows a box. Its check box silences the same message for the rest of the run; the next run shows it
 // again.
 TEST_F(ImportWindow, ReportsFailuresAndContinues) {
     list({u"甲"_s, u"乙"_s, u"丙"_s, u"丁"_s});
