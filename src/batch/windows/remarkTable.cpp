@@ -86,7 +86,9 @@ void RemarkTable::fitWidths() {
     constexpr auto characters = std::to_array<int>({4, 13, 5, 3, 12});
     for (std::size_t column = 0; column < characters.size(); ++column)
         grid->setColumnTwips(int(column), grid->toTwips(character * characters[column]));
-    remarkText->setFixedHeight(2 * fontMetrics().lineSpacing());
+    // A line of Chinese may be higher than the font's own, if another font supplies the characters.
+    const QRect twoLines = fontMetrics().boundingRect(QRect(0, 0, character * 9, character * 9), 0, u"书\n书"_s);
+    remarkText->setFixedHeight(std::max(2 * fontMetrics().lineSpacing(), twoLines.height()));
     grid->setMinimumHeight(shownLines * (fontMetrics().height() + 2 * grid->frameWidth()));
 }
 
