@@ -2,8 +2,10 @@
 #include "handbook/windows/pageLook.h"
 #include "platform/desktop/screenRoom.h"
 #include "widgets/bandedReport.h"
+#include "widgets/pdfText.h"
 #include <QFile>
 #include <QFileInfo>
+#include <QFontDatabase>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QTextDocument>
@@ -29,6 +31,19 @@ QPalette paper() {
     return colours;
 }
 
+// Gives the text of the PDF the characters that were printed.
+void nameCharacters(const QTextDocument &document, const QPrinter &printer) {
+    widgets::DrawnCharacters drawn;
+    drawn.add(document.toPlainText());
+    const QFont plain = document.defaultFont();
+    QFont bold = plain;
+    bold.setBold(true); // headings
+    widgets::SameGlyph names;
+    for (const QFont &font : {plain, bold, QFontDatabase::systemFont(QFontDatabase::FixedFont)})
+        widgets::addSameGlyphs(names, drawn, font, &printer);
+    (void)widgets::nameDrawnCharacters(printer.outputFileName(), names); // the PDF is usable without them
+}
+
 } // namespace
 
 void printPage(const QString &path, QPrinter &printer) {
@@ -44,6 +59,9 @@ void printPage(const QString &path, QPrinter &printer) {
                              fitted(QImage(folder + name), paperWidth, sharpness));
     dress(document, paper());
     document.print(&printer);
+    const bool isPdf = printer.paintEngine()->type() == QPaintEngine::Pdf; // not in a preview
+    if (isPdf && !printer.outputFileName().isEmpty())
+        nameCharacters(document, printer);
 }
 
 QDialog *newPagePreview(const QString &path, const QString &title, QWidget *parent) {
