@@ -49,7 +49,6 @@ TEST_F(OnDisk, DraftsAreReadOnlyForTheSameFile) {
     EXPECT_TRUE(DraftFile(in(), other).read().value().drafts.isEmpty()) << "a different file of the same size";
     DraftFile early = file();
     const auto changeTime = [&](int seconds) {
-        QFile(source).open(QIODevice::ReadWrite);
         QFile at(source);
         ASSERT_TRUE(at.open(QIODevice::ReadWrite));
         ASSERT_TRUE(at.setFileTime(QDateTime::fromSecsSinceEpoch(1000 + seconds), QFileDevice::FileModificationTime));
