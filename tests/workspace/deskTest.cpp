@@ -200,10 +200,13 @@ TEST_F(Desk, ADraftThatCannotBeWrittenIsReportedUntilItCan) {
     window.parts().drafts.write();
     EXPECT_TRUE(says(u"⚠ 修改无法暂存："_s));
     EXPECT_GE(window.parts().drafts.dueIn(), 0) << "another attempt is due";
+    host.willAnswer(platform::Answer::Yes);
+    window.cmdTiMing[1]->click(); // taken over before there is a folder
     ASSERT_TRUE(blocking.remove());
     window.parts().drafts.write();
     EXPECT_FALSE(says(u"暂存"_s));
     EXPECT_LT(window.parts().drafts.dueIn(), 0);
+    EXPECT_EQ(QDir(state + u"/drafts").entryList({u"*.json"_s}).size(), 1);
     change(4, QString(100'000, u'改'));
     {
         const FullDisk full(1000);

@@ -28,6 +28,9 @@ public:
     // Moves to the first field whose tag is not smaller.
     void goToTag(const QString &digits);
 
+    // Returns whether no editor is open, even if some controls are enabled.
+    bool isFree() const { return !m_parts.editors.isOpen(); }
+
 Q_SIGNALS:
     void told(const QString &words);
     void remarksWanted(); // F8
@@ -39,8 +42,6 @@ private:
     void bindAll();
     void goToWords(const QString &words);
     void goBack(const std::optional<EditedRecord::Gone> &gone, const QString &done, const QString &nothing);
-    // Returns whether no editor is open, even if some controls are enabled.
-    bool isFree() const { return !m_parts.editors.isOpen(); }
 
     Parts m_parts;
     QWidget *m_window;

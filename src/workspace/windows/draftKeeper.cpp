@@ -62,10 +62,10 @@ bool DraftKeeper::ready() {
     }
     m_file = std::move(file);
     m_book.leave(found.value().drafts);
-    if (older.isEmpty())
+    if (older.isEmpty() && m_book.takenCount() == 0)
         m_written.revision = m_book.revision();
     else
-        touch(); // the file still contains the older ones
+        touch(); // the file still contains the older ones, or lacks what was taken over before its folder was available
     if (!m_book.left().isEmpty())
         Q_EMIT offered(m_book.left().size());
     return true;
@@ -156,9 +156,9 @@ RecordState DraftKeeper::typed() const {
 }
 
 void DraftKeeper::write() {
-    m_pace.stop();
     if (!ready())
         return touch();
+    m_pace.stop();
     const RecordState state = typed();
     const int row = m_list.row();
     Written now{.revision = m_book.revision()};

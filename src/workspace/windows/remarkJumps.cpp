@@ -44,7 +44,7 @@ void RemarkJumps::listRefused(const ImportOutcome &outcome) {
 }
 
 void RemarkJumps::showOrHide() {
-    if (!isFree())
+    if (!m_parts.keys.isFree())
         return Q_EMIT told(editorOpen.toString());
     if (m_pane.isEmpty())
         return Q_EMIT told(u"还没有校对结果，也没有未成功记录"_s);
@@ -60,7 +60,7 @@ void RemarkJumps::allow(bool allowed) {
 }
 
 void RemarkJumps::jump(const marc::FieldPlace &place) {
-    if (!isFree())
+    if (!m_parts.keys.isFree())
         return Q_EMIT told(editorOpen.toString());
     const marc::PreReadStore &records = m_parts.list.records();
     if (place.record >= records.rowCount() || records.number(place.record).isEmpty())

@@ -38,7 +38,6 @@ Q_SIGNALS:
 
 private:
     RemarksNeeds needs(std::function<qint64()> recordsInFile);
-    bool isFree() const { return m_parts.fields.isEnabled(); }
     void show();
     void goToField(const marc::FieldPlace &place);
 
