@@ -73,7 +73,7 @@ Status writeSums(const QString &path, const Sums &sums) {
     return writeWhole(path, text);
 }
 
-bool stands(const QString &path) {
+bool isPresent(const QString &path) {
     const QFileInfo entry(path);
     return entry.exists() || entry.isSymLink(); // a dangling link belongs to the user too
 }
@@ -95,7 +95,7 @@ void Laying::lay(const QString &source, const QString &target, const QString &na
         return note(source, brought.failure());
     const QByteArray sum = QCryptographicHash::hash(brought.value(), QCryptographicHash::Sha256).toHex();
     const QString beside = target + u".new";
-    if (!stands(target)) {
+    if (!isPresent(target)) {
         const Status written = writeWhole(target, brought.value());
         if (!written)
             return note(target, written);

@@ -1,5 +1,5 @@
 #include "widgets/bandedReport.h"
-#include "platform/desktop/screenRoom.h"
+#include "platform/desktop/screenSize.h"
 #include "widgets/longPreview.h"
 #include "widgets/reportSheet.h"
 #include <QPrintPreviewDialog>
@@ -47,7 +47,7 @@ QDialog *newReportPreview(BandedReport report, QWidget *parent) {
     preview->setObjectName(u"DataReportJs"_s);
     preview->setAttribute(Qt::WA_DeleteOnClose);
     preview->setWindowTitle(caption);
-    preview->resize(previewSize.boundedTo(platform::roomOnScreen(preview)));
+    preview->resize(previewSize.boundedTo(platform::usableScreenSize(preview)));
     return preview;
 }
 

@@ -1,5 +1,5 @@
 #include "widgets/window.h"
-#include "platform/desktop/screenRoom.h"
+#include "platform/desktop/screenSize.h"
 #include <QApplication>
 #include <QCloseEvent>
 #include <QCursor>
@@ -76,7 +76,7 @@ Window::Window(const QString &objectName, const QString &caption, QWidget *paren
 
 void Window::showEvent(QShowEvent *event) {
     if (isWindow() && !event->spontaneous() && !isMaximized()) {
-        resize(size().boundedTo(platform::roomOnScreen(this)));
+        resize(size().boundedTo(platform::usableScreenSize(this)));
         // The frame is known only after the window manager has shown the window.
         QMetaObject::invokeMethod(
             this, [this] { platform::keepOnScreen(this); }, Qt::QueuedConnection);

@@ -84,7 +84,7 @@ void refused(TourDriver &driver) {
     waitForImport(driver);
     driver.leave(u"alt+q"_s, u"frmDaoRuJindu"_s);
     driver.waitForFocus(u"Grid2"_s);
-    driver.expect(driver.textOf(u"labZhuangTai"_s).contains(u"，未成功 2 条，F8 列出"), u"what came of the import"_s);
+    driver.expect(driver.textOf(u"labStatus"_s).contains(u"，未成功 2 条，F8 列出"), u"what came of the import"_s);
     driver.key(u"F8"_s);
     driver.waitForFocus(u"refusedTable/grid"_s);
     driver.shot(u"refused"_s);

@@ -59,11 +59,11 @@ void smallForm(TourDriver &driver) {
     driver.key(u"End"_s);
     driver.type(u" 1996"_s);
     paste(driver, u"㛃"_s);
-    driver.waitUntil(u"the warning"_s, [] { return desk()->labZhuangTai->text().contains(u"㛃"); });
+    driver.waitUntil(u"the warning"_s, [] { return desk()->labStatus->text().contains(u"㛃"); });
     driver.shot(u"edit-small"_s);
     driver.key(u"Escape"_s);
     waitUntilIdle(driver);
-    driver.waitUntil(u"no warning"_s, [] { return !desk()->labZhuangTai->text().contains(u"㛃"); });
+    driver.waitUntil(u"no warning"_s, [] { return !desk()->labStatus->text().contains(u"㛃"); });
     driver.expectEqual(driver.cell(u"Grid1"_s, row, 4), u"第2版"_s, u"the cell after Esc"_s);
 }
 

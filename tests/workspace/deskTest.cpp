@@ -10,7 +10,7 @@ using namespace workspace;
 namespace {
 
 struct Desk : Workspace {
-    bool says(const QString &part) const { return form->labZhuangTai->text().contains(part); }
+    bool says(const QString &part) const { return form->labStatus->text().contains(part); }
     bool said(const QString &part) const {
         return QTest::qWaitFor([&] { return says(part); });
     }
@@ -69,7 +69,7 @@ TEST_F(Desk, TabGoesThroughTheWindowAsItIsRead) {
     pane.empty = false;
     window.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    window.room->cmdQuanWen->click();
+    window.room->cmdWholeText->click();
     pane.widget->setObjectName(u"pane"_s);
     pane.widget->show();
     window.Grid2->setFocus();
@@ -78,8 +78,8 @@ TEST_F(Desk, TabGoesThroughTheWindowAsItIsRead) {
         names.append(QApplication::focusWidget()->objectName());
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     } while (!window.Grid2->hasFocus() && names.size() < 30);
-    EXPECT_EQ(names, (QStringList{u"Grid2"_s, u"Grid1"_s, u"wholeText"_s, u"pane"_s, u"cmdQuanWen"_s,
-                                  u"cmdJiaoDuiAll"_s, u"cmdTiMing0"_s, u"cmdTiMing1"_s, u"cmdclick0"_s, u"cmdclick1"_s,
+    EXPECT_EQ(names, (QStringList{u"Grid2"_s, u"Grid1"_s, u"wholeText"_s, u"pane"_s, u"cmdWholeText"_s,
+                                  u"cmdProofAll"_s, u"cmdTiMing0"_s, u"cmdTiMing1"_s, u"cmdclick0"_s, u"cmdclick1"_s,
                                   u"cmdclick2"_s, u"cmdclick3"_s, u"cmdclick4"_s, u"cmdclick5"_s, u"cmdclick6"_s}));
 }
 
@@ -167,7 +167,7 @@ TEST_F(Desk, DraftsAreOfferedAndReported) {
     window.show();
     EXPECT_EQ(window.draftBar->draftWords->text(), u"上次有 1 条修改没有导入"_s);
     change(4, u"更新"_s);
-    window.draftBar->cmdHuiFu->click();
+    window.draftBar->cmdRestore->click();
     EXPECT_TRUE(said(u"1 条本次已另改，没有恢复，另存为 "_s));
     EXPECT_EQ(value(4), u"更新"_s);
 }
@@ -268,7 +268,7 @@ TEST_F(Desk, AStepIsOneShowAndUndoKeepsItsPlace) {
     while (sight.contains(window.Grid1->visualRect(window.Grid1->model()->index(last, 1))))
         ++last;
     window.Grid1->setRow(last);
-    window.room->cmdQuanWen->click();
+    window.room->cmdWholeText->click();
     QApplication::processEvents();
     EXPECT_EQ(window.room->wholeText->toPlainText(), value(last));
     EXPECT_LT(window.Grid1->viewport()->height(), sight.height());

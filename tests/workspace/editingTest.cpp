@@ -72,14 +72,14 @@ TEST_F(Editing, ContentIsCommittedOrDiscarded) {
     EXPECT_EQ(cell(titleRow, 4), u"甲乙丙丁\x1F"_s);
     EXPECT_TRUE(window.recordChanged());
     EXPECT_TRUE(window.Grid1->isEnabled() && window.Grid2->isEnabled() && window.cmdclick[3]->isEnabled());
-    EXPECT_TRUE(window.Grid1->hasFocus() && window.labZhuangTai->text().contains(u"1D-1F"_s));
+    EXPECT_TRUE(window.Grid1->hasFocus() && window.labStatus->text().contains(u"1D-1F"_s));
 
     window.record().leave(workspace::EditedRecord::Mark::Goes);
     editRow(titleRow);
     paste(u"弃𠮷"_s);
-    EXPECT_TRUE(window.labZhuangTai->text().contains(u"𠮷"_s)); // reported while the text is typed
+    EXPECT_TRUE(window.labStatus->text().contains(u"𠮷"_s)); // reported while the text is typed
     QTest::keyClick(window.richText, Qt::Key_Escape);
-    EXPECT_TRUE(!window.labZhuangTai->text().contains(u"𠮷"_s) && window.isVisible());
+    EXPECT_TRUE(!window.labStatus->text().contains(u"𠮷"_s) && window.isVisible());
     EXPECT_EQ(cell(titleRow, 4), u"甲乙丙丁\x1F"_s);
 
     window.record().edit({.row = titleRow, .text = u"书名"_s, .marks = false});
@@ -275,10 +275,10 @@ TEST_F(Editing, AssistantsExchangeTheLeaderAndAnySubfieldA) {
 
     assistantGives.reset(); // no result from the assistant: the typed text counts
     editRow(3);
-    EXPECT_TRUE(window.labZhuangTai->text().contains(u"Ctrl+E"_s)); // 100 $a: the hint appears where coded data belongs
+    EXPECT_TRUE(window.labStatus->text().contains(u"Ctrl+E"_s)); // 100 $a: the hint appears where coded data belongs
     QTest::keyClick(window.richText, Qt::Key_Escape);
     editRow(5); // 101 $a
-    EXPECT_FALSE(window.labZhuangTai->text().contains(u"Ctrl+E"_s));
+    EXPECT_FALSE(window.labStatus->text().contains(u"Ctrl+E"_s));
     paste(u"chi "_s);
     QTest::keyClick(window.richText, Qt::Key_E, Qt::ControlModifier);
     EXPECT_EQ(opened.last(), u"LR100 chi "_s);

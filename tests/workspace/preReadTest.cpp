@@ -121,9 +121,9 @@ TEST_F(Reading, RecordsThatCannotBeRead) {
     write("records.iso", hostile + u"\r\n"_s + titled(u"好"_s));
     load();
     EXPECT_EQ(form->Grid1->rows(), 1 + hostile.size());
-    EXPECT_EQ(form->labZhuangTai->text(), u"⚠ 本条记录目次区重叠，只显示前 %1 行"_s.arg(hostile.size()));
+    EXPECT_EQ(form->labStatus->text(), u"⚠ 本条记录目次区重叠，只显示前 %1 行"_s.arg(hostile.size()));
     form->cmdTiMing[1]->click();
-    EXPECT_EQ(form->labZhuangTai->text(), QString());
+    EXPECT_EQ(form->labStatus->text(), QString());
 }
 
 TEST(SelectMarcFile, RefusesAndOpens) {

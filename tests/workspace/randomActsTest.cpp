@@ -168,16 +168,16 @@ struct RandomActs : Workspace {
         case 0:
             return key(editor, Qt::Key_PageDown, Qt::ControlModifier);
         case 1:
-            return form->draftBar->cmdHuiFu->click();
+            return form->draftBar->cmdRestore->click();
         case 2:
-            return form->draftBar->cmdDiuQi->click();
+            return form->draftBar->cmdDiscard->click();
         case 3:
             return key(editor, Qt::Key_F3);
         case 4:
             return key(editor, Qt::Key_G, Qt::ControlModifier);
         case 5:
-            form->cmdJiaoDuiAll->click();
-            return form->room->cmdQuanWen->click();
+            form->cmdProofAll->click();
+            return form->room->cmdWholeText->click();
         case 6:
             return key(editor, Qt::Key_Y, Qt::ControlModifier);
         case 7:
@@ -291,7 +291,7 @@ struct RandomActs : Workspace {
             model.restore();
         else
             model.giveUp();
-        (restore ? form->draftBar->cmdHuiFu : form->draftBar->cmdDiuQi)->click();
+        (restore ? form->draftBar->cmdRestore : form->draftBar->cmdDiscard)->click();
     }
     // The two-second timer expires.
     void tick() {

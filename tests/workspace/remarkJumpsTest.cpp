@@ -15,7 +15,7 @@ struct Remarks : Workspace {
         EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
         return *form;
     }
-    QString status() const { return form->labZhuangTai->text(); }
+    QString status() const { return form->labStatus->text(); }
     bool paneHasFocus() const { return pane.widget->isVisible() && pane.widget->hasFocus(); }
     QString at() const {
         return u"%1 %2"_s.arg(form->Grid2->row()).arg(form->record().row(form->Grid1->row()).identifier);
@@ -30,7 +30,7 @@ TEST_F(Remarks, AreShownAndHiddenByOneKey) {
     pressF8();
     EXPECT_EQ(status().section(u'　', 0, 0), u"还没有校对结果，也没有未成功记录"_s);
     EXPECT_FALSE(pane.widget->isVisible());
-    window.cmdJiaoDuiAll->click();
+    window.cmdProofAll->click();
     EXPECT_EQ(pane.asked, QStringList{u"proof of 230"_s}) << "all records of the file, of which 200 are read";
     EXPECT_TRUE(paneHasFocus());
     pressF8();
@@ -50,7 +50,7 @@ TEST_F(Remarks, AreShownAndHiddenByOneKey) {
     EXPECT_EQ(pane.asked.last(), u"end"_s);
     form.reset();
     EXPECT_FALSE(pane.widget) << "the pane is destroyed with its window";
-    open(1).cmdJiaoDuiAll->click();
+    open(1).cmdProofAll->click();
     under = form->findChild<QSplitter *>(u"under"_s);
     EXPECT_TRUE(QTest::qWaitFor([&] { return under->sizes()[1] == height; }));
 }
@@ -85,12 +85,12 @@ TEST_F(Remarks, JumpToTheFieldWhereItIsNow) {
 
 TEST_F(Remarks, AreDisabledWhileAnEditorIsOpen) {
     auto &window = open(3);
-    window.cmdJiaoDuiAll->click();
+    window.cmdProofAll->click();
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_F2}) { // opens the editor of the content, of the identifier
         window.Grid1->setFocus();
         window.Grid1->setRow(titleRow);
         QTest::keyClick(window.Grid1, key);
-        EXPECT_FALSE(window.cmdJiaoDuiAll->isEnabled() || pane.widget->isEnabled());
+        EXPECT_FALSE(window.cmdProofAll->isEnabled() || pane.widget->isEnabled());
         for (const auto &act : {std::function<void()>([this] { pressF8(); }),
                                 std::function<void()>([this] { pane.needs.jump({.record = 2}); })}) {
             pane.needs.tell({});
@@ -99,7 +99,7 @@ TEST_F(Remarks, AreDisabledWhileAnEditorIsOpen) {
             EXPECT_EQ(window.Grid2->row(), 0);
         }
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-        EXPECT_TRUE(window.cmdJiaoDuiAll->isEnabled() && pane.widget->isEnabled());
+        EXPECT_TRUE(window.cmdProofAll->isEnabled() && pane.widget->isEnabled());
     }
 }
 

@@ -1,5 +1,5 @@
 #include "assist/windows/codedBoxWindow.h"
-#include "platform/desktop/screenRoom.h"
+#include "platform/desktop/screenSize.h"
 #include "widgets/clickLabel.h"
 #include "widgets/keys.h"
 #include "widgets/layout.h"
@@ -61,7 +61,8 @@ CodedBoxWindow::CodedBoxWindow(platform::Host &host, std::span<const Box> table,
                       {row({{listLx, 1}, {richTextTS, 1}}), 1},
                       row({stretch(), cmdclick[0], cmdclick[1]})}));
     // High enough for the longest list if the screen allows it.
-    resize(sizeHint().expandedTo(QSize(0, 29 * fontMetrics().lineSpacing())).boundedTo(platform::roomOnScreen(this)));
+    resize(
+        sizeHint().expandedTo(QSize(0, 29 * fontMetrics().lineSpacing())).boundedTo(platform::usableScreenSize(this)));
     wireLists();
     connect(cmdclick[0], &Button::clicked, this, &CodedBoxWindow::confirm);
     connect(cmdclick[1], &Button::clicked, this, &CodedBoxWindow::unload);
@@ -106,7 +107,7 @@ QScrollArea *CodedBoxWindow::boxArea() {
     area->setWidgetResizable(true);
     area->setWidget(boxes);
     const QSize wanted = boxes->sizeHint();
-    const int room = platform::roomOnScreen(this).width() - 2 * style()->pixelMetric(QStyle::PM_LayoutLeftMargin);
+    const int room = platform::usableScreenSize(this).width() - 2 * style()->pixelMetric(QStyle::PM_LayoutLeftMargin);
     area->setMinimumWidth(std::min(wanted.width(), room));
     area->setFixedHeight(wanted.height() +
                          (wanted.width() > room ? area->horizontalScrollBar()->sizeHint().height() : 0));

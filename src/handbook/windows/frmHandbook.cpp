@@ -124,7 +124,7 @@ void frmHandbook::standBefore(QWidget *window) {
     QWindow *place = window ? window->window()->windowHandle() : nullptr;
     windowHandle()->setTransientParent(place);
     if (place)
-        connect(place, &QObject::destroyed, this, &frmHandbook::standInFront,
+        connect(place, &QObject::destroyed, this, &frmHandbook::raiseAboveModal,
                 Qt::ConnectionType(Qt::QueuedConnection | Qt::UniqueConnection));
     const QWidgetList others = QApplication::topLevelWidgets();
     for (QWidget *other : others) // windows opened by the handbook move with it
@@ -132,7 +132,7 @@ void frmHandbook::standBefore(QWidget *window) {
             other->windowHandle()->setTransientParent(windowHandle());
 }
 
-void frmHandbook::standInFront() {
+void frmHandbook::raiseAboveModal() {
     QWidget *modal = QApplication::activeModalWidget();
     if (!modal || modal->parentWidget() != this)
         standBefore(modal);
@@ -140,7 +140,7 @@ void frmHandbook::standInFront() {
 
 bool frmHandbook::event(QEvent *event) {
     if (event->type() == QEvent::WindowBlocked && isVisible())
-        QMetaObject::invokeMethod(this, &frmHandbook::standInFront, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, &frmHandbook::raiseAboveModal, Qt::QueuedConnection);
     return Window::event(event);
 }
 
@@ -215,7 +215,7 @@ void frmHandbook::previous() {
 void frmHandbook::step(int direction) {
     if (findText->text().isEmpty() || contents->count() == 0)
         return findText->setFocus();
-    int mark = direction > 0 ? view->markBehind() : view->markBefore();
+    int mark = direction > 0 ? view->markAfter() : view->markBefore();
     if (mark < 0) {
         const int pages = contents->count();
         const int at = contents->currentRow(); // -1: the current page is not among them

@@ -48,7 +48,7 @@ private:
     void showContents();
     void showPlace();
     void standBefore(QWidget *window); // null: no window
-    void standInFront();               // in front of the current modal window
+    void raiseAboveModal();            // in front of the current modal window
     void step(int direction);
     void leave(const QUrl &link);
     const QString &textOf(const QString &file);

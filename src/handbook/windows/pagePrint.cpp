@@ -1,6 +1,6 @@
 #include "handbook/windows/pagePrint.h"
 #include "handbook/windows/pageLook.h"
-#include "platform/desktop/screenRoom.h"
+#include "platform/desktop/screenSize.h"
 #include "widgets/bandedReport.h"
 #include "widgets/pdfText.h"
 #include <QFile>
@@ -73,7 +73,7 @@ QDialog *newPagePreview(const QString &path, const QString &title, QWidget *pare
     preview->setObjectName(u"handbookPrint"_s);
     preview->setAttribute(Qt::WA_DeleteOnClose);
     preview->setWindowTitle(title);
-    preview->resize(previewSize.boundedTo(platform::roomOnScreen(preview)));
+    preview->resize(previewSize.boundedTo(platform::usableScreenSize(preview)));
     QObject::connect(preview, &QPrintPreviewDialog::paintRequested, preview,
                      [printer, path](QPrinter *target) { printPage(path, *target); });
     return preview;

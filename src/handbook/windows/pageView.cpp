@@ -134,7 +134,7 @@ void PageView::goToMark(int number) {
     showMarks();
 }
 
-int PageView::markBehind() const {
+int PageView::markAfter() const {
     if (m_current >= 0)
         return m_current + 1 < marks() ? m_current + 1 : -1;
     const int top = cursorForPosition(QPoint(0, 0)).position();

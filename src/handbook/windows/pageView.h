@@ -23,7 +23,7 @@ public:
     void goToMark(int number);
     // Return the mark after or before the current one; without a current one, the first mark from the visible part on,
     // or the last mark. -1 if there is none.
-    int markBehind() const;
+    int markAfter() const;
     int markBefore() const;
 
 Q_SIGNALS:

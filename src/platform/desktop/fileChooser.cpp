@@ -1,5 +1,5 @@
 #include "platform/desktop/fileChooser.h"
-#include "platform/desktop/screenRoom.h"
+#include "platform/desktop/screenSize.h"
 #include <QDateTime>
 #include <QDir>
 #include <QFileDialog>
@@ -83,7 +83,7 @@ QString chooseFileIn(const FileDialog &dialog, const QString &start, QWidget *pa
     fitColumns(window);
     // Wide enough for a name, a size and a date.
     const QSize wanted(window.fontMetrics().averageCharWidth() * 76, window.fontMetrics().height() * 28);
-    window.resize(wanted.boundedTo(roomOnScreen(&window)));
+    window.resize(wanted.boundedTo(usableScreenSize(&window)));
     if (window.exec() != QDialog::Accepted || window.selectedFiles().isEmpty())
         return {};
     return QDir::toNativeSeparators(QDir::cleanPath(window.selectedFiles().constFirst()));

@@ -9,16 +9,16 @@ namespace workspace {
 DraftBar::DraftBar(QWidget *parent)
     : QFrame(parent)
     , draftWords(widgets::named(new QLabel(this), u"draftWords"_s))
-    , cmdHuiFu(new Button(u"cmdHuiFu"_s, u"&H 恢复"_s, this))
-    , cmdDiuQi(new Button(u"cmdDiuQi"_s, u"&I 丢弃"_s, this)) {
+    , cmdRestore(new Button(u"cmdRestore"_s, u"&H 恢复"_s, this))
+    , cmdDiscard(new Button(u"cmdDiscard"_s, u"&I 丢弃"_s, this)) {
     setObjectName(u"draftBar"_s);
     setFrameStyle(int(QFrame::StyledPanel) | int(QFrame::Raised));
-    setLayout(widgets::row({{draftWords, 1}, cmdHuiFu, cmdDiuQi}));
-    widgets::hint({{cmdHuiFu, u"把这些修改放回记录"}, {cmdDiuQi, u"不要这些修改；它们另存为一个文件"}});
-    for (Button *button : {cmdHuiFu, cmdDiuQi})
+    setLayout(widgets::row({{draftWords, 1}, cmdRestore, cmdDiscard}));
+    widgets::hint({{cmdRestore, u"把这些修改放回记录"}, {cmdDiscard, u"不要这些修改；它们另存为一个文件"}});
+    for (Button *button : {cmdRestore, cmdDiscard})
         connect(button, &Button::clicked, this, &DraftBar::hide);
-    connect(cmdHuiFu, &Button::clicked, this, &DraftBar::restoreWanted);
-    connect(cmdDiuQi, &Button::clicked, this, &DraftBar::givenUp);
+    connect(cmdRestore, &Button::clicked, this, &DraftBar::restoreWanted);
+    connect(cmdDiscard, &Button::clicked, this, &DraftBar::givenUp);
     hide();
 }
 

@@ -16,8 +16,8 @@ public:
     void offer(qsizetype records); // shows the bar
 
     QLabel *draftWords;
-    widgets::Button *cmdHuiFu; // 恢复
-    widgets::Button *cmdDiuQi; // 丢弃
+    widgets::Button *cmdRestore; // 恢复
+    widgets::Button *cmdDiscard; // 丢弃
 
 Q_SIGNALS:
     void restoreWanted();

@@ -1,5 +1,5 @@
 #include "workspace/windows/frmDaoru.h"
-#include "platform/desktop/screenRoom.h"
+#include "platform/desktop/screenSize.h"
 #include "widgets/layout.h"
 #include "widgets/remembered.h"
 #include "workspace/windows/draftBar.h"
@@ -36,15 +36,15 @@ frmDaoru::frmDaoru(platform::Host &host, WorkspaceWindows windows, QWidget *pare
     , cmdJieShu(new Button(u"cmdJieShu"_s, u"结束预读"_s, this))
     , cmdTiMing{new Button(u"cmdTiMing0"_s, u"&P 上一条"_s, this), new Button(u"cmdTiMing1"_s, u"&N 下一条"_s, this)}
     , cmdclick(commandButtons(this))
-    , labZhuangTai(new widgets::PacedLabel(u"labZhuangTai"_s, {}, this))
+    , labStatus(new widgets::PacedLabel(u"labStatus"_s, {}, this))
     , findLine(new FindLine(*Grid2, this))
-    , cmdJiaoDuiAll(new Button(u"cmdJiaoDuiAll"_s, u"&D 校对全部"_s, this))
+    , cmdProofAll(new Button(u"cmdProofAll"_s, u"&D 校对全部"_s, this))
     , room(new WorkspaceRoom(picTiMing, Picture1, this))
     , draftBar(new DraftBar(this))
     , m_host(host)
     , m_windows(std::move(windows))
     , m_parts(std::make_unique<WorkspaceParts>(
-          WorkspaceParts::Desk{this, *Grid1, *Grid2, *findLine, *labZhuangTai, *m_record, host, m_windows},
+          WorkspaceParts::Desk{this, *Grid1, *Grid2, *findLine, *labStatus, *m_record, host, m_windows},
           damagedDirectory())) {
     setUp();
 }
@@ -72,7 +72,7 @@ void frmDaoru::lay() {
     Picture1->setLayout(column({{Grid1, 1}}));
     for (QFrame *frame : {picTiMing, Picture1})
         frame->layout()->setContentsMargins(0, 0, 0, 0);
-    widgets::hint({{cmdJiaoDuiAll, u"校对读出的全部记录，并查重"},
+    widgets::hint({{cmdProofAll, u"校对读出的全部记录，并查重"},
                    {cmdTiMing[0], u"Ctrl+PgUp"},
                    {cmdTiMing[1], u"Ctrl+PgDn；F3 查找，Ctrl+G 按记录号定位"},
                    {Text3, u"导入的只是已经读出的记录"},
@@ -81,15 +81,15 @@ void frmDaoru::lay() {
     setLayout(column({
         draftBar,
         {room, 1},
-        row({{labZhuangTai, 1}, findLine}),
-        row({Label1[0], Text2, Label1[1], Text3, Label1[2], Text4, labJinDu, widgets::stretch(), room->cmdQuanWen,
-             cmdJiaoDuiAll, cmdJieShu}),
+        row({{labStatus, 1}, findLine}),
+        row({Label1[0], Text2, Label1[1], Text3, Label1[2], Text4, labJinDu, widgets::stretch(), room->cmdWholeText,
+             cmdProofAll, cmdJieShu}),
         row({cmdTiMing[0], cmdTiMing[1], widgets::stretch(), cmdclick[0], cmdclick[1], cmdclick[2], cmdclick[3],
              cmdclick[4], cmdclick[5], cmdclick[6]}),
     }));
     const QFontMetrics metrics = fontMetrics();
     // The line keeps its space while it is empty and is high enough for the find line.
-    labZhuangTai->setMinimumHeight(findLine->sizeHint().height());
+    labStatus->setMinimumHeight(findLine->sizeHint().height());
     // The window is as wide as the columns of both grids with their scroll bars; the list keeps its width.
     room->addRemarks(m_parts->remarks.pane());
     const int beside = Grid1->verticalScrollBar()->sizeHint().width() + 2 * Grid1->frameWidth();
@@ -99,7 +99,7 @@ void frmDaoru::lay() {
     const QSize wanted(listWidth + Grid1->toPixels(FieldGrid::allTwips) + beside + layout()->spacing() +
                            margins.left() + margins.right() + metrics.averageCharWidth(),
                        metrics.height() * 36);
-    resize(wanted.boundedTo(platform::roomOnScreen(this)));
+    resize(wanted.boundedTo(platform::usableScreenSize(this)));
     widgets::tabInReadingOrder(this);
     Grid2->setFocus();
 }
@@ -151,7 +151,7 @@ void frmDaoru::connectRemarks() {
     connect(&m_parts->remarks, &RemarkJumps::told, &m_parts->status, &StatusLine::sayOfRecord);
     connect(&m_parts->remarks, &RemarkJumps::rowChosen, this, &frmDaoru::showWholeText);
     connect(&m_parts->keys, &DeskKeys::remarksWanted, &m_parts->remarks, &RemarkJumps::showOrHide);
-    connect(cmdJiaoDuiAll, &Button::clicked, &m_parts->remarks, &RemarkJumps::proofAll);
+    connect(cmdProofAll, &Button::clicked, &m_parts->remarks, &RemarkJumps::proofAll);
     connect(this, &Window::unloaded, &m_parts->remarks, &RemarkJumps::end);
 }
 
@@ -279,7 +279,7 @@ void frmDaoru::allowCommands(bool allowed) {
         button->setEnabled(allowed);
     for (Button *button : cmdTiMing)
         button->setEnabled(allowed);
-    for (QWidget *addition : std::initializer_list<QWidget *>{draftBar, findLine, cmdJiaoDuiAll, room->cmdQuanWen})
+    for (QWidget *addition : std::initializer_list<QWidget *>{draftBar, findLine, cmdProofAll, room->cmdWholeText})
         addition->setEnabled(allowed);
 }
 

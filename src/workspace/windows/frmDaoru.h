@@ -66,10 +66,10 @@ public:
     widgets::Button *cmdJieShu;
     std::array<widgets::Button *, 2> cmdTiMing;
     std::array<widgets::Button *, 7> cmdclick;
-    widgets::PacedLabel *labZhuangTai;
+    widgets::PacedLabel *labStatus;
     FindLine *findLine;
-    widgets::Button *cmdJiaoDuiAll; // 校对全部
-    WorkspaceRoom *room;            // contains list, fields and whole text
+    widgets::Button *cmdProofAll; // 校对全部
+    WorkspaceRoom *room;          // contains list, fields and whole text
     DraftBar *draftBar;
     CellText *richText; // these four belong to the helpers
     QLineEdit *Text1;

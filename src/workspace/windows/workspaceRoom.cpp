@@ -10,15 +10,15 @@ namespace workspace {
 
 WorkspaceRoom::WorkspaceRoom(QWidget *list, QWidget *fields, QWidget *parent)
     : QSplitter(Qt::Horizontal, parent)
-    , cmdQuanWen(new Button(u"cmdQuanWen"_s, u"&W 全文"_s, parent))
+    , cmdWholeText(new Button(u"cmdWholeText"_s, u"&W 全文"_s, parent))
     , wholeText(named(new QPlainTextEdit, u"wholeText"_s, u"当前行全文"_s))
     , m_down(named(new QSplitter(Qt::Vertical), u"down"_s))
     , m_under(named(new QSplitter(Qt::Vertical), u"under"_s)) {
     setObjectName(u"across"_s);
     wholeText->setReadOnly(true);
     wholeText->setTabChangesFocus(true);
-    cmdQuanWen->setCheckable(true);
-    cmdQuanWen->setToolTip(u"在表格下面显示当前行的全文"_s);
+    cmdWholeText->setCheckable(true);
+    cmdWholeText->setToolTip(u"在表格下面显示当前行的全文"_s);
     addWidget(list);
     addWidget(m_under);
     m_under->addWidget(m_down);
@@ -30,8 +30,8 @@ WorkspaceRoom::WorkspaceRoom(QWidget *list, QWidget *fields, QWidget *parent)
     m_down->setStretchFactor(0, 1);
     for (QSplitter *splitter : {static_cast<QSplitter *>(this), m_down, m_under})
         splitter->setChildrenCollapsible(false);
-    connect(cmdQuanWen, &Button::toggled, wholeText, &QWidget::setVisible);
-    connect(cmdQuanWen, &Button::toggled, this, &WorkspaceRoom::textWanted);
+    connect(cmdWholeText, &Button::toggled, wholeText, &QWidget::setVisible);
+    connect(cmdWholeText, &Button::toggled, this, &WorkspaceRoom::textWanted);
     wholeText->hide();
 }
 
@@ -55,18 +55,18 @@ void WorkspaceRoom::remember(const platform::DeskState &state) const {
     state.keep(u"frmDaoru/across"_s, saveState());
     state.keep(u"frmDaoru/down"_s, m_down->saveState());
     state.keep(u"frmDaoru/under"_s, m_under->saveState());
-    state.keep(u"frmDaoru/whole"_s, cmdQuanWen->isChecked());
+    state.keep(u"frmDaoru/whole"_s, cmdWholeText->isChecked());
 }
 
 void WorkspaceRoom::recall(const platform::DeskState &state) {
     restoreState(state.read(u"frmDaoru/across"_s).toByteArray());
     m_down->restoreState(state.read(u"frmDaoru/down"_s).toByteArray());
     m_under->restoreState(state.read(u"frmDaoru/under"_s).toByteArray());
-    cmdQuanWen->setChecked(state.read(u"frmDaoru/whole"_s).toBool());
+    cmdWholeText->setChecked(state.read(u"frmDaoru/whole"_s).toBool());
 }
 
 void WorkspaceRoom::showText(const QString &text, bool coded) {
-    if (!cmdQuanWen->isChecked())
+    if (!cmdWholeText->isChecked())
         return;
     wholeText->setFont(coded ? codedFont(font()) : font());
     wholeText->setPlainText(text);

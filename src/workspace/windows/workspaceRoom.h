@@ -23,7 +23,7 @@ public:
     // Shows the text if the pane is open; coded data in the font of the grid.
     void showText(const QString &text, bool coded);
 
-    widgets::Button *cmdQuanWen; // shows and hides the pane; placed by the window
+    widgets::Button *cmdWholeText; // shows and hides the pane; placed by the window
     QPlainTextEdit *wholeText;
 
 Q_SIGNALS:

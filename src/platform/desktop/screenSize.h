@@ -9,7 +9,7 @@ namespace platform {
 
 // Returns the largest size that a window may have, excluding its frame. For a window that is not yet shown, the frame
 // is assumed to be that of its nearest visible parent, or else a usual one.
-QSize roomOnScreen(const QWidget *window);
+QSize usableScreenSize(const QWidget *window);
 
 // Moves a visible window, including its frame, so that it is on the screen.
 void keepOnScreen(QWidget *window);

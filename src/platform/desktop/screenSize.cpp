@@ -1,4 +1,4 @@
-#include "platform/desktop/screenRoom.h"
+#include "platform/desktop/screenSize.h"
 #include <QScreen>
 #include <QWidget>
 #include <algorithm>
@@ -18,7 +18,7 @@ QSize frameOf(const QWidget *window) {
 
 } // namespace
 
-QSize roomOnScreen(const QWidget *window) {
+QSize usableScreenSize(const QWidget *window) {
     return window->screen()->availableSize() - frameOf(window);
 }
 
