@@ -3,7 +3,7 @@
 #include "fuzz/input.h"
 #include "fuzz/targets.h"
 #include "marc/configurationFiles.h"
-#include "marc/separators.h"
+#include "marc/isoLayout.h"
 #include "platform/codepage936.h"
 #include "platform/numbers.h"
 #include "platform/textFile.h"

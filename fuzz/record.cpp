@@ -3,10 +3,10 @@
 #include "fuzz/targets.h"
 #include "marc/directory.h"
 #include "marc/fieldLookup.h"
+#include "marc/isoLayout.h"
 #include "marc/preReadStore.h"
 #include "marc/recordCutter.h"
 #include "marc/recordWriter.h"
-#include "marc/separators.h"
 #include "platform/codepage936.h"
 #include <algorithm>
 #include <array>

@@ -2,7 +2,7 @@
 // dropped or changed. Only for sample and benchmark files; the program's own writer follows other rules.
 #pragma once
 
-#include "marc/separators.h"
+#include "marc/isoLayout.h"
 #include <QByteArray>
 #include <QByteArrayView>
 

@@ -1,7 +1,7 @@
 #include "card/showKapian.h"
 #include "card/cardTables.h"
 #include "marc/directory.h"
-#include "marc/separators.h"
+#include "marc/isoLayout.h"
 #include "platform/numbers.h"
 #include <array>
 #include <cmath>

@@ -1,6 +1,6 @@
 #include "catalogue/storeRecords.h"
 #include "catalogue/listStatements.h"
-#include "marc/separators.h"
+#include "marc/isoLayout.h"
 #include "platform/codepage936.h"
 #include <algorithm>
 #include <numeric>

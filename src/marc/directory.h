@@ -1,8 +1,8 @@
 // The directory of a record, and the extraction of fields by it.
 #pragma once
 
+#include "marc/isoLayout.h"
 #include "marc/rawRecord.h"
-#include "marc/separators.h"
 #include <QByteArray>
 #include <QStringView>
 #include <optional>

@@ -1,5 +1,5 @@
 #include "marc/encodingGuess.h"
-#include "marc/separators.h"
+#include "marc/isoLayout.h"
 #include "platform/byteFile.h"
 #include <QString>
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "marc/fieldRows.h"
 #include "marc/directory.h"
-#include "marc/separators.h"
+#include "marc/isoLayout.h"
 #include "marc/subfields.h"
 #include "platform/numbers.h"
 #include <algorithm>

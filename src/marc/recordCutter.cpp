@@ -1,6 +1,6 @@
 #include "marc/recordCutter.h"
 #include "marc/encodingGuess.h"
-#include "marc/separators.h"
+#include "marc/isoLayout.h"
 #include "platform/codepage936.h"
 
 namespace marc {

@@ -1,5 +1,5 @@
 #include "marc/recordWriter.h"
-#include "marc/separators.h"
+#include "marc/isoLayout.h"
 #include "platform/codepage936.h"
 #include "platform/numbers.h"
 #include <algorithm>

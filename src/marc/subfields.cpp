@@ -1,5 +1,5 @@
 #include "marc/subfields.h"
-#include "marc/separators.h"
+#include "marc/isoLayout.h"
 
 namespace marc {
 

@@ -116,11 +116,8 @@ QString decode(QByteArrayView bytes) {
     return text;
 }
 
-QByteArray encode(QStringView text) {
+char *encodeTo(QStringView text, char *out) {
     const Tables &table = tables();
-    QByteArray bytes(text.size() * 2, Qt::Uninitialized);
-    char *out = bytes.data();
-    const char *begin = out;
     for (const QChar unit : text) {
         const char16_t character = unit.unicode();
         const quint16 code = table.code[character];
@@ -131,7 +128,12 @@ QByteArray encode(QStringView text) {
             *out++ = code || !character ? char(code) : '?';
         }
     }
-    bytes.truncate(out - begin);
+    return out;
+}
+
+QByteArray encode(QStringView text) {
+    QByteArray bytes(text.size() * 2, Qt::Uninitialized);
+    bytes.truncate(encodeTo(text, bytes.data()) - bytes.constData());
     return bytes;
 }
 

@@ -17,6 +17,8 @@ Status codePageReady(const char *converter = "windows-936");
 
 QString decode(QByteArrayView bytes);
 QByteArray encode(QStringView text);
+// Writes encode(text) to `out`, which must have space for two bytes per UTF-16 unit, and returns the end.
+char *encodeTo(QStringView text, char *out);
 
 // Returns the number of bytes of encode(text), without encoding.
 qsizetype gbkLength(QStringView text);

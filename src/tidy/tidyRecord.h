@@ -1,7 +1,7 @@
 // A record during conversion: its content without lengths and positions.
 #pragma once
 
-#include "marc/separators.h"
+#include "marc/isoLayout.h"
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QString>

@@ -1,8 +1,8 @@
 // An independent MARC tool reads the rebuilt records: it reports no error and shows the same content for every field.
+#include "marc/isoLayout.h"
 #include "marc/recordCutter.h"
 #include "marc/recordMaking.h"
 #include "marc/recordWriter.h"
-#include "marc/separators.h"
 #include "tools/recordGenerator.h"
 #include <QProcess>
 #include <QStandardPaths>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "marc/fieldRows.h"
-#include "marc/separators.h"
+#include "marc/isoLayout.h"
 #include "support/recordText.h"
 #include "support/testFolder.h"
 

@@ -1,6 +1,6 @@
 #include "card/windows/frmMarcKaPian.h"
 #include "card/showKapian.h"
-#include "marc/separators.h"
+#include "marc/isoLayout.h"
 #include "widgets/layout.h"
 #include <QShowEvent>
 

@@ -1,0 +1,42 @@
+// The layout of ISO 2709: a leader, a directory with one entry per field, the fields, and the characters that end them.
+// Lengths and addresses are counted in bytes and written as decimal digits with leading zeros.
+#pragma once
+
+#include <QByteArrayView>
+#include <QChar>
+
+namespace marc {
+
+inline constexpr char16_t recordTerminator = 0x1D;  // last character of a record
+inline constexpr char16_t fieldTerminator = 0x1E;   // ends the directory and every field
+inline constexpr char16_t subfieldDelimiter = 0x1F; // starts a subfield; the next character is its code
+
+// The leader. Offsets are counted from 0.
+inline constexpr int leaderLength = 24;
+inline constexpr int recordLengthWidth = 5;
+inline constexpr int baseAddressAt = 12; // the base address is that of the first field
+inline constexpr int baseAddressLength = 5;
+
+// An entry of the directory: the tag, the length of the field with its terminator, its start from the base address.
+inline constexpr int tagLength = 3;
+inline constexpr int fieldLengthWidth = 4;
+inline constexpr int fieldStartWidth = 5;
+inline constexpr int directoryEntryLength = tagLength + fieldLengthWidth + fieldStartWidth;
+
+inline constexpr qsizetype longestField = 9'999;   // the highest number of four digits
+inline constexpr qsizetype longestRecord = 99'999; // the highest number of five digits
+
+inline constexpr int indicatorCount = 2; // before the first subfield of a data field
+
+// Returns the address of the first field of a record with that number of fields.
+constexpr qsizetype baseAddress(qsizetype fields) {
+    return leaderLength + fields * directoryEntryLength + 1;
+}
+
+// Writes a number that has at most `width` digits.
+constexpr void putNumber(char *at, int width, qsizetype number) {
+    for (int i = width - 1; i >= 0; --i, number /= 10)
+        at[i] = char('0' + number % 10);
+}
+
+} // namespace marc

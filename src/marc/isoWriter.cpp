@@ -1,0 +1,83 @@
+#include "marc/isoWriter.h"
+#include "platform/codepage936.h"
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace marc {
+
+namespace {
+
+bool isPlain(QStringView text) {
+    return std::ranges::all_of(text, [](QChar c) { return c >= u' ' && c <= u'~'; });
+}
+
+bool holdsTerminator(QByteArrayView content) {
+    return content.contains(char(fieldTerminator)) || content.contains(char(recordTerminator));
+}
+
+QString tooLong(qsizetype size, qsizetype longest) {
+    return u"%1 字节，长过 %2 字节"_s.arg(size).arg(longest);
+}
+
+} // namespace
+
+QString IsoWriter::make(const FieldedRecord &record, IsoEncoding encoding) {
+    m_size = 0;
+    if (record.leader.size() != leaderLength || !isPlain(record.leader))
+        return u"头标区不是 %1 个 ASCII 字符"_s.arg(leaderLength);
+    const qsizetype base = baseAddress(qsizetype(record.fields.size()));
+    ensureSpace(base);
+    char *const leader = m_bytes.data();
+    std::ranges::transform(record.leader, leader, [](QChar c) { return char(c.unicode()); });
+    putNumber(leader + baseAddressAt, baseAddressLength, base);
+    m_size = base;
+    QString why; // of the first field that does not fit
+    for (std::size_t i = 0; i < record.fields.size(); ++i) {
+        const Field &field = record.fields[i];
+        if (field.tag.size() != tagLength || !isPlain(field.tag))
+            return u"字段标识符“%1”不对"_s.arg(field.tag);
+        const qsizetype start = m_size - base;
+        const qsizetype length = put(field.content, encoding);
+        if (holdsTerminator(QByteArrayView(m_bytes).sliced(base + start, length - 1)))
+            return u"字段 %1 里有记录或字段的结束符"_s.arg(field.tag);
+        if (length > longestField && why.isEmpty())
+            why = u"字段 %1 有 "_s.arg(field.tag) + tooLong(length, longestField);
+        char *const entry = m_bytes.data() + leaderLength + qsizetype(i) * directoryEntryLength;
+        std::ranges::transform(field.tag, entry, [](QChar c) { return char(c.unicode()); });
+        putNumber(entry + tagLength, fieldLengthWidth, length);
+        putNumber(entry + tagLength + fieldLengthWidth, fieldStartWidth, start);
+    }
+    ensureSpace(1);
+    m_bytes[base - 1] = char(fieldTerminator);
+    m_bytes[m_size++] = char(recordTerminator);
+    putNumber(m_bytes.data(), recordLengthWidth, m_size);
+    return m_size > longestRecord ? tooLong(m_size, longestRecord) : why;
+}
+
+// Appends the content and its terminator.
+qsizetype IsoWriter::put(QStringView content, IsoEncoding encoding) {
+    const qsizetype before = m_size;
+    if (encoding == IsoEncoding::Gbk) {
+        ensureSpace(2 * content.size() + 1);
+        m_size = platform::encodeTo(content, m_bytes.data() + before) - m_bytes.constData();
+    } else {
+        const QByteArray utf8 = content.toUtf8();
+        ensureSpace(utf8.size() + 1);
+        std::ranges::copy(utf8, m_bytes.data() + before);
+        m_size += utf8.size();
+    }
+    m_bytes[m_size++] = char(fieldTerminator);
+    return m_size - before;
+}
+
+void IsoWriter::ensureSpace(qsizetype more) {
+    if (m_size + more > m_bytes.size())
+        m_bytes.resize(2 * (m_size + more));
+}
+
+RawRecord IsoWriter::text() const {
+    return platform::decode(bytes());
+}
+
+} // namespace marc
