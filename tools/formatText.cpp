@@ -17,25 +17,48 @@ bool hasSubfields(const FormatField &field) {
     return field.tag >= firstDataTag && field.tag != typedTag;
 }
 
+// The marks at the end of a line: "!" required, "+" repeatable, then a regular expression between slashes.
+constexpr QStringView marksShape = uR"(( !?\+?)?(?: /(.+)/)?$)";
+
+FormatMarks marksOf(const QRegularExpressionMatch &line, int first) {
+    const QString marks = line.captured(first);
+    return {marks.contains(u'!'), marks.contains(u'+'), line.captured(first + 1)};
+}
+
+QString takeIndicator(const QRegularExpressionMatch &line, FormatField &field) {
+    FormatIndicator &indicator = field.indicators[line.captured(1) == u"1" ? 0 : 1];
+    if (indicator.any || !indicator.codes.isEmpty())
+        return u"the indicator has a line already"_s;
+    indicator = {line.captured(2) == u"*", line.captured(3), parseCodes(line.captured(4))};
+    return indicator.any || !indicator.codes.isEmpty() ? QString() : u"an item without a code, or a code twice"_s;
+}
+
+QString takeSubfield(const QRegularExpressionMatch &line, FormatField &field) {
+    const QChar code = line.captured(1)[0];
+    if (std::ranges::count(field.subfields, code, &FormatSubfield::code) > 0)
+        return u"the field has this code already"_s;
+    field.subfields.append({code, line.captured(2), marksOf(line, 3)});
+    return {};
+}
+
 // Adds one line to the format. Returns what is wrong with the line, or an empty string.
 QString takeLine(const QString &line, Format &format) {
-    static const QRegularExpression fieldShape(uR"(^(\d{3}|\?\?\?) (\S|\S.*\S)$)"_s);
-    static const QRegularExpression subfieldShape(uR"(^\$[0-9A-Za-z] (\S|\S.*\S)$)"_s);
+    static const QRegularExpression fieldShape(uR"(^(\d{3}|\?\?\?) (\S|\S.*?\S))" + marksShape);
+    static const QRegularExpression subfieldShape(uR"(^\$([0-9A-Za-z]) (\S|\S.*?\S))" + marksShape);
+    static const QRegularExpression indicatorShape(uR"(^\^([12]) (\*|(\S+) = (.+))$)"_s);
     if (const auto field = fieldShape.match(line); field.hasMatch()) {
         if (!format.isEmpty() && format.back().tag >= field.captured(1)) // "???" sorts behind the digits
             return u"the field must follow "_s + format.back().tag + u", and once"_s;
-        format.append({field.captured(1), field.captured(2), {}});
+        format.append({field.captured(1), field.captured(2), marksOf(field, 3), {}, {}});
         return {};
     }
-    if (!subfieldShape.match(line).hasMatch())
-        return u"neither \"200 name\" nor \"$a name\""_s;
+    const auto subfield = subfieldShape.match(line);
+    const auto indicator = indicatorShape.match(line);
+    if (!subfield.hasMatch() && !indicator.hasMatch())
+        return u"neither \"200 name\" nor \"^1 name = codes\" nor \"$a name\""_s;
     if (format.isEmpty() || !hasSubfields(format.back()))
         return u"no field above that has subfields"_s;
-    QStringList &subfields = format.back().subfields;
-    if (std::ranges::any_of(subfields, [&line](const QString &other) { return other[1] == line[1]; }))
-        return u"the field has this code already"_s;
-    subfields.append(line);
-    return {};
+    return subfield.hasMatch() ? takeSubfield(subfield, format.back()) : takeIndicator(indicator, format.back());
 }
 
 // Returns each field as a section: its header, then its subfields. The file ends with an empty line because its readers
@@ -46,8 +69,8 @@ QString sections(const Format &format, QString (*header)(const FormatField &)) {
         if (field.tag == typedTag)
             continue;
         text += header(field) + u"\r\n"_s;
-        for (const QString &subfield : field.subfields)
-            text += subfield + u"\r\n"_s;
+        for (const FormatSubfield &subfield : field.subfields)
+            text += u'$' + subfield.code + u' ' + subfield.name + u"\r\n"_s;
     }
     return text + u"\r\n"_s;
 }
@@ -56,13 +79,24 @@ QString sections(const Format &format, QString (*header)(const FormatField &)) {
 QSet<QString> references(const Format &format) {
     QSet<QString> all;
     for (const FormatField &field : format) {
-        for (const QString &subfield : field.subfields)
-            all.insert(field.tag + subfield[1]);
+        for (const FormatSubfield &subfield : field.subfields)
+            all.insert(field.tag + subfield.code);
     }
     return all;
 }
 
 } // namespace
+
+QList<FormatCode> parseCodes(QStringView list) {
+    QList<FormatCode> codes;
+    for (const QStringView item : list.split(u' ', Qt::SkipEmptyParts)) {
+        const qsizetype colon = item.indexOf(u':', 1);
+        codes.append({item.left(colon).toString(), colon < 0 ? QString() : item.sliced(colon + 1).toString()});
+        if (std::ranges::count(codes, codes.back().code, &FormatCode::code) > 1)
+            return {};
+    }
+    return codes;
+}
 
 platform::Result<Format> parseFormat(const QStringList &lines) {
     Format format;

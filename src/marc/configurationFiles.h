@@ -1,5 +1,5 @@
-// The four text files in the program's own folder that describe the format in words. They are read again at each use.
-// Their readers intentionally follow different rules.
+// The files in the program's own folder that describe the format. Four of them are lists of lines, read again at each
+// use; their readers intentionally follow different rules. The fifth is the schema (see schema/).
 #pragma once
 
 #include "marc/fieldRows.h"
@@ -13,7 +13,9 @@ inline constexpr QStringView fieldListFile = u"cnmarc_default.Qvs";
 inline constexpr QStringView subfieldListFile = u"cnmarc_zzdtshi.Qvs";
 inline constexpr QStringView descriptionFile = u"marcBJshuoming.Qvs";
 inline constexpr QStringView templateFile = u"mobanJiaoDui.QVs";
-inline constexpr std::array configurationFiles{fieldListFile, subfieldListFile, descriptionFile, templateFile};
+inline constexpr QStringView schemaFile = u"cnmarc-schema.json"; // what records are validated against
+inline constexpr std::array configurationFiles{fieldListFile, subfieldListFile, descriptionFile, templateFile,
+                                               schemaFile};
 
 // The lines of a pick list, or the text of the box to show instead.
 struct PickList {

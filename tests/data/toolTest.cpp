@@ -5,6 +5,9 @@
 #include "tools/taggedText.h"
 #include <QCryptographicHash>
 #include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QProcess>
 
 namespace {
@@ -12,15 +15,16 @@ namespace {
 struct Build {
     int exitCode;
     QByteArray complaint;
-    QList<QByteArray> files; // the contents of the folder afterwards, by name: the field list is first
+    QList<QByteArray> files; // the contents of the folder afterwards, by name: the schema, then the field list
 };
 
-Build configurationOf(const QByteArray &format, const QByteArray &rules) {
+Build configurationOf(const QByteArray &format, const QByteArray &rules, const QByteArray &codes = {}) {
     const TestFolder sources;
     const TestFolder target;
     QProcess tool;
     tool.start(QStringLiteral(PROGRAM_FOLDER "/makeConfiguration"),
-               {target.path(), sources.file(u"cnmarc.txt"_s, format), sources.file(u"template.txt"_s, rules)});
+               {target.path(), sources.file(u"cnmarc.txt"_s, format), sources.file(u"template.txt"_s, rules),
+                sources.file(u"codes.txt"_s, codes), sources.file(u"rules.json"_s, R"([{"class":"x"}])")});
     EXPECT_TRUE(tool.waitForFinished());
     Build build{tool.exitCode(), tool.readAllStandardError(), {}};
     for (const QString &name : QDir(target.path()).entryList(QDir::Files, QDir::Name))
@@ -35,22 +39,36 @@ QByteArray marked(const QString &text) {
 
 } // namespace
 
-TEST(MakeConfiguration, WritesFourFilesOfTwoTexts) {
-    const Build build = configurationOf("; 说明\n001 标识号\n\n200 题名 项\r\n$a 正题名\n$A 拼音\n??? 自定义\n",
-                                        "说明\n[必备子字段]\n200 题名 a\n\n[不能重复的子字段]\n200$a\n");
+TEST(MakeConfiguration, WritesFourFilesAndTheSchema) {
+    const Build build =
+        configurationOf("; 说明\n001 标识号 !\n\n200 题名 项 +\r\n^1 检索 = 0:无 #:空\n$a 正题名 !+ /x y/\n"
+                        "$A 拼音\n??? 自定义\n",
+                        "说明\n[必备子字段]\n200 题名 a\n\n[不能重复的子字段]\n200$a\n",
+                        "[LDR]\n05 状态 = n:新 c\n[200$a]\n00-01 图 * a:图 #\n");
     EXPECT_EQ(build.complaint, QByteArray());
-    ASSERT_EQ(build.files.size(), 4);
-    EXPECT_EQ(build.files[0], platform::encode(u"001 标识号\r\n200 题名 项\r\n??? 自定义\r\n"));
-    EXPECT_EQ(build.files[1], platform::encode(u"[001]\r\n[200]\r\n$a 正题名\r\n$A 拼音\r\n\r\n"));
-    EXPECT_EQ(build.files[2], platform::encode(u"[001] 标识号\r\n[200] 题名 项\r\n$a 正题名\r\n$A 拼音\r\n\r\n"));
-    EXPECT_EQ(build.files[3], platform::encode(u"说明\r\n[必备子字段]\r\n200 题名 a\r\n\r\n"
+    ASSERT_EQ(build.files.size(), 5);
+    EXPECT_EQ(build.files[1], platform::encode(u"001 标识号\r\n200 题名 项\r\n??? 自定义\r\n"));
+    EXPECT_EQ(build.files[2], platform::encode(u"[001]\r\n[200]\r\n$a 正题名\r\n$A 拼音\r\n\r\n"));
+    EXPECT_EQ(build.files[3], platform::encode(u"[001] 标识号\r\n[200] 题名 项\r\n$a 正题名\r\n$A 拼音\r\n\r\n"));
+    EXPECT_EQ(build.files[4], platform::encode(u"说明\r\n[必备子字段]\r\n200 题名 a\r\n\r\n"
                                                "[不能重复的子字段]\r\n200$a\r\n"));
+    const QJsonObject schema = QJsonDocument::fromJson(build.files[0]).object();
+    EXPECT_EQ(schema[u"family"], u"marc"_s);
+    EXPECT_EQ(schema[u"rules"].toArray().size(), 1);
+    const QJsonObject fields = schema[u"fields"].toObject(), title = fields[u"200"].toObject();
+    EXPECT_EQ(fields.keys(), QStringList({u"001"_s, u"200"_s, u"LDR"_s}));
+    EXPECT_EQ(fields[u"LDR"][u"positions"][u"05"][u"codes"].toObject().keys(), QStringList({u"c"_s, u"n"_s}));
+    EXPECT_TRUE(title[u"repeatable"].toBool() && !title[u"required"].toBool() && fields[u"001"][u"required"].toBool());
+    EXPECT_EQ(title[u"indicator1"][u"codes"].toObject().keys(), QStringList({u" "_s, u"0"_s}));
+    EXPECT_EQ(title[u"indicator2"][u"codes"].toObject().keys(), QStringList(u" "_s));
+    EXPECT_EQ(title[u"subfields"][u"a"][u"pattern"], u"x y"_s);
+    EXPECT_EQ(title[u"subfields"][u"a"][u"positions"][u"00-01"][u"flags"][u"a"][u"label"], u"图"_s);
 }
 
 TEST(MakeConfiguration, NamesTheLineThatIsMalformedAndWritesNothing) {
     const QByteArray good = "200 题名\n$a 正题名\n";
     const struct {
-        QByteArray format, rules, complaint;
+        QByteArray format, rules, complaint, codes = {};
     } cases[] = {
         {"好\n" + good, {}, "cnmarc.txt: line 1: neither"},
         {good + "[210] 出版\n", {}, "line 3: neither"},
@@ -71,9 +89,15 @@ TEST(MakeConfiguration, NamesTheLineThatIsMalformedAndWritesNothing) {
         {good, "[必备子字段]\n200$f\n", "line 2: no such subfield: 200$f"},
         {good, "[必备子字段]\n200$a\n200a\n", "line 3: the rule stands twice: 200a"},
         {good, "[必备子字段]\n𠀀\n", "template.txt: line 2: U+20000 has no code"},
+        {good + "^1 检索 = 0:无 0:有\n", {}, "line 3: an item without a code, or a code twice"},
+        {"200 题名\n^1 *\n^1 *\n$a 正题名\n", {}, "line 3: the indicator has a line already"},
+        {good, {}, "codes.txt: line 1: neither", "00 位\n"},
+        {good, {}, "codes.txt: the format has no 200$b", "[200$b]\n00 位\n"},
+        {good, {}, "line 3: the position must follow", "[200$a]\n00-03 位\n03 位\n"},
+        {good, {}, "line 2: codes that are repeated or do not fit", "[200$a]\n00-02 位 * aa bb\n"},
     };
-    for (const auto &[format, rules, complaint] : cases) {
-        const Build refused = configurationOf(format, rules);
+    for (const auto &[format, rules, complaint, codes] : cases) {
+        const Build refused = configurationOf(format, rules, codes);
         EXPECT_EQ(refused.exitCode, 1) << complaint.data();
         EXPECT_TRUE(refused.complaint.contains(complaint)) << refused.complaint.data();
         EXPECT_TRUE(refused.files.isEmpty()) << complaint.data();
