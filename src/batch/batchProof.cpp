@@ -70,7 +70,7 @@ void BatchProof::takeFaults(const marc::FieldRows &rows) {
         for (const proof::Fault &fault : *faults) {
             const Kind kind = kindOf(fault.kind);
             // The ISBN proof knows only the form with ten digits and reports every ISBN with thirteen.
-            if (kind == Kind::Isbn && fault.element && proof::isIsbn13(rows[*fault.element].value))
+            if (kind == Kind::Isbn && fault.element && marc::isIsbn13(rows[*fault.element].value))
                 continue;
             remark(kind, fault.tag, fault.element ? gridRow(*fault.element) : 0, fault.words.simplified());
         }
@@ -78,17 +78,17 @@ void BatchProof::takeFaults(const marc::FieldRows &rows) {
 
 void BatchProof::checkNumbers(const marc::FieldRows &rows) {
     for (const qsizetype element : subfieldsOf(rows, u"010", u"$a"))
-        if (const auto fault = proof::isbn13Fault(rows[element].value))
+        if (const auto fault = marc::isbn13Fault(rows[element].value))
             remark(Kind::Isbn, u"010"_s, gridRow(element), *fault);
     for (const qsizetype element : subfieldsOf(rows, u"011", u"$a"))
-        if (const auto fault = proof::issnFault(rows[element].value))
+        if (const auto fault = marc::issnFault(rows[element].value))
             remark(Kind::Issn, u"011"_s, gridRow(element), *fault);
 }
 
 void BatchProof::compare(BookIdentity identity) {
     const int row = m_next - 1;
     int toldOf = -1;
-    for (const proof::IsbnKey isbn : identity.isbns) {
+    for (const marc::IsbnKey isbn : identity.isbns) {
         const auto first = m_firstOf.constFind(isbn);
         if (first == m_firstOf.constEnd()) {
             m_firstOf.insert(isbn, row);

@@ -48,7 +48,7 @@ private:
     int m_next = 0;
     int m_proved = 0;
     QString m_complaint; // the last reported reason why a proof could not run
-    QHash<proof::IsbnKey, int> m_firstOf;
+    QHash<marc::IsbnKey, int> m_firstOf;
     std::vector<SoughtRecord> m_sought;
     std::vector<Remark> m_remarks; // of the current record
 };

@@ -42,7 +42,7 @@ std::vector<qsizetype> subfieldsOf(const marc::FieldRows &rows, QStringView tag,
 BookIdentity identityOf(const marc::FieldRows &rows) {
     BookIdentity identity;
     for (const qsizetype element : subfieldsOf(rows, u"010", u"$a")) {
-        const proof::IsbnKey key = proof::isbnKey(rows[element].value);
+        const marc::IsbnKey key = marc::isbnKey(rows[element].value);
         if (!key || std::ranges::find(identity.isbns, key) != identity.isbns.end())
             continue;
         if (identity.isbns.empty()) {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "marc/fieldRows.h"
-#include "proof/standardNumber.h"
+#include "marc/standardNumber.h"
 #include <vector>
 
 namespace batch {
@@ -15,8 +15,8 @@ QString comparedTitle(const QString &title);
 QString comparedAuthor(const QString &author);
 
 struct BookIdentity {
-    std::vector<proof::IsbnKey> isbns; // each once
-    QString title;                     // title and author as an import takes them, in the form that is compared
+    std::vector<marc::IsbnKey> isbns; // each once
+    QString title;                    // title and author as an import takes them, in the form that is compared
     QString author;
     QString tag;      // the tag and the grid row to show to the user
     int fieldRow = 0; // 0: none

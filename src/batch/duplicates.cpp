@@ -45,7 +45,7 @@ DuplicateSearch::DuplicateSearch(const database::SessionState &state, std::vecto
     , m_hits(m_sought.size()) {
     for (std::size_t i = 0; i < m_sought.size(); ++i) {
         const BookIdentity &identity = m_sought[i].identity;
-        for (const proof::IsbnKey isbn : identity.isbns)
+        for (const marc::IsbnKey isbn : identity.isbns)
             m_byIsbn.insert(isbn, int(i));
         if (!identity.title.isEmpty())
             m_byTitle.insert(identity.title, int(i));
@@ -121,19 +121,19 @@ platform::Status DuplicateSearch::walk() {
 
 void DuplicateSearch::match(const database::ResultTable &rows, int row) {
     const QString isbn = rows.text(row, Isbn);
-    if (const proof::IsbnKey key = proof::isbnKey(isbn)) {
+    if (const marc::IsbnKey key = marc::isbnKey(isbn)) {
         const auto [from, to] = std::as_const(m_byIsbn).equal_range(key);
         for (auto found = from; found != to; ++found)
             hit(*found, rows, row, true);
     }
     // An ISBN that the import truncated is shared by many books; only together with the title it identifies one.
-    const QString cut = proof::cutIsbn13(isbn);
+    const QString cut = marc::cutIsbn13(isbn);
     if (cut.isEmpty() && !m_anyByTitle)
         return;
     const auto [from, to] = std::as_const(m_byTitle).equal_range(comparedTitle(rows.text(row, Title)));
     for (auto found = from; found != to; ++found) {
         const BookIdentity &identity = m_sought[std::size_t(*found)].identity;
-        const auto isCut = [&cut](proof::IsbnKey key) { return proof::beginsWith(key, cut); };
+        const auto isCut = [&cut](marc::IsbnKey key) { return marc::beginsWith(key, cut); };
         if (std::ranges::any_of(identity.isbns, isCut))
             hit(*found, rows, row, true);
         else if (identity.isbns.empty() && identity.author == comparedAuthor(rows.text(row, Author)))

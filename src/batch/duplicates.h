@@ -48,7 +48,7 @@ private:
     const database::SessionState &m_state;
     database::DbSession m_connection;
     std::vector<SoughtRecord> m_sought;
-    QMultiHash<proof::IsbnKey, int> m_byIsbn;
+    QMultiHash<marc::IsbnKey, int> m_byIsbn;
     QMultiHash<QString, int> m_byTitle;
     bool m_anyByTitle = false; // at least one record has no ISBN
     std::vector<Hit> m_hits;   // of the current table

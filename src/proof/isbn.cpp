@@ -1,6 +1,6 @@
 #include "proof/isbn.h"
+#include "marc/standardNumber.h"
 #include "platform/numbers.h"
-#include "proof/standardNumber.h"
 #include <algorithm>
 #include <array>
 
@@ -80,7 +80,7 @@ std::optional<Fault> checkISBN(const QString &text) {
     const QStringView digits = QStringView(joined).first(checkedDigits);
     if (!std::ranges::all_of(digits, isDigit))
         return fault(FaultKind::Isbn, u"ISBN格式错误.ISBN号除校验位外只能为数字字符"_s);
-    if (joined.back() != checkDigit11(digits))
+    if (joined.back() != marc::checkDigit11(digits))
         return fault(FaultKind::Isbn, u"ISBN号校验位错误"_s);
     return std::nullopt;
 }

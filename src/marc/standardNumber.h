@@ -6,7 +6,7 @@
 #include <QStringView>
 #include <optional>
 
-namespace proof {
+namespace marc {
 
 // Returns the check digit of a ten-digit ISBN or of an ISSN: modulo 11, with weights that decrease to 2 for the last of
 // the digits.
@@ -34,4 +34,4 @@ bool beginsWith(IsbnKey isbn, const QString &cut);
 
 std::optional<QString> issnFault(QStringView text);
 
-} // namespace proof
+} // namespace marc

@@ -1,9 +1,9 @@
-#include "proof/standardNumber.h"
+#include "marc/standardNumber.h"
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
 
-namespace proof {
+namespace marc {
 
 namespace {
 
@@ -114,4 +114,4 @@ std::optional<QString> issnFault(QStringView text) {
     return std::nullopt;
 }
 
-} // namespace proof
+} // namespace marc

@@ -1,7 +1,7 @@
-#include "proof/standardNumber.h"
+#include "marc/standardNumber.h"
 #include "support/qtPrinters.h"
 
-using namespace proof;
+using namespace marc;
 
 TEST(StandardNumber, IsRecognizedInAllItsSpellings) {
     struct Row {
