@@ -7,6 +7,8 @@
 #include "import/windows/frmDaoRuJindu.h"
 #include "marc/recordCutter.h"
 #include "sideBySide.h"
+#include "widgets/button.h"
+#include "widgets/pacedLabel.h"
 #include <QCoreApplication>
 #include <QDialog>
 #include <QFile>

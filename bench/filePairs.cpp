@@ -2,6 +2,9 @@
 #include "pairs.h"
 #include "platform/paths.h"
 #include "tidy/windows/frmTidy.h"
+#include "widgets/button.h"
+#include "widgets/selectingEdit.h"
+#include "widgets/textBox.h"
 
 using namespace Qt::StringLiterals;
 

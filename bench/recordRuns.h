@@ -2,6 +2,7 @@
 #pragma once
 
 #include "benchStage.h"
+#include "widgets/button.h"
 #include "workspace/windows/frmDaoru.h"
 #include <optional>
 

@@ -8,6 +8,8 @@
 #include "recordRuns.h"
 #include "scaleReport.h"
 #include "turnProbe.h"
+#include "widgets/button.h"
+#include "widgets/pacedLabel.h"
 #include <QFile>
 #include <algorithm>
 #include <unistd.h>

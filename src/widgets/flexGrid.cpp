@@ -1,5 +1,6 @@
 #include "widgets/flexGrid.h"
 #include "widgets/flexGridColours.h"
+#include "widgets/flexGridColumns.h"
 #include "widgets/flexGridModel.h"
 #include <QEvent>
 #include <QHeaderView>
@@ -12,9 +13,7 @@ using namespace Qt::StringLiterals;
 namespace widgets {
 
 namespace {
-constexpr int twipsPerInch = 1440;
 constexpr int rowPadding = 6;
-constexpr int narrowestColumn = 4;
 
 Qt::Alignment alignmentOfMark(QChar mark) {
     const Qt::Alignment across = mark == u'^' ? Qt::AlignHCenter : mark == u'>' ? Qt::AlignRight : Qt::AlignLeft;
@@ -41,10 +40,9 @@ FlexGrid::FlexGrid(const QString &objectName, int columns, int fixedRows, QWidge
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     horizontalHeader()->setVisible(m_fixedRows > 0);
     horizontalHeader()->setHighlightSections(false);
-    horizontalHeader()->setMinimumSectionSize(narrowestColumn);
-    m_widths.resize(std::size_t(m_model->columnCount()));
+    m_columns = std::make_unique<FlexGridColumns>(*this, m_fixedRows > 0);
     fitHeights();
-    connect(horizontalHeader(), &QHeaderView::sectionResized, this, &FlexGrid::stretch);
+    connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this] { m_columns->stretch(); });
     connect(m_model, &FlexGridModel::rowsInserted, this, [this](const QModelIndex &, int first) {
         if (first + m_fixedRows <= std::max(m_row, m_rowSel) || first == 0)
             showSelection();
@@ -63,7 +61,7 @@ void FlexGrid::setFormat(const QString &format) {
         const bool marked = mark == u'^' || mark == u'<' || mark == u'>';
         m_model->setHeading(column, marked ? item.mid(1) : item);
         m_model->setHeadingAlignment(column, alignmentOfMark(mark));
-        fitColumn(column);
+        m_columns->fit(column);
     }
 }
 
@@ -174,88 +172,32 @@ std::optional<quint32> FlexGrid::cellBackground(int row, int column) const {
     return m_model->background(row - m_fixedRows, column);
 }
 
-// Relative to the design font: Chinese characters 12 pixels wide at 96 dpi, digits half as wide.
-double FlexGrid::fontScale() const {
-    constexpr double designWidth = 12, designDpi = 96;
-    const double dot = std::max(logicalDpiX(), 1) / designDpi;
-    const QFontMetricsF metrics(font());
-    const double chinese = metrics.horizontalAdvance(u'国') / designWidth;
-    const double digits = metrics.horizontalAdvance(u"0123456789"_s) / (5 * designWidth);
-    return std::max({1.0, chinese / dot, digits / dot});
-}
-
 int FlexGrid::toTwips(int pixels) const {
-    return qRound(double(pixels) * twipsPerInch / std::max(logicalDpiX(), 1) / fontScale());
+    return m_columns->toTwips(pixels);
 }
 
 int FlexGrid::toPixels(int twips) const {
-    return qRound(double(twips) * logicalDpiX() / twipsPerInch * fontScale());
+    return m_columns->toPixels(twips);
 }
 
 void FlexGrid::setStretchColumn(int column) {
-    m_stretched = column;
-    stretch();
-}
-
-void FlexGrid::stretch() {
-    if (m_stretched < 0 || isColumnHidden(m_stretched))
-        return;
-    if (isDrawn(m_stretched))
-        return;
-    Width &width = m_widths[std::size_t(m_stretched)];
-    const int others = horizontalHeader()->length() - columnWidth(m_stretched);
-    const int least = std::max({toPixels(width.twips), horizontalHeader()->sectionSizeHint(m_stretched)});
-    width.pixels = std::max(least, viewport()->width() - others);
-    setColumnWidth(m_stretched, width.pixels);
-}
-
-bool FlexGrid::isDrawn(int column) const {
-    const int pixels = m_widths[std::size_t(column)].pixels;
-    return pixels >= 0 && !isColumnHidden(column) && pixels != columnWidth(column);
+    m_columns->setStretched(column);
 }
 
 QMap<int, int> FlexGrid::drawnWidths() const {
-    QMap<int, int> drawn;
-    for (int column = 0; column < columns(); ++column)
-        if (isDrawn(column))
-            drawn.insert(column, columnWidth(column));
-    return drawn;
+    return m_columns->drawn();
 }
 
 void FlexGrid::setDrawnWidths(const QMap<int, int> &widths) {
-    for (auto width = widths.begin(); width != widths.end(); ++width)
-        if (width.key() >= 0 && width.key() < columns() && !isColumnHidden(width.key()))
-            setColumnWidth(width.key(), std::max(width.value(), narrowestColumn));
+    m_columns->setDrawn(widths);
 }
 
 void FlexGrid::setColumnTwips(int column, int twips) {
-    if (column < 0 || column >= columns())
-        return;
-    Width &width = m_widths[std::size_t(column)];
-    if (width.twips == std::max(twips, 0))
-        return;
-    width.twips = std::max(twips, 0);
-    if (isDrawn(column) && twips > 0)
-        return;
-    setColumnHidden(column, twips <= 0);
-    width.pixels = columnWidth(column);
-    fitColumn(column);
-}
-
-void FlexGrid::fitColumn(int column) {
-    Width &width = m_widths[std::size_t(column)];
-    if (width.twips <= 0 || isDrawn(column))
-        return;
-    const int heading = m_fixedRows > 0 ? horizontalHeader()->sectionSizeHint(column) : 0;
-    width.pixels = std::max({toPixels(width.twips), heading, narrowestColumn});
-    setColumnWidth(column, width.pixels);
-    stretch();
+    m_columns->setTwips(column, twips);
 }
 
 int FlexGrid::columnTwips(int column) const {
-    if (column < 0 || column >= columns() || isColumnHidden(column))
-        return 0;
-    return isDrawn(column) ? toTwips(columnWidth(column)) : m_widths[std::size_t(column)].twips;
+    return m_columns->twips(column);
 }
 
 void FlexGrid::setHeadingTwips(int twips) {
@@ -267,10 +209,9 @@ void FlexGrid::fitHeights() {
     const int needed = fontMetrics().height() + rowPadding;
     verticalHeader()->setMinimumSectionSize(needed);
     verticalHeader()->setDefaultSectionSize(needed);
-    horizontalHeader()->setFixedHeight(std::max(toPixels(m_headingTwips), needed));
+    horizontalHeader()->setFixedHeight(std::max(m_columns->toPixels(m_headingTwips), needed));
     horizontalHeader()->setVisible(m_fixedRows > 0 && m_headingTwips != 0);
-    for (int column = 0; column < columns(); ++column)
-        fitColumn(column);
+    m_columns->fitAll();
 }
 
 void FlexGrid::setColumnAlignment(int column, Qt::Alignment alignment) {
@@ -330,7 +271,7 @@ void FlexGrid::changeEvent(QEvent *event) {
 
 void FlexGrid::resizeEvent(QResizeEvent *event) {
     QTableView::resizeEvent(event);
-    stretch();
+    m_columns->stretch();
 }
 
 void FlexGrid::showEvent(QShowEvent *event) {

@@ -9,10 +9,10 @@
 #include <QTableView>
 #include <memory>
 #include <optional>
-#include <vector>
 
 namespace widgets {
 
+class FlexGridColumns;
 class FlexGridModel;
 
 class FlexGrid : public QTableView {
@@ -103,20 +103,10 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
-    struct Width {
-        int twips = -1;
-        int pixels = -1; // the resulting width; any other width was set by the user
-    };
-
-    bool isDrawn(int column) const; // the user set the width of the column
-    double fontScale() const;
-    void stretch();
-
     int nearestRow(int row) const;
     int shownColumn(int wanted) const;
     void select(int row, int rowSel, int column);
     void showSelection();
-    void fitColumn(int column);
     void fitHeights();
     void copySelection() const;
 
@@ -131,10 +121,9 @@ private:
     int m_row = 0; // may be invalid after rows were removed; row() returns the nearest row
     int m_rowSel = 0;
     int m_column = 0;
-    int m_headingTwips = -1;     // -1: as high as the font needs
-    std::vector<Width> m_widths; // as set by the program
-    int m_stretched = -1;        // the column of setStretchColumn()
-    bool m_moving = false;       // between leaveCell and enterCell
+    int m_headingTwips = -1; // -1: as high as the font needs
+    std::unique_ptr<FlexGridColumns> m_columns;
+    bool m_moving = false; // between leaveCell and enterCell
     Qt::MouseButton m_pressed = Qt::NoButton;
     bool m_drags = false;    // the press was on a row, so moving the mouse extends the selection
     int m_dragDirection = 0; // while dragging outside the viewport: -1 up, 1 down

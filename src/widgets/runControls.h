@@ -2,7 +2,7 @@
 #pragma once
 
 #include "widgets/pacedLabel.h"
-#include "widgets/window.h"
+#include "widgets/waitCursor.h"
 #include <QLineEdit>
 #include <QPointer>
 #include <optional>

@@ -5,6 +5,8 @@
 #include "catalogue/windows/zskListFrm.h"
 #include "support/databaseServers.h"
 #include "support/scriptedHost.h"
+#include "widgets/button.h"
+#include "widgets/maskedEdit.h"
 #include <QMainWindow>
 #include <QTimer>
 

@@ -4,6 +4,8 @@
 #include "support/databaseServers.h"
 #include "support/recordText.h"
 #include "support/scriptedHost.h"
+#include "widgets/button.h"
+#include "widgets/pacedLabel.h"
 #include <QElapsedTimer>
 #include <QMap>
 

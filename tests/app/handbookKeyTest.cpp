@@ -1,6 +1,8 @@
 // F1 with several windows open.
 #include "app/windows/handbookKey.h"
 #include "support/scriptedHost.h"
+#include "widgets/button.h"
+#include "widgets/pacedLabel.h"
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QScrollBar>

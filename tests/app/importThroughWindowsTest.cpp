@@ -3,6 +3,8 @@
 #include "import/windows/frmDaoRuJindu.h"
 #include "support/databaseServers.h"
 #include "support/scriptedHost.h"
+#include "widgets/button.h"
+#include "widgets/pacedLabel.h"
 #include "workspace/windows/frmDaoru.h"
 
 TEST(ImportThroughWindows, ImportsTheSamplesRepeatedly) {

@@ -3,6 +3,7 @@
 #include "database/linkPool.h"
 #include "platform/recentFiles.h"
 #include "support/scriptedHost.h"
+#include "widgets/button.h"
 #include <QAbstractEventDispatcher>
 #include <QAction>
 #include <QDragEnterEvent>

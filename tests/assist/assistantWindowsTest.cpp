@@ -1,5 +1,7 @@
 #include "assist/windows/frmHelpLR.h"
 #include "support/scriptedHost.h"
+#include "widgets/button.h"
+#include "widgets/choiceList.h"
 #include <QInputMethodEvent>
 #include <QTimer>
 

@@ -5,6 +5,9 @@
 #include "support/databaseServers.h"
 #include "support/dice.h"
 #include "support/scriptedHost.h"
+#include "widgets/button.h"
+#include "widgets/clickLabel.h"
+#include "widgets/maskedEdit.h"
 #include <QTextDocument>
 #include <ranges>
 

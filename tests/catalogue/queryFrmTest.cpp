@@ -1,6 +1,9 @@
 // The query dialogs, operated by keys and clicks.
 #include "catalogue/windows/queryFrm.h"
 #include "support/scriptedHost.h"
+#include "widgets/button.h"
+#include "widgets/clickLabel.h"
+#include "widgets/maskedEdit.h"
 
 using namespace catalogue;
 

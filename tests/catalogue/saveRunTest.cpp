@@ -3,6 +3,7 @@
 #include "platform/codepage936.h"
 #include "support/databaseServers.h"
 #include "support/scriptedHost.h"
+#include "widgets/button.h"
 
 using namespace catalogue;
 

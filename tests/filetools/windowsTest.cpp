@@ -3,6 +3,7 @@
 #include "support/fullDisk.h"
 #include "support/recordFiles.h"
 #include "support/scriptedHost.h"
+#include "widgets/button.h"
 
 using namespace filetools;
 using files::lines;

@@ -2,6 +2,8 @@
 #include "handbook/handbook.h"
 #include "handbook/windows/pageLook.h"
 #include "support/testFolder.h"
+#include "widgets/button.h"
+#include "widgets/pacedLabel.h"
 #include <QDirIterator>
 #include <QRegularExpression>
 #include <QTextBlock>

@@ -3,6 +3,9 @@
 #include "support/recordText.h"
 #include "support/scriptedHost.h"
 #include "tidy/windows/frmTidy.h"
+#include "widgets/button.h"
+#include "widgets/selectingEdit.h"
+#include "widgets/textBox.h"
 
 using namespace tidy;
 using platform::Answer;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tour/tourDriver.h"
+#include "widgets/button.h"
 #include "workspace/windows/draftBar.h"
 #include "workspace/windows/frmDaoru.h"
 #include "workspace/windows/workspaceParts.h"

@@ -1,4 +1,6 @@
 #include "tour/monkeyHands.h"
+#include "widgets/button.h"
+#include "widgets/pacedLabel.h"
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDir>

@@ -3,10 +3,13 @@
 #include "marc/recordCutter.h"
 #include "proof/windows/frmMessage.h"
 #include "tour/errands.h"
+#include "widgets/button.h"
+#include "widgets/pacedLabel.h"
 #include "workspace/windows/draftBar.h"
 #include "workspace/windows/frmDaoru.h"
 #include <QApplication>
 #include <QFileDialog>
+#include <QProgressBar>
 #include <QRegularExpression>
 #include <algorithm>
 #include <array>

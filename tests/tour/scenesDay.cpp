@@ -2,7 +2,9 @@
 // one key, like a word entered through an input method.
 #include "tour/errands.h"
 #include "tour/scenes.h"
+#include "widgets/button.h"
 #include "widgets/flexGrid.h"
+#include "widgets/pacedLabel.h"
 #include <QLabel>
 #include <cstdio>
 

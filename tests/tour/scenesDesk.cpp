@@ -2,7 +2,9 @@
 // list, and the rows of the current import in the database.
 #include "tour/errands.h"
 #include "tour/scenes.h"
+#include "widgets/button.h"
 #include "widgets/flexGrid.h"
+#include "widgets/pacedLabel.h"
 #include "workspace/windows/frmDaoru.h"
 #include <QFile>
 #include <QLabel>

@@ -2,6 +2,10 @@
 #include "handbook/windows/frmHandbook.h"
 #include "tour/errands.h"
 #include "tour/scenes.h"
+#include "widgets/button.h"
+#include "widgets/pacedLabel.h"
+#include "widgets/selectingEdit.h"
+#include "widgets/textBox.h"
 #include <QLabel>
 
 using namespace Qt::StringLiterals;

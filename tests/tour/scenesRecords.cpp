@@ -3,6 +3,8 @@
 #include "platform/programFolder.h"
 #include "tour/errands.h"
 #include "tour/scenes.h"
+#include "widgets/button.h"
+#include "widgets/pacedLabel.h"
 #include <QApplication>
 #include <QClipboard>
 #include <QFile>

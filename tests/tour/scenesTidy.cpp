@@ -2,6 +2,9 @@
 #include "tidy/windows/frmTidy.h"
 #include "tour/errands.h"
 #include "tour/scenes.h"
+#include "widgets/button.h"
+#include "widgets/selectingEdit.h"
+#include "widgets/textBox.h"
 #include <QApplication>
 #include <QDir>
 #include <QFile>

@@ -1,8 +1,8 @@
 #include "tour/tourDriver.h"
 #include "tour/cutTexts.h"
 #include "widgets/flexGrid.h"
+#include "widgets/modality.h"
 #include "widgets/pacedLabel.h"
-#include "widgets/window.h"
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>

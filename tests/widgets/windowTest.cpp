@@ -1,5 +1,6 @@
 #include "widgets/window.h"
 #include "support/qtPrinters.h"
+#include "widgets/button.h"
 #include <QLineEdit>
 #include <QShortcutEvent>
 #include <QTest>

@@ -4,6 +4,7 @@
 #include "platform/codepage936.h"
 #include "support/recordText.h"
 #include "support/scriptedHost.h"
+#include "widgets/button.h"
 #include "workspace/windows/draftBar.h"
 #include "workspace/windows/frmDaoru.h"
 #include "workspace/windows/workspaceParts.h"

@@ -3,6 +3,7 @@
 
 #include "app/windows/backdrop.h"
 #include "app/windows/makerLinks.h"
+#include "widgets/button.h"
 #include "widgets/window.h"
 #include <QLabel>
 

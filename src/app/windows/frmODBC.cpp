@@ -3,6 +3,7 @@
 #include "platform/numbers.h"
 #include "widgets/keys.h"
 #include "widgets/layout.h"
+#include "widgets/waitCursor.h"
 #include <QGridLayout>
 #include <initializer_list>
 #include <optional>

@@ -4,6 +4,7 @@
 
 #include "app/connectionText.h"
 #include "platform/host.h"
+#include "widgets/button.h"
 #include "widgets/window.h"
 #include <QComboBox>
 #include <QGroupBox>

@@ -1,4 +1,5 @@
 #include "app/windows/handbookKey.h"
+#include "widgets/modality.h"
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMdiArea>

@@ -1,6 +1,6 @@
 #include "app/windows/makerLinks.h"
 #include "app/windows/maker.h"
-#include "widgets/window.h"
+#include "widgets/waitCursor.h"
 
 using namespace Qt::StringLiterals;
 using widgets::ClickLabel;

@@ -1,7 +1,9 @@
 #include "app/windows/marcMain.h"
 #include "app/databaseNote.h"
+#include "widgets/button.h"
 #include "widgets/fileDrop.h"
 #include "widgets/layout.h"
+#include "widgets/modality.h"
 #include "widgets/remembered.h"
 #include <QCloseEvent>
 #include <QDragEnterEvent>

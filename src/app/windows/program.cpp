@@ -8,6 +8,7 @@
 #include "database/dataSources.h"
 #include "platform/codepage936.h"
 #include "platform/singleInstance.h"
+#include "widgets/button.h"
 #include <QApplication>
 #include <QIcon>
 #include <optional>

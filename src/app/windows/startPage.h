@@ -3,7 +3,7 @@
 #pragma once
 
 #include "platform/host.h"
-#include "widgets/window.h"
+#include "widgets/button.h"
 #include <QLabel>
 #include <QScrollArea>
 #include <QVBoxLayout>

@@ -4,17 +4,21 @@
 #pragma once
 
 #include "assist/codedBoxes.h"
-#include "assist/windows/codeBox.h"
-#include "platform/host.h"
-#include "widgets/choiceList.h"
+#include "assist/windows/boxStrip.h"
 #include "widgets/window.h"
-#include <QScrollArea>
-#include <QTextEdit>
-#include <QToolButton>
 #include <array>
 #include <optional>
 #include <span>
 #include <vector>
+
+class QTextEdit;
+namespace platform {
+class Host;
+}
+namespace widgets {
+class Button;
+class ChoiceList;
+} // namespace widgets
 
 namespace assist {
 
@@ -33,15 +37,15 @@ public:
 
     std::optional<QString> confirmed;
 
-    // In tab order.
+    BoxStrip *const boxArea; // makes the controls of the next three members
     const std::vector<CodeBox *> Text1;
+    const std::vector<QWidget *> LabShuoMing;
+    const std::vector<QToolButton *> picClick;
     widgets::ChoiceList *const listLx;
     QTextEdit *const richTextTS;
     QLineEdit *const textMarc;
     const std::array<widgets::Button *, 2> cmdclick;
 
-    std::vector<QWidget *> LabShuoMing;  // a label is clickable if its box takes codes from the list
-    std::vector<QToolButton *> picClick; // of the boxes that take codes from the list
     widgets::ChoiceList *const listMenu;
 
 protected:
@@ -52,10 +56,6 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
-    QLayout *boxRow();
-    QScrollArea *boxArea();
-    QWidget *makeLabel(int i);
-    QToolButton *makeButton(int i);
     void wireBox(int i);
     void wireLists();
 
@@ -72,7 +72,6 @@ private:
     void confirm();
 
     platform::Host &m_host;
-    QScrollArea *m_boxArea = nullptr;
     CodedBoxes m_boxes;
     int m_inside = CodedBoxes::noBox; // the box entered and not yet left
 };

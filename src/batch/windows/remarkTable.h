@@ -5,9 +5,9 @@
 #include "batch/remark.h"
 #include "platform/host.h"
 #include "platform/result.h"
+#include "widgets/button.h"
 #include "widgets/flexGrid.h"
 #include "widgets/pacedLabel.h"
-#include "widgets/window.h"
 #include <QBoxLayout>
 #include <QComboBox>
 #include <QLabel>

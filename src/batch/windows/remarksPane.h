@@ -6,6 +6,7 @@
 #include "batch/refusedRecords.h"
 #include "batch/windows/remarkTable.h"
 #include "marc/fieldPlace.h"
+#include "widgets/button.h"
 #include <QStackedWidget>
 
 namespace batch {

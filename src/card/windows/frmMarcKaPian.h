@@ -4,6 +4,7 @@
 
 #include "marc/rawRecord.h"
 #include "platform/host.h"
+#include "widgets/button.h"
 #include "widgets/textBox.h"
 #include "widgets/window.h"
 #include <QLabel>

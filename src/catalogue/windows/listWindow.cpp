@@ -1,4 +1,5 @@
 #include "catalogue/windows/listWindow.h"
+#include "widgets/twips.h"
 #include <QEvent>
 #include <QHeaderView>
 #include <algorithm>
@@ -8,8 +9,6 @@
 namespace catalogue {
 
 namespace {
-
-constexpr int twipsPerInch = 1440;
 
 int columnsIn(const QString &headings) {
     return int(headings.count(u'|')) + 1;
@@ -75,7 +74,8 @@ void ListWindow::setWidths(const QList<int> &twips) {
 }
 
 QSize ListWindow::sizeHint() const {
-    return {listWidthTwips * logicalDpiX() / twipsPerInch, listHeightTwips * logicalDpiY() / twipsPerInch};
+    return {listWidthTwips * logicalDpiX() / widgets::twipsPerInch,
+            listHeightTwips * logicalDpiY() / widgets::twipsPerInch};
 }
 
 } // namespace catalogue

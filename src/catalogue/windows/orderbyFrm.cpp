@@ -1,6 +1,7 @@
 #include "catalogue/windows/orderbyFrm.h"
 #include "catalogue/sortOrder.h"
 #include "widgets/layout.h"
+#include "widgets/waitCursor.h"
 #include <QKeyEvent>
 #include <utility>
 

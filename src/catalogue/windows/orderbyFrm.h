@@ -4,6 +4,7 @@
 
 #include "catalogue/queryTarget.h"
 #include "platform/host.h"
+#include "widgets/button.h"
 #include "widgets/window.h"
 #include <QListWidget>
 #include <functional>

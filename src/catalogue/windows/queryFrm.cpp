@@ -1,8 +1,15 @@
 #include "catalogue/windows/queryFrm.h"
+#include "widgets/button.h"
+#include "widgets/clickLabel.h"
 #include "widgets/keys.h"
 #include "widgets/layout.h"
+#include "widgets/maskedEdit.h"
+#include "widgets/waitCursor.h"
+#include <QComboBox>
 #include <QGridLayout>
 #include <QKeyEvent>
+#include <QListWidget>
+#include <QTextEdit>
 
 using namespace Qt::StringLiterals;
 using widgets::Button;

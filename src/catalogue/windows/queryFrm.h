@@ -5,13 +5,17 @@
 #include "catalogue/queryBuilder.h"
 #include "catalogue/queryTarget.h"
 #include "platform/host.h"
-#include "widgets/clickLabel.h"
-#include "widgets/maskedEdit.h"
 #include "widgets/window.h"
-#include <QComboBox>
-#include <QListWidget>
-#include <QTextEdit>
 #include <array>
+
+class QComboBox;
+class QListWidget;
+class QTextEdit;
+namespace widgets {
+class Button;
+class ClickLabel;
+class MaskedEdit;
+} // namespace widgets
 
 namespace catalogue {
 

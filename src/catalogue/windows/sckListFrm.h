@@ -5,6 +5,7 @@
 #include "catalogue/bookDetail.h"
 #include "catalogue/windows/listWindow.h"
 #include "database/sublib.h"
+#include "widgets/button.h"
 #include <array>
 
 namespace catalogue {

@@ -5,6 +5,7 @@
 #include "platform/paths.h"
 #include "widgets/ink.h"
 #include "widgets/layout.h"
+#include "widgets/waitCursor.h"
 #include <algorithm>
 #include <tuple>
 #include <utility>

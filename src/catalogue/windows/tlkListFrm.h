@@ -8,6 +8,7 @@
 #include "catalogue/saveRun.h"
 #include "catalogue/windows/listWindow.h"
 #include "database/sublib.h"
+#include "widgets/button.h"
 #include "widgets/pacedLabel.h"
 #include <array>
 #include <functional>

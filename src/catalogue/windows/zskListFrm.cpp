@@ -3,6 +3,7 @@
 #include "catalogue/listTexts.h"
 #include "platform/numbers.h"
 #include "widgets/layout.h"
+#include "widgets/waitCursor.h"
 #include <QShortcut>
 #include <utility>
 

@@ -7,6 +7,7 @@
 #include "catalogue/queryTarget.h"
 #include "catalogue/windows/dataReportJs.h"
 #include "catalogue/windows/listWindow.h"
+#include "widgets/button.h"
 #include "widgets/pacedLabel.h"
 #include <array>
 #include <functional>

@@ -6,6 +6,7 @@
 #include "platform/host.h"
 #include "platform/result.h"
 #include "widgets/runControls.h"
+#include "widgets/window.h"
 #include <functional>
 #include <optional>
 

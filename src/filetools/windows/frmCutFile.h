@@ -3,6 +3,7 @@
 
 #include "filetools/splitRun.h"
 #include "filetools/windows/fileToolWindow.h"
+#include "widgets/button.h"
 #include "widgets/selectingEdit.h"
 #include <QGroupBox>
 #include <array>

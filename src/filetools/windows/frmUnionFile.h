@@ -3,6 +3,7 @@
 
 #include "filetools/mergeRun.h"
 #include "filetools/windows/fileToolWindow.h"
+#include "widgets/button.h"
 #include "widgets/selectingEdit.h"
 #include <QGroupBox>
 #include <QListWidget>

@@ -1,6 +1,7 @@
 #include "handbook/windows/frmHandbook.h"
 #include "handbook/windows/pagePrint.h"
 #include "widgets/layout.h"
+#include "widgets/modality.h"
 #include "widgets/remembered.h"
 #include <QApplication>
 #include <QFile>

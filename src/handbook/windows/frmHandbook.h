@@ -5,6 +5,7 @@
 #include "handbook/handbook.h"
 #include "handbook/windows/pageView.h"
 #include "platform/host.h"
+#include "widgets/button.h"
 #include "widgets/window.h"
 #include <QLabel>
 #include <QLineEdit>

@@ -1,7 +1,12 @@
 #include "import/windows/frmDaoRuJindu.h"
 #include "import/daoruClass.h"
 #include "platform/numbers.h"
+#include "widgets/button.h"
 #include "widgets/layout.h"
+#include "widgets/pacedLabel.h"
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
 #include <QStyle>
 #include <algorithm>
 #include <utility>

@@ -7,12 +7,17 @@
 #include "marc/preReadStore.h"
 #include "marc/refusedRecord.h"
 #include "platform/host.h"
-#include "widgets/pacedLabel.h"
 #include "widgets/window.h"
-#include <QLineEdit>
-#include <QProgressBar>
 #include <memory>
 #include <vector>
+
+class QLabel;
+class QLineEdit;
+class QProgressBar;
+namespace widgets {
+class Button;
+class PacedLabel;
+} // namespace widgets
 
 namespace importing {
 

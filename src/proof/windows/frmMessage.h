@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/host.h"
+#include "widgets/button.h"
 #include "widgets/textBox.h"
 #include "widgets/window.h"
 #include <array>

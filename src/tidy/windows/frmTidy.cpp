@@ -2,13 +2,19 @@
 #include "platform/numbers.h"
 #include "platform/paths.h"
 #include "tidy/sampleRecord.h"
+#include "widgets/button.h"
 #include "widgets/ink.h"
 #include "widgets/keys.h"
 #include "widgets/layout.h"
+#include "widgets/selectingEdit.h"
+#include "widgets/textBox.h"
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QStackedWidget>
 #include <QStandardItemModel>
 #include <algorithm>
 #include <limits>
-#include <utility>
 
 using namespace Qt::StringLiterals;
 using platform::Status;

@@ -6,13 +6,19 @@
 #include "tidy/tidyRun.h"
 #include "tidy/windows/factsLabel.h"
 #include "widgets/runControls.h"
-#include "widgets/selectingEdit.h"
-#include "widgets/textBox.h"
-#include <QComboBox>
-#include <QGroupBox>
-#include <QStackedWidget>
+#include "widgets/window.h"
 #include <array>
 #include <optional>
+
+class QComboBox;
+class QGroupBox;
+class QLabel;
+class QStackedWidget;
+namespace widgets {
+class Button;
+class SelectingEdit;
+class TextBox;
+} // namespace widgets
 
 namespace tidy {
 

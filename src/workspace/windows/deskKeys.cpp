@@ -1,5 +1,5 @@
 #include "workspace/windows/deskKeys.h"
-#include "widgets/window.h"
+#include "widgets/modality.h"
 #include <QShortcut>
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 // can go on working.
 #pragma once
 
-#include "widgets/window.h"
+#include "widgets/button.h"
 #include <QFrame>
 #include <QLabel>
 

@@ -1,11 +1,13 @@
 #include "workspace/windows/frmDaoru.h"
 #include "platform/desktop/screenSize.h"
+#include "widgets/button.h"
 #include "widgets/layout.h"
 #include "widgets/remembered.h"
 #include "workspace/windows/draftBar.h"
 #include "workspace/windows/workspaceControls.h"
 #include "workspace/windows/workspaceParts.h"
 #include "workspace/windows/workspaceRoom.h"
+#include <QLabel>
 #include <QScrollBar>
 #include <utility>
 
@@ -17,9 +19,7 @@ using widgets::row;
 
 namespace workspace {
 
-namespace {
 constexpr int firstBatch = 200; // records read before the window is shown
-} // namespace
 
 frmDaoru::frmDaoru(platform::Host &host, WorkspaceWindows windows, QWidget *parent)
     : Window(u"frmDaoru"_s, u"套录库数据导入"_s, parent)

@@ -8,16 +8,17 @@
 #include "workspace/windows/fieldGrid.h"
 #include "workspace/windows/recordList.h"
 #include "workspace/windows/workspaceWindows.h"
-#include <QFrame>
-#include <QLabel>
 #include <array>
 #include <memory>
 
+class QFrame;
+class QLabel;
 class QLineEdit;
 namespace platform {
 class Host;
 }
 namespace widgets {
+class Button;
 class ChoiceList;
 class PacedLabel;
 } // namespace widgets

@@ -4,6 +4,7 @@
 #include "platform/recentFiles.h"
 #include "widgets/fileDrop.h"
 #include "widgets/layout.h"
+#include "widgets/waitCursor.h"
 #include <QAction>
 #include <QCompleter>
 #include <QDir>

@@ -4,6 +4,7 @@
 
 #include "platform/host.h"
 #include "tidy/windows/factsLabel.h"
+#include "widgets/button.h"
 #include "widgets/window.h"
 #include <QGroupBox>
 #include <QLineEdit>

@@ -1,8 +1,8 @@
 // Creates the controls of the workspace with their names, captions and hints.
 #pragma once
 
+#include "widgets/button.h"
 #include "widgets/pacedLabel.h"
-#include "widgets/window.h"
 #include <array>
 
 namespace workspace {

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "platform/deskState.h"
-#include "widgets/window.h"
+#include "widgets/button.h"
 #include <QPlainTextEdit>
 #include <QSplitter>
 
