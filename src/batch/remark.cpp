@@ -64,6 +64,17 @@ int RemarkList::rowOf(int id) const {
     return found == m_shown.end() ? -1 : int(found - m_shown.begin());
 }
 
+std::vector<int> RemarkList::records() const {
+    std::vector<int> records;
+    for (const Remark &remark : m_all)
+        if (remark.record >= 0)
+            records.push_back(remark.record);
+    std::ranges::sort(records);
+    const auto rest = std::ranges::unique(records);
+    records.erase(rest.begin(), rest.end());
+    return records;
+}
+
 QString RemarkList::tabSeparated(QStringView lineEnd) const {
     QString table = headings.toString().replace(u'|', u'\t') + lineEnd;
     for (int row = 0; row < rowCount(); ++row) {

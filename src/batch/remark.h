@@ -54,6 +54,9 @@ public:
     int idOf(int row) const { return int(m_shown.at(std::size_t(row))); }
     int rowOf(int id) const;
 
+    // Returns the records that have a remark, shown or not, in ascending order.
+    std::vector<int> records() const;
+
     int count() const { return int(m_all.size()); }
     int count(Kind kind) const { return m_counts[std::size_t(kind)]; }
     // Returns the number of findings: all remarks except those of Kind::Unchecked.

@@ -44,7 +44,7 @@ FlexGrid::FlexGrid(const QString &objectName, int columns, int fixedRows, QWidge
     fitHeights();
     connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this] { m_columns->stretch(); });
     connect(m_model, &FlexGridModel::rowsInserted, this, [this](const QModelIndex &, int first) {
-        if (first + m_fixedRows <= std::max(m_row, m_rowSel) || first == 0)
+        if (first <= positionOf(std::max(m_row, m_rowSel)) || first == 0)
             showSelection();
     });
     connect(m_model, &FlexGridModel::rowsRemoved, this, [this] { select(m_row, m_rowSel, m_column); });
@@ -97,6 +97,11 @@ int FlexGrid::nearestRow(int row) const {
     return count > m_fixedRows ? std::clamp(row, m_fixedRows, count - 1) : 0;
 }
 
+void FlexGrid::showOnly(std::optional<std::vector<int>> rows) {
+    m_model->showOnly(std::move(rows));
+    select(m_row, m_model->shown().contains(m_rowSel - m_fixedRows) ? m_rowSel : m_row, m_column);
+}
+
 int FlexGrid::row() const {
     return nearestRow(m_row);
 }
@@ -127,7 +132,8 @@ void FlexGrid::select(int row, int rowSel, int column) {
     m_row = nearestRow(row);
     m_rowSel = nearestRow(rowSel);
     m_column = std::clamp(column, 0, columns() - 1);
-    if (std::max(m_row, m_rowSel) - m_fixedRows >= m_model->rowCount())
+    m_model->keep(m_row - m_fixedRows);
+    if (positionOf(std::max(m_row, m_rowSel)) >= m_model->rowCount())
         m_model->announce();
     showSelection();
 }
@@ -139,8 +145,8 @@ void FlexGrid::showSelection() {
         selectionModel()->clear();
         return;
     }
-    const int anchor = std::clamp(row() - m_fixedRows, 0, last);
-    const int end = std::clamp(rowSel() - m_fixedRows, 0, last);
+    const int anchor = std::clamp(positionOf(row()), 0, last);
+    const int end = std::clamp(positionOf(rowSel()), 0, last);
     const QItemSelection range(m_model->index(std::min(anchor, end), 0),
                                m_model->index(std::max(anchor, end), columns() - 1));
     selectionModel()->select(range, QItemSelectionModel::ClearAndSelect);
@@ -161,7 +167,7 @@ void FlexGrid::scrollToRow(int row) {
 }
 
 void FlexGrid::scrollToCell(int row, int column) {
-    scrollTo(m_model->index(row - m_fixedRows, shownColumn(column)));
+    scrollTo(m_model->index(positionOf(row), shownColumn(column)));
 }
 
 void FlexGrid::setCellBackground(int row, int column, quint32 colour) {
@@ -254,7 +260,7 @@ QRect FlexGrid::cellRect(int row, int column) const {
         sight = within->rect();
         place = QRect(horizontalHeader()->sectionViewportPosition(column), 0, columnWidth(column), sight.height());
     } else {
-        place = visualRect(m_model->index(row - m_fixedRows, column));
+        place = visualRect(m_model->index(positionOf(row), column));
     }
     if (place.intersects(sight))
         place &= sight;

@@ -45,6 +45,12 @@ public:
     void scrollToRow(int row);
     void scrollToCell(int row, int column);
 
+    // Shows only these rows, in ascending order, and the current row; std::nullopt shows all. Row numbers do not
+    // change. For a bound grid whose source gains rows at its end only; bind() and clear() show all rows again.
+    void showOnly(std::optional<std::vector<int>> rows);
+    // Returns the row that is `steps` shown rows after `from`, or -1 beyond the first and the last one.
+    int shownRow(int from, int steps) const;
+
     // Backgrounds are 24-bit numbers with red in the low byte. The text colour is chosen to be legible on them.
     void setCellBackground(int row, int column, quint32 colour);
     std::optional<quint32> cellBackground(int row, int column) const;
@@ -104,6 +110,9 @@ protected:
 
 private:
     int nearestRow(int row) const;
+    int nearestShown(int from, int steps) const;
+    int positionOf(int row) const;
+    int rowAtPosition(int position) const;
     int shownColumn(int wanted) const;
     void select(int row, int rowSel, int column);
     void showSelection();

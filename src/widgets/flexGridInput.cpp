@@ -1,6 +1,7 @@
 // The user's input on a flexible grid. The handlers of the view are not called: a slot connected to leaveCell may open
 // a box, change the rows or run the event loop, which must not happen inside a handler of the view.
 #include "widgets/flexGrid.h"
+#include "widgets/flexGridModel.h"
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHeaderView>
@@ -15,6 +16,25 @@ namespace widgets {
 
 namespace {
 constexpr int dragMilliseconds = 40;
+}
+
+// Positions count the shown rows of the view from 0, without the fixed rows.
+int FlexGrid::positionOf(int row) const {
+    return m_model->shown().positionOf(row - m_fixedRows);
+}
+
+int FlexGrid::rowAtPosition(int position) const {
+    return m_model->shown().rowAt(position) + m_fixedRows;
+}
+
+int FlexGrid::shownRow(int from, int steps) const {
+    const int position = positionOf(from) + steps;
+    return position >= 0 && position < m_model->shownCount() ? rowAtPosition(position) : -1;
+}
+
+int FlexGrid::nearestShown(int from, int steps) const {
+    const int count = m_model->shownCount();
+    return count == 0 ? nearestRow(from) : rowAtPosition(std::clamp(positionOf(from) + steps, 0, count - 1));
 }
 
 // Moves to another row and emits leaveCell and enterCell. The rows may change during leaveCell.
@@ -80,9 +100,9 @@ void FlexGrid::mousePressEvent(QMouseEvent *event) {
     if (m_pressed == Qt::RightButton)
         Q_EMIT rightPressed();
     else if (m_drags && event->modifiers().testFlag(Qt::ShiftModifier))
-        extendByUser(cell.row() + m_fixedRows);
+        extendByUser(rowAtPosition(cell.row()));
     else if (m_drags)
-        moveByUser(cell.row() + m_fixedRows, cell.column());
+        moveByUser(rowAtPosition(cell.row()), cell.column());
     if (self && byHand)
         QMetaObject::invokeMethod(this, &FlexGrid::settlePress, Qt::QueuedConnection);
 }
@@ -105,7 +125,7 @@ void FlexGrid::mouseMoveEvent(QMouseEvent *event) {
     if (m_dragDirection == 0) {
         m_dragTimer.stop();
         const int dataRow = rowAt(y); // -1 below the last row
-        extendByUser(dataRow < 0 ? rows() - 1 : dataRow + m_fixedRows);
+        extendByUser(dataRow < 0 ? nearestShown(rows(), 0) : rowAtPosition(dataRow));
     } else if (!m_dragTimer.isActive()) {
         m_dragTimer.start(dragMilliseconds, this);
     }
@@ -117,7 +137,7 @@ void FlexGrid::timerEvent(QTimerEvent *event) {
         return;
     }
     if (QGuiApplication::mouseButtons().testFlag(Qt::LeftButton))
-        extendByUser(rowSel() + m_dragDirection);
+        extendByUser(nearestShown(rowSel(), m_dragDirection));
     else
         m_dragTimer.stop();
 }
@@ -144,7 +164,7 @@ void FlexGrid::mouseDoubleClickEvent(QMouseEvent *event) {
         return;
     const QPointer<FlexGrid> self(this);
     if (const QModelIndex cell = indexAt(event->position().toPoint()); cell.isValid())
-        moveByUser(cell.row() + m_fixedRows, cell.column()); // the first press may have gone to a box
+        moveByUser(rowAtPosition(cell.row()), cell.column()); // the first press may have gone to a box
     if (self && rows() > m_fixedRows)
         Q_EMIT gridActivated();
 }
@@ -156,17 +176,17 @@ std::optional<int> FlexGrid::rowOfKey(const QKeyEvent *event) const {
     const bool control = event->modifiers().testFlag(Qt::ControlModifier);
     switch (event->key()) {
     case Qt::Key_Up:
-        return from - 1;
+        return nearestShown(from, -1);
     case Qt::Key_Down:
-        return from + 1;
+        return nearestShown(from, 1);
     case Qt::Key_PageUp:
-        return from - page;
+        return nearestShown(from, -page);
     case Qt::Key_PageDown:
-        return from + page;
+        return nearestShown(from, page);
     case Qt::Key_Home:
-        return control ? std::optional(m_fixedRows) : std::nullopt;
+        return control ? std::optional(nearestShown(m_fixedRows, 0)) : std::nullopt;
     case Qt::Key_End:
-        return control ? std::optional(rows() - 1) : std::nullopt;
+        return control ? std::optional(nearestShown(rows(), 0)) : std::nullopt;
     default:
         return std::nullopt;
     }
@@ -175,7 +195,7 @@ std::optional<int> FlexGrid::rowOfKey(const QKeyEvent *event) const {
 void FlexGrid::copySelection() const {
     const auto [first, last] = std::minmax({row(), rowSel()});
     QString copied;
-    for (int row = first; row <= last; ++row) {
+    for (int row = first; row >= 0 && row <= last; row = shownRow(row, 1)) {
         bool behind = false;
         for (int column = 0; column < columns(); ++column) {
             if (isColumnHidden(column))

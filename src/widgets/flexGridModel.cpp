@@ -49,7 +49,7 @@ void FlexGridModel::setDataRows(int count) {
 
 void FlexGridModel::announce() {
     m_pace.stop();
-    const int count = dataRows();
+    const int count = shownCount();
     if (count > m_announced) {
         beginInsertRows({}, m_announced, count - 1);
         m_announced = count;
@@ -93,8 +93,52 @@ FlexGridModel::Cell &FlexGridModel::touch(int row, int column) {
 }
 
 void FlexGridModel::changed(int row, int column) {
-    if (row < m_announced)
-        Q_EMIT dataChanged(index(row, column), index(row, column));
+    const int position = m_shown.positionOf(row);
+    if (position < m_announced && m_shown.contains(row))
+        Q_EMIT dataChanged(index(position, column), index(position, column));
+}
+
+// Replaces the positions from the first difference on, so that the view is consistent in between.
+void FlexGridModel::showOnly(std::optional<std::vector<int>> rows) {
+    platform::ShownRows next = m_shown;
+    next.filter(std::move(rows));
+    const int common = std::min(m_announced, next.count(dataRows()));
+    int head = 0;
+    while (head < common && m_shown.rowAt(head) == next.rowAt(head))
+        ++head;
+    const bool removing = head < m_announced;
+    if (removing)
+        beginRemoveRows({}, head, m_announced - 1);
+    m_shown = std::move(next);
+    m_announced = head;
+    if (removing)
+        endRemoveRows();
+    announce();
+}
+
+// The view may call keep() for the same row when it learns of the removal.
+void FlexGridModel::keep(int row) {
+    if (row == m_shown.kept())
+        return;
+    platform::ShownRows without = m_shown;
+    without.keep(-1);
+    const int former = m_shown.kept();
+    const int position = m_shown.positionOf(former);
+    if (former >= 0 && !without.contains(former) && position < m_announced) {
+        beginRemoveRows({}, position, position);
+        m_shown = without;
+        --m_announced;
+        endRemoveRows();
+    }
+    if (row == m_shown.kept())
+        return;
+    if (without.contains(row) || row < 0 || row >= dataRows())
+        return m_shown.keep(row);
+    const int place = without.positionOf(row);
+    beginInsertRows({}, place, place);
+    m_shown.keep(row);
+    ++m_announced;
+    endInsertRows();
 }
 
 QString FlexGridModel::text(int row, int column) const {
@@ -154,7 +198,7 @@ void FlexGridModel::sourceChanged(int row, int column) {
 }
 
 void FlexGridModel::clear() {
-    announce();
+    showOnly(std::nullopt);
     m_rows.clear();
     m_rows.resize(std::size_t(m_announced));
     m_source.reset();
@@ -173,6 +217,7 @@ void FlexGridModel::bind(std::shared_ptr<const platform::TableSource> source) {
     m_rows.clear();
     m_overrides.clear();
     m_leastRows = 0;
+    m_shown.filter(std::nullopt);
     m_source = std::move(source);
     if (removing)
         endRemoveRows();
@@ -228,12 +273,15 @@ int FlexGridModel::columnCount(const QModelIndex &parent) const {
 }
 
 QVariant FlexGridModel::data(const QModelIndex &index, int role) const {
+    if (!index.isValid() || index.row() >= m_announced)
+        return {};
+    const int row = m_shown.rowAt(index.row());
     if (role == Qt::DisplayRole)
-        return shownText(text(index.row(), index.column()));
-    if (role == Qt::TextAlignmentRole && index.isValid())
+        return shownText(text(row, index.column()));
+    if (role == Qt::TextAlignmentRole)
         return QVariant::fromValue(m_columns[std::size_t(index.column())].alignment);
     if (role == Qt::BackgroundRole || role == Qt::ForegroundRole) {
-        const std::optional<quint32> colour = background(index.row(), index.column());
+        const std::optional<quint32> colour = background(row, index.column());
         if (!colour)
             return {};
         const QColor back = colourFromNumber(*colour);

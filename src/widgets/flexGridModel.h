@@ -3,8 +3,12 @@
 // the model returns an empty text; writing there does nothing. dataRows() returns the actual number of rows. The view
 // learns of the growth of a source at most once per frame, so rowCount() may be smaller until announce() or the next
 // frame.
+//
+// A view has positions: those of the shown rows, which are all rows unless showOnly() filters them. Indexes of the
+// model count positions, everything else counts rows.
 #pragma once
 
+#include "platform/shownRows.h"
 #include "platform/tableSource.h"
 #include <QAbstractTableModel>
 #include <QTimer>
@@ -32,6 +36,13 @@ public:
     void sourceRemovedRow(int row);
     void sourceChanged(int row, int column);
     void announce(); // reports all rows to the view at once
+
+    // Shows only these rows and the kept one; see ShownRows. A bound model with a filter gains and loses rows at its
+    // end only. clear() and bind() end the filter.
+    void showOnly(std::optional<std::vector<int>> rows);
+    void keep(int row);
+    const platform::ShownRows &shown() const { return m_shown; }
+    int shownCount() const { return m_shown.count(dataRows()); }
 
     QString heading(int column) const;
     void setHeading(int column, const QString &text);
@@ -69,7 +80,8 @@ private:
     std::shared_ptr<const platform::TableSource> m_source;
     std::unordered_map<int, Row> m_overrides; // texts and backgrounds written over the source
     int m_leastRows = 0;                      // rows of a bound model, if the source has fewer
-    int m_announced = 0;
+    platform::ShownRows m_shown;
+    int m_announced = 0; // positions
     QTimer m_pace;
 };
 

@@ -22,6 +22,10 @@ void DraftBook::taken(int row, const marc::RawRecord &before, const marc::RawRec
     ++m_revision;
 }
 
+std::vector<int> DraftBook::takenRows() const {
+    return {m_taken.keyBegin(), m_taken.keyEnd()};
+}
+
 void DraftBook::imported(const std::function<bool(int row)> &wentIn) {
     if (m_taken.removeIf([&](Drafts::iterator draft) { return wentIn(draft.key()); }) > 0)
         ++m_revision;

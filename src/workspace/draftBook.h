@@ -10,6 +10,7 @@
 #include <QMap>
 #include <functional>
 #include <optional>
+#include <vector>
 
 namespace workspace {
 
@@ -31,6 +32,8 @@ public:
 
     // Records that the list now holds `after` instead of `before`.
     void taken(int row, const marc::RawRecord &before, const marc::RawRecord &after);
+    // Returns the rows whose records were taken over and not imported, in ascending order.
+    std::vector<int> takenRows() const;
     // Records that the rows for which `wentIn` returns true were imported as the list holds them.
     void imported(const std::function<bool(int row)> &wentIn);
 

@@ -1,9 +1,11 @@
 #include "widgets/flexGrid.h"
+#include "support/dice.h"
 #include "support/qtPrinters.h"
 #include <QClipboard>
 #include <QHeaderView>
 #include <QScrollBar>
 #include <QTest>
+#include <set>
 
 using namespace widgets;
 
@@ -63,6 +65,68 @@ struct FlexGridTest : testing::Test {
     FlexGrid grid{u"Grid1"_s, 4, 1, &window};
     QStringList log;
 };
+
+// Random filters, steps and growth, compared with a set of rows.
+TEST_F(FlexGridTest, AFilteredGridShowsItsRowsAndTheCurrentOne) {
+    Dice dice(7);
+    const auto source = std::make_shared<Source>(40);
+    FlexGrid list(u"Grid2"_s, 2, 0, &window);
+    list.bind(source);
+    std::set<int> wanted;
+    bool filtered = false;
+    for (int act = 0; act < 600; ++act) {
+        std::set<int> shown = wanted;
+        for (int row = 0; row < source->count && !filtered; ++row)
+            shown.insert(row);
+        shown.insert(list.row());
+        const int before = list.row();
+        const auto place = shown.find(before);
+        int expected = before;
+        switch (const int what = dice.below(8)) {
+        case 0:
+            filtered = dice.below(4) > 0;
+            wanted.clear();
+            for (int i = filtered ? dice.below(12) : 0; i > 0; --i)
+                wanted.insert(dice.below(source->count));
+            list.showOnly(filtered ? std::optional(std::vector<int>(wanted.begin(), wanted.end())) : std::nullopt);
+            break;
+        case 1:
+            source->count += dice.below(3);
+            list.sourceHasGrown();
+            break;
+        case 2:
+            expected = dice.below(source->count);
+            list.clickRow(expected);
+            break;
+        case 3:
+            expected = *shown.rbegin();
+            QTest::keyClick(&list, Qt::Key_End, Qt::ControlModifier);
+            break;
+        case 4:
+            list.setCellBackground(before, 1, quint32(before));
+            break;
+        default:
+            if (what % 2 && place != shown.begin())
+                expected = *std::prev(place);
+            else if (what % 2 == 0 && std::next(place) != shown.end())
+                expected = *std::next(place);
+            QTest::keyClick(&list, what % 2 ? Qt::Key_Up : Qt::Key_Down);
+        }
+        ASSERT_EQ(list.row(), expected) << act;
+        if (!filtered)
+            continue;
+        shown = wanted;
+        shown.insert(expected);
+        QList<QString> texts;
+        for (int position = 0; position < list.model()->rowCount(); ++position)
+            texts.append(list.model()->index(position, 1).data().toString());
+        QList<QString> rows;
+        for (const int row : shown)
+            rows.append(list.text(row, 1));
+        ASSERT_EQ(texts, rows) << act;
+        ASSERT_EQ(list.currentIndex().row(), rows.indexOf(list.text(expected, 1))) << act;
+    }
+}
 
 TEST_F(FlexGridTest, CellsMoveWithTheirRowsAndTheCurrentNumberStays) {
     const auto source = std::make_shared<Source>(0, QStringList{u"a"_s, u"b"_s, u"c"_s, u"d"_s});

@@ -62,6 +62,7 @@ TEST_F(Desk, FindsRecordsAndTags) {
     EXPECT_EQ(window.record().row(window.Grid1->row()).identifier, u"200"_s);
     QTest::keyClick(&window, Qt::Key_PageDown, Qt::ControlModifier);
     EXPECT_EQ(window.Grid2->row(), 17);
+    EXPECT_EQ(window.record().row(window.Grid1->row()).identifier, u"200"_s) << "the next record opens there";
 }
 
 TEST_F(Desk, TabGoesThroughTheWindowAsItIsRead) {
@@ -80,7 +81,7 @@ TEST_F(Desk, TabGoesThroughTheWindowAsItIsRead) {
     } while (!window.Grid2->hasFocus() && names.size() < 30);
     EXPECT_EQ(names, (QStringList{u"Grid2"_s, u"Grid1"_s, u"wholeText"_s, u"pane"_s, u"cmdWholeText"_s,
                                   u"cmdProofAll"_s, u"cmdTiMing0"_s, u"cmdTiMing1"_s, u"cmdclick0"_s, u"cmdclick1"_s,
-                                  u"cmdclick2"_s, u"cmdclick3"_s, u"cmdclick4"_s, u"cmdclick5"_s, u"cmdclick6"_s}));
+                                  u"cmdclick2"_s, u"cmdclick3"_s, u"cmdclick4"_s, u"cmdclick5"_s, u"cmdclick6"_s, u"filterBox"_s}));
 }
 
 // Only one editor at a time, and no command without a record.

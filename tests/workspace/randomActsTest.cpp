@@ -97,11 +97,12 @@ struct RandomActs : Workspace {
         return keep;
     }
     void step(int by) {
-        const int next = model.row + by;
-        if (next < 0 || next >= model.list.size())
+        const QList<int> shown = model.shownRows();
+        const qsizetype next = shown.indexOf(model.row) + by;
+        if (next < 0 || next >= shown.size())
             return;
         model.leave(answerIfAsked(), false);
-        model.enter(next);
+        model.enter(shown[next]);
         if (dice.below(2))
             form->cmdTiMing[by > 0 ? 1 : 0]->click();
         else
@@ -119,6 +120,35 @@ struct RandomActs : Workspace {
         form->findLine->findText->setText(QString::number(row + 1));
         key(form->findLine->findText, Qt::Key_Return);
         key(form->findLine->findText, Qt::Key_Escape);
+    }
+
+    void filter() {
+        model.remarked.clear();
+        for (int i = dice.below(9); i > 0; --i)
+            model.remarked.insert(dice.below(model.listed));
+        pane.remarked = {model.remarked.cbegin(), model.remarked.cend()};
+        std::ranges::sort(pane.remarked);
+        pane.needs.changed();
+        if (dice.below(2))
+            return; // with the same filter
+        model.filter = dice.below(3);
+        form->filterBox->setCurrentIndex(model.filter);
+        Q_EMIT form->filterBox->activated(model.filter);
+    }
+    void compareShown() {
+        form->parts().filter.update();
+        const QList<int> shown = model.shownRows();
+        int row = form->Grid2->shownRow(0, 0);
+        for (int position = 0; position < shown.size(); ++position) {
+            ASSERT_EQ(row, shown[position]);
+            const QAbstractItemModel *view = form->Grid2->model();
+            if (model.filter != 0) {
+                ASSERT_EQ(view->index(position, 0).data().toString(), form->records().number(row));
+            }
+            row = form->Grid2->shownRow(row, 1);
+        }
+        ASSERT_EQ(row, -1);
+        ASSERT_EQ(form->Grid2->currentIndex().row(), shown.indexOf(model.row));
     }
 
     int anyRow() { return 1 + dice.below(model.grid.rows.size()); }
@@ -216,9 +246,10 @@ struct RandomActs : Workspace {
         const int how = dice.below(6);
         if (how == 0)
             return key(list, Qt::Key_Escape);
-        if (how == 1 && model.row + 1 < model.list.size()) { // moves to the next record with the list open
+        if (how == 1 && model.shownRows().last() != model.row) { // moves to the next record with the list open
+            const QList<int> shown = model.shownRows();
             model.leave(answerIfAsked(), false);
-            model.enter(model.row + 1);
+            model.enter(shown[shown.indexOf(model.row) + 1]);
             return key(form->Grid1, Qt::Key_PageDown, Qt::ControlModifier);
         }
         list->setCurrentRow(dice.below(list->count()));
@@ -317,6 +348,7 @@ struct RandomActs : Workspace {
             {"undo", [this] { go(-1); }},
             {"redo", [this] { go(1); }},
             {"tick", [this] { tick(); }},
+            {"filter", [this] { filter(); }},
         };
         static const QList<std::pair<const char *, std::function<void()>>> rare{
             {"read on", [this] { readOn(); }},
@@ -356,6 +388,7 @@ struct RandomActs : Workspace {
             ASSERT_EQ(form->records().record(row), model.list[row]) << row;
             ASSERT_EQ(form->records().title(row), model.titles[row]) << row;
         }
+        compareShown();
         ASSERT_EQ(form->draftBar->isVisible(), model.offered);
         ASSERT_FALSE(form->zdList->isVisible() || form->Zzdlist->isVisible());
         ASSERT_EQ(form->parts().drafts.changed(), model.changedCount());

@@ -17,6 +17,7 @@ struct PaneDouble {
     workspace::RemarksNeeds needs;
     QStringList asked;
     bool empty = true;
+    std::vector<int> remarked;
 
     workspace::RemarksPane make(const workspace::RemarksNeeds &given) {
         needs = given;
@@ -33,6 +34,7 @@ struct PaneDouble {
                         asked.append(u"refused "_s + QString::number(refused.size()));
                     },
                 .isEmpty = [this] { return empty; },
+                .rowsWithRemarks = [this] { return remarked; },
                 .end = [this] { asked.append(u"end"_s); }};
     }
 };

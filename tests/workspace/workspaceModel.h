@@ -59,6 +59,8 @@ struct WorkspaceModel {
     QMap<int, QString> origins; // of the rows changed since the window was opened
     bool restoring = false;
     bool offered = false;
+    int filter = 0; // 0: all records, 1: those with a remark, 2: the changed ones
+    QSet<int> remarked;
     std::optional<std::pair<int, QString>> typing;
 
     static bool sameRows(const marc::FieldRows &one, const marc::FieldRows &other) {
@@ -79,6 +81,7 @@ struct WorkspaceModel {
         left.clear();
         origins.clear();
         restoring = offered = false;
+        filter = 0;
         typing.reset();
         row = 0;
         grid = {};
@@ -125,6 +128,13 @@ struct WorkspaceModel {
                });
     }
     qsizetype changedCount() const { return taken.size() + (differs(grid) && !taken.contains(row) ? 1 : 0); }
+    QList<int> shownRows() const {
+        QList<int> rows;
+        for (int at = 0; at < list.size(); ++at)
+            if (filter == 0 || at == row || (filter == 1 ? remarked.contains(at) : taken.contains(at)))
+                rows.append(at);
+        return rows;
+    }
     OnDisk drafts() const {
         OnDisk result{files[path].version, taken, left};
         if (differs(seen()))

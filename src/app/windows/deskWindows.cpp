@@ -115,12 +115,14 @@ workspace::RemarksPane DeskWindows::makeRemarks(const workspace::RemarksNeeds &n
     auto *pane = new batch::RemarksPane(m_host, {needs.records, needs.recordsInFile, proof, m_state});
     QObject::connect(pane, &batch::RemarksPane::jump, pane, needs.jump);
     QObject::connect(pane, &batch::RemarksPane::left, pane, needs.leave);
+    QObject::connect(pane, &batch::RemarksPane::changed, pane, needs.changed);
     QObject::connect(pane, &batch::RemarksPane::ended, pane,
                      [tell = needs.tell](const QString &words) { tell(words + u"，F8 列出"); });
     return {.widget = pane,
             .proofAll = [pane] { pane->proofAll(); },
             .listRefused = [pane](auto refused) { pane->listRefused(std::move(refused)); },
             .isEmpty = [pane] { return pane->isEmpty(); },
+            .rowsWithRemarks = [pane] { return pane->rowsWithRemarks(); },
             .end = [pane] { pane->end(); }};
 }
 

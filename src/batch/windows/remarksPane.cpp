@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QPointer>
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -70,16 +72,31 @@ void RemarksPane::proofAll() {
     m_run = run;
     m_running = true;
     proofTable->begin();
+    Q_EMIT changed();
     turnTo(proofTable);
     offerOther();
     stopButton->show();
     while (run->hasNext()) {
-        proofTable->take(run->step());
+        takeRemarks(run->step());
         proofTable->words->setPacedText(run->progressText(proofTable->remarks().found()) + u"　F8 收起，校对不停");
         if (!goesOn(number))
             return;
     }
     finish();
+}
+
+void RemarksPane::takeRemarks(std::vector<Remark> remarks) {
+    if (remarks.empty())
+        return;
+    proofTable->take(std::move(remarks));
+    Q_EMIT changed();
+}
+
+std::vector<int> RemarksPane::rowsWithRemarks() const {
+    const std::vector<int> proved = proofTable->remarks().records(), refused = refusedTable->remarks().records();
+    std::vector<int> rows;
+    std::ranges::set_union(proved, refused, std::back_inserter(rows));
+    return rows;
 }
 
 // Processes events. Returns false if the run is over; then nothing of the pane may be touched.
@@ -116,6 +133,7 @@ void RemarksPane::listRefused(RefusedRecords refused) {
     refusedTable->words->setText(u"未成功 %1 条"_s.arg(refusedTable->remarks().found()));
     offerOther();
     turnTo(m_refused.empty() ? proofTable : refusedTable);
+    Q_EMIT changed();
 }
 
 void RemarksPane::saveRecords() {

@@ -32,6 +32,9 @@ public:
     // Returns whether there is neither a proof nor a refused record to show.
     bool isEmpty() const { return m_run == nullptr && m_refused.empty(); }
 
+    // Returns the rows of the list with a remark of the last proof or refused by the last import, in ascending order.
+    std::vector<int> rowsWithRemarks() const;
+
     RemarkTable *proofTable;
     widgets::Button *stopButton; // shown during a run
     widgets::Button *toRefusedButton;
@@ -42,6 +45,7 @@ public:
 Q_SIGNALS:
     void jump(const marc::FieldPlace &place);
     void left();                      // by Esc: the focus should go back
+    void changed();                   // remarks were added or removed
     void ended(const QString &words); // a run ended while the pane was hidden
 
 protected:
@@ -51,6 +55,7 @@ private:
     void lay();
     void turnTo(RemarkTable *table);
     void offerOther();
+    void takeRemarks(std::vector<Remark> remarks);
     bool goesOn(int run);
     void finish();
     void saveRecords();

@@ -1,6 +1,7 @@
 #include "workspace/windows/draftKeeper.h"
 #include "marc/fieldLookup.h"
 #include <QSet>
+#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -145,9 +146,11 @@ void DraftKeeper::touch() {
         m_pace.start();
 }
 
-qsizetype DraftKeeper::changed() const {
-    const bool inGridAlone = m_record.differsFromList() && !m_book.isTaken(m_list.row());
-    return m_book.takenCount() + (inGridAlone ? 1 : 0);
+std::vector<int> DraftKeeper::changedRows() const {
+    std::vector<int> rows = m_book.takenRows();
+    if (m_record.differsFromList() && !m_book.isTaken(m_list.row()))
+        rows.insert(std::ranges::lower_bound(rows, m_list.row()), m_list.row());
+    return rows;
 }
 
 RecordState DraftKeeper::typed() const {

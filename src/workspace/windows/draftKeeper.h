@@ -34,7 +34,8 @@ public:
     void write();                 // writes at once
     // Returns the milliseconds until the next write; -1 if none is scheduled.
     int dueIn() const { return m_pace.remainingTime(); }
-    qsizetype changed() const; // records changed and not yet imported
+    qsizetype changed() const { return qsizetype(changedRows().size()); }
+    std::vector<int> changedRows() const; // of records changed and not yet imported, in ascending order
 
 Q_SIGNALS:
     void offered(qsizetype records);

@@ -25,6 +25,7 @@ frmDaoru::frmDaoru(platform::Host &host, WorkspaceWindows windows, QWidget *pare
     : Window(u"frmDaoru"_s, u"套录库数据导入"_s, parent)
     , picTiMing(named(new QFrame(this), u"picTiMing"_s))
     , Grid2(new RecordList(u"Grid2"_s, picTiMing))
+    , filterBox(named(new QComboBox(this), u"filterBox"_s, u"列出哪些记录"_s))
     , Picture1(named(new QFrame(this), u"Picture1"_s))
     , Grid1(new FieldGrid(u"Grid1"_s, Picture1))
     , Label1{named(new QLabel(u"当前记录"_s, this), u"Label10"_s), named(new QLabel(u"已经读出"_s, this), u"Label11"_s),
@@ -39,12 +40,12 @@ frmDaoru::frmDaoru(platform::Host &host, WorkspaceWindows windows, QWidget *pare
     , labStatus(new widgets::PacedLabel(u"labStatus"_s, {}, this))
     , findLine(new FindLine(*Grid2, this))
     , cmdProofAll(new Button(u"cmdProofAll"_s, u"&D 校对全部"_s, this))
-    , room(new WorkspaceRoom(picTiMing, Picture1, this))
+    , room(new WorkspaceRoom(listSide(filterBox, picTiMing), Picture1, this))
     , draftBar(new DraftBar(this))
     , m_host(host)
     , m_windows(std::move(windows))
     , m_parts(std::make_unique<WorkspaceParts>(
-          WorkspaceParts::Desk{this, *Grid1, *Grid2, *findLine, *labStatus, *m_record, host, m_windows},
+          WorkspaceParts::Desk{this, *Grid1, *Grid2, *findLine, *filterBox, *labStatus, *m_record, host, m_windows},
           damagedDirectory())) {
     setUp();
 }
@@ -63,6 +64,7 @@ void frmDaoru::setUp() {
     connectGrids();
     connectHelpers();
     connectRemarks();
+    connectFilter();
     connectButtons();
     recall();
 }
@@ -155,6 +157,15 @@ void frmDaoru::connectRemarks() {
     connect(this, &Window::unloaded, &m_parts->remarks, &RemarkJumps::end);
 }
 
+void frmDaoru::connectFilter() {
+    ListFilter *filter = &m_parts->filter;
+    connect(filter, &ListFilter::told, &m_parts->status, &StatusLine::sayOfRecord);
+    connect(&m_parts->remarks, &RemarkJumps::remarksChanged, filter, &ListFilter::updateSoon);
+    connect(Grid2, &RecordList::taken, filter, &ListFilter::updateSoon);
+    for (const auto changed : {&EditedRecord::shown, &EditedRecord::edited})
+        connect(m_record.get(), changed, filter, &ListFilter::updateSoon);
+}
+
 void frmDaoru::showWholeText() {
     room->showText(m_record->row(Grid1->row()).value, Grid1->isCoded(Grid1->row()));
 }
@@ -165,6 +176,7 @@ void frmDaoru::importRecords() {
     if (!outcome)
         return;
     m_parts->drafts.imported(*outcome);
+    m_parts->filter.updateSoon();
     showImported(*outcome);
 }
 
@@ -279,7 +291,8 @@ void frmDaoru::allowCommands(bool allowed) {
         button->setEnabled(allowed);
     for (Button *button : cmdTiMing)
         button->setEnabled(allowed);
-    for (QWidget *addition : std::initializer_list<QWidget *>{draftBar, findLine, cmdProofAll, room->cmdWholeText})
+    for (QWidget *addition :
+         std::initializer_list<QWidget *>{draftBar, findLine, filterBox, cmdProofAll, room->cmdWholeText})
         addition->setEnabled(allowed);
 }
 

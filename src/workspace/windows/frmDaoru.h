@@ -11,6 +11,7 @@
 #include <array>
 #include <memory>
 
+class QComboBox;
 class QFrame;
 class QLabel;
 class QLineEdit;
@@ -57,6 +58,7 @@ public:
 
     QFrame *picTiMing;
     RecordList *Grid2;
+    QComboBox *filterBox; // above Grid2
     QFrame *Picture1;
     FieldGrid *Grid1;
     std::array<QLabel *, 3> Label1;
@@ -91,6 +93,7 @@ private:
     void connectGrids();
     void connectHelpers();
     void connectRemarks();
+    void connectFilter();
     void connectButtons();
 
     void listed(int count);

@@ -53,8 +53,8 @@ void RecordMoving::leaveStep() {
 
 void RecordMoving::step(int by) {
     const int row = m_list.row();
-    const int next = row + by;
-    if (row < 0 || next < 0 || next >= m_list.records().rowCount())
+    const int next = m_list.shownRow(row, by);
+    if (row < 0 || next < 0)
         return;
     if (m_record.state().edited) {
         // The title in the list does not change, and the `edited` mark remains until a record is shown.

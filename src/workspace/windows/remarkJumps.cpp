@@ -22,7 +22,8 @@ RemarksNeeds RemarkJumps::needs(std::function<qint64()> recordsInFile) {
             .recordsInFile = std::move(recordsInFile),
             .jump = [this](const marc::FieldPlace &place) { jump(place); },
             .leave = [this] { m_parts.fields.setFocus(); },
-            .tell = [this](const QString &words) { Q_EMIT told(words); }};
+            .tell = [this](const QString &words) { Q_EMIT told(words); },
+            .changed = [this] { Q_EMIT remarksChanged(); }};
 }
 
 void RemarkJumps::show() {

@@ -30,10 +30,13 @@ public:
     void jump(const marc::FieldPlace &place);
     // Sets whether the pane can be used; it cannot while an editor is open.
     void allow(bool allowed);
+    bool isEmpty() const { return m_pane.isEmpty(); }
+    std::vector<int> rowsWithRemarks() const { return m_pane.rowsWithRemarks(); }
     void end() { m_pane.end(); } // ends a running proof
 
 Q_SIGNALS:
     void told(const QString &words);
+    void remarksChanged();
     void rowChosen(); // another row of the field grid is current
 
 private:

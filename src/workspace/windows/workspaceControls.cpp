@@ -1,4 +1,5 @@
 #include "workspace/windows/workspaceControls.h"
+#include "widgets/layout.h"
 
 using namespace Qt::StringLiterals;
 using widgets::Button;
@@ -30,6 +31,17 @@ std::array<Button *, 7> commandButtons(QWidget *parent) {
         made[i]->setToolTip(commandCaptions[i].hint.toString());
     }
     return made;
+}
+
+QWidget *listSide(QComboBox *filterBox, QWidget *list) {
+    filterBox->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    filterBox->setMinimumContentsLength(1);
+    filterBox->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    filterBox->setToolTip(u"只影响列出哪些；导入和“校对全部”仍是读出的全部记录"_s);
+    auto *side = widgets::named(new QWidget, u"listSide"_s);
+    side->setLayout(widgets::column({filterBox, {list, 1}}));
+    side->layout()->setContentsMargins(0, 0, 0, 0);
+    return side;
 }
 
 // Creates a box for a number next to its label, wide enough for any record count.

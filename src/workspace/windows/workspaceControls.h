@@ -3,6 +3,7 @@
 
 #include "widgets/button.h"
 #include "widgets/pacedLabel.h"
+#include <QComboBox>
 #include <array>
 
 namespace workspace {
@@ -10,5 +11,8 @@ namespace workspace {
 std::array<widgets::Button *, 7> commandButtons(QWidget *parent); // cmdclick
 // Creates a box for a number next to its label, wide enough for any record count.
 widgets::PacedLabel *numberBox(const QString &name, const QString &meaning, QWidget *parent);
+
+// Puts the box that filters the title list above it; the box never makes the list wider.
+QWidget *listSide(QComboBox *filterBox, QWidget *list);
 
 } // namespace workspace

@@ -11,6 +11,10 @@ WorkspaceParts::WorkspaceParts(const Desk &desk, const marc::DamagedDirectory &d
     , drafts(desk.list, desk.record, desk.host, [this] { return editors.typing(); })
     , keys({desk.fields, desk.list, desk.record, editors, fieldCommands, moving, desk.find}, desk.window)
     , remarks({desk.fields, desk.list, desk.record, keys}, desk.windows, [this] { return reading.recordsInFile(); })
-    , status(desk.status, {desk.record, desk.list, editors, reading, drafts}) {}
+    , status(desk.status, {desk.record, desk.list, editors, reading, drafts})
+    , filter(desk.filterBox, desk.list,
+             {.remarked = [this] { return remarks.rowsWithRemarks(); },
+              .changed = [this] { return drafts.changedRows(); }},
+             [this] { return !remarks.isEmpty(); }) {}
 
 } // namespace workspace

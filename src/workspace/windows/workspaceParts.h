@@ -2,6 +2,7 @@
 // helper gets the objects that it works on.
 #pragma once
 
+#include "workspace/windows/listFilter.h"
 #include "workspace/windows/recordCommands.h"
 #include "workspace/windows/recordMoving.h"
 #include "workspace/windows/remarkJumps.h"
@@ -16,6 +17,7 @@ struct WorkspaceParts {
         FieldGrid &fields;
         RecordList &list;
         FindLine &find;
+        QComboBox &filterBox;
         widgets::PacedLabel &status;
         EditedRecord &record;
         platform::Host &host;
@@ -33,6 +35,7 @@ struct WorkspaceParts {
     DeskKeys keys;
     RemarkJumps remarks;
     StatusLine status;
+    ListFilter filter;
 };
 
 } // namespace workspace

@@ -33,6 +33,8 @@ struct RemarksPane {
     std::function<void()> proofAll = [] {};
     std::function<void(std::vector<marc::RefusedRecord>)> listRefused = [](const auto &) {};
     std::function<bool()> isEmpty = [] { return true; };
+    // Returns the rows of the list that have a remark, in ascending order.
+    std::function<std::vector<int>()> rowsWithRemarks = [] { return std::vector<int>(); };
     std::function<void()> end = [] {}; // ends a running proof
 };
 
@@ -43,6 +45,7 @@ struct RemarksNeeds {
     std::function<void(const marc::FieldPlace &)> jump;
     std::function<void()> leave; // moves the focus back to the fields
     std::function<void(const QString &)> tell;
+    std::function<void()> changed; // call when remarks were added or removed; often in a run
 };
 
 struct WorkspaceWindows {
