@@ -42,8 +42,8 @@ void DeskKeys::bindAll() {
             act();
         });
     };
-    whenFree(Qt::ControlModifier | Qt::Key_PageUp, [this] { m_parts.moving.step(-1); });
-    whenFree(Qt::ControlModifier | Qt::Key_PageDown, [this] { m_parts.moving.step(1); });
+    whenFree(Qt::ControlModifier | Qt::Key_PageUp, [this] { stepAtField(-1); });
+    whenFree(Qt::ControlModifier | Qt::Key_PageDown, [this] { stepAtField(1); });
     // An open editor and the find line have their own undo.
     whenFree(QKeySequence::Undo, [this] { goBack(m_parts.record.undo(), u"已撤销："_s, u"没有可撤销的修改"_s); });
     whenFree(Qt::ControlModifier | Qt::Key_Y,
@@ -63,6 +63,18 @@ void DeskKeys::bindAll() {
         if (!keys[item - 1].isEmpty() && keys[item - 1] != QKeySequence(Qt::Key_Return)) // handled by the grid itself
             bind(&m_parts.fields, keys[item - 1], Qt::WidgetShortcut,
                  [this, item] { m_parts.commands.runByKey(item); });
+}
+
+void DeskKeys::stepAtField(int by) {
+    const int before = m_parts.list.row();
+    m_stay.leave(m_parts.record.rows(), m_parts.fields.row());
+    m_parts.moving.step(by);
+    if (m_parts.list.row() == before)
+        return;
+    m_parts.fields.setRow(m_stay.enter(m_parts.record.rows()));
+    Q_EMIT rowChosen();
+    if (!m_stay.missingTag().isEmpty())
+        Q_EMIT told(u"没有字段 "_s + m_stay.missingTag());
 }
 
 // Makes the changed row current, so that the user sees what was undone.

@@ -1,7 +1,8 @@
-// The keys of the workspace that no caption shows: moving to a record or a tag, undo and redo. They do nothing while an
-// editor is open or another window is in front.
+// The keys of the workspace that no caption shows: moving to a record or a tag, stepping through the records at the
+// same field, undo and redo. They do nothing while an editor is open or another window is in front.
 #pragma once
 
+#include "workspace/fieldStay.h"
 #include "workspace/windows/fieldCommands.h"
 #include "workspace/windows/findLine.h"
 #include "workspace/windows/recordMoving.h"
@@ -40,11 +41,13 @@ private:
     template <class Act>
     void bind(QWidget *where, const QKeySequence &key, Qt::ShortcutContext context, Act act);
     void bindAll();
+    void stepAtField(int by);
     void goToWords(const QString &words);
     void goBack(const std::optional<EditedRecord::Gone> &gone, const QString &done, const QString &nothing);
 
     Parts m_parts;
     QWidget *m_window;
+    FieldStay m_stay;
 };
 
 } // namespace workspace
