@@ -77,6 +77,10 @@ IsbnKey isbnKey(QStringView text) {
     return QString(twelve + checkDigit13(twelve)).toULongLong();
 }
 
+bool isRightIsbn10(IsbnKey key) {
+    return key != 0 && key < beyondLongForm;
+}
+
 bool isIsbn13(QStringView text) {
     const QString plain = plainNumber(text);
     return plain.size() == longForm && areDigits(plain);

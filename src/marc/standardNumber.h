@@ -19,6 +19,9 @@ using IsbnKey = quint64;
 // of the same ten characters. The check digit of a 13-digit ISBN is not checked.
 IsbnKey isbnKey(QStringView text);
 
+// Returns whether the key of a ten-digit ISBN tells that its check digit is correct.
+bool isRightIsbn10(IsbnKey key);
+
 // Returns whether the text starts with a 13-digit ISBN, correct or not.
 bool isIsbn13(QStringView text);
 // Returns the fault of a 13-digit ISBN; std::nullopt if it is correct or the text is not one.

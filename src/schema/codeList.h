@@ -1,0 +1,30 @@
+// The codes that a value may have.
+#pragma once
+
+#include <QSet>
+#include <QString>
+#include <bitset>
+
+namespace schema {
+
+class CodeList {
+public:
+    void add(const QString &code, bool deprecated);
+
+    bool contains(QStringView code) const;
+    bool isDeprecated(QStringView code) const {
+        return !m_deprecated.isEmpty() && m_deprecated.contains(code.toString());
+    }
+    bool isEmpty() const { return m_single.none() && m_others.isEmpty(); }
+    // Returns the length that all codes have, or 0 if they differ. Flags are read in pieces of this length.
+    qsizetype length() const { return m_length; }
+
+private:
+    static constexpr std::size_t asciiCount = 128;
+    std::bitset<asciiCount> m_single; // codes of one ASCII character
+    QSet<QString> m_others;
+    QSet<QString> m_deprecated;
+    qsizetype m_length = -1; // -1: no code yet
+};
+
+} // namespace schema
