@@ -16,10 +16,10 @@ std::optional<double> proofAllInWindow(const QString &database, std::shared_ptr<
     BenchHost host;
     database::LinkPool links(app::tableNames());
     const database::SessionState state{links, connectionTo(database)};
-    const QString folder = platform::pathWithSlash(QCoreApplication::applicationDirPath());
+    proof::RecordProofs proofs(platform::pathWithSlash(QCoreApplication::applicationDirPath()));
     batch::RemarksPane pane(host, {.records = records,
                                    .recordsInFile = [&] { return qint64(records->rowCount()); },
-                                   .proof = [&](const marc::FieldRows &rows) { return proof::faultsOf(rows, folder); },
+                                   .proof = [&](const marc::FieldRows &rows) { return proofs.faultsOf(rows); },
                                    .state = state});
     putUp(pane);
     const auto taken = timed([&] {

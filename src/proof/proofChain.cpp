@@ -1,7 +1,8 @@
 #include "proof/proofChain.h"
+#include "marc/configurationFiles.h"
 #include "proof/isbn.h"
 #include "proof/structuralProof.h"
-#include "proof/templateProof.h"
+#include <QFileInfo>
 #include <utility>
 
 namespace proof {
@@ -24,6 +25,32 @@ RecordFaults faultsOf(const marc::FieldRows &rows, const QString &folder) {
         found.unread = byTemplate.failure();
     }
     return found;
+}
+
+RecordProofs::RecordProofs(QString folder)
+    : m_folder(std::move(folder)) {}
+
+RecordFaults RecordProofs::faultsOf(const marc::FieldRows &rows) {
+    RecordFaults found{.structural = proofFields(rows), .isbn = proofISBN(rows)};
+    found.complaint = templateComplaint(m_folder);
+    if (!found.complaint.isEmpty())
+        return found;
+    if (const auto &byTemplate = rules())
+        found.byTemplate = byTemplate.value().proof(rows);
+    else
+        found.unread = byTemplate.failure();
+    return found;
+}
+
+const platform::Result<TemplateRules> &RecordProofs::rules() {
+    const QFileInfo file(m_folder + marc::templateFile);
+    const QDateTime changed = file.lastModified();
+    if (!m_rules || !*m_rules || changed != m_changed || file.size() != m_size) {
+        m_changed = changed;
+        m_size = file.size();
+        m_rules = TemplateRules::read(m_folder);
+    }
+    return *m_rules;
 }
 
 platform::Result<RecordProof> proofRecord(const marc::FieldRows &rows, const QString &folder) {

@@ -5,6 +5,8 @@
 #include "marc/fieldRows.h"
 #include "platform/result.h"
 #include "proof/fault.h"
+#include "proof/templateProof.h"
+#include <QDateTime>
 
 namespace proof {
 
@@ -19,6 +21,24 @@ struct RecordFaults {
 
 // `folder` is the program's own folder, with a separator at its end.
 RecordFaults faultsOf(const marc::FieldRows &rows, const QString &folder);
+
+// Runs the three proofs on many records. Reads the template again only after the file has changed; otherwise the
+// results are those of faultsOf().
+class RecordProofs {
+public:
+    // `folder` is the program's own folder, with a separator at its end.
+    explicit RecordProofs(QString folder);
+
+    RecordFaults faultsOf(const marc::FieldRows &rows);
+
+private:
+    const platform::Result<TemplateRules> &rules();
+
+    QString m_folder;
+    QDateTime m_changed;
+    qint64 m_size = -1;
+    std::optional<platform::Result<TemplateRules>> m_rules;
+};
 
 inline constexpr QStringView proofPassed = u"校对通过"; // the text of the box if the report is empty
 

@@ -1,5 +1,4 @@
 #include "proof/structuralProof.h"
-#include <QHash>
 #include <algorithm>
 #include <array>
 
@@ -33,18 +32,23 @@ static_assert(rules.size() == 34);
 } // namespace
 
 std::vector<Fault> proofFields(const marc::FieldRows &rows) {
-    QHash<QStringView, QList<qsizetype>> elements;
-    for (qsizetype at = 0; at < rows.size(); ++at)
-        elements[rows[at].identifier].append(at);
-
+    std::array<int, rules.size()> counts{};
+    std::array<qsizetype, rules.size()> second{}; // element of the second occurrence
+    for (qsizetype at = 0; at < rows.size(); ++at) {
+        const QString &tag = rows[at].identifier;
+        if (tag.size() != 3)
+            continue;
+        const auto rule = std::ranges::find(rules, QStringView(tag), &Rule::tag);
+        if (rule != rules.end() && ++counts[std::size_t(rule - rules.begin())] == 2)
+            second[std::size_t(rule - rules.begin())] = at;
+    }
     std::vector<Fault> faults;
-    for (const Rule &rule : rules) {
-        const QList<qsizetype> found = elements.value(rule.tag);
-        const QString tag = rule.tag.toString();
-        if (found.isEmpty() && rule.kind == Kind::Required)
+    for (std::size_t i = 0; i < rules.size(); ++i) {
+        const QString tag = rules[i].tag.toString();
+        if (counts[i] == 0 && rules[i].kind == Kind::Required)
             faults.push_back({FaultKind::Missing, tag, {}, tag + u"字段（必备字段）不存在！"});
-        else if (found.size() > 1)
-            faults.push_back({FaultKind::Repeated, tag, found[1], tag + u"字段（不可重复字段）重复！"});
+        else if (counts[i] > 1)
+            faults.push_back({FaultKind::Repeated, tag, second[i], tag + u"字段（不可重复字段）重复！"});
     }
     return faults;
 }

@@ -5,8 +5,6 @@
 #include "platform/textFile.h"
 #include <algorithm>
 #include <array>
-#include <iterator>
-#include <optional>
 #include <span>
 
 using namespace Qt::StringLiterals;
@@ -16,24 +14,48 @@ namespace proof {
 
 namespace {
 
-struct Reference {
-    QString tag;
-    QChar code;
-};
+// Finds the first field with a tag, and the subfields of a field, without a search for each rule.
+class FirstFields {
+public:
+    explicit FirstFields(const marc::FieldRows &rows)
+        : m_rows(rows)
+        , m_end(std::size_t(rows.size())) {
+        m_byTag.fill(-1);
+        int end = int(rows.size());
+        for (int i = int(rows.size()) - 1; i >= 0; --i) {
+            m_end[std::size_t(i)] = end;
+            if (marc::isFieldRow(rows[i]))
+                end = i;
+            if (const int number = tagNumber(rows[i].identifier); number >= 0)
+                m_byTag[std::size_t(number)] = i;
+        }
+    }
 
-struct Field {
-    qsizetype element;
-    std::span<const marc::FieldRow> subfields; // the rows up to the next field row
-};
+    // Returns the index of the first row with that identifier, or -1.
+    qsizetype find(const QString &tag) const {
+        if (const int number = tagNumber(tag); number >= 0)
+            return m_byTag[std::size_t(number)];
+        const auto found = std::ranges::find(m_rows, tag, &marc::FieldRow::identifier);
+        return found == m_rows.end() ? -1 : found - m_rows.begin();
+    }
+    // Returns the rows after that one up to the next field row.
+    std::span<const marc::FieldRow> subfields(qsizetype field) const {
+        return std::span(m_rows).subspan(std::size_t(field + 1), std::size_t(m_end[std::size_t(field)] - field - 1));
+    }
 
-// Returns the first field `tag`; std::nullopt if the record has no such field.
-std::optional<Field> firstField(const marc::FieldRows &rows, const QString &tag) {
-    const auto field = std::ranges::find(rows, tag, &marc::FieldRow::identifier);
-    if (field == rows.end())
-        return std::nullopt;
-    const auto end = std::find_if(field + 1, rows.end(), marc::isFieldRow);
-    return Field{field - rows.begin(), std::span(std::to_address(field + 1), size_t(end - field - 1))};
-}
+private:
+    // Returns the number of a tag of three digits, or -1.
+    static int tagNumber(const QString &tag) {
+        int number = tag.size() == 3 ? 0 : -1;
+        for (qsizetype i = 0; number >= 0 && i < tag.size(); ++i)
+            number = tag[i] >= u'0' && tag[i] <= u'9' ? number * 10 + (tag[i].unicode() - u'0') : -1;
+        return number;
+    }
+
+    const marc::FieldRows &m_rows;
+    std::array<qint32, 1000> m_byTag;
+    std::vector<int> m_end; // of each row: the next field row, or the number of rows
+};
 
 bool hasCode(const marc::FieldRow &row, QChar code) {
     return row.identifier.endsWith(code);
@@ -68,56 +90,65 @@ bool endsSection(const QString &line) {
     return line.isEmpty() || (line.startsWith(u'[') && line.endsWith(u']'));
 }
 
-// The first three characters and the last one; those between are ignored.
-std::optional<Reference> referenceOf(const QString &line) {
-    if (line.size() < 3)
-        return std::nullopt;
-    return Reference{line.first(3), line.back()};
-}
-
-// Returns the faults found by all sections of one kind. The line that ends a section is consumed, so that a header in
-// its place starts no section.
-std::vector<Fault> proofSections(LineReader &reader, const Section &section, const marc::FieldRows &rows) {
-    const QByteArray header = platform::encode(section.header);
-    std::vector<Fault> faults;
-    while (!reader.atEnd()) {
-        if (reader.readLine() != header)
-            continue;
-        while (!reader.atEnd()) {
-            const QString line = platform::decode(reader.readLine());
-            if (endsSection(line))
-                break;
-            const std::optional<Reference> wanted = referenceOf(line);
-            const auto field = wanted ? firstField(rows, wanted->tag) : std::nullopt;
-            if (!field)
-                continue;
-            if (const QStringView fault = section.check(field->subfields, wanted->code); !fault.isEmpty())
-                faults.push_back(
-                    {FaultKind::Subfield, wanted->tag, field->element, wanted->tag + u"字段的" + wanted->code + fault});
-        }
-    }
-    return faults;
-}
-
 } // namespace
 
-platform::Result<TemplateProof> proofTemplate(const marc::FieldRows &rows, const QString &folder) {
-    // The check is for the field list, but the box names the template: users know this box.
-    if (!platform::fileExists(folder + marc::fieldListFile))
-        return TemplateProof{{}, marc::configurationComplaint(folder, marc::templateFile, u"】丢失。")};
-
-    TemplateProof result;
+// The line that ends a section is consumed, so that a header in its place starts no section. Of a rule, only the first
+// three characters and the last one count; shorter lines are ignored.
+platform::Result<TemplateRules> TemplateRules::read(const QString &folder) {
     auto reader = LineReader::open(folder + marc::templateFile);
     if (!reader) {
         return platform::Failure{u"无法打开配置文件【"_s + folder + marc::templateFile + u"】：" +
                                      reader.failure().description,
                                  reader.failure().number};
     }
-    for (const Section &section : sections) {
+    TemplateRules rules;
+    for (std::size_t kind = 0; kind < sections.size(); ++kind) {
+        const QByteArray header = platform::encode(sections[kind].header);
         reader.value().rewind();
-        std::ranges::move(proofSections(reader.value(), section, rows), std::back_inserter(result.faults));
+        while (!reader.value().atEnd()) {
+            if (reader.value().readLine() != header)
+                continue;
+            while (!reader.value().atEnd()) {
+                const QString line = platform::decode(reader.value().readLine());
+                if (endsSection(line))
+                    break;
+                if (line.size() >= 3)
+                    rules.m_references[kind].push_back({line.first(3), line.back()});
+            }
+        }
     }
-    return result;
+    return rules;
+}
+
+std::vector<Fault> TemplateRules::proof(const marc::FieldRows &rows) const {
+    const FirstFields fields(rows);
+    std::vector<Fault> faults;
+    for (std::size_t kind = 0; kind < sections.size(); ++kind) {
+        for (const auto &[tag, code] : m_references[kind]) {
+            const qsizetype field = fields.find(tag);
+            if (field < 0)
+                continue;
+            if (const QStringView fault = sections[kind].check(fields.subfields(field), code); !fault.isEmpty())
+                faults.push_back({FaultKind::Subfield, tag, field, tag + u"字段的" + code + fault});
+        }
+    }
+    return faults;
+}
+
+// The check is for the field list, but the box names the template: users know this box.
+QString templateComplaint(const QString &folder) {
+    if (platform::fileExists(folder + marc::fieldListFile))
+        return {};
+    return marc::configurationComplaint(folder, marc::templateFile, u"】丢失。");
+}
+
+platform::Result<TemplateProof> proofTemplate(const marc::FieldRows &rows, const QString &folder) {
+    if (const QString complaint = templateComplaint(folder); !complaint.isEmpty())
+        return TemplateProof{{}, complaint};
+    const auto rules = TemplateRules::read(folder);
+    if (!rules)
+        return rules.failure();
+    return TemplateProof{rules.value().proof(rows), {}};
 }
 
 } // namespace proof

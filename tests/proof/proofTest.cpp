@@ -175,3 +175,26 @@ TEST(ProofRecord, ReportsMissingFiles) {
     EXPECT_EQ(result.value().complaint, u"配置文件【" + folder.path() + u"mobanJiaoDui.QVs】丢失。");
     EXPECT_EQ(result.value().report, report(proofFields({})));
 }
+
+// A change of the template takes effect at the next record, and so does a file that appears or disappears.
+TEST(RecordProofs, FollowTheTemplate) {
+    const ProgramFolder folder(u"[必备子字段]|200f"_s);
+    RecordProofs proofs(folder.path());
+    const auto faults = [&] {
+        const RecordFaults found = proofs.faultsOf(rowsOf(complete + u"200 $f=x $f=y 200"));
+        const RecordFaults afresh = faultsOf(rowsOf(complete + u"200 $f=x $f=y 200"), folder.path());
+        EXPECT_EQ(report(found.structural) + report(found.byTemplate) + report(found.isbn),
+                  report(afresh.structural) + report(afresh.byTemplate) + report(afresh.isbn));
+        EXPECT_TRUE(found.complaint == afresh.complaint && found.unread.has_value() == afresh.unread.has_value());
+        return found.unread ? -1 : int(found.byTemplate.size());
+    };
+    EXPECT_EQ(faults(), 1);
+    folder.file(marc::templateFile.toString(), platform::encode(u"[必备子字段]\r\n200f\r\n801a"));
+    EXPECT_EQ(faults(), 2);
+    ASSERT_TRUE(QFile::remove(folder.path() + marc::templateFile));
+    EXPECT_EQ(faults(), -1);
+    folder.file(marc::templateFile.toString(), platform::encode(u"[必备子字段]\r\n200f\r\n801a"));
+    EXPECT_EQ(faults(), 2);
+    ASSERT_TRUE(QFile::remove(folder.path() + marc::fieldListFile));
+    EXPECT_EQ(faults(), 0);
+}

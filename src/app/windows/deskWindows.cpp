@@ -109,9 +109,8 @@ workspace::ImportOutcome DeskWindows::runImport(std::shared_ptr<const marc::PreR
 }
 
 workspace::RemarksPane DeskWindows::makeRemarks(const workspace::RemarksNeeds &needs) {
-    const auto proof = [folder = platform::pathWithSlash(m_host.programFolder())](const marc::FieldRows &rows) {
-        return proof::faultsOf(rows, folder);
-    };
+    const auto proofs = std::make_shared<proof::RecordProofs>(platform::pathWithSlash(m_host.programFolder()));
+    const auto proof = [proofs](const marc::FieldRows &rows) { return proofs->faultsOf(rows); };
     auto *pane = new batch::RemarksPane(m_host, {needs.records, needs.recordsInFile, proof, m_state});
     QObject::connect(pane, &batch::RemarksPane::jump, pane, needs.jump);
     QObject::connect(pane, &batch::RemarksPane::left, pane, needs.leave);
