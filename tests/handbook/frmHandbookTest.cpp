@@ -1,10 +1,12 @@
 #include "handbook/windows/frmHandbook.h"
 #include "handbook/windows/pagePrint.h"
 #include "support/scriptedHost.h"
+#include "support/windowState.h"
 #include <QPrinter>
 #include <QProcess>
 #include <QScrollBar>
 #include <QTextTable>
+#include <QWindow>
 
 using namespace handbook;
 
@@ -94,22 +96,132 @@ TEST_F(HandbookTest, SearchCoversThePageAndThenTheOthers) {
     way.append(view()->file() + QString::number(view()->currentMark()));
     EXPECT_EQ(way.join(u' '), u"index.md0 c.md0 b.md0 b.md1 index.md0 b.md1"_s);
     EXPECT_EQ(window->findCount->text(), u"本页第 2 / 2 处"_s);
-    window->findText->setText(u"没有的"_s);
-    EXPECT_EQ(titles() + window->findCount->text(), u"没有找到"_s);
-    window->next(); // no match to go to
-    window->findText->clear();
-    EXPECT_EQ(titles(), u"首页|丙页|乙页"_s);
-    EXPECT_EQ(current(), 2);
+    const std::tuple<QString, QString, QString> searches[] = {
+        {u"二"_s, u"丙页（1 处）"_s, u"本页没有，另有 1 页"_s},
+        {u"f3"_s, u"乙页（1 处）"_s, u"本页 1 处"_s},
+        {u"导"_s, u"首页（1 处）|丙页（1 处）|乙页（2 处）"_s, u"本页 2 处"_s},
+        {u"没有的"_s, QString(), u"没有找到"_s},
+        {QString(), u"首页|丙页|乙页"_s, QString()},
+    };
+    for (const auto &[words, pages, count] : searches) {
+        window->findText->setText(words);
+        EXPECT_EQ(titles(), pages);
+        EXPECT_EQ(window->findCount->text(), count);
+        EXPECT_EQ(view()->extraSelections().size(), count.startsWith(u"本页 ") ? view()->marks() : 0)
+            << count.toStdString();
+        EXPECT_EQ(window->findCount->isVisible(), !words.isEmpty());
+        EXPECT_EQ(current(), words == u"二" || count == u"没有找到" ? -1
+                             : words == u"f3"                       ? 0
+                                                                    : 2)
+            << words.toStdString();
+    }
+    window->next(); // without words
+    EXPECT_EQ(view()->file(), u"b.md"_s);
+}
+
+// Without a current mark, the search continues from the part of the page that is visible.
+TEST_F(HandbookTest, SearchBeginsWhereThePageIsVisible) {
+    window->findText->setText(u"一段"_s);
+    for (const auto &[height, step, mark] : {std::tuple(0, 1, 0), {1, 1, 100}, {1, -1, 199}}) {
+        view()->mark(u"一段"_s);
+        view()->verticalScrollBar()->setValue(height * view()->verticalScrollBar()->maximum() / 2);
+        step > 0 ? window->next() : window->previous();
+        EXPECT_NEAR(view()->currentMark(), mark, mark == 100 ? 60 : 0);
+        EXPECT_TRUE(view()->viewport()->rect().intersects(view()->cursorRect()));
+        EXPECT_EQ(view()->extraSelections()[view()->currentMark()].format.background().color(),
+                  QColor(0xff, 0x96, 0x32));
+    }
+    for (const auto &[step, place] : {std::pair(1, u"index.md0"_s), {-1, u"c.md399"_s}}) {
+        view()->open(u"b.md"_s); // without the words: continues on the first or the last page that has them
+        step > 0 ? window->next() : window->previous();
+        EXPECT_EQ(view()->file() + QString::number(view()->currentMark()), place);
+    }
+}
+
+// Each key with what it changes in the window.
+TEST_F(HandbookTest, EverythingByKeyboard) {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    WindowState state(*window);
+    const std::tuple<QWidget *, Qt::Key, Qt::KeyboardModifiers, QString, QString> steps[] = {
+        {view(), Qt::Key_F3, {}, u"index.md"_s, u"findText focus"_s}, // no words yet
+        {window->contents, Qt::Key_Down, {}, u"c.md"_s, u"pageView=丙页; cmdBack on"_s},
+        {window->contents, Qt::Key_Return, {}, u"c.md"_s, u"pageView focus"_s},
+        {view(), Qt::Key_F, Qt::ControlModifier, u"c.md"_s, u"findText focus"_s},
+        {view(), Qt::Key_Left, Qt::AltModifier, u"index.md"_s, u"pageView=首页; cmdBack off; cmdForward on"_s},
+        {view(), Qt::Key_Right, Qt::AltModifier, u"c.md"_s, u"pageView=丙页; cmdForward off; cmdBack on"_s},
+        {window->findText, Qt::Key_A, {}, u"c.md"_s, u"findText=a; findCount=没有找到; findCount on"_s},
+        {window->findText, Qt::Key_Backspace, {}, u"c.md"_s, u"findText=; findCount gone"_s},
+        {view(), Qt::Key_Home, Qt::AltModifier, u"index.md"_s, u"pageView=首页"_s},
+        {view(), Qt::Key_P, Qt::ControlModifier, u"index.md"_s, u"handbookPrint on"_s},
+    };
+    for (const auto &[where, key, modifiers, file, changes] : steps) {
+        QTest::keyClick(where, key, modifiers);
+        EXPECT_EQ(view()->file(), file);
+        EXPECT_EQ(state.changes(), changes) << key;
+    }
+    auto *preview = window->findChild<QDialog *>(u"handbookPrint"_s);
+    ASSERT_TRUE(preview);
+    EXPECT_EQ(preview->windowTitle(), u"使用手册：首页"_s);
+    preview->close();
 }
 
 TEST_F(HandbookTest, AnExternalAddressIsOpenedOnlyAfterAQuestion) {
-    for (const auto answer : {platform::Answer::No, platform::Answer::Yes}) {
+    const QString question = u"要离开程序，打开这个地址吗？\r\nhttps://example.org/"_s;
+    const QString failure = u"浏览器没有正确安装或其它错误。"_s;
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    for (int tab = 0; tab < 3; ++tab)
+        QTest::keyClick(view(), Qt::Key_Tab); // to the third link
+    for (const auto &[answer, works, texts] : {std::tuple(platform::Answer::No, false, QStringList{question}),
+                                               {platform::Answer::Yes, true, QStringList{question}},
+                                               {platform::Answer::Yes, false, QStringList{question, failure}}}) {
+        host.boxes.clear();
+        host.shellWorks = works;
         host.willAnswer(answer);
-        Q_EMIT view()->anchorClicked(QUrl(u"https://example.org/"_s));
+        QTest::keyClick(view(), Qt::Key_Return);
+        EXPECT_EQ(host.texts(), texts);
+        EXPECT_EQ(view()->file(), u"index.md"_s);
+        EXPECT_TRUE(view()->toPlainText().contains(u"导入"));
     }
-    EXPECT_EQ(host.texts().value(0), u"要离开程序，打开这个地址吗？\r\nhttps://example.org/"_s);
-    EXPECT_EQ(host.opened, QStringList{u"https://example.org/"_s});
-    EXPECT_EQ(view()->file(), u"index.md"_s);
+    EXPECT_EQ(host.opened, (QStringList{u"https://example.org/"_s, u"https://example.org/"_s}));
+}
+
+// Only what changes the format reads the page again.
+TEST_F(HandbookTest, AnotherFontOrPaletteFormatsThePageAgain) {
+    int formatted = 0;
+    QObject::connect(view(), &PageView::pageChanged, [&] { ++formatted; });
+    for (const auto &[type, times] : {std::pair(QEvent::PaletteChange, 1),
+                                      {QEvent::FontChange, 1},
+                                      {QEvent::EnabledChange, 0},
+                                      {QEvent::StyleChange, 0}}) {
+        formatted = 0;
+        QEvent event(type);
+        QCoreApplication::sendEvent(view(), &event);
+        EXPECT_EQ(formatted, times) << type;
+        EXPECT_GT(view()->document()->begin().next().blockFormat().lineHeight(), 0);
+    }
+}
+
+// Qt blocks every window that is not before the modal one.
+TEST_F(HandbookTest, StandsBeforeTheModalWindow) {
+    const auto before = [this] { return window->windowHandle()->transientParent(); };
+    EXPECT_EQ(before(), front.windowHandle());
+    auto modal = std::make_unique<QDialog>();
+    modal->setModal(true);
+    modal->show();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return before() == modal->windowHandle(); }));
+    QDialog own(window.get());
+    own.setModal(true);
+    own.show();
+    QApplication::processEvents();
+    EXPECT_EQ(before(), modal->windowHandle()) << "a window of the handbook itself";
+    EXPECT_EQ(own.windowHandle()->transientParent(), window->windowHandle());
+    own.close();
+    modal.reset();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !before(); })) << "and back when it is destroyed";
+    window->openBefore(&front, {u"b.md"_s, {}});
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    window->close();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&front));
 }
 
 TEST_F(HandbookTest, APageIsPrintedWithItsPictures) {

@@ -182,16 +182,8 @@ TEST_F(BandedReportTest, LongTextsWrapInsideTheirColumn) {
     books->books = {{u"3"_s, title, word}, {u"4"_s, u"后一种\r\n副题名"_s, u"李某"_s}};
     const QStringList sheets = printed();
     ASSERT_EQ(sheets.size(), 1);
-    QString chinese;
-    QString latin;
-    for (const QChar character : sheets[0]) {
-        if (title.contains(character))
-            chinese += character;
-        if (character.unicode() < 0x80 && character.isLetter())
-            latin += character;
-    }
-    EXPECT_GE(chinese.count(u"古"_s), 8);
-    EXPECT_EQ(latin, word);
+    EXPECT_GE(sheets[0].count(u"古"_s), 8);
+    EXPECT_EQ(QString(sheets[0]).remove(QRegularExpression(u"[^A-Za-z]"_s)), word);
     EXPECT_TRUE(QRegularExpression(u"后一种 +李某 +4\\n+ *副题名"_s).match(sheets[0]).hasMatch());
 }
 

@@ -243,39 +243,34 @@ TEST_F(FlexGridTest, GrowthIsKnownAtOnceAndAnnouncedAtScreenPace) {
 }
 
 TEST_F(FlexGridTest, MouseMovesClickAndActivate) {
-    press(Qt::LeftButton, 3);
-    EXPECT_EQ(taken(), u"leave1 enter3"_s);
-    release(Qt::LeftButton, 3);
-    EXPECT_EQ(taken(), u"click3"_s);
-    press(Qt::LeftButton, 3);
-    release(Qt::LeftButton, 3);
-    EXPECT_EQ(taken(), u"click3"_s) << "no leave signal for the same row";
-    press(Qt::RightButton, 5);
-    EXPECT_EQ(taken(), u"right3"_s);
-    release(Qt::RightButton, 5);
-    EXPECT_EQ(taken(), u"click3"_s);
-    press(Qt::LeftButton, 1, Qt::ShiftModifier);
-    EXPECT_EQ(place(), u"3-1/1"_s);
-    release(Qt::LeftButton, 1);
-    EXPECT_EQ(taken(), u"click3"_s);
-    press(Qt::LeftButton, 2);
-    QTest::mouseMove(grid.viewport(), at(5, 1));
+    const QPoint below = grid.viewport()->rect().bottomRight() - QPoint(3, 3); // below the last row
     QMouseEvent drag(QEvent::MouseMove, at(5, 1), grid.viewport()->mapToGlobal(at(5, 1)), Qt::NoButton, Qt::LeftButton,
                      {});
-    QCoreApplication::sendEvent(grid.viewport(), &drag);
-    EXPECT_EQ(place(), u"2-5/1"_s);
-    release(Qt::LeftButton, 5);
-    taken();
-    QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, at(4, 2));
-    EXPECT_EQ(taken(), u"leave2 enter4 activated4"_s);
-    const QPoint below = grid.viewport()->rect().bottomRight() - QPoint(3, 3);
-    QTest::mouseClick(grid.viewport(), Qt::RightButton, {}, below);
-    QTest::mousePress(grid.viewport(), Qt::LeftButton, {}, below);
-    QCoreApplication::sendEvent(grid.viewport(), &drag);
-    QTest::mouseRelease(grid.viewport(), Qt::LeftButton, {}, below);
-    QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, below);
-    EXPECT_EQ(taken(), u"right4 click4 click4 activated4"_s) << "clicks below the last row apply to the current row";
-    EXPECT_EQ(place(), u"4-4/2"_s);
+    const std::tuple<std::function<void()>, QStringView, QStringView> steps[] = {
+        {[&] { press(Qt::LeftButton, 3); }, u"3-3/1", u"leave1 enter3"},
+        {[&] { release(Qt::LeftButton, 3); }, u"3-3/1", u"click3"},
+        {[&] { press(Qt::LeftButton, 3); }, u"3-3/1", u""}, // no leave signal for the same row
+        {[&] { release(Qt::LeftButton, 3); }, u"3-3/1", u"click3"},
+        {[&] { press(Qt::RightButton, 5); }, u"3-3/1", u"right3"},
+        {[&] { release(Qt::RightButton, 5); }, u"3-3/1", u"click3"},
+        {[&] { press(Qt::LeftButton, 1, Qt::ShiftModifier); }, u"3-1/1", u""},
+        {[&] { release(Qt::LeftButton, 1); }, u"3-1/1", u"click3"},
+        {[&] { press(Qt::LeftButton, 2); }, u"2-2/1", u"leave3 enter2"},
+        {[&] { QCoreApplication::sendEvent(grid.viewport(), &drag); }, u"2-5/1", u""},
+        {[&] { release(Qt::LeftButton, 5); }, u"2-5/1", u"click2"},
+        {[&] { QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, at(4, 2)); }, u"4-4/2",
+         u"leave2 enter4 activated4"},
+        {[&] { QTest::mouseClick(grid.viewport(), Qt::RightButton, {}, below); }, u"4-4/2", u"right4 click4"},
+        {[&] { QTest::mousePress(grid.viewport(), Qt::LeftButton, {}, below); }, u"4-4/2", u""},
+        {[&] { QCoreApplication::sendEvent(grid.viewport(), &drag); }, u"4-4/2", u""},
+        {[&] { QTest::mouseRelease(grid.viewport(), Qt::LeftButton, {}, below); }, u"4-4/2", u"click4"},
+        {[&] { QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, below); }, u"4-4/2", u"activated4"},
+    };
+    for (int number = 0; const auto &[act, expected, signalsSeen] : steps) {
+        act();
+        EXPECT_EQ(place(), expected.toString()) << number;
+        EXPECT_EQ(taken(), signalsSeen.toString()) << number++;
+    }
 }
 
 TEST_F(FlexGridTest, EverythingByKeyboard) {

@@ -36,7 +36,6 @@ frmHandbook::frmHandbook(platform::Host &host, const QString &folder)
     connectControls();
     bindKeys();
     showContents();
-    showPlace();
 }
 
 void frmHandbook::layOut() {

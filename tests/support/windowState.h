@@ -1,0 +1,58 @@
+// The state of a window as its user sees it, and what an action changes in it, as text: for tables of actions with
+// their effects.
+#pragma once
+
+#include "qtPrinters.h"
+#include <QApplication>
+#include <QMap>
+#include <QWidget>
+
+class WindowState {
+public:
+    explicit WindowState(QWidget &window)
+        : m_window(window)
+        , m_before(seen()) {}
+
+    // Returns what has changed since the last call: "NAME=TEXT; NAME focus; NAMES gone; NAMES off; NAMES on; …",
+    // where TEXT is the first line of what a control shows.
+    QString changes() {
+        QApplication::processEvents();
+        const auto before = std::exchange(m_before, seen());
+        QMap<QString, QStringList> said;
+        for (auto fact = m_before.cbegin(); fact != m_before.cend(); ++fact)
+            if (before.value(fact.key()) != *fact)
+                said[*fact].append(fact.key().section(u'.', 0, 0));
+        QStringList changes;
+        for (auto fact = said.cbegin(); fact != said.cend(); ++fact)
+            changes.append(fact->join(u' ') + (fact.key().startsWith(u'=') ? u""_s : u" "_s) + fact.key());
+        return changes.join(u"; "_s);
+    }
+
+private:
+    static QString textOf(const QWidget *widget) {
+        for (const char *property : {"displayText", "text", "plainText", "currentText", "title", "value"})
+            if (const QVariant text = widget->property(property); text.isValid())
+                return u'=' + text.toString().section(u'\n', 0, 0);
+        return {};
+    }
+    QMap<QString, QString> seen() const {
+        QMap<QString, QString> facts;
+        for (const QWidget *widget : m_window.findChildren<QWidget *>()) {
+            const QString name = widget->objectName();
+            if (name.isEmpty() || name.startsWith(u"qt_"))
+                continue;
+            const bool shown = widget->isVisibleTo(&m_window);
+            facts[name] = !shown ? u"gone"_s : widget->isEnabled() ? u"on"_s : u"off"_s;
+            if (const QString text = textOf(widget); shown && !text.isEmpty())
+                facts[name + u".text"] = text;
+            if (shown && widget->property("checkable").toBool())
+                facts[name + u".tick"] = widget->property("checked").toBool() ? u"ticked"_s : u"not ticked"_s;
+        }
+        if (const QWidget *focus = QApplication::focusWidget(); focus && m_window.isAncestorOf(focus))
+            facts[focus->objectName() + u".focus"] = u"focus"_s;
+        return facts;
+    }
+
+    QWidget &m_window;
+    QMap<QString, QString> m_before;
+};
