@@ -52,6 +52,17 @@ struct HandbookKeyTest : testing::Test {
 TEST_F(HandbookKeyTest, OpensThePageOfTheFrontWindowAndKeepsTheField) {
     field->setText(u"half"_s);
     field->setFocus();
+    for (const auto &[type, key, modifiers, repeated] :
+         {std::tuple(QEvent::ShortcutOverride, Qt::Key_F1, Qt::NoModifier, false),
+          {QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier, true},
+          {QEvent::KeyPress, Qt::Key_F1, Qt::ShiftModifier, false},
+          {QEvent::KeyPress, Qt::Key_F2, Qt::NoModifier, false}}) {
+        QKeyEvent event(type, key, modifiers, QString(), repeated);
+        event.ignore();
+        QApplication::sendEvent(field, &event);
+        EXPECT_EQ(event.isAccepted(), key == Qt::Key_F1 && modifiers == Qt::NoModifier);
+        EXPECT_FALSE(viewer());
+    }
     press(&room);
     ASSERT_EQ(page(), u"workspace.md"_s);
     EXPECT_GT(viewer()->view->verticalScrollBar()->value(), 0) << "the page opens at its section";

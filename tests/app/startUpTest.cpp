@@ -5,6 +5,7 @@
 #include "marc/configurationFiles.h"
 #include "platform/codepage936.h"
 #include "support/scriptedHost.h"
+#include "support/windowState.h"
 
 using namespace app;
 
@@ -152,4 +153,34 @@ TEST_F(ConnectionDialogTest, RefusesIncompleteInputReportsAFailedTestAndCancels)
     dialog.cmdCancel->click();
     EXPECT_FALSE(dialog.isVisible());
     EXPECT_FALSE(stored());
+}
+
+// A chosen data source needs neither driver, server nor database.
+TEST_F(ConnectionDialogTest, AChosenDataSourceDisablesWhatItReplaces) {
+    dialog.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    dialog.cboDSNList->setFocus();
+    WindowState state(dialog);
+    choose(1);
+    EXPECT_EQ(state.changes(), u"cboDSNList=lib; txtUID focus; cboDrivers txtDatabase txtServer off"_s);
+    choose(0);
+    EXPECT_EQ(state.changes(), u"cboDSNList=(None); txtPWD focus; cboDrivers txtDatabase txtServer on"_s);
+    QStringList next;
+    for (QWidget *control : std::initializer_list<QWidget *>{dialog.cboDrivers, dialog.txtServer, dialog.txtUID,
+                                                             dialog.txtPWD, dialog.txtDatabase}) {
+        control->setFocus();
+        QTest::keyClick(control, Qt::Key_Return);
+        next.append(dialog.focusWidget()->objectName());
+    }
+    EXPECT_EQ(next.join(u' '), u"txtServer txtUID txtPWD txtDatabase cmdCeshi"_s);
+    EXPECT_EQ(dialog.txtPWD->echoMode(), QLineEdit::Password);
+    EXPECT_GE(dialog.txtServer->width(), dialog.fontMetrics().averageCharWidth() * 44);
+    dialog.txtUID->setText(u"u"_s);
+    choose(1);
+    dialog.cmdCeshi->click();
+    EXPECT_EQ(host.lastBox().text + host.lastBox().title, u"测试通过！\r\n请保存连接参数！系统提示"_s);
+    EXPECT_TRUE(!stored() && dialog.isVisible());
+    dialog.cmdOK->click();
+    EXPECT_EQ(stored(), u"PROVIDER=MSDASQL;DSN=lib;UID=u;PWD=;"_s);
+    EXPECT_FALSE(dialog.isVisible());
 }
