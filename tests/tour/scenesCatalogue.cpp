@@ -1,15 +1,9 @@
-// The catalogue and the table of imported records: queries, lists, an export, deletions, two lists in the frame.
+// The catalogue and the table of imported records: queries, lists, an export, deletions.
 #include "catalogue/listTexts.h"
 #include "tour/errands.h"
 #include "tour/scenes.h"
 #include "widgets/flexGrid.h"
-#include <QListWidget>
-#include <QMainWindow>
-#include <QMdiArea>
-#include <QMdiSubWindow>
-#include <QMenuBar>
 #include <QRegularExpression>
-#include <QScreen>
 
 using namespace Qt::StringLiterals;
 
@@ -210,73 +204,6 @@ void deleteFromStore(TourDriver &driver) {
     deleteRows(driver, u"alt+d"_s, u"你确定将检索出的数据从套录库中删除吗？"_s, u" where author like '%余华%'"_s, 0);
 }
 
-QRect placeOf(TourDriver &driver, const QString &list) {
-    return driver.look([&] {
-        QWidget *place = TourDriver::find(list)->parentWidget();
-        return QRect(place->mapToGlobal(QPoint(0, 0)), place->size());
-    });
-}
-
-void makeLower(TourDriver &driver, const QString &list, int bottom) {
-    const QRect place = placeOf(driver, list);
-    driver.drag({place.center().x(), place.bottom() - 1}, {place.center().x(), bottom - 12});
-    driver.expect(placeOf(driver, list).bottom() < place.bottom(), list + u" was made lower");
-}
-
-// Maximizes the frame, then drags the two lists by their titles and edges so that one is above the other.
-void oneAboveTheOther(TourDriver &driver) {
-    const QRect frame = driver.look([] { return TourDriver::find(u"marcMain"_s)->geometry(); });
-    driver.clickAt({frame.center().x(), frame.top() - 8}, 1, 2);
-    driver.waitUntil(u"the frame fills the screen"_s, [] { // the size changes only after the state does
-        const QWidget *window = TourDriver::find(u"marcMain"_s)->window();
-        return window->isMaximized() && window->width() == window->screen()->size().width();
-    });
-    const QRect area = driver.look([] {
-        QWidget *inside = TourDriver::find<QMdiArea>(u"mdiArea"_s)->viewport();
-        return QRect(inside->mapToGlobal(QPoint(0, 0)), inside->size());
-    });
-    const int middle = area.center().y();
-    makeLower(driver, u"TLKListFrm"_s, middle);
-    driver.open(u"daochu"_s, u"QueryFrm"_s);
-    driver.key(u"alt+o"_s);
-    driver.waitForWindow(u"ZSKListFrm"_s);
-    makeLower(driver, u"ZSKListFrm"_s, middle);
-    const QRect list = placeOf(driver, u"ZSKListFrm"_s);
-    const QPoint title(list.center().x(), list.top() + 10);
-    driver.drag(title, title + QPoint(0, middle - list.top() + 2));
-    const QRect moved = placeOf(driver, u"ZSKListFrm"_s);
-    driver.expect(area.contains(moved), u"the catalogue stands whole in the frame"_s);
-    const QRect store = placeOf(driver, u"TLKListFrm"_s);
-    const bool roomForBoth = moved.height() + store.height() <= area.height(); // not with a large font
-    driver.expect(!roomForBoth || !moved.intersects(store), u"neither list hides the other"_s);
-    driver.shot(u"two-lists"_s);
-}
-
-// Maximizes the list by a double click on its title, restores it, and closes it with its close button.
-void maximise(TourDriver &driver) {
-    const QRect before = placeOf(driver, u"ZSKListFrm"_s);
-    const auto isLarge = [] {
-        QWidget *list = TourDriver::find(u"ZSKListFrm"_s);
-        return list && list->parentWidget()->isMaximized();
-    };
-    driver.click(u"ZSKListFrm/lCounts"_s); // raises the list
-    driver.clickAt({before.center().x(), before.top() + 10}, 1, 2);
-    driver.waitUntil(u"the list fills the frame"_s, isLarge);
-    driver.shot(u"list-maximised"_s);
-    const QRect buttons = driver.look([] {
-        QWidget *corner = TourDriver::find<QMainWindow>(u"marcMain"_s)->menuBar()->cornerWidget();
-        return QRect(corner->mapToGlobal(QPoint(0, 0)), corner->size());
-    });
-    driver.clickAt(buttons.center());
-    driver.waitUntil(u"the list is as it was"_s, [&] { return !isLarge(); });
-    const QRect after = placeOf(driver, u"ZSKListFrm"_s);
-    driver.expect(after == before, u"the list is back in its place"_s);
-    driver.clickAt({after.right() - 14, after.top() + 12});
-    driver.waitUntilGone(u"ZSKListFrm"_s);
-    driver.expect(driver.look([] { return TourDriver::find(u"TLKListFrm"_s) != nullptr; }), u"the other list stays"_s);
-    driver.leave(u"alt+q"_s, u"TLKListFrm"_s);
-}
-
 } // namespace
 
 void catalogue(TourDriver &driver) {
@@ -290,8 +217,7 @@ void catalogue(TourDriver &driver) {
 
 void store(TourDriver &driver) {
     deleteFromStore(driver);
-    oneAboveTheOther(driver);
-    maximise(driver);
+    driver.leave(u"alt+q"_s, u"TLKListFrm"_s);
 }
 
 } // namespace tour

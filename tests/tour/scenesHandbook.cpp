@@ -1,4 +1,5 @@
-// F1 in each window opens the handbook at that window's page; when the handbook closes, the window is unchanged.
+// F1 opens the handbook at the page of the window; when it closes, the window is unchanged, also during an edit or a
+// run.
 #include "handbook/windows/frmHandbook.h"
 #include "tour/errands.h"
 #include "tour/scenes.h"
@@ -42,35 +43,6 @@ void askWhileEditing(TourDriver &driver) {
     waitUntilIdle(driver);
 }
 
-void askInAssistants(TourDriver &driver) {
-    const int field100 = rowOf(driver, u"100"_s, u"$a"_s);
-    for (const auto &[row, window] : {std::pair(1, u"frmHelpLR000"_s), std::pair(field100, u"frmHelpLR100"_s)}) {
-        openContent(driver, row);
-        driver.key(u"ctrl+e"_s);
-        driver.waitForWindow(window);
-        askHandbook(driver, u"assistants.md"_s, window);
-        driver.leave(u"Escape"_s, window);
-        waitUntilIdle(driver);
-    }
-}
-
-void askInViews(TourDriver &driver) {
-    driver.key(u"alt+k"_s);
-    driver.waitForWindow(u"frmMarcKaPian"_s);
-    askHandbook(driver, u"card.md"_s, u"card"_s);
-    driver.leave(u"Escape"_s, u"frmMarcKaPian"_s);
-    driver.key(u"alt+j"_s);
-    driver.boxText();
-    askHandbook(driver, u"workspace.md"_s, u"box"_s);
-    driver.answerBox(u"校对通过"_s, u"Return"_s);
-    driver.key(u"alt+d"_s);
-    driver.waitForFocus(u"proofTable/grid"_s);
-    askHandbook(driver, u"proof.md"_s, u"remarks"_s);
-    driver.waitForFocus(u"proofTable/grid"_s);
-    driver.key(u"F8"_s);
-    driver.waitForFocus(u"Grid1"_s);
-}
-
 // The import continues while the handbook is open and finishes after it.
 void askWhileImporting(TourDriver &driver) {
     driver.key(u"alt+s"_s);
@@ -94,53 +66,13 @@ void askWhileReading(TourDriver &driver) {
 
 void askInWorkspace(TourDriver &driver) {
     driver.open(u"daoru"_s, u"frmSelectMFile"_s);
-    askHandbook(driver, u"workspace.md"_s, u"chooser"_s);
     choose(driver, u"sample.iso"_s);
     driver.waitForWindow(u"frmDaoru"_s);
     driver.waitForText(u"Text3"_s, u"200"_s);
     askHandbook(driver, u"workspace.md"_s, u"workspace"_s);
     askWhileEditing(driver);
-    askInAssistants(driver);
-    askInViews(driver);
     askWhileImporting(driver);
     backToMain(driver);
-}
-
-void askInCatalogue(TourDriver &driver) {
-    driver.open(u"daochu"_s, u"QueryFrm"_s);
-    askHandbook(driver, u"query.md"_s, u"query"_s);
-    driver.key(u"alt+o"_s);
-    driver.waitForWindow(u"ZSKListFrm"_s);
-    askHandbook(driver, u"export.md"_s, u"catalogue"_s);
-    driver.key(u"alt+s"_s);
-    driver.waitForWindow(u"OrderbyFrm"_s);
-    askHandbook(driver, u"query.md"_s, u"order"_s);
-    driver.leave(u"Escape"_s, u"OrderbyFrm"_s);
-    driver.key(u"alt+p"_s);
-    driver.waitForWindow(u"DataReportJs"_s);
-    askHandbook(driver, u"printing.md"_s, u"preview"_s);
-    driver.leave(u"Escape"_s, u"DataReportJs"_s);
-    driver.waitForWindow(u"ZSKListFrm"_s);
-    driver.leave(u"alt+x"_s, u"ZSKListFrm"_s);
-    driver.open(u"delete"_s, u"QueryFrmdel"_s);
-    askHandbook(driver, u"query.md"_s, u"store-query"_s);
-    driver.key(u"alt+o"_s);
-    driver.waitForWindow(u"TLKListFrm"_s);
-    askHandbook(driver, u"store.md"_s, u"store"_s);
-    driver.leave(u"alt+q"_s, u"TLKListFrm"_s);
-}
-
-void askInFileTools(TourDriver &driver) {
-    for (const auto &[button, window, page] :
-         {std::tuple(u"chaifen"_s, u"frmCutFile"_s, u"split"_s), std::tuple(u"hebing"_s, u"frmUnionFile"_s, u"merge"_s),
-          std::tuple(u"startTidy"_s, u"frmTidy"_s, u"tidy"_s)}) {
-        driver.open(button, window);
-        askHandbook(driver, page + u".md", page);
-        driver.key(u"Escape"_s);
-        if (window != u"frmTidy") // it asks only during a run
-            driver.answerBox(closeQuestion.toString(), u"y"_s);
-        driver.waitUntilGone(window);
-    }
 }
 
 // The handbook stays open and usable next to windows opened later, and the keyboard focus does not move.
@@ -181,8 +113,6 @@ void handbook(TourDriver &driver) {
     keepBeside(driver);
     askInWorkspace(driver);
     askWhileReading(driver);
-    askInCatalogue(driver);
-    askInFileTools(driver);
 }
 
 } // namespace tour

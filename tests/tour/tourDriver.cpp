@@ -1,7 +1,6 @@
 #include "tour/tourDriver.h"
 #include "tour/cutTexts.h"
 #include "widgets/flexGrid.h"
-#include "widgets/modality.h"
 #include "widgets/pacedLabel.h"
 #include <QApplication>
 #include <QDir>

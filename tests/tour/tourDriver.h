@@ -62,7 +62,6 @@ public:
     // Opens a menu of the main window and chooses an item, both with the mouse.
     void openMenu(const QString &menu, const QString &item);
     void clickAt(const QPoint &global, int button = 1, int times = 1);
-    void drag(const QPoint &from, const QPoint &to);
     // Presses keys or chords by their X names, one after the other: "Return", "alt+s shift+Down".
     void key(const QString &chords, int times = 1);
     // Presses a chord in another program, once that program has the keyboard.

@@ -1,7 +1,7 @@
 // The mouse and the keyboard of TourDriver.
 #include "tour/tourDriver.h"
 #include "widgets/flexGrid.h"
-#include "widgets/window.h"
+#include "widgets/modality.h"
 #include <QApplication>
 #include <QMenuBar>
 
@@ -80,16 +80,6 @@ void TourDriver::press(int button, bool inside) {
     m_server.button(button, true);
     if (inside) // clicks on the window manager's title bars never arrive here
         waitUntil(u"the press arrives"_s, [&] { return m_arrivals.presses() > presses; });
-}
-
-void TourDriver::drag(const QPoint &from, const QPoint &to) {
-    waitForKeyboard(u"a drag"_s);
-    moveTo(from);
-    press(1, true);
-    moveTo((from + to) / 2);
-    moveTo(to);
-    m_server.button(1, false);
-    settle();
 }
 
 void TourDriver::key(const QString &chords, int times) {
