@@ -15,5 +15,6 @@ void maskedEdit(QByteArrayView bytes);    // the box with a mask
 void splitMerge(QByteArrayView bytes);    // record files through split and merge
 void tidy(QByteArrayView bytes);          // any file tidied into each form
 void drafts(QByteArrayView bytes);        // a file of drafts
+void schema(QByteArrayView bytes);        // a schema, its patterns and rules, on a record
 
 } // namespace fuzz

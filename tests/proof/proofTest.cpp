@@ -182,10 +182,10 @@ TEST(RecordProofs, FollowTheTemplate) {
     RecordProofs proofs(folder.path());
     const auto faults = [&] {
         const RecordFaults found = proofs.faultsOf(rowsOf(complete + u"200 $f=x $f=y 200"));
-        const RecordFaults afresh = faultsOf(rowsOf(complete + u"200 $f=x $f=y 200"), folder.path());
+        const RecordFaults direct = faultsOf(rowsOf(complete + u"200 $f=x $f=y 200"), folder.path());
         EXPECT_EQ(report(found.structural) + report(found.byTemplate) + report(found.isbn),
-                  report(afresh.structural) + report(afresh.byTemplate) + report(afresh.isbn));
-        EXPECT_TRUE(found.complaint == afresh.complaint && found.unread.has_value() == afresh.unread.has_value());
+                  report(direct.structural) + report(direct.byTemplate) + report(direct.isbn));
+        EXPECT_TRUE(found.complaint == direct.complaint && found.unread.has_value() == direct.unread.has_value());
         return found.unread ? -1 : int(found.byTemplate.size());
     };
     EXPECT_EQ(faults(), 1);
