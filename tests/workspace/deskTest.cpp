@@ -79,9 +79,10 @@ TEST_F(Desk, TabGoesThroughTheWindowAsItIsRead) {
         names.append(QApplication::focusWidget()->objectName());
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     } while (!window.Grid2->hasFocus() && names.size() < 30);
-    EXPECT_EQ(names, (QStringList{u"Grid2"_s, u"Grid1"_s, u"wholeText"_s, u"pane"_s, u"cmdWholeText"_s,
-                                  u"cmdProofAll"_s, u"cmdTiMing0"_s, u"cmdTiMing1"_s, u"cmdclick0"_s, u"cmdclick1"_s,
-                                  u"cmdclick2"_s, u"cmdclick3"_s, u"cmdclick4"_s, u"cmdclick5"_s, u"cmdclick6"_s, u"filterBox"_s}));
+    EXPECT_EQ(names,
+              (QStringList{u"Grid2"_s, u"Grid1"_s, u"wholeText"_s, u"pane"_s, u"cmdWholeText"_s, u"cmdProofAll"_s,
+                           u"cmdTiMing0"_s, u"cmdTiMing1"_s, u"cmdclick0"_s, u"cmdclick1"_s, u"cmdclick2"_s,
+                           u"cmdclick3"_s, u"cmdclick4"_s, u"cmdclick5"_s, u"cmdclick6"_s, u"filterBox"_s}));
 }
 
 // Only one editor at a time, and no command without a record.
