@@ -115,6 +115,16 @@ void EditedRecord::insert(const NewRow &row) {
     noteEdit();
 }
 
+void EditedRecord::paste(const NewRows &rows) {
+    if (rows.place < 1 || rows.place > m_state.rows.size() + 1 || rows.content.isEmpty())
+        return;
+    m_state.edited = true;
+    m_state.rowsCameOrWent = true;
+    for (qsizetype at = 0; at < rows.content.size(); ++at)
+        putRow(rows.place + int(at), rows.content[at]);
+    noteEdit();
+}
+
 void EditedRecord::remove(int row, int count) {
     if (count < 1 || !holds(row) || !holds(row + count - 1))
         return;

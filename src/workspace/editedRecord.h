@@ -7,6 +7,7 @@
 #include "platform/tableSource.h"
 #include "workspace/fieldEditing.h"
 #include "workspace/fieldHistory.h"
+#include "workspace/fieldPaste.h"
 #include <QDateTime>
 #include <QObject>
 
@@ -46,6 +47,7 @@ public:
     // Each call is one undo step and emits edited().
     void edit(const CellChange &change);
     void insert(const NewRow &row);
+    void paste(const NewRows &rows); // marks the record as edited
     void remove(int row, int count = 1);
 
     // Undo and redo. Return what was undone or redone and the first row that changed, or std::nullopt if there is

@@ -20,6 +20,7 @@ DeskKeys::DeskKeys(const Parts &parts, QWidget *window)
         if (isFree())
             m_parts.find.open(FindLine::Place::Title, text);
     });
+    connect(&m_parts.commands, &FieldCommands::told, this, &DeskKeys::told);
     connect(&m_parts.fields, &FieldGrid::tagTyped, this, &DeskKeys::goToTag);
 }
 

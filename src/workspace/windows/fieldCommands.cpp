@@ -3,6 +3,8 @@
 #include "platform/paths.h"
 #include "widgets/accentFrame.h"
 #include "workspace/windows/menuClass.h"
+#include <QClipboard>
+#include <QGuiApplication>
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -23,7 +25,9 @@ enum Item {
     EditIdentifier,
     EditSubfieldLabel,
     DeleteField = 10,
-    DeleteSubfield
+    DeleteSubfield,
+    CopyFields = 13,
+    PasteFields
 };
 
 struct PopupRow {
@@ -42,6 +46,9 @@ constexpr auto popupRows = std::to_array<PopupRow>({
     {u"-"},
     {u"删除字段", int(Qt::ControlModifier) | int(Qt::Key_Delete)},
     {u"删除子字段", Qt::Key_Delete},
+    {u"-"},
+    {u"复制字段", int(Qt::ControlModifier) | int(Qt::ShiftModifier) | int(Qt::Key_C)},
+    {u"粘贴字段", int(Qt::ControlModifier) | int(Qt::Key_V)},
 });
 
 QStringList popupItems() {
@@ -145,6 +152,10 @@ void FieldCommands::run(int item) {
         return deleteField();
     case DeleteSubfield:
         return deleteSubfield();
+    case CopyFields:
+        return copyFields();
+    case PasteFields:
+        return pasteFields();
     default:
         return;
     }
@@ -214,6 +225,27 @@ void FieldCommands::deleteSubfield() {
                     platform::hintTitle, platform::Answer::No))
         return;
     m_record.remove(current);
+}
+
+void FieldCommands::copyFields() {
+    const auto [first, last] = std::minmax({m_grid.row(), m_grid.rowSel()});
+    const QString text = copiedFields(m_record.rows(), first, last);
+    if (text.isEmpty())
+        return m_host.tell(u"这一行没有可以复制的字段，头标区不能复制。"_s);
+    QGuiApplication::clipboard()->setText(text);
+    Q_EMIT told(u"已复制 %1 个字段，到别的记录里按 Ctrl+V 粘贴"_s.arg(text.count(u'\n')));
+}
+
+void FieldCommands::pasteFields() {
+    const auto pasted = pastedFields(m_record.rows(), m_grid.row(), QGuiApplication::clipboard()->text(),
+                                     platform::pathWithSlash(m_host.programFolder()));
+    if (!pasted)
+        return m_host.tell(u"剪贴板里的不是字段，没有粘贴："_s + pasted.failure().description +
+                           u"\r\n字段的写法是“200 1#$a题名$f著者”，一行一个。");
+    m_record.paste(pasted.value());
+    m_grid.setRow(pasted.value().place);
+    m_editors.editRow = m_grid.row();
+    Q_EMIT told(u"已粘贴，Ctrl+Z 撤销"_s);
 }
 
 } // namespace workspace

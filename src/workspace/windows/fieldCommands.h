@@ -1,4 +1,4 @@
-// The commands of the popup menu over the field grid: editors, lists of fields and subfields to add, deletion.
+// The commands of the popup menu over the field grid: editors, lists of fields and subfields to add, deletion, copying.
 #pragma once
 
 #include "marc/configurationFiles.h"
@@ -8,6 +8,7 @@
 namespace workspace {
 
 class FieldCommands final : public QObject {
+    Q_OBJECT
 public:
     FieldCommands(FieldGrid &grid, EditedRecord &record, CellEditors &editors, platform::Host &host);
 
@@ -31,6 +32,11 @@ public:
     void addSubfield(const QString &line);
     void deleteField();
     void deleteSubfield();
+    void copyFields();  // of the selected rows, to the clipboard
+    void pasteFields(); // from the clipboard, after the current field
+
+Q_SIGNALS:
+    void told(const QString &words);
 
 private:
     void popup(const QPoint &at);
