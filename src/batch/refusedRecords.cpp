@@ -1,6 +1,10 @@
 #include "batch/refusedRecords.h"
 #include "batch/wholeFile.h"
 #include "platform/codepage936.h"
+#include <algorithm>
+#include <map>
+
+using namespace Qt::StringLiterals;
 
 namespace batch {
 
@@ -14,12 +18,38 @@ bool stands(const marc::RefusedRecord &refused, const marc::PreReadStore &record
 
 } // namespace
 
-std::vector<Remark> remarksOf(const RefusedRecords &refused, const marc::PreReadStore &records) {
+RefusedRecords NotImported::inListOrder() const {
+    RefusedRecords all = refused;
+    all.insert(all.end(), leftOut.begin(), leftOut.end());
+    std::ranges::stable_sort(all, {}, &marc::RefusedRecord::record);
+    return all;
+}
+
+QString NotImported::words() const {
+    const QString skipped = leftOut.empty() ? QString() : u"，跳过查重命中的 %1 条"_s.arg(leftOut.size());
+    return u"未成功 %1 条"_s.arg(refused.size()) + skipped;
+}
+
+std::vector<Remark> remarksOf(const NotImported &rest, const marc::PreReadStore &records) {
     std::vector<Remark> remarks;
-    for (const marc::RefusedRecord &row : refused)
-        if (stands(row, records))
-            remarks.push_back({row.record, records.title(row.record), Kind::Refused, {}, 0, row.reason});
+    for (const auto &[rows, kind] : {std::pair(&rest.refused, Kind::Refused), {&rest.leftOut, Kind::LeftOut}})
+        for (const marc::RefusedRecord &row : *rows)
+            if (stands(row, records))
+                remarks.push_back({row.record, records.title(row.record), kind, {}, 0, row.reason});
     return remarks;
+}
+
+RefusedRecords duplicatesIn(const RemarkList &remarks) {
+    std::map<int, QString> found;
+    for (const Remark &remark : remarks.all())
+        if (remark.kind == Kind::InStore) {
+            QString &reason = found[remark.record];
+            reason += (reason.isEmpty() ? u"没有导入："_s : u"；"_s) + remark.text;
+        }
+    RefusedRecords duplicates;
+    for (const auto &[record, reason] : found)
+        duplicates.push_back({record, reason});
+    return duplicates;
 }
 
 platform::Status saveRefused(const QString &path, const RefusedRecords &refused, const marc::PreReadStore &records) {

@@ -11,7 +11,20 @@ namespace batch {
 
 using RefusedRecords = std::vector<marc::RefusedRecord>;
 
-std::vector<Remark> remarksOf(const RefusedRecords &refused, const marc::PreReadStore &records);
+// What an import did not put into the store.
+struct NotImported {
+    RefusedRecords refused;
+    RefusedRecords leftOut;
+
+    bool isEmpty() const { return refused.empty() && leftOut.empty(); }
+    RefusedRecords inListOrder() const;
+    QString words() const; // how many there are of each
+};
+
+std::vector<Remark> remarksOf(const NotImported &rest, const marc::PreReadStore &records);
+
+// Returns the records for which the search for duplicates found something, with all that it found.
+RefusedRecords duplicatesIn(const RemarkList &remarks);
 
 // Replaces the file by those records as they are in the list, in GBK, each followed by CR LF. On failure the file is
 // unchanged.

@@ -9,7 +9,8 @@ namespace batch {
 namespace {
 
 constexpr std::array<QStringView, kindCount> names = {
-    u"未能检查", u"目次区", u"必备字段", u"重复字段", u"模板", u"ISBN", u"ISSN", u"批内重复", u"查重", u"未成功",
+    u"未能检查", u"目次区",   u"必备字段", u"重复字段", u"模板",   u"ISBN",
+    u"ISSN",     u"批内重复", u"查重",     u"未成功",   u"已跳过",
 };
 
 } // namespace

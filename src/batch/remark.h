@@ -19,8 +19,9 @@ enum class Kind {
     InBatch,
     InStore,
     Refused,
+    LeftOut, // by the user's choice
 };
-inline constexpr std::size_t kindCount = 10;
+inline constexpr std::size_t kindCount = 11;
 
 QStringView nameOf(Kind kind);
 
@@ -54,6 +55,7 @@ public:
     int idOf(int row) const { return int(m_shown.at(std::size_t(row))); }
     int rowOf(int id) const;
 
+    const std::vector<Remark> &all() const { return m_all; } // shown or not, in the order they were added
     // Returns the records that have a remark, shown or not, in ascending order.
     std::vector<int> records() const;
 

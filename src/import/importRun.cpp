@@ -17,6 +17,15 @@ void ImportRun::take(const QString &record, const std::function<bool(const QStri
         ++m_succeeded;
 }
 
+void ImportRun::leaveOut() {
+    ++m_taken;
+    ++m_leftOut;
+}
+
+QString ImportRun::leftOutText() const {
+    return m_leftOut > 0 ? u"跳过查重命中的 %1 条"_s.arg(m_leftOut) : QString();
+}
+
 QString ImportRun::countText() const {
     return u"已经成功处理的记录数："_s + QString::number(m_lastWentIn ? m_succeeded : 0);
 }

@@ -25,17 +25,22 @@ public:
     // one more.
     void take(const QString &record, const std::function<bool(const QString &)> &daoru);
 
+    // Passes over the next record, by the user's choice; the result of the previous one stays.
+    void leaveOut();
+
     int taken() const { return m_taken; }
     int succeeded() const { return m_succeeded; }
     bool lastWentIn() const { return m_lastWentIn; } // for an empty record, the result of the previous one
     QString countText() const;                       // shows 0 after a failure, without changing the count
     QString percentText() const { return percentage(m_taken, m_total); }
     QString closingText() const;
+    QString leftOutText() const; // empty if no record was left out
 
 private:
     int m_total;
     int m_taken = 0;
     int m_succeeded = 0;
+    int m_leftOut = 0;
     bool m_lastWentIn = false;
 };
 

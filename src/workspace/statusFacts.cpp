@@ -29,10 +29,12 @@ QString ofTheFile(const StatusFacts &facts) {
 QString ofTheImport(const StatusFacts &facts) {
     if (!facts.imported)
         return {};
-    const QString text = u"本次已导入 %1 条"_s.arg(facts.imported->wentIn);
-    if (facts.imported->refused == 0)
-        return text;
-    return text + u"，未成功 %1 条，F8 列出"_s.arg(facts.imported->refused);
+    QString text = u"本次已导入 %1 条"_s.arg(facts.imported->wentIn);
+    if (facts.imported->leftOut > 0)
+        text += u"，跳过 %1 条"_s.arg(facts.imported->leftOut);
+    if (facts.imported->refused > 0)
+        text += u"，未成功 %1 条"_s.arg(facts.imported->refused);
+    return facts.imported->leftOut + facts.imported->refused > 0 ? QString(text + u"，F8 列出") : text;
 }
 
 } // namespace

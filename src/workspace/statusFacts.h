@@ -12,6 +12,7 @@ namespace workspace {
 struct ImportedNow {
     int wentIn = 0;
     qsizetype refused = 0;
+    qsizetype leftOut = 0; // by the user's choice
 };
 
 struct StatusFacts {

@@ -14,7 +14,8 @@ TEST(ImportThroughWindows, ImportsTheSamplesRepeatedly) {
     host.folder = QStringLiteral(PROGRAM_FOLDER);
     host.onYield = [] { QCoreApplication::processEvents(); };
     QString said;
-    const auto runImport = [&](std::shared_ptr<const marc::PreReadStore> records, const QString &count, QWidget *) {
+    const auto runImport = [&](std::shared_ptr<const marc::PreReadStore> records, const QString &count, const auto &,
+                               QWidget *) {
         importing::frmDaoRuJindu window(host, database.state, std::move(records));
         window.Text2->setText(count);
         window.show();

@@ -99,7 +99,7 @@ TEST(RefusedRecords, AreWrittenUnchangedOrNotAtAll) {
     const auto store =
         storeOf({recordOf(u"200=1 $a甲'乙"_s), recordOf(u"200=1 $a丙"_s), recordOf(u"200=1 $a\u20AC€\u0416"_s)});
     const RefusedRecords refused{{2, u"duplicate key"_s}, {0, u"too long"_s}, {99, {}}, {-1, {}}};
-    const auto remarks = remarksOf(refused, *store);
+    const auto remarks = remarksOf({.refused = refused}, *store);
     ASSERT_EQ(remarks.size(), 2U);
     EXPECT_EQ(remarks[0].title + remarks[0].text, u"题3duplicate key"_s);
     const TestFolder folder;

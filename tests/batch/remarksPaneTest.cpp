@@ -165,7 +165,7 @@ TEST_F(Pane, ContinuesHiddenAndEndsWithItsWorkspace) {
 
 TEST_F(Pane, KeepsRefusedRecordsNextToTheRemarks) {
     EXPECT_TRUE(pane->isEmpty());
-    pane->listRefused({{2, u"重复的\n键"_s}, {1, u"太长"_s}});
+    pane->listRefused({.refused = {{2, u"重复的\n键"_s}, {1, u"太长"_s}}});
     RemarkTable &refused = *pane->refusedTable;
     EXPECT_TRUE(refused.isVisible() && !pane->toProofButton->isVisible() && !pane->isEmpty());
     EXPECT_EQ(refused.words->text() + refused.grid->text(1, 1) + refused.grid->text(1, 4), u"未成功 2 条题2太长"_s);
@@ -182,6 +182,19 @@ TEST_F(Pane, KeepsRefusedRecordsNextToTheRemarks) {
     EXPECT_TRUE(refused.isVisible());
     pane->toProofButton->click();
     EXPECT_EQ(words(), u"校对 3 条，发现 8 处"_s);
+    EXPECT_TRUE(pane->skipBox->isEnabled() && pane->leftOut().empty());
+    pane->skipBox->click();
+    const RefusedRecords leftOut = pane->leftOut();
+    ASSERT_EQ(leftOut.size(), 3U);
+    EXPECT_EQ(leftOut[1].reason, u"没有导入：书库已有相同ISBN：控制号 9《呐喊》"_s);
+    pane->listRefused({.refused = {{2, u"太长"_s}}, .leftOut = {leftOut[1]}});
+    EXPECT_EQ(refused.words->text() + refused.grid->text(1, 2), u"未成功 1 条，跳过查重命中的 1 条已跳过"_s);
+    EXPECT_EQ(pane->rowsWithRemarks(), (std::vector<int>{0, 1, 2}));
+    EXPECT_TRUE(pane->leftOut().empty()) << "the tick is for one import";
+    pane->skipBox->click();
+    at(1, [this] { EXPECT_FALSE(pane->skipBox->isEnabled() || pane->skipBox->isChecked()); });
+    pane->proofAll();
+    EXPECT_TRUE(pane->leftOut().empty());
     pane->listRefused({}); // the next import refused no record
     EXPECT_TRUE(proof().isVisible() && !pane->toRefusedButton->isVisible());
     QSignalSpy left(pane.get(), &RemarksPane::left);

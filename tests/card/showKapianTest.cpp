@@ -118,4 +118,18 @@ TEST(FrmMarcKaPian, KeepsItsTextIfThereIsNoCard) {
     EXPECT_EQ(window.Text1->text(), window.marcRecord);
     EXPECT_TRUE(window.Text1->toPlainText().contains(u"¶  ‡f甲‡‡¶")) << window.Text1->toPlainText().toStdString();
     EXPECT_EQ(host.boxes.size(), 4);
+    QTest::keyClick(window.Text1, Qt::Key_Right); // no other record
+
+    QList<int> steps;
+    window.step = [&](int by) {
+        steps.append(by);
+        return by > 0 ? std::optional(recordWith(u"200=1 $a甲"_s)) : std::nullopt;
+    };
+    QTest::keyClick(window.Text1, Qt::Key_Right);
+    EXPECT_TRUE(window.Text1->text().contains(u'甲') && window.Text1->text() != window.marcRecord) << "the same view";
+    window.cmdclick[0]->click();
+    QTest::keyClick(window.Text1, Qt::Key_Left);
+    QTest::keyClick(window.Text1, Qt::Key_Right, Qt::ShiftModifier); // selects
+    EXPECT_EQ(window.Text1->text(), recordWith(u"200=1 $a甲"_s));
+    EXPECT_EQ(steps, (QList<int>{1, -1}));
 }

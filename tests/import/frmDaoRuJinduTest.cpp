@@ -70,6 +70,17 @@ TEST_F(ImportWindow, RunsOnceAndReportsEachStep) {
     EXPECT_FALSE(window.isVisible());
 }
 
+// The empty row after the record that is left out repeats the result before it.
+TEST_F(ImportWindow, LeavesOutTheRecordsThatTheUserDoesNotWant) {
+    list({u"甲"_s, u"乙"_s, u"丙"_s, u"丁"_s});
+    frmDaoRuJindu window(host, database.state, records);
+    window.leaveOut({{1, {}}, {3, {}}});
+    open(window, u"5"_s);
+    EXPECT_EQ(stored(), (QStringList{u"甲"_s, u"丙"_s}));
+    EXPECT_EQ(window.labTishi->text() + window.leftOutWords->text(), u"本次成功处理的记录数：3跳过查重命中的 2 条"_s);
+    EXPECT_TRUE(window.refused().empty() && window.wentIn() == 2 && window.taken() == 5);
+}
+
 TEST_F(ImportWindow, StopsAfterTheCurrentRecord) {
     list({u"甲"_s, u"乙"_s, u"丙"_s});
     frmDaoRuJindu window(host, database.state, records);

@@ -277,6 +277,12 @@ TEST_F(Desk, AStepIsOneShowAndUndoKeepsItsPlace) {
     EXPECT_TRUE(
         window.Grid1->viewport()->rect().contains(window.Grid1->visualRect(window.Grid1->model()->index(last - 1, 1))))
         << "the row whose whole text is shown stays visible";
+    const auto dots = [&] {
+        return window.room->wholeText->document()->defaultTextOption().flags() & QTextOption::ShowTabsAndSpaces;
+    };
+    EXPECT_FALSE(dots());
+    window.Grid1->clickRow(1); // the leader
+    EXPECT_TRUE(dots());
 }
 
 TEST(StatusLine, ShowsTheMostUrgentFirst) {

@@ -78,4 +78,10 @@ TEST_F(Moving, AnEditedRecordGoesIntoTheImportAndIsAskedAbout) {
     host.willAnswer(Answer::No);
     EXPECT_FALSE(window.close());
     EXPECT_EQ(host.lastBox().preselected, Answer::No);
+
+    window.cmdclick[1]->click();
+    host.willAnswer(Answer::No);
+    EXPECT_TRUE(stepInCard(1)->contains(u"题2"_s)) << "the arrow keys of the card page through the records";
+    EXPECT_EQ(stepInCard(1), std::nullopt) << "an empty row";
+    EXPECT_EQ(window.Grid2->row(), 1);
 }

@@ -1,6 +1,8 @@
 // Random actions on the workspace window, compared with a small model of its state. TARVEX_ACTS and TARVEX_SEED set the
 // number of actions and the seed.
 #include "modelledWorkspace.h"
+#include "workspace/fieldPaste.h"
+#include <QClipboard>
 
 using namespace workspace;
 using platform::Answer;
@@ -165,6 +167,26 @@ struct RandomActs : ModelledWorkspace {
         model.insert(field ? newField(model.grid.rows, current, line) : newSubfield(model.grid.rows, current, line));
         key(list, Qt::Key_Return);
     }
+    void copyAndPaste() {
+        if (model.grid.rows[0].identifier.isEmpty())
+            return;
+        const int from = anyRow(), to = anyRow();
+        const QString text = copiedFields(model.grid.rows, from, from);
+        toRow(from);
+        key(form->Grid1, Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+        if (text.isEmpty())
+            return; // the leader, or a field without a tag
+        EXPECT_EQ(QGuiApplication::clipboard()->text(), text);
+        toRow(to);
+        const auto pasted = pastedFields(model.grid.rows, to, text, model.folder);
+        if (pasted) {
+            for (qsizetype at = pasted.value().content.size(); at-- > 0;)
+                model.grid.rows.insert(pasted.value().place - 1, pasted.value().content[at]);
+            model.grid.edited = model.grid.cameOrWent = true;
+            model.note();
+        }
+        key(form->Grid1, Qt::Key_V, Qt::ControlModifier);
+    }
     void remove(bool field) {
         if (model.grid.rows[0].identifier.isEmpty())
             return;
@@ -219,7 +241,7 @@ struct RandomActs : ModelledWorkspace {
         for (int i = dice.below(4); i > 0 && outcome.taken > 0; --i)
             refused.insert(dice.below(outcome.taken));
         for (const int row : std::as_const(refused))
-            outcome.refused.push_back({row, u"refused"_s});
+            (dice.below(2) ? outcome.refused : outcome.leftOut).push_back({row, u"not imported"_s});
         model.import(keep, outcome.taken, refused);
         form->cmdclick[5]->click();
     }
@@ -252,6 +274,7 @@ struct RandomActs : ModelledWorkspace {
             {"add subfield", [this] { add(false); }},
             {"delete field", [this] { remove(true); }},
             {"delete subfield", [this] { remove(false); }},
+            {"copy and paste", [this] { copyAndPaste(); }},
             {"undo", [this] { go(-1); }},
             {"undo", [this] { go(-1); }},
             {"redo", [this] { go(1); }},

@@ -105,10 +105,10 @@ TEST_F(Remarks, AreDisabledWhileAnEditorIsOpen) {
 
 TEST_F(Remarks, OfAnImportAreListedWithOneKey) {
     auto &window = open(230);
-    outcome = {.taken = 200, .wentIn = 198, .refused = {{1, u"甲"_s}, {3, u"乙"_s}}};
+    outcome = {.taken = 200, .wentIn = 198, .refused = {{1, u"甲"_s}, {3, u"乙"_s}}, .leftOut = {{7, u"重复"_s}}};
     window.cmdclick[5]->setFocus();
     QTest::keyClick(window.cmdclick[5], Qt::Key_Return);
-    EXPECT_TRUE(status().startsWith(u"本次已导入 198 条，未成功 2 条，F8 列出"_s)) << status().toStdString();
+    EXPECT_TRUE(status().startsWith(u"本次已导入 198 条，跳过 1 条，未成功 2 条，F8 列出"_s)) << status().toStdString();
     EXPECT_TRUE(window.Grid2->hasFocus() && !pane.widget->isVisible());
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return); // does not start another import
     EXPECT_EQ(opened.size(), 1);

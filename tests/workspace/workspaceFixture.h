@@ -29,9 +29,13 @@ struct PaneDouble {
                         asked.append(u"proof of "_s + QString::number(needs.recordsInFile()));
                     },
                 .listRefused =
-                    [this](const auto &refused) {
-                        empty = empty && refused.empty();
-                        asked.append(u"refused "_s + QString::number(refused.size()));
+                    [this](const workspace::ImportOutcome &outcome) {
+                        empty = empty && outcome.refused.empty();
+                        asked.append(u"refused "_s + QString::number(outcome.refused.size()));
+                    },
+                .leftOut =
+                    [] {
+                        return std::vector<marc::RefusedRecord>{{7, u"重复"_s}};
                     },
                 .isEmpty = [this] { return empty; },
                 .rowsWithRemarks = [this] { return remarked; },
@@ -44,6 +48,7 @@ struct Workspace : testing::Test {
     QStringList opened; // the arguments of the other windows, in order
     std::optional<QString> assistantGives;
     workspace::ImportOutcome outcome; // of the next import
+    marc::RecordStep stepInCard;      // of the last card
     PaneDouble pane;
     std::unique_ptr<workspace::frmDaoru> form;
 
@@ -79,12 +84,17 @@ struct Workspace : testing::Test {
         return std::make_unique<workspace::frmDaoru>(
             host,
             workspace::WorkspaceWindows{
-                .showCard = [note](const QString &record, const QString &mode,
-                                   QWidget *) { note(mode + u' ' + record); },
+                .showCard =
+                    [this, note](const QString &record, const QString &mode, const marc::RecordStep &step, QWidget *) {
+                        note(mode + u' ' + record);
+                        stepInCard = step;
+                    },
                 .showReport = [note](const QString &text, QWidget *) { note(text); },
                 .runImport =
-                    [this, note](std::shared_ptr<const marc::PreReadStore> records, const QString &count, QWidget *) {
+                    [this, note](std::shared_ptr<const marc::PreReadStore> records, const QString &count,
+                                 const std::vector<marc::RefusedRecord> &leaveOut, QWidget *) {
                         note(count + u' ' + records->record(0));
+                        EXPECT_TRUE(leaveOut.size() == 1 && leaveOut[0].record == 7);
                         return outcome;
                     },
                 .makeRemarks = [this](const workspace::RemarksNeeds &needs) { return pane.make(needs); },

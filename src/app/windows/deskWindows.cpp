@@ -16,6 +16,8 @@
 #include "tidy/windows/frmTidy.h"
 #include "workspace/windows/frmDaoru.h"
 #include "workspace/windows/frmSelectMFile.h"
+#include <algorithm>
+#include <iterator>
 #include <memory>
 #include <utility>
 
@@ -28,7 +30,8 @@ DeskWindows::DeskWindows(platform::Host &host, const database::SessionState &sta
     , m_state(state)
     , m_catalogue(host, state,
                   {.lastImport = [this] { return m_lastImport; },
-                   .showCard = [this](const QString &marc, QWidget *owner) { showCard(marc, u"卡片"_s, owner); }}) {}
+                   .showCard = [this](const QString &marc, const marc::RecordStep &step,
+                                      QWidget *owner) { showCard(marc, u"卡片"_s, step, owner); }}) {}
 
 void DeskWindows::setFrame(marcMain *frame) {
     m_frame = frame;
@@ -64,11 +67,12 @@ void DeskWindows::showWorkspace(const QString &file, QWidget *owner) {
 
 workspace::WorkspaceWindows DeskWindows::workspaceWindows() {
     return {
-        .showCard = [this](const marc::RawRecord &record, const QString &mode,
-                           QWidget *owner) { showCard(record, mode, owner); },
+        .showCard = [this](const marc::RawRecord &record, const QString &mode, const marc::RecordStep &step,
+                           QWidget *owner) { showCard(record, mode, step, owner); },
         .showReport = [this](const QString &text, QWidget *owner) { showReport(text, owner); },
         .runImport = [this](std::shared_ptr<const marc::PreReadStore> records, const QString &count,
-                            QWidget *owner) { return runImport(std::move(records), count, owner); },
+                            const std::vector<marc::RefusedRecord> &leaveOut,
+                            QWidget *owner) { return runImport(std::move(records), count, leaveOut, owner); },
         .makeRemarks = [this](const workspace::RemarksNeeds &needs) { return makeRemarks(needs); },
         .databaseTrouble =
             [this] {
@@ -82,18 +86,21 @@ workspace::WorkspaceWindows DeskWindows::workspaceWindows() {
     };
 }
 
-void DeskWindows::showCard(const marc::RawRecord &record, const QString &mode, QWidget *owner) {
+void DeskWindows::showCard(const marc::RawRecord &record, const QString &mode, const marc::RecordStep &step,
+                           QWidget *owner) {
     card::frmMarcKaPian window(m_host, owner);
     window.marcRecord = record;
     window.showMode = mode;
+    window.step = step;
     window.exec();
 }
 
 workspace::ImportOutcome DeskWindows::runImport(std::shared_ptr<const marc::PreReadStore> records, const QString &count,
-                                                QWidget *owner) {
+                                                const std::vector<marc::RefusedRecord> &leaveOut, QWidget *owner) {
     importing::frmDaoRuJindu window(m_host, m_state, std::move(records), owner);
     window.Text1->setText(u"0"_s);
     window.Text2->setText(count);
+    window.leaveOut(leaveOut);
     workspace::ImportOutcome outcome;
     QObject::connect(&window, &importing::frmDaoRuJindu::refusedWanted, &window, [&] {
         outcome.refusedWanted = true;
@@ -105,6 +112,8 @@ workspace::ImportOutcome DeskWindows::runImport(std::shared_ptr<const marc::PreR
     outcome.taken = window.taken();
     outcome.wentIn = window.wentIn();
     outcome.refused = window.refused();
+    std::ranges::copy_if(leaveOut, std::back_inserter(outcome.leftOut),
+                         [&](const marc::RefusedRecord &record) { return record.record < outcome.taken; });
     return outcome;
 }
 
@@ -119,7 +128,11 @@ workspace::RemarksPane DeskWindows::makeRemarks(const workspace::RemarksNeeds &n
                      [tell = needs.tell](const QString &words) { tell(words + u"，F8 列出"); });
     return {.widget = pane,
             .proofAll = [pane] { pane->proofAll(); },
-            .listRefused = [pane](auto refused) { pane->listRefused(std::move(refused)); },
+            .listRefused =
+                [pane](const workspace::ImportOutcome &outcome) {
+                    pane->listRefused({outcome.refused, outcome.leftOut});
+                },
+            .leftOut = [pane] { return pane->leftOut(); },
             .isEmpty = [pane] { return pane->isEmpty(); },
             .rowsWithRemarks = [pane] { return pane->rowsWithRemarks(); },
             .end = [pane] { pane->end(); }};

@@ -35,9 +35,9 @@ private:
     workspace::WorkspaceWindows workspaceWindows();
     workspace::RemarksPane makeRemarks(const workspace::RemarksNeeds &needs);
     void showReport(const QString &text, QWidget *owner);
-    void showCard(const marc::RawRecord &record, const QString &mode, QWidget *owner);
+    void showCard(const marc::RawRecord &record, const QString &mode, const marc::RecordStep &step, QWidget *owner);
     workspace::ImportOutcome runImport(std::shared_ptr<const marc::PreReadStore> records, const QString &count,
-                                       QWidget *owner);
+                                       const std::vector<marc::RefusedRecord> &leaveOut, QWidget *owner);
 
     platform::Host &m_host;
     const database::SessionState &m_state;

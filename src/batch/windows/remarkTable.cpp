@@ -32,7 +32,7 @@ RemarkTable::RemarkTable(const QString &objectName, platform::Host &host, QWidge
     , grid(new widgets::FlexGrid(u"grid"_s, RemarkList().columnCount(), 1, this))
     , remarkText(named(new QLabel(this), u"remarkText"_s))
     , copyButton(new Button(u"copyButton"_s, u"&C 复制"_s, this))
-    , saveButton(new Button(u"saveButton"_s, u"&T 另存为…"_s, this))
+    , saveButton(new Button(u"saveButton"_s, u"&O 另存为…"_s, this))
     , m_host(host)
     , m_above(widgets::row({}))
     , m_below(widgets::row({})) {

@@ -26,9 +26,9 @@ public:
     void settle();
 
     const RemarkList &remarks() const { return *m_list; }
-    // Add a button next to `words`, or next to the buttons at the bottom.
-    void addAbove(widgets::Button *button) { m_above->addWidget(button); }
-    void addBelow(widgets::Button *button) { m_below->addWidget(button); }
+    // Add a control next to `words`, or next to the buttons at the bottom.
+    void addAbove(QWidget *control) { m_above->addWidget(control); }
+    void addBelow(QWidget *control) { m_below->addWidget(control); }
     // Asks for a file and lets `write` write it.
     struct Target {
         QString title;

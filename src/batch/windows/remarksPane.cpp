@@ -15,11 +15,13 @@ namespace batch {
 RemarksPane::RemarksPane(platform::Host &host, Source source, QWidget *parent)
     : QStackedWidget(parent)
     , proofTable(new RemarkTable(u"proofTable"_s, host, this))
+    , skipBox(widgets::named(new QCheckBox(u"导入时跳过查重命中的(&V)"_s, proofTable), u"skipBox"_s,
+                             u"导入时跳过查重命中的"_s))
     , stopButton(new Button(u"stopButton"_s, u"&E 停止"_s, proofTable))
     , toRefusedButton(new Button(u"toRefusedButton"_s, u"&R 未成功记录"_s, proofTable))
     , refusedTable(new RemarkTable(u"refusedTable"_s, host, this))
     , toProofButton(new Button(u"toProofButton"_s, u"&R 校对结果"_s, refusedTable))
-    , isoButton(new Button(u"isoButton"_s, u"&O 存为机读文件…"_s, refusedTable))
+    , isoButton(new Button(u"isoButton"_s, u"&T 存为机读文件…"_s, refusedTable))
     , m_host(host)
     , m_source(std::move(source)) {
     setObjectName(u"remarksPane"_s);
@@ -38,16 +40,19 @@ RemarksPane::RemarksPane(platform::Host &host, Source source, QWidget *parent)
 void RemarksPane::lay() {
     proofTable->grid->setAccessibleName(u"校对结果"_s);
     refusedTable->grid->setAccessibleName(u"未成功记录"_s);
+    proofTable->addAbove(skipBox);
     proofTable->addAbove(stopButton);
     proofTable->addAbove(toRefusedButton);
     refusedTable->addAbove(toProofButton);
     refusedTable->addBelow(isoButton);
-    widgets::hint({{stopButton, u"不再往下校对，已经发现的留下"},
+    widgets::hint({{skipBox, u"下一次导入不导入“查重”一类的记录；导入以后自动取消"},
+                   {stopButton, u"不再往下校对，已经发现的留下"},
                    {isoButton, u"把这些记录存成机读目录文件，改正后再导入"},
                    {toRefusedButton, u"列出上次导入没有成功的记录"},
                    {toProofButton, u"回到校对全部的结果"}});
     stopButton->hide();
     offerOther();
+    offerSkipping();
     for (RemarkTable *table : {proofTable, refusedTable})
         addWidget(table);
     setFocusProxy(proofTable);
@@ -61,8 +66,14 @@ void RemarksPane::turnTo(RemarkTable *table) {
         table->setFocus();
 }
 
+// Each run begins without the tick, and the duplicates are complete only at its end.
+void RemarksPane::offerSkipping() {
+    skipBox->setChecked(false);
+    skipBox->setEnabled(!m_running && proofTable->remarks().count(Kind::InStore) > 0);
+}
+
 void RemarksPane::offerOther() {
-    toRefusedButton->setVisible(!m_refused.empty());
+    toRefusedButton->setVisible(!m_rest.isEmpty());
     toProofButton->setVisible(m_run != nullptr);
 }
 
@@ -75,6 +86,7 @@ void RemarksPane::proofAll() {
     Q_EMIT changed();
     turnTo(proofTable);
     offerOther();
+    offerSkipping();
     stopButton->show();
     while (run->hasNext()) {
         takeRemarks(run->step());
@@ -118,6 +130,7 @@ void RemarksPane::finish() {
         proofTable->setFocus();
     stopButton->hide();
     proofTable->settle();
+    offerSkipping();
     const QString words = m_run->closingText(proofTable->remarks(), m_source.recordsInFile());
     proofTable->words->setText(words);
     m_run->end();
@@ -125,20 +138,26 @@ void RemarksPane::finish() {
         Q_EMIT ended(words);
 }
 
-void RemarksPane::listRefused(RefusedRecords refused) {
-    m_refused = std::move(refused);
+RefusedRecords RemarksPane::leftOut() const {
+    return skipBox->isChecked() ? duplicatesIn(proofTable->remarks()) : RefusedRecords();
+}
+
+void RemarksPane::listRefused(NotImported rest) {
+    m_rest = std::move(rest);
     refusedTable->begin();
-    refusedTable->take(remarksOf(m_refused, *m_source.records));
+    refusedTable->take(remarksOf(m_rest, *m_source.records));
     refusedTable->settle();
-    refusedTable->words->setText(u"未成功 %1 条"_s.arg(refusedTable->remarks().found()));
+    refusedTable->words->setText(m_rest.words());
     offerOther();
-    turnTo(m_refused.empty() ? proofTable : refusedTable);
+    offerSkipping();
+    turnTo(m_rest.isEmpty() ? proofTable : refusedTable);
     Q_EMIT changed();
 }
 
 void RemarksPane::saveRecords() {
-    refusedTable->save({u"存为机读文件"_s, u"机读目录文件(*.iso)|*.iso|所有文件(*.*)|*.*"_s, u".iso"},
-                       [this](const QString &path) { return saveRefused(path, m_refused, *m_source.records); });
+    refusedTable->save(
+        {u"存为机读文件"_s, u"机读目录文件(*.iso)|*.iso|所有文件(*.*)|*.*"_s, u".iso"},
+        [this](const QString &path) { return saveRefused(path, m_rest.inListOrder(), *m_source.records); });
 }
 
 void RemarksPane::keyPressEvent(QKeyEvent *event) {

@@ -7,6 +7,7 @@
 #include "batch/windows/remarkTable.h"
 #include "marc/fieldPlace.h"
 #include "widgets/button.h"
+#include <QCheckBox>
 #include <QStackedWidget>
 
 namespace batch {
@@ -25,17 +26,21 @@ public:
     // Proves all records. Returns at the end or when the run is stopped: by its button, by end(), by another run or by
     // the deletion of the pane, which may be deleted by then. Hiding the pane does not stop the run.
     void proofAll();
-    // Lists the records that the last import refused; if there are none, shows the proof table.
-    void listRefused(RefusedRecords refused);
+    // Lists the records that the last import refused or left out, and unticks skipBox; if there are none, shows the
+    // proof table.
+    void listRefused(NotImported rest);
+    // Returns the records that the next import has to leave out: the duplicates that were found, if skipBox is ticked.
+    RefusedRecords leftOut() const;
     // Ends a run because the workspace is closed.
     void end();
     // Returns whether there is neither a proof nor a refused record to show.
-    bool isEmpty() const { return m_run == nullptr && m_refused.empty(); }
+    bool isEmpty() const { return m_run == nullptr && m_rest.isEmpty(); }
 
     // Returns the rows of the list with a remark of the last proof or refused by the last import, in ascending order.
     std::vector<int> rowsWithRemarks() const;
 
     RemarkTable *proofTable;
+    QCheckBox *skipBox;          // disabled if no duplicate was found, and during a run
     widgets::Button *stopButton; // shown during a run
     widgets::Button *toRefusedButton;
     RemarkTable *refusedTable;
@@ -55,6 +60,7 @@ private:
     void lay();
     void turnTo(RemarkTable *table);
     void offerOther();
+    void offerSkipping();
     void takeRemarks(std::vector<Remark> remarks);
     bool goesOn(int run);
     void finish();
@@ -63,7 +69,7 @@ private:
     platform::Host &m_host;
     Source m_source;
     std::shared_ptr<ProofRun> m_run; // the last run
-    RefusedRecords m_refused;
+    NotImported m_rest;              // of the last import
     int m_runs = 0; // number of runs begun and ended; a loop that finds another number returns and touches nothing
     bool m_running = false;
 };

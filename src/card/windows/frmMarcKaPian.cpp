@@ -2,6 +2,7 @@
 #include "card/showKapian.h"
 #include "marc/isoLayout.h"
 #include "widgets/layout.h"
+#include <QKeyEvent>
 #include <QShowEvent>
 
 using namespace Qt::StringLiterals;
@@ -33,6 +34,7 @@ frmMarcKaPian::frmMarcKaPian(platform::Host &host, QWidget *parent)
     setLayout(widgets::column(
         {Label2, {Text1, 1}, widgets::row({cmdclick[0], cmdclick[1], widgets::stretch(), cmdclick[2]})}));
     Text1->setFocus();
+    Text1->installEventFilter(this);
     for (const Button *button : cmdclick)
         connect(button, &Button::clicked, this, [this, button] { clicked(button); });
 }
@@ -58,12 +60,38 @@ void frmMarcKaPian::clicked(const Button *button) {
         unload();
 }
 
+bool frmMarcKaPian::eventFilter(QObject *watched, QEvent *event) {
+    if (watched == Text1 && event->type() == QEvent::KeyPress && step) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        const bool sideways = key->key() == Qt::Key_Left || key->key() == Qt::Key_Right;
+        if (sideways && (key->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier) {
+            page(key->key() == Qt::Key_Left ? -1 : 1);
+            return true;
+        }
+    }
+    return Window::eventFilter(watched, event);
+}
+
+void frmMarcKaPian::page(int by) {
+    const std::optional<marc::RawRecord> next = step(by);
+    if (!next)
+        return;
+    marcRecord = *next;
+    Text1->clear(); // a record without a card leaves the box as it is
+    if (m_standard)
+        showStandard();
+    else
+        showCard();
+}
+
 void frmMarcKaPian::showStandard() {
+    m_standard = true;
     Text1->setText(marcRecord);
     Text1->setToolTip(signsOfTheRecord());
 }
 
 void frmMarcKaPian::showCard() {
+    m_standard = false;
     const Card card = showKapian(marcRecord);
     Text1->setToolTip({});
     for (const QString &text : card.boxes)

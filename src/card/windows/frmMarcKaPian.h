@@ -18,7 +18,8 @@ public:
     explicit frmMarcKaPian(platform::Host &host, QWidget *parent = nullptr);
 
     marc::RawRecord marcRecord;
-    QString showMode; // "标准" opens the standard view, any other text the card
+    QString showMode;      // "标准" opens the standard view, any other text the card
+    marc::RecordStep step; // if set, the left and right arrow keys page through the records
 
     QLabel *const Label2;
     widgets::TextBox *const Text1;
@@ -26,14 +27,17 @@ public:
 
 protected:
     void showEvent(QShowEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void clicked(const widgets::Button *button);
+    void page(int by);
     void showStandard();
     void showCard();
 
     platform::Host &m_host;
     QString lastButton; // the view button last pressed
+    bool m_standard = false;
 };
 
 } // namespace card

@@ -35,6 +35,7 @@ frmDaoRuJindu::frmDaoRuJindu(platform::Host &host, const database::SessionState 
     , labJinDuShu(new widgets::PacedLabel(u"labJinDuShu"_s, u"已经成功导入的机读记录："_s, this))
     , LabBi(new widgets::PacedLabel(u"LabBi"_s, {}, this))
     , labTishi(named(new QLabel(this), u"labTishi"_s))
+    , leftOutWords(named(new QLabel(this), u"leftOutWords"_s))
     , barJinduTishi(named(new QProgressBar(this), u"barJinduTishi"_s, u"导入进度"_s))
     , cmdRefused(new widgets::Button(u"cmdRefused"_s, {}, this))
     , cmdStop(new widgets::Button(u"cmdStop"_s, u"&S 停止"_s, this))
@@ -64,7 +65,7 @@ void frmDaoRuJindu::lay() {
     QBoxLayout *last = row({{barJinduTishi, 1}, LabBi, {labTishi, 1}, cmdRefused});
     last->addStrut(cmdRefused->sizeHint().height());
     setLayout(column({row({Picture1, {column({labEndShu, labJinDuShu, last}), 1}}), widgets::stretch(),
-                      row({widgets::stretch(), cmdStop, cmdQuit})}));
+                      row({leftOutWords, widgets::stretch(), cmdStop, cmdQuit})}));
 }
 
 void frmDaoRuJindu::showEvent(QShowEvent *event) {
@@ -83,6 +84,11 @@ void frmDaoRuJindu::activate() {
     cmdRefused->setVisible(!m_refused.empty());
 }
 
+void frmDaoRuJindu::leaveOut(const std::vector<marc::RefusedRecord> &records) {
+    for (const marc::RefusedRecord &record : records)
+        m_leaveOut.insert(record.record);
+}
+
 void frmDaoRuJindu::run() {
     const auto recordTotal = platform::toInt32(Text2->text());
     if (!recordTotal) {
@@ -99,8 +105,11 @@ void frmDaoRuJindu::run() {
     platform::RunBoxes boxes(m_host);
     while (run.hasNext()) {
         const int at = run.nextRow();
-        run.take(at < m_records->rowCount() ? m_records->record(at) : QString(),
-                 [&](const QString &record) { return take(record, at, boxes); });
+        if (m_leaveOut.contains(at))
+            run.leaveOut();
+        else
+            run.take(at < m_records->rowCount() ? m_records->record(at) : QString(),
+                     [&](const QString &record) { return take(record, at, boxes); });
         labJinDuShu->setPacedText(run.countText());
         if (!run.lastWentIn())
             paintNow(labJinDuShu); // shows the 0 of a failure before the next success replaces it
@@ -112,6 +121,7 @@ void frmDaoRuJindu::run() {
     }
     labJinDuShu->setPacedText(u"处理完毕！"_s);
     labTishi->setText(run.closingText());
+    leftOutWords->setText(run.leftOutText());
     cmdStop->setEnabled(false); // nothing is left to stop
     m_taken = run.taken();
     cmdRefused->setText(u"&N 未成功 %1 条"_s.arg(m_refused.size()));

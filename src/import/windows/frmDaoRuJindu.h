@@ -8,6 +8,7 @@
 #include "marc/refusedRecord.h"
 #include "platform/host.h"
 #include "widgets/window.h"
+#include <QSet>
 #include <memory>
 #include <vector>
 
@@ -28,6 +29,8 @@ public:
     frmDaoRuJindu(platform::Host &host, const database::SessionState &state,
                   std::shared_ptr<const marc::PreReadStore> records, QWidget *parent = nullptr);
 
+    // The rows of these records are not imported.
+    void leaveOut(const std::vector<marc::RefusedRecord> &records);
     // Runs the import on the first call only; the window system may cause more calls.
     void activate();
 
@@ -44,6 +47,7 @@ public:
     widgets::PacedLabel *labJinDuShu;
     widgets::PacedLabel *LabBi;
     QLabel *labTishi;
+    QLabel *leftOutWords; // how many records were left out
     QProgressBar *barJinduTishi;
     widgets::Button *cmdRefused; // "未成功 117 条": lists the refused records
     widgets::Button *cmdStop;    // disabled once a stop is requested
@@ -66,6 +70,7 @@ private:
     std::shared_ptr<const marc::PreReadStore> m_records;
     bool m_activated = false;
     std::vector<marc::RefusedRecord> m_refused;
+    QSet<int> m_leaveOut;
     int m_wentIn = 0;
     QList<qint64> m_keys;
     int m_taken = 0;

@@ -134,10 +134,11 @@ void DraftKeeper::giveUp() {
 }
 
 void DraftKeeper::imported(const ImportOutcome &outcome) {
-    QSet<int> refused;
-    for (const marc::RefusedRecord &record : outcome.refused)
-        refused.insert(record.record);
-    m_book.imported([&](int row) { return row < outcome.taken && !refused.contains(row); });
+    QSet<int> outside;
+    for (const auto *records : {&outcome.refused, &outcome.leftOut})
+        for (const marc::RefusedRecord &record : *records)
+            outside.insert(record.record);
+    m_book.imported([&](int row) { return row < outcome.taken && !outside.contains(row); });
     write();
 }
 

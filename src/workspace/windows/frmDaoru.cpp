@@ -172,7 +172,7 @@ void frmDaoru::showWholeText() {
 
 void frmDaoru::importRecords() {
     const std::optional<ImportOutcome> outcome =
-        m_parts->recordCommands.importRecords(m_parts->reading.state(), Text3->pacedText());
+        m_parts->recordCommands.importRecords(m_parts->reading.state(), Text3->pacedText(), m_parts->remarks.leftOut());
     if (!outcome)
         return;
     m_parts->drafts.imported(*outcome);
@@ -184,7 +184,7 @@ void frmDaoru::importRecords() {
 void frmDaoru::showImported(const ImportOutcome &outcome) {
     Grid2->setFocus();
     m_parts->remarks.listRefused(outcome);
-    m_parts->status.sayImported({outcome.wentIn, qsizetype(outcome.refused.size())});
+    m_parts->status.sayImported({outcome.wentIn, qsizetype(outcome.refused.size()), qsizetype(outcome.leftOut.size())});
 }
 
 // Stores the user's layout of the window.

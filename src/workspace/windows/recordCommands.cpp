@@ -6,15 +6,26 @@ using namespace Qt::StringLiterals;
 
 namespace workspace {
 
-RecordCommands::RecordCommands(RecordList &list, EditedRecord &record, platform::Host &host,
+RecordCommands::RecordCommands(RecordList &list, EditedRecord &record, RecordMoving &moving, platform::Host &host,
                                const WorkspaceWindows &windows)
     : m_list(list)
     , m_record(record)
+    , m_moving(moving)
     , m_host(host)
     , m_windows(windows) {}
 
 void RecordCommands::showCard(const QString &mode) {
-    m_windows.showCard(m_record.rebuilt(m_host.now()), mode, m_list.window());
+    m_windows.showCard(
+        m_record.rebuilt(m_host.now()), mode, [this](int by) { return step(by); }, m_list.window());
+}
+
+// Never steps to an empty row of the list, which would show the record before it again.
+std::optional<marc::RawRecord> RecordCommands::step(int by) {
+    const int next = m_list.shownRow(m_list.row(), by);
+    if (next < 0 || m_list.records().record(next).isEmpty())
+        return std::nullopt;
+    m_moving.step(by);
+    return m_record.rebuilt(m_host.now());
 }
 
 void RecordCommands::proof() {
@@ -29,7 +40,8 @@ void RecordCommands::proof() {
         m_host.tell(proof::proofPassed.toString());
 }
 
-std::optional<ImportOutcome> RecordCommands::importRecords(ReadState state, const QString &count) {
+std::optional<ImportOutcome> RecordCommands::importRecords(ReadState state, const QString &count,
+                                                           const std::vector<marc::RefusedRecord> &leaveOut) {
     if (rulesOf(state).running) {
         m_host.tell(u"正在预读或者正在导入！请先结束预读或者结束导入！"_s);
         return std::nullopt;
@@ -43,7 +55,7 @@ std::optional<ImportOutcome> RecordCommands::importRecords(ReadState state, cons
             m_record.takenOver();
         }
     }
-    return m_windows.runImport(m_list.sharedRecords(), count, m_list.window());
+    return m_windows.runImport(m_list.sharedRecords(), count, leaveOut, m_list.window());
 }
 
 } // namespace workspace

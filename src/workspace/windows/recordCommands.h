@@ -4,23 +4,28 @@
 #include "platform/host.h"
 #include "workspace/editedRecord.h"
 #include "workspace/preReadEngine.h"
-#include "workspace/windows/recordList.h"
+#include "workspace/windows/recordMoving.h"
 #include "workspace/windows/workspaceWindows.h"
 
 namespace workspace {
 
 class RecordCommands {
 public:
-    RecordCommands(RecordList &list, EditedRecord &record, platform::Host &host, const WorkspaceWindows &windows);
+    RecordCommands(RecordList &list, EditedRecord &record, RecordMoving &moving, platform::Host &host,
+                   const WorkspaceWindows &windows);
 
     void showCard(const QString &mode);
     void proof();
     // Returns std::nullopt if a read is running, which prevents the import. `count` is the number of records as text.
-    std::optional<ImportOutcome> importRecords(ReadState state, const QString &count);
+    std::optional<ImportOutcome> importRecords(ReadState state, const QString &count,
+                                               const std::vector<marc::RefusedRecord> &leaveOut);
 
 private:
+    std::optional<marc::RawRecord> step(int by);
+
     RecordList &m_list;
     EditedRecord &m_record;
+    RecordMoving &m_moving;
     platform::Host &m_host;
     const WorkspaceWindows &m_windows;
 };

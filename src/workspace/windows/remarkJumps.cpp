@@ -39,7 +39,7 @@ void RemarkJumps::proofAll() {
 }
 
 void RemarkJumps::listRefused(const ImportOutcome &outcome) {
-    m_pane.listRefused(outcome.refused);
+    m_pane.listRefused(outcome);
     if (outcome.refusedWanted)
         show();
 }

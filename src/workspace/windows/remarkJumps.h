@@ -24,6 +24,7 @@ public:
 
     void proofAll();
     void listRefused(const ImportOutcome &outcome); // shows the pane if the user wants the refused records listed
+    std::vector<marc::RefusedRecord> leftOut() const { return m_pane.leftOut(); } // by the next import
     // Shows the pane or gives it the focus; hides it if it has the focus.
     void showOrHide();
     // Moves to the record and to the current position of its field. Reports the reason if that is not possible.

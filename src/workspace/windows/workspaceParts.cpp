@@ -7,7 +7,7 @@ WorkspaceParts::WorkspaceParts(const Desk &desk, const marc::DamagedDirectory &d
     , fieldCommands(desk.fields, desk.record, editors, desk.host)
     , moving(desk.list, desk.record, desk.host, damaged)
     , reading(desk.list, desk.host, damaged)
-    , recordCommands(desk.list, desk.record, desk.host, desk.windows)
+    , recordCommands(desk.list, desk.record, moving, desk.host, desk.windows)
     , drafts(desk.list, desk.record, desk.host, [this] { return editors.typing(); })
     , keys({desk.fields, desk.list, desk.record, editors, fieldCommands, moving, desk.find}, desk.window)
     , remarks({desk.fields, desk.list, desk.record, keys}, desk.windows, [this] { return reading.recordsInFile(); })

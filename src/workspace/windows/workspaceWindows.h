@@ -23,7 +23,8 @@ struct ImportOutcome {
     int taken = 0;  // rows of the list that the import processed
     int wentIn = 0; // records imported
     std::vector<marc::RefusedRecord> refused;
-    bool refusedWanted = false; // the user wants them listed
+    std::vector<marc::RefusedRecord> leftOut; // by the user's choice, of the rows that were processed
+    bool refusedWanted = false;               // the user wants them listed
 };
 
 // The pane below the field grid that lists the findings about the records of the list.
@@ -31,7 +32,9 @@ struct RemarksPane {
     QWidget *widget = nullptr; // passes the focus on to its table
     // Proves all records and returns when the run has ended. The window may be closed by then.
     std::function<void()> proofAll = [] {};
-    std::function<void(std::vector<marc::RefusedRecord>)> listRefused = [](const auto &) {};
+    std::function<void(const ImportOutcome &)> listRefused = [](const auto &) {};
+    // Returns the records that the next import has to leave out, in the order of the list.
+    std::function<std::vector<marc::RefusedRecord>()> leftOut = [] { return std::vector<marc::RefusedRecord>(); };
     std::function<bool()> isEmpty = [] { return true; };
     // Returns the rows of the list that have a remark, in ascending order.
     std::function<std::vector<int>()> rowsWithRemarks = [] { return std::vector<int>(); };
@@ -50,12 +53,15 @@ struct RemarksNeeds {
 
 struct WorkspaceWindows {
     // Shows frmMarcKaPian with the record; the mode is "标准" or "卡片".
-    std::function<void(const marc::RawRecord &record, const QString &mode, QWidget *owner)> showCard;
+    std::function<void(const marc::RawRecord &record, const QString &mode, const marc::RecordStep &step,
+                       QWidget *owner)>
+        showCard;
     // Shows frmMessage with the text: a report, or a record with a damaged directory.
     std::function<void(const QString &text, QWidget *owner)> showReport;
-    // Shows frmDaoRuJindu over the list; `count` is the number of records as text.
+    // Shows frmDaoRuJindu over the list; `count` is the number of records as text, `leaveOut` those that are not
+    // imported.
     std::function<ImportOutcome(std::shared_ptr<const marc::PreReadStore> records, const QString &count,
-                                QWidget *owner)>
+                                const std::vector<marc::RefusedRecord> &leaveOut, QWidget *owner)>
         runImport;
     std::function<RemarksPane(const RemarksNeeds &needs)> makeRemarks;
     // Returns why an import would fail, as far as known without a query to the database; else an empty text.
