@@ -114,7 +114,7 @@ platform::Status QueryBuilder::load(const QString &names, const QString &labels,
     m_fieldDefs.clear();
     for (qsizetype i = 0; i < nameList.size(); ++i)
         m_fieldDefs.append({nameList[i], labelList.value(i), typeNamed(typeList.value(i), m_rules)});
-    m_sortLabels = this->labels();
+    m_entered.sortLabels = this->labels();
     return platform::success();
 }
 
@@ -156,65 +156,62 @@ bool QueryBuilder::addCondition(qsizetype field, const QString &fuhao, const QSt
     const std::optional<QString> condition = fragment(chosen, fuhaoToSql(fuhao), value);
     if (!condition)
         return false;
-    m_current.append({*condition, chosen.fieldLabel + u"'" + fuhao + u"'" + value, !hasLoneQuote(value)});
+    m_entered.current.append({*condition, chosen.fieldLabel + u"'" + fuhao + u"'" + value, !hasLoneQuote(value)});
     return true;
 }
 
 QString QueryBuilder::curSql() const {
-    return joined(m_current, inSql.text, inSql.both);
+    return joined(m_entered.current, inSql.text, inSql.both);
 }
 
 QString QueryBuilder::unionSql() const {
-    return spelled(m_merged, inSql);
+    return spelled(m_entered.merged, inSql);
 }
 
 QString QueryBuilder::signSql() const {
-    return joined(m_current, &Term::words, u";");
+    return joined(m_entered.current, &Term::words, u";");
 }
 
 QStringList QueryBuilder::totalSql() const {
     QStringList lines;
-    for (const TermGroup &group : m_merged)
+    for (const TermGroup &group : m_entered.merged)
         lines.append(joined(group, &Term::words, u";"));
     return lines;
 }
 
 void QueryBuilder::merge() {
-    if (!m_current.isEmpty())
-        m_merged.append(std::exchange(m_current, {}));
+    if (!m_entered.current.isEmpty())
+        m_entered.merged.append(std::exchange(m_entered.current, {}));
 }
 
 bool QueryBuilder::addSortTerm(const QString &label, bool ascending) {
     const auto field = std::ranges::find(m_fieldDefs, label, &FieldDef::fieldLabel);
     if (label.isEmpty() || field == m_fieldDefs.end())
         return false;
-    m_orderSql = joined(m_orderSql, u",", field->fieldName + (ascending ? u" Asc"_s : u" Desc"_s));
-    m_lOrderby = joined(m_lOrderby, u";", u"'" + label + u"'" + (ascending ? u'升' : u'降'));
-    m_sortLabels.removeOne(label); // a field can be used for sorting once
+    m_entered.orderSql = joined(m_entered.orderSql, u",", field->fieldName + (ascending ? u" Asc"_s : u" Desc"_s));
+    m_entered.orderWords = joined(m_entered.orderWords, u";", u"'" + label + u"'" + (ascending ? u'升' : u'降'));
+    m_entered.sortLabels.removeOne(label); // a field can be used for sorting once
     return true;
 }
 
 void QueryBuilder::clear() {
-    m_lOrderby.clear();
-    m_sortLabels = labels();
-    m_orderSql.clear();
-    m_current.clear();
-    m_merged.clear();
+    m_entered = {};
+    m_entered.sortLabels = labels();
 }
 
 Query QueryBuilder::findData() const {
-    QList<TermGroup> groups = m_merged;
-    if (!m_current.isEmpty())
-        groups.append(m_current);
+    QList<TermGroup> groups = m_entered.merged;
+    if (!m_entered.current.isEmpty())
+        groups.append(m_entered.current);
     const auto spelling = [&](const Spelling &as) {
         // Conditions not merged get parentheses only after another group.
-        return m_merged.isEmpty() ? joined(m_current, as.text, as.both) : spelled(groups, as);
+        return m_entered.merged.isEmpty() ? joined(m_entered.current, as.text, as.both) : spelled(groups, as);
     };
     const auto compares = [](const TermGroup &group) { return std::ranges::all_of(group, &Term::compares); };
     QString words = spelling(inWords);
     if (!std::ranges::all_of(groups, compares))
         words += u"（⚠ 值里有单引号，查的可能不是这个意思）";
-    return {{spelling(inSql), words}, m_orderSql};
+    return {{spelling(inSql), words}, m_entered.orderSql};
 }
 
 void QueryBuilder::unload() {

@@ -24,9 +24,10 @@ struct FieldDef {
 struct QueryRules {
     std::optional<qsizetype> fieldLimit; // maximum number of fields; none: unlimited
     bool knowsDates = true;              // if false, a date field counts as text
+    QStringView queried = u"书库";       // for the user
 };
 inline constexpr QueryRules catalogueRules{};
-inline constexpr QueryRules storeRules{46, false};
+inline constexpr QueryRules storeRules{46, false, u"套录库"};
 
 struct Query {
     Condition condition;
@@ -56,6 +57,17 @@ struct Term {
 // All terms of a group must be true, and at least one group.
 using TermGroup = QList<Term>;
 
+// What was entered for a query.
+struct EnteredQuery {
+    TermGroup current; // not merged yet
+    QList<TermGroup> merged;
+    QString orderSql;
+    QString orderWords;
+    QStringList sortLabels; // not used for sorting yet
+
+    bool isEmpty() const { return current.isEmpty() && merged.isEmpty() && orderSql.isEmpty(); }
+};
+
 class QueryBuilder {
 public:
     explicit QueryBuilder(QueryRules rules)
@@ -73,8 +85,12 @@ public:
     // The readable texts, and the labels not yet used for sorting.
     QString signSql() const;
     QStringList totalSql() const;
-    const QString &lOrderby() const { return m_lOrderby; }
-    const QStringList &sortLabels() const { return m_sortLabels; }
+    const QString &lOrderby() const { return m_entered.orderWords; }
+    const QStringList &sortLabels() const { return m_entered.sortLabels; }
+
+    // What was entered so far, and entering it again instead of what is there, for the same fields.
+    const EnteredQuery &entered() const { return m_entered; }
+    void enter(const EnteredQuery &query) { m_entered = query; }
 
     // Returns whether the type of the chosen field differs from the previous one, so that its operators must be listed.
     bool chooseField(qsizetype field);
@@ -95,11 +111,7 @@ private:
     QueryRules m_rules;
     QList<FieldDef> m_fieldDefs;
     std::optional<FieldType> m_curType;
-    TermGroup m_current;
-    QList<TermGroup> m_merged;
-    QString m_orderSql;
-    QString m_lOrderby;
-    QStringList m_sortLabels;
+    EnteredQuery m_entered;
 };
 
 } // namespace catalogue

@@ -13,6 +13,34 @@ QList<int> chosenOf(const QString &sortOrder) {
     return {int(row - orderFields.begin())};
 }
 
+namespace {
+
+// By the columns of the list; the key in the first one is hidden.
+constexpr auto listColumns = std::to_array<QStringView>(
+    {u"", u"ISBN", u"bookname", u"author", u"classcode", u"publisher", u"bookcount", u"catatime"});
+
+} // namespace
+
+std::optional<HeadingOrder> headingOrder(const QString &order) {
+    const QStringList words = order.split(u' ', Qt::SkipEmptyParts);
+    if (words.isEmpty() || words.size() > 2)
+        return std::nullopt;
+    const auto isNamed = [&](QStringView column) { return column.compare(words[0], Qt::CaseInsensitive) == 0; };
+    const auto column = std::ranges::find_if(listColumns, isNamed);
+    const QString direction = words.value(1).toLower();
+    if (column == listColumns.end() || (words.size() == 2 && direction != u"asc" && direction != u"desc"))
+        return std::nullopt;
+    return HeadingOrder{int(column - listColumns.begin()), direction == u"desc"};
+}
+
+QString orderAfterClick(int column, const QString &order) {
+    if (column < 1 || column >= int(listColumns.size()))
+        return {};
+    const auto before = headingOrder(order);
+    const bool ascending = before && before->column == column && !before->descending;
+    return listColumns[size_t(column)] + (ascending ? u" Desc" : u"");
+}
+
 QString orderText(const QList<int> &chosen) {
     QStringList columns;
     for (const int index : chosen)

@@ -4,6 +4,7 @@
 #include <QList>
 #include <QString>
 #include <array>
+#include <optional>
 
 namespace catalogue {
 
@@ -24,6 +25,17 @@ inline constexpr auto orderFields = std::to_array<OrderField>({
 // Returns the chosen fields for a stored order, as indices of orderFields. The order is compared as a whole: an order
 // of several columns contains commas, matches no column and returns an empty list.
 QList<int> chosenOf(const QString &sortOrder);
+
+// An order by one column of the catalogue list, by the number of the column in the list.
+struct HeadingOrder {
+    int column;
+    bool descending;
+};
+// Returns the order if the text names one column that is shown, with or without a direction.
+std::optional<HeadingOrder> headingOrder(const QString &order);
+// Returns the order after a click on the heading of a column: ascending, and descending if the list is in ascending
+// order already. Returns an empty text for a column that has no order.
+QString orderAfterClick(int column, const QString &order);
 
 // Returns the order text of the chosen fields, without a direction since ascending is the default of servers.
 QString orderText(const QList<int> &chosen);

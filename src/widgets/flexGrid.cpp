@@ -48,6 +48,7 @@ FlexGrid::FlexGrid(const QString &objectName, int columns, int fixedRows, QWidge
             showSelection();
     });
     connect(m_model, &FlexGridModel::rowsRemoved, this, [this] { select(m_row, m_rowSel, m_column); });
+    connect(horizontalHeader(), &QHeaderView::sectionClicked, this, &FlexGrid::headingClicked);
     select(0, 0, 0);
 }
 
@@ -168,6 +169,11 @@ void FlexGrid::scrollToRow(int row) {
 
 void FlexGrid::scrollToCell(int row, int column) {
     scrollTo(m_model->index(positionOf(row), shownColumn(column)));
+}
+
+void FlexGrid::showOrder(int column, Qt::SortOrder order) {
+    horizontalHeader()->setSortIndicatorShown(column >= 0);
+    horizontalHeader()->setSortIndicator(column, order);
 }
 
 void FlexGrid::setCellBackground(int row, int column, quint32 colour) {

@@ -55,6 +55,9 @@ public:
     void setCellBackground(int row, int column, quint32 colour);
     std::optional<quint32> cellBackground(int row, int column) const;
 
+    // Marks the heading of the column by which the rows are sorted; -1 marks none.
+    void showOrder(int column, Qt::SortOrder order);
+
     // Widths in twips refer to the font that the windows were designed with, and grow with a wider font. A width of 0
     // hides the column, which keeps its texts. A column is never narrower than its heading, and a width set by the user
     // is kept.
@@ -88,12 +91,13 @@ public:
     QRect cellRect(int row, int column) const;
 
 Q_SIGNALS:
-    void leaveCell();          // before the user changes the current row; row() is the old row
-    void enterCell();          // after the user changed the current row; row() is the new row
-    void gridClicked();        // any button was pressed and released, also below the last row
-    void rightPressed();       // right button pressed anywhere; the current row does not change
-    void menuKeyPressed();     // the menu key, for the current row
-    void gridActivated();      // Enter, or a double click anywhere
+    void leaveCell();      // before the user changes the current row; row() is the old row
+    void enterCell();      // after the user changed the current row; row() is the new row
+    void gridClicked();    // any button was pressed and released, also below the last row
+    void rightPressed();   // right button pressed anywhere; the current row does not change
+    void menuKeyPressed(); // the menu key, for the current row
+    void gridActivated();  // Enter, or a double click anywhere
+    void headingClicked(int column);
     void keyReleased(int key); // a Qt::Key released while the grid had the focus
 
 protected:

@@ -50,6 +50,23 @@ TEST(SortOrder, ShowsAStoredOrderOfOneColumnAgain) {
         EXPECT_TRUE(chosenOf(order).isEmpty()) << order.toStdString();
 }
 
+TEST(SortOrder, FollowsTheHeadings) {
+    const std::tuple<QString, int, QString> clicks[] = {
+        {u""_s, 2, u"bookname"_s},
+        {u"bookname"_s, 2, u"bookname Desc"_s},
+        {u"bookname Desc"_s, 2, u"bookname"_s},
+        {u"isbn Asc"_s, 1, u"ISBN Desc"_s},
+        {u"bookname,author"_s, 2, u"bookname"_s},
+        {u"bookname"_s, 0, u""_s},
+        {u"bookname"_s, 7, u"catatime"_s},
+        {u"bookname"_s, 8, u""_s},
+    };
+    for (const auto &[order, column, next] : clicks)
+        EXPECT_EQ(orderAfterClick(column, order), next) << order.toStdString() << column;
+    for (const QString &order : {u""_s, u"price"_s, u"bookname,author"_s, u"bookname up"_s, u"author Asc x"_s})
+        EXPECT_FALSE(headingOrder(order)) << order.toStdString();
+}
+
 TEST(ColumnWidths, ShareWhatTheFixedColumnsLeave) {
     // 17.37 rows fit below a heading of 350 twips: 17 rows need no scroll bar, 18 do.
     const GridRoom room{11000, 350 + 6080, 18, 350};

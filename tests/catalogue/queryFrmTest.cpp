@@ -94,6 +94,35 @@ TEST_F(QueryFrmTest, ClearsBackToTheEmptyMaskAndAllSortFields) {
     EXPECT_EQ(target.received, QList<QStringList>({{QString(), QString(), QString()}}));
 }
 
+TEST_F(QueryFrmTest, OffersTheLastQueryAgain) {
+    EnteredQuery last;
+    dialog.offerLast(last);
+    EXPECT_FALSE(dialog.lastQueryButton->isVisible());
+    type(u"a"_s);
+    QTest::mouseClick(dialog.Command1[0], Qt::LeftButton);
+    type(u"b"_s);
+    dialog.cOrderby->setCurrentIndex(1);
+    QTest::mouseClick(dialog.Label3[1], Qt::LeftButton);
+    QTest::keyClick(&dialog, Qt::Key_O, Qt::AltModifier);
+    QueryFrm next(host);
+    next.resultForm = &target;
+    next.LoadCombo(u"bookname,author,catatime"_s, u"书名,著者,入库日期"_s, u"字符,字符,日期"_s);
+    next.offerLast(last);
+    next.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&next));
+    QTest::keyClick(&next, Qt::Key_L, Qt::AltModifier);
+    EXPECT_EQ(next.signSql->toPlainText() + next.totalSql->item(0)->text() + next.lOrderby->toPlainText(),
+              u"书名'等于'b书名'等于'a'著者'降"_s);
+    EXPECT_EQ(next.cOrderby->count(), 2);
+    next.Command1[1]->click();
+    ASSERT_EQ(target.received.size(), 2);
+    EXPECT_EQ(target.received[1], target.received[0]);
+    QueryFrm empty(host); // a query for everything does not replace it
+    empty.offerLast(last);
+    empty.findData();
+    EXPECT_FALSE(last.isEmpty());
+}
+
 TEST_F(QueryFrmTest, RefusesToSortByNothingAndPassesNothingOnWhenClosed) {
     QTest::keyClick(dialog.Label3[0], Qt::Key_Space);
     EXPECT_EQ(host.texts(), QStringList{u"请选择排序项目，取消该操作。"_s});

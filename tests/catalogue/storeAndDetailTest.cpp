@@ -72,11 +72,16 @@ protected:
     int hidden = 0;
     QList<qint64> imported;
     QStringList cards;
+    marc::RecordStep stepInCard;
     TLKListFrm list{database.state,
                     host,
                     {.hideWorking = [this] { ++hidden; },
                      .lastImport = [this] { return imported; },
-                     .showCard = [this](const QString &marc) { cards.append(marc); }}};
+                     .showCard =
+                         [this](const QString &marc, const marc::RecordStep &step) {
+                             cards.append(marc);
+                             stepInCard = step;
+                         }}};
 };
 
 // Selects exactly the rows of the last import, even if others have inserted rows meanwhile, and saves them to a file.
@@ -91,6 +96,7 @@ TEST_F(TlkListFrmTest, SelectsThisImportAndSavesIt) {
     list.cmdThisImport->click();
     EXPECT_EQ(list.conditionWords->text(), u"条件：本次导入的 3 条"_s);
     EXPECT_EQ(list.Grid1->text(1, 1) + list.Grid1->text(2, 1) + list.Grid1->text(3, 1), u"cef"_s);
+    EXPECT_EQ(list.markedRows->text(), u"选中 3 行"_s);
     EXPECT_TRUE(list.Grid1->row() == 1 && list.Grid1->rowSel() == 3 && list.Grid1->rows() == 4);
     const TestFolder folder;
     host.willChoose(folder.path(u"改正.iso"_s));
@@ -103,6 +109,9 @@ TEST_F(TlkListFrmTest, SelectsThisImportAndSavesIt) {
     list.Grid1->setRow(2);
     QTest::keyClick(list.Grid1, Qt::Key_Return);
     EXPECT_EQ(cards, QStringList{u"五\x1d"_s});
+    EXPECT_EQ(stepInCard(-1), u"三'\x1d"_s);
+    EXPECT_EQ(stepInCard(-1), std::nullopt);
+    EXPECT_TRUE(list.Grid1->row() == 1 && list.markedRows->text() == u"选中 1 行");
 }
 
 TEST_F(TlkListFrmTest, DeletesASelectionInEitherDirection) {

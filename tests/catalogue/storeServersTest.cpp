@@ -23,10 +23,11 @@ struct StoreOnServer : testing::TestWithParam<TestServer> {
     TestDatabase database{GetParam()};
     ScriptedHost host;
     QList<qint64> imported;
-    TLKListFrm list{
-        database.state,
-        host,
-        {.hideWorking = [] {}, .lastImport = [this] { return imported; }, .showCard = [](const QString &) {}}};
+    TLKListFrm list{database.state,
+                    host,
+                    {.hideWorking = [] {},
+                     .lastImport = [this] { return imported; },
+                     .showCard = [](const QString &, const auto &) {}}};
 };
 ON_ALL_SERVERS(StoreOnServer);
 

@@ -2,6 +2,7 @@
 #include "catalogue/windows/zskListFrm.h"
 #include "support/databaseServers.h"
 #include "support/scriptedHost.h"
+#include <QHeaderView>
 
 using namespace catalogue;
 
@@ -49,6 +50,12 @@ TEST_F(ZskListFrmTest, ListsRowsInTheQuerysOrderOrElseTheStoredOne) {
     EXPECT_EQ(shown(7), (QStringList{u"1998/10/08"_s, u"2005/12/22"_s, u"2006/05/01"_s}));
     load(u"author='鲁迅著'"_s, u"zskid Desc"_s);
     EXPECT_EQ(shown(0), (QStringList{u"9"_s, u"8"_s, u"7"_s}));
+    QTest::mouseClick(list.Grid1->horizontalHeader()->viewport(), Qt::LeftButton, {},
+                      {list.Grid1->horizontalHeader()->sectionViewportPosition(7) + 5, 5});
+    EXPECT_EQ(shown(7), (QStringList{u"1998/10/08"_s, u"2005/12/22"_s, u"2006/05/01"_s}));
+    EXPECT_EQ(list.Grid1->horizontalHeader()->sortIndicatorSection(), 7);
+    list.PrintRpt({});
+    EXPECT_EQ(reports.size(), 1);
     EXPECT_EQ(order.sortOrder, u"catatime"_s);
     EXPECT_EQ(list.queryCondition().sql, u"author='鲁迅著'"_s);
 }

@@ -28,8 +28,10 @@ private:
 };
 
 template <class Dialog>
-void runQuery(platform::Host &host, QWidget *frame, const QueryLists &lists, catalogue::QueryTarget &target) {
+void runQuery(platform::Host &host, QWidget *frame, const QueryLists &lists, catalogue::QueryTarget &target,
+              catalogue::EnteredQuery &last) {
     Dialog dialog(host, frame);
+    dialog.offerLast(last);
     dialog.resultForm = &target;
     dialog.LoadCombo(lists.columns.toString(), lists.labels.toString(), lists.kinds.toString());
     dialog.exec();
@@ -87,12 +89,12 @@ void CatalogueWindows::bringForward(QWidget *list) {
 
 void CatalogueWindows::queryCatalogue(const QueryLists &lists) {
     LateTarget target([this] { return catalogueList(); });
-    runQuery<catalogue::QueryFrm>(m_host, frame(), lists, target);
+    runQuery<catalogue::QueryFrm>(m_host, frame(), lists, target, m_lastCatalogueQuery);
 }
 
 void CatalogueWindows::queryStore(const QueryLists &lists) {
     LateTarget target([this] { return storeList(); });
-    runQuery<catalogue::QueryFrmdel>(m_host, frame(), lists, target);
+    runQuery<catalogue::QueryFrmdel>(m_host, frame(), lists, target, m_lastStoreQuery);
 }
 
 void CatalogueWindows::endRuns() {
@@ -121,11 +123,12 @@ catalogue::ZSKListFrm *CatalogueWindows::catalogueList() {
 
 catalogue::TLKListFrm *CatalogueWindows::storeList() {
     if (!m_storeList)
-        m_storeList = adopted(
-            new catalogue::TLKListFrm(m_state, m_host,
-                                      {.hideWorking = [this] { hideWorking(); },
-                                       .lastImport = m_ways.lastImport,
-                                       .showCard = [this](const QString &marc) { m_ways.showCard(marc, frame()); }}));
+        m_storeList = adopted(new catalogue::TLKListFrm(
+            m_state, m_host,
+            {.hideWorking = [this] { hideWorking(); },
+             .lastImport = m_ways.lastImport,
+             .showCard = [this](const QString &marc,
+                                const marc::RecordStep &step) { m_ways.showCard(marc, step, frame()); }}));
     bringForward(m_storeList);
     return m_storeList;
 }

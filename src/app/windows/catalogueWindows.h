@@ -4,9 +4,11 @@
 #pragma once
 
 #include "app/windows/commands.h"
+#include "catalogue/queryBuilder.h"
 #include "catalogue/queryTarget.h"
 #include "catalogue/windows/workingFrm.h"
 #include "database/sublib.h"
+#include "marc/rawRecord.h"
 #include "platform/host.h"
 #include <QMdiArea>
 #include <QPointer>
@@ -27,7 +29,7 @@ public:
     // The functions that the store list calls.
     struct Ways {
         std::function<QList<qint64>()> lastImport;
-        std::function<void(const QString &marc, QWidget *owner)> showCard;
+        std::function<void(const QString &marc, const marc::RecordStep &step, QWidget *owner)> showCard;
     };
     CatalogueWindows(platform::Host &host, const database::SessionState &state, Ways ways);
 
@@ -60,6 +62,8 @@ private:
     Ways m_ways;
     QMdiArea *m_area = nullptr;
     catalogue::CatalogueOrder m_order;
+    catalogue::EnteredQuery m_lastCatalogueQuery; // offered again until the program ends
+    catalogue::EnteredQuery m_lastStoreQuery;
     QPointer<catalogue::ZSKListFrm> m_catalogueList;
     QPointer<catalogue::TLKListFrm> m_storeList;
     QPointer<catalogue::SCKListFrm> m_detail;

@@ -45,6 +45,8 @@ QueryDialog::QueryDialog(const QString &objectName, QueryRules rules, platform::
     , Command1{new Button(u"Command10"_s, u"&U 条件合并"_s, this), new Button(u"Command11"_s, u"&O  确定"_s, this),
                new Button(u"Command12"_s, u"&X  关闭"_s, this)}
     , Command2(new Button(u"Command2"_s, u"&C  清除"_s, this))
+    , queriedTable(named(new QLabel(u"查询："_s + rules.queried, this), u"queriedTable"_s))
+    , lastQueryButton(new Button(u"lastQueryButton"_s, u"&L 上次的查询"_s, this))
     , m_host(host)
     , m_builder(rules) {
     prepareBoxes();
@@ -63,6 +65,7 @@ void QueryDialog::prepareBoxes() {
                    {Command1[0], u"当前条件成为一组；几组之间满足一组就行"},
                    {Command2, u"清除全部条件和排序"},
                    {Command1[1], u"没有条件就列出全部"},
+                   {lastQueryButton, u"换成上次查询的条件和排序，可以接着改"},
                    {Label3[0], u"按所选项目从小到大；可以加几项"},
                    {Label3[1], u"按所选项目从大到小；可以加几项"}});
     widgets::enterActsAsTab(cSql);
@@ -85,7 +88,10 @@ void QueryDialog::layOut() {
     QBoxLayout *sorting = row({heading(u"排序项目"_s, cOrderby), cOrderby, Label3[0], Label3[1], stretch()});
     QBoxLayout *right =
         column({condition, signSql, row({stretch(), Command1[0], Command2}), {totalSql, 1}, sorting, lOrderby});
-    setLayout(column({{row({{LFields, 1}, {right, 3}}), 1}, row({stretch(), Command1[1], Command1[2]})}));
+    setLayout(column({queriedTable,
+                      {row({{LFields, 1}, {right, 3}}), 1},
+                      row({lastQueryButton, stretch(), Command1[1], Command1[2]})}));
+    lastQueryButton->hide();
     // The tab order follows the layout: the buttons that merge and clear conditions precede the merged conditions.
     QWidget *const down[] = {signSql, Command1[0], Command2, totalSql};
     for (std::size_t i = 1; i < std::size(down); ++i)
@@ -114,6 +120,7 @@ void QueryDialog::connectControls() {
     });
     connect(Command1[1], &Button::clicked, this, &QueryDialog::findData);
     connect(Command1[2], &Button::clicked, this, &QueryDialog::unload);
+    connect(lastQueryButton, &Button::clicked, this, &QueryDialog::enterLast);
     connect(this, &Window::unloaded, this, [this] { m_builder.unload(); });
 }
 
@@ -192,8 +199,23 @@ void QueryDialog::fillOrderby() {
     cOrderby->setCurrentIndex(-1);
 }
 
+void QueryDialog::offerLast(EnteredQuery &last) {
+    m_last = &last;
+    lastQueryButton->setVisible(!last.isEmpty());
+}
+
+void QueryDialog::enterLast() {
+    m_builder.enter(*m_last);
+    lSql->setText(emptyValue(lSql->mask()));
+    lOrderby->setPlainText(m_builder.lOrderby());
+    fillOrderby();
+    showConditions();
+}
+
 void QueryDialog::findData() {
     Query query = m_builder.findData();
+    if (m_last && !m_builder.entered().isEmpty())
+        *m_last = m_builder.entered();
     unload();
     if (!resultForm)
         return;

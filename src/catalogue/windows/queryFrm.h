@@ -9,6 +9,7 @@
 #include <array>
 
 class QComboBox;
+class QLabel;
 class QListWidget;
 class QTextEdit;
 namespace widgets {
@@ -27,6 +28,10 @@ public:
     // Closes the dialog and passes the result on.
     void findData();
 
+    // Offers the query that `last` holds, and stores there the next one that is passed on. `last` must outlive the
+    // dialog.
+    void offerLast(EnteredQuery &last);
+
     QueryTarget *resultForm = nullptr; // set before LoadCombo
 
     QListWidget *LFields;
@@ -41,6 +46,8 @@ public:
     QTextEdit *lOrderby;
     std::array<widgets::Button *, 3> Command1;
     widgets::Button *Command2;
+    QLabel *queriedTable; // "查询：书库"
+    widgets::Button *lastQueryButton;
 
 protected:
     QueryDialog(const QString &objectName, QueryRules rules, platform::Host &host, QWidget *parent);
@@ -57,9 +64,11 @@ private:
     void clearAll();
     void showConditions();
     void fillOrderby();
+    void enterLast();
 
     platform::Host &m_host;
     QueryBuilder m_builder;
+    EnteredQuery *m_last = nullptr; // null if none is offered
 };
 
 // For the catalogue list.

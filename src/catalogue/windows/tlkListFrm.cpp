@@ -7,6 +7,7 @@
 #include "widgets/layout.h"
 #include "widgets/waitCursor.h"
 #include <algorithm>
+#include <cstdlib>
 #include <tuple>
 #include <utility>
 
@@ -21,6 +22,7 @@ TLKListFrm::TLKListFrm(const database::SessionState &state, platform::Host &host
     : ListWindow(u"TLKListFrm"_s, u"套录库检索"_s, u"控制号|正题名|第一责任者|ISBN|分类号|页数|尺寸|版本"_s, parent)
     , lCounts(widgets::named(new QLabel(countText(0), this), u"lCounts"_s))
     , conditionWords(new widgets::PacedLabel(u"conditionWords"_s, {}, this))
+    , markedRows(new widgets::PacedLabel(u"markedRows"_s, {}, this))
     , cmdThisImport(new Button(u"cmdThisImport"_s, u"&I 选中本次导入"_s, this))
     , cmdSave(new Button(u"cmdSave"_s, u"&T 存为机读文件…"_s, this))
     , stopSaving(new Button(u"stopSaving"_s, u"&S 停止"_s, this))
@@ -47,6 +49,7 @@ TLKListFrm::TLKListFrm(const database::SessionState &state, platform::Host &host
             delAll();
     });
     connect(CmdDcgl[2], &Button::clicked, this, &TLKListFrm::unload);
+    connect(Grid1->selectionModel(), &QItemSelectionModel::selectionChanged, this, &TLKListFrm::countMarked);
     setSaving(nullptr);
     gridInit();
 }
@@ -54,7 +57,7 @@ TLKListFrm::TLKListFrm(const database::SessionState &state, platform::Host &host
 void TLKListFrm::layOut() {
     setLayout(widgets::column(
         {{Grid1, 1},
-         widgets::row({lCounts, {conditionWords, 1}, saved}),
+         widgets::row({lCounts, markedRows, {conditionWords, 1}, saved}),
          widgets::row({widgets::stretch(), cmdThisImport, cmdSave, stopSaving, CmdDcgl[0], CmdDcgl[1], CmdDcgl[2]})}));
 }
 
@@ -85,6 +88,11 @@ void TLKListFrm::bindRows() {
     m_host.tell(u"套录库已经损坏,数据不能正常显示。请修复。"_s, u"提示"_s);
 }
 
+void TLKListFrm::countMarked() {
+    const int rows = std::abs(Grid1->rowSel() - Grid1->row()) + 1;
+    markedRows->setText(firstCellIsEmpty() ? QString() : u"选中 %1 行"_s.arg(rows));
+}
+
 // A list of all rows gets a warning, since it looks like any other list and "delete all" deletes what is listed.
 void TLKListFrm::sayCondition() {
     QPalette ink = palette();
@@ -108,13 +116,27 @@ void TLKListFrm::showThisImport() {
 }
 
 void TLKListFrm::showCard() {
-    const QString key = Grid1->text(Grid1->row(), 0);
-    if (key.isEmpty())
+    if (firstCellIsEmpty())
         return;
-    const auto records = recordsOf({key.toLongLong()}, m_state);
-    if (!records)
-        return m_host.tell(records.failure().description);
-    m_windows.showCard(records.value().value(key.toLongLong()));
+    if (const auto record = recordOfRow(Grid1->row()))
+        m_windows.showCard(*record, [this](int by) { return step(by); });
+}
+
+std::optional<QString> TLKListFrm::recordOfRow(int row) {
+    const qint64 key = Grid1->text(row, 0).toLongLong();
+    const auto records = recordsOf({key}, m_state);
+    if (records)
+        return records.value().value(key);
+    m_host.tell(records.failure().description);
+    return std::nullopt;
+}
+
+std::optional<QString> TLKListFrm::step(int by) {
+    const int next = Grid1->shownRow(Grid1->row(), by);
+    if (next < 0)
+        return std::nullopt;
+    Grid1->setRow(next);
+    return recordOfRow(next);
 }
 
 QList<qint64> TLKListFrm::keysToSave() const {

@@ -8,10 +8,12 @@
 #include "catalogue/saveRun.h"
 #include "catalogue/windows/listWindow.h"
 #include "database/sublib.h"
+#include "marc/rawRecord.h"
 #include "widgets/button.h"
 #include "widgets/pacedLabel.h"
 #include <array>
 #include <functional>
+#include <optional>
 
 namespace catalogue {
 
@@ -19,7 +21,7 @@ namespace catalogue {
 struct StoreListWindows {
     std::function<void()> hideWorking; // hides the busy box, which is created by this call
     std::function<QList<qint64>()> lastImport;
-    std::function<void(const QString &marc)> showCard;
+    std::function<void(const QString &marc, const marc::RecordStep &step)> showCard;
 };
 
 class TLKListFrm final : public ListWindow, public QueryTarget {
@@ -41,6 +43,7 @@ public:
 
     QLabel *lCounts;
     widgets::PacedLabel *conditionWords;
+    widgets::PacedLabel *markedRows; // how many rows a deletion would delete
     widgets::Button *cmdThisImport;
     widgets::Button *cmdSave;
     widgets::Button *stopSaving;
@@ -56,7 +59,10 @@ private:
     void reload();
     void announceDeletion();
     void sayCondition();
+    void countMarked();
     void showCard();
+    std::optional<QString> recordOfRow(int row);
+    std::optional<QString> step(int by);
     QList<qint64> keysToSave() const;
     void save(const QString &path);
     void setSaving(SaveRun *run);

@@ -1,6 +1,7 @@
 #include "catalogue/windows/zskListFrm.h"
 #include "catalogue/listStatements.h"
 #include "catalogue/listTexts.h"
+#include "catalogue/sortOrder.h"
 #include "platform/numbers.h"
 #include "widgets/layout.h"
 #include "widgets/waitCursor.h"
@@ -68,6 +69,7 @@ void ZSKListFrm::connectControls() {
             m_run->handOver();
     });
     connect(Grid1, &widgets::FlexGrid::gridActivated, this, &ZSKListFrm::showDetail);
+    connect(Grid1, &widgets::FlexGrid::headingClicked, this, &ZSKListFrm::sortBy);
     auto *find = new QShortcut(QKeySequence(u"Ctrl+F"_s), Grid1, nullptr, nullptr, Qt::WidgetShortcut);
     connect(find, &QShortcut::activated, this, &ZSKListFrm::loadQueryByKey);
 }
@@ -95,7 +97,20 @@ void ZSKListFrm::loadData(Condition &condition, QString &order) {
         m_printSql = reportStatement(condition.sql, order);
     }
     lCounts->setToolTip(widgets::plainTip(rows ? conditionLine(condition) : failedQuery + conditionLine(condition)));
+    m_shownOrder = order;
+    const auto shown = headingOrder(order);
+    Grid1->showOrder(shown ? shown->column : -1, shown && shown->descending ? Qt::DescendingOrder : Qt::AscendingOrder);
     settleGrid();
+}
+
+// As the sort dialog does, without storing the order for later queries.
+void ZSKListFrm::sortBy(int column) {
+    QString order = orderAfterClick(column, m_shownOrder);
+    if (order.isEmpty() || m_run)
+        return;
+    const widgets::WaitCursor waiting;
+    Condition condition = m_queryCondition;
+    loadData(condition, order);
 }
 
 void ZSKListFrm::gridFix() {

@@ -46,6 +46,7 @@ private:
     void layOut();
     void connectControls();
     void showDetail();
+    void sortBy(int column);
     void loadQueryByKey();
 
     int rowCount() const override { return Grid1->rows(); }
@@ -59,6 +60,7 @@ private:
     const CatalogueOrder &m_order;
     CatalogueListWindows m_windows;
     Condition m_queryCondition; // as last passed to loadData()
+    QString m_shownOrder;       // of the rows
     QString m_printSql;         // empty: nothing to print
     ExportRun *m_run = nullptr;
     bool m_closesAfterRun = false;
