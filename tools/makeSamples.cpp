@@ -1,5 +1,5 @@
 // Builds the sample files of a folder: "sample.iso" with all records of the tagged texts, one per line in code page
-// 936, and a small file for each kind of damage.
+// 936, "five.iso", and in the folder "damaged" a small file for each kind of damage.
 #include "tools/damageRecipes.h"
 #include "tools/sourceText.h"
 #include "tools/taggedText.h"
@@ -32,7 +32,7 @@ int main(int count, char **arguments) {
             records.append(tools::assemble(record));
     }
     const QDir folder(QString::fromLocal8Bit(arguments[1]));
-    bool good = folder.mkpath(u"."_s) && write(folder.filePath(u"sample.iso"_s), records.join("\r\n") + "\r\n");
+    bool good = folder.mkpath(u"damaged"_s) && write(folder.filePath(u"sample.iso"_s), records.join("\r\n") + "\r\n");
     for (const tools::DamageRecipe &recipe : tools::damageRecipes())
         good = good && write(folder.filePath(recipe.fileName.toString()), recipe.make(records));
     return good ? 0 : complain(folder.path(), u"cannot be written"_s);

@@ -80,7 +80,7 @@ void waitForImport(TourDriver &driver) {
 
 // One record that no database accepts because it contains a NUL, and one with a wrong directory.
 void refused(TourDriver &driver) {
-    openSample(driver, u"nul.iso"_s);
+    openSample(driver, u"damaged/nul.iso"_s);
     driver.key(u"alt+s"_s);
     driver.answerBox(u"当前marc数据地址目次区数据出现错误！"_s, u"Return"_s);
     waitForImport(driver);

@@ -88,7 +88,7 @@ void stopHalfWay(TourDriver &driver) {
 }
 
 void damaged(TourDriver &driver) {
-    choose(driver, u"directory.iso"_s);
+    choose(driver, u"damaged/directory.iso"_s);
     const QString question =
         u"地址目次区数据存在错误，本条数据无法处理！\r\n是否查看该条机读数据？（不查看选择‘否’继续）"_s;
     driver.answerBox(question, u"y"_s, u"damaged-directory"_s);
