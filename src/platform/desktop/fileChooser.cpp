@@ -9,6 +9,7 @@
 #include <QSortFilterProxyModel>
 #include <QSplitter>
 #include <QTreeView>
+#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -31,6 +32,13 @@ public:
         if (role == Qt::DisplayRole && index.column() == SizeColumn && !files->isDir(file))
             return QLocale().formattedDataSize(files->size(file), 1, QLocale::DataSizeTraditionalFormat);
         return QSortFilterProxyModel::data(index, role);
+    }
+
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
+        constexpr auto headings = std::to_array<QStringView>({u"名称", u"大小", u"类型", u"修改时间"});
+        if (role == Qt::DisplayRole && orientation == Qt::Horizontal && section >= 0 && section < int(headings.size()))
+            return headings[std::size_t(section)].toString();
+        return QSortFilterProxyModel::headerData(section, orientation, role);
     }
 
     void sort(int column, Qt::SortOrder order) override { sourceModel()->sort(column, order); }
@@ -63,15 +71,24 @@ void fitColumns(QFileDialog &window) {
         splitter->setSizes({sideBar * character, files * character});
 }
 
+void prepareWidgets(QFileDialog &window) {
+    window.setProxyModel(new ChineseFiles(&window));
+    fitColumns(window);
+    // Wide enough for a name, a size and a date.
+    const QSize wanted(window.fontMetrics().averageCharWidth() * 76, window.fontMetrics().height() * 28);
+    window.resize(wanted.boundedTo(usableScreenSize(&window)));
+}
+
+// A dialog of the desktop has no widgets of Qt.
+bool isOfTheDesktop(const QFileDialog &window) {
+    return window.findChild<QTreeView *>() == nullptr;
+}
+
 } // namespace
 
 QString chooseFileIn(const FileDialog &dialog, const QString &start, QWidget *parent) {
     QFileDialog window(parent, dialog.title, start);
     window.setOption(QFileDialog::HideNameFilterDetails);
-#ifndef Q_OS_WIN // on Windows the native dialog is in Chinese already
-    window.setOption(QFileDialog::DontUseNativeDialog);
-    window.setProxyModel(new ChineseFiles(&window));
-#endif
     window.setNameFilters(nameFilters(dialog.filter));
     if (dialog.kind == FileDialogKind::Save) {
         window.setAcceptMode(QFileDialog::AcceptSave);
@@ -80,10 +97,8 @@ QString chooseFileIn(const FileDialog &dialog, const QString &start, QWidget *pa
     } else {
         window.setFileMode(QFileDialog::ExistingFile);
     }
-    fitColumns(window);
-    // Wide enough for a name, a size and a date.
-    const QSize wanted(window.fontMetrics().averageCharWidth() * 76, window.fontMetrics().height() * 28);
-    window.resize(wanted.boundedTo(usableScreenSize(&window)));
+    if (!isOfTheDesktop(window))
+        prepareWidgets(window);
     if (window.exec() != QDialog::Accepted || window.selectedFiles().isEmpty())
         return {};
     return QDir::toNativeSeparators(QDir::cleanPath(window.selectedFiles().constFirst()));
