@@ -1,13 +1,43 @@
 #include "platform/recentFiles.h"
 #include "platform/paths.h"
 #include <QFileInfo>
+#include <algorithm>
 
 namespace platform {
 
 namespace {
 constexpr qsizetype mostFiles = 10;
 constexpr QLatin1StringView key("files/recent");
+
+// Returns the last `count` folders of a path with "/" between them.
+QString lastFolders(const QString &path, qsizetype count) {
+    return QFileInfo(path).path().split(u'/').last(std::min(count, QFileInfo(path).path().count(u'/') + 1)).join(u'/');
+}
+
+// Returns how many of its last folders tell a file apart from the others with its name; 0 if no other has it.
+qsizetype foldersNeeded(const QString &path, const QStringList &paths) {
+    qsizetype needed = 0;
+    for (const QString &other : paths) {
+        if (other == path || QFileInfo(other).fileName() != QFileInfo(path).fileName())
+            continue;
+        needed = std::max<qsizetype>(needed, 1);
+        while (lastFolders(path, needed) == lastFolders(other, needed) && needed < path.count(u'/'))
+            ++needed;
+    }
+    return needed;
+}
+
 } // namespace
+
+QStringList recentNames(const QStringList &paths) {
+    QStringList names;
+    for (const QString &path : paths) {
+        const qsizetype folders = foldersNeeded(path, paths);
+        const QString name = QFileInfo(path).fileName();
+        names.append(folders == 0 ? name : QString(name + u'（' + lastFolders(path, folders) + u'）'));
+    }
+    return names;
+}
 
 QStringList recentFiles(const DeskState &state) {
     QStringList files = state.read(key).toStringList();

@@ -170,6 +170,16 @@ platform::Result<DraftFile::Found> DraftFile::read() {
     }
 }
 
+qsizetype DraftFile::count() const {
+    QFile file(m_path);
+    const QFileInfo info(m_path);
+    if (!info.isFile() || info.size() > largest || !file.open(QIODevice::ReadOnly))
+        return 0;
+    const auto parsed = parse(file, heading());
+    const auto *found = std::get_if<Found>(&parsed);
+    return found ? found->drafts.size() : 0;
+}
+
 platform::Status DraftFile::write(const Drafts &changed, const Drafts &left) {
     if (!m_mayWrite)
         return platform::success(); // reported when the file was refused

@@ -27,6 +27,8 @@ public:
         Drafts older;
     };
     platform::Result<Found> read();
+    // Returns how many records have a draft that read() would return; moves nothing.
+    qsizetype count() const;
 
     // Replaces the file as a whole, or leaves it unchanged on failure. Removes the file if there are no drafts. `left`
     // are the drafts of an earlier start.

@@ -31,16 +31,17 @@ inline constexpr auto menuRows = std::to_array<MenuRow>({
 struct ToolRow {
     QStringView key; // also the tag of the button and the name of its picture
     QStringView caption;
+    QStringView tip; // what the command does
     Command command;
 };
 
 inline constexpr auto toolRows = std::to_array<ToolRow>({
-    {u"daoru", u"marc数据导入", Command::Import},
-    {u"daochu", u"书库数据导出", Command::Export},
-    {u"delete", u"套录数据维护", Command::Maintain},
-    {u"chaifen", u"拆分文件", Command::Split},
-    {u"hebing", u"合并文件", Command::Merge},
-    {u"quit", u"退出系统", Command::Quit},
+    {u"daoru", u"marc数据导入", u"打开机读目录文件：预读、校对、修改，导入到套录库", Command::Import},
+    {u"daochu", u"书库数据导出", u"查询书库：看明细，打印一览表，导出为 marc 数据", Command::Export},
+    {u"delete", u"套录数据维护", u"查询套录库：看卡片，存为机读文件，删除记录", Command::Maintain},
+    {u"chaifen", u"拆分文件", u"把一个机读目录文件拆成几个", Command::Split},
+    {u"hebing", u"合并文件", u"把几个机读目录文件合成一个", Command::Merge},
+    {u"quit", u"退出系统", u"关闭程序，先问一声", Command::Quit},
 });
 
 // Three comma-separated lists of corresponding items.

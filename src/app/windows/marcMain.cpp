@@ -69,6 +69,7 @@ void marcMain::buildToolbar() {
         QAction *action = Toolbar1->addAction(QIcon(u":/toolbar/" + row.key + u".svg"), row.caption.toString());
         action->setObjectName(row.key.toString());
         action->setData(row.key.toString());
+        action->setToolTip(row.tip.toString());
         connect(action, &QAction::triggered, this, [this, command = row.command] { run(command); });
         if (QWidget *button = Toolbar1->widgetForAction(action)) {
             named(button, row.key.toString(), row.caption.toString());

@@ -1,8 +1,8 @@
 #include "app/windows/startPage.h"
 #include "platform/recentFiles.h"
 #include "widgets/layout.h"
+#include "workspace/draftFile.h"
 #include <QDir>
-#include <QFileInfo>
 #include <QScrollBar>
 #include <algorithm>
 #include <utility>
@@ -63,10 +63,16 @@ void StartPage::refresh() {
         file->deleteLater();
     }
     recent.clear();
-    for (const QString &path : platform::recentFiles(m_host.remembered())) {
+    const QStringList paths = platform::recentFiles(m_host.remembered());
+    const QStringList names = platform::recentNames(paths);
+    const auto drafts = m_host.remembered().folderFor(u"drafts"_s);
+    for (qsizetype at = 0; at < paths.size(); ++at) {
+        const QString &path = paths[at];
         const QString shown = QDir::toNativeSeparators(path);
+        const qsizetype edits = drafts ? workspace::DraftFile(drafts.value(), path).count() : 0;
+        const QString mark = edits > 0 ? u"　有 %1 条未导入的修改"_s.arg(edits) : QString();
         auto *file = entry(u"recent"_s + QString::number(recent.size()),
-                           QString(QFileInfo(path).fileName()).replace(u'&', u"&&"_s), this);
+                           QString(names[at] + mark).replace(u'&', u"&&"_s), this);
         file->setToolTip(shown);
         file->setAccessibleDescription(shown);
         connect(file, &Button::clicked, this, [this, path] { Q_EMIT fileChosen(path); });

@@ -66,6 +66,7 @@ void CellEditors::openContent() {
     editCol = ValueColumn;
     m_grid.setColumn(ValueColumn);
     richText->setText(m_record.row(row).value);
+    showBlanks(*richText, m_grid.isCoded(row));
     reduce();
     richText->setLimit(contentLimit(m_record.rows(), row));
     richText->show();

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <QTextOption>
 #include <array>
 #include <memory>
 #include <numeric>
@@ -76,6 +77,12 @@ QFont codedFont(const QFont &plain) {
     font.setPointSizeF(plain.pointSizeF());
     font.setStyleHint(QFont::Monospace);
     return font;
+}
+
+void showBlanks(QPlainTextEdit &box, bool shown) {
+    QTextOption option = box.document()->defaultTextOption();
+    option.setFlags(option.flags().setFlag(QTextOption::ShowTabsAndSpaces, shown));
+    box.document()->setDefaultTextOption(option);
 }
 
 FieldGrid::FieldGrid(const QString &objectName, QWidget *parent)

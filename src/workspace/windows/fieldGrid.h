@@ -4,12 +4,15 @@
 #include "widgets/flexGrid.h"
 #include "workspace/editedRecord.h"
 #include <QElapsedTimer>
+#include <QPlainTextEdit>
 #include <memory>
 
 namespace workspace {
 
 // Returns the font for coded data, in which all characters have the same width.
 QFont codedFont(const QFont &plain);
+// Shows blanks as dots, as the grid does in coded data.
+void showBlanks(QPlainTextEdit &box, bool shown);
 
 class FieldGrid final : public widgets::FlexGrid {
     Q_OBJECT

@@ -70,6 +70,7 @@ void WorkspaceRoom::showText(const QString &text, bool coded) {
         return;
     wholeText->setFont(coded ? codedFont(font()) : font());
     wholeText->setPlainText(text);
+    showBlanks(*wholeText, coded);
 }
 
 } // namespace workspace
