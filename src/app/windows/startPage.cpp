@@ -71,8 +71,8 @@ void StartPage::refresh() {
         const QString shown = QDir::toNativeSeparators(path);
         const qsizetype edits = drafts ? workspace::DraftFile(drafts.value(), path).count() : 0;
         const QString mark = edits > 0 ? u"　有 %1 条未导入的修改"_s.arg(edits) : QString();
-        auto *file = entry(u"recent"_s + QString::number(recent.size()),
-                           QString(names[at] + mark).replace(u'&', u"&&"_s), this);
+        auto *file =
+            entry(u"recent"_s + QString::number(recent.size()), QString(names[at] + mark).replace(u'&', u"&&"_s), this);
         file->setToolTip(shown);
         file->setAccessibleDescription(shown);
         connect(file, &Button::clicked, this, [this, path] { Q_EMIT fileChosen(path); });
