@@ -26,13 +26,12 @@ QString connectionTo(const QString &database) {
 
 std::shared_ptr<const marc::PreReadStore> readStore(const QString &file) {
     auto store = std::make_shared<marc::PreReadStore>();
-    auto reader = platform::LineReader::open(file);
-    if (!reader)
+    auto cutter = marc::RecordCutter::open(file);
+    if (!cutter)
         return store;
-    marc::RecordCutter cutter(reader.value());
-    for (int count = 0; cutter.next(); ++count) {
+    for (int count = 0; cutter.value().next(); ++count) {
         store->setRows(count + 1);
-        store->setRecord(count, cutter.record(), cutter.bytes());
+        store->setRecord(count, cutter.value().record(), cutter.value().bytes());
     }
     return store;
 }

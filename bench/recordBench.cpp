@@ -16,24 +16,22 @@ QString file() {
 
 std::vector<QByteArray> firstRecords(int count) {
     std::vector<QByteArray> records;
-    auto reader = platform::LineReader::open(file());
-    if (!reader)
+    auto cutter = marc::RecordCutter::open(file());
+    if (!cutter)
         return records;
-    marc::RecordCutter cutter(reader.value());
-    while (int(records.size()) < count && cutter.next())
-        records.push_back(cutter.bytes().toByteArray());
+    while (int(records.size()) < count && cutter.value().next())
+        records.push_back(cutter.value().bytes().toByteArray());
     return records;
 }
 
 void readInto(marc::PreReadStore &store, int limit) {
-    auto reader = platform::LineReader::open(file());
-    marc::RecordCutter cutter(reader.value());
-    for (int count = 0; count < limit && cutter.next(); ++count) {
-        const marc::RawRecord record = cutter.record();
+    auto cutter = marc::RecordCutter::open(file());
+    for (int count = 0; count < limit && cutter.value().next(); ++count) {
+        const marc::RawRecord record = cutter.value().record();
         store.setRows(count + 1);
         store.setNumber(count, count + 1);
-        store.setTitle(count, marc::readZd(record, cutter.bytes(), u"200a", {}).value_or(QString()));
-        store.setRecord(count, record, cutter.bytes());
+        store.setTitle(count, marc::readZd(record, cutter.value().bytes(), u"200a", {}).value_or(QString()));
+        store.setRecord(count, record, cutter.value().bytes());
     }
 }
 

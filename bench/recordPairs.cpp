@@ -13,13 +13,13 @@ namespace {
 
 // Reads as the workspace does, without a window.
 bool readHeadless(const QString &file) {
-    auto reader = platform::LineReader::open(file);
-    if (!reader)
+    auto cutter = marc::RecordCutter::open(file);
+    if (!cutter)
         return false;
     marc::PreReadStore store;
     const workspace::ReadWatcher nobody{
         .yield = [] {}, .abandoned = [] { return false; }, .stopRequested = [] { return false; }, .listed = [](int) {}};
-    return workspace::readRecords(reader.value(), {}, store, nobody).count == recordCount;
+    return workspace::readRecords(cutter.value(), {}, store, nobody).count == recordCount;
 }
 
 double stepsPerSecond(const RecordFile &file) {

@@ -178,11 +178,10 @@ void checkRecord(const RawRecord &record, QByteArrayView bytes) {
 } // namespace
 
 void record(QByteArrayView bytes) {
-    auto reader = platform::LineReader::open(scratchFile(u"records", bytes));
-    require(reader.ok(), "a regular file can be read");
-    RecordCutter cutter(reader.value());
-    while (cutter.next())
-        checkRecord(cutter.record(), cutter.bytes());
+    auto cutter = marc::RecordCutter::open(scratchFile(u"records", bytes));
+    require(cutter.ok(), "a regular file can be read");
+    while (cutter.value().next())
+        checkRecord(cutter.value().record(), cutter.value().bytes());
 }
 
 } // namespace fuzz

@@ -65,11 +65,10 @@ void requireRight(QByteArrayView record) {
 
 void tidy(QByteArrayView bytes) {
     if (const auto gbk = tidied(bytes, TargetForm::GbkIso)) {
-        auto reader = platform::LineReader::open(scratchFile(u"read", gbk->bytes));
-        marc::RecordCutter cutter(reader.value());
+        auto cutter = marc::RecordCutter::open(scratchFile(u"read", gbk->bytes));
         qint64 read = 0;
-        for (; cutter.next(); ++read)
-            requireRight(cutter.bytes());
+        for (; cutter.value().next(); ++read)
+            requireRight(cutter.value().bytes());
         require(read == gbk->result.out, "the program reads every record written");
         const auto again = tidied(gbk->bytes, TargetForm::GbkIso);
         require(read == 0 || again, "a tidied file is a record file");

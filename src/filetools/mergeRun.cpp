@@ -30,7 +30,7 @@ Status MergeRun::openSource(const QString &path) {
         if (const Status flushed = m_writer->flush(); !flushed)
             return flushed;
     }
-    auto records = RecordSource::open(path, [this] { handOver(); });
+    auto records = RecordSource::open(path);
     if (!records)
         return failed(records.failure());
     m_records = std::move(records).value();
@@ -62,7 +62,6 @@ qint32 MergeRun::handOver() {
 }
 
 void MergeRun::closeSource() {
-    handOver();
     m_records.reset();
     m_sourceLines += u"文件{" + m_source + u"}处理了" + QString::number(m_ofSource) + u"条记录！\r\n";
 }

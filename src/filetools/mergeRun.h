@@ -5,7 +5,6 @@
 #pragma once
 
 #include "filetools/recordSource.h"
-#include <memory>
 #include <optional>
 
 namespace filetools {
@@ -13,7 +12,6 @@ namespace filetools {
 class MergeRun {
 public:
     explicit MergeRun(QString target);
-    MergeRun(const MergeRun &) = delete; // the record source calls back into it
 
     platform::Status open(); // empties the target
     platform::Status openSource(const QString &path);
@@ -35,8 +33,8 @@ private:
     platform::Failure failed(platform::Failure failure);
 
     QString m_target;
-    std::unique_ptr<RecordSource> m_records;
-    std::optional<platform::ByteWriter> m_writer; // destroyed before m_records, since it may refer to its records
+    std::optional<RecordSource> m_records;
+    std::optional<platform::ByteWriter> m_writer;
     QString m_source;
     QString m_sourceLines;
     std::optional<qint32> m_mostOfSource; // set if the source is the target itself

@@ -3,29 +3,28 @@
 
 namespace filetools {
 
-RecordSource::RecordSource(platform::LineReader reader)
-    : m_reader(std::move(reader))
-    , m_cutter(m_reader) {}
+RecordSource::RecordSource(marc::RecordCutter cutter)
+    : m_cutter(std::move(cutter)) {}
 
-platform::Result<std::unique_ptr<RecordSource>> RecordSource::open(const QString &path,
-                                                                   std::function<void()> beforeReading) {
-    auto reader = platform::LineReader::open(path);
-    if (!reader)
-        return reader.failure();
-    reader.value().beforeReading(std::move(beforeReading));
-    return std::unique_ptr<RecordSource>(new RecordSource(std::move(reader).value()));
+platform::Result<RecordSource> RecordSource::open(const QString &path) {
+    auto cutter = marc::RecordCutter::open(path);
+    if (!cutter)
+        return cutter.failure();
+    return RecordSource(std::move(cutter).value());
 }
 
 platform::Result<bool> RecordSource::next() {
     if (m_cutter.next())
         return true;
-    if (const auto fault = m_reader.fault())
+    if (const auto &fault = m_cutter.fault())
         return *fault;
     return false;
 }
 
 platform::Status RecordSource::writeTo(platform::ByteWriter &writer) const {
-    return m_cutter.stands() ? writer.writeStanding(m_cutter.bytes()) : writer.writeLine(m_cutter.bytes());
+    if (const QByteArray *const memory = m_cutter.lineMemory())
+        return writer.writeLine(*memory, m_cutter.bytes());
+    return writer.writeLine(m_cutter.bytes());
 }
 
 } // namespace filetools

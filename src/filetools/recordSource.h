@@ -3,30 +3,23 @@
 
 #include "marc/recordCutter.h"
 #include "platform/byteWriter.h"
-#include "platform/textFile.h"
-#include <memory>
 
 namespace filetools {
 
 class RecordSource {
 public:
-    // `beforeReading` is called before the next block is read. By then the caller must have flushed the writers passed
-    // to writeTo().
-    static platform::Result<std::unique_ptr<RecordSource>> open(const QString &path,
-                                                                std::function<void()> beforeReading);
+    static platform::Result<RecordSource> open(const QString &path);
 
     // Reads the next record. Returns false at the end of the file. Fails on a read error.
     platform::Result<bool> next();
-    // Writes the current record on its own line, including its terminator and without its line breaks. The writer must
-    // be flushed before this object is destroyed.
+    // Writes the current record on its own line, including its terminator and without its line breaks.
     platform::Status writeTo(platform::ByteWriter &writer) const;
-    // Returns whether nothing follows the line of the current record at the moment; the file may still grow.
-    bool atEnd() const { return m_reader.atEnd(); }
+    // See RecordCutter; the current record is not available any longer.
+    bool atEnd() { return m_cutter.atEnd(); }
 
 private:
-    explicit RecordSource(platform::LineReader reader);
+    explicit RecordSource(marc::RecordCutter cutter);
 
-    platform::LineReader m_reader;
     marc::RecordCutter m_cutter;
 };
 

@@ -21,7 +21,7 @@ SplitRun::SplitRun(QString source, TargetPattern target)
     , m_target(std::move(target)) {}
 
 Status SplitRun::open() {
-    auto records = RecordSource::open(m_source, [this] { handOver(); });
+    auto records = RecordSource::open(m_source);
     if (!records)
         return records.failure();
     m_records = std::move(records).value();

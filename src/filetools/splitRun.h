@@ -6,7 +6,6 @@
 
 #include "filetools/recordSource.h"
 #include "filetools/targetPattern.h"
-#include <memory>
 #include <optional>
 
 namespace filetools {
@@ -14,7 +13,6 @@ namespace filetools {
 class SplitRun {
 public:
     SplitRun(QString source, TargetPattern target);
-    SplitRun(const SplitRun &) = delete; // the record source calls back into it
 
     // Opens the source and empties the first target.
     platform::Status open();
@@ -44,8 +42,8 @@ private:
 
     QString m_source;
     TargetPattern m_target;
-    std::unique_ptr<RecordSource> m_records;
-    std::optional<platform::ByteWriter> m_writer; // destroyed before m_records, since it may refer to its records
+    std::optional<RecordSource> m_records;
+    std::optional<platform::ByteWriter> m_writer;
     QString m_currentFile;
     QString m_targetLines;
     QString m_limit; // the text that m_mostPerFile was parsed from

@@ -1,6 +1,5 @@
 #include "marc/fileSurvey.h"
 #include "marc/directory.h"
-#include "marc/recordCutter.h"
 #include <algorithm>
 #include <cstring>
 #include <utility>
@@ -52,6 +51,17 @@ QList<qsizetype> linesWithin(const QList<qsizetype> &lineEnds, qsizetype size) {
     return within;
 }
 
+// `head` ends with the first field terminator. The length of the directory is counted in characters, which are decoded
+// line by line.
+bool hasDamagedDirectory(QByteArrayView head, const QList<qsizetype> &lineEnds) {
+    uchar bits = 0;
+    for (const char byte : head)
+        bits |= uchar(byte);
+    if (bits < 0x80) // as in nearly all records: each byte is a character
+        return head.size() > leaderLength && (head.size() - 1 - leaderLength) % directoryEntryLength != 0;
+    return viewDirectory(decodeLines(head, linesWithin(lineEnds, head.size() - 1))).damaged;
+}
+
 // Characters that may be between records and after the last one.
 bool isFiller(char16_t unit) {
     return unit == u'\r' || unit == u'\n' || unit == u' ' || unit == u'\0' || unit == u'\x1A' || unit == 0xFEFF;
@@ -59,65 +69,28 @@ bool isFiller(char16_t unit) {
 
 } // namespace
 
+ReadableCount::ReadableCount()
+    : m_joiner(heldRecord) {}
+
 void ReadableCount::take(QByteArrayView bytes) {
-    const char *at = bytes.begin();
-    const char *const end = bytes.end();
-    while (at < end) {
-        if (std::exchange(m_passLineFeed, false) && *at == '\n')
-            ++at;
-        else
-            at = takeLine(at, end);
+    while (!bytes.isEmpty()) {
+        bytes = bytes.sliced(m_joiner.take(bytes));
+        if (m_joiner.hasRecord())
+            takeRecord();
     }
 }
 
-// Takes bytes up to and including the end of the line or the record. Returns the position after them.
-const char *ReadableCount::takeLine(const char *at, const char *end) {
-    const char *const terminator = m_behindTerminator ? end : find(at, end, char(recordTerminator));
-    const char *const lineEnd = find(at, terminator, '\r');
-    if (lineEnd != terminator) {
-        m_passLineFeed = true;
-        if (!std::exchange(m_behindTerminator, false))
-            gather(QByteArrayView(at, lineEnd));
-        if (!m_gathered.isEmpty() && uchar(m_gathered.back()) > 0x80)
-            m_lineEnds.append(m_gathered.size());
-        return lineEnd + 1;
-    }
-    if (terminator == end) {
-        if (!m_behindTerminator)
-            gather(QByteArrayView(at, end));
-        return end;
-    }
-    const QByteArrayView piece(at, terminator + 1);
-    if (m_gathered.isEmpty() && !m_tooLong) { // as nearly all records do
-        finish(piece);
-    } else {
-        gather(piece);
-        finish(m_gathered);
-    }
-    m_behindTerminator = true;
-    return terminator + 1;
-}
-
-void ReadableCount::gather(QByteArrayView piece) {
-    m_tooLong = m_tooLong || m_gathered.size() + piece.size() > heldRecord;
-    if (!m_tooLong)
-        m_gathered.append(piece);
-}
-
-void ReadableCount::finish(QByteArrayView record) {
+void ReadableCount::takeRecord() {
     ++records;
-    if (std::exchange(m_tooLong, false)) {
+    if (m_joiner.isTooLong()) {
         ++misfits;
-    } else {
-        const qsizetype head = record.indexOf(char(fieldTerminator));
-        // The length of the directory is counted in characters, which are decoded line by line.
-        const bool damaged =
-            head >= 0 && viewDirectory(decodeLines(record.first(head + 1), linesWithin(m_lineEnds, head))).damaged;
-        damagedDirectories += damaged;
-        misfits += !damaged && !directoryFits(record);
+        return;
     }
-    m_gathered.truncate(0);
-    m_lineEnds.clear();
+    const QByteArrayView record = m_joiner.bytes();
+    const qsizetype head = record.indexOf(char(fieldTerminator));
+    const bool damaged = head >= 0 && hasDamagedDirectory(record.first(head + 1), m_joiner.lineEnds());
+    damagedDirectories += damaged;
+    misfits += !damaged && !directoryFits(record);
 }
 
 void TerminatorCount::take(QByteArrayView bytes) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "marc/encodingGuess.h"
+#include "marc/recordCutter.h"
 #include "platform/byteFile.h"
 #include <QList>
 #include <QString>
@@ -28,6 +29,7 @@ struct FileFacts {
 // bytes are passed once in order.
 class ReadableCount {
 public:
+    ReadableCount();
     void take(QByteArrayView bytes);
 
     qint64 records = 0;
@@ -35,15 +37,9 @@ public:
     qint64 misfits = 0;
 
 private:
-    const char *takeLine(const char *at, const char *end);
-    void gather(QByteArrayView piece);
-    void finish(QByteArrayView record);
+    void takeRecord();
 
-    QByteArray m_gathered;       // of the current record, without line breaks
-    QList<qsizetype> m_lineEnds; // as for decodeLines()
-    bool m_tooLong = false;      // the rest of the record is not held
-    bool m_behindTerminator = false;
-    bool m_passLineFeed = false;
+    RecordJoiner m_joiner;
 };
 
 // Counts record terminators with text before them.

@@ -2,8 +2,22 @@
 #include "marc/encodingGuess.h"
 #include "marc/isoLayout.h"
 #include "platform/codepage936.h"
+#include "platform/textFile.h"
+#include <cstring>
+#include <utility>
 
 namespace marc {
+
+namespace {
+
+constexpr QByteArrayView lineBreak("\r\n");
+
+const char *find(const char *from, const char *end, char wanted) {
+    const auto *found = static_cast<const char *>(std::memchr(from, wanted, size_t(end - from)));
+    return found ? found : end;
+}
+
+} // namespace
 
 RawRecord decodeLines(QByteArrayView bytes, const QList<qsizetype> &lineEnds) {
     if (lineEnds.isEmpty())
@@ -17,48 +31,104 @@ RawRecord decodeLines(QByteArrayView bytes, const QList<qsizetype> &lineEnds) {
     return text + platform::decode(bytes.sliced(from));
 }
 
-RecordCutter::RecordCutter(platform::LineReader &reader)
-    : m_reader(reader) {}
+qsizetype RecordJoiner::take(QByteArrayView bytes) {
+    if (std::exchange(m_hasRecord, false)) {
+        m_bytes = {};
+        m_held.truncate(0);
+        m_lineEnds.clear();
+        m_isWholeLine = m_tooLong = false;
+    }
+    const char *at = bytes.begin();
+    while (at < bytes.end() && !m_hasRecord) {
+        at += skipLine(QByteArrayView(at, bytes.end()));
+        if (at < bytes.end())
+            at = takePiece(at, bytes.end());
+    }
+    return at - bytes.begin();
+}
+
+qsizetype RecordJoiner::skipLine(QByteArrayView bytes) {
+    const char *at = bytes.begin();
+    if (m_afterTerminator) {
+        at = find(at, bytes.end(), '\r');
+        if (at == bytes.end())
+            return bytes.size();
+        ++at;
+        m_afterTerminator = false;
+        m_passLineFeed = true;
+    }
+    if (at < bytes.end() && std::exchange(m_passLineFeed, false) && *at == '\n')
+        ++at;
+    return at - bytes.begin();
+}
+
+// Takes bytes up to and including the end of the line or the record. Returns the position after them.
+const char *RecordJoiner::takePiece(const char *at, const char *end) {
+    const char *const terminator = find(at, end, char(recordTerminator));
+    const char *const lineEnd = find(at, terminator, '\r');
+    if (lineEnd != terminator) {
+        m_passLineFeed = true;
+        hold(QByteArrayView(at, lineEnd));
+        if (!m_held.isEmpty() && uchar(m_held.back()) > 0x80)
+            m_lineEnds.append(m_held.size());
+        return lineEnd + 1;
+    }
+    if (terminator == end) {
+        hold(QByteArrayView(at, end));
+        return end;
+    }
+    const QByteArrayView piece(at, terminator + 1);
+    const bool isWhole = m_held.isEmpty() && !m_tooLong; // as nearly all records are
+    if (!isWhole)
+        hold(piece);
+    m_bytes = isWhole ? piece : m_held;
+    m_hasRecord = true;
+    at = piece.end();
+    m_afterTerminator = end - at < lineBreak.size() || QByteArrayView(at, lineBreak.size()) != lineBreak;
+    m_isWholeLine = isWhole && !m_afterTerminator;
+    return m_afterTerminator ? at : at + lineBreak.size();
+}
+
+void RecordJoiner::hold(QByteArrayView piece) {
+    m_tooLong = m_tooLong || m_held.size() + piece.size() > m_mostHeld;
+    if (m_tooLong)
+        m_held.clear();
+    else
+        m_held.append(piece);
+}
+
+RecordCutter::RecordCutter(platform::FileBlocks blocks)
+    : m_blocks(std::move(blocks)) {}
+
+platform::Result<RecordCutter> RecordCutter::open(const QString &path) {
+    auto blocks = platform::FileBlocks::open(path);
+    if (!blocks)
+        return blocks.failure();
+    return RecordCutter(std::move(blocks).value());
+}
+
+bool RecordCutter::hasBytes() {
+    if (m_rest.isEmpty() && m_blocks.next())
+        m_rest = m_blocks.bytes();
+    return !m_rest.isEmpty();
+}
 
 bool RecordCutter::next() {
-    m_gathered.truncate(0);
-    m_lineEnds.clear();
-    m_stands = false;
-    while (!m_reader.atEnd()) {
-        const qsizetype before = m_gathered.size();
-        const QByteArrayView line = m_reader.lineThrough(char(recordTerminator), m_gathered);
-        if (before == 0 && line.endsWith(char(recordTerminator))) { // as nearly all records do
-            m_bytes = line;
-            m_stands = m_reader.stands();
+    while (hasBytes()) {
+        m_rest = m_rest.sliced(m_joiner.take(m_rest));
+        if (m_joiner.hasRecord())
             return true;
-        }
-        m_gathered.append(line);
-        if (m_gathered.size() == before)
-            continue;
-        // Lines are decoded one by one. That makes a difference only if a line ends with half of a character.
-        if (before > 0 && uchar(m_gathered[before - 1]) > 0x80)
-            m_lineEnds.append(before);
-        if (m_gathered.back() == char(recordTerminator)) {
-            m_bytes = m_gathered;
-            return true;
-        }
-        // A piece without a terminator is dropped anyway, and must not fill the memory before that.
-        if (m_gathered.size() > platform::LineReader::heldOnTrust && !m_reader.reaches(char(recordTerminator)))
+        if (m_joiner.held() > longestUnchecked && !m_blocks.restHas(char(recordTerminator)))
             break;
     }
-    m_gathered.clear();
-    m_bytes = {};
+    m_joiner = RecordJoiner();
     return false;
 }
 
-RawRecord RecordCutter::record() const {
-    return decodeLines(m_bytes, m_lineEnds);
-}
-
-void cutRecord(platform::LineReader &reader, const std::function<bool(const RawRecord &)> &consumer) {
-    RecordCutter cutter(reader);
-    while (cutter.next() && consumer(cutter.record())) {
-    }
+bool RecordCutter::atEnd() {
+    while (m_joiner.isWithinLine() && hasBytes())
+        m_rest = m_rest.sliced(m_joiner.skipLine(m_rest));
+    return !hasBytes();
 }
 
 namespace {

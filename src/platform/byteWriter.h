@@ -22,10 +22,10 @@ public:
     ~ByteWriter();
 
     Status writeLine(QByteArrayView line); // appends CR LF
-    // The same for a line that already has CR LF after it in memory and stays unchanged until the next flush().
-    // Adjacent lines are written together, without a copy.
-    Status writeStanding(QByteArrayView line);
-    Status flush(); // writes what is buffered or referenced to the file
+    // The same for a line in `memory` that already has CR LF after it. Keeps a copy of the array until the line is
+    // written; adjacent lines are written together, without copying their bytes.
+    Status writeLine(const QByteArray &memory, QByteArrayView line);
+    Status flush(); // writes what is waiting to the file
     Status close();
 
     // Returns the number of lines that are completely written to the file.
@@ -34,8 +34,9 @@ public:
 private:
     explicit ByteWriter(std::unique_ptr<QFile> file);
     std::unique_ptr<QFile> m_file;
-    QByteArrayView m_standing;   // lines to write, in the caller's memory; nothing is buffered then
-    QByteArray m_room;           // the buffer; growing an array with each line would cost as much as the copy
+    QByteArray m_memory;         // that of m_lines
+    QByteArrayView m_lines;      // lines to write that are not copied; nothing is buffered then
+    QByteArray m_buffer;         // growing an array with each line would cost as much as the copy
     qsizetype m_gathered = 0;    // bytes in the buffer
     QList<qsizetype> m_lineEnds; // offsets in the bytes to write
     qint64 m_linesHandedOver = 0;

@@ -2,63 +2,41 @@
 // does not end a line. Lines are found in the bytes and then decoded one by one: 0x0D is never half of a character.
 #pragma once
 
+#include "platform/fileBlocks.h"
 #include "platform/result.h"
 #include <QByteArray>
 #include <QByteArrayView>
-#include <QList>
 #include <QString>
 #include <QStringList>
-#include <functional>
-#include <memory>
 #include <optional>
-
-class QFile;
 
 namespace platform {
 
-// Reads a file line by line in blocks; holds at most one block and the current line.
+// Reads a file line by line; holds at most one block and the current line.
 class LineReader {
 public:
-    // Fails if the file is missing, unreadable or not a plain file; never blocks on a pipe or a device.
-    static Result<LineReader> open(const QString &path);
-    LineReader(LineReader &&) noexcept;
-    LineReader &operator=(LineReader &&) noexcept;
-    ~LineReader();
+    static Result<LineReader> open(const QString &path); // fails like FileBlocks::open()
 
     // Returns whether nothing is left to read, not counting the line end of the last line.
-    bool atEnd() const;
+    bool atEnd();
 
     // Returns the next line without its line end; an empty view at the end of the file. Valid until the next call of
     // any function here, atEnd() included.
     QByteArrayView readLine();
 
-    // Reads the next line up to and including the first `stop` byte in it; the rest of the line is skipped without
-    // being held. A line without that byte is read whole; if such a line is longer than `heldOnTrust` bytes and the
-    // rest of the file has no `stop` byte either, only its beginning is read, and the reader is at its end. A line that
-    // is complete in the block is returned as a view, valid as with readLine(); any other line is appended to
-    // `gathered`, and an empty view returned.
-    QByteArrayView lineThrough(char stop, QByteArray &gathered);
-
-    // Returns whether the line returned last is complete in the block, with nothing skipped and CR LF after it.
-    bool stands() const;
-    // Sets a function that is called before the block is overwritten; until then all lines returned from it stay valid.
-    void beforeReading(std::function<void()> told);
-
-    // Returns whether the byte occurs in the rest of the file; if not, the reader is at its end afterwards. For callers
-    // that gather bytes up to that byte: the search pays off beyond `heldOnTrust` of them.
-    bool reaches(char wanted);
-    static constexpr qsizetype heldOnTrust = 8 << 20;
-
     // Returns the read error that occurred before the end of the file, if any; the reader is then at its end.
-    std::optional<Failure> fault() const;
+    const std::optional<Failure> &fault() const { return m_blocks.fault(); }
 
     // Returns to the start of the file.
     void rewind();
 
 private:
-    struct State;
-    explicit LineReader(std::unique_ptr<State> state);
-    std::unique_ptr<State> m_state;
+    explicit LineReader(FileBlocks blocks);
+
+    FileBlocks m_blocks;
+    QByteArrayView m_rest; // the unread bytes of the block
+    QByteArray m_joined;   // a line that crosses the end of a block
+    bool m_passLineFeed = false;
 };
 
 struct LineCount {

@@ -1,5 +1,4 @@
 #include "workspace/preReadEngine.h"
-#include "marc/recordCutter.h"
 #include <algorithm>
 #include <array>
 
@@ -25,11 +24,10 @@ const ReadStateRow &rulesOf(ReadState state) {
     return states[size_t(state)];
 }
 
-ReadEnd readRecords(platform::LineReader &reader, ReadRange range, marc::PreReadStore &store,
+ReadEnd readRecords(marc::RecordCutter &cutter, ReadRange range, marc::PreReadStore &store,
                     const ReadWatcher &watcher) {
     ReadEnd end;
     QString title = range.passOver > 0 ? store.title(int(range.passOver) - 1) : QString();
-    marc::RecordCutter cutter(reader);
     while (cutter.next()) {
         watcher.yield();
         if (watcher.abandoned()) {
@@ -51,7 +49,7 @@ ReadEnd readRecords(platform::LineReader &reader, ReadRange range, marc::PreRead
         if (watcher.stopRequested())
             break;
     }
-    end.atEnd = reader.atEnd();
+    end.atEnd = cutter.atEnd();
     return end;
 }
 

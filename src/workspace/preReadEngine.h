@@ -4,7 +4,7 @@
 
 #include "marc/fieldLookup.h"
 #include "marc/preReadStore.h"
-#include "platform/textFile.h"
+#include "marc/recordCutter.h"
 #include <functional>
 #include <limits>
 
@@ -49,7 +49,6 @@ struct ReadEnd {
 };
 
 // If the title of a record cannot be determined, its row gets the title of the previous row.
-ReadEnd readRecords(platform::LineReader &reader, ReadRange range, marc::PreReadStore &store,
-                    const ReadWatcher &watcher);
+ReadEnd readRecords(marc::RecordCutter &cutter, ReadRange range, marc::PreReadStore &store, const ReadWatcher &watcher);
 
 } // namespace workspace

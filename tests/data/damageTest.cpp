@@ -81,13 +81,13 @@ TEST(DamageFiles, GoThroughTheProgram) {
     for (const Row &row : rows) {
         const QString path = builtPath((row.file == u"five.iso" ? u"samples/"_s : u"samples/damaged/"_s) + row.file);
         EXPECT_EQ(marc::lineCount(path).value(), row.lines) << qPrintable(row.file);
-        auto reader = platform::LineReader::open(path);
-        ASSERT_TRUE(reader) << qPrintable(path);
+        auto cutter = marc::RecordCutter::open(path);
+        ASSERT_TRUE(cutter) << qPrintable(path);
         marc::PreReadStore store;
         int questions = 0;
         QStringList records;
         workspace::readRecords(
-            reader.value(), {}, store,
+            cutter.value(), {}, store,
             {.yield = [] {},
              .abandoned = [] { return false; },
              .stopRequested = [] { return false; },

@@ -18,13 +18,12 @@ using Counts = std::array<qint64, 3>;
 // Counts what the program's own reader reads from a file.
 Counts byReading(const QString &path) {
     Counts counted{};
-    auto reader = platform::LineReader::open(path);
-    RecordCutter cutter(reader.value());
-    while (cutter.next()) {
+    auto cutter = marc::RecordCutter::open(path);
+    while (cutter.value().next()) {
         ++counted[0];
-        const bool damaged = viewDirectory(cutter.record()).damaged;
+        const bool damaged = viewDirectory(cutter.value().record()).damaged;
         counted[1] += damaged;
-        counted[2] += !damaged && !directoryFits(cutter.bytes());
+        counted[2] += !damaged && !directoryFits(cutter.value().bytes());
     }
     return counted;
 }

@@ -43,13 +43,13 @@ TEST(RebuiltRecords, SatisfyAnotherReader) {
     for (const QString &file : {folder.file(u"generated.iso"_s, generated), QStringLiteral(SAMPLE_FILE)}) {
         QByteArray read;
         QByteArray rebuilt;
-        auto reader = platform::LineReader::open(file);
-        cutRecord(reader.value(), [&](const RawRecord &record) {
+        auto cutter = RecordCutter::open(file);
+        while (cutter.value().next()) {
+            const RawRecord record = cutter.value().record();
             const ShownRecord shown = showRecord(record);
             read += platform::encode(record);
             rebuilt += platform::encode(madeMyMarc(shown.rows, shown.leader, QDateTime::currentDateTime()));
-            return true;
-        });
+        }
         const QStringList lines = dumped(folder, rebuilt);
         for (const QString &line : lines)
             ASSERT_FALSE(line.startsWith(u'(')) << line.toStdString();             // a message of the tool

@@ -29,51 +29,77 @@ TEST(RecordCutter, OneLineGivesAtMostOneRecord) {
     for (const auto &[bytes, expected, lines] : cases) {
         const QString path =
             folder.file(u"records"_s, QByteArray::fromStdString(bytes).replace('>', char(recordTerminator)));
-        auto reader = platform::LineReader::open(path);
+        auto cutter = RecordCutter::open(path);
         QString records;
-        cutRecord(reader.value(), [&](const RawRecord &record) {
-            records += visible(record);
-            return records.count(u'>') < 3;
-        });
+        while (records.count(u'>') < 3 && cutter.value().next())
+            records += visible(cutter.value().record());
         EXPECT_EQ(records, expected) << bytes;
         EXPECT_EQ(lineCount(path).value(), lines);
     }
 }
 
-// Beyond LineReader::heldOnTrust bytes the reader searches ahead for the terminator; nothing may be lost or cut.
+// A record, its memory and the end of the file are the same wherever a block ends.
+TEST(RecordCutter, ReadsAcrossTheEndsOfBlocks) {
+    constexpr int block = 1 << 19;
+    const std::tuple<QByteArray, QByteArray, bool, bool> rows[] = {
+        {">\r\n", "", true, true},          {">\r", "", false, true},     {">", "", false, true},
+        {"a\r\nb>\r\n", "ab", false, true}, {">x\r\n", "", false, true},  {">\r\r\n", "", false, false},
+        {">xy\r\n\r", "", false, false},    {">\r\n\n", "", true, false},
+    };
+    const TestFolder folder;
+    for (const auto &[end, more, isLine, isLast] : rows) {
+        for (const int size : {3, block - 6, block - 5, block - 4, block - 3, block - 2, block - 1, block, block + 1}) {
+            const QByteArray first(size / 2, 'f'), second(size - size / 2 - 3, 's');
+            QByteArray file = first + ">\r\n" + second + end;
+            auto cutter = RecordCutter::open(folder.file(u"records"_s, file.replace('>', char(recordTerminator))));
+            ASSERT_TRUE(cutter.value().next() && !cutter.value().atEnd()) << size;
+            ASSERT_TRUE(cutter.value().next()) << size;
+            const QByteArray record = second + more + char(recordTerminator);
+            EXPECT_TRUE(cutter.value().bytes() == record) << size << end.toStdString();
+            const QByteArray *const memory = cutter.value().lineMemory();
+            EXPECT_EQ(memory != nullptr, isLine && second.size() < block - 2) << size << end.toStdString();
+            const QByteArray kept = memory ? *memory : QByteArray();
+            const QByteArrayView line = cutter.value().bytes();
+            EXPECT_EQ(cutter.value().atEnd(), isLast) << size << end.toStdString();
+            EXPECT_FALSE(cutter.value().next());
+            EXPECT_TRUE(kept.isEmpty() || line == record) << "a copy keeps the bytes";
+        }
+    }
+}
+
+// Beyond a length the cutter searches ahead for the terminator; nothing may be lost or cut.
 TEST(RecordCutter, LongPiecesAreWholeOrDropped) {
-    constexpr qsizetype longSize = platform::LineReader::heldOnTrust + 5'000'000;
+    constexpr qsizetype longSize = RecordCutter::longestUnchecked + 5'000'000;
     const QByteArray line(longSize, 'x');
     const QByteArray lines = QByteArray(QByteArray(1000, 'x') + "\r\n").repeated(longSize / 1000);
     const TestFolder folder;
     for (const QByteArray &piece : {line, lines}) {
         for (const bool ended : {true, false}) {
             const QByteArray terminated = piece + (ended ? "\x1D" : "") + "z\r\n" + (ended ? "next\x1D\r\n" : "");
-            auto reader = platform::LineReader::open(folder.file(u"records"_s, "first\x1D\r\n" + terminated));
+            auto cutter = RecordCutter::open(folder.file(u"records"_s, "first\x1D\r\n" + terminated));
             QList<qsizetype> sizes;
-            RecordCutter cutter(reader.value());
-            while (cutter.next())
-                sizes.append(cutter.bytes().size());
+            while (cutter.value().next())
+                sizes.append(cutter.value().bytes().size());
             const QList<qsizetype> all = {6, piece.count('x') + 1, 5};
             EXPECT_EQ(sizes, ended ? all : all.first(1));
-            EXPECT_TRUE(reader.value().atEnd());
+            EXPECT_TRUE(cutter.value().atEnd());
         }
     }
 }
 
-TEST(RecordCutter, BuffersALongRecordOnce) {
+TEST(RecordCutter, BuffersALongRecordOnceAndNothingAfterIt) {
     constexpr qint64 size = 60 << 20; // a size at which a buffer that grows by doubling does not have to grow
     const TestFolder folder;
     QFile large(folder.file(u"long.iso"_s, {}));
     ASSERT_TRUE(large.open(QIODevice::ReadWrite) && large.resize(size) && large.seek(size));
-    ASSERT_TRUE(large.write("\x1d") == 1 && large.flush());
+    ASSERT_TRUE(large.write("\x1d") == 1 && large.flush() && large.resize(4 * size)); // zeros continue its line
     rusage before{};
     rusage after{};
     getrusage(RUSAGE_SELF, &before);
-    auto reader = platform::LineReader::open(large.fileName());
-    RecordCutter cutter(reader.value());
-    ASSERT_TRUE(cutter.next());
-    EXPECT_EQ(cutter.bytes().size(), size + 1);
+    auto cutter = RecordCutter::open(large.fileName());
+    ASSERT_TRUE(cutter.value().next());
+    EXPECT_EQ(cutter.value().bytes().size(), size + 1);
+    EXPECT_TRUE(cutter.value().atEnd());
     getrusage(RUSAGE_SELF, &after);
     EXPECT_LT((after.ru_maxrss - before.ru_maxrss) << 10, size * 3 / 2);
 }

@@ -5,7 +5,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <fcntl.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -56,24 +55,6 @@ TEST_F(TextFile, LinesEndAtCarriageReturnsAcrossBlocks) {
                 << before << ' ' << tail.toPercentEncoding().toStdString();
         }
     }
-}
-
-TEST_F(TextFile, TextAfterAStopIsNotBuffered) {
-    constexpr qint64 size = 200 << 20;
-    QFile large(file("a!b\r\n!\rno stop\rx!"));
-    ASSERT_TRUE(large.open(QIODevice::ReadWrite) && large.resize(size)); // zeros continue the last line
-    rusage before{};
-    rusage after{};
-    getrusage(RUSAGE_SELF, &before);
-    auto reader = LineReader::open(large.fileName());
-    for (const char *line : {"a!", "!", "no stop", "x!"}) {
-        QByteArray gathered;
-        const QByteArrayView whole = reader.value().lineThrough('!', gathered);
-        EXPECT_EQ(whole.toByteArray() + gathered, line);
-    }
-    EXPECT_TRUE(reader.value().atEnd());
-    getrusage(RUSAGE_SELF, &after);
-    EXPECT_LT(after.ru_maxrss - before.ru_maxrss, 20 << 10); // kilobytes
 }
 
 TEST_F(TextFile, SpecialFilesAreRefusedWithoutBlocking) {

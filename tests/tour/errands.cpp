@@ -88,12 +88,11 @@ void enterFile(TourDriver &driver, const QString &title, const QString &path, co
 }
 
 int recordsIn(const QString &path) {
-    auto reader = platform::LineReader::open(path);
-    if (!reader)
+    auto cutter = marc::RecordCutter::open(path);
+    if (!cutter)
         return -1;
-    marc::RecordCutter cutter(reader.value());
     int records = 0;
-    while (cutter.next())
+    while (cutter.value().next())
         ++records;
     return records;
 }

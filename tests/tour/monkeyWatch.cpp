@@ -30,14 +30,14 @@ int numberIn(const QString &text) {
 
 // Returns how many rows of the list differ from the records in the file, or -1 if the file cannot be opened.
 int differing(const marc::PreReadStore &records, const QString &file) {
-    auto reader = platform::LineReader::open(file);
-    if (!reader)
+    auto cutter = marc::RecordCutter::open(file);
+    if (!cutter)
         return -1;
-    marc::RecordCutter cutter(reader.value());
     int found = 0;
     for (int row = 0; row < records.rowCount(); ++row) {
-        const bool there = cutter.next();
-        found += !there || records.number(row) != QString::number(row + 1) || records.record(row) != cutter.record();
+        const bool there = cutter.value().next();
+        found +=
+            !there || records.number(row) != QString::number(row + 1) || records.record(row) != cutter.value().record();
     }
     return found;
 }

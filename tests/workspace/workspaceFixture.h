@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/codepage936.h"
+#include "platform/textFile.h"
 #include "support/recordText.h"
 #include "support/scriptedHost.h"
 #include "widgets/button.h"

@@ -11,10 +11,10 @@ RecordReading::RecordReading(RecordList &list, platform::Host &host, marc::Damag
     , m_host(host)
     , m_damaged(std::move(damaged)) {}
 
-std::optional<platform::LineReader> RecordReading::open(const QString &file) {
-    auto reader = platform::LineReader::open(file);
-    if (reader)
-        return std::move(reader).value();
+std::optional<marc::RecordCutter> RecordReading::open(const QString &file) {
+    auto cutter = marc::RecordCutter::open(file);
+    if (cutter)
+        return std::move(cutter).value();
     m_host.tell(u"打开文件失败，无法导入，请重新选择"_s);
     return std::nullopt;
 }
@@ -34,7 +34,7 @@ void RecordReading::count(qint64 inFile) {
     Q_EMIT counted(inFile);
 }
 
-ReadEnd RecordReading::read(platform::LineReader &reader, ReadRange range) {
+ReadEnd RecordReading::read(marc::RecordCutter &cutter, ReadRange range) {
     const int begun = ++m_readsBegun;
     const ReadWatcher watcher{
         .yield = [this] { m_host.yield(); },
@@ -47,7 +47,7 @@ ReadEnd RecordReading::read(platform::LineReader &reader, ReadRange range) {
                 list(count);
             },
     };
-    const ReadEnd end = readRecords(reader, range, m_list.records(), watcher);
+    const ReadEnd end = readRecords(cutter, range, m_list.records(), watcher);
     if (end.atEnd)
         count(end.count);
     return end;
@@ -61,16 +61,16 @@ void RecordReading::finish(ReadState state) {
 void RecordReading::firstBatch(const QString &file, int limit) {
     m_list.reset();
     list(0);
-    auto reader = open(file);
-    if (!reader)
+    auto cutter = open(file);
+    if (!cutter)
         return;
     enter(ReadState::Loading);
     if (const auto counts = marc::fileCounts(file)) {
         Q_EMIT lookedAt(counts.value());
         count(counts.value().lines);
     }
-    const ReadEnd end = read(*reader, {.passOver = 0, .limit = limit});
-    reader.reset();
+    const ReadEnd end = read(*cutter, {.passOver = 0, .limit = limit});
+    cutter.reset();
     if (end.abandoned)
         return;
     m_list.setRow(0);
@@ -81,11 +81,11 @@ void RecordReading::firstBatch(const QString &file, int limit) {
 void RecordReading::remainder(const QString &file, int passOver) {
     if (passOver <= 0)
         return;
-    auto reader = open(file);
-    if (!reader)
+    auto cutter = open(file);
+    if (!cutter)
         return;
     enter(ReadState::Reading);
-    const ReadEnd end = read(*reader, {.passOver = passOver});
+    const ReadEnd end = read(*cutter, {.passOver = passOver});
     if (!end.abandoned)
         finish(m_state == ReadState::Stopping ? ReadState::Idle : ReadState::Finished);
 }

@@ -37,8 +37,8 @@ Q_SIGNALS:
     void counted(qint64 count); // records in the file: an estimate, and the exact number once the end was reached
 
 private:
-    std::optional<platform::LineReader> open(const QString &file);
-    ReadEnd read(platform::LineReader &reader, ReadRange range);
+    std::optional<marc::RecordCutter> open(const QString &file);
+    ReadEnd read(marc::RecordCutter &cutter, ReadRange range);
     void enter(ReadState state);
     void list(int count);
     void count(qint64 inFile);
