@@ -9,14 +9,10 @@ namespace tools {
 
 namespace {
 
+using marc::baseAddressAt, marc::directoryEntryLength, marc::fieldStartAt, marc::leaderLength, marc::tagLength;
 using Records = QList<QByteArray>;
 
 constexpr char lineEnd[] = "\r\n";
-constexpr int leaderLength = 24;
-constexpr int entryLength = 12;
-constexpr int baseAt = 12;
-constexpr int lengthInEntry = 3;
-constexpr int startInEntry = 7;
 
 QByteArray lines(const Records &records) {
     QByteArray bytes;
@@ -32,8 +28,8 @@ qsizetype directoryEnd(const QByteArray &record) {
 // Returns the byte position of the directory entry for `tag`.
 qsizetype entryOf(const QByteArray &record, QByteArrayView tag) {
     qsizetype at = leaderLength;
-    while (at + entryLength <= directoryEnd(record) && QByteArrayView(record).sliced(at, 3) != tag)
-        at += entryLength;
+    while (at + directoryEntryLength <= directoryEnd(record) && QByteArrayView(record).sliced(at, tagLength) != tag)
+        at += directoryEntryLength;
     return at;
 }
 
@@ -52,16 +48,16 @@ QByteArray damagedDirectory(const Records &records) {
 }
 
 QByteArray offsetsOutside(const Records &records) {
-    const QByteArray farStart = withEntryPart(records[0], "200", startInEntry, "90000");
-    const QByteArray longField = withEntryPart(records[1], "210", lengthInEntry, "9999");
+    const QByteArray farStart = withEntryPart(records[0], "200", fieldStartAt, "90000");
+    const QByteArray longField = withEntryPart(records[1], "210", tagLength, "9999");
     return lines({farStart, longField, records[2]});
 }
 
 QByteArray notNumbers(const Records &records) {
-    const QByteArray length = withEntryPart(records[0], "210", lengthInEntry, "00x7");
-    const QByteArray start = withEntryPart(records[1], "200", startInEntry, "?????");
+    const QByteArray length = withEntryPart(records[0], "210", tagLength, "00x7");
+    const QByteArray start = withEntryPart(records[1], "200", fieldStartAt, "?????");
     QByteArray base = records[2];
-    base.replace(baseAt, 5, "base?");
+    base.replace(baseAddressAt, 5, "base?");
     return lines({length, start, base, records[3]});
 }
 
@@ -161,7 +157,7 @@ QByteArray longField(const Records &records) {
     QByteArray wide = cut;
     const qsizetype data = wide.lastIndexOf(fieldTerminator, -3) + 1;
     const QByteArray length = QByteArray::number(wide.size() - 1 - data);
-    wide.replace(entryOf(wide, "327") + lengthInEntry, 4, length);
+    wide.replace(entryOf(wide, "327") + tagLength, 4, length);
     return lines({records[0], cut, wide, records[1]});
 }
 

@@ -2,12 +2,6 @@
 
 namespace tools {
 
-namespace {
-
-constexpr int leaderLength = 24;
-
-} // namespace
-
 void appendNumber(QByteArray &bytes, qsizetype number, int width) {
     const qsizetype at = bytes.size();
     bytes.append(width, '9');
@@ -38,12 +32,12 @@ void RecordAssembler::openField(QByteArrayView tag) {
 
 void RecordAssembler::closeField() {
     m_data.append(fieldTerminator);
-    appendNumber(m_directory, m_data.size() - m_fieldStart, 4);
-    appendNumber(m_directory, m_fieldStart, 5);
+    appendNumber(m_directory, m_data.size() - m_fieldStart, marc::fieldLengthWidth);
+    appendNumber(m_directory, m_fieldStart, marc::fieldStartWidth);
 }
 
 const QByteArray &RecordAssembler::finish() {
-    const qsizetype base = leaderLength + m_directory.size() + 1;
+    const qsizetype base = marc::leaderLength + m_directory.size() + 1;
     m_record.resize(0);
     appendNumber(m_record, base + m_data.size() + 1, 5);
     m_record.append(QByteArrayView(m_codes).first(5)).append("22");

@@ -107,11 +107,11 @@ CatalogueRow readCatalogueRow(const database::ResultTable &result) {
 }
 
 QByteArray Geshi1(qint64 number) {
-    return QByteArray::number(number).rightJustified(4, '0');
+    return QByteArray::number(number).rightJustified(marc::fieldLengthWidth, '0');
 }
 
 QByteArray Geshi2(qint64 number) {
-    return QByteArray::number(number).rightJustified(5, '0');
+    return QByteArray::number(number).rightJustified(marc::fieldStartWidth, '0');
 }
 
 QByteArray exportRecord(const CatalogueRow &row) {

@@ -10,14 +10,8 @@ namespace {
 
 // Returns the value of the digits, ignoring surrounding blanks; a negative number if they are not digits.
 qint64 number(QByteArrayView digits) {
-    digits = digits.trimmed();
-    qint64 value = digits.isEmpty() ? -1 : 0;
-    for (const char digit : digits) {
-        if (digit < '0' || digit > '9')
-            return -1;
-        value = value * 10 + (digit - '0');
-    }
-    return value;
+    const qint64 value = numberOf(digits);
+    return value < 0 ? numberOf(digits.trimmed()) : value;
 }
 
 } // namespace
@@ -45,8 +39,8 @@ bool directoryFits(QByteArrayView record) {
     if (base < 0 || platform::countByte(record.sliced(dataAt), end) != entries / directoryEntryLength)
         return false;
     for (qsizetype entry = leaderLength; entry < dataAt - 1; entry += directoryEntryLength) {
-        const qint64 length = number(record.sliced(entry + 3, 4));
-        const qint64 start = number(record.sliced(entry + 7, 5));
+        const qint64 length = number(record.sliced(entry + tagLength, fieldLengthWidth));
+        const qint64 start = number(record.sliced(entry + fieldStartAt, fieldStartWidth));
         const qint64 at = base + start;
         if (length < 1 || start < 0 || at < dataAt || at + length > record.size() || record[at - 1] != end ||
             record.sliced(at, length).indexOf(end) != length - 1)

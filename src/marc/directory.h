@@ -20,9 +20,13 @@ struct DirectoryView {
     QStringView text;               // the entries, one after the other; empty if damaged
 
     qsizetype count() const { return text.size() / directoryEntryLength; }
-    QStringView tag(qsizetype entry) const { return text.sliced(entry * directoryEntryLength, 3); }
-    QStringView length(qsizetype entry) const { return text.sliced(entry * directoryEntryLength + 3, 4); }
-    QStringView start(qsizetype entry) const { return text.sliced(entry * directoryEntryLength + 7, 5); }
+    QStringView tag(qsizetype entry) const { return text.sliced(entry * directoryEntryLength, tagLength); }
+    QStringView length(qsizetype entry) const {
+        return text.sliced(entry * directoryEntryLength + tagLength, fieldLengthWidth);
+    }
+    QStringView start(qsizetype entry) const {
+        return text.sliced(entry * directoryEntryLength + fieldStartAt, fieldStartWidth);
+    }
 };
 
 DirectoryView viewDirectory(QStringView record);

@@ -84,6 +84,21 @@ Cut takeByEntries(const RawRecord &record, const DirectoryView &directory, std::
 
 } // namespace
 
+bool isTag(QByteArrayView tag) {
+    const auto isLetterOrDigit = [](char c) {
+        return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+    };
+    return tag.size() == tagLength && std::all_of(tag.begin(), tag.end(), isLetterOrDigit);
+}
+
+QString fitLeader(QByteArrayView leader) {
+    QString text(leaderLength, u' ');
+    const QByteArrayView kept = leader.first(std::min<qsizetype>(leaderLength, leader.size()));
+    std::transform(kept.begin(), kept.end(), text.begin(),
+                   [](char c) { return c < ' ' || c > '~' ? QChar(u' ') : QChar(char16_t(c)); });
+    return text;
+}
+
 Subfields::Subfields(QStringView content) {
     if (const qsizetype first = content.indexOf(QChar(subfieldDelimiter)); first >= 0)
         m_fromFirst = content.sliced(first);
@@ -157,6 +172,24 @@ Cut FieldedRecord::take(QStringView record) {
     if (takeInOrder(record, directory, fields))
         return Cut::Exact;
     return takeByEntries(record.toString(), directory, fields);
+}
+
+bool FieldedRecord::take(QByteArrayView leaderText, QByteArrayView tags, QStringView data) {
+    leader = fitLeader(leaderText);
+    fields.resize(std::size_t(tags.size() / tagLength));
+    qsizetype at = 0;
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        const qsizetype end = data.indexOf(QChar(fieldTerminator), at);
+        const qsizetype size = end < 0 ? 0 : end - at;
+        fields[i].tag.resize(tagLength);
+        std::transform(tags.begin() + qsizetype(i) * tagLength, tags.begin() + qsizetype(i + 1) * tagLength,
+                       fields[i].tag.begin(), [](char c) { return QChar(char16_t(uchar(c))); });
+        fields[i].content.setUnicode(data.data() + at, size);
+        if (end < 0)
+            return false;
+        at = end + 1;
+    }
+    return at == data.size();
 }
 
 std::size_t FieldedRecord::placeFor(QStringView tag) const {

@@ -98,6 +98,12 @@ enum class Cut {
     None     // there is no directory, or its length is wrong; there are no fields
 };
 
+// Returns whether the tag consists of three letters or digits of ASCII.
+bool isTag(QByteArrayView tag);
+
+// Returns a leader of exactly 24 characters of ASCII; others become blanks.
+QString fitLeader(QByteArrayView leader);
+
 struct FieldedRecord {
     QString leader; // 24 characters; the length and the address in it are not used
     std::vector<Field> fields;
@@ -105,6 +111,10 @@ struct FieldedRecord {
     // Replaces leader and fields by those of a record whose directory counts GBK bytes. Reuses the memory of the
     // previous record. Exact also if the fields are stored in another order than that of the directory.
     Cut take(QStringView record);
+    // Replaces leader and fields. `tags` has three characters for each field, `data` their contents in this order, each
+    // followed by its terminator. Returns false if data has another number of terminators; the contents are then not
+    // valid.
+    bool take(QByteArrayView leaderText, QByteArrayView tags, QStringView data);
     // Returns the index for a new field with that tag: after the last field whose tag is not greater.
     std::size_t placeFor(QStringView tag) const;
 

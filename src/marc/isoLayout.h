@@ -21,7 +21,8 @@ inline constexpr int baseAddressLength = 5;
 inline constexpr int tagLength = 3;
 inline constexpr int fieldLengthWidth = 4;
 inline constexpr int fieldStartWidth = 5;
-inline constexpr int directoryEntryLength = tagLength + fieldLengthWidth + fieldStartWidth;
+inline constexpr int fieldStartAt = tagLength + fieldLengthWidth; // offset in the entry
+inline constexpr int directoryEntryLength = fieldStartAt + fieldStartWidth;
 
 inline constexpr qsizetype longestField = 9'999;   // the highest number of four digits
 inline constexpr qsizetype longestRecord = 99'999; // the highest number of five digits
@@ -33,10 +34,22 @@ constexpr qsizetype baseAddress(qsizetype fields) {
     return leaderLength + fields * directoryEntryLength + 1;
 }
 
+// Returns the value of decimal digits; -1 if there are none, or anything else.
+constexpr qint64 numberOf(QByteArrayView digits) {
+    qint64 value = digits.isEmpty() ? -1 : 0;
+    for (const char digit : digits) {
+        if (digit < '0' || digit > '9')
+            return -1;
+        value = value * 10 + (digit - '0');
+    }
+    return value;
+}
+
 // Writes a number that has at most `width` digits.
 constexpr void putNumber(char *at, int width, qsizetype number) {
-    for (int i = width - 1; i >= 0; --i, number /= 10)
-        at[i] = char('0' + number % 10);
+    quint32 left = quint32(number);
+    for (int i = width - 1; i >= 0; --i, left /= 10)
+        at[i] = char('0' + left % 10);
 }
 
 } // namespace marc

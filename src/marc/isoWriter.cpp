@@ -1,4 +1,5 @@
 #include "marc/isoWriter.h"
+#include "platform/byteFile.h"
 #include "platform/codepage936.h"
 #include <algorithm>
 
@@ -12,8 +13,8 @@ bool isPlain(QStringView text) {
     return std::ranges::all_of(text, [](QChar c) { return c >= u' ' && c <= u'~'; });
 }
 
-bool holdsTerminator(QByteArrayView content) {
-    return content.contains(char(fieldTerminator)) || content.contains(char(recordTerminator));
+bool holdsTerminator(const Field &field) {
+    return field.content.contains(QChar(fieldTerminator)) || field.content.contains(QChar(recordTerminator));
 }
 
 QString tooLong(qsizetype size, qsizetype longest) {
@@ -39,15 +40,17 @@ QString IsoWriter::make(const FieldedRecord &record, IsoEncoding encoding) {
             return u"字段标识符“%1”不对"_s.arg(field.tag);
         const qsizetype start = m_size - base;
         const qsizetype length = put(field.content, encoding);
-        if (holdsTerminator(QByteArrayView(m_bytes).sliced(base + start, length - 1)))
-            return u"字段 %1 里有记录或字段的结束符"_s.arg(field.tag);
         if (length > longestField && why.isEmpty())
             why = u"字段 %1 有 "_s.arg(field.tag) + tooLong(length, longestField);
         char *const entry = m_bytes.data() + leaderLength + qsizetype(i) * directoryEntryLength;
         std::ranges::transform(field.tag, entry, [](QChar c) { return char(c.unicode()); });
         putNumber(entry + tagLength, fieldLengthWidth, length);
-        putNumber(entry + tagLength + fieldLengthWidth, fieldStartWidth, start);
+        putNumber(entry + fieldStartAt, fieldStartWidth, start);
     }
+    const QByteArrayView data = bytes().sliced(base);
+    if (platform::countByte(data, char(fieldTerminator)) != qint64(record.fields.size()) ||
+        data.contains(char(recordTerminator)))
+        return u"字段 %1 里有记录或字段的结束符"_s.arg(std::ranges::find_if(record.fields, holdsTerminator)->tag);
     ensureSpace(1);
     m_bytes[base - 1] = char(fieldTerminator);
     m_bytes[m_size++] = char(recordTerminator);

@@ -35,16 +35,17 @@ struct RecordBuilder {
 
     // `length` is written to the directory and need not be that of the content.
     void add(const QString &tag, qsizetype length, const QString &content) {
-        directory += tag + placed(4, length) + placed(5, dataBytes);
+        directory += tag + placed(fieldLengthWidth, length) + placed(fieldStartWidth, dataBytes);
         dataArea += content + QChar(fieldTerminator);
         dataBytes += platform::gbkLength(content) + 1;
     }
 
     RawRecord assembled(const QString &storedLeader) const {
         const qsizetype total = dataBytes + leaderLength + 1 + 1 + platform::gbkLength(directory);
-        QString leader = placed(5, total) + blanksRestored(storedLeader).right(19);
+        QString leader =
+            placed(recordLengthWidth, total) + blanksRestored(storedLeader).right(leaderLength - recordLengthWidth);
         leader = leader.left(baseAddressAt) + placed(baseAddressLength, directory.size() + leaderLength + 1) +
-                 leader.right(7);
+                 leader.right(leaderLength - baseAddressAt - baseAddressLength);
         return leader + directory + QChar(fieldTerminator) + dataArea + QChar(recordTerminator);
     }
 };

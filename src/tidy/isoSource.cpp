@@ -130,9 +130,7 @@ TidySource::Found IsoSource::takeRecord(qsizetype size) {
     }
     if (!m_fields.take(bytes))
         return unreadable(u"目次区和字段对不上"_s);
-    m_record.leader = tidyLeader(m_fields.leader());
-    m_record.tags = m_fields.tags();
-    decode(m_fields.data(), m_record.tags.size() / tagLength);
+    decode();
     return Found::Record;
 }
 
@@ -150,19 +148,15 @@ TidySource::Found IsoSource::takeTail() {
 }
 
 // Damaged bytes may swallow a terminator; in that case the fields are decoded one by one.
-void IsoSource::decode(QByteArrayView data, qsizetype fields) {
-    if (isWide()) {
-        m_record.data = QString::fromUtf8(data);
+void IsoSource::decode() {
+    const QByteArrayView data = m_fields.data();
+    const QString text = isWide() ? QString::fromUtf8(data) : m_decoder.decode(data);
+    if (m_record.take(m_fields.leader(), m_fields.tags(), text))
         return;
-    }
-    const qint64 before = m_decoder.damaged();
-    m_record.data = m_decoder.decode(data);
-    if (m_decoder.damaged() == before || m_record.data.count(QChar(marc::fieldTerminator)) == fields)
-        return;
-    m_record.data.clear();
-    for (qsizetype at = 0; at < data.size();) {
+    qsizetype at = 0;
+    for (marc::Field &field : m_record.fields) {
         const qsizetype end = data.indexOf(char(marc::fieldTerminator), at);
-        m_record.data += m_decoder.decode(data.sliced(at, end - at)) + QChar(marc::fieldTerminator);
+        field.content = m_decoder.decode(data.sliced(at, end - at));
         at = end + 1;
     }
 }

@@ -2,9 +2,9 @@
 // `longest`, and the current record.
 #pragma once
 
+#include "marc/isoFields.h"
 #include "platform/byteFile.h"
 #include "platform/textDecoder.h"
-#include "tidy/isoFields.h"
 #include "tidy/tidySource.h"
 #include <memory>
 
@@ -18,7 +18,7 @@ public:
     static platform::Result<std::unique_ptr<TidySource>> open(const QString &path, platform::Charset charset);
 
     platform::Result<Found> next() override;
-    const TidyRecord &record() const override { return m_record; }
+    marc::FieldedRecord &record() override { return m_record; }
     QByteArrayView raw() const override { return m_raw; }
     QString why() const override { return m_why; }
     bool directoryDamaged() const override { return m_fields.directoryDamaged(); }
@@ -37,7 +37,7 @@ private:
     Found takeRecord(qsizetype size);
     Found takeTail();
     Found unreadable(const QString &why);
-    void decode(QByteArrayView data, qsizetype fields);
+    void decode();
 
     platform::ByteReader m_reader;
     platform::TextDecoder m_decoder;
@@ -49,9 +49,9 @@ private:
     bool m_atEnd = false;
     bool m_begun = false;
     bool m_inLongRecord = false;
-    IsoFields m_fields;
+    marc::IsoFields m_fields;
     QByteArray m_narrow; // a record with two bytes per character, converted to UTF-8
-    TidyRecord m_record;
+    marc::FieldedRecord m_record;
     QByteArrayView m_raw;
     QString m_why;
 };

@@ -130,7 +130,7 @@ TidySource::Found MarcXmlSource::found(XmlParser::State state) {
     }
     if (!m_elements.why().isEmpty())
         return Found::Unreadable;
-    m_record = m_elements.record();
+    m_elements.toFields(m_record);
     if (m_decoder->damaged() > 0)
         m_damaged += m_elements.data().toByteArray().count(replacement);
     return Found::Record;

@@ -3,9 +3,9 @@
 // valid and the error is reported with its line and column. Memory use: a block and the current record.
 #pragma once
 
+#include "marc/marcXmlRecord.h"
 #include "platform/byteFile.h"
 #include "platform/textDecoder.h"
-#include "tidy/marcXmlRecord.h"
 #include "tidy/tidySource.h"
 #include <memory>
 
@@ -16,7 +16,7 @@ public:
     static platform::Result<std::unique_ptr<TidySource>> open(const QString &path);
 
     platform::Result<Found> next() override;
-    const TidyRecord &record() const override { return m_record; }
+    marc::FieldedRecord &record() override { return m_record; }
     QByteArrayView raw() const override { return m_elements.asItStood(); }
     QString why() const override { return m_elements.why(); }
     qint64 damagedBytes() const override { return m_damaged; }
@@ -33,7 +33,7 @@ private:
 
     platform::ByteReader m_reader;
     std::optional<platform::TextDecoder> m_decoder;
-    MarcXmlRecord m_elements;
+    marc::MarcXmlRecord m_elements;
     platform::XmlParser m_xml;
     QByteArray m_block;
     QByteArray m_cut; // the start of a character that continues in the next block
@@ -41,7 +41,7 @@ private:
     bool m_begun = false;
     bool m_isUtf8 = true;
     bool m_paused = false; // at the end of a record
-    TidyRecord m_record;
+    marc::FieldedRecord m_record;
     qint64 m_damaged = 0;
     std::optional<QString> m_broken;
 };

@@ -9,8 +9,6 @@ namespace tidy {
 
 namespace {
 
-constexpr qsizetype longestRecord = 99'999; // maximum of five digits
-constexpr qsizetype longestField = 9'999;   // maximum of four digits
 constexpr QByteArrayView slimNamespace("http://www.loc.gov/MARC21/slim");
 
 // Returns the length in bytes of the first character of a UTF-8 text; 0 if it is empty.
@@ -21,64 +19,26 @@ qsizetype firstCharacter(QByteArrayView text) {
     return length;
 }
 
-// Writes a number that fits in `width` digits, padded with zeros.
-void put(char *at, int width, qsizetype number) {
-    for (int i = width - 1; i >= 0; --i, number /= 10)
-        at[i] = char('0' + number % 10);
-}
-
 } // namespace
 
 bool canHold(TargetForm form, char32_t character) {
     switch (form) {
     case TargetForm::GbkIso:
         return character < 0x10000 && platform::isEncodable(QString(QChar(char16_t(character))));
-    case TargetForm::MarcXml: // the separators are not content
-        return character >= 0x20 ? character != 0xFFFE && character != 0xFFFF
-                                 : character == marc::fieldTerminator || character == marc::subfieldDelimiter;
+    case TargetForm::MarcXml: // the delimiter is not content
+        return character >= 0x20 ? character != 0xFFFE && character != 0xFFFF : character == marc::subfieldDelimiter;
     case TargetForm::Utf8Iso:
         break;
     }
     return true;
 }
 
-QByteArray leaderFor(TargetForm form, QByteArray leader) {
+QString leaderFor(TargetForm form, QString leader) {
     constexpr qsizetype encodingAt = 9, countsAt = 10, entryMapAt = 20;
-    leader.replace(countsAt, 2, "22").replace(entryMapAt, 4, "450 ");
-    if (form == TargetForm::GbkIso && leader[encodingAt] == 'a')
-        leader[encodingAt] = ' ';
+    leader.replace(countsAt, 2, u"22"_s).replace(entryMapAt, 4, u"450 "_s);
+    if (form == TargetForm::GbkIso && leader[encodingAt] == u'a')
+        leader[encodingAt] = u' ';
     return leader;
-}
-
-QString IsoRecordBytes::make(const TidyRecord &record, QByteArrayView data) {
-    const qsizetype fields = record.tags.size() / tagLength;
-    const qsizetype base = marc::leaderLength + fields * marc::directoryEntryLength + 1;
-    const qsizetype size = base + data.size() + 1;
-    if (size > longestRecord)
-        return u"%1 字节，长过 %2 字节"_s.arg(size).arg(longestRecord);
-    m_bytes.resize(size);
-    char *const out = m_bytes.data();
-    std::copy(record.leader.begin(), record.leader.end(), out);
-    put(out, 5, size);
-    put(out + marc::baseAddressAt, marc::baseAddressLength, base);
-    qsizetype start = 0;
-    for (qsizetype i = 0; i < fields; ++i) {
-        const qsizetype length = data.indexOf(char(marc::fieldTerminator), start) + 1 - start;
-        if (length > longestField)
-            return u"字段 %1 有 %2 字节，长过 %3 字节"_s
-                .arg(QString::fromLatin1(record.tags.mid(i * tagLength, tagLength)))
-                .arg(length)
-                .arg(longestField);
-        char *const entry = out + marc::leaderLength + i * marc::directoryEntryLength;
-        std::copy_n(record.tags.constData() + i * tagLength, tagLength, entry);
-        put(entry + tagLength, 4, length);
-        put(entry + tagLength + 4, 5, start);
-        start += length;
-    }
-    out[base - 1] = char(marc::fieldTerminator);
-    std::copy(data.begin(), data.end(), out + base);
-    out[size - 1] = char(marc::recordTerminator);
-    return {};
 }
 
 void MarcXmlWriter::begin() {
@@ -86,20 +46,15 @@ void MarcXmlWriter::begin() {
     m_xml.append("\">\n");
 }
 
-void MarcXmlWriter::add(const TidyRecord &record) {
-    QByteArray leader = record.leader; // the lengths in it have no meaning in XML
-    put(leader.data(), 5, 0);
-    put(leader.data() + marc::baseAddressAt, marc::baseAddressLength, 0);
+void MarcXmlWriter::add(const marc::FieldedRecord &record) {
+    QByteArray leader = record.leader.toLatin1(); // the lengths in it have no meaning in XML
+    marc::putNumber(leader.data(), marc::recordLengthWidth, 0);
+    marc::putNumber(leader.data() + marc::baseAddressAt, marc::baseAddressLength, 0);
     m_xml.append(" <record>\n  <leader>");
     platform::appendEscaped(m_xml, leader);
     m_xml.append("</leader>\n");
-    const QByteArray data = record.data.toUtf8();
-    qsizetype start = 0;
-    for (qsizetype i = 0; i < record.tags.size(); i += tagLength) {
-        const qsizetype end = data.indexOf(char(marc::fieldTerminator), start);
-        addField(QByteArrayView(record.tags).sliced(i, tagLength), QByteArrayView(data).sliced(start, end - start));
-        start = end + 1;
-    }
+    for (const marc::Field &field : record.fields)
+        addField(field.tag.toLatin1(), field.content.toUtf8());
     m_xml.append(" </record>\n");
 }
 

@@ -1,7 +1,7 @@
 // Writes records in one of the target formats.
 #pragma once
 
-#include "tidy/tidyRecord.h"
+#include "marc/isoWriter.h"
 
 namespace tidy {
 
@@ -13,25 +13,13 @@ bool canHold(TargetForm form, char32_t character);
 
 // Returns the leader for the target: two indicators, subfield identifiers of two characters, and directory entries of
 // 3, 4 and 5 digits. In GBK the leader does not state Unicode.
-QByteArray leaderFor(TargetForm form, QByteArray leader);
-
-// Builds one record in exchange format with a new directory and new lengths. `data` are the encoded fields of the
-// record.
-class IsoRecordBytes {
-public:
-    // Returns an empty text, or the reason why the record does not fit the format.
-    QString make(const TidyRecord &record, QByteArrayView data);
-    QByteArrayView bytes() const { return m_bytes; }
-
-private:
-    QByteArray m_bytes;
-};
+QString leaderFor(TargetForm form, QString leader);
 
 // Writes MARCXML, one record after the other. take() removes and returns the bytes written so far.
 class MarcXmlWriter {
 public:
     void begin();
-    void add(const TidyRecord &record);
+    void add(const marc::FieldedRecord &record);
     void addAsItStood(QByteArrayView element) { m_xml.append(element).append('\n'); }
     void end();
     QByteArray take();

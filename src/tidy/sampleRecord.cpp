@@ -11,15 +11,17 @@ bool isAscii(const QString &text) {
     return std::ranges::all_of(text, [](QChar c) { return c.unicode() < 0x80; });
 }
 
-QString linesOf(const TidyRecord &record) {
+bool isAscii(const marc::FieldedRecord &record) {
+    return std::ranges::all_of(record.fields, [](const marc::Field &field) { return isAscii(field.content); });
+}
+
+QString linesOf(const marc::FieldedRecord &record) {
     constexpr qsizetype most = 20'000; // characters
     QString text;
-    qsizetype start = 0;
-    for (qsizetype i = 0; i < record.tags.size() && text.size() < most; i += tagLength) {
-        const qsizetype end = record.data.indexOf(QChar(marc::fieldTerminator), start);
-        text += QString::fromLatin1(record.tags.mid(i, tagLength)) + u' ' + record.data.sliced(start, end - start) +
-                u"\r\n";
-        start = end + 1;
+    for (const marc::Field &field : record.fields) {
+        text += field.tag + u' ' + field.content + u"\r\n";
+        if (text.size() >= most)
+            break;
     }
     return text.left(most);
 }
@@ -44,8 +46,8 @@ platform::Result<SampleRecord> sampleRecord(const QString &path, SourceEncoding 
             ++steps;
             continue;
         }
-        const TidyRecord &record = source.value()->record();
-        const bool isTelling = !isAscii(record.data);
+        const marc::FieldedRecord &record = source.value()->record();
+        const bool isTelling = !isAscii(record);
         if (isTelling || sample.number == 0)
             sample = {number, linesOf(record)};
         if (isTelling)

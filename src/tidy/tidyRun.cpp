@@ -1,5 +1,4 @@
 #include "tidy/tidyRun.h"
-#include "platform/codepage936.h"
 #include "platform/paths.h"
 #include "tidy/fitText.h"
 #include "tidy/isoSource.h"
@@ -170,11 +169,17 @@ qint64 TidyRun::damagedInHand() {
 }
 
 Status TidyRun::keep() {
-    TidyRecord record = m_records->record();
+    marc::FieldedRecord &record = m_records->record();
     record.leader = leaderFor(m_form, record.leader);
-    blankBreaks(record.data);
     const qint64 damaged = damagedInHand();
-    const QList<char32_t> lacking = fitText(m_form, record.data);
+    const QByteArrayView raw = m_records->raw();
+    const bool mayBreak = isXmlSource() || raw.contains('\r') || raw.contains('\n');
+    QList<char32_t> lacking;
+    for (marc::Field &field : record.fields) {
+        if (mayBreak)
+            blankBreaks(field.content);
+        lacking += fitText(m_form, field.content);
+    }
     Status written = platform::success();
     if (const QString why = write(record, written); !why.isEmpty())
         return setAside(why);
@@ -192,14 +197,14 @@ Status TidyRun::keep() {
 }
 
 // Returns why the record does not fit the target form, or an empty text.
-QString TidyRun::write(const TidyRecord &record, Status &written) {
+QString TidyRun::write(const marc::FieldedRecord &record, Status &written) {
     if (m_xml) {
         m_xml->add(record);
         written = m_target->write(m_xml->take());
         return {};
     }
     const bool isGbk = m_form == TargetForm::GbkIso;
-    const QString why = m_iso.make(record, isGbk ? platform::encode(record.data) : record.data.toUtf8());
+    const QString why = m_iso.make(record, isGbk ? marc::IsoEncoding::Gbk : marc::IsoEncoding::Utf8);
     if (why.isEmpty() && (written = m_target->write(m_iso.bytes())) && isGbk)
         written = m_target->write(lineEnd); // other programs expect no line ends in the UTF-8 form
     return why;

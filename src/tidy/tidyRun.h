@@ -57,7 +57,7 @@ private:
     platform::Result<bool> work();
     platform::Result<bool> ended();
     platform::Status keep();
-    QString write(const TidyRecord &record, platform::Status &written);
+    QString write(const marc::FieldedRecord &record, platform::Status &written);
     platform::Status setAside(const QString &why);
     platform::Status openAside();
     platform::Status endXml();
@@ -73,7 +73,7 @@ private:
     std::unique_ptr<TidySource> m_records;
     std::optional<platform::SavedFile> m_target;
     std::optional<platform::SavedFile> m_aside;
-    IsoRecordBytes m_iso;
+    marc::IsoWriter m_iso;
     std::optional<MarcXmlWriter> m_xml;
     std::optional<MarcXmlWriter> m_asideXml;
     qint64 m_size = 0;

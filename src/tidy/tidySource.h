@@ -1,8 +1,8 @@
 // Reads records of any form one after the other, in steps of limited work.
 #pragma once
 
+#include "marc/fieldedRecord.h"
 #include "platform/result.h"
-#include "tidy/tidyRecord.h"
 #include <optional>
 
 namespace tidy {
@@ -21,8 +21,8 @@ public:
 
     virtual platform::Result<Found> next() = 0;
     // About the current record; valid until the next step.
-    virtual const TidyRecord &record() const = 0;
-    virtual QByteArrayView raw() const = 0; // its bytes in the source; for XML, its element unchanged
+    virtual marc::FieldedRecord &record() = 0; // the caller may change it
+    virtual QByteArrayView raw() const = 0;    // its bytes in the source; for XML, its element unchanged
     virtual QString why() const = 0;
     virtual bool directoryDamaged() const { return false; } // the record is usable nevertheless
 

@@ -6,7 +6,7 @@
 #include <QByteArrayView>
 #include <vector>
 
-namespace tidy {
+namespace marc {
 
 class IsoFields {
 public:
@@ -49,4 +49,4 @@ private:
     bool m_damaged = false;
 };
 
-} // namespace tidy
+} // namespace marc

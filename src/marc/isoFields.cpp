@@ -1,28 +1,13 @@
-#include "tidy/isoFields.h"
-#include "tidy/tidyRecord.h"
+#include "marc/isoFields.h"
+#include "marc/fieldedRecord.h"
 #include <algorithm>
 
-namespace tidy {
+namespace marc {
 
 namespace {
 
-using marc::directoryEntryLength;
-
-constexpr char fieldEnd = char(marc::fieldTerminator);
-constexpr char recordEnd = char(marc::recordTerminator);
-constexpr int lengthWidth = 4;
-constexpr int startWidth = 5;
-
-// Returns the number with these digits; below 0 if they contain anything else.
-qint64 number(QByteArrayView digits) {
-    qint64 value = 0;
-    for (const char digit : digits) {
-        if (digit < '0' || digit > '9')
-            return -1;
-        value = value * 10 + (digit - '0');
-    }
-    return value;
-}
+constexpr char fieldEnd = char(fieldTerminator);
+constexpr char recordEnd = char(recordTerminator);
 
 QByteArray padded(qsizetype value, int width) {
     return QByteArray::number(value).rightJustified(width, '0');
@@ -60,10 +45,10 @@ bool IsoFields::take(QByteArrayView record) {
 // Splits the record into leader, directory and the pieces that end with field terminators.
 bool IsoFields::cut(QByteArrayView record) {
     const qsizetype end = record.indexOf(fieldEnd);
-    if (end < marc::leaderLength)
+    if (end < leaderLength)
         return false;
-    m_leader = record.first(marc::leaderLength);
-    m_directory = record.sliced(marc::leaderLength, end - marc::leaderLength);
+    m_leader = record.first(leaderLength);
+    m_directory = record.sliced(leaderLength, end - leaderLength);
     m_body = record.sliced(end + 1);
     m_pieces.clear();
     for (QByteArrayView rest = m_body; !rest.isEmpty();) {
@@ -82,8 +67,9 @@ void IsoFields::readEntries() {
     if (m_directory.size() % directoryEntryLength != 0)
         return;
     for (qsizetype at = 0; at < m_directory.size(); at += directoryEntryLength)
-        m_entries.push_back({m_directory.sliced(at, tagLength), number(m_directory.sliced(at + tagLength, lengthWidth)),
-                             number(m_directory.sliced(at + tagLength + lengthWidth, startWidth)), 0});
+        m_entries.push_back({m_directory.sliced(at, tagLength),
+                             numberOf(m_directory.sliced(at + tagLength, fieldLengthWidth)),
+                             numberOf(m_directory.sliced(at + fieldStartAt, fieldStartWidth)), 0});
 }
 
 // Returns whether the entries, sorted by start, follow each other without gaps and are as many as the pieces. With
@@ -136,7 +122,7 @@ bool IsoFields::tagsByPlaces() {
     qsizetype waiting = 0; // previous pieces without a tag
     qsizetype start = 0;
     for (std::size_t i = 0; i < m_pieces.size(); ++i) {
-        const QByteArray place = padded(m_pieces[i].size(), lengthWidth) + padded(start, startWidth);
+        const QByteArray place = padded(m_pieces[i].size(), fieldLengthWidth) + padded(start, fieldStartWidth);
         start += m_pieces[i].size();
         const qsizetype found = m_directory.indexOf(place, at + tagLength);
         if (found < 0) {
@@ -161,7 +147,7 @@ bool IsoFields::takeStretch(QByteArrayView stretch, qsizetype firstPiece, qsizet
     const bool whole = stretch.size() == count * directoryEntryLength;
     if (!whole) {
         // One entry with a byte too many or too few: its tag is intact unless the tag itself is damaged.
-        const QByteArray length = padded(m_pieces[std::size_t(firstPiece)].size(), lengthWidth);
+        const QByteArray length = padded(m_pieces[std::size_t(firstPiece)].size(), fieldLengthWidth);
         const bool nearly = count == 1 && std::abs(stretch.size() - directoryEntryLength) == 1;
         if (!nearly || (stretch.size() < directoryEntryLength && stretch.sliced(tagLength - 1).startsWith(length)))
             return false;
@@ -175,4 +161,4 @@ bool IsoFields::takeStretch(QByteArrayView stretch, qsizetype firstPiece, qsizet
     return true;
 }
 
-} // namespace tidy
+} // namespace marc

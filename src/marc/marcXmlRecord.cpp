@@ -1,4 +1,4 @@
-#include "tidy/marcXmlRecord.h"
+#include "marc/marcXmlRecord.h"
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -6,7 +6,7 @@
 using namespace Qt::StringLiterals;
 using platform::XmlElement;
 
-namespace tidy {
+namespace marc {
 
 namespace {
 
@@ -112,7 +112,7 @@ void MarcXmlRecord::startSubfield(const XmlElement &element) {
     if (code.size() > 1 && !isOne(code))
         spoil(u"子字段的代码“%1”不是一个字符"_s.arg(QString::fromUtf8(code)));
     if (!std::exchange(m_atFirstSubfield, false) || code != " ") {
-        m_data.append(char(marc::subfieldDelimiter));
+        m_data.append(char(subfieldDelimiter));
         m_data.append(code);
     }
     m_open.back().start = m_data.size();
@@ -153,7 +153,7 @@ void MarcXmlRecord::endPart(const Open &ended) {
     if (ended.part == Part::Subfield && !ended.hasCode && m_data.size() > ended.start)
         spoil(u"字段 %1 有没有代码的子字段"_s.arg(QString::fromLatin1(m_tags.last(tagLength))));
     if ((ended.part == Part::ControlField || ended.part == Part::DataField) && --m_fieldDepth == 0)
-        m_data.append(char(marc::fieldTerminator));
+        m_data.append(char(fieldTerminator));
 }
 
 void MarcXmlRecord::endRecord() {
@@ -178,9 +178,9 @@ void MarcXmlRecord::spoil(const QString &why) {
         m_why = why;
 }
 
-TidyRecord MarcXmlRecord::record() const {
-    const QByteArray leader = m_leader.size() > marc::leaderLength ? m_leader.trimmed() : m_leader;
-    return {leader.isEmpty() ? usualLeader.toByteArray() : tidyLeader(leader), m_tags, QString::fromUtf8(m_data)};
+void MarcXmlRecord::toFields(FieldedRecord &record) const {
+    const QByteArray leader = m_leader.size() > leaderLength ? m_leader.trimmed() : m_leader;
+    record.take(leader.isEmpty() ? usualLeader : QByteArrayView(leader), m_tags, QString::fromUtf8(m_data));
 }
 
-} // namespace tidy
+} // namespace marc

@@ -3,12 +3,12 @@
 // skipped.
 #pragma once
 
+#include "marc/fieldedRecord.h"
 #include "platform/xmlParser.h"
-#include "tidy/tidyRecord.h"
 #include <functional>
 #include <vector>
 
-namespace tidy {
+namespace marc {
 
 class MarcXmlRecord final : public platform::XmlHandler {
 public:
@@ -22,7 +22,7 @@ public:
     void endElement(QByteArrayView name) override;
     void text(QByteArrayView text) override;
 
-    TidyRecord record() const;
+    void toFields(FieldedRecord &record) const;    // replaces the contents of `record`
     QByteArrayView data() const { return m_data; } // the fields, in UTF-8
     const QString &why() const { return m_why; }   // why the record cannot be used; else empty
     QByteArrayView asItStood() const { return m_echo; }
@@ -63,4 +63,4 @@ private:
     qint64 m_passedOver = 0;
 };
 
-} // namespace tidy
+} // namespace marc
