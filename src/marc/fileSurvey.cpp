@@ -112,15 +112,16 @@ void TerminatorCount::takeUnit(char16_t unit) {
         endsInRecord = endsInRecord || !isFiller(unit);
 }
 
-FileSurvey::FileSurvey(platform::ByteReader reader)
+FileSurvey::FileSurvey(platform::ByteReader reader, Subject subject)
     : m_reader(std::move(reader))
+    , m_subject(subject)
     , m_block(blockSize, Qt::Uninitialized) {}
 
-platform::Result<FileSurvey> FileSurvey::open(const QString &path) {
+platform::Result<FileSurvey> FileSurvey::open(const QString &path, Subject subject) {
     auto reader = platform::ByteReader::open(path);
     if (!reader)
         return reader.failure();
-    return FileSurvey(std::move(reader).value());
+    return FileSurvey(std::move(reader).value(), subject);
 }
 
 platform::Result<bool> FileSurvey::step() {
@@ -138,7 +139,8 @@ platform::Result<bool> FileSurvey::step() {
 
 void FileSurvey::take(QByteArrayView bytes) {
     m_encoding.take(bytes);
-    m_readable.take(bytes);
+    if (m_subject == Subject::Everything)
+        m_readable.take(bytes);
     m_encoding.isUtf16() ? takeWide(bytes) : takeNarrow(bytes);
 }
 

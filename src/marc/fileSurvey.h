@@ -54,10 +54,11 @@ public:
 
 class FileSurvey {
 public:
-    static constexpr qsizetype stepSize = 4 << 20; // bytes
+    static constexpr qsizetype stepSize = 4 << 20;         // bytes
+    enum class Subject { Everything, NotReadableRecords }; // the second leaves out what only the program's reader reads
 
     // Fails if the file is missing, unreadable or not a plain file.
-    static platform::Result<FileSurvey> open(const QString &path);
+    static platform::Result<FileSurvey> open(const QString &path, Subject subject = Subject::Everything);
 
     // Examines the next bytes; returns false after the end of the file. Fails on a read error or if the file has
     // changed meanwhile.
@@ -68,13 +69,14 @@ public:
     qint64 size() const { return m_reader.size(); }
 
 private:
-    explicit FileSurvey(platform::ByteReader reader);
+    FileSurvey(platform::ByteReader reader, Subject subject);
     void take(QByteArrayView bytes);
     void takeNarrow(QByteArrayView bytes);
     void takeWide(QByteArrayView bytes);
     void takeUnit(char16_t unit);
 
     platform::ByteReader m_reader;
+    Subject m_subject;
     QByteArray m_block;
     EncodingGuess m_encoding;
     ReadableCount m_readable;

@@ -1,6 +1,7 @@
 #include "marc/isoFields.h"
 #include "marc/fieldedRecord.h"
 #include <algorithm>
+#include <numeric>
 
 namespace marc {
 
@@ -78,15 +79,14 @@ void IsoFields::readEntries() {
 bool IsoFields::entriesAgree(bool toTheByte) {
     if (m_entries.size() != m_pieces.size() || m_directory.size() % directoryEntryLength != 0)
         return false;
-    std::vector<Entry *> byStart;
-    for (Entry &entry : m_entries)
-        byStart.push_back(&entry);
-    const auto start = [](const Entry *entry) { return entry->start; };
-    if (!std::ranges::is_sorted(byStart, {}, start))
-        std::ranges::sort(byStart, {}, start);
+    m_byStart.resize(m_entries.size());
+    std::iota(m_byStart.begin(), m_byStart.end(), std::size_t(0));
+    const auto start = [this](std::size_t entry) { return m_entries[entry].start; };
+    if (!std::ranges::is_sorted(m_byStart, {}, start))
+        std::ranges::sort(m_byStart, {}, start);
     qint64 expected = 0;
-    for (std::size_t i = 0; i < byStart.size(); ++i) {
-        Entry &entry = *byStart[i];
+    for (std::size_t i = 0; i < m_byStart.size(); ++i) {
+        Entry &entry = m_entries[m_byStart[i]];
         if (entry.start != expected || entry.length <= 0 || !isTag(entry.tag))
             return false;
         if (toTheByte && entry.length != m_pieces[i].size())

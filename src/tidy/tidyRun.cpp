@@ -85,7 +85,7 @@ TidyRun::TidyRun(QString source, const QString &target, TargetForm form, SourceE
 }
 
 Status TidyRun::open() {
-    auto survey = marc::FileSurvey::open(m_source);
+    auto survey = marc::FileSurvey::open(m_source, marc::FileSurvey::Subject::NotReadableRecords);
     if (!survey)
         return survey.failure();
     m_survey = std::move(survey).value();
@@ -178,7 +178,8 @@ Status TidyRun::keep() {
     for (marc::Field &field : record.fields) {
         if (mayBreak)
             blankBreaks(field.content);
-        lacking += fitText(m_form, field.content);
+        if (const QList<char32_t> found = fitText(m_form, field.content); !found.isEmpty())
+            lacking += found;
     }
     Status written = platform::success();
     if (const QString why = write(record, written); !why.isEmpty())
