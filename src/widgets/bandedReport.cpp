@@ -2,6 +2,8 @@
 #include "platform/desktop/screenSize.h"
 #include "widgets/longPreview.h"
 #include "widgets/reportSheet.h"
+#include <QAction>
+#include <QCoreApplication>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <limits>
@@ -21,6 +23,10 @@ QDialog *newWholePreview(BandedReport report, const std::shared_ptr<QPrinter> &p
     // The connection keeps the printer and the report alive as long as the preview.
     QObject::connect(preview, &QPrintPreviewDialog::paintRequested, preview,
                      [printer, report = std::move(report)](QPrinter *target) { print(report, *target); });
+    const QString printing = QCoreApplication::translate("QPrintPreviewDialog", "Print");
+    for (QAction *action : preview->findChildren<QAction *>())
+        if (action->text() == printing)
+            action->setShortcut(QKeySequence::Print);
     return preview;
 }
 } // namespace

@@ -272,6 +272,8 @@ TEST_F(BandedReportTest, ALongReportIsShownAPageAtATimeAndPrintedAsAnyOther) {
         const std::unique_ptr<QDialog> shown(newReportPreview(report, nullptr));
         EXPECT_EQ(qobject_cast<LongPreview *>(shown.get()) != nullptr, rows > 5000);
         EXPECT_EQ(shown->windowTitle(), report.caption);
+        const auto actions = shown->findChildren<QAction *>();
+        EXPECT_EQ(std::ranges::count(actions, QKeySequence(QKeySequence::Print), &QAction::shortcut), 1) << rows;
     }
 }
 
