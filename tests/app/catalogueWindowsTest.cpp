@@ -45,11 +45,13 @@ TEST_F(CatalogueWindowsTest, AListReopensAsItWasClosed) {
     query();
     const QSize first = place()->size();
     const QSize drawn = first - QSize(150, 90);
+    EXPECT_EQ(place()->pos(), QPoint());
     place()->resize(drawn);
+    place()->move(30, 20);
     list()->Grid1->setColumnWidth(4, 222);
     closeList();
     query();
-    EXPECT_EQ(place()->size(), drawn);
+    EXPECT_EQ(place()->geometry(), QRect(QPoint(30, 20), drawn));
     EXPECT_EQ(list()->Grid1->columnWidth(4), 222);
     place()->showMaximized();
     windows.endRuns(); // the program ends while a list is open

@@ -6,6 +6,7 @@
 #include "catalogue/windows/zskListFrm.h"
 #include "widgets/remembered.h"
 #include <QMdiSubWindow>
+#include <algorithm>
 #include <utility>
 
 namespace app {
@@ -13,6 +14,7 @@ namespace app {
 namespace {
 
 constexpr QStringView sizeKey = u"/size";
+constexpr QStringView positionKey = u"/position";
 constexpr QStringView maximisedKey = u"/maximised";
 
 // The target of a query whose list window is created only when the query passes its result.
@@ -65,8 +67,11 @@ List *CatalogueWindows::adopted(List *list) {
 void CatalogueWindows::recallShape(QMdiSubWindow &place, catalogue::ListWindow &list) const {
     const platform::DeskState &state = m_host.remembered();
     const QSize kept = state.read(list.objectName() + sizeKey).toSize();
-    place.resize((kept.isValid() ? kept : place.sizeHint()).boundedTo(m_area->viewport()->size()));
-    place.move(0, 0);
+    const QSize room = m_area->viewport()->size();
+    place.resize((kept.isValid() ? kept : place.sizeHint()).boundedTo(room));
+    const QPoint wanted = state.read(list.objectName() + positionKey).toPoint(); // the corner at the first time
+    place.move(std::clamp(wanted.x(), 0, std::max(room.width() - place.width(), 0)),
+               std::clamp(wanted.y(), 0, std::max(room.height() - place.height(), 0)));
     list.show();
     if (state.read(list.objectName() + maximisedKey).toBool())
         place.showMaximized();
@@ -77,8 +82,10 @@ void CatalogueWindows::keepShape(const QMdiSubWindow &place, const catalogue::Li
     const platform::DeskState &state = m_host.remembered();
     if (!place.isMinimized())
         state.keep(list.objectName() + maximisedKey, place.isMaximized());
-    if (!place.isMinimized() && !place.isMaximized())
+    if (!place.isMinimized() && !place.isMaximized()) {
         state.keep(list.objectName() + sizeKey, place.size());
+        state.keep(list.objectName() + positionKey, place.pos());
+    }
     widgets::keepColumns(*list.Grid1, state, list.objectName());
 }
 

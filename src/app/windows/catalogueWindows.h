@@ -49,10 +49,11 @@ private:
     void showOrderby();
     void hideWorking();
     QWidget *frame() const;
-    // Adds the list window to the frame, at its upper left corner. It is deleted when it is unloaded.
+    // Adds the list window to the frame, where it was closed last, or at the upper left corner. It is deleted when it
+    // is unloaded.
     template <class List>
     List *adopted(List *list);
-    // Restore and store the size and the column widths of a list.
+    // Restore and store the place, the size and the column widths of a list.
     void recallShape(QMdiSubWindow &place, catalogue::ListWindow &list) const;
     void keepShape(const QMdiSubWindow &place, const catalogue::ListWindow &list) const;
     void bringForward(QWidget *list);
