@@ -2,6 +2,7 @@
 #include "app/windows/frmLook.h"
 #include "app/windows/maker.h"
 #include "widgets/layout.h"
+#include "widgets/oneSize.h"
 
 using namespace Qt::StringLiterals;
 using widgets::named;
@@ -21,6 +22,7 @@ AboutFrm::AboutFrm(platform::Host &host, QWidget *parent)
     , lHttp(webLink(u"lHttp"_s, host, this))
     , lEmail1(mailLink(u"lEmail1"_s, host, this))
     , Command1(new widgets::Button(u"Command1"_s, u" 确定( &Q ) "_s)) {
+    widgets::keepOneSize(this);
     layOut();
     connect(Command1, &widgets::Button::clicked, this, &AboutFrm::unload);
 }

@@ -1,6 +1,7 @@
 #include "app/windows/frmLook.h"
 #include "app/windows/maker.h"
 #include "widgets/layout.h"
+#include "widgets/oneSize.h"
 #include <QFrame>
 #include <QIcon>
 #include <QPainter>
@@ -69,6 +70,7 @@ frmLook::frmLook(platform::Host &host, QWidget *parent)
     , Check1(named(new QCheckBox(u"启动时显示"_s), u"Check1"_s))
     , cmOK(new widgets::Button(u"cmOK"_s, u"确定"_s))
     , m_host(host) {
+    widgets::keepOneSize(this);
     layOut();
     Check1->setChecked(true); // the notice is always shown
     connect(Check1, &QCheckBox::clicked, this, &frmLook::keepTick);

@@ -3,6 +3,7 @@
 #include "platform/numbers.h"
 #include "widgets/keys.h"
 #include "widgets/layout.h"
+#include "widgets/oneSize.h"
 #include "widgets/waitCursor.h"
 #include <QGridLayout>
 #include <initializer_list>
@@ -37,6 +38,7 @@ frmODBC::frmODBC(platform::Host &host, ConnectionProbe probe, QWidget *parent)
     , cmdCancel(new Button(u"cmdCancel"_s, u"取消(&Q)"_s))
     , m_host(host)
     , m_probe(std::move(probe)) {
+    widgets::keepOneSize(this);
     txtPWD->setEchoMode(QLineEdit::Password);
     for (QWidget *control : std::initializer_list<QWidget *>{cboDrivers, txtServer, txtUID, txtPWD, txtDatabase})
         widgets::enterActsAsTab(control);

@@ -3,6 +3,7 @@
 #include "platform/numbers.h"
 #include "widgets/button.h"
 #include "widgets/layout.h"
+#include "widgets/oneSize.h"
 #include "widgets/pacedLabel.h"
 #include <QLabel>
 #include <QLineEdit>
@@ -43,6 +44,7 @@ frmDaoRuJindu::frmDaoRuJindu(platform::Host &host, const database::SessionState 
     , m_host(host)
     , m_state(state)
     , m_records(std::move(records)) {
+    widgets::keepOneSize(this);
     Text1->hide();
     Text2->hide();
     barJinduTishi->setTextVisible(false);

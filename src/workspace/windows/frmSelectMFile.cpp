@@ -4,6 +4,7 @@
 #include "platform/recentFiles.h"
 #include "widgets/fileDrop.h"
 #include "widgets/layout.h"
+#include "widgets/oneSize.h"
 #include "widgets/waitCursor.h"
 #include <QAction>
 #include <QCompleter>
@@ -31,6 +32,7 @@ frmSelectMFile::frmSelectMFile(platform::Host &host, Ways ways, QWidget *parent)
     , cmdClick{new Button(u"cmdClick0"_s, u"&S 查看机读目录"_s, this), new Button(u"cmdClick1"_s, u"&Q 退出"_s, this)}
     , m_host(host)
     , m_ways(std::move(ways)) {
+    widgets::keepOneSize(this);
     Text1->setMinimumWidth(fontMetrics().averageCharWidth() * 44);
     widgets::framed(Frame1, row({{Text1, 1}, cmdLL}));
     setLayout(column({Frame1, {labFacts, 1}, row({cmdTidy, widgets::stretch(), cmdClick[0], cmdClick[1]})}));
