@@ -2,6 +2,7 @@
 #include "platform/deskState.h"
 #include "platform/paths.h"
 #include "platform/plainFile.h"
+#include "platform/recentFiles.h"
 #include "platform/settings.h"
 #include "platform/singleInstance.h"
 #include "support/fullDisk.h"
@@ -94,6 +95,11 @@ TEST(DeskState, IsPrivateAndReportsAFolderThatCannotBeMade) {
     EXPECT_EQ(state.folderFor(u"drafts"_s).value(), folder + u"/drafts/");
     EXPECT_TRUE(closed(folder + u"/drafts"));
     EXPECT_FALSE(DeskState(folder + u"/desk.ini").folderFor(u"drafts"_s)) << "a path below a file";
+}
+
+TEST(RecentFiles, OfOneNameAreToldApartByTheirFolders) {
+    EXPECT_EQ(recentNames({u"/甲/2026/一月.iso"_s, u"/乙/2026/一月.iso"_s, u"/甲/一月.iso"_s, u"/甲/二月.iso"_s}),
+              (QStringList{u"一月.iso（甲/2026）"_s, u"一月.iso（乙/2026）"_s, u"一月.iso（甲）"_s, u"二月.iso"_s}));
 }
 
 TEST(SingleInstance, IsReleasedWhenItsProcessDies) {

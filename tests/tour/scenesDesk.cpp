@@ -70,6 +70,20 @@ void proofAll(TourDriver &driver) {
     driver.expect(driver.look([] { return TourDriver::find(u"remarksPane"_s) == nullptr; }), u"the pane is hidden"_s);
 }
 
+void filterList(TourDriver &driver) {
+    driver.look([] { TourDriver::find(u"filterBox"_s)->setFocus(); });
+    driver.key(u"Down"_s);
+    driver.shot(u"filtered"_s);
+    driver.expect(driver.textOf(u"filterBox"_s).startsWith(u"只看有问题的："), u"the filter counts"_s);
+    driver.key(u"alt+k"_s);
+    driver.waitForWindow(u"frmMarcKaPian"_s);
+    driver.key(u"Right"_s);
+    driver.shot(u"next-card"_s);
+    driver.leave(u"alt+q"_s, u"frmMarcKaPian"_s);
+    driver.look([] { TourDriver::find(u"filterBox"_s)->setFocus(); });
+    driver.key(u"Up"_s);
+}
+
 void waitForImport(TourDriver &driver) {
     driver.waitForWindow(u"frmDaoRuJindu"_s);
     driver.waitUntil(u"the import's end"_s, [] {
@@ -121,6 +135,7 @@ void deskGifts(TourDriver &driver) {
     openSample(driver, u"sample.iso"_s);
     find(driver);
     proofAll(driver);
+    filterList(driver);
     thisImport(driver);
 }
 

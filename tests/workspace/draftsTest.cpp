@@ -44,6 +44,7 @@ TEST_F(OnDisk, DraftsAreReadOnlyForTheSameFile) {
     ASSERT_TRUE(found);
     EXPECT_EQ(found.value().drafts, (Drafts{{3, {record, "o3"}}, {7, {u"left"_s, {}}}, {9, {u"y"_s, "o9"}}}));
     EXPECT_EQ(found.value().older, (Drafts{{3, {u"older"_s, "o"}}}));
+    EXPECT_EQ(file().count(), 3);
 
     const QString other = folder.file(u"别.iso"_s, "records");
     EXPECT_TRUE(DraftFile(in(), other).read().value().drafts.isEmpty()) << "a different file of the same size";
@@ -54,6 +55,7 @@ TEST_F(OnDisk, DraftsAreReadOnlyForTheSameFile) {
         ASSERT_TRUE(at.setFileTime(QDateTime::fromSecsSinceEpoch(1000 + seconds), QFileDevice::FileModificationTime));
     };
     changeTime(5); // the same size, another modification time
+    EXPECT_EQ(file().count(), 0);
     EXPECT_TRUE(file().read().failure().description.startsWith(u"上次未导入的修改属于改变前的文件，已另存为 "_s));
     EXPECT_EQ(names(u"*.json"_s).size(), 0);
     EXPECT_TRUE(early.write(changed, {}));
