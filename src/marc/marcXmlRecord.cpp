@@ -1,4 +1,5 @@
 #include "marc/marcXmlRecord.h"
+#include <QStringConverter>
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -180,7 +181,9 @@ void MarcXmlRecord::spoil(const QString &why) {
 
 void MarcXmlRecord::toFields(FieldedRecord &record) const {
     const QByteArray leader = m_leader.size() > leaderLength ? m_leader.trimmed() : m_leader;
-    record.take(leader.isEmpty() ? usualLeader : QByteArrayView(leader), m_tags, QString::fromUtf8(m_data));
+    // QString::fromUtf8() would drop U+FEFF at the beginning of the text.
+    const QString data = QStringDecoder(QStringConverter::Utf8, QStringConverter::Flag::ConvertInitialBom)(m_data);
+    record.take(leader.isEmpty() ? usualLeader : QByteArrayView(leader), m_tags, data);
 }
 
 } // namespace marc
