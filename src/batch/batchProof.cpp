@@ -23,9 +23,10 @@ Kind kindOf(proof::FaultKind kind) {
 
 } // namespace
 
-BatchProof::BatchProof(std::shared_ptr<const marc::PreReadStore> records, ProofOne proof)
+BatchProof::BatchProof(std::shared_ptr<const marc::PreReadStore> records, ProofOne proof, schema::SchemaInForce *schema)
     : m_records(std::move(records))
-    , m_proof(std::move(proof)) {}
+    , m_proof(std::move(proof))
+    , m_format(schema) {}
 
 std::vector<Remark> BatchProof::step() {
     m_remarks.clear();
@@ -43,6 +44,7 @@ std::vector<Remark> BatchProof::step() {
         remark(Kind::Directory, {}, 0, u"目次区的字段互相重叠，未能全部列出"_s);
     takeFaults(shown.rows);
     checkNumbers(shown.rows);
+    checkFormat(shown.rows);
     compare(identityOf(shown.rows));
     return std::exchange(m_remarks, {});
 }
@@ -83,6 +85,17 @@ void BatchProof::checkNumbers(const marc::FieldRows &rows) {
     for (const qsizetype element : subfieldsOf(rows, u"011", u"$a"))
         if (const auto fault = marc::issnFault(rows[element].value))
             remark(Kind::Issn, u"011"_s, gridRow(element), *fault);
+}
+
+void BatchProof::checkFormat(const marc::FieldRows &rows) {
+    const int row = m_next - 1;
+    if (m_proved == 1 && !m_format.complaint().isEmpty())
+        m_remarks.push_back({.kind = Kind::Unchecked, .text = m_format.complaint()});
+    for (Remark &found : m_format.remarksOn(rows, m_remarks)) {
+        found.record = row;
+        found.title = m_records->title(row);
+        m_remarks.push_back(std::move(found));
+    }
 }
 
 void BatchProof::compare(BookIdentity identity) {

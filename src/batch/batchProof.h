@@ -3,6 +3,7 @@
 #pragma once
 
 #include "batch/bookIdentity.h"
+#include "batch/formatProof.h"
 #include "batch/remark.h"
 #include "marc/preReadStore.h"
 #include "proof/proofChain.h"
@@ -24,7 +25,9 @@ struct SoughtRecord {
 
 class BatchProof {
 public:
-    BatchProof(std::shared_ptr<const marc::PreReadStore> records, ProofOne proof);
+    // Records are also validated against the schema in force, if there is a source of one.
+    BatchProof(std::shared_ptr<const marc::PreReadStore> records, ProofOne proof,
+               schema::SchemaInForce *schema = nullptr);
 
     // Returns whether a row of the list is left. The list may grow or be cleared between two steps.
     bool hasNext() const { return m_next < m_records->rowCount(); }
@@ -41,10 +44,12 @@ private:
     void remark(Kind kind, const QString &tag, int fieldRow, const QString &text);
     void takeFaults(const marc::FieldRows &rows);
     void checkNumbers(const marc::FieldRows &rows);
+    void checkFormat(const marc::FieldRows &rows);
     void compare(BookIdentity identity);
 
     std::shared_ptr<const marc::PreReadStore> m_records;
     ProofOne m_proof;
+    FormatProof m_format;
     int m_next = 0;
     int m_proved = 0;
     QString m_complaint; // the last reported reason why a proof could not run

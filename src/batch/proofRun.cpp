@@ -8,10 +8,10 @@ using namespace Qt::StringLiterals;
 namespace batch {
 
 ProofRun::ProofRun(std::shared_ptr<const marc::PreReadStore> records, ProofOne proof,
-                   const database::SessionState &state)
+                   const database::SessionState &state, schema::SchemaInForce *schema)
     : m_records(std::move(records))
     , m_state(state)
-    , m_proof(m_records, std::move(proof)) {}
+    , m_proof(m_records, std::move(proof), schema) {}
 
 bool ProofRun::hasNext() const {
     return m_search ? m_search->hasNext() : true;

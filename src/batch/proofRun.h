@@ -8,7 +8,8 @@ namespace batch {
 
 class ProofRun {
 public:
-    ProofRun(std::shared_ptr<const marc::PreReadStore> records, ProofOne proof, const database::SessionState &state);
+    ProofRun(std::shared_ptr<const marc::PreReadStore> records, ProofOne proof, const database::SessionState &state,
+             schema::SchemaInForce *schema = nullptr);
 
     bool hasNext() const;
     std::vector<Remark> step();

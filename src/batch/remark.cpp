@@ -9,9 +9,15 @@ namespace batch {
 namespace {
 
 constexpr std::array<QStringView, kindCount> names = {
-    u"未能检查", u"目次区",   u"必备字段", u"重复字段", u"模板",   u"ISBN",
-    u"ISSN",     u"批内重复", u"查重",     u"未成功",   u"已跳过",
+    u"未能检查", u"目次区", u"必备字段", u"重复字段", u"模板", u"ISBN", u"ISSN",
+    u"批内重复", u"查重",   u"未成功",   u"已跳过",   u"格式", u"规则",
 };
+
+QString nameWithLevel(const Remark &remark) {
+    const QString name = nameOf(remark.kind).toString();
+    const bool hasLevel = remark.kind == Kind::Format || remark.kind == Kind::Rule;
+    return hasLevel ? QString(name + u"（" + schema::nameOf(remark.level) + u"）") : name;
+}
 
 } // namespace
 
@@ -27,7 +33,7 @@ QString RemarkList::text(int row, int column) const {
     case 1:
         return remark.title;
     case 2:
-        return nameOf(remark.kind).toString();
+        return nameWithLevel(remark);
     case 3:
         return remark.tag;
     default:

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/tableSource.h"
+#include "schema/finding.h"
 #include <array>
 #include <optional>
 #include <vector>
@@ -20,8 +21,10 @@ enum class Kind {
     InStore,
     Refused,
     LeftOut, // by the user's choice
+    Format,  // violates the schema of the format
+    Rule,    // violates a rule across fields
 };
-inline constexpr std::size_t kindCount = 11;
+inline constexpr std::size_t kindCount = 13;
 
 QStringView nameOf(Kind kind);
 
@@ -32,6 +35,9 @@ struct Remark {
     QString tag;      // empty if no field is concerned
     int fieldRow = 0; // row on the field grid, whose row 0 is the heading; 0: none, or the field is missing
     QString text;
+    schema::Level level = schema::Level::Error;          // of Format and Rule
+    schema::Check check = schema::Check::UndefinedField; // of Format
+    qint16 rule = -1;                                    // of Rule: index in the schema
 };
 
 // All remarks, in the order they were added until sort(), and the filtered ones, which are shown.

@@ -20,8 +20,9 @@ std::shared_ptr<marc::PreReadStore> storeOf(const QStringList &records) {
     return store;
 }
 
-QStringList told(const std::shared_ptr<marc::PreReadStore> &store, const ProofOne &proof) {
-    BatchProof proving(store, proof);
+QStringList told(const std::shared_ptr<marc::PreReadStore> &store, const ProofOne &proof,
+                 schema::SchemaInForce *schema = nullptr) {
+    BatchProof proving(store, proof, schema);
     QStringList lines;
     while (proving.hasNext())
         for (const Remark &remark : proving.step())
@@ -68,6 +69,39 @@ TEST(BatchProof, ReportsRecordFieldAndRowOfEachFault) {
                   u"4 题5 ISBN 010 3 ISBN校验位错误，应为6"_s,
                   u"5 题6 ISBN 010 5 ISBN格式错误！ ISBN号第一段不能为空！"_s,
               }));
+}
+
+// What the other proofs report is not reported again.
+TEST(BatchProof, ValidatesAgainstTheSchemaInForce) {
+    const TestFolder folder;
+    folder.file(u"cnmarc-schema.json"_s,
+                R"({"fields": {"LDR": {}, "001": {}, "801": {"required": true}, "802": {"required": true},
+        "200": {"subfields": {"a": {"required": true}, "f": {"required": true}}}, "210": {"subfields": {"a": {}}}},
+        "rules": [{"class": "r", "description": "d", "level": "提示", "if": "200", "then": "210$a = 'B'"}]})");
+    schema::SchemaInForce schema(platform::Settings(folder.path()), folder.path());
+    const auto proof = [](const marc::FieldRows &) -> proof::RecordFaults {
+        using proof::FaultKind;
+        return {
+            .structural = {{FaultKind::Missing, u"801"_s, {}, u"缺"_s}, {FaultKind::Repeated, u"210"_s, 5, u"重"_s}},
+            .byTemplate = {{FaultKind::Subfield, u"200"_s, 2, u"模"_s}}};
+    };
+    const auto store = storeOf({recordOf(u"001=1|200=  $b|210=  $aA|210=  $aC"_s), recordOf(u"210=  $aB|999=  "_s)});
+    const QStringList others{u"必备字段 801 0 缺"_s, u"重复字段 210 6 重"_s, u"模板 200 3 模"_s};
+    const auto lines = [&others](int record, const QStringList &more) {
+        QStringList all;
+        for (const QString &line : others + more)
+            all.append(u"%1 题%2 %3"_s.arg(QString::number(record), QString::number(record + 1), line));
+        return all;
+    };
+    EXPECT_EQ(told(store, proof, &schema),
+              lines(0, {u"格式 200 4 字段没有子字段$b"_s, u"格式 802 0 缺少必备字段"_s, u"规则 210 6 d"_s}) +
+                  lines(1, {u"格式 999 4 格式中没有这个字段"_s, u"格式 802 0 缺少必备字段"_s}));
+
+    folder.file(u"cnmarc-schema.json"_s, "{");
+    schema::SchemaInForce none(platform::Settings(folder.path()), folder.path());
+    const QStringList unread = told(store, proof, &none);
+    EXPECT_EQ(unread.size(), 7) << qPrintable(unread.join(u'\n'));
+    EXPECT_TRUE(unread.value(3).startsWith(u"-1  未能检查  0 机读格式的模式【"_s));
 }
 
 TEST(RemarkList, SortsFiltersAndIsATableOfText) {

@@ -79,7 +79,8 @@ void RemarksPane::offerOther() {
 
 void RemarksPane::proofAll() {
     const int number = ++m_runs;
-    const auto run = std::make_shared<ProofRun>(m_source.records, m_source.proof, m_source.state);
+    const auto run =
+        std::make_shared<ProofRun>(m_source.records, m_source.proof, m_source.state, m_source.schema.get());
     m_run = run;
     m_running = true;
     proofTable->begin();

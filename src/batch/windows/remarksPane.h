@@ -20,6 +20,7 @@ public:
         std::function<qint64()> recordsInFile; // an estimate until the file was read to its end
         ProofOne proof;
         const database::SessionState &state;
+        std::shared_ptr<schema::SchemaInForce> schema = nullptr; // null: records are not validated against one
     };
     RemarksPane(platform::Host &host, Source source, QWidget *parent = nullptr);
 
