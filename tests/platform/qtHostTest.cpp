@@ -1,11 +1,17 @@
 // The desktop functions of the real host.
 #include "platform/desktop/qtHost.h"
+#include "platform/desktop/screenSize.h"
 #include "support/testFolder.h"
 #include <QApplication>
 #include <QCheckBox>
 #include <QFile>
+#include <QFileDialog>
+#include <QHeaderView>
 #include <QMessageBox>
+#include <QScreen>
+#include <QTest>
 #include <QTimer>
+#include <QTreeView>
 
 using namespace platform;
 
@@ -39,5 +45,120 @@ TEST(QtHost, ReturnsWhetherTheTickOfABoxIsSet) {
             box->button(QMessageBox::Ok)->click();
         });
         EXPECT_EQ(host.showWithTick({.text = u"无法连接"_s}, tick), checked);
+    }
+}
+
+// What Esc, the close button, Enter and each button of a box answer.
+TEST(QtHost, BoxesAnswerByTheirButtonsAndKeys) {
+    const TestFolder folder;
+    QtHost host{Settings(folder.path())};
+    enum class Way { Enter, Escape, Close, Yes, No };
+    using enum Way;
+    const QString longTitle = u"一个很长的标题"_s.repeated(6);
+    const std::tuple<Box, Way, Answer> rows[] = {
+        {{.text = u"<b>"_s, .title = longTitle}, Enter, Answer::Ok},
+        {{.text = u"a"_s, .icon = Icon::Critical}, Escape, Answer::Ok},
+        {{.text = u"a"_s, .icon = Icon::Exclamation, .buttons = Buttons::YesNo}, Enter, Answer::Yes},
+        {{.text = u"a"_s, .icon = Icon::None, .buttons = Buttons::YesNo, .preselected = Answer::No}, Enter, Answer::No},
+        {{.text = u"a"_s, .buttons = Buttons::YesNo}, Escape, Answer::No},
+        {{.text = u"a"_s, .buttons = Buttons::YesNo}, Close, Answer::No},
+        {{.text = u"a"_s, .buttons = Buttons::YesNo, .leaving = Leaving::ByButtonsOnly}, Yes, Answer::Yes},
+        {{.text = u"a"_s, .buttons = Buttons::YesNo, .leaving = Leaving::ByButtonsOnly}, No, Answer::No},
+    };
+    const auto iconOf = [](Icon icon) {
+        return icon == Icon::Critical      ? QMessageBox::Critical
+               : icon == Icon::Exclamation ? QMessageBox::Warning
+               : icon == Icon::Information ? QMessageBox::Information
+                                           : QMessageBox::NoIcon;
+    };
+    QWidget opener;
+    opener.show();
+    for (const auto &[asked, way, answer] : rows) {
+        opener.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&opener));
+        QTimer::singleShot(0, qApp, [&asked = asked, &way = way, &iconOf, &opener] {
+            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            ASSERT_TRUE(box);
+            EXPECT_TRUE(box->parentWidget() == &opener && box->text() == asked.text &&
+                        box->icon() == iconOf(asked.icon));
+            EXPECT_EQ(box->windowTitle(), asked.title.isEmpty() ? programTitle.toString() : asked.title);
+            EXPECT_GE(box->width(), box->fontMetrics().horizontalAdvance(box->windowTitle()));
+            EXPECT_EQ(box->textFormat(), Qt::PlainText);
+            if (asked.leaving == Leaving::ByButtonsOnly) { // neither key nor button closes it
+                QTest::keyClick(box, Qt::Key_Escape);
+                EXPECT_FALSE(box->close());
+                EXPECT_TRUE(box->isVisible());
+            }
+            way == Enter    ? QTest::keyClick(box, Qt::Key_Return)
+            : way == Escape ? QTest::keyClick(box, Qt::Key_Escape)
+            : way == Close  ? void(box->close())
+                            : box->button(way == Yes ? QMessageBox::Yes : QMessageBox::No)->click();
+        });
+        EXPECT_EQ(host.show(asked), answer) << int(way);
+    }
+}
+
+TEST(QtHost, FilesAreChosenFromTheFolderUsedLast) {
+    const TestFolder folder;
+    folder.file(u"甲.iso"_s, QByteArray(3000, 'x'));
+    folder.file(u"乙.txt"_s, "x");
+    QtHost host{Settings(folder.path()), DeskState(folder.path(u"state"_s))};
+    const QString filter = u"记录(*.iso)|*.iso|全部(*.*)|*.*"_s;
+    const auto choose = [&](const FileDialog &asked, const std::function<void(QFileDialog &)> &act) {
+        QTimer::singleShot(0, qApp, [&act] {
+            auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+            ASSERT_TRUE(dialog);
+            act(*dialog);
+        });
+        return host.chooseFile(asked);
+    };
+    const FileDialog open{.title = u"打开"_s, .filter = filter, .start = folder.path(u"甲.iso"_s)};
+    EXPECT_EQ(choose(open,
+                     [&](QFileDialog &dialog) {
+                         EXPECT_EQ(dialog.windowTitle(), u"打开"_s);
+                         EXPECT_EQ(dialog.nameFilters(), (QStringList{u"记录(*.iso) (*.iso)"_s, u"全部(*.*) (*)"_s}));
+                         EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptOpen);
+                         EXPECT_EQ(dialog.fileMode(), QFileDialog::ExistingFile);
+                         EXPECT_EQ(dialog.directory().path() + u'/', folder.path());
+                         auto *tree = dialog.findChild<QTreeView *>(u"treeView"_s);
+                         EXPECT_TRUE(tree->isColumnHidden(2) && !tree->header()->stretchLastSection());
+                         EXPECT_EQ(tree->header()->sectionResizeMode(0), QHeaderView::Stretch);
+                         EXPECT_EQ(tree->header()->sectionResizeMode(3), QHeaderView::ResizeToContents);
+                         dialog.reject();
+                     }),
+              QString());
+    const FileDialog save{.title = u"存"_s, .filter = filter, .kind = FileDialogKind::Save, .start = folder.path()};
+    EXPECT_EQ(choose(save,
+                     [&](QFileDialog &dialog) {
+                         EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptSave);
+                         EXPECT_EQ(dialog.fileMode(), QFileDialog::AnyFile);
+                         EXPECT_TRUE(dialog.testOption(QFileDialog::DontConfirmOverwrite));
+                         dialog.selectFile(folder.path(u"新.iso"_s));
+                         dialog.findChild<QLineEdit *>(u"fileNameEdit"_s)->setText(folder.path(u"新.iso"_s));
+                         QMetaObject::invokeMethod(&dialog, "accept");
+                     }),
+              folder.path(u"新.iso"_s));
+    for (const QString &start : {QString(), u"/no/such/folder/a.iso"_s})
+        EXPECT_EQ(choose({.title = u"打开"_s, .filter = filter, .start = start},
+                         [&](QFileDialog &dialog) {
+                             EXPECT_EQ(dialog.directory().path() + u'/', folder.path());
+                             dialog.reject();
+                         }),
+                  QString());
+}
+
+TEST(ScreenSize, AWindowIsMovedOntoTheScreen) {
+    QWidget window;
+    window.resize(300, 200);
+    window.show();
+    const QRect room = window.screen()->availableGeometry();
+    EXPECT_LT(usableScreenSize(&window).height(), room.height() + 1);
+    for (const QPoint &away :
+         {QPoint(-500, 20), QPoint(20, -500), QPoint(9000, 9000), QPoint(-9000, 9000), QPoint(40, 50)}) {
+        window.move(away);
+        keepOnScreen(&window);
+        EXPECT_TRUE(room.contains(window.frameGeometry())) << away.x() << ' ' << away.y();
+        const bool inside = room.contains(QRect(away, window.frameGeometry().size()));
+        EXPECT_EQ(window.pos() == away, inside);
     }
 }
