@@ -1,6 +1,7 @@
 // The sort dialog of a list window.
 #include "catalogue/windows/orderbyFrm.h"
 #include "support/scriptedHost.h"
+#include "support/windowState.h"
 
 using namespace catalogue;
 
@@ -51,6 +52,34 @@ TEST_F(OrderbyFrmTest, RefusesAnEmptyChoiceAndCancelsWithoutATrace) {
     QTest::mouseClick(dialog.CmdAddAll, Qt::LeftButton);
     QTest::mouseClick(dialog.cmdCancel, Qt::LeftButton);
     EXPECT_TRUE(!dialog.isVisible() && order.sortOrder.isEmpty() && list.received.isEmpty());
+}
+
+TEST_F(OrderbyFrmTest, EverythingByKeyboard) {
+    const std::tuple<QListWidget *, int, Qt::Key, QString, QWidget *> steps[] = {
+        {dialog.List1, 0, Qt::Key_Return, u"书名"_s, dialog.List1},
+        {dialog.List1, 0, Qt::Key_Return, u"书名"_s, dialog.List1}, // already listed
+        {dialog.List1, 2, Qt::Key_Enter, u"书名 ISBN"_s, dialog.List1},
+        {dialog.List1, 2, Qt::Key_End, u"书名 ISBN"_s, dialog.List1}, // a key of the list itself
+        {dialog.List1, 5, Qt::Key_Return, u"书名 ISBN 入库日期"_s, dialog.List1},
+        {dialog.List2, 1, Qt::Key_Return, u"书名 入库日期"_s, dialog.List2},
+        {dialog.List2, 0, Qt::Key_Enter, u"入库日期"_s, dialog.List2},
+    };
+    for (const auto &[where, row, key, order, focus] : steps) {
+        where->setFocus();
+        where->setCurrentRow(row);
+        QTest::keyClick(where, key);
+        EXPECT_EQ(chosen(dialog).join(u' '), order);
+        EXPECT_TRUE(focus->hasFocus() && dialog.isVisible());
+    }
+    EXPECT_EQ(dialog.List1->currentRow(), 5);
+    for (const auto &[button, focus] : {std::pair(dialog.CmdAddAll, dialog.List2), {dialog.CmdMoveAll, dialog.List1}}) {
+        QTest::mouseClick(button, Qt::LeftButton);
+        EXPECT_TRUE(focus->hasFocus());
+    }
+    dialog.List2->clearSelection();
+    QTest::mouseClick(dialog.CmdMove, Qt::LeftButton);
+    EXPECT_TRUE(dialog.List2->hasFocus());
+    EXPECT_EQ(WindowState(dialog).grown({200, 200}), u"List1 wh; List2 wh"_s);
 }
 
 TEST_F(OrderbyFrmTest, ShowsAnOrderOfOneColumnAgain) {

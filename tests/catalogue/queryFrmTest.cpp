@@ -1,6 +1,7 @@
 // The query dialogs, operated by keys and clicks.
 #include "catalogue/windows/queryFrm.h"
 #include "support/scriptedHost.h"
+#include "support/windowState.h"
 #include "widgets/button.h"
 #include "widgets/clickLabel.h"
 #include "widgets/maskedEdit.h"
@@ -136,6 +137,47 @@ TEST_F(QueryFrmTest, RefusesToSortByNothingAndPassesNothingOnWhenClosed) {
     store.LoadCombo(fields, fields, fields);
     EXPECT_EQ(host.boxes.size(), 2) << "more fields than the dialog supports";
     EXPECT_EQ(store.LFields->count(), 0);
+}
+
+// Each act with what it changes in the dialog.
+TEST_F(QueryFrmTest, EachActChangesOnlyWhatBelongsToIt) {
+    WindowState state(dialog);
+    const auto key = [this](QWidget *where, Qt::Key key) { QTest::keyClick(where, key); };
+    const std::pair<std::function<void()>, QString> steps[] = {
+        {[&] { choose(u"著者"_s); }, u"cSql=著者"_s},
+        {[&] { choose(u"入库日期"_s); }, u"lSql=____-__-__; cSql=入库日期"_s},
+        {[&] {
+             dialog.cSql->setFocus();
+             key(dialog.cSql, Qt::Key_Return);
+         },
+         u"cFuhao focus"_s},
+        {[&] { key(dialog.cFuhao, Qt::Key_Return); }, u"lSql focus"_s},
+        {[&] { QTest::keyClicks(dialog.lSql, u"2005"_s); }, u"lSql=2005-__-__"_s},
+        {[&] { key(dialog.lSql, Qt::Key_Tab); },
+         u"lSql=____-__-__; signSql=入库日期'等于'2005-__-__; Command3 focus"_s},
+        {[&] { key(dialog.Command3, Qt::Key_Tab); }, u"signSql focus"_s},
+        {[&] { dialog.Command1[0]->click(); }, u"signSql="_s},
+        {[&] { dialog.cSql->setCurrentIndex(0); }, u"lSql=; cSql=书名"_s},
+        {[&] { dialog.cOrderby->setCurrentIndex(0); }, u"cOrderby=书名"_s},
+        {[&] { dialog.Label3[0]->clicked(); }, u"cOrderby=; lOrderby='书名'升"_s},
+        {[&] { dialog.Command2->click(); }, u"lOrderby="_s},
+        {[&] {
+             choose(u"书名"_s);
+             QTest::mouseDClick(dialog.LFields->viewport(), Qt::LeftButton, {},
+                                dialog.LFields->visualItemRect(dialog.LFields->item(0)).center());
+         },
+         u"cFuhao focus"_s},
+    };
+    for (int number = 0; const auto &[act, changes] : steps) {
+        act();
+        EXPECT_EQ(state.changes(), changes) << number++;
+    }
+    EXPECT_EQ(dialog.totalSql->count(), 0);
+    EXPECT_TRUE(dialog.signSql->isReadOnly() && dialog.lOrderby->isReadOnly());
+    EXPECT_EQ(state.grown({300, 0}), u"LFields w; lOrderby w; lSql w; signSql w; totalSql w"_s);
+    EXPECT_EQ(state.grown({0, 200}), u"LFields h; totalSql h"_s);
+    EXPECT_GE(dialog.LFields->minimumWidth(), dialog.fontMetrics().horizontalAdvance(u"入库日期入库日期"_s));
+    EXPECT_GE(dialog.lSql->minimumWidth(), dialog.fontMetrics().horizontalAdvance(u"____-__-______"_s));
 }
 
 TEST_F(QueryFrmTest, SwallowsKeysInTheReadableForms) {

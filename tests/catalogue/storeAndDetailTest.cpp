@@ -1,9 +1,11 @@
 // The detail window and the store list on a real database.
+#include "catalogue/listTexts.h"
 #include "catalogue/windows/sckListFrm.h"
 #include "catalogue/windows/tlkListFrm.h"
 #include "platform/codepage936.h"
 #include "support/databaseServers.h"
 #include "support/scriptedHost.h"
+#include "support/windowState.h"
 
 using namespace catalogue;
 
@@ -42,6 +44,21 @@ TEST_F(SckListFrmTest, ShowsARowAndItsCopies) {
     EXPECT_EQ(detail.windowTitle(), u"书目详细资料-书册信息-->(空)"_s);
     EXPECT_EQ(detail.LabelZSK[0]->text() + detail.LabelZSK[12]->text(), QString());
     EXPECT_EQ(detail.Grid1->rows(), 2);
+}
+
+TEST_F(SckListFrmTest, TextsAreSelectableAndShareTheWidth) {
+    detail.show();
+    for (const QLabel *label : detail.LabelZSK) {
+        EXPECT_TRUE(label->textFormat() == Qt::PlainText && label->wordWrap());
+        EXPECT_EQ(label->textInteractionFlags(), Qt::TextSelectableByMouse);
+        EXPECT_GE(label->minimumHeight(), label->fontMetrics().height());
+    }
+    EXPECT_NEAR(detail.LabelZSK[0]->width(), detail.LabelZSK[1]->width(), 1);
+    const QString grown = WindowState(detail).grown({300, 200});
+    EXPECT_EQ(grown.count(u"LabelZSK"), detail.LabelZSK.size());
+    EXPECT_TRUE(grown.startsWith(u"Grid1 wh; LabelZSK0 w; ")) << grown.toStdString();
+    detail.CmdExit->click();
+    EXPECT_FALSE(detail.isVisible());
 }
 
 TEST_F(SckListFrmTest, KeepsWhatItHadWhenTheServerFails) {
@@ -155,6 +172,42 @@ TEST_F(TlkListFrmTest, DeletesWhatTheQueryFoundOrEverything) {
     EXPECT_EQ(deleteAll(platform::Answer::Yes), 0);
     EXPECT_EQ(host.texts(), QStringList(4, u"你确定将检索出的数据从套录库中删除吗？"_s)); // no other message
     EXPECT_EQ(host.lastBox().leaving, platform::Leaving::ByButtonsOnly);
+}
+
+// What the window shows while it works: a loading, a deletion, a save and a close.
+TEST_F(TlkListFrmTest, ShowsWhatItIsDoing) {
+    list.resize(1500, 500);
+    list.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&list));
+    WindowState state(list);
+    PaintedTexts counter(list.lCounts);
+    load(u"author='x'"_s);
+    EXPECT_TRUE(counter.texts.contains(loadingText));
+    EXPECT_EQ(state.changes(), u"conditionWords=条件：author='x'; lCounts=记录数：2"_s);
+    for (int column = 0; column < list.Grid1->columns(); ++column)
+        EXPECT_EQ(list.Grid1->model()->index(0, column).data(Qt::TextAlignmentRole).toInt(), Qt::AlignCenter);
+    EXPECT_TRUE(list.Grid1->row() == 1 && list.Grid1->column() == 0);
+    host.willAnswer(platform::Answer::Yes);
+    list.CmdDcgl[0]->click();
+    EXPECT_TRUE(counter.texts.contains(deletingText));
+    load({});
+    (void)state.changes();
+    const TestFolder folder;
+    host.willChoose(folder.path(u"a.iso"_s));
+    QString during;
+    host.onYield = [&] {
+        if (during.isEmpty())
+            during = state.changes();
+    };
+    list.cmdSave->click();
+    EXPECT_EQ(during, u"saved=; CmdDcgl0 CmdDcgl1 cmdSave cmdThisImport off; saved stopSaving on"_s);
+    host.onYield = {};
+    EXPECT_EQ(state.changes(), u"saved gone; stopSaving off; CmdDcgl0 CmdDcgl1 cmdSave cmdThisImport on"_s);
+    EXPECT_EQ(state.grown({300, 200}), u"Grid1 wh; conditionWords w"_s);
+    host.willChoose({});
+    list.cmdSave->click();
+    list.close();
+    EXPECT_EQ(list.lCounts->text(), leavingText);
 }
 
 TEST_F(TlkListFrmTest, ReportsEveryFailureWithTheSameMessage) {

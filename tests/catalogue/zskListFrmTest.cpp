@@ -1,7 +1,9 @@
 // The catalogue list on a real database: loading, counters, sorting, details, printing, the key that ends the program.
 #include "catalogue/windows/zskListFrm.h"
+#include "catalogue/listTexts.h"
 #include "support/databaseServers.h"
 #include "support/scriptedHost.h"
+#include "support/windowState.h"
 #include <QHeaderView>
 
 using namespace catalogue;
@@ -87,6 +89,36 @@ TEST_F(ZskListFrmTest, ReportsEmptyAndFailedQueries) {
     list.PrintRpt({});
     EXPECT_TRUE(reports.isEmpty());
     EXPECT_EQ(host.boxes.size(), 1);
+}
+
+TEST_F(ZskListFrmTest, ShowsWhatItIsDoing) {
+    list.resize(1500, 500);
+    database.run(schemaScript(u"sample.sql"_s));
+    list.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&list));
+    WindowState state(list);
+    PaintedTexts counter(list.lCounts);
+    load(u"author='鲁迅著'"_s);
+    EXPECT_TRUE(counter.texts.contains(loadingText));
+    EXPECT_EQ(state.changes(), u"lCounts=记录数：3"_s);
+    list.Grid1->setRow(2);
+    QTest::keyClick(list.Grid1, Qt::Key_Return);
+    list.CmdDcgl[0]->click();
+    EXPECT_EQ(details, (QList<qint32>{list.Grid1->text(2, 0).toInt(), list.Grid1->text(2, 0).toInt()}));
+    const TestFolder folder;
+    host.willChoose(folder.path(u"a.iso"_s));
+    QString during;
+    host.onYield = [&] { during = during.isEmpty() ? state.changes() : during; };
+    list.CmdDcgl[3]->click();
+    EXPECT_EQ(during.section(u"; "_s, -1), u"labDaochu on"_s);
+    (void)state.changes();
+    EXPECT_EQ(state.grown({300, 200}), u"Grid1 wh; lCounts w"_s);
+    (void)state.changes();
+    list.CmdDcgl[4]->click(); // without a run
+    EXPECT_EQ(state.changes(), u"CmdDcgl3 CmdDcgl4 off"_s);
+    list.CmdDcgl[5]->click();
+    EXPECT_EQ(list.lCounts->text(), leavingText);
+    EXPECT_FALSE(list.isVisible());
 }
 
 TEST_F(ZskListFrmTest, PrintsTheListedRows) {

@@ -131,6 +131,11 @@ TEST_F(HandbookTest, SearchBeginsWhereThePageIsVisible) {
         EXPECT_EQ(view()->extraSelections()[view()->currentMark()].format.background().color(),
                   QColor(0xff, 0x96, 0x32));
     }
+    const int last = view()->currentMark();
+    for (const int none : {-1, view()->marks()}) {
+        view()->goToMark(none);
+        EXPECT_EQ(view()->currentMark(), last);
+    }
     for (const auto &[step, place] : {std::pair(1, u"index.md0"_s), {-1, u"c.md399"_s}}) {
         view()->open(u"b.md"_s); // without the words: continues on the first or the last page that has them
         step > 0 ? window->next() : window->previous();
@@ -159,6 +164,7 @@ TEST_F(HandbookTest, EverythingByKeyboard) {
         EXPECT_EQ(view()->file(), file);
         EXPECT_EQ(state.changes(), changes) << key;
     }
+    EXPECT_TRUE(window->findText->isClearButtonEnabled() && window->contents->wordWrap());
     auto *preview = window->findChild<QDialog *>(u"handbookPrint"_s);
     ASSERT_TRUE(preview);
     EXPECT_EQ(preview->windowTitle(), u"使用手册：首页"_s);
@@ -238,9 +244,14 @@ TEST_F(HandbookTest, APageIsPrintedWithItsPictures) {
     EXPECT_TRUE(output(u"pdfimages"_s, {u"-list"_s, folder.path(u"page.pdf"_s)}).contains(u" 1600 "_s));
 }
 
-// The size that the user chose is restored at the next start.
-TEST_F(HandbookTest, SizeIsKept) {
-    window->resize(700, 500);
+// The sizes that the user chose are restored at the next start.
+TEST_F(HandbookTest, SizesAreKept) {
+    window->resize(900, 500);
+    window->across->setSizes({300, 590});
+    const int width = window->contents->width();
     window->close();
-    EXPECT_EQ(frmHandbook(host, folder.path().chopped(1)).size(), QSize(700, 500));
+    frmHandbook next(host, folder.path().chopped(1));
+    EXPECT_EQ(next.size(), QSize(900, 500));
+    next.openBefore(&front, {u"index.md"_s, {}});
+    EXPECT_EQ(next.contents->width(), width);
 }

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QMap>
 #include <QWidget>
+#include <functional>
 
 class WindowState {
 public:
@@ -26,6 +27,27 @@ public:
         for (auto fact = said.cbegin(); fact != said.cend(); ++fact)
             changes.append(fact->join(u' ') + (fact.key().startsWith(u'=') ? u""_s : u" "_s) + fact.key());
         return changes.join(u"; "_s);
+    }
+
+    // Makes the window larger and returns which controls grew, and in which direction: "NAME w; NAME wh; …".
+    QString grown(const QSize &by) {
+        QMap<QString, QSize> before;
+        const auto sizes = [this](const std::function<void(const QString &, QSize)> &take) {
+            QApplication::processEvents();
+            for (const QWidget *widget : m_window.findChildren<QWidget *>())
+                if (!widget->objectName().isEmpty() && !widget->objectName().startsWith(u"qt_"))
+                    take(widget->objectName(), widget->size());
+        };
+        sizes([&](const QString &name, QSize size) { before.insert(name, size); });
+        m_window.resize(m_window.size() + by);
+        QStringList grown;
+        sizes([&](const QString &name, QSize size) {
+            const QSize more = size - before.value(name);
+            if (more.width() > 1 || more.height() > 1)
+                grown.append(name + u' ' + (more.width() > 1 ? u"w" : u"") + (more.height() > 1 ? u"h" : u""));
+        });
+        grown.sort();
+        return grown.join(u"; "_s);
     }
 
 private:
@@ -55,4 +77,18 @@ private:
 
     QWidget &m_window;
     QMap<QString, QString> m_before;
+};
+
+// Records the texts that a control had when it was painted.
+class PaintedTexts final : public QObject {
+public:
+    explicit PaintedTexts(QWidget *control) { control->installEventFilter(this); }
+    QStringList texts;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override {
+        if (event->type() == QEvent::Paint && texts.value(texts.size() - 1) != watched->property("text").toString())
+            texts.append(watched->property("text").toString());
+        return false;
+    }
 };
