@@ -174,7 +174,7 @@ TEST_F(QueryFrmTest, EachActChangesOnlyWhatBelongsToIt) {
     }
     EXPECT_EQ(dialog.totalSql->count(), 0);
     EXPECT_TRUE(dialog.signSql->isReadOnly() && dialog.lOrderby->isReadOnly());
-    EXPECT_EQ(state.grown({300, 0}), u"LFields w; lOrderby w; lSql w; signSql w; totalSql w"_s);
+    EXPECT_EQ(state.grown({300, 0}), u"LFields w; lOrderby w; lSql w; queriedTable w; signSql w; totalSql w"_s);
     EXPECT_EQ(state.grown({0, 200}), u"LFields h; totalSql h"_s);
     EXPECT_GE(dialog.LFields->minimumWidth(), dialog.fontMetrics().horizontalAdvance(u"入库日期入库日期"_s));
     EXPECT_GE(dialog.lSql->minimumWidth(), dialog.fontMetrics().horizontalAdvance(u"____-__-______"_s));

@@ -183,7 +183,7 @@ TEST_F(TlkListFrmTest, ShowsWhatItIsDoing) {
     PaintedTexts counter(list.lCounts);
     load(u"author='x'"_s);
     EXPECT_TRUE(counter.texts.contains(loadingText));
-    EXPECT_EQ(state.changes(), u"conditionWords=条件：author='x'; lCounts=记录数：2"_s);
+    EXPECT_EQ(state.changes(), u"conditionWords=条件：author='x'; lCounts=记录数：2; markedRows=选中 1 行"_s);
     for (int column = 0; column < list.Grid1->columns(); ++column)
         EXPECT_EQ(list.Grid1->model()->index(0, column).data(Qt::TextAlignmentRole).toInt(), Qt::AlignCenter);
     EXPECT_TRUE(list.Grid1->row() == 1 && list.Grid1->column() == 0);

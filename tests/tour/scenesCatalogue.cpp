@@ -3,7 +3,6 @@
 #include "tour/errands.h"
 #include "tour/scenes.h"
 #include "widgets/flexGrid.h"
-#include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 
@@ -121,34 +120,6 @@ void exportList(TourDriver &driver) {
                      u"export-refused"_s);
 }
 
-int pressStop(TourDriver &driver, const QString &answer) {
-    driver.key(u"alt+t"_s);
-    const QString question = driver.boxText();
-    const auto match = QRegularExpression(u"^已经成功导出(\\d+)条数据。确定要终止导出吗？$"_s).match(question);
-    driver.expect(match.hasMatch(), u"the question of 停止: "_s + question);
-    driver.answerBox(question, answer, answer == u"n" ? u"export-stopping"_s : QString());
-    return match.captured(1).toInt();
-}
-
-void stopExport(TourDriver &driver) {
-    enlargeCatalogue(driver);
-    driver.open(u"daochu"_s, u"QueryFrm"_s);
-    driver.key(u"alt+o"_s);
-    const int rows = number(driver, u"select count(*) from zsk"_s);
-    checkList(driver, u"ZSKListFrm"_s, rows, catalogue::countText(rows));
-    const QString file = pathOf(u"stopped.iso"_s);
-    exportTo(driver, file);
-    const int first = pressStop(driver, u"n"_s);
-    const int last = pressStop(driver, u"y"_s);
-    driver.expect(first > 0 && last > first && last < rows, u"goes on after No: %1, %2"_s.arg(first).arg(last));
-    driver.answerBox(u"本次操作成功导出%1条数据\r\n以marc格式保存在文件%2中。"_s.arg(last - 1).arg(file), u"Return"_s);
-    driver.expect(recordsIn(file) == last, u"records in the stopped file: %1"_s.arg(recordsIn(file)));
-    driver.expect(driver.look([] { return !TourDriver::find(u"ZSKListFrm/CmdDcgl3"_s)->isEnabled(); }),
-                  u"no further export from this window"_s);
-    driver.leave(u"alt+x"_s, u"ZSKListFrm"_s);
-    shrinkCatalogue(driver);
-}
-
 void nothingFound(TourDriver &driver) {
     driver.open(u"daochu"_s, u"QueryFrm"_s);
     driver.key(u"Tab"_s);
@@ -211,7 +182,6 @@ void catalogue(TourDriver &driver) {
     queriedList(driver);
     sortAnew(driver);
     exportList(driver);
-    stopExport(driver);
     nothingFound(driver);
 }
 

@@ -149,9 +149,10 @@ void takeBack(TourDriver &driver) {
     driver.key(u"alt+2"_s);
     driver.waitForWindow(u"QueryFrmdel"_s);
     driver.key(u"alt+o"_s);
-    driver.waitForWindow(u"TLKListFrm"_s);
+    driver.waitForWindow(u"TLKListFrm"_s, u"store-everything"_s);
     driver.key(u"alt+i"_s);
     driver.waitUntil(u"this import"_s, [] { return shows(u"conditionWords"_s, u"本次导入"_s); });
+    driver.shot(u"store-this-import"_s);
     driver.key(u"alt+x"_s);
     driver.answerBox(u"确定要将选择的文献从套录库中删除吗吗？(Y/N)"_s, u"y"_s);
     driver.waitForText(u"TLKListFrm/lCounts"_s, u"记录数：0"_s);

@@ -1,5 +1,5 @@
 // Features of the workspace other than editing: facts about the file, finding, a whole text, the proof of the whole
-// list, and the rows of the current import in the database.
+// list and its filter.
 #include "tour/errands.h"
 #include "tour/scenes.h"
 #include "widgets/button.h"
@@ -84,59 +84,15 @@ void filterList(TourDriver &driver) {
     driver.key(u"Up"_s);
 }
 
-void waitForImport(TourDriver &driver) {
-    driver.waitForWindow(u"frmDaoRuJindu"_s);
-    driver.waitUntil(u"the import's end"_s, [] {
-        auto *words = TourDriver::find<QLabel>(u"labTishi"_s); // hidden until then
-        return words && !words->text().isEmpty();
-    });
-}
-
-// One record that no database accepts because it contains a NUL, and one with a wrong directory.
-void refused(TourDriver &driver) {
-    openSample(driver, u"damaged/nul.iso"_s);
-    driver.key(u"alt+s"_s);
-    driver.answerBox(u"当前marc数据地址目次区数据出现错误！"_s, u"Return"_s);
-    waitForImport(driver);
-    driver.leave(u"alt+q"_s, u"frmDaoRuJindu"_s);
-    driver.waitForFocus(u"Grid2"_s);
-    driver.expect(driver.textOf(u"labStatus"_s).contains(u"，未成功 2 条，F8 列出"), u"what came of the import"_s);
-    driver.key(u"F8"_s);
-    driver.waitForFocus(u"refusedTable/grid"_s);
-    driver.shot(u"refused"_s);
-    driver.expect(driver.rows(u"refusedTable/grid"_s) == 3, u"two records were refused"_s);
-    backToMain(driver);
-}
-
-void thisImport(TourDriver &driver) {
-    driver.key(u"alt+s"_s);
-    waitForImport(driver);
-    driver.leave(u"alt+q"_s, u"frmDaoRuJindu"_s);
-    backToMain(driver);
-    driver.open(u"delete"_s, u"QueryFrmdel"_s);
-    driver.key(u"alt+o"_s);
-    driver.waitForWindow(u"TLKListFrm"_s);
-    driver.shot(u"store-everything"_s);
-    driver.key(u"alt+i"_s);
-    driver.waitUntil(u"this import"_s, [] {
-        auto *words = TourDriver::find<QLabel>(u"conditionWords"_s);
-        return words && words->text().startsWith(u"条件：本次导入的"_s);
-    });
-    driver.shot(u"store-this-import"_s);
-    driver.key(u"alt+q"_s);
-    driver.waitUntilGone(u"TLKListFrm"_s);
-}
-
 } // namespace
 
 void deskGifts(TourDriver &driver) {
     tellOfAFile(driver);
-    refused(driver);
     openSample(driver, u"sample.iso"_s);
     find(driver);
     proofAll(driver);
     filterList(driver);
-    thisImport(driver);
+    backToMain(driver);
 }
 
 } // namespace tour

@@ -5,8 +5,6 @@
 #include "widgets/button.h"
 #include "widgets/selectingEdit.h"
 #include "widgets/textBox.h"
-#include <QApplication>
-#include <QDir>
 #include <QFile>
 
 using namespace Qt::StringLiterals;
@@ -39,13 +37,6 @@ void waitForResult(TourDriver &driver, const QString &part) {
     });
 }
 
-void name(TourDriver &driver, const QString &source, const QString &target) {
-    giveFocus(driver, u"Text10"_s);
-    driver.type(pathOf(source));
-    giveFocus(driver, u"Text11"_s);
-    driver.type(pathOf(target));
-}
-
 void tidyForeign(TourDriver &driver) {
     driver.waitUntil(u"the facts"_s, [] {
         return TourDriver::find<QLabel>(u"LabFacts"_s)->accessibleName().endsWith(u"将读出 1 条"_s);
@@ -61,36 +52,6 @@ void tidyForeign(TourDriver &driver) {
     driver.answerBox(pathOf(u"foreign-gbk.iso"_s) + u"已经存在。要替换吗？", u"Return"_s, u"tidy-replace"_s); // No
 }
 
-void tidyXml(TourDriver &driver) {
-    driver.click(u"cboForm"_s);
-    driver.key(u"End"_s);
-    driver.key(u"Return"_s);
-    name(driver, u"foreign.iso"_s, u"foreign.xml"_s);
-    driver.key(u"alt+d"_s);
-    waitForResult(driver, u"foreign.xml}保存了"_s);
-    QFile whole(pathOf(u"foreign.xml"_s));
-    if (whole.open(QIODevice::ReadOnly))
-        writeFile(u"broken.xml"_s, whole.read(100'000) + "</x>");
-    giveFocus(driver, u"cboForm"_s);
-    driver.key(u"Home"_s);
-    name(driver, u"broken.xml"_s, u"broken.iso"_s);
-    driver.key(u"alt+d"_s);
-    waitForResult(driver, u"XML 有错"_s);
-    driver.expect(!QFile::exists(pathOf(u"broken.iso"_s)), u"no half a file under the final name"_s);
-    driver.shot(u"tidy-broken-xml"_s);
-}
-
-void stopTidying(TourDriver &driver) {
-    name(driver, u"large.iso"_s, u"tidied.iso"_s);
-    // Sent without waiting for an effect, because the run may end in between.
-    driver.server().key(u"alt+d"_s);
-    driver.server().key(u"alt+s"_s);
-    waitForResult(driver, u"已停止"_s);
-    driver.expect(QDir().entryList({u"tidied*"_s}).isEmpty(), u"nothing is left of a stopped run"_s);
-    driver.key(u"Escape"_s);
-    driver.waitUntilGone(u"frmTidy"_s);
-}
-
 } // namespace
 
 void tidy(TourDriver &driver) {
@@ -102,8 +63,8 @@ void tidy(TourDriver &driver) {
     tidyForeign(driver);
     driver.expect(driver.textOf(u"txtResult"_s).contains(u"𠮷（U+20BB7）：%1 处"_s.arg(rare)),
                   u"the lost characters are listed"_s);
-    tidyXml(driver);
-    stopTidying(driver);
+    driver.key(u"Escape"_s);
+    driver.waitUntilGone(u"frmTidy"_s);
 }
 
 } // namespace tour

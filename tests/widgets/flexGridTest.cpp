@@ -1,10 +1,7 @@
-#include "widgets/flexGrid.h"
+#include "flexGridFixture.h"
 #include "support/dice.h"
-#include "support/qtPrinters.h"
-#include <QClipboard>
 #include <QHeaderView>
 #include <QScrollBar>
-#include <QTest>
 #include <set>
 
 using namespace widgets;
@@ -25,45 +22,6 @@ struct Source final : platform::TableSource {
         ++asked;
         return listed.value(row, QString::number(row) + u':') + QString::number(column);
     }
-};
-
-// A grid in a window that logs its signals, each with the current row.
-struct FlexGridTest : testing::Test {
-    FlexGridTest() {
-        window.resize(420, 300);
-        grid.setGeometry(10, 20, 400, 260);
-        grid.setFormat(u"号|^题名|>标识|说明"_s);
-        grid.setRows(7);
-        for (int row = 1; row < 7; ++row)
-            for (int column = 0; column < 4; ++column)
-                grid.setText(row, column, QString::number(row * 10 + column));
-        grid.setColumnTwips(0, 0);
-        for (const auto &[signal, name] : {std::pair(&FlexGrid::leaveCell, u"leave"_s),
-                                           {&FlexGrid::enterCell, u"enter"_s},
-                                           {&FlexGrid::gridClicked, u"click"_s},
-                                           {&FlexGrid::rightPressed, u"right"_s},
-                                           {&FlexGrid::menuKeyPressed, u"menu"_s},
-                                           {&FlexGrid::gridActivated, u"activated"_s}})
-            QObject::connect(&grid, signal, [this, name = name] { note(name); });
-        window.show();
-    }
-    void note(const QString &what) { log.append(what + QString::number(grid.row())); }
-    QString taken() { return std::exchange(log, {}).join(u' '); }
-    QString place() const {
-        return QString::number(grid.row()) + u'-' + QString::number(grid.rowSel()) + u'/' +
-               QString::number(grid.column());
-    }
-    QPoint at(int row, int column) { // in viewport coordinates
-        return grid.viewport()->mapFrom(&window, grid.cellRect(row, column).center());
-    }
-    void press(Qt::MouseButton button, int row, Qt::KeyboardModifiers modifiers = {}) {
-        QTest::mousePress(grid.viewport(), button, modifiers, at(row, 1));
-    }
-    void release(Qt::MouseButton button, int row) { QTest::mouseRelease(grid.viewport(), button, {}, at(row, 1)); }
-
-    QWidget window;
-    FlexGrid grid{u"Grid1"_s, 4, 1, &window};
-    QStringList log;
 };
 
 // Random filters, steps and growth, compared with a set of rows.
@@ -240,87 +198,6 @@ TEST_F(FlexGridTest, GrowthIsKnownAtOnceAndAnnouncedAtScreenPace) {
     source->count = 10;
     EXPECT_EQ(grid.row(), 20) << "a source that shrinks against its contract causes no crash";
     grid.grab();
-}
-
-TEST_F(FlexGridTest, MouseMovesClickAndActivate) {
-    const QPoint below = grid.viewport()->rect().bottomRight() - QPoint(3, 3); // below the last row
-    QMouseEvent drag(QEvent::MouseMove, at(5, 1), grid.viewport()->mapToGlobal(at(5, 1)), Qt::NoButton, Qt::LeftButton,
-                     {});
-    const std::tuple<std::function<void()>, QStringView, QStringView> steps[] = {
-        {[&] { press(Qt::LeftButton, 3); }, u"3-3/1", u"leave1 enter3"},
-        {[&] { release(Qt::LeftButton, 3); }, u"3-3/1", u"click3"},
-        {[&] { press(Qt::LeftButton, 3); }, u"3-3/1", u""}, // no leave signal for the same row
-        {[&] { release(Qt::LeftButton, 3); }, u"3-3/1", u"click3"},
-        {[&] { press(Qt::RightButton, 5); }, u"3-3/1", u"right3"},
-        {[&] { release(Qt::RightButton, 5); }, u"3-3/1", u"click3"},
-        {[&] { press(Qt::LeftButton, 1, Qt::ShiftModifier); }, u"3-1/1", u""},
-        {[&] { release(Qt::LeftButton, 1); }, u"3-1/1", u"click3"},
-        {[&] { press(Qt::LeftButton, 2); }, u"2-2/1", u"leave3 enter2"},
-        {[&] { QCoreApplication::sendEvent(grid.viewport(), &drag); }, u"2-5/1", u""},
-        {[&] { release(Qt::LeftButton, 5); }, u"2-5/1", u"click2"},
-        {[&] { QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, at(4, 2)); }, u"4-4/2",
-         u"leave2 enter4 activated4"},
-        {[&] { QTest::mouseClick(grid.viewport(), Qt::RightButton, {}, below); }, u"4-4/2", u"right4 click4"},
-        {[&] { QTest::mousePress(grid.viewport(), Qt::LeftButton, {}, below); }, u"4-4/2", u""},
-        {[&] { QCoreApplication::sendEvent(grid.viewport(), &drag); }, u"4-4/2", u""},
-        {[&] { QTest::mouseRelease(grid.viewport(), Qt::LeftButton, {}, below); }, u"4-4/2", u"click4"},
-        {[&] { QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, below); }, u"4-4/2", u"activated4"},
-    };
-    for (int number = 0; const auto &[act, expected, signalsSeen] : steps) {
-        act();
-        EXPECT_EQ(place(), expected.toString()) << number;
-        EXPECT_EQ(taken(), signalsSeen.toString()) << number++;
-    }
-}
-
-TEST_F(FlexGridTest, EverythingByKeyboard) {
-    const std::tuple<Qt::Key, Qt::KeyboardModifiers, QStringView, QStringView> steps[] = {
-        {Qt::Key_Up, {}, u"1-1/1", u""},
-        {Qt::Key_Down, {}, u"2-2/1", u"leave1 enter2"},
-        {Qt::Key_Right, {}, u"2-2/2", u""},
-        {Qt::Key_Down, Qt::ShiftModifier, u"2-3/2", u""},
-        {Qt::Key_Left, {}, u"2-3/1", u""},
-        {Qt::Key_Left, {}, u"2-3/1", u""}, // column 0 is hidden
-        {Qt::Key_End, {}, u"2-3/3", u""},
-        {Qt::Key_End, Qt::ShiftModifier | Qt::ControlModifier, u"2-6/3", u""},
-        {Qt::Key_Home, Qt::ShiftModifier | Qt::ControlModifier, u"2-1/3", u""},
-        {Qt::Key_Home, {}, u"2-1/1", u""},
-        {Qt::Key_PageDown, {}, u"6-6/1", u"leave2 enter6"},
-        {Qt::Key_Home, Qt::ControlModifier, u"1-1/1", u"leave6 enter1"},
-        {Qt::Key_Return, {}, u"1-1/1", u"activated1"},
-        {Qt::Key_Enter, Qt::KeypadModifier, u"1-1/1", u"activated1"},
-        {Qt::Key_Menu, {}, u"1-1/1", u"menu1"},
-        {Qt::Key_F10, Qt::ShiftModifier, u"1-1/1", u"menu1"},
-    };
-    grid.setFocus();
-    grid.setColumn(1);
-    for (const auto &[key, modifiers, expected, signalsSeen] : steps) {
-        QTest::keyClick(&grid, key, modifiers);
-        EXPECT_EQ(place(), expected.toString());
-        EXPECT_EQ(taken(), signalsSeen.toString());
-    }
-    grid.setRow(2);
-    grid.setRowSel(1);
-    grid.setText(2, 2, u"a\tb\r\nc"_s);
-    QTest::keyClick(&grid, Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"11\t12\t13\n21\ta b  c\t23\n"_s);
-}
-
-TEST_F(FlexGridTest, SlotsOfLeaveCellMayChangeAnything) {
-    const auto once = QObject::connect(&grid, &FlexGrid::leaveCell, [this] {
-        QTest::keyClick(&grid, Qt::Key_Down); // a nested event loop, in which keys are still processed
-        press(Qt::LeftButton, 4);
-        grid.setRows(3);
-    });
-    press(Qt::LeftButton, 6);
-    EXPECT_EQ(taken(), u"leave1 enter2"_s);
-    QObject::disconnect(once);
-    QObject::connect(&grid, &FlexGrid::leaveCell, [this] { grid.setRows(1); });
-    QTest::keyClick(&grid, Qt::Key_Up);
-    EXPECT_EQ(taken(), u"leave2"_s) << "there is no row left to enter";
-    grid.setRows(3);
-    QTest::keyClick(&grid, Qt::Key_Down);
-    EXPECT_EQ(taken(), u"leave1"_s) << "the grid still responds";
 }
 
 TEST_F(FlexGridTest, AnEditorFindsItsCell) {

@@ -146,6 +146,14 @@ TEST_F(OnDisk, SpecialAndTooLargeFilesAreNotRead) {
     }
 }
 
+TEST_F(OnDisk, AreThoseOfTheFileUnderAnyOfItsPaths) {
+    ASSERT_TRUE(file().write({{1, {u"z"_s, {}}}}, {}));
+    ASSERT_TRUE(QFile::link(source, folder.path(u"link.iso"_s)) && QDir(folder.path()).mkdir(u"sub"_s));
+    for (const QString &path : {folder.path(u"link.iso"_s), folder.path(u"sub/../书.iso"_s)})
+        EXPECT_EQ(DraftFile(in(), path).read().value().drafts.value(1).record, u"z"_s) << path.toStdString();
+    EXPECT_TRUE(DraftFile(in(), folder.path(u"没有.iso"_s)).read().value().drafts.isEmpty());
+}
+
 TEST_F(OnDisk, AFullDiskIsReportedAndLeavesWhatWasThere) {
     const QByteArray before = bytesOf(path());
     const Drafts large{{1, {QString(100'000, u'书'), {}}}};

@@ -109,9 +109,6 @@ TEST_F(Editing, LimitsAndTheLargeForm) {
     EXPECT_TRUE(window.richText->toolTip().startsWith(u"双击"_s));
     QTest::mouseDClick(window.richText->viewport(), Qt::LeftButton);
     EXPECT_EQ(window.richText->geometry(), window.Grid1->cellRect(3, 4));
-    window.resize(window.width() * 2, window.height() * 2);
-    QApplication::processEvents();
-    EXPECT_EQ(window.richText->geometry(), window.Grid1->cellRect(3, 4));
 
     window.cmdJieShu->setEnabled(true);
     window.cmdJieShu->setFocus();
@@ -140,14 +137,6 @@ TEST_F(Editing, AKeyEndsTheCompositionAndNotTheEdit) {
     EXPECT_TRUE(editing());
     QTest::keyClick(window.richText, Qt::Key_Return);
     EXPECT_EQ(cell(titleRow, 4), u"甲zhong"_s);
-
-    choose(8);
-    window.Text1->clear();
-    compose(window.Text1);
-    QTest::keyClick(window.Text1, 'x');
-    EXPECT_EQ(window.Text1->text(), u"zhongx"_s);
-    QTest::keyClick(window.Text1, Qt::Key_Return);
-    EXPECT_FALSE(editing());
 }
 
 TEST_F(Editing, IdentifiersAreCheckedAndTheListStaysUsable) {
@@ -158,16 +147,15 @@ TEST_F(Editing, IdentifiersAreCheckedAndTheListStaysUsable) {
     ASSERT_TRUE(window.Text1->isVisible());
     EXPECT_TRUE(window.Grid2->isEnabled() && !window.Grid1->isEnabled() && !window.cmdclick[2]->isEnabled());
     EXPECT_EQ(window.Text1->maxLength(), 2);
-    for (const QString &typed : {u"$1"_s, u"$B"_s}) {
-        leave(typed);
-        EXPECT_EQ(editing(), typed == u"$1");
-        EXPECT_EQ(host.boxes.size(), 1);
-    }
+    EXPECT_EQ(window.Grid1->column(), 2); // the edited cell is current
+    leave(u"$1"_s);                       // refused
+    EXPECT_TRUE(editing() && host.boxes.size() == 1);
+    leave(u"$B"_s);
     EXPECT_EQ(cell(titleRow, 2), u"$B"_s);
     EXPECT_TRUE(window.recordChanged() && !window.cmdclick[3]->isEnabled());
 
     choose(6); // the description of a field, on a subfield row: no effect
-    EXPECT_FALSE(editing());
+    EXPECT_TRUE(!editing() && host.boxes.size() == 1);
     choose(8);
     host.willAnswer(Answer::No);
     QTest::keyClick(window.Grid2, Qt::Key_Down); // shows another record under the open editor
@@ -251,13 +239,9 @@ TEST_F(Editing, ListsAddAndTheMenuDeletes) {
     EXPECT_EQ(host.lastBox().text, u"配置文件【"_s + host.folder + u"/cnmarc_zzdtshi.Qvs】损坏或者还没有本字段名。");
 
     write("cnmarc_default.Qvs", u"300 附注\r\nabc\r\n305 版本\r\n"_s);
-    for (int press = 0; press < 2; ++press) {
-        choose(3);
-        EXPECT_EQ(host.lastBox().text, u"配置文件【"_s + host.folder + u"/cnmarc_default.Qvs】损坏。");
-        EXPECT_FALSE(window.zdList->isVisible());
-        ASSERT_EQ(window.zdList->count(), 1); // the lines before the damaged one are still listed
-        EXPECT_EQ(window.zdList->item(0)->text(), u"300 附注"_s);
-    }
+    choose(3);
+    EXPECT_EQ(host.lastBox().text, u"配置文件【"_s + host.folder + u"/cnmarc_default.Qvs】损坏。");
+    EXPECT_TRUE(!window.zdList->isVisible() && window.zdList->count() == 1); // the lines before the damaged one
 }
 
 TEST_F(Editing, AssistantsExchangeTheLeaderAndAnySubfieldA) {
@@ -306,8 +290,7 @@ TEST_F(Editing, RightButtonNeedsARowThatWasClicked) {
     EXPECT_FALSE(window.parts().fieldCommands.clickMark);
     QTest::keyClick(window.Text1, Qt::Key_Escape);
     QTest::mouseDClick(window.Grid1->viewport(), Qt::LeftButton, {}, below);
-    EXPECT_TRUE(window.richText->isVisible());
-    EXPECT_EQ(window.parts().editors.editRow, 3);
+    EXPECT_TRUE(window.richText->isVisible() && window.parts().editors.editRow == 3);
     QTest::keyClick(window.richText, Qt::Key_Escape);
 
     window.resetFieldGrid(); // no record: no popup menu

@@ -81,6 +81,41 @@ struct ModelledWorkspace : Workspace {
         open();
     }
 
+    // Keyboard input and answers.
+    void key(QWidget *where, Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(where, key, modifiers);
+    }
+    bool answerIfAsked() {
+        const bool keep = dice.below(2);
+        if (model.grid.edited)
+            host.willAnswer(keep ? platform::Answer::Yes : platform::Answer::No);
+        return keep;
+    }
+    int anyRow() { return 1 + dice.below(model.grid.rows.size()); }
+    void toRow(int row) {
+        form->Grid1->setFocus();
+        form->Grid1->setRow(row);
+    }
+    void filter() {
+        model.remarked.clear();
+        for (int i = dice.below(9); i > 0; --i)
+            model.remarked.insert(dice.below(model.listed));
+        pane.remarked = {model.remarked.cbegin(), model.remarked.cend()};
+        std::ranges::sort(pane.remarked);
+        pane.needs.changed();
+        if (dice.below(2))
+            return; // with the same filter
+        model.filter = dice.below(3);
+        form->filterBox->setCurrentIndex(model.filter);
+        Q_EMIT form->filterBox->activated(model.filter);
+    }
+    // The two-second timer expires.
+    void tick() {
+        model.write();
+        form->parts().drafts.write();
+        compareDisk();
+    }
+
     // Compares grid, list, marks and drafts with the model.
     void compare() {
         const workspace::EditedRecord &record = form->record();

@@ -12,16 +12,6 @@ namespace {
 struct RandomActs : ModelledWorkspace {
     QStringList acts; // the last ones, for failure messages
 
-    // Keyboard and mouse input.
-    void key(QWidget *where, Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
-        QTest::keyClick(where, key, modifiers);
-    }
-    bool answerIfAsked() {
-        const bool keep = dice.below(2);
-        if (model.grid.edited)
-            host.willAnswer(keep ? Answer::Yes : Answer::No);
-        return keep;
-    }
     void step(int by) {
         const QList<int> shown = model.shownRows();
         const qsizetype next = shown.indexOf(model.row) + by;
@@ -48,24 +38,6 @@ struct RandomActs : ModelledWorkspace {
         key(form->findLine->findText, Qt::Key_Escape);
     }
 
-    void filter() {
-        model.remarked.clear();
-        for (int i = dice.below(9); i > 0; --i)
-            model.remarked.insert(dice.below(model.listed));
-        pane.remarked = {model.remarked.cbegin(), model.remarked.cend()};
-        std::ranges::sort(pane.remarked);
-        pane.needs.changed();
-        if (dice.below(2))
-            return; // with the same filter
-        model.filter = dice.below(3);
-        form->filterBox->setCurrentIndex(model.filter);
-        Q_EMIT form->filterBox->activated(model.filter);
-    }
-    int anyRow() { return 1 + dice.below(model.grid.rows.size()); }
-    void toRow(int row) {
-        form->Grid1->setFocus();
-        form->Grid1->setRow(row);
-    }
     void edit() {
         const int row = anyRow();
         const marc::FieldRow before = model.grid.rows[row - 1];
@@ -253,12 +225,6 @@ struct RandomActs : ModelledWorkspace {
         else
             model.giveUp();
         (restore ? form->draftBar->cmdRestore : form->draftBar->cmdDiscard)->click();
-    }
-    // The two-second timer expires.
-    void tick() {
-        model.write();
-        form->parts().drafts.write();
-        compareDisk();
     }
 
     void act() {
