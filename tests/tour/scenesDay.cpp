@@ -139,7 +139,7 @@ void importWithRefusals(TourDriver &driver) {
     driver.waitForFocus(u"refusedTable/grid"_s);
     driver.waitUntil(u"the refused ones"_s, [] { return shows(u"refusedTable/words"_s, u"未成功"_s); });
     driver.shot(u"refused-records"_s);
-    driver.key(u"alt+o"_s);
+    driver.key(u"alt+t"_s);
     enterFile(driver, u"存为机读文件"_s, u"refused.iso"_s);
     driver.waitUntil(u"the file"_s, [] { return shows(u"refusedTable/words"_s, u"已保存到"_s); });
     backToMain(driver);
