@@ -16,11 +16,13 @@ std::optional<double> proofAllInWindow(const QString &database, std::shared_ptr<
     BenchHost host;
     database::LinkPool links(app::tableNames());
     const database::SessionState state{links, connectionTo(database)};
-    proof::RecordProofs proofs(platform::pathWithSlash(QCoreApplication::applicationDirPath()));
+    const QString folder = platform::pathWithSlash(QCoreApplication::applicationDirPath());
+    proof::RecordProofs proofs(folder);
     batch::RemarksPane pane(host, {.records = records,
                                    .recordsInFile = [&] { return qint64(records->rowCount()); },
                                    .proof = [&](const marc::FieldRows &rows) { return proofs.faultsOf(rows); },
-                                   .state = state});
+                                   .state = state,
+                                   .schema = std::make_shared<schema::SchemaInForce>(host.settings(), folder)});
     putUp(pane);
     const auto taken = timed([&] {
         pane.proofAll();

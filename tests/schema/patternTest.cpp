@@ -35,5 +35,5 @@ TEST(Pattern, NamesThePlaceOfAFault) {
 TEST(Pattern, GivesUpAMatchThatTakesTooManySteps) {
     const auto pattern = Pattern::compile(u"^(a+)+$"_s);
     ASSERT_TRUE(pattern.ok());
-    EXPECT_EQ(pattern.value().match(QString(QString(5000, u'a') + u'b')), Matching::GivenUp);
+    EXPECT_EQ(pattern.value().match(QString(QString(22, u'a') + u'b')), Matching::GivenUp);
 }
