@@ -1,8 +1,10 @@
 #include "assist/windows/frmHelpLR.h"
 #include "support/scriptedHost.h"
+#include "support/windowState.h"
 #include "widgets/button.h"
 #include "widgets/choiceList.h"
 #include <QInputMethodEvent>
+#include <QRegularExpression>
 #include <QTimer>
 
 using assist::CodeBox;
@@ -57,6 +59,43 @@ TEST_F(FrmHelpLR000, FillsTheLeaderByKeyboardAlone) {
     QTest::keyClick(&window, Qt::Key_S, Qt::AltModifier);
     EXPECT_FALSE(window.isVisible());
     EXPECT_EQ(window.confirmed, u"?????nbm0#22?????3##450#");
+}
+
+// Each key with what it changes in the window.
+TEST_F(FrmHelpLR000, EachKeyChangesOnlyWhatBelongsToIt) {
+    WindowState state(window);
+    static const QRegularExpression longText(u"以一册[^;]*"_s);
+    const std::pair<Qt::Key, QString> steps[] = {
+        {Qt::Key_C, u"Text11=c"_s},
+        {Qt::Key_Tab, u"textMarc=?????caM0#22?????###450#; Text12=a; richTextTS=文字资料印刷品; Text12 focus"_s},
+        {Qt::Key_Tab, u"textMarc=?????cam0#22?????###450#; Text13=m; richTextTS=以一册; Text13 focus"_s},
+        {Qt::Key_Backtab, u"richTextTS=文字资料印刷品; Text12 focus"_s},
+        {Qt::Key_Down, u"listMenu focus; listMenu on"_s},
+        {Qt::Key_End, u"richTextTS=善本书"_s},
+        {Qt::Key_Return, u"textMarc=?????cvm0#22?????###450#; Text12=v; Text12 focus; listMenu gone"_s},
+        {Qt::Key_Down, u"listMenu focus; listMenu on"_s},
+        {Qt::Key_Escape, u"Text12 focus; listMenu gone"_s},
+        {Qt::Key_Return, u"richTextTS=以一册; Text13 focus"_s},
+    };
+    for (int number = 0; const auto &[key, changes] : steps) {
+        QTest::keyClick(QApplication::focusWidget(), key);
+        EXPECT_EQ(state.changes().replace(longText, u"以一册"_s), changes) << number++;
+        if (window.listMenu->isVisible()) {
+            EXPECT_EQ(window.listMenu->pos(), window.Text1[2]->mapTo(&window, QPoint(0, window.Text1[2]->height())));
+            EXPECT_TRUE(window.rect().contains(window.listMenu->geometry()));
+        }
+        auto *box = qobject_cast<CodeBox *>(QApplication::focusWidget());
+        EXPECT_FALSE(box && box->hasSelectedText());
+    }
+    EXPECT_TRUE(window.richTextTS->isReadOnly() && window.textMarc->isReadOnly());
+    EXPECT_EQ(state.grown({200, 100}), u"boxArea w; listLx wh; richTextTS wh; textMarc w"_s);
+    for (const CodeBox *box : window.Text1) {
+        const QColor ground =
+            box->palette().color(box->isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::Base);
+        EXPECT_EQ(ground, box->isEnabled() ? QColor(0xC0, 0xFF, 0xFF)
+                                           : box->palette().color(QPalette::Active, QPalette::Button));
+        EXPECT_GE(box->width(), box->fontMetrics().horizontalAdvance(QString(box->maxLength(), u'0')));
+    }
 }
 
 TEST_F(FrmHelpLR000, AsksAboutCodesThatItDoesNotKnow) {

@@ -169,6 +169,7 @@ TEST_F(HandbookTest, EverythingByKeyboard) {
     ASSERT_TRUE(preview);
     EXPECT_EQ(preview->windowTitle(), u"使用手册：首页"_s);
     preview->close();
+    EXPECT_EQ(state.grown({200, 100}), u"across wh; contents h; pageView wh"_s);
 }
 
 TEST_F(HandbookTest, AnExternalAddressIsOpenedOnlyAfterAQuestion) {

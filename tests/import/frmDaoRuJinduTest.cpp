@@ -2,6 +2,7 @@
 #include "support/databaseServers.h"
 #include "support/recordText.h"
 #include "support/scriptedHost.h"
+#include "support/windowState.h"
 #include "widgets/button.h"
 #include "widgets/pacedLabel.h"
 
@@ -29,18 +30,6 @@ struct ImportWindow : testing::Test {
     }
 };
 
-// Records the text of a label each time it is painted.
-struct PaintedTexts : QObject {
-    QStringList texts;
-
-    explicit PaintedTexts(widgets::PacedLabel *label) { label->installEventFilter(this); }
-    bool eventFilter(QObject *watched, QEvent *event) override {
-        if (event->type() == QEvent::Paint)
-            texts.append(static_cast<widgets::PacedLabel *>(watched)->pacedText());
-        return false;
-    }
-};
-
 } // namespace
 
 TEST_F(ImportWindow, RunsOnceAndReportsEachStep) {
@@ -50,6 +39,8 @@ TEST_F(ImportWindow, RunsOnceAndReportsEachStep) {
     PaintedTexts painted(window.labJinDuShu);
     host.onYield = [&] {
         EXPECT_TRUE(QTest::qWaitForWindowExposed(&window)); // nothing is painted before
+        EXPECT_TRUE(window.cmdRefused->isHidden() && window.labTishi->isHidden() && window.LabBi->isVisible());
+        EXPECT_GE(window.LabBi->width(), window.fontMetrics().horizontalAdvance(u"100.00%"_s));
         said.append(window.labJinDuShu->pacedText() + u' ' + window.LabBi->pacedText());
         window.activate(); // some window systems report an activation twice
         window.close();
@@ -57,6 +48,12 @@ TEST_F(ImportWindow, RunsOnceAndReportsEachStep) {
     open(window, u"3"_s);
     EXPECT_EQ(said, (QStringList{u"已经成功处理的记录数：1 33.33%"_s, u"已经成功处理的记录数：0 66.67%"_s,
                                  u"已经成功处理的记录数：2 100.00%"_s}));
+    EXPECT_TRUE(window.barJinduTishi->isHidden() && window.LabBi->isHidden() && window.labTishi->isVisible());
+    EXPECT_TRUE(window.cmdRefused->isVisible() && !window.cmdStop->isEnabled());
+    QStringList keys;
+    for (const qint64 key : window.keys())
+        keys.append(QString::number(key));
+    EXPECT_EQ(keys, database.column(u"select zskid from taoluTable order by zskid"_s));
     EXPECT_TRUE(painted.texts.contains(u"已经成功处理的记录数：0"_s))
         << "the count is painted before the next record changes it";
     EXPECT_EQ(host.texts(), QStringList(3, u"请先停止导入！"_s));

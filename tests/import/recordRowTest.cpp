@@ -23,6 +23,8 @@ TEST(RecordRow, TextColumns) {
          u"'"_s.repeated(26)}, // cut before the apostrophes are doubled
         {u"200=1 $a$f$a甲$a乙|200=1 $a丙$f著者"_s, &RecordRow::bookname, u"甲"_s}, // the first value that is not empty
         {u"690=  $a$aTP3|690=  $v4$aI24$aK1"_s, &RecordRow::classcode, u"I24"_s},  // ends at the first $a
+        {u"606= 0$a$a主题"_s, &RecordRow::ztc, QString()},
+        {u"101=0 $a$achi|101=0 $beng$afre"_s, &RecordRow::lagclass, u"fre"_s},
         {u"200=1 $$a甲$"_s, &RecordRow::bookname, u"甲"_s},
         {u"200=1 a甲"_s, &RecordRow::bookname, QString()},
     };

@@ -122,6 +122,12 @@ TEST(QtHost, FilesAreChosenFromTheFolderUsedLast) {
                          EXPECT_EQ(dialog.directory().path() + u'/', folder.path());
                          auto *tree = dialog.findChild<QTreeView *>(u"treeView"_s);
                          EXPECT_TRUE(tree->isColumnHidden(2) && !tree->header()->stretchLastSection());
+                         EXPECT_TRUE(QTest::qWaitFor([&] { return tree->model()->rowCount(tree->rootIndex()) > 0; }));
+                         const auto shown = [&](int column) {
+                             return tree->model()->index(0, column, tree->rootIndex()).data().toString();
+                         };
+                         EXPECT_TRUE(shown(1).startsWith(u"2.9 ")) << shown(1).toStdString();
+                         EXPECT_EQ(QDateTime::fromString(shown(3), u"yyyy-MM-dd HH:mm"_s).date(), QDate::currentDate());
                          EXPECT_EQ(tree->header()->sectionResizeMode(0), QHeaderView::Stretch);
                          EXPECT_EQ(tree->header()->sectionResizeMode(3), QHeaderView::ResizeToContents);
                          dialog.reject();

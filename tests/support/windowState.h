@@ -29,7 +29,8 @@ public:
         return changes.join(u"; "_s);
     }
 
-    // Makes the window larger and returns which controls grew, and in which direction: "NAME w; NAME wh; …".
+    // Makes the window larger and returns which controls grew, and in which direction: "NAME w; NAME wh; …". Controls
+    // that overlap fail the test.
     QString grown(const QSize &by) {
         QMap<QString, QSize> before;
         const auto sizes = [this](const std::function<void(const QString &, QSize)> &take) {
@@ -46,11 +47,21 @@ public:
             if (more.width() > 1 || more.height() > 1)
                 grown.append(name + u' ' + (more.width() > 1 ? u"w" : u"") + (more.height() > 1 ? u"h" : u""));
         });
+        expectNoOverlaps();
         grown.sort();
         return grown.join(u"; "_s);
     }
 
 private:
+    void expectNoOverlaps() const {
+        for (const QWidget *one : m_window.findChildren<QWidget *>())
+            for (const QWidget *other : m_window.findChildren<QWidget *>()) {
+                const bool laidOut = one < other && one->parentWidget() == other->parentWidget() &&
+                                     one->parentWidget()->layout() && one->isVisible() && other->isVisible();
+                EXPECT_FALSE(laidOut && one->geometry().intersects(other->geometry()))
+                    << one->objectName().toStdString() << " and " << other->objectName().toStdString();
+            }
+    }
     static QString textOf(const QWidget *widget) {
         for (const char *property : {"displayText", "text", "plainText", "currentText", "title", "value"})
             if (const QVariant text = widget->property(property); text.isValid())
