@@ -91,9 +91,11 @@ void BatchProof::checkFormat(const marc::FieldRows &rows) {
     const int row = m_next - 1;
     if (m_proved == 1 && !m_format.complaint().isEmpty())
         m_remarks.push_back({.kind = Kind::Unchecked, .text = m_format.complaint()});
-    for (Remark &found : m_format.remarksOn(rows, m_remarks)) {
+    std::vector<Remark> remarks = m_format.remarksOn(rows, m_remarks);
+    const QString title = remarks.empty() ? QString() : m_records->title(row); // shared by the remarks
+    for (Remark &found : remarks) {
         found.record = row;
-        found.title = m_records->title(row);
+        found.title = title;
         m_remarks.push_back(std::move(found));
     }
 }

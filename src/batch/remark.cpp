@@ -13,10 +13,11 @@ constexpr std::array<QStringView, kindCount> names = {
     u"批内重复", u"查重",   u"未成功",   u"已跳过",   u"格式", u"规则",
 };
 
+// Returns a name as "规则提示", which is as wide as the other kinds.
 QString nameWithLevel(const Remark &remark) {
     const QString name = nameOf(remark.kind).toString();
     const bool hasLevel = remark.kind == Kind::Format || remark.kind == Kind::Rule;
-    return hasLevel ? QString(name + u"（" + schema::nameOf(remark.level) + u"）") : name;
+    return hasLevel ? QString(name + schema::nameOf(remark.level)) : name;
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "schema/valueReader.h"
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -162,6 +163,9 @@ void SchemaReader::readRules(const QJsonArray &rules) {
             auto rule = readRule(object);
             if (!rule)
                 return m_fault.report({}, rule.failure().description);
+            const QString name = rule.value().name;
+            if (!name.isEmpty() && std::ranges::count(m_schema.rules, name, &Rule::name) > 0)
+                return m_fault.report(u"class"_s, u"与前面的规则同名"_s);
             m_schema.rules.push_back(std::move(rule.value()));
         }
     }

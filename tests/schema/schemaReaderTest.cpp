@@ -44,6 +44,8 @@ TEST(SchemaReader, NamesTheKeyAndTheReason) {
         {R"({"fields": {}, "codelists": {"l": {"codes": {}, "x": ""}}})", u"codelists.l.x：这里没有这个键"_s},
         {R"({"fields": {}, "rules": [{"then": "200", "levle": "错误"}]})", u"rules[0].levle：这里没有这个键"_s},
         {R"({"fields": {}, "rules": ["x", {"then": "200$a ~ /(/"}]})", u"rules[1]：then：第9个字符：正则表达式有误"_s},
+        {R"({"fields": {}, "rules": [{"class": "x", "then": "200"}, {"class": "x", "then": "201"}]})",
+         u"rules[1].class：与前"_s},
         {R"({"fields": {}, "rules": [{"then": "200", "level": "x"}]})", u"rules[0]：level：应为"_s},
         {R"({"fields": {}, "rules": [{"then": "200", "types": ["x"]}]})", u"rules[0]：types：没有“x”这种"_s},
         {R"({"fields": {}, "rules": [{"then": "200", "each": "200$a"}]})", u"rules[0]：each：应为一个字段"_s},
