@@ -6,10 +6,17 @@ namespace platform {
 
 void ShownRows::filter(std::optional<std::vector<int>> rows) {
     m_filter = std::move(rows);
+    findKept();
 }
 
 void ShownRows::keep(int row) {
     m_kept = row;
+    findKept();
+}
+
+void ShownRows::findKept() {
+    const bool isApart = m_filter && m_kept >= 0 && !isInFilter(m_kept);
+    m_keptPlace = isApart ? placeInFilter(m_kept) : -1;
 }
 
 int ShownRows::placeInFilter(int row) const {
@@ -23,20 +30,15 @@ bool ShownRows::isInFilter(int row) const {
 int ShownRows::rowAt(int position) const {
     if (!m_filter)
         return position;
-    if (keepsAnother()) {
-        const int place = placeInFilter(m_kept);
-        if (position == place)
-            return m_kept;
-        if (position > place)
-            --position;
-    }
-    return (*m_filter)[std::size_t(position)];
+    if (position == m_keptPlace)
+        return m_kept;
+    return (*m_filter)[std::size_t(m_keptPlace >= 0 && position > m_keptPlace ? position - 1 : position)];
 }
 
 int ShownRows::positionOf(int row) const {
     if (!m_filter)
         return row;
-    return placeInFilter(row) + (keepsAnother() && m_kept < row ? 1 : 0);
+    return placeInFilter(row) + (m_keptPlace >= 0 && m_kept < row ? 1 : 0);
 }
 
 } // namespace platform

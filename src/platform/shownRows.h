@@ -26,11 +26,12 @@ public:
 
 private:
     bool isInFilter(int row) const;
-    bool keepsAnother() const { return m_filter && m_kept >= 0 && !isInFilter(m_kept); }
     int placeInFilter(int row) const;
+    void findKept();
 
     std::optional<std::vector<int>> m_filter;
     int m_kept = -1;
+    int m_keptPlace = -1; // of the kept row in the filter if it is not part of it
 };
 
 } // namespace platform
