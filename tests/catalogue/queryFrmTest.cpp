@@ -112,6 +112,7 @@ TEST_F(QueryFrmTest, OffersTheLastQueryAgain) {
     next.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&next));
     QTest::keyClick(&next, Qt::Key_L, Qt::AltModifier);
+    ASSERT_EQ(next.totalSql->count(), 1);
     EXPECT_EQ(next.signSql->toPlainText() + next.totalSql->item(0)->text() + next.lOrderby->toPlainText(),
               u"书名'等于'b书名'等于'a'著者'降"_s);
     EXPECT_EQ(next.cOrderby->count(), 2);

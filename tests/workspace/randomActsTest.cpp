@@ -212,6 +212,9 @@ struct RandomActs : ModelledWorkspace {
         QSet<int> refused;
         for (int i = dice.below(4); i > 0 && outcome.taken > 0; --i)
             refused.insert(dice.below(outcome.taken));
+        for (const int row : model.taken.keys()) // those whose drafts must stay
+            if (row < outcome.taken && dice.below(3) == 0)
+                refused.insert(row);
         for (const int row : std::as_const(refused))
             (dice.below(2) ? outcome.refused : outcome.leftOut).push_back({row, u"not imported"_s});
         model.import(keep, outcome.taken, refused);
