@@ -83,6 +83,20 @@ TEST_F(Remarks, JumpToTheFieldWhereItIsNow) {
     EXPECT_TRUE(status().contains(u"列表里没有第 4 条记录"_s));
 }
 
+TEST_F(Remarks, JumpToAFieldThatIsThenVisible) {
+    auto &window = open(2);
+    window.cmdProofAll->click(); // shows the pane
+    for (int i = 0; i < 60; ++i)
+        window.record().insert({6, {u"7"_s, {}, u"$a"_s, {}, u"后"_s}});
+    window.resize(window.width(), window.minimumSizeHint().height());
+    window.Grid1->setRow(60);
+    QApplication::processEvents();
+    pane.needs.jump({.record = 0, .fieldRow = titleRow, .moment = 0});
+    EXPECT_TRUE(pane.widget->isVisible() && window.Grid1->row() == titleRow);
+    const QRect row = window.Grid1->visualRect(window.Grid1->model()->index(titleRow - 1, IdentifierColumn));
+    EXPECT_TRUE(window.Grid1->viewport()->rect().contains(row));
+}
+
 TEST_F(Remarks, AreDisabledWhileAnEditorIsOpen) {
     auto &window = open(3);
     window.cmdProofAll->click();
