@@ -76,6 +76,18 @@ void addCommonSubfields(const QString &tag, QJsonObject &subfields) {
         return;
     add(u"6", u"字段连接数据"_s);
     add(u"7", u"文字标识"_s);
+    if (tag == u"200" || tag == u"225" || tag >= u"500")
+        add(u"ABCDEFGHI", u"汉语拼音"_s); // of the subfield with the small letter
+}
+
+// Tags with a 9 are for national or local use; those that the format does not define may contain anything.
+void addLocalFields(QJsonObject &fields) {
+    for (int number = 10; number < 1000; ++number) {
+        const QString tag = u"%1"_s.arg(number, 3, 10, QChar(u'0'));
+        if (tag.contains(u'9') && !fields.contains(tag))
+            fields.insert(tag,
+                          definition(u"国家或本馆自用字段"_s, {.required = false, .repeatable = true, .pattern = {}}));
+    }
 }
 
 QJsonObject fieldOf(const FormatField &field) {
@@ -123,6 +135,7 @@ platform::Result<QByteArray> avramSchema(const Format &format, const QList<Coded
         if (field.tag != u"???")
             fields.insert(field.tag, fieldOf(field));
     }
+    addLocalFields(fields);
     for (const CodedValue &value : values) {
         if (!addPositions(value, fields))
             return platform::Failure{u"the format has no "_s + value.tag + u'$' + value.code};
