@@ -82,24 +82,6 @@ void largeForm(TourDriver &driver) {
     waitUntilIdle(driver);
 }
 
-// A rejected text leaves the editor open; an accepted text is written into the cell.
-void changeIdentifier(TourDriver &driver) {
-    const int row = rowOf(driver, u"205"_s, u"$a"_s);
-    goTo(driver, row);
-    choosePopup(driver, u"修改（子）字段标识符"_s);
-    waitForEditor(driver, u"Text1"_s, row, 2);
-    driver.key(u"ctrl+a"_s);
-    driver.type(u"$1"_s);
-    driver.key(u"Return"_s);
-    driver.answerBox(u"格式错误，请重新输入或按【Esc】取消操作"_s, u"Return"_s, u"code-refused"_s);
-    waitForEditor(driver, u"Text1"_s, row, 2);
-    driver.key(u"ctrl+a"_s);
-    driver.type(u"$B3"_s); // the third character does not fit
-    driver.key(u"Return"_s);
-    waitUntilIdle(driver);
-    driver.expectEqual(driver.cell(u"Grid1"_s, row, 2), u"$B"_s, u"the identifier"_s);
-}
-
 // Adds a field by a double click in the list of fields.
 void addField(TourDriver &driver) {
     const int row = rowOf(driver, u"205"_s);
@@ -216,7 +198,6 @@ void edit(TourDriver &driver) {
     largeForm(driver);
     changeTitle(driver);
     popupByMouse(driver);
-    changeIdentifier(driver);
     addField(driver);
     leaderAssistant(driver);
     field100Assistant(driver);

@@ -61,32 +61,6 @@ void import(TourDriver &driver) {
     driver.expect(stored() - before == records.toInt(), u"rows in the store: %1"_s.arg(stored() - before));
 }
 
-// Uses a file large enough to stop the read and the import half-way.
-void stopHalfWay(TourDriver &driver) {
-    choose(driver, u"large.iso"_s);
-    driver.waitForWindow(u"frmDaoru"_s);
-    driver.key(u"alt+a"_s);
-    driver.waitUntil(u"reading"_s, [] {
-        auto *state = TourDriver::find<QLabel>(u"labJinDu"_s);
-        return state && state->text() == u"正在继续预读.......";
-    });
-    driver.key(u"alt+q"_s);
-    driver.answerBox(u"预读还没有结束，请先结束预读！"_s, u"Return"_s, u"reading-close-refused"_s);
-    driver.click(u"cmdJieShu"_s);
-    driver.waitForText(u"labJinDu"_s, u"预读结束"_s);
-    const int listed = driver.textOf(u"Text3"_s).toInt();
-    driver.expect(listed > 200 && listed < 100000 && driver.rows(u"Grid2"_s) == listed,
-                  u"stopped half-way, at %1"_s.arg(listed));
-    driver.key(u"alt+s"_s);
-    driver.waitForWindow(u"frmDaoRuJindu"_s);
-    driver.key(u"alt+q"_s);
-    driver.answerBox(u"请先停止导入！"_s, u"Return"_s, u"import-close-refused"_s);
-    driver.key(u"alt+s"_s);
-    driver.waitForText(u"labJinDuShu"_s, u"处理完毕！"_s);
-    driver.leave(u"Escape"_s, u"frmDaoRuJindu"_s);
-    closeWorkspace(driver);
-}
-
 void damaged(TourDriver &driver) {
     choose(driver, u"damaged/directory.iso"_s);
     const QString question =
@@ -148,7 +122,6 @@ void readAndImport(TourDriver &driver) {
     driver.key(u"alt+q"_s);
     driver.answerBox(closeQuestion.toString(), u"n"_s);
     closeWorkspace(driver);
-    stopHalfWay(driver);
     damaged(driver);
     backToMain(driver);
 }
