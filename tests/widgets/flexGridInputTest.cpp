@@ -65,6 +65,10 @@ TEST_F(FlexGridInput, EverythingByKeyboard) {
         EXPECT_EQ(place(), expected.toString());
         EXPECT_EQ(taken(), signalsSeen.toString());
     }
+    grid.setColumnTwips(0, 500); // no longer hidden
+    QTest::keyClick(&grid, Qt::Key_Left);
+    EXPECT_EQ(place(), u"1-1/0"_s);
+    grid.setColumnTwips(0, 0);
     grid.setRow(2);
     grid.setRowSel(1);
     grid.setText(2, 2, u"a\tb\r\nc"_s);

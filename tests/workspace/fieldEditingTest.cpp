@@ -1,5 +1,7 @@
 #include "workspace/fieldEditing.h"
+#include "marc/fieldText.h"
 #include "support/qtPrinters.h"
+#include "workspace/fieldPaste.h"
 
 using namespace workspace;
 
@@ -95,4 +97,12 @@ TEST(FieldEditing, LimitsAndAssistants) {
     EXPECT_EQ(field100Assistants(rows, 10), 0);
     EXPECT_EQ(field100Assistants(rows, 11), 2);
     EXPECT_EQ(field100Assistants(rows, 3), 0);
+}
+
+TEST(FieldEditing, AFieldIsCopiedToItsEnd) {
+    for (const auto &[identifiers, from, count] : {std::tuple(u"000 200 $a $f"_s, 1, 3), {u"000 200 $a 300"_s, 1, 2}}) {
+        const marc::FieldRows rows = rowsOf(identifiers);
+        for (int row = from + 1; row <= from + count; ++row)
+            EXPECT_EQ(copiedFields(rows, row, row), marc::fieldText(rows.mid(from, count))) << row;
+    }
 }
