@@ -36,7 +36,7 @@ bool DriverLoop::execute(const QByteArray &statement) {
 }
 
 void DriverLoop::bind(int columns) {
-    for (std::size_t i = 0; i < std::size_t(columns); ++i)
+    for (size_t i = 0; i < size_t(columns); ++i)
         SQLBindCol(m_statement, SQLUSMALLINT(i + 1), SQL_C_CHAR, m_values[i].data(), SQLLEN(m_values[i].size()),
                    &m_sizes[i]);
 }

@@ -39,7 +39,7 @@ void printRow(const QString &what, const QString &ours, const QString &theirs, c
 std::vector<double> takeTurns(const char *what, int rounds, const std::vector<Side> &sides) {
     std::vector<double> best(sides.size(), std::numeric_limits<double>::infinity());
     for (int round = 0; round < rounds; ++round) {
-        for (std::size_t i = 0; i < sides.size(); ++i) {
+        for (size_t i = 0; i < sides.size(); ++i) {
             const std::optional<double> taken = sides[i]();
             if (!taken) {
                 std::fprintf(stderr, "%s: side %d did not do its work\n", what, int(i) + 1);
@@ -65,7 +65,7 @@ Side command(const QString &line) {
 
 QString quoted(const QString &path) {
     QString text = path;
-    text.replace(u'\'', QStringLiteral("'\\''"));
+    text.replace(u'\'', u"'\\''"_s);
     return u'\'' + text + u'\'';
 }
 

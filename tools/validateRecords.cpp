@@ -54,7 +54,7 @@ void printLike(const QString &id, const schema::Finding &finding) {
 
 void printFinding(qsizetype number, const schema::Finding &finding, const schema::Schema &schema) {
     const bool ofRule = finding.rule >= 0;
-    const QString name = ofRule ? schema.rules[std::size_t(finding.rule)].name : nameOf(finding.check).toString();
+    const QString name = ofRule ? schema.rules[size_t(finding.rule)].name : nameOf(finding.check).toString();
     print(QStringList{QString::number(number), placeOf(finding), nameOf(finding.level).toString(), name,
                       wordsOf(finding, schema)}
               .join(u'\t'));
@@ -137,7 +137,7 @@ int main(int count, char **arguments) {
         return tools::complain(given[1], records.failure().description);
     schema::Validator validator(std::make_shared<const schema::Schema>(std::move(read.value())), QDate::currentDate());
     if (options.schemaOnly || options.alike)
-        validator.setChecks(schema::Checks(schema::allChecks).reset(std::size_t(schema::Check::ExternalRule)));
+        validator.setChecks(schema::Checks(schema::allChecks).reset(size_t(schema::Check::ExternalRule)));
     validate(records.value(), validator, options);
     return 0;
 }

@@ -43,7 +43,7 @@ DuplicateSearch::DuplicateSearch(const database::SessionState &state, std::vecto
     : m_state(state)
     , m_sought(std::move(sought))
     , m_hits(m_sought.size()) {
-    for (std::size_t i = 0; i < m_sought.size(); ++i) {
+    for (size_t i = 0; i < m_sought.size(); ++i) {
         const BookIdentity &identity = m_sought[i].identity;
         for (const marc::IsbnKey isbn : identity.isbns)
             m_byIsbn.insert(isbn, int(i));
@@ -132,7 +132,7 @@ void DuplicateSearch::match(const database::ResultTable &rows, int row) {
         return;
     const auto [from, to] = std::as_const(m_byTitle).equal_range(comparedTitle(rows.text(row, Title)));
     for (auto found = from; found != to; ++found) {
-        const BookIdentity &identity = m_sought[std::size_t(*found)].identity;
+        const BookIdentity &identity = m_sought[size_t(*found)].identity;
         const auto isCut = [&cut](marc::IsbnKey key) { return marc::beginsWith(key, cut); };
         if (std::ranges::any_of(identity.isbns, isCut))
             hit(*found, rows, row, true);
@@ -142,7 +142,7 @@ void DuplicateSearch::match(const database::ResultTable &rows, int row) {
 }
 
 void DuplicateSearch::hit(int sought, const database::ResultTable &rows, int row, bool byIsbn) {
-    Hit &hit = m_hits[std::size_t(sought)];
+    Hit &hit = m_hits[size_t(sought)];
     if (hit.rows++ > 0)
         return;
     hit.byIsbn = byIsbn;
@@ -152,7 +152,7 @@ void DuplicateSearch::hit(int sought, const database::ResultTable &rows, int row
 std::vector<Remark> DuplicateSearch::endTable(const platform::Status &status) {
     const QString called = tables[m_table].called.toString();
     std::vector<Remark> remarks;
-    for (std::size_t i = 0; i < m_hits.size(); ++i) {
+    for (size_t i = 0; i < m_hits.size(); ++i) {
         const Hit &hit = m_hits[i];
         if (hit.rows == 0)
             continue;

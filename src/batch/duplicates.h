@@ -52,7 +52,7 @@ private:
     QMultiHash<QString, int> m_byTitle;
     bool m_anyByTitle = false; // at least one record has no ISBN
     std::vector<Hit> m_hits;   // of the current table
-    std::size_t m_table = 0;
+    size_t m_table = 0;
     std::optional<Walk> m_walk; // through the current table
 };
 

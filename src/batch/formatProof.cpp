@@ -63,7 +63,7 @@ Remark FormatProof::remarkOf(const schema::Finding &finding) {
     if (finding.tag == schema::unknownTag) {
         remark.tag = finding.value;
     } else {
-        QString &tag = m_tags[std::size_t(finding.tag)];
+        QString &tag = m_tags[size_t(finding.tag)];
         if (tag.isEmpty())
             tag = finding.tag == schema::leaderTag ? QStringLiteral("000") : schema::tagName(finding.tag);
         remark.tag = tag;

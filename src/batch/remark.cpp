@@ -23,7 +23,7 @@ QString nameWithLevel(const Remark &remark) {
 } // namespace
 
 QStringView nameOf(Kind kind) {
-    return names[std::size_t(kind)];
+    return names[size_t(kind)];
 }
 
 QString RemarkList::text(int row, int column) const {
@@ -43,7 +43,7 @@ QString RemarkList::text(int row, int column) const {
 }
 
 void RemarkList::add(Remark remark) {
-    ++m_counts[std::size_t(remark.kind)];
+    ++m_counts[size_t(remark.kind)];
     m_order.push_back(m_all.size());
     if (isShown(remark))
         m_shown.push_back(m_all.size());
@@ -55,20 +55,20 @@ void RemarkList::clear() {
 }
 
 void RemarkList::sort() {
-    std::ranges::stable_sort(m_order, {}, [this](std::size_t id) { return m_all[id].record; });
+    std::ranges::stable_sort(m_order, {}, [this](size_t id) { return m_all[id].record; });
     setFilter(m_filter);
 }
 
 void RemarkList::setFilter(std::optional<Kind> kind) {
     m_filter = kind;
     m_shown.clear();
-    for (const std::size_t id : m_order)
+    for (const size_t id : m_order)
         if (isShown(m_all[id]))
             m_shown.push_back(id);
 }
 
 int RemarkList::rowOf(int id) const {
-    const auto found = std::ranges::find(m_shown, std::size_t(id));
+    const auto found = std::ranges::find(m_shown, size_t(id));
     return found == m_shown.end() ? -1 : int(found - m_shown.begin());
 }
 

@@ -24,7 +24,7 @@ enum class Kind {
     Format,  // violates the schema of the format
     Rule,    // violates a rule across fields
 };
-inline constexpr std::size_t kindCount = 13;
+inline constexpr size_t kindCount = 13;
 
 QStringView nameOf(Kind kind);
 
@@ -56,9 +56,9 @@ public:
     // Shows only the remarks of one kind, or all if `kind` is empty.
     void setFilter(std::optional<Kind> kind);
 
-    const Remark &remark(int row) const { return m_all[m_shown.at(std::size_t(row))]; }
+    const Remark &remark(int row) const { return m_all[m_shown.at(size_t(row))]; }
     // The id of a remark does not change with sort() and setFilter(). rowOf() returns -1 if the remark is not shown.
-    int idOf(int row) const { return int(m_shown.at(std::size_t(row))); }
+    int idOf(int row) const { return int(m_shown.at(size_t(row))); }
     int rowOf(int id) const;
 
     const std::vector<Remark> &all() const { return m_all; } // shown or not, in the order they were added
@@ -66,7 +66,7 @@ public:
     std::vector<int> records() const;
 
     int count() const { return int(m_all.size()); }
-    int count(Kind kind) const { return m_counts[std::size_t(kind)]; }
+    int count(Kind kind) const { return m_counts[size_t(kind)]; }
     // Returns the number of findings: all remarks except those of Kind::Unchecked.
     int found() const { return count() - count(Kind::Unchecked); }
 
@@ -77,8 +77,8 @@ private:
     bool isShown(const Remark &remark) const { return !m_filter || remark.kind == *m_filter; }
 
     std::vector<Remark> m_all;
-    std::vector<std::size_t> m_order; // of m_all
-    std::vector<std::size_t> m_shown;
+    std::vector<size_t> m_order; // of m_all
+    std::vector<size_t> m_shown;
     std::optional<Kind> m_filter;
     std::array<int, kindCount> m_counts{};
 };

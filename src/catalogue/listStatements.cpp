@@ -5,6 +5,8 @@
 #include <iterator>
 #include <span>
 
+using namespace Qt::StringLiterals;
+
 namespace catalogue {
 
 namespace {
@@ -86,7 +88,7 @@ QString keysCondition(QList<qint64> keys) {
     }
     if (!single.isEmpty())
         parts.append(u"zskid in (" + single.join(u',') + u')');
-    return parts.isEmpty() ? QStringLiteral("zskid is null") : QString(u'(' + parts.join(u" or ") + u')');
+    return parts.isEmpty() ? u"zskid is null"_s : QString(u'(' + parts.join(u" or ") + u')');
 }
 
 QString recordsStatement(const QString &condition) {

@@ -9,7 +9,7 @@ namespace database {
 
 namespace {
 
-constexpr std::size_t mostKept = 4;
+constexpr size_t mostKept = 4;
 constexpr std::chrono::seconds idleTime(2);
 
 } // namespace

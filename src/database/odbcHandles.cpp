@@ -9,7 +9,7 @@ namespace database {
 namespace {
 
 // The size of a buffer as passed to the driver, without its last character, which always stays NUL.
-template <class Character, std::size_t Size>
+template <class Character, size_t Size>
 SQLSMALLINT room(const std::array<Character, Size> &) {
     return SQLSMALLINT(Size - 1);
 }

@@ -39,7 +39,7 @@ ResultTable::Cell ResultTable::cellAt(const char *at) {
 
 ResultTable::Cell ResultTable::cell(int row, int column) const {
     Q_ASSERT(row >= 0 && row < rowCount() && column >= 0 && column < columnCount());
-    Cell found = cellAt(m_rows[std::size_t(row)]);
+    Cell found = cellAt(m_rows[size_t(row)]);
     for (int before = 0; before < column; ++before)
         found = cellAt(found.end());
     return found;
@@ -52,7 +52,7 @@ QString ResultTable::text(int row, int column) const {
     if (found.form == Form::Latin1)
         return QString::fromLatin1(found.text, found.size);
     QString text(found.size, Qt::Uninitialized);
-    std::memcpy(text.data(), found.text, std::size_t(found.bytes()));
+    std::memcpy(text.data(), found.text, size_t(found.bytes()));
     return text;
 }
 
@@ -68,7 +68,7 @@ bool ResultTable::isNull(int row, int column) const {
 }
 
 void ResultTable::append(QStringView text) {
-    if (allBelow(std::u16string_view(text.utf16(), std::size_t(text.size())), 0x100)) {
+    if (allBelow(std::u16string_view(text.utf16(), size_t(text.size())), 0x100)) {
         begin(Form::Latin1, text.size());
         const qsizetype before = m_begun.size();
         m_begun.resize(before + text.size());

@@ -8,20 +8,20 @@ namespace database {
 
 namespace {
 
-constexpr SQLULEN longest = 1000;              // the largest size, in characters, of a bound column
-constexpr std::size_t mostBytes = 4;           // per character, in UTF-8 and in UTF-16
-constexpr std::size_t blockBytes = 256 * 1024; // for all bound columns together
-constexpr std::size_t mostRows = 256;
+constexpr SQLULEN longest = 1000;         // the largest size, in characters, of a bound column
+constexpr size_t mostBytes = 4;           // per character, in UTF-8 and in UTF-16
+constexpr size_t blockBytes = 256 * 1024; // for all bound columns together
+constexpr size_t mostRows = 256;
 constexpr int singleRows = 4; // rows fetched one by one first: allocating a block costs more than one row
 
 struct Column {
-    std::size_t width = 0;   // bytes of a value's buffer, including the closing NUL; 0: not bound
+    size_t width = 0;        // bytes of a value's buffer, including the closing NUL; 0: not bound
     char *texts = nullptr;   // rows of a block x width
     SQLLEN *sizes = nullptr; // in bytes, or SQL_NULL_DATA
 };
 
 // Returns the bytes that a value of the type may take; 0 if it is long or unknown.
-std::size_t widthOf(SQLSMALLINT type, SQLULEN size) {
+size_t widthOf(SQLSMALLINT type, SQLULEN size) {
     switch (type) {
     case SQL_CHAR:
     case SQL_VARCHAR:
@@ -70,7 +70,7 @@ public:
                 return m_table;
             if (!SQL_SUCCEEDED(fetched))
                 return m_statement.failure(m_form);
-            for (std::size_t row = 0; row < m_fetchedRows; ++row)
+            for (size_t row = 0; row < m_fetchedRows; ++row)
                 if (!takeRow(row))
                     return m_tooLong ? platform::Result<ReadTable>(nullptr) : m_statement.failure(m_form);
         }
@@ -98,18 +98,18 @@ private:
     // Drivers return a value by SQLGetData() only after the last bound column, so no column is bound from the first
     // long one on.
     void findBound() {
-        const auto firstLong = std::ranges::find(m_columns, std::size_t(0), &Column::width);
-        m_bound = std::size_t(firstLong - m_columns.begin());
-        for (std::size_t i = 0; i < m_bound; ++i)
+        const auto firstLong = std::ranges::find(m_columns, size_t(0), &Column::width);
+        m_bound = size_t(firstLong - m_columns.begin());
+        for (size_t i = 0; i < m_bound; ++i)
             m_rowBytes += m_columns[i].width;
     }
 
     // Binds buffers for that many rows.
-    void bind(std::size_t rows) {
+    void bind(size_t rows) {
         m_texts = std::make_unique_for_overwrite<char[]>(rows * m_rowBytes);
         m_sizes.resize(rows * m_bound);
         char *texts = m_texts.get();
-        for (std::size_t i = 0; i < m_bound; ++i) {
+        for (size_t i = 0; i < m_bound; ++i) {
             Column &column = m_columns[i];
             column.texts = texts;
             column.sizes = m_sizes.data() + i * rows;
@@ -122,9 +122,8 @@ private:
     // Makes later fetches return many rows at once, if all columns are bound and the driver supports it.
     void bindBlock() {
         m_inBlocks = true;
-        const std::size_t rowBytes = m_rowBytes + m_bound * sizeof(SQLLEN);
-        const std::size_t rows =
-            m_bound == m_columns.size() ? std::clamp<std::size_t>(blockBytes / rowBytes, 1, mostRows) : 1;
+        const size_t rowBytes = m_rowBytes + m_bound * sizeof(SQLLEN);
+        const size_t rows = m_bound == m_columns.size() ? std::clamp<size_t>(blockBytes / rowBytes, 1, mostRows) : 1;
         if (rows == 1)
             return;
         if (setAttribute(SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(rows), SQL_IS_UINTEGER) != SQL_SUCCESS) {
@@ -139,20 +138,20 @@ private:
         return SQLSetStmtAttrW(m_statement.get(), attribute, value, kind);
     }
 
-    bool takeRow(std::size_t row) {
-        for (std::size_t i = 0; i < m_columns.size(); ++i)
+    bool takeRow(size_t row) {
+        for (size_t i = 0; i < m_columns.size(); ++i)
             if (!(i < m_bound ? takeBound(m_columns[i], row) : takeLong(SQLUSMALLINT(i + 1))))
                 return false;
         return true;
     }
 
-    bool takeBound(const Column &column, std::size_t row) {
+    bool takeBound(const Column &column, size_t row) {
         const SQLLEN size = column.sizes[row];
         if (size == SQL_NULL_DATA) {
             m_table->appendNull();
             return true;
         }
-        m_tooLong = size < 0 || std::size_t(size) > column.width - closing();
+        m_tooLong = size < 0 || size_t(size) > column.width - closing();
         if (!m_tooLong)
             append(column.texts + row * column.width, size);
         return !m_tooLong;
@@ -161,7 +160,7 @@ private:
     // Fetches a value in pieces: each call fills the buffer except for its closing NUL, until one call returns the
     // rest.
     bool takeLong(SQLUSMALLINT number) {
-        constexpr std::size_t room = 32 * 1024;
+        constexpr size_t room = 32 * 1024;
         m_piece.resize(room);
         m_long.clear();
         for (bool more = true; more;) {
@@ -176,8 +175,8 @@ private:
                 m_table->appendNull();
                 return true;
             }
-            more = size < 0 || std::size_t(size) > room - closing();
-            m_long.append(m_piece.data(), more ? room - closing() : std::size_t(size));
+            more = size < 0 || size_t(size) > room - closing();
+            m_long.append(m_piece.data(), more ? room - closing() : size_t(size));
         }
         append(m_long.data(), qsizetype(m_long.size()));
         return true;
@@ -192,14 +191,14 @@ private:
     }
 
     SQLSMALLINT valueType() const { return m_form == TextForm::Wide ? SQL_C_WCHAR : SQL_C_CHAR; }
-    std::size_t closing() const { return m_form == TextForm::Wide ? sizeof(char16_t) : sizeof(char); }
+    size_t closing() const { return m_form == TextForm::Wide ? sizeof(char16_t) : sizeof(char); }
 
     const OdbcHandle &m_statement;
     TextForm m_form;
     Fetching m_fetching;
     std::vector<Column> m_columns;
-    std::size_t m_bound = 0;
-    std::size_t m_rowBytes = 0; // bytes of the bound columns' texts
+    size_t m_bound = 0;
+    size_t m_rowBytes = 0; // bytes of the bound columns' texts
     std::unique_ptr<char[]> m_texts;
     std::vector<SQLLEN> m_sizes;
     bool m_inBlocks = false;

@@ -114,7 +114,7 @@ constexpr auto servers = std::to_array<ServerRow>({
 });
 
 constexpr bool eachServerHasItsRow() {
-    for (std::size_t i = 0; i < servers.size(); ++i)
+    for (size_t i = 0; i < servers.size(); ++i)
         if (servers[i].server != Server(i))
             return false;
     return servers.back().server == Server::Other;
@@ -160,7 +160,7 @@ constexpr auto drivers = std::to_array<DriverRow>({
     {{}, Server::Other, false, TextForm::Wide, {}},
 });
 
-template <std::size_t Size>
+template <size_t Size>
 bool isNamed(const std::array<QStringView, Size> &names, QStringView said) {
     return std::ranges::any_of(
         names, [said](QStringView name) { return !name.isEmpty() && said.contains(name, Qt::CaseInsensitive); });
@@ -174,7 +174,7 @@ const DriverRow *driverCalled(QStringView name) {
 } // namespace
 
 const ServerRow &rowOf(Server server) {
-    return servers[std::size_t(server)];
+    return servers[size_t(server)];
 }
 
 const ServerRow &serverNamed(QStringView dbmsName) {

@@ -34,8 +34,8 @@ bool takeInOrder(QStringView record, const DirectoryView &directory, std::vector
         const qsizetype length = platform::gbkLength(content) + 1;
         if (!isNumber(directory.length(i), length) || !isNumber(directory.start(i), start))
             return false;
-        fields[std::size_t(i)].tag.setUnicode(directory.tag(i).data(), tagLength);
-        fields[std::size_t(i)].content.setUnicode(content.data(), content.size());
+        fields[size_t(i)].tag.setUnicode(directory.tag(i).data(), tagLength);
+        fields[size_t(i)].content.setUnicode(content.data(), content.size());
         start += length;
         at = end + 1;
     }
@@ -166,7 +166,7 @@ std::pair<qsizetype, qsizetype> Field::placeOf(int index) const {
 Cut FieldedRecord::take(QStringView record) {
     const DirectoryView directory = viewDirectory(record);
     leader.setUnicode(directory.leader.data(), directory.leader.size());
-    fields.resize(std::size_t(directory.count()));
+    fields.resize(size_t(directory.count()));
     if (!directory.hasFieldTerminator || directory.damaged)
         return Cut::None;
     if (takeInOrder(record, directory, fields))
@@ -176,9 +176,9 @@ Cut FieldedRecord::take(QStringView record) {
 
 bool FieldedRecord::take(QByteArrayView leaderText, QByteArrayView tags, QStringView data) {
     leader = fitLeader(leaderText);
-    fields.resize(std::size_t(tags.size() / tagLength));
+    fields.resize(size_t(tags.size() / tagLength));
     qsizetype at = 0;
-    for (std::size_t i = 0; i < fields.size(); ++i) {
+    for (size_t i = 0; i < fields.size(); ++i) {
         const qsizetype end = data.indexOf(QChar(fieldTerminator), at);
         const qsizetype size = end < 0 ? 0 : end - at;
         fields[i].tag.resize(tagLength);
@@ -192,10 +192,10 @@ bool FieldedRecord::take(QByteArrayView leaderText, QByteArrayView tags, QString
     return at == data.size();
 }
 
-std::size_t FieldedRecord::placeFor(QStringView tag) const {
+size_t FieldedRecord::placeFor(QStringView tag) const {
     const auto last =
         std::find_if(fields.rbegin(), fields.rend(), [&](const Field &field) { return field.tag <= tag; });
-    return std::size_t(last.base() - fields.begin());
+    return size_t(last.base() - fields.begin());
 }
 
 } // namespace marc

@@ -116,7 +116,7 @@ struct FieldedRecord {
     // valid.
     bool take(QByteArrayView leaderText, QByteArrayView tags, QStringView data);
     // Returns the index for a new field with that tag: after the last field whose tag is not greater.
-    std::size_t placeFor(QStringView tag) const;
+    size_t placeFor(QStringView tag) const;
 
     friend bool operator==(const FieldedRecord &, const FieldedRecord &) = default;
 };

@@ -80,12 +80,12 @@ bool IsoFields::entriesAgree(bool toTheByte) {
     if (m_entries.size() != m_pieces.size() || m_directory.size() % directoryEntryLength != 0)
         return false;
     m_byStart.resize(m_entries.size());
-    std::iota(m_byStart.begin(), m_byStart.end(), std::size_t(0));
-    const auto start = [this](std::size_t entry) { return m_entries[entry].start; };
+    std::iota(m_byStart.begin(), m_byStart.end(), size_t(0));
+    const auto start = [this](size_t entry) { return m_entries[entry].start; };
     if (!std::ranges::is_sorted(m_byStart, {}, start))
         std::ranges::sort(m_byStart, {}, start);
     qint64 expected = 0;
-    for (std::size_t i = 0; i < m_byStart.size(); ++i) {
+    for (size_t i = 0; i < m_byStart.size(); ++i) {
         Entry &entry = m_entries[m_byStart[i]];
         if (entry.start != expected || entry.length <= 0 || !isTag(entry.tag))
             return false;
@@ -100,7 +100,7 @@ bool IsoFields::entriesAgree(bool toTheByte) {
 bool IsoFields::takeEntries() {
     m_tags.clear();
     bool inOrder = true;
-    for (std::size_t i = 0; i < m_entries.size(); ++i) {
+    for (size_t i = 0; i < m_entries.size(); ++i) {
         m_tags.append(m_entries[i].tag);
         inOrder = inOrder && m_entries[i].piece == qsizetype(i);
     }
@@ -109,7 +109,7 @@ bool IsoFields::takeEntries() {
         return true;
     m_joined.clear();
     for (const Entry &entry : m_entries)
-        m_joined.append(m_pieces[std::size_t(entry.piece)]);
+        m_joined.append(m_pieces[size_t(entry.piece)]);
     m_data = m_joined;
     return true;
 }
@@ -121,7 +121,7 @@ bool IsoFields::tagsByPlaces() {
     qsizetype at = 0;      // in the directory
     qsizetype waiting = 0; // previous pieces without a tag
     qsizetype start = 0;
-    for (std::size_t i = 0; i < m_pieces.size(); ++i) {
+    for (size_t i = 0; i < m_pieces.size(); ++i) {
         const QByteArray place = padded(m_pieces[i].size(), fieldLengthWidth) + padded(start, fieldStartWidth);
         start += m_pieces[i].size();
         const qsizetype found = m_directory.indexOf(place, at + tagLength);
@@ -147,7 +147,7 @@ bool IsoFields::takeStretch(QByteArrayView stretch, qsizetype firstPiece, qsizet
     const bool whole = stretch.size() == count * directoryEntryLength;
     if (!whole) {
         // One entry with a byte too many or too few: its tag is intact unless the tag itself is damaged.
-        const QByteArray length = padded(m_pieces[std::size_t(firstPiece)].size(), fieldLengthWidth);
+        const QByteArray length = padded(m_pieces[size_t(firstPiece)].size(), fieldLengthWidth);
         const bool nearly = count == 1 && std::abs(stretch.size() - directoryEntryLength) == 1;
         if (!nearly || (stretch.size() < directoryEntryLength && stretch.sliced(tagLength - 1).startsWith(length)))
             return false;

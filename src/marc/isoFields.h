@@ -41,7 +41,7 @@ private:
     QByteArrayView m_body;
     std::vector<QByteArrayView> m_pieces; // of the body, each including its terminator
     std::vector<Entry> m_entries;
-    std::vector<std::size_t> m_byStart; // indexes of m_entries
+    std::vector<size_t> m_byStart; // indexes of m_entries
     QByteArray m_unwrapped;
     QByteArray m_joined;
     QByteArray m_tags;

@@ -34,7 +34,7 @@ QString IsoWriter::make(const FieldedRecord &record, IsoEncoding encoding) {
     putNumber(leader + baseAddressAt, baseAddressLength, base);
     m_size = base;
     QString why; // of the first field that does not fit
-    for (std::size_t i = 0; i < record.fields.size(); ++i) {
+    for (size_t i = 0; i < record.fields.size(); ++i) {
         const Field &field = record.fields[i];
         if (field.tag.size() != tagLength || !isPlain(field.tag))
             return u"字段标识符“%1”不对"_s.arg(field.tag);

@@ -9,9 +9,9 @@ namespace {
 constexpr qsizetype largestBlock = 1 << 20;
 
 // Block sizes double, so that a few bytes cost only a small first block.
-qsizetype sizeOfBlock(std::size_t before) {
+qsizetype sizeOfBlock(size_t before) {
     constexpr qsizetype smallest = 1 << 9;
-    constexpr std::size_t doublings = 11; // from the smallest to the largest
+    constexpr size_t doublings = 11; // from the smallest to the largest
     static_assert(smallest << doublings == largestBlock);
     return smallest << std::min(before, doublings);
 }
@@ -21,7 +21,7 @@ qsizetype sizeOfBlock(std::size_t before) {
 QByteArrayView ByteArena::keep(QByteArrayView bytes) {
     const qsizetype size = bytes.size();
     const auto newBlock = [this](qsizetype wanted) {
-        m_blocks.push_back(std::make_unique_for_overwrite<char[]>(std::size_t(wanted)));
+        m_blocks.push_back(std::make_unique_for_overwrite<char[]>(size_t(wanted)));
         return m_blocks.back().get();
     };
     const qsizetype next = sizeOfBlock(m_blocks.size());

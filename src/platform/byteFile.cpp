@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace platform {
 
 namespace {
@@ -50,9 +52,9 @@ Result<ByteReader> ByteReader::open(const QString &path) {
 Status ByteReader::unchanged() const {
     const QFileInfo now(m_path);
     if (!now.exists())
-        return Failure{QStringLiteral("文件{%1}在读取中不见了").arg(m_path)};
+        return Failure{u"文件{%1}在读取中不见了"_s.arg(m_path)};
     if (now.size() != m_size || now.lastModified() != m_written)
-        return Failure{QStringLiteral("文件{%1}在读取中被改动了").arg(m_path)};
+        return Failure{u"文件{%1}在读取中被改动了"_s.arg(m_path)};
     return success();
 }
 

@@ -3,6 +3,8 @@
 #include <memory>
 #include <unicode/ucnv.h>
 
+using namespace Qt::StringLiterals;
+
 namespace platform {
 
 namespace {
@@ -87,8 +89,8 @@ Status codePageReady(const char *converter) {
     UErrorCode status = U_ZERO_ERROR;
     if (openConverter(converter, status))
         return success();
-    return Failure{QStringLiteral("系统的 ICU 库没有 GBK 字符集（%1，%2），汉字会全部丢失，程序不能运行。")
-                       .arg(QLatin1StringView(converter), QLatin1StringView(u_errorName(status))),
+    return Failure{u"系统的 ICU 库没有 GBK 字符集（%1，%2），汉字会全部丢失，程序不能运行。"_s.arg(
+                       QLatin1StringView(converter), QLatin1StringView(u_errorName(status))),
                    int(status)};
 }
 

@@ -1,5 +1,7 @@
 #include "platform/host.h"
 
+using namespace Qt::StringLiterals;
+
 namespace platform {
 
 void Host::tell(const QString &text, QStringView title, Icon icon) {
@@ -25,7 +27,7 @@ bool Host::insist(const QString &text, QStringView title, Answer preselected) {
 void RunBoxes::tell(const QString &text, QStringView title) {
     if (m_silenced.contains(text))
         return;
-    if (m_host.showWithTick({.text = text, .title = title.toString()}, QStringLiteral("以后相同的不再提示")))
+    if (m_host.showWithTick({.text = text, .title = title.toString()}, u"以后相同的不再提示"_s))
         m_silenced.append(text);
 }
 

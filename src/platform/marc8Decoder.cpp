@@ -34,16 +34,16 @@ struct Marc8Decoder::State {
 
 // Converts the bytes between two separators.
 void Marc8Decoder::State::convert(QByteArrayView part) {
-    constexpr std::size_t room = 1024;
+    constexpr size_t room = 1024;
     char out[room];
     auto *in = const_cast<char *>(part.data());
-    std::size_t left = std::size_t(part.size());
+    size_t left = size_t(part.size());
     const auto step = [&](char **from) {
         char *to = out;
-        std::size_t free = room;
-        const std::size_t done = yaz_iconv(converter.get(), from, from ? &left : nullptr, &to, &free);
+        size_t free = room;
+        const size_t done = yaz_iconv(converter.get(), from, from ? &left : nullptr, &to, &free);
         utf8.append(out, to - out);
-        return done != std::size_t(-1) || yaz_iconv_error(converter.get()) == YAZ_ICONV_E2BIG;
+        return done != size_t(-1) || yaz_iconv_error(converter.get()) == YAZ_ICONV_E2BIG;
     };
     while (left > 0) {
         if (step(&in) || left == 0)

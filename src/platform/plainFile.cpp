@@ -20,11 +20,11 @@ constexpr QFileDevice::Permissions ofOthers = QFileDevice::ReadGroup | QFileDevi
                                               QFileDevice::ReadOther | QFileDevice::WriteOther | QFileDevice::ExeOther;
 
 Failure tooLarge(const QString &path, qint64 limit) {
-    return Failure{QStringLiteral("%1 超过 %2 字节，没有读入").arg(path).arg(limit)};
+    return Failure{u"%1 超过 %2 字节，没有读入"_s.arg(path).arg(limit)};
 }
 
 Failure notAFile(const QString &path, bool isFolder) {
-    return Failure{QStringLiteral("%1 是%2，不是文件").arg(path, isFolder ? u"文件夹"_s : u"管道或设备"_s)};
+    return Failure{u"%1 是%2，不是文件"_s.arg(path, isFolder ? u"文件夹"_s : u"管道或设备"_s)};
 }
 
 } // namespace
@@ -104,11 +104,11 @@ Status makeOwnerFolder(const QString &path) {
     constexpr QFileDevice::Permissions folderOfOwner = ownerOnly | QFileDevice::ExeOwner;
     const QString parent = QFileInfo(path).path();
     if (!QFileInfo(path).isDir() && !(QDir().mkpath(parent) && QDir().mkdir(path, folderOfOwner)))
-        return Failure{QStringLiteral("无法建立文件夹 %1").arg(path)};
+        return Failure{u"无法建立文件夹 %1"_s.arg(path)};
     if (QFile::permissions(path) & ofOthers)
         QFile::setPermissions(path, folderOfOwner);
     if (!QFileInfo(path).isWritable())
-        return Failure{QStringLiteral("文件夹 %1 不能写入").arg(path)};
+        return Failure{u"文件夹 %1 不能写入"_s.arg(path)};
     return success();
 }
 

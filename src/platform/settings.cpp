@@ -11,6 +11,8 @@
 #include <filesystem>
 #include <system_error>
 
+using namespace Qt::StringLiterals;
+
 namespace platform {
 
 namespace {
@@ -18,7 +20,7 @@ namespace {
 constexpr qint64 largestSettings = 1 << 20; // bytes; a few hundred are usual
 
 QString fileOf(const QString &folder, const QString &application) {
-    return folder + u'/' + application + QStringLiteral(".ini");
+    return folder + u'/' + application + u".ini"_s;
 }
 
 QString keyOf(const QString &section, const QString &key) {
@@ -80,7 +82,7 @@ QString Settings::read(const QString &application, const QString &section, const
 Status Settings::write(const QString &application, const QString &section, const QString &key,
                        const QString &value) const {
     if (!QDir().mkpath(m_folder))
-        return Failure{QStringLiteral("无法建立设置文件夹 %1").arg(m_folder)};
+        return Failure{u"无法建立设置文件夹 %1"_s.arg(m_folder)};
     const QString path = fileOf(m_folder, application);
     QString place = QFileInfo(path).canonicalFilePath(); // replaces the target of a link, not the link
     if (place.isEmpty())
@@ -101,7 +103,7 @@ Status Settings::write(const QString &application, const QString &section, const
     const bool replaced = stored && movedOver(made, whole) && holdsAll(all, whole) && movedOver(whole, place);
     QFile::remove(made);
     QFile::remove(whole);
-    return replaced ? success() : Status(Failure{QStringLiteral("无法写入设置文件 %1").arg(path)});
+    return replaced ? success() : Status(Failure{u"无法写入设置文件 %1"_s.arg(path)});
 }
 
 } // namespace platform

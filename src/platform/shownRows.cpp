@@ -32,7 +32,7 @@ int ShownRows::rowAt(int position) const {
         return position;
     if (position == m_keptPlace)
         return m_kept;
-    return (*m_filter)[std::size_t(m_keptPlace >= 0 && position > m_keptPlace ? position - 1 : position)];
+    return (*m_filter)[size_t(m_keptPlace >= 0 && position > m_keptPlace ? position - 1 : position)];
 }
 
 int ShownRows::positionOf(int row) const {

@@ -12,6 +12,8 @@
 #include <unistd.h>
 #endif
 
+using namespace Qt::StringLiterals;
+
 namespace platform {
 
 #ifdef Q_OS_WIN
@@ -82,7 +84,7 @@ SingleInstance::SingleInstance(const QString &name, const QString &folder)
 SingleInstance::~SingleInstance() = default;
 
 QString SingleInstance::machineFolder() {
-    return QStringLiteral("/tmp");
+    return u"/tmp"_s;
 }
 
 } // namespace platform

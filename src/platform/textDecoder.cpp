@@ -8,6 +8,8 @@
 #include <unicode/ucnv_cb.h>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace platform {
 
 namespace {
@@ -76,7 +78,7 @@ Result<TextDecoder> TextDecoder::open(Charset charset) {
     if (charset != Charset::Gbk && charset != Charset::Marc8)
         return open(QByteArray(converterName(charset)));
     if (charset == Charset::Marc8 && !Marc8Decoder::isAvailable())
-        return Failure{QStringLiteral("本程序编译时没有 YAZ 库，不能读 MARC-8")};
+        return Failure{u"本程序编译时没有 YAZ 库，不能读 MARC-8"_s};
     auto state = std::make_unique<State>();
     state->isGbk = charset == Charset::Gbk;
     if (!state->isGbk)
@@ -91,9 +93,9 @@ Result<TextDecoder> TextDecoder::open(const QByteArray &name) {
     if (state->converter)
         ucnv_setToUCallBack(state->converter.get(), replaceDamaged, &state->damaged, nullptr, nullptr, &status);
     if (U_FAILURE(status))
-        return Failure{QStringLiteral("系统的 ICU 库没有字符集 %1（%2）")
-                           .arg(QLatin1StringView(name), QLatin1StringView(u_errorName(status))),
-                       int(status)};
+        return Failure{
+            u"系统的 ICU 库没有字符集 %1（%2）"_s.arg(QLatin1StringView(name), QLatin1StringView(u_errorName(status))),
+            int(status)};
     state->isUtf8 = ucnv_getType(state->converter.get()) == UCNV_UTF8;
     return TextDecoder(std::move(state));
 }

@@ -23,7 +23,7 @@ constexpr auto frames = std::to_array<Frame>({
 });
 
 constexpr bool standInOrder() {
-    for (std::size_t at = 0; at < frames.size(); ++at)
+    for (size_t at = 0; at < frames.size(); ++at)
         if (frames[at].kind != FaultKind(at))
             return false;
     return true;
@@ -35,7 +35,7 @@ static_assert(standInOrder());
 QString report(const std::vector<Fault> &faults) {
     QString text;
     for (const Fault &fault : faults) {
-        const Frame &frame = frames[std::size_t(fault.kind)];
+        const Frame &frame = frames[size_t(fault.kind)];
         text += frame.before + fault.words + frame.after;
     }
     return text;

@@ -39,11 +39,11 @@ std::vector<Fault> proofFields(const marc::FieldRows &rows) {
         if (tag.size() != 3)
             continue;
         const auto rule = std::ranges::find(rules, QStringView(tag), &Rule::tag);
-        if (rule != rules.end() && ++counts[std::size_t(rule - rules.begin())] == 2)
-            second[std::size_t(rule - rules.begin())] = at;
+        if (rule != rules.end() && ++counts[size_t(rule - rules.begin())] == 2)
+            second[size_t(rule - rules.begin())] = at;
     }
     std::vector<Fault> faults;
-    for (std::size_t i = 0; i < rules.size(); ++i) {
+    for (size_t i = 0; i < rules.size(); ++i) {
         const QString tag = rules[i].tag.toString();
         if (counts[i] == 0 && rules[i].kind == Kind::Required)
             faults.push_back({FaultKind::Missing, tag, {}, tag + u"字段（必备字段）不存在！"});

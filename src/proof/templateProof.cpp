@@ -19,28 +19,28 @@ class FirstFields {
 public:
     explicit FirstFields(const marc::FieldRows &rows)
         : m_rows(rows)
-        , m_end(std::size_t(rows.size())) {
+        , m_end(size_t(rows.size())) {
         m_byTag.fill(-1);
         int end = int(rows.size());
         for (int i = int(rows.size()) - 1; i >= 0; --i) {
-            m_end[std::size_t(i)] = end;
+            m_end[size_t(i)] = end;
             if (marc::isFieldRow(rows[i]))
                 end = i;
             if (const int number = tagNumber(rows[i].identifier); number >= 0)
-                m_byTag[std::size_t(number)] = i;
+                m_byTag[size_t(number)] = i;
         }
     }
 
     // Returns the index of the first row with that identifier, or -1.
     qsizetype find(const QString &tag) const {
         if (const int number = tagNumber(tag); number >= 0)
-            return m_byTag[std::size_t(number)];
+            return m_byTag[size_t(number)];
         const auto found = std::ranges::find(m_rows, tag, &marc::FieldRow::identifier);
         return found == m_rows.end() ? -1 : found - m_rows.begin();
     }
     // Returns the rows after that one up to the next field row.
     std::span<const marc::FieldRow> subfields(qsizetype field) const {
-        return std::span(m_rows).subspan(std::size_t(field + 1), std::size_t(m_end[std::size_t(field)] - field - 1));
+        return std::span(m_rows).subspan(size_t(field + 1), size_t(m_end[size_t(field)] - field - 1));
     }
 
 private:
@@ -102,7 +102,7 @@ platform::Result<TemplateRules> TemplateRules::read(const QString &folder) {
                                  reader.failure().number};
     }
     TemplateRules rules;
-    for (std::size_t kind = 0; kind < sections.size(); ++kind) {
+    for (size_t kind = 0; kind < sections.size(); ++kind) {
         const QByteArray header = platform::encode(sections[kind].header);
         reader.value().rewind();
         while (!reader.value().atEnd()) {
@@ -123,7 +123,7 @@ platform::Result<TemplateRules> TemplateRules::read(const QString &folder) {
 std::vector<Fault> TemplateRules::proof(const marc::FieldRows &rows) const {
     const FirstFields fields(rows);
     std::vector<Fault> faults;
-    for (std::size_t kind = 0; kind < sections.size(); ++kind) {
+    for (size_t kind = 0; kind < sections.size(); ++kind) {
         for (const auto &[tag, code] : m_references[kind]) {
             const qsizetype field = fields.find(tag);
             if (field < 0)

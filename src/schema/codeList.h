@@ -20,7 +20,7 @@ public:
     qsizetype length() const { return m_length; }
 
 private:
-    static constexpr std::size_t asciiCount = 128;
+    static constexpr size_t asciiCount = 128;
     std::bitset<asciiCount> m_single; // codes of one ASCII character
     QSet<QString> m_others;
     QSet<QString> m_deprecated;

@@ -73,8 +73,8 @@ QString quotedCode(const Finding &finding) {
 }
 
 QString wordsOfRule(const Finding &finding, const Schema &schema) {
-    const bool isKnown = finding.rule >= 0 && std::size_t(finding.rule) < schema.rules.size();
-    const Rule *rule = isKnown ? &schema.rules[std::size_t(finding.rule)] : nullptr;
+    const bool isKnown = finding.rule >= 0 && size_t(finding.rule) < schema.rules.size();
+    const Rule *rule = isKnown ? &schema.rules[size_t(finding.rule)] : nullptr;
     if (finding.check == Check::GivenUp)
         return rule ? u"规则“%1”太费时，未检查"_s.arg(rule->name) : u"内容太费时，未检查"_s;
     return rule ? rule->description : QString();
@@ -83,15 +83,15 @@ QString wordsOfRule(const Finding &finding, const Schema &schema) {
 } // namespace
 
 QStringView nameOf(Check check) {
-    return rows[std::size_t(check)].name;
+    return rows[size_t(check)].name;
 }
 
 QStringView labelOf(Check check) {
-    return rows[std::size_t(check)].label;
+    return rows[size_t(check)].label;
 }
 
 Level levelOf(Check check) {
-    return rows[std::size_t(check)].level;
+    return rows[size_t(check)].level;
 }
 
 QString placeOf(const Finding &finding) {

@@ -29,7 +29,7 @@ enum class Check : quint8 {
     ExternalRule, // a rule across fields
     GivenUp,      // a rule or pattern that takes too long on this record
 };
-inline constexpr std::size_t checkCount = 20;
+inline constexpr size_t checkCount = 20;
 using Checks = std::bitset<checkCount>;
 inline const Checks allChecks = Checks().set();
 

@@ -36,7 +36,7 @@ RecordTypes recordTypes(QStringView leader) {
         return 0;
     const bool continuing = leader[levelAt] == u's' || leader[levelAt] == u'i';
     RecordTypes types = 0;
-    for (std::size_t i = 0; i < rows.size(); ++i) {
+    for (size_t i = 0; i < rows.size(); ++i) {
         const Row &row = rows[i];
         if ((row.types.isEmpty() || row.types.contains(leader[typeAt])) &&
             (row.issue == Issue::Any || (row.issue == Issue::Continuing) == continuing))
@@ -46,7 +46,7 @@ RecordTypes recordTypes(QStringView leader) {
 }
 
 std::optional<RecordTypes> recordType(QStringView name) {
-    for (std::size_t i = 0; i < rows.size(); ++i) {
+    for (size_t i = 0; i < rows.size(); ++i) {
         if (name == rows[i].chinese || name == rows[i].english)
             return 1U << i;
     }

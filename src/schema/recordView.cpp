@@ -55,7 +55,7 @@ void RecordView::read(const marc::FieldedRecord &record) {
         } else {
             const QStringView indicators = read.beforeSubfields();
             for (qsizetype i = 0; i < qMin(indicators.size(), shownIndicators); ++i)
-                field.indicators[std::size_t(i)] = indicators[i].unicode();
+                field.indicators[size_t(i)] = indicators[i].unicode();
             for (const marc::Subfield part : read.subfields())
                 m_subfields.push_back({part.code.size() == 1 ? part.code[0].unicode() : noCode, part.text, element});
             field.subfieldCount = int(m_subfields.size()) - field.firstSubfield;
@@ -84,7 +84,7 @@ void RecordView::addField(const marc::FieldRow &row, int element) {
         field.value = withBlanks(row.value, shownIndicators);
     } else {
         for (qsizetype i = 0; i < qMin(row.value.size(), shownIndicators); ++i)
-            field.indicators[std::size_t(i)] = unshown(row.value[i]);
+            field.indicators[size_t(i)] = unshown(row.value[i]);
     }
     m_fields.push_back(field);
 }

@@ -42,7 +42,7 @@ public:
 
     const std::vector<Field> &fields() const { return m_fields; } // the leader is first, if there is one
     std::span<const Subfield> subfields(const Field &field) const {
-        return std::span(m_subfields).subspan(std::size_t(field.firstSubfield), std::size_t(field.subfieldCount));
+        return std::span(m_subfields).subspan(size_t(field.firstSubfield), size_t(field.subfieldCount));
     }
 
 private:

@@ -11,7 +11,7 @@
 namespace schema {
 
 enum class Level : quint8 { Error, Warning, Hint };
-inline constexpr std::size_t levelCount = 3;
+inline constexpr size_t levelCount = 3;
 QStringView nameOf(Level level); // 错误, 警告, 提示
 
 // Places in a record: fields by tag, and of them the whole field, an indicator or subfields, or positions in these.

@@ -59,7 +59,7 @@ Path pathOf(QStringView text, const Path *each) {
     Path path;
     path.leader = text.startsWith(u"LDR");
     for (qsizetype i = 0; i < 3 && !path.leader; ++i)
-        path.tag[std::size_t(i)] = text[i] == u'X' ? qint8(-1) : qint8(text[i].unicode() - u'0');
+        path.tag[size_t(i)] = text[i] == u'X' ? qint8(-1) : qint8(text[i].unicode() - u'0');
     if (const qsizetype slash = text.indexOf(u'/'); slash >= 0) {
         const QStringView range = text.sliced(slash + 1);
         const qsizetype hyphen = range.indexOf(u'-');
@@ -102,7 +102,7 @@ private:
     Paths paths();
 
     std::vector<Token> m_tokens;
-    std::size_t m_at = 0;
+    size_t m_at = 0;
     const Path *m_each;
     int m_depth = 0;
     QString m_fault;

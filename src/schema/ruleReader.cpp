@@ -27,7 +27,7 @@ std::optional<QString> readTypes(const QJsonArray &names, RecordTypes &types) {
 } // namespace
 
 QStringView nameOf(Level level) {
-    return levels[std::size_t(level)];
+    return levels[size_t(level)];
 }
 
 bool Path::matchesTag(int number) const {
@@ -36,7 +36,7 @@ bool Path::matchesTag(int number) const {
     if (number < 0)
         return false;
     const std::array<int, 3> digits{number / 100, number / 10 % 10, number % 10};
-    for (std::size_t i = 0; i < digits.size(); ++i) {
+    for (size_t i = 0; i < digits.size(); ++i) {
         if (tag[i] >= 0 && tag[i] != digits[i])
             return false;
     }
@@ -47,7 +47,7 @@ platform::Result<Rule> readRule(const QJsonObject &object) {
     Rule rule{.name = object[u"class"].toString(), .description = object[u"description"].toString()};
     if (rule.description.isEmpty())
         rule.description = rule.name;
-    const QString level = object[u"level"].toString(levels[std::size_t(rule.level)].toString());
+    const QString level = object[u"level"].toString(levels[size_t(rule.level)].toString());
     const auto found = std::ranges::find(levels, QStringView(level));
     if (found == levels.end())
         return platform::Failure{u"level：应为“错误”“警告”或“提示”"_s};

@@ -32,7 +32,7 @@ void RuleRun::run(const RecordView &record, RecordTypes types, bool reportGivenU
     if (!m_walk.begin(record))
         return;
     for (int rule = 0; rule < int(m_rules.size()); ++rule) {
-        if (!(m_rules[std::size_t(rule)].types & types) && m_rules[std::size_t(rule)].types != ~0U)
+        if (!(m_rules[size_t(rule)].types & types) && m_rules[size_t(rule)].types != ~0U)
             continue;
         m_walk.renewBudget();
         check(rule, findings);
@@ -45,7 +45,7 @@ void RuleRun::run(const RecordView &record, RecordTypes types, bool reportGivenU
 }
 
 void RuleRun::check(int number, std::vector<Finding> &findings) {
-    const Rule &rule = m_rules[std::size_t(number)];
+    const Rule &rule = m_rules[size_t(number)];
     const auto checkOnce = [&] {
         m_place = {};
         if (!rule.condition.empty() && !holds(rule.condition[0]))
@@ -60,7 +60,7 @@ void RuleRun::check(int number, std::vector<Finding> &findings) {
         return checkOnce();
     for (int i = 0; i < int(m_walk.fields().size()) && !m_walk.givenUp(); ++i) {
         m_walk.setCurrent(i);
-        if (rule.each[0].matchesTag(m_walk.fields()[std::size_t(i)].tag))
+        if (rule.each[0].matchesTag(m_walk.fields()[size_t(i)].tag))
             checkOnce();
     }
     m_walk.setCurrent(-1);
@@ -69,11 +69,11 @@ void RuleRun::check(int number, std::vector<Finding> &findings) {
 // The place is that of the value that violates the rule, else that of the field that the rule is checked for, else that
 // of the value that made the rule apply; a rule about what is missing may have none.
 Finding RuleRun::violation(int number) const {
-    const Rule &rule = m_rules[std::size_t(number)];
+    const Rule &rule = m_rules[size_t(number)];
     Finding finding{.level = rule.level, .check = Check::ExternalRule, .rule = qint16(number), .value = {}};
     FoundPlace place = m_place;
     if (const int current = m_walk.current(); place.field < 0 && current >= 0)
-        place = {current, noCode, m_walk.fields()[std::size_t(current)].element};
+        place = {current, noCode, m_walk.fields()[size_t(current)].element};
     if (place.field < 0)
         place = m_conditionPlace;
     if (place.field < 0) {
@@ -82,12 +82,12 @@ Finding RuleRun::violation(int number) const {
             finding.tag = qint16(paths[0].tag[0] * 100 + paths[0].tag[1] * 10 + paths[0].tag[2]);
         return finding;
     }
-    const Field &field = m_walk.fields()[std::size_t(place.field)];
+    const Field &field = m_walk.fields()[size_t(place.field)];
     finding.tag = qint16(field.tag);
     finding.code = place.code;
     finding.element = place.element;
     for (int i = 0; i <= place.field; ++i)
-        finding.occurrence += m_walk.fields()[std::size_t(i)].tag == field.tag;
+        finding.occurrence += m_walk.fields()[size_t(i)].tag == field.tag;
     if (field.tag == unknownTag)
         finding.value = field.tagText.left(keptOfValue).toString();
     return finding;

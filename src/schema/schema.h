@@ -55,7 +55,7 @@ struct FieldRules : ValueRules { // the values are those of a flat field
     std::vector<TypedRules> byType;   // apply in addition, to records of the type
 
     const SubfieldRules *subfield(char16_t code) const {
-        return code < byCode.size() && byCode[code] >= 0 ? &subfields[std::size_t(byCode[code])] : nullptr;
+        return code < byCode.size() && byCode[code] >= 0 ? &subfields[size_t(byCode[code])] : nullptr;
     }
 };
 
@@ -68,7 +68,7 @@ struct Schema {
     QStringList ignored;                  // keys of rules that are not in this program's language
 
     const FieldRules *field(int tag) const {
-        return tag >= 0 && byTag[std::size_t(tag)] >= 0 ? &fields[std::size_t(byTag[std::size_t(tag)])] : nullptr;
+        return tag >= 0 && byTag[size_t(tag)] >= 0 ? &fields[size_t(byTag[size_t(tag)])] : nullptr;
     }
 };
 

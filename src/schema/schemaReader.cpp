@@ -72,7 +72,7 @@ void SchemaReader::readField(const QString &tag, const QJsonValue &value) {
     readDefinition(object, field);
     if (field.required)
         m_schema.required.push_back(int(m_schema.fields.size()));
-    m_schema.byTag[std::size_t(field.tag)] = qint16(m_schema.fields.size());
+    m_schema.byTag[size_t(field.tag)] = qint16(m_schema.fields.size());
     m_schema.fields.push_back(std::move(field));
     noteIgnored(object, u"fields."_s + tag);
 }

@@ -6,8 +6,8 @@ namespace schema {
 
 namespace {
 
-constexpr qsizetype keptOfValue = 40;      // characters of a value that a finding keeps
-constexpr std::size_t mostFindings = 1000; // about one record
+constexpr qsizetype keptOfValue = 40; // characters of a value that a finding keeps
+constexpr size_t mostFindings = 1000; // about one record
 
 } // namespace
 
@@ -48,7 +48,7 @@ void Validator::checkField(const RecordView &record, const Field &field) {
     const Place place{.element = field.element};
     const FieldRules *rules = m_schema->field(field.tag);
     m_tag = qint16(field.tag);
-    m_occurrence = field.tag == unknownTag ? 1 : ++m_counts[std::size_t(field.tag)];
+    m_occurrence = field.tag == unknownTag ? 1 : ++m_counts[size_t(field.tag)];
     if (!rules) {
         if (field.tag != leaderTag)
             report(Check::UndefinedField, place, field.tagText);
@@ -78,7 +78,7 @@ void Validator::checkField(const RecordView &record, const Field &field) {
 void Validator::checkIndicators(const Field &field, const FieldRules &rules) {
     for (const int index : {0, 1}) {
         const auto &allowed = rules.indicators[index];
-        const char16_t sign = field.indicators[std::size_t(index)];
+        const char16_t sign = field.indicators[size_t(index)];
         const QStringView value(&sign, sign ? 1 : 0);
         if (!allowed)
             continue;
@@ -114,8 +114,8 @@ void Validator::checkSubfields(std::span<const Subfield> subfields, const FieldR
 
 void Validator::checkMissing() {
     for (const int index : m_schema->required) {
-        const FieldRules &rules = m_schema->fields[std::size_t(index)];
-        if (m_counts[std::size_t(rules.tag)] > 0)
+        const FieldRules &rules = m_schema->fields[size_t(index)];
+        if (m_counts[size_t(rules.tag)] > 0)
             continue;
         m_tag = qint16(rules.tag);
         m_occurrence = 0;

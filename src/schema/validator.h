@@ -38,7 +38,7 @@ private:
     void checkCodes(QStringView value, const CodeListUse &codes, const Place &place, qint16 start);
     void checkFlags(QStringView value, const CodeListUse &flags, const Place &place, qint16 start);
     void report(Check check, const Place &place, QStringView value = {}, qint16 start = -1, qint16 end = -1);
-    bool isOn(Check check) const { return m_checks.test(std::size_t(check)); }
+    bool isOn(Check check) const { return m_checks.test(size_t(check)); }
 
     std::shared_ptr<const Schema> m_schema;
     RuleRun m_rules;

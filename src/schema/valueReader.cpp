@@ -93,7 +93,7 @@ void ValueReader::readPositions(const QJsonObject &object, std::vector<PositionR
         positions.push_back(readPosition(position.key(), position.value().toObject()));
     }
     std::ranges::sort(positions, {}, &PositionRules::start);
-    for (std::size_t i = 1; i < positions.size() && !m_fault.failed(); ++i) {
+    for (size_t i = 1; i < positions.size() && !m_fault.failed(); ++i) {
         if (positions[i].start <= positions[i - 1].end)
             m_fault.report({}, u"字符位%1与前面的重叠"_s.arg(positions[i].start));
     }

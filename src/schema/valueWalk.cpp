@@ -8,7 +8,7 @@ namespace schema {
 namespace {
 
 constexpr qsizetype budget = 2'000'000; // characters looked at by one rule in one record
-constexpr std::size_t mostFields = 30'000;
+constexpr size_t mostFields = 30'000;
 
 } // namespace
 
@@ -22,10 +22,10 @@ bool ValueWalk::begin(const RecordView &record) {
         return false;
     const std::vector<Field> &fields = m_record->fields();
     m_next.assign(fields.size(), -1);
-    for (std::size_t i = fields.size(); i-- > 0;) {
+    for (size_t i = fields.size(); i-- > 0;) {
         if (fields[i].tag == unknownTag)
             continue;
-        qint16 &first = m_first[std::size_t(fields[i].tag)];
+        qint16 &first = m_first[size_t(fields[i].tag)];
         m_next[i] = first;
         first = qint16(i);
     }
@@ -35,7 +35,7 @@ bool ValueWalk::begin(const RecordView &record) {
 void ValueWalk::end() {
     for (const Field &field : m_record->fields()) {
         if (field.tag != unknownTag)
-            m_first[std::size_t(field.tag)] = -1;
+            m_first[size_t(field.tag)] = -1;
     }
 }
 

@@ -67,7 +67,7 @@ QStringView yearIn(QStringView text);
 
 template <class Visit>
 bool ValueWalk::visitField(const Path &path, int index, const Visit &visitor) {
-    const Field &field = m_record->fields()[std::size_t(index)];
+    const Field &field = m_record->fields()[size_t(index)];
     const auto visitValue = [&](QStringView value, char16_t code, int element) {
         if (path.start >= 0) {
             if (path.start >= value.size())
@@ -80,7 +80,7 @@ bool ValueWalk::visitField(const Path &path, int index, const Visit &visitor) {
     case Path::Part::Field:
         return visitValue(field.value, noCode, field.element);
     case Path::Part::Indicator: {
-        const char16_t sign = field.indicators[std::size_t(path.indicator)];
+        const char16_t sign = field.indicators[size_t(path.indicator)];
         return visitValue(QStringView(&sign, 1), noCode, field.element);
     }
     default:
@@ -101,14 +101,14 @@ bool ValueWalk::visit(const Path &path, const Visit &visitor) {
     const bool isExact = path.leader || std::ranges::min(path.tag) >= 0;
     if (isExact) {
         const int tag = path.leader ? leaderTag : path.tag[0] * 100 + path.tag[1] * 10 + path.tag[2];
-        for (int i = m_first[std::size_t(tag)]; i >= 0 && !m_givenUp; i = m_next[std::size_t(i)]) {
+        for (int i = m_first[size_t(tag)]; i >= 0 && !m_givenUp; i = m_next[size_t(i)]) {
             if (visitField(path, i, visitor))
                 return true;
         }
         return false;
     }
     for (int i = 0; i < int(m_record->fields().size()) && !m_givenUp; ++i) {
-        if (path.matchesTag(m_record->fields()[std::size_t(i)].tag) && visitField(path, i, visitor))
+        if (path.matchesTag(m_record->fields()[size_t(i)].tag) && visitField(path, i, visitor))
             return true;
     }
     return false;

@@ -27,7 +27,7 @@ Charset charsetOf(FileEncoding guessed) {
 } // namespace
 
 QStringView caption(SourceEncoding choice) {
-    return sourceEncodings.at(std::size_t(choice)).caption;
+    return sourceEncodings.at(size_t(choice)).caption;
 }
 
 bool isAvailable(SourceEncoding choice) {

@@ -19,7 +19,7 @@ struct Noted {
 };
 
 struct TidyResult {
-    static constexpr std::size_t mostListed = 500;
+    static constexpr size_t mostListed = 500;
 
     marc::FileEncoding encoding = marc::FileEncoding::Unknown; // as detected
     bool doubtful = false;                                     // the detected encoding is uncertain

@@ -22,7 +22,7 @@ QString shownText(const QString &text) {
 
 FlexGridModel::FlexGridModel(int columns, QObject *parent)
     : QAbstractTableModel(parent)
-    , m_columns(std::size_t(std::max(columns, 1))) {
+    , m_columns(size_t(std::max(columns, 1))) {
     m_pace.setSingleShot(true);
     m_pace.setInterval(frameMilliseconds);
     connect(&m_pace, &QTimer::timeout, this, &FlexGridModel::announce);
@@ -42,7 +42,7 @@ void FlexGridModel::setDataRows(int count) {
         const int end = dataRows();
         std::erase_if(m_overrides, [end](const auto &entry) { return entry.first >= end; });
     } else {
-        m_rows.resize(std::size_t(m_leastRows));
+        m_rows.resize(size_t(m_leastRows));
     }
     announce();
 }
@@ -69,10 +69,10 @@ void FlexGridModel::sourceHasGrown() {
 const FlexGridModel::Cell *FlexGridModel::find(int row, int column) const {
     const Row *cells = nullptr;
     if (!m_source)
-        cells = m_rows[std::size_t(row)].get();
+        cells = m_rows[size_t(row)].get();
     else if (const auto found = m_overrides.find(row); found != m_overrides.end())
         cells = &found->second;
-    const auto at = std::size_t(column);
+    const auto at = size_t(column);
     return cells && at < cells->size() ? &(*cells)[at] : nullptr;
 }
 
@@ -81,12 +81,12 @@ FlexGridModel::Cell &FlexGridModel::touch(int row, int column) {
     if (m_source) {
         cells = &m_overrides[row];
     } else {
-        std::unique_ptr<Row> &own = m_rows[std::size_t(row)];
+        std::unique_ptr<Row> &own = m_rows[size_t(row)];
         if (!own)
             own = std::make_unique<Row>();
         cells = own.get();
     }
-    const auto at = std::size_t(column);
+    const auto at = size_t(column);
     if (at >= cells->size())
         cells->resize(at + 1);
     return (*cells)[at];
@@ -200,7 +200,7 @@ void FlexGridModel::sourceChanged(int row, int column) {
 void FlexGridModel::clear() {
     showOnly(std::nullopt);
     m_rows.clear();
-    m_rows.resize(std::size_t(m_announced));
+    m_rows.resize(size_t(m_announced));
     m_source.reset();
     m_overrides.clear();
     if (m_announced > 0)
@@ -225,27 +225,27 @@ void FlexGridModel::bind(std::shared_ptr<const platform::TableSource> source) {
 }
 
 QString FlexGridModel::heading(int column) const {
-    return column >= 0 && column < columnCount() ? m_columns[std::size_t(column)].heading : QString();
+    return column >= 0 && column < columnCount() ? m_columns[size_t(column)].heading : QString();
 }
 
 void FlexGridModel::setHeading(int column, const QString &text) {
     if (column < 0 || column >= columnCount() || heading(column) == text)
         return;
-    m_columns[std::size_t(column)].heading = text;
+    m_columns[size_t(column)].heading = text;
     Q_EMIT headerDataChanged(Qt::Horizontal, column, column);
 }
 
 void FlexGridModel::setHeadingAlignment(int column, Qt::Alignment alignment) {
     if (column < 0 || column >= columnCount())
         return;
-    m_columns[std::size_t(column)].headingAlignment = alignment;
+    m_columns[size_t(column)].headingAlignment = alignment;
     Q_EMIT headerDataChanged(Qt::Horizontal, column, column);
 }
 
 void FlexGridModel::setColumnAlignment(int column, Qt::Alignment alignment) {
     if (column < 0 || column >= columnCount())
         return;
-    m_columns[std::size_t(column)].alignment = alignment;
+    m_columns[size_t(column)].alignment = alignment;
     if (m_announced > 0)
         Q_EMIT dataChanged(index(0, column), index(m_announced - 1, column));
 }
@@ -279,7 +279,7 @@ QVariant FlexGridModel::data(const QModelIndex &index, int role) const {
     if (role == Qt::DisplayRole)
         return shownText(text(row, index.column()));
     if (role == Qt::TextAlignmentRole)
-        return QVariant::fromValue(m_columns[std::size_t(index.column())].alignment);
+        return QVariant::fromValue(m_columns[size_t(index.column())].alignment);
     if (role == Qt::BackgroundRole || role == Qt::ForegroundRole) {
         const std::optional<quint32> colour = background(row, index.column());
         if (!colour)
@@ -293,7 +293,7 @@ QVariant FlexGridModel::data(const QModelIndex &index, int role) const {
 QVariant FlexGridModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation != Qt::Horizontal || section < 0 || section >= columnCount())
         return {};
-    const Column &column = m_columns[std::size_t(section)];
+    const Column &column = m_columns[size_t(section)];
     if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
         return column.heading;
     if (role == Qt::TextAlignmentRole)

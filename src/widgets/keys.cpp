@@ -2,6 +2,8 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 
+using namespace Qt::StringLiterals;
+
 namespace widgets {
 
 namespace {
@@ -24,9 +26,9 @@ public:
 } // namespace
 
 void sendTab(QWidget *from) {
-    QKeyEvent press(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier, QStringLiteral("\t"));
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier, u"\t"_s);
     QCoreApplication::sendEvent(from, &press);
-    QKeyEvent release(QEvent::KeyRelease, Qt::Key_Tab, Qt::NoModifier, QStringLiteral("\t"));
+    QKeyEvent release(QEvent::KeyRelease, Qt::Key_Tab, Qt::NoModifier, u"\t"_s);
     QCoreApplication::sendEvent(from, &release);
 }
 

@@ -18,8 +18,8 @@ constexpr char32_t planeEnd = 0x10000;
 
 // Qt's own search from the end reads before the first byte, where no memory may be mapped.
 qsizetype lastIndexOf(QByteArrayView bytes, std::string_view wanted, qsizetype from = -1) {
-    const std::string_view text(bytes.data(), std::size_t(bytes.size()));
-    const std::size_t found = text.rfind(wanted, from < 0 ? std::string_view::npos : std::size_t(from));
+    const std::string_view text(bytes.data(), size_t(bytes.size()));
+    const size_t found = text.rfind(wanted, from < 0 ? std::string_view::npos : size_t(from));
     return found == std::string_view::npos ? -1 : qsizetype(found);
 }
 
@@ -193,7 +193,7 @@ void DrawnCharacters::add(QStringView text) {
 
 QString DrawnCharacters::all() const {
     QString characters;
-    for (std::size_t code = 0; code < m_drawn.size(); ++code) {
+    for (size_t code = 0; code < m_drawn.size(); ++code) {
         if (m_drawn[code])
             characters += QChar(char16_t(code));
     }
@@ -203,7 +203,7 @@ QString DrawnCharacters::all() const {
 void addSameGlyphs(SameGlyph &found, const DrawnCharacters &drawn, const QFont &font, const QPaintDevice *device) {
     for (const FaceGlyphs &face : facesOf(drawn.all(), font, device)) {
         const std::vector<quint32> glyphs = glyphsOf(face.font);
-        for (std::size_t code = 0; code < glyphs.size(); ++code) {
+        for (size_t code = 0; code < glyphs.size(); ++code) {
             const auto same = face.drawn.find(glyphs[code]);
             if (glyphs[code] != 0 && same != face.drawn.end() && !drawn.contains(char16_t(code)))
                 found.insert(char16_t(code), *same);

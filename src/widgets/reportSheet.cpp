@@ -31,7 +31,7 @@ ReportSheet::ReportSheet(const BandedReport &report, const QPrinter &printer)
     , m_body(report.bodyFont, &printer) {
     placeColumns();
     m_titleLines = m_title.wrapped(report.title, m_page.width());
-    for (std::size_t at = 0; at < m_columns.size(); ++at)
+    for (size_t at = 0; at < m_columns.size(); ++at)
         m_heads.push_back(m_head.wrapped(report.columns[at].heading, m_columns[at].width));
     m_top = double(m_titleLines.size()) * m_title.lineHeight + double(lineCount(m_heads)) * m_head.lineHeight +
             3 * points(gap);
@@ -75,7 +75,7 @@ bool ReportSheet::place(int count) {
 // Returns as many lines as cells() makes. For most texts the fast test is enough.
 qsizetype ReportSheet::linesOf(int row) {
     qsizetype lines = 1;
-    for (std::size_t at = 0; at < m_columns.size(); ++at) {
+    for (size_t at = 0; at < m_columns.size(); ++at) {
         const QString text = m_report.rows->text(row, m_report.columns[at].source);
         if (!m_body.surelyOneLine(text, m_columns[at].width))
             lines = std::max(lines, m_body.wrapped(text, m_columns[at].width).size());
@@ -86,14 +86,14 @@ qsizetype ReportSheet::linesOf(int row) {
 ReportSheet::Cells ReportSheet::cells(int row) const {
     Cells result;
     result.reserve(m_columns.size());
-    for (std::size_t at = 0; at < m_columns.size(); ++at)
+    for (size_t at = 0; at < m_columns.size(); ++at)
         result.push_back(m_body.wrapped(m_report.rows->text(row, m_report.columns[at].source), m_columns[at].width));
     return result;
 }
 
 void ReportSheet::drawLines(QPainter &painter, const ReportFace &face, const Cells &cells, qsizetype from,
                             double top) const {
-    for (std::size_t at = 0; at < cells.size(); ++at) {
+    for (size_t at = 0; at < cells.size(); ++at) {
         const Column &column = m_columns[at];
         const qsizetype end = std::min(cells[at].size(), from + m_linesOfPage);
         double y = top;
@@ -131,9 +131,9 @@ void ReportSheet::drawFooting(QPainter &painter, int page) const {
 
 void ReportSheet::draw(QPainter &painter, int page) const {
     drawHeading(painter);
-    const PageStart start = m_starts[std::size_t(page)];
+    const PageStart start = m_starts[size_t(page)];
     const bool last = page + 1 == pages();
-    const PageStart end = last ? PageStart{rowCount(), 0} : m_starts[std::size_t(page) + 1];
+    const PageStart end = last ? PageStart{rowCount(), 0} : m_starts[size_t(page) + 1];
     double y = m_top;
     for (int row = start.row; row < end.row || (row == end.row && end.line > 0); ++row) {
         const Cells lines = cells(row);

@@ -26,7 +26,7 @@ public:
 
 private:
     std::vector<RecordState> m_states{1};
-    std::size_t m_at = 0; // index of the current state
+    size_t m_at = 0; // index of the current state
 };
 
 } // namespace workspace

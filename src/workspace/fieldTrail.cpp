@@ -31,21 +31,21 @@ int likeness(const QString &one, const QString &other) {
 // The alignments of two sequences that keep their order and have the largest sum of likenesses.
 class Alignment {
 public:
-    using Likeness = std::function<int(std::size_t before, std::size_t after)>;
-    Alignment(std::size_t before, std::size_t after, const Likeness &likeness)
+    using Likeness = std::function<int(size_t before, size_t after)>;
+    Alignment(size_t before, size_t after, const Likeness &likeness)
         : m_before(before)
         , m_after(after)
         , m_like(before * after)
         , m_upTo((before + 1) * (after + 1))
         , m_from((before + 1) * (after + 1)) {
-        for (std::size_t i = 0; i < before; ++i)
-            for (std::size_t j = 0; j < after; ++j) {
+        for (size_t i = 0; i < before; ++i)
+            for (size_t j = 0; j < after; ++j) {
                 m_like[i * after + j] = likeness(i, j);
                 m_upTo[place(i + 1, j + 1)] = std::max(
                     {m_upTo[place(i, j + 1)], m_upTo[place(i + 1, j)], m_upTo[place(i, j)] + m_like[i * after + j]});
             }
-        for (std::size_t i = before; i-- > 0;)
-            for (std::size_t j = after; j-- > 0;)
+        for (size_t i = before; i-- > 0;)
+            for (size_t j = after; j-- > 0;)
                 m_from[place(i, j)] = std::max({m_from[place(i + 1, j)], m_from[place(i, j + 1)],
                                                 m_from[place(i + 1, j + 1)] + m_like[i * after + j]});
     }
@@ -54,26 +54,26 @@ public:
 
     // Returns the element that is the partner of `i` in all best alignments. If `i` has no partner in any of them, but
     // it and one other element are alone between two certain pairs, returns that element as a completely rewritten one.
-    std::optional<std::size_t> partner(std::size_t i) const {
+    std::optional<size_t> partner(size_t i) const {
         if (const auto certain = certainPartner(i))
             return certain;
-        std::size_t first = i, last = i; // range of elements around `i` without a certain partner
-        std::optional<std::size_t> above, below;
+        size_t first = i, last = i; // range of elements around `i` without a certain partner
+        std::optional<size_t> above, below;
         while (first > 0 && !(above = certainPartner(first - 1)))
             --first;
         while (last + 1 < m_before && !(below = certainPartner(last + 1)))
             ++last;
-        const std::size_t begin = above ? *above + 1 : 0;
-        const std::size_t end = below.value_or(m_after);
+        const size_t begin = above ? *above + 1 : 0;
+        const size_t end = below.value_or(m_after);
         return first == last && end == begin + 1 ? std::optional(begin) : std::nullopt;
     }
 
 private:
-    std::size_t place(std::size_t i, std::size_t j) const { return i * (m_after + 1) + j; }
+    size_t place(size_t i, size_t j) const { return i * (m_after + 1) + j; }
 
-    std::optional<std::size_t> certainPartner(std::size_t i) const {
-        std::optional<std::size_t> partner;
-        for (std::size_t j = 0; j <= m_after; ++j) {
+    std::optional<size_t> certainPartner(size_t i) const {
+        std::optional<size_t> partner;
+        for (size_t j = 0; j <= m_after; ++j) {
             if (m_upTo[place(i, j)] + m_from[place(i + 1, j)] == best())
                 return std::nullopt; // without a partner in one of the alignments
             if (j < m_after && m_upTo[place(i, j)] + m_like[i * m_after + j] + m_from[place(i + 1, j + 1)] == best()) {
@@ -85,7 +85,7 @@ private:
         return partner;
     }
 
-    std::size_t m_before, m_after;
+    size_t m_before, m_after;
     std::vector<int> m_like;
     std::vector<int> m_upTo, m_from; // best sums for the first i and j elements, and for those from i and j on
 };
@@ -116,11 +116,11 @@ Elements subfieldsOf(const FieldRows &rows, qsizetype field, const QString &iden
 // Compares the subfields, since most fields have the same indicators; a field without subfields is compared by its
 // value.
 int likenessOfFields(const FieldRows &before, qsizetype one, const FieldRows &after, qsizetype other) {
-    const auto size = std::size_t(endOfField(before, one) - one - 1);
-    const auto otherSize = std::size_t(endOfField(after, other) - other - 1);
+    const auto size = size_t(endOfField(before, one) - one - 1);
+    const auto otherSize = size_t(endOfField(after, other) - other - 1);
     if (size == 0 && otherSize == 0)
         return likeness(before[one].value, after[other].value);
-    const auto ofRows = [&](std::size_t i, std::size_t j) {
+    const auto ofRows = [&](size_t i, size_t j) {
         const marc::FieldRow &row = before[one + 1 + qsizetype(i)];
         const marc::FieldRow &otherRow = after[other + 1 + qsizetype(j)];
         return row.identifier == otherRow.identifier ? likeness(row.value, otherRow.value) : 0;
@@ -135,8 +135,8 @@ qsizetype rowsOf(const FieldRows &rows, const Elements &fields) {
     return count;
 }
 
-std::size_t placeIn(const Elements &elements, qsizetype element) {
-    return std::size_t(std::ranges::find(elements, element) - elements.begin());
+size_t placeIn(const Elements &elements, qsizetype element) {
+    return size_t(std::ranges::find(elements, element) - elements.begin());
 }
 
 } // namespace
@@ -151,9 +151,8 @@ std::optional<Trail> followField(const FieldRows &before, const FieldRows &after
     const Elements others = fieldsOf(after, before[field].identifier);
     if (rowsOf(before, fields) * rowsOf(after, others) > mostComparisons)
         return std::nullopt;
-    const Alignment ofFields(fields.size(), others.size(), [&](std::size_t i, std::size_t j) {
-        return likenessOfFields(before, fields[i], after, others[j]);
-    });
+    const Alignment ofFields(fields.size(), others.size(),
+                             [&](size_t i, size_t j) { return likenessOfFields(before, fields[i], after, others[j]); });
     const auto found = ofFields.partner(placeIn(fields, field));
     if (!found)
         return std::nullopt;
@@ -162,7 +161,7 @@ std::optional<Trail> followField(const FieldRows &before, const FieldRows &after
         return Trail{other};
     const Elements subfields = subfieldsOf(before, field, before[element].identifier);
     const Elements otherSubfields = subfieldsOf(after, other, before[element].identifier);
-    const Alignment ofSubfields(subfields.size(), otherSubfields.size(), [&](std::size_t i, std::size_t j) {
+    const Alignment ofSubfields(subfields.size(), otherSubfields.size(), [&](size_t i, size_t j) {
         return likeness(before[subfields[i]].value, after[otherSubfields[j]].value);
     });
     const auto subfield = ofSubfields.partner(placeIn(subfields, element));
@@ -171,7 +170,7 @@ std::optional<Trail> followField(const FieldRows &before, const FieldRows &after
 
 std::optional<Trail> followField(const std::vector<marc::RawRecord> &held, const FieldRows &now, qsizetype element) {
     Trail trail{element};
-    for (std::size_t at = 0; at < held.size(); ++at) {
+    for (size_t at = 0; at < held.size(); ++at) {
         const FieldRows after = at + 1 < held.size() ? marc::showRecord(held[at + 1]).rows : now;
         const auto next = followField(marc::showRecord(held[at]).rows, after, trail.element);
         if (!next)

@@ -19,7 +19,7 @@ int numberIn(const QString &text) {
     return QRegularExpression(u"[0-9]+"_s).match(text).captured().toInt();
 }
 
-class Clusters : public testing::TestWithParam<TestServer> {
+class ClustersTest : public testing::TestWithParam<TestServer> {
 protected:
     TestDatabase database{GetParam()};
     ScriptedHost host;
@@ -83,12 +83,12 @@ protected:
     }
 };
 
-INSTANTIATE_TEST_SUITE_P(Servers, Clusters, testing::Values(TestServer::PostgreSql, TestServer::MariaDb),
+INSTANTIATE_TEST_SUITE_P(Servers, ClustersTest, testing::Values(TestServer::PostgreSql, TestServer::MariaDb),
                          [](const auto &info) { return TestDatabase::nameOf(info.param).toStdString(); });
 
 } // namespace
 
-TEST_P(Clusters, AnImportLosesAndDoublesNothing) {
+TEST_P(ClustersTest, AnImportLosesAndDoublesNothing) {
     const auto records = std::make_shared<marc::PreReadStore>();
     records->setRows(wanted());
     for (int i = 0; i < wanted(); ++i)
@@ -122,7 +122,7 @@ TEST_P(Clusters, AnImportLosesAndDoublesNothing) {
     }
 }
 
-TEST_P(Clusters, AnExportIsWhole) {
+TEST_P(ClustersTest, AnExportIsWhole) {
     fillZsk(wanted());
     catalogue::CatalogueOrder order{u"zskid"_s};
     catalogue::ZSKListFrm window(database.state, host, order, {});
@@ -149,7 +149,7 @@ TEST_P(Clusters, AnExportIsWhole) {
     EXPECT_EQ(numberIn(host.lastBox().text), wanted());
 }
 
-TEST_P(Clusters, AListIsWhole) {
+TEST_P(ClustersTest, AListIsWhole) {
     const int count = wanted() * 10;
     fillZsk(count);
     catalogue::CatalogueOrder order{u"zskid"_s};
@@ -172,7 +172,7 @@ TEST_P(Clusters, AListIsWhole) {
 }
 
 // An isolated node still accepts connections: the program uses no kept connection and no open session on it.
-TEST_P(Clusters, AnIsolatedNodeIsNotUsed) {
+TEST_P(ClustersTest, AnIsolatedNodeIsNotUsed) {
     if (GetParam() != TestServer::MariaDb)
         return;
     auto session = database.open();

@@ -30,14 +30,14 @@ struct Assistant : testing::Test {
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     }
 };
-struct FrmHelpLR000 : Assistant<assist::frmHelpLR000, &assist::frmHelpLR000::publicTouBiao> {
-    FrmHelpLR000() { open(u"00960NAM0 2200277   450 "_s); }
+struct FrmHelpLR000Test : Assistant<assist::frmHelpLR000, &assist::frmHelpLR000::publicTouBiao> {
+    FrmHelpLR000Test() { open(u"00960NAM0 2200277   450 "_s); }
 };
-using FrmHelpLR100 = Assistant<assist::frmHelpLR100, &assist::frmHelpLR100::public100ZD>;
+using FrmHelpLR100Test = Assistant<assist::frmHelpLR100, &assist::frmHelpLR100::public100ZD>;
 
 } // namespace
 
-TEST_F(FrmHelpLR000, FillsTheLeaderByKeyboardAlone) {
+TEST_F(FrmHelpLR000Test, FillsTheLeaderByKeyboardAlone) {
     EXPECT_EQ(window.textMarc->text(), u"?????nAM0#22?????###450#");
     EXPECT_TRUE(window.richTextTS->toPlainText().startsWith(u"新记录（包括"));
 
@@ -62,7 +62,7 @@ TEST_F(FrmHelpLR000, FillsTheLeaderByKeyboardAlone) {
 }
 
 // Each key with what it changes in the window.
-TEST_F(FrmHelpLR000, EachKeyChangesOnlyWhatBelongsToIt) {
+TEST_F(FrmHelpLR000Test, EachKeyChangesOnlyWhatBelongsToIt) {
     WindowState state(window);
     static const QRegularExpression longText(u"以一册[^;]*"_s);
     const std::pair<Qt::Key, QString> steps[] = {
@@ -98,7 +98,7 @@ TEST_F(FrmHelpLR000, EachKeyChangesOnlyWhatBelongsToIt) {
     }
 }
 
-TEST_F(FrmHelpLR000, AsksAboutCodesThatItDoesNotKnow) {
+TEST_F(FrmHelpLR000Test, AsksAboutCodesThatItDoesNotKnow) {
     CodeBox *type = window.Text1[2];
     for (const Answer answer : {Answer::Yes, Answer::No}) {
         type->setFocus();
@@ -113,7 +113,7 @@ TEST_F(FrmHelpLR000, AsksAboutCodesThatItDoesNotKnow) {
     EXPECT_EQ(window.textMarc->text(), u"?????nxm0#22?????###450#");
 }
 
-TEST_F(FrmHelpLR000, TheMouseChoosesAndDismisses) {
+TEST_F(FrmHelpLR000Test, TheMouseChoosesAndDismisses) {
     QTest::mouseClick(window.LabShuoMing[3], Qt::LeftButton);
     EXPECT_EQ(window.focusWidget(), window.Text1[3]);
     doubleClick(window.listLx, u"s="_s);
@@ -136,7 +136,7 @@ TEST_F(FrmHelpLR000, TheMouseChoosesAndDismisses) {
     EXPECT_EQ(window.listLx->currentItem()->text(), u"#=完全级");
 }
 
-TEST_F(FrmHelpLR000, AnInputMethodTypesAtTheEndOfTheComposition) {
+TEST_F(FrmHelpLR000Test, AnInputMethodTypesAtTheEndOfTheComposition) {
     QInputMethodEvent composing(u"x"_s, {});
     QCoreApplication::sendEvent(window.Text1[1], &composing);
     EXPECT_EQ(window.Text1[1]->text(), u"n");
@@ -146,7 +146,7 @@ TEST_F(FrmHelpLR000, AnInputMethodTypesAtTheEndOfTheComposition) {
     EXPECT_EQ(window.Text1[1]->text(), u"d");
 }
 
-TEST_F(FrmHelpLR100, TestsFullBoxesOnAFurtherKey) {
+TEST_F(FrmHelpLR100Test, TestsFullBoxesOnAFurtherKey) {
     open({});
     CodeBox *language = window.Text1[9];
     language->setFocus();
@@ -162,7 +162,7 @@ TEST_F(FrmHelpLR100, TestsFullBoxesOnAFurtherKey) {
     EXPECT_EQ(window.confirmed, u"????????##############xxx###########");
 }
 
-TEST_F(FrmHelpLR100, SomeListsAreOnlyForReading) {
+TEST_F(FrmHelpLR100Test, SomeListsAreOnlyForReading) {
     open(u"19980512d1998    km y0chiy1001  50ea"_s);
     QTest::mouseClick(window.LabShuoMing[4], Qt::LeftButton);
     EXPECT_EQ(window.focusWidget(), window.Text1[1]);
@@ -179,7 +179,7 @@ TEST_F(FrmHelpLR100, SomeListsAreOnlyForReading) {
     EXPECT_EQ(window.textMarc->text(), u"????????d1998####km#y0chiy1001##50ka");
 }
 
-TEST_F(FrmHelpLR100, EditReturnsTheConfirmedTextAndNothingAfterACancel) {
+TEST_F(FrmHelpLR100Test, EditReturnsTheConfirmedTextAndNothingAfterACancel) {
     for (const int button : {0, 1, -1}) {
         QTimer::singleShot(0, qApp, [button] {
             auto *window = qobject_cast<assist::frmHelpLR100 *>(QApplication::activeModalWidget());

@@ -29,13 +29,13 @@ QStringList found(const database::SessionState &state, const QStringList &record
 
 } // namespace
 
-class DuplicatesOnServers : public testing::TestWithParam<TestServer> {};
+class DuplicatesOnServersTest : public testing::TestWithParam<TestServer> {};
 
-INSTANTIATE_TEST_SUITE_P(Servers, DuplicatesOnServers,
+INSTANTIATE_TEST_SUITE_P(Servers, DuplicatesOnServersTest,
                          testing::Values(TestServer::Sqlite, TestServer::PostgreSql, TestServer::MariaDb),
                          [](const auto &info) { return TestDatabase::nameOf(info.param).toStdString(); });
 
-TEST_P(DuplicatesOnServers, AreFoundByIsbnOrByTitleAndAuthor) {
+TEST_P(DuplicatesOnServersTest, AreFoundByIsbnOrByTitleAndAuthor) {
     const TestDatabase database(GetParam());
     EXPECT_EQ(found(database.state, {u"010=  $a7-02-001259-0"_s}), QStringList()); // empty tables
     // Keys far apart, further than the range of one query.
@@ -69,7 +69,7 @@ TEST_P(DuplicatesOnServers, AreFoundByIsbnOrByTitleAndAuthor) {
 }
 
 // Keys at the limits of their type, as far apart as a distributed database may assign them.
-TEST_P(DuplicatesOnServers, AreFoundUnderAnyKey) {
+TEST_P(DuplicatesOnServersTest, AreFoundUnderAnyKey) {
     const TestDatabase database(GetParam());
     if (GetParam() != TestServer::Sqlite)
         database.run(GetParam() == TestServer::MariaDb ? u"alter table zsk modify zskid bigint"_s

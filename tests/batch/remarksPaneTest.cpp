@@ -8,7 +8,7 @@ using namespace batch;
 
 namespace {
 
-struct Pane : testing::Test {
+struct RemarksPaneTest : testing::Test {
     ScriptedHost host;
     TestDatabase database;
     std::shared_ptr<marc::PreReadStore> records = std::make_shared<marc::PreReadStore>();
@@ -16,7 +16,7 @@ struct Pane : testing::Test {
     std::unique_ptr<RemarksPane> pane;
     QList<marc::FieldPlace> jumps;
 
-    Pane() {
+    RemarksPaneTest() {
         database.run(u"insert into zsk (zskid,isbn,bookname) values (9,'9787020012596','呐喊')"_s);
         for (int row = 0; row < 3; ++row)
             put(row);
@@ -64,7 +64,7 @@ struct Pane : testing::Test {
 
 } // namespace
 
-TEST_F(Pane, ProofsLooksUpAndJumpsToTheRecord) {
+TEST_F(RemarksPaneTest, ProofsLooksUpAndJumpsToTheRecord) {
     QStringList said;
     host.onYield = [&] {
         said.append(proof().words->pacedText());
@@ -108,7 +108,7 @@ TEST_F(Pane, ProofsLooksUpAndJumpsToTheRecord) {
 }
 
 // The remark that sorts first is found last: the search cannot reach its server.
-TEST_F(Pane, BeginsWithTheFirstRowUnlessTheUserChoseAnother) {
+TEST_F(RemarksPaneTest, BeginsWithTheFirstRowUnlessTheUserChoseAnother) {
     database.state.connectionString = u"Driver=SQLite3;Database=/nowhere/none.db;NoCreat=1;"_s;
     pane->proofAll();
     EXPECT_EQ(proof().grid->text(proof().grid->row(), 2), u"未能检查"_s);
@@ -123,7 +123,7 @@ TEST_F(Pane, BeginsWithTheFirstRowUnlessTheUserChoseAnother) {
     EXPECT_EQ(proof().grid->row(), 3);
 }
 
-TEST_F(Pane, StopsAtOnceAndBeginsAgain) {
+TEST_F(RemarksPaneTest, StopsAtOnceAndBeginsAgain) {
     inFile = 376;
     host.onYield = [&, yields = 0]() mutable {
         if (++yields == 2)
@@ -146,7 +146,7 @@ TEST_F(Pane, StopsAtOnceAndBeginsAgain) {
 }
 
 // Each during the proof and during the look-up.
-TEST_F(Pane, ContinuesHiddenAndEndsWithItsWorkspace) {
+TEST_F(RemarksPaneTest, ContinuesHiddenAndEndsWithItsWorkspace) {
     QSignalSpy ended(pane.get(), &RemarksPane::ended);
     at(2, [this] { pane->hide(); });
     pane->proofAll();
@@ -163,7 +163,7 @@ TEST_F(Pane, ContinuesHiddenAndEndsWithItsWorkspace) {
     }
 }
 
-TEST_F(Pane, KeepsRefusedRecordsNextToTheRemarks) {
+TEST_F(RemarksPaneTest, KeepsRefusedRecordsNextToTheRemarks) {
     EXPECT_TRUE(pane->isEmpty());
     pane->listRefused({.refused = {{2, u"重复的\n键"_s}, {1, u"太长"_s}}});
     RemarkTable &refused = *pane->refusedTable;

@@ -30,7 +30,7 @@ using Groups = QList<QList<Asked>>; // all conditions of at least one group must
 using Book = std::array<QString, 2>; // title and author
 
 bool meets(const Book &book, const Asked &asked) {
-    const QString &text = book[std::size_t(asked.field)];
+    const QString &text = book[size_t(asked.field)];
     return asked.fuhao == 0 ? text == asked.value : asked.fuhao == 1 ? text != asked.value : text.contains(asked.value);
 }
 
@@ -76,7 +76,7 @@ public:
         case 2:
             m_dialog.cOrderby->setCurrentIndex(0); // if one is left
             if (m_dialog.cOrderby->currentIndex() >= 0)
-                QTest::keyClick(m_dialog.Label3[std::size_t(m_dice.below(2))], Qt::Key_Space);
+                QTest::keyClick(m_dialog.Label3[size_t(m_dice.below(2))], Qt::Key_Space);
             return;
         case 3:
         case 4:

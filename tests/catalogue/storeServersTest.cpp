@@ -7,7 +7,7 @@ using namespace catalogue;
 
 namespace {
 
-struct StoreOnServer : testing::TestWithParam<TestServer> {
+struct StoreOnServerTest : testing::TestWithParam<TestServer> {
     // Adds rows with consecutive keys from 1; every third row is from this import.
     void addRows(int count) const {
         database.run(u"insert into taoluTable (zskid,bookname,author) with d as (select 0 as i union all select 1 "
@@ -29,10 +29,10 @@ struct StoreOnServer : testing::TestWithParam<TestServer> {
                      .lastImport = [this] { return imported; },
                      .showCard = [](const QString &, const auto &) {}}};
 };
-ON_ALL_SERVERS(StoreOnServer);
+ON_ALL_SERVERS(StoreOnServerTest);
 
 // Keys as a cluster of three nodes assigns them: none adjacent, with other users' rows in between.
-TEST_P(StoreOnServer, DeletesTheRowsOfThisImportAndNoOthers) {
+TEST_P(StoreOnServerTest, DeletesTheRowsOfThisImportAndNoOthers) {
     constexpr int rows = 90'000;
     addRows(rows);
     for (qint64 key = 3; key <= rows; key += 3)

@@ -4,7 +4,7 @@
 
 using database::Connection;
 
-class Inserts : public testing::TestWithParam<TestServer> {
+class InsertsTest : public testing::TestWithParam<TestServer> {
 protected:
     static QString insertOf(const QString &title) { return u"insert  taolutable (bookname) values ('" + title + u"')"; }
 
@@ -53,9 +53,9 @@ protected:
     TestDatabase database{GetParam()};
 };
 
-ON_ALL_SERVERS(Inserts);
+ON_ALL_SERVERS(InsertsTest);
 
-TEST_P(Inserts, ARefusedOneIsSentOnce) {
+TEST_P(InsertsTest, ARefusedOneIsSentOnce) {
     const bool sqlite = GetParam() == TestServer::Sqlite;
     auto other = database.open(), connection = database.open(u"StatementTimeout=1;Timeout=100;"_s);
     for (const QString &statement : refusals())

@@ -37,7 +37,7 @@ TEST(ResultTable, ReturnsWhatWasStored) {
     }
     ASSERT_EQ(table.rowCount(), rows);
     for (int cell = 0; cell < rows * columns; ++cell) {
-        const int kind = kinds[std::size_t(cell)];
+        const int kind = kinds[size_t(cell)];
         ASSERT_EQ(table.text(cell / columns, cell % columns), texts.value(kind)) << cell;
         ASSERT_EQ(table.isNull(cell / columns, cell % columns), kind == texts.size()) << cell;
     }

@@ -3,7 +3,7 @@
 
 using database::Connection;
 
-class Statements : public testing::TestWithParam<TestServer> {
+class StatementsTest : public testing::TestWithParam<TestServer> {
 protected:
     TestDatabase database{GetParam()};
 
@@ -21,9 +21,9 @@ protected:
     }
 };
 
-ON_ALL_SERVERS(Statements);
+ON_ALL_SERVERS(StatementsTest);
 
-TEST_P(Statements, ImportedTextsAreReadUnchanged) {
+TEST_P(StatementsTest, ImportedTextsAreReadUnchanged) {
     const QStringList texts = {
         u"O'Neil''s [书   名] \"x\" `y` convert(varchar(10),a,111) Like"_s,
         u"C:\\路径\\"_s,
@@ -52,7 +52,7 @@ TEST_P(Statements, ImportedTextsAreReadUnchanged) {
     }
 }
 
-TEST_P(Statements, AResultOfManyRowsIsComplete) {
+TEST_P(StatementsTest, AResultOfManyRowsIsComplete) {
     for (int i = 1; i <= 700; ++i) // more than one block, with titles longer than the declared width
         database.run(u"insert into zsk (zskid,bookname) values (" + QString::number(i) + u",'" +
                      (GetParam() == TestServer::Sqlite && i == 600 ? QString(5000, u'长') : QString(i % 190, u'书')) +
@@ -67,7 +67,7 @@ TEST_P(Statements, AResultOfManyRowsIsComplete) {
     }
 }
 
-TEST_P(Statements, DatesCompareAsTextOfStyle111) {
+TEST_P(StatementsTest, DatesCompareAsTextOfStyle111) {
     addBooks({u"1,'a','2005-03-01'", u"2,'b','2005-03-31 23:59:59'", u"3,'c','2005-12-09'", u"4,'d','2004-02-29'",
               u"5,'e',null"});
     const std::pair<QStringView, QString> cases[] = {
@@ -87,7 +87,7 @@ TEST_P(Statements, DatesCompareAsTextOfStyle111) {
         u"2004/02/29 2005/03/01 2005/03/31 2005/12/09"_s);
 }
 
-TEST_P(Statements, LikeFindsWithoutRegardToCaseAndWithoutEscapes) {
+TEST_P(StatementsTest, LikeFindsWithoutRegardToCaseAndWithoutEscapes) {
     addBooks({u"1,'xABCy',null", u"2,'50% [中国]_a\\b',null", u"3,'it''s Like 中国',null"});
     const QList<std::pair<QString, QString>> cases = {
         {u"%abc%"_s, u"1"_s}, {u"%中国%"_s, u"2 3"_s}, {u"%a\\b%"_s, u"2"_s},  {u"%B\\%"_s, {}},
@@ -98,7 +98,7 @@ TEST_P(Statements, LikeFindsWithoutRegardToCaseAndWithoutEscapes) {
             << pattern.toStdString();
 }
 
-TEST_P(Statements, DeletionsDeleteExactlyTheirRows) {
+TEST_P(StatementsTest, DeletionsDeleteExactlyTheirRows) {
     for (int i = 0; i < 4; ++i)
         database.run(u"insert  taolutable (bookname,pages) values ('书" + QString::number(i) + u"',0)");
     const QString left = u"select bookname from taoluTable order by bookname"_s;
@@ -117,7 +117,7 @@ TEST_P(Statements, DeletionsDeleteExactlyTheirRows) {
     EXPECT_EQ(database.selected(left), QString());
 }
 
-TEST_P(Statements, AFaultHasItsNumberAndTheServersText) {
+TEST_P(StatementsTest, AFaultHasItsNumberAndTheServersText) {
     auto connection = database.open();
     for (const QStringView statement :
          {u"select zskid from nosuch", u"select nosuch from zsk", u"insert  nosuch (a) values (1)"}) {

@@ -98,7 +98,7 @@ private:
 
 } // namespace
 
-class Drivers : public testing::TestWithParam<Kind> {
+class DriversTest : public testing::TestWithParam<Kind> {
 protected:
     // Ends the sessions that connection pools keep, and waits until the end reaches this process.
     void endSessions() const {
@@ -117,10 +117,10 @@ protected:
     TestDatabase database{GetParam().server};
 };
 
-INSTANTIATE_TEST_SUITE_P(Kinds, Drivers, testing::ValuesIn(kinds),
+INSTANTIATE_TEST_SUITE_P(Kinds, DriversTest, testing::ValuesIn(kinds),
                          [](const auto &info) { return info.param.library.section(u'.', 0, 0).toStdString(); });
 
-TEST_P(Drivers, KeepEveryByteUnderAnyName) {
+TEST_P(DriversTest, KeepEveryByteUnderAnyName) {
     QList<QByteArray> lines = bytesOf(QStringLiteral(SAMPLE_FILE)).split('\n');
     lines.removeAll({});
     ASSERT_EQ(lines.size(), 376);

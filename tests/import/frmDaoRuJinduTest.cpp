@@ -11,12 +11,12 @@ using namespace importing;
 namespace {
 
 // A list of records and a database whose titles are unique, so that inserting a repeated title fails.
-struct ImportWindow : testing::Test {
+struct FrmDaoRuJinduTest : testing::Test {
     ScriptedHost host;
     TestDatabase database;
     std::shared_ptr<marc::PreReadStore> records = std::make_shared<marc::PreReadStore>();
 
-    ImportWindow() { database.run(u"create unique index once on taoluTable (bookname)"_s); }
+    FrmDaoRuJinduTest() { database.run(u"create unique index once on taoluTable (bookname)"_s); }
     QStringList stored() { return database.column(u"select bookname from taoluTable order by zskid"_s); }
     void list(const QStringList &titles) {
         for (int i = 0; i < titles.size(); ++i)
@@ -32,7 +32,7 @@ struct ImportWindow : testing::Test {
 
 } // namespace
 
-TEST_F(ImportWindow, RunsOnceAndReportsEachStep) {
+TEST_F(FrmDaoRuJinduTest, RunsOnceAndReportsEachStep) {
     list({u"甲"_s, u"甲"_s, u"丙's"_s});
     frmDaoRuJindu window(host, database.state, records);
     QStringList said;
@@ -68,7 +68,7 @@ TEST_F(ImportWindow, RunsOnceAndReportsEachStep) {
 }
 
 // The empty row after the record that is left out repeats the result before it.
-TEST_F(ImportWindow, LeavesOutTheRecordsThatTheUserDoesNotWant) {
+TEST_F(FrmDaoRuJinduTest, LeavesOutTheRecordsThatTheUserDoesNotWant) {
     list({u"甲"_s, u"乙"_s, u"丙"_s, u"丁"_s});
     frmDaoRuJindu window(host, database.state, records);
     window.leaveOut({{1, {}}, {3, {}}});
@@ -78,7 +78,7 @@ TEST_F(ImportWindow, LeavesOutTheRecordsThatTheUserDoesNotWant) {
     EXPECT_TRUE(window.refused().empty() && window.wentIn() == 2 && window.taken() == 5);
 }
 
-TEST_F(ImportWindow, StopsAfterTheCurrentRecord) {
+TEST_F(FrmDaoRuJinduTest, StopsAfterTheCurrentRecord) {
     list({u"甲"_s, u"乙"_s, u"丙"_s});
     frmDaoRuJindu window(host, database.state, records);
     host.onYield = [&] { window.cmdStop->click(); };
@@ -90,7 +90,7 @@ TEST_F(ImportWindow, StopsAfterTheCurrentRecord) {
 
 // Each failure shows a box. Its check box silences the same message for the rest of the run; the next run shows it
 // again.
-TEST_F(ImportWindow, ReportsFailuresAndContinues) {
+TEST_F(FrmDaoRuJinduTest, ReportsFailuresAndContinues) {
     list({u"甲"_s, u"乙"_s, u"丙"_s, u"丁"_s});
     records->setRecord(2, u"00026nam0 2200025   450 2001\x1E\x1D"_s); // a damaged directory
     const QString damaged = u"当前marc数据地址目次区数据出现错误！"_s;

@@ -5,7 +5,7 @@
 #include "support/recordText.h"
 #include "support/scriptedHost.h"
 
-class ImportIntoServers : public testing::TestWithParam<TestServer> {
+class ImportIntoServersTest : public testing::TestWithParam<TestServer> {
 protected:
     bool import(const QString &title) {
         return importing::daoruRecord(recordWith(title), database.state, boxes).wentIn;
@@ -19,9 +19,9 @@ protected:
     platform::RunBoxes boxes{host};
 };
 
-ON_ALL_SERVERS(ImportIntoServers);
+ON_ALL_SERVERS(ImportIntoServersTest);
 
-TEST_P(ImportIntoServers, AnInsertedRowIsKnownByItsKey) {
+TEST_P(ImportIntoServersTest, AnInsertedRowIsKnownByItsKey) {
     EXPECT_TRUE(import(u"一"_s));
     const importing::Daoru done = importing::daoruRecord(recordWith(u"二"_s), database.state, boxes);
     EXPECT_EQ(database.selected(u"select zskid from taoluTable where bookname='二'"_s),
@@ -30,7 +30,7 @@ TEST_P(ImportIntoServers, AnInsertedRowIsKnownByItsKey) {
 
 // Titles made of the 324 characters whose low byte looks like that of a surrogate. scripts/check-memory runs this test
 // with more records under a memory checker, because heap damage by a driver shows nowhere else.
-TEST_P(ImportIntoServers, TitlesThatLookLikeHalvesOfPairsGoInWhole) {
+TEST_P(ImportIntoServersTest, TitlesThatLookLikeHalvesOfPairsGoInWhole) {
     const int count = qEnvironmentVariableIsSet("RECORDS") ? qEnvironmentVariableIntValue("RECORDS") : 100;
     QStringList titles;
     for (int i = 0; i < count; ++i) {
@@ -44,7 +44,7 @@ TEST_P(ImportIntoServers, TitlesThatLookLikeHalvesOfPairsGoInWhole) {
 }
 
 // A statement is never sent truncated: text after a NUL would be lost, and the rest might be a complete statement.
-TEST_P(ImportIntoServers, ARecordWithANulIsRefusedAsAWhole) {
+TEST_P(ImportIntoServersTest, ARecordWithANulIsRefusedAsAWhole) {
     EXPECT_FALSE(import(u"甲乙"_s + QChar(0) + u'丙'));
     auto connection = database.open();
     const auto cut = connection.value().execute(u"delete from taoluTable"_s + QChar(0) + u" where zskid=0");
@@ -111,7 +111,7 @@ TEST(ImportIntoPostgreSql, ALostAnswerIsLookedUpInTheTable) {
 }
 
 // A killed import leaves complete rows in order, and the table accepts further rows.
-TEST_P(ImportIntoServers, AKilledRunLeavesCompleteRows) {
+TEST_P(ImportIntoServersTest, AKilledRunLeavesCompleteRows) {
     const auto title = [](int i) -> QString { return u"书"_s.repeated(1 + i % 40) + QString::number(i); };
     const auto count = [this] { return database.selected(u"select count(*) from taoluTable"_s).toInt(); };
     for (const int atLeast : {5, 60, 200}) {

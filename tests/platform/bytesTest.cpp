@@ -33,7 +33,7 @@ TEST(Bytes, AreCountedAndKept) {
     for (const auto &[bytes, view] : kept)
         ASSERT_EQ(view, bytes) << bytes.size();
     std::ranges::sort(kept, std::ranges::less{}, [](const auto &pair) { return pair.second.data(); });
-    for (std::size_t i = 1; i < kept.size(); ++i)
+    for (size_t i = 1; i < kept.size(); ++i)
         ASSERT_LE(kept[i - 1].second.end(), kept[i].second.begin()) << "no two share a byte";
 }
 
@@ -156,7 +156,7 @@ TEST(ShownRows, MatchAListOfTheRows) {
             ASSERT_EQ(shown.positionOf(row), place - expected.begin());
             ASSERT_EQ(shown.contains(row), place != expected.end() && *place == row);
         }
-        for (std::size_t at = 0; at < expected.size(); ++at)
+        for (size_t at = 0; at < expected.size(); ++at)
             ASSERT_EQ(shown.rowAt(int(at)), expected[at]);
     }
 }

@@ -12,7 +12,7 @@ using namespace platform;
 
 namespace {
 
-struct TextFile : testing::Test {
+struct TextFileTest : testing::Test {
     TestFolder folder;
     QString path(const QString &name) const { return folder.path(name); }
     QString file(const QByteArray &bytes) const { return folder.file(u"file"_s, bytes); }
@@ -29,7 +29,7 @@ QList<QByteArray> linesOf(const QString &path) {
     return lines;
 }
 
-TEST_F(TextFile, LinesEndAtCarriageReturnsAcrossBlocks) {
+TEST_F(TextFileTest, LinesEndAtCarriageReturnsAcrossBlocks) {
     const std::pair<QByteArray, QList<QByteArray>> cases[] = {
         {"", {}},
         {"x", {"x"}},
@@ -57,7 +57,7 @@ TEST_F(TextFile, LinesEndAtCarriageReturnsAcrossBlocks) {
     }
 }
 
-TEST_F(TextFile, SpecialFilesAreRefusedWithoutBlocking) {
+TEST_F(TextFileTest, SpecialFilesAreRefusedWithoutBlocking) {
     const QString pipe = path(u"pipe"_s);
     ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0644), 0);
     ASSERT_TRUE(QFile::link(pipe, path(u"link"_s)));
@@ -81,7 +81,7 @@ TEST_F(TextFile, SpecialFilesAreRefusedWithoutBlocking) {
     EXPECT_EQ(readTextLines(path(u"toPlain"_s)).value(), (QStringList{u"a"_s, u"b"_s}));
 }
 
-TEST_F(TextFile, AFullDiskKeepsTheOldFile) {
+TEST_F(TextFileTest, AFullDiskKeepsTheOldFile) {
     const QString old = file("what stood here before");
     ASSERT_TRUE(QFile::link(old, path(u"link"_s)));
     ASSERT_TRUE(QFile::setPermissions(old, QFile::ReadOwner | QFile::WriteOwner));

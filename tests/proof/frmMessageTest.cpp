@@ -6,10 +6,10 @@
 
 namespace {
 
-struct FrmMessage : testing::Test {
+struct FrmMessageTest : testing::Test {
     ScriptedHost host;
     proof::frmMessage window{host};
-    FrmMessage() { window.show(); }
+    FrmMessageTest() { window.show(); }
     QByteArray saved() {
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
         QTest::keyClick(&window, Qt::Key_S, Qt::AltModifier);
@@ -21,7 +21,7 @@ struct FrmMessage : testing::Test {
 
 } // namespace
 
-TEST_F(FrmMessage, SavesTheTextOfTheBox) {
+TEST_F(FrmMessageTest, SavesTheTextOfTheBox) {
     const QString longLine = u"长"_s.repeated(20000);
     const QStringList texts{
         u""_s,
@@ -40,7 +40,7 @@ TEST_F(FrmMessage, SavesTheTextOfTheBox) {
     EXPECT_EQ(host.lastBox().icon, platform::Icon::Information);
 }
 
-TEST_F(FrmMessage, SavesWhatTheUserTypedAndPasted) {
+TEST_F(FrmMessageTest, SavesWhatTheUserTypedAndPasted) {
     window.setText(u"一\r\n"_s);
     window.messageText->moveCursor(QTextCursor::End);
     QGuiApplication::clipboard()->setText(u"二\n三\x1F"_s);
@@ -56,7 +56,7 @@ TEST_F(FrmMessage, SavesWhatTheUserTypedAndPasted) {
     EXPECT_EQ(window.messageText->text(), u"一\r\n");
 }
 
-TEST_F(FrmMessage, BreaksLongLinesOnlyOnScreen) {
+TEST_F(FrmMessageTest, BreaksLongLinesOnlyOnScreen) {
     window.setText(QString(4096, u'a') + QString(10, u'b'));
     QTextCursor cursor(window.messageText->document()->firstBlock());
     cursor.movePosition(QTextCursor::EndOfBlock);
@@ -65,7 +65,7 @@ TEST_F(FrmMessage, BreaksLongLinesOnlyOnScreen) {
     EXPECT_EQ(window.messageText->text(), QString(4096, u'a') + u"\r\n" + QString(10, u'b'));
 }
 
-TEST_F(FrmMessage, StaysOpenIfTheFileCannotBeWritten) {
+TEST_F(FrmMessageTest, StaysOpenIfTheFileCannotBeWritten) {
     ASSERT_TRUE(QDir(host.folder).mkdir(u"errorlog.txt"_s));
     window.setText(u"报告"_s);
     window.cmdClick[0]->click();

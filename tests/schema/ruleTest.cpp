@@ -53,7 +53,7 @@ TEST(Condition, HoldsForTheRecordOrNot) {
         const QByteArray json = R"({"fields": {}, "rules": [{"class": "r", "then": ")" +
                                 QString(condition).replace(u'\\', u"\\\\"_s).toUtf8() + R"("}]})";
         Validator validator(schemaOf(json), testDay);
-        validator.setChecks(Checks().set(std::size_t(Check::ExternalRule)));
+        validator.setChecks(Checks().set(size_t(Check::ExternalRule)));
         return validated(fieldedRecord(sample), validator).isEmpty();
     };
     for (const auto &[yes, no] : rows) {
@@ -99,7 +99,7 @@ TEST(Rule, IsCheckedForEachFieldAndNamesThePlace) {
         {"class": "maps", "types": ["测绘资料"], "then": "690$a"},
         {"class": "books", "types": ["Books"], "then": "690$a"}]})"),
                         testDay);
-    validator.setChecks(Checks().set(std::size_t(Check::ExternalRule)));
+    validator.setChecks(Checks().set(size_t(Check::ExternalRule)));
     RecordView view;
     const marc::FieldedRecord record = fieldedRecord(sample);
     view.read(record);
@@ -115,7 +115,7 @@ TEST(Rule, IsGivenUpWhenItTakesTooLong) {
     Validator validator(schemaOf(R"({"fields": {}, "rules": [{"class": "slow", "then": "every 300$a in 300$a"},
         {"class": "pattern", "then": "not 300$a ~ /^(b+)+$/"}, {"class": "next", "then": "200"}]})"),
                         testDay);
-    validator.setChecks(Checks().set(std::size_t(Check::ExternalRule)).set(std::size_t(Check::GivenUp)));
+    validator.setChecks(Checks().set(size_t(Check::ExternalRule)).set(size_t(Check::GivenUp)));
     QString fields = u"300=  $a"_s + QString(100, u'b') + u'c';
     for (int i = 0; i < 5000; ++i)
         fields += u"|300=  $a"_s + QString::number(i);

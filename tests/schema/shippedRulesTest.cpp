@@ -127,7 +127,7 @@ const Row rows[] = {
 TEST(ShippedRules, AllowTheRightRecordAndReportTheWrongOne) {
     Validator validator(builtSchema(), testDay);
     EXPECT_EQ(validated(fieldedRecord(book), validator), QStringList());
-    validator.setChecks(Checks().set(std::size_t(Check::ExternalRule)));
+    validator.setChecks(Checks().set(size_t(Check::ExternalRule)));
     QSet<QString> left;
     for (const Rule &rule : builtSchema()->rules)
         left.insert(rule.name);

@@ -28,7 +28,7 @@ inline QStringList findingsIn(const std::vector<schema::Finding> &findings, cons
     QStringList lines;
     for (const schema::Finding &finding : findings) {
         const bool ofRule = finding.rule >= 0 && finding.check == schema::Check::ExternalRule;
-        lines.append((ofRule ? schema.rules[std::size_t(finding.rule)].name : nameOf(finding.check).toString()) + u' ' +
+        lines.append((ofRule ? schema.rules[size_t(finding.rule)].name : nameOf(finding.check).toString()) + u' ' +
                      placeOf(finding) + (finding.value.isEmpty() ? QString() : u' ' + finding.value));
     }
     return lines;

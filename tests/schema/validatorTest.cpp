@@ -66,7 +66,7 @@ TEST(Validator, SwitchesEachCheckOff) {
     const QString record = u"LDR=     cam|005=old|005=x|020=  $ax|010=x1$c8$z$cX|010= 1$a书|100=  $aab2pxp|999="_s;
     const QStringList all = findings(record);
     EXPECT_EQ(all.size(), 18) << qPrintable(all.join(u'\n'));
-    for (std::size_t check = 0; check < checkCount; ++check) {
+    for (size_t check = 0; check < checkCount; ++check) {
         const QString name = nameOf(Check(check)).toString();
         QStringList expected = all.filter(QRegularExpression(u"^(?!"_s + name + u" )"_s));
         if (Check(check) == Check::InvalidFieldValue)
@@ -94,7 +94,7 @@ TEST(Validator, ReadsTheRowsOfTheGridLikeTheRecord) {
         ofRecord.read(record);
         ofRows.read(rows);
         ASSERT_EQ(ofRecord.fields().size(), ofRows.fields().size());
-        for (std::size_t i = 0; i < ofRows.fields().size(); ++i) {
+        for (size_t i = 0; i < ofRows.fields().size(); ++i) {
             const Field &one = ofRecord.fields()[i], &other = ofRows.fields()[i];
             EXPECT_TRUE(one.tag == other.tag && one.indicators == other.indicators && one.value == other.value);
             EXPECT_TRUE(std::ranges::equal(ofRecord.subfields(one), ofRows.subfields(other), [](auto &a, auto &b) {

@@ -18,7 +18,7 @@ QString serversFile() {
 
 QString TestDatabase::nameOf(TestServer server) {
     constexpr auto names = std::to_array<QStringView>({u"sqlite", u"postgresql", u"mariadb"});
-    return names[std::size_t(server)].toString();
+    return names[size_t(server)].toString();
 }
 
 QString TestDatabase::textOf(TestServer server) {

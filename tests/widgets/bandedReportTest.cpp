@@ -26,7 +26,7 @@ struct Books final : platform::TableSource {
     QString text(int row, int column) const override {
         ++asked;
         lastRow = row;
-        return books[std::size_t(row)][column];
+        return books[size_t(row)][column];
     }
     mutable int asked = 0; // the number of cells read
     mutable int lastRow = -1;
@@ -268,7 +268,7 @@ TEST_F(BandedReportTest, ALongReportIsShownAPageAtATimeAndPrintedAsAnyOther) {
     EXPECT_EQ(sheetsOf(printer->outputFileName()), sheets);
 
     for (const int rows : {5000, 5001}) {
-        books->books.resize(std::size_t(rows));
+        books->books.resize(size_t(rows));
         const std::unique_ptr<QDialog> shown(newReportPreview(report, nullptr));
         EXPECT_EQ(qobject_cast<LongPreview *>(shown.get()) != nullptr, rows > 5000);
         EXPECT_EQ(shown->windowTitle(), report.caption);

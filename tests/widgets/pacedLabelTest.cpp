@@ -2,6 +2,8 @@
 #include "support/qtPrinters.h"
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using widgets::PacedLabel;
 
 namespace {
@@ -22,7 +24,7 @@ protected:
 } // namespace
 
 TEST(PacedLabel, HoldsEveryTextAtOnceAndPaintsFewOfThem) {
-    CountingLabel label(QStringLiteral("labShuDo"));
+    CountingLabel label(u"labShuDo"_s);
     const QLabel &seen = label;
     label.resize(300, 20);
     label.show();
@@ -41,15 +43,15 @@ TEST(PacedLabel, HoldsEveryTextAtOnceAndPaintsFewOfThem) {
     QCoreApplication::processEvents();
     EXPECT_EQ(label.paints, 1) << "painted once for " << count << " texts";
 
-    QObject::connect(&label, &PacedLabel::aboutToShow, &label, [&label] { label.setPacedText(QStringLiteral("真")); });
+    QObject::connect(&label, &PacedLabel::aboutToShow, &label, [&label] { label.setPacedText(u"真"_s); });
     label.flush();
-    EXPECT_EQ(seen.text(), QStringLiteral("真"));
-    EXPECT_EQ(label.text(), QStringLiteral("真"));
+    EXPECT_EQ(seen.text(), u"真"_s);
+    EXPECT_EQ(label.text(), u"真"_s);
 }
 
 TEST(PacedLabel, ALongPathNeverWidensItsWindow) {
-    PacedLabel label(QStringLiteral("labJinDu"));
-    label.setText(QStringLiteral("/资料/").repeated(200));
+    PacedLabel label(u"labJinDu"_s);
+    label.setText(u"/资料/"_s.repeated(200));
     EXPECT_LT(label.minimumSizeHint().width(), 400);
     EXPECT_EQ(label.text().size(), 800);
 }

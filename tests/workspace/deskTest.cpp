@@ -9,7 +9,7 @@ using namespace workspace;
 
 namespace {
 
-struct Desk : Workspace {
+struct DeskTest : Workspace {
     bool says(const QString &part) const { return form->labStatus->text().contains(part); }
     bool said(const QString &part) const {
         return QTest::qWaitFor([&] { return says(part); });
@@ -24,7 +24,7 @@ struct Desk : Workspace {
 
 } // namespace
 
-TEST_F(Desk, FindsRecordsAndTags) {
+TEST_F(DeskTest, FindsRecordsAndTags) {
     auto &window = load(30);
     window.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
@@ -65,7 +65,7 @@ TEST_F(Desk, FindsRecordsAndTags) {
     EXPECT_EQ(window.record().row(window.Grid1->row()).identifier, u"200"_s) << "the next record opens there";
 }
 
-TEST_F(Desk, TabGoesThroughTheWindowAsItIsRead) {
+TEST_F(DeskTest, TabGoesThroughTheWindowAsItIsRead) {
     auto &window = load(1);
     pane.empty = false;
     window.show();
@@ -86,7 +86,7 @@ TEST_F(Desk, TabGoesThroughTheWindowAsItIsRead) {
 }
 
 // Only one editor at a time, and no command without a record.
-TEST_F(Desk, KeysDoNothingWhereTheyMustNot) {
+TEST_F(DeskTest, KeysDoNothingWhereTheyMustNot) {
     auto &window = load(1);
     window.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
@@ -110,7 +110,7 @@ TEST_F(Desk, KeysDoNothingWhereTheyMustNot) {
 }
 
 // The states themselves are compared with a model by RandomActs.
-TEST_F(Desk, UndoAndTagsAreReported) {
+TEST_F(DeskTest, UndoAndTagsAreReported) {
     auto &window = load(2);
     window.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
@@ -151,7 +151,7 @@ TEST_F(Desk, UndoAndTagsAreReported) {
     EXPECT_EQ(value(title), u"题2"_s);
 }
 
-TEST_F(Desk, DraftsAreOfferedAndReported) {
+TEST_F(DeskTest, DraftsAreOfferedAndReported) {
     load(3);
     change(4, u"改一"_s);
     EXPECT_TRUE(said(u"已改 1 条，未导入"_s));
@@ -167,7 +167,7 @@ TEST_F(Desk, DraftsAreOfferedAndReported) {
 }
 
 // The first change starts a two-second timer; later actions do not postpone the write.
-TEST_F(Desk, PagingDoesNotPostponeAWrite) {
+TEST_F(DeskTest, PagingDoesNotPostponeAWrite) {
     auto &window = load(30);
     window.show();
     change(4, u"改"_s);
@@ -182,7 +182,7 @@ TEST_F(Desk, PagingDoesNotPostponeAWrite) {
     EXPECT_LE(drafts.dueIn(), then);
 }
 
-TEST_F(Desk, ADraftThatCannotBeWrittenIsReportedUntilItCan) {
+TEST_F(DeskTest, ADraftThatCannotBeWrittenIsReportedUntilItCan) {
     const QString state = QFileInfo(host.remembered().folderFor(u"drafts"_s).value().chopped(1)).path();
     ASSERT_TRUE(QDir(state + u"/drafts").removeRecursively());
     QFile blocking(state + u"/drafts");
@@ -211,7 +211,7 @@ TEST_F(Desk, ADraftThatCannotBeWrittenIsReportedUntilItCan) {
     EXPECT_FALSE(says(u"暂存"_s));
 }
 
-TEST_F(Desk, FindingSelectsTheFieldAndReturnsToItsStart) {
+TEST_F(DeskTest, FindingSelectsTheFieldAndReturnsToItsStart) {
     auto &window = load(30);
     window.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
@@ -240,7 +240,7 @@ TEST_F(Desk, FindingSelectsTheFieldAndReturnsToItsStart) {
     EXPECT_EQ(window.Grid2->row(), 12);
 }
 
-TEST_F(Desk, AStepIsOneShowAndUndoKeepsItsPlace) {
+TEST_F(DeskTest, AStepIsOneShowAndUndoKeepsItsPlace) {
     auto &window = load(3);
     window.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));

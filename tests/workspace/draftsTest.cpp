@@ -12,7 +12,7 @@ using workspace::Drafts;
 
 namespace {
 
-struct OnDisk : testing::Test {
+struct DraftFileTest : testing::Test {
     const TestFolder folder;
     QString source = folder.file(u"书.iso"_s, "records");
     QDir drafts{folder.path(u"drafts/"_s)};
@@ -33,7 +33,7 @@ struct OnDisk : testing::Test {
 
 } // namespace
 
-TEST_F(OnDisk, DraftsAreReadOnlyForTheSameFile) {
+TEST_F(DraftFileTest, DraftsAreReadOnlyForTheSameFile) {
     const QString record = u"00026题\x1f"
                            u"a\x1e\x1d\"\\\n\uF8F5é"_s;
     const Drafts changed{{3, {record, "o3"}}, {9, {u"y"_s, "o9"}}};
@@ -70,7 +70,7 @@ TEST_F(OnDisk, DraftsAreReadOnlyForTheSameFile) {
     EXPECT_FALSE(DraftFile(folder.path(u"没有/"_s), source).setAside(changed));
 }
 
-TEST_F(OnDisk, WhatCannotBeTrustedIsSetAside) {
+TEST_F(DraftFileTest, WhatCannotBeTrustedIsSetAside) {
     const QByteArray good = bytesOf(path());
     const QByteArray heading = good.left(good.indexOf('\n') + 1);
     const QByteArray draft = R"({"row":3,"origin":"","record":"r"})"
@@ -127,7 +127,7 @@ TEST_F(OnDisk, WhatCannotBeTrustedIsSetAside) {
 }
 
 // Does not open files that could block the program or fill its memory.
-TEST_F(OnDisk, SpecialAndTooLargeFilesAreNotRead) {
+TEST_F(DraftFileTest, SpecialAndTooLargeFilesAreNotRead) {
     const QString path = this->path();
     const auto make = QList<std::function<bool()>>{
         [&] { return ::mkfifo(path.toUtf8().constData(), 0600) == 0; },
@@ -146,7 +146,7 @@ TEST_F(OnDisk, SpecialAndTooLargeFilesAreNotRead) {
     }
 }
 
-TEST_F(OnDisk, AreThoseOfTheFileUnderAnyOfItsPaths) {
+TEST_F(DraftFileTest, AreThoseOfTheFileUnderAnyOfItsPaths) {
     ASSERT_TRUE(file().write({{1, {u"z"_s, {}}}}, {}));
     ASSERT_TRUE(QFile::link(source, folder.path(u"link.iso"_s)) && QDir(folder.path()).mkdir(u"sub"_s));
     for (const QString &path : {folder.path(u"link.iso"_s), folder.path(u"sub/../书.iso"_s)})
@@ -154,7 +154,7 @@ TEST_F(OnDisk, AreThoseOfTheFileUnderAnyOfItsPaths) {
     EXPECT_TRUE(DraftFile(in(), folder.path(u"没有.iso"_s)).read().value().drafts.isEmpty());
 }
 
-TEST_F(OnDisk, AFullDiskIsReportedAndLeavesWhatWasThere) {
+TEST_F(DraftFileTest, AFullDiskIsReportedAndLeavesWhatWasThere) {
     const QByteArray before = bytesOf(path());
     const Drafts large{{1, {QString(100'000, u'书'), {}}}};
     {

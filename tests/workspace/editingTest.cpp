@@ -9,7 +9,7 @@ namespace {
 
 constexpr int titleRow = 4; // $a of field 200
 
-struct Editing : Workspace {
+struct EditingTest : Workspace {
     void SetUp() override {
         Workspace::SetUp();
         write("cnmarc_default.Qvs", u"300 附注\r\n???自定\r\n"_s);
@@ -55,7 +55,7 @@ struct Editing : Workspace {
 
 } // namespace
 
-TEST_F(Editing, ContentIsCommittedOrDiscarded) {
+TEST_F(EditingTest, ContentIsCommittedOrDiscarded) {
     auto &window = open();
     editRow(titleRow);
     EXPECT_EQ(window.richText->geometry(), window.Grid1->cellRect(titleRow, 4));
@@ -94,7 +94,7 @@ TEST_F(Editing, ContentIsCommittedOrDiscarded) {
     EXPECT_EQ(window.Grid1->rowSel(), titleRow);
 }
 
-TEST_F(Editing, LimitsAndTheLargeForm) {
+TEST_F(EditingTest, LimitsAndTheLargeForm) {
     auto &window = open();
     editRow(3); // the indicators of 200
     QInputMethodEvent commit;
@@ -119,7 +119,7 @@ TEST_F(Editing, LimitsAndTheLargeForm) {
 }
 
 // These key events arrive when the input method has disappeared during a composition.
-TEST_F(Editing, AKeyEndsTheCompositionAndNotTheEdit) {
+TEST_F(EditingTest, AKeyEndsTheCompositionAndNotTheEdit) {
     auto &window = open();
     const auto compose = [](QWidget *editor) {
         QInputMethodEvent composing(u"zhong"_s, {});
@@ -139,7 +139,7 @@ TEST_F(Editing, AKeyEndsTheCompositionAndNotTheEdit) {
     EXPECT_EQ(cell(titleRow, 4), u"甲zhong"_s);
 }
 
-TEST_F(Editing, IdentifiersAreCheckedAndTheListStaysUsable) {
+TEST_F(EditingTest, IdentifiersAreCheckedAndTheListStaysUsable) {
     auto &window = open();
     window.cmdclick[3]->click(); // everything is read, so the button must stay disabled
     goTo(titleRow);
@@ -164,7 +164,7 @@ TEST_F(Editing, IdentifiersAreCheckedAndTheListStaysUsable) {
     EXPECT_EQ(cell(titleRow, 4), u"题2"_s);
 }
 
-TEST_F(Editing, TheEditorStaysOverItsCellWhenTheRecordChanges) {
+TEST_F(EditingTest, TheEditorStaysOverItsCellWhenTheRecordChanges) {
     const auto notes = [](int count) -> QString {
         return recordOf(QList<TestField>(count, {u"300"_s, u"  $a附注"_s})) + u"\r\n";
     };
@@ -193,7 +193,7 @@ TEST_F(Editing, TheEditorStaysOverItsCellWhenTheRecordChanges) {
     EXPECT_EQ(window.Grid1->rows(), 4);
 }
 
-TEST_F(Editing, ListsAddAndTheMenuDeletes) {
+TEST_F(EditingTest, ListsAddAndTheMenuDeletes) {
     auto &window = open();
     goTo(titleRow);
     choose(3);
@@ -244,7 +244,7 @@ TEST_F(Editing, ListsAddAndTheMenuDeletes) {
     EXPECT_TRUE(!window.zdList->isVisible() && window.zdList->count() == 1); // the lines before the damaged one
 }
 
-TEST_F(Editing, AssistantsExchangeTheLeaderAndAnySubfieldA) {
+TEST_F(EditingTest, AssistantsExchangeTheLeaderAndAnySubfieldA) {
     write("records.iso", recordOf({{u"100"_s, u"  $a20260309"_s}, {u"101"_s, u"0 $achi$beng"_s}}));
     load();
     auto &window = show();
@@ -273,7 +273,7 @@ TEST_F(Editing, AssistantsExchangeTheLeaderAndAnySubfieldA) {
     EXPECT_EQ(opened.size(), 2);
 }
 
-TEST_F(Editing, RightButtonNeedsARowThatWasClicked) {
+TEST_F(EditingTest, RightButtonNeedsARowThatWasClicked) {
     auto &window = open();
     const QPoint at = window.Grid1->visualRect(window.Grid1->model()->index(2, 2)).center();
     QTest::mouseClick(window.Grid1->viewport(), Qt::RightButton, {}, at); // a popup menu would block here

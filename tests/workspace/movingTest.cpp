@@ -1,6 +1,6 @@
 #include "workspaceFixture.h"
 
-using Moving = Workspace;
+using MovingTest = Workspace;
 using platform::Answer;
 
 namespace {
@@ -10,7 +10,7 @@ const QString question = u"本条记录已经改变,是否确定暂时改变该�
 
 } // namespace
 
-TEST_F(Moving, GridShowsTheCurrentRecord) {
+TEST_F(MovingTest, GridShowsTheCurrentRecord) {
     auto &window = load(3);
     EXPECT_EQ(window.Grid1->text(0, 3), u"子字段说明"_s);
     const QStringList expected = {u"头标区|000|"_s, u"|001|"_s, u"题名与责任者|200|指示符"_s, u"|$a|正题名"_s,
@@ -30,7 +30,7 @@ TEST_F(Moving, GridShowsTheCurrentRecord) {
     EXPECT_EQ(cell(4, 4), u"题2"_s);
 }
 
-TEST_F(Moving, StepsColourRowsAndStopAtTheEnds) {
+TEST_F(MovingTest, StepsColourRowsAndStopAtTheEnds) {
     load(19);
     auto &window = show();
     window.cmdTiMing[0]->click();
@@ -51,7 +51,7 @@ TEST_F(Moving, StepsColourRowsAndStopAtTheEnds) {
     EXPECT_EQ(cell(4, 4), u"题19"_s);           // the grid keeps the previous record
 }
 
-TEST_F(Moving, LeavingAnEditedRecordAsks) {
+TEST_F(MovingTest, LeavingAnEditedRecordAsks) {
     load(3);
     auto &window = show();
     for (const bool byList : {true, false}) {
@@ -63,7 +63,7 @@ TEST_F(Moving, LeavingAnEditedRecordAsks) {
     }
 }
 
-TEST_F(Moving, AnEditedRecordGoesIntoTheImportAndIsAskedAbout) {
+TEST_F(MovingTest, AnEditedRecordGoesIntoTheImportAndIsAskedAbout) {
     auto &window = load(2);
     window.record().edit({.row = 4, .text = u"新名"_s});
     const QString made = window.madeMyMarc();

@@ -1,9 +1,9 @@
 #include "workspace/windows/frmSelectMFile.h"
 #include "workspaceFixture.h"
 
-using Reading = Workspace;
+using ReadingTest = Workspace;
 
-TEST_F(Reading, FirstBatchAndRemainder) {
+TEST_F(ReadingTest, FirstBatchAndRemainder) {
     for (const int records : {0, 5, 200, 201, 203}) {
         auto &window = load(records);
         EXPECT_EQ(window.records().rowCount(), std::clamp(records, 20, 200));
@@ -24,7 +24,7 @@ TEST_F(Reading, FirstBatchAndRemainder) {
     EXPECT_TRUE(host.boxes.isEmpty());
 }
 
-TEST_F(Reading, StopAndContinueLeavesNoGap) {
+TEST_F(ReadingTest, StopAndContinueLeavesNoGap) {
     auto &window = load(500);
     QString stateInTheMidst;
     host.onYield = [&] {
@@ -49,7 +49,7 @@ TEST_F(Reading, StopAndContinueLeavesNoGap) {
 }
 
 // Any button may be pressed between the press of the stop button and its effect.
-TEST_F(Reading, PressesBetweenStopAndItsEffect) {
+TEST_F(ReadingTest, PressesBetweenStopAndItsEffect) {
     auto &window = load(300);
     bool pressed = false;
     host.onYield = [&] {
@@ -77,7 +77,7 @@ TEST_F(Reading, PressesBetweenStopAndItsEffect) {
     EXPECT_EQ(second.records().rowCount(), 200);
 }
 
-TEST_F(Reading, FilesThatAreMissing) {
+TEST_F(ReadingTest, FilesThatAreMissing) {
     const QString opening = u"打开文件失败，无法导入，请重新选择"_s;
     auto &missing = load();
     EXPECT_EQ(host.texts(), QStringList{opening});
@@ -96,7 +96,7 @@ TEST_F(Reading, FilesThatAreMissing) {
     EXPECT_TRUE(window.cmdclick[3]->isEnabled());
 }
 
-TEST_F(Reading, RecordsThatCannotBeRead) {
+TEST_F(ReadingTest, RecordsThatCannotBeRead) {
     const QString damaged = titled(u"坏"_s).insert(24, u'0');
     QString noNumbers = titled(u"误"_s);
     noNumbers.replace(12, 5, u"xxxxx"_s);

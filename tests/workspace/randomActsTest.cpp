@@ -9,7 +9,7 @@ using platform::Answer;
 
 namespace {
 
-struct RandomActs : ModelledWorkspace {
+struct RandomActsTest : ModelledWorkspace {
     QStringList acts; // the last ones, for failure messages
 
     void step(int by) {
@@ -269,7 +269,7 @@ struct RandomActs : ModelledWorkspace {
 
 } // namespace
 
-TEST_F(RandomActs, MatchTheModel) {
+TEST_F(RandomActsTest, MatchTheModel) {
     const int many = qEnvironmentVariable("TARVEX_ACTS", u"1500"_s).toInt();
     const int seed = qEnvironmentVariable("TARVEX_SEED", u"1"_s).toInt();
     dice = Dice(unsigned(seed));

@@ -2,9 +2,9 @@
 #include "workspaceFixture.h"
 #include <QAccessible>
 
-using ReadingAloud = Workspace;
+using ReadingAloudTest = Workspace;
 
-TEST_F(ReadingAloud, TheCurrentCellAndTheCountersAreRead) {
+TEST_F(ReadingAloudTest, TheCurrentCellAndTheCountersAreRead) {
     auto &window = load(3);
     window.show();
     const auto *list = QAccessible::queryAccessibleInterface(window.Grid2);

@@ -9,7 +9,7 @@ namespace {
 const QString wayBack = u"F8 回到结果表"_s;
 constexpr int titleRow = 4; // 200 $a
 
-struct Remarks : Workspace {
+struct RemarksTest : Workspace {
     frmDaoru &open(int records) {
         load(records).show();
         EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
@@ -25,7 +25,7 @@ struct Remarks : Workspace {
 
 } // namespace
 
-TEST_F(Remarks, AreShownAndHiddenByOneKey) {
+TEST_F(RemarksTest, AreShownAndHiddenByOneKey) {
     auto &window = open(230);
     pressF8();
     EXPECT_EQ(status().section(u'　', 0, 0), u"还没有校对结果，也没有未成功记录"_s);
@@ -55,7 +55,7 @@ TEST_F(Remarks, AreShownAndHiddenByOneKey) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return under->sizes()[1] == height; }));
 }
 
-TEST_F(Remarks, JumpToTheFieldWhereItIsNow) {
+TEST_F(RemarksTest, JumpToTheFieldWhereItIsNow) {
     auto &window = open(3);
     pane.needs.jump({.record = 2, .fieldRow = titleRow, .moment = 0});
     EXPECT_EQ(at() + status(), u"2 $a"_s + wayBack);
@@ -83,7 +83,7 @@ TEST_F(Remarks, JumpToTheFieldWhereItIsNow) {
     EXPECT_TRUE(status().contains(u"列表里没有第 4 条记录"_s));
 }
 
-TEST_F(Remarks, JumpToAFieldThatIsThenVisible) {
+TEST_F(RemarksTest, JumpToAFieldThatIsThenVisible) {
     auto &window = open(2);
     window.cmdProofAll->click(); // shows the pane
     for (int i = 0; i < 60; ++i)
@@ -97,7 +97,7 @@ TEST_F(Remarks, JumpToAFieldThatIsThenVisible) {
     EXPECT_TRUE(window.Grid1->viewport()->rect().contains(row));
 }
 
-TEST_F(Remarks, AreDisabledWhileAnEditorIsOpen) {
+TEST_F(RemarksTest, AreDisabledWhileAnEditorIsOpen) {
     auto &window = open(3);
     window.cmdProofAll->click();
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_F2}) { // opens the editor of the content, of the identifier
@@ -117,7 +117,7 @@ TEST_F(Remarks, AreDisabledWhileAnEditorIsOpen) {
     }
 }
 
-TEST_F(Remarks, OfAnImportAreListedWithOneKey) {
+TEST_F(RemarksTest, OfAnImportAreListedWithOneKey) {
     auto &window = open(230);
     outcome = {.taken = 200, .wentIn = 198, .refused = {{1, u"甲"_s}, {3, u"乙"_s}}, .leftOut = {{7, u"重复"_s}}};
     window.cmdclick[5]->setFocus();

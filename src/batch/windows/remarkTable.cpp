@@ -84,7 +84,7 @@ void RemarkTable::lay() {
 void RemarkTable::fitWidths() {
     const int character = fontMetrics().horizontalAdvance(u'书');
     constexpr auto characters = std::to_array<int>({4, 13, 5, 3, 12});
-    for (std::size_t column = 0; column < characters.size(); ++column)
+    for (size_t column = 0; column < characters.size(); ++column)
         grid->setColumnTwips(int(column), grid->toTwips(character * characters[column]));
     // A line of Chinese may be higher than the font's own, if another font supplies the characters.
     const QRect twoLines = fontMetrics().boundingRect(QRect(0, 0, character * 9, character * 9), 0, u"书\n书"_s);

@@ -6,6 +6,8 @@
 #include <memory>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace catalogue {
 
 namespace {
@@ -18,7 +20,7 @@ int columnsIn(const QString &headings) {
 
 ListWindow::ListWindow(const QString &objectName, const QString &caption, const QString &headings, QWidget *parent)
     : Window(objectName, caption, parent)
-    , Grid1(new widgets::FlexGrid(QStringLiteral("Grid1"), columnsIn(headings), 1, this))
+    , Grid1(new widgets::FlexGrid(u"Grid1"_s, columnsIn(headings), 1, this))
     , m_headings(headings) {
     Grid1->setAccessibleName(caption);
     Grid1->installEventFilter(this);

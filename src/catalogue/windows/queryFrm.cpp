@@ -94,7 +94,7 @@ void QueryDialog::layOut() {
     lastQueryButton->hide();
     // The tab order follows the layout: the buttons that merge and clear conditions precede the merged conditions.
     QWidget *const down[] = {signSql, Command1[0], Command2, totalSql};
-    for (std::size_t i = 1; i < std::size(down); ++i)
+    for (size_t i = 1; i < std::size(down); ++i)
         setTabOrder(down[i - 1], down[i]);
     for (QComboBox *combo : {cSql, cOrderby})
         combo->setMinimumContentsLength(8);

@@ -37,7 +37,7 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
         constexpr auto headings = std::to_array<QStringView>({u"名称", u"大小", u"类型", u"修改时间"});
         if (role == Qt::DisplayRole && orientation == Qt::Horizontal && section >= 0 && section < int(headings.size()))
-            return headings[std::size_t(section)].toString();
+            return headings[size_t(section)].toString();
         return QSortFilterProxyModel::headerData(section, orientation, role);
     }
 
@@ -50,7 +50,7 @@ QStringList nameFilters(const QString &filter) {
     const QStringList parts = filter.split(u'|');
     QStringList filters;
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
-        const QString pattern = parts[i + 1] == u"*.*" ? QStringLiteral("*") : parts[i + 1];
+        const QString pattern = parts[i + 1] == u"*.*" ? u"*"_s : parts[i + 1];
         filters.append(parts[i] + u" (" + pattern + u')');
     }
     return filters;

@@ -25,6 +25,8 @@
 #include <ctime>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace platform {
 
 namespace {
@@ -178,7 +180,7 @@ bool QtHost::openInShell(const QString &target) {
     const bool isLink = target.contains(u"://") || target.startsWith(u"mailto:");
     const QUrl url = isLink ? QUrl(target) : QUrl::fromLocalFile(target);
 #ifndef Q_OS_WIN
-    if (const QString opener = QStandardPaths::findExecutable(QStringLiteral("xdg-open")); !opener.isEmpty())
+    if (const QString opener = QStandardPaths::findExecutable(u"xdg-open"_s); !opener.isEmpty())
         return openBy(opener, url);
 #endif
     return QDesktopServices::openUrl(url);
@@ -216,7 +218,7 @@ void prepareToolkit() {
     QFont font = QApplication::font();
     font.setFamilies(font.families() + plainFaces());
     QApplication::setFont(font);
-    QGuiApplication::setDesktopFileName(QStringLiteral("tarvex"));
+    QGuiApplication::setDesktopFileName(u"tarvex"_s);
 }
 
 } // namespace platform

@@ -92,7 +92,7 @@ void frmTidy::layOut() {
     for (const FormRow &row : forms)
         cboForm->addItem(row.caption.toString());
     const std::array<QWidget *, 3> controls{Text1[0], Text1[1], cboForm};
-    for (std::size_t i = 0; i < controls.size(); ++i)
+    for (size_t i = 0; i < controls.size(); ++i)
         naming(named(LabShuoMing[i], u"LabShuoMing"_s + QString::number(i)), controls[i]);
     cmdSelect[0]->setAccessibleName(u"浏览需要整理的文件"_s);
     cmdSelect[1]->setAccessibleName(u"浏览整理后的目标文件"_s);
@@ -180,11 +180,11 @@ void frmTidy::chooseInto(SelectingEdit *box, platform::FileDialogKind kind) {
 }
 
 SourceEncoding frmTidy::encoding() const {
-    return sourceEncodings.at(std::size_t(sourceEncoding->currentIndex())).choice;
+    return sourceEncodings.at(size_t(sourceEncoding->currentIndex())).choice;
 }
 
 TargetForm frmTidy::form() const {
-    return forms.at(std::size_t(cboForm->currentIndex())).form;
+    return forms.at(size_t(cboForm->currentIndex())).form;
 }
 
 void frmTidy::suggestTarget() {
@@ -194,7 +194,7 @@ void frmTidy::suggestTarget() {
     const qsizetype folder = platform::folderOf(source).size();
     const qsizetype point = source.lastIndexOf(u'.');
     const QString stem = point > folder ? source.first(point) : source;
-    m_suggested = source.size() == folder ? QString() : stem + forms.at(std::size_t(cboForm->currentIndex())).ending;
+    m_suggested = source.size() == folder ? QString() : stem + forms.at(size_t(cboForm->currentIndex())).ending;
     Text1[1]->setText(m_suggested);
 }
 
