@@ -26,8 +26,8 @@ QList<KeyRun> runsOf(const QList<qint64> &sorted) {
     QList<KeyRun> runs;
     for (auto from = sorted.cbegin(); from != sorted.cend();) {
         // Subtracts, since adding 1 to the largest key would overflow.
-        auto to = std::adjacent_find(from, sorted.cend(),
-                                     [](qint64 one, qint64 next) { return next > one && next - 1 > one; });
+        auto to = std::ranges::adjacent_find(from, sorted.cend(),
+                                             [](qint64 one, qint64 next) { return next > one && next - 1 > one; });
         if (to != sorted.cend())
             ++to;
         runs.append(KeyRun(from, to));

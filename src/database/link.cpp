@@ -108,7 +108,7 @@ platform::Status Link::open(const QString &dataSource, Certainty certainty, cons
     if (platform::Status connected = odbcConnect(m_connection, text, m_driver->calls); !connected)
         return explained(*m_driver, text + u';' + dataSource, connected.failure());
     std::vector<int> own = CallLimit::sockets();
-    std::erase_if(own, [&](int socket) { return std::find(others.begin(), others.end(), socket) != others.end(); });
+    std::erase_if(own, [&](int socket) { return std::ranges::find(others, socket) != others.end(); });
     m_calls.emplace(std::move(own));
     return platform::success();
 }

@@ -27,9 +27,8 @@ LinkPool::~LinkPool() {
 
 platform::Result<std::unique_ptr<Link>> LinkPool::take(const QString &connectionString) {
     for (;;) {
-        const auto found = std::find_if(m_kept.begin(), m_kept.end(), [&connectionString](const auto &link) {
-            return link->connectionString() == connectionString;
-        });
+        const auto found = std::ranges::find_if(
+            m_kept, [&connectionString](const auto &link) { return link->connectionString() == connectionString; });
         if (found == m_kept.end())
             return connect(connectionString);
         std::unique_ptr<Link> link = std::move(*found);

@@ -134,12 +134,12 @@ bool odbcDescribe(SQLHSTMT statement, SQLUSMALLINT number, TextForm form, Column
 
 QString fromOdbc(const SQLWCHAR *buffer, qsizetype capacity) {
     return QString::fromUtf16(reinterpret_cast<const char16_t *>(buffer),
-                              std::find(buffer, buffer + capacity, SQLWCHAR(0)) - buffer);
+                              std::ranges::find(buffer, buffer + capacity, SQLWCHAR(0)) - buffer);
 }
 
 QString fromOdbc(const SQLCHAR *buffer, qsizetype capacity) {
     return QString::fromUtf8(reinterpret_cast<const char *>(buffer),
-                             std::find(buffer, buffer + capacity, SQLCHAR(0)) - buffer);
+                             std::ranges::find(buffer, buffer + capacity, SQLCHAR(0)) - buffer);
 }
 
 } // namespace database

@@ -145,7 +145,7 @@ private:
 
     QStringView tableSpelling(QStringView word) const {
         const auto same = [word](QStringView table) { return isSame(table, word); };
-        const auto own = std::find_if(m_tables.begin(), m_tables.end(), same);
+        const auto own = std::ranges::find_if(m_tables, same);
         return own == m_tables.end() ? word : QStringView(*own);
     }
 

@@ -96,7 +96,7 @@ std::vector<Page> pagesIn(const QString &folder) {
 
 std::optional<Place> placeOf(const QStringList &names) {
     for (qsizetype at = 0; at < names.size(); ++at) {
-        const auto next = std::find_if(names.begin() + at + 1, names.end(), isWindow);
+        const auto next = std::ranges::find_if(names.begin() + at + 1, names.end(), isWindow);
         const auto row = std::ranges::find_if(windowRows, [&](const WindowRow &row) {
             return row.name == names[at] && (row.within.isEmpty() || (next != names.end() && row.within == *next));
         });

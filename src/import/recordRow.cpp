@@ -106,8 +106,8 @@ QString doubledApostrophes(QString text) {
 // Returns the first run of consecutive digits.
 QStringView firstDigits(QStringView value) {
     const auto isDigit = [](QChar c) { return c >= u'0' && c <= u'9'; };
-    const auto *from = std::find_if(value.begin(), value.end(), isDigit);
-    const auto *to = std::find_if_not(from, value.end(), isDigit);
+    const auto *from = std::ranges::find_if(value, isDigit);
+    const auto *to = std::ranges::find_if_not(from, value.end(), isDigit);
     return QStringView(from, to);
 }
 

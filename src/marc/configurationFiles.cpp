@@ -104,7 +104,7 @@ PickList readSubfieldList(const QString &folder, const QString &tag) {
     const qsizetype last = lines.size() - 1;
     const QString wanted = u'[' + tag + u']';
     const auto isWanted = [&](const QString &line) { return platform::trimBlanks(line) == wanted; };
-    const auto header = std::find_if(lines.begin(), lines.end(), isWanted) - lines.begin();
+    const auto header = std::ranges::find_if(lines, isWanted) - lines.begin();
     if (header == last)
         return failed(u"读取超出了文件末尾。"_s);
     if (header < last && isSectionHeader(lines[header + 1]))

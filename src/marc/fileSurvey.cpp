@@ -97,7 +97,7 @@ void TerminatorCount::take(QByteArrayView bytes) {
     for (const char *at = bytes.begin(); at != bytes.end();) {
         const char *const found = find(at, bytes.end(), char(recordTerminator));
         if (!endsInRecord)
-            endsInRecord = std::any_of(at, found, [](char byte) { return !isFiller(char16_t(uchar(byte))); });
+            endsInRecord = std::ranges::any_of(at, found, [](char byte) { return !isFiller(char16_t(uchar(byte))); });
         if (found == bytes.end())
             break;
         terminators += std::exchange(endsInRecord, false);

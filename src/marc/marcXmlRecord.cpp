@@ -14,14 +14,13 @@ namespace {
 constexpr QByteArrayView usualLeader("00000nam0 2200000   450 ");
 
 bool isBlank(QByteArrayView text) {
-    return std::all_of(text.begin(), text.end(),
-                       [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; });
+    return std::ranges::all_of(text, [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; });
 }
 
 // Returns whether the text is one character in UTF-8.
 bool isOne(QByteArrayView text) {
     const auto begins = [](char byte) { return (uchar(byte) & 0xC0) != 0x80; };
-    return std::count_if(text.begin(), text.end(), begins) == 1;
+    return std::ranges::count_if(text, begins) == 1;
 }
 
 } // namespace

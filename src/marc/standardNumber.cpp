@@ -22,7 +22,7 @@ bool isPartOfNumber(QChar c) {
 }
 
 bool areDigits(QStringView text) {
-    return std::all_of(text.begin(), text.end(), isDigit);
+    return std::ranges::all_of(text, isDigit);
 }
 
 // Returns the digits at the start of the text, with an X as the check digit.
@@ -98,8 +98,7 @@ std::optional<QString> isbn13Fault(QStringView text) {
 }
 
 QString cutIsbn13(QStringView stored) {
-    if (stored.size() != isbnKept || !startsAsBook(stored) ||
-        !std::all_of(stored.begin(), stored.end(), isPartOfNumber))
+    if (stored.size() != isbnKept || !startsAsBook(stored) || !std::ranges::all_of(stored, isPartOfNumber))
         return {};
     const QString plain = plainNumber(stored);
     return plain.size() < longForm && areDigits(plain) ? plain : QString();

@@ -54,8 +54,8 @@ Status ByteWriter::writeLine(QByteArrayView line) {
     m_gathered += line.size() + lineEnd.size();
     if (m_gathered > m_buffer.size())
         m_buffer.resize(m_gathered);
-    char *const end = std::copy(line.begin(), line.end(), m_buffer.data() + from);
-    std::copy(lineEnd.begin(), lineEnd.end(), end);
+    char *const end = std::ranges::copy(line, m_buffer.data() + from).out;
+    std::ranges::copy(lineEnd, end);
     m_lineEnds.append(m_gathered);
     return success();
 }
@@ -85,7 +85,7 @@ Status ByteWriter::flush() {
     if (!left.isEmpty())
         m_fault = Failure{m_file->errorString(), int(m_file->error())};
     const qsizetype taken = waiting.size() - left.size();
-    m_linesHandedOver += std::upper_bound(m_lineEnds.cbegin(), m_lineEnds.cend(), taken) - m_lineEnds.cbegin();
+    m_linesHandedOver += std::ranges::upper_bound(m_lineEnds, taken) - m_lineEnds.begin();
     m_lines = {};
     m_memory = {};
     m_gathered = 0;

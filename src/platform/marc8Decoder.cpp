@@ -66,11 +66,11 @@ Marc8Decoder::Marc8Decoder()
 Marc8Decoder::~Marc8Decoder() = default;
 
 QString Marc8Decoder::decode(QByteArrayView bytes) {
-    if (std::all_of(bytes.begin(), bytes.end(), isPlain))
+    if (std::ranges::all_of(bytes, isPlain))
         return QString::fromLatin1(bytes);
     m_state->utf8.truncate(0);
     for (const char *at = bytes.begin(); at != bytes.end();) {
-        const char *const end = std::find_if(at, bytes.end(), isSeparator);
+        const char *const end = std::ranges::find_if(at, bytes.end(), isSeparator);
         m_state->convert(QByteArrayView(at, end));
         if (end == bytes.end())
             break;

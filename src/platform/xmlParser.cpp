@@ -153,7 +153,7 @@ void appendEscaped(QByteArray &xml, QByteArrayView text) {
     const auto isPlain = [](char byte) { return byte != '&' && byte != '<' && byte != '>' && byte != '"'; };
     const char *at = text.begin();
     while (at != text.end()) {
-        const char *const special = std::find_if_not(at, text.end(), isPlain);
+        const char *const special = std::ranges::find_if_not(at, text.end(), isPlain);
         xml.append(at, special - at);
         if (special == text.end())
             break;

@@ -76,7 +76,7 @@ platform::Result<TidySource::Found> MarcXmlSource::next() {
 }
 
 platform::Result<TidySource::Found> MarcXmlSource::feed() {
-    std::copy(m_cut.begin(), m_cut.end(), m_block.begin());
+    std::ranges::copy(m_cut, m_block.begin());
     const auto count = m_reader.read(m_block.data() + m_cut.size(), m_block.size() - m_cut.size());
     if (!count)
         return count.failure();

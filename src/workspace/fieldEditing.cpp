@@ -160,8 +160,8 @@ int rowsOfField(const marc::FieldRows &rows, int field) {
 int field100Assistants(const marc::FieldRows &rows, int row) {
     if (!rowAt(rows, row).identifier.endsWith(u'a'))
         return 0;
-    return int(std::count_if(rows.begin(), rows.begin() + std::clamp(row - 1, 0, lastRow(rows)),
-                             [](const marc::FieldRow &above) { return above.identifier == u"100"; }));
+    return int(std::ranges::count_if(rows.begin(), rows.begin() + std::clamp(row - 1, 0, lastRow(rows)),
+                                     [](const marc::FieldRow &above) { return above.identifier == u"100"; }));
 }
 
 Losses lossesOf(const QString &content) {

@@ -33,7 +33,7 @@ public:
 // Returns how many record files this process has open; other files that the toolkit opens do not count.
 inline qsizetype openFiles() {
     const QFileInfoList held = QDir(QStringLiteral("/proc/self/fd")).entryInfoList(QDir::System | QDir::AllEntries);
-    return std::count_if(held.begin(), held.end(), [](const QFileInfo &file) {
+    return std::ranges::count_if(held, [](const QFileInfo &file) {
         const QString target = file.symLinkTarget();
         return target.contains(u".iso");
     });

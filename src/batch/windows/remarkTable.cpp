@@ -38,7 +38,7 @@ RemarkTable::RemarkTable(const QString &objectName, platform::Host &host, QWidge
     , m_below(widgets::row({})) {
     setObjectName(objectName);
     setFocusProxy(grid);
-    lay();
+    layOut();
     widgets::hint({{grid, u"回车或双击：到这条记录、这个字段"},
                    {copyButton, u"复制列出的全部结果"},
                    {saveButton, u"把列出的结果存为文本表格"}});
@@ -61,7 +61,7 @@ RemarkTable::RemarkTable(const QString &objectName, platform::Host &host, QWidge
     begin();
 }
 
-void RemarkTable::lay() {
+void RemarkTable::layOut() {
     kindBox->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     grid->setFormat(RemarkList::headings.toString());
     grid->horizontalHeader()->setStretchLastSection(true);

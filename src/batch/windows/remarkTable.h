@@ -52,7 +52,7 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
-    void lay();
+    void layOut();
     void fitWidths();
     void showKinds();
     void filter();

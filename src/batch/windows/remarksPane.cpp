@@ -25,7 +25,7 @@ RemarksPane::RemarksPane(platform::Host &host, Source source, QWidget *parent)
     , m_host(host)
     , m_source(std::move(source)) {
     setObjectName(u"remarksPane"_s);
-    lay();
+    layOut();
     connect(stopButton, &Button::clicked, this, &RemarksPane::end);
     connect(isoButton, &Button::clicked, this, &RemarksPane::saveRecords);
     connect(toRefusedButton, &Button::clicked, this, [this] { turnTo(refusedTable); });
@@ -37,7 +37,7 @@ RemarksPane::RemarksPane(platform::Host &host, Source source, QWidget *parent)
             [this](const Remark &remark) { Q_EMIT jump({.record = remark.record}); });
 }
 
-void RemarksPane::lay() {
+void RemarksPane::layOut() {
     proofTable->grid->setAccessibleName(u"校对结果"_s);
     refusedTable->grid->setAccessibleName(u"未成功记录"_s);
     proofTable->addAbove(skipBox);

@@ -58,7 +58,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
-    void lay();
+    void layOut();
     void turnTo(RemarkTable *table);
     void offerOther();
     void offerSkipping();

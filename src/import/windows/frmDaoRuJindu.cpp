@@ -48,14 +48,14 @@ frmDaoRuJindu::frmDaoRuJindu(platform::Host &host, const database::SessionState 
     Text1->hide();
     Text2->hide();
     barJinduTishi->setTextVisible(false);
-    lay();
+    layOut();
     widgets::hint({{cmdRefused, u"列出数据库没有收下的记录和原因"}, {cmdStop, u"停在这一条；已经写入的留在套录库里"}});
     connect(cmdRefused, &QPushButton::clicked, this, &frmDaoRuJindu::refusedWanted);
     connect(cmdStop, &QPushButton::clicked, this, [this] { cmdStop->setEnabled(false); });
     connect(cmdQuit, &QPushButton::clicked, this, [this] { unload(); });
 }
 
-void frmDaoRuJindu::lay() {
+void frmDaoRuJindu::layOut() {
     const int iconSize = style()->pixelMetric(QStyle::PM_LargeIconSize);
     Picture1->setPixmap(QIcon(u":/import/daoru.svg"_s).pixmap(iconSize));
     LabBi->setAlignment(Qt::AlignRight | Qt::AlignVCenter);

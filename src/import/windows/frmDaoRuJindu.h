@@ -61,7 +61,7 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
-    void lay();
+    void layOut();
     void run();
     bool take(const QString &record, int row, platform::RunBoxes &boxes);
 

@@ -60,7 +60,7 @@ void frmDaoru::setUp() {
     Grid1->setAccessibleName(u"字段"_s);
     Grid2->setAccessibleName(u"题名列表"_s);
     Grid1->follow(m_record);
-    lay();
+    layOut();
     connectGrids();
     connectHelpers();
     connectRemarks();
@@ -69,7 +69,7 @@ void frmDaoru::setUp() {
     recall();
 }
 
-void frmDaoru::lay() {
+void frmDaoru::layOut() {
     picTiMing->setLayout(column({{Grid2, 1}}));
     Picture1->setLayout(column({{Grid1, 1}}));
     for (QFrame *frame : {picTiMing, Picture1})

@@ -84,7 +84,7 @@ protected:
 
 private:
     void setUp();
-    void lay();
+    void layOut();
     void remember();
     void recall();
     void importRecords();
