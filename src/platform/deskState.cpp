@@ -39,19 +39,19 @@ QVariant DeskState::read(const QString &key) const {
     return QSettings(file(), QSettings::IniFormat).value(key);
 }
 
-void DeskState::keep(const QString &key, const QVariant &value) const {
+void DeskState::write(const QString &key, const QVariant &value) const {
     if (!smallOrMissing(file(), largestState) || read(key) == value)
         return;
     if (makeOwnerFolder(m_folder) && makeOwnerFile(file()))
         QSettings(file(), QSettings::IniFormat).setValue(key, value);
 }
 
-Result<QString> DeskState::folderFor(const QString &kind) const {
-    const QString folder = m_folder + u'/' + kind;
-    for (const QString &made : {m_folder, folder})
+Result<QString> DeskState::folderFor(const KeptFolder &folder) const {
+    const QString path = m_folder + u'/' + folder.name;
+    for (const QString &made : {m_folder, path})
         if (const Status status = makeOwnerFolder(made); !status)
             return status.failure();
-    return QString(folder + u'/');
+    return QString(path + u'/');
 }
 
 } // namespace platform

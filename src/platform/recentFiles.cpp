@@ -7,7 +7,6 @@ namespace platform {
 
 namespace {
 constexpr qsizetype mostFiles = 10;
-constexpr QLatin1StringView key("files/recent");
 
 // Returns the last `count` folders of a path with "/" between them.
 QString lastFolders(const QString &path, qsizetype count) {
@@ -40,7 +39,7 @@ QStringList recentNames(const QStringList &paths) {
 }
 
 QStringList recentFiles(const DeskState &state) {
-    QStringList files = state.read(key).toStringList();
+    QStringList files = state.value(kept::recentFiles);
     files.removeIf([](const QString &path) { return !fileExists(path); });
     return files.mid(0, mostFiles);
 }
@@ -50,7 +49,7 @@ void noteRecentFile(const DeskState &state, const QString &path) {
     const QString whole = QFileInfo(path).absoluteFilePath();
     files.removeAll(whole);
     files.prepend(whole);
-    state.keep(key, files.mid(0, mostFiles));
+    state.keep(kept::recentFiles, files.mid(0, mostFiles));
 }
 
 } // namespace platform

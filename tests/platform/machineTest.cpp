@@ -9,6 +9,7 @@
 #include "support/qtPrinters.h"
 #include <QDir>
 #include <QFile>
+#include <QSettings>
 #include <QTemporaryDir>
 #include <signal.h>
 #include <sys/stat.h>
@@ -68,8 +69,8 @@ TEST(SmallFile, IsARegularOneWithinItsLimit) {
             QFile::remove(ini);
             ASSERT_TRUE(QFile::link(place, ini));
         }
-        DeskState(folder.path()).keep(u"a/b"_s, 1);
-        EXPECT_FALSE(DeskState(folder.path()).read(u"a/b"_s).isValid()) << place.toStdString();
+        DeskState(folder.path()).keep(kept::lastFolder, u"c"_s);
+        EXPECT_EQ(DeskState(folder.path()).value(kept::lastFolder), u"") << place.toStdString();
         EXPECT_FALSE(Settings(folder.path()).write(u"应用"_s, u"a"_s, u"b"_s, u"c"_s)) << place.toStdString();
         EXPECT_EQ(Settings(folder.path()).read(u"应用"_s, u"a"_s, u"b"_s, u"none"_s), u"none") << place.toStdString();
     }
@@ -88,13 +89,43 @@ TEST(DeskState, IsPrivateAndReportsAFolderThatCannotBeMade) {
             ASSERT_EQ(chmod(QFile::encodeName(folder).constData(), 0755), 0);
             ASSERT_EQ(chmod(QFile::encodeName(folder + u"/desk.ini").constData(), 0644), 0);
         }
-        state.keep(u"window/geometry"_s, opened);
-        EXPECT_EQ(DeskState(folder).read(u"window/geometry"_s), QVariant(opened).toString());
+        state.keep(kept::listMaximised, u"list"_s, opened);
+        EXPECT_EQ(DeskState(folder).value(kept::listMaximised, u"list"_s), opened);
         EXPECT_TRUE(closed(folder) && closed(folder + u"/desk.ini")) << opened;
     }
-    EXPECT_EQ(state.folderFor(u"drafts"_s).value(), folder + u"/drafts/");
+    EXPECT_EQ(state.folderFor(kept::drafts).value(), folder + u"/drafts/");
     EXPECT_TRUE(closed(folder + u"/drafts"));
-    EXPECT_FALSE(DeskState(folder + u"/desk.ini").folderFor(u"drafts"_s)) << "a path below a file";
+    EXPECT_FALSE(DeskState(folder + u"/desk.ini").folderFor(kept::drafts)) << "a path below a file";
+}
+
+TEST(DeskState, ReadsWhatEarlierVersionsKept) {
+    const QTemporaryDir folder;
+    const DeskState state(folder.path());
+    const QString list = u"ZSKListFrm"_s;
+    struct Row {
+        QString key;
+        QVariant stored, read;
+    };
+    const auto rows = [&] {
+        return std::to_array<Row>({
+            {u"files/recent"_s, QStringList{u"/甲, 乙.iso"_s, u"/b.iso"_s}, state.value(kept::recentFiles)},
+            {u"files/folder"_s, u"/资料"_s, state.value(kept::lastFolder)},
+            {u"frmDaoru/across"_s, QByteArray("\0\xff", 2), state.value(kept::workspaceAcross)},
+            {u"frmDaoru/down"_s, QByteArray(","), state.value(kept::workspaceDown)},
+            {u"frmDaoru/under"_s, QByteArray("\""), state.value(kept::workspaceUnder)},
+            {u"frmDaoru/whole"_s, true, state.value(kept::wholeTextShown)},
+            {u"frmHandbook/across"_s, QByteArray("h"), state.value(kept::handbookAcross)},
+            {u"ZSKListFrm/geometry"_s, QByteArray("g"), state.value(kept::geometry, list)},
+            {u"ZSKListFrm/columns"_s, QVariantMap{{u"3"_s, 120}}, state.value(kept::columns, list)},
+            {u"ZSKListFrm/size"_s, QSize(640, 480), state.value(kept::listSize, list)},
+            {u"ZSKListFrm/position"_s, QPoint(7, 8), state.value(kept::listPosition, list)},
+            {u"ZSKListFrm/maximised"_s, true, state.value(kept::listMaximised, list)},
+        });
+    };
+    for (const Row &row : rows())
+        QSettings(folder.filePath(u"desk.ini"_s), QSettings::IniFormat).setValue(row.key, row.stored);
+    for (const Row &row : rows())
+        EXPECT_TRUE(row.read == row.stored) << row.key.toStdString();
 }
 
 TEST(RecentFiles, OfOneNameAreToldApartByTheirFolders) {

@@ -183,7 +183,7 @@ TEST_F(DeskTest, PagingDoesNotPostponeAWrite) {
 }
 
 TEST_F(DeskTest, ADraftThatCannotBeWrittenIsReportedUntilItCan) {
-    const QString state = QFileInfo(host.remembered().folderFor(u"drafts"_s).value().chopped(1)).path();
+    const QString state = QFileInfo(host.remembered().folderFor(platform::kept::drafts).value().chopped(1)).path();
     ASSERT_TRUE(QDir(state + u"/drafts").removeRecursively());
     QFile blocking(state + u"/drafts");
     ASSERT_TRUE(blocking.open(QIODevice::WriteOnly)); // so that the folder cannot be created

@@ -146,7 +146,7 @@ struct ModelledWorkspace : Workspace {
                     model.drafts().means() == model.disk.value(model.path).means());
     }
     void compareDisk() {
-        const QDir folder(host.remembered().folderFor(u"drafts"_s).value());
+        const QDir folder(host.remembered().folderFor(platform::kept::drafts).value());
         QMap<QString, WorkspaceModel::OnDisk> found;
         for (const QString &name : folder.entryList({u"*.json"_s})) {
             QFile file(folder.filePath(name));

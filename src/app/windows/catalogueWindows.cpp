@@ -11,11 +11,9 @@
 
 namespace app {
 
-namespace {
+namespace kept = platform::kept;
 
-constexpr QStringView sizeKey = u"/size";
-constexpr QStringView positionKey = u"/position";
-constexpr QStringView maximisedKey = u"/maximised";
+namespace {
 
 // The target of a query whose list window is created only when the query passes its result.
 template <class Show>
@@ -66,14 +64,14 @@ List *CatalogueWindows::adopted(List *list) {
 
 void CatalogueWindows::recallShape(QMdiSubWindow &place, catalogue::ListWindow &list) const {
     const platform::DeskState &state = m_host.remembered();
-    const QSize kept = state.read(list.objectName() + sizeKey).toSize();
+    const QSize kept = state.value(kept::listSize, list.objectName());
     const QSize room = m_area->viewport()->size();
     place.resize((kept.isValid() ? kept : place.sizeHint()).boundedTo(room));
-    const QPoint wanted = state.read(list.objectName() + positionKey).toPoint(); // the corner at the first time
+    const QPoint wanted = state.value(kept::listPosition, list.objectName()); // the corner at the first time
     place.move(std::clamp(wanted.x(), 0, std::max(room.width() - place.width(), 0)),
                std::clamp(wanted.y(), 0, std::max(room.height() - place.height(), 0)));
     list.show();
-    if (state.read(list.objectName() + maximisedKey).toBool())
+    if (state.value(kept::listMaximised, list.objectName()))
         place.showMaximized();
     widgets::recallColumns(*list.Grid1, state, list.objectName());
 }
@@ -81,10 +79,10 @@ void CatalogueWindows::recallShape(QMdiSubWindow &place, catalogue::ListWindow &
 void CatalogueWindows::keepShape(const QMdiSubWindow &place, const catalogue::ListWindow &list) const {
     const platform::DeskState &state = m_host.remembered();
     if (!place.isMinimized())
-        state.keep(list.objectName() + maximisedKey, place.isMaximized());
+        state.keep(kept::listMaximised, list.objectName(), place.isMaximized());
     if (!place.isMinimized() && !place.isMaximized()) {
-        state.keep(list.objectName() + sizeKey, place.size());
-        state.keep(list.objectName() + positionKey, place.pos());
+        state.keep(kept::listSize, list.objectName(), place.size());
+        state.keep(kept::listPosition, list.objectName(), place.pos());
     }
     widgets::keepColumns(*list.Grid1, state, list.objectName());
 }

@@ -64,7 +64,7 @@ void frmHandbook::layOut() {
     resize(78 * letter, 44 * fontMetrics().height());
     across->setSizes({18 * letter, 60 * letter});
     widgets::rememberPlace(this, m_host.remembered());
-    across->restoreState(m_host.remembered().read(u"frmHandbook/across"_s).toByteArray());
+    across->restoreState(m_host.remembered().value(platform::kept::handbookAcross));
 }
 
 void frmHandbook::connectControls() {
@@ -145,7 +145,7 @@ bool frmHandbook::event(QEvent *event) {
 }
 
 void frmHandbook::closeEvent(QCloseEvent *event) {
-    m_host.remembered().keep(u"frmHandbook/across"_s, across->saveState());
+    m_host.remembered().keep(platform::kept::handbookAcross, across->saveState());
     Window::closeEvent(event);
     const bool opener = m_opener && m_opener->isVisible() && !widgets::isBlocked(m_opener);
     QWidget *behind = opener ? m_opener->window() : QApplication::activeModalWidget();

@@ -31,8 +31,6 @@ namespace platform {
 
 namespace {
 
-constexpr QLatin1StringView lastFolder("files/folder");
-
 // Returns milliseconds of a monotonic clock that is read once per record. The coarse clock, where the system has one,
 // is accurate to a few milliseconds and takes a quarter of the time to read.
 qint64 roughMilliseconds() {
@@ -167,12 +165,12 @@ bool QtHost::showWithTick(const Box &box, const QString &tick) {
 }
 
 QString QtHost::chooseFile(const FileDialog &dialog) {
-    const QString folder = m_state.read(lastFolder).toString();
+    const QString folder = m_state.value(kept::lastFolder);
     const bool startsThere = !dialog.start.isEmpty() && QFileInfo(dialog.start).absoluteDir().exists();
     const QString start = startsThere ? dialog.start : QDir(folder).exists() ? folder : QString();
     const QString chosen = chooseFileIn(dialog, start, windowInFront());
     if (!chosen.isEmpty())
-        m_state.keep(lastFolder, QFileInfo(chosen).absolutePath());
+        m_state.keep(kept::lastFolder, QFileInfo(chosen).absolutePath());
     return chosen;
 }
 

@@ -42,7 +42,7 @@ void DraftKeeper::begin(const QString &recordFile) {
 bool DraftKeeper::ready() {
     if (m_file || m_recordFile.isEmpty())
         return m_file.has_value();
-    const auto folder = m_host.remembered().folderFor(u"drafts"_s);
+    const auto folder = m_host.remembered().folderFor(platform::kept::drafts);
     if (!folder) {
         Q_EMIT fault(u"修改无法暂存："_s + folder.failure().description);
         return false;

@@ -8,6 +8,8 @@ using widgets::named;
 
 namespace workspace {
 
+namespace kept = platform::kept;
+
 WorkspaceRoom::WorkspaceRoom(QWidget *list, QWidget *fields, QWidget *parent)
     : QSplitter(Qt::Horizontal, parent)
     , cmdWholeText(new Button(u"cmdWholeText"_s, u"&W 全文"_s, parent))
@@ -52,17 +54,17 @@ void WorkspaceRoom::share(int listWidth, int fieldsWidth) {
 }
 
 void WorkspaceRoom::remember(const platform::DeskState &state) const {
-    state.keep(u"frmDaoru/across"_s, saveState());
-    state.keep(u"frmDaoru/down"_s, m_down->saveState());
-    state.keep(u"frmDaoru/under"_s, m_under->saveState());
-    state.keep(u"frmDaoru/whole"_s, cmdWholeText->isChecked());
+    state.keep(kept::workspaceAcross, saveState());
+    state.keep(kept::workspaceDown, m_down->saveState());
+    state.keep(kept::workspaceUnder, m_under->saveState());
+    state.keep(kept::wholeTextShown, cmdWholeText->isChecked());
 }
 
 void WorkspaceRoom::recall(const platform::DeskState &state) {
-    restoreState(state.read(u"frmDaoru/across"_s).toByteArray());
-    m_down->restoreState(state.read(u"frmDaoru/down"_s).toByteArray());
-    m_under->restoreState(state.read(u"frmDaoru/under"_s).toByteArray());
-    cmdWholeText->setChecked(state.read(u"frmDaoru/whole"_s).toBool());
+    restoreState(state.value(kept::workspaceAcross));
+    m_down->restoreState(state.value(kept::workspaceDown));
+    m_under->restoreState(state.value(kept::workspaceUnder));
+    cmdWholeText->setChecked(state.value(kept::wholeTextShown));
 }
 
 void WorkspaceRoom::showText(const QString &text, bool coded) {
