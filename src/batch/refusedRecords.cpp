@@ -1,5 +1,5 @@
 #include "batch/refusedRecords.h"
-#include "batch/wholeFile.h"
+#include "platform/byteFile.h"
 #include "platform/codepage936.h"
 #include <algorithm>
 #include <map>
@@ -9,8 +9,6 @@ using namespace Qt::StringLiterals;
 namespace batch {
 
 namespace {
-
-constexpr qsizetype pieceSize = 1 << 20;
 
 bool stands(const marc::RefusedRecord &refused, const marc::PreReadStore &records) {
     return refused.record >= 0 && refused.record < records.rowCount();
@@ -53,14 +51,17 @@ RefusedRecords duplicatesIn(const RemarkList &remarks) {
 }
 
 platform::Status saveRefused(const QString &path, const RefusedRecords &refused, const marc::PreReadStore &records) {
-    auto next = refused.begin();
-    return writeWholeFile(path, [&] {
-        QByteArray piece;
-        for (; next != refused.end() && piece.size() < pieceSize; ++next)
-            if (stands(*next, records))
-                piece += platform::encode(records.record(next->record)) + "\r\n";
-        return piece;
-    });
+    auto file = platform::SavedFile::create(path);
+    if (!file)
+        return file.failure();
+    for (const marc::RefusedRecord &row : refused) {
+        if (!stands(row, records))
+            continue;
+        const QByteArray line = platform::encode(records.record(row.record)) + "\r\n";
+        if (const platform::Status written = file.value().write(line); !written)
+            return written;
+    }
+    return file.value().commit();
 }
 
 } // namespace batch

@@ -1,4 +1,5 @@
 #include "batch/remark.h"
+#include "platform/byteFile.h"
 #include <algorithm>
 #include <utility>
 
@@ -84,18 +85,19 @@ std::vector<int> RemarkList::records() const {
 }
 
 QString RemarkList::tabSeparated(QStringView lineEnd) const {
-    QString table = headings.toString().replace(u'|', u'\t') + lineEnd;
+    QString table = platform::tabSeparated(headings.toString().split(u'|')) + lineEnd;
     for (int row = 0; row < rowCount(); ++row) {
-        for (int column = 0; column < columnCount(); ++column) {
-            QString cell = text(row, column);
-            for (QChar &c : cell)
-                if (c == u'\t' || c == u'\n' || c == u'\r')
-                    c = u' ';
-            table += (column > 0 ? u"\t"_s : QString()) + cell;
-        }
-        table += lineEnd;
+        QStringList cells;
+        for (int column = 0; column < columnCount(); ++column)
+            cells.append(text(row, column));
+        table += platform::tabSeparated(cells) + lineEnd;
     }
     return table;
+}
+
+platform::Status saveRemarks(const QString &path, const RemarkList &remarks) {
+    const QString table = QChar(QChar::ByteOrderMark) + remarks.tabSeparated(u"\r\n");
+    return platform::writeWholeFile(path, table.toUtf8());
 }
 
 } // namespace batch

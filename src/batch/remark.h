@@ -1,6 +1,7 @@
 // The findings about the records of a batch, one remark each, and the list of them as a table source.
 #pragma once
 
+#include "platform/result.h"
 #include "platform/tableSource.h"
 #include "schema/finding.h"
 #include <array>
@@ -70,7 +71,7 @@ public:
     // Returns the number of findings: all remarks except those of Kind::Unchecked.
     int found() const { return count() - count(Kind::Unchecked); }
 
-    // Returns the headings and the shown rows with tab-separated cells. Tabs and line ends in texts become blanks.
+    // Returns the headings and the shown rows with tab-separated cells.
     QString tabSeparated(QStringView lineEnd) const;
 
 private:
@@ -82,5 +83,9 @@ private:
     std::optional<Kind> m_filter;
     std::array<int, kindCount> m_counts{};
 };
+
+// Writes the shown rows as tab-separated UTF-8 text with a byte order mark, by which spreadsheets detect the encoding.
+// On failure an existing file is unchanged.
+platform::Status saveRemarks(const QString &path, const RemarkList &remarks);
 
 } // namespace batch

@@ -76,12 +76,14 @@ SavedFile::SavedFile(SavedFile &&) noexcept = default;
 SavedFile &SavedFile::operator=(SavedFile &&) noexcept = default;
 SavedFile::~SavedFile() = default;
 
-Result<SavedFile> SavedFile::create(const QString &path) {
+Result<SavedFile> SavedFile::create(const QString &path, Saving saving) {
     if (const Status plain = mayBecomeFile(path); !plain)
         return plain.failure();
     auto file = std::make_unique<QSaveFile>(path);
+    file->setDirectWriteFallback(saving == Saving::InPlace);
     // Unbuffered, since commit() does not report that the rest of a buffer did not fit on the disk.
-    if (!file->open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+    if (!file->open(QIODevice::WriteOnly | QIODevice::Unbuffered) ||
+        (saving == Saving::OwnerOnly && !file->setPermissions(ownerOnly)))
         return Failure{file->errorString(), int(file->error())};
     return SavedFile(std::move(file));
 }
@@ -114,6 +116,15 @@ Status SavedFile::commit() {
     if (m_file->commit())
         return success();
     return Failure{m_file->errorString(), int(m_file->error())};
+}
+
+Status writeWholeFile(const QString &path, QByteArrayView bytes, Saving saving) {
+    auto file = SavedFile::create(path, saving);
+    if (!file)
+        return file.failure();
+    if (const Status written = file.value().write(bytes); !written)
+        return written;
+    return file.value().commit();
 }
 
 } // namespace platform

@@ -42,11 +42,18 @@ private:
     qint64 m_position = 0;
 };
 
+enum class Saving {
+    Usual,     // the new file gets the permissions of the one that it replaces
+    OwnerOnly, // the new file is closed to other accounts
+    InPlace,   // as Usual, but if the folder allows no new file, the existing one is overwritten in place
+};
+
 // A file that is written next to its destination and gets its name in commit(). If an error occurs before that, an
-// existing file at the destination stays unchanged; the destructor removes what was not committed.
+// existing file at the destination stays unchanged; the destructor removes what was not committed. Fails if something
+// other than a plain file exists at the path.
 class SavedFile {
 public:
-    static Result<SavedFile> create(const QString &path);
+    static Result<SavedFile> create(const QString &path, Saving saving = Saving::Usual);
     SavedFile(SavedFile &&) noexcept;
     SavedFile &operator=(SavedFile &&) noexcept;
     ~SavedFile();
@@ -61,5 +68,8 @@ private:
     std::unique_ptr<QSaveFile> m_file;
     QByteArray m_gathered;
 };
+
+// Replaces the file by the bytes, as a SavedFile.
+Status writeWholeFile(const QString &path, QByteArrayView bytes, Saving saving = Saving::Usual);
 
 } // namespace platform

@@ -38,6 +38,14 @@ QStringList filesWithTwoWildcards(const QString &folder, const QString &prefix, 
     return found;
 }
 
+Status moveOver(const QString &from, const QString &to) {
+    std::error_code error;
+    std::filesystem::rename(from.toStdU16String(), to.toStdU16String(), error);
+    if (!error)
+        return success();
+    return Failure{QString::fromLocal8Bit(error.message().c_str()), error.value()};
+}
+
 Status removeFile(const QString &path) {
     QFile file(path);
     if (!file.remove())

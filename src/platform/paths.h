@@ -30,6 +30,9 @@ bool isSameFile(const QString &one, const QString &other);
 // names are not wildcards). The paths are full and sorted. `folder` ends with a separator.
 QStringList filesWithTwoWildcards(const QString &folder, const QString &prefix, const QString &suffix);
 
+// Renames the file `from` to `to`, replacing an existing file. Fails with the system's reason.
+Status moveOver(const QString &from, const QString &to);
+
 // Deletes the file. Fails with the system's reason.
 Status removeFile(const QString &path);
 

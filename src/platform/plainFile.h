@@ -5,7 +5,7 @@
 #include "platform/result.h"
 #include <QByteArray>
 #include <QByteArrayView>
-#include <QIODevice>
+#include <QFileDevice>
 #include <memory>
 
 class QFile;
@@ -29,6 +29,8 @@ Status smallOrMissing(const QString &path, qint64 limit);
 // Makes the folder for files of the user alone if it is missing, and closes it to other accounts. Fails if the folder
 // cannot be made or written to.
 Status makeOwnerFolder(const QString &path);
+
+inline constexpr QFileDevice::Permissions ownerOnly = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
 
 // Makes an empty file that only its owner can read if there is none, and closes an existing file to other accounts.
 Status makeOwnerFile(const QString &path);

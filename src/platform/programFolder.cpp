@@ -46,15 +46,6 @@ Result<QByteArray> bytesOf(const QString &path) {
     return bytes;
 }
 
-Status writeWhole(const QString &path, QByteArrayView bytes) {
-    auto file = SavedFile::create(path);
-    if (!file)
-        return file.failure();
-    if (const Status written = file.value().write(bytes); !written)
-        return written;
-    return file.value().commit();
-}
-
 Sums readSums(const QString &path) {
     Sums sums;
     if (const auto text = bytesOf(path)) {
@@ -70,7 +61,7 @@ Status writeSums(const QString &path, const Sums &sums) {
     QByteArray text;
     for (auto sum = sums.cbegin(); sum != sums.cend(); ++sum)
         text += sum.value() + between.latin1() + sum.key().toUtf8() + '\n';
-    return writeWhole(path, text);
+    return writeWholeFile(path, text);
 }
 
 bool isPresent(const QString &path) {
@@ -96,13 +87,13 @@ void Laying::lay(const QString &source, const QString &target, const QString &na
     const QByteArray sum = QCryptographicHash::hash(brought.value(), QCryptographicHash::Sha256).toHex();
     const QString beside = target + u".new";
     if (!isPresent(target)) {
-        const Status written = writeWhole(target, brought.value());
+        const Status written = writeWholeFile(target, brought.value());
         if (!written)
             return note(target, written);
         QFile::remove(beside);
     } else if (const auto standing = bytesOf(target);
                sum != sums.value(name) && !(standing && standing.value() == brought.value())) {
-        const Status written = writeWhole(beside, brought.value());
+        const Status written = writeWholeFile(beside, brought.value());
         if (!written)
             return note(beside, written);
         laid.newer.append(beside);

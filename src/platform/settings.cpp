@@ -1,4 +1,5 @@
 #include "platform/settings.h"
+#include "platform/paths.h"
 #include "platform/plainFile.h"
 #include <QDateTime>
 #include <QDir>
@@ -8,8 +9,6 @@
 #include <QSettings>
 #include <QStandardPaths>
 #include <QVariant>
-#include <filesystem>
-#include <system_error>
 
 using namespace Qt::StringLiterals;
 
@@ -55,12 +54,6 @@ void tellApart(const QString &made, const QString &standing) {
         file.setFileTime(before.addMSecs(1), QFileDevice::FileModificationTime);
 }
 
-bool movedOver(const QString &from, const QString &to) {
-    std::error_code failed;
-    std::filesystem::rename(from.toStdU16String(), to.toStdU16String(), failed);
-    return !failed;
-}
-
 } // namespace
 
 Settings::Settings()
@@ -95,12 +88,12 @@ Status Settings::write(const QString &application, const QString &section, const
         all.insert(other, standing.value(other));
     all.insert(keyOf(section, key), value);
     // A full disk must not destroy the existing settings: the new file is written next to the old one and replaces it
-    // after it was read back and found complete.
+    // after it was read back and found complete. It cannot be a SavedFile, since QSettings writes only to a path.
     const QString made = place + u".making";
     const QString whole = place + u".made"; // another name, so that QSettings reads the disk and not its cache
     const bool stored = storeAll(all, made);
     tellApart(made, place);
-    const bool replaced = stored && movedOver(made, whole) && holdsAll(all, whole) && movedOver(whole, place);
+    const bool replaced = stored && moveOver(made, whole) && holdsAll(all, whole) && moveOver(whole, place);
     QFile::remove(made);
     QFile::remove(whole);
     return replaced ? success() : Status(Failure{u"无法写入设置文件 %1"_s.arg(path)});

@@ -2,7 +2,7 @@
 // counted from 0 and contain only data; headings belong to the grid.
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 namespace platform {
 
@@ -13,5 +13,9 @@ public:
     virtual int columnCount() const = 0;
     virtual QString text(int row, int column) const = 0;
 };
+
+// Returns the cells of one row as text for a spreadsheet, separated by tabs. Tabs and line ends in a cell become
+// blanks.
+QString tabSeparated(QStringList cells);
 
 } // namespace platform

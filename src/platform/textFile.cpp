@@ -3,7 +3,6 @@
 #include "platform/codepage936.h"
 #include "platform/plainFile.h"
 #include <QFile>
-#include <QSaveFile>
 #include <algorithm>
 #include <utility>
 
@@ -99,15 +98,7 @@ Result<QStringList> readTextLines(const QString &path) {
 }
 
 Status writeTextFile(const QString &path, const QString &text) {
-    if (const Status plain = mayBecomeFile(path); !plain)
-        return plain;
-    QSaveFile file(path);
-    file.setDirectWriteFallback(true);
-    // Unbuffered, since commit() does not report that the rest of a buffer did not fit on the disk.
-    if (file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && notTaken(file, encode(text)).isEmpty() &&
-        file.commit())
-        return success();
-    return Failure{file.errorString(), int(file.error())};
+    return writeWholeFile(path, encode(text), Saving::InPlace);
 }
 
 } // namespace platform

@@ -5,8 +5,6 @@
 #include "tidy/marcXmlSource.h"
 #include <QFileInfo>
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
 #include <tuple>
 #include <utility>
 
@@ -34,14 +32,6 @@ QString beside(const QString &target, const QString &mark, const QString &extens
 void blankBreaks(QString &text) {
     if (text.contains(u'\n') || text.contains(u'\r'))
         text.replace(u"\r\n"_s, u" "_s).replace(u'\r', u' ').replace(u'\n', u' ');
-}
-
-Status moveOver(const QString &from, const QString &to) {
-    std::error_code error;
-    std::filesystem::rename(from.toStdU16String(), to.toStdU16String(), error);
-    if (!error)
-        return platform::success();
-    return Failure{QString::fromLocal8Bit(error.message().c_str()), error.value()};
 }
 
 } // namespace
@@ -258,7 +248,7 @@ Status TidyRun::close() {
     }
     Status done = m_target->commit();
     if (done && isXmlSource() && !m_result.broken)
-        done = moveOver(m_files.ahead, m_files.target);
+        done = platform::moveOver(m_files.ahead, m_files.target);
     if (!done && m_aside)
         std::ignore = platform::removeFile(m_result.unreadableFile);
     m_target.reset();

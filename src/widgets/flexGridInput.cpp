@@ -196,20 +196,11 @@ void FlexGrid::copySelection() const {
     const auto [first, last] = std::minmax({row(), rowSel()});
     QString copied;
     for (int row = first; row >= 0 && row <= last; row = shownRow(row, 1)) {
-        bool behind = false;
-        for (int column = 0; column < columns(); ++column) {
-            if (isColumnHidden(column))
-                continue;
-            QString cell = text(row, column);
-            for (QChar &character : cell)
-                if (character == u'\t' || character == u'\n' || character == u'\r')
-                    character = u' '; // they would be read as separators of cells and rows
-            if (behind)
-                copied += u'\t';
-            behind = true;
-            copied += cell;
-        }
-        copied += u'\n';
+        QStringList cells;
+        for (int column = 0; column < columns(); ++column)
+            if (!isColumnHidden(column))
+                cells.append(text(row, column));
+        copied += platform::tabSeparated(cells) + u'\n';
     }
     QGuiApplication::clipboard()->setText(copied);
 }

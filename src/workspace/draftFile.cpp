@@ -1,11 +1,11 @@
 #include "workspace/draftFile.h"
+#include "platform/byteFile.h"
 #include <QCryptographicHash>
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSaveFile>
 #include <limits>
 #include <utility>
 
@@ -104,15 +104,6 @@ std::variant<DraftFile::Found, Fault> parse(QFile &file, const QByteArray &headi
     return found;
 }
 
-platform::Status writeWhole(const QString &path, const QByteArray &text) {
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) &&
-        file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner) && file.write(text) == text.size() &&
-        file.commit())
-        return platform::success();
-    return platform::Failure{file.errorString(), int(file.error())};
-}
-
 } // namespace
 
 DraftFile::DraftFile(const QString &folder, const QString &recordFile)
@@ -191,12 +182,13 @@ platform::Status DraftFile::write(const Drafts &changed, const Drafts &left) {
     const QByteArray text = heading() + linesOf(changed, false) + linesOf(left, true);
     if (text.size() > largest)
         return platform::Failure{u"修改太多"_s};
-    return writeWhole(m_path, text);
+    return platform::writeWholeFile(m_path, text, platform::Saving::OwnerOnly);
 }
 
 platform::Result<QString> DraftFile::setAside(const Drafts &drafts) const {
     const QString path = freePath();
-    if (const platform::Status written = writeWhole(path, heading() + linesOf(drafts, false)); !written)
+    const QByteArray text = heading() + linesOf(drafts, false);
+    if (const auto written = platform::writeWholeFile(path, text, platform::Saving::OwnerOnly); !written)
         return written.failure();
     return path;
 }

@@ -1,7 +1,6 @@
 // The remarks on the records of a list, without a window or a server.
 #include "batch/batchProof.h"
 #include "batch/refusedRecords.h"
-#include "batch/wholeFile.h"
 #include "support/fullDisk.h"
 #include "support/recordText.h"
 #include "support/testFolder.h"

@@ -1,5 +1,4 @@
 #include "batch/windows/remarkTable.h"
-#include "batch/wholeFile.h"
 #include "platform/paths.h"
 #include "widgets/layout.h"
 #include <QClipboard>
