@@ -46,7 +46,7 @@ void PreReadStore::reset() {
     m_rows = std::deque<Row>(initialRows);
     m_titles.clear();
     m_replaced.clear();
-    m_held = {};
+    m_held.clear();
 }
 
 void PreReadStore::setRows(int count) {
