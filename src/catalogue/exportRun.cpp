@@ -2,6 +2,7 @@
 #include "catalogue/exportRecord.h"
 #include "catalogue/listStatements.h"
 #include "catalogue/listTexts.h"
+#include "platform/fileFilters.h"
 #include "platform/numbers.h"
 #include "platform/paths.h"
 #include <utility>
@@ -45,7 +46,7 @@ void ExportRun::daochuMarc() {
 
 QString ExportRun::chooseName() {
     const QString name = m_host.chooseFile({.title = u"导出书库数据为marc格式"_s,
-                                            .filter = u"cnmarc_file(*.iso)|*.iso|all files(*.*)|*.*"_s,
+                                            .filter = platform::filters::exportedRecords.toString(),
                                             .kind = platform::FileDialogKind::Save});
     if (name.isEmpty()) {
         m_host.tell(u"请输入要保存marc数据的文件名！"_s, boxTitle.toString());

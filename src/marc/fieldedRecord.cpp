@@ -194,7 +194,7 @@ bool FieldedRecord::take(QByteArrayView leaderText, QByteArrayView tags, QString
 
 size_t FieldedRecord::placeFor(QStringView tag) const {
     const auto last =
-        std::find_if(fields.rbegin(), fields.rend(), [&](const Field &field) { return field.tag <= tag; });
+        std::ranges::find_if(fields.rbegin(), fields.rend(), [&](const Field &field) { return field.tag <= tag; });
     return size_t(last.base() - fields.begin());
 }
 

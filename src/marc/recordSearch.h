@@ -15,8 +15,8 @@ public:
     // Does not search yet. An empty text is never found.
     RecordSearch(const PreReadStore &store, const QString &text, SearchPlace place);
 
-    // Searches the next records for some milliseconds; returns false when all are searched. Records that were added
-    // meanwhile are included.
+    // Searches the next 64 records at most; returns false when all are searched. Records that were added meanwhile are
+    // included.
     bool step();
     // Returns the rows found so far, from 0, ascending.
     const std::vector<int> &hits() const { return m_hits; }

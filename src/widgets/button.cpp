@@ -1,5 +1,5 @@
 #include "widgets/button.h"
-#include "widgets/modality.h"
+#include "platform/desktop/frontWindow.h"
 #include <QKeyEvent>
 #include <QPointer>
 #include <QShortcutEvent>
@@ -20,7 +20,7 @@ int Button::captionWidth(int characters) const {
 }
 
 bool Button::event(QEvent *event) {
-    if (event->type() == QEvent::Shortcut && isBlocked(this))
+    if (event->type() == QEvent::Shortcut && platform::isBlocked(this))
         return true;
     if (event->type() == QEvent::Shortcut && isEnabled()) {
         // If two buttons of a window have the same access key, the key only moves the focus between them.

@@ -1,7 +1,6 @@
 #include "widgets/longPreview.h"
 #include "widgets/layout.h"
 #include <QAction>
-#include <QElapsedTimer>
 #include <QIcon>
 #include <QPageSetupDialog>
 #include <QPrintDialog>
@@ -9,7 +8,6 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QSpinBox>
-#include <QTimerEvent>
 #include <QToolBar>
 
 using namespace Qt::StringLiterals;
@@ -18,8 +16,8 @@ namespace widgets {
 
 namespace {
 
-constexpr qint64 sliceMilliseconds = 15;
-constexpr int rowsBetweenLooks = 50; // between reads of the clock
+constexpr std::chrono::milliseconds slice(15);
+constexpr int rowsPerStep = 50;
 
 // Returns the icon of Qt's own preview. Without an icon the button shows its name.
 QIcon toolIcon(QStringView name) {
@@ -31,23 +29,15 @@ QIcon toolIcon(QStringView name) {
     return icon;
 }
 
-// Works until the time slice is over. Returns whether there is more to do.
-template <class Work>
-bool workASlice(const Work &work) {
-    QElapsedTimer clock;
-    clock.start();
-    bool more = true;
-    while (more && clock.elapsed() < sliceMilliseconds)
-        more = work();
-    return more;
-}
-
 } // namespace
 
 LongPreview::LongPreview(BandedReport report, std::shared_ptr<QPrinter> printer, QWidget *parent)
     : QDialog(parent)
     , m_report(std::move(report))
     , m_printer(std::move(printer))
+    , m_work(
+          slice, [this] { return m_run ? m_run->step() : m_sheet->place(rowsPerStep); },
+          [this](bool more) { showProgress(more); })
     , m_tools(new QToolBar)
     , m_page(named(new QSpinBox, u"page"_s, u"页码"_s))
     , m_pages(new QLabel)
@@ -108,13 +98,14 @@ void LongPreview::addPageTools() {
     addTool(u"printer", u"打印", [this] { choosePrinter(); })->setShortcut(QKeySequence::Print);
 }
 
-void LongPreview::timerEvent(QTimerEvent *event) {
-    if (event->timerId() != m_work.timerId())
-        return QDialog::timerEvent(event);
+void LongPreview::showProgress(bool more) {
+    m_progress->setValue(m_run ? m_run->donePages() : m_sheet->placedRows());
+    if (more)
+        return;
     if (m_run)
-        printOn();
+        printed();
     else
-        placeOn();
+        placed();
 }
 
 void LongPreview::beginWork(const QString &state, int all) {
@@ -125,7 +116,7 @@ void LongPreview::beginWork(const QString &state, int all) {
     for (QWidget *shown :
          {static_cast<QWidget *>(m_state), static_cast<QWidget *>(m_progress), static_cast<QWidget *>(m_stop)})
         shown->show();
-    m_work.start(0, this);
+    m_work.start();
 }
 
 void LongPreview::endWork(const QString &state) {
@@ -143,11 +134,7 @@ void LongPreview::layOut() {
     beginWork(u"正在分页，请稍候……"_s, m_sheet->rowCount());
 }
 
-void LongPreview::placeOn() {
-    const bool more = workASlice([this] { return m_sheet->place(rowsBetweenLooks); });
-    m_progress->setValue(m_sheet->placedRows());
-    if (more)
-        return;
+void LongPreview::placed() {
     endWork();
     m_page->setRange(1, m_sheet->pages());
     m_pages->setText(u" / %1 "_s.arg(m_sheet->pages()));
@@ -177,11 +164,7 @@ void LongPreview::startPrinting() {
     beginWork(u"正在打印，请稍候……"_s, m_run->wantedPages());
 }
 
-void LongPreview::printOn() {
-    const bool more = workASlice([this] { return m_run->step(); });
-    m_progress->setValue(m_run->donePages());
-    if (more)
-        return;
+void LongPreview::printed() {
     const bool failed = m_run->failed();
     endWork(failed ? u"打印没有完成。"_s : QString());
     if (!failed)

@@ -3,8 +3,8 @@
 // cancels either.
 #pragma once
 
+#include "platform/slicedWork.h"
 #include "widgets/reportSheet.h"
-#include <QBasicTimer>
 #include <QDialog>
 #include <functional>
 #include <memory>
@@ -28,17 +28,15 @@ public:
     // Prints the page range that the printer is set to.
     void startPrinting();
 
-protected:
-    void timerEvent(QTimerEvent *event) override;
-
 private:
     using Work = std::function<void()>;
     QAction *addTool(QStringView icon, QStringView name, Work work);
     void addViewTools();
     void addPageTools();
     void layOut();
-    void placeOn();
-    void printOn();
+    void showProgress(bool more);
+    void placed();
+    void printed();
     void beginWork(const QString &state, int all);
     void endWork(const QString &state = {});
     void stop();
@@ -49,7 +47,7 @@ private:
     std::shared_ptr<QPrinter> m_printer;
     std::optional<ReportSheet> m_sheet;
     std::optional<ReportRun> m_run; // destroyed before the sheet
-    QBasicTimer m_work;             // active while pages are counted or printed
+    platform::SlicedWork m_work;    // active while pages are counted or printed
 
     QToolBar *m_tools;
     QSpinBox *m_page;

@@ -1,7 +1,7 @@
 // The mouse and the keyboard of TourDriver.
 #include "tour/tourDriver.h"
 #include "widgets/flexGrid.h"
-#include "widgets/modality.h"
+#include "platform/desktop/frontWindow.h"
 #include <QApplication>
 #include <QMenuBar>
 
@@ -15,7 +15,7 @@ void TourDriver::waitForKeyboard(const QString &what) {
     waitUntil(u"a window takes " + what, [this] {
         const QWidget *front = QApplication::activeWindow();
         return QApplication::activePopupWidget() ||
-               (front && !widgets::isBlocked(front) && m_server.hasKeyboard(front->winId()));
+               (front && !platform::isBlocked(front) && m_server.hasKeyboard(front->winId()));
     });
     settle();
 }

@@ -1,5 +1,5 @@
 #include "app/windows/handbookKey.h"
-#include "widgets/modality.h"
+#include "platform/desktop/frontWindow.h"
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMdiArea>
@@ -8,14 +8,6 @@
 namespace app {
 
 namespace {
-
-// During a change of windows the blocked window may still be active.
-QWidget *windowInFront() {
-    QWidget *active = QApplication::activeWindow();
-    if (active && !widgets::isBlocked(active))
-        return active;
-    return QApplication::activeModalWidget();
-}
 
 // Returns the names from the focused control outwards. If the focus is in the frame itself, starts at the current list
 // window.
@@ -41,7 +33,7 @@ HandbookKey::HandbookKey(platform::Host &host)
 void HandbookKey::open() {
     while (QWidget *popup = QApplication::activePopupWidget())
         popup->close(); // it has grabbed the keyboard
-    QWidget *front = windowInFront();
+    QWidget *front = platform::windowInFront();
     if (!front)
         return;
     if (!m_handbook)

@@ -1,9 +1,9 @@
 #include "app/windows/marcMain.h"
 #include "app/databaseNote.h"
+#include "platform/desktop/frontWindow.h"
 #include "widgets/button.h"
 #include "widgets/fileDrop.h"
 #include "widgets/layout.h"
-#include "widgets/modality.h"
 #include "widgets/remembered.h"
 #include <QCloseEvent>
 #include <QDragEnterEvent>
@@ -102,7 +102,7 @@ void marcMain::buildStartPage() {
     startPage->databaseWords->setText(words);
     auto *menuKey = new QShortcut(Qt::Key_F10, this);
     connect(menuKey, &QShortcut::activated, this, [this] {
-        if (widgets::isBlocked(this))
+        if (platform::isBlocked(this))
             return;
         menuBar()->setFocus(Qt::MenuBarFocusReason);
         menuBar()->setActiveAction(menuBar()->actions().constFirst());

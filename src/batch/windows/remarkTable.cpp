@@ -1,4 +1,5 @@
 #include "batch/windows/remarkTable.h"
+#include "platform/fileFilters.h"
 #include "platform/paths.h"
 #include "widgets/layout.h"
 #include <QClipboard>
@@ -54,7 +55,7 @@ RemarkTable::RemarkTable(const QString &objectName, platform::Host &host, QWidge
     connect(copyButton, &Button::clicked, this,
             [this] { QGuiApplication::clipboard()->setText(m_list->tabSeparated(u"\n")); });
     connect(saveButton, &Button::clicked, this, [this] {
-        save({u"另存为"_s, u"文本表格(*.tsv)|*.tsv|所有文件(*.*)|*.*"_s, u".tsv"},
+        save({u"另存为"_s, platform::filters::remarks.toString(), u".tsv"},
              [this](const QString &path) { return saveRemarks(path, *m_list); });
     });
     begin();

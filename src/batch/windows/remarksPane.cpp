@@ -1,4 +1,5 @@
 #include "batch/windows/remarksPane.h"
+#include "platform/fileFilters.h"
 #include "widgets/layout.h"
 #include <QApplication>
 #include <QKeyEvent>
@@ -157,7 +158,7 @@ void RemarksPane::listRefused(NotImported rest) {
 
 void RemarksPane::saveRecords() {
     refusedTable->save(
-        {u"存为机读文件"_s, u"机读目录文件(*.iso)|*.iso|所有文件(*.*)|*.*"_s, u".iso"},
+        {u"存为机读文件"_s, platform::filters::refusedRecords.toString(), u".iso"},
         [this](const QString &path) { return saveRefused(path, m_rest.inListOrder(), *m_source.records); });
 }
 

@@ -1,6 +1,7 @@
 #include "catalogue/windows/tlkListFrm.h"
 #include "catalogue/listStatements.h"
 #include "catalogue/listTexts.h"
+#include "platform/fileFilters.h"
 #include "platform/numbers.h"
 #include "platform/paths.h"
 #include "widgets/ink.h"
@@ -153,7 +154,7 @@ void TLKListFrm::saveRecords() {
     if (firstCellIsEmpty())
         return m_host.tell(u"没有可以保存的记录。"_s);
     const QString path = m_host.chooseFile({.title = u"存为机读文件"_s,
-                                            .filter = u"cnmarc_file(*.iso)|*.iso|all_files(*.*)|*.*"_s,
+                                            .filter = platform::filters::storeRecords.toString(),
                                             .kind = platform::FileDialogKind::Save});
     if (path.isEmpty() ||
         (platform::fileExists(path) && !m_host.ask(path + u"已经存在。要替换吗？", platform::hintTitle)))

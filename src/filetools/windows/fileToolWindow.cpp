@@ -1,4 +1,5 @@
 #include "filetools/windows/fileToolWindow.h"
+#include "platform/fileFilters.h"
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -35,9 +36,8 @@ bool FileToolWindow::queryUnload() {
 }
 
 QString FileToolWindow::chooseFile(platform::FileDialogKind kind) {
-    return m_host.chooseFile({.title = u"选择文件对话框"_s,
-                              .filter = u"cnmarc_file(*.iso)|*.iso|text_file(*.txt)|*.txt|all_files(*.*)|*.*"_s,
-                              .kind = kind});
+    return m_host.chooseFile(
+        {.title = u"选择文件对话框"_s, .filter = platform::filters::records.toString(), .kind = kind});
 }
 
 void FileToolWindow::beginRun(const QList<QWidget *> &disabled, QLineEdit *locked) {

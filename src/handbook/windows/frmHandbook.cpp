@@ -1,7 +1,7 @@
 #include "handbook/windows/frmHandbook.h"
 #include "handbook/windows/pagePrint.h"
+#include "platform/desktop/frontWindow.h"
 #include "widgets/layout.h"
-#include "widgets/modality.h"
 #include "widgets/remembered.h"
 #include <QApplication>
 #include <QFile>
@@ -147,7 +147,7 @@ bool frmHandbook::event(QEvent *event) {
 void frmHandbook::closeEvent(QCloseEvent *event) {
     m_host.remembered().keep(platform::kept::handbookAcross, across->saveState());
     Window::closeEvent(event);
-    const bool opener = m_opener && m_opener->isVisible() && !widgets::isBlocked(m_opener);
+    const bool opener = m_opener && m_opener->isVisible() && !platform::isBlocked(m_opener);
     QWidget *behind = opener ? m_opener->window() : QApplication::activeModalWidget();
     if (isActiveWindow() && behind)
         behind->activateWindow();

@@ -1,6 +1,7 @@
 #include "platform/desktop/qtHost.h"
 #include "platform/desktop/faces.h"
 #include "platform/desktop/fileChooser.h"
+#include "platform/desktop/frontWindow.h"
 #include "platform/programFolder.h"
 #include <QApplication>
 #include <QCheckBox>
@@ -99,16 +100,6 @@ private:
 
     Leaving m_leaving;
 };
-
-// Returns the active window, or the modal window if it neither is the active window nor opened it.
-QWidget *windowInFront() {
-    QWidget *active = QApplication::activeWindow();
-    QWidget *modal = QApplication::activeModalWidget();
-    const QWidget *opener = active;
-    while (opener && opener != modal)
-        opener = opener->parentWidget();
-    return modal && !opener ? modal : active;
-}
 
 // QDesktopServices reports success as soon as the helper program starts, but the helper reports by its exit code that
 // there is no browser. A helper that still runs after the timeout has become the browser itself or waits for it.

@@ -2,14 +2,15 @@
 #include "platform/paths.h"
 #include "widgets/ink.h"
 #include <QFileInfo>
-#include <QTimerEvent>
 
 using namespace Qt::StringLiterals;
 
 namespace tidy {
 
 FactsLabel::FactsLabel(const QString &objectName, QWidget *parent)
-    : QLabel(parent) {
+    : QLabel(parent)
+    , m_slices(
+          std::chrono::milliseconds(0), [this] { return step(); }, [this](bool more) { report(more); }) {
     setObjectName(objectName);
     setWordWrap(true);
     setTextFormat(Qt::RichText);
@@ -43,13 +44,13 @@ void FactsLabel::look() {
     if (!survey)
         return tell({{survey.failure().description, true}});
     m_survey = std::move(survey).value();
-    m_slices.start(0, this);
+    m_slices.start();
 }
 
 void FactsLabel::hurry() {
     constexpr int slices = 8;
     for (int i = 0; i < slices && m_survey; ++i)
-        step();
+        report(m_slices.advance());
 }
 
 void FactsLabel::stop() {
@@ -72,22 +73,20 @@ void FactsLabel::tell(const QList<marc::FactLine> &lines) {
     setAccessibleName(plain.join(u'　'));
 }
 
-void FactsLabel::timerEvent(QTimerEvent *event) {
-    if (event->timerId() == m_slices.timerId())
-        step();
-    else
-        QLabel::timerEvent(event);
+bool FactsLabel::step() {
+    const platform::Result<bool> more = m_survey->step();
+    m_fault = more ? std::nullopt : std::optional(more.failure());
+    return more && more.value();
 }
 
-void FactsLabel::step() {
-    const platform::Result<bool> more = m_survey->step();
-    if (!more) {
+void FactsLabel::report(bool more) {
+    if (m_fault) {
         stop();
-        return tell({{more.failure().description, true}});
+        return tell({{m_fault->description, true}});
     }
     const marc::FileFacts facts = m_survey->facts();
     marc::FactLines told = marc::describe(facts);
-    if (more.value()) {
+    if (more) {
         const int percent = int(m_survey->position() * 100 / std::max<qint64>(1, m_survey->size()));
         told.lines.prepend({u"正在查看，%1%"_s.arg(percent)});
         return tell(told.lines);

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "marc/fileSurvey.h"
-#include <QBasicTimer>
+#include "platform/slicedWork.h"
 #include <QDateTime>
 #include <QLabel>
 #include <optional>
@@ -30,9 +30,6 @@ Q_SIGNALS:
     // file needs tidying.
     void looked(const marc::FileFacts &facts, bool disagree);
 
-protected:
-    void timerEvent(QTimerEvent *event) override;
-
 private:
     struct Stand { // identifies a version of a file
         qint64 size = -1;
@@ -41,13 +38,15 @@ private:
     };
     static Stand standOf(const QString &path);
     void look();
-    void step();
+    bool step();
+    void report(bool more);
     void tell(const QList<marc::FactLine> &lines);
 
     QString m_path;
     Stand m_stand;
     std::optional<marc::FileSurvey> m_survey; // during the survey
-    QBasicTimer m_slices;
+    std::optional<platform::Failure> m_fault; // of the last step
+    platform::SlicedWork m_slices;
 };
 
 } // namespace tidy

@@ -1,4 +1,5 @@
 #include "tidy/windows/frmTidy.h"
+#include "platform/fileFilters.h"
 #include "platform/numbers.h"
 #include "platform/paths.h"
 #include "tidy/sampleRecord.h"
@@ -170,11 +171,10 @@ void frmTidy::showSample() {
 
 // If the user cancels, the box does not change.
 void frmTidy::chooseInto(SelectingEdit *box, platform::FileDialogKind kind) {
-    const QString path = m_host.chooseFile(
-        {.title = u"选择文件对话框"_s,
-         .filter = u"cnmarc_file(*.iso)|*.iso|xml_file(*.xml)|*.xml|text_file(*.txt)|*.txt|all_files(*.*)|*.*"_s,
-         .kind = kind,
-         .start = platform::trimBlanks(box->text())});
+    const QString path = m_host.chooseFile({.title = u"选择文件对话框"_s,
+                                            .filter = platform::filters::tidying.toString(),
+                                            .kind = kind,
+                                            .start = platform::trimBlanks(box->text())});
     if (!path.isEmpty())
         box->setText(path);
 }

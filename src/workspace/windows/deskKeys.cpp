@@ -1,5 +1,5 @@
 #include "workspace/windows/deskKeys.h"
-#include "widgets/modality.h"
+#include "platform/desktop/frontWindow.h"
 #include <QShortcut>
 #include <algorithm>
 
@@ -28,7 +28,7 @@ template <class Act>
 void DeskKeys::bind(QWidget *where, const QKeySequence &key, Qt::ShortcutContext context, Act act) {
     auto *shortcut = new QShortcut(key, where, nullptr, nullptr, context);
     connect(shortcut, &QShortcut::activated, this, [this, act] {
-        if (!widgets::isBlocked(m_window))
+        if (!platform::isBlocked(m_window))
             act();
     });
 }

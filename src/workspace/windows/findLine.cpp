@@ -9,12 +9,23 @@ using namespace Qt::StringLiterals;
 
 namespace workspace {
 
+namespace {
+constexpr std::chrono::milliseconds slice(8);
+}
+
 FindLine::FindLine(RecordList &list, QWidget *parent)
     : QWidget(parent)
     , findText(widgets::named(new QLineEdit(this), u"findText"_s, u"查找"_s))
     , findPlace(widgets::named(new QComboBox(this), u"findPlace"_s, u"查找范围"_s))
     , findCount(widgets::named(new QLabel(this), u"findCount"_s))
-    , m_list(list) {
+    , m_list(list)
+    , m_slices(
+          slice, [this] { return m_search->step(); },
+          [this](bool more) {
+              say();
+              if (!more && m_owed)
+                  walk(*std::exchange(m_owed, std::nullopt));
+          }) {
     setObjectName(u"findLine"_s);
     findText->setPlaceholderText(u"查找：F3 下一条，Shift+F3 上一条"_s);
     findText->setMinimumWidth(fontMetrics().averageCharWidth() * 24);
@@ -24,15 +35,6 @@ FindLine::FindLine(RecordList &list, QWidget *parent)
     connect(findText, &QLineEdit::textChanged, this, &FindLine::look);
     connect(findText, &QLineEdit::returnPressed, this, &FindLine::next);
     connect(findPlace, &QComboBox::currentIndexChanged, this, &FindLine::look);
-    m_slices.setInterval(0);
-    connect(&m_slices, &QTimer::timeout, this, [this] {
-        const bool more = m_search && m_search->step();
-        if (!more)
-            m_slices.stop();
-        say();
-        if (!more && m_owed)
-            walk(*std::exchange(m_owed, std::nullopt));
-    });
     hide();
 }
 
@@ -93,11 +95,10 @@ void FindLine::walk(Direction direction) {
         look();
     else if (!m_slices.isActive())
         m_slices.start(); // more records may have been listed
-    if (m_slices.isActive() && m_search->step()) {
+    if (m_slices.isActive() && m_slices.advance()) {
         m_owed = direction;
         return;
     }
-    m_slices.stop();
     if (const int row = !m_search                      ? -1
                         : direction == Direction::Next ? m_search->after(m_list.row())
                                                        : m_search->before(m_list.row());

@@ -4,12 +4,12 @@
 #pragma once
 
 #include "marc/recordSearch.h"
+#include "platform/slicedWork.h"
 #include "workspace/windows/recordList.h"
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
-#include <QTimer>
 #include <memory>
 
 namespace workspace {
@@ -50,7 +50,7 @@ private:
 
     RecordList &m_list;
     std::unique_ptr<marc::RecordSearch> m_search;
-    QTimer m_slices;
+    platform::SlicedWork m_slices;
     std::optional<Direction> m_owed; // a step that waits for the end of the search
     QString m_words;                 // the last words, while a number is searched for
     QPointer<QWidget> m_cameFrom;    // had the focus before the line was opened

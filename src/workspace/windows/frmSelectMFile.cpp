@@ -1,4 +1,5 @@
 #include "workspace/windows/frmSelectMFile.h"
+#include "platform/fileFilters.h"
 #include "platform/numbers.h"
 #include "platform/paths.h"
 #include "platform/recentFiles.h"
@@ -130,7 +131,7 @@ void frmSelectMFile::dropEvent(QDropEvent *event) {
 
 void frmSelectMFile::browse() {
     Text1->setText(m_host.chooseFile({.title = u"打开marc文件对话框"_s,
-                                      .filter = u"cnmarc_file(*.iso)|*.iso|text_file(*.txt)|*.txt|all_files(*.*)|*.*"_s,
+                                      .filter = platform::filters::records.toString(),
                                       .kind = platform::FileDialogKind::Open}));
     if (!Text1->text().isEmpty())
         cmdClick[0]->setFocus();

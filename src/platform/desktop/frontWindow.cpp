@@ -1,9 +1,8 @@
-#include "widgets/modality.h"
+#include "platform/desktop/frontWindow.h"
 #include <QApplication>
-#include <QWidget>
 #include <QWindow>
 
-namespace widgets {
+namespace platform {
 
 // A window whose parent or transient parent is the modal window, at any depth, is not blocked.
 bool isBlocked(const QWidget *widget) {
@@ -17,4 +16,9 @@ bool isBlocked(const QWidget *widget) {
     return modal && opener != modal;
 }
 
-} // namespace widgets
+QWidget *windowInFront() {
+    QWidget *active = QApplication::activeWindow();
+    return active && !isBlocked(active) ? active : QApplication::activeModalWidget();
+}
+
+} // namespace platform
