@@ -1,4 +1,4 @@
--- The tables for MariaDB. On Linux it tells table names by case: keep them as they stand here.
+-- The tables for MariaDB. On Linux, table names are case-sensitive: keep this spelling.
 -- taoluTable is the copy-cataloguing store; zsk is the catalogue, sck its copies, jhsk the loans.
 create table taoluTable (
   zskid integer auto_increment primary key,

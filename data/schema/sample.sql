@@ -1,5 +1,5 @@
--- Sample rows, the same for every server: to look at and to try things on. The books are real; their ISBNs have right check
--- digits and belong to nobody, and so do dates of entry, bar codes and loans.
+-- Sample rows for trying out the program, the same for every server. The books are real; their ISBNs have correct check
+-- digits but are invented, as are dates of entry, bar codes and loans.
 
 insert into zsk (zskid,isbn,bookname,author,classcode,lagclass,publisher,pubplace,pubdate,pages,appendix,measure,books,booksauthor,ztc,edition,bookcount,catatime,docclass,zch) values (1,'7-02-001037-7','红楼梦','曹雪芹著','I242.4','chi','人民文学出版社','北京','1982','1606页',null,'21cm','中国古典文学读本丛书',null,'章回小说',null,3,'1999-06-08','文字资料印刷品','2');
 insert into zsk (zskid,isbn,bookname,author,classcode,lagclass,publisher,pubplace,pubdate,pages,appendix,measure,books,booksauthor,ztc,edition,bookcount,catatime,docclass,zch) values (2,'7-02-001074-1','三国演义','罗贯中著','I242.4','chi','人民文学出版社','北京','1973','990页',null,'21cm','中国古典文学读本丛书',null,'章回小说',null,2,'2000-11-15','文字资料印刷品','3');

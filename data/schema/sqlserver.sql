@@ -1,4 +1,4 @@
--- The tables for SQL Server. The collation makes it hold Chinese in the plain literals that the program writes.
+-- The tables for SQL Server. The collation is needed to store Chinese from the plain literals that the program writes.
 -- taoluTable is the copy-cataloguing store; zsk is the catalogue, sck its copies, jhsk the loans.
 create table taoluTable (
   zskid int identity(1,1) primary key,
