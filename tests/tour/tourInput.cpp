@@ -1,7 +1,7 @@
 // The mouse and the keyboard of TourDriver.
+#include "platform/desktop/frontWindow.h"
 #include "tour/tourDriver.h"
 #include "widgets/flexGrid.h"
-#include "platform/desktop/frontWindow.h"
 #include <QApplication>
 #include <QMenuBar>
 
