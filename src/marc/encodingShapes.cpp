@@ -28,7 +28,7 @@ constexpr uchar firstTrail = 0xA1; // in the national standard, which GBK extend
 constexpr auto kindsByLead = [] {
     std::array<std::array<quint64, 256>, 2> kinds{}; // for trail bytes below and from firstTrail
     const auto fill = [](auto &row, int first, int last, quint64 kind) {
-        std::fill(row.begin() + first, row.begin() + last + 1, kind);
+        std::ranges::fill(row.begin() + first, row.begin() + last + 1, kind);
     };
     fill(kinds[0], 0xA1, 0xA7, isForeign);
     fill(kinds[1], 0xA1, 0xA1, isUsual);

@@ -88,7 +88,7 @@ bool isTag(QByteArrayView tag) {
     const auto isLetterOrDigit = [](char c) {
         return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
     };
-    return tag.size() == tagLength && std::all_of(tag.begin(), tag.end(), isLetterOrDigit);
+    return tag.size() == tagLength && std::ranges::all_of(tag, isLetterOrDigit);
 }
 
 QString fitLeader(QByteArrayView leader) {

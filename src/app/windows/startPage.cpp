@@ -65,7 +65,7 @@ void StartPage::refresh() {
     recent.clear();
     const QStringList paths = platform::recentFiles(m_host.remembered());
     const QStringList names = platform::recentNames(paths);
-    const auto drafts = m_host.remembered().folderFor(u"drafts"_s);
+    const auto drafts = m_host.remembered().folderFor(platform::kept::drafts);
     for (qsizetype at = 0; at < paths.size(); ++at) {
         const QString &path = paths[at];
         const QString shown = QDir::toNativeSeparators(path);
