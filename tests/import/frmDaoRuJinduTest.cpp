@@ -62,7 +62,6 @@ TEST_F(FrmDaoRuJinduTest, RunsOnceAndReportsEachStep) {
     EXPECT_EQ(window.labJinDuShu->text(), u"处理完毕！"_s);
     EXPECT_EQ(window.labTishi->text(), u"本次成功处理的记录数：2"_s);
     EXPECT_EQ(stored(), (QStringList{u"甲"_s, u"丙's"_s}));
-    EXPECT_TRUE(window.labTishi->isVisible() && window.cmdRefused->isVisible() && window.LabBi->isHidden());
     window.cmdQuit->click();
     EXPECT_FALSE(window.isVisible());
 }

@@ -53,14 +53,6 @@ void notices(TourDriver &driver) {
     driver.keyElsewhere(u"Return"_s);
     driver.expect(second.waitForFinished(10000), u"a second start ends"_s);
     driver.waitForWindow(u"marcMain"_s);
-
-    driver.openMenu(u"gongjumnu"_s, u"aboutgongju"_s);
-    driver.waitForWindow(u"frmHelp"_s, u"help"_s);
-    driver.expect(driver.textOf(u"RichTextBox1"_s).count(u"GB ") == 8, u"the help names the standards"_s);
-    driver.leave(u"Escape"_s, u"frmHelp"_s);
-    driver.key(u"F10 Right Right Right Right Down Down Down Return"_s);
-    driver.waitForWindow(u"AboutFrm"_s, u"about"_s);
-    driver.leave(u"alt+q"_s, u"AboutFrm"_s);
 }
 
 void leave(TourDriver &driver) {
