@@ -89,8 +89,8 @@ void BatchProof::checkNumbers(const marc::FieldRows &rows) {
 
 void BatchProof::checkFormat(const marc::FieldRows &rows) {
     const int row = m_next - 1;
-    if (m_proved == 1 && !m_format.complaint().isEmpty())
-        m_remarks.push_back({.kind = Kind::Unchecked, .text = m_format.complaint()});
+    if (const QString complaint = m_format.takeComplaint(); !complaint.isEmpty())
+        m_remarks.push_back({.kind = Kind::Unchecked, .text = complaint});
     std::vector<Remark> remarks = m_format.remarksOn(rows, m_remarks);
     const QString title = remarks.empty() ? QString() : m_records->title(row); // shared by the remarks
     for (Remark &found : remarks) {

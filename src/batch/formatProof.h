@@ -5,6 +5,7 @@
 #include "marc/fieldRows.h"
 #include "schema/schemaChoice.h"
 #include "schema/validator.h"
+#include <utility>
 
 namespace batch {
 
@@ -13,8 +14,8 @@ public:
     // Without a source, or if no schema can be read, no record has a finding.
     explicit FormatProof(schema::SchemaInForce *source);
 
-    // Returns why the schema in force could not be read; empty if it was, or if there is no source.
-    const QString &complaint() const { return m_complaint; }
+    // Returns, at the first call, why the schema in force could not be read; empty if it was, or if there is no source.
+    QString takeComplaint() { return std::exchange(m_complaint, {}); }
 
     // Returns the remarks about the rows, without record and title. What `others`, the remarks of the other proofs,
     // already report is left out: missing and repeated fields and subfields.

@@ -15,7 +15,7 @@ constexpr std::array<QStringView, levelCount> levels{u"错误", u"警告", u"提
 
 std::optional<QString> readTypes(const QJsonArray &names, RecordTypes &types) {
     types = names.isEmpty() ? ~0U : 0;
-    for (const QJsonValue &name : names) {
+    for (const auto &name : names) {
         const auto type = recordType(name.toString());
         if (!type)
             return u"types：没有“%1”这种记录类型"_s.arg(name.toString());

@@ -98,9 +98,10 @@ TEST(BatchProof, ValidatesAgainstTheSchemaInForce) {
 
     folder.file(u"cnmarc-schema.json"_s, "{");
     schema::SchemaInForce none(platform::Settings(folder.path()), folder.path());
-    const QStringList unread = told(store, proof, &none);
-    EXPECT_EQ(unread.size(), 7) << qPrintable(unread.join(u'\n'));
-    EXPECT_TRUE(unread.value(3).startsWith(u"-1  未能检查  0 机读格式的模式【"_s));
+    const QString damaged = u"00026nam0 2200025   450 2001\x1E\x1D"_s;
+    const QStringList unread = told(storeOf({damaged, store->record(0), store->record(1)}), proof, &none);
+    EXPECT_EQ(unread.size(), 8) << qPrintable(unread.join(u'\n'));
+    EXPECT_TRUE(unread.value(4).startsWith(u"-1  未能检查  0 机读格式的模式【"_s));
 }
 
 TEST(RemarkList, SortsFiltersAndIsATableOfText) {
