@@ -53,17 +53,6 @@ void askWhileImporting(TourDriver &driver) {
     driver.leave(u"alt+q"_s, u"frmDaoRuJindu"_s);
 }
 
-// Like askWhileImporting(), with a read that takes longer.
-void askWhileReading(TourDriver &driver) {
-    openSample(driver, u"large.iso"_s);
-    driver.key(u"alt+a"_s);
-    driver.waitForText(u"labJinDu"_s, u"正在继续预读......."_s);
-    askHandbook(driver, u"workspace.md"_s, u"reading"_s);
-    driver.waitForText(u"labJinDu"_s, u"预读结束"_s, 60000);
-    driver.expectEqual(driver.textOf(u"Text3"_s), u"100000"_s, u"records read"_s);
-    backToMain(driver);
-}
-
 void askInWorkspace(TourDriver &driver) {
     driver.open(u"daoru"_s, u"frmSelectMFile"_s);
     choose(driver, u"sample.iso"_s);
@@ -112,7 +101,6 @@ void handbook(TourDriver &driver) {
     askHandbook(driver, u"start.md"_s, u"main"_s);
     keepBeside(driver);
     askInWorkspace(driver);
-    askWhileReading(driver);
 }
 
 } // namespace tour
