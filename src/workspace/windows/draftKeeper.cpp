@@ -147,9 +147,18 @@ void DraftKeeper::touch() {
         m_pace.start();
 }
 
+// Returns whether the current record was changed, but has no change that the list took over.
+bool DraftKeeper::onlyGridChanged() const {
+    return m_record.differsFromList() && !m_book.isTaken(m_list.row());
+}
+
+qsizetype DraftKeeper::changed() const {
+    return m_book.takenCount() + (onlyGridChanged() ? 1 : 0);
+}
+
 std::vector<int> DraftKeeper::changedRows() const {
     std::vector<int> rows = m_book.takenRows();
-    if (m_record.differsFromList() && !m_book.isTaken(m_list.row()))
+    if (onlyGridChanged())
         rows.insert(std::ranges::lower_bound(rows, m_list.row()), m_list.row());
     return rows;
 }

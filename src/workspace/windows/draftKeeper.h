@@ -34,8 +34,8 @@ public:
     void write();                 // writes at once
     // Returns the milliseconds until the next write; -1 if none is scheduled.
     int dueIn() const { return m_pace.remainingTime(); }
-    qsizetype changed() const { return qsizetype(changedRows().size()); }
-    std::vector<int> changedRows() const; // of records changed and not yet imported, in ascending order
+    qsizetype changed() const;            // records changed and not yet imported
+    std::vector<int> changedRows() const; // of those, in ascending order
 
 Q_SIGNALS:
     void offered(qsizetype records);
@@ -52,6 +52,7 @@ private:
     };
 
     bool ready();
+    bool onlyGridChanged() const;
     RecordState typed() const;
     void carryOut(const DraftBook::Restored &restored);
     QString setAside(const Drafts &drafts);

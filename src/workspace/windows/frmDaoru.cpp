@@ -75,8 +75,8 @@ void frmDaoru::layOut() {
     for (QFrame *frame : {picTiMing, Picture1})
         frame->layout()->setContentsMargins(0, 0, 0, 0);
     widgets::hint({{cmdProofAll, u"校对读出的全部记录，并查重"},
-                   {cmdTiMing[0], u"Ctrl+PgUp"},
-                   {cmdTiMing[1], u"Ctrl+PgDn；F3 查找，Ctrl+G 按记录号定位"},
+                   {cmdTiMing[0], u"Ctrl+PgUp 停在同一个字段"},
+                   {cmdTiMing[1], u"Ctrl+PgDn 停在同一个字段；F3 查找，Ctrl+G 按记录号定位"},
                    {Text3, u"导入的只是已经读出的记录"},
                    {Text4, u"文件的行数；读完以后是记录数"},
                    {cmdJieShu, u"不再往下读，已经读出的留下"}});
