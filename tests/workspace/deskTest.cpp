@@ -90,6 +90,7 @@ TEST_F(DeskTest, KeysDoNothingWhereTheyMustNot) {
     auto &window = load(1);
     window.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    window.Grid1->setFocus();
     window.Grid1->setRow(4);
     QTest::keyClick(window.Grid1, Qt::Key_F2);
     QTest::keyClick(window.Text1, Qt::Key_F6);
