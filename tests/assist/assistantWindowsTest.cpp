@@ -88,6 +88,9 @@ TEST_F(FrmHelpLR000Test, EachKeyChangesOnlyWhatBelongsToIt) {
         EXPECT_FALSE(box && box->hasSelectedText());
     }
     EXPECT_TRUE(window.richTextTS->isReadOnly() && window.textMarc->isReadOnly());
+    window.richTextTS->setFocus();
+    QTest::keyClick(window.richTextTS, Qt::Key_Tab);
+    EXPECT_FALSE(window.richTextTS->hasFocus());
     EXPECT_EQ(state.grown({200, 100}), u"boxArea w; listLx wh; richTextTS wh; textMarc w"_s);
     for (const CodeBox *box : window.Text1) {
         const QColor ground =
@@ -95,6 +98,7 @@ TEST_F(FrmHelpLR000Test, EachKeyChangesOnlyWhatBelongsToIt) {
         EXPECT_EQ(ground, box->isEnabled() ? QColor(0xC0, 0xFF, 0xFF)
                                            : box->palette().color(QPalette::Active, QPalette::Button));
         EXPECT_GE(box->width(), box->fontMetrics().horizontalAdvance(QString(box->maxLength(), u'0')));
+        EXPECT_FALSE(box->accessibleName().isEmpty());
     }
 }
 
