@@ -43,7 +43,7 @@ void AccentFrame::follow() {
 }
 
 void AccentFrame::paintEvent(QPaintEvent *) {
-    QPainter(this).fillRect(rect(), palette().color(QPalette::Active, QPalette::Highlight));
+    QPainter(this).fillRect(rect(), colour(Colour::Accent, palette()));
 }
 
 } // namespace widgets

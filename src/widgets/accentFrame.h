@@ -1,7 +1,8 @@
-// A frame in the highlight colour around a widget that overlaps others, such as an open editor or a list of choices. It
+// A frame in the accent colour around a widget that overlaps others, such as an open editor or a list of choices. It
 // is shown, hidden and moved with that widget and is transparent to the mouse.
 #pragma once
 
+#include "widgets/styleTokens.h"
 #include <QWidget>
 
 namespace widgets {
@@ -9,7 +10,7 @@ namespace widgets {
 class AccentFrame final : public QWidget {
     Q_OBJECT
 public:
-    static constexpr int width = 2; // pixels
+    static constexpr int width = focusWidth; // pixels
 
     // Becomes a sibling of `framed`, and is deleted when `framed` is destroyed.
     explicit AccentFrame(QWidget *framed);

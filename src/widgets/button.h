@@ -12,6 +12,9 @@ public:
     // `objectName` is the name of the control. The caption may have an access key, such as "&S 停止".
     Button(const QString &objectName, const QString &caption, QWidget *parent = nullptr);
 
+    // Marks the primary action of the window, for the style. At most one button of a window is marked.
+    void markPrimary() { setProperty("primary", true); }
+
     // The preferred width leaves a margin around a long caption; the minimum width still shows the whole caption.
     QSize sizeHint() const override { return QPushButton::sizeHint().expandedTo({captionWidth(3), 0}); }
     QSize minimumSizeHint() const override { return {captionWidth(2), QPushButton::sizeHint().height()}; }

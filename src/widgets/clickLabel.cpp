@@ -1,7 +1,6 @@
 #include "widgets/clickLabel.h"
 #include <QKeyEvent>
-#include <QStyleOptionFocusRect>
-#include <QStyleOptionFrame>
+#include <QStyleOptionButton>
 #include <QStylePainter>
 
 namespace widgets {
@@ -36,20 +35,12 @@ void ClickLabel::paintEvent(QPaintEvent *) {
     QStylePainter painter(this);
     if (m_look == Look::Underlined)
         return painter.drawItemText(rect(), m_textFlags, palette(), isEnabled(), text(), foregroundRole());
-    QStyleOptionFrame frame;
-    frame.initFrom(this);
-    frame.lineWidth = style()->pixelMetric(QStyle::PM_DefaultFrameWidth);
-    frame.state |= isDown() ? QStyle::State_Sunken : QStyle::State_Raised;
-    frame.frameShape = QFrame::Panel;
-    painter.drawControl(QStyle::CE_ShapedFrame, frame);
-    painter.drawItemText(isDown() ? rect().translated(1, 1) : rect(), m_textFlags, palette(), isEnabled(), text(),
-                         foregroundRole());
-    if (!hasFocus())
-        return;
-    QStyleOptionFocusRect focus;
-    focus.initFrom(this);
-    focus.rect = rect().adjusted(padding, padding, -padding, -padding);
-    painter.drawPrimitive(QStyle::PE_FrameFocusRect, focus);
+    QStyleOptionButton button;
+    button.initFrom(this);
+    if (isDown())
+        button.state |= QStyle::State_Sunken;
+    painter.drawPrimitive(QStyle::PE_PanelButtonCommand, button);
+    painter.drawItemText(rect(), m_textFlags, palette(), isEnabled(), text(), foregroundRole());
 }
 
 void ClickLabel::keyPressEvent(QKeyEvent *event) {

@@ -2,6 +2,7 @@
 #include "widgets/flexGridColours.h"
 #include "widgets/flexGridColumns.h"
 #include "widgets/flexGridModel.h"
+#include "widgets/styleTokens.h"
 #include <QEvent>
 #include <QHeaderView>
 #include <QItemSelectionModel>
@@ -13,7 +14,6 @@ using namespace Qt::StringLiterals;
 namespace widgets {
 
 namespace {
-constexpr int rowPadding = 6;
 
 Qt::Alignment alignmentOfMark(QChar mark) {
     const Qt::Alignment across = mark == u'^' ? Qt::AlignHCenter : mark == u'>' ? Qt::AlignRight : Qt::AlignLeft;
@@ -35,6 +35,7 @@ FlexGrid::FlexGrid(const QString &objectName, int columns, int fixedRows, QWidge
     setTabKeyNavigation(false);
     setAutoScroll(false);
     setWordWrap(false);
+    setShowGrid(false);                           // the delegate paints the lines
     setContextMenuPolicy(Qt::PreventContextMenu); // the windows handle rightPressed and menuKeyPressed
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
@@ -218,7 +219,7 @@ void FlexGrid::setHeadingTwips(int twips) {
 }
 
 void FlexGrid::fitHeights() {
-    const int needed = fontMetrics().height() + rowPadding;
+    const int needed = qRound(fontMetrics().height() * rowFactor);
     verticalHeader()->setMinimumSectionSize(needed);
     verticalHeader()->setDefaultSectionSize(needed);
     horizontalHeader()->setFixedHeight(std::max(m_columns->toPixels(m_headingTwips), needed));

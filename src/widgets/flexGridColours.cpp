@@ -1,31 +1,71 @@
 #include "widgets/flexGridColours.h"
-#include <QAbstractItemView>
+#include "widgets/stylePaint.h"
 #include <QHelpEvent>
-#include <QPainter>
+#include <QTableView>
 #include <QToolTip>
-#include <cmath>
 
 namespace widgets {
 
 namespace {
-constexpr int bandWidth = 2;
-constexpr int lineDarkness = 125;
-constexpr int textMargins = 8;
 
-// Relative luminance as defined by WCAG: 0 is black, 1 is white.
-double relativeLuminance(const QColor &colour) {
-    const auto part = [](double value) {
-        return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) + 0.0722 * part(colour.blueF());
+constexpr int lineDarkness = 118;
+
+// A cell to paint, with what its painters need to know.
+struct Cell {
+    const QStyleOptionViewItem &option;
+    const QModelIndex &index;
+    QVariant background; // invalid if the cell has none of its own
+
+    bool isSelected() const { return option.state & QStyle::State_Selected; }
+    // The row stays marked while an editor is open over a disabled grid.
+    bool isLively() const { return !option.widget || option.widget->hasFocus() || !option.widget->isEnabled(); }
+    QColor ownColour() const { return background.value<QBrush>().color(); }
+    QColor token(Colour name) const { return colour(name, option.palette); }
+};
+
+bool isFirstShown(const Cell &cell) {
+    const auto *view = qobject_cast<const QTableView *>(cell.option.widget);
+    int first = 0;
+    while (view && first < cell.index.column() && view->isColumnHidden(first))
+        ++first;
+    return first == cell.index.column();
 }
 
-void paintFocus(QPainter *painter, const QRect &cell, const QColor &background) {
-    painter->save();
-    painter->setPen(QPen(legibleOn(background), bandWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
-    painter->drawRect(cell.adjusted(1, 1, -1, -1));
-    painter->restore();
+void paintBack(QPainter &painter, const Cell &cell, bool lineAbove) {
+    const QRect &rect = cell.option.rect;
+    const Surface surface = !cell.isSelected() ? Surface::Row
+                            : cell.isLively()  ? Surface::SelectedRow
+                                               : Surface::QuietRow;
+    const bool own = cell.background.isValid();
+    if (own)
+        painter.fillRect(rect, cell.ownColour());
+    else if (surface != Surface::Row)
+        painter.fillRect(rect, cell.token(look(surface).fill));
+    if (lineAbove)
+        painter.fillRect(rect.left(), rect.top(), rect.width(), 1,
+                         own ? cell.ownColour().darker(lineDarkness) : cell.token(Colour::Hairline));
+    if (!cell.isSelected())
+        return;
+    const QColor mark = cell.token(cell.isLively() ? Colour::Accent : Colour::Edge);
+    if (own) {
+        painter.fillRect(rect.left(), rect.top(), rect.width(), focusWidth, mark);
+        painter.fillRect(rect.left(), rect.bottom() + 1 - focusWidth, rect.width(), focusWidth, mark);
+    }
+    if (cell.isLively() && isFirstShown(cell))
+        painter.fillRect(rect.left(), rect.top(), accentBarWidth, rect.height(), mark);
 }
+
+// The line inside the ring separates it from a background on which the ring itself is hard to see.
+void paintRing(QPainter &painter, const Cell &cell) {
+    const QRect &rect = cell.option.rect;
+    if (cell.background.isValid()) {
+        painter.setPen(cell.token(Colour::Base));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRect(rect.adjusted(focusWidth, focusWidth, -focusWidth - 1, -focusWidth - 1));
+    }
+    paintFocusRing(&painter, rect, cell.option.palette, 0);
+}
+
 } // namespace
 
 QColor colourFromNumber(quint32 number) {
@@ -33,49 +73,44 @@ QColor colourFromNumber(quint32 number) {
 }
 
 QColor legibleOn(const QColor &background) {
-    const double luminance = relativeLuminance(background);
-    const double onWhite = 1.05 / (luminance + 0.05), onBlack = (luminance + 0.05) / 0.05;
-    return onBlack >= onWhite ? Qt::black : Qt::white;
+    const QColor black(Qt::black), white(Qt::white);
+    return contrast(background, black) >= contrast(background, white) ? black : white;
+}
+
+QRect FlexGridDelegate::textRect(const QStyleOptionViewItem &option) {
+    const int padding = space(Space::Small, option.fontMetrics) - 1;
+    return option.rect.adjusted(padding, 0, -padding, 0);
 }
 
 void FlexGridDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const {
     QStyledItemDelegate::initStyleOption(option, index);
-    if (option->backgroundBrush.style() != Qt::NoBrush)
-        option->state &= ~QStyle::State_Selected;
-    option->state |= QStyle::State_Enabled;
+    option->font = cellFont(option->font, index);
+    option->fontMetrics = QFontMetrics(option->font);
 }
 
 void FlexGridDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const {
-    QStyledItemDelegate::paint(painter, option, index);
-    const QVariant background = index.data(Qt::BackgroundRole);
-    const QRect &cell = option.rect;
-    // The row stays marked while an editor is open over a disabled grid.
-    const bool outOfReach = option.widget && !option.widget->isEnabled();
-    const QColor highlight =
-        option.palette.color(outOfReach ? QPalette::Active : option.palette.currentColorGroup(), QPalette::Highlight);
-    const bool focus = option.state & QStyle::State_HasFocus;
-    if (!background.isValid()) {
-        if (focus)
-            paintFocus(painter, cell,
-                       option.state & QStyle::State_Selected ? highlight : option.palette.base().color());
-        return;
+    const Cell cell{option, index, index.data(Qt::BackgroundRole)};
+    paintBack(*painter, cell, hasLineAbove(index));
+    const QString text = index.data(Qt::DisplayRole).toString();
+    if (!text.isEmpty()) {
+        const QFont font = cellFont(option.font, index);
+        const QRect place = textRect(option);
+        const auto alignment = index.data(Qt::TextAlignmentRole).value<Qt::Alignment>();
+        painter->setFont(font);
+        painter->setPen(cell.background.isValid() ? legibleOn(cell.ownColour()) : cell.token(Colour::Ink));
+        painter->drawText(place, int(alignment) | int(Qt::TextSingleLine),
+                          QFontMetrics(font).elidedText(text, Qt::ElideRight, place.width()));
     }
-    if (focus) {
-        paintFocus(painter, cell, background.value<QBrush>().color());
-    } else if (option.state & QStyle::State_Selected) {
-        painter->fillRect(cell.left(), cell.top(), cell.width(), bandWidth, highlight);
-        painter->fillRect(cell.left(), cell.bottom() + 1 - bandWidth, cell.width(), bandWidth, highlight);
-    } else { // the view's grid lines have the grey of grey cells
-        painter->fillRect(cell.left(), cell.bottom(), cell.width(), 1,
-                          background.value<QBrush>().color().darker(lineDarkness));
-    }
+    if (option.state & QStyle::State_HasFocus)
+        paintRing(*painter, cell);
 }
 
 bool FlexGridDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
                                  const QModelIndex &index) {
     if (event->type() == QEvent::ToolTip && view->toolTip().isEmpty()) {
         const QString text = index.data(Qt::DisplayRole).toString();
-        const bool cut = option.fontMetrics.horizontalAdvance(text) + textMargins > option.rect.width();
+        const QFontMetrics metrics(cellFont(option.font, index));
+        const bool cut = metrics.horizontalAdvance(text) > textRect(option).width();
         QToolTip::showText(event->globalPos(), cut ? QString(u"<qt>" + text.toHtmlEscaped() + u"</qt>") : QString(),
                            view->viewport(), option.rect);
         return true;

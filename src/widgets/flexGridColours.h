@@ -1,6 +1,7 @@
-// Paints the cells of a grid. A selected row keeps the backgrounds set for its cells, since they carry a meaning (the
-// current record is red); a band in the highlight colour above and below then shows the selection. The current cell has
-// a frame while the grid has the focus. The contents of a disabled grid stay legible.
+// Paints the cells of a grid. A selected row is tinted, with a bar at its left if the grid has the focus. It keeps the
+// backgrounds set for its cells, since they carry a meaning (the current record is red); lines above and below then
+// show the selection. The current cell has the focus ring while the grid has the focus. The contents of a disabled grid
+// stay legible, and its row stays marked.
 #pragma once
 
 #include <QColor>
@@ -24,6 +25,11 @@ public:
 
 protected:
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
+    // Returns whether a hairline separates the row from the one above it.
+    virtual bool hasLineAbove(const QModelIndex &index) const { return index.row() > 0; }
+    virtual QFont cellFont(const QFont &plain, const QModelIndex &) const { return plain; }
+    // The place of the text in a cell.
+    static QRect textRect(const QStyleOptionViewItem &option);
 };
 
 } // namespace widgets

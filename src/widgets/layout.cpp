@@ -82,6 +82,13 @@ void tabInReadingOrder(QWidget *window) {
         QWidget::setTabOrder(controls[at - 1], controls[at]);
 }
 
+QFrame *hairline(QWidget *parent) {
+    auto *line = new QFrame(parent);
+    line->setFrameStyle(int(QFrame::HLine) | int(QFrame::Plain));
+    line->setForegroundRole(QPalette::Mid);
+    return line;
+}
+
 void keepPlace(QWidget *control) {
     QSizePolicy policy = control->sizePolicy();
     policy.setRetainSizeWhenHidden(true);

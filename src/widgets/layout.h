@@ -52,6 +52,8 @@ QString plainTip(const QString &text);
 // Sets the tab order of the window to the order of the controls in its layouts, regardless of the order of their
 // creation.
 void tabInReadingOrder(QWidget *window);
+// Returns a line that separates groups of controls.
+QFrame *hairline(QWidget *parent);
 // Makes a hidden control keep its space, so that other controls do not move.
 void keepPlace(QWidget *control);
 

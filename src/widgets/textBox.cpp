@@ -1,6 +1,6 @@
 #include "widgets/textBox.h"
 #include "platform/desktop/faces.h"
-#include "widgets/ink.h"
+#include "widgets/styleTokens.h"
 #include <QMimeData>
 #include <QScrollBar>
 #include <QSyntaxHighlighter>
@@ -79,7 +79,7 @@ public:
 
 protected:
     void highlightBlock(const QString &text) override {
-        const QColor colour = linkInk(m_box->palette());
+        const QColor colour = m_box->palette().color(QPalette::Link);
         for (qsizetype i = 0; i < text.size(); ++i) {
             if (text[i].unicode() >= 0x80 && exchanged(text[i]) != text[i])
                 setFormat(int(i), 1, colour);

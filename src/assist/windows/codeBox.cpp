@@ -1,4 +1,6 @@
 #include "assist/windows/codeBox.h"
+#include "widgets/fixedColours.h"
+#include "widgets/flexGridColours.h"
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QStyle>
@@ -10,8 +12,6 @@ using namespace Qt::StringLiterals;
 namespace assist {
 
 namespace {
-
-constexpr QRgb editableColour = qRgb(0xC0, 0xFF, 0xFF);
 
 bool isCodeCharacter(QChar c) {
     return c > u' ' && c < QChar(0x7F);
@@ -47,8 +47,9 @@ CodeBox::CodeBox(const QString &objectName, int width, QWidget *parent)
 
 void CodeBox::makeEditable() {
     QPalette colours = palette();
-    colours.setColor(QPalette::Base, editableColour);
-    colours.setColor(QPalette::Text, Qt::black); // black on dark desktops too
+    const QColor coded = widgets::colourFromNumber(widgets::codedCyan);
+    colours.setColor(QPalette::Base, coded);
+    colours.setColor(QPalette::Text, widgets::legibleOn(coded)); // in the dark scheme too
     setPalette(colours);
 }
 

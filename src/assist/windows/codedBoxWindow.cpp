@@ -31,6 +31,7 @@ CodedBoxWindow::CodedBoxWindow(platform::Host &host, std::span<const Box> table,
     , listMenu(new ChoiceList(u"listMenu"_s, {}, this))
     , m_host(host)
     , m_boxes(table) {
+    cmdclick[0]->markPrimary();
     richTextTS->setReadOnly(true);
     richTextTS->setTabChangesFocus(true);
     richTextTS->setVisible(texts.explains);

@@ -28,6 +28,7 @@ OrderbyFrm::OrderbyFrm(platform::Host &host, CatalogueOrder &order, std::functio
     , m_host(host)
     , m_order(order)
     , m_list(std::move(list)) {
+    cmdOK->markPrimary();
     layOut();
     fillLists();
     connect(CmdAdd, &Button::clicked, this, &OrderbyFrm::add);

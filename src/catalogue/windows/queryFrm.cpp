@@ -49,6 +49,7 @@ QueryDialog::QueryDialog(const QString &objectName, QueryRules rules, platform::
     , lastQueryButton(new Button(u"lastQueryButton"_s, u"&L 上次的查询"_s, this))
     , m_host(host)
     , m_builder(rules) {
+    Command1[1]->markPrimary();
     prepareBoxes();
     layOut();
     connectControls();

@@ -4,8 +4,8 @@
 #include "platform/fileFilters.h"
 #include "platform/numbers.h"
 #include "platform/paths.h"
-#include "widgets/ink.h"
 #include "widgets/layout.h"
+#include "widgets/styleTokens.h"
 #include "widgets/waitCursor.h"
 #include <algorithm>
 #include <cstdlib>
@@ -98,7 +98,7 @@ void TLKListFrm::countMarked() {
 void TLKListFrm::sayCondition() {
     QPalette ink = palette();
     if (m_storeCondition.isEmpty())
-        ink.setColor(QPalette::WindowText, widgets::warningInk(ink.color(QPalette::Window)));
+        ink.setColor(QPalette::WindowText, widgets::colour(widgets::Colour::WarningInk, ink));
     conditionWords->setPalette(ink);
     const QString line = conditionLine(m_storeCondition);
     conditionWords->setText(m_storeCondition.isEmpty() ? QString(u"⚠ " + line) : line);

@@ -43,6 +43,7 @@ frmUnionFile::frmUnionFile(platform::Host &host, ShowReport showReport, QWidget 
 }
 
 void frmUnionFile::layOut() {
+    cmdClick[0]->markPrimary();
     using namespace widgets;
     named(List1, u"List1"_s, Frame2->title());
     List1->setTextElideMode(Qt::ElideMiddle);

@@ -1,6 +1,6 @@
 #include "handbook/windows/pageLook.h"
 #include "handbook/handbook.h"
-#include "widgets/ink.h"
+#include "widgets/styleTokens.h"
 #include <QFontMetricsF>
 #include <QTextBlock>
 #include <QTextCursor>
@@ -82,7 +82,7 @@ private:
                 m_links.push_back({part.position(), part.length()});
         }
         QTextCharFormat ink;
-        ink.setForeground(widgets::linkInk(m_palette));
+        ink.setForeground(m_palette.link());
         ink.setFontUnderline(true);
         for (const auto &[position, length] : m_links) { // after the loop, since changes invalidate the fragments
             QTextCursor cursor(&m_document);

@@ -3,6 +3,7 @@
 #include "platform/desktop/screenSize.h"
 #include "widgets/bandedReport.h"
 #include "widgets/pdfText.h"
+#include "widgets/styleTokens.h"
 #include <QFile>
 #include <QFileInfo>
 #include <QFontDatabase>
@@ -24,11 +25,8 @@ constexpr QSize previewSize(900, 700);
 constexpr double points = 10.5;
 
 QPalette paper() {
-    QPalette colours(Qt::black, Qt::white, Qt::lightGray, Qt::darkGray, Qt::gray, Qt::black, Qt::white);
-    colours.setColor(QPalette::Base, Qt::white);
-    colours.setColor(QPalette::Text, Qt::black);
-    colours.setColor(QPalette::AlternateBase, QColor(0xee, 0xee, 0xee));
-    colours.setColor(QPalette::Link, Qt::black);
+    QPalette colours = widgets::schemePalette(widgets::Scheme::Light);
+    colours.setColor(QPalette::Link, colours.color(QPalette::Text));
     return colours;
 }
 

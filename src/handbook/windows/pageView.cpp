@@ -1,6 +1,8 @@
 #include "handbook/windows/pageView.h"
 #include "handbook/handbook.h"
 #include "handbook/windows/pageLook.h"
+#include "widgets/fixedColours.h"
+#include "widgets/flexGridColours.h"
 #include <QEvent>
 #include <QResizeEvent>
 #include <QtMath>
@@ -116,8 +118,9 @@ void PageView::showMarks() {
     QList<ExtraSelection> shown;
     for (int i = 0; i < marks(); ++i) {
         QTextCharFormat format;
-        format.setBackground(i == m_current ? QColor(0xff, 0x96, 0x32) : QColor(0xff, 0xf0, 0x80));
-        format.setForeground(Qt::black);
+        const QColor back = widgets::colourFromNumber(i == m_current ? widgets::foundOrange : widgets::foundYellow);
+        format.setBackground(back);
+        format.setForeground(widgets::legibleOn(back));
         shown.append({m_marks[i], format});
     }
     setExtraSelections(shown);

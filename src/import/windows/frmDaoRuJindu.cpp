@@ -3,6 +3,7 @@
 #include "platform/numbers.h"
 #include "widgets/button.h"
 #include "widgets/layout.h"
+#include "widgets/lineIcon.h"
 #include "widgets/oneSize.h"
 #include "widgets/pacedLabel.h"
 #include <QLabel>
@@ -57,7 +58,7 @@ frmDaoRuJindu::frmDaoRuJindu(platform::Host &host, const database::SessionState 
 
 void frmDaoRuJindu::layOut() {
     const int iconSize = style()->pixelMetric(QStyle::PM_LargeIconSize);
-    Picture1->setPixmap(QIcon(u":/import/daoru.svg"_s).pixmap(iconSize));
+    Picture1->setPixmap(widgets::lineIcon(u"daoru"_s).pixmap(iconSize));
     LabBi->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     LabBi->setMinimumWidth(fontMetrics().horizontalAdvance(u"100.00%"_s));
     labJinDuShu->setMinimumWidth(fontMetrics().horizontalAdvance(u"已经成功处理的记录数：2147483647"_s));

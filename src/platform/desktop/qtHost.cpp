@@ -204,9 +204,8 @@ void prepareToolkit() {
         if (translator->load(QLatin1StringView(name), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
             QCoreApplication::installTranslator(translator);
     }
-    QFont font = QApplication::font();
-    font.setFamilies(font.families() + plainFaces());
-    QApplication::setFont(font);
+    // A font that is set explicitly would no longer follow the desktop's choice.
+    QFont::insertSubstitutions(QApplication::font().family(), plainFaces());
     QGuiApplication::setDesktopFileName(u"tarvex"_s);
 }
 

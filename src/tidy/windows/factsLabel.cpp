@@ -1,6 +1,6 @@
 #include "tidy/windows/factsLabel.h"
 #include "platform/paths.h"
-#include "widgets/ink.h"
+#include "widgets/styleTokens.h"
 #include <QFileInfo>
 
 using namespace Qt::StringLiterals;
@@ -63,7 +63,7 @@ void FactsLabel::stop() {
 void FactsLabel::tell(const QList<marc::FactLine> &lines) {
     QStringList plain;
     QStringList inked;
-    const QString ink = widgets::warningInk(palette().color(QPalette::Window)).name();
+    const QString ink = widgets::colour(widgets::Colour::WarningInk, palette()).name();
     for (const marc::FactLine &line : lines) {
         plain.append(line.text);
         inked.append(line.isWarning ? u"<span style=\"color:%1\">%2</span>"_s.arg(ink, line.text.toHtmlEscaped())

@@ -4,10 +4,10 @@
 #include "platform/paths.h"
 #include "tidy/sampleRecord.h"
 #include "widgets/button.h"
-#include "widgets/ink.h"
 #include "widgets/keys.h"
 #include "widgets/layout.h"
 #include "widgets/selectingEdit.h"
+#include "widgets/styleTokens.h"
 #include "widgets/textBox.h"
 #include <QComboBox>
 #include <QGroupBox>
@@ -61,6 +61,7 @@ frmTidy::frmTidy(platform::Host &host, const QString &source, QWidget *parent)
                new Button(u"cmdClick2"_s, u"&Q 退出"_s)}
     , m_host(host)
     , m_boxes(new QStackedWidget) {
+    cmdClick[0]->markPrimary();
     layOut();
     widgets::hint({{cmdClick[0], u"另存为新文件，原来的文件不动"},
                    {cmdClick[1], u"停下来，不留下半个文件"},
@@ -133,7 +134,7 @@ void frmTidy::dressWarning() {
     warningLabel->setWordWrap(true);
     warningLabel->setMinimumHeight(fontMetrics().lineSpacing()); // word wrap would ask for several lines
     QPalette inked = warningLabel->palette();
-    inked.setColor(QPalette::WindowText, widgets::warningInk(inked.color(QPalette::Window)));
+    inked.setColor(QPalette::WindowText, widgets::colour(widgets::Colour::WarningInk, inked));
     warningLabel->setPalette(inked);
     widgets::keepPlace(warningLabel);
 }

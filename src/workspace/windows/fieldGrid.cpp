@@ -1,5 +1,7 @@
 #include "workspace/windows/fieldGrid.h"
+#include "widgets/fixedColours.h"
 #include "widgets/flexGridColours.h"
+#include "widgets/styleTokens.h"
 #include <QFontDatabase>
 #include <QKeyEvent>
 #include <QPainter>
@@ -16,13 +18,12 @@ namespace workspace {
 
 namespace {
 
-constexpr quint32 descriptionColour = 12632256; // grey
 constexpr auto widths = std::to_array<int>({0, 2000, 450, 2000, 4600});
 constexpr int fixedRows = 1;
 
 static_assert(std::reduce(widths.begin(), widths.end()) == FieldGrid::allTwips);
 
-// In coded data positions are counted, so blanks must be visible.
+// In coded data positions are counted, so blanks must be visible. A line separates the fields, not their subfields.
 class FieldDelegate final : public widgets::FlexGridDelegate {
 public:
     using FlexGridDelegate::FlexGridDelegate;
@@ -31,39 +32,43 @@ public:
         FlexGridDelegate::paint(painter, option, index);
         if (!isCoded(index))
             return;
-        QStyleOptionViewItem cell(option);
-        initStyleOption(&cell, index);
-        const QRect text = option.widget->style()->subElementRect(QStyle::SE_ItemViewItemText, &cell, option.widget);
-        const QFontMetricsF metrics(cell.font);
-        const double margin = option.widget->style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1;
-        QColor faint =
-            cell.palette.color(option.state & QStyle::State_Selected ? QPalette::HighlightedText : QPalette::Text);
-        faint.setAlphaF(faintness);
+        const QString text = index.data(Qt::DisplayRole).toString();
+        const QRect place = textRect(option);
+        const QFont font = codedFont(option.font);
+        const QFontMetricsF metrics(font);
         painter->save();
-        painter->setClipRect(option.rect);
-        painter->setFont(cell.font);
-        painter->setPen(faint);
-        for (qsizetype at = cell.text.indexOf(u' '); at >= 0; at = cell.text.indexOf(u' ', at + 1)) {
-            const double left = text.left() + margin + metrics.horizontalAdvance(cell.text, int(at));
-            painter->drawText(QRectF(left, text.top(), metrics.horizontalAdvance(u' '), text.height()), Qt::AlignCenter,
-                              u"·"_s);
+        painter->setClipRect(place);
+        painter->setFont(font);
+        painter->setPen(widgets::colour(widgets::Colour::FaintInk, option.palette));
+        for (qsizetype at = text.indexOf(u' '); at >= 0; at = text.indexOf(u' ', at + 1)) {
+            const double left = place.left() + metrics.horizontalAdvance(text, int(at));
+            painter->drawText(QRectF(left, place.top(), metrics.horizontalAdvance(u' '), place.height()),
+                              Qt::AlignCenter, u"·"_s);
         }
         painter->restore();
     }
 
 protected:
-    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override {
-        FlexGridDelegate::initStyleOption(option, index);
+    bool hasLineAbove(const QModelIndex &index) const override { return index.row() > 0 && beginsField(index); }
+
+    QFont cellFont(const QFont &plain, const QModelIndex &index) const override {
         if (isCoded(index))
-            option->font = codedFont(option->font);
+            return codedFont(plain);
+        QFont font = plain;
+        if (index.column() == IdentifierColumn && beginsField(index))
+            font.setWeight(QFont::Medium);
+        return font;
     }
 
 private:
-    static constexpr float faintness = 0.45F;
+    const FieldGrid &grid() const { return *static_cast<const FieldGrid *>(parent()); }
+
+    bool beginsField(const QModelIndex &index) const {
+        return !grid().text(index.row() + fixedRows, IdentifierColumn).startsWith(u'$');
+    }
 
     bool isCoded(const QModelIndex &index) const {
-        return index.column() == ValueColumn &&
-               static_cast<const FieldGrid *>(parent())->isCoded(index.row() + fixedRows);
+        return index.column() == ValueColumn && grid().isCoded(index.row() + fixedRows);
     }
 };
 
@@ -131,7 +136,7 @@ void FieldGrid::shade(int row) {
     if (!m_record->row(row).number.isEmpty())
         return;
     for (const int column : {FieldLabelColumn, IdentifierColumn, SubfieldLabelColumn})
-        setCellBackground(row, column, descriptionColour);
+        setCellBackground(row, column, widgets::descriptionGrey);
 }
 
 QRect FieldGrid::rightHalf() const {

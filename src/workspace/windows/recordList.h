@@ -2,6 +2,7 @@
 #pragma once
 
 #include "marc/preReadStore.h"
+#include "widgets/fixedColours.h"
 #include "widgets/flexGrid.h"
 #include <memory>
 
@@ -10,8 +11,8 @@ namespace workspace {
 class RecordList final : public widgets::FlexGrid {
     Q_OBJECT
 public:
-    static constexpr quint32 currentColour = 255;      // red
-    static constexpr quint32 visitedColour = 12648447; // light yellow
+    static constexpr quint32 currentColour = widgets::currentRed;
+    static constexpr quint32 visitedColour = widgets::visitedYellow;
     static constexpr int allTwips = 2190;              // the width of all columns
 
     RecordList(const QString &objectName, QWidget *parent);

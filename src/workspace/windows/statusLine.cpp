@@ -1,5 +1,5 @@
 #include "workspace/windows/statusLine.h"
-#include "widgets/ink.h"
+#include "widgets/styleTokens.h"
 
 namespace workspace {
 
@@ -60,7 +60,7 @@ void StatusLine::update() {
     m_facts.readToTheEnd = m_sources.reading.isAtEnd();
     QPalette ink = m_label.parentWidget()->palette();
     if (warns(m_facts))
-        ink.setColor(QPalette::WindowText, widgets::warningInk(ink.color(QPalette::Window)));
+        ink.setColor(QPalette::WindowText, widgets::colour(widgets::Colour::WarningInk, ink));
     m_label.setPalette(ink);
     m_label.setText(statusLine(m_facts));
 }

@@ -1,0 +1,34 @@
+// Whether the desktop wants programs to be dark: the setting `color-scheme` of the desktop's portal, also while the
+// program runs, or on Windows the setting of the user as of the start of the program.
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QVariant>
+#include <optional>
+
+class QDBusVariant;
+
+namespace platform {
+
+class SchemeWatch final : public QObject {
+    Q_OBJECT
+public:
+    // Asks the portal on the bus with that name of a connection; an empty name means the session bus. Does not wait for
+    // the answer.
+    explicit SchemeWatch(const QString &bus = {}, QObject *parent = nullptr);
+
+Q_SIGNALS:
+    // Sent with the answer and with each later change; std::nullopt: the desktop has no preference.
+    void answered(std::optional<bool> dark);
+
+private:
+    void take(QVariant value);
+
+#ifdef TARVEX_DBUS
+private Q_SLOTS:
+    void settingChanged(const QString &group, const QString &key, const QDBusVariant &value);
+#endif
+};
+
+} // namespace platform

@@ -1,0 +1,113 @@
+// Frames, rows of lists, tabs, tips and the focus ring.
+#include "widgets/stylePaint.h"
+#include "widgets/stylePainters.h"
+#include <QAbstractItemView>
+#include <QAbstractScrollArea>
+#include <QStyleOption>
+#include <QToolButton>
+
+namespace widgets {
+
+namespace {
+
+// A list without a current cell shows the focus on its frame.
+bool ringsItsFrame(const QWidget *widget) {
+    const auto *view = qobject_cast<const QAbstractItemView *>(widget);
+    return !view || !view->currentIndex().isValid();
+}
+
+} // namespace
+
+bool paintNothing(const Work &) {
+    return true;
+}
+
+bool paintFrame(const Work &work) {
+    const QPalette &palette = work.option.palette;
+    const bool scrolls = qobject_cast<const QAbstractScrollArea *>(work.widget);
+    const bool open = work.is(QStyle::State_Enabled);
+    paintPanel(&work.painter, work.option.rect, Qt::transparent,
+               colour(scrolls && open ? Colour::Edge : Colour::Hairline, palette));
+    if (scrolls && work.widget->hasFocus() && ringsItsFrame(work.widget))
+        paintFocusRing(&work.painter, work.option.rect, palette);
+    return true;
+}
+
+bool paintGroupFrame(const Work &work) {
+    paintPanel(&work.painter, work.option.rect, Qt::transparent, colour(Colour::Hairline, work.option.palette));
+    return true;
+}
+
+bool paintFocusRect(const Work &work) {
+    if (qobject_cast<const QToolButton *>(work.widget)) // its panel has the ring
+        return true;
+    const bool cell = qobject_cast<const QAbstractItemView *>(work.widget);
+    paintFocusRing(&work.painter, work.option.rect, work.option.palette, cell ? 0 : cornerRadius);
+    return true;
+}
+
+bool paintTip(const Work &work) {
+    paintSurface(&work.painter, work.option.rect, Surface::Tip, work.option.palette, 0);
+    return true;
+}
+
+bool paintMenuPanel(const Work &work) {
+    paintSurface(&work.painter, work.option.rect, Surface::Tip, work.option.palette, 0);
+    return true;
+}
+
+bool paintRow(const Work &) {
+    return true; // paintItem() fills the whole cell
+}
+
+bool paintItem(const Work &work) {
+    const auto *item = qstyleoption_cast<const QStyleOptionViewItem *>(&work.option);
+    if (!item)
+        return false;
+    if (item->backgroundBrush.style() != Qt::NoBrush)
+        work.painter.fillRect(item->rect, item->backgroundBrush);
+    if (!work.is(QStyle::State_Selected))
+        return true;
+    const bool focused = work.widget && work.widget->hasFocus();
+    const SurfaceLook &looks = look(focused ? Surface::SelectedRow : Surface::QuietRow);
+    work.painter.fillRect(item->rect, colour(looks.fill, item->palette));
+    if (focused && item->index.column() <= 0)
+        work.painter.fillRect(item->rect.left(), item->rect.top(), accentBarWidth, item->rect.height(),
+                              colour(Colour::Accent, item->palette));
+    return true;
+}
+
+bool paintTabFrame(const Work &work) {
+    const QRect &rect = work.option.rect;
+    work.painter.fillRect(rect.left(), rect.top(), rect.width(), 1, colour(Colour::Hairline, work.option.palette));
+    return true;
+}
+
+bool paintTab(const Work &work) {
+    const QRect &rect = work.option.rect;
+    const QPalette &palette = work.option.palette;
+    const bool current = work.is(QStyle::State_Selected);
+    const QRect inner = rect.adjusted(1, 1, -1, -accentBarWidth);
+    if (work.is(QStyle::State_MouseOver) && !current)
+        paintPanel(&work.painter, inner, colour(Colour::Hover, palette), colour(Colour::Hover, palette));
+    if (current)
+        work.painter.fillRect(rect.left(), rect.bottom() + 1 - accentBarWidth, rect.width(), accentBarWidth,
+                              colour(Colour::Accent, palette));
+    if (work.is(QStyle::State_HasFocus))
+        paintFocusRing(&work.painter, inner, palette);
+    return true;
+}
+
+bool paintArrow(const Work &work) {
+    const auto *header = qstyleoption_cast<const QStyleOptionHeader *>(&work.option);
+    // Decided by the rotation that Fusion would use.
+    Sign sign = Sign::Down;
+    if (header)
+        sign = header->sortIndicator == QStyleOptionHeader::SortUp ? Sign::Up : Sign::Down;
+    else
+        return false;
+    paintSign(&work.painter, work.option.rect, sign, colour(Colour::SecondInk, work.option.palette));
+    return true;
+}
+
+} // namespace widgets
