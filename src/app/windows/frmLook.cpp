@@ -71,6 +71,7 @@ frmLook::frmLook(platform::Host &host, QWidget *parent)
     , cmOK(new widgets::Button(u"cmOK"_s, u"确定"_s))
     , m_host(host) {
     widgets::keepOneSize(this);
+    cmOK->markPrimary();
     layOut();
     Check1->setChecked(true); // the notice is always shown
     connect(Check1, &QCheckBox::clicked, this, &frmLook::keepTick);

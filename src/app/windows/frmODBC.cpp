@@ -39,6 +39,7 @@ frmODBC::frmODBC(platform::Host &host, ConnectionProbe probe, QWidget *parent)
     , m_host(host)
     , m_probe(std::move(probe)) {
     widgets::keepOneSize(this);
+    cmdOK->markPrimary();
     txtPWD->setEchoMode(QLineEdit::Password);
     for (QWidget *control : std::initializer_list<QWidget *>{cboDrivers, txtServer, txtUID, txtPWD, txtDatabase})
         widgets::enterActsAsTab(control);

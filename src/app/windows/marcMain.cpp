@@ -4,7 +4,9 @@
 #include "widgets/button.h"
 #include "widgets/fileDrop.h"
 #include "widgets/layout.h"
+#include "widgets/lineIcon.h"
 #include "widgets/remembered.h"
+#include "widgets/styleTokens.h"
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QIcon>
@@ -27,17 +29,19 @@ marcMain::marcMain(platform::Host &host, CommandWindows &windows)
     , mdiArea(named(new QMdiArea(this), u"mdiArea"_s))
     , startPage(new StartPage(host, mdiArea->viewport()))
     , databaseName(named(new QLabel(this), u"databaseName"_s))
+    , lookBox(named(new QComboBox(this), u"lookBox"_s, u"外观"_s))
     , m_host(host)
     , m_windows(windows) {
     setObjectName(u"marcMain"_s);
     setWindowTitle(u"Tarvex图书馆管理系统-----------marc处理工具"_s);
-    mdiArea->setBackground(palette().brush(QPalette::Mid));
     mdiArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     mdiArea->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    mdiArea->setBackground(widgets::colour(widgets::Colour::Frame, palette()));
     setCentralWidget(mdiArea);
     buildMenu();
     buildToolbar();
     buildStartPage();
+    buildStatusBar();
     const QSize room = screen()->availableSize() * 9 / 10;
     resize(QSize(fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 42).boundedTo(room));
     widgets::rememberPlace(this, m_host.remembered());
@@ -66,7 +70,7 @@ void marcMain::buildToolbar() {
     const int side = fontMetrics().height() * 2;
     Toolbar1->setIconSize(QSize(side, side));
     for (const ToolRow &row : toolRows) {
-        QAction *action = Toolbar1->addAction(QIcon(u":/toolbar/" + row.key + u".svg"), row.caption.toString());
+        QAction *action = Toolbar1->addAction(widgets::lineIcon(row.key.toString()), row.caption.toString());
         action->setObjectName(row.key.toString());
         action->setData(row.key.toString());
         action->setToolTip(row.tip.toString());
@@ -94,12 +98,6 @@ void marcMain::buildStartPage() {
     mdiArea->viewport()->installEventFilter(this);
     startPage->installEventFilter(this);
     startPage->widget()->installEventFilter(this);
-    statusBar()->addWidget(databaseName);
-    statusBar()->setSizeGripEnabled(false);
-    const DatabaseNote note = databaseNote(m_windows.connectionText());
-    const QString words = note.missing ? QString(u"⚠ " + note.words) : note.words;
-    databaseName->setText(words);
-    startPage->databaseWords->setText(words);
     auto *menuKey = new QShortcut(Qt::Key_F10, this);
     connect(menuKey, &QShortcut::activated, this, [this] {
         if (platform::isBlocked(this))
@@ -107,6 +105,23 @@ void marcMain::buildStartPage() {
         menuBar()->setFocus(Qt::MenuBarFocusReason);
         menuBar()->setActiveAction(menuBar()->actions().constFirst());
     });
+}
+
+void marcMain::buildStatusBar() {
+    statusBar()->addWidget(databaseName);
+    lookBox->addItems({u"外观：跟随系统"_s, u"外观：浅色"_s, u"外观：深色"_s});
+    statusBar()->addPermanentWidget(lookBox);
+    statusBar()->setSizeGripEnabled(false);
+    const int side = widgets::space(widgets::Space::Small, fontMetrics());
+    statusBar()->setContentsMargins(side, side / 2, side, side / 2);
+    const DatabaseNote note = databaseNote(m_windows.connectionText());
+    databaseName->setText(note.missing ? QString(u"⚠ " + note.words) : note.words);
+}
+
+void marcMain::changeEvent(QEvent *event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        mdiArea->setBackground(widgets::colour(widgets::Colour::Frame, palette()));
 }
 
 void marcMain::selectFile(const QString &path) {

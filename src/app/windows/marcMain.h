@@ -5,6 +5,7 @@
 #include "app/windows/commands.h"
 #include "app/windows/startPage.h"
 #include "platform/host.h"
+#include <QComboBox>
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QToolBar>
@@ -27,10 +28,12 @@ public:
     QMdiArea *mdiArea;
     StartPage *startPage; // visible while there is no list window
     QLabel *databaseName; // in the status bar
+    QComboBox *lookBox;   // there too: the choices of widgets::Appearance, in their order
 
 protected:
     void paintEvent(QPaintEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
+    void changeEvent(QEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -40,6 +43,7 @@ private:
     void buildToolbar();
     void buildStartPage();
     void placeStartPage();
+    void buildStatusBar();
     void selectFile(const QString &path); // empty: no file yet
 
     platform::Host &m_host;

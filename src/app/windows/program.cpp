@@ -7,7 +7,9 @@
 #include "database/connection.h"
 #include "database/dataSources.h"
 #include "platform/codepage936.h"
+#include "platform/desktop/schemeWatch.h"
 #include "platform/singleInstance.h"
+#include "widgets/appearance.h"
 #include "widgets/button.h"
 #include <QApplication>
 #include <QIcon>
@@ -31,6 +33,9 @@ platform::Status probe(database::LinkPool &links, const QString &connectionStrin
 int runProgram(platform::Host &host, database::LinkPool &links, const QString &claimFolder) {
     QApplication::setQuitOnLastWindowClosed(false); // the program ends only by the exit question
     QApplication::setWindowIcon(QIcon(u":/program.svg"_s));
+    widgets::Appearance appearance(host.remembered());
+    const platform::SchemeWatch desktop;
+    QObject::connect(&desktop, &platform::SchemeWatch::answered, &appearance, &widgets::Appearance::takeDesktop);
     const platform::SingleInstance instance(u"tarvex-marc"_s, claimFolder);
     database::SessionState state{links, {}};
     DeskWindows windows(host, state);
@@ -46,6 +51,9 @@ int runProgram(platform::Host &host, database::LinkPool &links, const QString &c
     const auto showMain = [&] {
         frame.emplace(host, windows);
         windows.setFrame(&*frame);
+        frame->lookBox->setCurrentIndex(int(appearance.choice()));
+        QObject::connect(frame->lookBox, &QComboBox::activated, &appearance,
+                         [&appearance](int choice) { appearance.choose(widgets::Appearance::Choice(choice)); });
         QObject::connect(frame->startPage->handbook, &widgets::Button::clicked, &handbook, &HandbookKey::open);
         frame->show();
     };

@@ -1,63 +1,73 @@
 #include "app/windows/startPage.h"
 #include "platform/recentFiles.h"
+#include "widgets/heading.h"
 #include "widgets/layout.h"
+#include "widgets/stylePaint.h"
 #include "workspace/draftFile.h"
+#include <QDateTime>
 #include <QDir>
+#include <QFileInfo>
 #include <QScrollBar>
 #include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
-using widgets::Button;
 using widgets::column;
 
 namespace app {
 
 namespace {
 
-Button *entry(const QString &name, const QString &caption, QWidget *page) {
-    auto *made = new Button(name, caption, page);
-    made->setStyleSheet(u"QPushButton { text-align: left; padding: 0.4em 1em; }"_s);
-    return made;
-}
-
-QLabel *heading(const QString &name, const QString &text, QWidget *page) {
-    auto *made = widgets::named(new QLabel(text, page), name);
-    QFont larger = made->font();
-    larger.setPointSizeF(larger.pointSizeF() * 1.2);
-    made->setFont(larger);
-    return made;
+// "folder · day" of a recent file, with the home folder as "~".
+QString whereAndWhen(const QFileInfo &file) {
+    QString folder = QDir::toNativeSeparators(file.absolutePath());
+    if (const QString home = QDir::toNativeSeparators(QDir::homePath()); folder.startsWith(home))
+        folder.replace(0, home.size(), u'~');
+    return folder + u"  ·  " + file.lastModified().toString(u"yyyy-MM-dd HH:mm");
 }
 
 } // namespace
 
 StartPage::StartPage(platform::Host &host, QWidget *parent)
     : QScrollArea(parent)
-    , steps{entry(u"startImport"_s, u"&1 选择机读目录文件：预读、校对、修改，导入到套录库"_s, this),
-            entry(u"startMaintain"_s, u"&2 查询和维护套录库"_s, this),
-            entry(u"startExport"_s, u"&3 查询书库：打印一览表，导出为 marc 数据"_s, this)}
-    , tidy(entry(u"startTidy"_s, u"&4 整理机读目录文件…"_s, this))
-    , handbook(entry(u"startHandbook"_s, u"&5 使用手册（F1）"_s, this))
-    , recentTitle(heading(u"recentTitle"_s, u"最近用过的文件"_s, this))
-    , databaseWords(widgets::named(new QLabel(this), u"databaseWords"_s))
+    , steps{new PageEntry(u"startImport"_s, u"&1 选择机读目录文件：预读、校对、修改，导入到套录库"_s, u"daoru"_s, this),
+            new PageEntry(u"startMaintain"_s, u"&2 查询和维护套录库"_s, u"delete"_s, this),
+            new PageEntry(u"startExport"_s, u"&3 查询书库：打印一览表，导出为 marc 数据"_s, u"daochu"_s, this)}
+    , tidy(new PageEntry(u"startTidy"_s, u"&4 整理机读目录文件…"_s, u"tidy"_s, this))
+    , handbook(new PageEntry(u"startHandbook"_s, u"&5 使用手册（F1）"_s, u"book"_s, this))
+    , recentTitle(new widgets::Heading(u"recentTitle"_s, u"最近用过的文件"_s, widgets::sectionSize, this))
     , m_host(host)
-    , m_recentFiles(new QVBoxLayout) {
+    , m_recentFiles(new QVBoxLayout)
+    , m_sides(new QHBoxLayout) {
     setObjectName(u"startPage"_s);
     auto *page = widgets::named(new QWidget, u"startPageContent"_s);
-    page->setAutoFillBackground(true);
-    page->setBackgroundRole(QPalette::Base);
-    databaseWords->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    page->setLayout(column({heading(u"startTitle"_s, u"从这里开始"_s, this), steps[0], steps[1], steps[2], tidy,
-                            handbook, recentTitle, m_recentFiles, databaseWords}));
+    auto *title = new widgets::Heading(u"startTitle"_s, u"从这里开始"_s, widgets::titleSize, this);
+    QBoxLayout *entries = column({steps[0], steps[1], steps[2], tidy, handbook, widgets::stretch()});
+    QBoxLayout *files = column({recentTitle, m_recentFiles, widgets::stretch()});
+    m_recentFiles->setSpacing(0);
+    entries->setSpacing(0);
+    m_sides->addLayout(entries, 1);
+    m_sides->addLayout(files, 1);
+    m_sides->setSpacing(2 * fontMetrics().height());
+    page->setLayout(column({title, m_sides}));
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::NoFocus); // the focus goes to its entries
+    viewport()->setAutoFillBackground(false);
     setWidget(page);
+    page->setAutoFillBackground(false);
     setWidgetResizable(true);
     refresh();
 }
 
+void StartPage::paintEvent(QPaintEvent *event) {
+    QPainter painter(viewport());
+    widgets::paintPanel(&painter, viewport()->rect(), widgets::colour(widgets::Colour::Base, palette()),
+                        widgets::colour(widgets::Colour::Hairline, palette()));
+    QScrollArea::paintEvent(event);
+}
+
 void StartPage::refresh() {
-    for (Button *file : recent) { // the button being clicked may be one of them
+    for (PageEntry *file : recent) { // the button being clicked may be one of them
         file->hide();
         file->setObjectName({});
         file->deleteLater();
@@ -71,11 +81,11 @@ void StartPage::refresh() {
         const QString shown = QDir::toNativeSeparators(path);
         const qsizetype edits = drafts ? workspace::DraftFile(drafts.value(), path).count() : 0;
         const QString mark = edits > 0 ? u"　有 %1 条未导入的修改"_s.arg(edits) : QString();
-        auto *file =
-            entry(u"recent"_s + QString::number(recent.size()), QString(names[at] + mark).replace(u'&', u"&&"_s), this);
+        auto *file = new PageEntry(u"recent"_s + QString::number(recent.size()),
+                                   QString(names[at] + mark).replace(u'&', u"&&"_s), u"file"_s, this);
+        file->setDetail(whereAndWhen(QFileInfo(path)));
         file->setToolTip(shown);
-        file->setAccessibleDescription(shown);
-        connect(file, &Button::clicked, this, [this, path] { Q_EMIT fileChosen(path); });
+        connect(file, &PageEntry::clicked, this, [this, path] { Q_EMIT fileChosen(path); });
         m_recentFiles->addWidget(file);
         recent.append(file);
     }
@@ -98,6 +108,9 @@ QSize StartPage::fittedTo(const QSize &room) {
         return sizeIn(room);
     const int line = fontMetrics().height();
     const int side = 2 * line;
+    m_sides->setDirection(QBoxLayout::LeftToRight);
+    if (recent.isEmpty() || content()->totalSizeHint().width() > room.width())
+        m_sides->setDirection(QBoxLayout::TopToBottom);
     const auto excess = [&](int above) { // computed now, not with the next events
         content()->setContentsMargins(side, above, side, above);
         m_recentFiles->invalidate();
@@ -105,7 +118,7 @@ QSize StartPage::fittedTo(const QSize &room) {
         return content()->totalSizeHint().height() - room.height();
     };
     recentTitle->setVisible(!recent.isEmpty());
-    for (Button *file : recent)
+    for (PageEntry *file : recent)
         file->show();
     for (auto last = recent.crbegin(); last != recent.crend() && excess(side) > 0; ++last)
         (*last)->hide();

@@ -7,6 +7,7 @@
 #include "workspace/windows/workspaceControls.h"
 #include "workspace/windows/workspaceParts.h"
 #include "workspace/windows/workspaceRoom.h"
+#include <QHeaderView>
 #include <QLabel>
 #include <QScrollBar>
 #include <utility>
@@ -80,14 +81,18 @@ void frmDaoru::layOut() {
                    {Text3, u"导入的只是已经读出的记录"},
                    {Text4, u"文件的行数；读完以后是记录数"},
                    {cmdJieShu, u"不再往下读，已经读出的留下"}});
+    QBoxLayout *sameWidth = row({});
+    for (Button *command : cmdclick)
+        sameWidth->addWidget(command, 1);
+    cmdclick[5]->markPrimary();
     setLayout(column({
         draftBar,
         {room, 1},
         row({{labStatus, 1}, findLine}),
+        widgets::hairline(this),
         row({Label1[0], Text2, Label1[1], Text3, Label1[2], Text4, labJinDu, widgets::stretch(), room->cmdWholeText,
              cmdProofAll, cmdJieShu}),
-        row({cmdTiMing[0], cmdTiMing[1], widgets::stretch(), cmdclick[0], cmdclick[1], cmdclick[2], cmdclick[3],
-             cmdclick[4], cmdclick[5], cmdclick[6]}),
+        row({cmdTiMing[0], cmdTiMing[1], widgets::stretch(), sameWidth}),
     }));
     const QFontMetrics metrics = fontMetrics();
     // The line keeps its space while it is empty and is high enough for the find line.
@@ -96,10 +101,11 @@ void frmDaoru::layOut() {
     room->addRemarks(m_parts->remarks.pane());
     const int beside = Grid1->verticalScrollBar()->sizeHint().width() + 2 * Grid1->frameWidth();
     const int listWidth = Grid2->toPixels(RecordList::allTwips) + beside;
-    room->share(listWidth, Grid1->toPixels(FieldGrid::allTwips) + beside);
+    const int fieldsWidth = Grid1->horizontalHeader()->length() + beside;
+    room->share(listWidth, fieldsWidth);
     const QMargins margins = layout()->contentsMargins();
-    const QSize wanted(listWidth + Grid1->toPixels(FieldGrid::allTwips) + beside + layout()->spacing() +
-                           margins.left() + margins.right() + metrics.averageCharWidth(),
+    const QSize wanted(listWidth + fieldsWidth + room->handleWidth() + margins.left() + margins.right() +
+                           metrics.averageCharWidth(),
                        metrics.height() * 36);
     resize(wanted.boundedTo(platform::usableScreenSize(this)));
     widgets::tabInReadingOrder(this);

@@ -47,7 +47,6 @@ QWidget *listSide(QComboBox *filterBox, QWidget *list) {
 // Creates a box for a number next to its label, wide enough for any record count.
 widgets::PacedLabel *numberBox(const QString &name, const QString &meaning, QWidget *parent) {
     auto *box = new widgets::PacedLabel(name, {}, parent);
-    box->setFrameStyle(int(QFrame::StyledPanel) | int(QFrame::Sunken));
     box->setFixedWidth(box->fontMetrics().horizontalAdvance(u"9999999999"_s));
     box->setTextInteractionFlags(Qt::TextSelectableByMouse);
     box->setMeaning(meaning);
