@@ -21,9 +21,7 @@ public:
         : m_columns(columns) {}
     int rowCount() const override { return rowsOfTable; }
     int columnCount() const override { return m_columns; }
-    QString text(int row, int column) const override {
-        return u"第 %1 种书的题名与责任说明 %2"_s.arg(row).arg(column);
-    }
+    QString text(int row, int column) const override { return u"第 %1 种书的题名与责任说明 %2"_s.arg(row).arg(column); }
 
 private:
     int m_columns;

@@ -33,14 +33,15 @@ QSize ClickLabel::sizeHint() const {
 
 void ClickLabel::paintEvent(QPaintEvent *) {
     QStylePainter painter(this);
+    const QString shown = m_painted.isEmpty() ? text() : m_painted;
     if (m_look == Look::Underlined)
-        return painter.drawItemText(rect(), m_textFlags, palette(), isEnabled(), text(), foregroundRole());
+        return painter.drawItemText(rect(), m_textFlags, palette(), isEnabled(), shown, foregroundRole());
     QStyleOptionButton button;
     button.initFrom(this);
     if (isDown())
         button.state |= QStyle::State_Sunken;
     painter.drawPrimitive(QStyle::PE_PanelButtonCommand, button);
-    painter.drawItemText(rect(), m_textFlags, palette(), isEnabled(), text(), foregroundRole());
+    painter.drawItemText(rect(), m_textFlags, palette(), isEnabled(), shown, foregroundRole());
 }
 
 void ClickLabel::keyPressEvent(QKeyEvent *event) {

@@ -17,6 +17,8 @@ public:
 
     // Sets the position of the text: an alignment combined with Qt::TextFlag.
     void setTextFlags(int flags) { m_textFlags = flags; }
+    // Paints the text with these line breaks.
+    void setPaintedText(const QString &text) { m_painted = text; }
     QSize sizeHint() const override; // size of the text in one line
 
 protected:
@@ -32,6 +34,7 @@ private:
 
     Look m_look;
     int m_textFlags = Qt::AlignCenter;
+    QString m_painted; // empty: the text itself
 };
 
 } // namespace widgets

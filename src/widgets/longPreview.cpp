@@ -1,7 +1,7 @@
 #include "widgets/longPreview.h"
 #include "widgets/layout.h"
+#include "widgets/lineIcon.h"
 #include <QAction>
-#include <QIcon>
 #include <QPageSetupDialog>
 #include <QPrintDialog>
 #include <QPrintPreviewWidget>
@@ -18,17 +18,6 @@ namespace {
 
 constexpr std::chrono::milliseconds slice(15);
 constexpr int rowsPerStep = 50;
-
-// Returns the icon of Qt's own preview. Without an icon the button shows its name.
-QIcon toolIcon(QStringView name) {
-    const QString folder = u":/qt-project.org/dialogs/qprintpreviewdialog/images/"_s;
-    QIcon icon;
-    for (const QStringView size : {u"-24.png", u"-32.png"})
-        if (const QPixmap picture(folder + name + size); !picture.isNull())
-            icon.addPixmap(picture);
-    return icon;
-}
-
 } // namespace
 
 LongPreview::LongPreview(BandedReport report, std::shared_ptr<QPrinter> printer, QWidget *parent)
@@ -62,7 +51,7 @@ LongPreview::LongPreview(BandedReport report, std::shared_ptr<QPrinter> printer,
 }
 
 QAction *LongPreview::addTool(QStringView icon, QStringView name, Work work) {
-    QAction *tool = m_tools->addAction(toolIcon(icon), name.toString());
+    QAction *tool = m_tools->addAction(lineIcon(icon.toString()), name.toString());
     connect(tool, &QAction::triggered, this, std::move(work));
     return tool;
 }

@@ -39,11 +39,6 @@ QString ofTheImport(const StatusFacts &facts) {
 
 } // namespace
 
-bool warns(const StatusFacts &facts) {
-    return !facts.warning.isEmpty() || facts.fieldsCameOrWent || !facts.draftFault.isEmpty() ||
-           !facts.databaseTrouble.isEmpty();
-}
-
 QString statusLine(const StatusFacts &facts) {
     QStringList said{facts.warning.isEmpty() ? QString() : QString(u"⚠ " + facts.warning),
                      editing(facts),
@@ -57,7 +52,7 @@ QString statusLine(const StatusFacts &facts) {
                      ofTheFile(facts),
                      facts.changed > 0 ? u"已改 %1 条，未导入"_s.arg(facts.changed) : QString()};
     said.removeAll(QString());
-    return said.join(u"　");
+    return said.join(statusSeparator);
 }
 
 } // namespace workspace

@@ -32,9 +32,9 @@ struct StatusFacts {
     QString deed;                        // what a key did to the current record
 };
 
+// Between the facts of the line.
+constexpr QChar statusSeparator(u'\u3000');
 // Returns an empty text if there is nothing to show. Warnings start with "⚠".
 QString statusLine(const StatusFacts &facts);
-// Returns whether the line contains a warning.
-bool warns(const StatusFacts &facts);
 
 } // namespace workspace

@@ -93,7 +93,7 @@ TEST_F(MainWindowTest, FilesOpenFromTheStartPageAndByDropping) {
     frame.startPage->refresh();
     frame.show();
     ASSERT_EQ(frame.startPage->recent.size(), 2);
-    const QSize whole = frame.startPage->fittedTo({2000, 2000});
+    const QSize whole = frame.startPage->fittedTo({300, 2000});
     EXPECT_LT(frame.startPage->fittedTo(whole - QSize(0, 1)).height(), whole.height() - 10);
     EXPECT_FALSE(frame.startPage->recent[1]->isVisible()) << "an entry without space is hidden";
     EXPECT_EQ(frame.startPage->fittedTo(whole), whole);

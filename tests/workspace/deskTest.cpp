@@ -280,14 +280,11 @@ TEST(StatusLine, ShowsTheMostUrgentFirst) {
     facts.read = 200;
     facts.changed = 3;
     EXPECT_EQ(statusLine(facts), u"文件像是 UTF-8 编码；只读出 200/5000 条，导入只含已读出的　已改 3 条，未导入"_s);
-    EXPECT_FALSE(warns(facts));
     facts = {.fieldsCameOrWent = true, .file = {.lines = 3, .terminators = 5}, .read = 3, .readToTheEnd = true};
     EXPECT_EQ(statusLine(facts),
               u"⚠ 本条增删了字段，离开时不会询问：请改动一处内容　文件有 5 个记录结束符，读出 3 条"_s);
-    EXPECT_TRUE(warns(facts));
     facts = {.databaseTrouble = u"没有"_s};
     EXPECT_EQ(statusLine(facts), u"⚠ 没有，不能导入"_s);
-    EXPECT_TRUE(warns(facts));
     facts = {.warning = u"W"_s, .column = 12, .columns = 36, .assistant = true};
     EXPECT_EQ(statusLine(facts), u"⚠ W　第 12 位/36　Ctrl+E 辅助录入"_s);
 }

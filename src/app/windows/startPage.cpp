@@ -113,15 +113,22 @@ QSize StartPage::fittedTo(const QSize &room) {
         m_sides->setDirection(QBoxLayout::TopToBottom);
     const auto excess = [&](int above) { // computed now, not with the next events
         content()->setContentsMargins(side, above, side, above);
-        m_recentFiles->invalidate();
-        content()->invalidate();
+        QObject *inner = m_recentFiles;
+        for (QLayout *layout = m_recentFiles; layout; layout = qobject_cast<QLayout *>(inner = inner->parent()))
+            layout->invalidate();
         return content()->totalSizeHint().height() - room.height();
     };
     recentTitle->setVisible(!recent.isEmpty());
     for (PageEntry *file : recent)
         file->show();
-    for (auto last = recent.crbegin(); last != recent.crend() && excess(side) > 0; ++last)
+    for (auto last = recent.crbegin(); last != recent.crend() && excess(side) > 0; ++last) {
+        const int over = excess(side);
         (*last)->hide();
+        if (excess(side) == over) { // the steps next to the files are higher
+            (*last)->show();
+            break;
+        }
+    }
     recentTitle->setVisible(!recent.isEmpty() && !recent[0]->isHidden());
     if (const int over = excess(side); over > 0)
         excess(std::max(line / 2, side - (over + 1) / 2));

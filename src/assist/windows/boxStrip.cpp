@@ -3,6 +3,7 @@
 #include "widgets/clickLabel.h"
 #include "widgets/layout.h"
 #include <QLabel>
+#include <QPainter>
 #include <QScrollBar>
 #include <QToolButton>
 #include <algorithm>
@@ -12,6 +13,42 @@ using widgets::ClickLabel;
 using widgets::named;
 
 namespace assist {
+
+namespace {
+
+// The first words of captions that take two lines.
+constexpr auto firstWords =
+    std::to_array<QStringView>({u"记录", u"出版", u"阅读", u"政府", u"变更", u"编目语种", u"补充", u"题名"});
+
+// Returns a long caption with a line break between two words.
+QString inTwoLines(const QString &caption) {
+    constexpr int longest = 4; // characters of a line
+    if (caption.size() <= longest)
+        return caption;
+    const auto word = std::ranges::find_if(firstWords, [&](QStringView start) { return caption.startsWith(start); });
+    const qsizetype first = word != firstWords.end() ? word->size() : (caption.size() + 1) / 2;
+    return caption.first(first) + u'\n' + caption.sliced(first);
+}
+
+int longestLine(const QString &caption) {
+    const qsizetype first = caption.indexOf(u'\n');
+    return int(first < 0 ? caption.size() : std::max(first, caption.size() - first - 1));
+}
+
+// A label that is painted with the line breaks of inTwoLines().
+class TwoLineLabel final : public QLabel {
+public:
+    using QLabel::QLabel;
+
+protected:
+    void paintEvent(QPaintEvent *) override {
+        QPainter painter(this);
+        style()->drawItemText(&painter, contentsRect(), int(alignment()), palette(), isEnabled(), inTwoLines(text()),
+                              foregroundRole());
+    }
+};
+
+} // namespace
 
 BoxStrip::BoxStrip(std::span<const assist::Box> table, QWidget *parent)
     : QScrollArea(parent) {
@@ -70,19 +107,20 @@ QWidget *BoxStrip::makeLabel(const assist::Box &entry, QWidget *box) {
     QWidget *label = nullptr;
     if (entry.fromList) {
         auto *link = new ClickLabel(name, caption, ClickLabel::Look::Underlined, this);
-        link->setTextFlags(int(place) | Qt::TextWordWrap);
+        link->setTextFlags(int(place));
+        link->setPaintedText(inTwoLines(caption));
         link->setFocusPolicy(Qt::NoFocus);
         connect(link, &ClickLabel::pressed, box, qOverload<>(&QWidget::setFocus));
         label = link;
     } else {
-        auto *plain = named(new QLabel(caption, this), name, caption);
+        auto *plain = named(new TwoLineLabel(caption, this), name, caption);
         plain->setWordWrap(true);
         plain->setAlignment(place);
         label = plain;
     }
-    const int perLine = caption.size() > 4 ? int(caption.size() + 1) / 2 : int(caption.size());
     const QFontMetrics metrics(font());
-    label->setFixedWidth(metrics.horizontalAdvance(QString(perLine, u'字')) + metrics.averageCharWidth() / 2);
+    label->setFixedWidth(metrics.horizontalAdvance(QString(longestLine(inTwoLines(caption)), u'字')) +
+                         metrics.averageCharWidth() / 2);
     label->setMinimumHeight(2 * metrics.lineSpacing());
     labels.push_back(label);
     return label;

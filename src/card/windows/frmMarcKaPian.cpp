@@ -27,12 +27,13 @@ frmMarcKaPian::frmMarcKaPian(platform::Host &host, QWidget *parent)
     , Text1(new TextBox(u"Text1"_s, this))
     , cmdclick{new Button(u"cmdclick0"_s, u"&B 标准式"_s, this), new Button(u"cmdclick1"_s, u"&K 卡片式"_s, this),
                new Button(u"cmdclick2"_s, u"&Q 返回"_s, this)}
-    , m_host(host) {
+    , m_host(host)
+    , m_face(new CardFace(Text1, this)) {
     Text1->lock();
     Text1->setAccessibleName(u"记录内容"_s);
     Text1->setRoom(40, 22);
     setLayout(widgets::column(
-        {Label2, {Text1, 1}, widgets::row({cmdclick[0], cmdclick[1], widgets::stretch(), cmdclick[2]})}));
+        {Label2, {m_face, 1}, widgets::row({cmdclick[0], cmdclick[1], widgets::stretch(), cmdclick[2]})}));
     Text1->setFocus();
     Text1->installEventFilter(this);
     for (const Button *button : cmdclick)
@@ -86,12 +87,14 @@ void frmMarcKaPian::page(int by) {
 
 void frmMarcKaPian::showStandard() {
     m_standard = true;
+    m_face->showAsCard(false);
     Text1->setText(marcRecord);
     Text1->setToolTip(signsOfTheRecord());
 }
 
 void frmMarcKaPian::showCard() {
     m_standard = false;
+    m_face->showAsCard(true);
     const Card card = showKapian(marcRecord);
     Text1->setToolTip({});
     for (const QString &text : card.boxes)

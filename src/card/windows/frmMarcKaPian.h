@@ -2,6 +2,7 @@
 // shows the view when it opens.
 #pragma once
 
+#include "card/windows/cardFace.h"
 #include "marc/rawRecord.h"
 #include "platform/host.h"
 #include "widgets/button.h"
@@ -36,6 +37,7 @@ private:
     void showCard();
 
     platform::Host &m_host;
+    CardFace *m_face;
     QString lastButton; // the view button last pressed
     bool m_standard = false;
 };

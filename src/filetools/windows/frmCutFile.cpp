@@ -30,7 +30,7 @@ frmCutFile::frmCutFile(platform::Host &host, ShowReport showReport, QWidget *par
     Text2->setText(u"1000"_s);
     using platform::FileDialogKind;
     for (const auto &[index, kind] : {std::pair{0, FileDialogKind::Open}, {1, FileDialogKind::Save}}) {
-    cmdclick[0]->markPrimary();
+        cmdclick[0]->markPrimary();
         widgets::enterActsAsTab(Text1[index]);
         connect(cmdSelect[index], &Button::clicked, this, [this, i = index, k = kind] {
             Text1[i]->setText(chooseFile(k)); // clears the box on cancel

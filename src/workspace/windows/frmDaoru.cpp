@@ -4,6 +4,7 @@
 #include "widgets/layout.h"
 #include "widgets/remembered.h"
 #include "workspace/windows/draftBar.h"
+#include "workspace/windows/statusPills.h"
 #include "workspace/windows/workspaceControls.h"
 #include "workspace/windows/workspaceParts.h"
 #include "workspace/windows/workspaceRoom.h"
@@ -38,7 +39,7 @@ frmDaoru::frmDaoru(platform::Host &host, WorkspaceWindows windows, QWidget *pare
     , cmdJieShu(new Button(u"cmdJieShu"_s, u"结束预读"_s, this))
     , cmdTiMing{new Button(u"cmdTiMing0"_s, u"&P 上一条"_s, this), new Button(u"cmdTiMing1"_s, u"&N 下一条"_s, this)}
     , cmdclick(commandButtons(this))
-    , labStatus(new widgets::PacedLabel(u"labStatus"_s, {}, this))
+    , labStatus(new StatusPills(u"labStatus"_s, {}, this))
     , findLine(new FindLine(*Grid2, this))
     , cmdProofAll(new Button(u"cmdProofAll"_s, u"&D 校对全部"_s, this))
     , room(new WorkspaceRoom(listSide(filterBox, picTiMing), Picture1, this))
@@ -81,10 +82,6 @@ void frmDaoru::layOut() {
                    {Text3, u"导入的只是已经读出的记录"},
                    {Text4, u"文件的行数；读完以后是记录数"},
                    {cmdJieShu, u"不再往下读，已经读出的留下"}});
-    QBoxLayout *sameWidth = row({});
-    for (Button *command : cmdclick)
-        sameWidth->addWidget(command, 1);
-    cmdclick[5]->markPrimary();
     setLayout(column({
         draftBar,
         {room, 1},
@@ -92,7 +89,7 @@ void frmDaoru::layOut() {
         widgets::hairline(this),
         row({Label1[0], Text2, Label1[1], Text3, Label1[2], Text4, labJinDu, widgets::stretch(), room->cmdWholeText,
              cmdProofAll, cmdJieShu}),
-        row({cmdTiMing[0], cmdTiMing[1], widgets::stretch(), sameWidth}),
+        row({cmdTiMing[0], cmdTiMing[1], widgets::stretch(), ofOneWidth(cmdclick)}),
     }));
     const QFontMetrics metrics = fontMetrics();
     // The line keeps its space while it is empty and is high enough for the find line.

@@ -13,7 +13,7 @@ class RecordList final : public widgets::FlexGrid {
 public:
     static constexpr quint32 currentColour = widgets::currentRed;
     static constexpr quint32 visitedColour = widgets::visitedYellow;
-    static constexpr int allTwips = 2190;              // the width of all columns
+    static constexpr int allTwips = 2190; // the width of all columns
 
     RecordList(const QString &objectName, QWidget *parent);
 

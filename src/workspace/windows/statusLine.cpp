@@ -1,5 +1,4 @@
 #include "workspace/windows/statusLine.h"
-#include "widgets/styleTokens.h"
 
 namespace workspace {
 
@@ -58,10 +57,6 @@ void StatusLine::update() {
     m_facts.changed = m_sources.drafts.changed();
     m_facts.read = m_sources.reading.listedCount();
     m_facts.readToTheEnd = m_sources.reading.isAtEnd();
-    QPalette ink = m_label.parentWidget()->palette();
-    if (warns(m_facts))
-        ink.setColor(QPalette::WindowText, widgets::colour(widgets::Colour::WarningInk, ink));
-    m_label.setPalette(ink);
     m_label.setText(statusLine(m_facts));
 }
 

@@ -22,6 +22,8 @@ constexpr auto commandCaptions = std::to_array<CommandCaption>({
     {u"&Q 退出", u"退出"},
 });
 
+constexpr size_t importCommand = 5;
+
 } // namespace
 
 std::array<Button *, 7> commandButtons(QWidget *parent) {
@@ -30,6 +32,7 @@ std::array<Button *, 7> commandButtons(QWidget *parent) {
         made[i] = new Button(u"cmdclick"_s + QString::number(i), commandCaptions[i].caption.toString(), parent);
         made[i]->setToolTip(commandCaptions[i].hint.toString());
     }
+    made[importCommand]->markPrimary();
     return made;
 }
 
@@ -42,6 +45,13 @@ QWidget *listSide(QComboBox *filterBox, QWidget *list) {
     side->setLayout(widgets::column({filterBox, {list, 1}}));
     side->layout()->setContentsMargins(0, 0, 0, 0);
     return side;
+}
+
+QBoxLayout *ofOneWidth(const std::array<Button *, 7> &buttons) {
+    QBoxLayout *commands = widgets::row({});
+    for (Button *button : buttons)
+        commands->addWidget(button, 1);
+    return commands;
 }
 
 // Creates a box for a number next to its label, wide enough for any record count.

@@ -6,9 +6,13 @@
 #include <QComboBox>
 #include <array>
 
+class QBoxLayout;
+
 namespace workspace {
 
 std::array<widgets::Button *, 7> commandButtons(QWidget *parent); // cmdclick
+// Lays the buttons out in a row, of one width where there is room.
+QBoxLayout *ofOneWidth(const std::array<widgets::Button *, 7> &buttons);
 // Creates a box for a number next to its label, wide enough for any record count.
 widgets::PacedLabel *numberBox(const QString &name, const QString &meaning, QWidget *parent);
 
