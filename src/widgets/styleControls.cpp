@@ -59,7 +59,7 @@ void paintBox(const Work &work, const QRect &box, double radius) {
         paintSurface(&work.painter, box, Surface::Primary, palette, radius);
     else
         paintSurface(&work.painter, box, buttonSurface(work), palette, radius);
-    const bool ofItem = !work.widget || work.widget->inherits("QAbstractItemView");
+    const bool ofItem = work.widget && work.widget->inherits("QAbstractItemView");
     if (work.is(QStyle::State_HasFocus) && !ofItem)
         paintFocusRing(&work.painter, work.option.rect, palette, radius + 2);
 }

@@ -123,7 +123,7 @@ constexpr auto controls = std::to_array<Control>({{u"按钮", paintButton},
                                                   {u"滚动条", paintScrollBar}});
 
 QPixmap gallery(widgets::Scheme scheme) {
-    constexpr int column = 130, row = 44, names = 90;
+    constexpr int column = 150, row = 44, names = 90;
     const QPalette palette = widgets::schemePalette(scheme);
     QPixmap picture(names + column * int(states.size()), row * (int(controls.size()) + 1));
     picture.fill(palette.color(QPalette::Window));

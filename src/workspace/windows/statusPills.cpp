@@ -29,7 +29,7 @@ void StatusPills::paintEvent(QPaintEvent *) {
         widgets::paintSurface(&painter, pill, surface, palette());
         painter.setPen(widgets::colour(widgets::look(surface).ink, palette()));
         painter.drawText(pill.adjusted(padding, 0, -padding, 0), Qt::AlignVCenter | Qt::AlignLeft,
-                         metrics.elidedText(fact, Qt::ElideMiddle, words));
+                         words < room ? fact : metrics.elidedText(fact, Qt::ElideMiddle, words));
         left = pill.right() + 1 + gap;
     }
     if (left + metrics.horizontalAdvance(keyHints.toString()) <= width()) {
