@@ -3,22 +3,21 @@
 #include <QApplication>
 #include <QToolTip>
 
-using namespace Qt::StringLiterals;
-
 namespace widgets {
 
 namespace {
-
-constexpr QLatin1StringView choiceKey("look/choice");
-constexpr QLatin1StringView desktopKey("look/desktop");
 
 // Some desktops set palettes for these classes, which would win over the palette of the program.
 constexpr auto classesWithPalettes = std::to_array<const char *>(
     {"QAbstractButton", "QToolButton", "QHeaderView", "QAbstractItemView", "QMenu", "QMenuBar", "QMessageBoxLabel",
      "QTabBar", "QLabel", "QGroupBox", "QLineEdit", "QTextEdit", "QCheckBox", "QRadioButton", "QComboBox"});
 
-std::optional<Scheme> schemeOfKept(const QVariant &value) {
-    return value.isValid() ? std::optional(value.toBool() ? Scheme::Dark : Scheme::Light) : std::nullopt;
+// As it is kept: 0 none, 1 light, 2 dark.
+std::optional<Scheme> schemeOfKept(int kept) {
+    return kept == 1 ? std::optional(Scheme::Light) : kept == 2 ? std::optional(Scheme::Dark) : std::nullopt;
+}
+int keptOf(std::optional<Scheme> scheme) {
+    return !scheme ? 0 : *scheme == Scheme::Light ? 1 : 2;
 }
 
 } // namespace
@@ -26,15 +25,15 @@ std::optional<Scheme> schemeOfKept(const QVariant &value) {
 Appearance::Appearance(const platform::DeskState &state)
     : m_state(state)
     , m_style(new DeskStyle)
-    , m_choice(Choice(std::clamp(state.read(choiceKey).toInt(), int(Choice::AsDesktop), int(Choice::Dark))))
-    , m_desktop(schemeOfKept(state.read(desktopKey))) {
+    , m_choice(Choice(std::clamp(state.value(platform::kept::lookChoice), int(Choice::AsDesktop), int(Choice::Dark))))
+    , m_desktop(schemeOfKept(state.value(platform::kept::lookOfDesktop))) {
     QApplication::setStyle(m_style); // which owns it
     apply();
 }
 
 void Appearance::choose(Choice choice) {
     m_choice = choice;
-    m_state.keep(choiceKey, int(choice));
+    m_state.keep(platform::kept::lookChoice, int(choice));
     apply();
 }
 
@@ -43,7 +42,7 @@ void Appearance::takeDesktop(std::optional<bool> dark) {
     if (scheme == m_desktop)
         return;
     m_desktop = scheme;
-    m_state.keep(desktopKey, dark ? QVariant(*dark) : QVariant());
+    m_state.keep(platform::kept::lookOfDesktop, keptOf(scheme));
     apply();
 }
 
