@@ -10,7 +10,7 @@
 namespace tools {
 
 struct DamageRecipe {
-    QStringView fileName; // in the folder of the samples
+    QStringView fileName;                                 // in the folder of the samples
     QByteArray (*make)(const QList<QByteArray> &records); // undamaged records, at least five
     QStringView what;
 };

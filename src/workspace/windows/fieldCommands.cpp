@@ -7,6 +7,7 @@
 #include <QGuiApplication>
 #include <algorithm>
 #include <array>
+#include <span>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -26,15 +27,15 @@ enum Item {
     EditSubfieldLabel,
     DeleteField = 10,
     DeleteSubfield,
-    CopyFields = 13,
+    CopyFields,
     PasteFields
 };
 
-struct PopupRow {
+struct CommandRow {
     QStringView caption;
     int key = 0;
 };
-constexpr auto popupRows = std::to_array<PopupRow>({
+constexpr auto commandRows = std::to_array<CommandRow>({
     {u"修改本字段内容", Qt::Key_Return},
     {u"-"},
     {u"添加字段", int(Qt::ControlModifier) | int(Qt::Key_Insert)},
@@ -46,14 +47,15 @@ constexpr auto popupRows = std::to_array<PopupRow>({
     {u"-"},
     {u"删除字段", int(Qt::ControlModifier) | int(Qt::Key_Delete)},
     {u"删除子字段", Qt::Key_Delete},
-    {u"-"},
     {u"复制字段", int(Qt::ControlModifier) | int(Qt::ShiftModifier) | int(Qt::Key_C)},
     {u"粘贴字段", int(Qt::ControlModifier) | int(Qt::Key_V)},
 });
 
+constexpr size_t popupCount = 11; // the commands after these have only a key
+
 QStringList popupItems() {
     QStringList items;
-    for (const PopupRow &row : popupRows)
+    for (const CommandRow &row : std::span(commandRows).first(popupCount))
         items.append(row.caption.toString());
     return items;
 }
@@ -62,7 +64,7 @@ QStringList popupItems() {
 
 QList<QKeySequence> FieldCommands::keys() {
     QList<QKeySequence> keys;
-    for (const PopupRow &row : popupRows)
+    for (const CommandRow &row : commandRows)
         keys.append(row.key ? QKeySequence(row.key) : QKeySequence());
     return keys;
 }
