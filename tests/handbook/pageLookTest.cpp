@@ -1,6 +1,5 @@
 #include "handbook/windows/pageLook.h"
 #include "support/qtPrinters.h"
-#include "widgets/ink.h"
 #include <QFontMetricsF>
 #include <QTextBlock>
 #include <QTextTable>
@@ -30,7 +29,7 @@ TEST(PageLook, BlocksLinksAndTables) {
                                                                                                        : QString()));
         for (auto at = block.begin(); !at.atEnd(); ++at)
             if (const QTextCharFormat text = at.fragment().charFormat();
-                text.fontUnderline() && text.foreground().color() == widgets::linkInk(palette))
+                text.fontUnderline() && text.foreground().color() == palette.color(QPalette::Link))
                 links.append(at.fragment().text());
     }
     EXPECT_EQ(look.join(u'|'),
