@@ -49,15 +49,16 @@ QWidget *listSide(QComboBox *filterBox, QWidget *list) {
 
 QBoxLayout *ofOneWidth(const std::array<Button *, 7> &buttons) {
     QBoxLayout *commands = widgets::row({});
+    commands->setSpacing(commands->spacing() / 2); // the row is the widest of the window
     for (Button *button : buttons)
         commands->addWidget(button, 1);
     return commands;
 }
 
-// Creates a box for a number next to its label, wide enough for any record count.
+// Creates a box for a number next to its label, wide enough for 99,999,999 records.
 widgets::PacedLabel *numberBox(const QString &name, const QString &meaning, QWidget *parent) {
     auto *box = new widgets::PacedLabel(name, {}, parent);
-    box->setFixedWidth(box->fontMetrics().horizontalAdvance(u"9999999999"_s));
+    box->setFixedWidth(box->fontMetrics().horizontalAdvance(u"99999999"_s));
     box->setTextInteractionFlags(Qt::TextSelectableByMouse);
     box->setMeaning(meaning);
     return box;

@@ -13,7 +13,7 @@ namespace workspace {
 std::array<widgets::Button *, 7> commandButtons(QWidget *parent); // cmdclick
 // Lays the buttons out in a row, of one width where there is room.
 QBoxLayout *ofOneWidth(const std::array<widgets::Button *, 7> &buttons);
-// Creates a box for a number next to its label, wide enough for any record count.
+// Creates a box for a number next to its label, wide enough for 99,999,999 records.
 widgets::PacedLabel *numberBox(const QString &name, const QString &meaning, QWidget *parent);
 
 // Puts the box that filters the title list above it; the box never makes the list wider.
