@@ -1,4 +1,5 @@
 #include "widgets/flexGridModel.h"
+#include "widgets/cellText.h"
 #include "widgets/flexGridColours.h"
 #include <QBrush>
 #include <algorithm>
@@ -6,19 +7,7 @@
 
 namespace widgets {
 
-namespace {
 constexpr int frameMilliseconds = 16;
-// Limits the text painted in a cell: laying out a pasted megabyte would freeze the view.
-constexpr qsizetype shownCharacters = 1000;
-
-QString shownText(const QString &text) {
-    QString shown = text.left(shownCharacters);
-    for (QChar &character : shown)
-        if (character == u'\n' || character == u'\r' || character == QChar::LineSeparator)
-            character = u' ';
-    return shown;
-}
-} // namespace
 
 FlexGridModel::FlexGridModel(int columns, QObject *parent)
     : QAbstractTableModel(parent)

@@ -143,8 +143,7 @@ void frmTidy::offerEncodings() {
     for (const EncodingRow &encoding : sourceEncodings) {
         const bool available = isAvailable(encoding.choice);
         sourceEncoding->addItem(encoding.caption + (available ? u""_s : u"（没有 YAZ 库，不能读）"_s));
-        const auto *model = qobject_cast<QStandardItemModel *>(sourceEncoding->model());
-        if (model && !available)
+        if (const auto *model = qobject_cast<QStandardItemModel *>(sourceEncoding->model()); model && !available)
             model->item(sourceEncoding->count() - 1)->setEnabled(false);
     }
 }

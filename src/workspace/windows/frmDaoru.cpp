@@ -65,8 +65,6 @@ void frmDaoru::setUp() {
     layOut();
     connectGrids();
     connectHelpers();
-    connectRemarks();
-    connectFilter();
     connectButtons();
     recall();
 }
@@ -121,7 +119,6 @@ void frmDaoru::connectGrids() {
 }
 
 void frmDaoru::connectHelpers() {
-    connect(&m_parts->editors, &CellEditors::typed, &m_parts->drafts, &DraftKeeper::touch);
     connect(&m_parts->editors, &CellEditors::opened, this,
             [this](CellEditors::Hold hold) { holdControls(hold == CellEditors::Hold::FieldsAndList); });
     connect(&m_parts->editors, &CellEditors::closed, this, &frmDaoru::releaseControls);
@@ -140,8 +137,8 @@ void frmDaoru::connectHelpers() {
     for (const auto settled : {&DraftBar::restoreWanted, &DraftBar::givenUp})
         connect(draftBar, settled, Grid2, qOverload<>(&QWidget::setFocus));
     connect(room, &WorkspaceRoom::textWanted, this, &frmDaoru::showWholeText);
-    connect(&m_parts->keys, &DeskKeys::told, &m_parts->status, &StatusLine::sayOfRecord);
     connect(&m_parts->keys, &DeskKeys::rowChosen, this, &frmDaoru::showWholeText);
+    connect(&m_parts->remarks, &RemarkJumps::rowChosen, this, &frmDaoru::showWholeText);
     connect(Grid1, &FieldGrid::enterCell, this, &frmDaoru::showWholeText);
     connect(Grid1, &FieldGrid::gridClicked, this, &frmDaoru::showWholeText);
     connect(Grid1, &FieldGrid::rearranged, this, &frmDaoru::showWholeText);
@@ -150,23 +147,7 @@ void frmDaoru::connectHelpers() {
     connect(this, &Window::unloaded, this, &frmDaoru::remember);
     connect(this, &Window::unloaded, &m_parts->drafts, &DraftKeeper::write);
     connect(this, &Window::unloaded, &m_parts->reading, &RecordReading::abandon);
-}
-
-void frmDaoru::connectRemarks() {
-    connect(&m_parts->remarks, &RemarkJumps::told, &m_parts->status, &StatusLine::sayOfRecord);
-    connect(&m_parts->remarks, &RemarkJumps::rowChosen, this, &frmDaoru::showWholeText);
-    connect(&m_parts->keys, &DeskKeys::remarksWanted, &m_parts->remarks, &RemarkJumps::showOrHide);
-    connect(cmdProofAll, &Button::clicked, &m_parts->remarks, &RemarkJumps::proofAll);
     connect(this, &Window::unloaded, &m_parts->remarks, &RemarkJumps::end);
-}
-
-void frmDaoru::connectFilter() {
-    ListFilter *filter = &m_parts->filter;
-    connect(filter, &ListFilter::told, &m_parts->status, &StatusLine::sayOfRecord);
-    connect(&m_parts->remarks, &RemarkJumps::remarksChanged, filter, &ListFilter::updateSoon);
-    connect(Grid2, &RecordList::taken, filter, &ListFilter::updateSoon);
-    for (const auto changed : {&EditedRecord::shown, &EditedRecord::edited})
-        connect(m_record.get(), changed, filter, &ListFilter::updateSoon);
 }
 
 void frmDaoru::showWholeText() {
@@ -205,6 +186,7 @@ void frmDaoru::recall() {
 void frmDaoru::connectButtons() {
     connect(cmdTiMing[0], &Button::clicked, this, [this] { m_parts->moving.step(-1); });
     connect(cmdTiMing[1], &Button::clicked, this, [this] { m_parts->moving.step(1); });
+    connect(cmdProofAll, &Button::clicked, &m_parts->remarks, &RemarkJumps::proofAll);
     connect(cmdJieShu, &Button::clicked, this, [this] { m_parts->reading.stop(); });
     connect(cmdclick[0], &Button::clicked, this, [this] { m_parts->recordCommands.showCard(u"标准"_s); });
     connect(cmdclick[1], &Button::clicked, this, [this] { m_parts->recordCommands.showCard(u"卡片"_s); });

@@ -92,8 +92,6 @@ private:
     void showWholeText();
     void connectGrids();
     void connectHelpers();
-    void connectRemarks();
-    void connectFilter();
     void connectButtons();
 
     void listed(int count);

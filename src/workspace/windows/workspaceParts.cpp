@@ -15,6 +15,16 @@ WorkspaceParts::WorkspaceParts(const Desk &desk, const marc::DamagedDirectory &d
     , filter(desk.filterBox, desk.list,
              {.remarked = [this] { return remarks.rowsWithRemarks(); },
               .changed = [this] { return drafts.changedRows(); }},
-             [this] { return !remarks.isEmpty(); }) {}
+             [this] { return !remarks.isEmpty(); }) {
+    QObject::connect(&editors, &CellEditors::typed, &drafts, &DraftKeeper::touch);
+    QObject::connect(&keys, &DeskKeys::remarksWanted, &remarks, &RemarkJumps::showOrHide);
+    QObject::connect(&keys, &DeskKeys::told, &status, &StatusLine::sayOfRecord);
+    QObject::connect(&remarks, &RemarkJumps::told, &status, &StatusLine::sayOfRecord);
+    QObject::connect(&filter, &ListFilter::told, &status, &StatusLine::sayOfRecord);
+    QObject::connect(&remarks, &RemarkJumps::remarksChanged, &filter, &ListFilter::updateSoon);
+    QObject::connect(&desk.list, &RecordList::taken, &filter, &ListFilter::updateSoon);
+    for (const auto changed : {&EditedRecord::shown, &EditedRecord::edited})
+        QObject::connect(&desk.record, changed, &filter, &ListFilter::updateSoon);
+}
 
 } // namespace workspace
