@@ -65,10 +65,8 @@ qsizetype IsoWriter::put(QStringView content, IsoEncoding encoding) {
         ensureSpace(2 * content.size() + 1);
         m_size = platform::encodeTo(content, m_bytes.data() + before) - m_bytes.constData();
     } else {
-        const QByteArray utf8 = content.toUtf8();
-        ensureSpace(utf8.size() + 1);
-        std::ranges::copy(utf8, m_bytes.data() + before);
-        m_size += utf8.size();
+        ensureSpace(m_utf8.requiredSpace(content.size()) + 1);
+        m_size = m_utf8.appendToBuffer(m_bytes.data() + before, content) - m_bytes.constData();
     }
     m_bytes[m_size++] = char(fieldTerminator);
     return m_size - before;

@@ -4,6 +4,7 @@
 #include "marc/fieldedRecord.h"
 #include "marc/rawRecord.h"
 #include <QByteArray>
+#include <QStringEncoder>
 
 namespace marc {
 
@@ -26,6 +27,7 @@ private:
 
     QByteArray m_bytes;
     qsizetype m_size = 0;
+    QStringEncoder m_utf8{QStringEncoder::Utf8, QStringEncoder::Flag::Stateless};
 };
 
 } // namespace marc
