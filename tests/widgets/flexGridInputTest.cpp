@@ -76,6 +76,29 @@ TEST_F(FlexGridInput, EverythingByKeyboard) {
     EXPECT_EQ(QGuiApplication::clipboard()->text(), u"11\t12\t13\n21\ta b  c\t23\n"_s);
 }
 
+// A button of the window system is held: outside the rows the selection grows until the pointer returns.
+TEST_F(FlexGridInput, ADragOutsideExtendsUntilTheLastRow) {
+    QWindow *system = window.windowHandle();
+    const auto inWindow = [&](QPoint point) { return grid.viewport()->mapTo(&window, point); };
+    const int below = grid.viewport()->height();
+    const auto reaches = [&](int row) { return QTest::qWaitFor([&] { return grid.rowSel() == row; }, 20'000); };
+    QTest::mousePress(system, Qt::LeftButton, {}, inWindow(at(3, 1)));
+    for (const auto &[y, row] : {std::pair(below, 6), {-1, 1}, {below, 6}}) {
+        QTest::mouseMove(system, inWindow({at(3, 1).x(), y}));
+        EXPECT_TRUE(reaches(row)) << y;
+        QTest::mouseMove(system, inWindow(at(4, 1)));
+        EXPECT_EQ(place(), u"3-4/1"_s) << "inside, the row below the pointer";
+    }
+    QTest::mouseMove(system, inWindow({at(3, 1).x(), below - 1})); // below the last row, still inside
+    EXPECT_EQ(place(), u"3-6/1"_s);
+    QTest::mouseRelease(system, Qt::LeftButton, {}, inWindow({at(3, 1).x(), below + 1}));
+    EXPECT_EQ(taken(), u"leave1 enter3"_s) << "no click outside";
+    QTest::mousePress(system, Qt::RightButton, {}, inWindow(at(2, 1)));
+    QTest::mouseRelease(system, Qt::RightButton, {}, inWindow(at(2, 1)));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(taken(), u"right3 click3"_s) << "one click";
+}
+
 TEST_F(FlexGridInput, SlotsOfLeaveCellMayChangeAnything) {
     const auto once = QObject::connect(&grid, &FlexGrid::leaveCell, [this] {
         QTest::keyClick(&grid, Qt::Key_Down); // a nested event loop, in which keys are still processed

@@ -88,35 +88,70 @@ TEST_F(FlexGridTest, AFilteredGridShowsItsRowsAndTheCurrentOne) {
     }
 }
 
+// Random insertions, removals, growth, texts and colours, compared with a list.
 TEST_F(FlexGridTest, CellsMoveWithTheirRowsAndTheCurrentNumberStays) {
-    const auto source = std::make_shared<Source>(0, QStringList{u"a"_s, u"b"_s, u"c"_s, u"d"_s});
+    Dice dice(11);
+    const auto source = std::make_shared<Source>(0, QStringList{u"a"_s, u"b"_s, u"c"_s});
     grid.bind(source);
-    grid.setRow(3);
-    grid.setCellBackground(2, 1, 255);
-    grid.setText(4, 1, u"改"_s);
-    source->listed.insert(1, u"x"_s);
-    grid.sourceInsertedRow(2);
-    const auto shown = [this] {
-        QString texts;
-        for (int row = 1; row <= grid.model()->rowCount(); ++row)
-            texts += grid.text(row, 1) + (grid.cellBackground(row, 1) ? u"! "_s : u" "_s);
-        return texts;
-    };
-    EXPECT_EQ(shown(), u"a1 x1 b1! c1 改 "_s);
-    EXPECT_EQ(grid.row(), 3);
-    source->listed.removeAt(3);
-    grid.sourceRemovedRow(4);
-    EXPECT_EQ(shown(), u"a1 x1 b1! 改 "_s);
-    source->listed.removeAt(2);
-    grid.sourceRemovedRow(3);
-    EXPECT_EQ(shown(), u"a1 x1 改 "_s);
-    grid.setRows(6); // empty rows after those of the source
-    source->listed.append(u"y"_s);
-    grid.sourceHasGrown(); // not announced yet
-    source->listed.insert(0, u"z"_s);
-    grid.sourceInsertedRow(1);
-    EXPECT_EQ(shown(), u"z1 a1 x1 改 y1  "_s);
-
+    QList<std::pair<QString, std::optional<quint32>>> cells{{u"a1"_s, {}}, {u"b1"_s, {}}, {u"c1"_s, {}}};
+    int current = 1, empty = 0; // empty: rows after those of the source
+    for (int act = 0; act < 600; ++act) {
+        const QString name = QString::number(act);
+        const int rows = int(cells.size()), listed = int(source->listed.size()), at = dice.below(listed);
+        switch (dice.below(8)) {
+        case 0:
+            source->listed.insert(at, name);
+            cells.insert(at, {name + u'1', {}});
+            grid.sourceInsertedRow(at + 1);
+            break;
+        case 1:
+            if (listed < 3)
+                break;
+            source->listed.removeAt(at);
+            cells.removeAt(at);
+            grid.sourceRemovedRow(at + 1);
+            break;
+        case 2:
+            source->listed.append(name);
+            cells.insert(listed, {name + u'1', {}});
+            if (empty > 0)
+                cells.removeAt(listed + 1);
+            empty = std::max(empty - 1, 0);
+            grid.sourceHasGrown();
+            break;
+        case 3:
+            grid.setText(dice.below(2) ? at + 1 : rows + 1, 1, name);
+            cells[at].first = grid.text(at + 1, 1) == name ? name : cells[at].first;
+            break;
+        case 4:
+            grid.setCellBackground(at + 1, 1, cells[at].second.emplace(quint32(act)));
+            break;
+        case 5:
+            if (empty == 0 && act % 3 == 0) {
+                grid.setRows(rows + 3);
+                cells.resize(rows + 2);
+                empty = 2;
+            }
+            break;
+        default:
+            current = std::clamp(current, 1, int(cells.size())) + (act % 2 ? 1 : -1);
+            current = std::clamp(current, 1, int(cells.size()));
+            QTest::keyClick(&grid, act % 2 ? Qt::Key_Down : Qt::Key_Up);
+        }
+        ASSERT_EQ(grid.rows(), cells.size() + 1) << act;
+        ASSERT_EQ(grid.row(), std::clamp(current, 1, int(cells.size()))) << act;
+        if (act % 4 == 0)
+            grid.cellRect(1, 1); // announces the rows
+        const int shown = grid.model()->rowCount();
+        ASSERT_EQ(grid.verticalHeader()->count(), shown) << act << ": the view knows the rows";
+        ASSERT_TRUE(act % 4 || shown == cells.size()) << act;
+        for (int row = 0; row < cells.size(); ++row) {
+            ASSERT_EQ(grid.text(row + 1, 1), cells[row].first) << act;
+            ASSERT_EQ(grid.cellBackground(row + 1, 1), cells[row].second) << act;
+            ASSERT_TRUE(row >= shown || grid.model()->index(row, 1).data() == cells[row].first) << act;
+        }
+    }
+    log.clear();
     grid.bind(nullptr);
     grid.setRows(7);
     grid.setRow(3);
