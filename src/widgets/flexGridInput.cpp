@@ -206,7 +206,6 @@ void FlexGrid::copySelection() const {
 }
 
 void FlexGrid::keyPressEvent(QKeyEvent *event) {
-    event->accept();
     const bool shift = event->modifiers().testFlag(Qt::ShiftModifier);
     if (event->modifiers().testFlag(Qt::AltModifier)) {
         event->ignore();
@@ -235,7 +234,6 @@ void FlexGrid::keyPressEvent(QKeyEvent *event) {
 }
 
 void FlexGrid::keyReleaseEvent(QKeyEvent *event) {
-    event->accept();
     if (!event->isAutoRepeat())
         Q_EMIT keyReleased(event->key());
 }

@@ -2,12 +2,14 @@
 #include "app/windows/catalogueWindows.h"
 #include "catalogue/windows/orderbyFrm.h"
 #include "catalogue/windows/queryFrm.h"
+#include "catalogue/windows/sckListFrm.h"
 #include "catalogue/windows/zskListFrm.h"
 #include "support/databaseServers.h"
 #include "support/scriptedHost.h"
 #include "widgets/button.h"
 #include "widgets/maskedEdit.h"
 #include <QMainWindow>
+#include <QMdiSubWindow>
 #include <QTimer>
 
 using namespace app;
@@ -62,6 +64,19 @@ TEST_F(CatalogueWindowsTest, AListReopensAsItWasClosed) {
     place()->showNormal();
     const QRect room = frame.findChild<QMdiArea *>()->viewport()->rect();
     EXPECT_TRUE(room.contains(place()->geometry())) << place()->width() << " in " << room.width();
+}
+
+TEST_F(CatalogueWindowsTest, ABookShowsItsDetailInOneWindow) {
+    query();
+    for (int time = 0; time < 2; ++time) {
+        list()->Grid1->setRow(1);
+        Q_EMIT list()->Grid1->gridActivated();
+        EXPECT_EQ(frame.findChildren<catalogue::SCKListFrm *>().size(), 1);
+        auto *front = frame.findChild<QMdiArea *>()->activeSubWindow();
+        EXPECT_TRUE(front && qobject_cast<catalogue::SCKListFrm *>(front->widget()));
+        frame.findChild<QMdiArea *>()->setActiveSubWindow(qobject_cast<QMdiSubWindow *>(place()));
+    }
+    EXPECT_TRUE(host.boxes.isEmpty());
 }
 
 TEST_F(CatalogueWindowsTest, TheSortDialogReopensAClosedList) {

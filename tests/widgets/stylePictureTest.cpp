@@ -2,6 +2,7 @@
 // is the dark one, in which every token has a colour of its own.
 #include "support/qtPrinters.h"
 #include "widgets/deskStyle.h"
+#include "widgets/flexGridColours.h"
 #include <QApplication>
 #include <QListWidget>
 #include <QMenuBar>
@@ -9,6 +10,7 @@
 #include <QRegularExpression>
 #include <QStandardItemModel>
 #include <QStyleOption>
+#include <QTableView>
 #include <QTest>
 #include <QToolBar>
 #include <QToolButton>
@@ -80,7 +82,9 @@ struct StylePicture : testing::Test {
         QImage picture(130, 30, QImage::Format_ARGB32);
         picture.fill(Qt::transparent);
         QPainter painter(&picture);
-        if constexpr (std::is_same_v<Element, QStyle::PrimitiveElement>)
+        if constexpr (std::is_invocable_v<Element, QPainter *, Option>)
+            element(&painter, option);
+        else if constexpr (std::is_same_v<Element, QStyle::PrimitiveElement>)
             style.drawPrimitive(element, &option, &painter, widget);
         else if constexpr (std::is_same_v<Element, QStyle::ControlElement>)
             style.drawControl(element, &option, &painter, widget);
@@ -241,6 +245,39 @@ TEST_F(StylePicture, FramesRowsAndBars) {
     EXPECT_EQ(all(entry(on), entry(on | chosen), entry(on | in), title(on), title(on | active, close)),
               u"Window | Tint | Tint | Base 0,0,0,1; Hairline 0,19,0,0; FaintInk | Base 0,0,0,1; Pressed 90,3,6,3; "
               "Hairline 0,19,0,0; Ink"_s);
+}
+
+TEST_F(StylePicture, CellsOfAGridAndLabels) {
+    QStandardItemModel cells(2, 2);
+    const QTableView quiet;
+    const FlexGridDelegate delegate;
+    const auto cell = [&](QStyle::State state, int row, int column, const QBrush &own = {}, const QWidget *view = {}) {
+        const QModelIndex index = cells.index(row, column);
+        cells.setData(index, own.style() == Qt::NoBrush ? QVariant() : own, Qt::BackgroundRole);
+        const auto paint = [&](QPainter *painter, const QStyleOptionViewItem &option) {
+            QStyleOptionViewItem seen = option;
+            seen.widget = view;
+            delegate.paint(painter, seen, index);
+        };
+        return of<QStyleOptionViewItem>(paint, state);
+    };
+    const QColor red(255, 0, 0);
+    EXPECT_EQ(
+        all(cell(on, 0, 0), cell(on, 1, 0), cell(on | chosen, 0, 0), cell(on | chosen, 1, 1),
+            cell(on | chosen, 0, 0, {}, &quiet), cell(on, 0, 0, red), cell(on | chosen, 0, 1, red),
+            cell(on | chosen, 0, 0, red, &quiet), cell(focus, 0, 1), cell(focus, 0, 1, red)),
+        u" | Hairline 0,0,0,19 | Accent 0,0,37,0; Tint 3,0,0,0 | Hairline 0,0,0,19; Tint 0,1,0,0 | QuietTint |  | "
+        "Accent | Edge | Accent | Base 2; Accent"_s);
+    const auto label = [&](QStyle::State state, QStyleOptionButton::ButtonFeatures features = {}) {
+        return withoutPlaces(of<QStyleOptionButton>(S::CE_PushButton, state, [&](auto &it) {
+            it.features = features;
+            it.text = u"█"_s;
+        }));
+    };
+    const auto headingText = [](QStyleOptionHeader &it) { it.text = u"█"_s; };
+    EXPECT_EQ(all(label(on), label(off), label(on, primary),
+                  withoutPlaces(of<QStyleOptionHeader>(S::CE_HeaderLabel, on, headingText))),
+              u"Base 1; Edge; Ink | Window 1; Hairline; FaintInk | Accent; OnAccent | SecondInk"_s);
 }
 
 } // namespace
