@@ -173,7 +173,7 @@ TEST(IsoWriter, RefusesWhatTheFormatCannotHold) {
         return fields;
     };
     const std::pair<FieldedRecord, QString> rows[] = {
-        {{leader, {{u"300"_s, filled(9'999)}}}, u""_s},
+        {{leader, {{u"~ ~"_s, filled(9'999)}}}, u""_s},
         {{leader, {{u"300"_s, filled(10'000)}, {u"330"_s, filled(20'000)}}},
          u"字段 300 有 10000 字节，长过 9999 字节"_s},
         {{leader, ten(9'862)}, u""_s},
