@@ -62,13 +62,9 @@ TEST(EncodingShapes, CountEachForm) {
 
     std::vector<Unit> utf8{{"x", {}}, {" record 2000", {}}, {" \u00E9 ", {1}}, {" \u07FF\u0080 ", {2}}};
     utf8.push_back({" ab\u00E9b", {1, 0, 0, 1}});
-    for (const char *oneSide : {" zz\u00E9 ", " \u00E9Z", "\x1Fzx\u00E9\x1F",
-                                "\x1Fz\u00E9"
-                                "A"})
+    for (const char *oneSide : {" zz\u00E9 ", " \u00E9Z", "\x1Fzx\u00E9\x1F", "\x1Fz\u00E9A"})
         utf8.push_back({oneSide, {1, 0, 0, 0, 1}});
-    utf8.push_back({"\x1F"
-                    "a\u00E9 ",
-                    {1}}); // after the code of a subfield
+    utf8.push_back({"\x1Fz\u00E9 ", {1}}); // after the code of a subfield
     for (const char *form : {"\u0800", "\u4E2D", "\uD7FF", "\uE000", "\U00010000", "\U0010FFFF"})
         utf8.push_back({form, {0, 1}});
     const std::pair<const char *, qint64> damaged[] = {{"\x80", 1},
@@ -87,22 +83,17 @@ TEST(EncodingShapes, CountEachForm) {
 }
 
 TEST(EncodingShapes, LookChineseByTheirShares) {
-    struct Row {
-        qint64 pairs, usual, seldom, foreign, damaged;
-        bool chinese;
+    using Shares = std::tuple<qint64, qint64, qint64, qint64, qint64>; // pairs, usual, seldom, foreign, damaged
+    const std::pair<Shares, bool> rows[] = {
+        {{0, 0, 0, 0, 0}, true},    {{0, 0, 0, 0, 1}, false},    {{20, 20, 0, 0, 1}, true},
+        {{19, 19, 0, 0, 1}, false}, {{20, 9, 0, 11, 0}, true},   {{20, 8, 0, 11, 0}, false},
+        {{100, 20, 0, 2, 0}, true}, {{100, 19, 0, 2, 0}, false}, {{100, 20, 0, 3, 0}, false},
+        {{4, 0, 4, 0, 0}, true},    {{5, 0, 5, 0, 0}, false},    {{4, 0, 3, 0, 0}, false},
     };
-    for (const auto &[pairs, usual, seldom, foreign, damaged, chinese] :
-         {Row{0, 0, 0, 0, 0, true}, Row{0, 0, 0, 0, 1, false}, Row{20, 20, 0, 0, 1, true}, Row{19, 19, 0, 0, 1, false},
-          Row{20, 9, 0, 11, 0, true}, Row{20, 8, 0, 11, 0, false}, Row{100, 20, 0, 2, 0, true},
-          Row{100, 19, 0, 2, 0, false}, Row{100, 20, 0, 3, 0, false}, Row{4, 0, 4, 0, 0, true},
-          Row{5, 0, 5, 0, 0, false}, Row{4, 0, 3, 0, 0, false}}) {
+    for (const auto &[shares, chinese] : rows) {
         GbkShape shape;
-        shape.pairs = pairs;
-        shape.usual = usual;
-        shape.seldom = seldom;
-        shape.foreign = foreign;
-        shape.damaged = damaged;
-        EXPECT_EQ(shape.looksChinese(), chinese) << pairs << ' ' << usual << ' ' << seldom << ' ' << foreign;
+        std::tie(shape.pairs, shape.usual, shape.seldom, shape.foreign, shape.damaged) = shares;
+        EXPECT_EQ(shape.looksChinese(), chinese) << shape.pairs << ' ' << shape.usual << ' ' << shape.seldom;
     }
 }
 
@@ -120,10 +111,7 @@ TEST(EncodingGuess, TurnsAtItsThresholds) {
         {times("\u00F1 ", 16), Utf8, false},
         {times("a\u00F1 ", 3), Utf8, true}, // next to letters
         {times("\u00F1 ", 1) + "a\u00F1 ", Unknown, false},
-        {times("a\u00F1"
-               "a ",
-               4),
-         Utf8, false},
+        {times("a\u00F1a ", 4), Utf8, false},
         {times("\u4E2D ", 1), Utf8, false},
         {times("\u4E2D ", 9) + times("\xFF ", 2), Utf8, false},
         {times("\u4E2D ", 8) + times("\xFF ", 2), Unknown, false},
