@@ -162,6 +162,49 @@ TEST_F(DeskTest, DraftsAreOfferedAndReported) {
     EXPECT_EQ(value(4), u"更新"_s);
 }
 
+// A draft whose record is read only later is restored then; one that has no record is reported at the end of the file.
+TEST_F(DeskTest, DraftsWaitForTheirRecords) {
+    writeRecords(230);
+    const QString drafts = host.remembered().folderFor(platform::kept::drafts).value();
+    ASSERT_TRUE(DraftFile(drafts, path()).write({{210, {titled(u"改"_s), {}}}, {500, {u"x"_s, {}}}}, {}));
+    databaseTrouble = u"没有连接"_s;
+    auto &window = load();
+    window.show();
+    EXPECT_TRUE(says(u"⚠ 没有连接，不能导入"_s));
+    window.draftBar->cmdRestore->click();
+    EXPECT_TRUE(says(u"2 条的记录还没有读出，读到时恢复"_s));
+    window.cmdclick[3]->click();
+    EXPECT_TRUE(says(u"1 条修改在文件中没有记录，另存为 "_s));
+    EXPECT_EQ(titles(210, 211), QStringList{u"211 改"_s});
+}
+
+// The current record stays in the list.
+TEST_F(DeskTest, TheFilterShowsItsRowsOrWhyThereAreNone) {
+    auto &window = load(30);
+    window.show();
+    window.Grid2->setRow(20);
+    const std::tuple<int, bool, std::vector<int>, int, QString, QString> steps[] = {
+        {1, false, {}, 1, u"只看有问题的：0"_s, u"还没有校对结果，请先按“校对全部”"_s},
+        {1, true, {}, 1, u"只看有问题的：0"_s, u"没有发现问题的记录"_s},
+        {1, true, {3, 20, 25}, 3, u"只看有问题的：3"_s, {}},
+        {2, true, {3}, 1, u"只看改过的：0"_s, u"没有改过而未导入的记录"_s},
+        {0, true, {3}, 30, u"全部"_s, {}},
+    };
+    for (const auto &[kind, proved, remarked, shown, caption, words] : steps) {
+        pane.empty = !proved;
+        pane.remarked = remarked;
+        window.filterBox->setCurrentIndex(kind);
+        Q_EMIT window.filterBox->activated(kind);
+        EXPECT_EQ(window.Grid2->model()->rowCount(), shown) << caption.toStdString();
+        EXPECT_EQ(window.filterBox->currentText(), caption);
+        EXPECT_EQ(window.labStatus->text(), words);
+    }
+    window.filterBox->setCurrentIndex(2);
+    Q_EMIT window.filterBox->activated(2);
+    change(4, u"改"_s); // lists the record soon
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window.filterBox->currentText() == u"只看改过的：1"; }));
+}
+
 // The first change starts a two-second timer; later actions do not postpone the write.
 TEST_F(DeskTest, PagingDoesNotPostponeAWrite) {
     auto &window = load(30);

@@ -13,6 +13,8 @@ TEST(EditedRecord, WarningsOfWhatIsLost) {
     EXPECT_EQ(record.warning(3, record.row(3).value + QChar(0x1F)), torn);
     record.edit({.row = 2, .column = IdentifierColumn, .text = u"300"_s}); // no longer an embedded field
     EXPECT_EQ(record.warning(), torn);
+    record.edit({.row = 1, .column = IdentifierColumn, .text = u"$1"_s}); // in no field
+    EXPECT_EQ(record.warning(1, QChar(0x1F)), torn);
 }
 
 // Access beyond the rows returns empty values and changes nothing.

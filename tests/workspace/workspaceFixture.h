@@ -51,6 +51,7 @@ struct Workspace : testing::Test {
     workspace::ImportOutcome outcome; // of the next import
     marc::RecordStep stepInCard;      // of the last card
     PaneDouble pane;
+    QString databaseTrouble;
     std::unique_ptr<workspace::frmDaoru> form;
 
     void SetUp() override {
@@ -99,6 +100,7 @@ struct Workspace : testing::Test {
                         return outcome;
                     },
                 .makeRemarks = [this](const workspace::RemarksNeeds &needs) { return pane.make(needs); },
+                .databaseTrouble = [this] { return databaseTrouble; },
                 .leaderAssistant = assistant(QStringLiteral("LR000 ")),
                 .field100Assistant = assistant(QStringLiteral("LR100 ")),
             });

@@ -37,8 +37,6 @@ std::array<Button *, 7> commandButtons(QWidget *parent) {
 }
 
 QWidget *listSide(QComboBox *filterBox, QWidget *list) {
-    filterBox->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    filterBox->setMinimumContentsLength(1);
     filterBox->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     filterBox->setToolTip(u"只影响列出哪些；导入和“校对全部”仍是读出的全部记录"_s);
     auto *side = widgets::named(new QWidget, u"listSide"_s);
