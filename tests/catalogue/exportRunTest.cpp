@@ -12,7 +12,7 @@ namespace {
 
 class ExportRunTest : public testing::Test {
 protected:
-    enum { Export = 3 };
+    enum { Export = 3, Stop };
 
     ExportRunTest() {
         database.run(schemaScript(u"sample.sql"_s));
@@ -99,6 +99,20 @@ TEST_F(ExportRunTest, RefusesNoNameAndAnExistingFile) {
     EXPECT_EQ(host.texts(), (QStringList{u"请输入要保存marc数据的文件名！"_s,
                                          u"选择的路径下已经存在输入的文件名。请重新输入marc数据文件名！"_s}));
     EXPECT_FALSE(list.labDaochu->isVisible());
+}
+
+TEST_F(ExportRunTest, StopsOnlyAfterAQuestion) {
+    for (const auto &[answer, written] : {std::pair(platform::Answer::No, 10), {platform::Answer::Yes, 4}}) {
+        host.boxes.clear();
+        host.willAnswer(answer);
+        behindRecord(4, [this] { list.CmdDcgl[Stop]->click(); });
+        path = folder.path(u"%1.iso"_s.arg(written));
+        list.CmdDcgl[Export]->setEnabled(true); // a stop has disabled it
+        run();
+        EXPECT_EQ(records().size(), written);
+        EXPECT_EQ(host.texts(), (QStringList{u"已经成功导出4条数据。确定要终止导出吗？"_s,
+                                             finalWord(written == 10 ? 10 : 3, path)})); // after a stop, one too few
+    }
 }
 
 TEST_F(ExportRunTest, ClosesTheFileSilentlyWhenItsWindowCloses) {

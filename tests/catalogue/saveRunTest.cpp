@@ -73,6 +73,19 @@ TEST_F(SaveRunTest, ReportsWhatWasLost) {
                                        u"写成了“?”：Ŷ（U+0176） 3 处，𠮷（U+20BB7） 1 处。在控制号 7、9 的记录里。");
 }
 
+TEST(LostCharacters, AreNamedUpToTen) {
+    for (const int count : {10, 11}) {
+        LostCharacters lost;
+        for (int i = 0; i < count; ++i)
+            lost.look(QString(QChar(0x0E01 + i)), 100 + i);
+        const QString words = lost.words();
+        EXPECT_TRUE(words.startsWith(u"有 %1 处的字 GBK 里没有，写成了“?”：ก（U+0E01） 1 处，"_s.arg(count)));
+        EXPECT_EQ(words.count(u"U+"), 10);
+        EXPECT_EQ(words.count(u" 等"), count == 10 ? 0 : 2);
+        EXPECT_EQ(words.contains(u"110"), false) << words.toStdString();
+    }
+}
+
 TEST_F(SaveRunTest, NothingElseStartsWhileItRunsAndAStopKeepsTheOldFile) {
     addRows(1200);
     folder.file(u"存.iso"_s, "as it was");

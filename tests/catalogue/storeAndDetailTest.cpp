@@ -2,6 +2,7 @@
 #include "catalogue/listTexts.h"
 #include "catalogue/windows/sckListFrm.h"
 #include "catalogue/windows/tlkListFrm.h"
+#include "catalogue/windows/workingFrm.h"
 #include "platform/codepage936.h"
 #include "support/databaseServers.h"
 #include "support/scriptedHost.h"
@@ -70,6 +71,16 @@ TEST_F(SckListFrmTest, KeepsWhatItHadWhenTheServerFails) {
     detail.InfoLoad(4);
     EXPECT_EQ(host.texts(), QStringList{u"连接数据库失败"_s});
     EXPECT_EQ(detail.LabelZSK[2]->text(), u"甲"_s);
+}
+
+TEST(WorkingFrm, StaysInFrontWithAWaitCursor) {
+    WorkingFrm window;
+    window.show();
+    EXPECT_TRUE(window.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    EXPECT_EQ(window.cursor().shape(), Qt::WaitCursor);
+    EXPECT_TRUE(window.rect().contains(window.Label1->geometry()) && window.Label1->y() > 0);
+    window.unload();
+    EXPECT_EQ(window.cursor().shape(), Qt::ArrowCursor);
 }
 
 class TlkListFrmTest : public testing::Test {
