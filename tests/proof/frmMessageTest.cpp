@@ -56,6 +56,12 @@ TEST_F(FrmMessageTest, SavesWhatTheUserTypedAndPasted) {
     EXPECT_EQ(window.messageText->text(), u"一\r\n");
 }
 
+TEST_F(FrmMessageTest, HasSpaceForTwentyLines) {
+    const QFontMetrics metrics(window.messageText->font());
+    EXPECT_GE(window.messageText->sizeHint().width(), 40 * metrics.horizontalAdvance(u'字'));
+    EXPECT_GE(window.messageText->sizeHint().height(), 20 * metrics.lineSpacing());
+}
+
 TEST_F(FrmMessageTest, BreaksLongLinesOnlyOnScreen) {
     window.setText(QString(4096, u'a') + QString(10, u'b'));
     QTextCursor cursor(window.messageText->document()->firstBlock());
