@@ -117,6 +117,9 @@ TEST(FrmMarcKaPian, KeepsItsTextIfThereIsNoCard) {
     window.cmdclick[1]->click();
     EXPECT_EQ(window.Text1->text(), window.marcRecord);
     EXPECT_TRUE(window.Text1->toPlainText().contains(u"¶  ‡f甲‡‡¶")) << window.Text1->toPlainText().toStdString();
+    window.Text1->selectAll();
+    window.Text1->copy(); // the record's own characters, not the signs
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), window.marcRecord);
     EXPECT_EQ(host.boxes.size(), 4);
     QTest::keyClick(window.Text1, Qt::Key_Right); // no other record
 
