@@ -67,18 +67,15 @@ TEST(EncodingShapes, CountEachForm) {
     utf8.push_back({"\x1Fz\u00E9 ", {1}}); // after the code of a subfield
     for (const char *form : {"\u0800", "\u4E2D", "\uD7FF", "\uE000", "\U00010000", "\U0010FFFF"})
         utf8.push_back({form, {0, 1}});
-    const std::pair<const char *, qint64> damaged[] = {{"\x80", 1},
-                                                       {"\xC1\xBF", 2},
-                                                       {"\xC3 ", 1},
-                                                       {"\xE0\x9F\xBF", 3},
-                                                       {"\xED\xA0\x80", 3},
-                                                       {"\xF0\x8F\xBF\xBF", 4},
-                                                       {"\xF4\x90\x80\x80", 4},
-                                                       {"\xF5\x80", 2},
-                                                       {"\xE4\xB8 ", 1},
-                                                       {"\xE4\xB8\xC3 ", 2}};
-    for (const auto &[bytes, count] : damaged)
-        utf8.push_back({bytes, {0, 0, count}});
+    const QByteArrayList damaged[] = {{"\x80", "\xC3 ", "\xE4\xB8 "}, // by the number of faults
+                                      {"\xC1\xBF", "\xF5\x80", "\xE4\xB8\xC3 "},
+                                      {"\xE0\x9F\xBF", "\xED\xA0\x80"},
+                                      {"\xF0\x8F\xBF\xBF", "\xF4\x90\x80\x80"}};
+    for (qint64 count = 1; const QByteArrayList &forms : damaged) {
+        for (const QByteArray &form : forms)
+            utf8.push_back({form, {0, 0, count}});
+        ++count;
+    }
     expectSums<Utf8Shape>(utf8);
 }
 
