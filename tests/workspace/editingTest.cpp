@@ -91,20 +91,6 @@ TEST_F(EditingTest, ContentIsCommittedOrDiscarded) {
     EXPECT_EQ(window.Grid1->rowSel(), titleRow);
 }
 
-// Also before it has the focus, as in a window that is not active.
-TEST_F(EditingTest, AnOpenEditorHoldsTheControls) {
-    auto &window = load(1);
-    window.Grid1->setRow(titleRow);
-    for (const bool content : {true, false}) {
-        auto &editors = window.parts().editors;
-        content ? editors.openContent() : editors.openIdentity(workspace::IdentityColumn::Identifier);
-        EXPECT_FALSE(window.Grid1->isEnabled() || window.cmdclick[2]->isEnabled());
-        EXPECT_EQ(window.Grid2->isEnabled(), !content);
-        QTest::keyClick(content ? static_cast<QWidget *>(window.richText) : window.Text1, Qt::Key_Escape);
-        EXPECT_TRUE(window.Grid1->isEnabled() && window.Grid2->isEnabled());
-    }
-}
-
 TEST_F(EditingTest, LimitsAndTheLargeForm) {
     auto &window = open();
     editRow(3); // the indicators of 200

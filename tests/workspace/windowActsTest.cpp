@@ -66,3 +66,17 @@ TEST_F(WindowActs, ChangeOnlyWhatBelongsToThem) {
               u"Grid1 wh; Grid2 h; Picture1 wh; Zzdlist wh; across wh; down wh; labStatus w; listSide h; picTiMing h; "
               "under wh; wholeText w; zdList wh"_s);
 }
+
+// Also before it has the focus, as in a window that is not active.
+TEST_F(WindowActs, AnOpenEditorHoldsTheControls) {
+    auto &window = load(1);
+    window.Grid1->setRow(4); // 200 $a
+    for (const bool content : {true, false}) {
+        auto &editors = window.parts().editors;
+        content ? editors.openContent() : editors.openIdentity(workspace::IdentityColumn::Identifier);
+        EXPECT_FALSE(window.Grid1->isEnabled() || window.cmdclick[2]->isEnabled());
+        EXPECT_EQ(window.Grid2->isEnabled(), !content);
+        QTest::keyClick(content ? static_cast<QWidget *>(window.richText) : window.Text1, Qt::Key_Escape);
+        EXPECT_TRUE(window.Grid1->isEnabled() && window.Grid2->isEnabled());
+    }
+}

@@ -127,5 +127,12 @@ struct Workspace : testing::Test {
             found.append(form->records().number(row) + u' ' + form->records().title(row));
         return found;
     }
+    bool says(const QString &part) const { return form->labStatus->text().contains(part); }
+    bool said(const QString &part) const {
+        return QTest::qWaitFor([&] { return says(part); });
+    }
+    // Changes a value as an editor does when it is left.
+    void change(int row, const QString &text) { form->record().edit({.row = row, .text = text}); }
+    QString value(int row) const { return form->record().row(row).value; }
     QString cell(int row, int column) const { return form->Grid1->text(row, column); }
 };
