@@ -141,6 +141,10 @@ TEST_F(HandbookTest, SearchBeginsWhereThePageIsVisible) {
         step > 0 ? window->next() : window->previous();
         EXPECT_EQ(view()->file() + QString::number(view()->currentMark()), place);
     }
+    view()->verticalScrollBar()->setValue(0);
+    window->findText->setText(u"丙"_s); // at the very beginning of the page
+    window->next();
+    EXPECT_EQ(view()->file(), u"c.md"_s);
 }
 
 // Each key with what it changes in the window.
@@ -152,8 +156,9 @@ TEST_F(HandbookTest, EverythingByKeyboard) {
         {window->contents, Qt::Key_Down, {}, u"c.md"_s, u"pageView=丙页; cmdBack on"_s},
         {window->contents, Qt::Key_Return, {}, u"c.md"_s, u"pageView focus"_s},
         {view(), Qt::Key_F, Qt::ControlModifier, u"c.md"_s, u"findText focus"_s},
-        {view(), Qt::Key_Left, Qt::AltModifier, u"index.md"_s, u"pageView=首页; cmdBack off; cmdForward on"_s},
-        {view(), Qt::Key_Right, Qt::AltModifier, u"c.md"_s, u"pageView=丙页; cmdForward off; cmdBack on"_s},
+        {window->contents, Qt::Key_Left, Qt::AltModifier, u"index.md"_s,
+         u"pageView=首页; cmdBack off; cmdForward on"_s},
+        {window->contents, Qt::Key_Right, Qt::AltModifier, u"c.md"_s, u"pageView=丙页; cmdForward off; cmdBack on"_s},
         {window->findText, Qt::Key_A, {}, u"c.md"_s, u"findText=a; findCount=没有找到; findCount on"_s},
         {window->findText, Qt::Key_Backspace, {}, u"c.md"_s, u"findText=; findCount gone"_s},
         {view(), Qt::Key_Home, Qt::AltModifier, u"index.md"_s, u"pageView=首页"_s},
