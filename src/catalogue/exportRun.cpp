@@ -34,7 +34,8 @@ void ExportRun::daochuMarc() {
         return;
     m_list.showProgress({});
     m_connection = valueOf(database::Connection::open(m_state.links, m_state.connectionString));
-    m_file = valueOf(platform::ByteWriter::create(name));
+    if (auto file = platform::ByteWriter::create(name))
+        m_file.emplace(std::move(file).value());
     const int row = exportRows();
     if (m_ended)
         return;

@@ -15,7 +15,7 @@ Status MergeRun::open() {
     auto writer = platform::ByteWriter::create(m_target);
     if (!writer)
         return writer.failure();
-    m_writer = std::move(writer).value();
+    m_writer.emplace(std::move(writer).value());
     return platform::success();
 }
 

@@ -35,7 +35,7 @@ Status SplitRun::openTarget(int number) {
         return writer.failure();
     if (m_writer)
         m_inFilesBefore += m_writer->linesHandedOver();
-    m_writer = std::move(writer).value();
+    m_writer.emplace(std::move(writer).value());
     m_number = number;
     m_currentFile = path;
     return platform::success();

@@ -17,18 +17,6 @@ constexpr qsizetype smallBuffer = 1 << 16; // beyond it the lines after it are w
 ByteWriter::ByteWriter(std::unique_ptr<QFile> file)
     : m_file(std::move(file)) {}
 ByteWriter::ByteWriter(ByteWriter &&) noexcept = default;
-ByteWriter &ByteWriter::operator=(ByteWriter &&other) noexcept {
-    m_file.swap(other.m_file); // the old file is flushed and closed when `other` is destroyed
-    m_memory.swap(other.m_memory);
-    std::swap(m_lines, other.m_lines);
-    m_buffer.swap(other.m_buffer);
-    std::swap(m_gathered, other.m_gathered);
-    m_lineEnds.swap(other.m_lineEnds);
-    std::swap(m_linesHandedOver, other.m_linesHandedOver);
-    m_fault.swap(other.m_fault);
-    return *this;
-}
-
 ByteWriter::~ByteWriter() {
     if (m_file)
         std::ignore = flush();

@@ -18,7 +18,7 @@ public:
     // Replaces an existing file. Fails if the path is not a plain file.
     static Result<ByteWriter> create(const QString &path);
     ByteWriter(ByteWriter &&) noexcept;
-    ByteWriter &operator=(ByteWriter &&) noexcept;
+    ByteWriter &operator=(ByteWriter &&) = delete; // a new file is a new writer
     ~ByteWriter();
 
     Status writeLine(QByteArrayView line); // appends CR LF

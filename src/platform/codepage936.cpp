@@ -32,19 +32,6 @@ struct Tables {
     char16_t pair(uchar lead, uchar trail) const { return text[size_t((lead - firstLead) * trails + trail)]; }
 };
 
-// Returns the private use character of a pair in the user-defined areas, which map to U+E000 onwards in this order; 0
-// for other pairs.
-char16_t userDefined(uchar lead, uchar trail) {
-    const int low = trail - 0x40 - (trail > 0x7F ? 1 : 0); // column of 96, in the areas with trail bytes below 0xA1
-    if (lead >= 0xAA && lead <= 0xAF && trail >= 0xA1)
-        return char16_t(0xE000 + (lead - 0xAA) * 94 + trail - 0xA1);
-    if (lead >= 0xF8 && lead <= 0xFE && trail >= 0xA1)
-        return char16_t(0xE234 + (lead - 0xF8) * 94 + trail - 0xA1);
-    if (lead >= 0xA1 && lead <= 0xA7 && trail <= 0xA0)
-        return char16_t(0xE4C6 + (lead - 0xA1) * 96 + low);
-    return 0;
-}
-
 using Converter = std::unique_ptr<UConverter, decltype(&ucnv_close)>;
 
 Converter openConverter(const char *name, UErrorCode &status) {
@@ -62,13 +49,10 @@ std::unique_ptr<Tables> buildTables() {
             const char bytes[2] = {char(lead), char(trail)};
             UChar character[4] = {};
             status = U_ZERO_ERROR;
-            const int length = ucnv_toUChars(converter.get(), character, 4, bytes, 2, &status);
-            char16_t found = U_SUCCESS(status) && length == 1 && character[0] != replacement ? character[0] : u'\0';
-            if (!found)
-                found = userDefined(uchar(lead), uchar(trail));
-            tables->text[size_t((lead - firstLead) * trails + trail)] = found;
-            if (found && !tables->code[found])
-                tables->code[found] = quint16(lead << 8 | trail);
+            // Each of these pairs has a character of its own; those of the user-defined areas are private ones.
+            ucnv_toUChars(converter.get(), character, 4, bytes, 2, &status);
+            tables->text[size_t((lead - firstLead) * trails + trail)] = character[0];
+            tables->code[character[0]] = quint16(lead << 8 | trail);
         }
     }
     for (char16_t ascii = 1; ascii < 0x80; ++ascii)

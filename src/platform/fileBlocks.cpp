@@ -84,7 +84,6 @@ void FileBlocks::rewind() {
     m_fault.reset();
     m_file->seek(0);
     m_size = m_read = 0;
-    m_soughtAt = -1;
 }
 
 } // namespace platform

@@ -1,6 +1,7 @@
 #include "platform/programFolder.h"
 #include "platform/byteFile.h"
 #include "platform/paths.h"
+#include "platform/plainFile.h"
 #include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDir>
@@ -35,15 +36,8 @@ bool mayWriteInto(const QString &folder) {
 }
 
 Result<QByteArray> bytesOf(const QString &path) {
-    auto file = ByteReader::open(path);
-    if (!file)
-        return file.failure();
-    QByteArray bytes(file.value().size(), '\0');
-    const auto read = file.value().read(bytes.data(), bytes.size());
-    if (!read)
-        return read.failure();
-    bytes.truncate(read.value());
-    return bytes;
+    constexpr qint64 largest = 1 << 26; // a few thousand are usual
+    return readSmallFile(path, largest);
 }
 
 Sums readSums(const QString &path) {

@@ -1,6 +1,7 @@
 #include "database/connectionText.h"
 #include "database/resultTable.h"
 #include "database/script.h"
+#include "database/servers.h"
 #include "database/sqlDialect.h"
 #include "database/whereabouts.h"
 #include "support/qtPrinters.h"
@@ -112,6 +113,20 @@ TEST(ResultTable, ReturnsEveryCellAcrossItsBlocks) {
         ASSERT_TRUE(table.text(i / 3, i % 3) == cell(i) && table.isNull(i / 3, i % 3) == cell(i).isNull()) << i;
     EXPECT_EQ(table.column(u"isbn"), 1);
     EXPECT_EQ(table.column(u"edtion"), std::nullopt);
+}
+
+TEST(Servers, AreRecognisedByTheNamesOfDriverAndServer) {
+    using namespace database;
+    const DriverRow &guess = guessedDriver(std::array{QString(), u"libsqlite3odbc.so"_s});
+    EXPECT_TRUE(&driverNamed({}, u"PostgreSQL", guess) == &guess && guess.file && guess.server == Server::Sqlite);
+    for (const auto &[driver, server, known] : {std::tuple(u"libtdsodbc.so", u"", Server::SqlServer),
+                                                {u"unknown.so", u"PostgreSQL 15", Server::PostgreSql},
+                                                {u"unknown.so", u"MySQL", Server::MariaDb},
+                                                {u"unknown.so", u"else", Server::Other}}) {
+        const DriverRow &row = driverNamed(driver, server, guess);
+        EXPECT_TRUE(row.server == known && row.calls == TextForm::Wide && !row.file) << int(known);
+        EXPECT_TRUE(isOpenedAsFor(row, row) && !isOpenedAsFor(guess, row) && !isOpenedAsFor(row, guess));
+    }
 }
 
 TEST(Whereabouts, AreWhatAPersonKnows) {

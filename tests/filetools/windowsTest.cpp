@@ -130,6 +130,7 @@ TEST(FrmCutFile, DeletesExactlyWhatMatchesTheMaskAndOnlyAfterYes) {
     for (const QString &name : strangers + QStringList{u"[ab]*701.iso"_s, u"[ab]*7zz.iso"_s})
         desk.folder.write(name, "kept");
     ASSERT_TRUE(QDir(desk.folder.path()).mkdir(u"[ab]*705.iso"_s));
+    EXPECT_EQ(desk.form->Text2->text(), u"1000"_s);
     const QStringList before = desk.folder.names();
     desk.fill(desk.source, desk.folder.path(u"[ab]*.iso"_s), u"1000"_s);
     desk.host.willAnswer(Answer::No);
@@ -218,6 +219,7 @@ TEST(FrmUnionFile, MergesTheListInItsOrder) {
 TEST(FrmUnionFile, RefusesAndIsBlockedByAFailureLikeTheSplit) {
     const qsizetype before = files::openFiles();
     MergeDesk desk;
+    EXPECT_TRUE(desk.form->cmdSelect[0]->hasFocus());
     desk.form->Text1->setText(desk.one);
     desk.form->cmdClick[0]->click(); // an empty list: no message
     EXPECT_TRUE(desk.host.boxes.isEmpty());

@@ -5,6 +5,10 @@
 #include "support/windowState.h"
 #include "widgets/button.h"
 #include "widgets/pacedLabel.h"
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QSignalSpy>
 
 using namespace importing;
 
@@ -37,9 +41,13 @@ TEST_F(FrmDaoRuJinduTest, RunsOnceAndReportsEachStep) {
     frmDaoRuJindu window(host, database.state, records);
     QStringList said;
     PaintedTexts painted(window.labJinDuShu);
+    EXPECT_TRUE(window.Text1->isHidden() && window.Text2->isHidden() && !window.barJinduTishi->isTextVisible());
+    EXPECT_FALSE(window.Picture1->pixmap().isNull());
     host.onYield = [&] {
         EXPECT_TRUE(QTest::qWaitForWindowExposed(&window)); // nothing is painted before
         EXPECT_TRUE(window.cmdRefused->isHidden() && window.labTishi->isHidden() && window.LabBi->isVisible());
+        EXPECT_EQ(window.barJinduTishi->value(), said.size() + 1);
+        EXPECT_EQ(window.barJinduTishi->maximum(), 3);
         EXPECT_GE(window.LabBi->width(), window.fontMetrics().horizontalAdvance(u"100.00%"_s));
         said.append(window.labJinDuShu->pacedText() + u' ' + window.LabBi->pacedText());
         window.activate(); // some window systems report an activation twice
@@ -50,6 +58,11 @@ TEST_F(FrmDaoRuJinduTest, RunsOnceAndReportsEachStep) {
                                  u"已经成功处理的记录数：2 100.00%"_s}));
     EXPECT_TRUE(window.barJinduTishi->isHidden() && window.LabBi->isHidden() && window.labTishi->isVisible());
     EXPECT_TRUE(window.cmdRefused->text() == u"&N 未成功 1 条" && !window.cmdStop->isEnabled());
+    EXPECT_TRUE(window.cmdRefused->isVisible() && window.cmdRefused->accessibleName() == u"未成功 1 条");
+    EXPECT_TRUE(window.leftOutWords->text().isEmpty());
+    QSignalSpy wanted(&window, &frmDaoRuJindu::refusedWanted);
+    window.cmdRefused->click();
+    EXPECT_EQ(wanted.size(), 1);
     QStringList keys;
     for (const qint64 key : window.keys())
         keys.append(QString::number(key));

@@ -106,6 +106,33 @@ TEST(Writers, WriteWhatTheyAreGiven) {
     EXPECT_EQ(folder.read(u"lines"_s), "x\r\n") << "written by the destructor";
 }
 
+// Lines that have a memory of their own, adjacent or not, and lines that are copied.
+TEST(Writers, KeepTheOrderOfBothKindsOfLines) {
+    const TestFolder folder;
+    Dice dice(5);
+    for (int round = 0; round < 40; ++round) {
+        auto writer = ByteWriter::create(folder.path(u"lines"_s));
+        QByteArray memory, all;
+        std::vector<std::pair<qsizetype, qsizetype>> places;
+        for (int i = dice.below(40); i > 0; --i) {
+            places.emplace_back(memory.size(), dice.below(dice.below(4) ? 50 : 90'000));
+            memory += QByteArray(places.back().second, char('a' + dice.below(20))) + "\r\n";
+        }
+        int count = 0;
+        for (const auto &[from, size] : places) {
+            if (dice.below(6) == 0)
+                continue;
+            const QByteArrayView line = QByteArrayView(memory).sliced(from, size);
+            ASSERT_TRUE(dice.below(5) ? writer.value().writeLine(memory, line) : writer.value().writeLine(line));
+            all += line.toByteArray() + "\r\n";
+            ++count;
+            ASSERT_TRUE(dice.below(9) || (writer.value().flush() && folder.read(u"lines"_s) == all));
+        }
+        ASSERT_TRUE(writer.value().close());
+        ASSERT_TRUE(folder.read(u"lines"_s) == all && writer.value().linesHandedOver() == count);
+    }
+}
+
 TEST(Writers, ReportAFullDiskInEachLaterCall) {
     const TestFolder folder;
     const QByteArray line(998, 'x');

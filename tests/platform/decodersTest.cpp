@@ -58,6 +58,7 @@ TEST(Marc8Decoder, EachSubfieldStartsWithTheDefaultSets) {
          "aABC\x1D\uFFFD"_s,
          1},
         {"\x1B$1\x21\x30\x21", u"一"_s, 0},
+        {QByteArray("\xE2\x65").repeated(3000), u"é"_s.repeated(3000), 0},
         {"\xE2", u"\uFFFD"_s, 1}, // a combining mark without its letter
         {"a\xE2\x1E\x62\xE1", u"a\uFFFD\x1E\u0062\uFFFD"_s, 2},
     };
@@ -113,6 +114,7 @@ TEST(XmlParser, SaysWhereAndWhyItFails) {
         {"<a>&x;</a>", u"第 1 行第 4 列：用了没有定义的实体"_s},
         {"<a>&#0;</a>", u"第 1 行第 4 列：字符引用不对"_s},
         {"<p:a/>", u"第 1 行第 1 列：前缀没有声明"_s},
+        {"<a xmlns:xml='x'/>", u"第 1 行第 1 列：XML 有错（38）"_s},
         {" <?xml version='1.0'?><a/>", u"第 1 行第 2 列：XML 声明不在开头"_s},
         {"<a>\x01</a>", u"第 1 行第 4 列：有 XML 不许有的字符，或标记不对"_s},
         {"<a>", u"第 1 行第 4 列：文件没有完"_s},

@@ -6,7 +6,7 @@
 #include "platform/settings.h"
 #include "platform/singleInstance.h"
 #include "support/fullDisk.h"
-#include "support/qtPrinters.h"
+#include "support/testFolder.h"
 #include <QDir>
 #include <QFile>
 #include <QSettings>
@@ -45,6 +45,25 @@ TEST(Settings, AreReadAsWrittenAndOnlyByTheirOwner) {
     EXPECT_FALSE(Settings(file + u"/below").write(u"a"_s, u"b"_s, u"c"_s, u"d"_s));
 }
 
+// The new file may have the time and the size of the old one, and a start that ended early leaves a file.
+TEST(Settings, ReplaceTheTargetOfALink) {
+    const TestFolder folder;
+    const Settings settings(folder.path());
+    const auto read = [&](const QString &key) { return settings.read(u"应用"_s, u"a"_s, key, u"none"_s); };
+    const QString real = folder.file(u"real.ini"_s, "[a]\nkey=0\n");
+    ASSERT_TRUE(QFile::link(real, folder.path(u"应用.ini"_s)));
+    for (const QString &value : {u"1"_s, u"2"_s, u"3"_s}) {
+        QFile file(real);
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite) &&
+                    file.setFileTime(QDateTime::currentDateTime().addDays(1), QFile::FileModificationTime));
+        EXPECT_NE(read(u"key"_s), value);
+        folder.file(u"real.ini.making"_s, "[a]\nleft=1\n");
+        ASSERT_TRUE(settings.write(u"应用"_s, u"a"_s, u"key"_s, value));
+        EXPECT_EQ(read(u"key"_s) + read(u"left"_s), QString(value + u"none"));
+    }
+    EXPECT_TRUE(QFileInfo(folder.path(u"应用.ini"_s)).isSymLink());
+}
+
 // A pipe, a device or a huge file in place of a small file neither blocks nor fills the memory.
 TEST(SmallFile, IsARegularOneWithinItsLimit) {
     const QTemporaryDir folder;
@@ -58,6 +77,8 @@ TEST(SmallFile, IsARegularOneWithinItsLimit) {
     alarm(20); // ends an open() that waits for a writer
     EXPECT_EQ(readSmallFile(file, 8).value(), "12345678");
     EXPECT_FALSE(readSmallFile(file, 7));
+    EXPECT_TRUE(smallOrMissing(file, 8) && !smallOrMissing(file, 7) && smallOrMissing(folder.filePath(u"none"_s), 0));
+    EXPECT_FALSE(readSmallFile(u"/proc/self/mem"_s, 100)) << "reading fails";
     EXPECT_FALSE(readSmallFile(u"/proc/self/maps"_s, 100))
         << "its reported size is 0, its contents are longer than the limit";
     ASSERT_TRUE(made.resize(qint64(1) << 40)); // sparse: takes no disk space

@@ -1,4 +1,5 @@
 #include "platform/numbers.h"
+#include "platform/tableSource.h"
 #include "support/qtPrinters.h"
 
 using namespace platform;
@@ -14,6 +15,11 @@ TEST(Numbers, AreReadByOneRule) {
         {u"5."_s, 5.0, 5, 5},
         {u"2147483647.5"_s, 2147483647.5, {}, 2147483647.5},
         {u"9999999999"_s, 9999999999.0, {}, 9999999999.0},
+        {u"-2147483648"_s, -2147483648.0, std::numeric_limits<qint32>::min(), -2147483648.0},
+        {u"-2147483649"_s, -2147483649.0, {}, -2147483649.0},
+        {u"4294967297"_s, 4294967297.0, {}, 4294967297.0}, // one, if it overflowed
+        {u"1/"_s, none, {}, 1},
+        {u"1:"_s, none, {}, 1},
         {u"1.2.3"_s, none, {}, 1.2},
         {u"1e5"_s, none, {}, 1},
         {u"12,5"_s, none, {}, 12},
@@ -32,4 +38,7 @@ TEST(Numbers, AreReadByOneRule) {
     EXPECT_EQ(toInt16(u"32767.4"), 32767);
     EXPECT_EQ(toInt16(u"32768"), std::nullopt);
     EXPECT_EQ(toInt16(u"-32768"), -32768);
+    EXPECT_EQ(toInt16(u"-32769"), std::nullopt);
+    EXPECT_EQ(tabSeparated({u"a\tb"_s, u"c\nd\re"_s, u"f"_s}), u"a b\tc d e\tf");
+    EXPECT_EQ(padZero(3, 7) + padZero(2, 99) + padZero(2, 100), u"00799");
 }

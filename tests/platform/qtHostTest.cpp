@@ -4,6 +4,7 @@
 #include "support/testFolder.h"
 #include <QApplication>
 #include <QCheckBox>
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QHeaderView>
@@ -23,13 +24,30 @@ TEST(QtHost, ReportsWhetherTheHelperOpenedALink) {
     qputenv("PATH", QFile::encodeName(folder.path()));
     for (const int code : {0, 3, 4}) {
         const QString helper =
-            folder.file(u"xdg-open"_s, "#!/bin/sh\necho \"$1\" >" + QFile::encodeName(folder.path(u"asked"_s)) +
-                                           "\nexit " + QByteArray::number(code) + "\n");
+            folder.file(u"xdg-open"_s, "#!/bin/sh\nlinks=$(/usr/bin/readlink /proc/$$/fd/[012])\necho \"$1\" $links >" +
+                                           QFile::encodeName(folder.path(u"asked"_s)) + "\nexit " +
+                                           QByteArray::number(code) + "\n");
         ASSERT_TRUE(QFile::setPermissions(helper, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
-        EXPECT_EQ(host.openInShell(u"http://localhost/馆"_s), code == 0) << code;
-        EXPECT_EQ(folder.read(u"asked"_s), "http://localhost/%E9%A6%86\n");
+        for (const auto &[target, link] : {std::pair(u"http://localhost/馆"_s, "http://localhost/%E9%A6%86"),
+                                           {u"mailto:a@b"_s, "mailto:a@b"},
+                                           {u"/a b"_s, "file:///a%20b"}}) {
+            EXPECT_EQ(host.openInShell(target), code == 0) << code;
+            EXPECT_EQ(folder.read(u"asked"_s), link + QByteArray(" /dev/null /dev/null /dev/null\n"));
+        }
     }
     qputenv("PATH", before);
+}
+
+TEST(QtHost, YieldsToEventsNowAndThen) {
+    const TestFolder folder;
+    QtHost host{Settings(folder.path())};
+    int events = 0;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&] { ++events; });
+    timer.start(0);
+    for (int call = 0; call < 100'000; ++call)
+        host.yield();
+    EXPECT_TRUE(events > 0 && events < 50'000) << events;
 }
 
 TEST(QtHost, ReturnsWhetherTheTickOfABoxIsSet) {
@@ -102,6 +120,7 @@ TEST(QtHost, FilesAreChosenFromTheFolderUsedLast) {
     const TestFolder folder;
     folder.file(u"甲.iso"_s, QByteArray(3000, 'x'));
     folder.file(u"乙.txt"_s, "x");
+    ASSERT_TRUE(QDir(folder.path()).mkdir(u"夹"_s));
     QtHost host{Settings(folder.path()), DeskState(folder.path(u"state"_s))};
     const QString filter = u"记录(*.iso)|*.iso|全部(*.*)|*.*"_s;
     const auto choose = [&](const FileDialog &asked, const std::function<void(QFileDialog &)> &act) {
@@ -122,12 +141,20 @@ TEST(QtHost, FilesAreChosenFromTheFolderUsedLast) {
                          EXPECT_EQ(dialog.directory().path() + u'/', folder.path());
                          auto *tree = dialog.findChild<QTreeView *>(u"treeView"_s);
                          EXPECT_TRUE(tree->isColumnHidden(2) && !tree->header()->stretchLastSection());
-                         EXPECT_TRUE(QTest::qWaitFor([&] { return tree->model()->rowCount(tree->rootIndex()) > 0; }));
-                         const auto shown = [&](int column) {
-                             return tree->model()->index(0, column, tree->rootIndex()).data().toString();
+                         EXPECT_TRUE(dialog.testOption(QFileDialog::HideNameFilterDetails));
+                         const auto shown = [&](int row, int column) {
+                             return tree->model()->index(row, column, tree->rootIndex()).data().toString();
                          };
-                         EXPECT_TRUE(shown(1).startsWith(u"2.9 ")) << shown(1).toStdString();
-                         EXPECT_EQ(QDateTime::fromString(shown(3), u"yyyy-MM-dd HH:mm"_s).date(), QDate::currentDate());
+                         EXPECT_TRUE(QTest::qWaitFor([&] { return tree->model()->rowCount(tree->rootIndex()) == 2; }));
+                         const int file = shown(0, 0) == u"夹" ? 1 : 0;
+                         EXPECT_EQ(shown(1 - file, 1), u""); // of the folder
+                         EXPECT_TRUE(shown(file, 1).startsWith(u"2.9 ")) << shown(file, 1).toStdString();
+                         EXPECT_EQ(QDateTime::fromString(shown(file, 3), u"yyyy-MM-dd HH:mm"_s).date(),
+                                   QDate::currentDate());
+                         QString headings;
+                         for (int column = 0; column < 4; ++column)
+                             headings += tree->model()->headerData(column, Qt::Horizontal).toString();
+                         EXPECT_EQ(headings, u"名称大小类型修改时间");
                          EXPECT_EQ(tree->header()->sectionResizeMode(0), QHeaderView::Stretch);
                          EXPECT_EQ(tree->header()->sectionResizeMode(3), QHeaderView::ResizeToContents);
                          dialog.reject();
@@ -158,7 +185,7 @@ TEST(ScreenSize, AWindowIsMovedOntoTheScreen) {
     window.resize(300, 200);
     window.show();
     const QRect room = window.screen()->availableGeometry();
-    EXPECT_LT(usableScreenSize(&window).height(), room.height() + 1);
+    EXPECT_EQ(usableScreenSize(&window), room.size() - (window.frameGeometry().size() - window.size()));
     for (const QPoint &away :
          {QPoint(-500, 20), QPoint(20, -500), QPoint(9000, 9000), QPoint(-9000, 9000), QPoint(40, 50)}) {
         window.move(away);

@@ -1,5 +1,6 @@
 #include "platform/textFile.h"
 #include "platform/byteWriter.h"
+#include "support/dice.h"
 #include "support/fullDisk.h"
 #include "support/testFolder.h"
 #include <QDir>
@@ -24,8 +25,10 @@ QList<QByteArray> linesOf(const QString &path) {
     while (!reader.value().atEnd())
         lines.append(reader.value().readLine().toByteArray());
     EXPECT_TRUE(reader.value().readLine().isEmpty());
-    reader.value().rewind();
-    EXPECT_EQ(reader.value().readLine(), lines.value(0));
+    for (int read = 0; read < 2; ++read) { // from the end, and after one line
+        reader.value().rewind();
+        EXPECT_EQ(reader.value().readLine(), lines.value(0));
+    }
     return lines;
 }
 
@@ -51,9 +54,49 @@ TEST_F(TextFileTest, LinesEndAtCarriageReturnsAcrossBlocks) {
                 lines.first().prepend(first);
             const QString path = file(first + tail);
             EXPECT_TRUE(linesOf(path) == lines) << before << ' ' << tail.toPercentEncoding().toStdString();
-            EXPECT_EQ(countLines(path).value().lines, lines.size())
-                << before << ' ' << tail.toPercentEncoding().toStdString();
+            const LineCount counted = countLines(path, 'a').value();
+            EXPECT_EQ(counted.lines, lines.size()) << before << ' ' << tail.toPercentEncoding().toStdString();
+            EXPECT_TRUE(counted.marks == before &&
+                        counted.beginning ==
+                            QByteArray(first + tail).first(std::min<qsizetype>(before + tail.size(), 1 << 16)));
         }
+    }
+}
+
+// Compared with the whole file; the memory of earlier blocks stays as it was.
+TEST_F(TextFileTest, BlocksConsistOfWholeLinesAndKnowWhatFollows) {
+    Dice dice(12);
+    for (int round = 0; round < 20; ++round) {
+        QByteArray all(3 << 17, 'a');
+        for (int i = dice.below(40); i > 0; --i)
+            all +=
+                QByteArray(dice.below(90'000), 'b') + dice.oneOf(QByteArrayList{"\r\n", "\r\n", "\n", "\r", "x", "y"});
+        FileBlocks blocks = FileBlocks::open(file(all)).value();
+        std::vector<std::pair<QByteArray, QByteArray>> held;
+        for (int pass = 0; pass < 2; ++pass) {
+            qsizetype at = 0;
+            bool ended = false;
+            while (!ended && blocks.next()) {
+                const QByteArray block = blocks.bytes().toByteArray();
+                ASSERT_TRUE(block == all.sliced(at, block.size()));
+                at += block.size();
+                ASSERT_TRUE(at == all.size() || block.endsWith("\r\n") || !block.contains("\r\n"));
+                if (dice.below(2))
+                    held.emplace_back(blocks.memory(), QByteArray(blocks.memory().constData(), blocks.memory().size()));
+                for (const char wanted : {'x', 'y', 'x'}) {
+                    const bool follows = all.indexOf(wanted, at) >= 0;
+                    if (ended || (!follows && dice.below(3)))
+                        continue;
+                    ASSERT_EQ(blocks.restHas(wanted), follows);
+                    ended = !follows;
+                }
+            }
+            ASSERT_TRUE(blocks.bytes().isEmpty() && !blocks.fault() && (ended || at == all.size()));
+            if (pass == 0)
+                blocks.rewind();
+        }
+        for (const auto &[memory, bytes] : held)
+            ASSERT_TRUE(memory == bytes);
     }
 }
 
