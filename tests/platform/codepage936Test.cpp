@@ -37,6 +37,7 @@ TEST(Codepage936, AgreesWithKnownCodes) {
         EXPECT_EQ(decode(bytes), text);
         EXPECT_EQ(encode(text), bytes);
         EXPECT_TRUE(isEncodable(text));
+        EXPECT_EQ(gbkLength(text), bytes.size());
     }
 }
 
