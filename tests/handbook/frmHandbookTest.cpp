@@ -50,6 +50,8 @@ struct HandbookTest : testing::Test {
 TEST_F(HandbookTest, LinksOpenPagesAndHeadingsAndBackReturns) {
     EXPECT_EQ(titles(), u"首页|丙页|乙页"_s); // in the order of the links on the first page
     EXPECT_EQ(view()->horizontalScrollBar()->maximum(), 0) << "the wide picture is scaled to fit";
+    const QUrl wide = QUrl::fromLocalFile(folder.path(u"pictures/wide.png"_s));
+    EXPECT_GT(view()->document()->resource(QTextDocument::ImageResource, wide).value<QImage>().width(), 300);
     view()->verticalScrollBar()->setValue(700);
     Q_EMIT view()->anchorClicked(QUrl(u"c.md#第二-节"_s));
     EXPECT_EQ(view()->file(), u"c.md"_s);
