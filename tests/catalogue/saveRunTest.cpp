@@ -51,12 +51,10 @@ TEST_F(SaveRunTest, EachRecordIsALineThatTheReaderReadsAsOne) {
     addRow(3, u"丙"_s);
     addRow(4, u"丁\x1e\x1d\r\n"_s);
     addRow(5, u"戊\x1e\r\n"_s);
-    addRow(6, u"己\x1e"
-              "庚"_s);
+    addRow(6, u"己\036庚"_s);
     save();
     const QByteArray expected = platform::encode(u"甲\x1e\x1d\r\n乙\x1e\x1d\r\n丙\x1d\r\n丁\x1e\x1d\r\n戊\x1e\x1d\r\n"
-                                                 "己\x1e"
-                                                 "庚\x1e\x1d\r\n"_s);
+                                                 "己\036庚\x1e\x1d\r\n"_s);
     EXPECT_EQ(folder.read(u"存.iso"_s), expected);
     EXPECT_EQ(host.texts(), QStringList{u"已保存 6 条记录到 "_s + path});
 }

@@ -86,6 +86,19 @@ TEST(FieldedRecord, IsCutByItsDirectory) {
     EXPECT_LT(record.fields.size(), 50U);
 }
 
+TEST(DirectoryFits, OnlyIfEachEntryIsAWholeField) {
+    const std::tuple<QString, QString, QString, bool> rows[] = {
+        {u"00037"_s, u"200000600000"_s, u"1 <ax|>"_s, true},   {u"0003x"_s, u"200000600000"_s, u"1 <ax|>"_s, false},
+        {u"00036"_s, u"200000600000"_s, u"1 <ax|>"_s, false},  {u"00037"_s, u"200000500000"_s, u"1 <ax|>"_s, false},
+        {u"00037"_s, u"200000500001"_s, u"1 <ax|>"_s, false},  {u"00037"_s, u"200000700000"_s, u"1 <ax|>"_s, false},
+        {u"00037"_s, u"200000600000"_s, u"1 <ax||>"_s, false}, {u"00037"_s, u"20000060000"_s, u"1 <ax|>"_s, false},
+    };
+    for (const auto &[base, directory, data, fits] : rows) {
+        const QString record = u"00000nam0 22"_s + base + u"   450 " + directory + u'|' + data;
+        EXPECT_EQ(directoryFits(platform::encode(real(record))), fits) << record.toStdString();
+    }
+}
+
 TEST(FieldedRecord, SubfieldsKeepEveryCharacter) {
     const std::array<QString, 3> rows[] = {
         {u"10<a题<f张"_s, u"10"_s, u"a:题 f:张"_s},

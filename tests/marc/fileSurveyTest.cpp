@@ -101,8 +101,7 @@ TEST(FileSurvey, ReportsEncodingLineEndsAndReadableRecords) {
 QByteArray recordsWith(int count, const QList<QByteArray> &pieces, QByteArrayView leaderCode = " ") {
     QByteArray file;
     for (int i = 0; i < count;) {
-        QByteArray field = "1 \x1F"
-                           "a";
+        QByteArray field = "1 \037a";
         for (const int end = std::min(count, i + 30); i < end; ++i)
             field += pieces[i % pieces.size()];
         field += "\x1E";
@@ -139,22 +138,8 @@ TEST(FileSurvey, NoEncodingIsTakenForAnotherWithoutAWarning) {
                                                                                                                u'a');
     const QString russian = u"В|о|й|н|а| и м|и|р|. Т|о|л|с|т|о|й| Л|е|в"_s;
     // In MARC-8, a combining character precedes its base letter.
-    const QList<QByteArray> marc8{"Genevi\xE1"
-                                  "e",
-                                  "ve, \xE2"
-                                  "el",
-                                  "\xE1"
-                                  "eve, \xE2"
-                                  "ecole",
-                                  " Piaf, \xE2"
-                                  "Edith",
-                                  "; caf\xE2"
-                                  "e",
-                                  ", Besan\xF0"
-                                  "con",
-                                  " \xB1"
-                                  "od\xB2"
-                                  "z"};
+    const QList<QByteArray> marc8{"Genevi\341e", "ve, \342el",     "\341eve, \342ecole", " Piaf, \342Edith",
+                                  "; caf\342e",  ", Besan\360con", " \261od\262z"};
     const std::tuple<const char *, FileEncoding, QList<QByteArray>, int> rows[] = {
         {"Chinese in UTF-8", Utf8, eachByIcu(simplified, "UTF-8"), 1},
         {"Latin in UTF-8", Utf8, eachByIcu(french, "UTF-8"), 1},
