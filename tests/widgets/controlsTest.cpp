@@ -2,11 +2,9 @@
 #include "platform/desktop/faces.h"
 #include "support/testFolder.h"
 #include "support/windowState.h"
-#include "widgets/keys.h"
 #include "widgets/remembered.h"
 #include "widgets/runControls.h"
 #include "widgets/textBox.h"
-#include "widgets/waitCursor.h"
 #include <QClipboard>
 #include <QLineEdit>
 #include <QPushButton>
@@ -39,43 +37,6 @@ TEST(RunControls, DisableAndLockUntilTheRunEnds) {
     EXPECT_EQ(state.changes(), u"start focus; start on"_s);
     EXPECT_FALSE(path.isReadOnly());
     EXPECT_NE(window.cursor().shape(), Qt::WaitCursor);
-}
-
-TEST(WaitCursor, NestsOnTheScreen) {
-    QWidget window;
-    const auto waits = [] { return QGuiApplication::overrideCursor() != nullptr; };
-    {
-        const WaitCursor outer;
-        {
-            const WaitCursor inner;
-            EXPECT_TRUE(waits());
-        }
-        EXPECT_FALSE(waits()) << "the end of a nested wait ends the outer one";
-    }
-    QGuiApplication::setOverrideCursor(Qt::SizeAllCursor); // as while a window is moved
-    {
-        const WaitCursor shown(&window);
-        EXPECT_EQ(window.cursor().shape(), Qt::WaitCursor);
-    }
-    EXPECT_TRUE(waits()) << "a cursor set by other code stays";
-    EXPECT_NE(window.cursor().shape(), Qt::WaitCursor);
-    QGuiApplication::restoreOverrideCursor();
-}
-
-TEST(Keys, EnterActsAsTabInItsControlOnly) {
-    QWidget window;
-    QLineEdit first(&window), second(&window);
-    enterActsAsTab(&first);
-    window.show();
-    window.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    for (const auto &[key, reached] :
-         {std::pair(Qt::Key_Return, &second), {Qt::Key_Enter, &second}, {Qt::Key_A, &first}}) {
-        first.setFocus();
-        QTest::keyClick(&first, key);
-        EXPECT_EQ(window.focusWidget(), reached) << key;
-    }
-    EXPECT_EQ(first.text(), u"a"_s);
 }
 
 TEST(Remembered, PlaceAndColumnWidths) {

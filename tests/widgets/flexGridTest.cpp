@@ -1,7 +1,5 @@
 #include "flexGridFixture.h"
 #include "support/dice.h"
-#include "widgets/fixedColours.h"
-#include "widgets/styleTokens.h"
 #include <QHeaderView>
 #include <QScrollBar>
 #include <set>
@@ -261,22 +259,6 @@ TEST_F(FlexGridTest, AnEditorFindsItsCell) {
     EXPECT_EQ(grid.columnTwips(2), grid.toTwips(99));
     grid.setHeadingTwips(750);
     EXPECT_EQ(grid.cellRect(0, 2).height(), grid.toPixels(750));
-}
-
-TEST_F(FlexGridTest, AColourStaysVisibleUnderTheSelection) {
-    grid.setPalette(schemePalette(Scheme::Dark));
-    grid.setCellBackground(2, 1, currentRed);
-    grid.setCellBackground(3, 1, visitedYellow);
-    grid.setRow(2);
-    const QImage image = grid.viewport()->grab().toImage();
-    const auto corner = [&](int row, int column, QPoint inside) {
-        const QRect cell = grid.visualRect(grid.model()->index(row - 1, column));
-        return image.pixelColor((cell.topRight() + QPoint(-inside.x(), inside.y())) * image.devicePixelRatio());
-    };
-    EXPECT_EQ(corner(2, 1, {6, 6}), QColor(255, 0, 0));
-    EXPECT_EQ(corner(2, 1, {6, 0}), colour(Colour::Edge, grid.palette())) << "the line of the selection";
-    EXPECT_EQ(corner(3, 1, {6, 6}), QColor(255, 255, 192));
-    EXPECT_EQ(corner(2, 2, {6, 6}), colour(Colour::QuietTint, grid.palette()));
 }
 
 } // namespace
