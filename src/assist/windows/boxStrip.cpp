@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <QScrollBar>
+#include <QStyle>
 #include <QToolButton>
 #include <algorithm>
 

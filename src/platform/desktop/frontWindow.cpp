@@ -1,5 +1,6 @@
 #include "platform/desktop/frontWindow.h"
 #include <QApplication>
+#include <QWidget>
 #include <QWindow>
 
 namespace platform {

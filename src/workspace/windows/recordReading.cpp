@@ -11,12 +11,12 @@ RecordReading::RecordReading(RecordList &list, platform::Host &host, marc::Damag
     , m_host(host)
     , m_damaged(std::move(damaged)) {}
 
-std::optional<marc::RecordCutter> RecordReading::open(const QString &file) {
+std::unique_ptr<marc::RecordCutter> RecordReading::open(const QString &file) {
     auto cutter = marc::RecordCutter::open(file);
     if (cutter)
-        return std::move(cutter).value();
+        return std::make_unique<marc::RecordCutter>(std::move(cutter).value());
     m_host.tell(u"打开文件失败，无法导入，请重新选择"_s);
-    return std::nullopt;
+    return nullptr;
 }
 
 void RecordReading::enter(ReadState state) {

@@ -5,7 +5,7 @@
 #include "platform/host.h"
 #include "workspace/preReadEngine.h"
 #include "workspace/windows/recordList.h"
-#include <optional>
+#include <memory>
 
 namespace workspace {
 
@@ -37,7 +37,7 @@ Q_SIGNALS:
     void counted(qint64 count); // records in the file: an estimate, and the exact number once the end was reached
 
 private:
-    std::optional<marc::RecordCutter> open(const QString &file);
+    std::unique_ptr<marc::RecordCutter> open(const QString &file); // null if the file cannot be opened
     ReadEnd read(marc::RecordCutter &cutter, ReadRange range);
     void enter(ReadState state);
     void list(int count);
