@@ -3,6 +3,7 @@
 #include "proof/windows/frmMessage.h"
 #include "recordRuns.h"
 #include "scaleReport.h"
+#include "workspace/windows/findLine.h"
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFileInfo>
