@@ -12,6 +12,7 @@
 #include <QCoreApplication>
 #include <QDialog>
 #include <QFile>
+#include <QLineEdit>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;

@@ -3,6 +3,7 @@
 
 #include "benchStage.h"
 #include "widgets/button.h"
+#include "widgets/pacedLabel.h"
 #include "workspace/windows/frmDaoru.h"
 #include <optional>
 

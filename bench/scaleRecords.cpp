@@ -66,7 +66,7 @@ void find(ScaleReport &report, Workspace &workspace) {
 class OneByOne {
 public:
     explicit OneByOne(const RecordFile &file)
-        : workspace(file, {.showCard = [this](const auto &record, const auto &mode,
+        : workspace(file, {.showCard = [this](const auto &record, const auto &mode, const auto &,
                                               QWidget *owner) { showCard(record, mode, owner); },
                            .showReport = [this](const QString &text, QWidget *owner) { showReport(text, owner); }}) {
         workspace.host.told = [this] { noteShown(); };

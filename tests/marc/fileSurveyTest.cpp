@@ -180,7 +180,8 @@ TEST(FileSurvey, NoEncodingIsTakenForAnotherWithoutAWarning) {
 TEST(FileSurvey, CountsWhatTheReaderReadsForAnyDamage) {
     const TestFolder folder;
     QDir samples = QFileInfo(QStringLiteral(SAMPLE_FILE)).dir();
-    const QFileInfoList files = samples.entryInfoList({u"*.iso"_s}, QDir::Files);
+    const QFileInfoList files = samples.entryInfoList({u"*.iso"_s}, QDir::Files) +
+                                QDir(samples.filePath(u"damaged"_s)).entryInfoList({u"*.iso"_s}, QDir::Files);
     ASSERT_GT(files.size(), 3);
     for (const QFileInfo &file : files) {
         const FileFacts facts = survey(file.filePath());
