@@ -21,6 +21,8 @@ struct Cell {
     bool isLively() const { return !option.widget || option.widget->hasFocus() || !option.widget->isEnabled(); }
     QColor ownColour() const { return background.value<QBrush>().color(); }
     QColor token(Colour name) const { return colour(name, option.palette); }
+    // A background of its own is the same in both schemes, and so are the marks on it.
+    QPalette marks() const { return background.isValid() ? schemePalette(Scheme::Light) : option.palette; }
 };
 
 bool isFirstShown(const Cell &cell) {
@@ -46,7 +48,7 @@ void paintBack(QPainter &painter, const Cell &cell, bool lineAbove) {
                          own ? cell.ownColour().darker(lineDarkness) : cell.token(Colour::Hairline));
     if (!cell.isSelected())
         return;
-    const QColor mark = cell.token(cell.isLively() ? Colour::Accent : Colour::Edge);
+    const QColor mark = colour(cell.isLively() ? Colour::Accent : Colour::Edge, cell.marks());
     if (own) {
         painter.fillRect(rect.left(), rect.top(), rect.width(), focusWidth, mark);
         painter.fillRect(rect.left(), rect.bottom() + 1 - focusWidth, rect.width(), focusWidth, mark);
@@ -59,11 +61,11 @@ void paintBack(QPainter &painter, const Cell &cell, bool lineAbove) {
 void paintRing(QPainter &painter, const Cell &cell) {
     const QRect &rect = cell.option.rect;
     if (cell.background.isValid()) {
-        painter.setPen(cell.token(Colour::Base));
+        painter.setPen(colour(Colour::Base, cell.marks()));
         painter.setBrush(Qt::NoBrush);
         painter.drawRect(rect.adjusted(focusWidth, focusWidth, -focusWidth - 1, -focusWidth - 1));
     }
-    paintFocusRing(&painter, rect, cell.option.palette, 0);
+    paintFocusRing(&painter, rect, cell.marks(), 0);
 }
 
 } // namespace

@@ -82,6 +82,7 @@ constexpr auto standardIcons = std::to_array<StandardIcon>({
     {QStyle::SP_FileDialogListView, u"listView"},
     {QStyle::SP_FileDialogDetailedView, u"detailView"},
     {QStyle::SP_ArrowUp, u"up"},
+    {QStyle::SP_ArrowDown, u"down"},
 });
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "widgets/stylePainters.h"
 #include <QAbstractItemView>
 #include <QAbstractScrollArea>
+#include <QGroupBox>
 #include <QStyleOption>
 #include <QToolButton>
 
@@ -33,8 +34,14 @@ bool paintFrame(const Work &work) {
     return true;
 }
 
+// The title stands above the frame.
 bool paintGroupFrame(const Work &work) {
-    paintPanel(&work.painter, work.option.rect, Qt::transparent, colour(Colour::Hairline, work.option.palette));
+    constexpr int belowTitle = 3; // as the layout of Fusion has it
+    const auto *group = qobject_cast<const QGroupBox *>(work.widget);
+    const bool titled = group && !group->title().isEmpty();
+    const int top = titled ? group->fontMetrics().height() + belowTitle : 0;
+    paintPanel(&work.painter, work.option.rect.adjusted(0, top, 0, 0), Qt::transparent,
+               colour(Colour::Hairline, work.option.palette));
     return true;
 }
 

@@ -3,9 +3,11 @@
 #include "widgets/pacedLabel.h"
 #include <QAbstractButton>
 #include <QCheckBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QMdiArea>
 #include <QRadioButton>
+#include <QScreen>
 #include <QStyle>
 #include <QStyleOptionButton>
 #include <QToolButton>
@@ -55,14 +57,39 @@ QString told(const QWidget &widget, const QString &text, const QSize &needed) {
                                                   spelled(needed));
 }
 
+// The columns of a grid have headings that fit, unless a user narrows them.
+void addHeadings(QStringList &cut, const QHeaderView &header) {
+    for (int section = 0; section < header.count(); ++section) {
+        const QString text = header.model()->headerData(section, header.orientation()).toString();
+        const int wide = header.fontMetrics().horizontalAdvance(text), has = header.sectionSize(section);
+        if (!header.isSectionHidden(section) && wide > has)
+            cut.append(u"heading \"%1\" has %2 and needs %3"_s.arg(text).arg(has).arg(wide));
+    }
+}
+
+// A moment may pass before the window manager places a frame, and until then the frame is as large as the window.
+void addWindow(QStringList &cut, const QWidget &window) {
+    const QRect frame = window.frameGeometry();
+    if (!window.screen()->geometry().contains(frame))
+        cut.append(u"window %1: %2x%3 at %4,%5 exceeds the screen"_s.arg(window.objectName())
+                       .arg(frame.width())
+                       .arg(frame.height())
+                       .arg(frame.x())
+                       .arg(frame.y()));
+}
+
 } // namespace
 
 QStringList cutTexts(const QWidget *window) {
     QStringList cut;
+    addWindow(cut, *window);
     const QList<QWidget *> widgets = window->findChildren<QWidget *>();
     for (const QWidget *widget : widgets) {
         if (!widget->isVisible())
             continue;
+        if (const auto *header = qobject_cast<const QHeaderView *>(widget);
+            header && header->orientation() == Qt::Horizontal && header->model())
+            addHeadings(cut, *header);
         const auto *label = qobject_cast<const QLabel *>(widget);
         const auto *button = qobject_cast<const QAbstractButton *>(widget);
         const QString text = label ? label->text() : button ? button->text() : QString();

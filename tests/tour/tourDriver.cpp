@@ -240,6 +240,8 @@ void TourDriver::keepFront(const QString &name, const QImage &screen) {
     const QString folder = m_folder + u"/windows";
     if (place.isEmpty() || !QDir().mkpath(folder))
         return;
+    const qreal ratio = look([] { return qApp->devicePixelRatio(); });
+    place = QRect((QPointF(place.topLeft()) * ratio).toPoint(), (QSizeF(place.size()) * ratio).toSize());
     expect(screen.copy(place & screen.rect()).save(folder + u'/' + name + u".png"), u"window " + name);
 }
 

@@ -23,7 +23,10 @@ void TourDriver::waitForKeyboard(const QString &what) {
 void TourDriver::clickCell(const QString &grid, int row, int column, int button, int times) {
     const QPoint centre = look([&] {
         auto *found = find<widgets::FlexGrid>(grid);
-        return found ? found->parentWidget()->mapToGlobal(found->cellRect(row, column).center()) : QPoint();
+        if (!found)
+            return QPoint();
+        found->scrollTo(found->model()->index(row - 1, column)); // a low screen shows few rows
+        return found->parentWidget()->mapToGlobal(found->cellRect(row, column).center());
     });
     clickAt(centre, button, times);
 }

@@ -83,7 +83,7 @@ void RemarkTable::layOut() {
 // Sets the widths in characters of the current font.
 void RemarkTable::fitWidths() {
     const int character = fontMetrics().horizontalAdvance(u'书');
-    constexpr auto characters = std::to_array<int>({4, 13, 5, 3, 12});
+    constexpr auto characters = std::to_array<int>({4, 12, 6, 3, 12});
     for (size_t column = 0; column < characters.size(); ++column)
         grid->setColumnTwips(int(column), grid->toTwips(character * characters[column]));
     // A line of Chinese may be higher than the font's own, if another font supplies the characters.

@@ -60,7 +60,8 @@ void QueryDialog::prepareBoxes() {
         box->setReadOnly(true);
         box->setTabChangesFocus(true);
         box->installEventFilter(this);
-        box->setFixedHeight(box->fontMetrics().lineSpacing() * 3);
+        box->setMinimumHeight(box->fontMetrics().lineSpacing() * 2); // on a low screen
+        box->setMaximumHeight(box->fontMetrics().lineSpacing() * 3);
     }
     widgets::hint({{Command3, u"加入当前条件，各项要同时满足；用 Tab 离开“查找条件”也会加入"},
                    {Command1[0], u"当前条件成为一组；几组之间满足一组就行"},
@@ -87,8 +88,13 @@ void QueryDialog::layOut() {
     condition->addWidget(Command3, 1, 3);
     condition->setColumnStretch(2, 1);
     QBoxLayout *sorting = row({heading(u"排序项目"_s, cOrderby), cOrderby, Label3[0], Label3[1], stretch()});
-    QBoxLayout *right =
-        column({condition, signSql, row({stretch(), Command1[0], Command2}), {totalSql, 1}, sorting, lOrderby});
+    QBoxLayout *right = column({condition,
+                                heading(u"当前条件（并且）"_s, signSql),
+                                signSql,
+                                row({heading(u"已合并（或者）"_s, totalSql), stretch(), Command1[0], Command2}),
+                                {totalSql, 1},
+                                sorting,
+                                row({heading(u"次序"_s, lOrderby), {lOrderby, 1}})});
     setLayout(column({queriedTable,
                       {row({{LFields, 1}, {right, 3}}), 1},
                       row({lastQueryButton, stretch(), Command1[1], Command1[2]})}));

@@ -3,6 +3,7 @@
 #include "platform/numbers.h"
 #include "widgets/keys.h"
 #include "widgets/layout.h"
+#include <QGridLayout>
 #include <optional>
 #include <utility>
 
@@ -47,14 +48,14 @@ void frmCutFile::layOut() {
     cmdSelect[0]->setAccessibleName(u"浏览需要处理的机读目录文件"_s);
     cmdSelect[1]->setAccessibleName(u"浏览拆分后的目标文件"_s);
     Text1[0]->setMinimumWidth(24 * fontMetrics().height()); // fits a usual path
+    auto *files = new QGridLayout;                          // the buttons have one width
+    for (int i = 0; i < 2; ++i) {
+        files->addWidget(LabShuoMing[i], 2 * i, 0, 1, 2);
+        files->addWidget(Text1[i], 2 * i + 1, 0);
+        files->addWidget(cmdSelect[i], 2 * i + 1, 1);
+    }
     setLayout(column({
-        framed(Frame1, column({
-                           LabShuoMing[0],
-                           row({{Text1[0], 1}, cmdSelect[0]}),
-                           LabShuoMing[1],
-                           row({{Text1[1], 1}, cmdSelect[1]}),
-                           row({LabShuoMing[2], Text2, stretch()}),
-                       })),
+        framed(Frame1, column({files, row({LabShuoMing[2], Text2, stretch()})})),
         stretch(),
         labJinDu,
         row({{labShuDo, 1}, cmdclick[0], cmdclick[1]}),

@@ -3,6 +3,7 @@
 #include "platform/desktop/screenSize.h"
 #include "widgets/bandedReport.h"
 #include "widgets/pdfText.h"
+#include "widgets/printPreview.h"
 #include "widgets/styleTokens.h"
 #include <QFile>
 #include <QFileInfo>
@@ -67,7 +68,7 @@ QDialog *newPagePreview(const QString &path, const QString &title, QWidget *pare
     // Owned by the connection, which ends with the preview.
     const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
     printer->setDocName(title);
-    auto *preview = new QPrintPreviewDialog(printer.get(), parent);
+    QPrintPreviewDialog *preview = widgets::newPrintPreview(*printer, parent);
     preview->setObjectName(u"handbookPrint"_s);
     preview->setAttribute(Qt::WA_DeleteOnClose);
     preview->setWindowTitle(title);

@@ -57,8 +57,7 @@ frmDaoRuJindu::frmDaoRuJindu(platform::Host &host, const database::SessionState 
 }
 
 void frmDaoRuJindu::layOut() {
-    const int iconSize = style()->pixelMetric(QStyle::PM_LargeIconSize);
-    Picture1->setPixmap(widgets::lineIcon(u"daoru"_s).pixmap(iconSize));
+    showSign(u"daoru"_s);
     LabBi->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     LabBi->setMinimumWidth(fontMetrics().horizontalAdvance(u"100.00%"_s));
     labJinDuShu->setMinimumWidth(fontMetrics().horizontalAdvance(u"已经成功处理的记录数：2147483647"_s));
@@ -69,6 +68,10 @@ void frmDaoRuJindu::layOut() {
     last->addStrut(cmdRefused->sizeHint().height());
     setLayout(column({row({Picture1, {column({labEndShu, labJinDuShu, last}), 1}}), widgets::stretch(),
                       row({leftOutWords, widgets::stretch(), cmdStop, cmdQuit})}));
+}
+
+void frmDaoRuJindu::showSign(const QString &icon) {
+    Picture1->setPixmap(widgets::lineIcon(icon).pixmap(style()->pixelMetric(QStyle::PM_LargeIconSize)));
 }
 
 void frmDaoRuJindu::showEvent(QShowEvent *event) {
@@ -125,6 +128,7 @@ void frmDaoRuJindu::run() {
     labJinDuShu->setPacedText(u"处理完毕！"_s);
     labTishi->setText(run.closingText());
     leftOutWords->setText(run.leftOutText());
+    showSign(m_refused.empty() && !run.hasNext() ? u"done"_s : u"warning"_s);
     cmdStop->setEnabled(false); // nothing is left to stop
     m_taken = run.taken();
     cmdRefused->setText(u"&N 未成功 %1 条"_s.arg(m_refused.size()));

@@ -62,6 +62,7 @@ protected:
 
 private:
     void layOut();
+    void showSign(const QString &icon);
     void run();
     bool take(const QString &record, int row, platform::RunBoxes &boxes);
 

@@ -34,7 +34,6 @@ frmSelectMFile::frmSelectMFile(platform::Host &host, Ways ways, QWidget *parent)
     , m_host(host)
     , m_ways(std::move(ways)) {
     widgets::keepOneSize(this);
-    cmdClick[0]->markPrimary();
     Text1->setMinimumWidth(fontMetrics().averageCharWidth() * 44);
     widgets::framed(Frame1, row({{Text1, 1}, cmdLL}));
     setLayout(column({Frame1, {labFacts, 1}, row({cmdTidy, widgets::stretch(), cmdClick[0], cmdClick[1]})}));
@@ -110,7 +109,7 @@ void frmSelectMFile::changeEvent(QEvent *event) {
         labFacts->lookAgain();
 }
 
-// Enter alone must not open a file that would be read wrongly.
+// Enter alone must not open a file that would be read wrongly. The default button is the primary one.
 void frmSelectMFile::offerTidying(bool wanted) {
     cmdTidy->setVisible(wanted);
     (wanted ? cmdTidy : cmdClick[0])->setDefault(true);

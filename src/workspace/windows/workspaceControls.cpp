@@ -1,5 +1,6 @@
 #include "workspace/windows/workspaceControls.h"
 #include "widgets/layout.h"
+#include "widgets/styleTokens.h"
 
 using namespace Qt::StringLiterals;
 using widgets::Button;
@@ -47,7 +48,8 @@ QWidget *listSide(QComboBox *filterBox, QWidget *list) {
 
 QBoxLayout *ofOneWidth(const std::array<Button *, 7> &buttons) {
     QBoxLayout *commands = widgets::row({});
-    commands->setSpacing(commands->spacing() / 2); // the row is the widest of the window
+    const QFontMetrics metrics = buttons[0]->fontMetrics();
+    commands->setSpacing(widgets::space(widgets::Space::Tight, metrics)); // the row is the widest of the window
     for (Button *button : buttons)
         commands->addWidget(button, 1);
     return commands;
