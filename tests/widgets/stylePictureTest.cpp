@@ -247,13 +247,14 @@ TEST_F(StylePicture, CellsOfAGridAndLabels) {
         };
         return of<QStyleOptionViewItem>(paint, state);
     };
+    // The marks on a background of its own are those of the light scheme, which are not named below.
     const QColor own(colourOf(Colour::Ink, Scheme::Dark));
     EXPECT_EQ(
         all(cell(on, 0, 0), cell(on, 1, 0), cell(on | chosen, 0, 0), cell(on | chosen, 1, 1),
             cell(on | chosen, 0, 0, {}, &quiet), cell(on, 0, 0, own), cell(on | chosen, 0, 1, own),
             cell(on | chosen, 0, 0, own, &quiet), cell(focus, 0, 1), cell(focus, 0, 1, own)),
         u" | Hairline 0,0,0,19 | Accent 0,0,37,0; Tint 3,0,0,0 | Hairline 0,0,0,19; Tint 0,1,0,0 | QuietTint | Ink | "
-        "Ink 0,2,0,2; Accent | Edge; Ink 0,2,0,2 | Accent | Base 2; Ink 3; Accent"_s);
+        "Ink 0,2,0,2 | Ink 0,2,0,2 | Accent | Ink 3"_s);
     const auto label = [&](QStyle::State state, QStyleOptionButton::ButtonFeatures features = {}) {
         return withoutPlaces(of<QStyleOptionButton>(S::CE_PushButton, state, [&](auto &it) {
             it.features = features;
