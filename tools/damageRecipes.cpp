@@ -178,7 +178,7 @@ constexpr auto recipes = std::to_array<DamageRecipe>({
     {u"damaged/noterminator.iso", noFieldTerminator, u"the second record has no field terminator"},
     {u"damaged/unfinished.iso", unfinished, u"the last record has no record terminator and no line end"},
     {u"damaged/wrapped.iso", wrapped, u"records wrapped over several lines"},
-    {u"damaged/emptylines.iso", emptyLines, u"empty lines before, between and behind the records"},
+    {u"damaged/emptylines.iso", emptyLines, u"empty lines before, between and after the records"},
     {u"damaged/oneline.iso", oneLine, u"five records and no line end at all"},
     {u"damaged/severalonaline.iso", severalOnALine, u"lines with two records"},
     {u"damaged/linefeeds.iso", lineFeedsOnly, u"lines ended by LF alone"},

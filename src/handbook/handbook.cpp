@@ -13,7 +13,7 @@ namespace {
 
 struct WindowRow {
     QStringView name;
-    QStringView within; // the next window around or behind it; empty: any
+    QStringView within; // the next window around or below it; empty: any
     QStringView page;
     QStringView heading; // of the section; empty: the whole page
 };
@@ -125,7 +125,7 @@ QString anchorOf(const QString &heading) {
 }
 
 Hits hitsIn(const QString &pageText, const QString &words) {
-    constexpr qsizetype before = 10, behind = 30; // in characters
+    constexpr qsizetype before = 10, after = 30; // in characters
     Hits hits;
     if (words.isEmpty())
         return hits;
@@ -133,7 +133,7 @@ Hits hitsIn(const QString &pageText, const QString &words) {
         if (++hits.count > 1)
             continue;
         const qsizetype from = std::max<qsizetype>(0, at - before);
-        hits.excerpt = pageText.mid(from, at - from + words.size() + behind).simplified();
+        hits.excerpt = pageText.mid(from, at - from + words.size() + after).simplified();
     }
     return hits;
 }

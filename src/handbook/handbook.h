@@ -25,7 +25,7 @@ struct Place {
 };
 
 // Returns the section for the control with the keyboard focus. `names` contains the names of the control and its
-// parents, from the inside out, then those of the windows behind. Returns std::nullopt if none of them has a page.
+// parents, from the inside out, then those of the windows below. Returns std::nullopt if none of them has a page.
 std::optional<Place> placeOf(const QStringList &names);
 // Returns every place that placeOf() may return.
 std::vector<Place> allPlaces();

@@ -74,7 +74,7 @@ void Validator::checkField(const RecordView &record, const Field &field) {
         checkSubfields(record.subfields(field), *rules, field);
 }
 
-// What is wrong with an indicator is reported as the indicator's fault, whatever its rule.
+// What is wrong with an indicator is reported as the indicator's fault, for each of its rules.
 void Validator::checkIndicators(const Field &field, const FieldRules &rules) {
     for (const int index : {0, 1}) {
         const auto &allowed = rules.indicators[index];

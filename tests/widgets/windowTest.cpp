@@ -7,7 +7,7 @@
 
 using namespace widgets;
 
-// The key that opens a modal window may be followed at once by another one, which must not reach the window behind.
+// The key that opens a modal window may be followed at once by another one, which must not reach the blocked window.
 TEST(Button, AShortcutDoesNotReachBehindAModalWindow) {
     Window behind(u"behind"_s, {});
     Button button(u"cmd"_s, u"&Q 退出"_s, &behind);
