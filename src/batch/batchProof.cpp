@@ -57,8 +57,7 @@ int BatchProof::total() const {
 }
 
 void BatchProof::remark(Kind kind, const QString &tag, int fieldRow, const QString &text) {
-    const int row = m_next - 1;
-    m_remarks.push_back({row, m_records->title(row), kind, tag, fieldRow, text});
+    m_remarks.emplace_back(m_next - 1, kind, tag, fieldRow, text);
 }
 
 void BatchProof::takeFaults(const marc::FieldRows &rows) {
@@ -66,7 +65,7 @@ void BatchProof::takeFaults(const marc::FieldRows &rows) {
     const QString complaint = found.unread ? found.unread->description : found.complaint;
     if (!complaint.isEmpty() && complaint != m_complaint) {
         m_complaint = complaint;
-        m_remarks.push_back({-1, {}, Kind::Unchecked, {}, 0, m_complaint});
+        m_remarks.emplace_back(-1, Kind::Unchecked, QString(), 0, m_complaint);
     }
     for (const auto *faults : {&found.structural, &found.byTemplate, &found.isbn})
         for (const proof::Fault &fault : *faults) {
@@ -88,16 +87,9 @@ void BatchProof::checkNumbers(const marc::FieldRows &rows) {
 }
 
 void BatchProof::checkFormat(const marc::FieldRows &rows) {
-    const int row = m_next - 1;
     if (const QString complaint = m_format.takeComplaint(); !complaint.isEmpty())
-        m_remarks.push_back({.kind = Kind::Unchecked, .text = complaint});
-    std::vector<Remark> remarks = m_format.remarksOn(rows, m_remarks);
-    const QString title = remarks.empty() ? QString() : m_records->title(row); // shared by the remarks
-    for (Remark &found : remarks) {
-        found.record = row;
-        found.title = title;
-        m_remarks.push_back(std::move(found));
-    }
+        m_remarks.emplace_back(-1, Kind::Unchecked, QString(), 0, complaint);
+    m_format.addRemarks(m_next - 1, rows, m_remarks);
 }
 
 void BatchProof::compare(BookIdentity identity) {
@@ -114,7 +106,7 @@ void BatchProof::compare(BookIdentity identity) {
         }
     }
     if (!identity.isEmpty())
-        m_sought.push_back({row, m_records->title(row), std::move(identity)});
+        m_sought.push_back({row, std::move(identity)});
 }
 
 } // namespace batch

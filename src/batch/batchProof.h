@@ -4,7 +4,6 @@
 
 #include "batch/bookIdentity.h"
 #include "batch/formatProof.h"
-#include "batch/remark.h"
 #include "marc/preReadStore.h"
 #include "proof/proofChain.h"
 #include <QHash>
@@ -19,7 +18,6 @@ using ProofOne = std::function<proof::RecordFaults(const marc::FieldRows &rows)>
 // A record and what its duplicates are searched by.
 struct SoughtRecord {
     int record = 0; // row in the list, counted from 0
-    QString listTitle;
     BookIdentity identity;
 };
 
@@ -33,6 +31,9 @@ public:
     bool hasNext() const { return m_next < m_records->rowCount(); }
     // Returns the remarks about the next row, or none if the row is empty.
     std::vector<Remark> step();
+
+    // Returns the schema that records are validated against, or null.
+    const std::shared_ptr<const schema::Schema> &schema() const { return m_format.schema(); }
 
     int next() const { return m_next; }     // row of the list for the next step
     int proved() const { return m_proved; } // records proved so far

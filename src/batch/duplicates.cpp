@@ -37,6 +37,10 @@ QString withoutLineEnds(QString text) {
     return text.simplified();
 }
 
+Remark notSearched(const QString &what, const platform::Failure &why) {
+    return Remark(-1, Kind::Unchecked, {}, 0, what + withoutLineEnds(why.description));
+}
+
 } // namespace
 
 DuplicateSearch::DuplicateSearch(const database::SessionState &state, std::vector<SoughtRecord> sought)
@@ -62,7 +66,7 @@ std::vector<Remark> DuplicateSearch::step() {
         auto opened = database::Connection::open(m_state.links, m_state.connectionString);
         if (!opened) {
             m_table = tables.size();
-            return {{.text = u"未能查重："_s + withoutLineEnds(opened.failure().description)}};
+            return {notSearched(u"未能查重："_s, opened.failure())};
         }
         m_connection = std::move(opened).value();
     }
@@ -160,11 +164,11 @@ std::vector<Remark> DuplicateSearch::endTable(const platform::Status &status) {
         QString text = called + (hit.byIsbn ? u"已有相同ISBN：" : u"已有同题名同作者：") + hit.first;
         if (hit.rows > 1)
             text += u"，共 %1 条"_s.arg(hit.rows);
-        remarks.push_back({sought.record, sought.listTitle, Kind::InStore, sought.identity.tag,
-                           sought.identity.fieldRow, withoutLineEnds(text)});
+        remarks.emplace_back(sought.record, Kind::InStore, sought.identity.tag, sought.identity.fieldRow,
+                             withoutLineEnds(text));
     }
     if (!status)
-        remarks.push_back({.text = called + u"未能查完：" + withoutLineEnds(status.failure().description)});
+        remarks.push_back(notSearched(called + u"未能查完：", status.failure()));
     m_hits.assign(m_sought.size(), Hit{});
     m_walk.reset();
     ++m_table;

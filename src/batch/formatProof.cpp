@@ -1,18 +1,26 @@
 #include "batch/formatProof.h"
-#include "batch/bookIdentity.h"
+#include "schema/ruleParser.h"
 #include <algorithm>
+
+using namespace Qt::StringLiterals;
 
 namespace batch {
 
-namespace {
-
 using schema::Check;
 
+FormatProof::FormatProof(schema::SchemaInForce *source)
+    : m_schema(source ? source->schema() : nullptr) {
+    if (m_schema)
+        m_validator.emplace(m_schema, QDate::currentDate());
+    if (source)
+        m_complaint = source->complaint();
+}
+
 // Returns whether the remark, of another proof, reports the same fault.
-bool isReportedBy(const Remark &remark, const Remark &finding, Check check) {
+bool FormatProof::isReportedBy(const Remark &remark, const Remark &finding) const {
     if (remark.tag != finding.tag)
         return false;
-    switch (check) {
+    switch (finding.check) {
     case Check::MissingField:
         return remark.kind == Kind::Required;
     case Check::NonrepeatableField:
@@ -20,55 +28,32 @@ bool isReportedBy(const Remark &remark, const Remark &finding, Check check) {
     case Check::MissingSubfield:
     case Check::NonrepeatableSubfield:
         return remark.kind == Kind::Template;
+    case Check::ExternalRule: {
+        const schema::Predicate predicate = m_schema->rules[size_t(finding.rule)].consequence.predicate;
+        return predicate && remark.fieldRow == finding.fieldRow &&
+               ((remark.kind == Kind::Isbn && predicate == schema::predicateNamed(u"isbn")) ||
+                (remark.kind == Kind::Issn && predicate == schema::predicateNamed(u"issn")));
+    }
     default:
         return false;
     }
 }
 
-} // namespace
-
-FormatProof::FormatProof(schema::SchemaInForce *source)
-    : m_tags(schema::tagCount) {
-    if (!source)
-        return;
-    if (auto schema = source->schema())
-        m_validator.emplace(std::move(schema), QDate::currentDate());
-    m_complaint = source->complaint();
-}
-
-std::vector<Remark> FormatProof::remarksOn(const marc::FieldRows &rows, const std::vector<Remark> &others) {
-    std::vector<Remark> remarks;
+void FormatProof::addRemarks(int record, const marc::FieldRows &rows, std::vector<Remark> &remarks) {
     if (!m_validator)
-        return remarks;
+        return;
     m_view.read(rows);
+    const auto others = qsizetype(remarks.size());
     for (const schema::Finding &finding : m_validator->validate(m_view)) {
-        Remark remark = remarkOf(finding);
-        const bool known = std::ranges::any_of(
-            others, [&](const Remark &other) { return isReportedBy(other, remark, finding.check); });
-        if (!known)
+        Remark remark(record, finding);
+        const auto end = remarks.begin() + others;
+        const auto known =
+            std::find_if(remarks.begin(), end, [&](const Remark &other) { return isReportedBy(other, remark); });
+        if (known == end)
             remarks.push_back(std::move(remark));
+        else if (known->kind == Kind::Repeated)
+            known->level = remark.level;
     }
-    return remarks;
-}
-
-Remark FormatProof::remarkOf(const schema::Finding &finding) {
-    const schema::Schema &schema = m_validator->schema();
-    const bool ofRule = finding.rule >= 0;
-    Remark remark{.kind = ofRule ? Kind::Rule : Kind::Format,
-                  .fieldRow = finding.element >= 0 ? gridRow(finding.element) : 0,
-                  .text = wordsOf(finding, schema),
-                  .level = finding.level,
-                  .check = finding.check,
-                  .rule = finding.rule};
-    if (finding.tag == schema::unknownTag) {
-        remark.tag = finding.value;
-    } else {
-        QString &tag = m_tags[size_t(finding.tag)];
-        if (tag.isEmpty())
-            tag = finding.tag == schema::leaderTag ? QStringLiteral("000") : schema::tagName(finding.tag);
-        remark.tag = tag;
-    }
-    return remark;
 }
 
 } // namespace batch

@@ -17,17 +17,21 @@ public:
     // Returns, at the first call, why the schema in force could not be read; empty if it was, or if there is no source.
     QString takeComplaint() { return std::exchange(m_complaint, {}); }
 
-    // Returns the remarks about the rows, without record and title. What `others`, the remarks of the other proofs,
-    // already report is left out: missing and repeated fields and subfields.
-    std::vector<Remark> remarksOn(const marc::FieldRows &rows, const std::vector<Remark> &others);
+    // Adds the remarks about the rows of the record. What `remarks`, those of the other proofs on it, already report is
+    // left out: missing and repeated fields and subfields, wrong ISBNs and ISSNs. A repeated field that the schema does
+    // not allow either becomes an error.
+    void addRemarks(int record, const marc::FieldRows &rows, std::vector<Remark> &remarks);
+
+    // Returns the schema, or null if there is none.
+    const std::shared_ptr<const schema::Schema> &schema() const { return m_schema; }
 
 private:
-    Remark remarkOf(const schema::Finding &finding);
+    bool isReportedBy(const Remark &remark, const Remark &finding) const;
 
+    std::shared_ptr<const schema::Schema> m_schema;
     std::optional<schema::Validator> m_validator;
     QString m_complaint;
     schema::RecordView m_view;
-    std::vector<QString> m_tags; // by number; shared by all remarks
 };
 
 } // namespace batch

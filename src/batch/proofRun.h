@@ -2,6 +2,7 @@
 #pragma once
 
 #include "batch/duplicates.h"
+#include "batch/remarkList.h"
 #include <map>
 
 namespace batch {
@@ -19,6 +20,8 @@ public:
     // Returns the result text, after the end of the run or a stop. `inFile` is the number of records in the file as far
     // as known.
     QString closingText(const RemarkList &found, qint64 inFile) const;
+    // Returns the list for the remarks of this run, without remarks.
+    RemarkList emptyList() const { return RemarkList(m_records, RuleBook(m_proof.schema())); }
     // Returns PreReadStore::replacements() as it was when the record was proved.
     int momentOf(int record) const;
     // Releases what only the steps need: the database connection and the records searched for.

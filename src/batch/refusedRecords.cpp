@@ -33,7 +33,7 @@ std::vector<Remark> remarksOf(const NotImported &rest, const marc::PreReadStore 
     for (const auto &[rows, kind] : {std::pair(&rest.refused, Kind::Refused), {&rest.leftOut, Kind::LeftOut}})
         for (const marc::RefusedRecord &row : *rows)
             if (stands(row, records))
-                remarks.push_back({row.record, records.title(row.record), kind, {}, 0, row.reason});
+                remarks.emplace_back(row.record, kind, QString(), 0, row.reason);
     return remarks;
 }
 

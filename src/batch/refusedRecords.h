@@ -2,8 +2,7 @@
 // a file that can be corrected and imported again.
 #pragma once
 
-#include "batch/remark.h"
-#include "marc/preReadStore.h"
+#include "batch/remarkList.h"
 #include "marc/refusedRecord.h"
 #include "platform/result.h"
 

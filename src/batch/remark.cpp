@@ -1,5 +1,5 @@
 #include "batch/remark.h"
-#include "platform/byteFile.h"
+#include "batch/bookIdentity.h"
 #include <algorithm>
 #include <utility>
 
@@ -9,95 +9,73 @@ namespace batch {
 
 namespace {
 
-constexpr std::array<QStringView, kindCount> names = {
-    u"未能检查", u"目次区", u"必备字段", u"重复字段", u"模板", u"ISBN", u"ISSN",
-    u"批内重复", u"查重",   u"未成功",   u"已跳过",   u"格式", u"规则",
+using schema::Level;
+
+// A repeated field is an error only if the schema says so, see FormatProof: the table of "校对" is stricter than the
+// format.
+constexpr std::array<Level, kindCount> levels = {
+    Level::Warning, Level::Error,   Level::Error, Level::Warning, Level::Error, Level::Error,   Level::Error,
+    Level::Warning, Level::Warning, Level::Error, Level::Hint,    Level::Error, Level::Warning,
 };
 
-// Returns a name as "规则提示", which is as wide as the other kinds.
-QString nameWithLevel(const Remark &remark) {
-    const QString name = nameOf(remark.kind).toString();
-    const bool hasLevel = remark.kind == Kind::Format || remark.kind == Kind::Rule;
-    return hasLevel ? QString(name + schema::nameOf(remark.level)) : name;
+constexpr QStringView leaderRow = u"000"; // the leader's tag on the field grid
+
+QString tagOf(const schema::Finding &finding) {
+    if (finding.tag == schema::unknownTag)
+        return finding.value;
+    return finding.tag == schema::leaderTag ? leaderRow.toString() : schema::tagName(finding.tag);
 }
 
 } // namespace
 
-QStringView nameOf(Kind kind) {
-    return names[size_t(kind)];
+schema::Level levelOf(Kind kind) {
+    return levels[size_t(kind)];
 }
 
-QString RemarkList::text(int row, int column) const {
-    const Remark &remark = this->remark(row);
-    switch (column) {
-    case 0:
-        return remark.record < 0 ? QString() : QString::number(remark.record + 1);
-    case 1:
-        return remark.title;
-    case 2:
-        return nameWithLevel(remark);
-    case 3:
-        return remark.tag;
-    default:
-        return remark.text;
-    }
+Tag::Tag(QStringView text) {
+    const qsizetype size = std::min(text.size(), qsizetype(m_characters.size()));
+    std::copy_n(text.utf16(), size, m_characters.begin());
 }
 
-void RemarkList::add(Remark remark) {
-    ++m_counts[size_t(remark.kind)];
-    m_order.push_back(m_all.size());
-    if (isShown(remark))
-        m_shown.push_back(m_all.size());
-    m_all.push_back(std::move(remark));
+QString Tag::text() const {
+    const auto end = std::ranges::find(m_characters, u'\0');
+    return QStringView(m_characters.data(), end - m_characters.begin()).toString();
 }
 
-void RemarkList::clear() {
-    *this = RemarkList();
-}
+Remark::Remark(int record, Kind kind, QStringView tag, int fieldRow, QString text)
+    : record(record)
+    , fieldRow(fieldRow)
+    , text(std::move(text))
+    , tag(tag)
+    , kind(kind)
+    , level(levelOf(kind)) {}
 
-void RemarkList::sort() {
-    std::ranges::stable_sort(m_order, {}, [this](size_t id) { return m_all[id].record; });
-    setFilter(m_filter);
-}
+Remark::Remark(int record, const schema::Finding &finding)
+    : record(record)
+    , fieldRow(finding.element >= 0 ? gridRow(finding.element) : 0)
+    , text(finding.value)
+    , tag(tagOf(finding))
+    , kind(finding.rule >= 0 ? Kind::Rule : Kind::Format)
+    , level(finding.level)
+    , check(finding.check)
+    , indicator(finding.indicator)
+    , code(finding.code)
+    , start(finding.start)
+    , end(finding.end)
+    , rule(finding.rule) {}
 
-void RemarkList::setFilter(std::optional<Kind> kind) {
-    m_filter = kind;
-    m_shown.clear();
-    for (const size_t id : m_order)
-        if (isShown(m_all[id]))
-            m_shown.push_back(id);
-}
-
-int RemarkList::rowOf(int id) const {
-    const auto found = std::ranges::find(m_shown, size_t(id));
-    return found == m_shown.end() ? -1 : int(found - m_shown.begin());
-}
-
-std::vector<int> RemarkList::records() const {
-    std::vector<int> records;
-    for (const Remark &remark : m_all)
-        if (remark.record >= 0)
-            records.push_back(remark.record);
-    std::ranges::sort(records);
-    const auto rest = std::ranges::unique(records);
-    records.erase(rest.begin(), rest.end());
-    return records;
-}
-
-QString RemarkList::tabSeparated(QStringView lineEnd) const {
-    QString table = platform::tabSeparated(headings.toString().split(u'|')) + lineEnd;
-    for (int row = 0; row < rowCount(); ++row) {
-        QStringList cells;
-        for (int column = 0; column < columnCount(); ++column)
-            cells.append(text(row, column));
-        table += platform::tabSeparated(cells) + lineEnd;
-    }
-    return table;
-}
-
-platform::Status saveRemarks(const QString &path, const RemarkList &remarks) {
-    const QString table = QChar(QChar::ByteOrderMark) + remarks.tabSeparated(u"\r\n");
-    return platform::writeWholeFile(path, table.toUtf8());
+schema::Finding findingOf(const Remark &remark) {
+    const QString tag = remark.tag.text();
+    return {.level = remark.level,
+            .check = remark.check,
+            .rule = remark.rule,
+            .tag = qint16(tag == leaderRow ? schema::leaderTag : schema::tagNumber(tag)),
+            .indicator = remark.indicator,
+            .code = remark.code,
+            .start = remark.start,
+            .end = remark.end,
+            .element = remark.fieldRow > 0 ? remark.fieldRow - 1 : -1,
+            .value = remark.text};
 }
 
 } // namespace batch

@@ -22,11 +22,17 @@ std::shared_ptr<marc::PreReadStore> storeOf(const QStringList &records) {
 QStringList told(const std::shared_ptr<marc::PreReadStore> &store, const ProofOne &proof,
                  schema::SchemaInForce *schema = nullptr) {
     BatchProof proving(store, proof, schema);
-    QStringList lines;
+    RemarkList list(store, RuleBook(proving.schema()));
     while (proving.hasNext())
-        for (const Remark &remark : proving.step())
-            lines.append(u"%1 %2 %3 %4 %5 %6"_s.arg(QString::number(remark.record), remark.title, nameOf(remark.kind),
-                                                    remark.tag, QString::number(remark.fieldRow), remark.text));
+        for (Remark &remark : proving.step())
+            list.add(std::move(remark));
+    QStringList lines;
+    for (int row = 0; row < list.rowCount(); ++row)
+        lines.append(u"%1 %2 %3 %4 %5 %6 %7"_s.arg(
+            list.text(row, RemarkList::LevelColumn), QString::number(list.remark(row).record),
+            list.text(row, RemarkList::TitleColumn), list.text(row, RemarkList::RuleColumn),
+            list.text(row, RemarkList::TagColumn), QString::number(list.remark(row).fieldRow),
+            list.text(row, RemarkList::WordsColumn)));
     return lines;
 }
 
@@ -56,17 +62,17 @@ TEST(BatchProof, ReportsRecordFieldAndRowOfEachFault) {
     };
     EXPECT_EQ(told(storeOf(records), proof),
               (QStringList{
-                  u"-1  未能检查  0 配置文件丢失。"_s,
-                  u"0 题1 必备字段 801 0 801字段（必备字段）不存在！"_s,
-                  u"0 题1 重复字段 210 10 210字段（不可重复字段）重复！"_s,
-                  u"0 题1 模板 200 6 200字段的a子字段(必备子字段)内容不能为空值"_s,
-                  u"0 题1 ISBN 010 4 ISBN格式错误！ ISBN号第一段不能为空！"_s,
-                  u"-1  未能检查  0 模板打不开"_s,                        // reported once
-                  u"2 题3 ISSN 011 9 ISSN校验位错误，应为3"_s,            // the ISBN-10 proof's fault is dropped
-                  u"2 题3 批内重复 010 3 与第 1 条的ISBN相同：《题1》"_s, // reported once
-                  u"3 题4 目次区  0 目次区损坏，字段读不出来"_s,
-                  u"4 题5 ISBN 010 3 ISBN校验位错误，应为6"_s,
-                  u"5 题6 ISBN 010 5 ISBN格式错误！ ISBN号第一段不能为空！"_s,
+                  u"警告 -1  未能检查  0 配置文件丢失。"_s,
+                  u"错误 0 题1 必备字段 801 0 801字段（必备字段）不存在！"_s,
+                  u"警告 0 题1 重复字段 210 10 210字段（不可重复字段）重复！"_s,
+                  u"错误 0 题1 模板 200 6 200字段的a子字段(必备子字段)内容不能为空值"_s,
+                  u"错误 0 题1 ISBN 010 4 ISBN格式错误！ ISBN号第一段不能为空！"_s,
+                  u"警告 -1  未能检查  0 模板打不开"_s,                        // reported once
+                  u"错误 2 题3 ISSN 011 9 ISSN校验位错误，应为3"_s,            // the ISBN-10 proof's fault is dropped
+                  u"警告 2 题3 批内重复 010 3 与第 1 条的ISBN相同：《题1》"_s, // reported once
+                  u"错误 3 题4 目次区  0 目次区损坏，字段读不出来"_s,
+                  u"错误 4 题5 ISBN 010 3 ISBN校验位错误，应为6"_s,
+                  u"错误 5 题6 ISBN 010 5 ISBN格式错误！ ISBN号第一段不能为空！"_s,
               }));
 }
 
@@ -75,58 +81,71 @@ TEST(BatchProof, ValidatesAgainstTheSchemaInForce) {
     const TestFolder folder;
     folder.file(u"cnmarc-schema.json"_s,
                 R"({"fields": {"LDR": {}, "001": {}, "801": {"required": true}, "802": {"required": true},
-        "200": {"subfields": {"a": {"required": true}, "f": {"required": true}}}, "210": {"subfields": {"a": {}}}},
-        "rules": [{"class": "r", "description": "d", "level": "提示", "if": "200", "then": "210$a = 'B'"}]})");
+        "010": {"repeatable": true, "subfields": {"a": {}}}, "011": {"repeatable": true, "subfields": {"a": {}}},
+        "200": {"subfields": {"a": {"required": true}, "f": {"required": true}}},
+        "210": {"subfields": {"a": {}}}, "225": {"repeatable": true}},
+        "rules": [{"class": "r", "description": "d", "level": "提示", "if": "200", "then": "210$a = 'B'"},
+                  {"class": "i", "description": "i", "each": "010", "then": "010$a is isbn"},
+                  {"class": "s", "description": "s", "each": "011", "then": "every 011$a is issn"}]})");
     schema::SchemaInForce schema(platform::Settings(folder.path()), folder.path());
     const auto proof = [](const marc::FieldRows &) -> proof::RecordFaults {
         using proof::FaultKind;
-        return {
-            .structural = {{FaultKind::Missing, u"801"_s, {}, u"缺"_s}, {FaultKind::Repeated, u"210"_s, 5, u"重"_s}},
-            .byTemplate = {{FaultKind::Subfield, u"200"_s, 2, u"模"_s}}};
+        return {.structural = {{FaultKind::Missing, u"801"_s, {}, u"缺"_s},
+                               {FaultKind::Repeated, u"210"_s, 5, u"重"_s},
+                               {FaultKind::Repeated, u"225"_s, 7, u"重"_s}},
+                .byTemplate = {{FaultKind::Subfield, u"200"_s, 2, u"模"_s}}};
     };
-    const auto store = storeOf({recordOf(u"001=1|200=  $b|210=  $aA|210=  $aC"_s), recordOf(u"210=  $aB|999=  "_s)});
-    const QStringList others{u"必备字段 801 0 缺"_s, u"重复字段 210 6 重"_s, u"模板 200 3 模"_s};
-    const auto lines = [&others](int record, const QStringList &more) {
-        QStringList all;
-        for (const QString &line : others + more)
-            all.append(u"%1 题%2 %3"_s.arg(QString::number(record), QString::number(record + 1), line));
-        return all;
+    const QStringList others{u"错误 # 必备字段 801 0 缺"_s, u"%1 # 重复字段 210 6 重"_s, u"警告 # 重复字段 225 8 重"_s,
+                             u"错误 # 模板 200 3 模"_s};
+    const auto lines = [&others](int record, const QString &repeated, const QStringList &more) {
+        const QString all = others.join(u'\n').arg(repeated) + u'\n' + more.join(u'\n');
+        return QString(all).replace(u'#', u"%1 题%2"_s.arg(record).arg(record + 1)).split(u'\n');
     };
-    EXPECT_EQ(told(store, proof, &schema),
-              lines(0, {u"格式 200 4 字段没有子字段$b"_s, u"格式 802 0 缺少必备字段"_s, u"规则 210 6 d"_s}) +
-                  lines(1, {u"格式 999 4 格式中没有这个字段"_s, u"格式 802 0 缺少必备字段"_s}));
+    const auto store =
+        storeOf({recordOf(u"001=1|200=  $b|210=  $aA|210=  $aC|225=  |225=  "_s), recordOf(u"210=  $aB|999=  "_s),
+                 recordOf(u"010=  $a978-7-02-001259-5|010=  $a1|011=  $a1000-0004"_s)});
+    EXPECT_EQ(
+        told(store, proof, &schema),
+        lines(0, u"错误"_s,
+              {u"警告 # 未定义的子字段 200 4 字段没有子字段$b"_s, u"错误 # 缺必备字段 802 0 缺少必备字段"_s,
+               u"提示 # r 210 6 d"_s}) +
+            lines(1, u"警告"_s,
+                  {u"警告 # 未定义的字段 999 4 格式中没有这个字段"_s, u"错误 # 缺必备字段 802 0 缺少必备字段"_s}) +
+            lines(2, u"警告"_s,
+                  {u"错误 # ISBN 010 3 ISBN校验位错误，应为6"_s, u"错误 # ISSN 011 7 ISSN校验位错误，应为3"_s,
+                   u"错误 # 缺必备字段 802 0 缺少必备字段"_s, u"警告 # i 010 5 i"_s}));
 
     folder.file(u"cnmarc-schema.json"_s, "{");
     schema::SchemaInForce none(platform::Settings(folder.path()), folder.path());
     const QString damaged = u"00026nam0 2200025   450 2001\x1E\x1D"_s;
     const QStringList unread = told(storeOf({damaged, store->record(0), store->record(1)}), proof, &none);
-    EXPECT_EQ(unread.size(), 8) << qPrintable(unread.join(u'\n'));
-    EXPECT_TRUE(unread.value(4).startsWith(u"-1  未能检查  0 机读格式的模式【"_s));
+    EXPECT_EQ(unread.size(), 10) << qPrintable(unread.join(u'\n'));
+    EXPECT_TRUE(unread.value(5).startsWith(u"警告 -1  未能检查  0 机读格式的模式【"_s));
 }
 
 TEST(RemarkList, SortsFiltersAndIsATableOfText) {
-    RemarkList list;
-    list.add({4, u"丁"_s, Kind::Isbn, u"010"_s, 3, u"错"_s});
-    list.add({0, u"甲\t乙"_s, Kind::InStore, {}, 0, u"一\r\n二"_s});
-    list.add({4, u"丁"_s, Kind::InStore, {}, 0, u"后"_s});
-    list.add({-1, {}, Kind::Unchecked, {}, 0, u"未能查重"_s});
+    RemarkList list(storeOf({{}}));
+    list.add(Remark(4, Kind::Isbn, u"010", 3, u"错"_s));
+    list.add(Remark(0, Kind::InStore, {}, 0, u"一\r\n二\t三"_s));
+    list.add(Remark(4, Kind::InStore, {}, 0, u"后"_s));
+    list.add(Remark(-1, Kind::Unchecked, {}, 0, u"未能查重"_s));
     const int first = list.idOf(0);
     list.sort();
     EXPECT_EQ(list.rowOf(first), 2);
     EXPECT_EQ(list.count() * 100 + list.found() * 10 + list.count(Kind::InStore), 432);
     const TestFolder folder;
     ASSERT_TRUE(saveRemarks(folder.path(u"表.tsv"_s), list));
-    EXPECT_EQ(folder.read(u"表.tsv"_s), QByteArray("\xEF\xBB\xBF记录\t题名\t类别\t字段\t说明\r\n"
-                                                   "\t\t未能检查\t\t未能查重\r\n"
-                                                   "1\t甲 乙\t查重\t\t一  二\r\n"
-                                                   "5\t丁\tISBN\t010\t错\r\n"
-                                                   "5\t丁\t查重\t\t后\r\n"));
-    list.setFilter(Kind::InStore);
-    list.add({6, u"己"_s, Kind::InStore, {}, 0, {}});
-    list.add({7, u"庚"_s, Kind::Isbn, {}, 0, {}});
+    EXPECT_EQ(folder.read(u"表.tsv"_s), QByteArray("\xEF\xBB\xBF级别\t规则\t字段\t记录\t题名\t说明\r\n"
+                                                   "警告\t未能检查\t\t\t\t未能查重\r\n"
+                                                   "警告\t查重\t\t1\t题1\t一  二 三\r\n"
+                                                   "错误\tISBN\t010\t5\t\t错\r\n"
+                                                   "警告\t查重\t\t5\t\t后\r\n"));
+    list.setFilter({.level = {}, .rule = int(Kind::InStore), .tag = {}});
+    list.add(Remark(6, Kind::InStore));
+    list.add(Remark(7, Kind::Isbn));
     EXPECT_EQ(list.rowOf(first), -1);
     EXPECT_EQ(list.tabSeparated(u"|").section(u'|', 1),
-              u"1\t甲 乙\t查重\t\t一  二|5\t丁\t查重\t\t后|7\t己\t查重\t\t|"_s);
+              u"警告\t查重\t\t1\t题1\t一  二 三|警告\t查重\t\t5\t\t后|警告\t查重\t\t7\t\t|"_s);
 }
 
 TEST(RefusedRecords, AreWrittenUnchangedOrNotAtAll) {
@@ -135,7 +154,7 @@ TEST(RefusedRecords, AreWrittenUnchangedOrNotAtAll) {
     const RefusedRecords refused{{2, u"duplicate key"_s}, {0, u"too long"_s}, {99, {}}, {-1, {}}};
     const auto remarks = remarksOf({.refused = refused}, *store);
     ASSERT_EQ(remarks.size(), 2U);
-    EXPECT_EQ(remarks[0].title + remarks[0].text, u"题3duplicate key"_s);
+    EXPECT_EQ(QString::number(remarks[0].record) + remarks[0].text, u"2duplicate key"_s);
     const TestFolder folder;
     const QString path = folder.file(u"拒.iso"_s, "old");
     {

@@ -23,7 +23,7 @@ QStringList found(const database::SessionState &state, const QStringList &record
     QStringList lines;
     while (search.hasNext())
         for (const Remark &remark : search.step())
-            lines.append(QString::number(remark.record) + u' ' + remark.tag + u' ' + remark.text);
+            lines.append(QString::number(remark.record) + u' ' + remark.tag.text() + u' ' + remark.text);
     return lines;
 }
 
@@ -86,7 +86,7 @@ TEST_P(DuplicatesOnServersTest, AreFoundUnderAnyKey) {
     QStringList lines;
     for (int questions = 0; search.hasNext() && questions < 20; ++questions) {
         for (const Remark &remark : search.step())
-            lines.append(QString::number(remark.record) + u' ' + remark.tag + u' ' + remark.text);
+            lines.append(QString::number(remark.record) + u' ' + remark.tag.text() + u' ' + remark.text);
         const QString progress = search.progressText();
         EXPECT_TRUE(progress.isEmpty() ||
                     QStringList({u"0%"_s, u"99%"_s, u"100%"_s}).contains(progress.section(u' ', 1)))

@@ -111,7 +111,7 @@ TEST_F(RemarksPaneTest, ProofsLooksUpAndJumpsToTheRecord) {
 TEST_F(RemarksPaneTest, BeginsWithTheFirstRowUnlessTheUserChoseAnother) {
     database.state.connectionString = u"Driver=SQLite3;Database=/nowhere/none.db;NoCreat=1;"_s;
     pane->proofAll();
-    EXPECT_EQ(proof().grid->text(proof().grid->row(), 2), u"未能检查"_s);
+    EXPECT_EQ(proof().grid->text(proof().grid->row(), RemarkList::RuleColumn), u"未能检查"_s);
     EXPECT_EQ(words(), u"校对 3 条，发现 5 处，有的未能检查"_s);
     QTest::keyClick(proof().grid, Qt::Key_Return); // a remark about no record
     EXPECT_TRUE(jumps.isEmpty());
@@ -168,7 +168,9 @@ TEST_F(RemarksPaneTest, KeepsRefusedRecordsNextToTheRemarks) {
     pane->listRefused({.refused = {{2, u"重复的\n键"_s}, {1, u"太长"_s}}});
     RemarkTable &refused = *pane->refusedTable;
     EXPECT_TRUE(refused.isVisible() && !pane->toProofButton->isVisible() && !pane->isEmpty());
-    EXPECT_EQ(refused.words->text() + refused.grid->text(1, 1) + refused.grid->text(1, 4), u"未成功 2 条题2太长"_s);
+    EXPECT_EQ(refused.words->text() + refused.grid->text(1, RemarkList::TitleColumn) +
+                  refused.grid->text(1, RemarkList::WordsColumn),
+              u"未成功 2 条题2太长"_s);
     const TestFolder folder;
     host.willChoose(folder.path(u"拒"_s));
     pane->isoButton->click();
@@ -188,7 +190,8 @@ TEST_F(RemarksPaneTest, KeepsRefusedRecordsNextToTheRemarks) {
     ASSERT_EQ(leftOut.size(), 3U);
     EXPECT_EQ(leftOut[1].reason, u"没有导入：书库已有相同ISBN：控制号 9《呐喊》"_s);
     pane->listRefused({.refused = {{2, u"太长"_s}}, .leftOut = {leftOut[1]}});
-    EXPECT_EQ(refused.words->text() + refused.grid->text(1, 2), u"未成功 1 条，跳过查重命中的 1 条已跳过"_s);
+    EXPECT_EQ(refused.words->text() + refused.grid->text(1, RemarkList::RuleColumn),
+              u"未成功 1 条，跳过查重命中的 1 条已跳过"_s);
     EXPECT_EQ(pane->rowsWithRemarks(), (std::vector<int>{0, 1, 2}));
     EXPECT_TRUE(pane->leftOut().empty()) << "the tick is for one import";
     pane->skipBox->click();

@@ -16,7 +16,7 @@ namespace batch {
 
 namespace {
 
-constexpr int allKinds = -1;
+constexpr int allRules = -1;
 constexpr int shownLines = 4; // minimum height of the table
 
 QString withCount(QStringView name, int count) {
@@ -58,7 +58,7 @@ RemarkTable::RemarkTable(const QString &objectName, platform::Host &host, QWidge
         save({u"另存为"_s, platform::filters::remarks.toString(), u".tsv"},
              [this](const QString &path) { return saveRemarks(path, *m_list); });
     });
-    begin();
+    begin(RemarkList());
 }
 
 void RemarkTable::layOut() {
@@ -69,7 +69,7 @@ void RemarkTable::layOut() {
     remarkText->setWordWrap(true);
     remarkText->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     remarkText->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    auto *kindLabel = named(new QLabel(u"类别(&F)："_s, this), u"kindLabel"_s);
+    auto *kindLabel = named(new QLabel(u"规则(&F)："_s, this), u"kindLabel"_s);
     m_above->addLayout(widgets::labelled(kindLabel, kindBox));
     m_above->addWidget(words, 1);
     m_below->addWidget(remarkText, 1);
@@ -83,7 +83,7 @@ void RemarkTable::layOut() {
 // Sets the widths in characters of the current font.
 void RemarkTable::fitWidths() {
     const int character = fontMetrics().horizontalAdvance(u'书');
-    constexpr auto characters = std::to_array<int>({4, 12, 6, 3, 12});
+    constexpr auto characters = std::to_array<int>({3, 7, 3, 4, 10, 12});
     for (size_t column = 0; column < characters.size(); ++column)
         grid->setColumnTwips(int(column), grid->toTwips(character * characters[column]));
     // A line of Chinese may be higher than the font's own, if another font supplies the characters.
@@ -98,8 +98,8 @@ void RemarkTable::changeEvent(QEvent *event) {
         fitWidths();
 }
 
-void RemarkTable::begin() {
-    m_list = std::make_shared<RemarkList>();
+void RemarkTable::begin(RemarkList list) {
+    m_list = std::make_shared<RemarkList>(std::move(list));
     m_rowChosen = false;
     grid->bind(m_list);
     kindBox->clear();
@@ -125,19 +125,17 @@ void RemarkTable::settle() {
     showRow();
 }
 
-// Kinds are only added, so that the chosen one stays.
+// Rules are only added, so that the chosen one stays.
 void RemarkTable::showKinds() {
     if (kindBox->count() == 0)
-        kindBox->addItem({}, allKinds);
-    kindBox->setItemText(0, withCount(u"全部", m_list->count()));
+        kindBox->addItem({}, allRules);
+    const RemarkList::Choices<int> &rules = m_list->byRule();
+    kindBox->setItemText(0, withCount(u"全部", rules.all));
     int place = 1;
-    for (int kind = 0; kind < int(kindCount); ++kind) {
-        const int count = m_list->count(Kind(kind));
-        if (count == 0)
-            continue;
-        const QString text = withCount(nameOf(Kind(kind)), count);
-        if (place >= kindBox->count() || kindBox->itemData(place).toInt() != kind)
-            kindBox->insertItem(place, text, kind);
+    for (const auto &[rule, count] : rules.of) {
+        const QString text = withCount(m_list->rules().labelOf(rule), count);
+        if (place >= kindBox->count() || kindBox->itemData(place).toInt() != rule)
+            kindBox->insertItem(place, text, rule);
         else if (kindBox->itemText(place) != text)
             kindBox->setItemText(place, text);
         ++place;
@@ -145,15 +143,16 @@ void RemarkTable::showKinds() {
 }
 
 void RemarkTable::filter() {
-    const int kind = kindBox->currentData().toInt();
-    m_list->setFilter(kind == allKinds ? std::nullopt : std::optional(Kind(kind)));
+    const int rule = kindBox->currentData().toInt();
+    m_list->setFilter({.level = {}, .rule = rule == allRules ? std::nullopt : std::optional(rule), .tag = {}});
     grid->bind(m_list);
     showRow();
 }
 
 void RemarkTable::showRow() {
     const int row = grid->row() - 1;
-    remarkText->setText(row < 0 || row >= m_list->rowCount() ? QString() : m_list->remark(row).text);
+    remarkText->setText(row < 0 || row >= m_list->rowCount() ? QString()
+                                                             : m_list->rules().wordsOf(m_list->remark(row)));
 }
 
 void RemarkTable::activateRow() {

@@ -2,7 +2,7 @@
 // saved.
 #pragma once
 
-#include "batch/remark.h"
+#include "batch/remarkList.h"
 #include "platform/host.h"
 #include "platform/result.h"
 #include "widgets/button.h"
@@ -19,9 +19,9 @@ class RemarkTable final : public QWidget {
 public:
     RemarkTable(const QString &objectName, platform::Host &host, QWidget *parent);
 
-    // begin() clears the table, take() adds remarks, and settle() sorts them when all are there. A row chosen by the
-    // user in the meantime stays current; otherwise the first row becomes current.
-    void begin();
+    // begin() shows the list, which is empty, take() adds remarks, and settle() sorts them when all are there. A row
+    // chosen by the user in the meantime stays current; otherwise the first row becomes current.
+    void begin(RemarkList list);
     void take(std::vector<Remark> remarks);
     void settle();
 

@@ -84,7 +84,7 @@ void RemarksPane::proofAll() {
         std::make_shared<ProofRun>(m_source.records, m_source.proof, m_source.state, m_source.schema.get());
     m_run = run;
     m_running = true;
-    proofTable->begin();
+    proofTable->begin(run->emptyList());
     Q_EMIT changed();
     turnTo(proofTable);
     offerOther();
@@ -146,7 +146,7 @@ RefusedRecords RemarksPane::leftOut() const {
 
 void RemarksPane::listRefused(NotImported rest) {
     m_rest = std::move(rest);
-    refusedTable->begin();
+    refusedTable->begin(RemarkList(m_source.records));
     refusedTable->take(remarksOf(m_rest, *m_source.records));
     refusedTable->settle();
     refusedTable->words->setText(m_rest.words());

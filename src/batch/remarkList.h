@@ -1,0 +1,97 @@
+// All remarks of a batch, and as a table source those that are shown: neither silenced by the user nor left out by the
+// filter.
+#pragma once
+
+#include "batch/silencedRules.h"
+#include "marc/preReadStore.h"
+#include "platform/result.h"
+#include <deque>
+#include <map>
+#include <optional>
+
+namespace batch {
+
+// What is absent is not filtered by.
+struct RemarkFilter {
+    std::optional<schema::Level> level;
+    std::optional<int> rule; // a number of the list's rule book
+    std::optional<Tag> tag;
+
+    bool isEmpty() const { return !level && !rule && !tag; }
+    bool operator==(const RemarkFilter &) const = default;
+};
+
+class RemarkList final : public platform::TableSource {
+public:
+    static constexpr QStringView headings = u"级别|规则|字段|记录|题名|说明";
+    enum Column { LevelColumn, RuleColumn, TagColumn, RecordColumn, TitleColumn, WordsColumn };
+
+    // `records` are those that the remarks are about; without them there are no titles.
+    explicit RemarkList(std::shared_ptr<const marc::PreReadStore> records = nullptr, RuleBook rules = RuleBook());
+
+    int rowCount() const override { return int(m_shown.size()); }
+    int columnCount() const override { return WordsColumn + 1; }
+    QString text(int row, int column) const override;
+
+    // Remarks are in the order they were added until sort(), which sorts by record, remarks about the whole batch
+    // first. Remarks about the same record keep their order.
+    void add(Remark remark);
+    void sort();
+    void setFilter(const RemarkFilter &filter);
+    const RemarkFilter &filter() const { return m_filter; }
+    void silence(const SilencedRules &rules);
+    bool isSilenced(const Remark &remark) const { return m_silenced.contains(remark); }
+
+    const RuleBook &rules() const { return m_rules; }
+    const std::deque<Remark> &all() const { return m_all; } // silenced ones too, in the order they were added
+    QString titleOf(const Remark &remark) const;
+    const Remark &remark(int row) const { return m_all[m_shown.at(size_t(row))]; }
+    // The id of a remark never changes. rowOf() returns -1 if the remark is not shown.
+    int idOf(int row) const { return int(m_shown.at(size_t(row))); }
+    int rowOf(int id) const;
+
+    // Returns the records that have a remark that is not silenced, in ascending order.
+    std::vector<int> records() const;
+
+    int count() const { return int(m_all.size()); }
+    int count(Kind kind) const { return m_counts[size_t(kind)]; } // silenced ones too
+    int silencedCount() const { return m_silencedCount; }
+    // Returns the number of findings: all remarks except the silenced ones and those of Kind::Unchecked.
+    int found() const { return count() - count(Kind::Unchecked) - silencedCount(); }
+
+    // The numbers of remarks that the filter shows if its level, its rule or its tag is ignored, in all and by value.
+    template <class Value>
+    struct Choices {
+        int all = 0;
+        std::map<Value, int> of;
+    };
+    const Choices<schema::Level> &byLevel() const { return m_byLevel; }
+    const Choices<int> &byRule() const { return m_byRule; }
+    const Choices<Tag> &byTag() const { return m_byTag; }
+
+    // Returns the headings and the shown rows with tab-separated cells.
+    QString tabSeparated(QStringView lineEnd) const;
+
+private:
+    bool takeIn(const Remark &remark);
+    void refilter();
+
+    std::shared_ptr<const marc::PreReadStore> m_records;
+    RuleBook m_rules;
+    std::deque<Remark> m_all;
+    std::vector<quint32> m_order; // indexes in m_all
+    std::vector<quint32> m_shown; // likewise
+    RemarkFilter m_filter;
+    SilencedNumbers m_silenced;
+    int m_silencedCount = 0;
+    std::array<int, kindCount> m_counts{};
+    Choices<schema::Level> m_byLevel;
+    Choices<int> m_byRule;
+    Choices<Tag> m_byTag;
+};
+
+// Writes the shown rows as tab-separated UTF-8 text with a byte order mark, by which spreadsheets detect the encoding.
+// On failure an existing file is unchanged.
+platform::Status saveRemarks(const QString &path, const RemarkList &remarks);
+
+} // namespace batch
