@@ -69,6 +69,8 @@ bool isNumericText(QStringView text) {
 }
 
 std::optional<double> toDouble(QStringView text) {
+    if (const int plain = plainDigits(text); plain >= 0)
+        return plain;
     if (!isNumericText(text))
         return std::nullopt;
     const double value = valueOf(withoutBlanks(text));
