@@ -52,7 +52,9 @@ void MarcXmlRecord::startElement(const XmlElement &element) {
         return begin(element);
     if (m_open.empty())
         return;
-    const bool isEchoed = echo(element.startTag());
+    const qsizetype echoed = m_echo.size();
+    element.appendStartTag(m_echo);
+    const bool isEchoed = keepEcho(echoed);
     Open &outer = m_open.back();
     Part part = outer.part == Part::Other ? Part::Other : partOf(element.name());
     if (outer.part != Part::Other && !mayHold(outer.part, part)) {
@@ -75,10 +77,9 @@ void MarcXmlRecord::begin(const XmlElement &element) {
     m_open = {{Part::Record}};
     m_saysMarc = element.space().contains("MARC21/slim") || element.space().contains("marcxchange");
     m_fieldDepth = 0;
-    m_leader.clear();
-    m_tags.clear();
-    m_data.truncate(0);
-    m_echo = element.startTag();
+    for (QByteArray *text : {&m_leader, &m_tags, &m_data, &m_echo})
+        text->truncate(0); // keeps the memory
+    element.appendStartTag(m_echo);
     m_why.clear();
 }
 
@@ -126,9 +127,9 @@ void MarcXmlRecord::text(QByteArrayView text) {
     const bool isContent = open.part == Part::ControlField || (open.part == Part::Subfield && !open.holdsFields) ||
                            open.part == Part::Leader;
     QByteArray &into = open.part == Part::Leader ? m_leader : m_data;
-    QByteArray escaped;
-    platform::appendEscaped(escaped, text);
-    if (!echo(escaped))
+    const qsizetype echoed = m_echo.size();
+    platform::appendEscaped(m_echo, text);
+    if (!keepEcho(echoed))
         return;
     if (isContent)
         into.append(text);
@@ -141,7 +142,7 @@ void MarcXmlRecord::endElement(QByteArrayView name) {
         return;
     const Open ended = m_open.back();
     if (ended.isEchoed)
-        m_echo += "</" + name.toByteArray() + '>';
+        m_echo.append("</").append(name).append('>');
     m_open.pop_back();
     if (m_open.empty())
         endRecord();
@@ -163,14 +164,14 @@ void MarcXmlRecord::endRecord() {
         ++m_passedOver;
 }
 
-// Appends to the unchanged element. Returns false if the record is too long; the caller then drops the text too.
-bool MarcXmlRecord::echo(QByteArrayView xml) {
-    const bool fits = m_echo.size() + xml.size() <= longest;
-    if (fits)
-        m_echo.append(xml);
-    else
-        spoil(u"太长"_s);
-    return fits;
+// Removes what was appended to the unchanged element since it had that size, and returns false, if the record is too
+// long; the caller then drops the text too.
+bool MarcXmlRecord::keepEcho(qsizetype before) {
+    if (m_echo.size() <= longest)
+        return true;
+    m_echo.truncate(before);
+    spoil(u"太长"_s);
+    return false;
 }
 
 void MarcXmlRecord::spoil(const QString &why) {

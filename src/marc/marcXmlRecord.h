@@ -46,7 +46,7 @@ private:
     void startSubfield(const platform::XmlElement &element);
     void endPart(const Open &ended);
     void endRecord();
-    bool echo(QByteArrayView xml);
+    bool keepEcho(qsizetype before);
     bool hasMarc() const { return !m_leader.isEmpty() || !m_tags.isEmpty(); }
     void spoil(const QString &why);
 

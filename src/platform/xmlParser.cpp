@@ -59,16 +59,16 @@ QByteArrayView XmlElement::attribute(QByteArrayView name) const {
     return {};
 }
 
-QByteArray XmlElement::startTag() const {
-    QByteArray tag = '<' + m_name.toByteArray();
+void XmlElement::appendStartTag(QByteArray &xml) const {
+    xml.append('<').append(m_name);
     for (const char **at = m_attributes; *at; at += 2) {
         if (std::strchr(*at, separator))
             continue;
-        tag.append(' ').append(*at).append("=\"");
-        appendEscaped(tag, at[1]);
-        tag.append('"');
+        xml.append(' ').append(*at).append("=\"");
+        appendEscaped(xml, at[1]);
+        xml.append('"');
     }
-    return tag + '>';
+    xml.append('>');
 }
 
 struct XmlParser::Parser {

@@ -18,7 +18,8 @@ public:
     QByteArrayView name() const { return m_name; }
     // Returns the value of an attribute without a namespace; an empty view if there is none.
     QByteArrayView attribute(QByteArrayView name) const;
-    QByteArray startTag() const; // with the attributes that have no namespace, and without namespace declarations
+    // Appends the start tag with the attributes that have no namespace, and without namespace declarations.
+    void appendStartTag(QByteArray &xml) const;
 
 private:
     QByteArrayView m_space;

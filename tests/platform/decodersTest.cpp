@@ -74,7 +74,8 @@ struct Calls final : XmlHandler {
     XmlParser parser{*this};
     QByteArray said;
     void startElement(const XmlElement &element) override {
-        said += element.startTag() + '{' + element.space().toByteArray() + '}' + element.attribute("a").toByteArray();
+        element.appendStartTag(said);
+        said += '{' + element.space().toByteArray() + '}' + element.attribute("a").toByteArray();
         if (element.name() == "pause")
             parser.pause();
     }
