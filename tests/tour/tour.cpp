@@ -1,7 +1,6 @@
 // Drives the whole program through its scenes (see tourDriver.h), or lets the monkey use it. Usage:
 //   tour FOLDER-FOR-PICTURES [SCENE…]
 //   tour FOLDER-FOR-PICTURES --monkey SEED SECONDS
-//   tour FOLDER-FOR-PICTURES --style    (the pictures of docs/style.md)
 // It detects other starts of the program only in TMPDIR, which scripts/stage sets to a folder of its own. "tour second"
 // is another start, "tour FOLDER --kill RUN" a start that kills itself.
 #include "app/startUp.h"
@@ -10,8 +9,6 @@
 #include "tour/errands.h"
 #include "tour/longRuns.h"
 #include "tour/scenes.h"
-#include "tour/styleGallery.h"
-#include "widgets/deskStyle.h"
 #include <QApplication>
 #include <QDir>
 #include <cstdio>
@@ -80,11 +77,6 @@ int main(int argc, char **argv) {
         return 2;
     if (arguments[1] == u"second") {
         playProgram(); // without a script
-        return 0;
-    }
-    if (arguments.value(2) == u"--style") {
-        QApplication::setStyle(new widgets::DeskStyle);
-        tour::paintGallery(arguments[1]);
         return 0;
     }
     tour::TourDriver driver(arguments[1]);

@@ -1,4 +1,7 @@
-#include "tour/styleGallery.h"
+// Takes the pictures of docs/style.md: every control in its states, light and dark. Usage:
+//   stylePictures FOLDER
+#include "platform/desktop/qtHost.h"
+#include "widgets/deskStyle.h"
 #include "widgets/styleTokens.h"
 #include <QApplication>
 #include <QPainter>
@@ -10,8 +13,6 @@
 #include <array>
 
 using namespace Qt::StringLiterals;
-
-namespace tour {
 
 namespace {
 
@@ -148,9 +149,15 @@ QPixmap gallery(widgets::Scheme scheme) {
 
 } // namespace
 
-void paintGallery(const QString &folder) {
-    gallery(widgets::Scheme::Light).save(folder + u"/light.png");
-    gallery(widgets::Scheme::Dark).save(folder + u"/dark.png");
+int main(int argc, char **argv) {
+    QApplication application(argc, argv);
+    platform::prepareToolkit();
+    const QStringList arguments = QApplication::arguments();
+    if (arguments.size() != 2)
+        return 2;
+    QApplication::setStyle(new widgets::DeskStyle);
+    const QString folder = arguments[1];
+    const bool saved = gallery(widgets::Scheme::Light).save(folder + u"/light.png") &&
+                       gallery(widgets::Scheme::Dark).save(folder + u"/dark.png");
+    return saved ? 0 : 1;
 }
-
-} // namespace tour
