@@ -5,6 +5,7 @@
 #include "widgets/longPreview.h"
 #include <QDialog>
 #include <QGraphicsView>
+#include <QLabel>
 #include <QPdfWriter>
 #include <QPrintPreviewWidget>
 #include <QPrinter>
@@ -262,6 +263,19 @@ TEST_F(BandedReportTest, ALongReportIsShownAPageAtATimeAndPrintedAsAnyOther) {
     preview.findChild<QPushButton *>(u"stop"_s)->click();
     EXPECT_TRUE(workDone() && preview.isVisible());
     EXPECT_NE(printer->printerState(), QPrinter::Active);
+    const auto said = [&] {
+        QStringList shown;
+        for (const QLabel *label : preview.findChildren<QLabel *>())
+            if (label->isVisible())
+                shown.append(label->text());
+        return shown.join(u' ');
+    };
+    EXPECT_TRUE(said().contains(u"打印已停止。"));
+    printer->setOutputFileName(u"/no/such/folder/report.pdf"_s);
+    preview.startPrinting();
+    ASSERT_TRUE(QTest::qWaitFor(workDone, 30'000));
+    EXPECT_TRUE(preview.isVisible() && said().contains(u"打印没有完成。"));
+    setUp(*printer, u"shown.pdf"_s);
     printer->setFromTo(2, 4);
     preview.startPrinting();
     ASSERT_TRUE(QTest::qWaitFor([&] { return !preview.isVisible(); }, 30'000));
@@ -275,23 +289,6 @@ TEST_F(BandedReportTest, ALongReportIsShownAPageAtATimeAndPrintedAsAnyOther) {
         const auto actions = shown->findChildren<QAction *>();
         EXPECT_EQ(std::ranges::count(actions, QKeySequence(QKeySequence::Print), &QAction::shortcut), 1) << rows;
     }
-}
-
-TEST_F(BandedReportTest, WhatIsQuicklySeenToFitDoesFit) {
-    const QPrinter printer(QPrinter::HighResolution);
-    ReportFace face(report.bodyFont, &printer);
-    const QString characters = u"书，AVTofi1 \t\n\u2028\u0301\u200b\u0627\u0644。（㊀"_s;
-    Dice dice(1);
-    int quick = 0;
-    for (int i = 0; i < 5000; ++i) {
-        const QString text = dice.text<QString>(characters, 30);
-        const double width = 100 + dice.below(4000);
-        if (face.surelyOneLine(text, width)) {
-            ++quick;
-            ASSERT_EQ(face.wrapped(text, width).size(), 1) << text.toStdString() << ' ' << width;
-        }
-    }
-    EXPECT_GT(quick, 100);
 }
 
 } // namespace

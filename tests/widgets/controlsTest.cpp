@@ -2,9 +2,12 @@
 #include "platform/desktop/faces.h"
 #include "support/testFolder.h"
 #include "support/windowState.h"
+#include "widgets/accentFrame.h"
+#include "widgets/keys.h"
 #include "widgets/remembered.h"
 #include "widgets/runControls.h"
 #include "widgets/textBox.h"
+#include "widgets/waitCursor.h"
 #include <QClipboard>
 #include <QLineEdit>
 #include <QPushButton>
@@ -37,6 +40,73 @@ TEST(RunControls, DisableAndLockUntilTheRunEnds) {
     EXPECT_EQ(state.changes(), u"start focus; start on"_s);
     EXPECT_FALSE(path.isReadOnly());
     EXPECT_NE(window.cursor().shape(), Qt::WaitCursor);
+}
+
+TEST(WaitCursor, NestsOnTheScreen) {
+    QWidget window;
+    const auto waits = [] { return QGuiApplication::overrideCursor() != nullptr; };
+    {
+        const WaitCursor outer;
+        {
+            const WaitCursor inner;
+            EXPECT_TRUE(waits());
+        }
+        EXPECT_FALSE(waits()) << "the end of a nested wait ends the outer one";
+    }
+    QGuiApplication::setOverrideCursor(Qt::SizeAllCursor); // as while a window is moved
+    {
+        const WaitCursor shown(&window);
+        EXPECT_EQ(window.cursor().shape(), Qt::WaitCursor);
+    }
+    EXPECT_TRUE(waits()) << "a cursor set by other code stays";
+    EXPECT_NE(window.cursor().shape(), Qt::WaitCursor);
+    QGuiApplication::restoreOverrideCursor();
+}
+
+TEST(Keys, EnterActsAsTabInItsControlOnly) {
+    QWidget window;
+    QLineEdit first(&window), second(&window);
+    enterActsAsTab(&first);
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    for (const auto &[key, reached] :
+         {std::pair(Qt::Key_Return, &second), {Qt::Key_Enter, &second}, {Qt::Key_A, &first}}) {
+        first.setFocus();
+        QTest::keyClick(&first, key);
+        EXPECT_EQ(window.focusWidget(), reached) << key;
+    }
+    EXPECT_EQ(first.text(), u"a"_s);
+}
+
+TEST(AccentFrame, FollowsItsWidgetInsideTheParent) {
+    QWidget window;
+    window.resize(200, 100);
+    auto *framed = new QWidget(&window);
+    QWidget beside(&window);
+    framed->hide();
+    const QPointer<AccentFrame> frame = new AccentFrame(framed);
+    window.show();
+    framed->setGeometry(50, 30, 20, 10);
+    EXPECT_TRUE(frame->isHidden()) << "a hidden widget has no frame";
+    framed->show();
+    for (const auto &[place, expected] : {std::pair(QRect(50, 30, 20, 10), QRect(48, 28, 24, 14)),
+                                          {QRect(90, 30, 20, 10), QRect(88, 28, 24, 14)},
+                                          {QRect(90, 30, 50, 10), QRect(88, 28, 54, 14)},
+                                          {QRect(0, 0, 200, 10), QRect(0, 0, 200, 12)}}) {
+        framed->setGeometry(place);
+        EXPECT_EQ(frame->geometry(), expected);
+        EXPECT_FALSE(frame->mask().contains(frame->rect().center()));
+        EXPECT_TRUE(frame->mask().contains(QPoint(0, 0)));
+    }
+    beside.raise();
+    framed->raise();
+    EXPECT_EQ(window.children().last(), frame.data());
+    framed->hide();
+    EXPECT_TRUE(frame->isHidden());
+    delete framed;
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_FALSE(frame);
 }
 
 TEST(Remembered, PlaceAndColumnWidths) {

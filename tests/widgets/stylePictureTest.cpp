@@ -78,7 +78,7 @@ struct StylePicture : testing::Test {
         option.fontMetrics = QFontMetrics(small);
         if (change)
             change(option);
-        QImage picture(60, 30, QImage::Format_ARGB32);
+        QImage picture(option.rect.right() + 11, 30, QImage::Format_ARGB32);
         picture.fill(Qt::transparent);
         QPainter painter(&picture);
         if constexpr (std::is_invocable_v<Element, QPainter *, Option>)
@@ -231,6 +231,36 @@ TEST_F(StylePicture, FramesRowsAndBars) {
               "Window 0,0,0,1; Hairline 0,4,0,0 | Window 0,0,0,1; Hairline 0,19,0,0 | Window 0,0,0,1; Hairline "
               "0,19,0,0 | Hairline 0,9,0,10 |  | Tint | SecondInk | Ink; FaintInk; Accent | FaintInk; Accent"_s);
     EXPECT_EQ(all(entry(on), entry(on | chosen), entry(on | in)), u"Window | Tint | Tint"_s);
+}
+
+TEST_F(StylePicture, TitleBars) {
+    QPixmap icon(16, 16);
+    icon.fill(colour(Colour::Tint, schemePalette(Scheme::Dark)));
+    const auto bar = [&](bool active, QStyle::SubControls parts, QStyle::SubControls held = {}) {
+        return of<QStyleOptionTitleBar>(S::CC_TitleBar, on, [&](auto &it) {
+            it.rect.setWidth(140);
+            QFont font;
+            font.setPixelSize(11);
+            it.fontMetrics = QFontMetrics(font);
+            it.titleBarFlags = Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint;
+            it.titleBarState = active ? int(S::State_Active) : 0;
+            it.subControls = parts;
+            it.activeSubControls = held;
+            it.text = u"█"_s;
+            it.icon = icon;
+        });
+    };
+    EXPECT_EQ(all(bar(true, {}), bar(false, S::SC_TitleBarSysMenu)),
+              u"Base 0,0,0,1; Hairline 0,19,0,0; Ink 16,3,115,3 | Base 0,0,0,1; Hairline 0,19,0,0; FaintInk "
+              "24,3,107,3; Tint 6,3,121,4"_s);
+    EXPECT_EQ(all(bar(true, S::SC_TitleBarMinButton, S::SC_TitleBarMinButton),
+                  bar(true, S::SC_TitleBarMaxButton, S::SC_TitleBarMaxButton),
+                  bar(true, S::SC_TitleBarCloseButton, S::SC_TitleBarCloseButton),
+                  bar(true, S::SC_TitleBarMaxButton, S::SC_TitleBarMinButton)),
+              u"Base 0,0,0,1; Pressed 88,3,38,3; Hairline 0,19,0,0; Ink 16,3,115,3 | Base 0,0,0,1; Pressed "
+              "104,3,22,3; Hairline 0,19,0,0; Ink 16,3,115,3; SecondInk 108,7,26,7 | Base 0,0,0,1; Pressed "
+              "120,3,6,3; Hairline 0,19,0,0; Ink 16,3,115,3 | Base 0,0,0,1; Hairline 0,19,0,0; Ink 16,3,115,3; "
+              "SecondInk 108,7,26,7"_s);
 }
 
 TEST_F(StylePicture, CellsOfAGridAndLabels) {

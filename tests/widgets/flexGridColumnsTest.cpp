@@ -1,0 +1,63 @@
+// Widths of columns, and the tool tips of texts that are cut.
+#include "flexGridFixture.h"
+#include <QHelpEvent>
+#include <QToolTip>
+
+namespace {
+
+using FlexGridWidths = FlexGridTest;
+
+TEST_F(FlexGridWidths, TheStretchedColumnTakesWhatTheOthersLeave) {
+    for (const int column : {1, 2, 3})
+        grid.setColumnTwips(column, 300);
+    grid.setStretchColumn(3);
+    const auto rest = [&] { return grid.viewport()->width() - grid.columnWidth(1) - grid.columnWidth(2); };
+    EXPECT_EQ(grid.columnWidth(3), rest());
+    grid.setColumnWidth(1, 60); // by the user
+    EXPECT_EQ(grid.columnWidth(3), rest());
+    grid.setColumnTwips(2, 2000);
+    EXPECT_EQ(grid.columnWidth(3), rest());
+    grid.resize(300, 260);
+    EXPECT_EQ(grid.columnWidth(3), rest());
+    grid.setColumnTwips(3, 9000);
+    EXPECT_EQ(grid.columnWidth(3), grid.toPixels(9000)) << "the width set by the program is the least";
+    grid.setColumnWidth(3, 33); // by the user
+    grid.resize(350, 260);
+    EXPECT_EQ(grid.columnWidth(3), 33);
+    EXPECT_EQ(grid.drawnWidths(), (QMap<int, int>{{1, 60}, {3, 33}}));
+    grid.setDrawnWidths({{-1, 50}, {0, 50}, {1, 1}, {2, 70}, {4, 50}});
+    EXPECT_EQ(grid.drawnWidths(), (QMap<int, int>{{1, 4}, {2, 70}, {3, 33}}));
+    EXPECT_EQ(grid.columnTwips(0), 0) << "a hidden column stays hidden";
+    grid.setColumnTwips(2, 0);
+    EXPECT_TRUE(grid.isColumnHidden(2));
+    grid.setColumnTwips(2, 1);
+    EXPECT_FALSE(grid.isColumnHidden(2));
+}
+
+TEST_F(FlexGridWidths, TwipsGrowWithAFontAboveTheDesignSize) {
+    const auto inch = [this](int size) {
+        QFont font = grid.font();
+        font.setPixelSize(size);
+        grid.setFont(font);
+        EXPECT_NEAR(grid.toTwips(grid.toPixels(3000)), 3000, 10) << size;
+        return grid.toPixels(1440);
+    };
+    EXPECT_EQ(inch(6), grid.logicalDpiX());
+    EXPECT_GE(inch(24), grid.logicalDpiX() * 2);
+    EXPECT_NEAR(inch(48), inch(24) * 2, 4);
+}
+
+TEST_F(FlexGridWidths, ACutTextIsItsToolTip) {
+    const auto tip = [&](int column) {
+        QHelpEvent event(QEvent::ToolTip, at(1, column), grid.viewport()->mapToGlobal(at(1, column)));
+        QCoreApplication::sendEvent(grid.viewport(), &event);
+        return QToolTip::text();
+    };
+    grid.setText(1, 1, u"<很长的题名>"_s.repeated(20));
+    EXPECT_EQ(tip(2), QString());
+    EXPECT_EQ(tip(1), u"<qt>"_s + grid.text(1, 1).toHtmlEscaped() + u"</qt>");
+    grid.setToolTip(u"整个列表"_s);
+    EXPECT_EQ(tip(1), u"整个列表"_s);
+}
+
+} // namespace
