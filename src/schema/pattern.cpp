@@ -1,4 +1,5 @@
 #include "schema/pattern.h"
+#include "platform/boundedExpression.h"
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -6,15 +7,6 @@ using namespace Qt::StringLiterals;
 namespace schema {
 
 namespace {
-
-constexpr QStringView limits = u"(*LIMIT_MATCH=20000)(*LIMIT_DEPTH=2000)";
-constexpr qsizetype longest = 4000; // characters of an expression
-
-// Rewrites "\u4E00" and "\u{4E00}" in the spelling of the library.
-QString inLibrarySpelling(const QString &expression) {
-    static const QRegularExpression escape(uR"((?<!\\)((?:\\\\)*)\\u(?:\{([0-9A-Fa-f]{1,6})\}|([0-9A-Fa-f]{4})))"_s);
-    return QString(expression).replace(escape, uR"(\1\x{\2\3})"_s);
-}
 
 // Reads one set of characters at the start of `rest` and removes it. Returns std::nullopt for anything but a plain
 // character, "\d", an escaped sign and a class of these with ranges.
@@ -106,16 +98,12 @@ std::optional<int> SetReader::count() {
 } // namespace
 
 platform::Result<Pattern> Pattern::compile(const QString &expression) {
-    if (expression.isEmpty() || expression.size() > longest)
-        return platform::Failure{u"正则表达式为空或太长"_s};
+    auto general = platform::boundedExpression(expression, QRegularExpression::DotMatchesEverythingOption);
+    if (!general)
+        return general.failure();
     Pattern pattern;
     pattern.m_expression = expression;
-    pattern.m_general =
-        QRegularExpression(limits + inLibrarySpelling(expression), QRegularExpression::DotMatchesEverythingOption);
-    if (!pattern.m_general.isValid()) {
-        const qsizetype at = qMax(pattern.m_general.patternErrorOffset() - limits.size(), qsizetype(0));
-        return platform::Failure{u"正则表达式有误，第%1个字符：%2"_s.arg(at + 1).arg(pattern.m_general.errorString())};
-    }
+    pattern.m_general = std::move(general).value();
     pattern.m_pieces = piecesOf(expression);
     if (pattern.m_pieces.empty())
         pattern.m_general.optimize();
