@@ -10,8 +10,10 @@ using schema::Check;
 
 FormatProof::FormatProof(schema::SchemaInForce *source)
     : m_schema(source ? source->schema() : nullptr) {
-    if (m_schema)
+    if (m_schema) {
         m_validator.emplace(m_schema, QDate::currentDate());
+        m_validator->setChecks(source->checks());
+    }
     if (source)
         m_complaint = source->complaint();
 }

@@ -12,5 +12,9 @@ inline constexpr QStringView storeRecords = u"cnmarc_file(*.iso)|*.iso|all_files
 inline constexpr QStringView exportedRecords = u"cnmarc_file(*.iso)|*.iso|all files(*.*)|*.*"; // with a blank
 inline constexpr QStringView refusedRecords = u"机读目录文件(*.iso)|*.iso|所有文件(*.*)|*.*";
 inline constexpr QStringView remarks = u"文本表格(*.tsv)|*.tsv|所有文件(*.*)|*.*";
+inline constexpr QStringView schemas = u"机读格式的模式(*.json)|*.json|所有文件(*.*)|*.*";
+inline constexpr QStringView reportPages = u"PDF 文件(*.pdf)|*.pdf|所有文件(*.*)|*.*";
+inline constexpr QStringView webPages = u"网页(*.html)|*.html|所有文件(*.*)|*.*";
+inline constexpr QStringView spreadsheets = u"电子表格(*.csv)|*.csv|所有文件(*.*)|*.*";
 
 } // namespace platform::filters

@@ -46,6 +46,7 @@ inline constexpr Kept<bool> wholeTextShown{u"frmDaoru/whole", false};    // the 
 inline constexpr Kept<QByteArray> handbookAcross{u"frmHandbook/across"}; // contents and page
 inline constexpr Kept<int> lookChoice{u"look/choice", 0};                // a widgets::Appearance::Choice
 inline constexpr Kept<int> lookOfDesktop{u"look/desktop", 0};            // its last answer: 0 none, 1 light, 2 dark
+inline constexpr Kept<QStringList> checksOff{u"schema/off"};             // names of checks that are switched off
 
 inline constexpr KeptByWindow<QByteArray> geometry{u"geometry"}; // QWidget::saveGeometry() of a top-level window
 inline constexpr KeptByWindow<QSize> listSize{u"size"};          // of a list window, neither maximised nor minimised
