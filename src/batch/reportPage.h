@@ -1,0 +1,21 @@
+// The report as a page for browsers and for printing.
+#pragma once
+
+#include "batch/recordDraw.h"
+#include "batch/reportTexts.h"
+
+namespace batch {
+
+struct PageDress {
+    QString font;                           // as in CSS; empty: that of the document
+    QString ink, secondInk, hairline, tint; // colours as "#1f2933"
+    std::array<QString, schema::levelCount> levels;
+    QString chart;                      // address of the picture; empty: no chart
+    int chartWidth = 0;                 // in pixels
+    qsizetype mostNumbers = allNumbers; // of records, for each rule
+};
+
+// Returns a page in the subset of HTML that both browsers and QTextDocument show, with texts escaped.
+QString reportPage(const BatchReport &report, const RecordDraw &draw, const PageDress &dress);
+
+} // namespace batch

@@ -1,0 +1,22 @@
+// Saves to a file that the user chooses.
+#pragma once
+
+#include "platform/host.h"
+#include <functional>
+#include <optional>
+
+namespace batch {
+
+struct SaveTarget {
+    QString title;
+    QString filter;
+    QStringView suffix; // added to a name without one
+    QString start = {}; // see platform::FileDialog
+};
+
+// Asks for a file and lets `write` write it; a failure is shown in a box. Returns the text that tells where it was
+// saved, or std::nullopt if it was not.
+std::optional<QString> saveChosen(platform::Host &host, const SaveTarget &target,
+                                  const std::function<platform::Status(const QString &path)> &write);
+
+} // namespace batch

@@ -1,0 +1,138 @@
+#include "batch/windows/reportPrint.h"
+#include "batch/reportPage.h"
+#include "batch/windows/ruleChart.h"
+#include "platform/byteFile.h"
+#include "platform/desktop/screenSize.h"
+#include "platform/host.h"
+#include "widgets/pdfText.h"
+#include "widgets/printPreview.h"
+#include "widgets/reportFace.h"
+#include "widgets/styleTokens.h"
+#include <QApplication>
+#include <QBuffer>
+#include <QImage>
+#include <QPdfWriter>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
+#include <QTextDocument>
+#include <QUrl>
+#include <memory>
+
+using namespace Qt::StringLiterals;
+using widgets::Colour;
+
+namespace batch {
+
+namespace {
+
+constexpr double points = 10;
+constexpr QSize previewSize(900, 700);
+// None, or those of the printer: QTextDocument adds two centimetres on each side.
+const QMarginsF margins;
+constexpr qsizetype numbersOnPaper = 24; // of a rule
+constexpr int paperWidth = 620;          // of the chart, in layout pixels
+constexpr double sharpness = 4;          // pixels of the picture per layout pixel
+constexpr QStringView chartAddress = u"chart.png";
+
+QString nameOf(Colour colour) {
+    return widgets::colour(colour, widgets::schemePalette(widgets::Scheme::Light)).name();
+}
+
+// Of the charts in files: in pixels, so that the picture is the same at every resolution of the screen.
+QFont chartFont(QFont font) {
+    constexpr int pixels = 14;
+    font.setPixelSize(pixels);
+    return font;
+}
+
+PageDress dressOf(const BatchReport &report) {
+    PageDress dress{.ink = nameOf(Colour::Ink),
+                    .secondInk = nameOf(Colour::SecondInk),
+                    .hairline = nameOf(Colour::Hairline),
+                    .tint = nameOf(Colour::Window),
+                    .levels = {nameOf(Colour::ErrorInk), nameOf(Colour::WarningInk), nameOf(Colour::Ink)}};
+    if (!report.rules.empty())
+        dress.chartWidth = paperWidth;
+    return dress;
+}
+
+PageDress paperDress(const BatchReport &report) {
+    PageDress dress = dressOf(report);
+    dress.ink = dress.secondInk = QColor(Qt::black).name();
+    dress.levels = {dress.ink, dress.ink, dress.ink};
+    dress.chart = report.rules.empty() ? QString() : chartAddress.toString();
+    dress.mostNumbers = numbersOnPaper;
+    return dress;
+}
+
+void fill(QTextDocument &document, const BatchReport &report, const RecordDraw &draw) {
+    document.setDefaultFont(widgets::reportFont(points));
+    if (!report.rules.empty()) {
+        const QFont font = chartFont(document.defaultFont());
+        const double scale = sharpness * paperWidth / chartSize(report, font).width();
+        document.addResource(QTextDocument::ImageResource, QUrl(chartAddress.toString()),
+                             chartAsImage(report, paperInk(), font, scale));
+    }
+    document.setHtml(reportPage(report, draw, paperDress(report)));
+}
+
+// Gives the text of the PDF the characters that were printed.
+void nameCharacters(const QString &path, const QTextDocument &document, const QPaintDevice &device) {
+    widgets::DrawnCharacters drawn;
+    drawn.add(document.toPlainText());
+    widgets::SameGlyph names;
+    for (const QFont::Weight weight : {QFont::Normal, QFont::Bold})
+        widgets::addSameGlyphs(names, drawn, widgets::reportFont(points, weight), &device);
+    (void)widgets::nameDrawnCharacters(path, names); // the PDF is usable without them
+}
+
+} // namespace
+
+QDialog *newBatchReportPreview(const BatchReport &report, const RecordDraw &draw, QWidget *parent) {
+    const auto document = std::make_shared<QTextDocument>();
+    fill(*document, report, draw);
+    // Both are owned by the connection, which ends with the preview.
+    const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
+    printer->setDocName(u"校对报告"_s);
+    printer->setPageMargins(margins, QPageLayout::Millimeter);
+    QPrintPreviewDialog *preview = widgets::newPrintPreview(*printer, parent);
+    preview->setObjectName(u"batchReportPrint"_s);
+    preview->setAttribute(Qt::WA_DeleteOnClose);
+    preview->setWindowTitle(u"打印校对报告"_s);
+    preview->resize(previewSize.boundedTo(platform::usableScreenSize(preview)));
+    QObject::connect(preview, &QPrintPreviewDialog::paintRequested, preview,
+                     [printer, document](QPrinter *target) { document->print(target); });
+    return preview;
+}
+
+platform::Status saveReportPdf(const QString &path, const BatchReport &report, const RecordDraw &draw) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
+    writer.setTitle(u"校对报告："_s + fileNameOf(report));
+    writer.setCreator(platform::programTitle.toString());
+    writer.setPageSize(QPageSize(QPageSize::A4));
+    writer.setPageMargins(margins, QPageLayout::Millimeter);
+    QTextDocument document;
+    fill(document, report, draw);
+    document.print(&writer);
+    buffer.close();
+    const platform::Status saved = platform::writeWholeFile(path, bytes);
+    if (saved)
+        nameCharacters(path, document, writer);
+    return saved;
+}
+
+platform::Status saveReportPage(const QString &path, const BatchReport &report, const RecordDraw &draw) {
+    PageDress dress = dressOf(report);
+    dress.font = u"sans-serif"_s;
+    if (!report.rules.empty()) {
+        const ChartInk ink = schemeInk(widgets::schemePalette(widgets::Scheme::Light));
+        dress.chart = u"data:image/svg+xml;base64,"_s +
+                      QString::fromLatin1(chartAsSvg(report, ink, chartFont(QApplication::font())).toBase64());
+    }
+    return platform::writeWholeFile(path, reportPage(report, draw, dress).toUtf8());
+}
+
+} // namespace batch

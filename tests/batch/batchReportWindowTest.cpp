@@ -1,0 +1,120 @@
+#include "batch/windows/frmBatchReport.h"
+#include "support/recordText.h"
+#include "support/scriptedHost.h"
+#include <QChart>
+#include <QChartView>
+#include <QLabel>
+#include <QProcess>
+#include <QSignalSpy>
+#include <QSpinBox>
+#include <QTabWidget>
+
+using namespace batch;
+
+namespace {
+
+struct ReportWindowTest : testing::Test {
+    ScriptedHost host;
+    TestFolder folder;
+    std::shared_ptr<marc::PreReadStore> records = std::make_shared<marc::PreReadStore>();
+    RemarkList list{records};
+    std::unique_ptr<frmBatchReport> window;
+
+    ReportWindowTest() {
+        records->setRows(40);
+        for (int row = 0; row < 40; ++row) {
+            records->setRecord(row, recordOf(u"001=1"_s));
+            records->setTitle(row, u"题"_s + QString::number(row + 1));
+        }
+    }
+    // Returns whether the report was made.
+    bool open(int rows = 40) {
+        window = std::make_unique<frmBatchReport>(
+            host, frmBatchReport::Source{*records, list},
+            ProofFacts{.file = folder.path(u"供货.iso"_s), .ended = host.clock, .rows = rows, .proved = rows});
+        window->show();
+        return QTest::qWaitFor([this] { return window->report().has_value(); });
+    }
+    QByteArray saved(int button, const QString &suffix) {
+        host.willChoose(folder.path(u"报告"_s));
+        window->saveButtons[size_t(button)]->click();
+        return folder.read(u"报告"_s + suffix);
+    }
+};
+
+} // namespace
+
+TEST_F(ReportWindowTest, ShowsNumbersRulesAndADrawThatCanBeRepeated) {
+    for (const int row : {3, 4, 5, 9})
+        list.add(Remark(row, Kind::Isbn, u"010", 1, u"校验位"_s));
+    ASSERT_TRUE(open());
+    EXPECT_EQ(window->figures[0]->text() + window->figures[3]->text(), u"4（10.0%）36（90.0%）"_s);
+    EXPECT_EQ(window->rulesGrid->text(1, 1) + window->rulesGrid->text(1, 5), u"ISBN4–6, 10"_s);
+    EXPECT_EQ(window->example->text(), u"例：第 4 条，校验位"_s);
+    EXPECT_EQ(window->chart->chart()->series().size(), 1);
+
+    const auto drawn = [this] {
+        QStringList numbers;
+        for (int row = 1; row < window->drawGrid->rows(); ++row)
+            numbers.append(window->drawGrid->text(row, 0) + window->drawGrid->text(row, 2));
+        return numbers;
+    };
+    window->seedBox->setValue(7);
+    const QStringList first = drawn();
+    window->againButton->click();
+    EXPECT_NE(window->seedBox->value(), 7);
+    EXPECT_NE(drawn(), first);
+    window->seedBox->setValue(7);
+    EXPECT_EQ(drawn(), first);
+
+    QSignalSpy wanted(window.get(), &frmBatchReport::recordWanted);
+    window->pages->setCurrentIndex(2);
+    window->drawGrid->clickRow(2);
+    QTest::keyClick(window->drawGrid, Qt::Key_Return);
+    ASSERT_EQ(wanted.size(), 1);
+    EXPECT_TRUE(first[1].startsWith(QString::number(wanted[0][0].toInt() + 1)));
+    EXPECT_FALSE(window->isVisible());
+}
+
+TEST_F(ReportWindowTest, SavesThreeFormsAndReportsAFailure) {
+    for (int row = 0; row < 30; ++row)
+        list.add(Remark(row, Kind::Isbn, u"010", 1, u"校验位<b>"_s));
+    ASSERT_TRUE(open());
+    EXPECT_TRUE(saved(1, u".pdf"_s).startsWith("%PDF-"));
+    QProcess reader; // of another program
+    reader.start(u"pdftotext"_s, {u"-layout"_s, folder.path(u"报告.pdf"_s), u"-"_s});
+    ASSERT_TRUE(reader.waitForFinished());
+    const QString printed = QString::fromUtf8(reader.readAllStandardOutput());
+    for (const QString &text : {u"供货.iso"_s, u"30（75.0%）"_s, u"校验位<b>"_s, u"1–30"_s, u"抽查 10 条"_s})
+        EXPECT_TRUE(printed.contains(text)) << qPrintable(text) << qPrintable(printed);
+    const QByteArray page = saved(2, u".html"_s);
+    EXPECT_TRUE(page.contains("src=\"data:image/svg+xml;base64,") && page.contains("校验位&lt;b&gt;"));
+    EXPECT_TRUE(saved(3, u".csv"_s).startsWith("\xEF\xBB\xBF"));
+    EXPECT_EQ(host.dialogs.value(0).start, folder.path(u"供货-校对报告.pdf"_s));
+    EXPECT_EQ(window->state->text(), u"已保存到 "_s + folder.path(u"报告.csv"_s));
+
+    host.willChoose({});
+    window->saveButtons[1]->click();
+    host.willChoose(folder.path(u"报告.csv"_s));
+    host.willAnswer(platform::Answer::No);
+    window->saveButtons[3]->click();
+    for (const int button : {1, 2, 3}) {
+        host.willChoose(folder.path(u"没有/报告.x"_s));
+        window->saveButtons[size_t(button)]->click();
+        EXPECT_TRUE(host.lastBox().text.startsWith(u"保存失败：【"));
+    }
+}
+
+TEST_F(ReportWindowTest, MayBeClosedBeforeItIsMade) {
+    for (int i = 0; i < 200000; ++i)
+        list.add(Remark(i % 40, Kind::Isbn, u"010", 1));
+    window = std::make_unique<frmBatchReport>(host, frmBatchReport::Source{*records, list}, ProofFacts{.rows = 40});
+    window->show();
+    EXPECT_FALSE(window->report() || window->saveButtons[0]->isEnabled());
+    window->close();
+    window.reset();
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(open(0)); // no record was proofed
+    EXPECT_EQ(window->report()->remarks, 200000);
+    EXPECT_EQ(window->drawGrid->rows(), 1);
+}
