@@ -46,12 +46,15 @@ function(house_folder name)
 endfunction()
 
 # house_tests(marc USES marc SOURCES a.cpp b.cpp): one test program `<name>_tests`, run without a screen. With SERVERS the
-# database servers are running during its tests, and no other test uses them meanwhile.
+# database servers are running during its tests, and no other test uses them meanwhile; with CATALOGUES the catalogues of
+# scripts/catalogue-servers are.
 set(TARVEX_TEST_TIMEOUT 60 CACHE STRING "Seconds that one test may take; a build with sanitizers needs more")
 function(house_tests name)
-  cmake_parse_arguments(T "SERVERS" "" "SOURCES;USES" ${ARGN})
+  cmake_parse_arguments(T "SERVERS;CATALOGUES" "" "SOURCES;USES" ${ARGN})
   if(T_SERVERS)
     set(servers FIXTURES_REQUIRED servers RESOURCE_LOCK servers)
+  elseif(T_CATALOGUES)
+    set(servers FIXTURES_REQUIRED catalogues)
   endif()
   add_executable(${name}_tests ${T_SOURCES})
   set_target_properties(${name}_tests PROPERTIES AUTOMOC ON)

@@ -13,7 +13,7 @@ enum class Protocol { Z3950, Sru };
 // The form in which records are requested.
 enum class Syntax { Unimarc, Usmarc, Xml };
 
-// The encoding of records in exchange format; records in XML are UTF-8 unless Gbk is given.
+// The encoding of records in exchange format.
 enum class RecordCharset { Automatic, Utf8, Gbk, Marc8 }; // Gbk: including GB18030
 
 enum class QueryCharset { Utf8, Gbk };
@@ -41,7 +41,7 @@ struct Target {
     QString database; // of SRU: the path, without a slash in front
     QString user;
     QString password;
-    bool encrypted = false; // TLS. YAZ encrypts without checking the certificate of the server.
+    bool encrypted = false; // TLS; the certificate of the server is checked
     Syntax syntax = Syntax::Unimarc;
     RecordCharset recordCharset = RecordCharset::Automatic;
     QueryCharset queryCharset = QueryCharset::Utf8;

@@ -1,0 +1,201 @@
+// Searches of real servers, and of one that misbehaves.
+#include "targets/search.h"
+#include "catalogueServers.h"
+#include "rogueServer.h"
+#include "support/qtPrinters.h"
+#include "targets/recordSummary.h"
+#include <QTest>
+#include <ctime>
+#include <gtest/gtest.h>
+
+using namespace targets;
+using namespace std::chrono_literals;
+using Stage = Progress::Stage;
+
+namespace {
+
+constexpr int longWait = 30'000; // milliseconds; the tests wait for a condition
+constexpr Limits shortLimits{400ms, 600ms};
+
+struct Asked {
+    explicit Asked(const TargetList &targets, Limits limits = {}, Bounds bounds = {})
+        : search(targets, limits, bounds) {
+        QObject::connect(&search, &Search::found, [this](int, const Fetched &record) { found.push_back(record); });
+        QObject::connect(&search, &Search::unreadable,
+                         [this](int, qint64, const QString &why) { unreadable.append(why); });
+        QObject::connect(&search, &Search::finished, [this] { ++finished; });
+    }
+    void untilFinished(const Query &query) {
+        search.start(query);
+        untilFinished();
+    }
+    void untilFinished() { // in an event loop, since qWaitFor() sleeps between the events
+        QEventLoop loop;
+        QObject::connect(&search, &Search::finished, &loop, &QEventLoop::quit);
+        QTimer::singleShot(longWait, &loop, [&loop] { loop.exit(1); });
+        EXPECT_EQ(finished > 0 ? 0 : loop.exec(), 0);
+    }
+    const Progress &progress(int index = 0) const { return search.progress(index); }
+
+    Search search;
+    std::vector<Fetched> found;
+    QStringList unreadable;
+    int finished = 0;
+};
+
+// The longest time that this thread has worked between two turns of the event loop, in milliseconds of its processor
+// time, which other processes do not lengthen.
+class LongestTurn {
+public:
+    LongestTurn() {
+        QObject::connect(&m_timer, &QTimer::timeout, [this] {
+            const double now = used();
+            longest = std::max(longest, now - m_last);
+            m_last = now;
+        });
+        m_timer.start(0);
+    }
+    double longest = 0;
+
+private:
+    static double used() {
+        timespec time = {};
+        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+        return double(time.tv_sec) * 1000 + double(time.tv_nsec) / 1e6;
+    }
+    QTimer m_timer;
+    double m_last = used();
+};
+
+Target with(Target target, auto change) {
+    change(target);
+    return target;
+}
+
+} // namespace
+
+TEST(Search, EachWayToAskGivesTheSameRecords) {
+    const std::pair<const char *, Target> ways[] = {
+        {"UNIMARC in GB18030", openCatalogue()},
+        {"USMARC in UTF-8", openCatalogue(Syntax::Usmarc)},
+        {"XML", openCatalogue(Syntax::Xml)},
+        {"SRU, CQL", openBySru(QueryLanguage::Cql)},
+        {"SRU, PQF", openBySru(QueryLanguage::Pqf)},
+        {"a query in GBK", gbkCatalogue()},
+        {"with a login", privateCatalogue()},
+        {"a declared charset", with(openCatalogue(), [](Target &t) { t.recordCharset = RecordCharset::Gbk; })},
+    };
+    std::vector<marc::FieldedRecord> first;
+    for (const auto &[way, target] : ways) {
+        Asked run({target});
+        run.untilFinished({.title = u"中国"_s});
+        EXPECT_EQ(run.progress().words(), u"已取 27 条，共 27 条"_s) << way;
+        std::vector<marc::FieldedRecord> records;
+        for (const Fetched &fetched : run.found) {
+            EXPECT_EQ(fetched.decoded.damaged, 0) << way;
+            records.push_back(fetched.decoded.record);
+            records.back().leader.clear(); // each form has lengths of its own
+        }
+        ASSERT_EQ(records.size(), 27U) << way;
+        EXPECT_TRUE(summaryOf(records.front()).title.contains(u"中国")) << way;
+        if (first.empty())
+            first = records;
+        EXPECT_TRUE(records == first) << way;
+        run.finished = 0;
+        run.untilFinished({.isbn = u"978-7-02-000220-7"_s}); // the catalogue has the ten-digit form
+        EXPECT_EQ(run.progress().hits, 3) << way;
+    }
+}
+
+TEST(Search, AFaultIsToldInWordsWithoutThePassword) {
+    const QString secret = u"Geheim-7"_s;
+    const std::tuple<Target, Query, QString> rows[] = {
+        {with(gbkCatalogue(), [](Target &t) { t.queryCharset = QueryCharset::Utf8; }),
+         {.title = u"红楼梦"_s},
+         u"Query term includes characters that do not translate into the target character set（Bib-1 1072）"_s},
+        {with(privateCatalogue(), [&](Target &t) { t.password = secret; }),
+         {.title = u"红"_s},
+         u"用户名或密码不对（Bib-1 1011）：tester"_s},
+        {with(openCatalogue(), [](Target &t) { t.database = u"none"_s; }), {.title = u"红"_s}, u"没有这个数据库"_s},
+        {with(openCatalogue(), [](Target &t) { t.attributes[1] = u"1=9999"_s; }),
+         {.title = u"红"_s},
+         u"不支持这个检索属性（Bib-1 114）：9999"_s},
+        {with(openCatalogue(), [](Target &t) { t.port = 1; }), {.title = u"红"_s}, u"连不上 127.0.0.1:1/Default"_s},
+        {with(openBySru(QueryLanguage::Cql), [](Target &t) { t.attributes[1] = u"dc.none"_s; }),
+         {.title = u"红"_s},
+         u"不支持这个检索项"_s},
+        {gbkCatalogue(), {.title = u"𠮷"_s}, u"“𠮷”里有 GBK 没有的字"_s},
+    };
+    for (const auto &[target, query, words] : rows) {
+        Asked run({target});
+        run.untilFinished(query);
+        EXPECT_EQ(run.progress().stage, Stage::Failed);
+        EXPECT_TRUE(run.progress().fault.contains(words)) << run.progress().fault.toStdString();
+        EXPECT_FALSE(run.progress().fault.contains(secret));
+        EXPECT_EQ(run.finished, 1);
+    }
+}
+
+TEST(Search, AServerThatMisbehavesCostsItsLimitAndNoMore) {
+    const int real = portOf(u"open"_s);
+    const std::tuple<Misconduct, int, bool, QString> rows[] = {
+        {Misconduct::Silent, 0, false, u"0.4 秒内没有连上"_s},
+        {Misconduct::Silent, 1, false, u"0.6 秒内没有答完"_s},
+        {Misconduct::Silent, 2, false, u"0.6 秒内没有答完"_s}, // the records do not come
+        {Misconduct::Silent, 0, true, u"0.6 秒内没有答完"_s},
+        {Misconduct::ClosesAtOnce, 0, false, u"连接就断了"_s},
+        {Misconduct::ClosesInTheMiddle, 1, false, u"读不懂"_s},
+        {Misconduct::ClosesInTheMiddle, 0, true, u"读不懂"_s},
+        {Misconduct::Garbage, 1, false, u"读不懂"_s},
+        {Misconduct::Garbage, 0, true, u"读不懂"_s},
+        {Misconduct::EndlessBer, 1, false, u"一次应答超过 2 MB"_s},
+        {Misconduct::EndlessChunks, 0, true, u"一次应答超过 2 MB"_s},
+        {Misconduct::EndlessText, 0, true, u"一次应答超过 2 MB"_s},
+        {Misconduct::Trickle, 1, false, u"0.6 秒内没有答完"_s},
+        {Misconduct::Trickle, 0, true, u"0.6 秒内没有答完"_s},
+    };
+    for (const auto &[misconduct, passed, bySru, words] : rows) {
+        const RogueServer rogue(misconduct, passed, real);
+        Target target = bySru ? openBySru(QueryLanguage::Pqf) : openCatalogue();
+        target.port = rogue.port();
+        LongestTurn turn;
+        const bool isEndless = words.contains(u"超过");
+        Asked run({target}, isEndless ? Limits() : shortLimits);
+        run.untilFinished({.title = u"红楼梦"_s});
+        EXPECT_EQ(run.progress().stage, Stage::Failed) << int(misconduct) << bySru;
+        EXPECT_TRUE(run.progress().fault.contains(words))
+            << int(misconduct) << bySru << run.progress().fault.toStdString();
+        EXPECT_LT(turn.longest, 50) << int(misconduct) << bySru;
+    }
+}
+
+TEST(Search, ADeadServerHoldsNobodyAndStopEndsItAtOnce) {
+    const RogueServer dead(Misconduct::Silent, 0, portOf(u"open"_s));
+    Asked run({with(openCatalogue(), [&](Target &t) { t.port = dead.port(); }), openCatalogue()});
+    run.search.start({.title = u"红楼梦"_s});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return run.progress(1).stage == Stage::Done; }, longWait));
+    EXPECT_EQ(run.progress(0).stage, Stage::Connecting);
+    EXPECT_TRUE(run.search.isActive());
+    run.search.stop();
+    EXPECT_EQ(run.finished, 1);
+    EXPECT_EQ(run.progress(0).words(), u"已停止"_s);
+    EXPECT_EQ(run.progress(1).words(), u"已取 1 条，共 1 条"_s);
+    run.untilFinished({.title = u"石头记"_s}); // and it can be used again
+}
+
+TEST(Search, ManyHitsAreFetchedInPortionsUpToTheBounds) {
+    Asked run({madeUpRecords()}, {}, {.records = 50});
+    run.untilFinished({.words = u"1500"_s});
+    EXPECT_EQ(run.progress().words(), u"已取 50 条，共 1500 条"_s);
+    ASSERT_TRUE(run.progress().mayGoOn);
+    run.finished = 0;
+    run.search.fetchMore(0);
+    run.untilFinished();
+    EXPECT_EQ(run.progress().delivered, 100);
+    EXPECT_EQ(run.found.size(), 100U);
+    EXPECT_EQ(run.found.back().at, 99);
+    Asked bounded({madeUpRecords()}, {}, {.records = 1000, .bytes = 20'000});
+    bounded.untilFinished({.words = u"1500"_s});
+    EXPECT_TRUE(bounded.progress().fault.contains(u"不再取"_s));
+    EXPECT_LT(bounded.progress().bytes, 60'000);
+}
