@@ -87,7 +87,6 @@ void FlexGrid::moveColumnByUser(int step, int most) {
 }
 
 void FlexGrid::mousePressEvent(QMouseEvent *event) {
-    event->accept();
     if (m_moving)
         return;
     const QModelIndex cell = indexAt(event->position().toPoint()); // none below the last row
@@ -116,7 +115,6 @@ void FlexGrid::settlePress() {
 }
 
 void FlexGrid::mouseMoveEvent(QMouseEvent *event) {
-    event->accept();
     if (m_pressed != Qt::LeftButton || !m_drags || !event->buttons().testFlag(Qt::LeftButton))
         return;
     const int y = event->position().toPoint().y();
@@ -143,7 +141,6 @@ void FlexGrid::timerEvent(QTimerEvent *event) {
 }
 
 void FlexGrid::mouseReleaseEvent(QMouseEvent *event) {
-    event->accept();
     m_dragTimer.stop();
     if (event->button() != m_pressed)
         return;
@@ -158,7 +155,6 @@ void FlexGrid::mouseDoubleClickEvent(QMouseEvent *event) {
         mousePressEvent(event);
         return;
     }
-    event->accept();
     m_pressed = Qt::NoButton;
     if (m_moving)
         return;

@@ -52,8 +52,7 @@ MaskedEdit::MaskedEdit(const QString &objectName, QWidget *parent)
 
 void MaskedEdit::setMask(const QString &mask) {
     m_mask = mask;
-    setInputMask({});
-    clear();
+    setInputMask({}); // clears the text
     delete validator();
     setValidator(mask.isEmpty() ? nullptr : new AsciiDigits(mask, this));
     setInputMask(toolkitMask(mask));

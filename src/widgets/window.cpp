@@ -8,7 +8,6 @@ Window::Window(const QString &objectName, const QString &caption, QWidget *paren
     : QDialog(parent) {
     setObjectName(objectName);
     setWindowTitle(caption);
-    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     setWindowFlag(Qt::WindowMaximizeButtonHint, true);
     setWindowFlag(Qt::WindowMinimizeButtonHint, true);
 }

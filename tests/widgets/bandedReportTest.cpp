@@ -10,6 +10,7 @@
 #include <QPrintPreviewWidget>
 #include <QPrinter>
 #include <QProcess>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QSpinBox>
@@ -230,7 +231,7 @@ TEST_F(BandedReportTest, ALongReportIsShownAPageAtATimeAndPrintedAsAnyOther) {
     setUp(*printer, u"shown.pdf"_s);
     books->asked = 0;
     LongPreview preview(report, printer, nullptr);
-    auto *progress = preview.findChild<QWidget *>(u"progress"_s);
+    auto *progress = preview.findChild<QProgressBar *>(u"progress"_s);
     auto *page = preview.findChild<QSpinBox *>(u"page"_s);
     const auto workDone = [&] { return progress->isHidden(); };
     preview.show();
@@ -253,8 +254,15 @@ TEST_F(BandedReportTest, ALongReportIsShownAPageAtATimeAndPrintedAsAnyOther) {
     const int otherPages = print(report, landscape);
     ASSERT_NE(otherPages, pages);
     const QList<QAction *> tools = preview.findChildren<QAction *>();
+    const auto use = [&](const QString &tool) { (*std::ranges::find(tools, tool, &QAction::text))->trigger(); };
+    for (const auto &[tool, shown] :
+         {std::pair(u"第一页"_s, 1), {u"下一页"_s, 2}, {u"最后一页"_s, pages}, {u"上一页"_s, pages - 1}}) {
+        use(tool);
+        EXPECT_EQ(page->value(), shown);
+    }
     for (const auto &[tool, count] : {std::pair(u"横向"_s, otherPages), {u"纵向"_s, pages}}) {
-        (*std::ranges::find(tools, tool, &QAction::text))->trigger();
+        use(tool);
+        EXPECT_EQ(progress->maximum(), 6000);
         ASSERT_TRUE(QTest::qWaitFor(workDone, 30'000));
         EXPECT_EQ(page->maximum(), count) << "the pages are counted for the new orientation";
     }
@@ -263,18 +271,15 @@ TEST_F(BandedReportTest, ALongReportIsShownAPageAtATimeAndPrintedAsAnyOther) {
     preview.findChild<QPushButton *>(u"stop"_s)->click();
     EXPECT_TRUE(workDone() && preview.isVisible());
     EXPECT_NE(printer->printerState(), QPrinter::Active);
-    const auto said = [&] {
-        QStringList shown;
-        for (const QLabel *label : preview.findChildren<QLabel *>())
-            if (label->isVisible())
-                shown.append(label->text());
-        return shown.join(u' ');
+    const auto says = [&](QStringView words) {
+        return std::ranges::any_of(preview.findChildren<QLabel *>(),
+                                   [&](const QLabel *label) { return label->isVisible() && label->text() == words; });
     };
-    EXPECT_TRUE(said().contains(u"打印已停止。"));
+    EXPECT_TRUE(says(u"打印已停止。"));
     printer->setOutputFileName(u"/no/such/folder/report.pdf"_s);
     preview.startPrinting();
     ASSERT_TRUE(QTest::qWaitFor(workDone, 30'000));
-    EXPECT_TRUE(preview.isVisible() && said().contains(u"打印没有完成。"));
+    EXPECT_TRUE(preview.isVisible() && says(u"打印没有完成。"));
     setUp(*printer, u"shown.pdf"_s);
     printer->setFromTo(2, 4);
     preview.startPrinting();
@@ -285,7 +290,7 @@ TEST_F(BandedReportTest, ALongReportIsShownAPageAtATimeAndPrintedAsAnyOther) {
         books->books.resize(size_t(rows));
         const std::unique_ptr<QDialog> shown(newReportPreview(report, nullptr));
         EXPECT_EQ(qobject_cast<LongPreview *>(shown.get()) != nullptr, rows > 5000);
-        EXPECT_EQ(shown->windowTitle(), report.caption);
+        EXPECT_EQ(shown->objectName() + shown->windowTitle(), u"DataReportJs"_s + report.caption);
         const auto actions = shown->findChildren<QAction *>();
         EXPECT_EQ(std::ranges::count(actions, QKeySequence(QKeySequence::Print), &QAction::shortcut), 1) << rows;
     }

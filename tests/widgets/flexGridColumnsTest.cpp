@@ -35,10 +35,12 @@ TEST_F(FlexGridWidths, TheStretchedColumnTakesWhatTheOthersLeave) {
 }
 
 TEST_F(FlexGridWidths, TwipsGrowWithAFontAboveTheDesignSize) {
+    grid.setColumnTwips(1, 3000);
     const auto inch = [this](int size) {
         QFont font = grid.font();
         font.setPixelSize(size);
         grid.setFont(font);
+        EXPECT_EQ(grid.columnWidth(1), grid.toPixels(3000)) << size;
         EXPECT_NEAR(grid.toTwips(grid.toPixels(3000)), 3000, 10) << size;
         return grid.toPixels(1440);
     };

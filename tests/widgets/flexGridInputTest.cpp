@@ -31,6 +31,9 @@ TEST_F(FlexGridInput, MouseMovesClickAndActivate) {
         {[&] { QCoreApplication::sendEvent(grid.viewport(), &drag); }, u"4-4/2", u""},
         {[&] { QTest::mouseRelease(grid.viewport(), Qt::LeftButton, {}, below); }, u"4-4/2", u"click4"},
         {[&] { QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, below); }, u"4-4/2", u"activated4"},
+        {[&] { grid.clickRow(9); }, u"6-6/2", u"leave4 enter6 click6"},
+        {[&] { grid.setRows(1); }, u"0-0/2", u""},
+        {[&] { QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, below); }, u"0-0/2", u""},
     };
     for (int number = 0; const auto &[act, expected, signalsSeen] : steps) {
         act();

@@ -168,6 +168,42 @@ TEST_F(FlexGridTest, CellsMoveWithTheirRowsAndTheCurrentNumberStays) {
     EXPECT_TRUE(taken().isEmpty()) << "changes by the program send no signals";
 }
 
+TEST_F(FlexGridTest, TheViewLearnsOfEachChange) {
+    QStringList told;
+    QObject::connect(grid.model(), &QAbstractItemModel::dataChanged, [&](const auto &from, const auto &to) {
+        told.append(u"%1,%2-%3,%4"_s.arg(from.row()).arg(from.column()).arg(to.row()).arg(to.column()));
+    });
+    QObject::connect(grid.model(), &QAbstractItemModel::headerDataChanged,
+                     [&](auto, int from, int to) { told.append(u"%1-%2"_s.arg(from).arg(to)); });
+    const auto of = [&](const std::function<void()> &act) {
+        told.clear();
+        act();
+        return told.join(u' ');
+    };
+    EXPECT_EQ(of([&] { grid.setText(2, 1, u"新"_s); }), u"1,1-1,1"_s);
+    EXPECT_EQ(of([&] { grid.setText(0, 3, u"新"_s); }), u"3-3"_s);
+    EXPECT_EQ(of([&] { grid.setText(0, 3, u"新"_s); }), QString());
+    EXPECT_EQ(of([&] { grid.setCellBackground(6, 2, 1); }), u"5,2-5,2"_s);
+    EXPECT_EQ(of([&] { grid.setColumnAlignment(1, Qt::AlignRight); }), u"0,1-5,1"_s);
+    EXPECT_EQ(of([&] { grid.setHeadingAlignment(Qt::AlignRight); }), u"0-0 1-1 2-2 3-3"_s);
+    EXPECT_EQ(grid.model()->index(0, 1).data(Qt::TextAlignmentRole).toInt(), int(Qt::AlignRight));
+    EXPECT_EQ(grid.model()->headerData(3, Qt::Horizontal, Qt::TextAlignmentRole).toInt(), int(Qt::AlignRight));
+    EXPECT_EQ(of([&] { grid.sourceChanged(2, 1); }), QString()) << "no source";
+    grid.bind(std::make_shared<Source>(3));
+    EXPECT_EQ(of([&] { grid.sourceChanged(2, 1); }), u"1,1-1,1"_s);
+    for (const auto &[row, column] : {std::pair(4, 1), {0, 1}, {2, 4}})
+        EXPECT_EQ(of([&, row = row, column = column] { grid.sourceChanged(row, column); }), QString());
+    grid.showOnly(std::vector<int>{0});
+    EXPECT_EQ(of([&] { grid.sourceChanged(2, 1); }), QString()) << "not shown";
+    EXPECT_EQ(of([&] { grid.clear(); }), u"0,0-2,3"_s) << "and no filter";
+    FlexGrid list(u"Grid2"_s, 2, 0);
+    list.setRows(1);
+    list.setText(0, 1, u"首行"_s);
+    EXPECT_EQ(list.text(0, 1), u"首行"_s);
+    EXPECT_EQ(list.model()->index(0, 1).data(), u"首行"_s);
+    EXPECT_GT(list.cellRect(0, 1).height(), 0);
+}
+
 TEST_F(FlexGridTest, CellsOutsideReadEmptyAndIgnoreWrites) {
     for (const auto &[row, column] : {std::pair{-1, 1}, {7, 1}, {1, -1}, {1, 4}, {0, 4}, {INT_MAX, INT_MIN}}) {
         grid.setText(row, column, u"x"_s);

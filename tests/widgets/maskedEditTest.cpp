@@ -76,11 +76,17 @@ TEST_F(MaskedEditTest, IsLeftOnceAndSelectsWhenItIsEntered) {
     edit.setText(u"1999-__-__"_s);
     QTest::mouseClick(&edit, Qt::LeftButton);
     EXPECT_EQ(edit.selectedText().size(), 10);
+    edit.deselect();
+    QTest::mouseClick(&edit, Qt::LeftButton);
+    EXPECT_FALSE(edit.hasSelectedText()) << "a click in the field itself moves the cursor only";
+    edit.selectAll();
     QTest::keyClicks(&edit, u"7"_s);
     EXPECT_EQ(edit.text(), u"7___-__-__"_s);
     QFocusEvent away(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
     QCoreApplication::sendEvent(&edit, &away);
     EXPECT_EQ(leaves, 1) << "switching to another program does not leave the field";
+    other.setFocus();
+    EXPECT_EQ(leaves, 2);
 }
 
 } // namespace

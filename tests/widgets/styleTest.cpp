@@ -2,6 +2,7 @@
 #include "widgets/appearance.h"
 #include "widgets/deskStyle.h"
 #include "widgets/flexGrid.h"
+#include "widgets/heading.h"
 #include <QApplication>
 #include <QHeaderView>
 #include <gtest/gtest.h>
@@ -59,6 +60,7 @@ TEST(Appearance, WindowsFollowAChangeWhileTheProgramRuns) {
     next.takeDesktop(false);
     EXPECT_FALSE(isDark());
 
+    const Heading heading(QStringLiteral("heading"), QStringLiteral("标题"), titleSize);
     const int height = grid.verticalHeader()->defaultSectionSize();
     const QFont former = QApplication::font();
     QFont larger = former;
@@ -66,6 +68,7 @@ TEST(Appearance, WindowsFollowAChangeWhileTheProgramRuns) {
     QApplication::setFont(larger);
     QCoreApplication::processEvents();
     EXPECT_GT(grid.verticalHeader()->defaultSectionSize(), height * 3 / 2);
+    EXPECT_NEAR(heading.font().pointSizeF(), larger.pointSizeF() * titleSize, 0.1);
     QApplication::setFont(former);
 }
 

@@ -16,7 +16,7 @@ TEST(Button, AShortcutDoesNotReachBehindAModalWindow) {
     behind.show();
     const auto pressOn = [](Button &receiver) {
         QShortcutEvent key(QKeySequence(Qt::ALT | Qt::Key_Q), 0);
-        QApplication::sendEvent(&receiver, &key);
+        EXPECT_TRUE(QApplication::sendEvent(&receiver, &key)) << "the key goes no further";
     };
     const auto press = [&] { pressOn(button); };
     press();

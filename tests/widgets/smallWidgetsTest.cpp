@@ -1,0 +1,125 @@
+// Labels, icons and the helpers of layouts.
+#include "support/qtPrinters.h"
+#include "widgets/button.h"
+#include "widgets/choiceList.h"
+#include "widgets/clickLabel.h"
+#include "widgets/deskStyle.h"
+#include "widgets/flexGrid.h"
+#include "widgets/layout.h"
+#include "widgets/lineIcon.h"
+#include "widgets/oneSize.h"
+#include <QEnterEvent>
+#include <QLineEdit>
+#include <QSplitter>
+#include <QTest>
+
+using namespace widgets;
+
+TEST(ClickLabel, LooksAsItsStateAndIsClickedByKeys) {
+    for (const auto look : {ClickLabel::Look::Raised, ClickLabel::Look::Underlined}) {
+        const bool raised = look == ClickLabel::Look::Raised;
+        ClickLabel label(u"label"_s, u"名"_s, look);
+        label.resize(60, 40);
+        const auto picture = [&] { return label.grab().toImage(); };
+        const QImage plain = picture();
+        EXPECT_EQ(plain.pixelColor(59, 20) != plain.pixelColor(55, 20), raised) << "the edge";
+        label.setDown(true);
+        EXPECT_EQ(picture() != plain, raised);
+        label.setDown(false);
+        label.setPaintedText(u"甲"_s);
+        EXPECT_NE(picture(), plain);
+        label.setPaintedText({});
+        label.setTextFlags(Qt::AlignRight);
+        EXPECT_NE(picture(), plain);
+        const QSize words(label.fontMetrics().horizontalAdvance(u"名"_s), label.fontMetrics().height());
+        const QSize around = label.sizeHint() - words;
+        EXPECT_TRUE(raised ? around.height() > 6 && around.width() == 2 * around.height() : around == QSize(0, 0));
+
+        QStringList lines;
+        const auto after = [&](QEvent &&event) {
+            QCoreApplication::sendEvent(&label, &event);
+            lines.append(label.font().underline() ? u"under"_s : u"none"_s);
+        };
+        after(QEnterEvent({}, {}, {}));
+        after(QEvent(QEvent::Leave));
+        after(QFocusEvent(QEvent::FocusIn));
+        after(QFocusEvent(QEvent::FocusOut));
+        EXPECT_EQ(lines.join(u' '), raised ? u"none none none none"_s : u"under none under none"_s);
+        int clicks = 0;
+        QObject::connect(&label, &ClickLabel::clicked, [&] { ++clicks; });
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_A})
+            QTest::keyClick(&label, key);
+        EXPECT_EQ(clicks, 3);
+    }
+}
+
+TEST(Layout, TabFollowsTheLayoutAndHiddenControlsKeepTheirPlace) {
+    QWidget window;
+    auto *last = named(new QLineEdit, u"last"_s), *first = named(new QLineEdit, u"first"_s);
+    auto *right = named(new QLineEdit, u"right"_s), *left = named(new QLineEdit, u"left"_s);
+    auto *split = new QSplitter;
+    split->addWidget(left);
+    split->addWidget(right);
+    auto *label = new QLabel(u"书名(&N)"_s);
+    auto *title = new QLineEdit;
+    auto *line = hairline(&window);
+    window.setLayout(column({first, framed(new QGroupBox, row({split})), labelled(label, title), line, {last, 1}}));
+    tabInReadingOrder(&window);
+    QStringList names;
+    for (QWidget *at = first; names.size() < 5; at = at->nextInFocusChain())
+        if (at->focusPolicy() & Qt::TabFocus)
+            names.append(at->objectName() + at->accessibleName());
+    EXPECT_EQ(names.join(u' '), u"first left right 书名 last"_s);
+    EXPECT_EQ(label->buddy(), title);
+    EXPECT_EQ(line->foregroundRole(), QPalette::Mid);
+    window.show();
+    const int below = last->y();
+    keepPlace(title);
+    title->hide();
+    label->hide();
+    QCoreApplication::sendPostedEvents();
+    window.layout()->activate();
+    EXPECT_EQ(last->y(), below);
+    hint({{title, u"F3"}});
+    EXPECT_EQ(title->toolTip(), u"F3"_s);
+    EXPECT_EQ(plainTip({}), QString());
+    EXPECT_TRUE(plainTip(u"<b>"_s).contains(u"&lt;b&gt;"));
+    keepOneSize(&window);
+    EXPECT_FALSE(window.windowFlags() & (Qt::WindowMaximizeButtonHint | Qt::WindowMinimizeButtonHint));
+}
+
+// A screen reader reads the names, and the documents use them.
+TEST(Controls, HaveTheirNames) {
+    const FlexGrid grid(u"name"_s, 1, 1);
+    const ClickLabel label(u"name"_s, u"题名"_s, ClickLabel::Look::Raised);
+    QWidget window;
+    const ChoiceList list(u"name"_s, u"列表"_s, &window);
+    const Button button(u"name"_s, u"&Q 退出"_s);
+    for (const auto &[control, spoken] : {std::pair<const QWidget *, QString>{&grid, u"name"_s},
+                                          {&label, u"题名"_s},
+                                          {&list, u"列表"_s},
+                                          {&button, u"Q 退出"_s}}) {
+        EXPECT_EQ(control->objectName(), u"name"_s);
+        EXPECT_EQ(control->accessibleName(), spoken);
+    }
+}
+
+TEST(LineIcon, HasTheColoursOfTheSchemeAndIsMadeOnce) {
+    const QPalette before = QApplication::palette();
+    std::vector<QImage> pictures;
+    for (const Scheme scheme : {Scheme::Light, Scheme::Dark}) {
+        QApplication::setPalette(schemePalette(scheme));
+        for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Disabled}) {
+            const QPixmap made = lineIcon(u"critical"_s).pixmap(16, mode);
+            EXPECT_EQ(lineIcon(u"critical"_s).pixmap(16, mode).cacheKey(), made.cacheKey());
+            for (const QImage &other : pictures)
+                EXPECT_NE(made.toImage(), other);
+            pictures.push_back(made.toImage());
+        }
+    }
+    QApplication::setPalette(before);
+    const DeskStyle style;
+    EXPECT_EQ(style.standardPixmap(QStyle::SP_MessageBoxCritical, nullptr, nullptr).toImage(),
+              lineIcon(u"critical"_s).pixmap(style.pixelMetric(QStyle::PM_SmallIconSize, nullptr, nullptr)).toImage());
+    EXPECT_FALSE(style.standardPixmap(QStyle::SP_TrashIcon, nullptr, nullptr).isNull());
+}
