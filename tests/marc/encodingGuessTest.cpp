@@ -122,10 +122,16 @@ TEST(EncodingGuess, TurnsAtItsThresholds) {
         {wide, Utf16Le, false},
         {wide.sliced(1) + '\0', Gbk, false}, // a zero too many
         {'\0' + wide.chopped(1), Utf16Be, false},
+        {"<html>", Gbk, false},
+        {"\xEF\xBB\xBF\n<x:record>", MarcXml, false},
+        {QByteArray("<\0r\0e\0c\0o\0r\0d\0", 14), MarcXml, false},
+        {"<MarcXchange>", MarcXchange, false},
     };
     for (int number = 0; const auto &[bytes, encoding, doubtful] : rows) {
         EncodingGuess guess;
         guess.take(bytes);
+        if (encoding == MarcXml || encoding == Utf16Le)
+            guess.take("\xB0\xA1"); // the beginning is certain
         ++number;
         EXPECT_EQ(guess.guess(), encoding) << number;
         EXPECT_EQ(guess.isDoubtful(), doubtful) << number;

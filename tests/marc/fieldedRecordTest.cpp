@@ -78,6 +78,8 @@ TEST(FieldedRecord, IsCutByItsDirectory) {
         EXPECT_EQ(record.leader, head);
     }
     FieldedRecord record{{}, {{u"200"_s, u"x"_s}}};
+    for (const auto &[data, fits] : {std::pair(u"x|y|"_s, true), {u"x|"_s, false}, {u"x|y|z"_s, false}})
+        EXPECT_EQ(record.take("leader", "001200", real(data)), fits) << data.toStdString();
     EXPECT_EQ(record.take(u"short"_s), Cut::None);
     EXPECT_EQ(record, (FieldedRecord{u"short"_s, {}}));
     // Entries that refer to the same long field again and again would fill the memory.

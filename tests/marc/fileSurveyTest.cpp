@@ -76,6 +76,8 @@ TEST(FileSurvey, ReportsEncodingLineEndsAndReadableRecords) {
          u"编码：UTF-16 LE"_s + need + u" 行结束符：CR LF 记录 5 条 目次区损坏 5 条", true},
         {wide(lines, QStringConverter::Utf16BE).mid(2),
          u"编码：UTF-16 BE"_s + need + u" 行结束符：CR LF 记录 5 条 目次区损坏 5 条", true},
+        {wide(QString(one + u'\n').repeated(5), QStringConverter::Utf16LE),
+         u"编码：UTF-16 LE"_s + need + u" 行结束符：LF " + few + u" 目次区损坏 1 条", true},
         {damaged, gbk + u" 行结束符：CR LF 记录 2 条 目次区损坏 1 条", true},
         {shifted, gbk + u" 行结束符：CR LF 记录 5 条 目次区与字段对不上 5 条，请整理", true},
         {platform::encode(QString(lines + one)).chopped(1),
@@ -94,6 +96,7 @@ TEST(FileSurvey, ReportsEncodingLineEndsAndReadableRecords) {
         EXPECT_EQ(text(told), expected);
         EXPECT_EQ(told.disagree, disagree) << expected.toStdString();
     }
+    EXPECT_FALSE(describe({}).lines[2].isWarning) << "an empty file";
     EXPECT_EQ(survey(folder.file(u"f"_s, rare.toUtf8())).encoding, FileEncoding::Utf8);
 }
 

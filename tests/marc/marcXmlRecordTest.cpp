@@ -97,6 +97,7 @@ TEST(MarcXmlRecord, OtherRecordsArePassedOver) {
         EXPECT_EQ(read.passedOver, passedOver) << xml.toStdString();
     }
     for (const auto &[text, expected] : {std::pair<QByteArray, QString>{"", u"00000nam0 2200000   450 "_s},
+                                         {"00000\tam\x7F 2200000   450x", u"00000 am  2200000   450x"_s},
                                          {"00000cam1 2200000   450x", u"00000cam1 2200000   450x"_s},
                                          {"\n 00000cam1 2200000   450x\n", u"00000cam1 2200000   450x"_s}}) {
         QString leader;
