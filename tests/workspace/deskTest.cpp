@@ -28,6 +28,9 @@ TEST_F(DeskTest, FindsRecordsAndTags) {
     QTest::keyClick(&window, Qt::Key_F3, Qt::ShiftModifier);
     EXPECT_EQ(window.Grid2->row(), 28) << "continues from the end of the list";
     EXPECT_EQ(window.Text2->pacedText(), u"29"_s) << "current, as after a click";
+    window.findLine->findText->clear();
+    EXPECT_EQ(window.findLine->findCount->text(), QString());
+    window.findLine->findText->setText(u"题2"_s);
 
     change(3, u"改了"_s); // leaving a hit asks as leaving any other record does
     host.willAnswer(platform::Answer::No);
@@ -240,6 +243,10 @@ TEST(StatusLine, ShowsTheMostUrgentFirst) {
     facts = {.fieldsCameOrWent = true, .file = {.lines = 3, .terminators = 5}, .read = 3, .readToTheEnd = true};
     EXPECT_EQ(statusLine(facts),
               u"⚠ 本条增删了字段，离开时不会询问：请改动一处内容　文件有 5 个记录结束符，读出 3 条"_s);
+    facts = {.file = {.lines = 200, .terminators = 200}, .read = 200};
+    EXPECT_EQ(statusLine(facts), QString()) << "all lines are read";
+    facts = {.file = {.lines = 200}};
+    EXPECT_EQ(statusLine(facts), QString()) << "nothing is read yet";
     facts = {.databaseTrouble = u"没有"_s};
     EXPECT_EQ(statusLine(facts), u"⚠ 没有，不能导入"_s);
     facts = {.warning = u"W"_s, .column = 12, .columns = 36, .assistant = true};

@@ -30,6 +30,36 @@ TEST(EditedRecord, IgnoresRowsThatDoNotExist) {
     record.edit({.row = 1, .column = ValueColumn + 1, .text = u"x"_s});
     record.insert({0, {}});
     record.insert({int(rows.size()) + 2, {}});
+    record.paste({0, {{}}});
+    record.paste({int(rows.size()) + 2, {{}}});
+    record.paste({1, {}});
     record.remove(2, int(rows.size()));
     EXPECT_TRUE(record.rows() == rows && !record.state().edited && !record.undo());
+}
+
+TEST(EditedRecord, LeavingReportsAChangeOnly) {
+    EditedRecord record;
+    int edited = 0;
+    QObject::connect(&record, &EditedRecord::edited, [&] { ++edited; });
+    const std::pair<std::function<void()>, bool> acts[] = {
+        {[] {}, false},
+        {[&] { record.edit({.row = 3, .text = u"x"_s}); }, true},
+        {[&] { record.edit({.row = 3, .text = u"y"_s, .marks = false}); }, true},
+        {[&] {
+             record.insert({2, {}});
+         },
+         true},
+    };
+    for (int number = 0; const auto &[act, changes] : acts) {
+        record.show(recordOf({{u"200"_s, u"1 $a题"_s}}), u"/nowhere/"_s, {});
+        act();
+        edited = 0;
+        record.leave(EditedRecord::Mark::Goes);
+        EXPECT_EQ(edited, changes) << number++;
+        EXPECT_FALSE(record.state().edited || record.state().rowsCameOrWent || record.differsFromList());
+    }
+    QString damaged;
+    record.show(QString(recordOf({{u"200"_s, u"1 $a题"_s}})).insert(24, u'0'), u"/nowhere/"_s,
+                [&](const marc::RawRecord &text) { damaged = text; });
+    EXPECT_TRUE(record.rowCount() == 1 && !damaged.isEmpty());
 }

@@ -84,8 +84,8 @@ TEST(FieldEditing, RefusalsOfIdentitiesInTheirOrder) {
 }
 
 TEST(FieldEditing, LimitsAndAssistants) {
-    const auto rows = rowsOf(u"000 001 100 $a 200 $a ??? CAT 100 $b $a"_s);
-    const std::optional<int> limits[] = {24, {}, 2, {}, 2, {}, {}, {}, 2, {}, {}};
+    const auto rows = rowsOf(u"000 001 100 $a 200 $a ??? CAT 100 $b $a 009 010"_s);
+    const std::optional<int> limits[] = {24, {}, 2, {}, 2, {}, {}, {}, 2, {}, {}, {}, 2};
     for (int i = 0; i < rows.size(); ++i)
         EXPECT_EQ(contentLimit(rows, i + 1), limits[i]) << i;
     EXPECT_EQ(contentLimit({row(u"x"_s.repeated(100)), row(u"$a"_s)}, 2), 36); // cannot come from a file

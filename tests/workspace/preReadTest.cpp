@@ -1,5 +1,6 @@
 #include "workspace/windows/frmSelectMFile.h"
 #include "workspaceFixture.h"
+#include <QCompleter>
 
 using ReadingTest = Workspace;
 
@@ -158,6 +159,9 @@ TEST(SelectMarcFile, RefusesAndOpens) {
     window.cmdLL->click();
     EXPECT_EQ(window.Text1->text(), QString());
 
+    EXPECT_GT(window.cmdClick[0]->y(), window.Frame1->geometry().bottom());
+    window.Text1->completer()->setCompletionPrefix(u"目 1.ISO"_s);
+    EXPECT_EQ(window.Text1->completer()->completionCount(), 1) << "any part, in any case";
     window.Text1->setFocus(); // Down opens the list of recent files and moves down in it
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     QTest::keyClick(window.Text1, Qt::Key_Down);
@@ -173,8 +177,12 @@ TEST(SelectMarcFile, RefusesAndOpens) {
 TEST(SelectMarcFile, EnterIsForTidyingWhereTheFileWillBeReadWrong) {
     ScriptedHost host;
     QStringList ways;
-    workspace::frmSelectMFile window(
-        host, {[&](const QString &) { ways.append(u"open"_s); }, [&](const QString &) { ways.append(u"tidy"_s); }});
+    std::function<void()> whileOpen = [] {};
+    workspace::frmSelectMFile window(host, {[&](const QString &) {
+                                                ways.append(u"open"_s);
+                                                whileOpen();
+                                            },
+                                            [&](const QString &) { ways.append(u"tidy"_s); }});
     const QString path = host.folder + u"/a.iso", good = recordOf(u"200=10$a数据库原理与应用"_s) + u"\r\n";
     const auto holds = [&](const QByteArray &bytes) {
         QFile file(path);
@@ -205,6 +213,13 @@ TEST(SelectMarcFile, EnterIsForTidyingWhereTheFileWillBeReadWrong) {
     window.choose(path + u' ');
     looked(true);
     EXPECT_TRUE(window.cmdTidy->hasFocus()); // the focus moves to it
+    whileOpen = [&] { holds(platform::encode(good)); };
     window.cmdClick[0]->click();
     EXPECT_EQ(ways.last(), u"open"_s);
+    looked(false); // looks again after the workspace is closed
+    window.Text1->setFocus();
+    holds(platform::encode(good).chopped(2).repeated(4));
+    window.Text1->setText(path + u"  ");
+    looked(true);
+    EXPECT_TRUE(window.Text1->hasFocus()) << "whoever types goes on";
 }

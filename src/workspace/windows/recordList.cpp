@@ -52,7 +52,6 @@ void RecordList::keyPressEvent(QKeyEvent *event) {
     const bool command = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
     const QString text = event->text();
     if (!command && !text.isEmpty() && text[0].isPrint() && !text[0].isSpace()) {
-        event->accept();
         Q_EMIT lettersTyped(text);
         return;
     }

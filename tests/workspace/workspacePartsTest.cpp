@@ -1,0 +1,119 @@
+// The line of facts and the division of the workspace, each on its own.
+#include "support/testFolder.h"
+#include "widgets/styleTokens.h"
+#include "workspace/preReadEngine.h"
+#include "workspace/statusFacts.h"
+#include "workspace/windows/statusPills.h"
+#include "workspace/windows/workspaceRoom.h"
+#include <QTest>
+
+using namespace workspace;
+using widgets::Colour;
+
+TEST(StatusPills, ShortenTheLongestFactsAndLeaveTheKeysOut) {
+    const auto painted = [](const QStringList &facts, int width) {
+        StatusPills line(u"labStatus"_s);
+        line.setPalette(widgets::schemePalette(widgets::Scheme::Dark));
+        line.setText(facts.join(statusSeparator));
+        line.resize(width, 40);
+        const QImage picture = line.grab().toImage();
+        QString runs; // of one colour, through the pills above their texts
+        int end = 0;
+        const int padding = widgets::space(widgets::Space::Small, line.fontMetrics());
+        const int y = (40 - line.fontMetrics().height() - padding / 2) / 2 + 1;
+        for (int x = 0; x < width; ++x) {
+            const QChar sign = picture.pixelColor(x, y) == widgets::colour(Colour::QuietTint, line.palette()) ? u'f'
+                               : picture.pixelColor(x, y) == widgets::colour(Colour::WarningTint, line.palette())
+                                   ? u'w'
+                                   : u' ';
+            end = sign == u' ' ? end : x;
+            if (!runs.endsWith(sign))
+                runs += sign;
+        }
+        QSet<QRgb> right;
+        for (int x = end + 20; x < width; ++x)
+            for (int row = 0; row < 40; ++row)
+                right.insert(picture.pixel(x, row));
+        return std::tuple(runs.trimmed(), end, right.size() > 1);
+    };
+    const QString fact = u"已改 3 条，未导入"_s;
+    const auto [one, oneEnd, keys] = painted({fact}, 800);
+    EXPECT_TRUE(one == u"f" && keys);
+    const auto [three, threeEnd, more] = painted({fact, u"⚠ 没有"_s, fact}, 1200);
+    EXPECT_TRUE(three == u"f w f" && more) << three.toStdString();
+    EXPECT_GT(threeEnd, 2 * oneEnd);
+    const auto [cut, cutEnd, none] = painted({fact, u"⚠ "_s + fact.repeated(20), fact}, 800);
+    EXPECT_EQ(cut, u"f w f"_s);
+    EXPECT_TRUE(cutEnd > 780 && cutEnd < 800 && !none) << cutEnd;
+    EXPECT_TRUE(std::get<0>(painted({}, 10)).isEmpty());
+}
+
+TEST(WorkspaceRoom, SharesItsSpaceAndRemembersWhatTheUserMoved) {
+    const TestFolder folder;
+    const platform::DeskState state(folder.path());
+    QList<QList<int>> sizes;
+    for (const bool first : {true, false}) {
+        QWidget window;
+        auto *room = new WorkspaceRoom(new QWidget, new QWidget, &window);
+        room->addRemarks(new QWidget);
+        const auto splitters = QList<QSplitter *>{room} + room->findChildren<QSplitter *>();
+        for (QWidget *remarks : {splitters[1]->widget(1), splitters[2]->widget(1)})
+            remarks->show();
+        room->resize(900, 600);
+        room->share(300, 600);
+        window.show();
+        EXPECT_NEAR(room->sizes()[0], 300, 5);
+        EXPECT_EQ(room->widget(0)->minimumWidth(), 150);
+        for (QSplitter *splitter : splitters) {
+            EXPECT_FALSE(splitter->childrenCollapsible());
+            EXPECT_GT(splitter->sizes()[1], 30) << splitter->objectName().toStdString();
+        }
+        const auto of = [&] {
+            QList<QList<int>> all;
+            for (const QSplitter *splitter : splitters)
+                all.append(splitter->sizes());
+            return all;
+        };
+        if (!first) {
+            EXPECT_NE(of(), sizes);
+            room->recall(state);
+            EXPECT_EQ(of(), sizes);
+            EXPECT_TRUE(room->cmdWholeText->isChecked());
+            continue;
+        }
+        for (QSplitter *splitter : splitters)
+            splitter->setSizes({350, 250});
+        room->cmdWholeText->setChecked(true);
+        sizes = of();
+        room->remember(state);
+    }
+}
+
+TEST(ReadRecords, ListEachRecordOnceAndReportTheEnd) {
+    const TestFolder folder;
+    const QString path = folder.file(u"a.iso"_s, QByteArray("x\x1D\r\n").repeated(5));
+    const struct {
+        ReadRange range;
+        int stopAfter;
+        QString listed;
+        bool atEnd;
+    } rows[] = {{{.limit = 9}, 9, u"1 2 3 4 5"_s, true},
+                {{.limit = 5}, 9, u"1 2 3 4 5"_s, true},
+                {{.limit = 3}, 9, u"1 2 3"_s, false},
+                {{.passOver = 3, .limit = 9}, 9, u"4 5"_s, true},
+                {{.limit = 9}, 2, u"1 2"_s, false}};
+    for (const auto &[range, stopAfter, expected, atEnd] : rows) {
+        marc::PreReadStore store;
+        store.setRows(int(range.passOver));
+        QStringList listed;
+        auto cutter = marc::RecordCutter::open(path).value();
+        const ReadEnd end = readRecords(cutter, range, store,
+                                        {.yield = [] {},
+                                         .abandoned = [] { return false; },
+                                         .stopRequested = [&] { return listed.size() >= stopAfter; },
+                                         .damaged = {},
+                                         .listed = [&](int count) { listed.append(QString::number(count)); }});
+        EXPECT_EQ(listed.join(u' '), expected);
+        EXPECT_EQ(end.atEnd, atEnd) << expected.toStdString();
+    }
+}
