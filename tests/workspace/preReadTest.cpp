@@ -221,5 +221,5 @@ TEST(SelectMarcFile, EnterIsForTidyingWhereTheFileWillBeReadWrong) {
     holds(platform::encode(good).chopped(2).repeated(4));
     window.Text1->setText(path + u"  ");
     looked(true);
-    EXPECT_TRUE(window.Text1->hasFocus()) << "whoever types goes on";
+    EXPECT_TRUE(window.Text1->hasFocus()) << "the box that the user types in keeps it";
 }
