@@ -2,6 +2,7 @@
 #include "handbook/windows/pagePrint.h"
 #include "support/scriptedHost.h"
 #include "support/windowState.h"
+#include <QPointer>
 #include <QPrinter>
 #include <QProcess>
 #include <QScrollBar>
@@ -66,6 +67,9 @@ TEST_F(HandbookTest, LinksOpenPagesAndHeadingsAndBackReturns) {
     EXPECT_EQ(top(), 700);
     window->cmdForward->click();
     EXPECT_EQ(view()->file(), u"c.md"_s);
+    window->findText->setText(u"段"_s);
+    EXPECT_EQ(view()->extraSelections().size(), 400);
+    window->findText->clear();
     window->contents->setCurrentRow(2);
     EXPECT_EQ(view()->file(), u"b.md"_s);
     auto *table = qobject_cast<QTextTable *>(view()->document()->rootFrame()->childFrames().value(0));
@@ -81,7 +85,12 @@ TEST_F(HandbookTest, OpensAtTheHeading) {
         const QTextCursor inSight = fresh.view->cursorForPosition({20, 20});
         EXPECT_EQ(inSight.block().text(), u"第二 节"_s) << opened;
         fresh.view->verticalScrollBar()->setValue(0);
+        fresh.findText->setText(u"二"_s);
     }
+    EXPECT_EQ(fresh.findText->text(), u"二"_s) << "opened while it was visible";
+    fresh.close();
+    fresh.openBefore(&front, {u"c.md"_s, {}});
+    EXPECT_EQ(fresh.findText->text(), QString());
 }
 
 TEST_F(HandbookTest, SearchCoversThePageAndThenTheOthers) {
@@ -89,12 +98,14 @@ TEST_F(HandbookTest, SearchCoversThePageAndThenTheOthers) {
     EXPECT_EQ(titles(), u"首页（1 处）|丙页（1 处）|乙页（2 处）"_s);
     EXPECT_EQ(window->contents->item(2)->text().section(u'\n', 1), u"…页 键 作用 F3 导入导入…"_s);
     QStringList way;
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
     for (int i = 0; i < 5; ++i) {
-        window->next();
+        QTest::keyClick(window->findText, Qt::Key_F3);
         way.append(view()->file() + QString::number(view()->currentMark()));
-        EXPECT_EQ(view()->textCursor().block().text().contains(u"导入"), true);
+        EXPECT_TRUE(view()->textCursor().block().text().contains(u"导入") && !view()->textCursor().hasSelection());
+        EXPECT_TRUE(window->findCount->text().startsWith(u"本页第 %1 /"_s.arg(view()->currentMark() + 1)));
     }
-    window->previous();
+    QTest::keyClick(window->findText, Qt::Key_F3, Qt::ShiftModifier);
     way.append(view()->file() + QString::number(view()->currentMark()));
     EXPECT_EQ(way.join(u' '), u"index.md0 c.md0 b.md0 b.md1 index.md0 b.md1"_s);
     EXPECT_EQ(window->findCount->text(), u"本页第 2 / 2 处"_s);
@@ -172,10 +183,25 @@ TEST_F(HandbookTest, EverythingByKeyboard) {
         EXPECT_EQ(state.changes(), changes) << key;
     }
     EXPECT_TRUE(window->findText->isClearButtonEnabled() && window->contents->wordWrap());
-    auto *preview = window->findChild<QDialog *>(u"handbookPrint"_s);
+    const QPointer<QDialog> preview = window->findChild<QDialog *>(u"handbookPrint"_s);
     ASSERT_TRUE(preview);
     EXPECT_EQ(preview->windowTitle(), u"使用手册：首页"_s);
     preview->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_FALSE(preview);
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    window->findText->setText(u"甲"_s);
+    QTest::keyClick(view(), Qt::Key_F, Qt::ControlModifier);
+    QTest::keyClick(window->findText, Qt::Key_B);
+    EXPECT_EQ(window->findText->text(), u"b"_s) << "typed over the earlier words";
+    for (const auto &[control, key] : {std::pair<QWidget *, QStringView>{window->cmdBack, u"Alt+←"},
+                                       {window->cmdForward, u"Alt+→"},
+                                       {window->cmdContents, u"Alt+Home"},
+                                       {window->cmdPrint, u"Ctrl+P"},
+                                       {window->findText, u"Shift+F3"}})
+        EXPECT_TRUE(control->toolTip().contains(key)) << key.toUtf8().constData();
+    EXPECT_TRUE(window->findText->placeholderText().contains(u"Ctrl+F"));
     EXPECT_EQ(state.grown({200, 100}), u"across wh; contents h; pageView wh"_s);
 }
 
@@ -254,6 +280,8 @@ TEST_F(HandbookTest, APageIsPrintedWithItsPictures) {
 
 // The sizes that the user chose are restored at the next start.
 TEST_F(HandbookTest, SizesAreKept) {
+    EXPECT_LT(window->across->sizes()[0] * 2, window->across->sizes()[1]);
+    EXPECT_GT(view()->font().pointSizeF(), QApplication::font().pointSizeF());
     window->resize(900, 500);
     window->across->setSizes({300, 590});
     const int width = window->contents->width();

@@ -116,6 +116,21 @@ TEST(Pages, EveryWindowHasAPage) {
     }
 }
 
+TEST(Hits, CountEachAndQuoteTheFirst) {
+    const std::tuple<QString, QString, int, QString> rows[] = {
+        {u"F3 查找，f3"_s, u"f3"_s, 2, u"F3 查找，f3"_s},
+        {u"一二三四五六七八九十 甲\n"_s + u"乙"_s.repeated(40), u"甲"_s, 1,
+         u"二三四五六七八九十 甲 "_s + u"乙"_s.repeated(29)},
+        {u"aaaa"_s, u"aa"_s, 2, u"aaaa"_s},
+        {u"甲"_s, u"乙"_s, 0, {}},
+        {u"甲"_s, {}, 0, {}},
+    };
+    for (const auto &[text, words, count, excerpt] : rows) {
+        EXPECT_EQ(hitsIn(text, words).count, count);
+        EXPECT_EQ(hitsIn(text, words).excerpt, excerpt);
+    }
+}
+
 TEST(Pages, ThePageIsThatOfTheInnermostWidgetThatHasOne) {
     const std::pair<QStringList, QString> rows[] = {
         {{u"Text1"_s, u"Picture1"_s, u"frmDaoru"_s, u"marcMain"_s}, u"editing.md"_s},

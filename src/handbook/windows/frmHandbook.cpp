@@ -72,8 +72,6 @@ void frmHandbook::connectControls() {
     connect(cmdForward, &Button::clicked, view, &PageView::forward);
     connect(view, &PageView::backwardAvailable, cmdBack, &Button::setEnabled);
     connect(view, &PageView::forwardAvailable, cmdForward, &Button::setEnabled);
-    cmdBack->setEnabled(false);
-    cmdForward->setEnabled(false);
     connect(cmdContents, &Button::clicked, this, [this] { view->open(firstPage.toString()); });
     connect(cmdPrint, &Button::clicked, this, &frmHandbook::printPage);
     connect(view, &PageView::pageChanged, this, &frmHandbook::showPlace);

@@ -57,8 +57,6 @@ private:
             nameHeading(block);
         } else if (format.hasProperty(QTextFormat::BlockCodeFence)) {
             format.setBackground(m_palette.alternateBase());
-            format.setTopMargin(0);
-            format.setBottomMargin(0);
         } else {
             format.setTopMargin(0);
             format.setBottomMargin(isInTable(block) ? 0 : block.textList() ? m_line / 4 : m_line / 2);
@@ -76,21 +74,21 @@ private:
     }
 
     void inkLinks(const QTextBlock &block) {
+        std::vector<std::pair<int, int>> links; // position and length
         for (auto at = block.begin(); !at.atEnd(); ++at) {
             const QTextFragment part = at.fragment();
             if (!part.charFormat().anchorHref().isEmpty())
-                m_links.push_back({part.position(), part.length()});
+                links.push_back({part.position(), part.length()});
         }
         QTextCharFormat ink;
         ink.setForeground(m_palette.link());
         ink.setFontUnderline(true);
-        for (const auto &[position, length] : m_links) { // after the loop, since changes invalidate the fragments
+        for (const auto &[position, length] : links) { // after the loop, since changes invalidate the fragments
             QTextCursor cursor(&m_document);
             cursor.setPosition(position);
             cursor.setPosition(position + length, QTextCursor::KeepAnchor);
             cursor.mergeCharFormat(ink);
         }
-        m_links.clear();
     }
 
     void dressTable(QTextTable &table) {
@@ -116,7 +114,6 @@ private:
     QTextDocument &m_document;
     const QPalette &m_palette;
     double m_line;
-    std::vector<std::pair<int, int>> m_links; // position and length, in the current block
 };
 
 } // namespace
