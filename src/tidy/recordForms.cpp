@@ -1,5 +1,4 @@
 #include "tidy/recordForms.h"
-#include "platform/codepage936.h"
 #include "platform/xmlParser.h"
 #include <algorithm>
 
@@ -20,26 +19,6 @@ qsizetype firstCharacter(QByteArrayView text) {
 }
 
 } // namespace
-
-bool canHold(TargetForm form, char32_t character) {
-    switch (form) {
-    case TargetForm::GbkIso:
-        return character < 0x10000 && platform::isEncodable(QString(QChar(char16_t(character))));
-    case TargetForm::MarcXml: // the delimiter is not content
-        return character >= 0x20 ? character != 0xFFFE && character != 0xFFFF : character == marc::subfieldDelimiter;
-    case TargetForm::Utf8Iso:
-        break;
-    }
-    return true;
-}
-
-QString leaderFor(TargetForm form, QString leader) {
-    constexpr qsizetype encodingAt = 9, countsAt = 10, entryMapAt = 20;
-    leader.replace(countsAt, 2, u"22"_s).replace(entryMapAt, 4, u"450 "_s);
-    if (form == TargetForm::GbkIso && leader[encodingAt] == u'a')
-        leader[encodingAt] = u' ';
-    return leader;
-}
 
 void MarcXmlWriter::begin() {
     m_xml.append("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<collection xmlns=\"").append(slimNamespace);

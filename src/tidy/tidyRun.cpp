@@ -1,6 +1,6 @@
 #include "tidy/tidyRun.h"
+#include "marc/fitText.h"
 #include "platform/paths.h"
-#include "tidy/fitText.h"
 #include "tidy/isoSource.h"
 #include "tidy/marcXmlSource.h"
 #include <QFileInfo>
@@ -168,7 +168,7 @@ Status TidyRun::keep() {
     for (marc::Field &field : record.fields) {
         if (mayBreak)
             blankBreaks(field.content);
-        if (const QList<char32_t> found = fitText(m_form, field.content); !found.isEmpty())
+        if (const QList<char32_t> found = marc::fitText(m_form, field.content); !found.isEmpty())
             lacking += found;
     }
     Status written = platform::success();

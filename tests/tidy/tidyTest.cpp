@@ -1,6 +1,6 @@
+#include "marc/fitText.h"
 #include "marc/recordMaking.h"
 #include "support/fullDisk.h"
-#include "tidy/fitText.h"
 #include "tidy/isoSource.h"
 #include "tidy/tidying.h"
 #include <QProcess>
@@ -108,12 +108,12 @@ TEST(Tidy, GbkKeepsWhatCanBeKept) {
     };
     for (const auto &[text, expected] : rows) {
         QString fitted = text.toString();
-        const qsizetype lost = fitText(TargetForm::GbkIso, fitted).size();
+        const qsizetype lost = marc::fitText(TargetForm::GbkIso, fitted).size();
         EXPECT_EQ(fitted, expected.toString());
         EXPECT_EQ(lost, expected.count(u'?'));
         for (const TargetForm form : {TargetForm::Utf8Iso, TargetForm::MarcXml}) {
             QString kept = text.toString();
-            EXPECT_TRUE(fitText(form, kept).isEmpty() && kept == text) << kept.toStdString();
+            EXPECT_TRUE(marc::fitText(form, kept).isEmpty() && kept == text) << kept.toStdString();
         }
     }
     // The leader follows the form that is written, not that of the source.

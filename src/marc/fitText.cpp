@@ -1,8 +1,8 @@
-#include "tidy/fitText.h"
+#include "marc/fitText.h"
 #include "platform/codepage936.h"
 #include <algorithm>
 
-namespace tidy {
+namespace marc {
 
 namespace {
 
@@ -90,4 +90,4 @@ QList<char32_t> fitText(TargetForm form, QString &text) {
     return fitting.lacking;
 }
 
-} // namespace tidy
+} // namespace marc
