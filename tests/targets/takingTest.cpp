@@ -1,0 +1,95 @@
+// What becomes of fetched records: the file, and the comparison with the current record.
+#include "marc/recordCutter.h"
+#include "platform/codepage936.h"
+#include "support/testFolder.h"
+#include "targets/fieldComparison.h"
+#include "targets/takenRecords.h"
+#include <gtest/gtest.h>
+
+using namespace targets;
+
+namespace {
+
+marc::FieldedRecord record(std::vector<std::pair<QString, QString>> fields) {
+    marc::FieldedRecord made{u"00000nam a2200000   450 "_s, {}};
+    for (auto &[tag, content] : fields)
+        made.fields.push_back({tag, content.replace(u'$', u'\u001F')});
+    return made;
+}
+
+QString shown(const marc::FieldedRecord &record) {
+    QStringList fields;
+    for (const marc::Field &field : record.fields)
+        fields.append(shownField(field));
+    return fields.join(u'|');
+}
+
+} // namespace
+
+TEST(TakenRecords, TheFileHasOneRecordALineAndNamesWhatGbkLacks) {
+    const TestFolder folder;
+    const marc::FieldedRecord records[] = {
+        record({{u"200"_s, u"1 $a红楼梦"_s}}),
+        record({{u"200"_s, u"1 $a"_s + QString(10'000, u'x')}}),
+        record({{u"200"_s, u"1 $a𠮷野u\u0308\u2003𠮷"_s}, {u"300"_s, u"  $a€☃"_s}}),
+    };
+    const QDate date(2026, 3, 5);
+    const auto taken = writeTaken(folder.path(), date, records);
+    ASSERT_TRUE(taken) << taken.failure().description.toStdString();
+    EXPECT_EQ(taken.value().path, folder.path(u"套录-2026-03-05.iso"_s));
+    EXPECT_EQ(taken.value().written, 2);
+    EXPECT_EQ(taken.value().lacking, QStringList{u"第 2 条 𠮷野u\u0308\u2003𠮷：𠮷☃"_s});
+    ASSERT_EQ(taken.value().refused.size(), 1);
+    EXPECT_TRUE(taken.value().refused[0].startsWith(u"第 2 条 xxx"));
+    auto cutter = marc::RecordCutter::open(taken.value().path);
+    ASSERT_TRUE(cutter);
+    QStringList titles;
+    while (cutter.value().next()) {
+        marc::FieldedRecord read;
+        EXPECT_EQ(read.take(platform::decode(cutter.value().bytes())), marc::Cut::Exact);
+        EXPECT_EQ(read.leader[9], u' ') << "not Unicode";
+        titles.append(read.fields[0].subfield(u'a').value().toString());
+    }
+    EXPECT_EQ(titles, (QStringList{u"红楼梦"_s, u"?野ü ?"_s}));
+    EXPECT_EQ(writeTaken(folder.path(), date, {records, 1}).value().path, folder.path(u"套录-2026-03-05-2.iso"_s));
+    EXPECT_FALSE(writeTaken(folder.path(), date.addDays(1), {records + 1, 1}));
+    EXPECT_FALSE(QFile::exists(folder.path(u"套录-2026-03-06.iso"_s)));
+}
+
+TEST(Comparison, FieldsAreComparedByTagAndTaken) {
+    using State = ComparedField::State;
+    const auto current = record({{u"001"_s, u"own"_s},
+                                 {u"200"_s, u"1 $a红楼"_s},
+                                 {u"606"_s, u"0 $a乙"_s},
+                                 {u"606"_s, u"0 $a甲"_s},
+                                 {u"905"_s, u"  $a馆"_s}});
+    const auto fetched = record({{u"001"_s, u"other"_s},
+                                 {u"010"_s, u"  $a7"_s},
+                                 {u"200"_s, u"1 $a红楼梦"_s},
+                                 {u"606"_s, u"0 $a甲"_s},
+                                 {u"606"_s, u"0 $a丙"_s},
+                                 {u"606"_s, u"0 $a丁"_s}});
+    const auto rows = compareFields(current, fetched);
+    const std::tuple<QString, State, int, int> wanted[] = {
+        {u"001"_s, State::Different, 0, 0},    {u"010"_s, State::OnlyFetched, -1, 1},
+        {u"200"_s, State::Different, 1, 2},    {u"606"_s, State::Different, 2, 4},
+        {u"606"_s, State::Same, 3, 3},         {u"606"_s, State::OnlyFetched, -1, 5},
+        {u"905"_s, State::OnlyCurrent, 4, -1},
+    };
+    ASSERT_EQ(rows.size(), std::size(wanted));
+    for (size_t i = 0; i < rows.size(); ++i) {
+        const auto index = [](const std::optional<size_t> &at) { return at ? int(*at) : -1; };
+        EXPECT_EQ(std::tuple(rows[i].tag, rows[i].state(), index(rows[i].current), index(rows[i].fetched)), wanted[i]);
+    }
+    EXPECT_EQ(shown(withField(current, fetched, rows[2])),
+              u"001 own|200 1 $a红楼梦|606 0 $a乙|606 0 $a甲|905   $a馆"_s);
+    EXPECT_EQ(shown(withField(current, fetched, rows[1])),
+              u"001 own|010   $a7|200 1 $a红楼|606 0 $a乙|606 0 $a甲|905   $a馆"_s);
+    EXPECT_TRUE(withField(current, fetched, rows[6]) == current);
+    EXPECT_EQ(shown(withAllFields(current, fetched)),
+              u"001 own|010   $a7|200 1 $a红楼梦|606 0 $a甲|606 0 $a丙|606 0 $a丁"_s);
+    const auto grid = rowsOf(fetched);
+    ASSERT_TRUE(grid);
+    EXPECT_EQ(grid->at(1).identifier + grid->at(1).value, u"001other"_s);
+    EXPECT_FALSE(rowsOf(record({{u"200"_s, QString(10'000, u'x')}})));
+}
