@@ -40,7 +40,8 @@ INSTANTIATE_TEST_SUITE_P(, Replay,
                                          Target{"configuration", fuzz::configuration}, Target{"texts", fuzz::texts},
                                          Target{"query", fuzz::query}, Target{"maskedEdit", fuzz::maskedEdit},
                                          Target{"splitMerge", fuzz::splitMerge, true}, Target{"tidy", fuzz::tidy, true},
-                                         Target{"drafts", fuzz::drafts}, Target{"schema", fuzz::schema}),
+                                         Target{"drafts", fuzz::drafts}, Target{"schema", fuzz::schema},
+                                         Target{"answers", fuzz::answers}),
                          [](const auto &info) { return info.param.name; });
 
 } // namespace

@@ -1,9 +1,9 @@
 // Searches of real servers, and of one that misbehaves.
-#include "targets/search.h"
 #include "catalogueServers.h"
 #include "rogueServer.h"
 #include "support/qtPrinters.h"
 #include "targets/recordSummary.h"
+#include "targets/targetTest.h"
 #include <QTest>
 #include <ctime>
 #include <gtest/gtest.h>
@@ -198,4 +198,28 @@ TEST(Search, ManyHitsAreFetchedInPortionsUpToTheBounds) {
     bounded.untilFinished({.words = u"1500"_s});
     EXPECT_TRUE(bounded.progress().fault.contains(u"不再取"_s));
     EXPECT_LT(bounded.progress().bytes, 60'000);
+}
+
+TEST(Search, ATestTellsWhatTheServerIsAndHowItsAnswerLooks) {
+    const std::tuple<Target, bool, QString> rows[] = {
+        {openCatalogue(), true, u"服务器：Zebra Information Server/GFS/YAZ"_s},
+        {openCatalogue(), true, u"检索 ISBN 7-02-000220-X：3 条；第一条是“红楼梦”"_s},
+        {with(openCatalogue(), [](Target &t) { t.recordCharset = RecordCharset::Utf8; }), true, u"请改记录的编码"_s},
+        {with(openBySru(QueryLanguage::Pqf), [](Target &t) { t.schema = u"dc"_s; }), true, u"第一条读不懂"_s},
+        {with(openCatalogue(), [](Target &t) { t.port = 1; }), false, u"连不上"_s},
+    };
+    for (const auto &[target, answers, words] : rows) {
+        TargetTest test(target, u"7-02-000220-X"_s);
+        QEventLoop loop;
+        std::optional<bool> answered;
+        QObject::connect(&test, &TargetTest::finished, &loop, [&](bool did, const QString &told) {
+            answered = did;
+            EXPECT_TRUE(told.contains(words)) << told.toStdString();
+            loop.quit();
+        });
+        QTimer::singleShot(longWait, &loop, &QEventLoop::quit);
+        test.start();
+        loop.exec();
+        EXPECT_EQ(answered, answers) << words.toStdString();
+    }
 }
