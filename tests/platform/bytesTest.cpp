@@ -156,6 +156,13 @@ TEST(Writers, ReportAFullDiskInEachLaterCall) {
         EXPECT_FALSE(whole.value().commit());
     }
     EXPECT_FALSE(QFile::exists(folder.path(u"whole"_s)));
+    for (const Saving saving : {Saving::OwnerOnly, Saving::InPlace}) {
+        umask(022);
+        const QString path = folder.path(u"for me"_s);
+        ASSERT_TRUE(writeWholeFile(path, "x", saving));
+        EXPECT_EQ(QFile::permissions(path).testFlag(QFile::ReadOther), saving != Saving::OwnerOnly);
+        QFile::remove(path);
+    }
     EXPECT_FALSE(SavedFile::create(folder.path()) || SavedFile::create(folder.path(u"no/file"_s)));
 }
 

@@ -149,6 +149,23 @@ TEST(RecentFiles, OfOneNameAreToldApartByTheirFolders) {
               (QStringList{u"一月.iso（甲/2026）"_s, u"一月.iso（乙/2026）"_s, u"一月.iso（甲）"_s, u"二月.iso"_s}));
 }
 
+TEST(RecentFiles, AreTheLastOnesThatExistEachOnce) {
+    const TestFolder folder;
+    const DeskState state(folder.path(u"state"_s));
+    QStringList noted;
+    for (int i = 0; i < 12; ++i) {
+        noted.prepend(folder.file(QString::number(i), {}));
+        noteRecentFile(state, noted[0]);
+    }
+    EXPECT_EQ(recentFiles(state), noted.first(10));
+    noteRecentFile(state, folder.path(u"./5"_s)); // another path of the same file
+    noted.removeAll(folder.path(u"5"_s));
+    noted.prepend(folder.path(u"5"_s));
+    EXPECT_EQ(recentFiles(state).first(3), noted.first(3));
+    QFile::remove(noted[0]);
+    EXPECT_EQ(recentFiles(state)[0], noted[1]);
+}
+
 TEST(SingleInstance, IsReleasedWhenItsProcessDies) {
     const QTemporaryDir folder;
     const QString name = u"instance"_s;
