@@ -99,6 +99,8 @@ TEST_F(FrmHelpLR000Test, EachKeyChangesOnlyWhatBelongsToIt) {
                                            : box->palette().color(QPalette::Active, QPalette::Button));
         EXPECT_GE(box->width(), box->fontMetrics().horizontalAdvance(QString(box->maxLength(), u'0')));
         EXPECT_FALSE(box->accessibleName().isEmpty());
+        const QColor fixedInk = box->palette().color(QPalette::Disabled, QPalette::Text);
+        EXPECT_TRUE(box->isEnabled() || fixedInk == box->palette().color(QPalette::Active, QPalette::ButtonText));
     }
 }
 
@@ -125,6 +127,7 @@ TEST_F(FrmHelpLR000Test, TheMouseChoosesAndDismisses) {
 
     // The button acts on its own box regardless of the focus.
     window.picClick[5]->click();
+    EXPECT_EQ(window.listMenu->accessibleName(), window.Text1[10]->accessibleName());
     doubleClick(window.listMenu, u"n＝"_s);
     EXPECT_TRUE(window.listMenu->isHidden());
     EXPECT_EQ(window.textMarc->text(), u"?????nAs0#22?????#n#450#");
@@ -138,6 +141,19 @@ TEST_F(FrmHelpLR000Test, TheMouseChoosesAndDismisses) {
     EXPECT_TRUE(window.listMenu->isHidden());
     EXPECT_EQ(window.focusWidget(), window.Text1[9]);
     EXPECT_EQ(window.listLx->currentItem()->text(), u"#=完全级");
+}
+
+TEST_F(FrmHelpLR000Test, OpensAgainAtItsFirstBox) {
+    EXPECT_TRUE(window.richTextTS->isVisible() && !window.textMarc->toolTip().isEmpty());
+    EXPECT_EQ(window.boxArea->widget()->width(), window.boxArea->viewport()->width());
+    const int entries = window.listLx->count();
+    EXPECT_GT(entries, 3);
+    window.close();
+    open(u"00960cam0 2200277   450 "_s);
+    EXPECT_EQ(window.focusWidget(), window.Text1[1]);
+    EXPECT_EQ(window.listLx->count(), entries);
+    EXPECT_TRUE(window.richTextTS->toPlainText().startsWith(u"当由于改错"))
+        << window.richTextTS->toPlainText().toStdString();
 }
 
 TEST_F(FrmHelpLR000Test, AnInputMethodTypesAtTheEndOfTheComposition) {
@@ -162,6 +178,15 @@ TEST_F(FrmHelpLR100Test, TestsFullBoxesOnAFurtherKey) {
     QTest::keyClicks(language, u"Xy"_s);
     EXPECT_EQ(host.lastBox().text, u"输入代码不在规定范围内。是否重新输入？");
     EXPECT_EQ(window.focusWidget(), window.Text1[10]);
+    EXPECT_TRUE(window.richTextTS->isHidden());
+    CodeBox *year = window.Text1[2];
+    year->setFocus();
+    year->selectAll();
+    QTest::keyClicks(year, u"19a81"_s);
+    EXPECT_EQ(host.lastBox().text, u"输入年份格式不正确。请重新输入");
+    EXPECT_EQ(window.focusWidget(), year);
+    EXPECT_EQ(year->text(), u"19a8");
+    year->setText(u"####"_s);
     window.cmdclick[0]->click();
     EXPECT_EQ(window.confirmed, u"????????##############xxx###########");
 }

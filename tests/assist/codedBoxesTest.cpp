@@ -38,6 +38,10 @@ TEST(CodedBoxes, LoadsWhatHasCodesAndResetsTheRest) {
         EXPECT_EQ(boxes.result(), whole.toLower());
         EXPECT_EQ(boxes.currentBox(), CodedBoxes::noBox);
         EXPECT_TRUE(boxes.list().isEmpty());
+        CodedBoxes again = boxes;
+        again.focus(1);
+        again.load(incoming);
+        EXPECT_EQ(again.currentBox(), CodedBoxes::noBox);
     }
 }
 

@@ -33,7 +33,6 @@ CodedBoxWindow::CodedBoxWindow(platform::Host &host, std::span<const Box> table,
     , m_boxes(table) {
     cmdclick[0]->markPrimary();
     richTextTS->setReadOnly(true);
-    richTextTS->setTabChangesFocus(true);
     richTextTS->setVisible(texts.explains);
     textMarc->setReadOnly(true);
     textMarc->setToolTip(texts.formatTip);
