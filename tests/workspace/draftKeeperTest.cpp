@@ -38,6 +38,23 @@ TEST_F(DraftKeeperTest, DraftsWaitForTheirRecords) {
     EXPECT_EQ(titles(210, 211), QStringList{u"211 改"_s});
 }
 
+TEST_F(DraftKeeperTest, OlderDraftsOfARowAreSetAsideOrTheFileStays) {
+    writeRecords(2);
+    const QString drafts = host.remembered().folderFor(platform::kept::drafts).value();
+    const DraftFile file(drafts, path());
+    ASSERT_TRUE(DraftFile(drafts, path()).write({{0, {titled(u"新"_s), {}}}}, {{0, {titled(u"旧"_s), {}}}}));
+    {
+        const FullDisk full(10);
+        EXPECT_TRUE((load(), says(u"⚠ 修改无法暂存："_s)));
+        form.reset();
+    }
+    EXPECT_EQ(file.count(), 1);
+    auto &window = load();
+    EXPECT_TRUE(says(u"另有 1 条更早的修改，另存为 "_s));
+    EXPECT_GE(window.parts().drafts.dueIn(), 0) << "the older ones must leave the file";
+    EXPECT_EQ(window.draftBar->draftWords->text(), u"上次有 1 条修改没有导入"_s);
+}
+
 // The first change starts a two-second timer; later actions do not postpone the write.
 TEST_F(DraftKeeperTest, PagingDoesNotPostponeAWrite) {
     auto &window = load(30);

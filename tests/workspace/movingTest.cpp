@@ -84,4 +84,7 @@ TEST_F(MovingTest, AnEditedRecordGoesIntoTheImportAndIsAskedAbout) {
     EXPECT_TRUE(stepInCard(1)->contains(u"题2"_s)) << "the arrow keys of the card page through the records";
     EXPECT_EQ(stepInCard(1), std::nullopt) << "an empty row";
     EXPECT_EQ(window.Grid2->row(), 1);
+    EXPECT_TRUE(stepInCard(-1));
+    EXPECT_EQ(stepInCard(-1), std::nullopt) << "before the first";
+    EXPECT_EQ(window.Grid2->row(), 0);
 }

@@ -3,6 +3,7 @@
 #include "widgets/styleTokens.h"
 #include "workspace/preReadEngine.h"
 #include "workspace/statusFacts.h"
+#include "workspace/windows/findLine.h"
 #include "workspace/windows/statusPills.h"
 #include "workspace/windows/workspaceRoom.h"
 #include <QTest>
@@ -87,6 +88,38 @@ TEST(WorkspaceRoom, SharesItsSpaceAndRemembersWhatTheUserMoved) {
         sizes = of();
         room->remember(state);
     }
+}
+
+TEST(FindLine, GoesToAHitOrANumber) {
+    RecordList list(u"Grid2"_s, nullptr);
+    list.reset();
+    for (int row = 0; row < 20; ++row)
+        list.records().setRecord(row, row == 15 ? u"there"_s : u"nothing of it"_s);
+    FindLine find(list, nullptr);
+    find.open(FindLine::Place::WholeRecord);
+    QList<int> wanted;
+    QObject::connect(&find, &FindLine::wanted, [&](int row) { wanted.append(row); });
+    const auto counts = [&](const QString &words) {
+        return QTest::qWaitFor([&] { return find.findCount->text() == words; });
+    };
+    find.findText->setText(u"there"_s);
+    EXPECT_TRUE(counts(u"共 1 条"_s));
+    find.previous();
+    find.findText->setText(u"nobody"_s);
+    find.next();
+    EXPECT_TRUE(counts(u"没有找到"_s));
+    EXPECT_EQ(wanted, QList<int>{15});
+    find.open(FindLine::Place::Number);
+    EXPECT_EQ(find.findText->text() + find.findCount->text(), QString());
+    for (const auto &[number, row] : {std::pair(u"0"_s, -1), {u"1"_s, 0}, {u"20"_s, 19}, {u"21"_s, -1}, {u"x"_s, -1}}) {
+        wanted.clear();
+        find.open(FindLine::Place::Number, number);
+        find.next();
+        EXPECT_EQ(wanted.value(0, -1), row);
+        EXPECT_EQ(find.findCount->text().isEmpty(), row >= 0);
+    }
+    find.open(FindLine::Place::WholeRecord);
+    EXPECT_EQ(find.findText->text(), u"nobody"_s) << "the words come back";
 }
 
 TEST(ReadRecords, ListEachRecordOnceAndReportTheEnd) {

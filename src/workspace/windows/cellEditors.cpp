@@ -121,7 +121,6 @@ bool CellEditors::hasAssistant() const {
 
 void CellEditors::reduce() {
     m_enlarged = false;
-    showEditedCell();
     richText->setToolTip(smallHint.toString());
     richText->setEnlarged(false);
     place();
