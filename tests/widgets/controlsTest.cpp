@@ -141,7 +141,10 @@ TEST(Remembered, PlaceAndColumnWidths) {
 
 // Line ends, control characters and long lines are returned as they were set.
 TEST(TextBox, KeepsEveryCharacter) {
-    TextBox box(u"Text1"_s);
+    QWidget window;
+    TextBox box(u"Text1"_s, &window);
+    const QLineEdit next(&window);
+    window.show();
     EXPECT_EQ(box.font().families(), platform::songFaces());
     EXPECT_EQ(box.font().pointSize(), QApplication::font().pointSize() + 2);
     const QString long1(4096, u'x'), long2(4097, u'x'), surrogates = QString(4095, u'x') + u"𠮷𠮷";
@@ -161,6 +164,8 @@ TEST(TextBox, KeepsEveryCharacter) {
         box.paste();
         EXPECT_EQ(box.text(), text);
     }
+    QTest::keyClick(&box, Qt::Key_Tab);
+    EXPECT_FALSE(box.text().contains(u'\t')) << "Tab leaves the box";
     box.lock();
     box.paste();
     QTest::keyClicks(&box, u"x"_s);

@@ -4,12 +4,14 @@
 #include "widgets/choiceList.h"
 #include "widgets/clickLabel.h"
 #include "widgets/deskStyle.h"
+#include "widgets/fileDrop.h"
 #include "widgets/flexGrid.h"
 #include "widgets/layout.h"
 #include "widgets/lineIcon.h"
 #include "widgets/oneSize.h"
 #include <QEnterEvent>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QSplitter>
 #include <QTest>
 
@@ -55,13 +57,14 @@ TEST(ClickLabel, LooksAsItsStateAndIsClickedByKeys) {
 
 TEST(Layout, TabFollowsTheLayoutAndHiddenControlsKeepTheirPlace) {
     QWidget window;
-    auto *last = named(new QLineEdit, u"last"_s), *first = named(new QLineEdit, u"first"_s);
-    auto *right = named(new QLineEdit, u"right"_s), *left = named(new QLineEdit, u"left"_s);
-    auto *split = new QSplitter;
-    split->addWidget(left);
-    split->addWidget(right);
+    auto *last = named(new QLineEdit(&window), u"last"_s);
+    auto *title = new QLineEdit(&window);
+    auto *split = new QSplitter(&window);
+    auto *right = named(new QLineEdit(split), u"right"_s);
+    named(new QLineEdit(split), u"left"_s);
+    auto *first = named(new QLineEdit(&window), u"first"_s);
+    split->addWidget(right); // moves it after the other
     auto *label = new QLabel(u"书名(&N)"_s);
-    auto *title = new QLineEdit;
     auto *line = hairline(&window);
     window.setLayout(column({first, framed(new QGroupBox, row({split})), labelled(label, title), line, {last, 1}}));
     tabInReadingOrder(&window);
@@ -101,6 +104,25 @@ TEST(Controls, HaveTheirNames) {
                                           {&button, u"Q 退出"_s}}) {
         EXPECT_EQ(control->objectName(), u"name"_s);
         EXPECT_EQ(control->accessibleName(), spoken);
+    }
+}
+
+TEST(FileDrop, TakesOneFileOfTheMachineThatMayBeCopied) {
+    const QUrl file = QUrl::fromLocalFile(u"/资料/a.iso"_s), web(u"https://example.org/a.iso"_s);
+    const std::tuple<QList<QUrl>, Qt::DropActions, QString> rows[] = {
+        {{file}, Qt::CopyAction | Qt::MoveAction, u"/资料/a.iso"_s},
+        {{file}, Qt::MoveAction, {}},
+        {{file, file}, Qt::CopyAction, {}},
+        {{web}, Qt::CopyAction, {}},
+        {QList<QUrl>(), Qt::CopyAction, {}},
+    };
+    for (const auto &[urls, actions, path] : rows) {
+        QMimeData data;
+        data.setUrls(urls);
+        QDropEvent drop({}, actions, &data, Qt::NoButton, Qt::NoModifier);
+        drop.ignore();
+        EXPECT_EQ(acceptFile(&drop).value_or(QString()), path);
+        EXPECT_EQ(drop.isAccepted() && drop.dropAction() == Qt::CopyAction, !path.isEmpty());
     }
 }
 
