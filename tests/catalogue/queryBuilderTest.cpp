@@ -39,7 +39,8 @@ TEST_F(QueryBuilderTest, ComposesAFragmentForEachTypeAndOperator) {
         EXPECT_EQ(builder.addCondition(field, fuhao, value), !sql.isNull()) << value.toStdString();
         EXPECT_EQ(builder.curSql(), sql);
     }
-    EXPECT_FALSE(builder.addCondition(-1, u"等于"_s, u"a"_s));
+    for (const int none : {-1, 5})
+        EXPECT_FALSE(builder.addCondition(none, u"等于"_s, u"a"_s));
 }
 
 TEST_F(QueryBuilderTest, JoinsConditionsAndGroups) {

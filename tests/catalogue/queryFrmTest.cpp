@@ -59,6 +59,7 @@ TEST_F(QueryFrmTest, TheTabKeyGoesDownTheDialog) {
 TEST_F(QueryFrmTest, PassesOnItsConditionsWhenItsKeyIsPressed) {
     EXPECT_EQ(dialog.cSql->currentText() + dialog.cFuhao->currentText(),
               u"书名等于"_s); // the first field counts as clicked
+    EXPECT_EQ(dialog.LFields->currentRow(), 0);
     type(u"O'Neill"_s);
     QTest::keyClick(dialog.lSql, Qt::Key_Tab);
     EXPECT_EQ(dialog.lSql->text(), QString());
@@ -185,6 +186,11 @@ TEST_F(QueryFrmTest, SwallowsKeysInTheReadableForms) {
     dialog.signSql->setFocus();
     QTest::keyClicks(dialog.signSql, u"a\t"_s);
     EXPECT_TRUE(dialog.signSql->toPlainText().isEmpty() && !dialog.signSql->hasFocus());
+    for (QTextEdit *box : {dialog.signSql, dialog.lOrderby}) {
+        box->setPlainText(u"书名"_s);
+        QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
+        EXPECT_FALSE(box->textCursor().hasSelection());
+    }
     QTest::keyClick(&dialog, Qt::Key_Escape);
     EXPECT_FALSE(dialog.isVisible());
 }

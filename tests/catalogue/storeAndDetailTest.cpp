@@ -125,6 +125,7 @@ TEST_F(TlkListFrmTest, SelectsThisImportAndSavesIt) {
     EXPECT_EQ(list.conditionWords->text(), u"条件：本次导入的 3 条"_s);
     EXPECT_EQ(list.Grid1->text(1, 1) + list.Grid1->text(2, 1) + list.Grid1->text(3, 1), u"cef"_s);
     EXPECT_EQ(list.markedRows->text(), u"选中 3 行"_s);
+    EXPECT_EQ(list.focusWidget(), list.Grid1);
     EXPECT_TRUE(list.Grid1->row() == 1 && list.Grid1->rowSel() == 3 && list.Grid1->rows() == 4);
     const TestFolder folder;
     host.willChoose(folder.path(u"改正.iso"_s));

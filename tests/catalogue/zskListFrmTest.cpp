@@ -43,6 +43,7 @@ TEST_F(ZskListFrmTest, ListsRowsInTheQuerysOrderOrElseTheStoredOne) {
     load({});
     const QStringList all = database.column(u"select zskid from zsk"_s);
     EXPECT_EQ(shown(0), all);
+    EXPECT_FALSE(list.Grid1->horizontalHeader()->isSortIndicatorShown());
     EXPECT_EQ(list.lCounts->text(), u"记录数：%1"_s.arg(all.size()));
     EXPECT_EQ(list.Grid1->text(1, 7), u"1999/06/08"_s);
     EXPECT_EQ(list.Grid1->columnTwips(0), 0);
@@ -50,6 +51,8 @@ TEST_F(ZskListFrmTest, ListsRowsInTheQuerysOrderOrElseTheStoredOne) {
     order.sortOrder = u"catatime"_s;
     load(u"author='鲁迅著' And Convert(varchar(10),catatime,111) Like '____/__/__'"_s);
     EXPECT_EQ(shown(7), (QStringList{u"1998/10/08"_s, u"2005/12/22"_s, u"2006/05/01"_s}));
+    EXPECT_TRUE(list.Grid1->horizontalHeader()->isSortIndicatorShown());
+    EXPECT_EQ(list.Grid1->horizontalHeader()->sortIndicatorSection(), 7);
     load(u"author='鲁迅著'"_s, u"zskid Desc"_s);
     EXPECT_EQ(shown(0), (QStringList{u"9"_s, u"8"_s, u"7"_s}));
     QTest::mouseClick(list.Grid1->horizontalHeader()->viewport(), Qt::LeftButton, {},
@@ -112,7 +115,9 @@ TEST_F(ZskListFrmTest, ShowsWhatItIsDoing) {
     list.CmdDcgl[3]->click();
     EXPECT_EQ(during.section(u"; "_s, -1), u"labDaochu on"_s);
     (void)state.changes();
+    const int title = list.Grid1->columnTwips(2);
     EXPECT_EQ(state.grown({300, 200}), u"Grid1 wh; lCounts w"_s);
+    EXPECT_GT(list.Grid1->columnTwips(2), title) << "the columns follow the width";
     (void)state.changes();
     list.CmdDcgl[4]->click(); // without a run
     EXPECT_EQ(state.changes(), u"CmdDcgl3 CmdDcgl4 off"_s);

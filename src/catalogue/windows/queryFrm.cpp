@@ -148,10 +148,7 @@ void QueryDialog::LoadCombo(const QString &fieldNames, const QString &fieldLabel
     cSql->addItems(labels);
     LFields->addItems(labels);
     fillOrderby();
-    if (LFields->count() > 0) {
-        LFields->setCurrentRow(0);
-        fieldClicked(0);
-    }
+    LFields->setCurrentRow(0);
 }
 
 void QueryDialog::fieldClicked(int field) {
