@@ -68,6 +68,21 @@ void paintRing(QPainter &painter, const Cell &cell) {
     paintFocusRing(&painter, rect, cell.marks(), 0);
 }
 
+// Returns the place of the mark and takes it from that of the text.
+QRect cutMark(QRect &text, bool atEnd, const QFontMetrics &metrics) {
+    const int side = metrics.ascent() * 4 / 5, gap = space(Space::Small, metrics) * 3 / 4;
+    QRect mark(0, 0, side, side);
+    mark.moveCenter(text.center());
+    if (atEnd) {
+        mark.moveRight(text.right());
+        text.setRight(mark.left() - gap);
+    } else {
+        mark.moveLeft(text.left());
+        text.setLeft(mark.right() + gap);
+    }
+    return mark;
+}
+
 } // namespace
 
 QColor colourFromNumber(quint32 number) {
@@ -94,9 +109,11 @@ void FlexGridDelegate::paint(QPainter *painter, const QStyleOptionViewItem &opti
     const Cell cell{option, index, index.data(Qt::BackgroundRole)};
     paintBack(*painter, cell, hasLineAbove(index));
     const QString text = index.data(Qt::DisplayRole).toString();
+    QRect place = textRect(option);
+    if (const auto mark = markOf(index))
+        paintMark(painter, cutMark(place, mark->atEnd, option.fontMetrics), mark->mark, cell.marks());
     if (!text.isEmpty()) {
         const QFont font = cellFont(option.font, index);
-        const QRect place = textRect(option);
         const auto alignment = index.data(Qt::TextAlignmentRole).value<Qt::Alignment>();
         painter->setFont(font);
         painter->setPen(cell.background.isValid() ? legibleOn(cell.ownColour()) : cell.token(Colour::Ink));

@@ -4,8 +4,10 @@
 // stay legible, and its row stays marked.
 #pragma once
 
+#include "widgets/stylePaint.h"
 #include <QColor>
 #include <QStyledItemDelegate>
+#include <optional>
 
 namespace widgets {
 
@@ -28,7 +30,13 @@ protected:
     // Returns whether a hairline separates the row from the one above it.
     virtual bool hasLineAbove(const QModelIndex &index) const { return index.row() > 0; }
     virtual QFont cellFont(const QFont &plain, const QModelIndex &) const { return plain; }
-    // The place of the text in a cell.
+    // A mark beside the text of a cell, which gets the remaining room.
+    struct CellMark {
+        Mark mark;
+        bool atEnd; // after the text, at the right edge of the cell
+    };
+    virtual std::optional<CellMark> markOf(const QModelIndex &) const { return {}; }
+    // The place of the text in a cell without a mark.
     static QRect textRect(const QStyleOptionViewItem &option);
 };
 

@@ -79,4 +79,33 @@ void paintSign(QPainter *painter, const QRect &rect, Sign sign, const QColor &in
         painter->drawPolyline(line);
 }
 
+void paintMark(QPainter *painter, const QRect &rect, Mark mark, const QPalette &palette) {
+    const Brushwork brush(painter);
+    const double side = std::min(rect.width(), rect.height());
+    painter->translate(QRectF(rect).center());
+    painter->scale(side / 2, side / 2); // from -1 to 1
+    painter->setPen(Qt::NoPen);
+    const QPen line(colour(Colour::Base, palette), 0.28, Qt::SolidLine, Qt::RoundCap);
+    switch (mark) {
+    case Mark::Error:
+        painter->setBrush(colour(Colour::ErrorInk, palette));
+        painter->drawEllipse(QPointF(), 0.95, 0.95);
+        painter->setPen(line);
+        painter->drawPolyline(QPolygonF({{-0.36, -0.36}, {0.36, 0.36}}));
+        painter->drawPolyline(QPolygonF({{-0.36, 0.36}, {0.36, -0.36}}));
+        return;
+    case Mark::Warning:
+        painter->setBrush(colour(Colour::WarningInk, palette));
+        painter->drawPolygon(QPolygonF({{0, -0.9}, {1, 0.85}, {-1, 0.85}}));
+        painter->setPen(line);
+        painter->drawPolyline(QPolygonF({{0, -0.25}, {0, 0.2}}));
+        painter->drawPoint(QPointF(0, 0.58));
+        return;
+    case Mark::Hint:
+        painter->setBrush(colour(Colour::Accent, palette));
+        painter->drawPolygon(QPolygonF({{0, -0.8}, {0.8, 0}, {0, 0.8}, {-0.8, 0}}));
+        return;
+    }
+}
+
 } // namespace widgets

@@ -29,4 +29,10 @@ enum class Sign { Up, Down, Left, Right, Tick, Dash, Cross };
 // A sign of lines, centred in the rectangle.
 void paintSign(QPainter *painter, const QRect &rect, Sign sign, const QColor &ink);
 
+// What a cell or a text is marked as. The marks differ in shape as well as in colour: a disc with a cross, a triangle,
+// a square that stands on a corner.
+enum class Mark { Error, Warning, Hint };
+// Fills the largest square in the middle of the rectangle.
+void paintMark(QPainter *painter, const QRect &rect, Mark mark, const QPalette &palette);
+
 } // namespace widgets
