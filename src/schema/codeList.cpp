@@ -2,7 +2,8 @@
 
 namespace schema {
 
-void CodeList::add(const QString &code, bool deprecated) {
+void CodeList::add(const QString &code, const QString &label, bool deprecated) {
+    m_labels.insert(code, label);
     if (code.size() == 1 && code[0].unicode() < asciiCount)
         m_single.set(code[0].unicode());
     else

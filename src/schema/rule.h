@@ -70,6 +70,7 @@ struct Condition {
 struct Rule {
     QString name; // key "class"
     QString description;
+    QString ifText, thenText; // the keys "if" and "then" as they are written
     Level level = Level::Warning;
     RecordTypes types = ~0U;          // the record must have one of them
     std::vector<Path> each;           // at most one path: the rule is checked for each of these fields

@@ -44,7 +44,10 @@ bool Path::matchesTag(int number) const {
 }
 
 platform::Result<Rule> readRule(const QJsonObject &object) {
-    Rule rule{.name = object[u"class"].toString(), .description = object[u"description"].toString()};
+    Rule rule{.name = object[u"class"].toString(),
+              .description = object[u"description"].toString(),
+              .ifText = object[u"if"].toString(),
+              .thenText = object[u"then"].toString()};
     if (rule.description.isEmpty())
         rule.description = rule.name;
     const QString level = object[u"level"].toString(levels[size_t(rule.level)].toString());

@@ -55,7 +55,8 @@ void ValueReader::addCode(const QString &code, const QJsonValue &definition, Cod
         return;
     if (object[u"code"].toString(code) != code)
         return m_fault.report(u"code"_s, u"应与上一层的键相同"_s);
-    list.add(code, object[u"deprecated"].toBool());
+    list.add(code, definition.isString() ? definition.toString() : object[u"label"].toString(),
+             object[u"deprecated"].toBool());
 }
 
 CodeListUse ValueReader::use(const QJsonValue &codes, const QString &key) {
