@@ -1,19 +1,13 @@
-// Proves all records of a list one after the other: runs the proofs of a single record, and reports wrong check digits
-// and ISBNs that two records share. Changes nothing.
+// Checks all records of a list one after the other, and reports ISBNs that two records share. Changes nothing.
 #pragma once
 
 #include "batch/bookIdentity.h"
-#include "batch/formatProof.h"
+#include "batch/recordCheck.h"
 #include "marc/preReadStore.h"
-#include "proof/proofChain.h"
 #include <QHash>
-#include <functional>
 #include <memory>
 
 namespace batch {
-
-// Runs the proofs of one record.
-using ProofOne = std::function<proof::RecordFaults(const marc::FieldRows &rows)>;
 
 // A record and what its duplicates are searched by.
 struct SoughtRecord {
@@ -33,7 +27,7 @@ public:
     std::vector<Remark> step();
 
     // Returns the schema that records are validated against, or null.
-    const std::shared_ptr<const schema::Schema> &schema() const { return m_format.schema(); }
+    const std::shared_ptr<const schema::Schema> &schema() const { return m_check.schema(); }
 
     int next() const { return m_next; }     // row of the list for the next step
     int proved() const { return m_proved; } // records proved so far
@@ -43,17 +37,12 @@ public:
 
 private:
     void remark(Kind kind, const QString &tag, int fieldRow, const QString &text);
-    void takeFaults(const marc::FieldRows &rows);
-    void checkNumbers(const marc::FieldRows &rows);
-    void checkFormat(const marc::FieldRows &rows);
     void compare(BookIdentity identity);
 
     std::shared_ptr<const marc::PreReadStore> m_records;
-    ProofOne m_proof;
-    FormatProof m_format;
+    RecordCheck m_check;
     int m_next = 0;
     int m_proved = 0;
-    QString m_complaint; // the last reported reason why a proof could not run
     QHash<marc::IsbnKey, int> m_firstOf;
     std::vector<SoughtRecord> m_sought;
     std::vector<Remark> m_remarks; // of the current record

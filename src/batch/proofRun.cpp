@@ -39,7 +39,7 @@ QString ProofRun::closingText(const RemarkList &found, qint64 inFile) const {
     const qint64 proved = m_proof.proved();
     const qint64 all = std::max<qint64>(inFile, m_proof.total());
     const QString count = proved < all ? u"%1/%2"_s.arg(proved).arg(all) : QString::number(proved);
-    return (hasNext() ? u"已停止，"_s : QString()) + u"校对 %1 条，发现 %2 处"_s.arg(count).arg(found.found()) +
+    return (m_stopped ? u"已停止，"_s : QString()) + u"校对 %1 条，发现 %2 处"_s.arg(count).arg(found.found()) +
            (found.silencedCount() > 0 ? u"，另有 %1 处不再提示"_s.arg(found.silencedCount()) : QString()) +
            (found.count(Kind::Unchecked) > 0 ? u"，有的未能检查"_s : QString());
 }

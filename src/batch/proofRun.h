@@ -17,21 +17,24 @@ public:
 
     // Returns the progress text; `found` is the number of remarks so far.
     QString progressText(int found) const;
-    // Returns the result text, after the end of the run or a stop. `inFile` is the number of records in the file as far
-    // as known.
+    // Returns the result text, after end(). `inFile` is the number of records in the file as far as known.
     QString closingText(const RemarkList &found, qint64 inFile) const;
     // Returns the list for the remarks of this run, without remarks.
     RemarkList emptyList() const { return RemarkList(m_records, RuleBook(m_proof.schema())); }
     // Returns PreReadStore::replacements() as it was when the record was proved.
     int momentOf(int record) const;
     // Releases what only the steps need: the database connection and the records searched for.
-    void end() { m_search.reset(); }
+    void end() {
+        m_stopped = hasNext();
+        m_search.reset();
+    }
 
 private:
     std::shared_ptr<const marc::PreReadStore> m_records;
     const database::SessionState &m_state;
     BatchProof m_proof;
     std::optional<DuplicateSearch> m_search; // created after the last record
+    bool m_stopped = false;                  // before the end
     std::map<int, int> m_moments;            // by the first record proved with that value
 };
 

@@ -1,4 +1,6 @@
 #include "batch/ruleBook.h"
+#include "batch/ruleAdvice.h"
+#include "schema/definition.h"
 #include <algorithm>
 #include <utility>
 
@@ -30,15 +32,19 @@ constexpr auto kinds = std::to_array<KindRow>({
 });
 static_assert(kinds.size() == kindCount && std::ranges::is_sorted(kinds, {}, &KindRow::kind));
 
+constexpr QStringView rulePrefix = u"rule:";
 constexpr int firstCheck = int(kindCount), firstRule = firstCheck + int(schema::checkCount);
+
+bool isOfSchema(const Remark &remark) {
+    return remark.kind == Kind::Rule || remark.kind == Kind::Format;
+}
 
 } // namespace
 
 int ruleOf(const Remark &remark) {
     if (remark.kind == Kind::Rule && remark.check == schema::Check::ExternalRule)
         return firstRule + remark.rule;
-    const bool ofSchema = remark.kind == Kind::Rule || remark.kind == Kind::Format;
-    return ofSchema ? firstCheck + int(remark.check) : int(remark.kind);
+    return isOfSchema(remark) ? firstCheck + int(remark.check) : int(remark.kind);
 }
 
 RuleBook::RuleBook(std::shared_ptr<const schema::Schema> schema)
@@ -51,7 +57,7 @@ int RuleBook::count() const {
 QString RuleBook::keyOf(int rule) const {
     if (rule < firstCheck)
         return kinds[size_t(rule)].key.toString();
-    return rule < firstRule ? nameOf(schema::Check(rule - firstCheck)).toString() : u"rule:"_s + labelOf(rule);
+    return rule < firstRule ? nameOf(schema::Check(rule - firstCheck)).toString() : rulePrefix + labelOf(rule);
 }
 
 QString RuleBook::labelOf(int rule) const {
@@ -59,12 +65,27 @@ QString RuleBook::labelOf(int rule) const {
         return kinds[size_t(rule)].label.toString();
     if (rule < firstRule)
         return schema::labelOf(schema::Check(rule - firstCheck)).toString();
-    return rule < count() ? m_schema->rules[size_t(rule - firstRule)].name : QString();
+    if (rule >= count())
+        return {};
+    const QString &name = m_schema->rules[size_t(rule - firstRule)].name;
+    return name.isEmpty() ? u"第%1条规则"_s.arg(rule - firstRule + 1) : name;
+}
+
+QString RuleBook::labelOfKey(const QString &key) const {
+    for (int rule = 0; rule < count(); ++rule)
+        if (keyOf(rule) == key)
+            return labelOf(rule);
+    return key.startsWith(rulePrefix) ? key.sliced(rulePrefix.size()) : key;
 }
 
 QString RuleBook::wordsOf(const Remark &remark) const {
-    const bool ofSchema = remark.kind == Kind::Rule || remark.kind == Kind::Format;
-    return ofSchema && m_schema ? schema::wordsOf(findingOf(remark), *m_schema) : remark.text;
+    return isOfSchema(remark) && m_schema ? schema::wordsOf(findingOf(remark), *m_schema) : remark.text;
+}
+
+QString RuleBook::explanationOf(const Remark &remark) const {
+    const QString definition =
+        isOfSchema(remark) && m_schema ? schema::definitionOf(findingOf(remark), *m_schema) : QString();
+    return adviceOn(remark) + definition;
 }
 
 } // namespace batch

@@ -18,9 +18,12 @@ public:
     int count() const;
     // Returns a key such as "isbn", "undefinedField" or "rule:出版年颠倒", which does not change between starts.
     QString keyOf(int rule) const;
-    QString labelOf(int rule) const; // in Chinese
+    QString labelOf(int rule) const;              // in Chinese
+    QString labelOfKey(const QString &key) const; // of a rule that the schema may not have
     // Returns what is wrong, in Chinese, in one line.
     QString wordsOf(const Remark &remark) const;
+    // Returns what the rule demands at the place of the remark and what can be done, in one line.
+    QString explanationOf(const Remark &remark) const;
 
 private:
     std::shared_ptr<const schema::Schema> m_schema;

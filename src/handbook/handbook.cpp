@@ -28,6 +28,7 @@ constexpr auto windowRows = std::to_array<WindowRow>({
     {u"frmMessage", u"frmUnionFile", u"merge.md", u""},
     {u"frmMessage", u"", u"proof.md", u"校对当前记录：“J 校对”"},
     {u"refusedTable", u"frmDaoru", u"import.md", u"未成功记录"},
+    {u"frmSilenced", u"", u"proof.md", u"校对全部：“D 校对全部”"},
     {u"remarksPane", u"frmDaoru", u"proof.md", u"校对全部：“D 校对全部”"},
     {u"frmBatchReport", u"", u"report.md", u"校对报告：“G 报告…”"},
     {u"batchReportPrint", u"", u"report.md", u"打印和另存"},

@@ -43,6 +43,8 @@ inline constexpr Kept<QByteArray> workspaceAcross{u"frmDaoru/across"};   // QSpl
 inline constexpr Kept<QByteArray> workspaceDown{u"frmDaoru/down"};       // fields and whole text
 inline constexpr Kept<QByteArray> workspaceUnder{u"frmDaoru/under"};     // both of these and the remarks
 inline constexpr Kept<bool> wholeTextShown{u"frmDaoru/whole", false};    // the button "全文"
+inline constexpr Kept<QStringList> silencedRules{u"proof/silenced"};     // tag, tab, key of a rule
+inline constexpr Kept<bool> rowsMarked{u"proof/marks", true};            // signs beside the rows of the field grid
 inline constexpr Kept<QByteArray> handbookAcross{u"frmHandbook/across"}; // contents and page
 inline constexpr Kept<int> lookChoice{u"look/choice", 0};                // a widgets::Appearance::Choice
 inline constexpr Kept<int> lookOfDesktop{u"look/desktop", 0};            // its last answer: 0 none, 1 light, 2 dark

@@ -48,6 +48,7 @@ QString statusLine(const StatusFacts &facts) {
                      facts.remark,
                      ofTheImport(facts),
                      facts.deed,
+                     facts.deed.contains(facts.rowRemark) ? QString() : facts.rowRemark,
                      facts.fieldsCameOrWent ? u"⚠ 本条增删了字段，离开时不会询问：请改动一处内容"_s : QString(),
                      ofTheFile(facts),
                      facts.changed > 0 ? u"已改 %1 条，未导入"_s.arg(facts.changed) : QString()};

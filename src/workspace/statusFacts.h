@@ -29,6 +29,7 @@ struct StatusFacts {
     QString databaseTrouble;             // why an import would fail; empty: no reason is known
     QString remark;                      // about a recent event
     std::optional<ImportedNow> imported; // until another list is shown
+    QString rowRemark;                   // what is wrong in the current row of the grid
     QString deed;                        // what a key did to the current record
 };
 

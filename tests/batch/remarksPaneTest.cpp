@@ -1,7 +1,9 @@
 #include "batch/windows/remarksPane.h"
+#include "batch/windows/frmSilenced.h"
 #include "support/databaseServers.h"
 #include "support/recordText.h"
 #include "support/scriptedHost.h"
+#include <QMenu>
 #include <QSignalSpy>
 
 using namespace batch;
@@ -37,15 +39,16 @@ struct RemarksPaneTest : testing::Test {
         pane->show();
     }
     RemarkTable &proof() { return *pane->proofTable; }
+    QString text() { return proof().remarkText->toPlainText().section(u'\n', 0, 0); }
     QString words() { return proof().words->text(); }
     QStringList kinds() {
         QStringList texts;
-        for (int i = 0; i < proof().kindBox->count(); ++i)
-            texts.append(proof().kindBox->itemText(i));
+        for (int i = 0; i < proof().filterBar->ruleBox->count(); ++i)
+            texts.append(proof().filterBar->ruleBox->itemText(i));
         return texts;
     }
     void choose(int kind) {
-        QComboBox *box = proof().kindBox;
+        QComboBox *box = proof().filterBar->ruleBox;
         box->setFocus();
         QTest::keyClick(box, kind > box->currentIndex() ? Qt::Key_Down : Qt::Key_Up);
         ASSERT_EQ(box->currentIndex(), kind);
@@ -78,12 +81,12 @@ TEST_F(RemarksPaneTest, ProofsLooksUpAndJumpsToTheRecord) {
     EXPECT_TRUE(said.value(said.size() - 2).startsWith(u"正在查重：书库")) << said.join(u'\n').toStdString();
     EXPECT_EQ(words(), u"校对 3 条，发现 8 处"_s);
     EXPECT_FALSE(pane->stopButton->isVisible() || pane->toRefusedButton->isVisible());
-    EXPECT_EQ(kinds(), (QStringList{u"全部 (8)"_s, u"ISSN (3)"_s, u"批内重复 (2)"_s, u"查重 (3)"_s}));
+    EXPECT_EQ(kinds(), (QStringList{u"全部规则 (8)"_s, u"ISSN (3)"_s, u"批内重复 (2)"_s, u"查重 (3)"_s}));
 
     EXPECT_EQ(proof().grid->row(), 1);
     QTest::keyClick(proof().grid, Qt::Key_Down);
     QTest::keyClick(proof().grid, Qt::Key_Return);
-    EXPECT_EQ(proof().remarkText->text(), u"书库已有相同ISBN：控制号 9《呐喊》"_s);
+    EXPECT_EQ(text(), u"书库已有相同ISBN：控制号 9《呐喊》"_s);
     EXPECT_EQ(lastJump(), u"0 3 0"_s);
     choose(1);
     EXPECT_EQ(proof().grid->rows(), 4);
@@ -107,6 +110,62 @@ TEST_F(RemarksPaneTest, ProofsLooksUpAndJumpsToTheRecord) {
     EXPECT_TRUE(host.lastBox().text.startsWith(u"保存失败：【"));
 }
 
+TEST_F(RemarksPaneTest, SilencesARuleUntilItIsTakenBack) {
+    pane->proofAll();
+    choose(1);
+    QSignalSpy changed(pane.get(), &RemarksPane::remindersChanged);
+    proof().silenceButton->click();
+    auto *menu = pane->findChild<QMenu *>(u"silenceMenu"_s);
+    ASSERT_TRUE(menu);
+    EXPECT_EQ(menu->actions()[1]->text(), u"只是 011 的“ISSN”不再提示(&2)"_s);
+    menu->actions()[0]->trigger();
+    menu->close();
+    const QString silencedWords = u"校对 3 条，发现 5 处，另有 3 处不再提示"_s;
+    EXPECT_EQ(words(), silencedWords);
+    EXPECT_EQ(proof().silenceButton->text(), u"&Y 不再提示 (3)"_s);
+    EXPECT_EQ(proof().grid->rows(), 6) << "a filter that shows nothing is given up";
+    EXPECT_EQ(kinds(), (QStringList{u"全部规则 (5)"_s, u"批内重复 (2)"_s, u"查重 (3)"_s}));
+    EXPECT_EQ(changed.size(), 1);
+    pane.reset();
+    make();
+    pane->proofAll();
+    EXPECT_EQ(words(), silencedWords);
+    const marc::FieldRows rows = marc::showRecord(records->record(0)).rows;
+    EXPECT_TRUE(pane->remarksOn(rows).empty());
+
+    frmSilenced window(*pane->reminders, proof().remarks().rules());
+    window.show();
+    EXPECT_EQ(window.grid->text(1, 0) + window.grid->text(1, 1), u"ISSN全部字段"_s);
+    QTest::keyClick(window.grid, Qt::Key_Return);
+    EXPECT_TRUE(window.emptyWords->isVisible() && window.grid->rows() == 1);
+    EXPECT_EQ(words(), u"校对 3 条，发现 8 处"_s);
+    ASSERT_EQ(pane->remarksOn(rows).size(), 1U);
+    EXPECT_EQ(pane->remarksOn(rows)[0].words, u"错误：ISSN校验位错误，应为3"_s);
+    pane->reminders->markRows(false);
+    EXPECT_TRUE(pane->remarksOn(rows).empty());
+}
+
+TEST_F(RemarksPaneTest, StepsThroughWhatIsListed) {
+    const auto step = [this](int by) -> QString {
+        const RemarksPane::Step step = pane->step(by);
+        return (step.place ? u"%1 %2 "_s.arg(step.place->record).arg(step.place->fieldRow) : QString()) + step.words;
+    };
+    EXPECT_EQ(step(1), u"还没有校对结果，请先按“校对全部”"_s);
+    pane->proofAll();
+    pane->hide();
+    choose(1);
+    const QString wrong = u"错误：ISSN校验位错误，应为3"_s;
+    EXPECT_EQ(step(1), u"0 5 1/3 "_s + wrong);
+    EXPECT_EQ(step(1), u"1 5 2/3 "_s + wrong);
+    EXPECT_EQ(step(-1), u"0 5 1/3 "_s + wrong);
+    EXPECT_EQ(step(-1), u"2 5 已过第一处，从末尾开始：3/3 "_s + wrong);
+    EXPECT_EQ(step(1), u"0 5 已过最后一处，从头开始：1/3 "_s + wrong);
+    database.state.connectionString = u"Driver=SQLite3;Database=/nowhere/none.db;NoCreat=1;"_s;
+    records->reset();
+    pane->proofAll(); // a remark about the whole batch at most
+    EXPECT_EQ(step(1), u"没有列出的结果"_s);
+}
+
 // The remark that sorts first is found last: the search cannot reach its server.
 TEST_F(RemarksPaneTest, BeginsWithTheFirstRowUnlessTheUserChoseAnother) {
     database.state.connectionString = u"Driver=SQLite3;Database=/nowhere/none.db;NoCreat=1;"_s;
@@ -117,7 +176,7 @@ TEST_F(RemarksPaneTest, BeginsWithTheFirstRowUnlessTheUserChoseAnother) {
     EXPECT_TRUE(jumps.isEmpty());
     at(3, [this] {
         proof().grid->clickRow(2);
-        EXPECT_EQ(proof().remarkText->text(), u"ISSN校验位错误，应为3"_s);
+        EXPECT_EQ(text(), u"ISSN校验位错误，应为3"_s);
     });
     pane->proofAll();
     EXPECT_EQ(proof().grid->row(), 3);
@@ -140,7 +199,7 @@ TEST_F(RemarksPaneTest, StopsAtOnceAndBeginsAgain) {
     inFile = 0;
     pane->proofAll();
     EXPECT_EQ(words(), u"校对 0 条，发现 0 处"_s);
-    EXPECT_EQ(kinds(), QStringList{u"全部 (0)"_s});
+    EXPECT_EQ(kinds(), QStringList{u"全部规则 (0)"_s});
     QTest::keyClick(proof().grid, Qt::Key_Return); // no remark to jump from
     EXPECT_TRUE(jumps.isEmpty());
 }

@@ -61,13 +61,18 @@ void proofAll(TourDriver &driver) {
     });
     driver.waitForFocus(u"proofTable/grid"_s);
     driver.shot(u"remarks"_s);
-    driver.key(u"Escape"_s);
+    driver.key(u"alt+f Down"_s);
+    driver.shot(u"remarks-filtered"_s);
+    driver.key(u"Up Escape"_s);
     driver.waitForFocus(u"Grid1"_s);
     driver.key(u"F8"_s);
     driver.waitForFocus(u"proofTable/grid"_s);
     driver.key(u"F8"_s);
     driver.waitForFocus(u"Grid1"_s);
     driver.expect(driver.look([] { return TourDriver::find(u"remarksPane"_s) == nullptr; }), u"the pane is hidden"_s);
+    driver.key(u"F4 F4"_s);
+    driver.waitUntil(u"the second remark"_s, [] { return room()->labStatus->text().startsWith(u"2/"); });
+    driver.shot(u"remark-step"_s);
 }
 
 void filterList(TourDriver &driver) {

@@ -20,7 +20,10 @@ struct RemarksTest : Workspace {
     QString at() const {
         return u"%1 %2"_s.arg(form->Grid2->row()).arg(form->record().row(form->Grid1->row()).identifier);
     }
-    void pressF8() { QTest::keyClick(QApplication::focusWidget(), Qt::Key_F8); }
+    void pressKey(Qt::Key key, Qt::KeyboardModifiers with = {}) {
+        QTest::keyClick(QApplication::focusWidget(), key, with);
+    }
+    void pressF8() { pressKey(Qt::Key_F8); }
 };
 
 } // namespace
@@ -95,6 +98,61 @@ TEST_F(RemarksTest, JumpToAFieldThatIsThenVisible) {
     EXPECT_TRUE(pane.widget->isVisible() && window.Grid1->row() == titleRow);
     const QRect row = window.Grid1->visualRect(window.Grid1->model()->index(titleRow - 1, IdentifierColumn));
     EXPECT_TRUE(window.Grid1->viewport()->rect().contains(row));
+}
+
+TEST_F(RemarksTest, AreSteppedThroughByOneKey) {
+    auto &window = open(3);
+    const auto press = [](QWidget *where, Qt::KeyboardModifiers with = {}) {
+        where->setFocus();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_F4, with);
+    };
+    pane.next = {{}, u"没有列出的结果"_s};
+    press(window.Grid2);
+    EXPECT_TRUE(says(u"没有列出的结果"_s));
+    pane.next = {marc::FieldPlace{.record = 2, .fieldRow = titleRow}, u"1/2 错误：甲"_s};
+    press(window.filterBox, Qt::ShiftModifier); // a box that would open by the key
+    EXPECT_EQ(pane.asked, (QStringList{u"step 1"_s, u"step -1"_s}));
+    EXPECT_EQ(at(), u"2 $a"_s);
+    EXPECT_TRUE(says(u"1/2 错误：甲"_s) && window.Grid1->hasFocus() && !pane.widget->isVisible());
+    window.zdList->show();
+    press(window.zdList);
+    EXPECT_EQ(pane.asked.size(), 2);
+    window.zdList->hide();
+    press(window.Grid1);
+    QTest::keyClick(window.Grid1, Qt::Key_Return);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F4);
+    EXPECT_EQ(pane.asked.size(), 3);
+    EXPECT_TRUE(says(u"请先结束编辑（回车写入，Esc 放弃）"_s));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+}
+
+TEST_F(RemarksTest, MarkTheCurrentRecordAsItIsEdited) {
+    auto &window = open(2);
+    const auto marked = [&window] {
+        QStringList rows;
+        for (int row = 1; row < window.Grid1->rows(); ++row)
+            for (const RowRemark &remark : window.Grid1->remarksOn(row))
+                rows.append(QString::number(row) + remark.words.left(2));
+        return rows;
+    };
+    EXPECT_EQ(marked(), QStringList());
+    window.record().edit({.row = titleRow, .text = u"错"_s});
+    EXPECT_EQ(marked(), (QStringList{u"1错误"_s, u"4提示"_s})); // about the whole record: beside its leader
+    window.Grid1->clickRow(titleRow);
+    EXPECT_TRUE(says(u"提示：有错字"_s));
+    pane.next = {marc::FieldPlace{.record = 0, .fieldRow = titleRow}, u"1/2 提示：有错字"_s};
+    pressKey(Qt::Key_F4);
+    EXPECT_EQ(status().count(u"提示：有错字"_s), 1);
+    window.record().insert({.place = 3, .content = {.identifier = u"101"_s, .value = u"错题"_s}});
+    EXPECT_EQ(marked(), (QStringList{u"3提示"_s, u"5提示"_s}));
+    pressKey(Qt::Key_Z, Qt::ControlModifier);
+    pressKey(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(marked(), QStringList());
+    EXPECT_FALSE(says(u"提示：有错字"_s));
+    window.record().edit({.row = titleRow, .text = u"题错"_s});
+    host.willAnswer(platform::Answer::Yes);
+    window.Grid2->clickRow(1);
+    EXPECT_EQ(marked(), QStringList());
 }
 
 TEST_F(RemarksTest, AreDisabledWhileAnEditorIsOpen) {

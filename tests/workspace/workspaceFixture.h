@@ -19,7 +19,21 @@ struct PaneDouble {
     QStringList asked;
     bool empty = true;
     std::vector<int> remarked;
+    workspace::RemarksPane::Step next; // of the next step
 
+    // Finds each row that contains 错, and the record as a whole if then no row contains 题.
+    static std::vector<workspace::RowRemark> check(const marc::FieldRows &rows) {
+        std::vector<workspace::RowRemark> remarks;
+        bool hasTitle = false;
+        for (qsizetype i = 0; i < rows.size(); ++i) {
+            hasTitle = hasTitle || rows[i].value.contains(u'题');
+            if (rows[i].value.contains(u'错'))
+                remarks.push_back({int(i) + 1, widgets::Mark::Hint, QStringLiteral("提示：有错字")});
+        }
+        if (!remarks.empty() && !hasTitle)
+            remarks.push_back({0, widgets::Mark::Error, QStringLiteral("错误：没有题名")});
+        return remarks;
+    }
     workspace::RemarksPane make(const workspace::RemarksNeeds &given) {
         needs = given;
         widget = new QLineEdit;
@@ -40,6 +54,12 @@ struct PaneDouble {
                     },
                 .isEmpty = [this] { return empty; },
                 .rowsWithRemarks = [this] { return remarked; },
+                .step =
+                    [this](int by) {
+                        asked.append(QStringLiteral("step ") + QString::number(by));
+                        return next;
+                    },
+                .check = &PaneDouble::check,
                 .end = [this] { asked.append(u"end"_s); }};
     }
 };

@@ -5,6 +5,7 @@
 #include "app/windows/frmLook.h"
 #include "app/windows/marcMain.h"
 #include "assist/windows/frmHelpLR.h"
+#include "batch/windows/remarkDelegate.h"
 #include "batch/windows/remarksPane.h"
 #include "card/windows/frmMarcKaPian.h"
 #include "filetools/windows/frmCutFile.h"
@@ -126,6 +127,7 @@ workspace::RemarksPane DeskWindows::makeRemarks(const workspace::RemarksNeeds &n
     QObject::connect(pane, &batch::RemarksPane::jump, pane, needs.jump);
     QObject::connect(pane, &batch::RemarksPane::left, pane, needs.leave);
     QObject::connect(pane, &batch::RemarksPane::changed, pane, needs.changed);
+    QObject::connect(pane, &batch::RemarksPane::remindersChanged, pane, needs.checkChanged);
     QObject::connect(pane, &batch::RemarksPane::ended, pane,
                      [tell = needs.tell](const QString &words) { tell(words + u"，F8 列出"); });
     return {.widget = pane,
@@ -137,6 +139,19 @@ workspace::RemarksPane DeskWindows::makeRemarks(const workspace::RemarksNeeds &n
             .leftOut = [pane] { return pane->leftOut(); },
             .isEmpty = [pane] { return pane->isEmpty(); },
             .rowsWithRemarks = [pane] { return pane->rowsWithRemarks(); },
+            .step =
+                [pane](int by) {
+                    batch::RemarksPane::Step step = pane->step(by);
+                    return workspace::RemarksPane::Step{step.place, std::move(step.words)};
+                },
+            .check =
+                [pane](const marc::FieldRows &rows) {
+                    std::vector<workspace::RowRemark> remarks;
+                    for (batch::RemarksPane::Current &current : pane->remarksOn(rows))
+                        remarks.push_back(
+                            {current.remark.fieldRow, batch::markOf(current.remark.level), std::move(current.words)});
+                    return remarks;
+                },
             .end = [pane] { pane->end(); }};
 }
 

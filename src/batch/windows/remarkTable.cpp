@@ -1,6 +1,7 @@
 #include "batch/windows/remarkTable.h"
+#include "batch/windows/remarkDelegate.h"
+#include "batch/windows/silenceMenu.h"
 #include "platform/fileFilters.h"
-#include "platform/paths.h"
 #include "widgets/layout.h"
 #include <QClipboard>
 #include <QEvent>
@@ -16,39 +17,68 @@ namespace batch {
 
 namespace {
 
-constexpr int allRules = -1;
-constexpr int shownLines = 4; // minimum height of the table
+constexpr int shownLines = 3; // minimum height of the table, with the heading
+constexpr int textLines = 3;  // of the current remark
 
-QString withCount(QStringView name, int count) {
-    return name + u" (" + QString::number(count) + u')';
+// Two paragraphs: what is wrong, and what the rule demands.
+QString fullText(const RuleBook &rules, const Remark &remark) {
+    const QString explanation = rules.explanationOf(remark);
+    return rules.wordsOf(remark) + (explanation.isEmpty() ? QString() : QString(u'\n' + explanation));
 }
 
 } // namespace
 
-RemarkTable::RemarkTable(const QString &objectName, platform::Host &host, QWidget *parent)
+RemarkTable::RemarkTable(const QString &objectName, platform::Host &host, Reminders *reminders, QWidget *parent)
     : QWidget(parent)
-    , kindBox(named(new QComboBox(this), u"kindBox"_s))
+    , filterBar(new RemarkFilterBar(this))
+    , silenceButton(new Button(u"silenceButton"_s, u"&Y 不再提示"_s, this))
     , words(new widgets::PacedLabel(u"words"_s, {}, this))
     , grid(new widgets::FlexGrid(u"grid"_s, RemarkList().columnCount(), 1, this))
-    , remarkText(named(new QLabel(this), u"remarkText"_s))
+    , remarkText(named(new QPlainTextEdit(this), u"remarkText"_s, u"当前结果的全文和说明"_s))
     , copyButton(new Button(u"copyButton"_s, u"&C 复制"_s, this))
     , saveButton(new Button(u"saveButton"_s, u"&O 另存为…"_s, this))
     , m_host(host)
+    , m_reminders(reminders)
     , m_above(widgets::row({}))
     , m_below(widgets::row({})) {
     setObjectName(objectName);
     setFocusProxy(grid);
     layOut();
-    widgets::hint({{grid, u"回车或双击：到这条记录、这个字段"},
+    widgets::hint({{grid, u"回车或双击：到这条记录、这个字段；F4 下一处"},
+                   {silenceButton, u"不再列出这一类；已经不再提示的类也在这里恢复"},
                    {copyButton, u"复制列出的全部结果"},
                    {saveButton, u"把列出的结果存为文本表格"}});
+    connectControls();
+    begin(RemarkList());
+}
+
+void RemarkTable::layOut() {
+    grid->setFormat(RemarkList::headings.toString());
+    grid->horizontalHeader()->setStretchLastSection(true);
+    grid->setItemDelegate(new RemarkDelegate(m_list, grid));
+    remarkText->setReadOnly(true);
+    remarkText->setTabChangesFocus(true);
+    remarkText->setFrameShape(QFrame::NoFrame);
+    remarkText->document()->setDocumentMargin(0);
+    remarkText->viewport()->setAutoFillBackground(false);
+    m_above->addWidget(words, 1);
+    m_below->addWidget(remarkText, 1);
+    for (Button *button : {copyButton, saveButton})
+        m_below->addWidget(button, 0, Qt::AlignTop);
+    silenceButton->setVisible(m_reminders);
+    setLayout(widgets::column({widgets::row({{filterBar, 1}, silenceButton}), m_above, {grid, 1}, m_below}));
+    layout()->setContentsMargins(0, 0, 0, 0);
+    fitWidths();
+}
+
+void RemarkTable::connectControls() {
     connect(words, &widgets::PacedLabel::aboutToShow, this, [this] {
-        showKinds();
+        showChoices();
         showRow();
     });
-    connect(kindBox, &QComboBox::activated, this, &RemarkTable::filter);
+    connect(filterBar, &RemarkFilterBar::chosen, this, &RemarkTable::filter);
     connect(grid, &widgets::FlexGrid::enterCell, this, [this] {
-        m_rowChosen = true;
+        m_rowChosen = m_rowVisited = true;
         showRow();
     });
     connect(grid, &widgets::FlexGrid::gridActivated, this, &RemarkTable::activateRow);
@@ -58,38 +88,31 @@ RemarkTable::RemarkTable(const QString &objectName, platform::Host &host, QWidge
         save({u"另存为"_s, platform::filters::remarks.toString(), u".tsv"},
              [this](const QString &path) { return saveRemarks(path, *m_list); });
     });
-    begin(RemarkList());
-}
-
-void RemarkTable::layOut() {
-    kindBox->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-    grid->setFormat(RemarkList::headings.toString());
-    grid->horizontalHeader()->setStretchLastSection(true);
-    remarkText->setTextFormat(Qt::PlainText);
-    remarkText->setWordWrap(true);
-    remarkText->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    remarkText->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    auto *kindLabel = named(new QLabel(u"规则(&F)："_s, this), u"kindLabel"_s);
-    m_above->addLayout(widgets::labelled(kindLabel, kindBox));
-    m_above->addWidget(words, 1);
-    m_below->addWidget(remarkText, 1);
-    for (Button *button : {copyButton, saveButton})
-        m_below->addWidget(button);
-    setLayout(widgets::column({m_above, {grid, 1}, m_below}));
-    layout()->setContentsMargins(0, 0, 0, 0);
-    fitWidths();
+    if (!m_reminders)
+        return;
+    connect(m_reminders, &Reminders::changed, this, &RemarkTable::silence);
+    connect(silenceButton, &Button::clicked, this,
+            [this] { openMenu(silenceButton->mapToGlobal(silenceButton->rect().bottomLeft())); });
+    connect(grid, &widgets::FlexGrid::rightPressed, this, [this] {
+        const QPoint where = QCursor::pos();
+        if (const int row = grid->rowAt(grid->viewport()->mapFromGlobal(where).y()); row >= 0)
+            grid->clickRow(row + 1);
+        openMenu(where);
+    });
+    connect(grid, &widgets::FlexGrid::menuKeyPressed, this,
+            [this] { openMenu(grid->parentWidget()->mapToGlobal(grid->cellRect(grid->row(), 1).bottomLeft())); });
 }
 
 // Sets the widths in characters of the current font.
 void RemarkTable::fitWidths() {
     const int character = fontMetrics().horizontalAdvance(u'书');
-    constexpr auto characters = std::to_array<int>({3, 7, 3, 4, 10, 12});
+    constexpr auto characters = std::to_array<int>({5, 8, 3, 4, 8, 12});
     for (size_t column = 0; column < characters.size(); ++column)
         grid->setColumnTwips(int(column), grid->toTwips(character * characters[column]));
     // A line of Chinese may be higher than the font's own, if another font supplies the characters.
-    const QRect twoLines = fontMetrics().boundingRect(QRect(0, 0, character * 9, character * 9), 0, u"书\n书"_s);
-    remarkText->setFixedHeight(std::max(2 * fontMetrics().lineSpacing(), twoLines.height()));
-    grid->setMinimumHeight(shownLines * (fontMetrics().height() + 2 * grid->frameWidth()));
+    const QRect line = fontMetrics().boundingRect(u"书"_s);
+    remarkText->setFixedHeight(textLines * std::max(fontMetrics().lineSpacing(), line.height()) + 2);
+    grid->setMinimumHeight(qRound(shownLines * widgets::rowFactor * fontMetrics().height()) + 2 * grid->frameWidth());
 }
 
 void RemarkTable::changeEvent(QEvent *event) {
@@ -100,11 +123,11 @@ void RemarkTable::changeEvent(QEvent *event) {
 
 void RemarkTable::begin(RemarkList list) {
     m_list = std::make_shared<RemarkList>(std::move(list));
+    if (m_reminders)
+        m_list->silence(m_reminders->silenced());
     m_rowChosen = false;
-    grid->bind(m_list);
-    kindBox->clear();
-    showKinds();
-    showRow();
+    filterBar->clear();
+    showAgain();
 }
 
 void RemarkTable::take(std::vector<Remark> remarks) {
@@ -118,70 +141,94 @@ void RemarkTable::take(std::vector<Remark> remarks) {
 void RemarkTable::settle() {
     const int current = m_rowChosen && grid->row() > 0 ? m_list->idOf(grid->row() - 1) : -1;
     m_list->sort();
-    grid->bind(m_list);
-    if (current >= 0)
-        grid->setRow(m_list->rowOf(current) + 1);
-    showKinds();
+    const bool visited = m_rowVisited;
+    showAgain();
+    if (current < 0)
+        return;
+    grid->setRow(m_list->rowOf(current) + 1);
+    m_rowVisited = visited;
     showRow();
 }
 
-// Rules are only added, so that the chosen one stays.
-void RemarkTable::showKinds() {
-    if (kindBox->count() == 0)
-        kindBox->addItem({}, allRules);
-    const RemarkList::Choices<int> &rules = m_list->byRule();
-    kindBox->setItemText(0, withCount(u"全部", rules.all));
-    int place = 1;
-    for (const auto &[rule, count] : rules.of) {
-        const QString text = withCount(m_list->rules().labelOf(rule), count);
-        if (place >= kindBox->count() || kindBox->itemData(place).toInt() != rule)
-            kindBox->insertItem(place, text, rule);
-        else if (kindBox->itemText(place) != text)
-            kindBox->setItemText(place, text);
-        ++place;
-    }
+void RemarkTable::showChoices() {
+    filterBar->offer(*m_list);
+    const int silenced = m_list->silencedCount();
+    silenceButton->setText(silenced > 0 ? u"&Y 不再提示 (%1)"_s.arg(silenced) : u"&Y 不再提示"_s);
 }
 
 void RemarkTable::filter() {
-    const int rule = kindBox->currentData().toInt();
-    m_list->setFilter({.level = {}, .rule = rule == allRules ? std::nullopt : std::optional(rule), .tag = {}});
-    grid->bind(m_list);
+    m_list->setFilter(filterBar->filter());
+    showAgain();
+}
+
+// A filter that would leave nothing is given up.
+void RemarkTable::silence() {
+    m_list->silence(m_reminders->silenced());
+    if (m_list->rowCount() == 0 && !m_list->filter().isEmpty()) {
+        filterBar->clear();
+        m_list->setFilter({});
+    }
+    showAgain();
+}
+
+void RemarkTable::showAgain() {
+    grid->bind(m_list); // makes the first row current
+    m_rowVisited = false;
+    showChoices();
     showRow();
 }
 
-void RemarkTable::showRow() {
+const Remark *RemarkTable::current() const {
     const int row = grid->row() - 1;
-    remarkText->setText(row < 0 || row >= m_list->rowCount() ? QString()
-                                                             : m_list->rules().wordsOf(m_list->remark(row)));
+    return row < 0 || row >= m_list->rowCount() ? nullptr : &m_list->remark(row);
+}
+
+void RemarkTable::showRow() {
+    const Remark *remark = current();
+    const QString text = remark ? fullText(m_list->rules(), *remark) : QString();
+    if (remarkText->toPlainText() != text)
+        remarkText->setPlainText(text);
+}
+
+void RemarkTable::openMenu(const QPoint &where) {
+    silenceMenu(*m_reminders, m_list->rules(), current(), this)->popup(where);
 }
 
 void RemarkTable::activateRow() {
-    const int row = grid->row() - 1;
-    if (row >= 0 && row < m_list->rowCount() && m_list->remark(row).record >= 0)
-        Q_EMIT activated(m_list->remark(row));
-}
-
-// Returns std::nullopt if no file was chosen or an existing one must not be replaced.
-std::optional<QString> RemarkTable::chosenPath(const Target &target) {
-    QString path =
-        m_host.chooseFile({.title = target.title, .filter = target.filter, .kind = platform::FileDialogKind::Save});
-    if (path.isEmpty())
-        return std::nullopt;
-    if (!path.sliced(platform::folderOf(path).size()).contains(u'.'))
-        path += target.suffix;
-    const bool mayWrite = !platform::fileExists(path) || m_host.ask(u"文件【"_s + path + u"】已经存在，是否替换？",
-                                                                    platform::hintTitle, platform::Answer::No);
-    return mayWrite ? std::optional(path) : std::nullopt;
-}
-
-void RemarkTable::save(const Target &target, const std::function<platform::Status(const QString &path)> &write) {
-    const std::optional<QString> path = chosenPath(target);
-    if (!path)
+    const Remark *remark = current();
+    if (!remark || remark->record < 0)
         return;
-    if (const platform::Status saved = write(*path))
-        words->setText(u"已保存到 "_s + *path);
-    else
-        m_host.tell(u"保存失败：【"_s + saved.failure().description + u"】");
+    m_rowVisited = true;
+    Q_EMIT activated(*remark);
+}
+
+RemarkTable::Step RemarkTable::step(int by) {
+    const int rows = m_list->rowCount();
+    Step step;
+    int row = grid->row() - 1;
+    if (!m_rowVisited && by > 0)
+        --row;
+    for (int tried = 0; tried < rows && !step.remark; ++tried) {
+        row += by;
+        if (row < 0 || row >= rows) {
+            step.wrapped = true;
+            row = by < 0 ? rows - 1 : 0;
+        }
+        if (m_list->remark(row).record >= 0)
+            step.remark = &m_list->remark(row);
+    }
+    if (!step.remark)
+        return step;
+    m_rowChosen = m_rowVisited = true;
+    step.number = row + 1;
+    grid->setRow(row + 1);
+    showRow();
+    return step;
+}
+
+void RemarkTable::save(const SaveTarget &target, const std::function<platform::Status(const QString &path)> &write) {
+    if (const auto saved = saveChosen(m_host, target, write))
+        words->setText(*saved);
 }
 
 } // namespace batch

@@ -15,27 +15,67 @@ namespace batch {
 
 RemarksPane::RemarksPane(platform::Host &host, Source source, QWidget *parent)
     : QStackedWidget(parent)
-    , proofTable(new RemarkTable(u"proofTable"_s, host, this))
+    , reminders(new Reminders(host.remembered(), this))
+    , proofTable(new RemarkTable(u"proofTable"_s, host, reminders, this))
     , skipBox(widgets::named(new QCheckBox(u"导入时跳过查重命中的(&V)"_s, proofTable), u"skipBox"_s,
                              u"导入时跳过查重命中的"_s))
     , stopButton(new Button(u"stopButton"_s, u"&E 停止"_s, proofTable))
     , toRefusedButton(new Button(u"toRefusedButton"_s, u"&R 未成功记录"_s, proofTable))
-    , refusedTable(new RemarkTable(u"refusedTable"_s, host, this))
+    , refusedTable(new RemarkTable(u"refusedTable"_s, host, nullptr, this))
     , toProofButton(new Button(u"toProofButton"_s, u"&R 校对结果"_s, refusedTable))
     , isoButton(new Button(u"isoButton"_s, u"&T 存为机读文件…"_s, refusedTable))
     , m_host(host)
-    , m_source(std::move(source)) {
+    , m_source(std::move(source))
+    , m_check(m_source.proof, m_source.schema.get()) {
     setObjectName(u"remarksPane"_s);
     layOut();
     connect(stopButton, &Button::clicked, this, &RemarksPane::end);
     connect(isoButton, &Button::clicked, this, &RemarksPane::saveRecords);
     connect(toRefusedButton, &Button::clicked, this, [this] { turnTo(refusedTable); });
     connect(toProofButton, &Button::clicked, this, [this] { turnTo(proofTable); });
-    connect(proofTable, &RemarkTable::activated, this, [this](const Remark &remark) {
-        Q_EMIT jump({remark.record, remark.fieldRow, m_run->momentOf(remark.record)});
+    for (RemarkTable *table : {proofTable, refusedTable})
+        connect(table, &RemarkTable::activated, this, [this](const Remark &remark) { Q_EMIT jump(placeOf(remark)); });
+    connect(reminders, &Reminders::changed, this, [this] {
+        showClosing();
+        Q_EMIT changed();
+        Q_EMIT remindersChanged();
     });
-    connect(refusedTable, &RemarkTable::activated, this,
-            [this](const Remark &remark) { Q_EMIT jump({.record = remark.record}); });
+}
+
+marc::FieldPlace RemarksPane::placeOf(const Remark &remark) const {
+    const int moment = currentWidget() == proofTable ? m_run->momentOf(remark.record) : 0;
+    return {remark.record, remark.fieldRow, moment};
+}
+
+std::vector<RemarksPane::Current> RemarksPane::remarksOn(const marc::FieldRows &rows) {
+    std::vector<Current> remarks;
+    if (!reminders->marksRows())
+        return remarks;
+    if (!m_check.isUpToDate())
+        m_check.renew();
+    const RuleBook rules(m_check.schema());
+    const SilencedNumbers silenced(reminders->silenced(), rules);
+    for (Remark &remark : m_check.remarksOn(0, rows))
+        if (remark.kind != Kind::Unchecked && !silenced.contains(remark)) {
+            const QString words = nameOf(remark.level) + u"：" + rules.wordsOf(remark);
+            remarks.push_back({std::move(remark), words});
+        }
+    return remarks;
+}
+
+RemarksPane::Step RemarksPane::step(int by) {
+    auto *table = currentWidget() == proofTable ? proofTable : refusedTable;
+    if (isEmpty())
+        return {{}, u"还没有校对结果，请先按“校对全部”"_s};
+    const RemarkTable::Step step = table->step(by);
+    if (!step.remark)
+        return {{}, u"没有列出的结果"_s};
+    const QString wrapped = !step.wrapped ? QString()
+                            : by > 0      ? u"已过最后一处，从头开始："_s
+                                          : u"已过第一处，从末尾开始："_s;
+    return {placeOf(*step.remark), wrapped + u"%1/%2 "_s.arg(step.number).arg(table->remarks().rowCount()) +
+                                       nameOf(step.remark->level) + u'：' +
+                                       table->remarks().rules().wordsOf(*step.remark)};
 }
 
 void RemarksPane::layOut() {
@@ -133,11 +173,15 @@ void RemarksPane::finish() {
     stopButton->hide();
     proofTable->settle();
     offerSkipping();
-    const QString words = m_run->closingText(proofTable->remarks(), m_source.recordsInFile());
-    proofTable->words->setText(words);
     m_run->end();
+    showClosing();
     if (isHidden())
-        Q_EMIT ended(words);
+        Q_EMIT ended(proofTable->words->text());
+}
+
+void RemarksPane::showClosing() {
+    if (m_run && !m_running)
+        proofTable->words->setText(m_run->closingText(proofTable->remarks(), m_source.recordsInFile()));
 }
 
 RefusedRecords RemarksPane::leftOut() const {

@@ -4,6 +4,7 @@
 
 #include "batch/proofRun.h"
 #include "batch/refusedRecords.h"
+#include "batch/reminders.h"
 #include "batch/windows/remarkTable.h"
 #include "marc/fieldPlace.h"
 #include "widgets/button.h"
@@ -37,9 +38,25 @@ public:
     // Returns whether there is neither a proof nor a refused record to show.
     bool isEmpty() const { return m_run == nullptr && m_rest.isEmpty(); }
 
+    // Returns the remarks about the current record, as it is being edited, and the words of each; none if the user has
+    // switched the marks off. Silenced rules are left out.
+    struct Current {
+        Remark remark;
+        QString words; // as "错误：…"
+    };
+    std::vector<Current> remarksOn(const marc::FieldRows &rows);
+    // Makes the next (1) or last (-1) remark that is shown current. Returns its place, std::nullopt if there is none,
+    // and what to tell the user. Works while the pane is hidden.
+    struct Step {
+        std::optional<marc::FieldPlace> place;
+        QString words;
+    };
+    Step step(int by);
+
     // Returns the rows of the list with a remark of the last proof or refused by the last import, in ascending order.
     std::vector<int> rowsWithRemarks() const;
 
+    Reminders *reminders;
     RemarkTable *proofTable;
     QCheckBox *skipBox;          // disabled if no duplicate was found, and during a run
     widgets::Button *stopButton; // shown during a run
@@ -51,7 +68,8 @@ public:
 Q_SIGNALS:
     void jump(const marc::FieldPlace &place);
     void left();                      // by Esc: the focus should go back
-    void changed();                   // remarks were added or removed
+    void changed();                   // remarks were added, removed or silenced
+    void remindersChanged();          // remarksOn() may return others
     void ended(const QString &words); // a run ended while the pane was hidden
 
 protected:
@@ -62,13 +80,16 @@ private:
     void turnTo(RemarkTable *table);
     void offerOther();
     void offerSkipping();
+    marc::FieldPlace placeOf(const Remark &remark) const;
     void takeRemarks(std::vector<Remark> remarks);
     bool goesOn(int run);
     void finish();
+    void showClosing();
     void saveRecords();
 
     platform::Host &m_host;
     Source m_source;
+    RecordCheck m_check;             // of the current record
     std::shared_ptr<ProofRun> m_run; // the last run
     NotImported m_rest;              // of the last import
     int m_runs = 0; // number of runs begun and ended; a loop that finds another number returns and touches nothing

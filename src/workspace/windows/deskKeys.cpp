@@ -59,11 +59,19 @@ void DeskKeys::bindAll() {
     whenFree(Qt::ControlModifier | Qt::Key_G, [this] { m_parts.find.open(FindLine::Place::Number); });
     inWindow(Qt::Key_F6, [this] { m_parts.editors.openLarge(); });
     inWindow(Qt::Key_F8, [this] { Q_EMIT remarksWanted(); });
+    inWindow(Qt::Key_F4, [this] { wantRemark(1); });
+    inWindow(Qt::ShiftModifier | Qt::Key_F4, [this] { wantRemark(-1); });
     const QList<QKeySequence> keys = FieldCommands::keys();
     for (int item = 1; item <= keys.size(); ++item)
         if (!keys[item - 1].isEmpty() && keys[item - 1] != QKeySequence(Qt::Key_Return)) // handled by the grid itself
             bind(&m_parts.fields, keys[item - 1], Qt::WidgetShortcut,
                  [this, item] { m_parts.commands.runByKey(item); });
+}
+
+// In the lists over the grid the key has no meaning.
+void DeskKeys::wantRemark(int by) {
+    if (!m_parts.commands.zdList->hasFocus() && !m_parts.commands.Zzdlist->hasFocus())
+        Q_EMIT remarkWanted(by);
 }
 
 void DeskKeys::stepAtField(int by) {

@@ -34,13 +34,15 @@ public:
 
 Q_SIGNALS:
     void told(const QString &words);
-    void remarksWanted(); // F8
-    void rowChosen();     // another row of the field grid is current
+    void remarksWanted();      // F8
+    void remarkWanted(int by); // F4: 1, Shift+F4: -1
+    void rowChosen();          // another row of the field grid is current
 
 private:
     template <class Act>
     void bind(QWidget *where, const QKeySequence &key, Qt::ShortcutContext context, Act act);
     void bindAll();
+    void wantRemark(int by);
     void stepAtField(int by);
     void goToWords(const QString &words);
     void goBack(const std::optional<EditedRecord::Gone> &gone, const QString &done, const QString &nothing);

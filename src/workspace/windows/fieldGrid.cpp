@@ -3,10 +3,13 @@
 #include "widgets/flexGridColours.h"
 #include "widgets/styleTokens.h"
 #include <QFontDatabase>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QTextOption>
+#include <QToolTip>
+#include <algorithm>
 #include <array>
 #include <memory>
 #include <numeric>
@@ -48,6 +51,18 @@ public:
         painter->restore();
     }
 
+    bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
+                   const QModelIndex &index) override {
+        QStringList words;
+        for (const RowRemark &remark : grid().remarksOn(index.row() + fixedRows))
+            words.append(remark.words.toHtmlEscaped());
+        if (event->type() != QEvent::ToolTip || words.isEmpty())
+            return FlexGridDelegate::helpEvent(event, view, option, index);
+        QToolTip::showText(event->globalPos(), u"<qt>"_s + words.join(u"<br>") + u"</qt>", view->viewport(),
+                           option.rect);
+        return true;
+    }
+
 protected:
     bool hasLineAbove(const QModelIndex &index) const override { return index.row() > 0 && beginsField(index); }
 
@@ -58,6 +73,13 @@ protected:
         if (index.column() == IdentifierColumn && beginsField(index))
             font.setWeight(QFont::Medium);
         return font;
+    }
+
+    std::optional<CellMark> markOf(const QModelIndex &index) const override {
+        if (index.column() != SubfieldLabelColumn)
+            return std::nullopt;
+        const std::vector<RowRemark> remarks = grid().remarksOn(index.row() + fixedRows);
+        return remarks.empty() ? std::nullopt : std::optional(CellMark{remarks[0].mark, true});
     }
 
 private:
@@ -122,6 +144,17 @@ bool FieldGrid::isCoded(int row) const {
             return tag < u"010"_s || tag.startsWith(u'1');
     }
     return false;
+}
+
+void FieldGrid::markRows(std::vector<RowRemark> remarks) {
+    std::ranges::stable_sort(remarks, {}, [](const RowRemark &remark) { return std::pair(remark.row, remark.mark); });
+    m_remarks = std::move(remarks);
+    viewport()->update();
+}
+
+std::vector<RowRemark> FieldGrid::remarksOn(int row) const {
+    const auto found = std::ranges::equal_range(m_remarks, row, {}, &RowRemark::row);
+    return {found.begin(), found.end()};
 }
 
 void FieldGrid::showAnew() {

@@ -3,6 +3,7 @@
 
 #include "widgets/flexGrid.h"
 #include "workspace/editedRecord.h"
+#include "workspace/windows/rowRemark.h"
 #include <QElapsedTimer>
 #include <QPlainTextEdit>
 #include <memory>
@@ -27,6 +28,9 @@ public:
     QRect rightHalf() const;
     // Returns whether the row belongs to the leader, a control field or a field 1XX, where positions are counted.
     bool isCoded(int row) const;
+    // Marks the rows with remarks; the words are shown as tool tips.
+    void markRows(std::vector<RowRemark> remarks);
+    std::vector<RowRemark> remarksOn(int row) const; // the worst first
 
 Q_SIGNALS:
     void scrolled();
@@ -42,6 +46,7 @@ private:
     void shade(int row);
 
     std::shared_ptr<const EditedRecord> m_record;
+    std::vector<RowRemark> m_remarks; // by row, the worst of a row first
     QString m_digits;
     QElapsedTimer m_sinceDigit;
 };

@@ -20,10 +20,11 @@ RemarkJumps::RemarkJumps(const Parts &parts, const WorkspaceWindows &windows, st
 RemarksNeeds RemarkJumps::needs(std::function<qint64()> recordsInFile) {
     return {.records = m_parts.list.sharedRecords(),
             .recordsInFile = std::move(recordsInFile),
-            .jump = [this](const marc::FieldPlace &place) { jump(place); },
+            .jump = [this](const marc::FieldPlace &place) { jump(place, wayBack.toString()); },
             .leave = [this] { m_parts.fields.setFocus(); },
             .tell = [this](const QString &words) { Q_EMIT told(words); },
-            .changed = [this] { Q_EMIT remarksChanged(); }};
+            .changed = [this] { Q_EMIT remarksChanged(); },
+            .checkChanged = [this] { Q_EMIT checkChanged(); }};
 }
 
 void RemarkJumps::show() {
@@ -60,7 +61,17 @@ void RemarkJumps::allow(bool allowed) {
         m_pane.widget->setEnabled(allowed);
 }
 
-void RemarkJumps::jump(const marc::FieldPlace &place) {
+void RemarkJumps::step(int by) {
+    if (!m_parts.keys.isFree())
+        return Q_EMIT told(editorOpen.toString());
+    const RemarksPane::Step step = m_pane.step(by);
+    if (step.place)
+        jump(*step.place, step.words);
+    else
+        Q_EMIT told(step.words);
+}
+
+void RemarkJumps::jump(const marc::FieldPlace &place, const QString &words) {
     if (!m_parts.keys.isFree())
         return Q_EMIT told(editorOpen.toString());
     const marc::PreReadStore &records = m_parts.list.records();
@@ -69,18 +80,18 @@ void RemarkJumps::jump(const marc::FieldPlace &place) {
     m_parts.keys.goToRecord(place.record);
     m_parts.fields.setFocus();
     if (place.fieldRow > 0)
-        return goToField(place);
-    Q_EMIT told(wayBack.toString());
+        return goToField(place, words);
+    Q_EMIT told(words);
 }
 
-void RemarkJumps::goToField(const marc::FieldPlace &place) {
+void RemarkJumps::goToField(const marc::FieldPlace &place, const QString &words) {
     const auto trail = followField(m_parts.list.records().recordsSince(place.moment, place.record),
                                    m_parts.record.rows(), place.fieldRow - 1);
     if (!trail)
-        return Q_EMIT told(u"这个字段已经找不到了，可能已删除；"_s + wayBack);
+        return Q_EMIT told(u"这个字段已经找不到了，可能已删除；"_s + words);
     m_parts.fields.setRow(int(trail->element) + 1);
     Q_EMIT rowChosen();
-    Q_EMIT told((trail->subfieldLost ? u"这个子字段已经找不到了，可能已删除，这是它的字段；"_s : QString()) + wayBack);
+    Q_EMIT told((trail->subfieldLost ? u"这个子字段已经找不到了，可能已删除，这是它的字段；"_s : QString()) + words);
 }
 
 } // namespace workspace

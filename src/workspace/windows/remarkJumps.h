@@ -1,5 +1,5 @@
 // Connects the pane of remarks to the workspace: F8 shows and hides it, the proof of all records and an import fill it,
-// and a remark leads to its record and field.
+// a remark leads to its record and field, and F4 and Shift+F4 go from one remark to another.
 #pragma once
 
 #include "workspace/fieldTrail.h"
@@ -27,8 +27,12 @@ public:
     std::vector<marc::RefusedRecord> leftOut() const { return m_pane.leftOut(); } // by the next import
     // Shows the pane or gives it the focus; hides it if it has the focus.
     void showOrHide();
-    // Moves to the record and to the current position of its field. Reports the reason if that is not possible.
-    void jump(const marc::FieldPlace &place);
+    // Moves to the record and to the current position of its field, and tells the words. Reports the reason if that is
+    // not possible.
+    void jump(const marc::FieldPlace &place, const QString &words);
+    // Goes to the next (1) or last (-1) remark that the pane shows, even if the pane is hidden.
+    void step(int by);
+    std::vector<RowRemark> check(const marc::FieldRows &rows) const { return m_pane.check(rows); }
     // Sets whether the pane can be used; it cannot while an editor is open.
     void allow(bool allowed);
     bool isEmpty() const { return m_pane.isEmpty(); }
@@ -38,12 +42,13 @@ public:
 Q_SIGNALS:
     void told(const QString &words);
     void remarksChanged();
-    void rowChosen(); // another row of the field grid is current
+    void checkChanged(); // check() may return other remarks
+    void rowChosen();    // another row of the field grid is current
 
 private:
     RemarksNeeds needs(std::function<qint64()> recordsInFile);
     void show();
-    void goToField(const marc::FieldPlace &place);
+    void goToField(const marc::FieldPlace &place, const QString &words);
 
     Parts m_parts;
     RemarksPane m_pane;

@@ -36,6 +36,13 @@ void StatusLine::sayOfRecord(const QString &deed) {
     update();
 }
 
+void StatusLine::sayOfRow(const QString &remark) {
+    if (m_facts.rowRemark == remark)
+        return;
+    m_facts.rowRemark = remark;
+    update();
+}
+
 void StatusLine::sayDatabaseTrouble(const QString &words) {
     m_facts.databaseTrouble = words;
     update();

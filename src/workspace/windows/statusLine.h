@@ -22,6 +22,7 @@ public:
 
     void say(const QString &remark);               // shown until the next remark
     void sayOfRecord(const QString &deed);         // shown until another record is shown
+    void sayOfRow(const QString &remark);          // about the current row of the grid
     void sayDatabaseTrouble(const QString &words); // empty: no trouble is known
     void sayImported(const ImportedNow &imported); // shown until the list changes
 

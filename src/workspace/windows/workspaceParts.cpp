@@ -11,6 +11,7 @@ WorkspaceParts::WorkspaceParts(const Desk &desk, const marc::DamagedDirectory &d
     , drafts(desk.list, desk.record, desk.host, [this] { return editors.typing(); })
     , keys({desk.fields, desk.list, desk.record, editors, fieldCommands, moving, desk.find}, desk.window)
     , remarks({desk.fields, desk.list, desk.record, keys}, desk.windows, [this] { return reading.recordsInFile(); })
+    , rowRemarks(desk.fields, desk.record, [this](const marc::FieldRows &rows) { return remarks.check(rows); })
     , status(desk.status, {desk.record, desk.list, editors, reading, drafts})
     , filter(desk.filterBox, desk.list,
              {.remarked = [this] { return remarks.rowsWithRemarks(); },
@@ -20,6 +21,11 @@ WorkspaceParts::WorkspaceParts(const Desk &desk, const marc::DamagedDirectory &d
     QObject::connect(&keys, &DeskKeys::remarksWanted, &remarks, &RemarkJumps::showOrHide);
     QObject::connect(&keys, &DeskKeys::told, &status, &StatusLine::sayOfRecord);
     QObject::connect(&remarks, &RemarkJumps::told, &status, &StatusLine::sayOfRecord);
+    QObject::connect(&keys, &DeskKeys::remarkWanted, &remarks, &RemarkJumps::step);
+    QObject::connect(&keys, &DeskKeys::rowChosen, &rowRemarks, &RowRemarks::tellWords);
+    QObject::connect(&remarks, &RemarkJumps::rowChosen, &rowRemarks, &RowRemarks::tellWords);
+    QObject::connect(&remarks, &RemarkJumps::checkChanged, &rowRemarks, &RowRemarks::renew);
+    QObject::connect(&rowRemarks, &RowRemarks::told, &status, &StatusLine::sayOfRow);
     QObject::connect(&filter, &ListFilter::told, &status, &StatusLine::sayOfRecord);
     QObject::connect(&remarks, &RemarkJumps::remarksChanged, &filter, &ListFilter::updateSoon);
     QObject::connect(&desk.list, &RecordList::taken, &filter, &ListFilter::updateSoon);

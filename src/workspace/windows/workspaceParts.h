@@ -6,6 +6,7 @@
 #include "workspace/windows/recordCommands.h"
 #include "workspace/windows/recordMoving.h"
 #include "workspace/windows/remarkJumps.h"
+#include "workspace/windows/rowRemarks.h"
 #include "workspace/windows/statusLine.h"
 
 namespace workspace {
@@ -34,6 +35,7 @@ struct WorkspaceParts {
     DraftKeeper drafts;
     DeskKeys keys;
     RemarkJumps remarks;
+    RowRemarks rowRemarks;
     StatusLine status;
     ListFilter filter;
 };

@@ -3,8 +3,10 @@
 #pragma once
 
 #include "marc/fieldPlace.h"
+#include "marc/fieldRows.h"
 #include "marc/preReadStore.h"
 #include "marc/refusedRecord.h"
+#include "workspace/windows/rowRemark.h"
 #include <QString>
 #include <functional>
 #include <memory>
@@ -38,6 +40,17 @@ struct RemarksPane {
     std::function<bool()> isEmpty = [] { return true; };
     // Returns the rows of the list that have a remark, in ascending order.
     std::function<std::vector<int>()> rowsWithRemarks = [] { return std::vector<int>(); };
+    // Makes the next (1) or last (-1) remark that is shown current. Returns its place, std::nullopt if there is none,
+    // and what to tell the user.
+    struct Step {
+        std::optional<marc::FieldPlace> place;
+        QString words;
+    };
+    std::function<Step(int by)> step = [](int) { return Step(); };
+    // Returns the remarks about the current record, the worst of each row first.
+    std::function<std::vector<RowRemark>(const marc::FieldRows &rows)> check = [](const auto &) {
+        return std::vector<RowRemark>();
+    };
     std::function<void()> end = [] {}; // ends a running proof
 };
 
@@ -48,7 +61,8 @@ struct RemarksNeeds {
     std::function<void(const marc::FieldPlace &)> jump;
     std::function<void()> leave; // moves the focus back to the fields
     std::function<void(const QString &)> tell;
-    std::function<void()> changed; // call when remarks were added or removed; often in a run
+    std::function<void()> changed;      // call when remarks were added or removed; often in a run
+    std::function<void()> checkChanged; // call when RemarksPane::check may return other remarks
 };
 
 struct WorkspaceWindows {

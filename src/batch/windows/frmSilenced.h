@@ -1,0 +1,31 @@
+// Lists the silenced rules; each can be taken back, and then its remarks are shown again.
+#pragma once
+
+#include "batch/reminders.h"
+#include "widgets/button.h"
+#include "widgets/flexGrid.h"
+#include "widgets/window.h"
+#include <QLabel>
+
+namespace batch {
+
+class frmSilenced final : public widgets::Window {
+    Q_OBJECT
+public:
+    // Shows the rules with the labels of the book. The former must outlive the window.
+    frmSilenced(Reminders &reminders, RuleBook book, QWidget *parent = nullptr);
+
+    QLabel *emptyWords; // shown if no rule is silenced
+    widgets::FlexGrid *grid;
+    widgets::Button *takeBackButton;
+    widgets::Button *quitButton;
+
+private:
+    void list();
+    void takeBack();
+
+    Reminders &m_reminders;
+    RuleBook m_book;
+};
+
+} // namespace batch

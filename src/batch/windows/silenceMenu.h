@@ -1,0 +1,13 @@
+// The menu about what is not to be shown any more: the rule of a remark, or its remarks about one tag; the list of the
+// silenced rules; and the signs beside the rows of the field grid.
+#pragma once
+
+#include "batch/reminders.h"
+#include <QMenu>
+
+namespace batch {
+
+// Returns the menu, which is deleted when it is closed. `remark` may be null.
+QMenu *silenceMenu(Reminders &reminders, const RuleBook &book, const Remark *remark, QWidget *parent);
+
+} // namespace batch
