@@ -131,9 +131,6 @@ void recordScale(ScaleReport &report, const BenchStage &stage) {
     const RecordFile file = stage.recordsOf(report.records());
     firstView(report, file);
     readAll(report, file);
-    constexpr double mostOfRemark = 200;
-    if (const auto memory = memoryOfRemarks(file))
-        report.table.bound(u"memory of a remark"_s, *memory, mostOfRemark, Unit::Bytes);
     OneByOne desk(file);
     if (!desk.workspace.readAll())
         qFatal("the workspace did not list every record");
