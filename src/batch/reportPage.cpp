@@ -31,13 +31,14 @@ QString tableOf(const QString &heading, const QString &rows) {
 }
 
 QString style(const PageDress &dress) {
-    return u"body { color: %1; max-width: 60em; margin: auto; %2}\n"
+    return u"body { color: %1; %2}\n"
            u"h2 { margin-top: 24px; }\n"
            u"th { text-align: left; color: %3; background-color: %4; }\n"
            u"th, td { border-bottom: 1px solid %5; vertical-align: top; }\n"
-           u".quiet { color: %3; }\n"_s.arg(dress.ink,
-                                            dress.font.isEmpty() ? QString() : u"font-family: %1; "_s.arg(dress.font),
-                                            dress.secondInk, dress.tint, dress.hairline);
+           u".quiet { color: %3; }\n"_s.arg(
+               dress.ink,
+               dress.font.isEmpty() ? QString() : u"font-family: %1; max-width: 60em; margin: auto; "_s.arg(dress.font),
+               dress.secondInk, dress.tint, dress.hairline);
 }
 
 QString levelCell(schema::Level level, const PageDress &dress) {

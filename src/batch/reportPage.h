@@ -7,7 +7,7 @@
 namespace batch {
 
 struct PageDress {
-    QString font;                           // as in CSS; empty: that of the document
+    QString font;                           // as in CSS; empty: that of the document, which is as wide as its paper
     QString ink, secondInk, hairline, tint; // colours as "#1f2933"
     std::array<QString, schema::levelCount> levels;
     QString chart;                      // address of the picture; empty: no chart

@@ -208,7 +208,9 @@ void frmBatchReport::showChart() {
     QChart *before = chart->chart();
     chart->setChart(newRuleChart(*m_report, schemeInk(palette()), font()));
     delete before;
-    chart->setMinimumHeight(chartSize(*m_report, font()).height()); // with less, labels would be left out
+    const int height = chartSize(*m_report, font()).height();
+    chart->setMinimumHeight(height); // with less, labels would be left out
+    chart->setMaximumHeight(3 * height / 2);
 }
 
 void frmBatchReport::showRules() {

@@ -1,5 +1,6 @@
 #include "batch/windows/reportPrint.h"
 #include "batch/reportPage.h"
+#include "batch/windows/chartObject.h"
 #include "batch/windows/ruleChart.h"
 #include "platform/byteFile.h"
 #include "platform/desktop/screenSize.h"
@@ -10,13 +11,12 @@
 #include "widgets/styleTokens.h"
 #include <QApplication>
 #include <QBuffer>
-#include <QImage>
 #include <QPdfWriter>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QTextDocument>
-#include <QUrl>
 #include <memory>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 using widgets::Colour;
@@ -31,8 +31,7 @@ constexpr QSize previewSize(900, 700);
 const QMarginsF margins;
 constexpr qsizetype numbersOnPaper = 24; // of a rule
 constexpr int paperWidth = 620;          // of the chart, in layout pixels
-constexpr double sharpness = 4;          // pixels of the picture per layout pixel
-constexpr QStringView chartAddress = u"chart.png";
+constexpr QStringView chartAddress = u"chart";
 
 QString nameOf(Colour colour) {
     return widgets::colour(colour, widgets::schemePalette(widgets::Scheme::Light)).name();
@@ -65,15 +64,19 @@ PageDress paperDress(const BatchReport &report) {
     return dress;
 }
 
-void fill(QTextDocument &document, const BatchReport &report, const RecordDraw &draw) {
+// The document of the report, black on white.
+struct PrintedReport {
+    PrintedReport(const BatchReport &report, const RecordDraw &draw);
+
+    QTextDocument document;
+    std::optional<ChartObject> chart; // destroyed before the document
+};
+
+PrintedReport::PrintedReport(const BatchReport &report, const RecordDraw &draw) {
     document.setDefaultFont(widgets::reportFont(points));
-    if (!report.rules.empty()) {
-        const QFont font = chartFont(document.defaultFont());
-        const double scale = sharpness * paperWidth / chartSize(report, font).width();
-        document.addResource(QTextDocument::ImageResource, QUrl(chartAddress.toString()),
-                             chartAsImage(report, paperInk(), font, scale));
-    }
     document.setHtml(reportPage(report, draw, paperDress(report)));
+    if (!report.rules.empty())
+        chart.emplace(document, report, chartFont(document.defaultFont()), paperWidth);
 }
 
 // Gives the text of the PDF the characters that were printed.
@@ -89,8 +92,7 @@ void nameCharacters(const QString &path, const QTextDocument &document, const QP
 } // namespace
 
 QDialog *newBatchReportPreview(const BatchReport &report, const RecordDraw &draw, QWidget *parent) {
-    const auto document = std::make_shared<QTextDocument>();
-    fill(*document, report, draw);
+    const auto printed = std::make_shared<PrintedReport>(report, draw);
     // Both are owned by the connection, which ends with the preview.
     const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
     printer->setDocName(u"校对报告"_s);
@@ -101,7 +103,7 @@ QDialog *newBatchReportPreview(const BatchReport &report, const RecordDraw &draw
     preview->setWindowTitle(u"打印校对报告"_s);
     preview->resize(previewSize.boundedTo(platform::usableScreenSize(preview)));
     QObject::connect(preview, &QPrintPreviewDialog::paintRequested, preview,
-                     [printer, document](QPrinter *target) { document->print(target); });
+                     [printer, printed](QPrinter *target) { printed->document.print(target); });
     return preview;
 }
 
@@ -114,13 +116,12 @@ platform::Status saveReportPdf(const QString &path, const BatchReport &report, c
     writer.setCreator(platform::programTitle.toString());
     writer.setPageSize(QPageSize(QPageSize::A4));
     writer.setPageMargins(margins, QPageLayout::Millimeter);
-    QTextDocument document;
-    fill(document, report, draw);
-    document.print(&writer);
+    const PrintedReport printed(report, draw);
+    printed.document.print(&writer);
     buffer.close();
     const platform::Status saved = platform::writeWholeFile(path, bytes);
     if (saved)
-        nameCharacters(path, document, writer);
+        nameCharacters(path, printed.document, writer);
     return saved;
 }
 

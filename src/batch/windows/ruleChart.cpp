@@ -8,7 +8,6 @@
 #include <QGraphicsLayout>
 #include <QGraphicsScene>
 #include <QHorizontalStackedBarSeries>
-#include <QImage>
 #include <QLegend>
 #include <QPainter>
 #include <QSvgGenerator>
@@ -92,15 +91,6 @@ QAbstractAxis *countAxis(const std::vector<const RuleEntry *> &entries, const Ch
     return axis;
 }
 
-void draw(QPainter &painter, const BatchReport &report, const ChartInk &ink, const QFont &font) {
-    QGraphicsScene scene;
-    QChart *chart = newRuleChart(report, ink, font);
-    scene.addItem(chart);
-    chart->resize(chartSize(report, font));
-    scene.setSceneRect(chart->rect());
-    scene.render(&painter, QRectF(QPointF(), chart->size()), chart->rect());
-}
-
 } // namespace
 
 ChartInk schemeInk(const QPalette &palette) {
@@ -114,11 +104,12 @@ ChartInk schemeInk(const QPalette &palette) {
 }
 
 ChartInk paperInk() {
-    const QColor black(Qt::black), white(Qt::white);
+    const QPalette paper = widgets::schemePalette(widgets::Scheme::Light);
+    const QColor black(Qt::black), white(Qt::white), grey = widgets::colour(Colour::Edge, paper);
     return {.ink = black,
-            .hairline = widgets::colour(Colour::Hairline, widgets::schemePalette(widgets::Scheme::Light)),
+            .hairline = widgets::colour(Colour::Hairline, paper),
             .background = white,
-            .bars = {{{black, black}, {QBrush(black, Qt::BDiagPattern), black}, {white, black}}}};
+            .bars = {{{black, black}, {grey, black}, {white, black}}}};
 }
 
 QChart *newRuleChart(const BatchReport &report, const ChartInk &ink, const QFont &font) {
@@ -148,6 +139,16 @@ QSize chartSize(const BatchReport &report, const QFont &font) {
     return QSizeF(widthInLines * line, (double(bars) * barInLines + frameInLines) * line).toSize();
 }
 
+void drawChart(QPainter &painter, const QRectF &target, const BatchReport &report, const ChartInk &ink,
+               const QFont &font) {
+    QGraphicsScene scene;
+    QChart *chart = newRuleChart(report, ink, font);
+    scene.addItem(chart);
+    chart->resize(chartSize(report, font));
+    scene.setSceneRect(chart->rect());
+    scene.render(&painter, target, chart->rect());
+}
+
 QByteArray chartAsSvg(const BatchReport &report, const ChartInk &ink, const QFont &font) {
     QByteArray svg;
     QBuffer buffer(&svg);
@@ -157,19 +158,9 @@ QByteArray chartAsSvg(const BatchReport &report, const ChartInk &ink, const QFon
     generator.setSize(whole.size());
     generator.setViewBox(whole);
     QPainter painter(&generator);
-    draw(painter, report, ink, font);
+    drawChart(painter, whole, report, ink, font);
     painter.end();
     return svg;
-}
-
-QImage chartAsImage(const BatchReport &report, const ChartInk &ink, const QFont &font, double scale) {
-    QImage image((QSizeF(chartSize(report, font)) * scale).toSize(), QImage::Format_RGB32);
-    image.fill(ink.background);
-    QPainter painter(&image);
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
-    painter.scale(scale, scale);
-    draw(painter, report, ink, font);
-    return image;
 }
 
 } // namespace batch

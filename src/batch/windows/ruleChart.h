@@ -6,11 +6,12 @@
 #include <QByteArray>
 #include <QFont>
 #include <QPalette>
+#include <QRectF>
 #include <QSize>
 #include <array>
 
 class QChart;
-class QImage;
+class QPainter;
 
 namespace batch {
 
@@ -23,15 +24,15 @@ struct ChartInk {
     std::array<BarInk, schema::levelCount> bars;
 };
 ChartInk schemeInk(const QPalette &palette);
-ChartInk paperInk(); // black on white; the levels have patterns
+ChartInk paperInk(); // black, grey and white
 
 // Returns the chart of the most frequent rules; the caller takes ownership.
 QChart *newRuleChart(const BatchReport &report, const ChartInk &ink, const QFont &font);
 // Returns the least size at which all texts of the chart are legible.
 QSize chartSize(const BatchReport &report, const QFont &font);
 
+void drawChart(QPainter &painter, const QRectF &target, const BatchReport &report, const ChartInk &ink,
+               const QFont &font);
 QByteArray chartAsSvg(const BatchReport &report, const ChartInk &ink, const QFont &font);
-// `scale`: pixels of the picture per pixel of chartSize().
-QImage chartAsImage(const BatchReport &report, const ChartInk &ink, const QFont &font, double scale);
 
 } // namespace batch

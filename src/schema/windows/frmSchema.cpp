@@ -17,7 +17,7 @@ namespace schema {
 
 namespace {
 
-constexpr int shownChecks = 8; // lines of the list at least
+constexpr int leastChecks = 3, shownChecks = 9; // lines of the list
 constexpr int shownIgnored = 3;
 constexpr QStringView timeForm = u"yyyy-MM-dd HH:mm:ss";
 
@@ -75,7 +75,7 @@ void frmSchema::layOut() {
     QPalette inked = complaint->palette();
     inked.setColor(QPalette::WindowText, colour(Colour::ErrorInk, inked));
     complaint->setPalette(inked);
-    checks->setMinimumHeight(shownChecks * fontMetrics().lineSpacing());
+    checks->setMinimumHeight(leastChecks * fontMetrics().lineSpacing());
     ignoredText->lock();
     ignoredText->setRoom(24, shownIgnored);
     ignoredText->setFixedHeight((shownIgnored + 1) * ignoredText->fontMetrics().lineSpacing());
@@ -94,6 +94,8 @@ void frmSchema::layOut() {
         ignoredText,
         row({stretch(), allButton, closeButton}),
     }));
+    const QSize least = minimumSizeHint(); // a small screen limits the size
+    resize(least + QSize(0, (shownChecks - leastChecks) * int(widgets::rowFactor * fontMetrics().lineSpacing())));
 }
 
 void frmSchema::listChecks() {
