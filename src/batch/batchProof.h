@@ -28,6 +28,7 @@ public:
 
     // Returns the schema that records are validated against, or null.
     const std::shared_ptr<const schema::Schema> &schema() const { return m_check.schema(); }
+    schema::Checks checks() const { return m_check.checks(); }
 
     int next() const { return m_next; }     // row of the list for the next step
     int proved() const { return m_proved; } // records proved so far

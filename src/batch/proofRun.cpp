@@ -44,6 +44,20 @@ QString ProofRun::closingText(const RemarkList &found, qint64 inFile) const {
            (found.count(Kind::Unchecked) > 0 ? u"，有的未能检查"_s : QString());
 }
 
+ProofFacts ProofRun::facts(ProofFacts known) const {
+    known.rows = m_proof.next();
+    known.proved = m_proof.proved();
+    known.inFile = std::max<qint64>(known.inFile, m_proof.total());
+    known.stopped = hasNext();
+    if (const auto &schema = m_proof.schema()) {
+        known.schema = schema->title.isEmpty() ? u"（没有题名的模式）"_s : schema->title;
+        for (size_t i = 0; i < schema::checkCount; ++i)
+            if (!m_proof.checks()[i])
+                known.checksOff.append(labelOf(schema::Check(i)).toString());
+    }
+    return known;
+}
+
 int ProofRun::momentOf(int record) const {
     const auto after = m_moments.upper_bound(record);
     return after == m_moments.begin() ? 0 : std::prev(after)->second;

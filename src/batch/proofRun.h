@@ -2,6 +2,7 @@
 #pragma once
 
 #include "batch/duplicates.h"
+#include "batch/proofFacts.h"
 #include "batch/remarkList.h"
 #include <map>
 
@@ -19,6 +20,8 @@ public:
     QString progressText(int found) const;
     // Returns the result text, after end(). `inFile` is the number of records in the file as far as known.
     QString closingText(const RemarkList &found, qint64 inFile) const;
+    // Adds to the facts what the run knows, after its end or a stop.
+    ProofFacts facts(ProofFacts known) const;
     // Returns the list for the remarks of this run, without remarks.
     RemarkList emptyList() const { return RemarkList(m_records, RuleBook(m_proof.schema())); }
     // Returns PreReadStore::replacements() as it was when the record was proved.

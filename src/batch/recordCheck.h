@@ -25,6 +25,7 @@ public:
 
     // Returns the schema that records are validated against, or null.
     const std::shared_ptr<const schema::Schema> &schema() const { return m_format->schema(); }
+    schema::Checks checks() const { return m_checks; }
 
 private:
     void remark(Kind kind, const QString &tag, int fieldRow, const QString &text);

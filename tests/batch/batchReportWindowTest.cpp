@@ -1,13 +1,17 @@
 #include "batch/windows/frmBatchReport.h"
+#include "batch/windows/reportButtons.h"
+#include "schema/windows/frmSchema.h"
 #include "support/recordText.h"
 #include "support/scriptedHost.h"
 #include <QChart>
 #include <QChartView>
 #include <QLabel>
+#include <QListWidget>
 #include <QProcess>
 #include <QSignalSpy>
 #include <QSpinBox>
 #include <QTabWidget>
+#include <QTimer>
 
 using namespace batch;
 
@@ -117,4 +121,36 @@ TEST_F(ReportWindowTest, MayBeClosedBeforeItIsMade) {
     ASSERT_TRUE(open(0)); // no record was proofed
     EXPECT_EQ(window->report()->remarks, 200000);
     EXPECT_EQ(window->drawGrid->rows(), 1);
+}
+
+TEST_F(ReportWindowTest, IsOfferedAfterARunOnly) {
+    schema::SchemaInForce inForce(host.settings(), folder.path());
+    ReportButtons buttons(host, {records, [this]() -> const RemarkList & { return list; },
+                                 std::shared_ptr<schema::SchemaInForce>(&inForce, [](auto *) {})});
+    const auto offered = [&] { return buttons.reportButton->isEnabled() * 10 + buttons.schemaButton->isEnabled(); };
+    EXPECT_EQ(offered(), 1);
+    EXPECT_TRUE(buttons.reportButton->toolTip().startsWith(u"还没有校对过"));
+    buttons.endRun({.rows = 40, .proved = 40});
+    EXPECT_EQ(offered(), 11);
+    buttons.beginRun();
+    EXPECT_EQ(offered(), 0);
+    EXPECT_TRUE(buttons.reportButton->toolTip().startsWith(u"校对还没有完"));
+    buttons.endRun({.rows = 40, .proved = 40});
+
+    QSignalSpy wanted(&buttons, &ReportButtons::recordWanted), changed(&buttons, &ReportButtons::schemaChanged);
+    QTimer::singleShot(0, &buttons, [] {
+        auto *report = qobject_cast<frmBatchReport *>(QApplication::activeModalWidget());
+        ASSERT_TRUE(report && QTest::qWaitFor([report] { return report->report().has_value(); }));
+        Q_EMIT report->drawGrid->gridActivated();
+    });
+    buttons.reportButton->click();
+    EXPECT_EQ(wanted.size(), 1);
+    QTimer::singleShot(0, &buttons, [] {
+        auto *window = qobject_cast<schema::frmSchema *>(QApplication::activeModalWidget());
+        ASSERT_TRUE(window);
+        window->checks->item(0)->setCheckState(Qt::Unchecked);
+        window->close();
+    });
+    buttons.schemaButton->click();
+    EXPECT_EQ(changed.size(), 1);
 }

@@ -1,10 +1,13 @@
 #include "batch/windows/remarksPane.h"
+#include "batch/windows/frmBatchReport.h"
 #include "batch/windows/frmSilenced.h"
 #include "support/databaseServers.h"
 #include "support/recordText.h"
 #include "support/scriptedHost.h"
+#include <QLabel>
 #include <QMenu>
 #include <QSignalSpy>
+#include <QTimer>
 
 using namespace batch;
 
@@ -55,6 +58,18 @@ struct RemarksPaneTest : testing::Test {
     }
     QString lastJump() const {
         return u"%1 %2 %3"_s.arg(jumps.last().record).arg(jumps.last().fieldRow).arg(jumps.last().moment);
+    }
+    // Returns what the report says about the last run.
+    QString reported() {
+        QString facts;
+        QTimer::singleShot(0, pane.get(), [&facts] {
+            auto *report = qobject_cast<frmBatchReport *>(QApplication::activeModalWidget());
+            ASSERT_TRUE(report && QTest::qWaitFor([report] { return report->report().has_value(); }));
+            facts = report->facts->text();
+            report->close();
+        });
+        pane->reportButtons->reportButton->click();
+        return facts;
     }
     // Calls `act` once, at this yield of the run.
     void at(int turn, const std::function<void()> &act) {
@@ -193,8 +208,10 @@ TEST_F(RemarksPaneTest, StopsAtOnceAndBeginsAgain) {
     pane->proofAll();
     EXPECT_EQ(words(), u"已停止，校对 2/376 条，发现 3 处"_s);
     EXPECT_FALSE(pane->stopButton->isVisible());
+    EXPECT_TRUE(reported().contains(u"中途停止，只校对了 2 条，文件里共 376 条\n依据：没有按"));
     pane->proofAll();
     EXPECT_EQ(words(), u"校对 3/376 条，发现 8 处"_s);
+    EXPECT_TRUE(reported().contains(u"校对了读出的 3 条，文件里共 376 条"));
     records->reset();
     inFile = 0;
     pane->proofAll();

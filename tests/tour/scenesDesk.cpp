@@ -8,6 +8,7 @@
 #include "workspace/windows/frmDaoru.h"
 #include <QFile>
 #include <QLabel>
+#include <tuple>
 
 using namespace Qt::StringLiterals;
 
@@ -53,6 +54,37 @@ void find(TourDriver &driver) {
     driver.key(u"alt+w"_s);
 }
 
+// From the pane of remarks: the report in all its forms, and the choice of the schema.
+void report(TourDriver &driver) {
+    const QString window = u"frmBatchReport"_s;
+    driver.key(u"alt+g"_s);
+    driver.waitForWindow(window);
+    driver.waitUntil(u"the report"_s, [] {
+        const auto *save = TourDriver::find<widgets::Button>(u"pdfButton"_s);
+        return save && save->isEnabled();
+    });
+    driver.shot(u"batch-report"_s);
+    driver.key(u"alt+g"_s);
+    driver.shot(u"batch-report-rules"_s);
+    driver.key(u"alt+c"_s);
+    driver.shot(u"batch-report-draw"_s);
+    for (const auto &[key, title, file] :
+         {std::tuple(u"alt+d"_s, u"存为 PDF"_s, u"report.pdf"_s), {u"alt+w"_s, u"存为网页"_s, u"report.html"_s}}) {
+        driver.key(key);
+        enterFile(driver, title, pathOf(file));
+        driver.waitForText(u"state"_s, u"已保存到 "_s + pathOf(file));
+    }
+    driver.key(u"alt+p"_s);
+    driver.waitForWindow(u"batchReportPrint"_s, u"batch-report-print"_s);
+    driver.leave(u"Escape"_s, u"batchReportPrint"_s);
+    driver.waitForWindow(window);
+    askHandbook(driver, u"report.md"_s, u"report"_s);
+    driver.leave(u"alt+q"_s, window);
+    driver.key(u"alt+u"_s);
+    driver.waitForWindow(u"frmSchema"_s, u"schema"_s);
+    driver.leave(u"alt+q"_s, u"frmSchema"_s);
+}
+
 void proofAll(TourDriver &driver) {
     driver.key(u"alt+d"_s);
     driver.waitUntil(u"the end of the proof"_s, [] {
@@ -61,6 +93,8 @@ void proofAll(TourDriver &driver) {
     });
     driver.waitForFocus(u"proofTable/grid"_s);
     driver.shot(u"remarks"_s);
+    report(driver);
+    driver.waitForFocus(u"proofTable/grid"_s);
     driver.key(u"alt+f Down"_s);
     driver.shot(u"remarks-filtered"_s);
     driver.key(u"Up Escape"_s);

@@ -121,9 +121,11 @@ workspace::ImportOutcome DeskWindows::runImport(std::shared_ptr<const marc::PreR
 workspace::RemarksPane DeskWindows::makeRemarks(const workspace::RemarksNeeds &needs) {
     const QString folder = platform::pathWithSlash(m_host.programFolder());
     const auto schema = std::make_shared<schema::SchemaInForce>(m_host.settings(), folder);
+    schema->setChecks(schema::chosenChecks(m_host.remembered()));
     const auto proofs = std::make_shared<proof::RecordProofs>(folder);
     const auto proof = [proofs](const marc::FieldRows &rows) { return proofs->faultsOf(rows); };
-    auto *pane = new batch::RemarksPane(m_host, {needs.records, needs.recordsInFile, proof, m_state, schema});
+    auto *pane =
+        new batch::RemarksPane(m_host, {needs.records, needs.recordsInFile, proof, m_state, schema, needs.file});
     QObject::connect(pane, &batch::RemarksPane::jump, pane, needs.jump);
     QObject::connect(pane, &batch::RemarksPane::left, pane, needs.leave);
     QObject::connect(pane, &batch::RemarksPane::changed, pane, needs.changed);

@@ -21,6 +21,9 @@ RemarksPane::RemarksPane(platform::Host &host, Source source, QWidget *parent)
                              u"导入时跳过查重命中的"_s))
     , stopButton(new Button(u"stopButton"_s, u"&E 停止"_s, proofTable))
     , toRefusedButton(new Button(u"toRefusedButton"_s, u"&R 未成功记录"_s, proofTable))
+    , reportButtons(new ReportButtons(
+          host, {source.records, [this]() -> const RemarkList & { return proofTable->remarks(); }, source.schema},
+          proofTable))
     , refusedTable(new RemarkTable(u"refusedTable"_s, host, nullptr, this))
     , toProofButton(new Button(u"toProofButton"_s, u"&R 校对结果"_s, refusedTable))
     , isoButton(new Button(u"isoButton"_s, u"&T 存为机读文件…"_s, refusedTable))
@@ -31,6 +34,8 @@ RemarksPane::RemarksPane(platform::Host &host, Source source, QWidget *parent)
     layOut();
     connect(stopButton, &Button::clicked, this, &RemarksPane::end);
     connect(isoButton, &Button::clicked, this, &RemarksPane::saveRecords);
+    connect(reportButtons, &ReportButtons::recordWanted, this, [this](int record) { Q_EMIT jump({.record = record}); });
+    connect(reportButtons, &ReportButtons::schemaChanged, this, &RemarksPane::remindersChanged);
     connect(toRefusedButton, &Button::clicked, this, [this] { turnTo(refusedTable); });
     connect(toProofButton, &Button::clicked, this, [this] { turnTo(proofTable); });
     for (RemarkTable *table : {proofTable, refusedTable})
@@ -84,6 +89,7 @@ void RemarksPane::layOut() {
     proofTable->addAbove(skipBox);
     proofTable->addAbove(stopButton);
     proofTable->addAbove(toRefusedButton);
+    proofTable->addBelow(reportButtons);
     refusedTable->addAbove(toProofButton);
     refusedTable->addBelow(isoButton);
     widgets::hint({{skipBox, u"下一次导入不导入“查重”一类的记录；导入以后自动取消"},
@@ -129,6 +135,7 @@ void RemarksPane::proofAll() {
     turnTo(proofTable);
     offerOther();
     offerSkipping();
+    reportButtons->beginRun();
     stopButton->show();
     while (run->hasNext()) {
         takeRemarks(run->step());
@@ -173,6 +180,8 @@ void RemarksPane::finish() {
     stopButton->hide();
     proofTable->settle();
     offerSkipping();
+    reportButtons->endRun(
+        m_run->facts({.file = m_source.file(), .ended = m_host.now(), .inFile = m_source.recordsInFile()}));
     m_run->end();
     showClosing();
     if (isHidden())

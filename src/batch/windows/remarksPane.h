@@ -6,6 +6,7 @@
 #include "batch/refusedRecords.h"
 #include "batch/reminders.h"
 #include "batch/windows/remarkTable.h"
+#include "batch/windows/reportButtons.h"
 #include "marc/fieldPlace.h"
 #include "widgets/button.h"
 #include <QCheckBox>
@@ -21,7 +22,8 @@ public:
         std::function<qint64()> recordsInFile; // an estimate until the file was read to its end
         ProofOne proof;
         const database::SessionState &state;
-        std::shared_ptr<schema::SchemaInForce> schema = nullptr; // null: records are not validated against one
+        std::shared_ptr<schema::SchemaInForce> schema = nullptr;  // null: records are not validated against one
+        std::function<QString()> file = [] { return QString(); }; // path of the file with the records
     };
     RemarksPane(platform::Host &host, Source source, QWidget *parent = nullptr);
 
@@ -61,6 +63,7 @@ public:
     QCheckBox *skipBox;          // disabled if no duplicate was found, and during a run
     widgets::Button *stopButton; // shown during a run
     widgets::Button *toRefusedButton;
+    ReportButtons *reportButtons;
     RemarkTable *refusedTable;
     widgets::Button *toProofButton;
     widgets::Button *isoButton; // saves the refused records as a file

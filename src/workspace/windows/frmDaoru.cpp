@@ -46,9 +46,9 @@ frmDaoru::frmDaoru(platform::Host &host, WorkspaceWindows windows, QWidget *pare
     , draftBar(new DraftBar(this))
     , m_host(host)
     , m_windows(std::move(windows))
-    , m_parts(std::make_unique<WorkspaceParts>(
-          WorkspaceParts::Desk{this, *Grid1, *Grid2, *findLine, *filterBox, *labStatus, *m_record, host, m_windows},
-          damagedDirectory())) {
+    , m_parts(std::make_unique<WorkspaceParts>(WorkspaceParts::Desk{this, publicMarcFile, *Grid1, *Grid2, *findLine,
+                                                                    *filterBox, *labStatus, *m_record, host, m_windows},
+                                               damagedDirectory())) {
     setUp();
 }
 

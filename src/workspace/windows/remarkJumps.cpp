@@ -11,15 +11,16 @@ constexpr QStringView editorOpen = u"请先结束编辑（回车写入，Esc 放
 constexpr QStringView wayBack = u"F8 回到结果表";
 } // namespace
 
-RemarkJumps::RemarkJumps(const Parts &parts, const WorkspaceWindows &windows, std::function<qint64()> recordsInFile)
+RemarkJumps::RemarkJumps(const Parts &parts, const WorkspaceWindows &windows, File file)
     : m_parts(parts) {
     if (windows.makeRemarks)
-        m_pane = windows.makeRemarks(needs(std::move(recordsInFile)));
+        m_pane = windows.makeRemarks(needs(std::move(file)));
 }
 
-RemarksNeeds RemarkJumps::needs(std::function<qint64()> recordsInFile) {
+RemarksNeeds RemarkJumps::needs(File file) {
     return {.records = m_parts.list.sharedRecords(),
-            .recordsInFile = std::move(recordsInFile),
+            .file = std::move(file.path),
+            .recordsInFile = std::move(file.records),
             .jump = [this](const marc::FieldPlace &place) { jump(place, wayBack.toString()); },
             .leave = [this] { m_parts.fields.setFocus(); },
             .tell = [this](const QString &words) { Q_EMIT told(words); },

@@ -17,8 +17,12 @@ public:
         EditedRecord &record;
         DeskKeys &keys;
     };
-    // `recordsInFile` is that of RemarksNeeds.
-    RemarkJumps(const Parts &parts, const WorkspaceWindows &windows, std::function<qint64()> recordsInFile);
+    // As in RemarksNeeds.
+    struct File {
+        std::function<QString()> path;
+        std::function<qint64()> records;
+    };
+    RemarkJumps(const Parts &parts, const WorkspaceWindows &windows, File file);
 
     QWidget *pane() const { return m_pane.widget; } // null if there is no pane
 
@@ -46,7 +50,7 @@ Q_SIGNALS:
     void rowChosen();    // another row of the field grid is current
 
 private:
-    RemarksNeeds needs(std::function<qint64()> recordsInFile);
+    RemarksNeeds needs(File file);
     void show();
     void goToField(const marc::FieldPlace &place, const QString &words);
 

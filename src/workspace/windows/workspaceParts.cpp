@@ -10,7 +10,8 @@ WorkspaceParts::WorkspaceParts(const Desk &desk, const marc::DamagedDirectory &d
     , recordCommands(desk.list, desk.record, moving, desk.host, desk.windows)
     , drafts(desk.list, desk.record, desk.host, [this] { return editors.typing(); })
     , keys({desk.fields, desk.list, desk.record, editors, fieldCommands, moving, desk.find}, desk.window)
-    , remarks({desk.fields, desk.list, desk.record, keys}, desk.windows, [this] { return reading.recordsInFile(); })
+    , remarks({desk.fields, desk.list, desk.record, keys}, desk.windows,
+              {.path = [&file = desk.file] { return file; }, .records = [this] { return reading.recordsInFile(); }})
     , rowRemarks(desk.fields, desk.record, [this](const marc::FieldRows &rows) { return remarks.check(rows); })
     , status(desk.status, {desk.record, desk.list, editors, reading, drafts})
     , filter(desk.filterBox, desk.list,

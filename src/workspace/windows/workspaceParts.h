@@ -15,6 +15,7 @@ struct WorkspaceParts {
     // The objects that the helpers work on; they must outlive the helpers.
     struct Desk {
         QWidget *window;
+        const QString &file; // path of the file with the records
         FieldGrid &fields;
         RecordList &list;
         FindLine &find;

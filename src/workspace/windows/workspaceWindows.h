@@ -57,6 +57,7 @@ struct RemarksPane {
 // What the pane needs from the workspace.
 struct RemarksNeeds {
     std::shared_ptr<const marc::PreReadStore> records;
+    std::function<QString()> file;         // path of the file with the records
     std::function<qint64()> recordsInFile; // an estimate until the file was read to its end
     std::function<void(const marc::FieldPlace &)> jump;
     std::function<void()> leave; // moves the focus back to the fields
