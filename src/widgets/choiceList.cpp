@@ -12,6 +12,11 @@ ChoiceList::ChoiceList(const QString &objectName, const QString &accessibleName,
             [this](const QListWidgetItem *item) { Q_EMIT chosen(item->text()); });
 }
 
+void ChoiceList::tellKeys(const QString &words) {
+    m_keys = new KeyLine(words, this);
+    setViewportMargins(0, 0, 0, m_keys->room());
+}
+
 void ChoiceList::fill(const QStringList &lines, int current) {
     const QSignalBlocker quiet(this);
     clear();
@@ -33,7 +38,7 @@ void ChoiceList::dismiss() {
 QSize ChoiceList::fullSize() const {
     const int border = 2 * frameWidth();
     return {sizeHintForColumn(0) + border + verticalScrollBar()->sizeHint().width(),
-            sizeHintForRow(0) * count() + border};
+            sizeHintForRow(0) * count() + border + (m_keys ? m_keys->room() : 0)};
 }
 
 void ChoiceList::keyPressEvent(QKeyEvent *event) {

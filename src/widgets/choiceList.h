@@ -1,6 +1,7 @@
 // A list of lines to choose from by a double click or Enter.
 #pragma once
 
+#include "widgets/keyLine.h"
 #include <QListWidget>
 
 namespace widgets {
@@ -10,6 +11,7 @@ class ChoiceList final : public QListWidget {
 public:
     ChoiceList(const QString &objectName, const QString &accessibleName, QWidget *parent);
 
+    void tellKeys(const QString &words);                   // at the lower edge
     void fill(const QStringList &lines, int current = -1); // replaces all lines; -1: no line is current
     void offer();                                          // shows the list on top and gives it the focus
     void dismiss();                                        // hides the list and removes its lines
@@ -24,6 +26,9 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
+
+private:
+    KeyLine *m_keys = nullptr;
 };
 
 } // namespace widgets

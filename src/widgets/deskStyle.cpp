@@ -156,7 +156,7 @@ QSize DeskStyle::sizeFromContents(ContentsType type, const QStyleOption *option,
     case CT_MenuItem:
         return menuItemSize(option, QProxyStyle::sizeFromContents(type, option, contents, widget));
     case CT_MenuBarItem:
-        return contents + QSize(2 * small, 2 * tight);
+        return contents + QSize(2 * (widget && widget->property("narrow").toBool() ? tight : small), 2 * tight);
     case CT_ToolButton:
         return contents + QSize(2 * tight + 2 * focusWidth, 2 * tight);
     case CT_HeaderSection:

@@ -207,6 +207,7 @@ void FlexGrid::setDrawnWidths(const QMap<int, int> &widths) {
 
 void FlexGrid::setColumnTwips(int column, int twips) {
     m_columns->setTwips(column, twips);
+    m_model->setColumnShown(column, !isColumnHidden(column));
 }
 
 int FlexGrid::columnTwips(int column) const {

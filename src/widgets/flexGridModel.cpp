@@ -267,6 +267,8 @@ QVariant FlexGridModel::data(const QModelIndex &index, int role) const {
     const int row = m_shown.rowAt(index.row());
     if (role == Qt::DisplayRole)
         return shownText(text(row, index.column()));
+    if (role == Qt::AccessibleTextRole && text(row, index.column()).isEmpty())
+        return rowText(row); // an empty cell is read as its row
     if (role == Qt::TextAlignmentRole)
         return QVariant::fromValue(m_columns[size_t(index.column())].alignment);
     if (role == Qt::BackgroundRole || role == Qt::ForegroundRole) {

@@ -48,6 +48,7 @@ public:
     void setHeading(int column, const QString &text);
     void setHeadingAlignment(int column, Qt::Alignment alignment);
     void setColumnAlignment(int column, Qt::Alignment alignment);
+    void setColumnShown(int column, bool shown); // for what a screen reader reads of a row
 
     void setBackground(int row, int column, quint32 colour);
     std::optional<quint32> background(int row, int column) const;
@@ -60,6 +61,7 @@ public:
 private:
     struct Column {
         QString heading;
+        bool shown = true;
         Qt::Alignment headingAlignment = Qt::AlignLeft | Qt::AlignVCenter;
         Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter;
     };
@@ -69,6 +71,7 @@ private:
     };
     using Row = std::vector<Cell>; // ends with the last cell that was written
 
+    QString rowText(int row) const;
     bool holds(int row, int column) const;
     const Cell *find(int row, int column) const;
     Cell &touch(int row, int column);

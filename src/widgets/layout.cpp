@@ -1,12 +1,14 @@
 #include "widgets/layout.h"
+#include "platform/desktop/screenSize.h"
+#include <QAbstractItemView>
+#include <QComboBox>
 #include <QSplitter>
 #include <QTextDocument>
+#include <algorithm>
 
 namespace widgets {
 
-namespace {
-
-QBoxLayout *filled(QBoxLayout *box, std::initializer_list<Item> items) {
+QBoxLayout *fill(QBoxLayout *box, std::initializer_list<Item> items) {
     for (const Item &item : items) {
         if (const auto *widget = std::get_if<QWidget *>(&item.content))
             box->addWidget(*widget, item.share);
@@ -17,6 +19,8 @@ QBoxLayout *filled(QBoxLayout *box, std::initializer_list<Item> items) {
     }
     return box;
 }
+
+namespace {
 
 void addControls(QList<QWidget *> &controls, const QLayout *layout);
 
@@ -44,11 +48,11 @@ void addControls(QList<QWidget *> &controls, const QLayout *layout) {
 } // namespace
 
 QBoxLayout *row(std::initializer_list<Item> items) {
-    return filled(new QHBoxLayout, items);
+    return fill(new QHBoxLayout, items);
 }
 
 QBoxLayout *column(std::initializer_list<Item> items) {
-    return filled(new QVBoxLayout, items);
+    return fill(new QVBoxLayout, items);
 }
 
 QGroupBox *framed(QGroupBox *frame, QLayout *content) {
@@ -58,7 +62,7 @@ QGroupBox *framed(QGroupBox *frame, QLayout *content) {
 
 QLabel *naming(QLabel *label, QWidget *control) {
     label->setBuddy(control);
-    control->setAccessibleName(label->text().left(label->text().indexOf(u"(&")));
+    nameForReader(control, label->text().left(label->text().indexOf(u"(&")));
     return label;
 }
 
@@ -80,6 +84,18 @@ void tabInReadingOrder(QWidget *window) {
     addControls(controls, window);
     for (qsizetype at = 1; at < controls.size(); ++at)
         QWidget::setTabOrder(controls[at - 1], controls[at]);
+}
+
+void nameForReader(QWidget *control, const QString &name) {
+    control->setAccessibleName(name);
+    if (auto *combo = qobject_cast<QComboBox *>(control)) {
+        combo->setAccessibleDescription(name);
+        combo->view()->setAccessibleName(name);
+    }
+}
+
+void giveWidth(QWidget *control, int pixels) {
+    control->setMinimumWidth(std::min(pixels, platform::usableScreenSize(control).width() * 3 / 5));
 }
 
 QFrame *hairline(QWidget *parent) {

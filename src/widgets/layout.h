@@ -32,6 +32,8 @@ struct Item {
         : content(gap) {}
 };
 
+// Adds the items to the layout. Returns the layout.
+QBoxLayout *fill(QBoxLayout *box, std::initializer_list<Item> items);
 QBoxLayout *row(std::initializer_list<Item> items);
 QBoxLayout *column(std::initializer_list<Item> items);
 // Sets the layout of the frame. Returns the frame.
@@ -52,17 +54,22 @@ QString plainTip(const QString &text);
 // Sets the tab order of the window to the order of the controls in its layouts, regardless of the order of their
 // creation.
 void tabInReadingOrder(QWidget *window);
+// Gives the control a minimum width, but not more than three fifths of the screen.
+void giveWidth(QWidget *control, int pixels);
 // Returns a line that separates groups of controls.
 QFrame *hairline(QWidget *parent);
 // Makes a hidden control keep its space, so that other controls do not move.
 void keepPlace(QWidget *control);
 
+// Sets the name by which a screen reader knows the control. Of a combo box it reads the current entry as the name, so
+// the name also becomes its description and that of its open list.
+void nameForReader(QWidget *control, const QString &name);
 // Sets the object name of the control and, if given, its accessible name. Returns the control.
 template <class Control>
 Control *named(Control *control, const QString &objectName, const QString &accessibleName = {}) {
     control->setObjectName(objectName);
     if (!accessibleName.isEmpty())
-        control->setAccessibleName(accessibleName);
+        nameForReader(control, accessibleName);
     return control;
 }
 

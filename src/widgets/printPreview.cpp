@@ -1,8 +1,15 @@
 #include "widgets/printPreview.h"
+#include "platform/desktop/screenSize.h"
+#include "widgets/layout.h"
 #include "widgets/lineIcon.h"
 #include <QAction>
+#include <QComboBox>
 #include <QCoreApplication>
+#include <QGraphicsView>
+#include <QLineEdit>
+#include <QMainWindow>
 #include <QPrintPreviewDialog>
+#include <QPrintPreviewWidget>
 #include <QToolBar>
 #include <array>
 
@@ -27,11 +34,41 @@ void dressTools(const QPrintPreviewDialog &preview) {
             tool->setIcon(lineIcon((icon++)->toString()));
 }
 
+void nameControls(const QPrintPreviewDialog &preview) {
+    for (auto *box : preview.findChildren<QComboBox *>())
+        nameForReader(box, u"显示比例"_s);
+    for (auto *box : preview.findChildren<QLineEdit *>())
+        box->setAccessibleName(qobject_cast<QComboBox *>(box->parentWidget()) ? u"显示比例"_s : u"页码"_s);
+    for (auto *page : preview.findChildren<QPrintPreviewWidget *>())
+        page->setAccessibleName(u"打印预览"_s);
+    for (auto *page : preview.findChildren<QGraphicsView *>())
+        page->setAccessibleName(u"打印预览"_s);
+}
+
+// If the screen is too narrow for all tools, those after the fields get a second bar.
+void foldTools(const QPrintPreviewDialog &preview) {
+    auto *bar = preview.findChild<QToolBar *>();
+    auto *window = bar ? qobject_cast<QMainWindow *>(bar->parentWidget()) : nullptr;
+    if (!window || bar->sizeHint().width() <= platform::usableScreenSize(&preview).width())
+        return;
+    auto *second = new QToolBar(bar->windowTitle());
+    second->setMovable(bar->isMovable());
+    const QList<QAction *> tools = bar->actions();
+    for (QAction *tool : tools.mid(tools.size() / 2)) {
+        bar->removeAction(tool);
+        second->addAction(tool);
+    }
+    window->addToolBarBreak();
+    window->addToolBar(second);
+}
+
 } // namespace
 
 QPrintPreviewDialog *newPrintPreview(QPrinter &printer, QWidget *parent) {
     auto *preview = new QPrintPreviewDialog(&printer, parent);
     dressTools(*preview);
+    nameControls(*preview);
+    foldTools(*preview);
     const QString printing = QCoreApplication::translate("QPrintPreviewDialog", "Print");
     for (QAction *action : preview->findChildren<QAction *>())
         if (action->text() == printing)

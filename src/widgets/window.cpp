@@ -1,6 +1,11 @@
 #include "widgets/window.h"
 #include "platform/desktop/screenSize.h"
+#include <QApplication>
 #include <QCloseEvent>
+#include <QPointer>
+#include <QScrollArea>
+#include <QVBoxLayout>
+#include <utility>
 
 namespace widgets {
 
@@ -8,18 +13,63 @@ Window::Window(const QString &objectName, const QString &caption, QWidget *paren
     : QDialog(parent) {
     setObjectName(objectName);
     setWindowTitle(caption);
+    setAccessibleName(caption); // the toolkit names only windows with a frame of the desktop
+    connect(this, &QWidget::windowTitleChanged, this, &QWidget::setAccessibleName);
     setWindowFlag(Qt::WindowMaximizeButtonHint, true);
     setWindowFlag(Qt::WindowMinimizeButtonHint, true);
 }
 
 void Window::showEvent(QShowEvent *event) {
     if (isWindow() && !event->spontaneous() && !isMaximized()) {
+        scrollIfTooLarge();
         resize(size().boundedTo(platform::usableScreenSize(this)));
-        // The frame is known only after the window manager has shown the window.
-        QMetaObject::invokeMethod(
-            this, [this] { platform::keepOnScreen(this); }, Qt::QueuedConnection);
+        m_placed = false;
     }
     QDialog::showEvent(event);
+}
+
+bool Window::event(QEvent *event) {
+    const bool done = QDialog::event(event);
+    if (event->type() == QEvent::LayoutRequest && isVisible()) {
+        scrollIfTooLarge(); // a part of the window may have been shown
+    } else if (event->type() == QEvent::WindowActivate && isWindow() && !isMaximized() &&
+               !std::exchange(m_placed, true)) {
+        platform::keepOnScreen(this); // the frame is known only after the window manager has shown the window
+    }
+    return done;
+}
+
+void Window::scrollIfTooLarge() {
+    const QSize room = platform::usableScreenSize(this);
+    if (!isWindow() || !layout() || layout()->totalMinimumSize().boundedTo(room) == layout()->totalMinimumSize())
+        return;
+    const QPointer<QWidget> focused = focusWidget();
+    auto *contents = new QWidget;
+    contents->setLayout(layout()); // with the controls in it
+    auto *area = new QScrollArea(this);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidgetResizable(true);
+    area->setWidget(contents);
+    setMinimumSize(0, 0);
+    setLayout(new QVBoxLayout);
+    layout()->setContentsMargins(0, 0, 0, 0);
+    layout()->addWidget(area);
+    area->lower(); // below what is laid over the contents
+    const auto follow = [area](QWidget *, QWidget *now) {
+        if (now && area->isAncestorOf(now))
+            area->ensureWidgetVisible(now);
+    };
+    connect(qApp, &QApplication::focusChanged, area, follow);
+    if (focused) {
+        focused->setFocus();
+        QMetaObject::invokeMethod( // after the contents are laid out
+            area, [this, follow] { follow(nullptr, focusWidget()); }, Qt::QueuedConnection);
+    }
+    if (isVisible()) {
+        resize(size().boundedTo(room));
+        platform::keepOnScreen(this);
+    }
 }
 
 void Window::closeEvent(QCloseEvent *event) {

@@ -1,5 +1,5 @@
 // Common behaviour of all windows: Esc, the close button of the frame and the window's own buttons close it in the same
-// way.
+// way. A window is never larger than its screen: contents that need more room scroll.
 #pragma once
 
 #include <QDialog>
@@ -22,8 +22,14 @@ protected:
     // Returns whether the window may close now; may ask the user. The default returns true.
     virtual bool queryUnload() { return true; }
     void showEvent(QShowEvent *event) override; // limits the size to the screen
+    bool event(QEvent *event) override;         // keeps the contents and the frame on the screen
     void closeEvent(QCloseEvent *event) override;
     void hideEvent(QHideEvent *event) override; // a modal window activates its parent
+
+private:
+    void scrollIfTooLarge();
+
+    bool m_placed = false; // since it was last shown
 };
 
 } // namespace widgets

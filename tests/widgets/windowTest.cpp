@@ -1,7 +1,10 @@
 #include "widgets/window.h"
 #include "support/qtPrinters.h"
 #include "widgets/button.h"
+#include "widgets/foldingRow.h"
 #include <QLineEdit>
+#include <QScreen>
+#include <QScrollArea>
 #include <QShortcutEvent>
 #include <QTest>
 
@@ -85,4 +88,40 @@ TEST(Button, AnAccessKeyGivesTheFocusBack) {
     field.setFocus();
     QTest::keyClick(&field, Qt::Key_G, Qt::AltModifier);
     EXPECT_EQ(window.findChild<Button *>(u"gone"_s), nullptr);
+}
+
+TEST(FoldingRow, TakesALineForEachGroupOnlyWhereItIsNarrow) {
+    Window window(u"window"_s, {});
+    auto *one = new Button(u"one"_s, u"一个很长很长的按钮"_s), *other = new Button(u"other"_s, u"另一个很长的按钮"_s);
+    auto *below = new QLineEdit;
+    window.setLayout(column({new FoldingRow({one, other}), below}));
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    const auto isFolded = [&] { return other->y() > one->geometry().bottom(); };
+    const auto becomes = [&](int width, bool folded) {
+        window.resize(width, window.height());
+        return QTest::qWaitFor([&] { return isFolded() == folded; }) && below->y() > other->geometry().bottom();
+    };
+    EXPECT_FALSE(isFolded());
+    EXPECT_TRUE(becomes(window.minimumWidth(), true));
+    EXPECT_GE(window.minimumHeight(), 3 * one->height()) << "the lines have room";
+    EXPECT_TRUE(becomes(800, false));
+}
+
+// Also if the contents grow while the window is shown; the control with the focus stays in sight.
+TEST(Window, ContentsThatAreLargerThanTheScreenScroll) {
+    Window window(u"window"_s, {});
+    auto *first = new QLineEdit, *last = new QLineEdit, *high = new QLineEdit;
+    window.setLayout(column({first, high, last}));
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    last->setFocus();
+    high->setMinimumHeight(2 * window.screen()->size().height());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window.findChild<QScrollArea *>() != nullptr; }));
+    EXPECT_TRUE(window.screen()->geometry().contains(window.frameGeometry()));
+    EXPECT_TRUE(last->hasFocus());
+    for (QLineEdit *box : {first, last}) {
+        box->setFocus();
+        EXPECT_TRUE(QTest::qWaitFor([box] { return box->visibleRegion().boundingRect().height() == box->height(); }));
+    }
 }

@@ -22,6 +22,11 @@ QSize usableScreenSize(const QWidget *window) {
     return window->screen()->availableSize() - frameOf(window);
 }
 
+bool isScreenLow(const QWidget *window) {
+    constexpr int lines = 30;
+    return usableScreenSize(window).height() < lines * window->fontMetrics().lineSpacing();
+}
+
 void keepOnScreen(QWidget *window) {
     const QRect room = window->screen()->availableGeometry();
     const QRect frame = window->frameGeometry();

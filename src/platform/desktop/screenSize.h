@@ -11,6 +11,9 @@ namespace platform {
 // is assumed to be that of its nearest visible parent, or else a usual one.
 QSize usableScreenSize(const QWidget *window);
 
+// Returns whether the screen of the window is so low that its parts must take the least height.
+bool isScreenLow(const QWidget *window);
+
 // Moves a visible window, including its frame, so that it is on the screen.
 void keepOnScreen(QWidget *window);
 
