@@ -76,6 +76,18 @@ TEST_F(DeskTest, TabGoesThroughTheWindowAsItIsRead) {
               (QStringList{u"Grid2"_s, u"Grid1"_s, u"wholeText"_s, u"pane"_s, u"cmdWholeText"_s, u"cmdProofAll"_s,
                            u"cmdTiMing0"_s, u"cmdTiMing1"_s, u"cmdclick0"_s, u"cmdclick1"_s, u"cmdclick2"_s,
                            u"cmdclick3"_s, u"cmdclick4"_s, u"cmdclick5"_s, u"cmdclick6"_s, u"filterBox"_s}));
+    const auto panes = [&](Qt::KeyboardModifiers keys) {
+        QStringList visited;
+        for (int step = 0; step < 5; ++step) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab, keys);
+            visited.append(QApplication::focusWidget()->objectName());
+        }
+        return visited;
+    };
+    EXPECT_EQ(panes(Qt::ControlModifier), (QStringList{u"Grid1"_s, u"wholeText"_s, u"pane"_s, u"Grid2"_s, u"Grid1"_s}));
+    pane.widget->hide();
+    EXPECT_EQ(panes(Qt::ControlModifier | Qt::ShiftModifier),
+              (QStringList{u"Grid2"_s, u"wholeText"_s, u"Grid1"_s, u"Grid2"_s, u"wholeText"_s}));
 }
 
 // Only one editor at a time, and no command without a record.

@@ -115,7 +115,8 @@ bool EditorKeys::endsComposition(QKeyEvent *event) {
 }
 
 CellText::CellText(const QString &objectName, QWidget *parent)
-    : TextBox(objectName, parent) {
+    : TextBox(objectName, parent)
+    , m_keys(new widgets::KeyLine(u"回车写入　Esc 放弃"_s, this)) {
     setContextMenuPolicy(Qt::NoContextMenu); // the right button is used for enlarging
     setFrameShape(QFrame::NoFrame);
     document()->setDocumentMargin(margin);
@@ -130,6 +131,8 @@ void CellText::setEnlarged(bool enlarged) {
     const auto bars = enlarged ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff;
     setHorizontalScrollBarPolicy(bars);
     setVerticalScrollBarPolicy(bars);
+    m_keys->setVisible(enlarged);
+    setViewportMargins(0, 0, 0, enlarged ? m_keys->room() : 0);
     ensureCursorVisible();
 }
 

@@ -3,6 +3,7 @@
 // Enter and Esc do not end the edit.
 #pragma once
 
+#include "widgets/keyLine.h"
 #include "widgets/textBox.h"
 #include <QInputMethodEvent>
 #include <optional>
@@ -64,6 +65,7 @@ private:
     qsizetype room() const; // characters that can still be entered, replacing the selection
 
     std::optional<int> m_limit;
+    widgets::KeyLine *m_keys; // in the large form
     bool m_enlarged = false;
 };
 

@@ -80,6 +80,7 @@ FieldCommands::FieldCommands(FieldGrid &grid, EditedRecord &record, CellEditors 
     connect(Zzdlist, &ChoiceList::chosen, this, &FieldCommands::addSubfield);
     for (ChoiceList *list : {zdList, Zzdlist}) {
         list->setToolTip(u"双击可返回,右击或按【Esc】取消"_s);
+        list->tellKeys(u"回车添加　Esc 取消"_s);
         list->setUniformItemSizes(true);
         new widgets::AccentFrame(list);
         list->hide();

@@ -11,7 +11,7 @@ using widgets::Surface;
 namespace workspace {
 
 namespace {
-constexpr QStringView keyHints = u"F3 查找　Ctrl+G 记录号　F1 手册";
+constexpr QStringView keyHints = u"F3 查找　Ctrl+G 记录号　Ctrl+Tab 换栏　F1 手册";
 
 // Returns the widths of the texts, the widest ones shortened until the sum fits the room.
 std::vector<int> sharedWidths(const QStringList &texts, const QFontMetrics &metrics, int room) {

@@ -1,11 +1,13 @@
 // Divides the space of the workspace: the title list next to the field grid, and below the grid a pane with the whole
-// text of a row and the pane of remarks, both of which can be hidden. The user's layout is remembered between starts.
+// text of a row and the pane of remarks, both of which can be hidden. Ctrl+Tab moves
+// the focus to the next pane, Ctrl+Shift+Tab to the previous one. The user's layout is remembered between starts.
 #pragma once
 
 #include "platform/deskState.h"
 #include "widgets/button.h"
 #include <QPlainTextEdit>
 #include <QSplitter>
+#include <vector>
 
 namespace workspace {
 
@@ -30,6 +32,14 @@ Q_SIGNALS:
     void textWanted(); // the pane was opened
 
 private:
+    struct Pane {
+        QWidget *room;
+        QWidget *target; // gets the focus
+    };
+    void bindKeys();
+    void goToPane(int by);
+
+    std::vector<Pane> m_panes;
     QSplitter *m_down;  // the fields above the whole text
     QSplitter *m_under; // both above the remarks
 };
