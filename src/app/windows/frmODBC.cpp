@@ -72,7 +72,7 @@ void frmODBC::layOut() {
                    {txtPWD, u"原样存在设置文件里；不要用分号"},
                    {cmdCeshi, u"试着连接，不保存"},
                    {cmdOK, u"保存，不测试；下次启动时生效"}});
-    txtServer->setMinimumWidth(fontMetrics().averageCharWidth() * 44);
+    widgets::giveWidth(txtServer, fontMetrics().averageCharWidth() * 44);
     setLayout(widgets::column({
         {widgets::framed(fraStep3, values)},
         dataSourceWords,
@@ -96,7 +96,9 @@ void frmODBC::dataSourceClicked() {
     const bool byDriver = cboDSNList->currentText() == noDataSource;
     for (QWidget *control : std::initializer_list<QWidget *>{txtServer, cboDrivers, txtDatabase})
         control->setEnabled(byDriver);
-    widgets::sendTab(cboDSNList);
+    // With a screen reader, the toolkit reports Enter in the open list twice; the first one moves the focus.
+    if (focusWidget() == cboDSNList)
+        widgets::sendTab(cboDSNList);
 }
 
 ConnectionFields frmODBC::fields() const {

@@ -11,6 +11,7 @@
 #include "platform/singleInstance.h"
 #include "widgets/appearance.h"
 #include "widgets/button.h"
+#include "widgets/focusReader.h"
 #include <QApplication>
 #include <QIcon>
 #include <optional>
@@ -34,6 +35,7 @@ int runProgram(platform::Host &host, database::LinkPool &links, const QString &c
     QApplication::setQuitOnLastWindowClosed(false); // the program ends only by the exit question
     QApplication::setWindowIcon(QIcon(u":/program.svg"_s));
     widgets::Appearance appearance(host.remembered());
+    const widgets::FocusReader focusReader;
     const platform::SchemeWatch desktop;
     QObject::connect(&desktop, &platform::SchemeWatch::answered, &appearance, &widgets::Appearance::takeDesktop);
     const platform::SingleInstance instance(u"tarvex-marc"_s, claimFolder);

@@ -3,6 +3,7 @@
 #include "handbook/windows/pageLook.h"
 #include "widgets/fixedColours.h"
 #include "widgets/flexGridColours.h"
+#include <QAccessible>
 #include <QEvent>
 #include <QResizeEvent>
 #include <QtMath>
@@ -21,6 +22,15 @@ PageView::PageView(const QString &folder, QWidget *parent)
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // keeps the width of pictures constant
     connect(this, &QTextBrowser::anchorClicked, this, &PageView::follow);
     connect(this, &QTextBrowser::sourceChanged, this, &PageView::arrived);
+}
+
+bool PageView::focusNextPrevChild(bool next) {
+    const bool moved = QTextBrowser::focusNextPrevChild(next);
+    if (const QTextCursor link = textCursor(); moved && hasFocus() && link.hasSelection()) {
+        QAccessibleTextSelectionEvent chosen(this, link.selectionStart(), link.selectionEnd());
+        QAccessible::updateAccessibility(&chosen);
+    }
+    return moved;
 }
 
 QString PageView::file() const {

@@ -34,6 +34,7 @@ protected:
     QVariant loadResource(int type, const QUrl &name) override;
     void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;
+    bool focusNextPrevChild(bool next) override; // Tab goes through the links, and a screen reader reads them
 
 private:
     void arrived(const QUrl &place);

@@ -34,7 +34,7 @@ frmSelectMFile::frmSelectMFile(platform::Host &host, Ways ways, QWidget *parent)
     , m_host(host)
     , m_ways(std::move(ways)) {
     widgets::keepOneSize(this);
-    Text1->setMinimumWidth(fontMetrics().averageCharWidth() * 44);
+    widgets::giveWidth(Text1, fontMetrics().averageCharWidth() * 44);
     widgets::framed(Frame1, row({{Text1, 1}, cmdLL}));
     setLayout(column({Frame1, {labFacts, 1}, row({cmdTidy, widgets::stretch(), cmdClick[0], cmdClick[1]})}));
     offerTidying(false);
@@ -51,7 +51,8 @@ frmSelectMFile::frmSelectMFile(platform::Host &host, Ways ways, QWidget *parent)
     setAcceptDrops(true);
     Text1->setAcceptDrops(false); // the window handles drops everywhere
     auto *down = Text1->addAction(style()->standardIcon(QStyle::SP_ArrowDown), QLineEdit::TrailingPosition);
-    down->setToolTip(u"最近用过的文件"_s);
+    down->setText(u"最近用过的文件"_s); // read by a screen reader
+    down->setToolTip(down->text());
     connect(down, &QAction::triggered, this, &frmSelectMFile::listRecentFiles);
     Text1->installEventFilter(this);
     connect(Text1, &QLineEdit::returnPressed, this, &frmSelectMFile::enter);
