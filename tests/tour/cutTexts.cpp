@@ -67,15 +67,21 @@ void addHeadings(QStringList &cut, const QHeaderView &header) {
     }
 }
 
-// A moment may pass before the window manager places a frame, and until then the frame is as large as the window.
+// One pixel is allowed for rounding. A moment may pass before the window manager places a frame, and until then the
+// frame is as large as the window.
 void addWindow(QStringList &cut, const QWidget &window) {
     const QRect frame = window.frameGeometry();
-    if (!window.screen()->geometry().contains(frame))
+    if (!frame.isEmpty() && !window.screen()->geometry().adjusted(-1, -1, 1, 1).contains(frame))
         cut.append(u"window %1: %2x%3 at %4,%5 exceeds the screen"_s.arg(window.objectName())
                        .arg(frame.width())
                        .arg(frame.height())
                        .arg(frame.x())
                        .arg(frame.y()));
+}
+
+// The sign that a menu bar or toolbar shows if not all of its items fit.
+bool hidesItems(const QWidget &widget) {
+    return widget.objectName() == u"qt_menubar_ext_button" || widget.objectName() == u"qt_toolbar_ext_button";
 }
 
 } // namespace
@@ -90,6 +96,8 @@ QStringList cutTexts(const QWidget *window) {
         if (const auto *header = qobject_cast<const QHeaderView *>(widget);
             header && header->orientation() == Qt::Horizontal && header->model())
             addHeadings(cut, *header);
+        if (hidesItems(*widget))
+            cut.append(widget->parentWidget()->objectName() + u" hides some of its items");
         const auto *label = qobject_cast<const QLabel *>(widget);
         const auto *button = qobject_cast<const QAbstractButton *>(widget);
         const QString text = label ? label->text() : button ? button->text() : QString();

@@ -104,8 +104,8 @@ void addField(TourDriver &driver) {
     driver.expectEqual(driver.cell(u"Grid1"_s, added, 2), field.left(3), u"the tag added"_s);
     driver.expect(driver.look([added] {
         const widgets::FlexGrid *grid = desk()->Grid1;
-        const QRect place = grid->cellRect(added, 2);
-        return grid->geometry().contains(place) && place.height() == grid->cellRect(added - 1, 2).height();
+        const QRect place = grid->cellRect(added, 4);
+        return grid->geometry().contains(place) && place.height() == grid->cellRect(added - 1, 4).height();
     }),
                   u"the field added is in sight"_s);
     driver.shot(u"field-added"_s);

@@ -4,6 +4,7 @@
 #include "widgets/flexGrid.h"
 #include <QApplication>
 #include <QMenuBar>
+#include <QScrollArea>
 
 using namespace Qt::StringLiterals;
 
@@ -36,6 +37,9 @@ void TourDriver::click(const QString &name, int button) {
         return;
     const QPoint centre = look([&] {
         QWidget *widget = find(name);
+        for (QWidget *outer = widget->parentWidget(); outer; outer = outer->parentWidget())
+            if (auto *area = qobject_cast<QScrollArea *>(outer)) // on a small screen
+                area->ensureWidgetVisible(widget);
         return widget->mapToGlobal(widget->rect().center());
     });
     clickAt(centre, button);

@@ -1,6 +1,7 @@
 #include "app/windows/marcMain.h"
 #include "app/databaseNote.h"
 #include "platform/desktop/frontWindow.h"
+#include "platform/desktop/screenSize.h"
 #include "widgets/button.h"
 #include "widgets/fileDrop.h"
 #include "widgets/layout.h"
@@ -42,12 +43,15 @@ marcMain::marcMain(platform::Host &host, CommandWindows &windows)
     buildToolbar();
     buildStartPage();
     buildStatusBar();
+    fitMenuBar();
     const QSize room = screen()->availableSize() * 9 / 10;
-    resize(QSize(fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 42).boundedTo(room));
+    const QSize wanted(fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 42);
+    resize(wanted.boundedTo(room).expandedTo({menuBar()->sizeHint().width(), 0}));
     widgets::rememberPlace(this, m_host.remembered());
 }
 
 void marcMain::buildMenu() {
+    menuBar()->setAccessibleName(u"菜单"_s);
     QMenu *menu = nullptr;
     for (const MenuRow &row : menuRows) {
         if (!row.menuCaption.isEmpty()) {
@@ -60,6 +64,15 @@ void marcMain::buildMenu() {
         if (row.command != Command::Separator)
             connect(item, &QAction::triggered, this, [this, command = row.command] { run(command); });
     }
+}
+
+// On a small screen the items move together, so that none of them is hidden.
+void marcMain::fitMenuBar() {
+    if (menuBar()->sizeHint().width() <= platform::usableScreenSize(this).width())
+        return;
+    menuBar()->setProperty("narrow", true); // read by the style
+    QEvent measureAgain(QEvent::StyleChange);
+    QCoreApplication::sendEvent(menuBar(), &measureAgain);
 }
 
 void marcMain::buildToolbar() {

@@ -40,6 +40,7 @@ protected:
 
 private:
     void buildMenu();
+    void fitMenuBar();
     void buildToolbar();
     void buildStartPage();
     void placeStartPage();

@@ -4,6 +4,7 @@
 #include "platform/fileFilters.h"
 #include "platform/numbers.h"
 #include "platform/paths.h"
+#include "widgets/foldingRow.h"
 #include "widgets/layout.h"
 #include "widgets/styleTokens.h"
 #include "widgets/waitCursor.h"
@@ -59,7 +60,8 @@ void TLKListFrm::layOut() {
     setLayout(widgets::column(
         {{Grid1, 1},
          widgets::row({lCounts, markedRows, {conditionWords, 1}, saved}),
-         widgets::row({widgets::stretch(), cmdThisImport, cmdSave, stopSaving, CmdDcgl[0], CmdDcgl[1], CmdDcgl[2]})}));
+         new widgets::FoldingRow({widgets::row({widgets::stretch(), cmdThisImport, cmdSave, stopSaving}),
+                                  widgets::row({CmdDcgl[0], CmdDcgl[1], CmdDcgl[2]})})}));
 }
 
 void TLKListFrm::loadData(Condition &condition, QString &order) {

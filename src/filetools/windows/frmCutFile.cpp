@@ -47,8 +47,8 @@ void frmCutFile::layOut() {
         naming(named(LabShuoMing[i], u"LabShuoMing"_s + QString::number(i)), i < 2 ? Text1[i] : Text2);
     cmdSelect[0]->setAccessibleName(u"浏览需要处理的机读目录文件"_s);
     cmdSelect[1]->setAccessibleName(u"浏览拆分后的目标文件"_s);
-    Text1[0]->setMinimumWidth(24 * fontMetrics().height()); // fits a usual path
-    auto *files = new QGridLayout;                          // the buttons have one width
+    giveWidth(Text1[0], 24 * fontMetrics().height()); // fits a usual path
+    auto *files = new QGridLayout;                    // the buttons have one width
     for (int i = 0; i < 2; ++i) {
         files->addWidget(LabShuoMing[i], 2 * i, 0, 1, 2);
         files->addWidget(Text1[i], 2 * i + 1, 0);

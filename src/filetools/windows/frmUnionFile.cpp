@@ -49,7 +49,7 @@ void frmUnionFile::layOut() {
     List1->setTextElideMode(Qt::ElideMiddle);
     Text1->setAccessibleName(Frame1->title());
     cmdSave->setAccessibleName(u"浏览合并后的目标文件"_s);
-    List1->setMinimumWidth(26 * fontMetrics().height()); // fits a usual path
+    giveWidth(List1, 26 * fontMetrics().height()); // fits a usual path
     setLayout(column({
         {framed(Frame2, row({{List1, 1}, column({cmdSelect[0], cmdSelect[1], stretch()})})), 1},
         framed(Frame1, row({{Text1, 1}, cmdSave})),

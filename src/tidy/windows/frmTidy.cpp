@@ -1,9 +1,12 @@
 #include "tidy/windows/frmTidy.h"
+#include "platform/desktop/screenSize.h"
 #include "platform/fileFilters.h"
 #include "platform/numbers.h"
 #include "platform/paths.h"
 #include "tidy/sampleRecord.h"
+#include "tidy/targetForms.h"
 #include "widgets/button.h"
+#include "widgets/foldingRow.h"
 #include "widgets/keys.h"
 #include "widgets/layout.h"
 #include "widgets/selectingEdit.h"
@@ -23,22 +26,6 @@ using widgets::Button;
 using widgets::SelectingEdit;
 
 namespace tidy {
-
-namespace {
-
-struct FormRow {
-    TargetForm form;
-    QStringView caption;
-    QStringView ending; // end of a suggested name
-};
-
-constexpr auto forms = std::to_array<FormRow>({
-    {TargetForm::GbkIso, u"GBK，一行一条（本程序使用）", u"-gbk.iso"},
-    {TargetForm::Utf8Iso, u"UTF-8，ISO 2709（无行结束符）", u"-utf8.iso"},
-    {TargetForm::MarcXml, u"MARCXML（UTF-8）", u"-marc.xml"},
-});
-
-} // namespace
 
 frmTidy::frmTidy(platform::Host &host, const QString &source, QWidget *parent)
     : Window(u"frmTidy"_s, u"整理机读目录文件"_s, parent)
@@ -91,7 +78,7 @@ void frmTidy::connectControls() {
 
 void frmTidy::layOut() {
     using namespace widgets;
-    for (const FormRow &row : forms)
+    for (const FormRow &row : targetForms)
         cboForm->addItem(row.caption.toString());
     const std::array<QWidget *, 3> controls{Text1[0], Text1[1], cboForm};
     for (size_t i = 0; i < controls.size(); ++i)
@@ -108,9 +95,9 @@ void frmTidy::layOut() {
     txtResult->setRoom(24, 2);
     for (TextBox *box : {sampleText, txtResult}) {
         m_boxes->addWidget(box);
-        box->setMinimumHeight(2 * box->fontMetrics().lineSpacing());
+        box->setMinimumHeight((platform::isScreenLow(this) ? 1 : 2) * box->fontMetrics().lineSpacing());
     }
-    Text1[0]->setMinimumWidth(24 * fontMetrics().height()); // fits a usual path
+    giveWidth(Text1[0], 24 * fontMetrics().height()); // fits a usual path
     setLayout(column({
         framed(Frame1, column({
                            LabShuoMing[0],
@@ -118,13 +105,12 @@ void frmTidy::layOut() {
                            LabFacts,
                            LabShuoMing[1],
                            row({{Text1[1], 1}, cmdSelect[1]}),
-                           row({LabShuoMing[2], cboForm, stretch()}),
-                           row({encodingLabel, sourceEncoding, stretch(), sampleLabel}),
+                           new FoldingRow({row({LabShuoMing[2], cboForm, stretch()}),
+                                           row({encodingLabel, sourceEncoding, stretch()})}),
                        })),
-        warningLabel,
+        row({sampleLabel, {warningLabel, 1}}),
         {m_boxes, 1},
-        labJinDu,
-        row({{labShuDo, 1}, cmdClick[0], cmdClick[1], cmdClick[2]}),
+        row({labJinDu, {labShuDo, 1}, cmdClick[0], cmdClick[1], cmdClick[2]}),
     }));
     showResult({}, {});
     resize(sizeHint() + QSize(0, 5 * txtResult->fontMetrics().lineSpacing())); // a small screen limits the size
@@ -184,17 +170,13 @@ SourceEncoding frmTidy::encoding() const {
 }
 
 TargetForm frmTidy::form() const {
-    return forms.at(size_t(cboForm->currentIndex())).form;
+    return targetForms[size_t(cboForm->currentIndex())].form;
 }
 
 void frmTidy::suggestTarget() {
     if (Text1[1]->text() != m_suggested)
         return;
-    const QString source = platform::trimBlanks(Text1[0]->text());
-    const qsizetype folder = platform::folderOf(source).size();
-    const qsizetype point = source.lastIndexOf(u'.');
-    const QString stem = point > folder ? source.first(point) : source;
-    m_suggested = source.size() == folder ? QString() : stem + forms.at(size_t(cboForm->currentIndex())).ending;
+    m_suggested = suggestedTarget(platform::trimBlanks(Text1[0]->text()), targetForms[size_t(cboForm->currentIndex())]);
     Text1[1]->setText(m_suggested);
 }
 

@@ -1,5 +1,6 @@
 #include "workspace/windows/draftBar.h"
 #include "widgets/layout.h"
+#include "widgets/styleTokens.h"
 
 using namespace Qt::StringLiterals;
 using widgets::Button;
@@ -14,6 +15,8 @@ DraftBar::DraftBar(QWidget *parent)
     setObjectName(u"draftBar"_s);
     setFrameStyle(int(QFrame::StyledPanel) | int(QFrame::Raised));
     setLayout(widgets::row({{draftWords, 1}, cmdRestore, cmdDiscard}));
+    const int tight = widgets::space(widgets::Space::Tight, fontMetrics());
+    layout()->setContentsMargins(2 * tight, tight, tight, tight);
     widgets::hint({{cmdRestore, u"把这些修改放回记录"}, {cmdDiscard, u"不要这些修改；它们另存为一个文件"}});
     for (Button *button : {cmdRestore, cmdDiscard})
         connect(button, &Button::clicked, this, &DraftBar::hide);

@@ -1,4 +1,5 @@
 #include "workspace/windows/findLine.h"
+#include "platform/desktop/screenSize.h"
 #include "platform/numbers.h"
 #include "widgets/layout.h"
 #include <QApplication>
@@ -28,7 +29,7 @@ FindLine::FindLine(RecordList &list, QWidget *parent)
           }) {
     setObjectName(u"findLine"_s);
     findText->setPlaceholderText(u"查找：F3 下一条，Shift+F3 上一条"_s);
-    findText->setMinimumWidth(fontMetrics().averageCharWidth() * 24);
+    findText->setMinimumWidth(fontMetrics().averageCharWidth() * (platform::isScreenLow(this) ? 12 : 24));
     findPlace->addItems({u"题名"_s, u"全部"_s, u"记录号"_s});
     setLayout(widgets::row({{findText, 1}, findPlace, findCount}));
     layout()->setContentsMargins(0, 0, 0, 0);

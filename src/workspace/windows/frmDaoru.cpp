@@ -1,6 +1,7 @@
 #include "workspace/windows/frmDaoru.h"
 #include "platform/desktop/screenSize.h"
 #include "widgets/button.h"
+#include "widgets/foldingRow.h"
 #include "widgets/layout.h"
 #include "widgets/remembered.h"
 #include "workspace/windows/draftBar.h"
@@ -18,6 +19,7 @@ using widgets::Button;
 using widgets::column;
 using widgets::named;
 using widgets::row;
+using widgets::stretch;
 
 namespace workspace {
 
@@ -85,9 +87,9 @@ void frmDaoru::layOut() {
         {room, 1},
         row({{labStatus, 1}, findLine}),
         widgets::hairline(this),
-        row({Label1[0], Text2, Label1[1], Text3, Label1[2], Text4, labJinDu, widgets::stretch(), room->cmdWholeText,
-             cmdProofAll, cmdJieShu}),
-        row({cmdTiMing[0], cmdTiMing[1], widgets::stretch(), ofOneWidth(cmdclick)}),
+        new widgets::FoldingRow({row({Label1[0], Text2, Label1[1], Text3, Label1[2], Text4, labJinDu, stretch()}),
+                                 row({stretch(), room->cmdWholeText, cmdProofAll, cmdJieShu})}),
+        new widgets::FoldingRow({row({cmdTiMing[0], cmdTiMing[1], stretch()}), ofOneWidth(cmdclick)}),
     }));
     const QFontMetrics metrics = fontMetrics();
     // The line keeps its space while it is empty and is high enough for the find line.
