@@ -13,32 +13,24 @@ QList<int> chosenOf(const QString &sortOrder) {
     return {int(row - orderFields.begin())};
 }
 
-namespace {
-
-// By the columns of the list; the key in the first one is hidden.
-constexpr auto listColumns = std::to_array<QStringView>(
-    {u"", u"ISBN", u"bookname", u"author", u"classcode", u"publisher", u"bookcount", u"catatime"});
-
-} // namespace
-
-std::optional<HeadingOrder> headingOrder(const QString &order) {
+std::optional<HeadingOrder> headingOrder(const QString &order, ListColumns columns) {
     const QStringList words = order.split(u' ', Qt::SkipEmptyParts);
     if (words.isEmpty() || words.size() > 2)
         return std::nullopt;
     const auto isNamed = [&](QStringView column) { return column.compare(words[0], Qt::CaseInsensitive) == 0; };
-    const auto column = std::ranges::find_if(listColumns, isNamed);
+    const auto column = std::ranges::find_if(columns, isNamed);
     const QString direction = words.value(1).toLower();
-    if (column == listColumns.end() || (words.size() == 2 && direction != u"asc" && direction != u"desc"))
+    if (column == columns.end() || (words.size() == 2 && direction != u"asc" && direction != u"desc"))
         return std::nullopt;
-    return HeadingOrder{int(column - listColumns.begin()), direction == u"desc"};
+    return HeadingOrder{int(column - columns.begin()), direction == u"desc"};
 }
 
-QString orderAfterClick(int column, const QString &order) {
-    if (column < 1 || column >= int(listColumns.size()))
+QString orderAfterClick(int column, const QString &order, ListColumns columns) {
+    if (column < 0 || column >= int(columns.size()) || columns[size_t(column)].isEmpty())
         return {};
-    const auto before = headingOrder(order);
+    const auto before = headingOrder(order, columns);
     const bool ascending = before && before->column == column && !before->descending;
-    return listColumns[size_t(column)] + (ascending ? u" Desc" : u"");
+    return columns[size_t(column)] + (ascending ? u" Desc" : u"");
 }
 
 QString orderText(const QList<int> &chosen) {

@@ -5,6 +5,7 @@
 #include <QString>
 #include <array>
 #include <optional>
+#include <span>
 
 namespace catalogue {
 
@@ -26,16 +27,24 @@ inline constexpr auto orderFields = std::to_array<OrderField>({
 // of several columns contains commas, matches no column and returns an empty list.
 QList<int> chosenOf(const QString &sortOrder);
 
-// An order by one column of the catalogue list, by the number of the column in the list.
+// The columns of the tables behind the two lists, by the numbers of the columns in the list; empty for one that is
+// hidden.
+inline constexpr auto catalogueColumns = std::to_array<QStringView>(
+    {u"", u"ISBN", u"bookname", u"author", u"classcode", u"publisher", u"bookcount", u"catatime"});
+inline constexpr auto storeColumns = std::to_array<QStringView>(
+    {u"zskid", u"bookname", u"author", u"ISBN", u"classcode", u"pages", u"measure", u"edition"});
+using ListColumns = std::span<const QStringView>;
+
+// An order by one column of a list, by the number of the column in the list.
 struct HeadingOrder {
     int column;
     bool descending;
 };
 // Returns the order if the text names one column that is shown, with or without a direction.
-std::optional<HeadingOrder> headingOrder(const QString &order);
+std::optional<HeadingOrder> headingOrder(const QString &order, ListColumns columns);
 // Returns the order after a click on the heading of a column: ascending, and descending if the list is in ascending
 // order already. Returns an empty text for a column that has no order.
-QString orderAfterClick(int column, const QString &order);
+QString orderAfterClick(int column, const QString &order, ListColumns columns);
 
 // Returns the order text of the chosen fields, without a direction since ascending is the default of servers.
 QString orderText(const QList<int> &chosen);

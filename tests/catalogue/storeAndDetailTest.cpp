@@ -186,6 +186,29 @@ TEST_F(TlkListFrmTest, DeletesWhatTheQueryFoundOrEverything) {
     EXPECT_EQ(host.lastBox().leaving, platform::Leaving::ByButtonsOnly);
 }
 
+// The order is kept when rows are deleted, and does not prevent "delete all".
+TEST_F(TlkListFrmTest, IsSortedByItsHeadings) {
+    const auto titles = [this] {
+        QString shown;
+        for (int row = 1; row < list.Grid1->rows(); ++row)
+            shown += list.Grid1->text(row, 1);
+        return shown;
+    };
+    load(u"author='y'"_s);
+    Q_EMIT list.Grid1->headingClicked(1);
+    EXPECT_EQ(titles(), u"abc"_s);
+    Q_EMIT list.Grid1->headingClicked(1);
+    EXPECT_EQ(titles(), u"cba"_s);
+    host.willAnswer(platform::Answer::Yes);
+    list.CmdDcgl[0]->click();
+    EXPECT_EQ(titles(), u"ba"_s);
+    host.willAnswer(platform::Answer::Yes);
+    list.CmdDcgl[1]->click();
+    EXPECT_EQ(left(), (QStringList{u"e"_s, u"d"_s}));
+    load({});
+    EXPECT_EQ(titles(), u"ed"_s) << "a query has its own order";
+}
+
 // What the window shows while it works: a loading, a deletion, a save and a close.
 TEST_F(TlkListFrmTest, ShowsWhatItIsDoing) {
     list.resize(1500, 500);

@@ -1,6 +1,7 @@
 #include "catalogue/windows/tlkListFrm.h"
 #include "catalogue/listStatements.h"
 #include "catalogue/listTexts.h"
+#include "catalogue/sortOrder.h"
 #include "platform/fileFilters.h"
 #include "platform/numbers.h"
 #include "platform/paths.h"
@@ -45,6 +46,7 @@ TLKListFrm::TLKListFrm(const database::SessionState &state, platform::Host &host
     connect(cmdSave, &Button::clicked, this, &TLKListFrm::saveRecords);
     connect(stopSaving, &Button::clicked, this, [this] { m_run->stop(); });
     connect(Grid1, &widgets::FlexGrid::gridActivated, this, &TLKListFrm::showCard);
+    connect(Grid1, &widgets::FlexGrid::headingClicked, this, &TLKListFrm::sortBy);
     connect(CmdDcgl[0], &Button::clicked, this, &TLKListFrm::delSelected);
     connect(CmdDcgl[1], &Button::clicked, this, [this] {
         if (m_host.insist(u"你确定将检索出的数据从套录库中删除吗？"_s, platform::hintTitle, Answer::No))
@@ -65,21 +67,36 @@ void TLKListFrm::layOut() {
 }
 
 void TLKListFrm::loadData(Condition &condition, QString &order) {
-    gridInit();
     m_storeCondition = condition;
     m_storeOrder = order;
+    m_headingOrder.clear();
+    listRows();
+}
+
+void TLKListFrm::listRows() {
+    gridInit();
     sayCondition();
     const widgets::WaitCursor waiting;
     bindRows();
     lCounts->setText(countText(firstCellIsEmpty() ? 0 : dataRows()));
+    const auto shown = headingOrder(shownOrder(), storeColumns);
+    Grid1->showOrder(shown ? shown->column : -1, shown && shown->descending ? Qt::DescendingOrder : Qt::AscendingOrder);
     settleGrid();
+}
+
+// The order of a query would also be part of "delete all", which most servers then refuse. This one is not.
+void TLKListFrm::sortBy(int column) {
+    if (m_run)
+        return;
+    m_headingOrder = orderAfterClick(column, shownOrder(), storeColumns);
+    listRows();
 }
 
 // All failures, including that of the connection, show the same message and leave the grid empty.
 void TLKListFrm::bindRows() {
     auto connection = database::Connection::open(m_state.links, m_state.connectionString);
     if (connection) {
-        const auto rows = connection.value().query(storeStatement(m_storeCondition.sql, m_storeOrder));
+        const auto rows = connection.value().query(storeStatement(m_storeCondition.sql, shownOrder()));
         if (rows) {
             lCounts->setText(loadingText.toString());
             lCounts->repaint();
@@ -214,7 +231,7 @@ void TLKListFrm::delSelected() {
         if (platform::leadingNumber(zskid) > 0)
             (void)connection.value().execute(deleteRowStatement(zskid));
     }
-    reload();
+    listRows();
 }
 
 void TLKListFrm::delAll() {
@@ -224,13 +241,7 @@ void TLKListFrm::delAll() {
         if (connection)
             (void)connection.value().execute(deleteAllStatement(m_storeCondition.sql, m_storeOrder));
     }
-    reload(); // hides a failed deletion, which is not reported
-}
-
-void TLKListFrm::reload() {
-    Condition condition = m_storeCondition;
-    QString order = m_storeOrder;
-    loadData(condition, order);
+    listRows(); // hides a failed deletion, which is not reported
 }
 
 bool TLKListFrm::queryUnload() {

@@ -55,8 +55,11 @@ protected:
 
 private:
     void layOut();
+    void listRows();
     void bindRows();
-    void reload();
+    void sortBy(int column);
+    // The order of the rows: that of the heading, or else that of the query.
+    const QString &shownOrder() const { return m_headingOrder.isEmpty() ? m_storeOrder : m_headingOrder; }
     void announceDeletion();
     void sayCondition();
     void countMarked();
@@ -72,6 +75,7 @@ private:
     StoreListWindows m_windows;
     Condition m_storeCondition;
     QString m_storeOrder;
+    QString m_headingOrder; // chosen by a click on a heading; a deletion does not contain it
     SaveRun *m_run = nullptr;
     bool m_closesAfterRun = false;
     bool m_processEnds = false;

@@ -98,14 +98,14 @@ void ZSKListFrm::loadData(Condition &condition, QString &order) {
     }
     lCounts->setToolTip(widgets::plainTip(rows ? conditionLine(condition) : failedQuery + conditionLine(condition)));
     m_shownOrder = order;
-    const auto shown = headingOrder(order);
+    const auto shown = headingOrder(order, catalogueColumns);
     Grid1->showOrder(shown ? shown->column : -1, shown && shown->descending ? Qt::DescendingOrder : Qt::AscendingOrder);
     settleGrid();
 }
 
 // As the sort dialog does, without storing the order for later queries.
 void ZSKListFrm::sortBy(int column) {
-    QString order = orderAfterClick(column, m_shownOrder);
+    QString order = orderAfterClick(column, m_shownOrder, catalogueColumns);
     if (order.isEmpty() || m_run)
         return;
     const widgets::WaitCursor waiting;
