@@ -1,4 +1,5 @@
 #include "widgets/flexGrid.h"
+#include "platform/desktop/screenSize.h"
 #include "widgets/flexGridColours.h"
 #include "widgets/flexGridColumns.h"
 #include "widgets/flexGridModel.h"
@@ -220,7 +221,7 @@ void FlexGrid::setHeadingTwips(int twips) {
 }
 
 void FlexGrid::fitHeights() {
-    const int needed = qRound(fontMetrics().height() * rowFactor);
+    const int needed = qRound(fontMetrics().height() * (platform::isScreenLow(this) ? lowRowFactor : rowFactor));
     verticalHeader()->setMinimumSectionSize(needed);
     verticalHeader()->setDefaultSectionSize(needed);
     horizontalHeader()->setFixedHeight(std::max(m_columns->toPixels(m_headingTwips), needed));

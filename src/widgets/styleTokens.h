@@ -171,7 +171,7 @@ int space(Space name, const QFontMetrics &metrics);
 constexpr int cornerRadius = 6;
 constexpr int focusWidth = 2;
 constexpr int accentBarWidth = 3;
-constexpr double rowFactor = 1.5; // of the height of a line, which for Chinese fonts is 1.4 of their size
+constexpr double rowFactor = 1.7, lowRowFactor = 1.5; // of the height of a line; on low screens
 
 // Sizes of type, relative to the desktop's font.
 constexpr double sectionSize = 1.25, titleSize = 1.6;

@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QPointer>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -30,8 +31,8 @@ void Window::showEvent(QShowEvent *event) {
 
 bool Window::event(QEvent *event) {
     const bool done = QDialog::event(event);
-    if (event->type() == QEvent::LayoutRequest && isVisible()) {
-        scrollIfTooLarge(); // a part of the window may have been shown
+    if ((event->type() == QEvent::LayoutRequest || (event->type() == QEvent::Resize && !isWindow())) && isVisible()) {
+        scrollIfTooLarge(); // a part of the window may have been shown, or its frame in the main window is small
     } else if (event->type() == QEvent::WindowActivate && isWindow() && !isMaximized() &&
                !std::exchange(m_placed, true)) {
         platform::keepOnScreen(this); // the frame is known only after the window manager has shown the window
@@ -40,8 +41,8 @@ bool Window::event(QEvent *event) {
 }
 
 void Window::scrollIfTooLarge() {
-    const QSize room = platform::usableScreenSize(this);
-    if (!isWindow() || !layout() || layout()->totalMinimumSize().boundedTo(room) == layout()->totalMinimumSize())
+    const QSize room = isWindow() ? platform::usableScreenSize(this) : size();
+    if (!layout() || layout()->totalMinimumSize().boundedTo(room) == layout()->totalMinimumSize())
         return;
     const QPointer<QWidget> focused = focusWidget();
     auto *contents = new QWidget;
@@ -66,10 +67,10 @@ void Window::scrollIfTooLarge() {
         QMetaObject::invokeMethod( // after the contents are laid out
             area, [this, follow] { follow(nullptr, focusWidget()); }, Qt::QueuedConnection);
     }
-    if (isVisible()) {
-        resize(size().boundedTo(room));
+    if (isWindow())
+        resize((size() + QSize(area->verticalScrollBar()->sizeHint().width(), 0)).boundedTo(room));
+    if (isWindow() && isVisible())
         platform::keepOnScreen(this);
-    }
 }
 
 void Window::closeEvent(QCloseEvent *event) {

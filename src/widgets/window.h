@@ -1,5 +1,5 @@
 // Common behaviour of all windows: Esc, the close button of the frame and the window's own buttons close it in the same
-// way. A window is never larger than its screen: contents that need more room scroll.
+// way. A window is never larger than its screen, or its frame in the main window: contents that need more room scroll.
 #pragma once
 
 #include <QDialog>

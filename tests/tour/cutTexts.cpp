@@ -84,12 +84,26 @@ bool hidesItems(const QWidget &widget) {
     return widget.objectName() == u"qt_menubar_ext_button" || widget.objectName() == u"qt_toolbar_ext_button";
 }
 
+// A layout that has too little room lays its labels over each other.
+void addOverlaps(QStringList &cut, const QList<QWidget *> &widgets) {
+    QList<const QLabel *> labels;
+    for (const QWidget *widget : widgets)
+        if (const auto *label = qobject_cast<const QLabel *>(widget);
+            label && label->isVisible() && !label->text().isEmpty())
+            labels.append(label);
+    for (const QLabel *one : labels)
+        for (const QLabel *other : labels)
+            if (one < other && one->parent() == other->parent() && one->geometry().intersects(other->geometry()))
+                cut.append(u"\"%1\" lies over \"%2\""_s.arg(one->text().left(30), other->text().left(30)));
+}
+
 } // namespace
 
 QStringList cutTexts(const QWidget *window) {
     QStringList cut;
     addWindow(cut, *window);
     const QList<QWidget *> widgets = window->findChildren<QWidget *>();
+    addOverlaps(cut, widgets);
     for (const QWidget *widget : widgets) {
         if (!widget->isVisible())
             continue;

@@ -39,7 +39,6 @@ CodedBoxWindow::CodedBoxWindow(platform::Host &host, std::span<const Box> table,
     cmdclick[0]->setToolTip(u"确认修改"_s);
     cmdclick[1]->setToolTip(u"取消修改"_s);
     listMenu->setFocusPolicy(Qt::ClickFocus); // opened from its box, not by Tab
-    listMenu->tellKeys(u"回车选用　Esc 收起"_s);
     listMenu->hide();
 
     using widgets::row, widgets::column, widgets::stretch;
@@ -73,6 +72,7 @@ void CodedBoxWindow::wireBox(int i) {
 }
 
 void CodedBoxWindow::wireLists() {
+    listMenu->tellKeys(u"回车选用　Esc 收起"_s);
     connect(listLx, &ChoiceList::chosen, this, &CodedBoxWindow::choose);
     connect(listLx, &ChoiceList::itemClicked, this, [this](QListWidgetItem *entry) { explain(entry->text()); });
     connect(listMenu, &ChoiceList::chosen, this, [this](const QString &entry) {

@@ -128,9 +128,8 @@ void CellText::setEnlarged(bool enlarged) {
     m_enlarged = enlarged;
     setFrameShape(enlarged ? QFrame::StyledPanel : QFrame::NoFrame);
     setLineWrapMode(enlarged ? WidgetWidth : NoWrap);
-    const auto bars = enlarged ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff;
-    setHorizontalScrollBarPolicy(bars);
-    setVerticalScrollBarPolicy(bars);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // the large form wraps
+    setVerticalScrollBarPolicy(enlarged ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
     m_keys->setVisible(enlarged);
     setViewportMargins(0, 0, 0, enlarged ? m_keys->room() : 0);
     ensureCursorVisible();
