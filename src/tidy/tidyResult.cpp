@@ -54,20 +54,44 @@ QString damageLines(const TidyResult &result) {
     return text.isEmpty() ? text : u"\r\n【受损】\r\n"_s + text;
 }
 
-QString unreadableLines(const TidyResult &result) {
-    if (result.unreadable.count == 0)
-        return {};
-    QString text =
-        u"\r\n【未能整理】\r\n%1 条，原样存入文件{%2}：\r\n"_s.arg(result.unreadable.count).arg(result.unreadableFile);
+QString reasonLines(const Reasons &reasons, qint64 all) {
+    QString text;
     qint64 listed = 0;
-    for (const auto &[why, noted] : result.reasons) {
+    for (const auto &[why, noted] : reasons) {
         text += placesOf(noted) + (noted.count > 1 ? u"（共 %1 条）"_s.arg(noted.count) : QString()) + u'：' + why +
                 lineBreak;
         listed += noted.count;
     }
-    if (result.unreadable.count > listed)
-        text += u"……\r\n"_s;
+    return all > listed ? QString(text + u"……\r\n") : text;
+}
+
+QString unreadableLines(const TidyResult &result) {
+    if (result.unreadable.count == 0)
+        return {};
+    return u"\r\n【未能整理】\r\n%1 条，原样存入文件{%2}：\r\n"_s.arg(result.unreadable.count)
+               .arg(result.unreadableFile) +
+           reasonLines(result.reasons, result.unreadable.count);
+}
+
+QString changeLines(const TidyResult &result) {
+    if (result.changed == 0 && result.notChanged.count == 0)
+        return {};
+    QString text = u"\r\n【批改】\r\n改动 %1 条记录！\r\n"_s.arg(result.changed);
+    if (result.notChanged.count > 0)
+        text += u"%1 条不能改，照原样写出：\r\n"_s.arg(result.notChanged.count) +
+                reasonLines(result.reasonsNotChanged, result.notChanged.count);
     return text;
+}
+
+void addReason(Reasons &reasons, qint64 record, const QString &why) {
+    constexpr qsizetype mostReasons = 100;
+    const auto known = std::ranges::find(reasons, why, &std::pair<QString, Noted>::first);
+    if (known != reasons.end()) {
+        known->second.add(record);
+    } else if (reasons.size() < mostReasons) {
+        reasons.append({why, {}});
+        reasons.last().second.add(record);
+    }
 }
 
 } // namespace
@@ -89,15 +113,16 @@ void TidyResult::addLacking(char32_t character, qint64 record) {
 }
 
 void TidyResult::addUnreadable(qint64 record, const QString &why) {
-    constexpr qsizetype mostReasons = 100;
     unreadable.add(record);
-    const auto known = std::ranges::find(reasons, why, &std::pair<QString, Noted>::first);
-    if (known != reasons.end()) {
-        known->second.add(record);
-    } else if (reasons.size() < mostReasons) {
-        reasons.append({why, {}});
-        reasons.last().second.add(record);
-    }
+    addReason(reasons, record, why);
+}
+
+void TidyResult::addChange(qint64 record, bool wasChanged, const QString &why) {
+    changed += wasChanged;
+    if (why.isEmpty())
+        return;
+    notChanged.add(record);
+    addReason(reasonsNotChanged, record, why);
 }
 
 QString warning(const TidyResult &result) {
@@ -109,7 +134,8 @@ QString warning(const TidyResult &result) {
         parts.append(u"编码不一定对"_s);
     const std::pair<QStringView, const Noted &> rows[] = {{u"写成“?”的字符 %1 处（%2）", result.lacking},
                                                           {u"受损字节 %1 处（%2）", result.damagedBytes},
-                                                          {u"未能整理 %1 条（%2）", result.unreadable}};
+                                                          {u"未能整理 %1 条（%2）", result.unreadable},
+                                                          {u"未能批改 %1 条（%2）", result.notChanged}};
     for (const auto &[words, noted] : rows) {
         if (noted.count > 0)
             parts.append(words.toString().arg(noted.count).arg(placesOf(noted)));
@@ -126,7 +152,7 @@ QString report(const TidyResult &result, const QString &source) {
         text += u"XML 有错，只取出了前面的记录："_s + *result.broken + lineBreak;
     text +=
         u"\r\n【目标文件】\r\n文件{"_s + result.target + u"}保存了"_s + QString::number(result.out) + u"条记录！\r\n"_s;
-    return text + unreadableLines(result) + lackingLines(result) + damageLines(result);
+    return text + changeLines(result) + unreadableLines(result) + lackingLines(result) + damageLines(result);
 }
 
 } // namespace tidy

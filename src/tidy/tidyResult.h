@@ -18,6 +18,8 @@ struct Noted {
     void add(qint64 record, qint64 times = 1);
 };
 
+using Reasons = QList<std::pair<QString, Noted>>; // at most the first 100
+
 struct TidyResult {
     static constexpr size_t mostListed = 500;
 
@@ -31,14 +33,18 @@ struct TidyResult {
     Noted damagedBytes;
     Noted damagedDirectories;
     Noted unreadable;
-    QList<std::pair<QString, Noted>> reasons; // why records are unreadable; at most the first 100 reasons
-    QString unreadableFile;                   // the file with the unreadable records
-    qint64 passedOver = 0;                    // XML elements named "record" that are not MARC records
-    std::optional<QString> broken;            // where the XML of the source is broken
-    QString target;                           // the file written
+    Reasons reasons;    // why records are unreadable
+    qint64 changed = 0; // records that the caller's function changed
+    Noted notChanged;   // records that it left as they were for a reason
+    Reasons reasonsNotChanged;
+    QString unreadableFile;        // the file with the unreadable records
+    qint64 passedOver = 0;         // XML elements named "record" that are not MARC records
+    std::optional<QString> broken; // where the XML of the source is broken
+    QString target;                // the file written
 
     void addLacking(char32_t character, qint64 record);
     void addUnreadable(qint64 record, const QString &why);
+    void addChange(qint64 record, bool wasChanged, const QString &why); // an empty reason is none
 };
 
 QString report(const TidyResult &result, const QString &source);

@@ -164,10 +164,13 @@ Status TidyRun::keep() {
     const qint64 damaged = damagedInHand();
     const QByteArrayView raw = m_records->raw();
     const bool mayBreak = isXmlSource() || raw.contains('\r') || raw.contains('\n');
+    if (mayBreak) {
+        for (marc::Field &field : record.fields)
+            blankBreaks(field.content);
+    }
+    const RecordChange change = m_change ? m_change(record) : RecordChange();
     QList<char32_t> lacking;
     for (marc::Field &field : record.fields) {
-        if (mayBreak)
-            blankBreaks(field.content);
         if (const QList<char32_t> found = marc::fitText(m_form, field.content); !found.isEmpty())
             lacking += found;
     }
@@ -176,6 +179,7 @@ Status TidyRun::keep() {
         return setAside(why);
     const qint64 number = ++m_result.in;
     ++m_result.out;
+    m_result.addChange(number, change.changed, change.why);
     for (const char32_t character : lacking) {
         if (character != QChar::ReplacementCharacter || damaged == 0) // otherwise it replaces damaged bytes
             m_result.addLacking(character, number);

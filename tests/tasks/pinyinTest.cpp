@@ -1,7 +1,7 @@
 // The readings of titles: those of titles.txt, which are known, and those that the sample records have.
+#include "tasks/pinyin.h"
 #include "support/testFolder.h"
 #include "taskRows.h"
-#include "tasks/pinyin.h"
 #include <QDir>
 
 using namespace tasks;
@@ -34,6 +34,10 @@ struct Share {
         if (pinyin.text != known)
             wrong.append(title + u": " + pinyin.text + u" | " + known + u" | " + pinyin.doubt);
     }
+    void print() const {
+        std::printf("%d syllables, %.1f %% right, %d wrong ones not marked, %d titles marked\n", all, percent(),
+                    wrongUnmarked, marked);
+    }
     double percent() const { return 100.0 * right / all; }
 };
 
@@ -46,8 +50,7 @@ TEST(Pinyin, ReadsTitlesWithKnownReadings) {
         if (cells.size() > 1)
             share.add(cells[0], cells[1], cells.value(2) == u"姓名" ? ReadAs::Name : ReadAs::Title);
     }
-    std::printf("%d syllables, %.1f %% right, %d wrong ones not marked, %d titles marked\n", share.all, share.percent(),
-                share.wrongUnmarked, share.marked);
+    share.print();
     EXPECT_GE(share.all, 600);
     EXPECT_GE(share.percent(), 98) << qPrintable(share.wrong.join(u'\n'));
     EXPECT_LE(share.wrongUnmarked, share.all / 200) << qPrintable(share.wrong.join(u'\n'));
@@ -66,9 +69,8 @@ TEST(Pinyin, AgreesWithThatOfTheSamples) {
                           match.captured(1).startsWith(u'7') ? ReadAs::Name : ReadAs::Title);
         }
     }
-    std::printf("%d syllables, %.1f %% right, %d wrong ones not marked, %d titles marked\n%s\n", share.all, share.percent(),
-                share.wrongUnmarked, share.marked, qPrintable(share.wrong.join(u'\n')));
-    EXPECT_GE(share.percent(), 98);
+    share.print();
+    EXPECT_GE(share.percent(), 98) << qPrintable(share.wrong.join(u'\n'));
 }
 
 TEST(Pinyin, TakesTheOfficesTableFirst) {

@@ -1,0 +1,95 @@
+// The ready tasks, and tasks on files.
+#include "tasks/readyTasks.h"
+#include "platform/codepage936.h"
+#include "support/testFolder.h"
+#include "taskRows.h"
+#include "tasks/recordChanger.h"
+#include "tasks/stepWords.h"
+#include "tidy/tidyRun.h"
+
+using namespace tasks;
+
+namespace {
+
+tidy::TidyResult tidied(const QString &source, const QString &target, TaskRun &run) {
+    tidy::TidyRun tidying(source, target, tidy::TargetForm::GbkIso);
+    tidying.setChange([&](marc::FieldedRecord &record) -> tidy::RecordChange {
+        const Outcome outcome = run.apply(record);
+        return {outcome.changed, outcome.why};
+    });
+    EXPECT_TRUE(tidying.open().ok());
+    for (auto more = tidying.step(); more && more.value();)
+        more = tidying.step();
+    EXPECT_TRUE(tidying.close().ok());
+    return tidying.result();
+}
+
+QByteArray sample() {
+    QFile file(QStringLiteral(SAMPLE_FILE));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    return file.readAll();
+}
+
+} // namespace
+
+TEST(ReadyTasks, DoWhatTheirNamesSay) {
+    const std::vector<Task> all = readyTasks();
+    ASSERT_EQ(all.size(), 6U);
+    size_t chosen = 0;
+    QString before;
+    for (const QString &line : linesOf(u"ready.txt"_s)) {
+        if (!line.isEmpty() && line[0].isDigit())
+            chosen = line.toULong();
+        else if (line.startsWith(u'<'))
+            before = line.mid(2);
+        if (!line.startsWith(u'>') && line != u"=")
+            continue;
+        TaskRun run = TaskRun::prepare(all[chosen], testFacts).value();
+        marc::FieldedRecord record = recordIn(before);
+        EXPECT_EQ(run.apply(record).why, QString());
+        EXPECT_EQ(shown(record), line == u"=" ? before : line.mid(2)) << qPrintable(all[chosen].name);
+        EXPECT_FALSE(run.apply(record).changed) << "a second run changes more: " << qPrintable(all[chosen].name);
+    }
+}
+
+TEST(ReadyTasks, FileToFileGivesTheSameAsListToList) {
+    const TestFolder folder;
+    const QByteArray source = sample();
+    const QString file = folder.file(u"source.iso"_s, source);
+    for (const Task &task : readyTasks()) {
+        TaskRun onFile = TaskRun::prepare(task, testFacts).value(), onList = TaskRun::prepare(task, testFacts).value();
+        const tidy::TidyResult result = tidied(file, folder.path(u"t.iso"_s), onFile);
+        QByteArray listed;
+        qint64 changed = 0;
+        for (const QByteArray &line : source.split('\n').first(source.count('\n'))) {
+            marc::RawRecord record = platform::decode(line.chopped(1));
+            changed += RecordChanger(onList).change(record).changed;
+            listed += platform::encode(record) + "\r\n";
+        }
+        EXPECT_EQ(folder.read(u"t.iso"_s), listed) << qPrintable(task.name);
+        EXPECT_EQ(result.changed, changed) << qPrintable(task.name);
+        EXPECT_EQ(onFile.counts().size(), task.steps.size());
+    }
+}
+
+TEST(ReadyTasks, ATaskWithoutEffectLeavesEveryByte) {
+    const TestFolder folder;
+    TaskRun run =
+        runOf(uR"({"action": "replace", "find": "没有这些字", "with": "x"}, {"action": "dropEmpty", "tag": "999"})"_s);
+    const tidy::TidyResult result = tidied(folder.file(u"source.iso"_s, sample()), folder.path(u"t.iso"_s), run);
+    EXPECT_EQ(result.changed, 0);
+    EXPECT_EQ(folder.read(u"t.iso"_s), sample());
+}
+
+TEST(ReadyTasks, OnAFileARecordThatCannotBeChangedIsWrittenAsItWasAndListed) {
+    const TestFolder folder;
+    TaskRun run = runOf(uR"({"if": {"is": "contains", "tag": "200", "text": "呐喊"}, "action": "addField", "tag": "300",
+        "content": "##$a𠮷"})"_s);
+    const tidy::TidyResult result = tidied(folder.file(u"source.iso"_s, sample()), folder.path(u"t.iso"_s), run);
+    EXPECT_EQ(result.notChanged.count, 1);
+    EXPECT_EQ(folder.read(u"t.iso"_s), sample());
+    const QString text = tidy::report(result, u"s"_s);
+    EXPECT_TRUE(text.contains(u"1 条不能改，照原样写出：\r\n第 "_s)) << qPrintable(text);
+    EXPECT_TRUE(text.contains(u" 条：字段 300 的“𠮷”，GBK 里没有"_s)) << qPrintable(text);
+    EXPECT_TRUE(tidy::warning(result).contains(u"未能批改 1 条"_s));
+}
