@@ -41,7 +41,7 @@ INSTANTIATE_TEST_SUITE_P(, Replay,
                                          Target{"query", fuzz::query}, Target{"maskedEdit", fuzz::maskedEdit},
                                          Target{"splitMerge", fuzz::splitMerge, true}, Target{"tidy", fuzz::tidy, true},
                                          Target{"drafts", fuzz::drafts}, Target{"schema", fuzz::schema},
-                                         Target{"answers", fuzz::answers}),
+                                         Target{"answers", fuzz::answers}, Target{"tasks", fuzz::tasks}),
                          [](const auto &info) { return info.param.name; });
 
 } // namespace

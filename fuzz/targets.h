@@ -17,5 +17,6 @@ void tidy(QByteArrayView bytes);          // any file tidied into each form
 void drafts(QByteArrayView bytes);        // a file of drafts
 void schema(QByteArrayView bytes);        // a schema, its patterns and rules, on a record
 void answers(QByteArrayView bytes);       // an answer of another catalogue, a list of targets
+void tasks(QByteArrayView bytes);         // a task on a record
 
 } // namespace fuzz

@@ -44,10 +44,10 @@ const QString &HanReadings::of(char32_t character) {
 
 QString HanReadings::read(char32_t character) const {
     constexpr int32_t room = 64;
-    char16_t text[room]{};
-    const QStringView view = QStringView(QChar::fromUcs4(character));
-    std::ranges::copy(view.utf16(), view.utf16() + view.size(), text);
-    int32_t length = int32_t(view.size()), limit = length;
+    const bool isPair = QChar::requiresSurrogates(character);
+    char16_t text[room] = {isPair ? QChar::highSurrogate(character) : char16_t(character),
+                           isPair ? QChar::lowSurrogate(character) : char16_t(0)};
+    int32_t length = isPair ? 2 : 1, limit = length;
     UErrorCode error = U_ZERO_ERROR;
     utrans_transUChars(m_transliterator.get(), text, &length, room, 0, &limit, &error);
     QString syllable = QString::fromUtf16(text, U_FAILURE(error) ? 0 : length).normalized(QString::NormalizationForm_D);

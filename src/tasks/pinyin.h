@@ -7,6 +7,7 @@
 
 #include "platform/hanReadings.h"
 #include <QHash>
+#include <QSet>
 #include <QStringList>
 
 namespace tasks {

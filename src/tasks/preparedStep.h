@@ -5,6 +5,8 @@
 #include "tasks/recordWork.h"
 #include "tasks/stepTest.h"
 #include "tasks/textTidying.h"
+#include <functional>
+#include <memory>
 
 namespace tasks {
 

@@ -5,7 +5,6 @@
 #include "marc/fieldedRecord.h"
 #include "tasks/fieldTemplate.h"
 #include <QVarLengthArray>
-#include <functional>
 
 namespace tasks {
 

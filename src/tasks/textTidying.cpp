@@ -13,13 +13,12 @@ constexpr char16_t fullFirst = u'！', fullLast = u'～', fullOffset = u'！' - 
 constexpr QStringView signs = u"＋－＊／＝＠＃％＆．＿"; // that are no Chinese punctuation
 
 bool isFull(QChar c) {
-    const bool isLetterOrDigit =
-        c >= fullFirst && c <= fullLast && QChar(char16_t(c.unicode() - fullOffset)).isLetterOrNumber();
-    return isLetterOrDigit || signs.contains(c);
+    return c >= fullFirst && c <= fullLast &&
+           (QChar(char16_t(c.unicode() - fullOffset)).isLetterOrNumber() || signs.contains(c));
 }
 
 bool isBlank(QChar c) {
-    return c.isSpace() || c == u'\u3000';
+    return c.isSpace(); // also U+3000
 }
 
 bool isHanAt(QStringView text, qsizetype at) {
