@@ -4,7 +4,7 @@
 #include "support/testFolder.h"
 #include "taskRows.h"
 #include "tasks/recordChanger.h"
-#include "tasks/stepWords.h"
+#include "tasks/stepTables.h"
 #include "tidy/tidyRun.h"
 
 using namespace tasks;
@@ -92,4 +92,26 @@ TEST(ReadyTasks, OnAFileARecordThatCannotBeChangedIsWrittenAsItWasAndListed) {
     EXPECT_TRUE(text.contains(u"1 条不能改，照原样写出：\r\n第 "_s)) << qPrintable(text);
     EXPECT_TRUE(text.contains(u" 条：字段 300 的“𠮷”，GBK 里没有"_s)) << qPrintable(text);
     EXPECT_TRUE(tidy::warning(result).contains(u"未能批改 1 条"_s));
+}
+
+TEST(Handbook, ItsExamplesAreValidAndItNamesEachTestAndAction) {
+    QFile page(QStringLiteral(HANDBOOK_PAGE));
+    ASSERT_TRUE(page.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(page.readAll());
+    const QRegularExpression example(u"(?:^|`)(\\{\"(?:if|action)\".*\\})(?:$|`)"_s,
+                                     QRegularExpression::MultilineOption);
+    int examples = 0;
+    for (auto found = example.globalMatch(text); found.hasNext(); ++examples) {
+        const QString step = found.next().captured(1);
+        EXPECT_TRUE(taskOf(step).ok()) << qPrintable(step) << qPrintable(taskOf(step).failure().description);
+    }
+    EXPECT_GE(examples, 18);
+    const qsizetype begin = text.indexOf(u"{\n  \"format\""_s);
+    EXPECT_TRUE(readTask(text.sliced(begin, text.indexOf(u"```"_s, begin) - begin).toUtf8()).ok());
+    for (const ActionRow &row : actionRows())
+        EXPECT_TRUE(text.contains(u'`' + row.key + u'`')) << qPrintable(row.key.toString());
+    for (const TestRow &row : testRows().subspan(1))
+        EXPECT_TRUE(text.contains(u'`' + row.key + u'`')) << qPrintable(row.key.toString());
+    for (const Task &task : readyTasks())
+        EXPECT_TRUE(text.contains(u"### " + task.name)) << qPrintable(task.name);
 }
