@@ -123,6 +123,8 @@ std::optional<StepFault> positionFault(const Values &values, bool inTest) {
         return StepFault{inTest, Parameter::Code, isFlat ? u"这里没有子字段"_s : u"不能空着"_s};
     if (inTest || tag != leaderTag)
         return std::nullopt;
+    if (!std::ranges::all_of(values[Parameter::Text], [](QChar c) { return c >= u' ' && c <= u'~'; }))
+        return StepFault{inTest, Parameter::Text, u"头标区里只能是 ASCII 字符"_s};
     // The others are lengths and addresses, or describe the exchange format.
     const bool isFree =
         (positions.first >= 5 && positions.last <= 9) || (positions.first >= 17 && positions.last <= 19);
