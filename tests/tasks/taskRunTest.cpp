@@ -86,6 +86,8 @@ TEST(TaskRun, LeavesTheRecordAsItWasAndTellsWhy) {
          u"200 1 $e|300   $a"_s + QString(40, u'a') + u'b', u"正则表达式算得太久"_s, 0},
         {QStringList(40, uR"({"action": "replace", "find": "x", "with": "xxxxxxxxx"})"_s).join(u", "), u"300   $ax"_s,
          u"结果太长"_s, 5, Fit::Anything},
+        {QStringList(40, uR"({"action": "copyField", "tag": "3XX", "toTag": "300"})"_s).join(u", "),
+         u"300   $a"_s + longText, u"记录太长"_s, 6, Fit::Anything},
         {QStringList(40, uR"({"action": "copyField", "tag": "3XX", "toTag": "300"})"_s).join(u", "), u"300   $ax"_s,
          u"记录太长"_s, 12, Fit::Anything},
     };
@@ -111,9 +113,9 @@ TEST(TaskRun, KeepsCharactersThatTheRecordHadAlready) {
 }
 
 TEST(TaskRun, NumbersOnlyTheRecordsThatNeedIt) {
-    TaskRun run = runOf(uR"({"action": "addField", "tag": "905", "content": "##$f{序号}"})"_s);
+    TaskRun run = runOf(uR"({"action": "addField", "tag": "905", "content": "##$f{序号}"}, {"action": "dropEmpty"})"_s);
     QStringList numbers;
-    for (const QString &before : {u"200 1 $a1"_s, u"200 1 $a2|905   $ah"_s, u"200 1 $a3"_s}) {
+    for (const QString &before : {u"200 1 $a1"_s, u"200 1 $a2$e|905   $ah"_s, u"200 1 $a3"_s}) {
         marc::FieldedRecord record = recordIn(before);
         run.apply(record);
         numbers.append(shown(record).section(u'$', -1));
