@@ -1,9 +1,6 @@
 #include "batchRuns.h"
 #include "app/startUp.h"
-#include "batch/windows/remarksPane.h"
-#include "database/linkPool.h"
 #include "platform/paths.h"
-#include "proof/proofChain.h"
 #include "sideBySide.h"
 #include <QCoreApplication>
 
@@ -11,26 +8,30 @@ using namespace Qt::StringLiterals;
 
 namespace bench {
 
-std::optional<double> proofAllInWindow(const QString &database, std::shared_ptr<const marc::PreReadStore> records) {
-    const QString counted = u"校对 "_s + QString::number(records->rowCount()) + u" 条";
-    BenchHost host;
-    database::LinkPool links(app::tableNames());
-    const database::SessionState state{links, connectionTo(database)};
-    const QString folder = platform::pathWithSlash(QCoreApplication::applicationDirPath());
-    proof::RecordProofs proofs(folder);
-    batch::RemarksPane pane(host, {.records = records,
-                                   .recordsInFile = [&] { return qint64(records->rowCount()); },
-                                   .proof = [&](const marc::FieldRows &rows) { return proofs.faultsOf(rows); },
-                                   .state = state,
-                                   .schema = std::make_shared<schema::SchemaInForce>(host.settings(), folder)});
+ProofPane::ProofPane(const QString &database, std::shared_ptr<const marc::PreReadStore> records)
+    : m_records(std::move(records))
+    , m_links(app::tableNames())
+    , m_state{m_links, connectionTo(database)}
+    , m_folder(platform::pathWithSlash(QCoreApplication::applicationDirPath()))
+    , m_proofs(m_folder)
+    , pane(host, {.records = m_records,
+                  .recordsInFile = [this] { return qint64(m_records->rowCount()); },
+                  .proof = [this](const marc::FieldRows &rows) { return m_proofs.faultsOf(rows); },
+                  .state = m_state,
+                  .schema = std::make_shared<schema::SchemaInForce>(host.settings(), m_folder)}) {
     putUp(pane);
-    const auto taken = timed([&] {
-        pane.proofAll();
-        settle();
-        const QString words = pane.proofTable->words->text();
-        return words.startsWith(counted) && !words.contains(u"未能");
-    });
-    return taken;
+}
+
+bool ProofPane::proofAll() {
+    pane.proofAll();
+    settle();
+    const QString words = pane.proofTable->words->text();
+    return words.startsWith(u"校对 %1 条"_s.arg(m_records->rowCount())) && !words.contains(u"未能");
+}
+
+std::optional<double> proofAllInWindow(const QString &database, std::shared_ptr<const marc::PreReadStore> records) {
+    ProofPane run(database, std::move(records));
+    return timed([&run] { return run.proofAll(); });
 }
 
 QString identitiesCommand(const QString &database) {

@@ -1,4 +1,6 @@
 #include "app/startUp.h"
+#include "batch/windows/frmBatchReport.h"
+#include "batchRuns.h"
 #include "databaseRuns.h"
 #include "fileRuns.h"
 #include "filetools/windows/frmCutFile.h"
@@ -69,6 +71,13 @@ WatchedRun exporting(const BenchStage &stage, int rows) {
     };
 }
 
+WatchedRun proving(const BenchStage &stage, std::shared_ptr<const marc::PreReadStore> records) {
+    return [&stage, records](TurnProbe &probe, double pressAfter) {
+        ProofPane run(stage.emptyDatabase(), records);
+        watch(probe, run.host, pressAfter, run.pane.stopButton, [&run] { run.pane.proofAll(); });
+    };
+}
+
 // Split and merge cannot be stopped: the button that closes the window shows a message, which counts as the answer.
 WatchedRun splitting(const BenchStage &stage, const RecordFile &file) {
     return [&stage, file](TurnProbe &probe, double pressAfter) {
@@ -119,12 +128,32 @@ void tellTurns(ScaleReport &report, const QString &loop, const WatchedRun &run) 
     report.table.bound(loop + u": a stop is answered", answer, longestAnswer);
 }
 
+// The report about a proof of so many records.
+void tellReport(ScaleReport &report, const BenchStage &stage, std::shared_ptr<const marc::PreReadStore> records) {
+    constexpr double longest = 1, longestGap = 0.05; // seconds
+    const int rows = records->rowCount();
+    ProofPane run(stage.emptyDatabase(), records);
+    run.proofAll();
+    TurnProbe probe;
+    probe.begin(TurnProbe::never, [] {});
+    batch::frmBatchReport window(run.host, {*records, run.pane.proofTable->remarks()}, {.rows = rows, .proved = rows});
+    putUp(window);
+    while (!window.report())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    settle();
+    probe.end();
+    report.table.bound(u"report of %1 remarks"_s.arg(window.report()->remarks), probe.seconds(), longest);
+    report.table.bound(u"report: longest gap between event turns"_s, probe.longestGap(), longestGap);
+}
+
 } // namespace
 
 void livenessScale(ScaleReport &report, const BenchStage &stage) {
     const RecordFile file = stage.recordsOf(report.records());
     tellTurns(report, u"read"_s, reading(file));
     tellTurns(report, u"import"_s, importing(stage, readStore(file.path)));
+    tellTurns(report, u"proof of all"_s, proving(stage, readStore(file.path)));
+    tellReport(report, stage, readStore(file.path));
     tellTurns(report, u"export"_s, exporting(stage, file.records));
     tellTurns(report, u"split"_s, splitting(stage, file));
     const QStringList parts = partsOf(stage, file);
