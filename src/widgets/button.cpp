@@ -1,23 +1,10 @@
 #include "widgets/button.h"
 #include "platform/desktop/frontWindow.h"
-#include <QDialog>
 #include <QKeyEvent>
 #include <QPointer>
 #include <QShortcutEvent>
 
 namespace widgets {
-
-namespace {
-
-// Returns the dialog or list that holds the button, which may itself be in the main window.
-const QWidget *ownerOf(const QWidget *button) {
-    const QWidget *owner = button->parentWidget();
-    while (owner && !owner->isWindow() && !qobject_cast<const QDialog *>(owner))
-        owner = owner->parentWidget();
-    return owner ? owner : button;
-}
-
-} // namespace
 
 Button::Button(const QString &objectName, const QString &caption, QWidget *parent)
     : QPushButton(caption, parent) {
@@ -52,11 +39,7 @@ void Button::clickByKey() {
     setFocus(Qt::ShortcutFocusReason); // leaving the previous control may disable this button
     if (isEnabled())
         click();
-    if (!self || !former || !former->isVisible())
-        return;
-    // While the command runs the button may be disabled, and the focus may then pass to another window in the frame.
-    const QWidget *const now = window()->focusWidget();
-    if (now == this || !ownerOf(this)->isAncestorOf(now))
+    if (self && former && window()->focusWidget() == this && former->isVisible())
         former->setFocus(Qt::OtherFocusReason);
 }
 
