@@ -11,15 +11,32 @@ QByteArray DraftBook::fingerprint(const marc::RawRecord &record) {
 }
 
 void DraftBook::leave(const Drafts &drafts) {
+    if (drafts.isEmpty())
+        return;
     m_left.insert(drafts);
-    ++m_revision;
+    noteChange();
 }
 
 void DraftBook::taken(int row, const marc::RawRecord &before, const marc::RawRecord &after) {
     if (!m_origin.contains(row))
         m_origin.insert(row, fingerprint(before));
-    m_taken.insert(row, {after, m_origin.value(row)});
+    const QByteArray &origin = m_origin[row];
+    if (fingerprint(after) == origin)
+        m_taken.remove(row);
+    else
+        m_taken.insert(row, {after, origin});
+    m_unsettledRows.insert(row);
     ++m_revision;
+}
+
+void DraftBook::settle() {
+    m_unsettled = false;
+    m_unsettledRows.clear();
+}
+
+void DraftBook::settle(const std::vector<int> &rows) {
+    for (const int row : rows)
+        m_unsettledRows.erase(row);
 }
 
 std::vector<int> DraftBook::takenRows() const {
@@ -28,7 +45,7 @@ std::vector<int> DraftBook::takenRows() const {
 
 void DraftBook::imported(const std::function<bool(int row)> &wentIn) {
     if (m_taken.removeIf([&](Drafts::iterator draft) { return wentIn(draft.key()); }) > 0)
-        ++m_revision;
+        noteChange();
 }
 
 void DraftBook::restoreRow(Drafts::const_iterator left, const marc::RawRecord &record, bool isNewer,
@@ -58,7 +75,7 @@ DraftBook::Restored DraftBook::restore(const RecordOf &recordOf, std::optional<i
     done.waiting = int(waiting.size());
     m_left = std::move(waiting);
     m_restoring = true;
-    ++m_revision;
+    noteChange();
     return done;
 }
 
@@ -69,7 +86,7 @@ DraftBook::Restored DraftBook::listed(int row, const marc::RawRecord &record) {
         return done;
     restoreRow(left, record, m_origin.contains(row), done);
     m_left.remove(row);
-    ++m_revision;
+    noteChange();
     return done;
 }
 
@@ -82,20 +99,27 @@ Drafts DraftBook::beyondTheEnd(int count) {
                 beyond.insert(draft.key(), *draft);
             return isBeyond;
         });
-    m_revision += beyond.isEmpty() ? 0 : 1;
+    if (!beyond.isEmpty())
+        noteChange();
     return beyond;
 }
 
 Drafts DraftBook::giveUp() {
-    ++m_revision;
+    noteChange();
     return std::exchange(m_left, {});
+}
+
+std::optional<Draft> DraftBook::draftOf(int row, const std::optional<InGrid> &inGrid) const {
+    if (inGrid && inGrid->row == row)
+        return Draft{inGrid->record, m_origin.contains(row) ? m_origin.value(row) : fingerprint(inGrid->listed)};
+    const auto draft = m_taken.constFind(row);
+    return draft == m_taken.cend() ? std::nullopt : std::optional(*draft);
 }
 
 Drafts DraftBook::changed(const std::optional<InGrid> &inGrid) const {
     Drafts all = m_taken;
     if (inGrid)
-        all.insert(inGrid->row, {inGrid->record, m_origin.contains(inGrid->row) ? m_origin.value(inGrid->row)
-                                                                                : fingerprint(inGrid->listed)});
+        all.insert(inGrid->row, *draftOf(inGrid->row, inGrid));
     return all;
 }
 

@@ -10,6 +10,7 @@
 #include <QMap>
 #include <functional>
 #include <optional>
+#include <set>
 #include <vector>
 
 namespace workspace {
@@ -30,7 +31,8 @@ public:
     // Adds drafts that an earlier start left, or that could not be set aside.
     void leave(const Drafts &drafts);
 
-    // Records that the list now holds `after` instead of `before`.
+    // Records that the list now holds `after` instead of `before`. If `after` is the record of the file again, the row
+    // needs no draft.
     void taken(int row, const marc::RawRecord &before, const marc::RawRecord &after);
     // Returns the rows whose records were taken over and not imported, in ascending order.
     std::vector<int> takenRows() const;
@@ -72,17 +74,32 @@ public:
         marc::RawRecord listed;
     };
     Drafts changed(const std::optional<InGrid> &inGrid) const;
+    // Returns the draft of one row among them; std::nullopt if it has none.
+    std::optional<Draft> draftOf(int row, const std::optional<InGrid> &inGrid) const;
+
+    // What a file of drafts lacks since settle(): rows whose drafts came, went or changed, in ascending order, or, with
+    // isUnsettled(), anything.
+    const std::set<int> &unsettledRows() const { return m_unsettledRows; }
+    bool isUnsettled() const { return m_unsettled; }
+    void settle();                             // everything was written
+    void settle(const std::vector<int> &rows); // these were
 
     // Returns a number that increases with each change of left() and of the changed records; begin() resets it to 0.
     quint64 revision() const { return m_revision; }
 
 private:
+    void noteChange() {
+        m_unsettled = true;
+        ++m_revision;
+    }
     void restoreRow(Drafts::const_iterator left, const marc::RawRecord &record, bool isNewer, Restored &done) const;
 
     Drafts m_left;
     Drafts m_taken;                 // records that the list holds
     QMap<int, QByteArray> m_origin; // of every row changed in this session, imported ones too
     bool m_restoring = false;       // listed() restores drafts
+    std::set<int> m_unsettledRows;
+    bool m_unsettled = false;
     quint64 m_revision = 0;
 };
 

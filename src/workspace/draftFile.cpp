@@ -1,5 +1,6 @@
 #include "workspace/draftFile.h"
 #include "platform/byteFile.h"
+#include "platform/plainFile.h"
 #include <QCryptographicHash>
 #include <QDateTime>
 #include <QFile>
@@ -15,13 +16,18 @@ namespace workspace {
 
 namespace {
 
-constexpr int version = 2;
+constexpr int version = 3;
+constexpr int versionBefore = 2;                // without replaced lines
 constexpr qint64 longestLine = qint64(1) << 24; // bytes; a record has at most 99,999 unless its file is damaged
 
 enum class Fault { Damaged, OtherVersion, OtherFile };
 
 QByteArray lineOf(const QJsonObject &object) {
     return QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n';
+}
+
+QByteArray goneLine(int row) {
+    return lineOf({{u"row"_s, row}, {u"gone"_s, true}});
 }
 
 QByteArray linesOf(const Drafts &drafts, bool left) {
@@ -47,21 +53,34 @@ std::optional<int> rowOf(const QJsonValue &value) {
     return isRow ? std::optional(int(number)) : std::nullopt;
 }
 
-// Adds the draft to `found` and returns true, or returns false if the object is no valid draft. The older draft of a
-// row that already has one goes to `found.older`.
-bool takeDraft(const QJsonObject &object, DraftFile::Found &found) {
+// What the lines read so far say.
+struct Lines {
+    Drafts changed;
+    Drafts left;
+};
+
+// Returns false if the object is no valid line.
+bool takeLine(const QJsonObject &object, Lines &lines) {
     const auto row = rowOf(object[u"row"_s]);
-    if (!row || object[u"record"_s].toString().isEmpty() || !object[u"origin"_s].isString())
+    if (!row)
         return false;
-    const Draft draft{object[u"record"_s].toString(), object[u"origin"_s].toString().toLatin1()};
-    const bool left = object[u"left"_s].toBool();
-    if (found.drafts.contains(*row) && left)
-        found.older.insert(*row, draft);
-    else if (found.drafts.contains(*row))
+    if (object[u"gone"_s].toBool()) {
+        lines.changed.remove(*row);
+        return true;
+    }
+    if (object[u"record"_s].toString().isEmpty() || !object[u"origin"_s].isString())
         return false;
-    else
-        found.drafts.insert(*row, draft);
+    Drafts &drafts = object[u"left"_s].toBool() ? lines.left : lines.changed;
+    drafts.insert(*row, {object[u"record"_s].toString(), object[u"origin"_s].toString().toLatin1()});
     return true;
+}
+
+// The older draft of a row that has two goes to `older`.
+DraftFile::Found foundIn(const Lines &lines) {
+    DraftFile::Found found{lines.changed, {}};
+    for (auto left = lines.left.cbegin(); left != lines.left.cend(); ++left)
+        (lines.changed.contains(left.key()) ? found.older : found.drafts).insert(left.key(), *left);
+    return found;
 }
 
 // Reads the format of an earlier version of the program: one object with all drafts.
@@ -87,7 +106,8 @@ std::variant<DraftFile::Found, Fault> parse(QFile &file, const QByteArray &headi
     const bool isEarlier = !opening->contains(u"version"_s) && opening->contains(u"records"_s);
     if (!isEarlier && (*opening)[u"format"_s] != wanted[u"format"_s])
         return Fault::Damaged;
-    if (!isEarlier && (*opening)[u"version"_s] != wanted[u"version"_s])
+    const QJsonValue written = (*opening)[u"version"_s];
+    if (!isEarlier && written != QJsonValue(version) && written != QJsonValue(versionBefore))
         return Fault::OtherVersion;
     if ((*opening)[u"identity"_s] != wanted[u"identity"_s])
         return Fault::OtherFile;
@@ -95,13 +115,16 @@ std::variant<DraftFile::Found, Fault> parse(QFile &file, const QByteArray &headi
         auto found = earlierForm(*opening);
         return found ? std::variant<DraftFile::Found, Fault>(std::move(*found)) : Fault::Damaged;
     }
-    DraftFile::Found found;
+    Lines lines;
     while (!file.atEnd()) {
-        const auto object = objectOf(file.readLine(longestLine));
-        if (!object || !takeDraft(*object, found))
+        const QByteArray line = file.readLine(longestLine);
+        if (!line.endsWith('\n') && file.atEnd())
+            break; // the last change was not written completely
+        const auto object = objectOf(line);
+        if (!object || !takeLine(*object, lines))
             return Fault::Damaged;
     }
-    return found;
+    return foundIn(lines);
 }
 
 } // namespace
@@ -144,6 +167,7 @@ platform::Result<DraftFile::Found> DraftFile::read() {
         return Found{};
     if (!info.isFile() || info.size() > largest)
         return refuse(u"上次未导入的修改不能读"_s);
+    m_mayAppend = false;
     QFile file(m_path);
     if (!file.open(QIODevice::ReadOnly))
         return refuse(u"上次未导入的修改不能读（"_s + file.errorString() + u"）");
@@ -174,15 +198,58 @@ qsizetype DraftFile::count() const {
 platform::Status DraftFile::write(const Drafts &changed, const Drafts &left) {
     if (!m_mayWrite)
         return platform::success(); // reported when the file was refused
+    m_mayAppend = false;
     if (changed.isEmpty() && left.isEmpty()) {
         if (QFile file(m_path); file.exists() && !file.remove())
             return platform::Failure{file.errorString(), int(file.error())};
+        m_lines = 0;
+        m_mayAppend = true;
         return platform::success();
     }
-    const QByteArray text = heading() + linesOf(changed, false) + linesOf(left, true);
+    return writeWhole(heading() + linesOf(changed, false) + linesOf(left, true), changed.size() + left.size());
+}
+
+platform::Status DraftFile::writeWhole(const QByteArray &text, qsizetype lines) {
     if (text.size() > largest)
         return platform::Failure{u"修改太多"_s};
-    return platform::writeWholeFile(m_path, text, platform::Saving::OwnerOnly);
+    auto written = platform::writeWholeFile(m_path, text, platform::Saving::OwnerOnly);
+    m_mayAppend = written.ok();
+    m_lines = lines;
+    return written;
+}
+
+bool DraftFile::needsWhole(qsizetype drafts) const {
+    constexpr qint64 spare = 1000; // outdated lines that do not matter
+    return !m_mayAppend || m_lines > 2 * drafts + spare || (m_lines > 0 && !QFileInfo::exists(m_path));
+}
+
+platform::Status DraftFile::append(const Drafts &changed, const std::vector<int> &gone) {
+    if (!m_mayWrite)
+        return platform::success();
+    QByteArray text = linesOf(changed, false);
+    const qsizetype lines = changed.size() + qsizetype(gone.size());
+    if (m_lines == 0)
+        return changed.isEmpty() ? platform::success() : writeWhole(heading() + text, changed.size());
+    for (const int row : gone)
+        text += goneLine(row);
+    auto opened = platform::openPlainFile(m_path, QIODevice::WriteOnly | QIODevice::Append);
+    m_mayAppend = false; // until it is known that every line is complete
+    if (!opened)
+        return opened.failure();
+    QFile &file = *opened.value();
+    const qint64 before = file.size();
+    if (before + text.size() > largest) {
+        m_mayAppend = true;
+        return platform::Failure{u"修改太多"_s};
+    }
+    if (!platform::notTaken(file, text).isEmpty()) {
+        const platform::Failure failure{file.errorString(), int(file.error())};
+        m_mayAppend = file.resize(before);
+        return failure;
+    }
+    m_lines += lines;
+    m_mayAppend = true;
+    return platform::success();
 }
 
 platform::Result<QString> DraftFile::setAside(const Drafts &drafts) const {

@@ -3,7 +3,9 @@
 // changed since is renamed and not used.
 //
 // One JSON object per line. The first object has the format, the version and the record file; each of the others holds
-// one draft: {"row": 3, "origin": "…", "record": "…"}. "left": true marks a draft that an earlier start left.
+// one draft: {"row": 3, "origin": "…", "record": "…"}. "left": true marks a draft that an earlier start left. A later
+// line replaces an earlier one about the same row, and {"row": 3, "gone": true} removes the draft. An incomplete line
+// at the end is what a power failure leaves of the last change, and is ignored.
 #pragma once
 
 #include "platform/result.h"
@@ -33,10 +35,17 @@ public:
     // Replaces the file as a whole, or leaves it unchanged on failure. Removes the file if there are no drafts. `left`
     // are the drafts of an earlier start.
     platform::Status write(const Drafts &changed, const Drafts &left);
+    // Adds to the file written by write() or append(); makes it if there is none. Takes time for these drafts only. On
+    // failure the file keeps what it had, and needsWhole() is true.
+    platform::Status append(const Drafts &changed, const std::vector<int> &gone);
+    // Returns whether the file must be written as a whole: it was not written since read(), or is mostly outdated
+    // lines.
+    bool needsWhole(qsizetype drafts) const;
     // Writes the drafts to a separate file, which the program does not read again. Returns its path.
     platform::Result<QString> setAside(const Drafts &drafts) const;
 
 private:
+    platform::Status writeWhole(const QByteArray &text, qsizetype lines);
     QByteArray heading() const;
     QString freePath() const;
     platform::Failure refuse(const QString &words);
@@ -45,6 +54,8 @@ private:
     QString m_identity; // size and modification time of the record file
     QString m_path;
     bool m_mayWrite = true;
+    bool m_mayAppend = true;
+    qint64 m_lines = 0; // drafts in the file, replaced ones too
 };
 
 } // namespace workspace

@@ -92,13 +92,16 @@ TEST_F(DraftFileTest, WhatCannotBeTrustedIsSetAside) {
         {heading + draft, nullptr},
         {heading, nullptr},
         {earlier(R"({"0":"r"})"), nullptr},
+        {QByteArray(heading).replace("\"version\":3", "\"version\":2") + draft, nullptr},
         {"", u"损坏"},
         {"\0\0\0", u"损坏"},
         {"[]\n", u"损坏"},
         {heading.left(20), u"损坏"},
         {draft, u"损坏"},
-        {heading + draft.chopped(1), u"损坏"}, // truncated
-        {heading + draft + draft, u"损坏"},
+        {heading + draft + draft.chopped(1), nullptr}, // the last change was not written completely
+        {heading + draft.chopped(1) + draft, u"损坏"},
+        {heading + draft + "{\"row\":3,\"gone\":true}\n", nullptr},
+        {heading + "{\"row\":-3,\"gone\":true}\n", u"损坏"},
         {heading + line("-1", "\"r\""), u"损坏"},
         {heading + line("2147483647", "\"r\""), u"损坏"},
         {heading + line("1e300", "\"r\""), u"损坏"},
@@ -109,7 +112,7 @@ TEST_F(DraftFileTest, WhatCannotBeTrustedIsSetAside) {
         {heading + line("3", QByteArray('"' + QByteArray(1 << 24, 'x') + '"').constData()), u"损坏"},
         {earlier(R"({"-3":"r"})"), u"损坏"},
         {earlier(R"({"3":7})"), u"损坏"},
-        {QByteArray(heading).replace("\"version\":2", "\"version\":3") + draft, u"另一版本"},
+        {QByteArray(heading).replace("\"version\":3", "\"version\":4") + draft, u"另一版本"},
         {QByteArray(heading).replace("\"identity\":\"7 ", "\"identity\":\"8 ") + draft, u"改变前的文件"},
     };
     for (int number = 0; const Case &each : cases) {
@@ -147,6 +150,32 @@ TEST_F(DraftFileTest, SpecialAndTooLargeFilesAreNotRead) {
     }
 }
 
+// Thousands of drafts are written in parts, and only what changed.
+TEST_F(DraftFileTest, WhatIsAppendedReplacesWhatWasThere) {
+    DraftFile file(in(), source);
+    EXPECT_TRUE(file.append({}, {4}));
+    EXPECT_EQ(names(u"*.json"_s).size(), 0);
+    ASSERT_TRUE(file.append({{1, {u"a"_s, "o"}}, {2, {u"b"_s, "o"}}}, {}));
+    const QByteArray before = bytesOf(names(u"*.json"_s).value(0));
+    {
+        const FullDisk full(rlim_t(before.size() + 5));
+        EXPECT_FALSE(file.append({{3, {u"c"_s, "o"}}}, {}));
+    }
+    EXPECT_EQ(bytesOf(names(u"*.json"_s).value(0)), before);
+    ASSERT_FALSE(file.needsWhole(2));
+    ASSERT_TRUE(file.append({{2, {u"bb"_s, "o"}}, {5, {u"e"_s, "o"}}}, {1}));
+    EXPECT_TRUE(bytesOf(names(u"*.json"_s).value(0)).startsWith(before));
+    DraftFile again = this->file();
+    EXPECT_EQ(again.read().value().drafts, (Drafts{{2, {u"bb"_s, "o"}}, {5, {u"e"_s, "o"}}}));
+    EXPECT_TRUE(again.needsWhole(2)) << "what an earlier start left is to be marked";
+    for (int i = 0; i < 1200 && !file.needsWhole(2); ++i)
+        ASSERT_TRUE(file.append({{2, {u"b"_s + QString::number(i), "o"}}}, {}));
+    EXPECT_TRUE(file.needsWhole(2)) << "most lines are outdated";
+    ASSERT_TRUE(file.write({{2, {u"z"_s, "o"}}}, {}) && !file.needsWhole(1));
+    ASSERT_TRUE(QFile::remove(in() + names(u"*.json"_s).value(0)));
+    EXPECT_TRUE(file.needsWhole(1));
+}
+
 TEST_F(DraftFileTest, AreThoseOfTheFileUnderAnyOfItsPaths) {
     ASSERT_TRUE(file().write({{1, {u"z"_s, {}}}}, {}));
     ASSERT_TRUE(QFile::link(source, folder.path(u"link.iso"_s)) && QDir(folder.path()).mkdir(u"sub"_s));
@@ -166,6 +195,16 @@ TEST_F(DraftFileTest, AFullDiskIsReportedAndLeavesWhatWasThere) {
     EXPECT_EQ(names(u"*"_s).size(), 1);
     EXPECT_EQ(bytesOf(names(u"*"_s).value(0)), before);
     EXPECT_TRUE(file().write(large, {}));
+}
+
+TEST(DraftBook, ARecordThatIsAgainThatOfTheFileNeedsNoDraft) {
+    DraftBook book;
+    book.taken(3, u"file"_s, u"one"_s);
+    book.taken(3, u"one"_s, u"two"_s);
+    EXPECT_TRUE(book.isTaken(3));
+    book.settle();
+    book.taken(3, u"two"_s, u"file"_s);
+    EXPECT_TRUE(!book.isTaken(3) && book.unsettledRows().contains(3) && !book.isUnsettled());
 }
 
 TEST(DraftBook, DoesNotRestoreOverNewerOrOtherRecords) {

@@ -156,7 +156,10 @@ struct ModelledWorkspace : Workspace {
             while (!file.atEnd()) {
                 const QJsonObject draft = QJsonDocument::fromJson(file.readLine()).object();
                 auto &part = draft[u"left"_s].toBool() ? drafts.left : drafts.changed;
-                part.insert(draft[u"row"_s].toInt(), {draft[u"record"_s].toString(), {}});
+                if (draft[u"gone"_s].toBool())
+                    drafts.changed.remove(draft[u"row"_s].toInt());
+                else
+                    part.insert(draft[u"row"_s].toInt(), {draft[u"record"_s].toString(), {}});
             }
         }
         ASSERT_EQ(found.keys(), model.disk.keys());

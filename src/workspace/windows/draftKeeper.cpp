@@ -3,6 +3,8 @@
 #include <QSet>
 #include <algorithm>
 #include <chrono>
+#include <iterator>
+#include <limits>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -11,7 +13,8 @@ namespace workspace {
 
 namespace {
 constexpr std::chrono::seconds pace(2);
-}
+constexpr size_t rowsAtOnce = 400; // take some milliseconds
+} // namespace
 
 DraftKeeper::DraftKeeper(RecordList &list, EditedRecord &record, platform::Host &host, Typing typing)
     : m_list(list)
@@ -19,8 +22,7 @@ DraftKeeper::DraftKeeper(RecordList &list, EditedRecord &record, platform::Host 
     , m_host(host)
     , m_typing(std::move(typing)) {
     m_pace.setSingleShot(true);
-    m_pace.setInterval(pace);
-    connect(&m_pace, &QTimer::timeout, this, &DraftKeeper::write);
+    connect(&m_pace, &QTimer::timeout, this, &DraftKeeper::writeSome);
     connect(&record, &EditedRecord::shown, this, &DraftKeeper::touch);
     connect(&record, &EditedRecord::edited, this, &DraftKeeper::touch);
     connect(&list, &RecordList::taken, this,
@@ -64,7 +66,7 @@ bool DraftKeeper::ready() {
     m_file = std::move(file);
     m_book.leave(found.value().drafts);
     if (older.isEmpty() && m_book.takenCount() == 0)
-        m_written.revision = m_book.revision();
+        m_written.revision = m_book.revision(); // nothing has to be written
     else
         touch(); // the file still contains the older ones, or lacks what was taken over before its folder was available
     if (!m_book.left().isEmpty())
@@ -144,7 +146,7 @@ void DraftKeeper::imported(const ImportOutcome &outcome) {
 
 void DraftKeeper::touch() {
     if (!m_recordFile.isEmpty() && !m_pace.isActive())
-        m_pace.start();
+        m_pace.start(pace);
 }
 
 // Returns whether the current record was changed, but has no change that the list took over.
@@ -169,8 +171,20 @@ RecordState DraftKeeper::typed() const {
 }
 
 void DraftKeeper::write() {
-    if (!ready())
-        return touch();
+    writeAtMost(std::numeric_limits<size_t>::max());
+}
+
+void DraftKeeper::writeSome() {
+    if (writeAtMost(rowsAtOnce) && !m_book.unsettledRows().empty())
+        m_pace.start(std::chrono::milliseconds(0));
+}
+
+// Returns false if nothing could be written; another attempt is then due.
+bool DraftKeeper::writeAtMost(size_t rows) {
+    if (!ready()) {
+        touch();
+        return false;
+    }
     m_pace.stop();
     const RecordState state = typed();
     const int row = m_list.row();
@@ -181,14 +195,51 @@ void DraftKeeper::write() {
         now.inGrid = EditedRecord::rebuilt(state, {}); // without a time, for the comparison
         inGrid = {row, EditedRecord::rebuilt(state, m_host.now()), m_list.records().record(row)};
     }
-    if (now == m_written)
-        return;
-    if (const platform::Status written = m_file->write(m_book.changed(inGrid), m_book.left()); !written) {
+    if (now == m_written && m_book.unsettledRows().empty())
+        return true;
+    const platform::Status written = store(inGrid, rows);
+    if (!written) {
         Q_EMIT fault(u"修改无法暂存："_s + written.failure().description);
-        return touch();
+        touch();
+        return false;
     }
     m_written = std::move(now);
     Q_EMIT fault({});
+    return true;
+}
+
+// Writes all drafts if the file needs that, else those of at most `rows` rows and those that the grid has or had.
+platform::Status DraftKeeper::store(const std::optional<DraftBook::InGrid> &inGrid, size_t rows) {
+    const qsizetype drafts = m_book.takenCount() + m_book.left().size() + (inGrid ? 1 : 0);
+    if (drafts == 0 || m_book.isUnsettled() || m_file->needsWhole(drafts)) {
+        auto written = m_file->write(m_book.changed(inGrid), m_book.left());
+        if (written)
+            m_book.settle();
+        return written;
+    }
+    const std::set<int> &unsettled = m_book.unsettledRows();
+    std::vector<int> chosen(unsettled.begin(),
+                            std::next(unsettled.begin(), qsizetype(std::min(rows, unsettled.size()))));
+    std::set<int> changed(chosen.begin(), chosen.end());
+    changed.insert(inGrid ? inGrid->row : m_written.row);
+    changed.insert(m_written.row);
+    changed.erase(-1);
+    auto written = append({changed.begin(), changed.end()}, inGrid);
+    if (written)
+        m_book.settle(chosen);
+    return written;
+}
+
+platform::Status DraftKeeper::append(const std::vector<int> &rows, const std::optional<DraftBook::InGrid> &inGrid) {
+    Drafts changed;
+    std::vector<int> gone;
+    for (const int row : rows) {
+        if (const auto draft = m_book.draftOf(row, inGrid))
+            changed.insert(row, *draft);
+        else
+            gone.push_back(row);
+    }
+    return m_file->append(changed, gone);
 }
 
 } // namespace workspace

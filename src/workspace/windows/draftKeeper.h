@@ -1,4 +1,5 @@
-// Writes the drafts of the workspace's file at most two seconds after each change and when the window is closed. The
+// Writes the drafts of the workspace's file at most two seconds after each change and when the window is closed; those
+// of thousands of records follow in parts, so that the window stays responsive. The
 // draft of the current record is taken from the grid when it is written, including the text of an open editor. The
 // drafts of an earlier start are offered to the user and then restored or discarded.
 #pragma once
@@ -31,7 +32,7 @@ public:
     void listed(int count);       // call when record number `count` has been listed
     void readToTheEnd(int count); // call when the file was read to its end
     void touch();                 // call after a change: a write follows within two seconds
-    void write();                 // writes at once
+    void write();                 // writes all at once
     // Returns the milliseconds until the next write; -1 if none is scheduled.
     int dueIn() const { return m_pace.remainingTime(); }
     qsizetype changed() const;            // records changed and not yet imported
@@ -52,6 +53,10 @@ private:
     };
 
     bool ready();
+    void writeSome();
+    platform::Status store(const std::optional<DraftBook::InGrid> &inGrid, size_t rows);
+    platform::Status append(const std::vector<int> &rows, const std::optional<DraftBook::InGrid> &inGrid);
+    bool writeAtMost(size_t rows);
     bool onlyGridChanged() const;
     RecordState typed() const;
     void carryOut(const DraftBook::Restored &restored);
