@@ -41,6 +41,9 @@ public:
     int replacements() const { return int(m_replaced.size()); }
     // Returns the contents of the row since that moment: the record of that time first, the present one last.
     std::vector<RawRecord> recordsSince(int moment, int row) const;
+    // The row and the record that the replacement after that moment replaced. `moment` is below replacements().
+    int replacedRow(int moment) const { return m_replaced.at(size_t(moment)).row; }
+    RawRecord replacedRecord(int moment) const { return recordOf(m_replaced.at(size_t(moment)).before); }
 
 private:
     // Small, since there is one per record.

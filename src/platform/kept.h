@@ -57,6 +57,7 @@ inline constexpr KeptByWindow<bool> listMaximised{u"maximised", false};
 inline constexpr KeptByWindow<QVariantMap> columns{u"columns"}; // widths set by the user, by column number
 
 inline constexpr KeptFolder drafts{u"drafts"}; // changed records that were not imported
+inline constexpr KeptFolder tasks{u"tasks"};   // of the user, one file each
 
 } // namespace kept
 } // namespace platform
