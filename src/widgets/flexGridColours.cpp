@@ -113,15 +113,19 @@ void FlexGridDelegate::paint(QPainter *painter, const QStyleOptionViewItem &opti
     if (const auto mark = markOf(index))
         paintMark(painter, cutMark(place, mark->atEnd, option.fontMetrics), mark->mark, cell.marks());
     if (!text.isEmpty()) {
-        const QFont font = cellFont(option.font, index);
-        const auto alignment = index.data(Qt::TextAlignmentRole).value<Qt::Alignment>();
-        painter->setFont(font);
+        painter->setFont(cellFont(option.font, index));
         painter->setPen(cell.background.isValid() ? legibleOn(cell.ownColour()) : cell.token(Colour::Ink));
-        painter->drawText(place, int(alignment) | int(Qt::TextSingleLine),
-                          QFontMetrics(font).elidedText(text, Qt::ElideRight, place.width()));
+        paintText(painter, place, option, index, text);
     }
     if (option.state & QStyle::State_HasFocus)
         paintRing(*painter, cell);
+}
+
+void FlexGridDelegate::paintText(QPainter *painter, const QRect &place, const QStyleOptionViewItem &,
+                                 const QModelIndex &index, const QString &text) const {
+    const auto alignment = index.data(Qt::TextAlignmentRole).value<Qt::Alignment>();
+    painter->drawText(place, int(alignment) | int(Qt::TextSingleLine),
+                      painter->fontMetrics().elidedText(text, Qt::ElideRight, place.width()));
 }
 
 bool FlexGridDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,

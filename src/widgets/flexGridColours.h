@@ -36,6 +36,9 @@ protected:
         bool atEnd; // after the text, at the right edge of the cell
     };
     virtual std::optional<CellMark> markOf(const QModelIndex &) const { return {}; }
+    // Paints the text of a cell, which is not empty. The font and the pen are set.
+    virtual void paintText(QPainter *painter, const QRect &place, const QStyleOptionViewItem &option,
+                           const QModelIndex &index, const QString &text) const;
     // The place of the text in a cell without a mark.
     static QRect textRect(const QStyleOptionViewItem &option);
 };

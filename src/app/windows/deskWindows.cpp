@@ -14,6 +14,7 @@
 #include "platform/paths.h"
 #include "proof/proofChain.h"
 #include "proof/windows/frmMessage.h"
+#include "tasks/windows/frmTasks.h"
 #include "tidy/windows/frmTidy.h"
 #include "workspace/windows/frmDaoru.h"
 #include "workspace/windows/frmSelectMFile.h"
@@ -75,6 +76,7 @@ workspace::WorkspaceWindows DeskWindows::workspaceWindows() {
                             const std::vector<marc::RefusedRecord> &leaveOut,
                             QWidget *owner) { return runImport(std::move(records), count, leaveOut, owner); },
         .makeRemarks = [this](const workspace::RemarksNeeds &needs) { return makeRemarks(needs); },
+        .makeBatch = [this](const workspace::BatchNeeds &needs, QWidget *owner) { return makeBatch(needs, owner); },
         .databaseTrouble =
             [this] {
                 const DatabaseNote note = databaseNote(m_state.connectionString);
@@ -154,7 +156,35 @@ workspace::RemarksPane DeskWindows::makeRemarks(const workspace::RemarksNeeds &n
                             {current.remark.fieldRow, batch::markOf(current.remark.level), std::move(current.words)});
                     return remarks;
                 },
+            .violatedRules = [pane] { return pane->violatedRules(); },
             .end = [pane] { pane->end(); }};
+}
+
+std::function<void()> DeskWindows::makeBatch(const workspace::BatchNeeds &needs, QWidget *owner) {
+    const auto remarks = [rules = needs.rules]() -> std::function<QSet<QString>(int)> {
+        const auto found = rules();
+        if (!found)
+            return nullptr;
+        return [found](int row) { return found->value(row); };
+    };
+    auto *window = new tasks::frmTasks(m_host,
+                                       {.records = needs.records,
+                                        .file = needs.file,
+                                        .put = needs.put,
+                                        .busyRow = needs.busyRow,
+                                        .shown = needs.shown,
+                                        .remarked = needs.remarked,
+                                        .remarks = remarks,
+                                        .jump = needs.jump},
+                                       owner);
+    return [window] {
+        window->prepare();
+        window->exec();
+    };
+}
+
+void DeskWindows::showTasks() {
+    tasks::frmTasks(m_host, {}, m_frame).exec();
 }
 
 void DeskWindows::showReport(const QString &text, QWidget *owner) {

@@ -19,6 +19,7 @@ public:
 
     void selectMarcFile(const QString &file) override;
     void tidyFile(const QString &source) override;
+    void showTasks() override;
     void queryCatalogue(const QueryLists &lists) override { m_catalogue.queryCatalogue(lists); }
     void queryStore(const QueryLists &lists) override { m_catalogue.queryStore(lists); }
     void splitFile() override;
@@ -33,6 +34,7 @@ private:
     void showTidy(const QString &source, QWidget *owner);
     void showWorkspace(const QString &file, QWidget *owner);
     workspace::WorkspaceWindows workspaceWindows();
+    std::function<void()> makeBatch(const workspace::BatchNeeds &needs, QWidget *owner);
     workspace::RemarksPane makeRemarks(const workspace::RemarksNeeds &needs);
     void showReport(const QString &text, QWidget *owner);
     void showCard(const marc::RawRecord &record, const QString &mode, const marc::RecordStep &step, QWidget *owner);

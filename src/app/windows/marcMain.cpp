@@ -105,6 +105,7 @@ void marcMain::buildStartPage() {
         m_windows.tidyFile({});
         startPage->refresh();
     });
+    connect(startPage->tasks, &widgets::Button::clicked, this, [this] { m_windows.showTasks(); });
     connect(startPage, &StartPage::fileChosen, this, &marcMain::selectFile);
     setAcceptDrops(true);
     connect(mdiArea, &QMdiArea::subWindowActivated, this, &marcMain::placeStartPage);

@@ -160,6 +160,17 @@ std::vector<int> RemarksPane::rowsWithRemarks() const {
     return rows;
 }
 
+std::optional<QHash<int, QSet<QString>>> RemarksPane::violatedRules() const {
+    if (!m_run)
+        return std::nullopt;
+    QHash<int, QSet<QString>> violated;
+    const RemarkList &list = proofTable->remarks();
+    for (const Remark &remark : list.all())
+        if (remark.record >= 0)
+            violated[remark.record].insert(list.rules().labelOf(ruleOf(remark)));
+    return violated;
+}
+
 // Processes events. Returns false if the run is over; then nothing of the pane may be touched.
 bool RemarksPane::goesOn(int run) {
     const QPointer<RemarksPane> self(this);

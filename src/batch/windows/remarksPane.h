@@ -10,6 +10,8 @@
 #include "marc/fieldPlace.h"
 #include "widgets/button.h"
 #include <QCheckBox>
+#include <QHash>
+#include <QSet>
 #include <QStackedWidget>
 
 namespace batch {
@@ -57,6 +59,8 @@ public:
 
     // Returns the rows of the list with a remark of the last proof or refused by the last import, in ascending order.
     std::vector<int> rowsWithRemarks() const;
+    // Returns the names of the rules that each record violates, of the last proof; std::nullopt if there was none.
+    std::optional<QHash<int, QSet<QString>>> violatedRules() const;
 
     Reminders *reminders;
     RemarkTable *proofTable;

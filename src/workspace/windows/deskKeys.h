@@ -36,6 +36,7 @@ Q_SIGNALS:
     void told(const QString &words);
     void remarksWanted();      // F8
     void remarkWanted(int by); // F4: 1, Shift+F4: -1
+    void changesWanted();      // F9
     void rowChosen();          // another row of the field grid is current
 
 private:

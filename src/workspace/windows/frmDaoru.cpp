@@ -44,6 +44,7 @@ frmDaoru::frmDaoru(platform::Host &host, WorkspaceWindows windows, QWidget *pare
     , labStatus(new StatusPills(u"labStatus"_s, {}, this))
     , findLine(new FindLine(*Grid2, this))
     , cmdProofAll(new Button(u"cmdProofAll"_s, u"&D 校对全部"_s, this))
+    , cmdBatch(new Button(u"cmdBatch"_s, u"&G 批量修改…"_s, this))
     , room(new WorkspaceRoom(listSide(filterBox, picTiMing), Picture1, this))
     , draftBar(new DraftBar(this))
     , m_host(host)
@@ -64,6 +65,7 @@ void frmDaoru::setUp() {
     Grid1->setAccessibleName(u"字段"_s);
     Grid2->setAccessibleName(u"题名列表"_s);
     Grid1->follow(m_record);
+    cmdBatch->setVisible(m_parts->changes.isAvailable());
     layOut();
     connectGrids();
     connectHelpers();
@@ -77,6 +79,7 @@ void frmDaoru::layOut() {
     for (QFrame *frame : {picTiMing, Picture1})
         frame->layout()->setContentsMargins(0, 0, 0, 0);
     widgets::hint({{cmdProofAll, u"校对读出的全部记录，并查重"},
+                   {cmdBatch, u"F9，照一个任务改许多记录：先预览再执行，可以整批撤销"},
                    {cmdTiMing[0], u"Ctrl+PgUp 停在同一个字段"},
                    {cmdTiMing[1], u"Ctrl+PgDn 停在同一个字段；F3 查找，Ctrl+G 按记录号定位"},
                    {Text3, u"导入的只是已经读出的记录"},
@@ -88,7 +91,7 @@ void frmDaoru::layOut() {
         row({{labStatus, 1}, findLine}),
         widgets::hairline(this),
         new widgets::FoldingRow({row({Label1[0], Text2, Label1[1], Text3, Label1[2], Text4, labJinDu, stretch()}),
-                                 row({stretch(), room->cmdWholeText, cmdProofAll, cmdJieShu})}),
+                                 row({stretch(), room->cmdWholeText, cmdProofAll, cmdBatch, cmdJieShu})}),
         new widgets::FoldingRow({row({cmdTiMing[0], cmdTiMing[1], stretch()}), ofOneWidth(cmdclick)}),
     }));
     const QFontMetrics metrics = fontMetrics();
@@ -189,6 +192,7 @@ void frmDaoru::connectButtons() {
     connect(cmdTiMing[0], &Button::clicked, this, [this] { m_parts->moving.step(-1); });
     connect(cmdTiMing[1], &Button::clicked, this, [this] { m_parts->moving.step(1); });
     connect(cmdProofAll, &Button::clicked, &m_parts->remarks, &RemarkJumps::proofAll);
+    connect(cmdBatch, &Button::clicked, &m_parts->changes, &ListChanges::open);
     connect(cmdJieShu, &Button::clicked, this, [this] { m_parts->reading.stop(); });
     connect(cmdclick[0], &Button::clicked, this, [this] { m_parts->recordCommands.showCard(u"标准"_s); });
     connect(cmdclick[1], &Button::clicked, this, [this] { m_parts->recordCommands.showCard(u"卡片"_s); });
@@ -229,10 +233,6 @@ marc::DamagedDirectory frmDaoru::damagedDirectory() {
 
 void frmDaoru::showRecord(const marc::RawRecord &record) {
     m_parts->moving.showRecord(record);
-}
-
-void frmDaoru::resetFieldGrid() {
-    m_record->reset();
 }
 
 marc::RawRecord frmDaoru::madeMyMarc() const {
@@ -279,7 +279,7 @@ void frmDaoru::allowCommands(bool allowed) {
     for (Button *button : cmdTiMing)
         button->setEnabled(allowed);
     for (QWidget *addition :
-         std::initializer_list<QWidget *>{draftBar, findLine, filterBox, cmdProofAll, room->cmdWholeText})
+         std::initializer_list<QWidget *>{draftBar, findLine, filterBox, cmdProofAll, cmdBatch, room->cmdWholeText})
         addition->setEnabled(allowed);
 }
 

@@ -44,7 +44,7 @@ public:
     void readFirstBatch(const QString &file, int limit);
 
     void showRecord(const marc::RawRecord &record);
-    void resetFieldGrid();
+    void resetFieldGrid() { m_record->reset(); }
     // Returns the record of the grid with its current edits.
     marc::RawRecord madeMyMarc() const;
 
@@ -72,6 +72,7 @@ public:
     widgets::PacedLabel *labStatus;
     FindLine *findLine;
     widgets::Button *cmdProofAll; // 校对全部
+    widgets::Button *cmdBatch;    // 批量修改…
     WorkspaceRoom *room;          // contains list, fields and whole text
     DraftBar *draftBar;
     CellText *richText; // these four belong to the helpers

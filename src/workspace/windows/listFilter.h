@@ -17,6 +17,7 @@ public:
 
     void updateSoon(); // call when remarks or changes came or went
     void update();     // at once
+    std::optional<std::vector<int>> rows() const { return m_filter.rows(); } // std::nullopt: all
 
 Q_SIGNALS:
     void told(const QString &words);

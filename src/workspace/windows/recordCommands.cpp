@@ -40,12 +40,7 @@ void RecordCommands::proof() {
         m_host.tell(proof::proofPassed.toString());
 }
 
-std::optional<ImportOutcome> RecordCommands::importRecords(ReadState state, const QString &count,
-                                                           const std::vector<marc::RefusedRecord> &leaveOut) {
-    if (rulesOf(state).running) {
-        m_host.tell(u"正在预读或者正在导入！请先结束预读或者结束导入！"_s);
-        return std::nullopt;
-    }
+void RecordCommands::takeEdits() {
     if (m_record.state().edited && m_host.insist(u"本条记录已经改变,是否确定改变该记录?\r\n"
                                                  u"(注:你可以修改预读出的记录,然后可以点击保存按扭,保存到新文件中)"_s,
                                                  {})) {
@@ -55,6 +50,15 @@ std::optional<ImportOutcome> RecordCommands::importRecords(ReadState state, cons
             m_record.takenOver();
         }
     }
+}
+
+std::optional<ImportOutcome> RecordCommands::importRecords(ReadState state, const QString &count,
+                                                           const std::vector<marc::RefusedRecord> &leaveOut) {
+    if (rulesOf(state).running) {
+        m_host.tell(u"正在预读或者正在导入！请先结束预读或者结束导入！"_s);
+        return std::nullopt;
+    }
+    takeEdits();
     return m_windows.runImport(m_list.sharedRecords(), count, leaveOut, m_list.window());
 }
 

@@ -16,6 +16,8 @@ public:
 
     void showCard(const QString &mode);
     void proof();
+    // If the record was edited, asks whether the list takes the edits over.
+    void takeEdits();
     // Returns std::nullopt if a read is running, which prevents the import. `count` is the number of records as text.
     std::optional<ImportOutcome> importRecords(ReadState state, const QString &count,
                                                const std::vector<marc::RefusedRecord> &leaveOut);

@@ -41,6 +41,7 @@ public:
     void allow(bool allowed);
     bool isEmpty() const { return m_pane.isEmpty(); }
     std::vector<int> rowsWithRemarks() const { return m_pane.rowsWithRemarks(); }
+    auto violatedRules() const { return m_pane.violatedRules(); }
     void end() { m_pane.end(); } // ends a running proof
 
 Q_SIGNALS:

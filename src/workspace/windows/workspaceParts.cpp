@@ -17,9 +17,13 @@ WorkspaceParts::WorkspaceParts(const Desk &desk, const marc::DamagedDirectory &d
     , filter(desk.filterBox, desk.list,
              {.remarked = [this] { return remarks.rowsWithRemarks(); },
               .changed = [this] { return drafts.changedRows(); }},
-             [this] { return !remarks.isEmpty(); }) {
+             [this] { return !remarks.isEmpty(); })
+    , changes(
+          {desk.list, desk.record, recordCommands, moving, remarks}, desk.windows, [&file = desk.file] { return file; },
+          [this] { return filter.rows(); }) {
     QObject::connect(&editors, &CellEditors::typed, &drafts, &DraftKeeper::touch);
     QObject::connect(&keys, &DeskKeys::remarksWanted, &remarks, &RemarkJumps::showOrHide);
+    QObject::connect(&keys, &DeskKeys::changesWanted, &changes, &ListChanges::open);
     QObject::connect(&keys, &DeskKeys::told, &status, &StatusLine::sayOfRecord);
     QObject::connect(&remarks, &RemarkJumps::told, &status, &StatusLine::sayOfRecord);
     QObject::connect(&keys, &DeskKeys::remarkWanted, &remarks, &RemarkJumps::step);

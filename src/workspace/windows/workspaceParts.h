@@ -2,10 +2,8 @@
 // knows all of them; each helper gets the objects that it works on.
 #pragma once
 
+#include "workspace/windows/listChanges.h"
 #include "workspace/windows/listFilter.h"
-#include "workspace/windows/recordCommands.h"
-#include "workspace/windows/recordMoving.h"
-#include "workspace/windows/remarkJumps.h"
 #include "workspace/windows/rowRemarks.h"
 #include "workspace/windows/statusLine.h"
 
@@ -39,6 +37,7 @@ struct WorkspaceParts {
     RowRemarks rowRemarks;
     StatusLine status;
     ListFilter filter;
+    ListChanges changes;
 };
 
 } // namespace workspace

@@ -2,10 +2,9 @@
 // of the windows provides the functions.
 #pragma once
 
-#include "marc/fieldPlace.h"
 #include "marc/fieldRows.h"
-#include "marc/preReadStore.h"
 #include "marc/refusedRecord.h"
+#include "workspace/windows/batchNeeds.h"
 #include "workspace/windows/rowRemark.h"
 #include <QString>
 #include <functional>
@@ -51,6 +50,8 @@ struct RemarksPane {
     std::function<std::vector<RowRemark>(const marc::FieldRows &rows)> check = [](const auto &) {
         return std::vector<RowRemark>();
     };
+    // Of the last proof of all records; std::nullopt if there was none.
+    std::function<std::optional<ViolatedRules>()> violatedRules = [] { return std::nullopt; };
     std::function<void()> end = [] {}; // ends a running proof
 };
 
@@ -79,6 +80,9 @@ struct WorkspaceWindows {
                                 const std::vector<marc::RefusedRecord> &leaveOut, QWidget *owner)>
         runImport;
     std::function<RemarksPane(const RemarksNeeds &needs)> makeRemarks;
+    // Makes the window that changes many records at once. The function that it returns shows the window and returns
+    // when it is closed. Empty: there is no such window.
+    std::function<std::function<void()>(const BatchNeeds &needs, QWidget *owner)> makeBatch;
     // Returns why an import would fail, as far as known without a query to the database; else an empty text.
     std::function<QString()> databaseTrouble = [] { return QString(); };
     Assistant leaderAssistant;   // frmHelpLR000
