@@ -10,6 +10,7 @@ namespace targets {
 namespace {
 
 constexpr qint64 piece = 8 << 10;        // bytes handed to YAZ in one turn of the event loop
+constexpr qint64 shortAnswer = 64 << 10; // bytes that are handed over without waiting for the next turn
 constexpr qint64 farBuffer = 256 << 10;  // bytes read ahead from the server
 constexpr qint64 longestHead = 64 << 10; // of a request by HTTP
 
@@ -44,7 +45,9 @@ void Relay::accept() {
     m_near->setReadBufferSize(longestHead);
     m_near->setSocketOption(QAbstractSocket::LowDelayOption, 1);
     connect(m_near, &QTcpSocket::readyRead, this, [this] { request(); });
-    connect(m_near, &QTcpSocket::bytesWritten, this, [this] { answer(); });
+    // Queued, so that YAZ takes one piece before it gets the next one.
+    connect(
+        m_near, &QTcpSocket::bytesWritten, this, [this] { answer(); }, Qt::QueuedConnection);
     connectFar();
 }
 
@@ -83,6 +86,7 @@ void Relay::request() {
         bytes = withHost(std::exchange(m_head, {}));
     }
     m_far->write(bytes);
+    m_far->flush();
 }
 
 // YAZ names the host to which it connects, which is this program.
@@ -110,6 +114,8 @@ void Relay::answer() {
     if (m_answered > longestAnswer)
         return fail(Kind::Unreadable, u"一次应答超过 %1 MB，不再读"_s.arg(longestAnswer >> 20));
     m_near->write(bytes);
+    if (m_answered <= shortAnswer)
+        m_near->flush();
 }
 
 // Ends the connection to YAZ after the server has ended its own and everything was handed over.

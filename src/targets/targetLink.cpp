@@ -154,9 +154,10 @@ void TargetLink::watchSocket() {
 // After the answer the socket is not watched: a connection that the server closes is noticed by the next request.
 void TargetLink::answer() {
     m_limit.stop();
-    m_readable.reset();
-    m_writable.reset();
-    m_socket = -1;
+    if (m_readable) {
+        m_readable->setEnabled(false);
+        m_writable->setEnabled(false);
+    }
     if (const Wire::Error error = m_wire->error(); error.number != 0)
         return fail(faultOf(error, m_target));
     m_hits = m_wire->hits();

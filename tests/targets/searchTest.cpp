@@ -136,6 +136,12 @@ TEST(Search, AFaultIsToldInWordsWithoutThePassword) {
     }
 }
 
+TEST(Search, AServerThatRepeatsThePasswordDoesNotShowIt) {
+    const Target target = with(openCatalogue(), [](Target &t) { t.password = u"Geheim-7"_s; });
+    const Wire::Error error{.number = 3000, .set = u"Bib-1"_s, .words = u"bad Geheim-7"_s, .addition = u"(Geheim-7)"_s};
+    EXPECT_EQ(faultOf(error, target).words, u"服务器答：bad ***（Bib-1 3000）：(***)"_s);
+}
+
 TEST(Search, AServerThatMisbehavesCostsItsLimitAndNoMore) {
     const int real = portOf(u"open"_s);
     const std::tuple<Misconduct, int, bool, QString> rows[] = {
