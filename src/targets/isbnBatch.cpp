@@ -142,13 +142,8 @@ void IsbnBatch::ask(size_t target, Lane &lane) {
 }
 
 void IsbnBatch::consider(Lane &lane, const marc::FieldedRecord &record) {
-    const auto isbns = isbnsOf(record);
-    const marc::IsbnKey wanted = marc::isbnKey(m_isbns[lane.row]);
-    const int fields = essentialFields(record);
-    if (fields <= lane.bestFields || std::ranges::find(isbns, wanted) == isbns.end())
-        return;
-    lane.bestFields = fields;
-    lane.best.record = record;
+    if (isBetter(record, marc::isbnKey(m_isbns[lane.row]), lane.bestFields))
+        lane.best.record = record;
 }
 
 void IsbnBatch::answered(size_t target, Lane &lane) {

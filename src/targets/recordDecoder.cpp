@@ -68,23 +68,13 @@ Charset RecordDecoder::charsetOf(QByteArrayView record) const {
     return mayBeMarc8 && platform::Marc8Decoder::isAvailable() ? Charset::Marc8 : Charset::Utf8;
 }
 
-// Adds the number of damaged sequences to `damaged`. Bytes that GBK lacks may be GB18030.
+// Adds the number of damaged sequences to `damaged`.
 QString RecordDecoder::textOf(QByteArrayView bytes, Charset charset, qint64 &damaged) {
     auto decoder = platform::TextDecoder::open(charset);
     if (!decoder)
         return QString::fromLatin1(bytes);
     QString text = decoder.value().decode(bytes);
-    qint64 lost = decoder.value().damaged();
-    if (charset == Charset::Gbk && lost > 0) {
-        if (auto wider = platform::TextDecoder::open(Charset::Gb18030)) {
-            QString better = wider.value().decode(bytes);
-            if (wider.value().damaged() < lost) {
-                lost = wider.value().damaged();
-                text = std::move(better);
-            }
-        }
-    }
-    damaged += lost;
+    damaged += decoder.value().damaged();
     return text;
 }
 

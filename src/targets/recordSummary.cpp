@@ -90,4 +90,13 @@ int essentialFields(const marc::FieldedRecord &record) {
     return familyOf(record) == Family::Marc21 ? count(essentialMarc21) : count(essentialUnimarc);
 }
 
+bool isBetter(const marc::FieldedRecord &record, marc::IsbnKey isbn, int &best) {
+    const auto isbns = isbnsOf(record);
+    const int fields = essentialFields(record);
+    if (fields <= best || std::ranges::find(isbns, isbn) == isbns.end())
+        return false;
+    best = fields;
+    return true;
+}
+
 } // namespace targets

@@ -36,4 +36,8 @@ inline constexpr auto essentialMarc21 =
 // Returns the number of essential fields that the record has.
 int essentialFields(const marc::FieldedRecord &record);
 
+// Returns whether the record has the ISBN and more essential fields than `best`, which becomes their number then. Start
+// with -1.
+bool isBetter(const marc::FieldedRecord &record, marc::IsbnKey isbn, int &best);
+
 } // namespace targets

@@ -102,3 +102,18 @@ TEST(Summary, BothFamiliesAreUnderstood) {
     EXPECT_EQ(essentialFields(recordWith(u"甲"_s)), 2);
     EXPECT_EQ(summaryOf(recordWith(u"甲"_s)).isbn, u"7-02-000220-X"_s);
 }
+
+TEST(Summary, OfRecordsWithTheIsbnTheMostCompleteIsBetter) {
+    const marc::FieldedRecord plain = recordWith(u"甲"_s);
+    marc::FieldedRecord full = plain, other = plain;
+    full.fields.push_back({u"330"_s, u"  \u001Fa提要"_s});
+    other.fields[1].content.replace(u"7-02"_s, u"7-03"_s);
+    other.fields.push_back(full.fields.back());
+    int best = -1;
+    const marc::IsbnKey isbn = marc::isbnKey(u"9787020002207");
+    EXPECT_TRUE(isBetter(plain, isbn, best));
+    EXPECT_FALSE(isBetter(plain, isbn, best)) << "of equal ones the first";
+    EXPECT_FALSE(isBetter(other, isbn, best)) << "another book";
+    EXPECT_TRUE(isBetter(full, isbn, best));
+    EXPECT_EQ(best, 3);
+}

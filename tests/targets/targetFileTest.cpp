@@ -81,4 +81,7 @@ TEST(TargetFile, TheShippedListIsUntestedAndAddsOnlyNewAddresses) {
     EXPECT_EQ(list.back().name, shippedTargets().front().name + u" 2");
     EXPECT_TRUE(list[1].tested);
     EXPECT_EQ(addTargets(list, shippedTargets()), 0);
+    TargetList others;
+    EXPECT_EQ(addTargets(others, list), int(list.size()));
+    EXPECT_FALSE(others[1].tested) << "tested by somebody else";
 }
