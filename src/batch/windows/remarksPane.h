@@ -10,7 +10,6 @@
 #include "marc/fieldPlace.h"
 #include "widgets/button.h"
 #include <QCheckBox>
-#include <QHash>
 #include <QSet>
 #include <QStackedWidget>
 
