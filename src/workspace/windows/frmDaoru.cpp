@@ -44,7 +44,7 @@ frmDaoru::frmDaoru(platform::Host &host, WorkspaceWindows windows, QWidget *pare
     , labStatus(new StatusPills(u"labStatus"_s, {}, this))
     , findLine(new FindLine(*Grid2, this))
     , cmdProofAll(new Button(u"cmdProofAll"_s, u"&D 校对全部"_s, this))
-    , cmdBatch(new Button(u"cmdBatch"_s, u"&G 批量修改…"_s, this))
+    , cmdBatch(new Button(u"cmdBatch"_s, u"&L 批量修改…"_s, this))
     , room(new WorkspaceRoom(listSide(filterBox, picTiMing), Picture1, this))
     , draftBar(new DraftBar(this))
     , m_host(host)
