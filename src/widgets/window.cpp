@@ -63,6 +63,7 @@ void Window::scrollIfTooLarge() {
     };
     connect(qApp, &QApplication::focusChanged, area, follow);
     if (focused) {
+        area->setVisible(isVisible()); // now, because a control that is not visible cannot take the focus back
         focused->setFocus();
         QMetaObject::invokeMethod( // after the contents are laid out
             area, [this, follow] { follow(nullptr, focusWidget()); }, Qt::QueuedConnection);

@@ -163,6 +163,18 @@ void knock() {
 
 } // namespace
 
+// The area reports the end of the lists while the frame is being deleted.
+TEST(MainWindow, MayBeDeletedWithAListOpen) {
+    ScriptedHost host;
+    RecordedWindows windows(host);
+    auto frame = std::make_unique<marcMain>(host, windows);
+    frame->show();
+    frame->area()->addSubWindow(new QWidget)->show();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return frame->area()->activeSubWindow() != nullptr; }));
+    frame.reset();
+    EXPECT_EQ(windows.calls, QStringList(u"notice"_s));
+}
+
 // The test runs itself in a separate network namespace with a server that blocks a host after three failed connections.
 TEST(MainWindowStarts, CountAsNoFailedConnection) {
     const QString text = qEnvironmentVariable("STRICT_SERVER");

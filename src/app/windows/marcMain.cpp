@@ -50,6 +50,11 @@ marcMain::marcMain(platform::Host &host, CommandWindows &windows)
     widgets::rememberPlace(this, m_host.remembered());
 }
 
+// The list windows are deleted after this part of the window, and the area reports that none is active any more.
+marcMain::~marcMain() {
+    mdiArea->disconnect(this);
+}
+
 void marcMain::buildMenu() {
     menuBar()->setAccessibleName(u"菜单"_s);
     QMenu *menu = nullptr;

@@ -16,6 +16,7 @@ class marcMain final : public QMainWindow {
     Q_OBJECT
 public:
     marcMain(platform::Host &host, CommandWindows &windows);
+    ~marcMain() override;
 
     void LoadQuery();    // opens the catalogue query for the export
     void LoadQuerydel(); // opens the store query for maintenance
