@@ -6,9 +6,9 @@
 
 namespace targets {
 
-// Returns the 13-digit and the ten-digit form, each without hyphens and, if the places of the hyphens are known, with
-// them: from the text, or for ISBNs of China, whose ranges of publishers are fixed. An ISBN with a wrong check digit is
-// not converted to the other form. A text that is no ISBN is the only form of itself; an empty one has none.
+// Returns the 13-digit and the ten-digit form, each without hyphens and, if the ISBN is in a range of its agency, with
+// them. An ISBN with a wrong check digit has the forms without hyphens and as written. A text that is no ISBN is the
+// only form of itself; an empty one has none.
 QStringList isbnForms(QStringView text);
 
 } // namespace targets

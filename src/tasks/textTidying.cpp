@@ -1,5 +1,5 @@
 #include "tasks/textTidying.h"
-#include "tasks/isbnForms.h"
+#include "marc/isbnForms.h"
 #include <algorithm>
 #include <array>
 
@@ -150,6 +150,27 @@ std::optional<QString> price(QStringView text) {
     return QString(u"CNY" + amount + afterUnit);
 }
 
+std::optional<QString> hyphenatedIsbn(QStringView text) {
+    const auto isbn = marc::isbnIn(text);
+    const auto number = isbn ? marc::isbnWithHyphens(isbn->digits) : std::nullopt;
+    return number ? std::optional<QString>(*number + isbn->rest) : std::nullopt;
+}
+
+std::optional<QString> plainIsbn(QStringView text) {
+    const auto isbn = marc::isbnIn(text);
+    return isbn ? std::optional<QString>(isbn->digits + isbn->rest) : std::nullopt;
+}
+
+// Returns the ISBN in another form, with hyphens if it had some and they are known.
+template <std::optional<QString> (*Form)(const QString &)>
+std::optional<QString> isbnAs(QStringView text) {
+    const auto isbn = marc::isbnIn(text);
+    const auto digits = isbn ? Form(isbn->digits) : std::nullopt;
+    if (!digits)
+        return std::nullopt;
+    return (isbn->hasHyphens ? marc::isbnWithHyphens(*digits).value_or(*digits) : *digits) + isbn->rest;
+}
+
 struct Row {
     QStringView key;
     Tidying tidying;
@@ -164,8 +185,8 @@ constexpr auto rows = std::to_array<Row>({
     {u"price", price},
     {u"isbnHyphens", hyphenatedIsbn},
     {u"isbnPlain", plainIsbn},
-    {u"isbn13", isbnOf13},
-    {u"isbn10", isbnOf10},
+    {u"isbn13", isbnAs<marc::isbnOf13>},
+    {u"isbn10", isbnAs<marc::isbnOf10>},
 });
 
 } // namespace
