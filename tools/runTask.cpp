@@ -52,10 +52,12 @@ int main(int count, char **arguments) {
     if (!run)
         return tools::complain(given[0], run.failure().description);
     tidy::TidyRun tidying(given[1], given[2], tidy::TargetForm::GbkIso);
-    tidying.setChange([&](marc::FieldedRecord &record) -> tidy::RecordChange {
-        const tasks::Outcome outcome = run.value().apply(record);
-        return {outcome.changed, outcome.why};
-    });
+    tidying.setChange({.name = task.value().name,
+                       .change = [&](marc::FieldedRecord &record) -> tidy::RecordChange {
+                           const tasks::Outcome outcome = run.value().apply(record);
+                           return {outcome.changed, outcome.why};
+                       },
+                       .tally = {}});
     const std::clock_t begin = std::clock();
     if (const platform::Status done = runThrough(tidying); !done)
         return tools::complain(given[1], done.failure().description);

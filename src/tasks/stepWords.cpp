@@ -84,4 +84,12 @@ QString describe(const Step &step) {
     return u"如果"_s + filled(test.sentence, test.uses, step.testValues) + u"，" + act;
 }
 
+QStringList stepsInWords(const Task &task) {
+    QStringList words;
+    for (size_t i = 0; i < task.steps.size(); ++i)
+        words.append(QString::number(i + 1) + u"　" + describe(task.steps[i]) +
+                     (task.steps[i].on ? u""_s : u"（停用）"_s));
+    return words;
+}
+
 } // namespace tasks

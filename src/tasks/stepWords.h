@@ -2,10 +2,14 @@
 #pragma once
 
 #include "tasks/task.h"
+#include <QStringList>
 
 namespace tasks {
 
 // The values need not be valid; a missing one is shown as "…".
 QString describe(const Step &step);
+
+// All steps of a task, each with its number, counted from 1, and whether it is off.
+QStringList stepsInWords(const Task &task);
 
 } // namespace tasks

@@ -1,5 +1,6 @@
 #include "tasks/taskRun.h"
 #include "platform/codepage936.h"
+#include "platform/paths.h"
 #include "tasks/stepCheck.h"
 #include <algorithm>
 
@@ -10,6 +11,7 @@ namespace tasks {
 namespace {
 
 constexpr QStringView givenUp = u"正则表达式算得太久";
+constexpr QStringView officePinyin = u"pinyin-words.txt";
 
 // Adds the characters that GBK lacks, surrogates one by one.
 void collectLacking(QStringView text, QSet<char16_t> &lacking) {
@@ -57,6 +59,16 @@ QString misfit(const marc::FieldedRecord &changed, const marc::FieldedRecord &be
     }
     return total > marc::longestRecord ? u"记录有 %1 字节，长过 %2 字节"_s.arg(total).arg(marc::longestRecord)
                                        : QString();
+}
+
+platform::Result<std::shared_ptr<PinyinReader>> pinyinFor(const Task &task, const QString &folder) {
+    const auto reads = [](const Step &step) { return step.on && step.action == Action::Pinyin; };
+    if (std::ranges::none_of(task.steps, reads))
+        return std::shared_ptr<PinyinReader>();
+    auto opened = PinyinReader::open(platform::pathWithSlash(folder) + officePinyin);
+    if (!opened)
+        return opened.failure();
+    return std::make_shared<PinyinReader>(std::move(opened).value());
 }
 
 platform::Result<TaskRun> TaskRun::prepare(const Task &task, RunFacts facts, Fit fit,

@@ -58,6 +58,9 @@ private:
     std::vector<Change> m_changes;
 };
 
+// Opens the tables for the steps of the task, with the one of the office in `folder`; null if no step needs them.
+platform::Result<std::shared_ptr<PinyinReader>> pinyinFor(const Task &task, const QString &folder);
+
 // Returns why the changed record does not fit; an empty text if it does. Characters without a code that the record
 // already had before are no reason.
 QString misfit(const marc::FieldedRecord &changed, const marc::FieldedRecord &before, Fit fit);

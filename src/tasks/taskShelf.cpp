@@ -1,6 +1,8 @@
 #include "tasks/taskShelf.h"
 #include "platform/byteFile.h"
+#include "platform/kept.h"
 #include "platform/paths.h"
+#include "tasks/readyTasks.h"
 #include "tasks/taskFile.h"
 #include <QDir>
 #include <QFileInfo>
@@ -128,6 +130,11 @@ platform::Status TaskShelf::remove(int index) {
 
 platform::Status TaskShelf::exportTo(int index, const QString &path) const {
     return platform::writeWholeFile(path, writtenTask(m_entries.at(size_t(index)).task));
+}
+
+TaskShelf openShelf(const platform::DeskState &state) {
+    const auto folder = state.folderFor(platform::kept::tasks);
+    return folder ? TaskShelf(readyTasks(), folder.value()) : TaskShelf(readyTasks(), {}, folder.failure().description);
 }
 
 } // namespace tasks

@@ -3,6 +3,7 @@
 // files were put into the folder by other means.
 #pragma once
 
+#include "platform/deskState.h"
 #include "platform/result.h"
 #include "tasks/task.h"
 #include <vector>
@@ -48,5 +49,8 @@ private:
     QString m_trouble;
     std::vector<Entry> m_entries;
 };
+
+// The shelf of the user who runs the program.
+TaskShelf openShelf(const platform::DeskState &state);
 
 } // namespace tasks

@@ -74,9 +74,11 @@ QString unreadableLines(const TidyResult &result) {
 }
 
 QString changeLines(const TidyResult &result) {
-    if (result.changed == 0 && result.notChanged.count == 0)
+    if (result.change.isEmpty())
         return {};
-    QString text = u"\r\n【批改】\r\n改动 %1 条记录！\r\n"_s.arg(result.changed);
+    QString text = u"\r\n【批改】\r\n任务“%1”改了 %2 条记录！\r\n"_s.arg(result.change).arg(result.changed);
+    for (const StepTally &step : result.steps)
+        text += u"　%1 处，%2 条　%3\r\n"_s.arg(step.changes).arg(step.records).arg(step.words);
     if (result.notChanged.count > 0)
         text += u"%1 条不能改，照原样写出：\r\n"_s.arg(result.notChanged.count) +
                 reasonLines(result.reasonsNotChanged, result.notChanged.count);

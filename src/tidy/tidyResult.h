@@ -1,6 +1,7 @@
 // The result of tidying a file and the texts about it. Memory use is limited for any file.
 #pragma once
 
+#include "tidy/recordChange.h"
 #include "tidy/sourceEncoding.h"
 #include <QList>
 #include <QString>
@@ -33,9 +34,11 @@ struct TidyResult {
     Noted damagedBytes;
     Noted damagedDirectories;
     Noted unreadable;
-    Reasons reasons;    // why records are unreadable
-    qint64 changed = 0; // records that the caller's function changed
-    Noted notChanged;   // records that it left as they were for a reason
+    Reasons reasons;              // why records are unreadable
+    QString change;               // its name; empty: there was none
+    std::vector<StepTally> steps; // of the change
+    qint64 changed = 0;           // records
+    Noted notChanged;             // records that the change left as they were for a reason
     Reasons reasonsNotChanged;
     QString unreadableFile;        // the file with the unreadable records
     qint64 passedOver = 0;         // XML elements named "record" that are not MARC records

@@ -168,7 +168,7 @@ Status TidyRun::keep() {
         for (marc::Field &field : record.fields)
             blankBreaks(field.content);
     }
-    const RecordChange change = m_change ? m_change(record) : RecordChange();
+    const RecordChange change = m_change.change ? m_change.change(record) : RecordChange();
     QList<char32_t> lacking;
     for (marc::Field &field : record.fields) {
         if (const QList<char32_t> found = marc::fitText(m_form, field.content); !found.isEmpty())
@@ -244,6 +244,9 @@ Status TidyRun::writeAside(QByteArrayView bytes) {
 // Commits the file of unusable records first: if the target then fails, that file is removed and nothing remains.
 Status TidyRun::close() {
     m_result.target = m_result.broken ? m_files.ahead : m_files.target;
+    m_result.change = m_change.name;
+    if (m_change.tally)
+        m_result.steps = m_change.tally();
     if (const Status ended = endXml(); !ended)
         return ended;
     if (m_aside) {

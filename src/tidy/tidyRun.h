@@ -4,12 +4,12 @@
 
 #include "marc/fileSurvey.h"
 #include "platform/byteFile.h"
+#include "tidy/recordChange.h"
 #include "tidy/recordForms.h"
 #include "tidy/sourceEncoding.h"
 #include "tidy/tidyResult.h"
 #include "tidy/tidySource.h"
 #include <QStringList>
-#include <functional>
 #include <memory>
 #include <optional>
 
@@ -38,20 +38,12 @@ struct Refusal {
 // paths must be trimmed.
 std::optional<Refusal> refuseTidy(const QString &source, const QString &target);
 
-// Changes a record before it is written. A record that stays as it was for some reason is written unchanged, and the
-// reason is listed.
-struct RecordChange {
-    bool changed = false;
-    QString why; // empty if there is no reason
-};
-using ChangeRecord = std::function<RecordChange(marc::FieldedRecord &)>;
-
 class TidyRun {
 public:
     TidyRun(QString source, const QString &target, TargetForm form,
             SourceEncoding encoding = SourceEncoding::Automatic);
 
-    void setChange(ChangeRecord change) { m_change = std::move(change); }
+    void setChange(FileChange change) { m_change = std::move(change); }
 
     platform::Status open();
     // Does the next step. Returns false when everything is read.
@@ -84,7 +76,7 @@ private:
     std::unique_ptr<TidySource> m_records;
     std::optional<platform::SavedFile> m_target;
     std::optional<platform::SavedFile> m_aside;
-    ChangeRecord m_change; // may be empty
+    FileChange m_change;
     marc::IsoWriter m_iso;
     std::optional<MarcXmlWriter> m_xml;
     std::optional<MarcXmlWriter> m_asideXml;

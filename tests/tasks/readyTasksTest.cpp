@@ -13,10 +13,12 @@ namespace {
 
 tidy::TidyResult tidied(const QString &source, const QString &target, TaskRun &run) {
     tidy::TidyRun tidying(source, target, tidy::TargetForm::GbkIso);
-    tidying.setChange([&](marc::FieldedRecord &record) -> tidy::RecordChange {
-        const Outcome outcome = run.apply(record);
-        return {outcome.changed, outcome.why};
-    });
+    tidying.setChange({.name = u"task"_s,
+                       .change = [&](marc::FieldedRecord &record) -> tidy::RecordChange {
+                           const Outcome outcome = run.apply(record);
+                           return {outcome.changed, outcome.why};
+                       },
+                       .tally = {}});
     EXPECT_TRUE(tidying.open().ok());
     for (auto more = tidying.step(); more && more.value();)
         more = tidying.step();

@@ -130,6 +130,31 @@ TEST(FrmTidy, TheChosenEncodingIsShownAndRead) {
     EXPECT_TRUE(!form.isVisible() && !QFile::exists(desk.folder.path(u"t.iso"_s)));
 }
 
+TEST(FrmTidy, AChosenChangeIsMadeToEachRecord) {
+    TidyDesk desk;
+    const auto prepare = [&](int index, const QString &, TargetForm) -> platform::Result<FileChange> {
+        if (index == 1)
+            return platform::Failure{u"不行"_s};
+        return FileChange{u"乙"_s,
+                          [](marc::FieldedRecord &record) -> RecordChange {
+                              record.fields[0].content.replace(u"数据"_s, u"换过"_s);
+                              return {true, {}};
+                          },
+                          {}};
+    };
+    desk.form = std::make_unique<frmTidy>(desk.host, desk.source, ChangeOffer{{u"乙"_s, u"丙"_s}, prepare});
+    frmTidy &form = *desk.form;
+    form.show();
+    for (const int chosen : {2, 1}) {
+        form.changeBox->setCurrentIndex(chosen);
+        form.cmdClick[0]->click();
+    }
+    EXPECT_EQ(desk.host.texts(), QStringList{u"不行"_s});
+    EXPECT_EQ(platform::decode(desk.folder.read(u"source-gbk.iso"_s)), desk.tidied.replace(u"数据"_s, u"换过"_s));
+    EXPECT_TRUE(form.txtResult->text().contains(u"【批改】\r\n任务“乙”改了 5 条记录！"_s));
+    desk.leave();
+}
+
 TEST(FrmTidy, RefusesStopsAndFailsAndStaysUsable) {
     TidyDesk desk;
     frmTidy &form = *desk.form;

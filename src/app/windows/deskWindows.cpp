@@ -1,5 +1,6 @@
 #include "app/windows/deskWindows.h"
 #include "app/databaseNote.h"
+#include "app/taskOffer.h"
 #include "app/windows/AboutFrm.h"
 #include "app/windows/frmHelp.h"
 #include "app/windows/frmLook.h"
@@ -57,7 +58,7 @@ void DeskWindows::tidyFile(const QString &source) {
 }
 
 void DeskWindows::showTidy(const QString &source, QWidget *owner) {
-    tidy::frmTidy(m_host, source, owner).exec();
+    tidy::frmTidy(m_host, source, taskOffer(m_host), owner).exec();
 }
 
 void DeskWindows::showWorkspace(const QString &file, QWidget *owner) {

@@ -1,6 +1,5 @@
 #include "tasks/windows/listWork.h"
 #include "marc/fieldRows.h"
-#include "platform/paths.h"
 #include "tasks/listReport.h"
 #include "tasks/stepTables.h"
 #include "tasks/stepWords.h"
@@ -16,11 +15,6 @@ namespace tasks {
 
 namespace {
 constexpr std::chrono::milliseconds slice(12);
-constexpr QStringView officePinyin = u"pinyin-words.txt"; // in the folder of the program
-
-bool needsPinyin(const Task &task) {
-    return std::ranges::any_of(task.steps, [](const Step &step) { return step.on && step.action == Action::Pinyin; });
-}
 } // namespace
 
 ListWork::ListWork(platform::Host &host, ListDesk desk)
@@ -50,11 +44,11 @@ std::vector<int> ListWork::rowsOf(Scope scope) const {
 platform::Status ListWork::preview(const Task &task, Scope scope) {
     if (std::ranges::none_of(task.steps, &Step::on))
         return platform::Failure{u"这个任务没有启用的步骤"_s};
-    if (!m_pinyin && needsPinyin(task)) {
-        auto opened = PinyinReader::open(platform::pathWithSlash(m_host.programFolder()) + officePinyin);
+    if (!m_pinyin) {
+        auto opened = pinyinFor(task, m_host.programFolder());
         if (!opened)
             return opened.failure();
-        m_pinyin = std::make_shared<PinyinReader>(std::move(opened).value());
+        m_pinyin = std::move(opened).value();
     }
     const QDateTime now = m_host.now();
     auto run = TaskRun::prepare(task, {now.date(), QFileInfo(m_desk.file).fileName()}, Fit::GbkRecord, m_pinyin);
@@ -124,11 +118,7 @@ void ListWork::forget() {
 }
 
 QStringList ListWork::steps() const {
-    QStringList words;
-    for (size_t i = 0; i < m_task.steps.size(); ++i)
-        words.append(QString::number(i + 1) + u"　" + describe(m_task.steps[i]) +
-                     (m_task.steps[i].on ? u""_s : u"（停用）"_s));
-    return words;
+    return stepsInWords(m_task);
 }
 
 QString ListWork::progress() const {

@@ -1,7 +1,6 @@
 #include "tasks/windows/taskBar.h"
 #include "platform/fileFilters.h"
 #include "platform/paths.h"
-#include "tasks/readyTasks.h"
 #include "widgets/layout.h"
 
 using namespace Qt::StringLiterals;
@@ -10,11 +9,6 @@ using widgets::Button;
 namespace tasks {
 
 namespace {
-
-TaskShelf openShelf(platform::Host &host) {
-    const auto folder = host.remembered().folderFor(platform::kept::tasks);
-    return folder ? TaskShelf(readyTasks(), folder.value()) : TaskShelf(readyTasks(), {}, folder.failure().description);
-}
 
 QString captionOf(const TaskShelf::Entry &entry) {
     return entry.name + (entry.ready ? u"（现成）"_s : entry.fault.isEmpty() ? u""_s : u"（不能用）"_s);
@@ -31,7 +25,7 @@ TaskBar::TaskBar(platform::Host &host, QWidget *parent)
     , importButton(new Button(u"importButton"_s, u"&I 导入…"_s, this))
     , exportButton(new Button(u"exportButton"_s, u"&O 导出…"_s, this))
     , m_host(host)
-    , m_shelf(openShelf(host)) {
+    , m_shelf(openShelf(host.remembered())) {
     setObjectName(u"taskBar"_s);
     auto *label = widgets::naming(widgets::named(new QLabel(u"任务(&T):"_s, this), u"taskLabel"_s), taskBox);
     taskBox->setMinimumContentsLength(12);

@@ -16,7 +16,6 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QStackedWidget>
-#include <QStandardItemModel>
 #include <algorithm>
 #include <limits>
 
@@ -27,7 +26,7 @@ using widgets::SelectingEdit;
 
 namespace tidy {
 
-frmTidy::frmTidy(platform::Host &host, const QString &source, QWidget *parent)
+frmTidy::frmTidy(platform::Host &host, const QString &source, ChangeOffer changes, QWidget *parent)
     : Window(u"frmTidy"_s, u"整理机读目录文件"_s, parent)
     , Frame1(widgets::named(new QGroupBox(u"整理机读目录文件（选择或输入文件）"_s), u"Frame1"_s))
     , LabShuoMing{new QLabel(u"需要整理的文件（ISO 2709、MARCXML、MarcXchange）:"_s),
@@ -37,7 +36,9 @@ frmTidy::frmTidy(platform::Host &host, const QString &source, QWidget *parent)
     , LabFacts(new FactsLabel(u"LabFacts"_s))
     , cboForm(widgets::named(new QComboBox, u"cboForm"_s))
     , encodingLabel(widgets::named(new QLabel(u"源文件编码(&E):"_s), u"encodingLabel"_s))
-    , sourceEncoding(widgets::named(new QComboBox, u"sourceEncoding"_s))
+    , sourceEncoding(new EncodingBox(u"sourceEncoding"_s))
+    , changeLabel(widgets::named(new QLabel(u"应用批改任务(&T):"_s), u"changeLabel"_s))
+    , changeBox(widgets::named(new QComboBox, u"changeBox"_s))
     , sampleLabel(widgets::named(new QLabel, u"sampleLabel"_s))
     , sampleText(widgets::named(new widgets::TextBox(u"sampleText"_s), u"sampleText"_s, u"会读成的样子"_s))
     , warningLabel(widgets::named(new QLabel, u"warningLabel"_s))
@@ -47,12 +48,14 @@ frmTidy::frmTidy(platform::Host &host, const QString &source, QWidget *parent)
     , cmdClick{new Button(u"cmdClick0"_s, u"&D 整理"_s), new Button(u"cmdClick1"_s, u"&S 停止"_s),
                new Button(u"cmdClick2"_s, u"&Q 退出"_s)}
     , m_host(host)
+    , m_changes(std::move(changes))
     , m_boxes(new QStackedWidget) {
     cmdClick[0]->markPrimary();
     layOut();
     widgets::hint({{cmdClick[0], u"另存为新文件，原来的文件不动"},
                    {cmdClick[1], u"停下来，不留下半个文件"},
-                   {sourceEncoding, u"认错了编码的，在这里改；XML 按它自己写明的读"}});
+                   {sourceEncoding, u"认错了编码的，在这里改；XML 按它自己写明的读"},
+                   {changeBox, u"边整理，边按“批量修改”里的任务改每一条记录"}});
     cmdClick[1]->setEnabled(false);
     for (SelectingEdit *box : Text1)
         widgets::enterActsAsTab(box);
@@ -78,16 +81,15 @@ void frmTidy::connectControls() {
 
 void frmTidy::layOut() {
     using namespace widgets;
-    for (const FormRow &row : targetForms)
-        cboForm->addItem(row.caption.toString());
+    fillBoxes();
     const std::array<QWidget *, 3> controls{Text1[0], Text1[1], cboForm};
     for (size_t i = 0; i < controls.size(); ++i)
         naming(named(LabShuoMing[i], u"LabShuoMing"_s + QString::number(i)), controls[i]);
     cmdSelect[0]->setAccessibleName(u"浏览需要整理的文件"_s);
     cmdSelect[1]->setAccessibleName(u"浏览整理后的目标文件"_s);
-    offerEncodings();
     dressWarning();
     naming(encodingLabel, sourceEncoding);
+    naming(changeLabel, changeBox);
     sampleText->lock();
     sampleText->setRoom(24, 2);
     sampleText->setLineWrapMode(QPlainTextEdit::NoWrap);
@@ -106,7 +108,8 @@ void frmTidy::layOut() {
                            LabShuoMing[1],
                            row({{Text1[1], 1}, cmdSelect[1]}),
                            new FoldingRow({row({LabShuoMing[2], cboForm, stretch()}),
-                                           row({encodingLabel, sourceEncoding, stretch()})}),
+                                           row({encodingLabel, sourceEncoding, stretch()}),
+                                           row({changeLabel, changeBox, stretch()})}),
                        })),
         row({sampleLabel, {warningLabel, 1}}),
         {m_boxes, 1},
@@ -125,13 +128,13 @@ void frmTidy::dressWarning() {
     widgets::keepPlace(warningLabel);
 }
 
-void frmTidy::offerEncodings() {
-    for (const EncodingRow &encoding : sourceEncodings) {
-        const bool available = isAvailable(encoding.choice);
-        sourceEncoding->addItem(encoding.caption + (available ? u""_s : u"（没有 YAZ 库，不能读）"_s));
-        if (const auto *model = qobject_cast<QStandardItemModel *>(sourceEncoding->model()); model && !available)
-            model->item(sourceEncoding->count() - 1)->setEnabled(false);
-    }
+void frmTidy::fillBoxes() {
+    for (const FormRow &row : targetForms)
+        cboForm->addItem(row.caption.toString());
+    changeBox->addItem(u"不应用"_s);
+    changeBox->addItems(m_changes.names);
+    changeBox->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon); // names may be long
+    changeBox->setMinimumContentsLength(12);
 }
 
 void frmTidy::takeSource(const QString &text) {
@@ -146,10 +149,11 @@ void frmTidy::takeSource(const QString &text) {
 // Before the survey is complete, there is a sample only for an encoding chosen by the user.
 void frmTidy::showSample() {
     const QString path = platform::trimBlanks(Text1[0]->text());
-    if (!platform::fileExists(path) || (LabFacts->isLooking() && encoding() == SourceEncoding::Automatic))
+    if (!platform::fileExists(path) ||
+        (LabFacts->isLooking() && sourceEncoding->encoding() == SourceEncoding::Automatic))
         return;
     showResult({}, {});
-    const platform::Result<SampleRecord> sample = sampleRecord(path, encoding(), m_guessed);
+    const platform::Result<SampleRecord> sample = sampleRecord(path, sourceEncoding->encoding(), m_guessed);
     const bool found = sample && sample.value().number > 0;
     sampleLabel->setText(found ? u"第 %1 条会读成:"_s.arg(sample.value().number) : u"没有读得出的记录"_s);
     sampleText->setText(found ? sample.value().text : sample ? QString() : sample.failure().description);
@@ -165,12 +169,13 @@ void frmTidy::chooseInto(SelectingEdit *box, platform::FileDialogKind kind) {
         box->setText(path);
 }
 
-SourceEncoding frmTidy::encoding() const {
-    return sourceEncodings.at(size_t(sourceEncoding->currentIndex())).choice;
-}
-
 TargetForm frmTidy::form() const {
     return targetForms[size_t(cboForm->currentIndex())].form;
+}
+
+platform::Result<FileChange> frmTidy::change(const QString &source) const {
+    const int chosen = changeBox->currentIndex() - 1;
+    return chosen < 0 ? FileChange() : m_changes.prepare(chosen, source, form());
 }
 
 void frmTidy::suggestTarget() {
@@ -194,11 +199,15 @@ bool frmTidy::mayTidy(const QString &source, const QString &target) {
 void frmTidy::tidy() {
     const QString source = platform::trimBlanks(Text1[0]->text());
     const QString target = platform::trimBlanks(Text1[1]->text());
+    auto change = this->change(source);
+    if (!change)
+        return m_host.tell(change.failure().description);
     if (!mayTidy(source, target))
         return;
     LabFacts->stop();
     begin();
-    m_run.emplace(source, target, form(), encoding());
+    m_run.emplace(source, target, form(), sourceEncoding->encoding());
+    m_run->setChange(std::move(change).value());
     const platform::Result<bool> done = run();
     const bool isWhole = done && done.value();
     if (!isWhole)
@@ -258,7 +267,8 @@ platform::Result<bool> frmTidy::run() {
 }
 
 void frmTidy::begin() {
-    m_controls.begin(this, {cmdClick[0], cmdSelect[0], cmdSelect[1], cboForm, sourceEncoding}, {Text1[0], Text1[1]});
+    m_controls.begin(this, {cmdClick[0], cmdSelect[0], cmdSelect[1], cboForm, sourceEncoding, changeBox},
+                     {Text1[0], Text1[1]});
     labJinDu->show();
     labShuDo->show();
     showResult({}, {});

@@ -4,6 +4,7 @@
 
 #include "platform/host.h"
 #include "tidy/tidyRun.h"
+#include "tidy/windows/encodingBox.h"
 #include "tidy/windows/factsLabel.h"
 #include "widgets/runControls.h"
 #include "widgets/window.h"
@@ -25,7 +26,8 @@ namespace tidy {
 class frmTidy final : public widgets::Window {
     Q_OBJECT
 public:
-    explicit frmTidy(platform::Host &host, const QString &source = {}, QWidget *parent = nullptr);
+    explicit frmTidy(platform::Host &host, const QString &source = {}, ChangeOffer changes = {},
+                     QWidget *parent = nullptr);
 
     QGroupBox *Frame1;
     std::array<QLabel *, 3> LabShuoMing;
@@ -34,7 +36,9 @@ public:
     FactsLabel *LabFacts;
     QComboBox *cboForm;
     QLabel *encodingLabel;
-    QComboBox *sourceEncoding;
+    EncodingBox *sourceEncoding;
+    QLabel *changeLabel;
+    QComboBox *changeBox; // the first entry is no change
     QLabel *sampleLabel;
     widgets::TextBox *sampleText;
     QLabel *warningLabel; // about losses of the run
@@ -51,13 +55,13 @@ private:
     void layOut();
     void connectControls();
     void dressWarning();
-    void offerEncodings();
+    void fillBoxes();
     void takeSource(const QString &text);
     void showSample();
     void showResult(const QString &told, const QString &warning);
     void chooseInto(widgets::SelectingEdit *box, platform::FileDialogKind kind);
     TargetForm form() const;
-    SourceEncoding encoding() const;
+    platform::Result<FileChange> change(const QString &source) const;
     // Suggests a name in the folder of the source, unless the user has entered another one.
     void suggestTarget();
     bool mayTidy(const QString &source, const QString &target);
@@ -68,6 +72,7 @@ private:
     void showCount(qint64 records);
 
     platform::Host &m_host;
+    ChangeOffer m_changes;
     widgets::RunControls m_controls;
     QStackedWidget *m_boxes; // the sample or the result
     std::optional<TidyRun> m_run;
