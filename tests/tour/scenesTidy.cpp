@@ -52,6 +52,18 @@ void tidyForeign(TourDriver &driver) {
     driver.answerBox(pathOf(u"foreign-gbk.iso"_s) + u"已经存在。要替换吗？", u"Return"_s, u"tidy-replace"_s); // No
 }
 
+// Cleans a supplier's file by a ready task, file to file.
+void tidyByTask(TourDriver &driver) {
+    giveFocus(driver, u"Text10"_s);
+    driver.key(u"ctrl+a"_s);
+    driver.type(pathOf(u"supplier.iso"_s));
+    driver.key(u"alt+t Down alt+d"_s);
+    waitForResult(driver, u"任务“供应商数据清理”改了"_s);
+    driver.shot(u"tidy-task"_s);
+    driver.expect(recordsIn(pathOf(u"supplier-gbk.iso"_s)) == recordsIn(pathOf(u"supplier.iso"_s)),
+                  u"all records are written"_s);
+}
+
 } // namespace
 
 void tidy(TourDriver &driver) {
@@ -63,6 +75,7 @@ void tidy(TourDriver &driver) {
     tidyForeign(driver);
     driver.expect(driver.textOf(u"txtResult"_s).contains(u"𠮷（U+20BB7）：%1 处"_s.arg(rare)),
                   u"the lost characters are listed"_s);
+    tidyByTask(driver);
     driver.key(u"Escape"_s);
     driver.waitUntilGone(u"frmTidy"_s);
 }

@@ -57,8 +57,8 @@ void frmTasks::layOut() {
                                labJinDu,
                                widgets::row({widgets::stretch(), stepsButton, previewButton, runButton, undoButton,
                                              stopButton, quitButton})}));
-    const QFontMetrics metrics = fontMetrics();
-    resize(metrics.averageCharWidth() * 120, metrics.height() * 34);
+    const int line = fontMetrics().height();
+    resize(56 * line, 40 * line); // fits the preview; a small screen limits it
     widgets::tabInReadingOrder(this);
 }
 
@@ -209,11 +209,14 @@ void frmTasks::finish(const QString &report, bool stopped) {
 
 // Sums up the preview, without what the user has left out.
 void frmTasks::sayAll() {
-    const ChangePreview::Count all = m_work.changes()->all();
-    labJinDu->setText(
+    const ChangePreview &preview = *m_work.changes();
+    const ChangePreview::Count all = preview.all();
+    const int refused = preview.counts()[preview.refusedAt()].records;
+    const QString words =
         all.changes == 0
             ? u"没有什么要改的"_s
-            : u"会改 %1 条记录，共 %2 处。改过的记录重新生成 001，可以整批撤销"_s.arg(all.records).arg(all.changes));
+            : u"会改 %1 条记录，共 %2 处。改过的记录重新生成 001，可以整批撤销"_s.arg(all.records).arg(all.changes);
+    labJinDu->setText(words + (refused > 0 ? u"。%1 条改不成，原因见左边"_s.arg(refused) : QString()));
     runButton->setEnabled(!m_work.isBusy() && all.changes > 0);
 }
 

@@ -83,7 +83,7 @@ void PreviewPage::layOut() {
 // Sets the widths in characters of the current font.
 void PreviewPage::fitWidths() {
     const int character = fontMetrics().horizontalAdvance(u'书');
-    constexpr auto characters = std::to_array<int>({2, 3, 7, 4, 14, 14});
+    constexpr auto characters = std::to_array<int>({2, 3, 6, 6, 13, 8});
     for (size_t column = 0; column < characters.size(); ++column)
         grid->setColumnTwips(int(column), grid->toTwips(character * characters[column]));
 }

@@ -45,6 +45,26 @@ constexpr bool inOrder() {
 static_assert(inOrder());
 
 // Removes all rows with their controls.
+// A text of several lines. A form layout would not give it the height that its width requires.
+class FaultLabel final : public QLabel {
+public:
+    explicit FaultLabel(const QString &objectName) {
+        setObjectName(objectName);
+        setWordWrap(true);
+        setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Minimum);
+        QPalette inked = palette();
+        inked.setColor(QPalette::WindowText, widgets::colour(widgets::Colour::ErrorInk, inked));
+        setPalette(inked);
+        hide();
+    }
+
+protected:
+    void resizeEvent(QResizeEvent *event) override {
+        QLabel::resizeEvent(event);
+        setMinimumHeight(heightForWidth(width()));
+    }
+};
+
 void clear(QFormLayout *layout) {
     while (layout->rowCount() > 1)
         layout->removeRow(1);
@@ -120,18 +140,11 @@ void StepForm::fill(QFormLayout *layout, Rows &rows, bool ofTest) {
     for (const Use &use : uses) {
         QWidget *box = makeBox(use, (ofTest ? m_step.testValues : m_step.values)[use.parameter]);
         box->setObjectName((ofTest ? u"test-"_s : u"value-"_s) + keyOf(use.parameter));
-        auto *fault = named(new QLabel, box->objectName() + u"-fault");
-        fault->setWordWrap(true);
-        QPalette inked = fault->palette();
-        inked.setColor(QPalette::WindowText, widgets::colour(widgets::Colour::ErrorInk, inked));
-        fault->setPalette(inked);
-        fault->hide();
-        auto *both = widgets::column({box, fault});
-        both->setContentsMargins(0, 0, 0, 0);
-        both->setSpacing(0);
+        auto *fault = new FaultLabel(box->objectName() + u"-fault");
         auto *label = new QLabel(use.caption + (use.required ? u" *:"_s : u":"_s));
         box->setAccessibleName(use.caption.toString());
-        layout->addRow(label, both);
+        layout->addRow(label, box);
+        layout->addRow(QString(), fault);
         rows[use.parameter] = {box, fault};
     }
 }
@@ -154,7 +167,7 @@ QWidget *StepForm::makeBox(const Use &use, QString &value) {
     const KindRow &row = kindRows[size_t(use.kind)];
     auto *box = new widgets::SelectingEdit({});
     box->setText(value);
-    box->setPlaceholderText(row.example.toString());
+    box->setPlaceholderText(m_mayChange ? row.example.toString() : QString()); // it would look like a value
     box->setReadOnly(!m_mayChange);
     widgets::hint({{box, row.hint}});
     connect(box, &QLineEdit::textEdited, this, [this, &value](const QString &text) {

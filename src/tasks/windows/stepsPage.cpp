@@ -2,7 +2,7 @@
 #include "tasks/stepTables.h"
 #include "tasks/stepWords.h"
 #include "tasks/taskFile.h"
-#include "widgets/layout.h"
+#include "widgets/foldingRow.h"
 #include "widgets/selectingEdit.h"
 #include <QScopedValueRollback>
 #include <QSplitter>
@@ -43,8 +43,10 @@ void StepsPage::layOut() {
     auto *wordsLabel = widgets::naming(named(new QLabel(u"说明(&G):"_s, this), u"descriptionLabel"_s), descriptionEdit);
     auto *left = named(new QWidget, u"stepsSide"_s);
     left->setLayout(widgets::column({{stepList, 1},
-                                     widgets::row({addButton, copyButton, removeButton, widgets::stretch()}),
-                                     widgets::row({upButton, downButton, widgets::stretch()})}));
+                                     new widgets::FoldingRow({
+                                         widgets::row({addButton, copyButton, removeButton}),
+                                         widgets::row({upButton, downButton, widgets::stretch()}),
+                                     })}));
     left->layout()->setContentsMargins(0, 0, 0, 0);
     auto *across = named(new QSplitter(Qt::Horizontal, this), u"stepsAcross"_s);
     across->addWidget(left);
@@ -104,8 +106,7 @@ void StepsPage::show(const Task &task, bool mayChange, const QString &fault) {
     descriptionEdit->setCursorPosition(0);
     nameEdit->setReadOnly(!mayChange);
     descriptionEdit->setReadOnly(!mayChange);
-    noteLabel->setText(!fault.isEmpty() ? fault : mayChange ? QString() : u"现成的任务不能改；要改，先“复制”一份。"_s);
-    noteLabel->setVisible(!noteLabel->text().isEmpty());
+    m_fault = fault;
     list(0);
 }
 
@@ -145,6 +146,11 @@ void StepsPage::allow() {
     removeButton->setEnabled(m_mayChange && row >= 0);
     upButton->setEnabled(m_mayChange && row > 0);
     downButton->setEnabled(m_mayChange && row >= 0 && row < stepList->count() - 1);
+    noteLabel->setText(!m_fault.isEmpty()     ? m_fault
+                       : !m_mayChange         ? u"现成的任务不能改；要改，先“复制”一份。"_s
+                       : m_task.steps.empty() ? u"这个任务还没有步骤，按“加一步”添加。"_s
+                                              : QString());
+    noteLabel->setVisible(!noteLabel->text().isEmpty());
 }
 
 // After the current step.

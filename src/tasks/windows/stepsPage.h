@@ -49,6 +49,7 @@ private:
     void allow();
 
     Task m_task;
+    QString m_fault; // of the file of the task
     bool m_mayChange = false;
     bool m_filling = false;
 };
