@@ -167,6 +167,12 @@ void checkRecord(const RawRecord &record, QByteArrayView bytes) {
     require(store.record(0) == record, "the list returns a record unchanged");
 
     const ShownRecord shown = showRecord(record);
+    if (const QByteArrayView encoded = store.encodedBytes(0); !encoded.isEmpty()) {
+        ShownRecord again;
+        showRecord(encoded, again);
+        require(again.rows == shown.rows && again.leader == shown.leader && again.cutOff == shown.cutOff,
+                "bytes and text give the same rows");
+    }
     checkBounds(shown, platform::gbkLength(record));
     const card::Card card = card::showKapian(record);
     require(card.text || !card.boxes.isEmpty() || !card.fault.isEmpty(), "a card has a text, boxes or a fault");

@@ -2,8 +2,10 @@
 #include "marc/directory.h"
 #include "marc/isoLayout.h"
 #include "marc/subfields.h"
+#include "platform/codepage936.h"
 #include "platform/numbers.h"
 #include <algorithm>
+#include <array>
 #include <optional>
 #include <utility>
 
@@ -16,14 +18,27 @@ namespace {
 constexpr int indicatorCount = 2;
 constexpr int embeddedHead = 5; // tag and indicators of an embedded field
 constexpr int firstDataTag = 10;
+constexpr qsizetype rowsPerField = 3; // room for most records
 constexpr char16_t embeddedDelimiter[] = {subfieldDelimiter, u'1', 0};
+
+// Returns the texts "$" and a character, for all ASCII characters. Rows share them.
+const std::array<QString, 128> &shownCodes() {
+    static const auto codes = [] {
+        std::array<QString, 128> made;
+        for (size_t i = 0; i < made.size(); ++i)
+            made[i] = u'$' + QString(QChar(char16_t(i)));
+        return made;
+    }();
+    return codes;
+}
+
+QString shownCode(QStringView code) {
+    const bool isAscii = code.size() == 1 && code[0].unicode() < shownCodes().size();
+    return isAscii ? shownCodes()[code[0].unicode()] : QString(u'$' + code);
+}
 
 QString blanksShown(QStringView text) {
     return text.toString().replace(u' ', u'#');
-}
-
-void dropFirst(QString &text, qsizetype count) {
-    text = text.sliced(std::min(count, text.size()));
 }
 
 // A field whose tag is not a number is a data field.
@@ -36,8 +51,8 @@ bool isControlTag(const QString &tag) {
 // subfield in place; therefore these variables outlive an entry.
 class RowMaker {
 public:
-    RowMaker(const RawRecord &record, QStringView baseAddress, FieldRows &rows)
-        : m_cutter(record)
+    RowMaker(FieldCutter cutter, QStringView baseAddress, FieldRows &rows)
+        : m_cutter(std::move(cutter))
         , m_allowance(m_cutter)
         , m_base(platform::toInt32(baseAddress).value_or(0))
         , m_rows(rows) {}
@@ -47,27 +62,32 @@ public:
         m_length = platform::toInt32(length).value_or(m_length);
         m_start = platform::toInt32(start).value_or(m_start);
         if (std::optional<QString> cut = m_cutter.cut(m_base, m_start, m_length))
-            m_field = *std::move(cut);
+            setField(*std::move(cut));
         if (!m_allowance.admits(m_field.size()))
             return false;
-        const QString indicators = blanksShown(QStringView(m_field).left(indicatorCount));
-        dropFirst(m_field, indicatorCount);
+        const QString indicators = blanksShown(m_field.left(indicatorCount));
+        m_field = m_field.sliced(std::min<qsizetype>(indicatorCount, m_field.size()));
         if (isControlTag(tag)) {
             append(tag, {}, indicators + m_field.chopped(m_field.isEmpty() ? 0 : 1));
             return !m_full;
         }
         append(tag, u"指示符"_s, indicators);
         const bool embedded = tag.startsWith(u'4') && m_field.contains(QStringView(embeddedDelimiter));
-        m_field.chop(1);
+        m_field.chop(m_field.isEmpty() ? 0 : 1);
         embedded ? takeEmbedded() : takeSubfields();
         return !m_full;
     }
 
 private:
-    void append(const QString &identifier, const QString &subfieldLabel, const QString &value) {
+    void setField(QString text) {
+        m_text = std::move(text);
+        m_field = m_text;
+    }
+
+    void append(QString identifier, QString subfieldLabel, QString value) {
         m_full = m_full || m_rows.size() >= m_cutter.recordBytes();
         if (!m_full)
-            m_rows.append({{}, {}, identifier, subfieldLabel, value});
+            m_rows.emplaceBack(QString(), QString(), std::move(identifier), std::move(subfieldLabel), std::move(value));
     }
 
     void takeSubfields() {
@@ -77,9 +97,9 @@ private:
                 m_value = walk.value().toString();
             else // repeats the previous value, which counts since callers join the rows
                 m_full = !m_allowance.admits(m_value.size());
-            append(u'$' + walk.code(), {}, m_value);
+            append(shownCode(walk.code()), {}, m_value);
         }
-        m_field = walk.rest().toString();
+        m_field = walk.rest();
     }
 
     // Only "1" subfields get a row; text before the first one is dropped, and other subfields remain part of the value.
@@ -96,7 +116,7 @@ private:
                    blanksShown(QStringView(m_value).left(embeddedHead)) +
                        m_value.mid(embeddedHead).replace(QChar(subfieldDelimiter), u'$'));
         }
-        m_field = rest.toString();
+        m_field = rest;
     }
 
     FieldCutter m_cutter;
@@ -104,11 +124,30 @@ private:
     qint32 m_base = 0;
     qint32 m_length = 0;
     qint32 m_start = 0;
-    QString m_field;
+    QString m_text;
+    QStringView m_field; // part of m_text
     QString m_value;
     FieldRows &m_rows;
     bool m_full = false; // a row was dropped because of the limit
 };
+
+// `head` is the record as text, of which only the leader and the directory are read.
+void show(QStringView head, FieldCutter cutter, ShownRecord &shown) {
+    const DirectoryView directory = viewDirectory(head);
+    shown.leader = directory.leader.toString();
+    shown.damaged = directory.damaged;
+    shown.cutOff = false;
+    shown.rows.clear();
+    if (shown.damaged) {
+        shown.rows.append(FieldRow{});
+        return;
+    }
+    shown.rows.reserve(rowsPerField * directory.count() + 1);
+    shown.rows.append({{}, u"头标区"_s, u"000"_s, {}, shown.leader});
+    RowMaker maker(std::move(cutter), directory.baseAddress, shown.rows);
+    for (qsizetype i = 0; i < directory.count() && !shown.cutOff; ++i)
+        shown.cutOff = !maker.take(directory.tag(i).toString(), directory.length(i), directory.start(i));
+}
 
 } // namespace
 
@@ -116,17 +155,20 @@ bool isFieldRow(const FieldRow &row) {
     return platform::isNumericText(row.identifier);
 }
 
+void showRecord(const RawRecord &record, ShownRecord &shown) {
+    show(record, FieldCutter(record), shown);
+}
+
+// Decodes up to the end of the directory, but enough bytes for a leader of two-byte characters.
+void showRecord(QByteArrayView gbk, ShownRecord &shown) {
+    const qsizetype end = gbk.indexOf(char(fieldTerminator));
+    const qsizetype head = end < 0 ? gbk.size() : std::max(end + 1, std::min<qsizetype>(2 * leaderLength, gbk.size()));
+    show(platform::decode(gbk.first(head)), FieldCutter::over(gbk), shown);
+}
+
 ShownRecord showRecord(const RawRecord &record) {
-    const DirectoryView directory = viewDirectory(record);
-    ShownRecord shown{directory.leader.toString(), directory.damaged, false, {}};
-    if (shown.damaged) {
-        shown.rows.append(FieldRow{});
-        return shown;
-    }
-    shown.rows.append({{}, u"头标区"_s, u"000"_s, {}, shown.leader});
-    RowMaker maker(record, directory.baseAddress, shown.rows);
-    for (qsizetype i = 0; i < directory.count() && !shown.cutOff; ++i)
-        shown.cutOff = !maker.take(directory.tag(i).toString(), directory.length(i), directory.start(i));
+    ShownRecord shown;
+    showRecord(record, shown);
     return shown;
 }
 

@@ -32,5 +32,9 @@ struct ShownRecord {
 // Returns the rows of a record, without descriptions. A step that fails is skipped and leaves its target unchanged. The
 // number of rows is at most the number of bytes of the record, which records without overlapping fields never reach.
 ShownRecord showRecord(const RawRecord &record);
+// The same for many records, one after the other: uses the memory of the previous rows again. The second form takes the
+// record as GBK, which must be what its text encodes to.
+void showRecord(const RawRecord &record, ShownRecord &shown);
+void showRecord(QByteArrayView gbk, ShownRecord &shown);
 
 } // namespace marc

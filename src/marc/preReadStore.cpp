@@ -99,6 +99,10 @@ QByteArrayView PreReadStore::heldBytes(int row) const {
     return at.isText ? QByteArrayView() : bytesOf(at);
 }
 
+QByteArrayView PreReadStore::encodedBytes(int row) const {
+    return m_rows.at(size_t(row)).hasReplacement ? QByteArrayView() : heldBytes(row);
+}
+
 void PreReadStore::setNumber(int row, int number) {
     m_rows.at(size_t(row)).number = number;
 }
@@ -142,7 +146,8 @@ void PreReadStore::setRecord(int row, const RawRecord &record, QByteArrayView gb
     const QString title = this->title(row); // read first, since it may be stored in the bytes to be replaced
     // If every byte was part of a character, the bytes decode to the text; if not, joined lines may have been decoded
     // separately, so that decoding must be tried.
-    const bool bytesSuffice = !gbk.isEmpty() && (!hasReplacement(record) || platform::decode(gbk) == record);
+    at.hasReplacement = hasReplacement(record);
+    const bool bytesSuffice = !gbk.isEmpty() && (!at.hasReplacement || platform::decode(gbk) == record);
     at.isText = !bytesSuffice && !platform::isEncodable(record);
     const QByteArrayView held =
         at.isText ? keepText(record) : m_held.keep(bytesSuffice ? gbk : QByteArrayView(platform::encode(record)));

@@ -31,6 +31,9 @@ public:
     // Returns the record as GBK if it is stored so; an empty view if it is stored as text or there is none. Valid until
     // the list changes.
     QByteArrayView heldBytes(int row) const;
+    // The same, but an empty view also if the bytes are not those that the record encodes to: if some of them decode to
+    // the replacement character.
+    QByteArrayView encodedBytes(int row) const;
 
     void setNumber(int row, int number);
     void setTitle(int row, const QString &title);
@@ -49,9 +52,10 @@ private:
     // Small, since there is one per record.
     struct Row {
         const char *record = nullptr; // in the arena
-        quint64 recordSize : 40 = 0;
+        quint64 recordSize : 39 = 0;
         quint64 titleSize : 22 = 0;
-        quint64 isText : 1 = false;       // the record as UTF-16
+        quint64 isText : 1 = false; // the record as UTF-16
+        quint64 hasReplacement : 1 = false;
         quint64 titleIsApart : 1 = false; // in m_titles, at index titleAt; else in the record, at offset titleAt
         quint32 titleAt = 0;
         int number = 0; // 0: none

@@ -1,4 +1,5 @@
 #include "marc/standardNumber.h"
+#include <QVarLengthArray>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -25,15 +26,16 @@ bool areDigits(QStringView text) {
     return std::ranges::all_of(text, isDigit);
 }
 
+using PlainNumber = QVarLengthArray<QChar, 16>;
+
 // Returns the digits at the start of the text, with an X as the check digit.
-QString plainNumber(QStringView text) {
-    QString plain;
-    plain.reserve(longForm);
+PlainNumber plainNumber(QStringView text) {
+    PlainNumber plain;
     for (const QChar c : text) {
         if (!isPartOfNumber(c))
             break;
         if (c != u'-' && c != u' ')
-            plain += c.toUpper();
+            plain.append(c == u'x' ? QChar(u'X') : c);
     }
     return plain;
 }
@@ -65,15 +67,16 @@ QChar checkDigit11(QStringView digits) {
 }
 
 IsbnKey isbnKey(QStringView text) {
-    const QString plain = plainNumber(text);
+    const PlainNumber number = plainNumber(text);
+    const QStringView plain(number);
     if (plain.size() == longForm && areDigits(plain))
         return plain.toULongLong();
     if (!hasForm(plain, shortForm))
         return 0;
-    if (checkDigit11(QStringView(plain).chopped(1)) != plain.back())
-        return beyondLongForm + QStringView(plain).chopped(1).toULongLong() * 11 +
+    if (checkDigit11(plain.chopped(1)) != plain.back())
+        return beyondLongForm + plain.chopped(1).toULongLong() * 11 +
                (plain.back() == u'X' ? 10 : IsbnKey(plain.back().unicode() - u'0'));
-    const QString twelve = bookland + QStringView(plain).chopped(1);
+    const QString twelve = bookland + plain.chopped(1);
     return QString(twelve + checkDigit13(twelve)).toULongLong();
 }
 
@@ -82,14 +85,14 @@ bool isRightIsbn10(IsbnKey key) {
 }
 
 bool isIsbn13(QStringView text) {
-    const QString plain = plainNumber(text);
+    const PlainNumber plain = plainNumber(text);
     return plain.size() == longForm && areDigits(plain);
 }
 
 std::optional<QString> isbn13Fault(QStringView text) {
     if (!isIsbn13(text))
         return std::nullopt;
-    const QString plain = plainNumber(text);
+    const PlainNumber plain = plainNumber(text);
     if (!startsAsBook(plain))
         return u"13位ISBN应以978或979开头"_s;
     if (const QChar right = checkDigit13(plain); right != plain.back())
@@ -100,8 +103,8 @@ std::optional<QString> isbn13Fault(QStringView text) {
 QString cutIsbn13(QStringView stored) {
     if (stored.size() != isbnKept || !startsAsBook(stored) || !std::ranges::all_of(stored, isPartOfNumber))
         return {};
-    const QString plain = plainNumber(stored);
-    return plain.size() < longForm && areDigits(plain) ? plain : QString();
+    const PlainNumber plain = plainNumber(stored);
+    return plain.size() < longForm && areDigits(plain) ? QStringView(plain).toString() : QString();
 }
 
 bool beginsWith(IsbnKey isbn, const QString &cut) {
@@ -109,7 +112,7 @@ bool beginsWith(IsbnKey isbn, const QString &cut) {
 }
 
 std::optional<QString> issnFault(QStringView text) {
-    const QString plain = plainNumber(text);
+    const PlainNumber plain = plainNumber(text);
     if (!hasForm(plain, issnForm))
         return u"ISSN应为8位"_s;
     if (const QChar right = checkDigit11(QStringView(plain).chopped(1)); right != plain.back())

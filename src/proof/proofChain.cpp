@@ -27,30 +27,35 @@ RecordFaults faultsOf(const marc::FieldRows &rows, const QString &folder) {
     return found;
 }
 
-RecordProofs::RecordProofs(QString folder)
-    : m_folder(std::move(folder)) {}
+RecordProofs::RecordProofs(QString folder, std::chrono::milliseconds interval)
+    : m_folder(std::move(folder))
+    , m_interval(interval) {}
 
 RecordFaults RecordProofs::faultsOf(const marc::FieldRows &rows) {
-    RecordFaults found{.structural = proofFields(rows), .isbn = proofISBN(rows)};
-    found.complaint = templateComplaint(m_folder);
+    if (!m_looked.isValid() || m_looked.elapsed() >= m_interval.count())
+        lookAtFiles();
+    RecordFaults found{.structural = proofFields(rows), .isbn = proofISBN(rows), .complaint = m_complaint};
     if (!found.complaint.isEmpty())
         return found;
-    if (const auto &byTemplate = rules())
-        found.byTemplate = byTemplate.value().proof(rows);
+    if (m_rules->ok())
+        found.byTemplate = m_rules->value().proof(rows);
     else
-        found.unread = byTemplate.failure();
+        found.unread = m_rules->failure();
     return found;
 }
 
-const platform::Result<TemplateRules> &RecordProofs::rules() {
+void RecordProofs::lookAtFiles() {
+    m_looked.start();
+    m_complaint = templateComplaint(m_folder);
+    if (!m_complaint.isEmpty())
+        return;
     const QFileInfo file(m_folder + marc::templateFile);
     const QDateTime changed = file.lastModified();
-    if (!m_rules || !*m_rules || changed != m_changed || file.size() != m_size) {
-        m_changed = changed;
-        m_size = file.size();
-        m_rules = TemplateRules::read(m_folder);
-    }
-    return *m_rules;
+    if (m_rules && *m_rules && changed == m_changed && file.size() == m_size)
+        return;
+    m_changed = changed;
+    m_size = file.size();
+    m_rules = TemplateRules::read(m_folder);
 }
 
 platform::Result<RecordProof> proofRecord(const marc::FieldRows &rows, const QString &folder) {

@@ -7,6 +7,8 @@
 #include "proof/fault.h"
 #include "proof/templateProof.h"
 #include <QDateTime>
+#include <QElapsedTimer>
+#include <chrono>
 
 namespace proof {
 
@@ -26,15 +28,19 @@ RecordFaults faultsOf(const marc::FieldRows &rows, const QString &folder);
 // results are those of faultsOf().
 class RecordProofs {
 public:
-    // `folder` is the program's own folder, with a separator at its end.
-    explicit RecordProofs(QString folder);
+    // `folder` is the program's own folder, with a separator at its end. A change of its files takes effect after at
+    // most `interval`; with 0, at the next record.
+    explicit RecordProofs(QString folder, std::chrono::milliseconds interval = {});
 
     RecordFaults faultsOf(const marc::FieldRows &rows);
 
 private:
-    const platform::Result<TemplateRules> &rules();
+    void lookAtFiles();
 
     QString m_folder;
+    std::chrono::milliseconds m_interval;
+    QElapsedTimer m_looked; // since the files were looked at; invalid before
+    QString m_complaint;    // about a missing file
     QDateTime m_changed;
     qint64 m_size = -1;
     std::optional<platform::Result<TemplateRules>> m_rules;

@@ -1,5 +1,4 @@
 #include "proof/structuralProof.h"
-#include <algorithm>
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -29,25 +28,46 @@ constexpr auto rules = std::to_array<Rule>({
 });
 static_assert(rules.size() == 34);
 
+constexpr size_t noTag = 1000;
+
+// Returns the number of a tag of three digits, else noTag.
+constexpr size_t numberOf(QStringView tag) {
+    size_t number = tag.size() == 3 ? 0 : noTag;
+    for (qsizetype i = 0; number < noTag && i < tag.size(); ++i)
+        number = tag[i] >= u'0' && tag[i] <= u'9' ? number * 10 + (tag[i].unicode() - u'0') : noTag;
+    return number;
+}
+
+constexpr qint8 noRule = -1;
+
+// The indexes of the rules by tag number.
+constexpr auto ruleOfTag = [] {
+    std::array<qint8, noTag + 1> indexes{};
+    indexes.fill(noRule);
+    for (size_t i = 0; i < rules.size(); ++i)
+        indexes[numberOf(rules[i].tag)] = qint8(i);
+    return indexes;
+}();
+
 } // namespace
 
 std::vector<Fault> proofFields(const marc::FieldRows &rows) {
     std::array<int, rules.size()> counts{};
     std::array<qsizetype, rules.size()> second{}; // element of the second occurrence
     for (qsizetype at = 0; at < rows.size(); ++at) {
-        const QString &tag = rows[at].identifier;
-        if (tag.size() != 3)
-            continue;
-        const auto rule = std::ranges::find(rules, QStringView(tag), &Rule::tag);
-        if (rule != rules.end() && ++counts[size_t(rule - rules.begin())] == 2)
-            second[size_t(rule - rules.begin())] = at;
+        const qint8 rule = ruleOfTag[numberOf(rows[at].identifier)];
+        if (rule != noRule && ++counts[size_t(rule)] == 2)
+            second[size_t(rule)] = at;
     }
     std::vector<Fault> faults;
     for (size_t i = 0; i < rules.size(); ++i) {
+        const bool isMissing = counts[i] == 0 && rules[i].kind == Kind::Required;
+        if (!isMissing && counts[i] <= 1)
+            continue;
         const QString tag = rules[i].tag.toString();
-        if (counts[i] == 0 && rules[i].kind == Kind::Required)
+        if (isMissing)
             faults.push_back({FaultKind::Missing, tag, {}, tag + u"字段（必备字段）不存在！"});
-        else if (counts[i] > 1)
+        else
             faults.push_back({FaultKind::Repeated, tag, second[i], tag + u"字段（不可重复字段）重复！"});
     }
     return faults;

@@ -1,89 +1,125 @@
 #include "schema/pattern.h"
 #include "platform/boundedExpression.h"
+#include <algorithm>
 #include <optional>
 
 using namespace Qt::StringLiterals;
 
 namespace schema {
 
-namespace {
-
-// Reads one set of characters at the start of `rest` and removes it. Returns std::nullopt for anything but a plain
-// character, "\d", an escaped sign and a class of these with ranges.
-class SetReader {
+// Reads the alternatives of an expression whose parts are plain characters, "\d", escaped signs and classes of these
+// with ranges, with or without a number in braces. The alternatives together are short, so that no text takes long.
+class Pattern::Reader {
 public:
-    explicit SetReader(QStringView rest)
-        : m_rest(rest) {}
+    explicit Reader(QStringView expression)
+        : m_rest(expression) {}
 
-    bool atEnd() const { return m_rest.isEmpty(); }
-    std::optional<std::bitset<128>> set();
-    std::optional<int> count();
-    bool take(QChar c) {
-        if (!m_rest.startsWith(c))
-            return false;
-        m_rest = m_rest.sliced(1);
-        return true;
-    }
+    // Returns nothing if the expression has another part.
+    std::vector<Alternative> alternatives();
 
 private:
-    bool addCharacter(std::bitset<128> &set, char16_t &last);
-    bool addClass(std::bitset<128> &set);
+    std::optional<Alternative> alternative();
+    bool addPiece(Alternative &alternative);
+    bool addCharacter(Piece &piece, char16_t &last);
+    bool addClass(Piece &piece);
+    std::optional<int> count();
+    bool atEnd() const { return m_rest.isEmpty() || m_rest[0] == u'|'; } // of the alternative
+    QChar next() {
+        const QChar c = m_rest[0];
+        m_rest = m_rest.sliced(1);
+        return c;
+    }
+    bool take(QChar c) {
+        const bool found = m_rest.startsWith(c);
+        m_rest = m_rest.sliced(found ? 1 : 0);
+        return found;
+    }
 
     QStringView m_rest;
 };
 
-bool SetReader::addCharacter(std::bitset<128> &set, char16_t &last) {
-    char16_t c = m_rest[0].unicode();
-    m_rest = m_rest.sliced(1);
+std::vector<Pattern::Alternative> Pattern::Reader::alternatives() {
+    constexpr qsizetype mostCharacters = 100;
+    std::vector<Alternative> read;
+    qsizetype characters = 0;
+    do {
+        auto next = alternative();
+        if (!next || (characters += next->length) > mostCharacters)
+            return {};
+        read.push_back(*std::move(next));
+    } while (take(u'|'));
+    return read;
+}
+
+std::optional<Pattern::Alternative> Pattern::Reader::alternative() {
+    Alternative read{.fromStart = take(u'^')};
+    while (!atEnd() && !read.toEnd) {
+        read.toEnd = take(u'$');
+        if (!read.toEnd && !addPiece(read))
+            return std::nullopt;
+    }
+    return atEnd() && !read.pieces.empty() ? std::optional(std::move(read)) : std::nullopt;
+}
+
+bool Pattern::Reader::addPiece(Alternative &alternative) {
+    Piece piece;
+    char16_t last = 0;
+    if (!(take(u'[') ? addClass(piece) : addCharacter(piece, last)))
+        return false;
+    const auto number = count();
+    piece.count = number.value_or(1);
+    alternative.length += piece.count;
+    alternative.pieces.push_back(std::move(piece));
+    return number.has_value();
+}
+
+// Sets `last` to the character if a range may start with it, else to 0.
+bool Pattern::Reader::addCharacter(Piece &piece, char16_t &last) {
+    char16_t c = next().unicode();
+    last = 0;
     if (c == u'\\') {
         if (m_rest.isEmpty())
             return false;
-        c = m_rest[0].unicode();
-        m_rest = m_rest.sliced(1);
+        c = next().unicode();
         if (c == u'd') {
             for (char16_t digit = u'0'; digit <= u'9'; ++digit)
-                set.set(digit);
-            last = 0;
+                piece.ascii.set(digit);
             return true;
         }
-        if (c >= 128 || QChar(c).isLetterOrNumber())
+        if (c >= piece.ascii.size() || QChar(c).isLetterOrNumber())
             return false;
-    } else if (c >= 128 || QStringView(u"^$.|?*+(){}[]").contains(QChar(c))) {
+    } else if (QStringView(u"^$.|?*+(){}[]").contains(QChar(c)) || QChar::isSurrogate(c)) {
         return false;
     }
-    set.set(c);
-    last = c;
+    if (c < piece.ascii.size()) {
+        piece.ascii.set(c);
+        last = c;
+    } else {
+        piece.others.append(QChar(c));
+    }
     return true;
 }
 
-bool SetReader::addClass(std::bitset<128> &set) {
+bool Pattern::Reader::addClass(Piece &piece) {
     char16_t last = 0;
-    while (!m_rest.isEmpty() && !m_rest.startsWith(u']')) {
+    while (!m_rest.isEmpty() && m_rest[0] != u']') {
         if (m_rest.size() > 1 && m_rest[0] == u'-' && m_rest[1] != u']') {
-            char16_t end = 0;
             const char16_t begin = last;
-            m_rest = m_rest.sliced(1);
-            if (begin == 0 || !addCharacter(set, end) || end < begin)
+            char16_t end = 0;
+            (void)next();
+            if (begin == 0 || !addCharacter(piece, end) || end < begin)
                 return false;
             for (char16_t c = begin; c <= end; ++c)
-                set.set(c);
+                piece.ascii.set(c);
             last = 0;
-        } else if (!addCharacter(set, last)) {
+        } else if (!addCharacter(piece, last)) {
             return false;
         }
     }
-    return take(u']') && set.any();
+    return take(u']') && (piece.ascii.any() || !piece.others.isEmpty());
 }
 
-std::optional<std::bitset<128>> SetReader::set() {
-    std::bitset<128> read;
-    char16_t last = 0;
-    if (take(u'['))
-        return addClass(read) ? std::optional(read) : std::nullopt;
-    return !atEnd() && addCharacter(read, last) ? std::optional(read) : std::nullopt;
-}
-
-std::optional<int> SetReader::count() {
+std::optional<int> Pattern::Reader::count() {
     if (!take(u'{'))
         return 1;
     const qsizetype end = m_rest.indexOf(u'}');
@@ -95,8 +131,6 @@ std::optional<int> SetReader::count() {
     return count;
 }
 
-} // namespace
-
 platform::Result<Pattern> Pattern::compile(const QString &expression) {
     auto general = platform::boundedExpression(expression, QRegularExpression::DotMatchesEverythingOption);
     if (!general)
@@ -104,41 +138,37 @@ platform::Result<Pattern> Pattern::compile(const QString &expression) {
     Pattern pattern;
     pattern.m_expression = expression;
     pattern.m_general = std::move(general).value();
-    pattern.m_pieces = piecesOf(expression);
-    if (pattern.m_pieces.empty())
+    pattern.m_alternatives = Reader(expression).alternatives();
+    if (pattern.m_alternatives.empty())
         pattern.m_general.optimize();
     return pattern;
 }
 
-std::vector<Pattern::Piece> Pattern::piecesOf(QStringView expression) {
-    if (expression.size() < 3 || !expression.startsWith(u'^') || !expression.endsWith(u'$'))
-        return {};
-    std::vector<Piece> pieces;
-    SetReader reader(expression.sliced(1).chopped(1));
-    while (!reader.atEnd()) {
-        const auto set = reader.set();
-        const auto count = set ? reader.count() : std::nullopt;
-        if (!count)
-            return {};
-        pieces.push_back({*set, *count});
-    }
-    return pieces;
-}
-
-bool Pattern::matchesPieces(QStringView text) const {
-    qsizetype at = 0;
-    for (const Piece &piece : m_pieces) {
+bool Pattern::Alternative::matchesAt(qsizetype at, QStringView text) const {
+    for (const Piece &piece : pieces) {
         for (int i = 0; i < piece.count; ++i, ++at) {
-            if (at >= text.size() || text[at].unicode() >= 128 || !piece.set.test(text[at].unicode()))
+            if (!piece.contains(text[at].unicode()))
                 return false;
         }
     }
-    return at == text.size();
+    return true;
+}
+
+bool Pattern::Alternative::matches(QStringView text) const {
+    const qsizetype latest = text.size() - length;
+    const qsizetype first = toEnd ? latest : 0, last = fromStart ? 0 : latest;
+    for (qsizetype at = first; at <= last && latest >= 0; ++at) {
+        if (matchesAt(at, text))
+            return true;
+    }
+    return false;
 }
 
 Matching Pattern::match(QStringView text) const {
-    if (!m_pieces.empty())
-        return matchesPieces(text) ? Matching::Yes : Matching::No;
+    if (!m_alternatives.empty()) {
+        const bool found = std::ranges::any_of(m_alternatives, [&](const auto &each) { return each.matches(text); });
+        return found ? Matching::Yes : Matching::No;
+    }
     const auto found = m_general.match(text);
     if (!found.isValid())
         return Matching::GivenUp;

@@ -21,16 +21,27 @@ public:
     const QString &expression() const { return m_expression; }
 
 private:
-    // A piece of an expression such as "^[0-9]{8}[X-]$": a set of characters and its number.
+    // Expressions such as "^[0-9]{8}[X-]$|图|表" are matched without the library: alternatives of a fixed length.
     struct Piece {
-        std::bitset<128> set;
-        int count = 1;
+        std::bitset<128> ascii;
+        QString others; // the characters of the set that are not ASCII
+        int count = 1;  // of characters, one after the other, that are in the set
+
+        bool contains(char16_t c) const { return c < ascii.size() ? ascii.test(c) : others.contains(QChar(c)); }
     };
-    static std::vector<Piece> piecesOf(QStringView expression);
-    bool matchesPieces(QStringView text) const;
+    struct Alternative {
+        bool fromStart = false; // has "^"
+        bool toEnd = false;     // has "$"
+        std::vector<Piece> pieces;
+        qsizetype length = 0;
+
+        bool matches(QStringView text) const;
+        bool matchesAt(qsizetype at, QStringView text) const;
+    };
+    class Reader;
 
     QString m_expression;
-    std::vector<Piece> m_pieces; // empty if the expression has another form
+    std::vector<Alternative> m_alternatives; // empty if the expression has another form
     QRegularExpression m_general;
 };
 

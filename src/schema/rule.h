@@ -4,7 +4,6 @@
 
 #include "schema/pattern.h"
 #include "schema/recordTypes.h"
-#include <array>
 #include <memory>
 #include <vector>
 
@@ -17,8 +16,10 @@ QStringView nameOf(Level level); // 错误, 警告, 提示
 // Places in a record: fields by tag, and of them the whole field, an indicator or subfields, or positions in these.
 struct Path {
     enum class Part { Field, Indicator, Subfield, AnySubfield };
-    std::array<qint8, 3> tag{}; // digits; -1: any digit
-    bool leader = false;
+    // The lowest and the highest tag. Each digit of a tag between them is in the range of its own two digits, so that
+    // 0 to 990 are the tags "XX0".
+    int firstTag = 0;
+    int lastTag = 0;
     Part part = Part::Field;
     int indicator = 0; // 0 or 1
     char16_t code = 0;
@@ -26,7 +27,14 @@ struct Path {
     int end = -1;
     bool ofCurrentField = false; // refers to the field that "each" stands at
 
-    bool matchesTag(int number) const;
+    bool isOneTag() const { return firstTag == lastTag; }
+    bool matchesTag(int number) const {
+        return number >= firstTag && number <= lastTag && isBetween(number / 10 % 10, firstTag / 10, lastTag / 10) &&
+               isBetween(number % 10, firstTag, lastTag);
+    }
+
+private:
+    static bool isBetween(int digit, int first, int last) { return digit >= first % 10 && digit <= last % 10; }
 };
 
 using Paths = std::vector<Path>;

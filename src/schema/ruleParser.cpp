@@ -45,7 +45,7 @@ constexpr auto comparisons = std::to_array<Comparison>({
 });
 
 bool hasFlatTag(const Path &path) {
-    return path.leader || (path.tag[0] == 0 && path.tag[1] == 0);
+    return path.firstTag == leaderTag || path.lastTag < firstDataTag;
 }
 
 bool comparesWholeField(const Operand &operand) {
@@ -57,9 +57,8 @@ bool comparesWholeField(const Operand &operand) {
 // Reads a path whose form the tokens guarantee.
 Path pathOf(QStringView text, const Path *each) {
     Path path;
-    path.leader = text.startsWith(u"LDR");
-    for (qsizetype i = 0; i < 3 && !path.leader; ++i)
-        path.tag[size_t(i)] = text[i] == u'X' ? qint8(-1) : qint8(text[i].unicode() - u'0');
+    path.firstTag = tagNumber(QString(text.first(3).toString()).replace(u'X', u'0'));
+    path.lastTag = tagNumber(QString(text.first(3).toString()).replace(u'X', u'9'));
     if (const qsizetype slash = text.indexOf(u'/'); slash >= 0) {
         const QStringView range = text.sliced(slash + 1);
         const qsizetype hyphen = range.indexOf(u'-');
@@ -74,7 +73,7 @@ Path pathOf(QStringView text, const Path *each) {
         path.part = text[4] == u'*' ? Path::Part::AnySubfield : Path::Part::Subfield;
         path.code = text[4].unicode();
     }
-    path.ofCurrentField = each && path.tag == each->tag && path.leader == each->leader;
+    path.ofCurrentField = each && path.firstTag == each->firstTag && path.lastTag == each->lastTag;
     return path;
 }
 

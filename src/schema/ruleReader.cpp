@@ -30,19 +30,6 @@ QStringView nameOf(Level level) {
     return levels[size_t(level)];
 }
 
-bool Path::matchesTag(int number) const {
-    if (leader || number == leaderTag)
-        return leader && number == leaderTag;
-    if (number < 0)
-        return false;
-    const std::array<int, 3> digits{number / 100, number / 10 % 10, number % 10};
-    for (size_t i = 0; i < digits.size(); ++i) {
-        if (tag[i] >= 0 && tag[i] != digits[i])
-            return false;
-    }
-    return true;
-}
-
 platform::Result<Rule> readRule(const QJsonObject &object) {
     Rule rule{.name = object[u"class"].toString(),
               .description = object[u"description"].toString(),

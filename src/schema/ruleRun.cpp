@@ -78,8 +78,8 @@ Finding RuleRun::violation(int number) const {
         place = m_conditionPlace;
     if (place.field < 0) {
         const Paths &paths = rule.consequence.left.paths;
-        if (!paths.empty() && !paths[0].leader && std::ranges::min(paths[0].tag) >= 0)
-            finding.tag = qint16(paths[0].tag[0] * 100 + paths[0].tag[1] * 10 + paths[0].tag[2]);
+        if (!paths.empty() && paths[0].isOneTag() && paths[0].firstTag != leaderTag)
+            finding.tag = qint16(paths[0].firstTag);
         return finding;
     }
     const Field &field = m_walk.fields()[size_t(place.field)];

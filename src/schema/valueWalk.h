@@ -98,10 +98,8 @@ template <class Visit>
 bool ValueWalk::visit(const Path &path, const Visit &visitor) {
     if (path.ofCurrentField)
         return visitField(path, m_current, visitor);
-    const bool isExact = path.leader || std::ranges::min(path.tag) >= 0;
-    if (isExact) {
-        const int tag = path.leader ? leaderTag : path.tag[0] * 100 + path.tag[1] * 10 + path.tag[2];
-        for (int i = m_first[size_t(tag)]; i >= 0 && !m_givenUp; i = m_next[size_t(i)]) {
+    if (path.isOneTag()) {
+        for (int i = m_first[size_t(path.firstTag)]; i >= 0 && !m_givenUp; i = m_next[size_t(i)]) {
             if (visitField(path, i, visitor))
                 return true;
         }

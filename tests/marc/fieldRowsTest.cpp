@@ -82,6 +82,9 @@ TEST(ShowRecord, StaysBoundedIfADirectoryRepeatsTheSameBytes) {
         for (const FieldRow &row : shown.rows)
             characters += row.value.size();
         EXPECT_LE(characters, 17 * platform::gbkLength(record));
+        ShownRecord again;
+        showRecord(QByteArrayView(platform::encode(record)), again);
+        EXPECT_TRUE(again.rows == shown.rows && again.cutOff == cutOff);
     }
 }
 

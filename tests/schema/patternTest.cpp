@@ -24,6 +24,26 @@ TEST(Pattern, MatchesLikeEcmaScript) {
     }
 }
 
+// Expressions of the simple form against the library's own matching, on every text of up to four of these characters.
+TEST(Pattern, MatchesSimpleExpressionsAsTheLibraryDoes) {
+    const QString characters = u"ab书图-"_s;
+    QStringList texts{QString()};
+    for (qsizetype begin = 0, end = 1; texts.last().size() < 4; begin = end, end = texts.size())
+        for (qsizetype at = begin; at < end; ++at)
+            for (const QChar c : characters)
+                texts.append(texts[at] + c);
+    for (const char16_t *expression :
+         {u"图|书", u"^[ab]{2}$|书图", u"b$|^-", u"[a书]{2}b", u"^a|b|图$", u"[图书]", u"a-", u"^书{3}", u"[-a]$",
+          u"\\-b", u"a{3}$", u"a|", u"^$|图", u"[^a]b", u"ab?", u"a$b"}) {
+        const auto pattern = Pattern::compile(QString::fromUtf16(expression));
+        ASSERT_TRUE(pattern.ok());
+        const QRegularExpression library(pattern.value().expression());
+        for (const QString &text : texts)
+            ASSERT_EQ(pattern.value().match(text) == Matching::Yes, library.match(text).hasMatch())
+                << qPrintable(library.pattern() + u" in " + text);
+    }
+}
+
 TEST(Pattern, NamesThePlaceOfAFault) {
     const auto refused = Pattern::compile(u"ab["_s);
     ASSERT_FALSE(refused.ok());

@@ -125,7 +125,7 @@ workspace::RemarksPane DeskWindows::makeRemarks(const workspace::RemarksNeeds &n
     const QString folder = platform::pathWithSlash(m_host.programFolder());
     const auto schema = std::make_shared<schema::SchemaInForce>(m_host.settings(), folder);
     schema->setChecks(schema::chosenChecks(m_host.remembered()));
-    const auto proofs = std::make_shared<proof::RecordProofs>(folder);
+    const auto proofs = std::make_shared<proof::RecordProofs>(folder, std::chrono::milliseconds(100));
     const auto proof = [proofs](const marc::FieldRows &rows) { return proofs->faultsOf(rows); };
     auto *pane =
         new batch::RemarksPane(m_host, {needs.records, needs.recordsInFile, proof, m_state, schema, needs.file});
