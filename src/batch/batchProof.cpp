@@ -14,19 +14,21 @@ BatchProof::BatchProof(std::shared_ptr<const marc::PreReadStore> records, ProofO
 std::vector<Remark> BatchProof::step() {
     m_remarks.clear();
     const int row = m_next++;
-    const marc::RawRecord record = m_records->record(row);
-    if (record.isEmpty())
+    if (const QByteArrayView gbk = m_records->encodedBytes(row); !gbk.isEmpty())
+        marc::showRecord(gbk, m_shown);
+    else if (const marc::RawRecord record = m_records->record(row); !record.isEmpty())
+        marc::showRecord(record, m_shown);
+    else
         return {};
     ++m_proved;
-    const marc::ShownRecord shown = marc::showRecord(record);
-    if (shown.damaged) { // nothing else can be checked
+    if (m_shown.damaged) { // nothing else can be checked
         remark(Kind::Directory, {}, 0, u"目次区损坏，字段读不出来"_s);
         return std::exchange(m_remarks, {});
     }
-    if (shown.cutOff)
+    if (m_shown.cutOff)
         remark(Kind::Directory, {}, 0, u"目次区的字段互相重叠，未能全部列出"_s);
-    std::ranges::move(m_check.remarksOn(row, shown.rows), std::back_inserter(m_remarks));
-    compare(identityOf(shown.rows));
+    std::ranges::move(m_check.remarksOn(row, m_shown.rows), std::back_inserter(m_remarks));
+    compare(identityOf(m_shown.rows));
     return std::exchange(m_remarks, {});
 }
 
@@ -41,21 +43,18 @@ void BatchProof::remark(Kind kind, const QString &tag, int fieldRow, const QStri
     m_remarks.emplace_back(m_next - 1, kind, tag, fieldRow, text);
 }
 
-void BatchProof::compare(BookIdentity identity) {
-    const int row = m_next - 1;
-    int toldOf = -1;
+void BatchProof::compare(const BookIdentity &identity) {
+    int toldOf = SoughtBooks::none;
     for (const marc::IsbnKey isbn : identity.isbns) {
-        const auto first = m_firstOf.constFind(isbn);
-        if (first == m_firstOf.constEnd()) {
-            m_firstOf.insert(isbn, row);
-        } else if (*first != toldOf) {
-            toldOf = *first;
-            remark(Kind::InBatch, identity.tag, identity.fieldRow,
-                   u"与第 %1 条的ISBN相同：《%2》"_s.arg(QString::number(toldOf + 1), m_records->title(toldOf)));
-        }
+        const int first = m_books.recordWith(isbn);
+        if (first == SoughtBooks::none || first == toldOf)
+            continue;
+        toldOf = first;
+        remark(Kind::InBatch, identity.tag, identity.fieldRow,
+               u"与第 %1 条的ISBN相同：《%2》"_s.arg(QString::number(toldOf + 1), m_records->title(toldOf)));
     }
     if (!identity.isEmpty())
-        m_sought.push_back({row, std::move(identity)});
+        m_books.add(m_next - 1, identity);
 }
 
 } // namespace batch

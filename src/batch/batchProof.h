@@ -1,19 +1,12 @@
 // Checks all records of a list one after the other, and reports ISBNs that two records share. Changes nothing.
 #pragma once
 
-#include "batch/bookIdentity.h"
 #include "batch/recordCheck.h"
+#include "batch/soughtBooks.h"
 #include "marc/preReadStore.h"
-#include <QHash>
 #include <memory>
 
 namespace batch {
-
-// A record and what its duplicates are searched by.
-struct SoughtRecord {
-    int record = 0; // row in the list, counted from 0
-    BookIdentity identity;
-};
 
 class BatchProof {
 public:
@@ -33,20 +26,20 @@ public:
     int next() const { return m_next; }     // row of the list for the next step
     int proved() const { return m_proved; } // records proved so far
     int total() const;                      // records currently in the list, without empty rows at its end
-    // Moves out the records proved so far that duplicates can be searched for.
-    std::vector<SoughtRecord> takeSought() { return std::move(m_sought); }
+    // Moves out the books of the records proved so far.
+    SoughtBooks takeBooks() { return std::move(m_books); }
 
 private:
     void remark(Kind kind, const QString &tag, int fieldRow, const QString &text);
-    void compare(BookIdentity identity);
+    void compare(const BookIdentity &identity);
 
     std::shared_ptr<const marc::PreReadStore> m_records;
     RecordCheck m_check;
     int m_next = 0;
     int m_proved = 0;
-    QHash<marc::IsbnKey, int> m_firstOf;
-    std::vector<SoughtRecord> m_sought;
-    std::vector<Remark> m_remarks; // of the current record
+    SoughtBooks m_books;
+    marc::ShownRecord m_shown;     // the current record
+    std::vector<Remark> m_remarks; // on it
 };
 
 } // namespace batch

@@ -43,22 +43,12 @@ Remark notSearched(const QString &what, const platform::Failure &why) {
 
 } // namespace
 
-DuplicateSearch::DuplicateSearch(const database::SessionState &state, std::vector<SoughtRecord> sought)
+DuplicateSearch::DuplicateSearch(const database::SessionState &state, SoughtBooks books)
     : m_state(state)
-    , m_sought(std::move(sought))
-    , m_hits(m_sought.size()) {
-    for (size_t i = 0; i < m_sought.size(); ++i) {
-        const BookIdentity &identity = m_sought[i].identity;
-        for (const marc::IsbnKey isbn : identity.isbns)
-            m_byIsbn.insert(isbn, int(i));
-        if (!identity.title.isEmpty())
-            m_byTitle.insert(identity.title, int(i));
-        m_anyByTitle = m_anyByTitle || identity.isbns.empty();
-    }
-}
+    , m_books(std::move(books)) {}
 
 bool DuplicateSearch::hasNext() const {
-    return !m_sought.empty() && m_table < tables.size();
+    return m_books.count() > 0 && m_table < tables.size();
 }
 
 std::vector<Remark> DuplicateSearch::step() {
@@ -126,27 +116,23 @@ platform::Status DuplicateSearch::walk() {
 void DuplicateSearch::match(const database::ResultTable &rows, int row) {
     const QString isbn = rows.text(row, Isbn);
     if (const marc::IsbnKey key = marc::isbnKey(isbn)) {
-        const auto [from, to] = std::as_const(m_byIsbn).equal_range(key);
-        for (auto found = from; found != to; ++found)
-            hit(*found, rows, row, true);
+        for (const int book : m_books.withIsbn(key))
+            hit(book, rows, row, true);
     }
     // An ISBN that the import truncated is shared by many books; only together with the title it identifies one.
     const QString cut = marc::cutIsbn13(isbn);
-    if (cut.isEmpty() && !m_anyByTitle)
+    if (cut.isEmpty() && !m_books.anyWithoutIsbn())
         return;
-    const auto [from, to] = std::as_const(m_byTitle).equal_range(comparedTitle(rows.text(row, Title)));
-    for (auto found = from; found != to; ++found) {
-        const BookIdentity &identity = m_sought[size_t(*found)].identity;
-        const auto isCut = [&cut](marc::IsbnKey key) { return marc::beginsWith(key, cut); };
-        if (std::ranges::any_of(identity.isbns, isCut))
-            hit(*found, rows, row, true);
-        else if (identity.isbns.empty() && identity.author == comparedAuthor(rows.text(row, Author)))
-            hit(*found, rows, row, false);
+    for (const int book : m_books.withTitle(comparedTitle(rows.text(row, Title)))) {
+        if (m_books.hasCutIsbn(book, cut))
+            hit(book, rows, row, true);
+        else if (m_books[book].isbn == SoughtBooks::none && m_books.isBy(book, comparedAuthor(rows.text(row, Author))))
+            hit(book, rows, row, false);
     }
 }
 
-void DuplicateSearch::hit(int sought, const database::ResultTable &rows, int row, bool byIsbn) {
-    Hit &hit = m_hits[size_t(sought)];
+void DuplicateSearch::hit(int book, const database::ResultTable &rows, int row, bool byIsbn) {
+    Hit &hit = m_hits[book];
     if (hit.rows++ > 0)
         return;
     hit.byIsbn = byIsbn;
@@ -156,20 +142,16 @@ void DuplicateSearch::hit(int sought, const database::ResultTable &rows, int row
 std::vector<Remark> DuplicateSearch::endTable(const platform::Status &status) {
     const QString called = tables[m_table].called.toString();
     std::vector<Remark> remarks;
-    for (size_t i = 0; i < m_hits.size(); ++i) {
-        const Hit &hit = m_hits[i];
-        if (hit.rows == 0)
-            continue;
-        const SoughtRecord &sought = m_sought[i];
+    for (const auto &[book, hit] : m_hits) {
+        const SoughtBooks::Book &sought = m_books[book];
         QString text = called + (hit.byIsbn ? u"已有相同ISBN：" : u"已有同题名同作者：") + hit.first;
         if (hit.rows > 1)
             text += u"，共 %1 条"_s.arg(hit.rows);
-        remarks.emplace_back(sought.record, Kind::InStore, sought.identity.tag, sought.identity.fieldRow,
-                             withoutLineEnds(text));
+        remarks.emplace_back(sought.record, Kind::InStore, sought.tag(), sought.fieldRow, withoutLineEnds(text));
     }
     if (!status)
         remarks.push_back(notSearched(called + u"未能查完：", status.failure()));
-    m_hits.assign(m_sought.size(), Hit{});
+    m_hits.clear();
     m_walk.reset();
     ++m_table;
     return remarks;

@@ -8,13 +8,13 @@
 
 #include "batch/batchProof.h"
 #include "database/sublib.h"
-#include <QMultiHash>
+#include <map>
 
 namespace batch {
 
 class DuplicateSearch {
 public:
-    DuplicateSearch(const database::SessionState &state, std::vector<SoughtRecord> sought);
+    DuplicateSearch(const database::SessionState &state, SoughtBooks books);
 
     bool hasNext() const;
     // Runs the next query, for a few thousand rows. The remarks are returned at the end of a table, one per record. If
@@ -25,7 +25,7 @@ public:
     QString progressText() const;
 
 private:
-    // The rows of the current table that match a record.
+    // The rows of the current table that match a book.
     struct Hit {
         int rows = 0;
         QString first;
@@ -42,16 +42,13 @@ private:
     platform::Status begin();
     platform::Status walk();
     void match(const database::ResultTable &rows, int row);
-    void hit(int sought, const database::ResultTable &rows, int row, bool byIsbn);
+    void hit(int book, const database::ResultTable &rows, int row, bool byIsbn);
     std::vector<Remark> endTable(const platform::Status &status);
 
     const database::SessionState &m_state;
     database::DbSession m_connection;
-    std::vector<SoughtRecord> m_sought;
-    QMultiHash<marc::IsbnKey, int> m_byIsbn;
-    QMultiHash<QString, int> m_byTitle;
-    bool m_anyByTitle = false; // at least one record has no ISBN
-    std::vector<Hit> m_hits;   // of the current table
+    SoughtBooks m_books;
+    std::map<int, Hit> m_hits; // in the current table, by book
     size_t m_table = 0;
     std::optional<Walk> m_walk; // through the current table
 };

@@ -21,7 +21,7 @@ std::vector<Remark> ProofRun::step() {
     if (m_search)
         return m_search->step();
     if (!m_proof.hasNext()) {
-        m_search.emplace(m_state, m_proof.takeSought());
+        m_search.emplace(m_state, m_proof.takeBooks());
         return {};
     }
     if (const int moment = m_records->replacements(); m_moments.empty() || m_moments.rbegin()->second != moment)

@@ -7,7 +7,7 @@ using namespace batch;
 
 namespace {
 
-std::vector<SoughtRecord> sought(const QStringList &records) {
+SoughtBooks sought(const QStringList &records) {
     auto store = std::make_shared<marc::PreReadStore>();
     store->setRows(int(records.size()));
     for (int row = 0; row < records.size(); ++row)
@@ -15,7 +15,7 @@ std::vector<SoughtRecord> sought(const QStringList &records) {
     BatchProof proving(store, [](const marc::FieldRows &) { return proof::RecordFaults{}; });
     while (proving.hasNext())
         (void)proving.step();
-    return proving.takeSought();
+    return proving.takeBooks();
 }
 
 QStringList found(const database::SessionState &state, const QStringList &records) {
