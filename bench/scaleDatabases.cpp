@@ -1,4 +1,3 @@
-#include "batchRuns.h"
 #include "databaseRuns.h"
 #include "memoryRuns.h"
 #include "scaleReport.h"
@@ -58,21 +57,6 @@ void serverScale(ScaleReport &report, const BenchStage &stage) {
         report.table.speed(u"import of 20,000 into " + name + u" | a loop of inserts on one connection", sides[0],
                            sides[1], 0.5);
     }
-}
-
-void proofScale(ScaleReport &report, const BenchStage &stage) {
-    constexpr double wanted = 1.0 / 20'000; // seconds per record, with schema and rules
-    const int records = report.records();
-    const auto all = readStore(stage.recordsOf(records).path);
-    const auto proving = takeTurns("proof of all", roundsOf(records, 2, 1),
-                                   {[&] { return proofAllInWindow(stage.emptyDatabase(), all); }});
-    report.alone(u"proof of all"_s, proving[0], records, wanted);
-
-    const auto batch = readStore(stage.importRecords().path);
-    const QString catalogue = stage.catalogueOf(records);
-    const auto looking = takeTurns(
-        "batch", 3, {[&] { return proofAllInWindow(catalogue, batch); }, command(identitiesCommand(catalogue))});
-    report.table.speed(u"proof of 20,000, looked up in so many | sqlite3 lists these"_s, looking[0], looking[1], 0);
 }
 
 } // namespace bench

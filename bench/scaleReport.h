@@ -39,7 +39,7 @@ private:
 // Returns the number of rounds for a size; fewer for large sizes, which take long and vary little.
 int roundsOf(int records, int usual = 5, int ofLarge = 3);
 
-// The subjects. Each one measures at the current size.
+// The subjects. Each one measures at the current size. Functions that are listed in scale.cpp can be chosen by name.
 void recordScale(ScaleReport &report, const BenchStage &stage);   // the workspace
 void fileScale(ScaleReport &report, const BenchStage &stage);     // split, merge
 void databaseScale(ScaleReport &report, const BenchStage &stage); // import, list, export, print preview
