@@ -1,4 +1,5 @@
 #include "platform/host.h"
+#include "platform/paths.h"
 
 using namespace Qt::StringLiterals;
 
@@ -22,6 +23,18 @@ bool Host::insist(const QString &text, QStringView title, Answer preselected) {
                  .buttons = Buttons::YesNo,
                  .preselected = preselected,
                  .leaving = Leaving::ByButtonsOnly}) == Answer::Yes;
+}
+
+QString Host::chooseFileToWrite(FileDialog dialog, QStringView suffix) {
+    dialog.kind = FileDialogKind::Save;
+    QString path = chooseFile(dialog);
+    if (path.isEmpty())
+        return path;
+    if (!path.sliced(folderOf(path).size()).contains(u'.'))
+        path += suffix;
+    const bool mayWrite =
+        !fileExists(path) || ask(u"文件【"_s + path + u"】已经存在，是否替换？", hintTitle, Answer::No);
+    return mayWrite ? path : QString();
 }
 
 void RunBoxes::tell(const QString &text, QStringView title) {

@@ -30,12 +30,12 @@ struct Box {
     Leaving leaving = Leaving::Freely;
 };
 
-// Save accepts a name that does not exist yet, and does not ask before overwriting.
-enum class FileDialogKind { Open, Save };
+// Save accepts a name that does not exist yet, and does not ask before overwriting. Folder chooses an existing folder.
+enum class FileDialogKind { Open, Save, Folder };
 
 struct FileDialog {
     QString title;
-    QString filter; // "label(*.iso)|*.iso|label(*.*)|*.*"; the first one is preselected
+    QString filter = {}; // "label(*.iso)|*.iso|label(*.*)|*.*"; the first one is preselected
     FileDialogKind kind = FileDialogKind::Open;
     QString start = {}; // the path to begin at; if its folder does not exist, the folder chosen from last
 };
@@ -71,6 +71,9 @@ public:
     bool ask(const QString &text, QStringView title, Answer preselected = Answer::Yes, Icon icon = Icon::Information);
     // A question that decides over edits or rows: only its two buttons answer it.
     bool insist(const QString &text, QStringView title, Answer preselected = Answer::Yes);
+    // Chooses a file to write, whatever the kind of the dialog. Adds the suffix to a name without one and asks before
+    // an existing file is replaced. Returns an empty path if the file must not be written.
+    QString chooseFileToWrite(FileDialog dialog, QStringView suffix);
 };
 
 // The boxes of one run over many records. Each has a check box that suppresses the same box for the rest of the run.

@@ -49,6 +49,10 @@ inline constexpr Kept<QByteArray> handbookAcross{u"frmHandbook/across"}; // cont
 inline constexpr Kept<int> lookChoice{u"look/choice", 0};                // a widgets::Appearance::Choice
 inline constexpr Kept<int> lookOfDesktop{u"look/desktop", 0};            // its last answer: 0 none, 1 light, 2 dark
 inline constexpr Kept<QStringList> checksOff{u"schema/off"};             // names of checks that are switched off
+inline constexpr Kept<QStringList> chosenTargets{u"targets/chosen"};     // names of the ticked ones
+inline constexpr Kept<QString> takenFolder{u"targets/folder"};           // of the file of taken records
+inline constexpr Kept<int> batchPause{u"targets/pause", 200};            // milliseconds between two requests
+inline constexpr Kept<int> batchAtOnce{u"targets/once", 1};              // requests to one target
 
 inline constexpr KeptByWindow<QByteArray> geometry{u"geometry"}; // QWidget::saveGeometry() of a top-level window
 inline constexpr KeptByWindow<QSize> listSize{u"size"};          // of a list window, neither maximised nor minimised
@@ -56,8 +60,9 @@ inline constexpr KeptByWindow<QPoint> listPosition{u"position"}; // likewise
 inline constexpr KeptByWindow<bool> listMaximised{u"maximised", false};
 inline constexpr KeptByWindow<QVariantMap> columns{u"columns"}; // widths set by the user, by column number
 
-inline constexpr KeptFolder drafts{u"drafts"}; // changed records that were not imported
-inline constexpr KeptFolder tasks{u"tasks"};   // of the user, one file each
+inline constexpr KeptFolder drafts{u"drafts"};   // changed records that were not imported
+inline constexpr KeptFolder tasks{u"tasks"};     // of the user, one file each
+inline constexpr KeptFolder targets{u"targets"}; // the user's list and the journal of the last batch
 
 } // namespace kept
 } // namespace platform

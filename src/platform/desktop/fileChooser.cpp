@@ -89,11 +89,15 @@ bool isOfTheDesktop(const QFileDialog &window) {
 QString chooseFileIn(const FileDialog &dialog, const QString &start, QWidget *parent) {
     QFileDialog window(parent, dialog.title, start);
     window.setOption(QFileDialog::HideNameFilterDetails);
-    window.setNameFilters(nameFilters(dialog.filter));
+    if (!dialog.filter.isEmpty())
+        window.setNameFilters(nameFilters(dialog.filter));
     if (dialog.kind == FileDialogKind::Save) {
         window.setAcceptMode(QFileDialog::AcceptSave);
         window.setFileMode(QFileDialog::AnyFile);
         window.setOption(QFileDialog::DontConfirmOverwrite);
+    } else if (dialog.kind == FileDialogKind::Folder) {
+        window.setFileMode(QFileDialog::Directory);
+        window.setOption(QFileDialog::ShowDirsOnly);
     } else {
         window.setFileMode(QFileDialog::ExistingFile);
     }

@@ -1,6 +1,6 @@
-// The dialog that chooses a file: the desktop's own if the platform theme has one, as on Windows, with a desktop portal
-// or on some Linux desktops; otherwise Qt's, limited to the size of the screen, with columns that fit it, and headings,
-// sizes and dates in Chinese for every locale of the session.
+// The dialog that chooses a file or a folder: the desktop's own if the platform theme has one, as on Windows, with a
+// desktop portal or on some Linux desktops; otherwise Qt's, limited to the size of the screen, with columns that fit
+// it, and headings, sizes and dates in Chinese for every locale of the session.
 #pragma once
 
 #include "platform/host.h"

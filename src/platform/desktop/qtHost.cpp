@@ -161,7 +161,8 @@ QString QtHost::chooseFile(const FileDialog &dialog) {
     const QString start = startsThere ? dialog.start : QDir(folder).exists() ? folder : QString();
     const QString chosen = chooseFileIn(dialog, start, windowInFront());
     if (!chosen.isEmpty())
-        m_state.keep(kept::lastFolder, QFileInfo(chosen).absolutePath());
+        m_state.keep(kept::lastFolder,
+                     dialog.kind == FileDialogKind::Folder ? chosen : QFileInfo(chosen).absolutePath());
     return chosen;
 }
 

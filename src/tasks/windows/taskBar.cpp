@@ -1,6 +1,5 @@
 #include "tasks/windows/taskBar.h"
 #include "platform/fileFilters.h"
-#include "platform/paths.h"
 #include "widgets/layout.h"
 
 using namespace Qt::StringLiterals;
@@ -119,15 +118,9 @@ void TaskBar::import() {
 void TaskBar::exportTask() {
     if (!m_mayLeave())
         return;
-    QString path = m_host.chooseFile({.title = u"导出任务"_s,
-                                      .filter = platform::filters::tasks.toString(),
-                                      .kind = platform::FileDialogKind::Save});
+    const QString path =
+        m_host.chooseFileToWrite({.title = u"导出任务"_s, .filter = platform::filters::tasks.toString()}, u".json");
     if (path.isEmpty())
-        return;
-    if (!path.sliced(platform::folderOf(path).size()).contains(u'.'))
-        path += u".json";
-    if (platform::fileExists(path) &&
-        !m_host.ask(u"文件【"_s + path + u"】已经存在，是否替换？", platform::hintTitle, platform::Answer::No))
         return;
     if (const auto written = m_shelf.exportTo(m_chosen, path); !written)
         m_host.tell(u"导出失败：【"_s + written.failure().description + u"】");
