@@ -55,6 +55,8 @@ constexpr auto windowRows = std::to_array<WindowRow>({
     {u"stepsPage", u"frmTasks", u"batch.md", u"编写任务"},
     {u"previewPage", u"frmTasks", u"batch.md", u"预览"},
     {u"frmTasks", u"", u"batch.md", u""},
+    {u"frmSearch", u"", u"targets.md", u"检索"},
+    {u"frmTargets", u"", u"targets.md", u"添加目标"},
     {u"frmODBC", u"", u"servers.md", u"“请设置要连接的数据库信息”"},
     {u"frmLook", u"", u"start.md", u"启动时的画面"},
     {u"frmHelp", u"", u"start.md", u""},

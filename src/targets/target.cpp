@@ -10,9 +10,6 @@ namespace {
 
 constexpr qsizetype longestText = 200; // characters
 constexpr int lastPort = 65535;
-constexpr auto attributeKeys =
-    std::to_array<QStringView>({u"attributes.isbn", u"attributes.title", u"attributes.author", u"attributes.publisher",
-                                u"attributes.year", u"attributes.any"});
 
 bool isWhole(const QString &text, const QString &pattern) {
     return QRegularExpression(QRegularExpression::anchoredPattern(pattern)).match(text).hasMatch();
@@ -46,6 +43,10 @@ std::optional<TargetFault> attributeFault(const Target &target) {
 
 Attributes bib1Attributes() {
     return {u"1=7"_s, u"1=4"_s, u"1=1003"_s, u"1=1018"_s, u"1=31"_s, u"1=1016"_s};
+}
+
+Attributes cqlAttributes() {
+    return {u"bath.isbn"_s, u"dc.title"_s, u"dc.creator"_s, u"dc.publisher"_s, u"dc.date"_s, u"cql.serverChoice"_s};
 }
 
 std::optional<TargetFault> faultOf(const Target &target) {

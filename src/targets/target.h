@@ -31,7 +31,12 @@ using Attributes = std::array<QString, useCount>;
 inline const QString &attributeOf(const Attributes &attributes, Use use) {
     return attributes[size_t(use)];
 }
-Attributes bib1Attributes();
+Attributes bib1Attributes(); // of most Z39.50 servers
+Attributes cqlAttributes();  // of most SRU servers
+// The keys of the attributes in the file, in the order of Use.
+inline constexpr auto attributeKeys =
+    std::to_array<QStringView>({u"attributes.isbn", u"attributes.title", u"attributes.author", u"attributes.publisher",
+                                u"attributes.year", u"attributes.any"});
 
 struct Target {
     QString name;

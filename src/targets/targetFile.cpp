@@ -254,6 +254,13 @@ platform::Status exportTargets(const QString &path, const TargetList &list) {
     return platform::writeWholeFile(path, targetsAsJson(list, Passwords::LeftOut));
 }
 
+QString freeName(const TargetList &list, const QString &wanted) {
+    QString name = wanted;
+    for (int number = 2; isTaken(list, name); ++number)
+        name = wanted + u' ' + QString::number(number);
+    return name;
+}
+
 int addTargets(TargetList &list, const TargetList &more) {
     int added = 0;
     for (Target target : more) {
@@ -262,9 +269,7 @@ int addTargets(TargetList &list, const TargetList &more) {
         };
         if (std::ranges::any_of(list, sameAddress))
             continue;
-        const QString name = target.name;
-        for (int number = 2; isTaken(list, target.name); ++number)
-            target.name = name + u' ' + QString::number(number);
+        target.name = freeName(list, target.name);
         target.tested = false;
         list.push_back(std::move(target));
         ++added;

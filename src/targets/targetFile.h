@@ -27,6 +27,9 @@ platform::Status keepTargets(const QString &folder, const TargetList &list);
 // Writes the list without passwords, for another account or library.
 platform::Status exportTargets(const QString &path, const TargetList &list);
 
+// Returns the name, or, if a target of the list has it, the name with a number.
+QString freeName(const TargetList &list, const QString &wanted);
+
 // Adds the targets whose address is not in the list, as untested; a name that is taken gets a number. Returns how many
 // were added.
 int addTargets(TargetList &list, const TargetList &more);

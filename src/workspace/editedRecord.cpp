@@ -134,6 +134,21 @@ void EditedRecord::remove(int row, int count) {
     noteEdit();
 }
 
+void EditedRecord::replace(marc::FieldRows rows, const QString &folder) {
+    marc::FieldRows described = rows;
+    marc::fillDescriptions(described, folder);
+    for (qsizetype at = 0; at < rows.size(); ++at) {
+        if (rows[at].fieldLabel.isEmpty())
+            rows[at].fieldLabel = described[at].fieldLabel;
+        if (rows[at].subfieldLabel.isEmpty())
+            rows[at].subfieldLabel = described[at].subfieldLabel;
+    }
+    m_state.edited = true;
+    m_state.rowsCameOrWent = m_state.rowsCameOrWent || rows.size() != m_state.rows.size();
+    assign(rows);
+    noteEdit();
+}
+
 // Changes only the rows that differ, so that a view keeps its position. Returns the first of them, counted from 1.
 int EditedRecord::assign(const marc::FieldRows &rows) {
     const marc::FieldRows before = m_state.rows;

@@ -49,6 +49,8 @@ public:
     void insert(const NewRow &row);
     void paste(const NewRows &rows); // marks the record as edited
     void remove(int row, int count = 1);
+    // Replaces all rows and marks the record as edited. Rows without descriptions get those in `folder`.
+    void replace(marc::FieldRows rows, const QString &folder);
 
     // Undo and redo. Return what was undone or redone and the first row that changed, or std::nullopt if there is
     // nothing to undo or redo.

@@ -25,6 +25,7 @@ struct RecordedWindows final : CommandWindows {
         : host(host) {}
     void selectMarcFile(const QString &file) override { calls.append(u"select" + file); }
     void tidyFile(const QString &) override { calls.append(u"tidy"_s); }
+    void fetchRecords() override { calls.append(u"fetch"_s); }
     void showTasks() override { calls.append(u"tasks"_s); }
     QString connectionText() const override {
         return text.isEmpty() ? u"Driver=SQLite3;Database=" + host.folder + u"/no.db" : text;

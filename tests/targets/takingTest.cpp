@@ -3,6 +3,7 @@
 #include "platform/codepage936.h"
 #include "support/testFolder.h"
 #include "targets/fieldComparison.h"
+#include "targets/recordViews.h"
 #include "targets/takenRecords.h"
 #include <gtest/gtest.h>
 
@@ -17,11 +18,11 @@ marc::FieldedRecord record(std::vector<std::pair<QString, QString>> fields) {
     return made;
 }
 
-QString shown(const marc::FieldedRecord &record) {
-    QStringList fields;
-    for (const marc::Field &field : record.fields)
-        fields.append(shownField(field));
-    return fields.join(u'|');
+QString shown(const marc::FieldRows &rows) {
+    QString text;
+    for (const marc::FieldRow &row : rows.sliced(1))
+        text += (row.identifier.startsWith(u'$') ? u""_s : u"|"_s) + row.identifier + row.value;
+    return text;
 }
 
 } // namespace
@@ -58,38 +59,42 @@ TEST(TakenRecords, TheFileHasOneRecordALineAndNamesWhatGbkLacks) {
 
 TEST(Comparison, FieldsAreComparedByTagAndTaken) {
     using State = ComparedField::State;
-    const auto current = record({{u"001"_s, u"own"_s},
-                                 {u"200"_s, u"1 $a红楼"_s},
-                                 {u"606"_s, u"0 $a乙"_s},
-                                 {u"606"_s, u"0 $a甲"_s},
-                                 {u"905"_s, u"  $a馆"_s}});
-    const auto fetched = record({{u"001"_s, u"other"_s},
-                                 {u"010"_s, u"  $a7"_s},
-                                 {u"200"_s, u"1 $a红楼梦"_s},
-                                 {u"606"_s, u"0 $a甲"_s},
-                                 {u"606"_s, u"0 $a丙"_s},
-                                 {u"606"_s, u"0 $a丁"_s}});
-    const auto rows = compareFields(current, fetched);
-    const std::tuple<QString, State, int, int> wanted[] = {
-        {u"001"_s, State::Different, 0, 0},    {u"010"_s, State::OnlyFetched, -1, 1},
-        {u"200"_s, State::Different, 1, 2},    {u"606"_s, State::Different, 2, 4},
-        {u"606"_s, State::Same, 3, 3},         {u"606"_s, State::OnlyFetched, -1, 5},
-        {u"905"_s, State::OnlyCurrent, 4, -1},
+    auto current = rowsOf(record({{u"001"_s, u"own"_s},
+                                  {u"200"_s, u"1 $a红楼"_s},
+                                  {u"606"_s, u"0 $a乙"_s},
+                                  {u"606"_s, u"0 $a甲$x丙"_s},
+                                  {u"905"_s, u"  $a馆"_s}}))
+                       .value();
+    current.back().subfieldLabel = u"馆藏"_s;
+    const auto fetched = rowsOf(record({{u"001"_s, u"other"_s},
+                                        {u"010"_s, u"  $a7"_s},
+                                        {u"200"_s, u"1 $a红楼梦$f曹雪芹"_s},
+                                        {u"606"_s, u"0 $a甲$x丙"_s},
+                                        {u"606"_s, u"0 $a丙"_s},
+                                        {u"606"_s, u"0 $a丁"_s}}))
+                             .value();
+    const auto fields = compareFields(current, fetched);
+    const std::tuple<QString, State, QString, QString> wanted[] = {
+        {u"010"_s, State::OnlyFetched, {}, u"##$a7"_s},
+        {u"200"_s, State::Different, u"1#$a红楼"_s, u"1#$a红楼梦$f曹雪芹"_s},
+        {u"606"_s, State::Different, u"0#$a乙"_s, u"0#$a丙"_s},
+        {u"606"_s, State::Same, u"0#$a甲$x丙"_s, u"0#$a甲$x丙"_s},
+        {u"606"_s, State::OnlyFetched, {}, u"0#$a丁"_s},
+        {u"905"_s, State::OnlyCurrent, u"##$a馆"_s, {}},
     };
-    ASSERT_EQ(rows.size(), std::size(wanted));
-    for (size_t i = 0; i < rows.size(); ++i) {
-        const auto index = [](const std::optional<size_t> &at) { return at ? int(*at) : -1; };
-        EXPECT_EQ(std::tuple(rows[i].tag, rows[i].state(), index(rows[i].current), index(rows[i].fetched)), wanted[i]);
-    }
-    EXPECT_EQ(shown(withField(current, fetched, rows[2])),
-              u"001 own|200 1 $a红楼梦|606 0 $a乙|606 0 $a甲|905   $a馆"_s);
-    EXPECT_EQ(shown(withField(current, fetched, rows[1])),
-              u"001 own|010   $a7|200 1 $a红楼|606 0 $a乙|606 0 $a甲|905   $a馆"_s);
-    EXPECT_TRUE(withField(current, fetched, rows[6]) == current);
+    ASSERT_EQ(fields.size(), std::size(wanted));
+    for (size_t i = 0; i < fields.size(); ++i)
+        EXPECT_EQ(std::tuple(fields[i].tag, fields[i].state(), fields[i].currentText, fields[i].fetchedText),
+                  wanted[i]);
+    EXPECT_EQ(ComparisonRows(fields).different(), 4);
+    EXPECT_EQ(shown(withField(current, fetched, fields[1])),
+              u"|001own|2001#$a红楼梦$f曹雪芹|6060#$a乙|6060#$a甲$x丙|905##$a馆"_s);
+    EXPECT_EQ(shown(withField(current, fetched, fields[0])),
+              u"|001own|010##$a7|2001#$a红楼|6060#$a乙|6060#$a甲$x丙|905##$a馆"_s);
+    EXPECT_EQ(withField(current, fetched, fields[4]).back().subfieldLabel, u"馆藏"_s) << "other rows stay";
+    EXPECT_TRUE(withField(current, fetched, fields[5]) == current);
     EXPECT_EQ(shown(withAllFields(current, fetched)),
-              u"001 own|010   $a7|200 1 $a红楼梦|606 0 $a甲|606 0 $a丙|606 0 $a丁"_s);
-    const auto grid = rowsOf(fetched);
-    ASSERT_TRUE(grid);
-    EXPECT_EQ(grid->at(1).identifier + grid->at(1).value, u"001other"_s);
+              u"|001own|010##$a7|2001#$a红楼梦$f曹雪芹|6060#$a甲$x丙|6060#$a丙|6060#$a丁"_s);
+    EXPECT_EQ(withField({}, fetched, fields[0]).size(), 2) << "no record in the grid";
     EXPECT_FALSE(rowsOf(record({{u"200"_s, QString(10'000, u'x')}})));
 }

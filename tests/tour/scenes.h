@@ -18,12 +18,13 @@ void proofAndCard(TourDriver &driver);
 void catalogue(TourDriver &driver);
 void store(TourDriver &driver);
 void fileTools(TourDriver &driver);
-void deskGifts(TourDriver &driver);   // features of the workspace other than editing
-void aDay(TourDriver &driver);        // by keys alone
-void changeBatch(TourDriver &driver); // by a ready task
-void tidy(TourDriver &driver);        // any record file converted to a readable one
-void handbook(TourDriver &driver);    // F1 in each window
-void leave(TourDriver &driver);       // the exit question, both answers
+void deskGifts(TourDriver &driver);    // features of the workspace other than editing
+void aDay(TourDriver &driver);         // by keys alone
+void changeBatch(TourDriver &driver);  // by a ready task
+void fetchRecords(TourDriver &driver); // from other libraries' catalogues
+void tidy(TourDriver &driver);         // any record file converted to a readable one
+void handbook(TourDriver &driver);     // F1 in each window
+void leave(TourDriver &driver);        // the exit question, both answers
 
 // Presses F1 in the window in front, takes a picture of the handbook and closes it.
 void askHandbook(TourDriver &driver, const QString &page, const QString &picture);

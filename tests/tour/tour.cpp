@@ -37,17 +37,12 @@ struct Scene {
 
 // Run in this order; scenes named on the command line run alone.
 constexpr Scene scenes[] = {
-    {"notices", tour::notices},
-    {"import", tour::readAndImport},
-    {"edit", tour::edit},
-    {"card", tour::proofAndCard},
-    {"catalogue", tour::catalogue},
-    {"store", tour::store},
-    {"filetools", tour::fileTools},
-    {"tidy", tour::tidy},
-    {"tasks", tour::changeBatch},
-    {"desk", tour::deskGifts},
-    {"day", tour::aDay},
+    {"notices", tour::notices},     {"import", tour::readAndImport},
+    {"edit", tour::edit},           {"card", tour::proofAndCard},
+    {"catalogue", tour::catalogue}, {"store", tour::store},
+    {"filetools", tour::fileTools}, {"tidy", tour::tidy},
+    {"tasks", tour::changeBatch},   {"targets", tour::fetchRecords},
+    {"desk", tour::deskGifts},      {"day", tour::aDay},
     {"handbook", tour::handbook},
 };
 

@@ -34,7 +34,8 @@ DeskWindows::DeskWindows(platform::Host &host, const database::SessionState &sta
     , m_catalogue(host, state,
                   {.lastImport = [this] { return m_lastImport; },
                    .showCard = [this](const QString &marc, const marc::RecordStep &step,
-                                      QWidget *owner) { showCard(marc, u"卡片"_s, step, owner); }}) {}
+                                      QWidget *owner) { showCard(marc, u"卡片"_s, step, owner); }})
+    , m_targets(host, state, [this](const QString &file, QWidget *owner) { showWorkspace(file, owner); }) {}
 
 void DeskWindows::setFrame(marcMain *frame) {
     m_frame = frame;
@@ -78,6 +79,11 @@ workspace::WorkspaceWindows DeskWindows::workspaceWindows() {
                             QWidget *owner) { return runImport(std::move(records), count, leaveOut, owner); },
         .makeRemarks = [this](const workspace::RemarksNeeds &needs) { return makeRemarks(needs); },
         .makeBatch = [this](const workspace::BatchNeeds &needs, QWidget *owner) { return makeBatch(needs, owner); },
+        .fetchRecord =
+            [this](const workspace::FetchNeeds &needs, QWidget *owner) {
+                m_targets.search(owner, {.isbn = needs.isbn, .title = needs.title},
+                                 {.rows = needs.rows, .put = needs.put, .isbns = needs.isbns});
+            },
         .databaseTrouble =
             [this] {
                 const DatabaseNote note = databaseNote(m_state.connectionString);

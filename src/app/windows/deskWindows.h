@@ -3,6 +3,7 @@
 
 #include "app/windows/catalogueWindows.h"
 #include "app/windows/commands.h"
+#include "app/windows/targetWindows.h"
 #include "workspace/windows/workspaceWindows.h"
 
 namespace app {
@@ -19,6 +20,7 @@ public:
 
     void selectMarcFile(const QString &file) override;
     void tidyFile(const QString &source) override;
+    void fetchRecords() override { m_targets.search(m_frame); }
     void showTasks() override;
     void queryCatalogue(const QueryLists &lists) override { m_catalogue.queryCatalogue(lists); }
     void queryStore(const QueryLists &lists) override { m_catalogue.queryStore(lists); }
@@ -45,6 +47,7 @@ private:
     const database::SessionState &m_state;
     QList<qint64> m_lastImport; // keys of the rows added by the last import
     CatalogueWindows m_catalogue;
+    TargetWindows m_targets;
     QWidget *m_frame = nullptr;
 };
 

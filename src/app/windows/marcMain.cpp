@@ -110,6 +110,10 @@ void marcMain::buildStartPage() {
         m_windows.tidyFile({});
         startPage->refresh();
     });
+    connect(startPage->fetch, &widgets::Button::clicked, this, [this] {
+        m_windows.fetchRecords();
+        startPage->refresh();
+    });
     connect(startPage->tasks, &widgets::Button::clicked, this, [this] { m_windows.showTasks(); });
     connect(startPage, &StartPage::fileChosen, this, &marcMain::selectFile);
     setAcceptDrops(true);

@@ -35,7 +35,8 @@ StartPage::StartPage(platform::Host &host, QWidget *parent)
             new PageEntry(u"startExport"_s, u"&3 查询书库：打印一览表，导出为 marc 数据"_s, u"daochu"_s, this)}
     , tidy(new PageEntry(u"startTidy"_s, u"&4 整理机读目录文件…"_s, u"tidy"_s, this))
     , handbook(new PageEntry(u"startHandbook"_s, u"&5 使用手册（F1）"_s, u"book"_s, this))
-    , tasks(new PageEntry(u"startTasks"_s, u"&6 批量修改的任务…"_s, u"tasks"_s, this))
+    , fetch(new PageEntry(u"startFetch"_s, u"&6 从其他图书馆套录…"_s, u"fetch"_s, this))
+    , tasks(new PageEntry(u"startTasks"_s, u"&7 批量修改的任务…"_s, u"tasks"_s, this))
     , recentTitle(new widgets::Heading(u"recentTitle"_s, u"最近用过的文件"_s, widgets::sectionSize, this))
     , m_host(host)
     , m_recentFiles(new QVBoxLayout)
@@ -43,7 +44,7 @@ StartPage::StartPage(platform::Host &host, QWidget *parent)
     setObjectName(u"startPage"_s);
     auto *page = widgets::named(new QWidget, u"startPageContent"_s);
     auto *title = new widgets::Heading(u"startTitle"_s, u"从这里开始"_s, widgets::titleSize, this);
-    QBoxLayout *entries = column({steps[0], steps[1], steps[2], tidy, handbook, tasks, widgets::stretch()});
+    QBoxLayout *entries = column({steps[0], steps[1], steps[2], tidy, handbook, fetch, tasks, widgets::stretch()});
     QBoxLayout *files = column({recentTitle, m_recentFiles, widgets::stretch()});
     m_recentFiles->setSpacing(0);
     entries->setSpacing(0);

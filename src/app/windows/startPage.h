@@ -23,6 +23,7 @@ public:
     std::array<PageEntry *, 3> steps;
     PageEntry *tidy;
     PageEntry *handbook;
+    PageEntry *fetch;
     PageEntry *tasks;
     QLabel *recentTitle;
     QList<PageEntry *> recent;

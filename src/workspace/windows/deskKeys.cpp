@@ -62,6 +62,7 @@ void DeskKeys::bindAll() {
     inWindow(Qt::Key_F4, [this] { wantRemark(1); });
     inWindow(Qt::ShiftModifier | Qt::Key_F4, [this] { wantRemark(-1); });
     whenFree(Qt::Key_F9, [this] { Q_EMIT changesWanted(); });
+    whenFree(Qt::ControlModifier | Qt::Key_T, [this] { Q_EMIT fetchWanted(); });
     const QList<QKeySequence> keys = FieldCommands::keys();
     for (int item = 1; item <= keys.size(); ++item)
         if (!keys[item - 1].isEmpty() && keys[item - 1] != QKeySequence(Qt::Key_Return)) // handled by the grid itself

@@ -37,6 +37,7 @@ Q_SIGNALS:
     void remarksWanted();      // F8
     void remarkWanted(int by); // F4: 1, Shift+F4: -1
     void changesWanted();      // F9
+    void fetchWanted();        // Ctrl+T
     void rowChosen();          // another row of the field grid is current
 
 private:

@@ -20,10 +20,12 @@ WorkspaceParts::WorkspaceParts(const Desk &desk, const marc::DamagedDirectory &d
              [this] { return !remarks.isEmpty(); })
     , changes(
           {desk.list, desk.record, recordCommands, moving, remarks}, desk.windows, [&file = desk.file] { return file; },
-          [this] { return filter.rows(); }) {
+          [this] { return filter.rows(); })
+    , fetch(desk.list, desk.record, desk.host, desk.windows) {
     QObject::connect(&editors, &CellEditors::typed, &drafts, &DraftKeeper::touch);
     QObject::connect(&keys, &DeskKeys::remarksWanted, &remarks, &RemarkJumps::showOrHide);
     QObject::connect(&keys, &DeskKeys::changesWanted, &changes, &ListChanges::open);
+    QObject::connect(&keys, &DeskKeys::fetchWanted, &fetch, &RecordFetch::open);
     QObject::connect(&keys, &DeskKeys::told, &status, &StatusLine::sayOfRecord);
     QObject::connect(&remarks, &RemarkJumps::told, &status, &StatusLine::sayOfRecord);
     QObject::connect(&keys, &DeskKeys::remarkWanted, &remarks, &RemarkJumps::step);

@@ -4,6 +4,7 @@
 
 #include "workspace/windows/listChanges.h"
 #include "workspace/windows/listFilter.h"
+#include "workspace/windows/recordFetch.h"
 #include "workspace/windows/rowRemarks.h"
 #include "workspace/windows/statusLine.h"
 
@@ -38,6 +39,7 @@ struct WorkspaceParts {
     StatusLine status;
     ListFilter filter;
     ListChanges changes;
+    RecordFetch fetch;
 };
 
 } // namespace workspace

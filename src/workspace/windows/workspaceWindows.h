@@ -5,6 +5,7 @@
 #include "marc/fieldRows.h"
 #include "marc/refusedRecord.h"
 #include "workspace/windows/batchNeeds.h"
+#include "workspace/windows/fetchNeeds.h"
 #include "workspace/windows/rowRemark.h"
 #include <QString>
 #include <functional>
@@ -83,6 +84,8 @@ struct WorkspaceWindows {
     // Makes the window that changes many records at once. The function that it returns shows the window and returns
     // when it is closed. Empty: there is no such window.
     std::function<std::function<void()>(const BatchNeeds &needs, QWidget *owner)> makeBatch;
+    // Shows the search in other libraries' catalogues. Empty: there is no such window.
+    std::function<void(const FetchNeeds &needs, QWidget *owner)> fetchRecord;
     // Returns why an import would fail, as far as known without a query to the database; else an empty text.
     std::function<QString()> databaseTrouble = [] { return QString(); };
     Assistant leaderAssistant;   // frmHelpLR000
