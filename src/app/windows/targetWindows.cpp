@@ -78,14 +78,14 @@ targets::FoundRecords::Proof TargetWindows::proof() const {
 }
 
 targets::HoldingSearch TargetWindows::searchHoldings(const std::vector<marc::FieldedRecord> &records) const {
-    std::vector<batch::SoughtRecord> sought;
+    batch::SoughtBooks sought;
     for (size_t i = 0; i < records.size(); ++i) {
         const auto rows = targets::rowsOf(records[i]);
         if (!rows)
             continue;
-        batch::BookIdentity identity = batch::identityOf(*rows);
+        const batch::BookIdentity identity = batch::identityOf(*rows);
         if (!identity.isEmpty())
-            sought.push_back({int(i), std::move(identity)});
+            sought.add(int(i), identity);
     }
     const auto search = std::make_shared<batch::DuplicateSearch>(m_state, std::move(sought));
     return [search]() -> std::optional<std::vector<targets::Holding>> {
