@@ -31,6 +31,7 @@ std::shared_ptr<const marc::PreReadStore> readStore(const QString &file) {
         return store;
     for (int count = 0; cutter.value().next(); ++count) {
         store->setRows(count + 1);
+        store->setNumber(count, count + 1);
         store->setRecord(count, cutter.value().record(), cutter.value().bytes());
     }
     return store;

@@ -1,5 +1,5 @@
 // Compares the program with other tools and with bare loops, on the files in a folder that scripts/bench has filled.
-// Usage: ratios FOLDER [records|stepping|files|databases|batch]...
+// Usage: ratios FOLDER [records|stepping|files|databases|batch|tasks]...
 #include "memoryRuns.h"
 #include "pairs.h"
 #include <QApplication>
@@ -21,6 +21,7 @@ constexpr auto subjects = std::to_array<Subject>({
     {u"files", bench::filePairs},
     {u"databases", bench::databasePairs},
     {u"batch", bench::batchPairs},
+    {u"tasks", bench::taskPairs},
 });
 
 } // namespace
@@ -33,7 +34,7 @@ int main(int argc, char **argv) {
     if (const std::optional<int> told = bench::tellMemory(arguments))
         return *told;
     if (arguments.isEmpty()) {
-        std::fprintf(stderr, "usage: ratios FOLDER [records|stepping|files|databases|batch]...\n");
+        std::fprintf(stderr, "usage: ratios FOLDER [records|stepping|files|databases|batch|tasks]...\n");
         return 2;
     }
     const bench::BenchStage stage{arguments[0]};

@@ -1,7 +1,7 @@
-// Runs a task over a record file: file to file, in the encoding of the workspace. Prints how many records were changed
-// and how often each step did something; with --time also the records per second of processor time. With "-" as the
-// task the file is only written again, for comparison.
-// Usage: runTask TASK SOURCE TARGET [--time]
+// Runs a task over a record file: file to file, in the encoding of the workspace or, with --utf8, in UTF-8. Prints how
+// many records were changed and how often each step did something; with --time also the records per second of processor
+// time. With "-" as the task the file is only written again.
+// Usage: runTask TASK SOURCE TARGET [--utf8] [--time]
 #include "tasks/stepWords.h"
 #include "tasks/taskFile.h"
 #include "tasks/taskRun.h"
@@ -42,16 +42,17 @@ int main(int count, char **arguments) {
     QStringList given;
     for (int i = 1; i < count; ++i)
         given.append(QString::fromLocal8Bit(arguments[i]));
-    const bool timed = given.removeAll(u"--time"_s) > 0;
+    const bool timed = given.removeAll(u"--time"_s) > 0, asUtf8 = given.removeAll(u"--utf8"_s) > 0;
     if (given.size() != 3)
-        return tools::complain(u"runTask"_s, u"usage: runTask TASK SOURCE TARGET [--time]"_s);
+        return tools::complain(u"runTask"_s, u"usage: runTask TASK SOURCE TARGET [--utf8] [--time]"_s);
     const auto task = given[0] == u"-" ? platform::Result<tasks::Task>(tasks::Task()) : tasks::readTaskFile(given[0]);
     if (!task)
         return tools::complain(given[0], task.failure().description);
-    auto run = tasks::TaskRun::prepare(task.value(), {QDate::currentDate(), QFileInfo(given[1]).fileName()});
+    auto run = tasks::TaskRun::prepare(task.value(), {QDate::currentDate(), QFileInfo(given[1]).fileName()},
+                                       asUtf8 ? tasks::Fit::Utf8Record : tasks::Fit::GbkRecord);
     if (!run)
         return tools::complain(given[0], run.failure().description);
-    tidy::TidyRun tidying(given[1], given[2], tidy::TargetForm::GbkIso);
+    tidy::TidyRun tidying(given[1], given[2], asUtf8 ? tidy::TargetForm::Utf8Iso : tidy::TargetForm::GbkIso);
     tidying.setChange({.name = task.value().name,
                        .change = [&](marc::FieldedRecord &record) -> tidy::RecordChange {
                            const tasks::Outcome outcome = run.value().apply(record);
