@@ -2,10 +2,11 @@
 // separate the fields, whose first three characters are the tag.
 #include "fuzz/input.h"
 #include "fuzz/targets.h"
+#include "marc/isoWriter.h"
 #include "platform/codepage936.h"
-#include "tasks/recordChanger.h"
 #include "tasks/stepWords.h"
 #include "tasks/taskFile.h"
+#include "tasks/taskRun.h"
 
 using namespace Qt::StringLiterals;
 

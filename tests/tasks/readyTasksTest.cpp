@@ -3,7 +3,7 @@
 #include "platform/codepage936.h"
 #include "support/testFolder.h"
 #include "taskRows.h"
-#include "tasks/recordChanger.h"
+#include "tasks/listRecord.h"
 #include "tasks/stepTables.h"
 #include "tidy/tidyRun.h"
 
@@ -54,23 +54,39 @@ TEST(ReadyTasks, DoWhatTheirNamesSay) {
     }
 }
 
-TEST(ReadyTasks, FileToFileGivesTheSameAsListToList) {
+// The list rebuilds a changed record as after an edit by hand: 001 is new, 105, 106, 110 and 115 are omitted, data
+// fields are in the order of their tags. A file keeps all of that.
+TEST(ReadyTasks, FileToFileGivesTheSameAsListToListButForTheFieldsThatTheListRebuilds) {
     const TestFolder folder;
     const QByteArray source = sample();
     const QString file = folder.file(u"source.iso"_s, source);
+    const auto rebuilt = [](marc::FieldedRecord record) {
+        std::erase_if(record.fields, [](const marc::Field &field) {
+            return QStringList{u"001"_s, u"105"_s, u"106"_s, u"110"_s, u"115"_s}.contains(field.tag);
+        });
+        std::ranges::stable_sort(record.fields, {}, &marc::Field::tag);
+        return record.fields;
+    };
     for (const Task &task : readyTasks()) {
-        TaskRun onFile = TaskRun::prepare(task, testFacts).value(), onList = TaskRun::prepare(task, testFacts).value();
-        const tidy::TidyResult result = tidied(file, folder.path(u"t.iso"_s), onFile);
-        QByteArray listed;
+        TaskRun onFile = TaskRun::prepare(task, testFacts).value();
+        ListRecord onList(TaskRun::prepare(task, testFacts).value());
         qint64 changed = 0;
-        for (const QByteArray &line : source.split('\n').first(source.count('\n'))) {
-            marc::RawRecord record = platform::decode(line.chopped(1));
-            changed += RecordChanger(onList).change(record).changed;
-            listed += platform::encode(record) + "\r\n";
+        tidied(file, folder.path(u"t.iso"_s), onFile);
+        const QList<QByteArray> written = folder.read(u"t.iso"_s).split('\n');
+        for (qsizetype i = 0; i < source.count('\n'); ++i) {
+            const QByteArray before = source.split('\n')[i];
+            const ListOutcome outcome = onList.change(platform::decode(before.chopped(1)), {}, {});
+            EXPECT_EQ(outcome.why, QString());
+            EXPECT_EQ(outcome.record.isEmpty(), written[i] == before) << qPrintable(task.name) << i;
+            marc::FieldedRecord here, there;
+            if (outcome.record.isEmpty())
+                continue;
+            ++changed;
+            here.take(outcome.record);
+            there.take(platform::decode(written[i].chopped(1)));
+            EXPECT_EQ(rebuilt(here), rebuilt(there)) << qPrintable(task.name) << i;
         }
-        EXPECT_EQ(folder.read(u"t.iso"_s), listed) << qPrintable(task.name);
-        EXPECT_EQ(result.changed, changed) << qPrintable(task.name);
-        EXPECT_EQ(onFile.counts().size(), task.steps.size());
+        EXPECT_EQ(tidied(file, folder.path(u"t.iso"_s), onFile).changed, changed) << qPrintable(task.name);
     }
 }
 

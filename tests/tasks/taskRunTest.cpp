@@ -2,7 +2,7 @@
 #include "support/dice.h"
 #include "support/recordText.h"
 #include "taskRows.h"
-#include "tasks/recordChanger.h"
+#include "tasks/listRecord.h"
 
 using namespace tasks;
 
@@ -43,17 +43,18 @@ TEST(TaskRun, ChangesOnlyWhatItListsAndIsUndoneByTheRecordBefore) {
     int changed = 0;
     for (int round = 0; round < 600; ++round) {
         const QString chosen = dice.oneOf(all) + u", " + dice.oneOf(all) + u", " + dice.oneOf(all);
-        const marc::RawRecord before = randomRecord(dice);
+        marc::FieldedRecord before;
+        before.take(randomRecord(dice));
         TaskRun run = runOf(chosen), silent = runOf(chosen), without = runOf(chosen);
-        marc::RawRecord listed = before, unlisted = before, refused = before;
-        const Outcome outcome = RecordChanger(run).change(listed, {}, {.list = true});
-        EXPECT_EQ(RecordChanger(silent).change(unlisted).changed, outcome.changed);
-        EXPECT_EQ(listed, unlisted) << qPrintable(chosen);
+        marc::FieldedRecord listed = before, unlisted = before, refused = before;
+        const Outcome outcome = run.apply(listed, {}, {.list = true});
+        EXPECT_EQ(silent.apply(unlisted).changed, outcome.changed);
+        EXPECT_TRUE(listed == unlisted) << qPrintable(chosen);
         EXPECT_EQ(outcome.changed, listed != before) << qPrintable(chosen);
         EXPECT_TRUE(!outcome.changed || !run.changes().empty()) << qPrintable(chosen);
         changed += outcome.changed;
         const std::vector<Change> first(run.changes().begin(), run.changes().begin() + !run.changes().empty());
-        RecordChanger(without).change(refused, {}, {.list = true, .without = &first});
+        without.apply(refused, {}, {.list = true, .without = &first});
         for (const Change &change : without.changes())
             EXPECT_TRUE(first.empty() || !isSame(change, first[0])) << qPrintable(chosen);
     }
@@ -140,10 +141,8 @@ TEST(TaskRun, ListsEachChangeWithItsFieldBeforeAndAfter) {
               "3 LDR 1  000nam0 2200000   450  000cam0 2200000   450 "_s);
 }
 
-TEST(TaskRun, LeavesARecordWithAWrongDirectory) {
-    TaskRun run = runOf(uR"({"action": "addField", "tag": "801", "content": "#0$aCN"})"_s);
-    marc::RawRecord record = recordOf({{u"200"_s, u"1 $at"_s}}).replace(u"0006"_s, u"0005"_s);
-    const marc::RawRecord before = record;
-    EXPECT_EQ(RecordChanger(run).change(record).why, u"目次区与字段对不上"_s);
-    EXPECT_EQ(record, before);
+TEST(ListRecord, LeavesARecordWithAWrongDirectory) {
+    ListRecord list(runOf(uR"({"action": "addField", "tag": "801", "content": "#0$aCN"})"_s));
+    const marc::RawRecord record = recordOf({{u"200"_s, u"1 $at"_s}}).replace(u"0006"_s, u"0005"_s);
+    EXPECT_EQ(list.change(record, {}, {}).why, u"目次区与字段对不上"_s);
 }
