@@ -56,6 +56,8 @@ constexpr auto windowRows = std::to_array<WindowRow>({
     {u"previewPage", u"frmTasks", u"batch.md", u"预览"},
     {u"frmTasks", u"", u"batch.md", u""},
     {u"frmSearch", u"", u"targets.md", u"检索"},
+    {u"frmIsbnBatch", u"", u"targets.md", u"按 ISBN 批量查"},
+    {u"frmCompare", u"", u"targets.md", u"取来的记录"},
     {u"frmTargets", u"", u"targets.md", u"添加目标"},
     {u"frmODBC", u"", u"servers.md", u"“请设置要连接的数据库信息”"},
     {u"frmLook", u"", u"start.md", u"启动时的画面"},

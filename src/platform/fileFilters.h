@@ -18,5 +18,6 @@ inline constexpr QStringView webPages = u"网页(*.html)|*.html|所有文件(*.*
 inline constexpr QStringView spreadsheets = u"电子表格(*.csv)|*.csv|所有文件(*.*)|*.*";
 inline constexpr QStringView tasks = u"任务(*.json)|*.json|所有文件(*.*)|*.*";
 inline constexpr QStringView targets = u"目标(*.json)|*.json|所有文件(*.*)|*.*";
+inline constexpr QStringView isbns = u"文本或表格(*.txt;*.csv)|*.txt *.csv|所有文件(*.*)|*.*";
 
 } // namespace platform::filters

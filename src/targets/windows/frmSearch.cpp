@@ -1,6 +1,8 @@
 #include "targets/windows/frmSearch.h"
 #include "targets/search.h"
 #include "targets/searchWords.h"
+#include "targets/windows/frmCompare.h"
+#include "targets/windows/frmIsbnBatch.h"
 #include "targets/windows/frmTargets.h"
 #include "widgets/foldingRow.h"
 #include "widgets/layout.h"
@@ -60,8 +62,7 @@ frmSearch::~frmSearch() = default;
 
 void frmSearch::layOut() {
     adviceLabel->setWordWrap(true);
-    compareButton->setVisible(false);
-    batchButton->setVisible(false);
+    compareButton->setVisible(hasDesk());
     auto *across = named(new QSplitter(Qt::Horizontal, this), u"searchAcross"_s);
     across->addWidget(targetPicker);
     across->addWidget(resultsPane);
@@ -88,7 +89,7 @@ void frmSearch::layOut() {
              {widgets::row({targetsButton, batchButton, widgets::stretch()}),
               widgets::row({widgets::stretch(), searchButton, stopButton, moreButton, allButton, compareButton}),
               widgets::row({widgets::stretch(), takeButton, openButton, quitButton})})}));
-    resize(fontMetrics().averageCharWidth() * 118, fontMetrics().height() * 36);
+    resize(fontMetrics().averageCharWidth() * 92, fontMetrics().height() * 36);
     widgets::tabInReadingOrder(this);
 }
 
@@ -107,6 +108,11 @@ void frmSearch::connectControls() {
     });
     connect(moreButton, &Button::clicked, this, &frmSearch::fetchMore);
     connect(allButton, &Button::clicked, resultsPane, &ResultsPane::tickAllOrNone);
+    connect(compareButton, &Button::clicked, this, &frmSearch::compare);
+    connect(batchButton, &Button::clicked, this, [this] {
+        frmIsbnBatch(m_host, m_surroundings, m_current, m_shelf, this).exec();
+        targetPicker->show(m_shelf); // its ticks may have changed
+    });
     connect(takeButton, &Button::clicked, this, &frmSearch::take);
     connect(openButton, &Button::clicked, this, [this] { m_taking.open(this); });
     connect(targetsButton, &Button::clicked, this, &frmSearch::editTargets);
@@ -229,6 +235,13 @@ void frmSearch::take() {
     allow();
     if (m_taking.canOpen())
         openButton->setFocus();
+}
+
+void frmSearch::compare() {
+    const auto fetched = rowsOf(m_found->record(resultsPane->current()));
+    if (!fetched)
+        return m_host.tell(u"这条记录放不进机读格式，不能对照。"_s);
+    frmCompare(m_host, m_current, *fetched, this).exec();
 }
 
 void frmSearch::editTargets() {

@@ -57,6 +57,7 @@ private:
     void say(const QString &words, const QString &advice = {});
     bool lookForHoldings();
     void take();
+    void compare();
     void editTargets();
     bool hasDesk() const { return bool(m_current.rows); }
 

@@ -73,7 +73,7 @@ void frmTargets::layOut() {
          widgets::hairline(this),
          new widgets::FoldingRow({widgets::row({addButton, copyButton, deleteButton, upButton, downButton}),
                                   widgets::row({widgets::stretch(), importButton, exportButton, quitButton})})}));
-    resize(fontMetrics().averageCharWidth() * 106, fontMetrics().height() * 34);
+    resize(fontMetrics().averageCharWidth() * 80, fontMetrics().height() * 34);
     widgets::tabInReadingOrder(this);
     targetList->setFocus();
 }
