@@ -158,6 +158,9 @@ TEST_F(RemarksPaneTest, SilencesARuleUntilItIsTakenBack) {
     EXPECT_EQ(pane->remarksOn(rows)[0].words, u"错误：ISSN校验位错误，应为3"_s);
     pane->reminders->markRows(false);
     EXPECT_TRUE(pane->remarksOn(rows).empty());
+    for (const Kind kind : {Kind::Issn, Kind::InBatch, Kind::InStore})
+        pane->reminders->silence({.key = proof().remarks().rules().keyOf(int(kind)), .tag = {}});
+    EXPECT_EQ(text(), u"发现的 8 处都不再提示。按“Y 不再提示”，可以恢复。"_s);
 }
 
 TEST_F(RemarksPaneTest, StepsThroughWhatIsListed) {

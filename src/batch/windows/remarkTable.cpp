@@ -18,12 +18,18 @@ namespace batch {
 namespace {
 
 constexpr int shownLines = 3; // minimum height of the table, with the heading
-constexpr int textLines = 3;  // of the current remark
+constexpr int textLines = 2;  // of the current remark
 
 // Two paragraphs: what is wrong, and what the rule demands.
 QString fullText(const RuleBook &rules, const Remark &remark) {
     const QString explanation = rules.explanationOf(remark);
     return rules.wordsOf(remark) + (explanation.isEmpty() ? QString() : QString(u'\n' + explanation));
+}
+
+// Says why no remark is shown although there are some: a filter always leaves at least one.
+QString emptyText(const RemarkList &list) {
+    const int silenced = list.silencedCount();
+    return silenced > 0 ? u"发现的 %1 处都不再提示。按“Y 不再提示”，可以恢复。"_s.arg(silenced) : QString();
 }
 
 } // namespace
@@ -111,7 +117,8 @@ void RemarkTable::fitWidths() {
         grid->setColumnTwips(int(column), grid->toTwips(character * characters[column]));
     // A line of Chinese may be higher than the font's own, if another font supplies the characters.
     const QRect line = fontMetrics().boundingRect(u"书"_s);
-    remarkText->setFixedHeight(textLines * std::max(fontMetrics().lineSpacing(), line.height()) + 2);
+    const int lineHeight = std::max(fontMetrics().lineSpacing(), line.height());
+    remarkText->setFixedHeight(textLines * lineHeight + lineHeight / 2);
     grid->setMinimumHeight(qRound(shownLines * widgets::rowFactor * fontMetrics().height()) + 2 * grid->frameWidth());
 }
 
@@ -185,7 +192,9 @@ const Remark *RemarkTable::current() const {
 
 void RemarkTable::showRow() {
     const Remark *remark = current();
-    const QString text = remark ? fullText(m_list->rules(), *remark) : QString();
+    const QString text = remark                    ? fullText(m_list->rules(), *remark)
+                         : m_list->rowCount() == 0 ? emptyText(*m_list)
+                                                   : QString();
     if (remarkText->toPlainText() != text)
         remarkText->setPlainText(text);
 }

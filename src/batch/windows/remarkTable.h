@@ -37,7 +37,7 @@ public:
     Step step(int by);
     // Add a control next to `words`, or next to the buttons at the bottom.
     void addAbove(QWidget *control) { m_above->addWidget(control); }
-    void addBelow(QWidget *control) { m_below->addWidget(control); }
+    void addBelow(QWidget *control) { m_below->addWidget(control, 0, Qt::AlignTop); }
     // Asks for a file and lets `write` write it.
     void save(const SaveTarget &target, const std::function<platform::Status(const QString &path)> &write);
 

@@ -84,7 +84,7 @@ void WorkspaceRoom::addRemarks(QWidget *remarks) {
 }
 
 void WorkspaceRoom::share(int listWidth, int fieldsWidth) {
-    constexpr int fieldLines = 30, textLines = 4, remarkLines = 12;
+    constexpr int fieldLines = 30, textLines = 4, remarkLines = 18; // the remarks: some five rows
     widget(0)->setMinimumWidth(listWidth / 2);
     setSizes({listWidth, fieldsWidth});
     m_down->setSizes({fieldLines * fontMetrics().height(), textLines * fontMetrics().height()});
