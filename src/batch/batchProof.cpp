@@ -34,7 +34,7 @@ std::vector<Remark> BatchProof::step() {
 
 int BatchProof::total() const {
     int rows = m_records->rowCount();
-    while (rows > 0 && m_records->record(rows - 1).isEmpty()) // a list starts with empty rows
+    while (rows > 0 && !m_records->hasRecord(rows - 1)) // a list starts with empty rows
         --rows;
     return rows;
 }

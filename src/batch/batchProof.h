@@ -24,9 +24,9 @@ public:
     schema::Checks checks() const { return m_check.checks(); }
 
     int next() const { return m_next; }     // row of the list for the next step
-    int proved() const { return m_proved; } // records proved so far
+    int proved() const { return m_proved; } // records proofed so far
     int total() const;                      // records currently in the list, without empty rows at its end
-    // Moves out the books of the records proved so far.
+    // Moves out the books of the records proofed so far.
     SoughtBooks takeBooks() { return std::move(m_books); }
 
 private:

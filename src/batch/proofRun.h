@@ -1,4 +1,4 @@
-// Proves a whole list and then searches for duplicates, in steps, and composes the texts about both.
+// Proofs a whole list and then searches for duplicates, in steps, and composes the texts about both.
 #pragma once
 
 #include "batch/duplicates.h"
@@ -24,9 +24,9 @@ public:
     ProofFacts facts(ProofFacts known) const;
     // Returns the list for the remarks of this run, without remarks.
     RemarkList emptyList() const { return RemarkList(m_records, RuleBook(m_proof.schema())); }
-    // Returns PreReadStore::replacements() as it was when the record was proved.
+    // Returns PreReadStore::replacements() as it was when the record was proofed.
     int momentOf(int record) const;
-    // Releases what only the steps need: the database connection and the records searched for.
+    // Releases what only the steps need: the database connection and the books that are searched for.
     void end() {
         m_stopped = hasNext();
         m_search.reset();
@@ -38,7 +38,7 @@ private:
     BatchProof m_proof;
     std::optional<DuplicateSearch> m_search; // created after the last record
     bool m_stopped = false;                  // before the end
-    std::map<int, int> m_moments;            // by the first record proved with that value
+    std::map<int, int> m_moments;            // by the first record proofed with that value
 };
 
 } // namespace batch

@@ -1,6 +1,7 @@
 #include "batch/remarkList.h"
 #include "platform/byteFile.h"
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -52,6 +53,11 @@ void RemarkList::add(Remark remark) {
     m_all.push_back(std::move(remark));
 }
 
+bool RemarkList::isShown(const Remark &remark) const {
+    return allows(m_filter.level, remark.level) && allows(m_filter.rule, ruleOf(remark)) &&
+           allows(m_filter.tag, remark.tag) && !m_silenced.contains(remark);
+}
+
 // Counts the remark and returns whether it is shown.
 bool RemarkList::takeIn(const Remark &remark) {
     if (m_silenced.contains(remark)) {
@@ -61,22 +67,30 @@ bool RemarkList::takeIn(const Remark &remark) {
     const int rule = ruleOf(remark);
     const bool level = allows(m_filter.level, remark.level), ofRule = allows(m_filter.rule, rule),
                tag = allows(m_filter.tag, remark.tag);
-    const auto count = [](auto &choices, const auto &value) {
-        ++choices.all;
-        ++choices.of[value];
-    };
     if (ofRule && tag)
-        count(m_byLevel, remark.level);
+        m_byLevel.count(remark.level);
     if (level && tag)
-        count(m_byRule, rule);
+        m_byRule.count(rule);
     if (level && ofRule)
-        count(m_byTag, remark.tag);
+        m_byTag.count(remark.tag);
     return level && ofRule && tag;
 }
 
+// Counts first how many remarks each record has, which gives the place of its first one: there may be millions.
 void RemarkList::sort() {
-    std::ranges::stable_sort(m_order, {}, [this](quint32 id) { return m_all[id].record; });
-    refilter();
+    std::vector<quint32> places;
+    const auto slot = [](const Remark &remark) { return size_t(remark.record + 1); };
+    for (const Remark &remark : m_all) {
+        if (slot(remark) + 2 > places.size())
+            places.resize(slot(remark) + 2);
+        ++places[slot(remark) + 1];
+    }
+    for (size_t at = 1; at < places.size(); ++at)
+        places[at] += places[at - 1];
+    for (quint32 id = 0; id < m_all.size(); ++id)
+        m_order[places[slot(m_all[id])]++] = id;
+    m_shown.clear();
+    std::ranges::copy_if(m_order, std::back_inserter(m_shown), [this](quint32 id) { return isShown(m_all[id]); });
 }
 
 void RemarkList::setFilter(const RemarkFilter &filter) {

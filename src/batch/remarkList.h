@@ -64,6 +64,11 @@ public:
     struct Choices {
         int all = 0;
         std::map<Value, int> of;
+
+        void count(const Value &value) {
+            ++all;
+            ++of[value];
+        }
     };
     const Choices<schema::Level> &byLevel() const { return m_byLevel; }
     const Choices<int> &byRule() const { return m_byRule; }
@@ -73,6 +78,7 @@ public:
     QString tabSeparated(QStringView lineEnd) const;
 
 private:
+    bool isShown(const Remark &remark) const;
     bool takeIn(const Remark &remark);
     void refilter();
 

@@ -28,6 +28,7 @@ public:
     QString number(int row) const; // "1" in row 0; empty if the row has no record
     QString title(int row) const;
     RawRecord record(int row) const;
+    bool hasRecord(int row) const { return m_rows.at(size_t(row)).recordSize > 0; }
     // Returns the record as GBK if it is stored so; an empty view if it is stored as text or there is none. Valid until
     // the list changes.
     QByteArrayView heldBytes(int row) const;

@@ -21,7 +21,7 @@ public:
     const std::vector<Finding> &validate(const RecordView &record);
 
 private:
-    // The part of a field that a value belongs to, and where its checks are switched off as a whole.
+    // The part of a field that a value belongs to.
     struct Place {
         qint8 indicator = 0;
         char16_t code = noCode;
@@ -31,7 +31,6 @@ private:
     void checkField(const RecordView &record, const Field &field);
     void checkIndicators(const Field &field, const FieldRules &rules);
     void checkSubfields(std::span<const Subfield> subfields, const FieldRules &rules, const Field &field);
-    void checkSubfield(const Subfield &subfield, const FieldRules &rules);
     void checkMissing();
     void checkValue(QStringView value, const ValueRules &rules, const Place &place);
     void checkPositions(QStringView value, const ValueRules &rules, const Place &place);

@@ -41,7 +41,7 @@ QString withCount(QStringView name, int count) {
     return name + u" (" + QString::number(count) + u')';
 }
 
-// An open list is not changed under the user's hand.
+// An open list stays as it is until the user has chosen from it.
 void fill(QComboBox &box, const QList<Entry> &entries) {
     if (box.view()->isVisible())
         return;

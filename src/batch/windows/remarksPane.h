@@ -28,7 +28,7 @@ public:
     };
     RemarksPane(platform::Host &host, Source source, QWidget *parent = nullptr);
 
-    // Proves all records. Returns at the end or when the run is stopped: by its button, by end(), by another run or by
+    // Proofs all records. Returns at the end or when the run is stopped: by its button, by end(), by another run or by
     // the deletion of the pane, which may be deleted by then. Hiding the pane does not stop the run.
     void proofAll();
     // Lists the records that the last import refused or left out, and unticks skipBox; if there are none, shows the
