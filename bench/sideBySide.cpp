@@ -19,7 +19,7 @@ QString number(double value, const char *unit) {
 
 QString amount(double value, Unit unit) {
     if (unit == Unit::Bytes)
-        return number(value / 1e6, "MB");
+        return value < 1e4 ? number(value, "B") : number(value / 1e6, "MB");
     return value < 1 ? number(value * 1000, "ms") : number(value, "s");
 }
 

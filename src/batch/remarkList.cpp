@@ -77,7 +77,10 @@ bool RemarkList::takeIn(const Remark &remark) {
 }
 
 // Counts first how many remarks each record has, which gives the place of its first one: there may be millions.
+// Remarks that were found in the order of their records, as in a run that was stopped, stay as they are.
 void RemarkList::sort() {
+    if (std::ranges::is_sorted(m_order, {}, [this](quint32 id) { return m_all[id].record; }))
+        return;
     std::vector<quint32> places;
     const auto slot = [](const Remark &remark) { return size_t(remark.record + 1); };
     for (const Remark &remark : m_all) {

@@ -87,7 +87,7 @@ private:
     void append(QString identifier, QString subfieldLabel, QString value) {
         m_full = m_full || m_rows.size() >= m_cutter.recordBytes();
         if (!m_full)
-            m_rows.emplaceBack(QString(), QString(), std::move(identifier), std::move(subfieldLabel), std::move(value));
+            m_rows.append({{}, {}, std::move(identifier), std::move(subfieldLabel), std::move(value)});
     }
 
     void takeSubfields() {

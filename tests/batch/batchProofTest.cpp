@@ -1,6 +1,8 @@
 // The remarks on the records of a list, without a window or a server.
 #include "batch/batchProof.h"
+#include "batch/proofRun.h"
 #include "batch/refusedRecords.h"
+#include "database/linkPool.h"
 #include "support/fullDisk.h"
 #include "support/recordText.h"
 #include "support/testFolder.h"
@@ -114,6 +116,11 @@ TEST(BatchProof, ValidatesAgainstTheSchemaInForce) {
             lines(2, u"警告"_s,
                   {u"错误 # ISBN 010 3 ISBN校验位错误，应为6"_s, u"错误 # ISSN 011 7 ISSN校验位错误，应为3"_s,
                    u"错误 # 缺必备字段 802 0 缺少必备字段"_s, u"警告 # i 010 5 i"_s}));
+
+    schema.setChecks(::schema::Checks(::schema::allChecks).reset(size_t(::schema::Check::MissingField)));
+    database::LinkPool links;
+    const database::SessionState state{links, {}};
+    EXPECT_EQ(ProofRun(store, proof, state, &schema).facts({}).checksOff.join(u','), u"缺必备字段"_s);
 
     folder.file(u"cnmarc-schema.json"_s, "{");
     schema::SchemaInForce none(platform::Settings(folder.path()), folder.path());

@@ -1,11 +1,15 @@
 #include "batch/windows/frmBatchReport.h"
 #include "batch/windows/reportButtons.h"
+#include "batch/windows/ruleChart.h"
 #include "schema/windows/frmSchema.h"
 #include "support/recordText.h"
 #include "support/scriptedHost.h"
+#include "widgets/styleTokens.h"
+#include <QAbstractAxis>
 #include <QChart>
 #include <QChartView>
 #include <QLabel>
+#include <QLegend>
 #include <QListWidget>
 #include <QProcess>
 #include <QSignalSpy>
@@ -51,7 +55,9 @@ struct ReportWindowTest : testing::Test {
 TEST_F(ReportWindowTest, ShowsNumbersRulesAndADrawThatCanBeRepeated) {
     for (const int row : {3, 4, 5, 9})
         list.add(Remark(row, Kind::Isbn, u"010", 1, u"校验位"_s));
+    list.add(Remark(-1, Kind::Unchecked, {}, 0, u"连不上"_s));
     ASSERT_TRUE(open());
+    EXPECT_EQ(window->notes->text(), u"未能检查：连不上"_s);
     EXPECT_EQ(window->figures[0]->text() + window->figures[3]->text(), u"4（10.0%）36（90.0%）"_s);
     EXPECT_EQ(window->rulesGrid->text(1, 1) + window->rulesGrid->text(1, 5), u"ISBN4–6, 10"_s);
     EXPECT_EQ(window->example->text(), u"例：第 4 条，校验位"_s);
@@ -80,6 +86,19 @@ TEST_F(ReportWindowTest, ShowsNumbersRulesAndADrawThatCanBeRepeated) {
     EXPECT_FALSE(window->isVisible());
 }
 
+TEST_F(ReportWindowTest, PaintsTheChartInTheInksOfItsScheme) {
+    list.add(Remark(0, Kind::Isbn, u"010", 1, u"校验位"_s));
+    ASSERT_TRUE(open());
+    const ChartInk ink = schemeInk(widgets::schemePalette(widgets::Scheme::Dark));
+    const std::unique_ptr<QChart> chart(newRuleChart(*window->report(), ink, window->font()));
+    EXPECT_TRUE(chart->backgroundBrush() == ink.background && chart->legend()->labelColor() == ink.ink);
+    const QAbstractAxis *names = chart->axes(Qt::Vertical).value(0), *counts = chart->axes(Qt::Horizontal).value(0);
+    ASSERT_TRUE(names && counts);
+    EXPECT_TRUE(names->labelsColor() == ink.ink && counts->labelsColor() == ink.ink);
+    EXPECT_TRUE(counts->gridLinePen().color() == ink.hairline && counts->linePen().color() == ink.hairline);
+    EXPECT_TRUE(names->linePen().color() == ink.ink && !names->isGridLineVisible() && !names->labelsTruncated());
+}
+
 TEST_F(ReportWindowTest, SavesThreeFormsAndReportsAFailure) {
     for (int row = 0; row < 30; ++row)
         list.add(Remark(row, Kind::Isbn, u"010", 1, u"校验位<b>"_s));
@@ -92,7 +111,8 @@ TEST_F(ReportWindowTest, SavesThreeFormsAndReportsAFailure) {
     for (const QString &text : {u"供货.iso"_s, u"30（75.0%）"_s, u"校验位<b>"_s, u"1–30"_s, u"抽查 10 条"_s})
         EXPECT_TRUE(printed.contains(text)) << qPrintable(text) << qPrintable(printed);
     const QByteArray page = saved(2, u".html"_s);
-    EXPECT_TRUE(page.contains("src=\"data:image/svg+xml;base64,") && page.contains("校验位&lt;b&gt;"));
+    EXPECT_TRUE(page.contains("src=\"data:image/svg+xml;base64,PD94bWwg") && // begins as XML
+                page.contains("校验位&lt;b&gt;"));
     EXPECT_TRUE(saved(3, u".csv"_s).startsWith("\xEF\xBB\xBF"));
     EXPECT_EQ(host.dialogs.value(0).start, folder.path(u"供货-校对报告.pdf"_s));
     EXPECT_EQ(window->state->text(), u"已保存到 "_s + folder.path(u"报告.csv"_s));

@@ -15,7 +15,7 @@ std::shared_ptr<const schema::Schema> smallSchema() {
         "100": {"label": "通用", "subfields": {"a": {"label": "代码", "positions": {
             "0": {"start": 0, "end": 0, "label": "类型", "codes": {"a": {"label": "甲"}, " ": {"label": "未用"}}}}}}},
         "200": {"label": "题名", "required": true, "indicator1": {"codes": {"0": {}, "1": {"label": "有"}}},
-                "subfields": {"a": {"label": "正题名", "pattern": "^x"}, "b": {"repeatable": true}}}},
+                "subfields": {"a": {"label": "正题名", "pattern": "^x"}, "b": {"repeatable": true}, "c": {"codes": "none"}}}},
         "rules": [{"class": "甲", "if": "200", "then": "100"}, {"class": "乙", "then": "101"}]})");
     return std::make_shared<const schema::Schema>(std::move(read.value()));
 }
@@ -146,16 +146,18 @@ TEST(RuleBook, NamesAndExplainsWhatIsWrong) {
         {remark(Check::InvalidIndicator, 200, schema::noCode, 1),
          u"invalidIndicator 指示符 改成可用的一个；空位在表格里写作#。200 题名，指示符1。可用：0；1 有"_s},
         {remark(Check::UndefinedSubfield, 200, u'z'),
-         u"undefinedSubfield 未定义的子字段 看看子字段代码有没有打错。200 题名。可用：$a 正题名；$b"_s},
+         u"undefinedSubfield 未定义的子字段 看看子字段代码有没有打错。200 题名。可用：$a 正题名；$b；$c"_s},
         {remark(Check::PatternMismatch, 200, u'a'),
          u"patternMismatch 形式不合 照规定的形式改写。200$a 正题名：不可重复。形式：^x"_s},
+        {remark(Check::UndefinedCodelist, 200, u'c'),
+         u"undefinedCodelist 代码表缺失 所引用的代码表不在模式里，没有检查。把它加进模式。200$c：不可重复。"_s},
         {remark(Check::MissingField, 200), u"missingField 缺必备字段 补上这个字段。200 题名：必备，不可重复。"_s},
         {remark(Check::ExternalRule, 100, schema::noCode, 0, -1, 0),
          u"rule:甲 甲 字段之间的规则。不合本馆做法的，可以在模式里改，或“不再提示”。要求：若 200，则 100"_s},
     });
     for (const auto &[each, expected] : rows) {
         const QString key = book.keyOf(ruleOf(each));
-        EXPECT_EQ(key + u' ' + book.labelOfKey(key) + u' ' + book.explanationOf(each), expected);
+        EXPECT_EQ(QString(key + u' ' + book.labelOfKey(key) + u' ' + book.explanationOf(each)), expected);
     }
     EXPECT_EQ(book.labelOfKey(u"rule:从前的"_s), u"从前的"_s);
 }

@@ -83,6 +83,8 @@ struct RemarksPaneTest : testing::Test {
 } // namespace
 
 TEST_F(RemarksPaneTest, ProofsLooksUpAndJumpsToTheRecord) {
+    EXPECT_TRUE(proof().remarkText->isReadOnly() && !pane->stopButton->isVisible());
+    EXPECT_EQ(proof().grid->accessibleName() + pane->refusedTable->grid->accessibleName(), u"校对结果未成功记录"_s);
     QStringList said;
     host.onYield = [&] {
         said.append(proof().words->pacedText());

@@ -97,7 +97,8 @@ TEST(Rule, IsCheckedForEachFieldAndNamesThePlace) {
         {"class": "why", "if": "210$d", "then": "205"},
         {"class": "missing", "then": "690$a"},
         {"class": "maps", "types": ["测绘资料"], "then": "690$a"},
-        {"class": "books", "types": ["Books"], "then": "690$a"}]})"),
+        {"class": "books", "types": ["Books"], "then": "690$a"},
+        {"class": "leader", "each": "LDR", "then": "690$a"}, {"class": "tens", "each": "XX2", "then": "X02$a = 'x'"}]})"),
                         testDay);
     validator.setChecks(Checks().set(size_t(Check::ExternalRule)));
     RecordView view;
@@ -105,8 +106,8 @@ TEST(Rule, IsCheckedForEachFieldAndNamesThePlace) {
     view.read(record);
     const std::vector<Finding> &found = validator.validate(view);
     EXPECT_EQ(findingsIn(found, validator.schema()).join(u';'),
-              u"each 701;value 701$a;why 210$d;missing 690;books 690"_s);
-    ASSERT_EQ(found.size(), 5U);
+              u"each 701;value 701$a;why 210$d;missing 690;books 690;leader LDR;tens 702$a"_s);
+    ASSERT_EQ(found.size(), 7U);
     EXPECT_TRUE(found[0].occurrence == 2 && found[0].element == 8 && found[1].occurrence == 2 && found[1].element == 8);
     EXPECT_TRUE(found[3].occurrence == 0 && found[3].element == -1 && found[3].level == Level::Warning);
 }
