@@ -25,6 +25,10 @@ struct Desk {
 
     Desk() { show(); }
     void show() {
+        host.onShow = [this] { // the numbers on the screen are current while a box is shown
+            EXPECT_EQ(form->labShuDo->text(), form->labShuDo->pacedText());
+            EXPECT_EQ(form->labJinDu->text(), form->labJinDu->pacedText());
+        };
         form->show();
         QApplication::setActiveWindow(form.get());
         EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
@@ -59,6 +63,34 @@ struct MergeDesk : Desk<frmUnionFile> {
 };
 
 } // namespace
+
+// What a screen reader says, and that no control is missing in the layout.
+TEST(FileToolWindows, EachControlIsShownAndNamed) {
+    const SplitDesk split;
+    const MergeDesk merge;
+    const frmCutFile &cut = *split.form;
+    const frmUnionFile &unite = *merge.form;
+    const std::pair<const QWidget *, QString> rows[] = {
+        {cut.Text1[0], u"选择需要处理的机读目录文件"_s},
+        {cut.Text1[1], u"拆分后的机读数据保存到文件"_s},
+        {cut.Text2, u"每个拆分文件机读数据条数"_s},
+        {cut.cmdSelect[0], u"浏览需要处理的机读目录文件"_s},
+        {cut.cmdSelect[1], u"浏览拆分后的目标文件"_s},
+        {unite.List1, u"源文件列表"_s},
+        {unite.Text1, u"合并后的目标文件"_s},
+        {unite.cmdSave, u"浏览合并后的目标文件"_s},
+    };
+    for (const auto &[control, name] : rows) {
+        EXPECT_TRUE(control->accessibleName().startsWith(name)) << name.toStdString();
+        EXPECT_TRUE(control->isVisible()) << name.toStdString();
+    }
+    for (const QLabel *label : cut.LabShuoMing)
+        EXPECT_TRUE(label->isVisible() && label->width() >= label->sizeHint().width());
+    EXPECT_LT(cut.LabShuoMing[0]->y(), cut.Text1[0]->y());
+    EXPECT_LT(cut.Text1[0]->y(), cut.LabShuoMing[1]->y());
+    EXPECT_TRUE(cut.cmdclick[0]->property("primary").toBool() && unite.cmdClick[0]->property("primary").toBool());
+    EXPECT_EQ(unite.List1->textElideMode(), Qt::ElideMiddle) << "the end of a path is what differs";
+}
 
 TEST(FrmCutFile, ReportsEachStepAndStaysOpenMeanwhile) {
     SplitDesk desk;

@@ -25,13 +25,13 @@ frmCutFile::frmCutFile(platform::Host &host, ShowReport showReport, QWidget *par
                   new QLabel(u"拆分后的机读数据保存到文件:（程序将自动添加文件序号）"_s),
                   new QLabel(u"每个拆分文件机读数据条数:"_s)} {
     layOut();
+    cmdclick[0]->markPrimary();
     widgets::hint({{Text1[1], u"如 part.iso，拆成 part700.iso、part701.iso……；最好放在新建的空文件夹里"},
                    {cmdclick[0], u"已有的 700 至 799 号同名文件会先删除，删除前询问；800 号起的直接覆盖，不问"}});
     connect(Text2, &QLineEdit::textChanged, this, [this](const QString &text) { m_limit = text; });
     Text2->setText(u"1000"_s);
     using platform::FileDialogKind;
     for (const auto &[index, kind] : {std::pair{0, FileDialogKind::Open}, {1, FileDialogKind::Save}}) {
-        cmdclick[0]->markPrimary();
         widgets::enterActsAsTab(Text1[index]);
         connect(cmdSelect[index], &Button::clicked, this, [this, i = index, k = kind] {
             Text1[i]->setText(chooseFile(k)); // clears the box on cancel
