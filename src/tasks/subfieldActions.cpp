@@ -36,7 +36,7 @@ struct Parts {
     bool isOnlyIndicators() const { return parts.empty() && head.size() <= marc::indicatorCount; }
 };
 
-// Puts the parts together again. A field without subfields is removed; its index is then added to `emptied`.
+// Joins the parts. A field without subfields is removed; its index is then added to `emptied`.
 void put(RecordWork &work, size_t index, const Parts &parts, FieldIndexes &emptied) {
     if (parts.isOnlyIndicators())
         emptied.append(index);
@@ -51,7 +51,7 @@ void addText(RecordWork &work, const PreparedStep &step, size_t index, int place
         work.useNumber();
 }
 
-// Returns the index behind the last subfield with that code; that behind all if there is none.
+// Returns the index after the last subfield with that code; the number of subfields if there is none.
 int placeAfter(const marc::Field &field, QChar code) {
     int place = 0, count = 0;
     for (const marc::Subfield part : field.subfields()) {

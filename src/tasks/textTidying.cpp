@@ -10,7 +10,7 @@ namespace tasks {
 namespace {
 
 constexpr char16_t fullFirst = u'！', fullLast = u'～', fullOffset = u'！' - u'!';
-constexpr QStringView signs = u"＋－＊／＝＠＃％＆．＿"; // that are no Chinese punctuation
+constexpr QStringView signs = u"＋－＊／＝＠＃％＆．＿"; // not Chinese punctuation
 
 bool isFull(QChar c) {
     return c >= fullFirst && c <= fullLast &&

@@ -153,7 +153,7 @@ void StepsPage::allow() {
     noteLabel->setVisible(!noteLabel->text().isEmpty());
 }
 
-// After the current step.
+// Inserts the step after the current one.
 void StepsPage::insert(const Step &step) {
     const Step copy = step;
     const int row = stepList->currentRow() + 1;

@@ -24,7 +24,7 @@ public:
 
     QLineEdit *nameEdit;
     QLineEdit *descriptionEdit;
-    QLabel *noteLabel; // why nothing can be changed
+    QLabel *noteLabel; // why nothing can be changed, or what to do first
     QListWidget *stepList;
     widgets::Button *addButton;
     widgets::Button *copyButton;
