@@ -186,9 +186,9 @@ class Reader:
                 continue
             if each.getRole() == pyatspi.ROLE_FRAME and each != window:
                 continue
-            inside = each.getRole() in (pyatspi.ROLE_TABLE_CELL, pyatspi.ROLE_LIST_ITEM)
+            inside = each.getRole() in (pyatspi.ROLE_TABLE_CELL, pyatspi.ROLE_LIST_ITEM, pyatspi.ROLE_PAGE_TAB)
             if not inside or each.parent.getState().contains(pyatspi.STATE_FOCUSED):
-                return each  # the current cell of another table has the state as well
+                return each  # the current cell of another table and every current tab have the state as well
         return None
 
     def check_focus(self):
@@ -248,6 +248,28 @@ class Reader:
             stops = self.tab_round()
             print(f"  Tab: {'; '.join(stops)}")
         return window
+
+    def tab_to(self, name):
+        """Presses Tab until the focus is in a control whose name ends so."""
+        for _ in range(STOPS):
+            now = self.focused(self.front())
+            if now is not None and self.words(now).endswith(name):
+                return
+            press("Tab")
+            self.listen(0.2)
+        self.fault(f"Tab does not reach {name}")
+
+    def row_of(self, text):
+        """Returns the row, counted from 0, of the table of the front window that has a cell with that text, or None."""
+        for table in self.shown(self.front()):
+            if table.getRole() not in ROWED or table.getRole() == pyatspi.ROLE_LIST:
+                continue
+            grid = table.queryTable()
+            for row in range(grid.nRows):
+                if any(grid.getAccessibleAt(row, column).name == text for column in range(min(grid.nColumns, 4))):
+                    return row
+        self.fault(f"no row with {text}")
+        return None
 
     def front_named(self, title):
         window = self.front()
@@ -335,14 +357,13 @@ def open_workspace(reader):
     press("alt+1")
     if not reader.visit("chooser", CHOOSER, rounds=True):
         return
-    press("shift+Tab")
-    reader.listen(0.2)
-    for _ in range(6):
-        now = reader.focused(reader.front())
-        if now is not None and reader.words(now) == "机读目录数据文件":
-            break
-        press("Tab")
-        reader.listen(0.2)
+    reader.tab_to("浏览")
+    press("space")
+    if reader.visit("file dialog", "打开marc文件对话框", rounds=True):
+        press("Escape")
+    reader.visit("chooser after the file dialog", CHOOSER)
+    reader.tab_to("机读目录数据文件")
+    press("ctrl+a")
     type_text(str(pathlib.Path.cwd() / "sample.iso"))
     reader.listen(0.5)
     press("alt+s")
@@ -368,7 +389,44 @@ def workspace(reader):
     if reader.visit("leader assistant", "头标区", rounds=True):
         press("Escape")
     reader.visit("after the assistant", DESK)
-    press("Escape")
+    edit_row(reader, "100")
+    press("ctrl+e")
+    if reader.visit("assistant of field 100", "100字段辅助录入", rounds=True):
+        press("Escape")
+    reader.visit("after that assistant", DESK)
+
+
+def edit_row(reader, tag):
+    """Opens the editor of the first subfield of the field with that tag."""
+    press("ctrl+Home", *["Down"] * (1 + (reader.row_of(tag) or 0)))  # below its indicators
+    reader.listen(0.3)
+    press("Return")
+    reader.listen(0.3)
+
+
+def proof_report(reader):
+    """Of an ISBN with a wrong check digit."""
+    edit_row(reader, "010")
+    press("ctrl+a")
+    type_text("7-5366-1234-5")
+    press("Return", "alt+j")
+    if reader.visit("report of the proof", "报告清单", rounds=True):
+        press("alt+q")
+    press("ctrl+z")
+    reader.visit("workspace after the report", DESK)
+
+
+def remarks(reader):
+    press("alt+d")
+    reader.listen(2)
+    reader.visit("pane of remarks", DESK, rounds=True)
+    for place, title, opens in (("report of the batch", "校对报告", "alt+g"), ("rules", "校验规则", "alt+u"),
+                                ("tasks", "批量修改", "F9")):
+        press(opens)
+        if reader.visit(place, title, rounds=True):
+            press("Escape")
+            reader.wait(f"{title} left", lambda: reader.front_named(DESK))
+    reader.visit("workspace after these windows", DESK)
 
 
 def records(reader):
@@ -378,9 +436,8 @@ def records(reader):
     reader.visit("card", "MARC", rounds=True)
     press("Escape")
     reader.visit("workspace after the card", DESK)
-    press("alt+d")
-    reader.listen(2)
-    reader.visit("pane of remarks", DESK, rounds=True)
+    proof_report(reader)
+    remarks(reader)
     press("alt+s")
     reader.visit("import", "套录库数据导入进度")
     reader.listen(2)

@@ -1,5 +1,6 @@
 #include "platform/desktop/fileChooser.h"
 #include "platform/desktop/screenSize.h"
+#include <QComboBox>
 #include <QDateTime>
 #include <QDir>
 #include <QFileDialog>
@@ -71,9 +72,18 @@ void fitColumns(QFileDialog &window) {
         splitter->setSizes({sideBar * character, files * character});
 }
 
+// The toolkit names neither list; a screen reader would read only the current entry.
+void nameLists(const QFileDialog &window) {
+    if (auto *folders = window.findChild<QComboBox *>(u"lookInCombo"_s))
+        folders->setAccessibleDescription(u"查看的文件夹"_s);
+    if (auto *kinds = window.findChild<QComboBox *>(u"fileTypeCombo"_s))
+        kinds->setAccessibleDescription(u"文件类型"_s);
+}
+
 void prepareWidgets(QFileDialog &window) {
     window.setProxyModel(new ChineseFiles(&window));
     fitColumns(window);
+    nameLists(window);
     // Wide enough for a name, a size and a date.
     const QSize wanted(window.fontMetrics().averageCharWidth() * 76, window.fontMetrics().height() * 28);
     window.resize(wanted.boundedTo(usableScreenSize(&window)));

@@ -142,7 +142,7 @@ void StepForm::fill(QFormLayout *layout, Rows &rows, bool ofTest) {
         box->setObjectName((ofTest ? u"test-"_s : u"value-"_s) + keyOf(use.parameter));
         auto *fault = new FaultLabel(box->objectName() + u"-fault");
         auto *label = new QLabel(use.caption + (use.required ? u" *:"_s : u":"_s));
-        box->setAccessibleName(use.caption.toString());
+        widgets::nameForReader(box, use.caption.toString());
         layout->addRow(label, box);
         layout->addRow(QString(), fault);
         rows[use.parameter] = {box, fault};
@@ -189,7 +189,8 @@ void StepForm::showFault() {
             const bool isHere = m_fault && m_fault->inTest == ofTest && m_fault->parameter == parameter;
             row.fault->setText(isHere ? u"✕ "_s + m_fault->reason : QString());
             row.fault->setVisible(isHere);
-            row.box->setAccessibleDescription(isHere ? m_fault->reason : row.box->toolTip());
+            const QString hint = row.box->toolTip().isEmpty() ? row.box->accessibleName() : row.box->toolTip();
+            row.box->setAccessibleDescription(isHere ? m_fault->reason : hint);
         }
 }
 
