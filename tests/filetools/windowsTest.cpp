@@ -26,8 +26,8 @@ struct Desk {
     Desk() { show(); }
     void show() {
         host.onShow = [this] { // the numbers on the screen are current while a box is shown
-            EXPECT_EQ(form->labShuDo->text(), form->labShuDo->pacedText());
-            EXPECT_EQ(form->labJinDu->text(), form->labJinDu->pacedText());
+            EXPECT_EQ(form->labShuDo->QLabel::text(), form->labShuDo->pacedText());
+            EXPECT_EQ(form->labJinDu->QLabel::text(), form->labJinDu->pacedText());
         };
         form->show();
         QApplication::setActiveWindow(form.get());

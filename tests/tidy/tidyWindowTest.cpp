@@ -41,6 +41,7 @@ TEST(FrmTidy, ShowsTheFactsAndTidiesByKeyboardAlone) {
               u"编码：UTF-8（本程序需要 GBK）　行结束符：无　记录结束符 5 个，将读出 1 条"_s);
     EXPECT_TRUE(form.Text1[0]->hasFocus() && form.Text1[0]->text() == desk.source);
     EXPECT_EQ(form.Text1[1]->text(), desk.folder.path(u"source-gbk.iso"_s));
+    EXPECT_TRUE(form.sampleText->isVisible() && form.sampleLabel->isVisible() && !form.txtResult->isVisible());
     form.cboForm->setFocus();
     QTest::keyClick(form.cboForm, Qt::Key_Down);
     EXPECT_EQ(form.Text1[1]->text(), desk.folder.path(u"source-utf8.iso"_s));
@@ -72,11 +73,16 @@ TEST(FrmTidy, ShowsTheFactsAndTidiesByKeyboardAlone) {
     EXPECT_TRUE(form.focusWidget() == before && !form.cmdClick[1]->isEnabled() && form.cboForm->isEnabled());
     EXPECT_TRUE(!form.Text1[0]->isReadOnly() && !form.Text1[1]->isReadOnly() && form.sourceEncoding->isEnabled());
     EXPECT_EQ(form.warningLabel->text(), u"⚠ 写成“?”的字符 5 处（第 1、2、3、4、5 条）"_s);
+    EXPECT_NE(form.warningLabel->palette().color(QPalette::WindowText), form.palette().color(QPalette::WindowText));
+    EXPECT_TRUE(form.txtResult->isVisible() && form.labJinDu->isVisible() && !form.sampleLabel->isVisible());
     desk.host.willChoose(desk.folder.write(u"next.iso"_s, recordOf(u"200=10$a甲"_s).toUtf8()));
     form.cmdSelect[0]->click();
     EXPECT_EQ(desk.host.dialogs.last().start, desk.source);
     EXPECT_TRUE(form.txtResult->text().isEmpty() && form.warningLabel->isHidden())
         << "the result belonged to the previous source";
+    form.Text1[0]->setText(desk.folder.write(u"none.iso"_s, "no record"));
+    desk.letLook();
+    EXPECT_EQ(form.sampleLabel->text(), u"没有读得出的记录"_s);
     desk.leave();
 }
 
