@@ -14,6 +14,29 @@ constexpr qint64 shortAnswer = 64 << 10; // bytes that are handed over without w
 constexpr qint64 farBuffer = 256 << 10;  // bytes read ahead from the server
 constexpr qint64 longestHead = 64 << 10; // of a request by HTTP
 
+// Returns why the certificate of a server is not accepted; empty if it is something else.
+QString certificateFault(const QList<QSslError> &errors) {
+    for (const QSslError &error : errors) {
+        switch (error.error()) {
+        case QSslError::SelfSignedCertificate:
+        case QSslError::SelfSignedCertificateInChain:
+            return u"证书是它自己签的，本机不认"_s;
+        case QSslError::UnableToGetLocalIssuerCertificate:
+        case QSslError::UnableToVerifyFirstCertificate:
+        case QSslError::CertificateUntrusted:
+            return u"签发证书的机构本机不认"_s;
+        case QSslError::HostNameMismatch:
+            return u"证书是给别的主机的"_s;
+        case QSslError::CertificateExpired:
+        case QSslError::CertificateNotYetValid:
+            return u"证书不在有效期内（也请看本机的日期）"_s;
+        default:
+            break;
+        }
+    }
+    return {};
+}
+
 } // namespace
 
 Relay::Relay(const Target &target)
@@ -141,14 +164,15 @@ bool Relay::isMoved(const QByteArray &start) {
 void Relay::tellFailure() {
     if (m_isConnected)
         return answer();
-    const QString address = addressOf(m_target);
+    const QString address = addressOf(m_target), certificate = certificateFault(m_far->sslHandshakeErrors());
     switch (m_far->error()) {
     case QAbstractSocket::HostNotFoundError:
         return fail(Kind::Unreachable, u"找不到主机 %1"_s.arg(m_target.host));
     case QAbstractSocket::SslHandshakeFailedError:
     case QAbstractSocket::SslInternalError:
     case QAbstractSocket::SslInvalidUserDataError:
-        return fail(Kind::Unreachable, u"和 %1 的加密连接不成：%2"_s.arg(address, m_far->errorString()));
+        return fail(Kind::Unreachable, u"和 %1 的加密连接不成：%2"_s.arg(
+                                           address, certificate.isEmpty() ? m_far->errorString() : certificate));
     default:
         return fail(Kind::Unreachable, u"连不上 %1"_s.arg(address));
     }

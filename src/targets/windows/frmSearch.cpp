@@ -80,15 +80,14 @@ void frmSearch::layOut() {
                    {openButton, u"打开刚写成的文件，照常预读、校对、导入"},
                    {targetsButton, u"添加、修改、测试目标，排顺序"},
                    {batchButton, u"一批 ISBN，逐个到目标里查"}});
-    setLayout(widgets::column(
-        {queryPane,
-         {across, 1},
-         labJinDu,
-         adviceLabel,
-         new widgets::FoldingRow(
-             {widgets::row({targetsButton, batchButton, widgets::stretch()}),
-              widgets::row({widgets::stretch(), searchButton, stopButton, moreButton, allButton, compareButton}),
-              widgets::row({widgets::stretch(), takeButton, openButton, quitButton})})}));
+    setLayout(widgets::column({queryPane,
+                               {across, 1},
+                               labJinDu,
+                               adviceLabel,
+                               new widgets::FoldingRow({widgets::row({targetsButton, batchButton, widgets::stretch(),
+                                                                      searchButton, stopButton, moreButton, allButton}),
+                                                        widgets::row({widgets::stretch(), compareButton, takeButton,
+                                                                      openButton, quitButton})})}));
     resize(fontMetrics().averageCharWidth() * 92, fontMetrics().height() * 36);
     widgets::tabInReadingOrder(this);
 }

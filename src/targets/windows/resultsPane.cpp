@@ -59,8 +59,8 @@ void ResultsPane::layOut() {
     setChildrenCollapsible(false);
     setStretchFactor(0, 1);
     const int line = fontMetrics().lineSpacing();
-    grid->setMinimumHeight(4 * line);
-    recordText->setMinimumHeight(4 * line);
+    grid->setMinimumHeight(5 * line);
+    recordText->setMinimumHeight(2 * line);
     setSizes({11 * line, 9 * line});
     fitWidths();
 }
