@@ -88,6 +88,11 @@ TEST_F(TasksWindow, PreviewsRunsAndUndoes) {
                                     u"✓3 010 ##$d28.00元 ##$dCNY28.00"_s, u"✓3 200 1#$a题2 1#$a書名2"_s}));
     EXPECT_TRUE(form.previewPage->kindList->item(2)->text().contains(u"2 处，2 条"_s));
     EXPECT_TRUE(form.labJinDu->text().startsWith(u"会改 2 条记录，共 4 处"_s));
+    EXPECT_TRUE(form.previewPage->current()) << "the first change";
+    for (const QString &caption : {u"&R 这一条要改"_s, u"&R 这一条不改"_s}) {
+        form.previewPage->recordButton->click();
+        EXPECT_EQ(form.previewPage->recordButton->text(), caption);
+    }
     form.previewPage->changeButton->click();
     EXPECT_EQ(table().value(0), u"1 010 ##$d28.00元 ##$dCNY28.00"_s);
     form.runButton->click();
