@@ -86,6 +86,8 @@ bool ValueWalk::visitField(const Path &path, int index, const Visit &visitor) {
     default:
         break;
     }
+    if (!spend(field.subfieldCount)) // those with other codes take time too
+        return false;
     for (const Subfield &subfield : m_record->subfields(field)) {
         if ((path.part == Path::Part::AnySubfield || subfield.code == path.code) &&
             visitValue(subfield.value, subfield.code, subfield.element))
@@ -105,6 +107,8 @@ bool ValueWalk::visit(const Path &path, const Visit &visitor) {
         }
         return false;
     }
+    if (!spend(qsizetype(m_record->fields().size())))
+        return false;
     for (int i = 0; i < int(m_record->fields().size()) && !m_givenUp; ++i) {
         if (path.matchesTag(m_record->fields()[size_t(i)].tag) && visitField(path, i, visitor))
             return true;
