@@ -95,7 +95,7 @@ void look(TourDriver &driver) {
 } // namespace
 
 void changeBatch(TourDriver &driver) {
-    driver.key(u"alt+6"_s); // of the start page
+    driver.key(u"alt+7"_s); // of the start page
     driver.waitForWindow(u"frmTasks"_s, u"tasks-no-list"_s);
     driver.leave(u"alt+q"_s, u"frmTasks"_s);
     openSample(driver, u"supplier.iso"_s);
