@@ -85,7 +85,7 @@ Taken byLoop(const targets::Target &target, const QStringList &isbns) {
         const size_t hits = qMin<size_t>(ZOOM_resultset_size(result), targets::IsbnBatch::mostHits);
         bool any = false;
         for (size_t at = 0; at < hits; ++at) {
-            size_t length = 0;
+            int length = 0;
             const ZOOM_record record = ZOOM_resultset_record(result, at);
             any = (record && ZOOM_record_get(record, "raw", &length)) || any;
         }

@@ -48,6 +48,12 @@ QString whyNoSearch(const Query &query, const TargetList &chosen) {
     return {};
 }
 
+QString openingWords(const QString &complaint) {
+    if (!isAvailable())
+        return notBuilt().words;
+    return complaint.isEmpty() ? u"填好要检索的内容，勾选目标，按“S 检索”"_s : complaint;
+}
+
 QString captionOf(const Target &target) {
     return target.tested ? target.name : QString(target.name + u"（"_s + untested + u"）");
 }

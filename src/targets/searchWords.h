@@ -10,6 +10,9 @@ namespace targets {
 // Returns why a search cannot begin and what to do about it; empty if it can.
 QString whyNoSearch(const Query &query, const TargetList &chosen);
 
+// Returns what the search window says when it is opened; `complaint` is that of the list of targets.
+QString openingWords(const QString &complaint);
+
 // Returns the name of a target as lists show it, with 未验证 until it was tested.
 QString captionOf(const Target &target);
 

@@ -54,7 +54,7 @@ frmSearch::frmSearch(platform::Host &host, Surroundings surroundings, CurrentRec
     widgets::rememberPlace(this, host.remembered());
     resultsPane->recall(host.remembered());
     targetPicker->show(m_shelf);
-    say(m_shelf.complaint().isEmpty() ? u"填好要检索的内容，勾选目标，按“S 检索”"_s : m_shelf.complaint());
+    say(openingWords(m_shelf.complaint()));
     allow();
 }
 
