@@ -14,8 +14,8 @@ constexpr qint64 shortAnswer = 64 << 10; // bytes that are handed over without w
 constexpr qint64 farBuffer = 256 << 10;  // bytes read ahead from the server
 constexpr qint64 longestHead = 64 << 10; // of a request by HTTP
 
-// Returns why the certificate of a server is not accepted; empty if it is something else.
-QString certificateFault(const QList<QSslError> &errors) {
+// Returns why a certificate is not accepted; empty if it is something else.
+QString wordsOf(const QList<QSslError> &errors) {
     for (const QSslError &error : errors) {
         switch (error.error()) {
         case QSslError::SelfSignedCertificate:
@@ -35,6 +35,11 @@ QString certificateFault(const QList<QSslError> &errors) {
         }
     }
     return {};
+}
+
+QString certificateFault(const QTcpSocket *socket) {
+    const auto *encrypted = qobject_cast<const QSslSocket *>(socket);
+    return encrypted ? wordsOf(encrypted->sslHandshakeErrors()) : QString();
 }
 
 } // namespace
@@ -68,14 +73,21 @@ void Relay::accept() {
     m_near->setReadBufferSize(longestHead);
     m_near->setSocketOption(QAbstractSocket::LowDelayOption, 1);
     connect(m_near, &QTcpSocket::readyRead, this, [this] { request(); });
-    // Queued, so that YAZ takes one piece before it gets the next one.
-    connect(
-        m_near, &QTcpSocket::bytesWritten, this, [this] { answer(); }, Qt::QueuedConnection);
+    connect(m_near, &QTcpSocket::bytesWritten, this, [this] { takeNext(); });
     connectFar();
 }
 
+// Later, so that YAZ takes one piece before it gets the next one; without an event if nothing is left to hand over.
+void Relay::takeNext() {
+    if (m_far && (m_far->bytesAvailable() > 0 || m_far->state() == QAbstractSocket::UnconnectedState))
+        QMetaObject::invokeMethod(
+            this, [this] { answer(); }, Qt::QueuedConnection);
+}
+
+// A socket of QSslSocket passes each signal on from another one, also without encryption.
 void Relay::connectFar() {
-    m_far = new QSslSocket(this);
+    auto *const encrypted = m_target.encrypted ? new QSslSocket(this) : nullptr;
+    m_far = encrypted ? encrypted : new QTcpSocket(this);
     m_far->setReadBufferSize(farBuffer);
     const auto established = [this] {
         m_isConnected = true;
@@ -83,16 +95,16 @@ void Relay::connectFar() {
         Q_EMIT connected();
         request();
     };
-    connect(m_far, &QSslSocket::readyRead, this, [this] { answer(); });
-    connect(m_far, &QSslSocket::disconnected, this, [this] { answer(); });
-    connect(m_far, &QSslSocket::errorOccurred, this, [this] { tellFailure(); });
+    connect(m_far, &QTcpSocket::readyRead, this, [this] { answer(); });
+    connect(m_far, &QTcpSocket::disconnected, this, [this] { answer(); });
+    connect(m_far, &QTcpSocket::errorOccurred, this, [this] { tellFailure(); });
     QString host = m_target.host;
     host.remove(u'[').remove(u']');
-    if (m_target.encrypted) {
-        connect(m_far, &QSslSocket::encrypted, this, established);
-        m_far->connectToHostEncrypted(host, quint16(m_target.port));
+    if (encrypted) {
+        connect(encrypted, &QSslSocket::encrypted, this, established);
+        encrypted->connectToHostEncrypted(host, quint16(m_target.port));
     } else {
-        connect(m_far, &QSslSocket::connected, this, established);
+        connect(m_far, &QTcpSocket::connected, this, established);
         m_far->connectToHost(host, quint16(m_target.port));
     }
 }
@@ -164,7 +176,7 @@ bool Relay::isMoved(const QByteArray &start) {
 void Relay::tellFailure() {
     if (m_isConnected)
         return answer();
-    const QString address = addressOf(m_target), certificate = certificateFault(m_far->sslHandshakeErrors());
+    const QString address = addressOf(m_target), certificate = certificateFault(m_far);
     switch (m_far->error()) {
     case QAbstractSocket::HostNotFoundError:
         return fail(Kind::Unreachable, u"找不到主机 %1"_s.arg(m_target.host));
@@ -187,7 +199,7 @@ void Relay::fail(Kind kind, const QString &words) {
 void Relay::drop() {
     m_isConnected = false;
     m_head.clear();
-    for (QTcpSocket *socket : {m_near, static_cast<QTcpSocket *>(m_far)}) {
+    for (QTcpSocket *socket : {m_near, m_far}) {
         if (!socket)
             continue;
         socket->disconnect(this);

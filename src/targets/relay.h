@@ -8,8 +8,6 @@
 #include <QObject>
 #include <QTcpServer>
 
-class QSslSocket;
-
 namespace targets {
 
 class Relay : public QObject {
@@ -32,6 +30,7 @@ Q_SIGNALS:
 private:
     void accept();
     void connectFar();
+    void takeNext();
     void request();
     QByteArray withHost(QByteArray head) const;
     void answer();
@@ -44,7 +43,7 @@ private:
     Target m_target;
     QTcpServer m_server;
     QTcpSocket *m_near = nullptr; // to YAZ
-    QSslSocket *m_far = nullptr;  // to the server
+    QTcpSocket *m_far = nullptr;  // to the server
     QByteArray m_head;            // of a request by HTTP, while it is incomplete
     bool m_isConnected = false;
     qint64 m_answered = 0; // bytes of the answer to the last request
