@@ -63,3 +63,21 @@ TEST(EditedRecord, LeavingReportsAChangeOnly) {
                 [&](const marc::RawRecord &text) { damaged = text; });
     EXPECT_TRUE(record.rowCount() == 1 && !damaged.isEmpty());
 }
+
+TEST(EditedRecord, ReplacedRowsAreOneEdit) {
+    EditedRecord record;
+    record.show(recordOf({{u"200"_s, u"1 $a题$f人"_s}, {u"300"_s, u"  $a附"_s}}), u"/nowhere/"_s, {});
+    record.edit({.row = 2, .column = FieldLabelColumn, .text = u"我的说明"_s, .marks = false});
+    const marc::FieldRows before = record.rows();
+    int edited = 0;
+    QObject::connect(&record, &EditedRecord::edited, [&] { ++edited; });
+    marc::FieldRows rows = before;
+    rows[2].value = u"别题"_s;
+    rows.removeLast();
+    record.replace(rows, u"/nowhere/"_s);
+    EXPECT_TRUE(edited == 1 && record.state().edited && record.state().rowsCameOrWent);
+    EXPECT_TRUE(record.rows() == rows);
+    EXPECT_EQ(record.cell(2, FieldLabelColumn), u"我的说明"_s);
+    ASSERT_TRUE(record.undo());
+    EXPECT_TRUE(record.rows() == before && !record.state().edited);
+}
