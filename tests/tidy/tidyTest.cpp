@@ -72,11 +72,11 @@ TEST(Tidy, EachFormGivesTheSameRecordsAsTheSource) {
 
 TEST(Tidy, LossesAreReportedByCharacterAndRecord) {
     const Folder folder;
-    const QString lost = recordOf(u"200=10$a〇𠮷ê𠮷"_s) + recordOf(u"200=10$a𠮷"_s) + recordOf(u"200=10$ax\r\ny"_s);
+    const QString lost = recordOf(u"200=10$a〇𠮷ê𠮷"_s) + recordOf(u"200=10$a𠮷"_s) + recordOf(u"200=10$ax\r\ny\rz"_s);
     const QByteArray damaged = recordOf(u"200=10$a数据$f库"_s).toUtf8().replace("\xE6\x95\xB0", "\xE6\x95");
     const Tidied gbk = tidied(folder, lost.toUtf8() + damaged + recordOf(u"200=10$a\uFFFD"_s).toUtf8());
     QString expected;
-    for (const QString &title : {u"〇?ê?"_s, u"?"_s, u"x y"_s, u"?据$f库"_s, u"?"_s})
+    for (const QString &title : {u"〇?ê?"_s, u"?"_s, u"x y z"_s, u"?据$f库"_s, u"?"_s})
         expected += recordOf(QString(u"200=10$a"_s + title)) + u"\r\n";
     EXPECT_EQ(platform::decode(gbk.bytes), expected);
     EXPECT_EQ(report(gbk.result, u"s"_s),
@@ -178,6 +178,14 @@ TEST(Tidy, WhatTheFormCannotHoldIsKeptByteForByte) {
     EXPECT_TRUE(told.contains(u"第 2、3、4、5、6、7、8、9、10、11……条（共 4000 条）：目次区和字段对不上\r\n"_s) &&
                 told.count(u"目次区和字段"_s) == 1)
         << told.toStdString();
+    for (const qsizetype size : {IsoSource::longest, IsoSource::longest + 1, 2 * IsoSource::longest + 100}) {
+        const QByteArray large = oneField(QString(size - 39, u'x')).toUtf8();
+        ASSERT_EQ(large.size(), size);
+        const TidyResult result = tidied(folder, good.toUtf8() + large + good.toUtf8()).result;
+        EXPECT_TRUE(result.out == 2 && result.unreadable.count == 1) << "in as many pieces as it has";
+        EXPECT_EQ(result.reasons[0].first == u"太长", size > IsoSource::longest);
+        EXPECT_TRUE(folder.read(u"t.bad.iso"_s) == large + "\r\n");
+    }
     const QByteArray wide = converted(longField + good, QStringConverter::Utf16BE);
     EXPECT_EQ(tidied(folder, wide).result.out, 1);
     EXPECT_TRUE(folder.read(u"t.bad.iso"_s) == wide.sliced(2, 2 * longField.size()) + QByteArray("\0\r\0\n", 4));
@@ -185,6 +193,26 @@ TEST(Tidy, WhatTheFormCannotHoldIsKeptByteForByte) {
     const QByteArray xml = tidied(folder, (good + longField).toUtf8(), TargetForm::MarcXml).bytes;
     EXPECT_EQ(tidied(folder, xml).result.out, 1);
     EXPECT_EQ(tidied(folder, folder.read(u"t.bad.xml"_s), TargetForm::MarcXml).result.out, 1);
+}
+
+TEST(Tidy, ReportsWhatAChangeDid) {
+    const Folder folder;
+    const auto reportAfter = [&](const std::function<RecordChange(marc::FieldedRecord &)> &change) -> QString {
+        TidyRun tidy(folder.write(u"source.iso"_s, recordOf(u"200=10$ax"_s).toUtf8().repeated(3)),
+                     folder.path(u"t.iso"_s), TargetForm::GbkIso);
+        tidy.setChange({u"甲"_s, change, [] { return std::vector{StepTally{u"改题名"_s, 4, 2}}; }});
+        EXPECT_EQ(run(tidy), QString());
+        const QString text = report(tidy.result(), {});
+        return text.section(u"\r\n【批改】"_s, 1) + warning(tidy.result());
+    };
+    const QString steps = u"\r\n　4 处，2 条　改题名\r\n"_s;
+    EXPECT_EQ(reportAfter([](auto &) { return RecordChange{true, {}}; }), u"\r\n任务“甲”改了 3 条记录！"_s + steps);
+    int record = 0;
+    EXPECT_EQ(reportAfter([&](auto &) {
+                  return ++record == 2 ? RecordChange{true, {}} : RecordChange{false, u"太长"_s};
+              }),
+              u"\r\n任务“甲”改了 1 条记录！"_s + steps +
+                  u"2 条不能改，照原样写出：\r\n第 1、3 条（共 2 条）：太长\r\n⚠ 未能批改 2 条（第 1、3 条）");
 }
 
 TEST(Tidy, AFailureOrAStopLeavesNothingBehind) {
@@ -230,6 +258,7 @@ TEST(Tidy, AFailureOrAStopLeavesNothingBehind) {
     EXPECT_TRUE(folder.read(u"t.iso"_s) == "kept");
     const QString same = u"整理目标文件不能为源文件！"_s;
     EXPECT_EQ(refuseTidy(source, folder.path(u"./source.iso"_s))->text, same);
+    EXPECT_EQ(TidyFiles(u"a"_s).unreadable + TidyFiles(u"b.c/.iso"_s).ahead, u"a.badb.c/.iso.part");
     EXPECT_EQ(refuseTidy(folder.write(u"a.bad.iso"_s, "x"), folder.path(u"a.iso"_s))->text, same);
     EXPECT_FALSE(refuseTidy(source, target));
     ASSERT_TRUE(QFile::link(folder.path(u"nowhere"_s), folder.path(u"link.iso"_s)));

@@ -73,6 +73,7 @@ TEST(FrmTidy, ShowsTheFactsAndTidiesByKeyboardAlone) {
     EXPECT_TRUE(form.focusWidget() == before && !form.cmdClick[1]->isEnabled() && form.cboForm->isEnabled());
     EXPECT_TRUE(!form.Text1[0]->isReadOnly() && !form.Text1[1]->isReadOnly() && form.sourceEncoding->isEnabled());
     EXPECT_EQ(form.warningLabel->text(), u"⚠ 写成“?”的字符 5 处（第 1、2、3、4、5 条）"_s);
+    EXPECT_LT(form.warningLabel->minimumSizeHint().width(), 200) << "a long warning does not widen the window";
     EXPECT_NE(form.warningLabel->palette().color(QPalette::WindowText), form.palette().color(QPalette::WindowText));
     EXPECT_TRUE(form.txtResult->isVisible() && form.labJinDu->isVisible() && !form.sampleLabel->isVisible());
     desk.host.willChoose(desk.folder.write(u"next.iso"_s, recordOf(u"200=10$a甲"_s).toUtf8()));
@@ -107,6 +108,8 @@ TEST(FrmTidy, TheChosenEncodingIsShownAndRead) {
         {SourceEncoding::Utf8, "\xC3\xA8", u"è"_s},
     };
     for (const auto &[encoding, bytes, text] : rows) {
+        const QModelIndex entry = form.sourceEncoding->model()->index(int(encoding), 0);
+        EXPECT_EQ(entry.flags().testFlag(Qt::ItemIsEnabled), isAvailable(encoding));
         if (!isAvailable(encoding))
             continue;
         form.Text1[0]->setText(fileOf(bytes));
@@ -121,6 +124,15 @@ TEST(FrmTidy, TheChosenEncodingIsShownAndRead) {
         EXPECT_TRUE(form.warningLabel->isHidden());
         QFile::remove(desk.folder.path(u"t.iso"_s));
     }
+    form.Text1[0]->setText(desk.folder.write(u"ascii.iso"_s, recordOf(u"200=10$ax"_s).toLatin1().repeated(2)));
+    desk.letLook();
+    EXPECT_EQ(form.sampleLabel->text(), u"第 1 条会读成:"_s);
+    form.Text1[0]->setText(desk.folder.write(u"a.xml"_s, "<collection xmlns='http://www.loc.gov/MARC21/slim'/>"));
+    desk.letLook();
+    form.Text1[0]->setText(fileOf("\xCA\xE9"));
+    choose(SourceEncoding::Utf8);
+    choose(SourceEncoding::Gbk); // before the survey has told that the file is not XML
+    EXPECT_EQ(form.sampleText->text(), u"200 10\u001Fa书\r\n"_s);
     form.Text1[0]->setText(fileOf("Genevi\xE8ve"));
     choose(SourceEncoding::Automatic);
     form.cmdClick[0]->click();
@@ -134,6 +146,25 @@ TEST(FrmTidy, TheChosenEncodingIsShownAndRead) {
     QFile::remove(desk.folder.path(u"t.iso"_s));
     form.cmdClick[0]->click();
     EXPECT_TRUE(!form.isVisible() && !QFile::exists(desk.folder.path(u"t.iso"_s)));
+}
+
+TEST(FactsLabel, LooksAgainAtAFileThatChangedOrWasNotSurveyedToItsEnd) {
+    const files::Folder folder;
+    const QString path = folder.write(u"a.iso"_s, recordOf(u"200=10$a甲"_s).toUtf8());
+    FactsLabel label(u"facts"_s);
+    const auto looks = [&](bool expected) {
+        label.lookAgain();
+        EXPECT_EQ(label.isLooking(), expected);
+    };
+    label.lookAt(path);
+    label.stop();
+    looks(true);
+    label.hurry();
+    looks(false);
+    folder.write(u"a.iso"_s, recordOf(u"200=10$a甲乙"_s).toUtf8());
+    looks(true);
+    label.lookAt(folder.path(u"none"_s));
+    EXPECT_TRUE(!label.isLooking() && label.text().isEmpty());
 }
 
 TEST(FrmTidy, AChosenChangeIsMadeToEachRecord) {
@@ -163,6 +194,7 @@ TEST(FrmTidy, AChosenChangeIsMadeToEachRecord) {
 
 TEST(FrmTidy, RefusesStopsAndFailsAndStaysUsable) {
     TidyDesk desk;
+    EXPECT_TRUE(frmTidy(desk.host, {}).warningLabel->isHidden());
     frmTidy &form = *desk.form;
     for (const auto &[source, target, focus] : {std::tuple(QString(), u"x"_s, 0),
                                                 {desk.folder.path(u"none"_s), u"x"_s, 0},
