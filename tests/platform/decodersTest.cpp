@@ -1,4 +1,5 @@
 // The decoders of record files and the parser of XML.
+#include "platform/hanReadings.h"
 #include "platform/marc8Decoder.h"
 #include "platform/textDecoder.h"
 #include "platform/xmlParser.h"
@@ -45,6 +46,19 @@ TEST(TextDecoder, DecodesEachEncodingAndCountsWhatIsDamaged) {
     }
     EXPECT_EQ(TextDecoder::open("GBK").value().decode("\xCA\xFD"), u"数"_s);
     EXPECT_TRUE(TextDecoder::open("no-such-charset").failure().description.contains(u"no-such-charset"));
+}
+
+TEST(HanReadings, AreSyllablesWithoutTones) {
+    auto readings = HanReadings::open();
+    ASSERT_TRUE(readings);
+    for (int call = 0; call < 2; ++call) // of the table, then of what is known
+        for (const auto &[character, reading] : {std::pair(U'中', u"zhong"_s),
+                                                 {U'女', u"nü"_s},
+                                                 {U'𠀀', u"he"_s},
+                                                 {U'Z', u"z"_s},
+                                                 {U'Ω', u""_s},
+                                                 {U'1', u""_s}})
+            EXPECT_EQ(readings.value().of(character), reading) << call << uint(character);
 }
 
 TEST(Marc8Decoder, EachSubfieldStartsWithTheDefaultSets) {

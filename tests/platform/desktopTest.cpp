@@ -8,7 +8,12 @@
 #include <QTest>
 #include <QWindow>
 #ifdef TARVEX_DBUS
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusServer>
 #include <QDBusVariant>
+#include <QDBusVirtualObject>
 #endif
 
 using namespace platform;
@@ -66,5 +71,39 @@ TEST(SchemeWatch, ReportsChangesOfItsSettingAlone) {
         QMetaObject::invokeMethod(&watch, "settingChanged", Q_ARG(QString, ofGroup), Q_ARG(QString, ofKey),
                                   Q_ARG(QDBusVariant, QDBusVariant(value)));
     EXPECT_EQ(answers, (QStringList{u"dark"_s, u"light"_s, u"none"_s}));
+}
+
+namespace {
+// Answers for the desktop: each question is noted, each answer is 1, in a variant of its own.
+class Portal final : public QDBusVirtualObject {
+public:
+    QString introspect(const QString &) const override { return {}; }
+    bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override {
+        asked.append(message.member() + u' ' + message.arguments().value(0).toString());
+        const QVariant dark = QVariant::fromValue(QDBusVariant(1u));
+        return connection.send(message.createReply(QVariant::fromValue(QDBusVariant(dark))));
+    }
+    QStringList asked;
+};
+} // namespace
+
+TEST(SchemeWatch, AsksTheDesktopOnce) {
+    Portal portal;
+    QDBusServer desktop(u"unix:tmpdir=/tmp"_s);
+    ASSERT_TRUE(desktop.isConnected()) << desktop.lastError().message().toStdString();
+    std::optional<QDBusConnection> link;
+    QObject::connect(&desktop, &QDBusServer::newConnection, [&](const QDBusConnection &made) {
+        link.emplace(made);
+        link->registerVirtualObject(u"/org/freedesktop/portal/desktop"_s, &portal);
+    });
+    ASSERT_TRUE(QDBusConnection::connectToPeer(desktop.address(), u"desk"_s).isConnected());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return link.has_value(); }));
+    SchemeWatch watch(u"desk"_s);
+    QList<std::optional<bool>> answers;
+    QObject::connect(&watch, &SchemeWatch::answered, [&](std::optional<bool> dark) { answers.append(dark); });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return answers.size() == 1 && !watch.findChild<QDBusPendingCallWatcher *>(); }));
+    EXPECT_EQ(portal.asked, QStringList(u"Read org.freedesktop.appearance"_s));
+    EXPECT_EQ(answers, QList<std::optional<bool>>{true});
+    QDBusConnection::disconnectFromPeer(u"desk"_s);
 }
 #endif

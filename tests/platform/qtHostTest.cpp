@@ -171,10 +171,13 @@ TEST(QtHost, FilesAreChosenFromTheFolderUsedLast) {
                          QMetaObject::invokeMethod(&dialog, "accept");
                      }),
               folder.path(u"新.iso"_s));
+    const DeskState state(folder.path(u"state"_s));
+    EXPECT_EQ(state.value(kept::lastFolder) + u'/', folder.path());
+    state.keep(kept::lastFolder, folder.path(u"夹"_s)); // not the folder that the dialog itself showed last
     for (const QString &start : {QString(), u"/no/such/folder/a.iso"_s})
         EXPECT_EQ(choose({.title = u"打开"_s, .filter = filter, .start = start},
                          [&](QFileDialog &dialog) {
-                             EXPECT_EQ(dialog.directory().path() + u'/', folder.path());
+                             EXPECT_EQ(dialog.directory().path(), folder.path(u"夹"_s));
                              dialog.reject();
                          }),
                   QString());

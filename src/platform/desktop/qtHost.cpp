@@ -144,7 +144,6 @@ Answer QtHost::show(const Box &box) {
     }
     window.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
     window.setDefaultButton(box.preselected == Answer::No ? QMessageBox::No : QMessageBox::Yes);
-    window.setEscapeButton(QMessageBox::No);
     return window.exec() == QMessageBox::Yes ? Answer::Yes : Answer::No;
 }
 
