@@ -143,6 +143,22 @@ TEST_F(FrmHelpLR000Test, TheMouseChoosesAndDismisses) {
     EXPECT_EQ(window.listLx->currentItem()->text(), u"#=完全级");
 }
 
+TEST_F(FrmHelpLR000Test, EnteredBoxesAreSeenAndListedInANarrowOrInactiveWindow) {
+    EXPECT_EQ(window.boxArea->widget()->childrenRect().topLeft(), QPoint()) << "in line with the lists below";
+    window.boxArea->setMinimumWidth(0);
+    window.resize(10, window.height());
+    CodeBox *last = window.Text1[10];
+    for (CodeBox *box : {last, window.Text1[1]}) {
+        box->setFocus();
+        const QRect seen(box->mapTo(window.boxArea->viewport(), QPoint()), box->size());
+        EXPECT_TRUE(window.boxArea->viewport()->rect().contains(seen)) << box->objectName().toStdString();
+    }
+    QApplication::setActiveWindow(nullptr); // the focus then changes without a signal
+    window.picClick[5]->click();
+    EXPECT_EQ(window.listMenu->accessibleName(), last->accessibleName());
+    EXPECT_GT(window.listLx->count(), 1);
+}
+
 TEST_F(FrmHelpLR000Test, OpensAgainAtItsFirstBox) {
     EXPECT_TRUE(window.richTextTS->isVisible() && !window.textMarc->toolTip().isEmpty());
     EXPECT_EQ(window.boxArea->widget()->width(), window.boxArea->viewport()->width());

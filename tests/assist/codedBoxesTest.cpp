@@ -145,3 +145,15 @@ TEST(CodedBoxes, ListAndChoiceBelongToTheCurrentBox) {
         EXPECT_EQ(boxes.text(row.box), row.chosen);
     }
 }
+
+// The first box of both tables is fixed; in another table it may have a list.
+TEST(CodedBoxes, TheFirstBoxIsLikeTheOthers) {
+    static constexpr assist::Code codes[] = {{u"a=甲", u"说明"}, {u"b=乙"}};
+    static constexpr assist::Box table[] = {{u"甲", 1, assist::BoxKind::Coded, u"a", codes, {}, true}};
+    CodedBoxes boxes(table);
+    boxes.focus(0);
+    EXPECT_EQ(boxes.list(), (QStringList{u"a=甲"_s, u"b=乙"_s}));
+    EXPECT_EQ(boxes.explanation(u"a"), u"说明"_s);
+    EXPECT_TRUE(boxes.choose(u"b=乙"_s));
+    EXPECT_TRUE(boxes.text(0) == u"b" && boxes.listed() == 1);
+}
