@@ -88,9 +88,7 @@ const Row *found(const auto &table, Key Row::*key, Key wanted) {
 } // namespace
 
 DeskStyle::DeskStyle()
-    : QProxyStyle(QStringLiteral("fusion")) {
-    setObjectName(QStringLiteral("desk"));
-}
+    : QProxyStyle(QStringLiteral("fusion")) {}
 
 void DeskStyle::polish(QPalette &palette) {
     palette = schemePalette(m_scheme.value_or(schemeOf(palette)));

@@ -70,7 +70,6 @@ void paintSign(QPainter *painter, const QRect &rect, Sign sign, const QColor &in
     constexpr double share = 0.28, lineShare = 0.13, thinnest = 1.4;
     const int side = std::min(rect.width(), rect.height());
     const Brushwork brush(painter);
-    painter->setBrush(Qt::NoBrush);
     painter->translate(QRectF(rect).center());
     painter->scale(side * share, side * share);
     QPen pen(ink, std::max(side * lineShare, thinnest) / (side * share), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);

@@ -285,15 +285,6 @@ TEST_F(BandedReportTest, ALongReportIsShownAPageAtATimeAndPrintedAsAnyOther) {
     preview.startPrinting();
     ASSERT_TRUE(QTest::qWaitFor([&] { return !preview.isVisible(); }, 30'000));
     EXPECT_EQ(sheetsOf(printer->outputFileName()), sheets);
-
-    for (const int rows : {5000, 5001}) {
-        books->books.resize(size_t(rows));
-        const std::unique_ptr<QDialog> shown(newReportPreview(report, nullptr));
-        EXPECT_EQ(qobject_cast<LongPreview *>(shown.get()) != nullptr, rows > 5000);
-        EXPECT_EQ(shown->objectName() + shown->windowTitle(), u"DataReportJs"_s + report.caption);
-        const auto actions = shown->findChildren<QAction *>();
-        EXPECT_EQ(std::ranges::count(actions, QKeySequence(QKeySequence::Print), &QAction::shortcut), 1) << rows;
-    }
 }
 
 } // namespace

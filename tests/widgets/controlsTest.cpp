@@ -6,6 +6,7 @@
 #include "widgets/keys.h"
 #include "widgets/remembered.h"
 #include "widgets/runControls.h"
+#include "widgets/styleTokens.h"
 #include "widgets/textBox.h"
 #include "widgets/waitCursor.h"
 #include <QClipboard>
@@ -98,6 +99,7 @@ TEST(AccentFrame, FollowsItsWidgetInsideTheParent) {
         EXPECT_EQ(frame->geometry(), expected);
         EXPECT_FALSE(frame->mask().contains(frame->rect().center()));
         EXPECT_TRUE(frame->mask().contains(QPoint(0, 0)));
+        EXPECT_EQ(frame->grab().toImage().pixelColor(0, 0), colour(Colour::Accent, frame->palette()));
     }
     beside.raise();
     framed->raise();

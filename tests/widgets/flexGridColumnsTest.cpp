@@ -52,7 +52,7 @@ TEST_F(FlexGridWidths, TwipsGrowWithAFontAboveTheDesignSize) {
 TEST_F(FlexGridWidths, ACutTextIsItsToolTip) {
     const auto tip = [&](int column) {
         QHelpEvent event(QEvent::ToolTip, at(1, column), grid.viewport()->mapToGlobal(at(1, column)));
-        QCoreApplication::sendEvent(grid.viewport(), &event);
+        EXPECT_TRUE(QCoreApplication::sendEvent(grid.viewport(), &event)) << "the event goes no further";
         return QToolTip::text();
     };
     grid.setText(1, 1, u"<很长的题名>"_s.repeated(20));
@@ -60,6 +60,28 @@ TEST_F(FlexGridWidths, ACutTextIsItsToolTip) {
     EXPECT_EQ(tip(1), u"<qt>"_s + grid.text(1, 1).toHtmlEscaped() + u"</qt>");
     grid.setToolTip(u"整个列表"_s);
     EXPECT_EQ(tip(1), u"整个列表"_s);
+}
+
+// Texts written over a source disappear with their rows.
+TEST_F(FlexGridWidths, RowsThatAreAddedAgainAreEmpty) {
+    struct One final : platform::TableSource {
+        int rowCount() const override { return 1; }
+        int columnCount() const override { return 4; }
+        QString text(int, int) const override { return u"x"_s; }
+    };
+    int removals = 0;
+    QObject::connect(grid.model(), &QAbstractItemModel::rowsRemoved, [&] { ++removals; });
+    grid.bind(std::make_shared<One>());
+    grid.setRows(6);
+    for (int row = 1; row < 6; ++row)
+        grid.setText(row, 1, u"y"_s);
+    grid.setRows(3);
+    grid.setRows(6);
+    QString texts;
+    for (int row = 1; row < 6; ++row)
+        texts += grid.text(row, 1) + u'|';
+    EXPECT_EQ(texts, u"y|y||||"_s);
+    EXPECT_EQ(removals, 2) << "when the source is bound, and when rows are taken";
 }
 
 } // namespace

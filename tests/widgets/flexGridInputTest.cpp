@@ -79,6 +79,20 @@ TEST_F(FlexGridInput, EverythingByKeyboard) {
     EXPECT_EQ(QGuiApplication::clipboard()->text(), u"11\t12\t13\n21\ta b  c\t23\n"_s);
 }
 
+TEST_F(FlexGridInput, PagesAreOneRowLessThanTheViewAndTheCurrentRowIsSeen) {
+    grid.setRows(100);
+    EXPECT_EQ(grid.shownRow(99, 1), -1);
+    EXPECT_EQ(grid.shownRow(99, -1), 98);
+    const int page = grid.viewport()->height() / grid.cellRect(1, 1).height() - 1;
+    grid.setRow(1);
+    QTest::keyClick(&grid, Qt::Key_PageDown);
+    EXPECT_EQ(grid.row(), 1 + page);
+    for (const int row : {99, 1, 50}) {
+        grid.setRow(row);
+        EXPECT_TRUE(grid.viewport()->rect().contains(at(row, 1))) << row;
+    }
+}
+
 // A button of the window system is held: outside the rows the selection grows until the pointer returns.
 TEST_F(FlexGridInput, ADragOutsideExtendsUntilTheLastRow) {
     QWindow *system = window.windowHandle();

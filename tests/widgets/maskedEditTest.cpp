@@ -82,9 +82,13 @@ TEST_F(MaskedEditTest, IsLeftOnceAndSelectsWhenItIsEntered) {
     edit.selectAll();
     QTest::keyClicks(&edit, u"7"_s);
     EXPECT_EQ(edit.text(), u"7___-__-__"_s);
-    QFocusEvent away(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
-    QCoreApplication::sendEvent(&edit, &away);
-    EXPECT_EQ(leaves, 1) << "switching to another program does not leave the field";
+    for (const auto reason : {Qt::ActiveWindowFocusReason, Qt::PopupFocusReason}) {
+        QFocusEvent away(QEvent::FocusOut, reason), back(QEvent::FocusIn, reason);
+        QCoreApplication::sendEvent(&edit, &away);
+        EXPECT_EQ(leaves, 1) << "another program or a popup does not leave the field";
+        QCoreApplication::sendEvent(&edit, &back);
+        EXPECT_FALSE(edit.hasSelectedText());
+    }
     other.setFocus();
     EXPECT_EQ(leaves, 2);
 }

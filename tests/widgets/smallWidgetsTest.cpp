@@ -52,6 +52,7 @@ TEST(ClickLabel, LooksAsItsStateAndIsClickedByKeys) {
         for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_A})
             QTest::keyClick(&label, key);
         EXPECT_EQ(clicks, 3);
+        EXPECT_EQ(label.focusPolicy(), Qt::StrongFocus);
     }
 }
 

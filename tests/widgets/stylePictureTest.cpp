@@ -54,8 +54,7 @@ QString tokensIn(const QImage &picture, const QRect &element) {
     return said.join(u"; "_s);
 }
 
-// For elements whose signs and texts follow the font.
-QString withoutPlaces(QString tokens) {
+QString withoutPlaces(QString tokens) { // of elements whose signs and texts follow the font
     return tokens.remove(QRegularExpression(u"(?<=Ink|Accent) [^;]*"_s));
 }
 
@@ -193,12 +192,12 @@ TEST_F(StylePicture, FramesRowsAndBars) {
     const auto arrow = [&](Header::SortIndicator order) {
         return of<QStyleOptionHeader>(S::PE_IndicatorHeaderArrow, on, [&](auto &it) { it.sortIndicator = order; });
     };
-    const auto menu = [&](QStyle::State state, Menu::MenuItemType type, bool marked = false) {
+    const auto menu = [&](QStyle::State state, Menu::MenuItemType type, bool marked = false, bool open = false) {
         const auto change = [&](auto &it) {
             it.menuItemType = type;
             it.font.setPixelSize(8);
             it.checkType = marked ? Menu::NonExclusive : Menu::NotCheckable;
-            it.checked = marked;
+            it.checked = marked && !open;
             it.menuHasCheckableItems = marked;
             it.text = marked ? u"█\t█"_s : QString();
         };
@@ -220,16 +219,17 @@ TEST_F(StylePicture, FramesRowsAndBars) {
               "Window; Edge 4,4,24,4 | Window; Edge 14,4,14,4 | Window; SecondInk 24,4,4,4 | Window; Edge 24,4,4,4 "
               "| Window; SecondInk 4,4,24,4 | Window | Window; Edge 4,6,4,6 | Window | Accent 1,6,21,6 | Accent "
               "1,6,1,6 | "_s);
-    EXPECT_EQ(all(of<QStyleOptionProgressBar>(S::CE_ProgressBarGroove, on), splitter(on), splitter(below, tall),
-                  splitter(on | in), bar(on, &toolBar), bar(on, &menuBar), plain(S::PE_PanelStatusBar),
-                  plain(separator), plain(separator, across), heading(Header::Middle), heading(Header::End),
-                  heading(Header::OnlyOneSection), menu(on, Menu::Separator), menu(on, Menu::Normal),
-                  menu(on | chosen, Menu::Normal), menu(chosen, Menu::SubMenu), menu(on, Menu::Normal, true),
-                  menu(off, Menu::Normal, true)),
-              u"Hairline 1,6,1,6 | Hairline 8,7,10,10 | Accent 1,1,4,3 | Accent 8,7,10,10 | Window 0,0,0,1; Hairline "
-              "0,19,0,0 | Window | Window 0,1,0,0; Hairline 0,0,0,19 | Hairline 4,9,4,10 | Hairline 19,4,20,4 | "
-              "Window 0,0,0,1; Hairline 0,4,0,0 | Window 0,0,0,1; Hairline 0,19,0,0 | Window 0,0,0,1; Hairline "
-              "0,19,0,0 | Hairline 0,9,0,10 |  | Tint | SecondInk | Ink; FaintInk; Accent | FaintInk; Accent"_s);
+    EXPECT_EQ(
+        all(of<QStyleOptionProgressBar>(S::CE_ProgressBarGroove, on), splitter(on), splitter(below, tall),
+            splitter(on | in), bar(on, &toolBar), bar(on, &menuBar), plain(S::PE_PanelStatusBar), plain(separator),
+            plain(separator, across), heading(Header::Middle), heading(Header::End), heading(Header::OnlyOneSection),
+            menu(on, Menu::Separator), menu(on, Menu::Normal), menu(on | chosen, Menu::Normal),
+            menu(chosen, Menu::SubMenu), menu(on, Menu::Normal, true), menu(off, Menu::Normal, true),
+            menu(on, Menu::Normal, true, true)),
+        u"Hairline 1,6,1,6 | Hairline 8,7,10,10 | Accent 1,1,4,3 | Accent 8,7,10,10 | Window 0,0,0,1; Hairline "
+        "0,19,0,0 | Window | Window 0,1,0,0; Hairline 0,0,0,19 | Hairline 4,9,4,10 | Hairline 19,4,20,4 | "
+        "Window 0,0,0,1; Hairline 0,4,0,0 | Window 0,0,0,1; Hairline 0,19,0,0 | Window 0,0,0,1; Hairline "
+        "0,19,0,0 | Hairline 0,9,0,10 |  | Tint | SecondInk | Ink; FaintInk; Accent | FaintInk; Accent | Ink; FaintInk"_s);
     EXPECT_EQ(all(entry(on), entry(on | chosen), entry(on | in)), u"Window | Tint | Tint"_s);
 }
 

@@ -61,6 +61,7 @@ TEST(Appearance, WindowsFollowAChangeWhileTheProgramRuns) {
     EXPECT_FALSE(isDark());
 
     const Heading heading(QStringLiteral("heading"), QStringLiteral("标题"), titleSize);
+    EXPECT_NEAR(heading.font().pointSizeF(), QApplication::font().pointSizeF() * titleSize, 0.1);
     const int height = grid.verticalHeader()->defaultSectionSize();
     const QFont former = QApplication::font();
     QFont larger = former;

@@ -120,8 +120,29 @@ TEST(Window, ContentsThatAreLargerThanTheScreenScroll) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return window.findChild<QScrollArea *>() != nullptr; }));
     EXPECT_TRUE(window.screen()->geometry().contains(window.frameGeometry()));
     EXPECT_TRUE(last->hasFocus());
+    const auto *area = window.findChild<QScrollArea *>();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return area->widget()->width() == area->viewport()->width(); }));
     for (QLineEdit *box : {first, last}) {
         box->setFocus();
         EXPECT_TRUE(QTest::qWaitFor([box] { return box->visibleRegion().boundingRect().height() == box->height(); }));
     }
+}
+
+TEST(Window, HasItsNamesAndStaysIfItMustNotBeLeft) {
+    struct Staying final : Window {
+        using Window::Window;
+        bool stays = true;
+        bool queryUnload() override { return !stays; }
+    };
+    Staying window(u"frmA"_s, u"标题"_s);
+    EXPECT_EQ((QStringList{window.objectName(), window.windowTitle(), window.accessibleName()}),
+              (QStringList{u"frmA"_s, u"标题"_s, u"标题"_s}));
+    EXPECT_TRUE(window.windowFlags().testFlags(Qt::WindowMaximizeButtonHint | Qt::WindowMinimizeButtonHint));
+    int left = 0;
+    QObject::connect(&window, &Window::unloaded, [&] { ++left; });
+    window.show();
+    EXPECT_FALSE(window.close());
+    EXPECT_TRUE(window.isVisible() && left == 0);
+    window.stays = false;
+    EXPECT_TRUE(window.close() && left == 1);
 }

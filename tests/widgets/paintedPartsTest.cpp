@@ -1,0 +1,134 @@
+// What the style and small parts paint, told by the colours of pixels, and their places in their widgets.
+#include "support/qtPrinters.h"
+#include "widgets/choiceList.h"
+#include "widgets/deskStyle.h"
+#include "widgets/flexGridColours.h"
+#include "widgets/keyLine.h"
+#include "widgets/layout.h"
+#include "widgets/stylePaint.h"
+#include <QComboBox>
+#include <QHeaderView>
+#include <QMenu>
+#include <QPushButton>
+#include <QStandardItemModel>
+#include <QStyleOption>
+#include <QTableView>
+
+using namespace widgets;
+
+namespace {
+
+const QColor red(255, 0, 0);
+
+// Returns the rectangle around the pixels that have the colour.
+QRect placeOf(const QColor &colour, const QImage &picture) {
+    QRect place;
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x)
+            if (picture.pixelColor(x, y) == colour)
+                place |= QRect(x, y, 1, 1);
+    return place;
+}
+
+QIcon redIcon() {
+    QPixmap pixmap(16, 16);
+    pixmap.fill(red);
+    return pixmap;
+}
+
+TEST(PaintedParts, EachMarkFillsItsSquareInItsColour) {
+    const QPalette palette = schemePalette(Scheme::Light);
+    for (const auto &[mark, ink] : {std::pair(Mark::Error, Colour::ErrorInk),
+                                    {Mark::Warning, Colour::WarningInk},
+                                    {Mark::Hint, Colour::Accent}}) {
+        QImage picture(60, 40, QImage::Format_ARGB32);
+        picture.fill(Qt::white);
+        QPainter painter(&picture);
+        paintMark(&painter, picture.rect(), mark, palette);
+        painter.end();
+        const QRect place = placeOf(colour(ink, palette), picture);
+        EXPECT_TRUE(QRect(10, 0, 40, 40).contains(place) && place.width() > 24 && place.height() > 24) << int(mark);
+    }
+}
+
+TEST(PaintedParts, ButtonsAndHeadingsShowTheirIcons) {
+    DeskStyle style;
+    QPushButton button(redIcon(), u"名"_s);
+    button.setStyle(&style);
+    EXPECT_FALSE(placeOf(red, button.grab().toImage()).isEmpty());
+    QStandardItemModel model(1, 1);
+    model.setHeaderData(0, Qt::Horizontal, redIcon(), Qt::DecorationRole);
+    QHeaderView header(Qt::Horizontal);
+    header.setStyle(&style);
+    header.setModel(&model);
+    EXPECT_FALSE(placeOf(red, header.grab().toImage()).isEmpty());
+}
+
+// The delegate of a grid of remarks, with a mark before or after the text.
+struct Marking final : FlexGridDelegate {
+    explicit Marking(bool atEnd)
+        : end(atEnd) {}
+    bool end;
+    std::optional<CellMark> markOf(const QModelIndex &) const override { return CellMark{Mark::Error, end}; }
+};
+
+TEST(PaintedParts, AMarkIsBesideTheTextOfItsCell) {
+    for (const bool atEnd : {false, true}) {
+        QStandardItemModel model(1, 1);
+        model.setData(model.index(0, 0), QString(200, u'█'));
+        model.setData(model.index(0, 0), QBrush(Qt::white), Qt::BackgroundRole);
+        QStyleOptionViewItem option;
+        option.rect = QRect(0, 0, 200, 30);
+        option.palette = schemePalette(Scheme::Light);
+        option.state = QStyle::State_Enabled;
+        QImage picture(200, 30, QImage::Format_ARGB32);
+        picture.fill(Qt::white);
+        QPainter painter(&picture);
+        const Marking delegate(atEnd);
+        delegate.paint(&painter, option, model.index(0, 0));
+        painter.end();
+        const QRect mark = placeOf(colour(Colour::ErrorInk, option.palette), picture);
+        EXPECT_FALSE(mark.isEmpty());
+        EXPECT_TRUE(atEnd ? mark.left() > 170 : mark.right() < 30) << mark.left() << ' ' << mark.right();
+    }
+}
+
+TEST(PaintedParts, MenusHaveLowSeparatorsAndANarrowBarIsNarrow) {
+    DeskStyle style;
+    QMenu menu;
+    menu.setStyle(&style);
+    QAction *entry = menu.addAction(u"打开"_s), *line = menu.addSeparator();
+    menu.addAction(u"退出"_s);
+    EXPECT_LT(menu.actionGeometry(line).height(), menu.fontMetrics().height());
+    EXPECT_GT(menu.actionGeometry(entry).height(), menu.fontMetrics().height());
+    QWidget bar;
+    QStyleOptionMenuItem option;
+    option.initFrom(&bar);
+    const auto width = [&] { return style.sizeFromContents(QStyle::CT_MenuBarItem, &option, {50, 20}, &bar).width(); };
+    const int usual = width();
+    bar.setProperty("narrow", true);
+    EXPECT_TRUE(width() < usual && width() > 50);
+}
+
+TEST(PaintedParts, TheLineOfKeysIsBelowTheEntries) {
+    QWidget window;
+    ChoiceList list(u"list"_s, u"列表"_s, &window);
+    list.tellKeys(u"回车选用"_s);
+    list.fill({u"甲"_s, u"乙"_s}, 0);
+    list.resize(200, 150);
+    window.show();
+    const auto *line = list.findChild<KeyLine *>();
+    const QRect entries = list.viewport()->geometry();
+    EXPECT_EQ(line->geometry(),
+              QRect(entries.left(), entries.bottom() + 1, entries.width(), line->sizeHint().height()));
+    EXPECT_TRUE(list.rect().contains(line->geometry()));
+}
+
+TEST(PaintedParts, AScreenReaderGetsTheNameOfAChoiceAndOfItsEntries) {
+    QComboBox box;
+    nameForReader(&box, u"编码"_s);
+    EXPECT_EQ((QStringList{box.accessibleName(), box.accessibleDescription(), box.view()->accessibleName()}),
+              (QStringList{u"编码"_s, u"编码"_s, u"编码"_s}));
+}
+
+} // namespace

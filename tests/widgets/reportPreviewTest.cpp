@@ -1,0 +1,64 @@
+// The window of a report's preview: of all its pages, or of one page at a time.
+#include "support/qtPrinters.h"
+#include "widgets/bandedReport.h"
+#include "widgets/longPreview.h"
+#include <QAction>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
+#include <QSpinBox>
+#include <QTest>
+#include <QToolBar>
+
+using namespace widgets;
+
+namespace {
+
+struct Numbers final : platform::TableSource {
+    int rows = 0;
+    int rowCount() const override { return rows; }
+    int columnCount() const override { return 1; }
+    QString text(int row, int) const override { return QString::number(row); }
+};
+
+struct ReportPreviewTest : testing::Test {
+    std::unique_ptr<QDialog> preview(int rows) {
+        auto numbers = std::make_shared<Numbers>();
+        numbers->rows = rows;
+        BandedReport report;
+        report.caption = u"打印一览表"_s;
+        report.columns = {{u"号"_s, 0, 1}};
+        report.rows = numbers;
+        return std::unique_ptr<QDialog>(newReportPreview(report, nullptr));
+    }
+};
+
+TEST_F(ReportPreviewTest, ALongReportHasTheOtherWindowAndTheSameName) {
+    for (const int rows : {5000, 5001}) {
+        const auto shown = preview(rows);
+        EXPECT_EQ(qobject_cast<LongPreview *>(shown.get()) != nullptr, rows > 5000);
+        EXPECT_EQ(shown->objectName() + shown->windowTitle(), u"DataReportJs打印一览表"_s);
+        const auto actions = shown->findChildren<QAction *>();
+        EXPECT_EQ(std::ranges::count(actions, QKeySequence(QKeySequence::Print), &QAction::shortcut), 1) << rows;
+        EXPECT_GT(shown->height(), 500) << "a page can be read";
+        EXPECT_TRUE(shown->testAttribute(Qt::WA_DeleteOnClose));
+        auto *whole = qobject_cast<QPrintPreviewDialog *>(shown.get());
+        EXPECT_EQ(whole == nullptr, rows > 5000);
+        if (whole) {
+            EXPECT_EQ(whole->printer()->pageLayout().margins(QPageLayout::Millimeter), QMarginsF(15, 15, 15, 15));
+        }
+    }
+}
+
+TEST_F(ReportPreviewTest, TheToolsOfALongReportAreInGroups) {
+    const auto shown = preview(5001);
+    QStringList tools;
+    const auto *bar = shown->findChild<QToolBar *>();
+    for (QAction *tool : bar->actions())
+        tools.append(tool->isSeparator()                                                         ? u"|"_s
+                     : bar->widgetForAction(tool)->metaObject()->className() == "QToolButton"_ba ? tool->text()
+                                                                                                 : u"·"_s);
+    EXPECT_EQ(tools.join(u' '),
+              u"适应宽度 适应页面 缩小 放大 | 纵向 横向 | 第一页 上一页 · · 下一页 最后一页 | 页面设置 打印"_s);
+}
+
+} // namespace
