@@ -121,7 +121,10 @@ TEST(FrmMarcKaPian, KeepsItsTextIfThereIsNoCard) {
     window.Text1->copy(); // the record's own characters, not the signs
     EXPECT_EQ(QGuiApplication::clipboard()->text(), window.marcRecord);
     EXPECT_EQ(host.boxes.size(), 4);
+    window.Text1->moveCursor(QTextCursor::Start);
     QTest::keyClick(window.Text1, Qt::Key_Right); // no other record
+    EXPECT_EQ(window.Text1->textCursor().position(), 1) << "the key moves the cursor";
+    EXPECT_TRUE(window.Text1->isReadOnly() && window.Text1->accessibleName() == u"记录内容");
 
     QList<int> steps;
     window.step = [&](int by) {
@@ -136,4 +139,25 @@ TEST(FrmMarcKaPian, KeepsItsTextIfThereIsNoCard) {
     QTest::keyClick(window.Text1, Qt::Key_Right, Qt::ShiftModifier); // selects
     EXPECT_EQ(window.Text1->text(), recordWith(u"200=1 $a甲"_s));
     EXPECT_EQ(steps, (QList<int>{1, -1, 1}));
+    window.Text1->moveCursor(QTextCursor::Start);
+    QTest::keyClick(window.Text1, Qt::Key_Left);
+    QTest::keyClick(window.Text1, Qt::Key_Right);
+    EXPECT_EQ(window.Text1->textCursor().position(), 0) << "a key that pages does not move the cursor";
+}
+
+// The text stands within the margins of a card in the middle, or fills the window.
+TEST(FrmMarcKaPian, TheTextIsOnACard) {
+    ScriptedHost host;
+    card::frmMarcKaPian window(host);
+    window.marcRecord = recordWith(u"200=$a题"_s);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    EXPECT_TRUE(window.Text1->hasFocus());
+    const QRect room = window.Text1->parentWidget()->rect();
+    const QRect text = window.Text1->geometry();
+    EXPECT_TRUE(room.adjusted(5, 5, -5, -5).contains(text)) << text.width() << ' ' << text.height();
+    EXPECT_NEAR(text.center().x(), room.center().x(), 2);
+    EXPECT_EQ(window.Text1->frameShape(), QFrame::NoFrame);
+    window.cmdclick[0]->click();
+    EXPECT_EQ(window.Text1->geometry(), room);
 }
