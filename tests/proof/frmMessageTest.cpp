@@ -1,6 +1,7 @@
 #include "proof/windows/frmMessage.h"
 #include "platform/codepage936.h"
 #include "support/scriptedHost.h"
+#include "support/windowState.h"
 #include <QDir>
 #include <QTextBlock>
 
@@ -60,6 +61,7 @@ TEST_F(FrmMessageTest, HasSpaceForTwentyLines) {
     const QFontMetrics metrics(window.messageText->font());
     EXPECT_GE(window.messageText->sizeHint().width(), 40 * metrics.horizontalAdvance(u'字'));
     EXPECT_GE(window.messageText->sizeHint().height(), 20 * metrics.lineSpacing());
+    EXPECT_EQ(WindowState(window).grown({90, 60}), u"messageText wh"_s);
 }
 
 TEST_F(FrmMessageTest, BreaksLongLinesOnlyOnScreen) {
