@@ -63,6 +63,7 @@ TEST(SortOrder, FollowsTheHeadings) {
     };
     for (const auto &[order, column, next] : clicks)
         EXPECT_EQ(orderAfterClick(column, order, catalogueColumns), next) << order.toStdString() << column;
+    EXPECT_EQ(orderAfterClick(0, {}, std::to_array<QStringView>({u"price"})), u"price"_s) << "a list without a mark";
     for (const QString &order : {u""_s, u"price"_s, u"bookname,author"_s, u"bookname up"_s, u"author Asc x"_s})
         EXPECT_FALSE(headingOrder(order, catalogueColumns)) << order.toStdString();
 }

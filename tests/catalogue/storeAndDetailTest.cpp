@@ -7,6 +7,7 @@
 #include "support/databaseServers.h"
 #include "support/scriptedHost.h"
 #include "support/windowState.h"
+#include <QHeaderView>
 
 using namespace catalogue;
 
@@ -197,8 +198,10 @@ TEST_F(TlkListFrmTest, IsSortedByItsHeadings) {
     load(u"author='y'"_s);
     Q_EMIT list.Grid1->headingClicked(1);
     EXPECT_EQ(titles(), u"abc"_s);
+    EXPECT_EQ(list.Grid1->horizontalHeader()->sortIndicatorOrder(), Qt::AscendingOrder);
     Q_EMIT list.Grid1->headingClicked(1);
     EXPECT_EQ(titles(), u"cba"_s);
+    EXPECT_EQ(list.Grid1->horizontalHeader()->sortIndicatorOrder(), Qt::DescendingOrder);
     host.willAnswer(platform::Answer::Yes);
     list.CmdDcgl[0]->click();
     EXPECT_EQ(titles(), u"ba"_s);
