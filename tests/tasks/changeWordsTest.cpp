@@ -42,6 +42,16 @@ TEST(ChangeWords, DifferencesAreShort) {
     }
 }
 
+TEST(ChangeWords, AsMuchAsPossibleRemains) {
+    const std::tuple<QString, QString, int> rows[] = {
+        {u"abcbdab"_s, u"bdcaba"_s, 4}, {u"xaybzc"_s, u"abcw"_s, 3}, {u"aaaab"_s, u"baaaa"_s, 4}};
+    for (const auto &[before, after, common] : rows) {
+        const Difference found = difference(before, after);
+        EXPECT_EQ(without(before, found.gone).size(), common) << before.toStdString();
+        EXPECT_EQ(without(after, found.made).size(), common) << before.toStdString();
+    }
+}
+
 TEST(ChangeWords, WhatRemainsOfBothTextsIsTheSame) {
     Dice dice(5);
     for (int round = 0; round < 500; ++round) {

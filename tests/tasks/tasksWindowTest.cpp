@@ -3,6 +3,7 @@
 #include "support/scriptedHost.h"
 #include "taskRows.h"
 #include "tasks/windows/frmTasks.h"
+#include "widgets/styleTokens.h"
 
 using namespace tasks;
 
@@ -89,11 +90,21 @@ TEST_F(TasksWindow, PreviewsRunsAndUndoes) {
     EXPECT_TRUE(form.previewPage->kindList->item(2)->text().contains(u"2 处，2 条"_s));
     EXPECT_TRUE(form.labJinDu->text().startsWith(u"会改 2 条记录，共 4 处"_s));
     EXPECT_TRUE(form.previewPage->current()) << "the first change";
+    const QImage picture = form.grab().toImage();
+    for (const widgets::Surface surface : {widgets::Surface::Error, widgets::Surface::Done}) {
+        const QColor fill = widgets::colour(widgets::look(surface).fill, form.palette());
+        int pixels = 0;
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x)
+                pixels += picture.pixelColor(x, y) == fill;
+        EXPECT_GT(pixels, 100) << "what differs is coloured: " << int(surface);
+    }
     for (const QString &caption : {u"&R 这一条要改"_s, u"&R 这一条不改"_s}) {
         form.previewPage->recordButton->click();
         EXPECT_EQ(form.previewPage->recordButton->text(), caption);
     }
     form.previewPage->changeButton->click();
+    EXPECT_EQ(form.previewPage->changeButton->text(), u"&H 这一处要改"_s);
     EXPECT_EQ(table().value(0), u"1 010 ##$d28.00元 ##$dCNY28.00"_s);
     form.runButton->click();
     ASSERT_TRUE(done());
@@ -151,4 +162,37 @@ TEST_F(TasksWindow, WhatCannotBeRunIsSaidAtItsBox) {
     form.previewButton->click();
     form.stepsPage->addButton->click();
     EXPECT_FALSE(form.runButton->isVisible());
+}
+
+TEST_F(TasksWindow, ButtonsAreEnabledForWhatCanBeDone) {
+    frmTasks &form = openWith(uR"({"action": "replace", "tag": "200", "code": "a", "find": "没有", "with": "x"},
+            {"action": "replace", "tag": "300", "code": "a", "find": "没有", "with": "y"})"_s);
+    const StepsPage &page = *form.stepsPage;
+    const auto enabled = [&](int row) {
+        page.stepList->setCurrentRow(row);
+        QString keys;
+        for (const widgets::Button *button :
+             {page.addButton, page.copyButton, page.upButton, page.downButton, page.removeButton})
+            keys += button->isEnabled() ? button->text().mid(1, 1) : u"-"_s;
+        return keys;
+    };
+    EXPECT_EQ(enabled(0), u"AY-WX"_s);
+    EXPECT_EQ(enabled(1), u"AYU-X"_s);
+    page.upButton->click();
+    EXPECT_TRUE(page.task().steps.size() == 2 && page.stepList->currentRow() == 0);
+    EXPECT_TRUE(page.stepList->item(0)->text().contains(u"300"_s));
+    form.previewButton->click();
+    ASSERT_TRUE(done());
+    EXPECT_FALSE(form.runButton->isEnabled()) << "nothing would change";
+    EXPECT_TRUE(form.previewPage->recordButton->text() == u"&R 这一条不改" &&
+                !form.previewPage->recordButton->isEnabled());
+    page.removeButton->click();
+    EXPECT_EQ(enabled(0), u"AY--X"_s);
+    page.removeButton->click();
+    EXPECT_EQ(enabled(-1), u"A----"_s);
+    host.willChoose(host.folder + u"/out.json");
+    form.taskBar->exportButton->click();
+    EXPECT_TRUE(readTaskFile(host.folder + u"/out.json").value().steps.empty()) << "as it is now";
+    choose(window->taskBar->taskBox->itemText(0));
+    EXPECT_EQ(enabled(0), u"-----"_s) << "a ready task";
 }
