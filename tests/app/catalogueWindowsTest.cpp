@@ -3,6 +3,7 @@
 #include "catalogue/windows/orderbyFrm.h"
 #include "catalogue/windows/queryFrm.h"
 #include "catalogue/windows/sckListFrm.h"
+#include "catalogue/windows/tlkListFrm.h"
 #include "catalogue/windows/zskListFrm.h"
 #include "support/databaseServers.h"
 #include "support/scriptedHost.h"
@@ -100,4 +101,21 @@ TEST_F(CatalogueWindowsTest, TheSortDialogReopensAClosedList) {
     EXPECT_TRUE(list()->isVisible());
     EXPECT_EQ(list()->Grid1->text(1, 2) + list()->Grid1->text(2, 2), u"ab"_s); // sorted, without the condition
     EXPECT_TRUE(host.boxes.isEmpty());
+}
+
+TEST_F(CatalogueWindowsTest, AQueryBringsItsListForward) {
+    const auto queryStore = [this] {
+        QTimer::singleShot(0, [] {
+            if (auto *dialog = qobject_cast<catalogue::QueryFrmdel *>(QApplication::activeModalWidget()))
+                dialog->findData();
+        });
+        windows.queryStore(storeQuery);
+        const QMdiSubWindow *front = frame.findChild<QMdiArea *>()->activeSubWindow();
+        return front ? QString::fromLatin1(front->widget()->metaObject()->className()) : QString();
+    };
+    for (int time = 0; time < 2; ++time) {
+        EXPECT_EQ(queryStore(), u"catalogue::TLKListFrm"_s);
+        query();
+    }
+    EXPECT_EQ(frame.findChildren<catalogue::TLKListFrm *>().size(), 1);
 }
