@@ -20,6 +20,8 @@ constexpr auto tables = std::to_array<Table>({
 
 // Rows per query: few enough to keep the window responsive, enough to keep the number of queries low.
 constexpr int rowsWanted = 4096;
+constexpr size_t remarksPerStep = 500;
+constexpr int hitsDropped = 5000;
 
 enum Column { Key, Isbn, Title, Author };
 
@@ -60,8 +62,24 @@ std::vector<Remark> DuplicateSearch::step() {
         }
         m_connection = std::move(opened).value();
     }
+    if (m_tableEnded)
+        return tell();
     const platform::Status status = m_walk ? walk() : begin();
-    return status && m_walk->more ? std::vector<Remark>() : endTable(status);
+    if (status && m_walk->more)
+        return {};
+    m_tableEnded = status;
+    return tell();
+}
+
+void DuplicateSearch::end() {
+    m_table = tables.size();
+    m_connection = {};
+}
+
+bool DuplicateSearch::dropSome() {
+    for (int dropped = 0; dropped < hitsDropped && !m_hits.empty(); ++dropped)
+        m_hits.erase(m_hits.begin());
+    return !m_hits.empty();
 }
 
 // The percentage is that of the range of keys, computed as double because the range may exceed any integer.
@@ -139,19 +157,25 @@ void DuplicateSearch::hit(int book, const database::ResultTable &rows, int row, 
     hit.first = u"控制号 %1《%2》%3"_s.arg(rows.text(row, Key), rows.text(row, Title), rows.text(row, Author));
 }
 
-std::vector<Remark> DuplicateSearch::endTable(const platform::Status &status) {
-    const QString called = tables[m_table].called.toString();
+Remark DuplicateSearch::remarkOn(int book, const Hit &hit) const {
+    const SoughtBooks::Book &sought = m_books[book];
+    QString text = tables[m_table].called + (hit.byIsbn ? u"已有相同ISBN：" : u"已有同题名同作者：") + hit.first;
+    if (hit.rows > 1)
+        text += u"，共 %1 条"_s.arg(hit.rows);
+    return Remark(sought.record, Kind::InStore, sought.tag(), sought.fieldRow, withoutLineEnds(text));
+}
+
+std::vector<Remark> DuplicateSearch::tell() {
     std::vector<Remark> remarks;
-    for (const auto &[book, hit] : m_hits) {
-        const SoughtBooks::Book &sought = m_books[book];
-        QString text = called + (hit.byIsbn ? u"已有相同ISBN：" : u"已有同题名同作者：") + hit.first;
-        if (hit.rows > 1)
-            text += u"，共 %1 条"_s.arg(hit.rows);
-        remarks.emplace_back(sought.record, Kind::InStore, sought.tag(), sought.fieldRow, withoutLineEnds(text));
+    while (!m_hits.empty() && remarks.size() < remarksPerStep) {
+        const auto hit = m_hits.extract(m_hits.begin());
+        remarks.push_back(remarkOn(hit.key(), hit.mapped()));
     }
-    if (!status)
-        remarks.push_back(notSearched(called + u"未能查完：", status.failure()));
-    m_hits.clear();
+    if (!m_hits.empty())
+        return remarks;
+    if (!*m_tableEnded)
+        remarks.push_back(notSearched(tables[m_table].called + u"未能查完："_s, m_tableEnded->failure()));
+    m_tableEnded.reset();
     m_walk.reset();
     ++m_table;
     return remarks;

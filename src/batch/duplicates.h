@@ -17,10 +17,14 @@ public:
     DuplicateSearch(const database::SessionState &state, SoughtBooks books);
 
     bool hasNext() const;
-    // Runs the next query, for a few thousand rows. The remarks are returned at the end of a table, one per record. If
-    // a table cannot be read to its end, one more remark reports it; if the server cannot be reached, a single remark
-    // does.
+    // Runs the next query, for a few thousand rows. The remarks are returned after the end of a table, one per record
+    // and a few hundred per step. If a table cannot be read to its end, one more remark reports it; if the server
+    // cannot be reached, a single remark does.
     std::vector<Remark> step();
+    // Ends the search and closes the connection.
+    void end();
+    // Releases a part of what was found and is not told; returns whether there is more.
+    bool dropSome();
     // Returns a text such as "套录库 45%".
     QString progressText() const;
 
@@ -43,14 +47,16 @@ private:
     platform::Status walk();
     void match(const database::ResultTable &rows, int row);
     void hit(int book, const database::ResultTable &rows, int row, bool byIsbn);
-    std::vector<Remark> endTable(const platform::Status &status);
+    std::vector<Remark> tell();
+    Remark remarkOn(int book, const Hit &hit) const;
 
     const database::SessionState &m_state;
     database::DbSession m_connection;
     SoughtBooks m_books;
     std::map<int, Hit> m_hits; // in the current table, by book
     size_t m_table = 0;
-    std::optional<Walk> m_walk; // through the current table
+    std::optional<Walk> m_walk;                   // through the current table
+    std::optional<platform::Status> m_tableEnded; // with the table: read to its end, or why not
 };
 
 } // namespace batch

@@ -29,6 +29,20 @@ std::vector<Remark> ProofRun::step() {
     return m_proof.step();
 }
 
+void ProofRun::end() {
+    m_stopped = hasNext();
+    if (m_search)
+        m_search->end();
+}
+
+bool ProofRun::dropSome() {
+    if (m_search && m_search->dropSome())
+        return true;
+    m_search.reset();
+    m_proof.takeBooks();
+    return false;
+}
+
 QString ProofRun::progressText(int found) const {
     if (m_search)
         return m_search->hasNext() ? u"正在查重："_s + m_search->progressText() : u"正在查重"_s;

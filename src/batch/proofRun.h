@@ -26,11 +26,10 @@ public:
     RemarkList emptyList() const { return RemarkList(m_records, RuleBook(m_proof.schema())); }
     // Returns PreReadStore::replacements() as it was when the record was proofed.
     int momentOf(int record) const;
-    // Releases what only the steps need: the database connection and the books that are searched for.
-    void end() {
-        m_stopped = hasNext();
-        m_search.reset();
-    }
+    // Ends the run and closes the database connection.
+    void end();
+    // After end(): releases a part of what only the steps need; returns whether there is more.
+    bool dropSome();
 
 private:
     std::shared_ptr<const marc::PreReadStore> m_records;

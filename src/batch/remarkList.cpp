@@ -2,6 +2,7 @@
 #include "platform/byteFile.h"
 #include <algorithm>
 #include <iterator>
+#include <numeric>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -46,75 +47,111 @@ QString RemarkList::titleOf(const Remark &remark) const {
 
 void RemarkList::add(Remark remark) {
     const auto id = quint32(m_all.size());
+    const Place place{remark.record, groupOf(remark)};
+    Group &group = m_groups[place.group];
     ++m_counts[size_t(remark.kind)];
+    ++group.remarks;
+    m_silencedCount += group.isSilenced;
+    m_isSorted = m_isSorted && (m_order.empty() || m_places[m_order.back()].record <= place.record);
     m_order.push_back(id);
-    if (takeIn(remark))
+    if (group.isShown)
         m_shown.push_back(id);
+    m_places.push_back(place);
     m_all.push_back(std::move(remark));
 }
 
-bool RemarkList::isShown(const Remark &remark) const {
-    return allows(m_filter.level, remark.level) && allows(m_filter.rule, ruleOf(remark)) &&
-           allows(m_filter.tag, remark.tag) && !m_silenced.contains(remark);
+bool RemarkList::passes(const Group &group, const RemarkFilter &filter) {
+    return allows(filter.level, group.level) && allows(filter.rule, group.rule) && allows(filter.tag, group.tag);
 }
 
-// Counts the remark and returns whether it is shown.
-bool RemarkList::takeIn(const Remark &remark) {
-    if (m_silenced.contains(remark)) {
-        ++m_silencedCount;
-        return false;
+quint32 RemarkList::groupOf(const Remark &remark) {
+    const auto &[at, isNew] =
+        m_groupOf.try_emplace({remark.level, ruleOf(remark), remark.tag}, quint32(m_groups.size()));
+    if (isNew) {
+        m_groups.push_back({remark.level, ruleOf(remark), remark.tag});
+        judge(m_groups.back());
     }
-    const int rule = ruleOf(remark);
-    const bool level = allows(m_filter.level, remark.level), ofRule = allows(m_filter.rule, rule),
-               tag = allows(m_filter.tag, remark.tag);
-    if (ofRule && tag)
-        m_byLevel.count(remark.level);
-    if (level && tag)
-        m_byRule.count(rule);
-    if (level && ofRule)
-        m_byTag.count(remark.tag);
-    return level && ofRule && tag;
+    return at->second;
+}
+
+void RemarkList::judge(Group &group) const {
+    group.isSilenced = m_silenced.contains(group.rule, group.tag);
+    group.isShown = !group.isSilenced && passes(group, m_filter);
+}
+
+void RemarkList::judgeAll() {
+    m_silencedCount = 0;
+    for (Group &group : m_groups) {
+        judge(group);
+        m_silencedCount += group.isSilenced ? group.remarks : 0;
+    }
+    listShown();
+}
+
+void RemarkList::listShown() {
+    m_shown.clear();
+    std::ranges::copy_if(m_order, std::back_inserter(m_shown),
+                         [this](quint32 id) { return m_groups[m_places[id].group].isShown; });
 }
 
 // Counts first how many remarks each record has, which gives the place of its first one: there may be millions.
-// Remarks that were found in the order of their records, as in a run that was stopped, stay as they are.
 void RemarkList::sort() {
-    if (std::ranges::is_sorted(m_order, {}, [this](quint32 id) { return m_all[id].record; }))
+    if (m_isSorted)
         return;
     std::vector<quint32> places;
-    const auto slot = [](const Remark &remark) { return size_t(remark.record + 1); };
-    for (const Remark &remark : m_all) {
-        if (slot(remark) + 2 > places.size())
-            places.resize(slot(remark) + 2);
-        ++places[slot(remark) + 1];
+    const auto slot = [](const Place &place) { return size_t(place.record + 1); };
+    for (const Place &place : m_places) {
+        if (slot(place) + 2 > places.size())
+            places.resize(slot(place) + 2);
+        ++places[slot(place) + 1];
     }
-    for (size_t at = 1; at < places.size(); ++at)
-        places[at] += places[at - 1];
-    for (quint32 id = 0; id < m_all.size(); ++id)
-        m_order[places[slot(m_all[id])]++] = id;
-    m_shown.clear();
-    std::ranges::copy_if(m_order, std::back_inserter(m_shown), [this](quint32 id) { return isShown(m_all[id]); });
+    std::partial_sum(places.begin(), places.end(), places.begin());
+    for (quint32 id = 0; id < m_places.size(); ++id)
+        m_order[places[slot(m_places[id])]++] = id;
+    m_isSorted = true;
+    listShown();
 }
 
 void RemarkList::setFilter(const RemarkFilter &filter) {
     m_filter = filter;
-    refilter();
+    judgeAll();
 }
 
 void RemarkList::silence(const SilencedRules &rules) {
     m_silenced = SilencedNumbers(rules, m_rules);
-    refilter();
+    judgeAll();
 }
 
-void RemarkList::refilter() {
-    m_shown.clear();
-    m_silencedCount = 0;
-    m_byLevel = {};
-    m_byRule = {};
-    m_byTag = {};
-    for (const quint32 id : m_order)
-        if (takeIn(m_all[id]))
-            m_shown.push_back(id);
+bool RemarkList::dropSome() {
+    constexpr size_t dropped = 10'000;
+    const size_t rest = m_all.size() - std::min(m_all.size(), dropped);
+    m_all.erase(m_all.begin() + qptrdiff(rest), m_all.end());
+    m_places.erase(m_places.begin() + qptrdiff(rest), m_places.end());
+    return rest > 0;
+}
+
+template <class Value>
+RemarkList::Choices<Value> RemarkList::choicesOf(const RemarkFilter &filter, Value Group::*value) const {
+    Choices<Value> choices;
+    for (const Group &group : m_groups) {
+        if (group.isSilenced || !passes(group, filter))
+            continue;
+        choices.all += group.remarks;
+        choices.of[group.*value] += group.remarks;
+    }
+    return choices;
+}
+
+RemarkList::Choices<schema::Level> RemarkList::byLevel() const {
+    return choicesOf({.level = {}, .rule = m_filter.rule, .tag = m_filter.tag}, &Group::level);
+}
+
+RemarkList::Choices<int> RemarkList::byRule() const {
+    return choicesOf({.level = m_filter.level, .rule = {}, .tag = m_filter.tag}, &Group::rule);
+}
+
+RemarkList::Choices<Tag> RemarkList::byTag() const {
+    return choicesOf({.level = m_filter.level, .rule = m_filter.rule, .tag = {}}, &Group::tag);
 }
 
 int RemarkList::rowOf(int id) const {
@@ -123,13 +160,18 @@ int RemarkList::rowOf(int id) const {
 }
 
 std::vector<int> RemarkList::records() const {
+    std::vector<char> isFound; // by record
+    for (const Place &place : m_places) {
+        if (place.record < 0 || m_groups[place.group].isSilenced)
+            continue;
+        if (size_t(place.record) >= isFound.size())
+            isFound.resize(size_t(place.record) + 1);
+        isFound[size_t(place.record)] = true;
+    }
     std::vector<int> records;
-    for (const Remark &remark : m_all)
-        if (remark.record >= 0 && !isSilenced(remark))
-            records.push_back(remark.record);
-    std::ranges::sort(records);
-    const auto rest = std::ranges::unique(records);
-    records.erase(rest.begin(), rest.end());
+    for (size_t record = 0; record < isFound.size(); ++record)
+        if (isFound[record])
+            records.push_back(int(record));
     return records;
 }
 

@@ -8,6 +8,7 @@
 #include <deque>
 #include <map>
 #include <optional>
+#include <tuple>
 
 namespace batch {
 
@@ -56,6 +57,9 @@ public:
     int count() const { return int(m_all.size()); }
     int count(Kind kind) const { return m_counts[size_t(kind)]; } // silenced ones too
     int silencedCount() const { return m_silencedCount; }
+    // Removes the remarks that were added last, a limited number of them; returns whether there are more. A list that
+    // nobody shows any longer is emptied by it in short steps.
+    bool dropSome();
     // Returns the number of findings: all remarks except the silenced ones and those of Kind::Unchecked.
     int found() const { return count() - count(Kind::Unchecked) - silencedCount(); }
 
@@ -64,36 +68,52 @@ public:
     struct Choices {
         int all = 0;
         std::map<Value, int> of;
-
-        void count(const Value &value) {
-            ++all;
-            ++of[value];
-        }
     };
-    const Choices<schema::Level> &byLevel() const { return m_byLevel; }
-    const Choices<int> &byRule() const { return m_byRule; }
-    const Choices<Tag> &byTag() const { return m_byTag; }
+    Choices<schema::Level> byLevel() const;
+    Choices<int> byRule() const;
+    Choices<Tag> byTag() const;
 
     // Returns the headings and the shown rows with tab-separated cells.
     QString tabSeparated(QStringView lineEnd) const;
 
 private:
-    bool isShown(const Remark &remark) const;
-    bool takeIn(const Remark &remark);
-    void refilter();
+    // The remarks of one level, rule and tag: a filter shows all of them or none. There are some hundred groups at most
+    // where there are a million remarks.
+    struct Group {
+        schema::Level level;
+        int rule;
+        Tag tag;
+        int remarks = 0;
+        bool isSilenced = false;
+        bool isShown = false;
+    };
+    // What sorting and filtering need of a remark, next to each other in memory.
+    struct Place {
+        int record;
+        quint32 group; // index in m_groups
+    };
+
+    static bool passes(const Group &group, const RemarkFilter &filter);
+    quint32 groupOf(const Remark &remark);
+    void judge(Group &group) const;
+    void judgeAll();
+    void listShown();
+    template <class Value>
+    Choices<Value> choicesOf(const RemarkFilter &filter, Value Group::*value) const;
 
     std::shared_ptr<const marc::PreReadStore> m_records;
     RuleBook m_rules;
     std::deque<Remark> m_all;
+    std::deque<Place> m_places;   // of the remarks in m_all
     std::vector<quint32> m_order; // indexes in m_all
     std::vector<quint32> m_shown; // likewise
+    bool m_isSorted = true;       // m_order is by record
     RemarkFilter m_filter;
     SilencedNumbers m_silenced;
     int m_silencedCount = 0;
     std::array<int, kindCount> m_counts{};
-    Choices<schema::Level> m_byLevel;
-    Choices<int> m_byRule;
-    Choices<Tag> m_byTag;
+    std::vector<Group> m_groups;
+    std::map<std::tuple<schema::Level, int, Tag>, quint32> m_groupOf;
 };
 
 // Writes the shown rows as tab-separated UTF-8 text with a byte order mark, by which spreadsheets detect the encoding.

@@ -38,18 +38,17 @@ bool SilencedRules::mayBeSilenced(Kind kind) {
 
 SilencedNumbers::SilencedNumbers(const SilencedRules &rules, const RuleBook &book) {
     for (const SilencedRule &silenced : rules.all())
-        for (int rule = 0; rule < book.count(); ++rule)
-            if (book.keyOf(rule) == silenced.key)
+        for (int rule = 0; rule < book.count(); ++rule) {
+            const bool maybe = rule >= int(kindCount) || SilencedRules::mayBeSilenced(Kind(rule));
+            if (maybe && book.keyOf(rule) == silenced.key)
                 m_rules.emplace_back(rule, Tag(silenced.tag));
+        }
     std::ranges::sort(m_rules);
 }
 
-bool SilencedNumbers::contains(const Remark &remark) const {
-    if (m_rules.empty() || !SilencedRules::mayBeSilenced(remark.kind))
-        return false;
-    const int rule = ruleOf(remark);
+bool SilencedNumbers::contains(int rule, const Tag &tag) const {
     return std::ranges::binary_search(m_rules, std::pair(rule, Tag())) ||
-           std::ranges::binary_search(m_rules, std::pair(rule, remark.tag));
+           std::ranges::binary_search(m_rules, std::pair(rule, tag));
 }
 
 } // namespace batch

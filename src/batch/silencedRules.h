@@ -37,7 +37,8 @@ public:
     SilencedNumbers() = default;
     SilencedNumbers(const SilencedRules &rules, const RuleBook &book);
 
-    bool contains(const Remark &remark) const;
+    bool contains(int rule, const Tag &tag) const;
+    bool contains(const Remark &remark) const { return contains(ruleOf(remark), remark.tag); }
 
 private:
     std::vector<std::pair<int, Tag>> m_rules; // in ascending order; an empty tag: all tags

@@ -3,12 +3,15 @@
 #pragma once
 
 #include "batch/bookIdentity.h"
+#include <bit>
 #include <deque>
+#include <utility>
 #include <vector>
 
 namespace batch {
 
-// A growing list of entries that are found by the number `key`. `next` of an entry belongs to this class.
+// A growing list of entries that are found by the number `key`, except those with the key 0. `next` of an entry belongs
+// to this class. Each entry adds one slot, so that no call takes long, however many entries there are.
 template <class Entry>
 class KeyedList {
 public:
@@ -24,19 +27,35 @@ public:
 
     void add(const Entry &entry) {
         m_entries.push_back(entry);
-        if (m_entries.size() <= m_heads.size())
-            return link(size() - 1);
-        m_heads.assign(qMax(2 * m_heads.size(), leastSlots), none);
-        for (int at = 0; at < size(); ++at)
-            link(at);
+        addSlot();
+        if (entry.key != 0)
+            link(size() - 1);
     }
 
 private:
-    static constexpr size_t leastSlots = 1024; // a power of two, as every number of slots
-
+    // The number of slots may lie between two powers of two: a slot of the lower half is then split by the next bit of
+    // the hash value if its counterpart in the upper half exists.
     size_t slotOf(quint64 key) const {
         constexpr quint64 spread = 0x9E37'79B9'7F4A'7C15; // odd; its multiples differ in the upper half
-        return size_t(key * spread >> 32) & (m_heads.size() - 1);
+        const size_t half = std::bit_floor(m_heads.size());
+        const size_t slot = size_t(key * spread >> 32) & (2 * half - 1);
+        return slot < m_heads.size() ? slot : slot - half;
+    }
+    // Moves the entries that belong to the new slot there. Their order stays.
+    void addSlot() {
+        const size_t slot = m_heads.size();
+        m_heads.push_back(none);
+        if (slot == 0)
+            return;
+        int &lower = m_heads[slot - std::bit_floor(slot)];
+        int *ends[] = {&lower, &m_heads[slot]};
+        for (int at = std::exchange(lower, none); at != none;) {
+            Entry &entry = m_entries[size_t(at)];
+            int *&end = ends[slotOf(entry.key) == slot];
+            *end = at;
+            end = &entry.next;
+            at = std::exchange(entry.next, none);
+        }
     }
     int found(int at, quint64 key) const {
         while (at != none && (*this)[at].key != key)

@@ -4,6 +4,7 @@
 #include "support/dice.h"
 #include "support/qtPrinters.h"
 #include <gtest/gtest.h>
+#include <set>
 
 using namespace batch;
 using namespace Qt::StringLiterals;
@@ -42,6 +43,13 @@ struct Model {
             if (!isSilenced(remark, book) && passes(remark, by))
                 texts.append(remark.text);
         return texts;
+    }
+    std::vector<int> records(const RuleBook &book) const {
+        std::set<int> records;
+        for (const Remark &remark : all)
+            if (remark.record >= 0 && !isSilenced(remark, book))
+                records.insert(remark.record);
+        return {records.begin(), records.end()};
     }
 };
 
@@ -105,6 +113,7 @@ TEST(RemarkList, AgreesWithAModelAfterAnyActs) {
                 ASSERT_EQ(list.rowOf(list.idOf(row)), row);
             }
             ASSERT_EQ(shown, model.shown(model.filter, book));
+            ASSERT_EQ(list.records(), model.records(book));
             RemarkFilter level = model.filter, byRule = model.filter, tag = model.filter;
             level.level.reset();
             byRule.rule.reset();
@@ -123,6 +132,19 @@ TEST(RemarkList, AgreesWithAModelAfterAnyActs) {
             ASSERT_EQ(list.count() - list.silencedCount(), model.shown({}, book).size());
         }
     }
+}
+
+TEST(RemarkList, IsEmptiedInShortSteps) {
+    RemarkList list;
+    for (int record = 0; record < 25'000; ++record)
+        list.add(Remark(record, Kind::Isbn));
+    int steps = 1;
+    for (int left = list.count(); list.dropSome(); ++steps) {
+        EXPECT_LE(left - list.count(), 10'000);
+        left = list.count();
+    }
+    EXPECT_EQ(list.count(), 0);
+    EXPECT_EQ(steps, 3);
 }
 
 TEST(RuleBook, NamesAndExplainsWhatIsWrong) {

@@ -129,12 +129,13 @@ void RemarkTable::changeEvent(QEvent *event) {
 }
 
 void RemarkTable::begin(RemarkList list) {
-    m_list = std::make_shared<RemarkList>(std::move(list));
+    const auto former = std::exchange(m_list, std::make_shared<RemarkList>(std::move(list)));
     if (m_reminders)
         m_list->silence(m_reminders->silenced());
     m_rowChosen = false;
     filterBar->clear();
     showAgain();
+    m_clearing.add([former] { return former->dropSome(); });
 }
 
 void RemarkTable::take(std::vector<Remark> remarks) {

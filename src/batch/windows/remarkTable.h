@@ -3,6 +3,7 @@
 #pragma once
 
 #include "batch/windows/chosenFile.h"
+#include "batch/windows/clearing.h"
 #include "batch/windows/remarkFilterBar.h"
 #include "widgets/button.h"
 #include "widgets/flexGrid.h"
@@ -74,6 +75,7 @@ private:
     QBoxLayout *m_above;
     QBoxLayout *m_below;
     std::shared_ptr<RemarkList> m_list = std::make_shared<RemarkList>();
+    Clearing m_clearing;       // of lists shown before
     bool m_rowChosen = false;  // by the user, in a run
     bool m_rowVisited = false; // the current row: the first step goes to a row that was not visited
 };

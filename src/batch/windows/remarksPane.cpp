@@ -194,6 +194,7 @@ void RemarksPane::finish() {
     reportButtons->endRun(
         m_run->facts({.file = m_source.file(), .ended = m_host.now(), .inFile = m_source.recordsInFile()}));
     m_run->end();
+    m_clearing.add([run = m_run] { return run->dropSome(); });
     showClosing();
     if (isHidden())
         Q_EMIT ended(proofTable->words->text());

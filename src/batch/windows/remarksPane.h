@@ -97,6 +97,7 @@ private:
     Source m_source;
     RecordCheck m_check;             // of the current record
     std::shared_ptr<ProofRun> m_run; // the last run
+    Clearing m_clearing;             // of what runs leave
     NotImported m_rest;              // of the last import
     int m_runs = 0; // number of runs begun and ended; a loop that finds another number returns and touches nothing
     bool m_running = false;
