@@ -7,7 +7,7 @@ namespace {
 
 const QString sample =
     u"LDR=     nam0|001=12|100=  $a20240229d1996|101=0 $achi$aeng|200=1 $a书名$f张三著$g李四译$9shu ming"
-    u"|210=  $a北京$d1996.5|300=  $a|701= 0$a张三$4著|701= 0$a王五|702= 0$a李四$4译|999=  "_s;
+    u"|210=  $a北京$d1996.5|300=  $a|701= 0$a张三$4著|701= 0$a王五|702= 0$a李四$4译|999=  |330=  $a\u3000 $b x"_s;
 
 } // namespace
 
@@ -33,6 +33,7 @@ TEST(Condition, HoldsForTheRecordOrNot) {
         {u"count(701,702,703) = 3"_s, u"count(701$4) > 1"_s},
         {u"count(999) < 100"_s, u"count(999) >= 100"_s},
         {u"length(200$a) = 2"_s, u"length(200$a) > 2"_s},
+        {u"001 in 123"_s, u"001 in 345"_s},
         {u"701$a in 200$f"_s, u"every 701$a in 200$f"_s},
         {u"every 701$a,702$a != '赵六'"_s, u"every 701$a != '张三'"_s},
         {u"every 701$b = 'x'"_s, u"701$b = 'x'"_s},
@@ -46,6 +47,7 @@ TEST(Condition, HoldsForTheRecordOrNot) {
         {u"(201 or 200) and 101"_s, u"(201 or 200) and 102"_s},
         {u"not not 200"_s, u"not (200 or 201)"_s},
         {u"非 201 且 每个 200$a 是 han"_s, u"个数(701)=3 或 200$a见于200$f"_s},
+        {u"330$a is blank"_s, u"330$b is blank"_s},
         {u"100$a/00-07 is date"_s, u"100$a/01-08 is date"_s},
         {u"200$a < 5 or 200$a > 5 or 200"_s, u"200$a < 5 or 200$a > 5"_s},
     };

@@ -110,7 +110,7 @@ TEST(Validator, ReadsTheRowsOfTheGridLikeTheRecord) {
 TEST(Finding, IsWordedWithTheNamesOfTheSchema) {
     const auto named =
         schemaOf(R"({"fields": {"100": {"label": "通用", "subfields": {"a": {"label": "数据", "positions":
-                                    {"08": {"label": "类型", "codes": {"a": {}}}}}}}}})");
+                                    {"00": {"label": "首位", "codes": {"2": {}}}, "08": {"label": "类型", "codes": {"a": {}}}}}}}}})");
     Validator validator(named, testDay);
     RecordView view;
     const marc::FieldedRecord record = fieldedRecord(u"100=  $a12345678x|100=  $a"_s);
@@ -118,7 +118,8 @@ TEST(Finding, IsWordedWithTheNamesOfTheSchema) {
     QStringList words;
     for (const Finding &finding : validator.validate(view))
         words.append(wordsOf(finding, *named));
-    EXPECT_EQ(words.join(u'|'), u"第8位“x”不是规定的代码（类型）|字段（通用）不可重复|内容太短，缺第8位（类型）"_s);
+    EXPECT_EQ(words.join(u'|'), u"第0位“1”不是规定的代码（首位）|第8位“x”不是规定的代码（类型）|字段（通用）不可重复|"
+                                "内容太短，缺第0位（首位）"_s);
     EXPECT_LE(sizeof(Finding), 64U);
 }
 

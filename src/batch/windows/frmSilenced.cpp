@@ -28,8 +28,13 @@ frmSilenced::frmSilenced(Reminders &reminders, RuleBook book, QWidget *parent)
     grid->setFormat(u"规则|字段"_s);
     grid->horizontalHeader()->setStretchLastSection(true);
     const int character = fontMetrics().horizontalAdvance(u'书');
-    for (size_t column = 0; column < widths.size(); ++column)
+    int width = character; // and the edges
+    for (size_t column = 0; column < widths.size(); ++column) {
         grid->setColumnTwips(int(column), grid->toTwips(character * widths[column]));
+        width += character * widths[column];
+    }
+    emptyWords->setAlignment(Qt::AlignTop);
+    grid->setMinimumWidth(width);
     grid->setMinimumHeight(shownLines * fontMetrics().height() * 3 / 2);
     widgets::hint({{takeBackButton, u"重新列出这一类；回车、双击也可以"}});
     setLayout(widgets::column({emptyWords, {grid, 1}, widgets::row({widgets::stretch(), takeBackButton, quitButton})}));

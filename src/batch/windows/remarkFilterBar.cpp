@@ -118,7 +118,7 @@ RemarkFilter RemarkFilterBar::filter() const {
 
 void RemarkFilterBar::clear() {
     for (QComboBox *box : {levelBox, ruleBox, tagBox})
-        box->setCurrentIndex(box->count() > 0 ? 0 : -1);
+        box->setCurrentIndex(0);
 }
 
 } // namespace batch
