@@ -90,6 +90,7 @@ TEST_F(RemarksPaneTest, ProofsLooksUpAndJumpsToTheRecord) {
         said.append(proof().words->pacedText());
         EXPECT_TRUE(QTest::qWaitFor([this] { return proof().grid->model()->rowCount() > 0; })); // listed during the run
         EXPECT_TRUE(pane->stopButton->isVisible());
+        EXPECT_GT(pane->stopButton->y(), proof().filterBar->geometry().bottom());
         if (said.size() == 2)
             put(0); // already proofed: later remarks about it refer to the previous version
     };
@@ -163,6 +164,12 @@ TEST_F(RemarksPaneTest, SilencesARuleUntilItIsTakenBack) {
     for (const Kind kind : {Kind::Issn, Kind::InBatch, Kind::InStore})
         pane->reminders->silence({.key = proof().remarks().rules().keyOf(int(kind)), .tag = {}});
     EXPECT_EQ(text(), u"发现的 8 处都不再提示。按“Y 不再提示”，可以恢复。"_s);
+    EXPECT_EQ(proof().grid->rows(), 1) << "the heading alone";
+    const int height = proof().remarkText->minimumHeight();
+    QFont larger = proof().font();
+    larger.setPointSizeF(2 * larger.pointSizeF());
+    proof().setFont(larger);
+    EXPECT_GT(proof().remarkText->minimumHeight(), height);
 }
 
 TEST_F(RemarksPaneTest, StepsThroughWhatIsListed) {
