@@ -3,8 +3,10 @@
 #include "support/windowState.h"
 #include "widgets/button.h"
 #include "widgets/choiceList.h"
+#include "widgets/keyLine.h"
 #include <QInputMethodEvent>
 #include <QRegularExpression>
+#include <QScrollBar>
 #include <QTimer>
 
 using assist::CodeBox;
@@ -153,14 +155,20 @@ TEST_F(FrmHelpLR000Test, EnteredBoxesAreSeenAndListedInANarrowOrInactiveWindow) 
         const QRect seen(box->mapTo(window.boxArea->viewport(), QPoint()), box->size());
         EXPECT_TRUE(window.boxArea->viewport()->rect().contains(seen)) << box->objectName().toStdString();
     }
+    EXPECT_FALSE(window.boxArea->verticalScrollBar()->isVisible());
+    window.Text1[1]->setText(u"C"_s);
     QApplication::setActiveWindow(nullptr); // the focus then changes without a signal
+    EXPECT_EQ(window.Text1[1]->text(), u"C"_s) << "not left";
     window.picClick[5]->click();
+    EXPECT_EQ(window.Text1[1]->text(), u"c"_s);
     EXPECT_EQ(window.listMenu->accessibleName(), last->accessibleName());
     EXPECT_GT(window.listLx->count(), 1);
 }
 
 TEST_F(FrmHelpLR000Test, OpensAgainAtItsFirstBox) {
     EXPECT_TRUE(window.richTextTS->isVisible() && !window.textMarc->toolTip().isEmpty());
+    EXPECT_EQ(window.cmdclick[0]->toolTip() + window.cmdclick[1]->toolTip(), u"确认修改取消修改"_s);
+    EXPECT_EQ(window.listMenu->findChild<widgets::KeyLine *>()->text(), u"回车选用　Esc 收起"_s);
     EXPECT_EQ(window.boxArea->widget()->width(), window.boxArea->viewport()->width());
     const int entries = window.listLx->count();
     EXPECT_GT(entries, 3);

@@ -94,7 +94,6 @@ void CodeBox::inputMethodEvent(QInputMethodEvent *event) {
         if (!hasFocus())
             break;
     }
-    event->accept();
 }
 
 void CodeBox::focusInEvent(QFocusEvent *event) {
