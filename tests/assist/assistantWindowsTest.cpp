@@ -94,7 +94,9 @@ TEST_F(FrmHelpLR000Test, EachKeyChangesOnlyWhatBelongsToIt) {
     QTest::keyClick(window.richTextTS, Qt::Key_Tab);
     EXPECT_FALSE(window.richTextTS->hasFocus());
     EXPECT_EQ(state.grown({200, 100}), u"boxArea w; listLx wh; richTextTS wh; textMarc w"_s);
+    EXPECT_EQ(window.boxArea->widget()->width(), window.boxArea->viewport()->width());
     for (const CodeBox *box : window.Text1) {
+        EXPECT_TRUE(box->alignment() == Qt::AlignCenter && (box->inputMethodHints() & Qt::ImhPreferLatin));
         const QColor ground =
             box->palette().color(box->isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::Base);
         EXPECT_EQ(ground, box->isEnabled() ? QColor(0xC0, 0xFF, 0xFF)
@@ -119,11 +121,19 @@ TEST_F(FrmHelpLR000Test, AsksAboutCodesThatItDoesNotKnow) {
     EXPECT_TRUE(host.lastBox().title == u"操作提示" && host.lastBox().icon == platform::Icon::Information);
     EXPECT_EQ(host.lastBox().preselected, Answer::No);
     EXPECT_EQ(window.textMarc->text(), u"?????nxm0#22?????###450#");
+    window.Text1[1]->selectAll();
+    QTest::keyClick(window.Text1[1], 'N');
+    EXPECT_EQ(window.Text1[1]->text(), u"n") << "the key does not reach the box a second time";
 }
 
 TEST_F(FrmHelpLR000Test, TheMouseChoosesAndDismisses) {
     QTest::mouseClick(window.LabShuoMing[3], Qt::LeftButton);
     EXPECT_EQ(window.focusWidget(), window.Text1[3]);
+    const QRect other = window.listLx->visualItemRect(window.listLx->item(0));
+    QTest::mouseClick(window.listLx->viewport(), Qt::LeftButton, {}, other.center());
+    EXPECT_TRUE(window.richTextTS->toPlainText().startsWith(u"该书目所描述"));
+    window.Text1[3]->setFocus();
+    EXPECT_TRUE(window.richTextTS->toPlainText().startsWith(u"以一册")) << "the code of the box again";
     doubleClick(window.listLx, u"s="_s);
     EXPECT_EQ(window.focusWidget(), window.Text1[3]);
 
@@ -143,12 +153,17 @@ TEST_F(FrmHelpLR000Test, TheMouseChoosesAndDismisses) {
     EXPECT_TRUE(window.listMenu->isHidden());
     EXPECT_EQ(window.focusWidget(), window.Text1[9]);
     EXPECT_EQ(window.listLx->currentItem()->text(), u"#=完全级");
+    window.Text1[9]->clear();
+    window.listLx->setFocus();
+    EXPECT_EQ(window.Text1[9]->text(), u"#") << "left empty";
 }
 
 TEST_F(FrmHelpLR000Test, EnteredBoxesAreSeenAndListedInANarrowOrInactiveWindow) {
     EXPECT_EQ(window.boxArea->widget()->childrenRect().topLeft(), QPoint()) << "in line with the lists below";
     window.boxArea->setMinimumWidth(0);
+    QApplication::processEvents(); // the smaller minimum takes effect
     window.resize(10, window.height());
+    QApplication::processEvents();
     CodeBox *last = window.Text1[10];
     for (CodeBox *box : {last, window.Text1[1]}) {
         box->setFocus();
@@ -163,6 +178,12 @@ TEST_F(FrmHelpLR000Test, EnteredBoxesAreSeenAndListedInANarrowOrInactiveWindow) 
     EXPECT_EQ(window.Text1[1]->text(), u"c"_s);
     EXPECT_EQ(window.listMenu->accessibleName(), last->accessibleName());
     EXPECT_GT(window.listLx->count(), 1);
+    for (widgets::ChoiceList *list : {window.listMenu, window.listLx}) {
+        last->setFocus();
+        doubleClick(list, list == window.listMenu ? u"n＝"_s : u"i＝"_s);
+        EXPECT_EQ(last->text(), list == window.listMenu ? u"n" : u"i");
+        EXPECT_TRUE(window.listMenu->isHidden());
+    }
 }
 
 TEST_F(FrmHelpLR000Test, OpensAgainAtItsFirstBox) {
@@ -178,6 +199,14 @@ TEST_F(FrmHelpLR000Test, OpensAgainAtItsFirstBox) {
     EXPECT_EQ(window.listLx->count(), entries);
     EXPECT_TRUE(window.richTextTS->toPlainText().startsWith(u"当由于改错"))
         << window.richTextTS->toPlainText().toStdString();
+    window.cmdclick[0]->click();
+    window.publicTouBiao = u"00960xam0 2200277   450 "_s;
+    window.show();
+    EXPECT_EQ(window.textMarc->text(), u"?????xam0#22?????###450#") << "before the window is active";
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    EXPECT_EQ(window.richTextTS->toPlainText(), u"");
+    window.cmdclick[1]->click();
+    EXPECT_FALSE(window.confirmed);
 }
 
 TEST_F(FrmHelpLR000Test, AnInputMethodTypesAtTheEndOfTheComposition) {
@@ -188,10 +217,14 @@ TEST_F(FrmHelpLR000Test, AnInputMethodTypesAtTheEndOfTheComposition) {
     done.setCommitString(u"D"_s);
     QCoreApplication::sendEvent(window.Text1[1], &done);
     EXPECT_EQ(window.Text1[1]->text(), u"d");
+    done.setCommitString(u"c书"_s); // not a code
+    QCoreApplication::sendEvent(window.Text1[1], &done);
+    EXPECT_EQ(window.Text1[1]->text(), u"d");
 }
 
 TEST_F(FrmHelpLR100Test, TestsFullBoxesOnAFurtherKey) {
     open({});
+    EXPECT_GE(window.boxArea->viewport()->height(), window.boxArea->widget()->sizeHint().height()) << "boxes are cut";
     CodeBox *language = window.Text1[9];
     language->setFocus();
     QTest::keyClick(language, 'x');

@@ -38,6 +38,7 @@ TEST(CodedBoxes, LoadsWhatHasCodesAndResetsTheRest) {
         EXPECT_EQ(boxes.result(), whole.toLower());
         EXPECT_EQ(boxes.currentBox(), CodedBoxes::noBox);
         EXPECT_TRUE(boxes.list().isEmpty());
+        EXPECT_EQ(CodedBoxes(table).whole(), loaded(table, {}).whole());
         CodedBoxes again = boxes;
         again.focus(1);
         again.load(incoming);

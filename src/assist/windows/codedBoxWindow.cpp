@@ -158,7 +158,6 @@ void CodedBoxWindow::moveOn(int i) {
 }
 
 void CodedBoxWindow::openMenu(int i) {
-    Text1[size_t(i)]->setFocus();
     enterBox(i);
     listMenu->setAccessibleName(m_boxes.box(i).label.toString());
     listMenu->fill(m_boxes.list(), m_boxes.listed());
