@@ -62,6 +62,7 @@ TEST_F(FrmMessageTest, HasSpaceForTwentyLines) {
     EXPECT_GE(window.messageText->sizeHint().width(), 40 * metrics.horizontalAdvance(u'字'));
     EXPECT_GE(window.messageText->sizeHint().height(), 20 * metrics.lineSpacing());
     EXPECT_EQ(WindowState(window).grown({90, 60}), u"messageText wh"_s);
+    EXPECT_EQ(window.messageText->accessibleName(), u"报告内容");
 }
 
 TEST_F(FrmMessageTest, BreaksLongLinesOnlyOnScreen) {

@@ -71,6 +71,8 @@ TEST(ProofTemplate, FollowsTheTemplateLineByLine) {
         {u"[必备子字段]|606a"_s, u"200 606 $a=x 606 $b"_s, u""_s},  // only the first occurrence is checked
         {u"[必备子字段]|606a"_s, u"606 $b=x 606 $a=x"_s, u"Error:606字段的a"_s + missing},
         {u"[必备子字段]|200a"_s, u"200_ $b"_s, u""_s},
+        {u"[必备子字段]|000a|20Xa|2000|21"_s, u"000 $b 20X $b 200 $b 21"_s, // the tag and the last character
+         u"Error:000字段的a"_s + missing + u"Error:20X字段的a" + missing + u"Error:200字段的0" + missing},
         // A section ends at an empty line or at the heading of any section (which is then lost), not at a blank line.
         {u"[必备子字段]| |200a||200b"_s, u"200"_s, u"Error:200字段的a"_s + missing},
         {u"[必备子字段]|200a|[x]|200b|[必备子字段]|200c"_s, u"200"_s,
@@ -100,6 +102,7 @@ TEST(ProofISBN, ChecksTheNumber) {
         {u"7-5366-1234-5"_s, check},
         {u"7-5366-1005-X"_s, u"yes"_s},
         {u"7-5366-1005-x"_s, check},
+        {u"7-5366-1999-5"_s, u"yes"_s},
         {u"0-0000-0000-0"_s, u"yes"_s},
         {u"7-5366-1234"_s, length},
         {u"7-5366-1234-67"_s, length},
@@ -201,4 +204,25 @@ TEST(RecordProofs, FollowTheTemplate) {
     EXPECT_EQ(faults(), 2);
     ASSERT_TRUE(QFile::remove(folder.path() + marc::fieldListFile));
     EXPECT_EQ(faults(), 0);
+}
+
+// The template is read again only if its time or its size has changed, and is looked at once in an interval.
+TEST(RecordProofs, ReadTheTemplateOnce) {
+    const ProgramFolder folder(u""_s);
+    const auto write = [&](const QString &rules, int secs) {
+        QFile file(folder.file(marc::templateFile.toString(), platform::encode(rules)));
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+        ASSERT_TRUE(file.setFileTime(QDateTime::fromSecsSinceEpoch(secs), QFileDevice::FileModificationTime));
+    };
+    const FieldRows rows = rowsOf(complete + u"200");
+    RecordProofs always(folder.path()), hourly(folder.path(), std::chrono::hours(1));
+    const std::tuple<QString, int, size_t> steps[] = {{u"[必备子字段]\r\n200f"_s, 1000, 1},
+                                                      {u"[必备子字段]\r\n999f"_s, 1000, 1},
+                                                      {u"[必备子字段]\r\n998f"_s, 2000, 0},
+                                                      {u"[必备子字段]\r\n200fg"_s, 2000, 1}};
+    for (const auto &[rules, secs, faults] : steps) {
+        write(rules, secs);
+        EXPECT_EQ(always.faultsOf(rows).byTemplate.size(), faults) << rules.toStdString();
+        EXPECT_EQ(hourly.faultsOf(rows).byTemplate.size(), 1) << rules.toStdString();
+    }
 }
