@@ -143,9 +143,15 @@ TEST(FrmMarcKaPian, KeepsItsTextIfThereIsNoCard) {
     QTest::keyClick(window.Text1, Qt::Key_Left);
     QTest::keyClick(window.Text1, Qt::Key_Right);
     EXPECT_EQ(window.Text1->textCursor().position(), 0) << "a key that pages does not move the cursor";
+
+    window.cmdclick[2]->click();
+    EXPECT_FALSE(window.isVisible());
+    window.marcRecord = recordWith(u"200=$f甲$$"_s);
+    window.show();
+    EXPECT_EQ(window.Text1->text(), QString()) << "not the record before";
 }
 
-// The text stands within the margins of a card in the middle, or fills the window.
+// The text is within the margins of a card in the middle, or fills the window, in any size of the window.
 TEST(FrmMarcKaPian, TheTextIsOnACard) {
     ScriptedHost host;
     card::frmMarcKaPian window(host);
@@ -153,11 +159,28 @@ TEST(FrmMarcKaPian, TheTextIsOnACard) {
     window.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     EXPECT_TRUE(window.Text1->hasFocus());
-    const QRect room = window.Text1->parentWidget()->rect();
-    const QRect text = window.Text1->geometry();
-    EXPECT_TRUE(room.adjusted(5, 5, -5, -5).contains(text)) << text.width() << ' ' << text.height();
-    EXPECT_NEAR(text.center().x(), room.center().x(), 2);
-    EXPECT_EQ(window.Text1->frameShape(), QFrame::NoFrame);
-    window.cmdclick[0]->click();
-    EXPECT_EQ(window.Text1->geometry(), room);
+    EXPECT_GE(window.Text1->sizeHint().height(), 22 * window.Text1->fontMetrics().lineSpacing());
+    EXPECT_GE(window.Text1->sizeHint().width(), 40 * window.Text1->fontMetrics().horizontalAdvance(u'字'));
+    for (const QSize &more : {QSize(), QSize(60, 0), QSize(0, 60)}) {
+        window.resize(window.size() + more);
+        QApplication::processEvents();
+        window.cmdclick[1]->click();
+        QWidget *face = window.Text1->parentWidget();
+        const QRect text = window.Text1->geometry();
+        EXPECT_TRUE(face->rect().adjusted(5, 5, -5, -5).contains(text)) << text.width() << ' ' << text.height();
+        EXPECT_NEAR(text.center().x(), face->rect().center().x(), 2);
+        EXPECT_EQ(window.Text1->frameShape(), QFrame::NoFrame);
+        const QImage picture = face->grab().toImage();
+        const QColor paper = face->palette().color(QPalette::Base);
+        EXPECT_EQ(picture.pixelColor(text.left() - 3, text.center().y()), paper) << "the margin of the card";
+        bool hole = false;
+        for (int y = text.bottom() + 1; y < picture.height(); ++y)
+            hole |= picture.pixelColor(text.center().x(), y) == face->palette().color(QPalette::Window);
+        EXPECT_TRUE(hole && picture.pixelColor(text.left(), text.bottom() + 5) == paper);
+        window.cmdclick[0]->click();
+        EXPECT_EQ(window.Text1->geometry(), face->rect());
+        window.resize(window.size() + more);
+        QApplication::processEvents();
+        EXPECT_EQ(window.Text1->geometry(), face->rect());
+    }
 }

@@ -15,7 +15,6 @@ CardFace::CardFace(widgets::TextBox *text, QWidget *parent)
     : QWidget(parent)
     , m_text(text) {
     text->setParent(this);
-    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
 
 void CardFace::showAsCard(bool card) {

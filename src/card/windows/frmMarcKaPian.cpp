@@ -34,7 +34,6 @@ frmMarcKaPian::frmMarcKaPian(platform::Host &host, QWidget *parent)
     Text1->setRoom(40, 22);
     setLayout(widgets::column(
         {Label2, {m_face, 1}, widgets::row({cmdclick[0], cmdclick[1], widgets::stretch(), cmdclick[2]})}));
-    Text1->setFocus();
     Text1->installEventFilter(this);
     for (const Button *button : cmdclick)
         connect(button, &Button::clicked, this, [this, button] { clicked(button); });
