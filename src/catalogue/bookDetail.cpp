@@ -16,7 +16,7 @@ constexpr std::array<QStringView, detailLabels> columns = {
 
 QString cell(const database::ResultTable &book, QStringView name) {
     const std::optional<int> column = book.column(name);
-    return column && book.rowCount() > 0 ? book.text(0, *column) : QString();
+    return column ? book.text(0, *column) : QString();
 }
 
 } // namespace

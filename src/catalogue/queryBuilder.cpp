@@ -111,7 +111,6 @@ platform::Status QueryBuilder::load(const QString &names, const QString &labels,
     const QStringList typeList = types.split(u',');
     if (m_rules.fieldLimit && nameList.size() > *m_rules.fieldLimit)
         return platform::Failure{u"查询项目太多，下标越界。"_s};
-    m_fieldDefs.clear();
     for (qsizetype i = 0; i < nameList.size(); ++i)
         m_fieldDefs.append({nameList[i], labelList.value(i), typeNamed(typeList.value(i), m_rules)});
     m_entered.sortLabels = this->labels();

@@ -74,7 +74,7 @@ public:
         : m_rules(rules) {}
 
     // Sets the fields from three comma-separated lists of corresponding items. Fails and takes no field if they exceed
-    // the limit.
+    // the limit. Call once.
     platform::Status load(const QString &names, const QString &labels, const QString &types);
 
     const QList<FieldDef> &fieldDefs() const { return m_fieldDefs; }

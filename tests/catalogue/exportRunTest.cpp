@@ -67,8 +67,9 @@ TEST_F(ExportRunTest, WritesEveryListedRowAsARecordThatOthersRead) {
                             .classcode = u"TP3"_s,
                             .measure = u"cm"_s};
     load({});
-    run();
     const int count = list.Grid1->rows() - 1;
+    host.onShow = [&] { EXPECT_EQ(records().size(), count) << "the file is complete when it is reported"; };
+    run();
     const qsizetype longNumbers = database.column(u"select zskid from zsk where zskid>99999"_s).size();
     EXPECT_EQ(host.dialogs[0].title, u"导出书库数据为marc格式"_s);
     EXPECT_EQ(host.texts(), QStringList{finalWord(count, path)});
@@ -99,6 +100,11 @@ TEST_F(ExportRunTest, RefusesNoNameAndAnExistingFile) {
     EXPECT_EQ(host.texts(), (QStringList{u"请输入要保存marc数据的文件名！"_s,
                                          u"选择的路径下已经存在输入的文件名。请重新输入marc数据文件名！"_s}));
     EXPECT_FALSE(list.labDaochu->isVisible());
+    load(u"zskid=0"_s);
+    path = folder.path(u"empty.iso"_s);
+    run();
+    EXPECT_EQ(host.texts().last(), finalWord(0, path));
+    EXPECT_TRUE(records().isEmpty() && list.labDaochu->isVisible());
 }
 
 TEST_F(ExportRunTest, StopsOnlyAfterAQuestion) {
@@ -108,6 +114,9 @@ TEST_F(ExportRunTest, StopsOnlyAfterAQuestion) {
         behindRecord(4, [this] { list.CmdDcgl[Stop]->click(); });
         path = folder.path(u"%1.iso"_s.arg(written));
         list.CmdDcgl[Export]->setEnabled(true); // a stop has disabled it
+        host.onShow = [&, asked = false, all = written]() mutable {
+            EXPECT_EQ(records().size(), std::exchange(asked, true) ? all : 4) << "what the box reports is in the file";
+        };
         run();
         EXPECT_EQ(records().size(), written);
         EXPECT_EQ(host.texts(), (QStringList{u"已经成功导出4条数据。确定要终止导出吗？"_s,
@@ -124,6 +133,22 @@ TEST_F(ExportRunTest, ClosesTheFileSilentlyWhenItsWindowCloses) {
     run();
     EXPECT_EQ(records().size(), 4);
     EXPECT_TRUE(!list.isVisible() && host.boxes.isEmpty());
+}
+
+// What the label reports is in the file when it is painted.
+TEST_F(ExportRunTest, TheKeyThatEndsTheProgramClosesTheFile) {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&list));
+    list.Grid1->setFocus();
+    Q_EMIT list.labDaochu->aboutToShow(); // no run yet
+    behindRecord(4, [this] {
+        Q_EMIT list.labDaochu->aboutToShow();
+        EXPECT_EQ(records().size(), 4);
+        QTest::keyClick(list.Grid1, Qt::Key_F, Qt::ControlModifier);
+    });
+    run();
+    EXPECT_EQ(records().size(), 4);
+    EXPECT_EQ(host.endings, 1);
+    EXPECT_EQ(host.boxes.size(), 1);
 }
 
 TEST_F(ExportRunTest, ContinuesWithTheRowsListedAndIgnoresASecondPress) {
@@ -146,11 +171,6 @@ TEST_F(ExportRunTest, WritesEmptyRecordsSilentlyWhenRowsCannotBeRead) {
     path = folder.path(u"没有/导出.iso"_s); // a file that cannot be created is not reported either
     run();
     EXPECT_EQ(host.texts().last(), finalWord(10, path));
-    path = folder.path(u"empty.iso"_s);
-    load(u"zskid=0"_s);
-    run();
-    EXPECT_EQ(host.texts().last(), finalWord(0, path));
-    EXPECT_TRUE(records().isEmpty());
 }
 
 } // namespace

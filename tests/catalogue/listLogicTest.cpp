@@ -77,6 +77,7 @@ TEST(ColumnWidths, ShareWhatTheFixedColumnsLeave) {
     EXPECT_EQ(copiesWidths(full), (QList<int>{2333, 910, 2333, 910, 910, 910, 2333}));
     // Halves are rounded to even: 17.5 rows count as 18, 16.5 as 16.
     EXPECT_TRUE(!scrollBarShows({0, 350 + 6125, 19, 350}) && scrollBarShows({0, 350 + 5775, 18, 350}));
+    EXPECT_FALSE(scrollBarShows({0, 0, 50, 0})) << "a grid that is not laid out yet";
     // A grid that is too narrow keeps its column widths.
     EXPECT_EQ(catalogueWidths({100, 100, 2, 350})[5], 910);
 }

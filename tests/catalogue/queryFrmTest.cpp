@@ -96,7 +96,32 @@ TEST_F(QueryFrmTest, ClearsBackToTheEmptyMaskAndAllSortFields) {
     EXPECT_EQ(target.received, QList<QStringList>({{QString(), QString(), QString()}}));
 }
 
+// A value that cannot be compared remains in its box until the type of the field changes or all is cleared.
+TEST_F(QueryFrmTest, AValueThatIsNoNumberIsNotAdded) {
+    EnteredQuery last;
+    last.orderWords = u"'著者'降"_s;
+    QueryFrmdel store(host);
+    store.LoadCombo(u"author,price"_s, u"著者,价格"_s, u"字符,数字"_s);
+    store.offerLast(last);
+    store.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&store));
+    EXPECT_EQ(store.cSql->accessibleName() + store.cFuhao->accessibleName() + store.lSql->accessibleName(),
+              u"查找项目查找关系查找条件");
+    store.lSql->setText(u"x"_s);
+    store.cSql->setCurrentIndex(1);
+    EXPECT_EQ(store.lSql->text(), u"");
+    EXPECT_EQ(store.cFuhao->count(), operatorsOf(FieldType::Number).size());
+    for (QWidget *button : std::initializer_list<QWidget *>{store.Command3, store.Command2, store.lastQueryButton}) {
+        store.lSql->setText(u"x"_s);
+        QTest::mouseClick(button, Qt::LeftButton);
+        EXPECT_EQ(store.lSql->text(), button == store.Command3 ? u"x" : u"");
+        EXPECT_EQ(store.signSql->toPlainText(), u"");
+    }
+}
+
 TEST_F(QueryFrmTest, OffersTheLastQueryAgain) {
+    EXPECT_FALSE(dialog.lastQueryButton->isVisible());
+    EXPECT_TRUE(dialog.Command1[1]->property("primary").toBool());
     EnteredQuery last;
     dialog.offerLast(last);
     EXPECT_FALSE(dialog.lastQueryButton->isVisible());
@@ -110,6 +135,7 @@ TEST_F(QueryFrmTest, OffersTheLastQueryAgain) {
     next.resultForm = &target;
     next.LoadCombo(u"bookname,author,catatime"_s, u"书名,著者,入库日期"_s, u"字符,字符,日期"_s);
     next.offerLast(last);
+    EXPECT_EQ(next.LFields->currentRow(), 0);
     next.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&next));
     QTest::keyClick(&next, Qt::Key_L, Qt::AltModifier);

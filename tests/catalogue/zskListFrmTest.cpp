@@ -59,10 +59,39 @@ TEST_F(ZskListFrmTest, ListsRowsInTheQuerysOrderOrElseTheStoredOne) {
                       {list.Grid1->horizontalHeader()->sectionViewportPosition(7) + 5, 5});
     EXPECT_EQ(shown(7), (QStringList{u"1998/10/08"_s, u"2005/12/22"_s, u"2006/05/01"_s}));
     EXPECT_EQ(list.Grid1->horizontalHeader()->sortIndicatorSection(), 7);
+    EXPECT_EQ(list.Grid1->horizontalHeader()->sortIndicatorOrder(), Qt::AscendingOrder);
+    Q_EMIT list.Grid1->headingClicked(7);
+    EXPECT_EQ(shown(7), (QStringList{u"2006/05/01"_s, u"2005/12/22"_s, u"1998/10/08"_s}));
+    EXPECT_EQ(list.Grid1->horizontalHeader()->sortIndicatorOrder(), Qt::DescendingOrder);
     list.PrintRpt({});
     EXPECT_EQ(reports.size(), 1);
     EXPECT_EQ(order.sortOrder, u"catatime"_s);
     EXPECT_EQ(list.queryCondition().sql, u"author='鲁迅著'"_s);
+}
+
+// Before and after a query; the cursor returns to the first cell.
+TEST_F(ZskListFrmTest, HeadsAndCentresItsColumns) {
+    database.run(schemaScript(u"sample.sql"_s));
+    EXPECT_EQ(list.Grid1->accessibleName(), list.windowTitle());
+    for (const QString &condition : {u""_s, u"zskid<5"_s, u"zskid=0"_s}) {
+        if (!condition.isEmpty())
+            load(condition);
+        QString headings;
+        for (int column = 0; column < list.Grid1->columns(); ++column) {
+            headings += list.Grid1->text(0, column).remove(u' ');
+            for (const QVariant &alignment :
+                 {list.Grid1->model()->headerData(column, Qt::Horizontal, Qt::TextAlignmentRole),
+                  list.Grid1->model()->index(0, column).data(Qt::TextAlignmentRole)})
+                EXPECT_EQ(alignment.toInt(), Qt::AlignCenter) << column;
+        }
+        EXPECT_EQ(headings, u"控制号ISBN书名著者分类号出版社册数入库日期");
+        EXPECT_EQ(list.Grid1->rows(), condition == u"zskid<5" ? 5 : 2);
+        EXPECT_TRUE(list.Grid1->row() == 1 && list.Grid1->rowSel() == 1 && list.Grid1->column() == 0);
+        EXPECT_GE(list.Grid1->toTwips(list.Grid1->horizontalHeader()->height()), headingTwips);
+        list.Grid1->setRow(3);
+        list.Grid1->setColumn(2);
+    }
+    EXPECT_EQ(list.Grid1->columnTwips(1), 1340);
 }
 
 TEST_F(ZskListFrmTest, ReportsEmptyAndFailedQueries) {

@@ -20,9 +20,14 @@ int columnsIn(const QString &headings) {
 
 ListWindow::ListWindow(const QString &objectName, const QString &caption, const QString &headings, QWidget *parent)
     : Window(objectName, caption, parent)
-    , Grid1(new widgets::FlexGrid(u"Grid1"_s, columnsIn(headings), 1, this))
-    , m_headings(headings) {
+    , Grid1(new widgets::FlexGrid(u"Grid1"_s, columnsIn(headings), 1, this)) {
     Grid1->setAccessibleName(caption);
+    Grid1->setRows(2);
+    Grid1->setHeadingTwips(headingTwips);
+    Grid1->setFormat(headings);
+    Grid1->setHeadingAlignment(Qt::AlignCenter);
+    for (int column = 0; column < Grid1->columns(); ++column)
+        Grid1->setColumnAlignment(column, Qt::AlignCenter);
     Grid1->installEventFilter(this);
 }
 
@@ -33,10 +38,7 @@ bool ListWindow::eventFilter(QObject *watched, QEvent *event) {
 }
 
 void ListWindow::gridInit() {
-    Grid1->clear();
-    Grid1->setRows(2);
-    Grid1->setHeadingTwips(headingTwips);
-    settleGrid();
+    showRows(nullptr);
 }
 
 void ListWindow::showRows(std::shared_ptr<const platform::TableSource> rows) {
@@ -46,15 +48,7 @@ void ListWindow::showRows(std::shared_ptr<const platform::TableSource> rows) {
         Grid1->clear();
         Grid1->setRows(2);
     }
-}
-
-void ListWindow::settleGrid() {
-    gridFix();
-    Grid1->setFormat(m_headings);
-    Grid1->setHeadingAlignment(Qt::AlignCenter);
-    for (int column = 0; column < Grid1->columns(); ++column)
-        Grid1->setColumnAlignment(column, Qt::AlignCenter);
-    Grid1->setRow(1);
+    gridFix(); // the number of rows decides whether there is a scroll bar
     Grid1->setColumn(0);
 }
 

@@ -25,19 +25,14 @@ public:
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
-    // Resets the grid: headings, one empty row, everything centred, the first row selected.
+    // Resets the grid to one empty row.
     void gridInit();
-    // Binds the rows; without rows the grid gets one empty row.
+    // Binds the rows, sets the column widths and selects the first row; without rows the grid gets one empty row.
     void showRows(std::shared_ptr<const platform::TableSource> rows);
-    // Call after new rows are shown: sets widths and alignment and selects the first row.
-    void settleGrid();
     bool firstCellIsEmpty() const;
     int dataRows() const { return Grid1->rows() - 1; }
     GridRoom gridRoom() const;
     void setWidths(const QList<int> &twips);
-
-private:
-    QString m_headings;
 };
 
 } // namespace catalogue

@@ -58,7 +58,6 @@ QueryDialog::QueryDialog(const QString &objectName, QueryRules rules, platform::
 void QueryDialog::prepareBoxes() {
     for (QTextEdit *box : {signSql, lOrderby}) {
         box->setReadOnly(true);
-        box->setTabChangesFocus(true);
         box->installEventFilter(this);
         box->setMinimumHeight(box->fontMetrics().lineSpacing() * 2); // on a low screen
         box->setMaximumHeight(box->fontMetrics().lineSpacing() * 3);

@@ -43,7 +43,6 @@ SCKListFrm::SCKListFrm(const database::SessionState &state, platform::Host &host
     makeLabels();
     layOut();
     connect(CmdExit, &Button::clicked, this, &SCKListFrm::unload);
-    gridInit();
 }
 
 void SCKListFrm::makeLabels() {
@@ -107,7 +106,6 @@ void SCKListFrm::loadCopies(database::Connection &connection, qint32 zskid) {
     }
     showRows(std::make_shared<CopiesTable>(copies.value()));
     LabelZSK[copyCountLabel]->setText(QString::number(copies.value()->rowCount()));
-    settleGrid();
 }
 
 void SCKListFrm::gridFix() {

@@ -55,7 +55,6 @@ TLKListFrm::TLKListFrm(const database::SessionState &state, platform::Host &host
     connect(CmdDcgl[2], &Button::clicked, this, &TLKListFrm::unload);
     connect(Grid1->selectionModel(), &QItemSelectionModel::selectionChanged, this, &TLKListFrm::countMarked);
     setSaving(nullptr);
-    gridInit();
 }
 
 void TLKListFrm::layOut() {
@@ -81,7 +80,6 @@ void TLKListFrm::listRows() {
     lCounts->setText(countText(firstCellIsEmpty() ? 0 : dataRows()));
     const auto shown = headingOrder(shownOrder(), storeColumns);
     Grid1->showOrder(shown ? shown->column : -1, shown && shown->descending ? Qt::DescendingOrder : Qt::AscendingOrder);
-    settleGrid();
 }
 
 // The order of a query would also be part of "delete all", which most servers then refuse. This one is not.

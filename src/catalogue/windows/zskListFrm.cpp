@@ -40,7 +40,6 @@ ZSKListFrm::ZSKListFrm(const database::SessionState &state, platform::Host &host
                    {CmdDcgl[Stop], u"停止导出，已经导出的留在文件里"}});
     layOut();
     connectControls();
-    gridInit();
     // Wide enough for any count, so that the buttons never move.
     labDaochu->setMinimumWidth(labDaochu->fontMetrics().horizontalAdvance(progressText(99'999'999, 99'999'999)));
     labDaochu->hide();
@@ -100,7 +99,6 @@ void ZSKListFrm::loadData(Condition &condition, QString &order) {
     m_shownOrder = order;
     const auto shown = headingOrder(order, catalogueColumns);
     Grid1->showOrder(shown ? shown->column : -1, shown && shown->descending ? Qt::DescendingOrder : Qt::AscendingOrder);
-    settleGrid();
 }
 
 // As the sort dialog does, without storing the order for later queries.
