@@ -82,8 +82,8 @@ QAbstractAxis *countAxis(const std::vector<const RuleEntry *> &entries, const Ch
     auto *axis = new QValueAxis;
     axis->setRange(0, entries.empty() ? 1 : std::max(entries.back()->remarks, 1));
     axis->setLabelFormat(u"%d"_s);
-    axis->setTickType(QValueAxis::TicksFixed);
     axis->applyNiceNumbers();
+    axis->setTruncateLabels(false); // below few bars
     axis->setLabelsFont(font);
     axis->setLabelsColor(ink.ink);
     axis->setGridLinePen(QPen(ink.hairline, 1));
