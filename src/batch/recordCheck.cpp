@@ -37,7 +37,6 @@ void RecordCheck::renew() {
 
 std::vector<Remark> RecordCheck::remarksOn(int record, const marc::FieldRows &rows) {
     m_record = record;
-    m_remarks.clear();
     takeFaults(rows);
     checkNumbers(rows);
     if (const QString complaint = m_format->takeComplaint(); !complaint.isEmpty())

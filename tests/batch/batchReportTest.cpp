@@ -49,7 +49,7 @@ TEST(BatchReport, CountsRecordsByTheirGravestRemark) {
         list.add(with(Level::Hint, Remark(record, Kind::Template, u"200", 1, u"短"_s)));
     list.add(with(Level::Error, Remark(2, Kind::Isbn, u"010", 1, u"错"_s)));
     list.add(with(Level::Warning, Remark(5, Kind::Template, u"210", 1, u"缺"_s)));
-    for (const int record : {7, 3}) // of the second table that was looked up
+    for (const int record : {7, 3, 7}) // of the second table that was looked up
         list.add(with(Level::Warning, Remark(record, Kind::InStore, {}, 0, u"有"_s)));
     list.add(Remark(9, Kind::Issn, u"011", 1, u"错"_s));
     SilencedRules silenced;
@@ -61,7 +61,7 @@ TEST(BatchReport, CountsRecordsByTheirGravestRemark) {
     EXPECT_EQ(report.clean(), 12);
     EXPECT_EQ(linesOf(report.rules), (QStringList{
                                          u"错误 ISBN 1/1 010 3"_s,
-                                         u"警告 查重 2/2  4, 8"_s,
+                                         u"警告 查重 3/2  4, 8"_s,
                                          u"警告 模板 1/1 210 6"_s,
                                          u"提示 模板 5/4 200 1–3, 6"_s,
                                      }));
@@ -161,6 +161,7 @@ TEST(ReportPage, EscapesTextsAndCutsNumbersOnlyIfTold) {
     EXPECT_FALSE(page.contains(u"<script"));
     EXPECT_FALSE(page.contains(u"某处")) << "the folders of this machine are nobody's business";
     EXPECT_EQ(page.count(tame), 7);
+    EXPECT_TRUE(page.contains(u"<th>没有问题</th>"));
     EXPECT_TRUE(page.contains(u"1, 3 …（共 3 条）"));
     EXPECT_FALSE(page.contains(u"<img"));
     EXPECT_TRUE(reportPage(report, draw, {.chart = u"x"_s}).contains(u"1, 3, 5<"));

@@ -62,6 +62,16 @@ TEST_F(ReportWindowTest, ShowsNumbersRulesAndADrawThatCanBeRepeated) {
     EXPECT_EQ(window->rulesGrid->text(1, 1) + window->rulesGrid->text(1, 5), u"ISBN4–6, 10"_s);
     EXPECT_EQ(window->example->text(), u"例：第 4 条，校验位"_s);
     EXPECT_EQ(window->chart->chart()->series().size(), 1);
+    QString headings;
+    for (const widgets::FlexGrid *grid : {window->rulesGrid, window->drawGrid})
+        for (int column = 0; column < grid->columns(); ++column)
+            headings += grid->text(0, column) + u' ';
+    EXPECT_EQ(headings, u"级别 规则 字段 处 条 记录号 记录 题名 发现 ");
+    EXPECT_EQ(window->pages->tabText(0) + window->pages->tabText(1) + window->pages->tabText(2),
+              u"&Z 总览&G 按规则&C 抽查");
+    EXPECT_TRUE(window->facts->wordWrap() && window->notes->isVisible());
+    EXPECT_TRUE(window->seedBox->minimum() == 1 && window->seedBox->maximum() == 999999);
+    EXPECT_GE(window->example->minimumHeight(), 2 * window->fontMetrics().lineSpacing());
 
     const auto drawn = [this] {
         QStringList numbers;
@@ -90,13 +100,18 @@ TEST_F(ReportWindowTest, PaintsTheChartInTheInksOfItsScheme) {
     list.add(Remark(0, Kind::Isbn, u"010", 1, u"校验位"_s));
     ASSERT_TRUE(open());
     const ChartInk ink = schemeInk(widgets::schemePalette(widgets::Scheme::Dark));
-    const std::unique_ptr<QChart> chart(newRuleChart(*window->report(), ink, window->font()));
+    QFont font = window->font();
+    font.setPixelSize(21);
+    const std::unique_ptr<QChart> chart(newRuleChart(*window->report(), ink, font));
     EXPECT_TRUE(chart->backgroundBrush() == ink.background && chart->legend()->labelColor() == ink.ink);
     const QAbstractAxis *names = chart->axes(Qt::Vertical).value(0), *counts = chart->axes(Qt::Horizontal).value(0);
     ASSERT_TRUE(names && counts);
     EXPECT_TRUE(names->labelsColor() == ink.ink && counts->labelsColor() == ink.ink);
     EXPECT_TRUE(counts->gridLinePen().color() == ink.hairline && counts->linePen().color() == ink.hairline);
-    EXPECT_TRUE(names->linePen().color() == ink.ink && !names->isGridLineVisible() && !names->labelsTruncated());
+    EXPECT_TRUE(names->linePen().color() == ink.ink && !names->isGridLineVisible());
+    EXPECT_TRUE(names->labelsFont() == font && counts->labelsFont() == font && chart->legend()->font() == font);
+    EXPECT_FALSE(names->truncateLabels());
+    EXPECT_TRUE(chart->backgroundPen() == Qt::NoPen && chart->margins().isNull());
 }
 
 TEST_F(ReportWindowTest, SavesThreeFormsAndReportsAFailure) {
@@ -108,11 +123,12 @@ TEST_F(ReportWindowTest, SavesThreeFormsAndReportsAFailure) {
     reader.start(u"pdftotext"_s, {u"-layout"_s, folder.path(u"报告.pdf"_s), u"-"_s});
     ASSERT_TRUE(reader.waitForFinished());
     const QString printed = QString::fromUtf8(reader.readAllStandardOutput());
-    for (const QString &text : {u"供货.iso"_s, u"30（75.0%）"_s, u"校验位<b>"_s, u"1–30"_s, u"抽查 10 条"_s})
+    for (const QString &text : {u"  提示"_s, u"ISBN 30"_s, u" 10 "_s, u"供货.iso"_s, u"30（75.0%）"_s, u"校验位<b>"_s,
+                                u"1–30"_s, u"抽查 10 条"_s})
         EXPECT_TRUE(printed.contains(text)) << qPrintable(text) << qPrintable(printed);
     const QByteArray page = saved(2, u".html"_s);
     EXPECT_TRUE(page.contains("src=\"data:image/svg+xml;base64,PD94bWwg") && // begins as XML
-                page.contains("校验位&lt;b&gt;"));
+                page.contains("校验位&lt;b&gt;") && page.contains(" width=\"620\""));
     EXPECT_TRUE(saved(3, u".csv"_s).startsWith("\xEF\xBB\xBF"));
     EXPECT_EQ(host.dialogs.value(0).start, folder.path(u"供货-校对报告.pdf"_s));
     EXPECT_EQ(window->state->text(), u"已保存到 "_s + folder.path(u"报告.csv"_s));
@@ -127,6 +143,19 @@ TEST_F(ReportWindowTest, SavesThreeFormsAndReportsAFailure) {
         window->saveButtons[size_t(button)]->click();
         EXPECT_TRUE(host.lastBox().text.startsWith(u"保存失败：【"));
     }
+}
+
+TEST_F(ReportWindowTest, ShowsAPreviewBeforeItPrints) {
+    ASSERT_TRUE(open());
+    QString title;
+    QTimer::singleShot(0, window.get(), [&title] {
+        QWidget *preview = QApplication::activeModalWidget();
+        ASSERT_TRUE(preview && preview->width() >= 600 && preview->height() >= 500);
+        title = preview->windowTitle();
+        preview->close();
+    });
+    window->saveButtons[0]->click();
+    EXPECT_EQ(title, u"打印校对报告");
 }
 
 TEST_F(ReportWindowTest, MayBeClosedBeforeItIsMade) {

@@ -17,7 +17,7 @@ std::shared_ptr<const schema::Schema> smallSchema() {
             "0": {"start": 0, "end": 0, "label": "类型", "codes": {"a": {"label": "甲"}, " ": {"label": "未用"}}}}}}},
         "200": {"label": "题名", "required": true, "indicator1": {"codes": {"0": {}, "1": {"label": "有"}}},
                 "subfields": {"a": {"label": "正题名", "pattern": "^x"}, "b": {"repeatable": true}, "c": {"codes": "none"}}}},
-        "rules": [{"class": "甲", "if": "200", "then": "100"}, {"class": "乙", "then": "101"}]})");
+        "rules": [{"class": "甲", "if": "200", "then": "100"}, {"class": "乙", "then": "101"}, {"then": "102"}]})");
     return std::make_shared<const schema::Schema>(std::move(read.value()));
 }
 
@@ -176,6 +176,8 @@ TEST(RuleBook, NamesAndExplainsWhatIsWrong) {
         {remark(Check::MissingField, 200), u"missingField 缺必备字段 补上这个字段。200 题名：必备，不可重复。"_s},
         {remark(Check::ExternalRule, 100, schema::noCode, 0, -1, 0),
          u"rule:甲 甲 字段之间的规则。不合本馆做法的，可以在模式里改，或“不再提示”。要求：若 200，则 100"_s},
+        {remark(Check::ExternalRule, 102, schema::noCode, 0, -1, 2),
+         u"rule:第3条规则 第3条规则 字段之间的规则。不合本馆做法的，可以在模式里改，或“不再提示”。要求：102"_s},
     });
     for (const auto &[each, expected] : rows) {
         const QString key = book.keyOf(ruleOf(each));

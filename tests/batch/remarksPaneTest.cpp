@@ -84,6 +84,8 @@ struct RemarksPaneTest : testing::Test {
 
 TEST_F(RemarksPaneTest, ProofsLooksUpAndJumpsToTheRecord) {
     EXPECT_TRUE(proof().remarkText->isReadOnly() && !pane->stopButton->isVisible());
+    EXPECT_FALSE(pane->toRefusedButton->isVisibleTo(pane.get()) || pane->toProofButton->isVisibleTo(pane.get()));
+    EXPECT_FALSE(pane->violatedRules());
     EXPECT_EQ(proof().grid->accessibleName() + pane->refusedTable->grid->accessibleName(), u"校对结果未成功记录"_s);
     QStringList said;
     host.onYield = [&] {
@@ -100,7 +102,8 @@ TEST_F(RemarksPaneTest, ProofsLooksUpAndJumpsToTheRecord) {
     EXPECT_EQ(words(), u"校对 3 条，发现 8 处"_s);
     EXPECT_FALSE(pane->stopButton->isVisible() || pane->toRefusedButton->isVisible());
     EXPECT_EQ(kinds(), (QStringList{u"全部规则 (8)"_s, u"ISSN (3)"_s, u"批内重复 (2)"_s, u"查重 (3)"_s}));
-
+    EXPECT_EQ(pane->violatedRules().value_or(QHash<int, QSet<QString>>()).value(1),
+              (QSet<QString>{u"ISSN"_s, u"批内重复"_s, u"查重"_s}));
     EXPECT_EQ(proof().grid->row(), 1);
     QTest::keyClick(proof().grid, Qt::Key_Down);
     QTest::keyClick(proof().grid, Qt::Key_Return);
@@ -229,6 +232,7 @@ TEST_F(RemarksPaneTest, StopsAtOnceAndBeginsAgain) {
     pane->proofAll();
     EXPECT_EQ(words(), u"校对 0 条，发现 0 处"_s);
     EXPECT_EQ(kinds(), QStringList{u"全部规则 (0)"_s});
+    EXPECT_FALSE(pane->skipBox->isEnabled());
     QTest::keyClick(proof().grid, Qt::Key_Return); // no remark to jump from
     EXPECT_TRUE(jumps.isEmpty());
 }
@@ -268,8 +272,9 @@ TEST_F(RemarksPaneTest, KeepsRefusedRecordsNextToTheRemarks) {
 
     pane->proofAll();
     EXPECT_TRUE(proof().isVisible() && pane->toRefusedButton->isVisible());
+    EXPECT_TRUE(pane->skipBox->x() > proof().words->x() && pane->toRefusedButton->x() > pane->skipBox->x());
     pane->toRefusedButton->click();
-    EXPECT_TRUE(refused.isVisible());
+    EXPECT_TRUE(refused.isVisible() && pane->toProofButton->x() > refused.words->x());
     pane->toProofButton->click();
     EXPECT_EQ(words(), u"校对 3 条，发现 8 处"_s);
     EXPECT_TRUE(pane->skipBox->isEnabled() && pane->leftOut().empty());

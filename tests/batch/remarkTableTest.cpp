@@ -1,0 +1,97 @@
+#include "batch/windows/remarkTable.h"
+#include "batch/reminders.h"
+#include "batch/windows/frmSilenced.h"
+#include "support/scriptedHost.h"
+#include "support/windowState.h"
+#include <QLabel>
+#include <QMenu>
+
+using namespace batch;
+
+namespace {
+
+struct RemarkTableTest : testing::Test {
+    ScriptedHost host;
+    Reminders reminders{host.remembered()};
+    RemarkTable table{u"table"_s, host, &reminders, nullptr};
+
+    RemarkTableTest() {
+        table.take({Remark(0, Kind::Isbn, u"010", 1, u"甲"_s), Remark(1, Kind::Issn, u"011", 1, u"乙"_s),
+                    Remark(2, Kind::Isbn, u"073", 1, u"丙"_s)});
+        table.settle();
+        table.show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&table));
+    }
+};
+
+} // namespace
+
+TEST_F(RemarkTableTest, HasRoomForItsTexts) {
+    QStringList headings;
+    for (int column = 0; column < table.grid->columns(); ++column)
+        headings.append(table.grid->text(0, column));
+    EXPECT_EQ(headings.join(u'|'), RemarkList::headings);
+    EXPECT_EQ(table.silenceButton->text(), u"&Y 不再提示");
+    const QFontMetrics metrics = table.fontMetrics();
+    EXPECT_GE(table.remarkText->height(), 2 * metrics.lineSpacing());
+    EXPECT_LT(table.remarkText->height(), 4 * metrics.lineSpacing());
+    EXPECT_GE(table.grid->minimumHeight(), 3 * metrics.height());
+    EXPECT_GE(table.grid->columnWidth(RemarkList::RuleColumn), metrics.horizontalAdvance(u"未定义的子字段"_s));
+    EXPECT_EQ(table.filterBar->levelBox->mapTo(&table, QPoint()).x(), table.grid->x());
+    table.saveButton->setFocus();
+    table.setFocus();
+    EXPECT_TRUE(table.grid->hasFocus());
+}
+
+TEST_F(RemarkTableTest, ShowsTheTextOfTheRowThatAStepReaches) {
+    for (const QString &text : {u"甲"_s, u"乙"_s, u"丙"_s, u"甲"_s}) {
+        EXPECT_EQ(table.step(1).remark->text, text);
+        EXPECT_EQ(table.remarkText->toPlainText().section(u'\n', 0, 0), text);
+    }
+}
+
+TEST_F(RemarkTableTest, TheRightButtonOpensTheMenuOfTheRowBelowIt) {
+    const QRect row = table.grid->visualRect(table.grid->model()->index(1, RemarkList::RuleColumn));
+    QCursor::setPos(table.grid->viewport()->mapToGlobal(row.center()));
+    Q_EMIT table.grid->rightPressed();
+    EXPECT_EQ(table.grid->row(), 2);
+    const auto *menu = table.findChild<QMenu *>(u"silenceMenu"_s);
+    ASSERT_TRUE(menu);
+    EXPECT_EQ(menu->actions()[1]->text(), u"只是 011 的“ISSN”不再提示(&2)");
+    QAction *marks = menu->actions().constLast();
+    EXPECT_TRUE(marks->isCheckable() && marks->isChecked());
+    marks->trigger();
+    EXPECT_FALSE(reminders.marksRows());
+}
+
+TEST_F(RemarkTableTest, TheChoicesFollowTheRemarksAndTheChosenOneStays) {
+    QComboBox *rules = table.filterBar->ruleBox;
+    reminders.silence({u"isbn"_s, u"073"_s});
+    EXPECT_EQ(table.filterBar->levelBox->itemText(0) + rules->itemText(0), u"全部级别 (2)全部规则 (2)");
+    rules->setCurrentIndex(2);
+    Q_EMIT rules->activated(2);
+    EXPECT_EQ(table.grid->rows(), 2);
+    reminders.silence({u"isbn"_s, {}});
+    EXPECT_EQ(rules->count(), 2);
+    EXPECT_EQ(rules->currentText(), u"ISSN (1)");
+}
+
+TEST_F(RemarkTableTest, SilencedRulesAreTakenBackOneAfterTheOther) {
+    reminders.silence({u"isbn"_s, {}});
+    reminders.silence({u"issn"_s, u"011"_s});
+    frmSilenced window(reminders, table.remarks().rules());
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    EXPECT_EQ(WindowState(window).grown({100, 100}), u"grid wh"_s);
+    EXPECT_TRUE(window.takeBackButton->isEnabled() && !window.emptyWords->isVisible());
+    EXPECT_EQ(window.grid->accessibleName(), window.windowTitle());
+    EXPECT_GE(window.grid->minimumWidth(), window.fontMetrics().horizontalAdvance(u"书"_s.repeated(22)));
+    EXPECT_GE(window.grid->minimumHeight(), 8 * window.fontMetrics().height());
+    window.grid->setRow(2);
+    window.takeBackButton->click();
+    EXPECT_TRUE(window.grid->row() == 1 && window.grid->rows() == 2);
+    EXPECT_EQ(window.grid->text(1, 0) + window.grid->text(1, 1), u"ISBN全部字段");
+    window.takeBackButton->click();
+    EXPECT_TRUE(window.emptyWords->isVisible() && !window.grid->isVisible() && !window.takeBackButton->isEnabled());
+    EXPECT_TRUE(window.quitButton->hasFocus());
+}
