@@ -12,7 +12,6 @@ BatchProof::BatchProof(std::shared_ptr<const marc::PreReadStore> records, ProofO
     , m_check(std::move(proof), schema) {}
 
 std::vector<Remark> BatchProof::step() {
-    m_remarks.clear();
     const int row = m_next++;
     if (const QByteArrayView gbk = m_records->encodedBytes(row); !gbk.isEmpty())
         marc::showRecord(gbk, m_shown);

@@ -48,6 +48,7 @@ TEST(BatchReport, CountsRecordsByTheirGravestRemark) {
     for (const int record : {0, 1, 2, 2, 5})
         list.add(with(Level::Hint, Remark(record, Kind::Template, u"200", 1, u"短"_s)));
     list.add(with(Level::Error, Remark(2, Kind::Isbn, u"010", 1, u"错"_s)));
+    list.add(with(Level::Error, Remark(2, Kind::Required, u"100", 1, u"缺"_s))); // as frequent as the ISBN
     list.add(with(Level::Warning, Remark(5, Kind::Template, u"210", 1, u"缺"_s)));
     for (const int record : {7, 3, 7}) // of the second table that was looked up
         list.add(with(Level::Warning, Remark(record, Kind::InStore, {}, 0, u"有"_s)));
@@ -60,6 +61,7 @@ TEST(BatchReport, CountsRecordsByTheirGravestRemark) {
     EXPECT_EQ(report.records, (std::array<int, 3>{1, 3, 2}));
     EXPECT_EQ(report.clean(), 12);
     EXPECT_EQ(linesOf(report.rules), (QStringList{
+                                         u"错误 必备字段 1/1 100 3"_s,
                                          u"错误 ISBN 1/1 010 3"_s,
                                          u"警告 查重 3/2  4, 8"_s,
                                          u"警告 模板 1/1 210 6"_s,

@@ -6,6 +6,7 @@
 #include "support/scriptedHost.h"
 #include "widgets/styleTokens.h"
 #include <QAbstractAxis>
+#include <QAbstractSeries>
 #include <QChart>
 #include <QChartView>
 #include <QLabel>
@@ -72,6 +73,19 @@ TEST_F(ReportWindowTest, ShowsNumbersRulesAndADrawThatCanBeRepeated) {
     EXPECT_TRUE(window->facts->wordWrap() && window->notes->isVisible());
     EXPECT_TRUE(window->seedBox->minimum() == 1 && window->seedBox->maximum() == 999999);
     EXPECT_GE(window->example->minimumHeight(), 2 * window->fontMetrics().lineSpacing());
+    EXPECT_EQ(window->rulesGrid->accessibleName() + window->drawGrid->accessibleName(), u"按规则抽查的记录");
+    for (const int column : {3, 4})
+        EXPECT_EQ(window->rulesGrid->model()->index(0, column).data(Qt::TextAlignmentRole).toInt(),
+                  int(Qt::AlignRight | Qt::AlignVCenter));
+    const QList<QWidget *> onPages{window->chart, window->rulesGrid, window->drawGrid};
+    window->resize(window->width() + 400, window->height());
+    for (int page = 0; page < 3; ++page) {
+        window->pages->setCurrentIndex(page);
+        QApplication::processEvents();
+        EXPECT_GT(onPages[page]->width(), window->width() * 3 / 4) << page;
+    }
+    window->setPalette(widgets::schemePalette(widgets::Scheme::Dark));
+    EXPECT_EQ(window->chart->chart()->backgroundBrush().color(), schemeInk(window->palette()).background);
 
     const auto drawn = [this] {
         QStringList numbers;
@@ -111,6 +125,7 @@ TEST_F(ReportWindowTest, PaintsTheChartInTheInksOfItsScheme) {
     EXPECT_TRUE(names->linePen().color() == ink.ink && !names->isGridLineVisible());
     EXPECT_TRUE(names->labelsFont() == font && counts->labelsFont() == font && chart->legend()->font() == font);
     EXPECT_FALSE(names->truncateLabels());
+    EXPECT_EQ(chart->series().value(0)->attachedAxes().size(), 2);
     EXPECT_TRUE(chart->backgroundPen() == Qt::NoPen && chart->margins().isNull());
 }
 
@@ -128,7 +143,8 @@ TEST_F(ReportWindowTest, SavesThreeFormsAndReportsAFailure) {
         EXPECT_TRUE(printed.contains(text)) << qPrintable(text) << qPrintable(printed);
     const QByteArray page = saved(2, u".html"_s);
     EXPECT_TRUE(page.contains("src=\"data:image/svg+xml;base64,PD94bWwg") && // begins as XML
-                page.contains("校验位&lt;b&gt;") && page.contains(" width=\"620\""));
+                page.contains("校验位&lt;b&gt;") && page.contains(" width=\"620\"") &&
+                page.contains("font-family: sans-serif"));
     EXPECT_TRUE(saved(3, u".csv"_s).startsWith("\xEF\xBB\xBF"));
     EXPECT_EQ(host.dialogs.value(0).start, folder.path(u"供货-校对报告.pdf"_s));
     EXPECT_EQ(window->state->text(), u"已保存到 "_s + folder.path(u"报告.csv"_s));

@@ -1,5 +1,6 @@
 // The list of remarks against a model that filters and counts by going through everything.
 #include "batch/remarkList.h"
+#include "batch/refusedRecords.h"
 #include "schema/schemaReader.h"
 #include "support/dice.h"
 #include "support/qtPrinters.h"
@@ -145,6 +146,21 @@ TEST(RemarkList, IsEmptiedInShortSteps) {
     }
     EXPECT_EQ(list.count(), 0);
     EXPECT_EQ(steps, 3);
+}
+
+TEST(RefusedRecords, AreInTheOrderOfTheListAndStillThere) {
+    marc::PreReadStore store;
+    store.setRows(3);
+    const NotImported rest{.refused = {{2, u"重复"_s}, {store.rowCount(), u"不在了"_s}},
+                           .leftOut = {{1, u"跳过"_s}, {-1, u"没有"_s}}};
+    QStringList reasons;
+    for (const marc::RefusedRecord &each : rest.inListOrder())
+        reasons.append(each.reason);
+    EXPECT_EQ(reasons.join(u' '), u"没有 跳过 重复 不在了"_s);
+    reasons.clear();
+    for (const Remark &remark : remarksOf(rest, store))
+        reasons.append(remark.text);
+    EXPECT_EQ(reasons.join(u' '), u"重复 跳过"_s);
 }
 
 TEST(RuleBook, NamesAndExplainsWhatIsWrong) {

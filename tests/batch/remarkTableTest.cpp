@@ -37,6 +37,10 @@ TEST_F(RemarkTableTest, HasRoomForItsTexts) {
     EXPECT_LT(table.remarkText->height(), 4 * metrics.lineSpacing());
     EXPECT_GE(table.grid->minimumHeight(), 3 * metrics.height());
     EXPECT_GE(table.grid->columnWidth(RemarkList::RuleColumn), metrics.horizontalAdvance(u"未定义的子字段"_s));
+    table.resize(1000, 300);
+    QApplication::processEvents();
+    EXPECT_EQ(table.grid->cellRect(1, RemarkList::WordsColumn).right(),
+              table.grid->viewport()->geometry().right() + table.grid->x());
     EXPECT_EQ(table.filterBar->levelBox->mapTo(&table, QPoint()).x(), table.grid->x());
     table.saveButton->setFocus();
     table.setFocus();
@@ -58,10 +62,16 @@ TEST_F(RemarkTableTest, TheRightButtonOpensTheMenuOfTheRowBelowIt) {
     const auto *menu = table.findChild<QMenu *>(u"silenceMenu"_s);
     ASSERT_TRUE(menu);
     EXPECT_EQ(menu->actions()[1]->text(), u"只是 011 的“ISSN”不再提示(&2)");
+    EXPECT_TRUE(menu->actions()[2]->isSeparator());
     QAction *marks = menu->actions().constLast();
     EXPECT_TRUE(marks->isCheckable() && marks->isChecked());
     marks->trigger();
     EXPECT_FALSE(reminders.marksRows());
+    delete menu;
+    table.begin(RemarkList());
+    EXPECT_EQ(table.remarkText->toPlainText(), QString());
+    table.silenceButton->click();
+    EXPECT_EQ(table.findChild<QMenu *>(u"silenceMenu"_s)->actions().size(), 2) << "nothing to silence";
 }
 
 TEST_F(RemarkTableTest, TheChoicesFollowTheRemarksAndTheChosenOneStays) {
@@ -85,13 +95,16 @@ TEST_F(RemarkTableTest, SilencedRulesAreTakenBackOneAfterTheOther) {
     EXPECT_EQ(WindowState(window).grown({100, 100}), u"grid wh"_s);
     EXPECT_TRUE(window.takeBackButton->isEnabled() && !window.emptyWords->isVisible());
     EXPECT_EQ(window.grid->accessibleName(), window.windowTitle());
+    EXPECT_EQ(window.grid->text(0, 0) + window.grid->text(0, 1), u"规则字段");
     EXPECT_GE(window.grid->minimumWidth(), window.fontMetrics().horizontalAdvance(u"书"_s.repeated(22)));
     EXPECT_GE(window.grid->minimumHeight(), 8 * window.fontMetrics().height());
     window.grid->setRow(2);
     window.takeBackButton->click();
     EXPECT_TRUE(window.grid->row() == 1 && window.grid->rows() == 2);
     EXPECT_EQ(window.grid->text(1, 0) + window.grid->text(1, 1), u"ISBN全部字段");
-    window.takeBackButton->click();
+    QTest::keyClick(window.grid, Qt::Key_Return);
     EXPECT_TRUE(window.emptyWords->isVisible() && !window.grid->isVisible() && !window.takeBackButton->isEnabled());
     EXPECT_TRUE(window.quitButton->hasFocus());
+    Q_EMIT window.grid->gridActivated();
+    EXPECT_TRUE(reminders.silenced().all().empty());
 }

@@ -1,6 +1,5 @@
 #include "batch/windows/remarksPane.h"
 #include "batch/windows/frmBatchReport.h"
-#include "batch/windows/frmSilenced.h"
 #include "support/databaseServers.h"
 #include "support/recordText.h"
 #include "support/scriptedHost.h"
@@ -84,7 +83,10 @@ struct RemarksPaneTest : testing::Test {
 
 TEST_F(RemarksPaneTest, ProofsLooksUpAndJumpsToTheRecord) {
     EXPECT_TRUE(proof().remarkText->isReadOnly() && !pane->stopButton->isVisible());
-    EXPECT_FALSE(pane->toRefusedButton->isVisibleTo(pane.get()) || pane->toProofButton->isVisibleTo(pane.get()));
+    EXPECT_TRUE(pane->toRefusedButton->isHidden() && pane->toProofButton->isHidden());
+    EXPECT_TRUE(pane->reportButtons->schemaButton->isHidden()) << "there is no schema";
+    pane->setFocus();
+    EXPECT_EQ(pane->window()->focusWidget(), proof().grid);
     EXPECT_FALSE(pane->violatedRules());
     EXPECT_EQ(proof().grid->accessibleName() + pane->refusedTable->grid->accessibleName(), u"校对结果未成功记录"_s);
     QStringList said;
@@ -154,11 +156,7 @@ TEST_F(RemarksPaneTest, SilencesARuleUntilItIsTakenBack) {
     const marc::FieldRows rows = marc::showRecord(records->record(0)).rows;
     EXPECT_TRUE(pane->remarksOn(rows).empty());
 
-    frmSilenced window(*pane->reminders, proof().remarks().rules());
-    window.show();
-    EXPECT_EQ(window.grid->text(1, 0) + window.grid->text(1, 1), u"ISSN全部字段"_s);
-    QTest::keyClick(window.grid, Qt::Key_Return);
-    EXPECT_TRUE(window.emptyWords->isVisible() && window.grid->rows() == 1);
+    pane->reminders->takeBack({.key = proof().remarks().rules().keyOf(int(Kind::Issn)), .tag = {}});
     EXPECT_EQ(words(), u"校对 3 条，发现 8 处"_s);
     ASSERT_EQ(pane->remarksOn(rows).size(), 1U);
     EXPECT_EQ(pane->remarksOn(rows)[0].words, u"错误：ISSN校验位错误，应为3"_s);
@@ -269,10 +267,10 @@ TEST_F(RemarksPaneTest, KeepsRefusedRecordsNextToTheRemarks) {
     EXPECT_EQ(folder.read(u"拒.iso"_s).count("\x1D\r\n"), 2);
     QTest::keyClick(refused.grid, Qt::Key_Return);
     EXPECT_EQ(lastJump(), u"1 0 0"_s);
-
     pane->proofAll();
     EXPECT_TRUE(proof().isVisible() && pane->toRefusedButton->isVisible());
-    EXPECT_TRUE(pane->skipBox->x() > proof().words->x() && pane->toRefusedButton->x() > pane->skipBox->x());
+    EXPECT_TRUE(pane->skipBox->x() > proof().words->x() && pane->toRefusedButton->x() > pane->skipBox->x() &&
+                pane->reportButtons->y() > proof().grid->y());
     pane->toRefusedButton->click();
     EXPECT_TRUE(refused.isVisible() && pane->toProofButton->x() > refused.words->x());
     pane->toProofButton->click();
@@ -288,7 +286,10 @@ TEST_F(RemarksPaneTest, KeepsRefusedRecordsNextToTheRemarks) {
     EXPECT_EQ(pane->rowsWithRemarks(), (std::vector<int>{0, 1, 2}));
     EXPECT_TRUE(pane->leftOut().empty()) << "the tick is for one import";
     pane->skipBox->click();
-    at(1, [this] { EXPECT_FALSE(pane->skipBox->isEnabled() || pane->skipBox->isChecked()); });
+    at(1, [this] {
+        EXPECT_FALSE(pane->skipBox->isEnabled() || pane->skipBox->isChecked() ||
+                     pane->reportButtons->reportButton->isEnabled());
+    });
     pane->proofAll();
     EXPECT_TRUE(pane->leftOut().empty());
     pane->listRefused({}); // the next import refused no record

@@ -114,7 +114,6 @@ platform::Status saveReportPdf(const QString &path, const BatchReport &report, c
     QPdfWriter writer(&buffer);
     writer.setTitle(u"校对报告："_s + fileNameOf(report));
     writer.setCreator(platform::programTitle.toString());
-    writer.setPageSize(QPageSize(QPageSize::A4));
     writer.setPageMargins(margins, QPageLayout::Millimeter);
     const PrintedReport printed(report, draw);
     printed.document.print(&writer);
