@@ -49,7 +49,7 @@ void BatchProof::compare(const BookIdentity &identity) {
         if (first == SoughtBooks::none || first == toldOf)
             continue;
         toldOf = first;
-        remark(Kind::InBatch, identity.tag, identity.fieldRow,
+        remark(Kind::InBatch, u"010"_s, identity.fieldRow,
                u"与第 %1 条的ISBN相同：《%2》"_s.arg(QString::number(toldOf + 1), m_records->title(toldOf)));
     }
     if (!identity.isEmpty())

@@ -45,20 +45,16 @@ BookIdentity identityOf(const marc::FieldRows &rows) {
         const marc::IsbnKey key = marc::isbnKey(rows[element].value);
         if (!key || std::ranges::find(identity.isbns, key) != identity.isbns.end())
             continue;
-        if (identity.isbns.empty()) {
-            identity.tag = u"010"_s;
+        if (identity.isbns.empty())
             identity.fieldRow = gridRow(element);
-        }
         identity.isbns.push_back(key);
     }
     if (const auto author = firstFilled(rows, u"$f"))
         identity.author = comparedAuthor(rows[*author].value);
     if (const auto title = firstFilled(rows, u"$a")) {
         identity.title = comparedTitle(rows[*title].value);
-        if (identity.isbns.empty()) {
-            identity.tag = u"200"_s;
+        if (identity.isbns.empty())
             identity.fieldRow = gridRow(*title);
-        }
     }
     return identity;
 }

@@ -18,8 +18,7 @@ struct BookIdentity {
     std::vector<marc::IsbnKey> isbns; // each once
     QString title;                    // title and author as an import takes them, in the form that is compared
     QString author;
-    QString tag;      // the tag and the grid row to show to the user
-    int fieldRow = 0; // 0: none
+    int fieldRow = 0; // the grid row to show to the user, of the first ISBN or else of the title; 0: none
 
     bool isEmpty() const { return isbns.empty() && title.isEmpty(); }
 };

@@ -46,8 +46,8 @@ TEST(BatchProof, ReportsRecordFieldAndRowOfEachFault) {
         {}, // this row has no record
         recordOf(u"010=  $a978-7-02-001259-6$b精装|010=  $a7-02-001259-0$a9787020010370|011=  $a1000-0004"_s),
         u"00026nam0 2200025   450 2001\x1E\x1D"_s,
-        recordOf(u"010=  $a978-7-02-001259-5|200=1 $a甲"_s),
-        recordOf(u"010=  $d20|200=1 $a甲"_s),
+        recordOf(u"010=  $a978-7-02-001259-5$a无|200=1 $a甲"_s),
+        recordOf(u"010=  $d20|200=1 $a甲|010=  $a无"_s),
     };
     using proof::FaultKind;
     const auto proof = [](const marc::FieldRows &rows) -> proof::RecordFaults {

@@ -3,6 +3,7 @@
 #include "batch/windows/frmSilenced.h"
 #include "support/scriptedHost.h"
 #include "support/windowState.h"
+#include <QAbstractItemView>
 #include <QLabel>
 #include <QMenu>
 
@@ -52,6 +53,10 @@ TEST_F(RemarkTableTest, ShowsTheTextOfTheRowThatAStepReaches) {
         EXPECT_EQ(table.step(1).remark->text, text);
         EXPECT_EQ(table.remarkText->toPlainText().section(u'\n', 0, 0), text);
     }
+    table.settle();
+    table.grid->setRow(1);
+    QTest::keyClick(table.grid, Qt::Key_Return);
+    EXPECT_EQ(table.step(1).number, 2) << "the row that was activated is visited";
 }
 
 TEST_F(RemarkTableTest, TheRightButtonOpensTheMenuOfTheRowBelowIt) {
@@ -59,7 +64,7 @@ TEST_F(RemarkTableTest, TheRightButtonOpensTheMenuOfTheRowBelowIt) {
     QCursor::setPos(table.grid->viewport()->mapToGlobal(row.center()));
     Q_EMIT table.grid->rightPressed();
     EXPECT_EQ(table.grid->row(), 2);
-    const auto *menu = table.findChild<QMenu *>(u"silenceMenu"_s);
+    auto *menu = table.findChild<QMenu *>(u"silenceMenu"_s);
     ASSERT_TRUE(menu);
     EXPECT_EQ(menu->actions()[1]->text(), u"只是 011 的“ISSN”不再提示(&2)");
     EXPECT_TRUE(menu->actions()[2]->isSeparator());
@@ -67,7 +72,9 @@ TEST_F(RemarkTableTest, TheRightButtonOpensTheMenuOfTheRowBelowIt) {
     EXPECT_TRUE(marks->isCheckable() && marks->isChecked());
     marks->trigger();
     EXPECT_FALSE(reminders.marksRows());
-    delete menu;
+    menu->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_FALSE(table.findChild<QMenu *>(u"silenceMenu"_s));
     table.begin(RemarkList());
     EXPECT_EQ(table.remarkText->toPlainText(), QString());
     table.silenceButton->click();
@@ -84,6 +91,13 @@ TEST_F(RemarkTableTest, TheChoicesFollowTheRemarksAndTheChosenOneStays) {
     reminders.silence({u"isbn"_s, {}});
     EXPECT_EQ(rules->count(), 2);
     EXPECT_EQ(rules->currentText(), u"ISSN (1)");
+    rules->showPopup();
+    EXPECT_GE(rules->view()->minimumWidth(), rules->view()->sizeHintForColumn(0)) << "entries are seen as a whole";
+    reminders.takeBack({u"isbn"_s, {}});
+    EXPECT_EQ(rules->count(), 2) << "an open list stays as it is";
+    rules->hidePopup();
+    const RemarkTable plain(u"plain"_s, host, nullptr, nullptr);
+    EXPECT_TRUE(plain.silenceButton->isHidden());
 }
 
 TEST_F(RemarkTableTest, SilencedRulesAreTakenBackOneAfterTheOther) {
@@ -98,6 +112,7 @@ TEST_F(RemarkTableTest, SilencedRulesAreTakenBackOneAfterTheOther) {
     EXPECT_EQ(window.grid->text(0, 0) + window.grid->text(0, 1), u"规则字段");
     EXPECT_GE(window.grid->minimumWidth(), window.fontMetrics().horizontalAdvance(u"书"_s.repeated(22)));
     EXPECT_GE(window.grid->minimumHeight(), 8 * window.fontMetrics().height());
+    EXPECT_GE(window.grid->columnWidth(0), window.fontMetrics().horizontalAdvance(u"书"_s.repeated(16)));
     window.grid->setRow(2);
     window.takeBackButton->click();
     EXPECT_TRUE(window.grid->row() == 1 && window.grid->rows() == 2);

@@ -63,7 +63,6 @@ void RemarkTable::layOut() {
     grid->horizontalHeader()->setStretchLastSection(true);
     grid->setItemDelegate(new RemarkDelegate(m_list, grid));
     remarkText->setReadOnly(true);
-    remarkText->setTabChangesFocus(true);
     remarkText->setFrameShape(QFrame::NoFrame);
     remarkText->document()->setDocumentMargin(0);
     remarkText->viewport()->setAutoFillBackground(false);

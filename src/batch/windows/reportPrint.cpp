@@ -117,7 +117,6 @@ platform::Status saveReportPdf(const QString &path, const BatchReport &report, c
     writer.setPageMargins(margins, QPageLayout::Millimeter);
     const PrintedReport printed(report, draw);
     printed.document.print(&writer);
-    buffer.close();
     const platform::Status saved = platform::writeWholeFile(path, bytes);
     if (saved)
         nameCharacters(path, printed.document, writer);
