@@ -333,7 +333,7 @@ def finish(running):
 
 
 def box(reader, place, *answer):
-    """A message box, whatever it says."""
+    """A message box with any text."""
     reader.place = place
     window = reader.wait(place, lambda: reader.front() is not None and
                          reader.front().getRole() in (pyatspi.ROLE_ALERT, pyatspi.ROLE_DIALOG) and reader.front())

@@ -27,7 +27,7 @@ inline constexpr auto orderFields = std::to_array<OrderField>({
 // of several columns contains commas, matches no column and returns an empty list.
 QList<int> chosenOf(const QString &sortOrder);
 
-// The columns of the tables behind the two lists, by the numbers of the columns in the list; empty for one that is
+// The columns of the tables that the two lists show, by the numbers of the columns in the list; empty for one that is
 // hidden.
 inline constexpr auto catalogueColumns = std::to_array<QStringView>(
     {u"", u"ISBN", u"bookname", u"author", u"classcode", u"publisher", u"bookcount", u"catatime"});

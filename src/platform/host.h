@@ -71,7 +71,7 @@ public:
     bool ask(const QString &text, QStringView title, Answer preselected = Answer::Yes, Icon icon = Icon::Information);
     // A question that decides over edits or rows: only its two buttons answer it.
     bool insist(const QString &text, QStringView title, Answer preselected = Answer::Yes);
-    // Chooses a file to write, whatever the kind of the dialog. Adds the suffix to a name without one and asks before
+    // Chooses a file to write, in a dialog of any kind. Adds the suffix to a name without one and asks before
     // an existing file is replaced. Returns an empty path if the file must not be written.
     QString chooseFileToWrite(FileDialog dialog, QStringView suffix);
 };

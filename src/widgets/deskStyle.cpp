@@ -142,6 +142,7 @@ QSize DeskStyle::sizeFromContents(ContentsType type, const QStyleOption *option,
                                   const QWidget *widget) const {
     const QFontMetrics &metrics = option->fontMetrics;
     const int tight = space(Space::Tight, metrics), small = space(Space::Small, metrics);
+    const bool narrow = widget && widget->property("narrow").toBool();
     switch (type) {
     case CT_PushButton:
         return contents + QSize(2 * space(Space::Medium, metrics), 2 * tight + 2);
@@ -154,9 +155,9 @@ QSize DeskStyle::sizeFromContents(ContentsType type, const QStyleOption *option,
     case CT_MenuItem:
         return menuItemSize(option, QProxyStyle::sizeFromContents(type, option, contents, widget));
     case CT_MenuBarItem:
-        return contents + QSize(2 * (widget && widget->property("narrow").toBool() ? tight : small), 2 * tight);
+        return contents + QSize(2 * (narrow ? tight / 2 : small), 2 * tight);
     case CT_ToolButton:
-        return contents + QSize(2 * tight + 2 * focusWidth, 2 * tight);
+        return contents + QSize((narrow ? 0 : 2 * tight) + 2 * focusWidth, 2 * tight);
     case CT_HeaderSection:
         return QProxyStyle::sizeFromContents(type, option, contents, widget) + QSize(tight, 0);
     default:

@@ -98,11 +98,8 @@ int recordsIn(const QString &path) {
 }
 
 void choose(TourDriver &driver, const QString &file) {
-    driver.look([] {
-        auto *path = TourDriver::find<QLineEdit>(u"Text1"_s);
-        path->setFocus();
-        path->selectAll();
-    });
+    giveFocus(driver, u"Text1"_s);
+    driver.key(u"ctrl+a"_s);
     driver.type(pathOf(file));
     driver.key(u"alt+s"_s);
 }

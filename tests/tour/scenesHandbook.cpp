@@ -72,11 +72,15 @@ void keepBeside(TourDriver &driver) {
     driver.key(u"alt+1"_s);
     driver.waitForWindow(u"frmSelectMFile"_s);
     driver.expect(driver.look([] { return shown() != nullptr; }), u"the handbook stays"_s);
-    driver.click(u"frmHandbook/findText"_s);
+    driver.look([] {
+        if (shown())
+            shown()->activateWindow(); // on a small screen the field is covered
+    });
     driver.waitForWindow(viewer);
+    driver.click(u"frmHandbook/findText"_s);
     paste(driver, u"导入"_s);
     driver.key(u"Return Return"_s);
-    driver.waitUntil(u"a mark"_s, [] { return shown()->view->currentMark() >= 0; });
+    driver.waitUntil(u"a mark"_s, [] { return shown() && shown()->view->currentMark() >= 0; });
     driver.shot(u"handbook-search"_s);
     driver.key(u"ctrl+p"_s);
     driver.waitForWindow(u"handbookPrint"_s, u"handbook-print"_s);

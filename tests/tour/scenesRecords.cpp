@@ -73,6 +73,7 @@ void proof(TourDriver &driver) {
     driver.key(u"alt+j"_s);
     driver.answerBox(u"校对通过"_s, u"Return"_s, u"proof-passed"_s);
     driver.clickCell(u"Grid1"_s, 1, 1);
+    driver.waitForFocus(u"Grid1"_s);
     const int isbn = rowOf(driver, u"010"_s, u"$a"_s);
     retype(driver, isbn, u"7-5366-1234-5"_s);
     driver.key(u"alt+j"_s);

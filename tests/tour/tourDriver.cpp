@@ -195,8 +195,12 @@ void TourDriver::answerBox(const QString &text, const QString &chord, const QStr
         return;
     if (!picture.isEmpty())
         shot(picture);
+    const auto level = [] { return QThread::currentThread()->loopLevel(); };
+    const int ofBox = look(level);
     key(chord);
-    waitUntil(u"box gone: " + text, [&] { return !boxWithText(text); });
+    // The command that showed the box goes on after the box is gone, and may move the focus.
+    waitUntil(u"box gone: " + text,
+              [&] { return !boxWithText(text) && (QApplication::activeModalWidget() || level() < ofBox); });
 }
 
 QString TourDriver::boxText() {

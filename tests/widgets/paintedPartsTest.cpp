@@ -93,7 +93,7 @@ TEST(PaintedParts, AMarkIsBesideTheTextOfItsCell) {
     }
 }
 
-TEST(PaintedParts, MenusHaveLowSeparatorsAndANarrowBarIsNarrow) {
+TEST(PaintedParts, MenusHaveLowSeparatorsAndNarrowBarsAreNarrow) {
     DeskStyle style;
     QMenu menu;
     menu.setStyle(&style);
@@ -101,13 +101,15 @@ TEST(PaintedParts, MenusHaveLowSeparatorsAndANarrowBarIsNarrow) {
     menu.addAction(u"退出"_s);
     EXPECT_LT(menu.actionGeometry(line).height(), menu.fontMetrics().height());
     EXPECT_GT(menu.actionGeometry(entry).height(), menu.fontMetrics().height());
-    QWidget bar;
-    QStyleOptionMenuItem option;
-    option.initFrom(&bar);
-    const auto width = [&] { return style.sizeFromContents(QStyle::CT_MenuBarItem, &option, {50, 20}, &bar).width(); };
-    const int usual = width();
-    bar.setProperty("narrow", true);
-    EXPECT_TRUE(width() < usual && width() > 50);
+    for (const auto type : {QStyle::CT_MenuBarItem, QStyle::CT_ToolButton}) {
+        QWidget part;
+        QStyleOptionMenuItem option;
+        option.initFrom(&part);
+        const auto width = [&] { return style.sizeFromContents(type, &option, {50, 20}, &part).width(); };
+        const int usual = width();
+        part.setProperty("narrow", true);
+        EXPECT_TRUE(width() < usual && width() > 50);
+    }
 }
 
 TEST(PaintedParts, TheLineOfKeysIsBelowTheEntries) {

@@ -89,7 +89,7 @@ void frmLook::layOut() {
     dark.setColor(QPalette::Window, QColor(8, 18, 30, 205));
     strip->setPalette(dark);
     strip->setLayout(row({lHttp, lEmail, stretch(), Check1, cmOK}));
-    strip->layout()->setSpacing(2 * fontMetrics().height());
+    strip->layout()->setSpacing(fontMetrics().height());
     for (QLabel *label : {lMain, Label1})
         label->setPalette(onPicture(palette()));
     cmOK->setPalette(palette());

@@ -43,7 +43,7 @@ marcMain::marcMain(platform::Host &host, CommandWindows &windows)
     buildToolbar();
     buildStartPage();
     buildStatusBar();
-    fitMenuBar();
+    fitBars();
     const QSize room = screen()->availableSize() * 9 / 10;
     const QSize wanted(fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 42);
     resize(wanted.boundedTo(room).expandedTo({menuBar()->sizeHint().width(), 0}));
@@ -71,13 +71,20 @@ void marcMain::buildMenu() {
     }
 }
 
-// On a small screen the items move together, so that none of them is hidden.
-void marcMain::fitMenuBar() {
-    if (menuBar()->sizeHint().width() <= platform::usableScreenSize(this).width())
-        return;
-    menuBar()->setProperty("narrow", true); // read by the style
-    QEvent measureAgain(QEvent::StyleChange);
-    QCoreApplication::sendEvent(menuBar(), &measureAgain);
+// On a small screen the items of the menu bar and of the toolbar move together, so that none of them is hidden.
+void marcMain::fitBars() {
+    const int room = platform::usableScreenSize(this).width();
+    QWidgetList close;
+    if (menuBar()->sizeHint().width() > room)
+        close.append(menuBar());
+    if (Toolbar1->sizeHint().width() > room)
+        for (QToolButton *button : Toolbar1->findChildren<QToolButton *>())
+            close.append(button);
+    for (QWidget *part : close) {
+        part->setProperty("narrow", true); // read by the style
+        QEvent measureAgain(QEvent::StyleChange);
+        QCoreApplication::sendEvent(part, &measureAgain);
+    }
 }
 
 void marcMain::buildToolbar() {

@@ -41,7 +41,7 @@ protected:
 
 private:
     void buildMenu();
-    void fitMenuBar();
+    void fitBars();
     void buildToolbar();
     void buildStartPage();
     void placeStartPage();

@@ -7,12 +7,14 @@ namespace platform {
 
 namespace {
 
+// While a window is being maximised, the toolkit may report a frame as large as the screen.
 QSize frameOf(const QWidget *window) {
+    const int line = window->fontMetrics().height();
     for (const QWidget *shown = window; shown; shown = shown->parentWidget())
         if (const QWidget *top = shown->window(); top->isVisible())
-            if (const QSize frame = top->frameGeometry().size() - top->size(); !frame.isEmpty())
+            if (const QSize frame = top->frameGeometry().size() - top->size();
+                !frame.isEmpty() && frame.width() < 4 * line && frame.height() < 6 * line)
                 return frame;
-    const int line = window->fontMetrics().height();
     return {line, 2 * line};
 }
 
