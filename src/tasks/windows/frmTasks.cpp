@@ -112,7 +112,6 @@ void frmTasks::prepare() {
 }
 
 void frmTasks::showTask() {
-    m_pace.stop();
     m_unsaved = false;
     const TaskShelf::Entry *entry = taskBar->entry();
     stepsPage->show(entry ? entry->task : Task(), entry && !entry->ready && entry->fault.isEmpty(),
@@ -203,8 +202,6 @@ void frmTasks::finish(const QString &report, bool stopped) {
         turnTo(reportText);
         reportText->setFocus();
     }
-    if (std::exchange(m_leaving, false))
-        unload();
 }
 
 // Sums up the preview, without what the user has left out.
@@ -229,13 +226,10 @@ void frmTasks::jump() {
 }
 
 bool frmTasks::queryUnload() {
-    if (m_work.isBusy()) {
-        if (m_host.ask(u"还没有做完，确实要停下退出吗？"_s, platform::hintTitle, platform::Answer::No)) {
-            m_leaving = true;
-            m_work.stop();
-        }
+    if (m_work.isBusy() &&
+        !m_host.ask(u"还没有做完，确实要停下退出吗？"_s, platform::hintTitle, platform::Answer::No))
         return false;
-    }
+    m_work.stop();
     return mayLeaveTask();
 }
 

@@ -62,7 +62,6 @@ private:
     ListWork m_work;
     QTimer m_pace;          // stores what was edited soon after
     bool m_unsaved = false; // the steps differ from the file
-    bool m_leaving = false; // close after the work
 };
 
 } // namespace tasks
