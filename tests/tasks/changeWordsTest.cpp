@@ -67,6 +67,10 @@ TEST(ChangeWords, ContentsAreShownAsInTheGrid) {
                                    u"a b\x1f"
                                    u"f"_s),
               u"#1$a b$f"_s);
+    EXPECT_EQ(shownContent(u"200", u" \x1f"
+                                   u"a b"_s),
+              u"#$a b"_s)
+        << "one indicator";
     EXPECT_EQ(shownContent(u"001", u" 1"_s), u" 1"_s);
     EXPECT_EQ(shownField({.tag = u"300"_s, .toTag = u"330"_s}), u"300→330"_s);
 }

@@ -169,6 +169,23 @@ TEST(ListHistory, ARunWritesWhatThePreviewShowed) {
     EXPECT_EQ(list.history.refused().size(), 0U) << "known from the preview";
 }
 
+// Leaving one change out leaves only those out that look the same; each record that uses the number takes one.
+TEST(ListHistory, ChangesOfOneStepAreLeftOutOneByOne) {
+    List list;
+    for (int row = 0; row < 2; ++row)
+        list.add(row, book(u"题"_s, u"|905=  $a1|905=  $a12|905=  $a1"_s), {});
+    ChangePreview preview = list.preview(uR"({"action": "replace", "tag": "905", "find": "1", "with": "2"},
+            {"action": "setSubfield", "tag": "200", "code": "a", "text": "{序号:3}"})"_s,
+                                         {0, 1});
+    ASSERT_EQ(preview.marks().size(), 8U);
+    EXPECT_TRUE(preview.change(3).after.endsWith(u"a001") && preview.change(7).after.endsWith(u"a002"));
+    preview.setOut(0, true);
+    QString out;
+    for (quint32 id = 0; id < 8; ++id)
+        out += preview.isOut(id) ? u'x' : u'-';
+    EXPECT_EQ(out, u"x-x-----");
+}
+
 TEST(ListHistory, WhatTheWriterCannotKeepIsRefused) {
     const struct {
         QString step;
@@ -179,6 +196,9 @@ TEST(ListHistory, WhatTheWriterCannotKeepIsRefused) {
         {uR"({"action": "addField", "tag": "300", "content": "##$aé龘\uD83D\uDE00"})"_s, u"GBK 里没有"_s},
         {uR"({"action": "replaceMatches", "tag": "200", "find": "(a|a|a)+$", "with": ""})"_s,
          u"第1步：正则表达式算得太久"_s},
+        {uR"({"action": "replaceMatches", "tag": "200", "code": "f", "find": "(.+){1}", "with": "%1"})"_s.arg(
+             u"\\\\1"_s.repeated(40)),
+         u"第1步：结果太长"_s},
         {uR"({"action": "addField", "tag": "300", "content": "##$a%1"})"_s.arg(QString(3900, u'长')), {}},
         {uR"({"action": "addField", "tag": "300", "content": "##$a{200$f}{200$f}"})"_s, u"长过 9999 字节"_s},
     };

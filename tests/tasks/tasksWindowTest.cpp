@@ -1,81 +1,8 @@
 // The window of tasks on a list of records.
-#include "support/recordText.h"
-#include "support/scriptedHost.h"
-#include "taskRows.h"
-#include "tasks/windows/frmTasks.h"
+#include "tasksWindow.h"
 #include "widgets/styleTokens.h"
 
 using namespace tasks;
-
-namespace {
-
-struct TasksWindow : testing::Test {
-    ScriptedHost host;
-    std::shared_ptr<marc::PreReadStore> store = std::make_shared<marc::PreReadStore>();
-    std::vector<marc::FieldPlace> jumps;
-    std::optional<std::vector<int>> filter;
-    std::unique_ptr<frmTasks> window;
-
-    frmTasks &open() {
-        for (int row = 0; row < 3; ++row) {
-            const QString title = u"题"_s + QString::number(row);
-            store->setNumber(row, row + 1);
-            store->setRecord(row, recordOf(u"001=0|010=  $d28.00元|200=1 $a"_s + title));
-            store->setTitle(row, title);
-        }
-        window = std::make_unique<frmTasks>(
-            host, ListDesk{.records = store,
-                           .file = u"到货.iso"_s,
-                           .put =
-                               [this](int row, const marc::RawRecord &record, const QString &title) {
-                                   store->setRecord(row, record);
-                                   store->setTitle(row, title);
-                               },
-                           .busyRow = [] { return -1; },
-                           .shown = [this] { return filter; },
-                           .remarked = [] { return std::vector<int>{}; },
-                           .remarks = [] { return nullptr; },
-                           .jump = [this](const marc::FieldPlace &place) { jumps.push_back(place); }});
-        window->show();
-        return *window;
-    }
-    // Opens with a task of the user that has these steps.
-    frmTasks &openWith(const QString &steps) {
-        Task task = taskOf(steps).value();
-        task.name = u"甲"_s;
-        const QString folder = host.remembered().folderFor(platform::kept::tasks).value();
-        EXPECT_TRUE(writeTaskFile(folder + u"a.json", task));
-        open();
-        choose(u"甲"_s);
-        return *window;
-    }
-    void choose(const QString &caption) {
-        const int index = window->taskBar->taskBox->findText(caption);
-        ASSERT_GE(index, 0);
-        window->taskBar->taskBox->setCurrentIndex(index);
-        Q_EMIT window->taskBar->taskBox->activated(index);
-    }
-    bool done() const {
-        return QTest::qWaitFor([this] { return !window->work().isBusy(); });
-    }
-    QStringList table() const {
-        QStringList rows;
-        const widgets::FlexGrid &grid = *window->previewPage->grid;
-        for (int row = 1; row < grid.rows(); ++row)
-            rows.append(grid.text(row, PreviewRows::WantedColumn) + grid.text(row, PreviewRows::RecordColumn) + u' ' +
-                        grid.text(row, PreviewRows::FieldColumn) + u' ' + grid.text(row, PreviewRows::BeforeColumn) +
-                        u' ' + grid.text(row, PreviewRows::AfterColumn));
-        return rows;
-    }
-    void edit(bool ofTest, Parameter parameter, const QString &text) {
-        auto *box = qobject_cast<QLineEdit *>(window->stepsPage->form->box(ofTest, parameter));
-        ASSERT_TRUE(box);
-        box->setText(text);
-        Q_EMIT box->textEdited(text);
-    }
-};
-
-} // namespace
 
 TEST_F(TasksWindow, PreviewsRunsAndUndoes) {
     frmTasks &form = openWith(uR"({"action": "tidyText", "tag": "010", "code": "d", "what": "price"},
@@ -88,6 +15,9 @@ TEST_F(TasksWindow, PreviewsRunsAndUndoes) {
     EXPECT_EQ(table(), (QStringList{u"✓1 010 ##$d28.00元 ##$dCNY28.00"_s, u"✓1 200 1#$a题0 1#$a書名0"_s,
                                     u"✓3 010 ##$d28.00元 ##$dCNY28.00"_s, u"✓3 200 1#$a题2 1#$a書名2"_s}));
     EXPECT_TRUE(form.previewPage->kindList->item(2)->text().contains(u"2 处，2 条"_s));
+    EXPECT_EQ(form.previewPage->kindList->item(0)->text(), u"全部改动\n　4 处，2 条");
+    for (const int rest : {3, 4, 5})
+        EXPECT_TRUE(form.previewPage->kindList->item(rest)->isHidden()) << "nothing of that kind: " << rest;
     EXPECT_TRUE(form.labJinDu->text().startsWith(u"会改 2 条记录，共 4 处"_s));
     EXPECT_TRUE(form.previewPage->current()) << "the first change";
     const QImage picture = form.grab().toImage();
@@ -133,6 +63,9 @@ TEST_F(TasksWindow, LeadsToTheRecordOfAChange) {
     EXPECT_EQ(jumps[0].record, 1);
     EXPECT_EQ(jumps[0].fieldRow, 3) << "leader, 001, 010";
     EXPECT_FALSE(form.isVisible());
+    form.previewPage->grid->setRow(1);
+    Q_EMIT form.previewPage->grid->gridActivated();
+    EXPECT_EQ(jumps.back().record, 0);
 }
 
 TEST_F(TasksWindow, WhatCannotBeRunIsSaidAtItsBox) {
@@ -185,7 +118,7 @@ TEST_F(TasksWindow, ButtonsAreEnabledForWhatCanBeDone) {
     ASSERT_TRUE(done());
     EXPECT_FALSE(form.runButton->isEnabled()) << "nothing would change";
     EXPECT_TRUE(form.previewPage->recordButton->text() == u"&R 这一条不改" &&
-                !form.previewPage->recordButton->isEnabled());
+                !form.previewPage->recordButton->isEnabled() && !form.previewPage->changeButton->isEnabled());
     page.removeButton->click();
     EXPECT_EQ(enabled(0), u"AY--X"_s);
     page.removeButton->click();
@@ -195,4 +128,5 @@ TEST_F(TasksWindow, ButtonsAreEnabledForWhatCanBeDone) {
     EXPECT_TRUE(readTaskFile(host.folder + u"/out.json").value().steps.empty()) << "as it is now";
     choose(window->taskBar->taskBox->itemText(0));
     EXPECT_EQ(enabled(0), u"-----"_s) << "a ready task";
+    EXPECT_FALSE(page.form->actionBox->isEnabled() || page.form->testBox->isEnabled());
 }

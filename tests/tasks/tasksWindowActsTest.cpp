@@ -1,0 +1,177 @@
+// What acts in the window of tasks change in it and in the user's files.
+#include "support/windowState.h"
+#include "tasksWindow.h"
+#include "widgets/styleTokens.h"
+#include <QTextBlock>
+
+using namespace tasks;
+
+namespace {
+
+const QString price = uR"({"action": "tidyText", "tag": "010", "code": "d", "what": "price"})"_s;
+
+struct TasksWindowActs : TasksWindow {
+    QString taskFolder() const { return host.remembered().folderFor(platform::kept::tasks).value(); }
+    QStringList names() const {
+        QStringList names;
+        for (int i = 0; i < window->taskBar->taskBox->count(); ++i)
+            names.append(window->taskBar->taskBox->itemText(i));
+        return names;
+    }
+    QString current() const { return window->previewPage->changeText->toPlainText(); }
+    QLabel *faultAt(Parameter parameter) const {
+        const StepForm &form = *window->stepsPage->form;
+        return form.findChild<QLabel *>(form.box(false, parameter)->objectName() + u"-fault");
+    }
+};
+
+} // namespace
+
+TEST_F(TasksWindowActs, TasksAreCopiedRenamedAndDeleted) {
+    frmTasks &form = openWith(price);
+    const QStringList before = names();
+    form.taskBar->copyButton->click();
+    EXPECT_EQ(names().size(), before.size() + 1);
+    EXPECT_TRUE(form.taskBar->entry()->name != u"甲" && form.stepsPage->task().steps.size() == 1);
+    EXPECT_EQ(form.stepsPage->nameEdit->maxLength(), longestName);
+    form.stepsPage->nameEdit->setText(u"乙"_s);
+    QTest::keyClick(form.stepsPage->nameEdit, Qt::Key_Return);
+    EXPECT_TRUE(names().contains(u"乙") && form.taskBar->taskBox->currentText() == u"乙");
+    const QString file = form.taskBar->entry()->path;
+    EXPECT_EQ(readTaskFile(file).value().name, u"乙");
+    for (const platform::Answer answer : {platform::Answer::No, platform::Answer::Yes}) {
+        host.willAnswer(answer);
+        form.taskBar->deleteButton->click();
+        EXPECT_EQ(QFile::exists(file), answer == platform::Answer::No);
+    }
+    EXPECT_EQ(names(), before);
+    EXPECT_EQ(form.taskBar->taskBox->currentIndex(), 0);
+}
+
+TEST_F(TasksWindowActs, AFileThatIsNoTaskIsShownWithItsFault) {
+    QFile broken(taskFolder() + u"坏.json");
+    ASSERT_TRUE(broken.open(QIODevice::WriteOnly) && broken.write("[]") == 2);
+    broken.close();
+    frmTasks &form = open();
+    choose(u"坏.json（不能用）"_s);
+    EXPECT_EQ(form.stepsPage->noteLabel->text(), form.taskBar->entry()->fault);
+    EXPECT_TRUE(form.stepsPage->noteLabel->isVisible() && form.stepsPage->noteLabel->text().contains(u"最外层应为"));
+    EXPECT_FALSE(form.taskBar->copyButton->isEnabled() || form.taskBar->exportButton->isEnabled());
+    EXPECT_TRUE(form.taskBar->deleteButton->isEnabled());
+}
+
+TEST_F(TasksWindowActs, WhatIsEditedIsSoonInTheFile) {
+    frmTasks &form = openWith(price);
+    EXPECT_EQ(form.focusWidget(), form.taskBar->taskBox);
+    const auto stored = [this] { return readTaskFile(taskFolder() + u"a.json").value(); };
+    Q_EMIT form.stepsPage->descriptionEdit->textEdited(u"说明"_s);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return stored().description == u"说明"; }, 20'000));
+    form.stepsPage->addButton->click();
+    EXPECT_EQ(form.focusWidget(), form.stepsPage->form->actionBox);
+    form.stepsPage->removeButton->click();
+    edit(false, Parameter::Tag, u"011"_s);
+    form.previewButton->click();
+    EXPECT_EQ(stored().steps[0].values[Parameter::Tag], u"011") << "at once, before it is run";
+    EXPECT_TRUE(form.stopButton->isEnabled() && !form.runButton->isEnabled() && !form.taskBar->isEnabled());
+    ASSERT_TRUE(done());
+    form.stepsButton->click();
+    EXPECT_FALSE(form.work().changes());
+    Task task = stored();
+    task.description = u"长"_s.repeated(300);
+    form.stepsPage->show(task, true);
+    EXPECT_EQ(form.stepsPage->descriptionEdit->cursorPosition(), 0);
+    EXPECT_EQ(form.stepsPage->descriptionEdit->maxLength(), longestValue);
+}
+
+TEST_F(TasksWindowActs, AFaultIsShownBelowItsBoxOnly) {
+    frmTasks &form = openWith(price);
+    form.show();
+    EXPECT_TRUE(faultAt(Parameter::Tag)->isHidden() && faultAt(Parameter::Code)->isHidden());
+    edit(false, Parameter::Tag, u"20"_s);
+    EXPECT_TRUE(faultAt(Parameter::Tag)->isVisible() && faultAt(Parameter::Code)->isHidden());
+    EXPECT_EQ(faultAt(Parameter::Tag)->text(), u"✕ " + form.stepsPage->form->faultText());
+    edit(false, Parameter::Tag, u"200"_s);
+    EXPECT_TRUE(faultAt(Parameter::Tag)->isHidden());
+    WindowState state(form);
+    const QString grown = state.grown({200, 200});
+    for (const QStringView control : {u"stepList wh", u"stepForm wh", u"value-tag w", u"nameEdit w"})
+        EXPECT_TRUE(grown.contains(control)) << grown.toStdString();
+    EXPECT_TRUE(form.stepsPage->form->testBox->isVisible() && form.stepsPage->form->actionBox->isVisible());
+    EXPECT_TRUE(form.stepsPage->stepList->wordWrap());
+}
+
+TEST_F(TasksWindowActs, EachKindOfChangeHasItsRows) {
+    busyRow = 2;
+    frmTasks &form = openWith(price + uR"(, {"action": "pinyin", "tag": "200", "code": "a", "toCode": "9"})");
+    store->setRecord(0, recordOf(u"001=0|010=  $d28.00元|105=  $ay|200=1 $a某某传"_s));
+    form.previewButton->click();
+    ASSERT_TRUE(done());
+    QListWidget &kinds = *form.previewPage->kindList;
+    const auto rowsOf = [&](const QString &kind) {
+        for (int row = 0; row < kinds.count(); ++row)
+            if (kinds.item(row)->text().contains(kind)) {
+                EXPECT_FALSE(kinds.item(row)->isHidden());
+                kinds.setCurrentRow(row);
+            }
+        return table();
+    };
+    EXPECT_EQ(rowsOf(u"价格"_s),
+              (QStringList{u"✓1 010 ##$d28.00元 ##$dCNY28.00"_s, u"✓2 010 ##$d28.00元 ##$dCNY28.00"_s}));
+    EXPECT_EQ(current(), u"改前　##$d28.00元\n改后　##$dCNY28.00");
+    EXPECT_EQ(rowsOf(u"另变的字段"_s), QStringList{u"✓1 105 ##$ay （不写出）"_s});
+    EXPECT_EQ(rowsOf(u"改不成的"_s), QStringList{u"3   没有改成：还有没收下的手工修改"_s});
+    form.grab();
+    ASSERT_EQ(rowsOf(u"没有把握"_s).size(), 1);
+    EXPECT_TRUE(current().section(u'\n', 2).startsWith(u"⚠ 请看一眼：传（")) << current().toStdString();
+    form.previewPage->changeText->setPalette(widgets::schemePalette(widgets::Scheme::Dark));
+    const QTextBlock first = form.previewPage->changeText->document()->firstBlock();
+    EXPECT_EQ(first.begin().fragment().charFormat().foreground().color(),
+              widgets::schemePalette(widgets::Scheme::Dark).color(QPalette::Text));
+    EXPECT_EQ(rowsOf(u"全部改动"_s).size(), 4);
+    while (form.previewPage->current() && form.runButton->isEnabled()) {
+        form.previewPage->recordButton->click();
+        form.previewPage->grid->setRow(form.previewPage->grid->rows() - 1);
+    }
+    EXPECT_EQ(form.labJinDu->text(), u"没有什么要改的。1 条改不成，原因见左边");
+    form.previewPage->recordButton->click();
+    form.runButton->click();
+    ASSERT_TRUE(done());
+    EXPECT_TRUE(form.reportText->text().contains(u"改了 1 条记录，1 条没有改成"));
+    EXPECT_TRUE(form.reportText->text().endsWith(u"没有改成的，都保持原样：\r\n　第3条　题2　还有没收下的手工修改"));
+}
+
+TEST_F(TasksWindowActs, LeavingStopsThePreviewAndTheWindowCanBeOpenedAgain) {
+    frmTasks &form = openWith(price);
+    form.previewButton->click();
+    host.willAnswer(platform::Answer::No);
+    EXPECT_FALSE(form.close());
+    host.willAnswer(platform::Answer::Yes);
+    EXPECT_TRUE(form.close());
+    EXPECT_FALSE(form.work().isBusy());
+    form.show();
+    form.prepare();
+    form.stepsButton->click();
+    filter = std::vector<int>();
+    form.previewPage->scopeBox->setCurrentIndex(int(Scope::Shown));
+    form.previewButton->click();
+    ASSERT_TRUE(done());
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_EQ(form.labJinDu->text(), u"没有什么要改的");
+}
+
+TEST_F(TasksWindowActs, WithoutAListTasksCanOnlyBeEdited) {
+    frmTasks form(host);
+    form.show();
+    EXPECT_TRUE(form.undoButton->isHidden() && form.stopButton->isHidden() && !form.previewButton->isEnabled());
+    EXPECT_TRUE(form.labJinDu->text().startsWith(u"打开机读目录文件以后"));
+}
+
+TEST_F(TasksWindowActs, AWordListThatCannotBeReadIsReported) {
+    QFile words(host.folder + u"/pinyin-words.txt");
+    ASSERT_TRUE(words.open(QIODevice::WriteOnly) && words.write("x") == 1);
+    words.close();
+    frmTasks &form = openWith(uR"({"action": "pinyin", "tag": "200", "code": "a", "toCode": "9"})"_s);
+    form.previewButton->click();
+    EXPECT_TRUE(host.lastBox().text.contains(u"第1行")) << host.lastBox().text.toStdString();
+    EXPECT_FALSE(form.work().isBusy());
+}
