@@ -71,7 +71,7 @@ TEST(ProofTemplate, FollowsTheTemplateLineByLine) {
         {u"[必备子字段]|606a"_s, u"200 606 $a=x 606 $b"_s, u""_s},  // only the first occurrence is checked
         {u"[必备子字段]|606a"_s, u"606 $b=x 606 $a=x"_s, u"Error:606字段的a"_s + missing},
         {u"[必备子字段]|200a"_s, u"200_ $b"_s, u""_s},
-        {u"[必备子字段]|000a|20Xa|2000|21"_s, u"000 $b 20X $b 200 $b 21"_s, // the tag and the last character
+        {u"[必备子字段]|000a|20Xa|200|21"_s, u"000 $b 20X $b 200 $b 21"_s, // the tag and the last character
          u"Error:000字段的a"_s + missing + u"Error:20X字段的a" + missing + u"Error:200字段的0" + missing},
         // A section ends at an empty line or at the heading of any section (which is then lost), not at a blank line.
         {u"[必备子字段]| |200a||200b"_s, u"200"_s, u"Error:200字段的a"_s + missing},
