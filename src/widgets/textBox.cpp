@@ -100,7 +100,6 @@ TextBox::TextBox(const QString &objectName, QWidget *parent)
     face.setPointSize(face.pointSize() + 2); // the strokes of Song fonts are thin
     setFont(face);
     setTabChangesFocus(true);
-    setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     new SignColours(this);
 }
 

@@ -79,7 +79,6 @@ void Window::closeEvent(QCloseEvent *event) {
         event->ignore();
         return;
     }
-    event->accept();
     Q_EMIT unloaded();
 }
 

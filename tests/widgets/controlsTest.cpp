@@ -13,6 +13,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
+#include <QTextBlock>
+#include <QTextLayout>
 
 using namespace widgets;
 
@@ -160,6 +162,13 @@ TEST(TextBox, KeepsEveryCharacter) {
         EXPECT_EQ(QGuiApplication::clipboard()->text(), QString(text).replace(u"\r\n"_s, u"\n"_s)) << text.size();
     }
     EXPECT_TRUE(box.toPlainText().contains(TextBox::signOf(QChar(0x1F))));
+    box.setText(u"书\x1F"_s);
+    const auto formats = box.document()->firstBlock().layout()->formats();
+    ASSERT_EQ(formats.size(), 1) << "the sign alone has a colour";
+    EXPECT_TRUE(formats[0].start == 1 && formats[0].format.foreground().color() == box.palette().color(QPalette::Link));
+    box.resize(200, 100);
+    box.setText(u"x"_s.repeated(300));
+    EXPECT_GT(box.document()->firstBlock().layout()->lineCount(), 1);
     for (const auto &[pasted, text] : {std::pair(u"1\n2"_s, u"1\r\n2"_s), {u"1\r2\r\n3"_s, u"1\r\n2\r\n3"_s}}) {
         box.setText({});
         QGuiApplication::clipboard()->setText(pasted);

@@ -1,5 +1,6 @@
 // Widths of columns, and the tool tips of texts that are cut.
 #include "flexGridFixture.h"
+#include <QHeaderView>
 #include <QHelpEvent>
 #include <QToolTip>
 
@@ -60,6 +61,50 @@ TEST_F(FlexGridWidths, ACutTextIsItsToolTip) {
     EXPECT_EQ(tip(1), u"<qt>"_s + grid.text(1, 1).toHtmlEscaped() + u"</qt>");
     grid.setToolTip(u"整个列表"_s);
     EXPECT_EQ(tip(1), u"整个列表"_s);
+}
+
+TEST_F(FlexGridWidths, TheHeadingShowsTheOrderAndCanBeAbsent) {
+    const QHeaderView &header = *grid.horizontalHeader();
+    grid.showOrder(0, Qt::DescendingOrder);
+    EXPECT_TRUE(header.isSortIndicatorShown() && header.sortIndicatorSection() == 0);
+    EXPECT_EQ(header.sortIndicatorOrder(), Qt::DescendingOrder);
+    grid.showOrder(-1, Qt::AscendingOrder);
+    EXPECT_FALSE(header.isSortIndicatorShown());
+    grid.setHeadingTwips(0);
+    EXPECT_TRUE(header.isHidden());
+    grid.setHeadingTwips(400);
+    EXPECT_FALSE(header.isHidden());
+    widgets::FlexGrid list(u"Grid2"_s, 2, 0, &window);
+    list.setHeadingTwips(400);
+    EXPECT_TRUE(list.horizontalHeader()->isHidden());
+    list.setRows(200);
+    list.setRow(150);
+    list.show();
+    EXPECT_TRUE(list.viewport()->rect().contains(list.visualRect(list.currentIndex())));
+}
+
+struct Letters final : platform::TableSource {
+    explicit Letters(QString letters)
+        : letters(std::move(letters)) {}
+    QString letters;
+    int rowCount() const override { return int(letters.size()); }
+    int columnCount() const override { return 4; }
+    QString text(int row, int) const override { return letters.mid(row, 1); }
+};
+
+// Neither the filter nor the texts over the former source remain.
+TEST_F(FlexGridWidths, ANewSourceIsShownAsAWhole) {
+    grid.bind(std::make_shared<Letters>(u"abc"_s));
+    grid.setText(2, 1, u"改"_s);
+    grid.showOnly(std::vector<int>{1});
+    EXPECT_EQ(grid.model()->rowCount(), 2) << "and the current row";
+    grid.bind(std::make_shared<Letters>(u"xyz"_s));
+    EXPECT_EQ(grid.text(2, 1), u"y");
+    EXPECT_EQ(grid.model()->rowCount(), 3);
+    grid.setRows(7);
+    EXPECT_EQ(grid.model()->rowCount(), 6);
+    grid.setRows(5);
+    EXPECT_EQ(grid.model()->rowCount(), 4);
 }
 
 // Texts written over a source disappear with their rows.

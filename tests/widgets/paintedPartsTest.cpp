@@ -1,6 +1,7 @@
 // What the style and small parts paint, told by the colours of pixels, and their places in their widgets.
 #include "support/qtPrinters.h"
 #include "widgets/choiceList.h"
+#include "widgets/clickLabel.h"
 #include "widgets/deskStyle.h"
 #include "widgets/flexGridColours.h"
 #include "widgets/keyLine.h"
@@ -13,6 +14,7 @@
 #include <QStandardItemModel>
 #include <QStyleOption>
 #include <QTableView>
+#include <QTest>
 
 using namespace widgets;
 
@@ -124,6 +126,33 @@ TEST(PaintedParts, TheLineOfKeysIsBelowTheEntries) {
     EXPECT_EQ(line->geometry(),
               QRect(entries.left(), entries.bottom() + 1, entries.width(), line->sizeHint().height()));
     EXPECT_TRUE(list.rect().contains(line->geometry()));
+    EXPECT_EQ(line->palette().color(QPalette::WindowText), colour(Colour::FaintInk, list.palette()));
+    EXPECT_EQ(line->palette().color(QPalette::Window), colour(Colour::Base, list.palette()));
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(list.item(1)).center());
+    EXPECT_EQ(list.currentRow(), 1) << "the line takes no events from the list";
+}
+
+TEST(PaintedParts, ALabelToClickHasTheInkOfLabels) {
+    QPalette colours;
+    colours.setColor(QPalette::ButtonText, red);
+    colours.setColor(QPalette::WindowText, Qt::blue);
+    ClickLabel label(u"label"_s, u"名"_s, ClickLabel::Look::Underlined);
+    label.setPalette(colours);
+    const QImage picture = label.grab().toImage();
+    EXPECT_TRUE(placeOf(red, picture).isEmpty() && !placeOf(Qt::blue, picture).isEmpty());
+}
+
+TEST(PaintedParts, TheCrossOfAnErrorIsSymmetric) {
+    QImage picture(64, 64, QImage::Format_ARGB32);
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    const QPalette palette = schemePalette(Scheme::Light);
+    paintMark(&painter, picture.rect(), Mark::Error, palette);
+    painter.end();
+    const QColor ground = colour(Colour::ErrorInk, palette);
+    for (const QPoint &place : {QPoint(24, 24), QPoint(40, 24), QPoint(24, 40), QPoint(40, 40)})
+        EXPECT_NE(picture.pixelColor(place), ground) << place.x() << place.y();
+    EXPECT_EQ(picture.pixelColor(32, 12), ground);
 }
 
 TEST(PaintedParts, AScreenReaderGetsTheNameOfAChoiceAndOfItsEntries) {

@@ -3,8 +3,11 @@
 #include "widgets/bandedReport.h"
 #include "widgets/longPreview.h"
 #include <QAction>
+#include <QLabel>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
+#include <QProgressBar>
+#include <QPushButton>
 #include <QSpinBox>
 #include <QTest>
 #include <QToolBar>
@@ -59,6 +62,44 @@ TEST_F(ReportPreviewTest, TheToolsOfALongReportAreInGroups) {
                                                                                                  : u"·"_s);
     EXPECT_EQ(tools.join(u' '),
               u"适应宽度 适应页面 缩小 放大 | 纵向 横向 | 第一页 上一页 · · 下一页 最后一页 | 页面设置 打印"_s);
+}
+
+TEST_F(ReportPreviewTest, ALongReportCountsItsPagesAndTurnsThem) {
+    const auto shown = preview(5001);
+    shown->show();
+    auto *bar = shown->findChild<QToolBar *>();
+    auto *page = shown->findChild<QSpinBox *>();
+    const auto *progress = shown->findChild<QProgressBar *>();
+    auto *stop = shown->findChild<QPushButton *>(u"stop"_s);
+    EXPECT_TRUE(!bar->isEnabled() && progress->maximum() == 5001 && stop->isVisible());
+    EXPECT_FALSE(stop->autoDefault()) << "Enter does not stop";
+    const auto ready = [&] { return QTest::qWaitFor([&] { return bar->isEnabled(); }, 20'000); };
+    ASSERT_TRUE(ready());
+    EXPECT_FALSE(progress->isVisible() || stop->isVisible());
+    const int pages = page->maximum();
+    EXPECT_TRUE(page->minimum() == 1 && pages > 50);
+    QStringList texts;
+    for (const QLabel *label : shown->findChildren<QLabel *>())
+        if (label->isVisible())
+            texts.append(label->text());
+    EXPECT_EQ(texts.join(u'|'), u" / %1 "_s.arg(pages)) << "and no state";
+    const auto after = [&](const QString &tool) {
+        for (QAction *action : bar->actions())
+            if (action->text() == tool)
+                action->trigger();
+        return page->value();
+    };
+    EXPECT_EQ(after(u"下一页"_s), 2);
+    EXPECT_EQ(after(u"最后一页"_s), pages);
+    EXPECT_EQ(after(u"上一页"_s), pages - 1);
+    EXPECT_EQ(after(u"第一页"_s), 1);
+    after(u"横向"_s);
+    EXPECT_TRUE(!bar->isEnabled() && stop->isVisible());
+    ASSERT_TRUE(ready());
+    EXPECT_GT(page->maximum(), pages) << "a low page has fewer rows";
+    after(u"纵向"_s);
+    stop->click();
+    EXPECT_FALSE(shown->isVisible());
 }
 
 } // namespace

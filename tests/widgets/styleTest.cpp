@@ -37,6 +37,15 @@ TEST_P(StyleTest, TextAndEdgesHaveContrast) {
 }
 INSTANTIATE_TEST_SUITE_P(Schemes, StyleTest, testing::Values(Scheme::Light, Scheme::Dark));
 
+TEST(Scheme, WhatIsDisabledLooksDifferent) {
+    for (const Scheme scheme : {Scheme::Light, Scheme::Dark}) {
+        const QPalette palette = schemePalette(scheme);
+        EXPECT_EQ(schemeOf(palette), scheme);
+        for (const QPalette::ColorRole role : {QPalette::Text, QPalette::ButtonText, QPalette::WindowText})
+            EXPECT_NE(palette.color(QPalette::Disabled, role), palette.color(QPalette::Active, role)) << role;
+    }
+}
+
 TEST(Appearance, WindowsFollowAChangeWhileTheProgramRuns) {
     const TestFolder folder;
     const platform::DeskState state(folder.path());
