@@ -36,18 +36,17 @@ Result<FileBlocks> FileBlocks::open(const QString &path) {
     return FileBlocks(std::move(file).value());
 }
 
-// Moves the bytes after the current block to the start of memory that nobody else uses.
+// Moves the bytes after the current block to the start of memory that nobody else uses. next() sets the block.
 void FileBlocks::makeSpace() {
     const qsizetype left = m_read - m_size;
-    if (m_memory.isEmpty() || !m_memory.isDetached()) {
-        if (m_spare.isEmpty() || !m_spare.isDetached())
+    if (!m_memory.isDetached()) { // nor is one without memory
+        if (!m_spare.isDetached())
             m_spare = QByteArray(blockSize, Qt::Uninitialized);
         std::memcpy(m_spare.data(), m_memory.constData() + m_size, size_t(left));
         m_memory.swap(m_spare);
     } else {
         std::memmove(m_memory.data(), m_memory.constData() + m_size, size_t(left));
     }
-    m_size = 0;
     m_read = left;
 }
 

@@ -33,8 +33,8 @@ bool storeAll(const QHash<QString, QVariant> &all, const QString &path) {
     QSettings store(path, QSettings::IniFormat);
     for (auto entry = all.cbegin(); entry != all.cend(); ++entry)
         store.setValue(entry.key(), entry.value());
-    store.sync();
-    return store.status() == QSettings::NoError && makeOwnerFile(path);
+    store.sync(); // holdsAll() finds out whether that failed
+    return bool(makeOwnerFile(path));
 }
 
 bool holdsAll(const QHash<QString, QVariant> &all, const QString &path) {

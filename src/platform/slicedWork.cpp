@@ -7,7 +7,6 @@ namespace platform {
 SlicedWork::SlicedWork(std::chrono::milliseconds slice, Step step, Report report)
     : m_slice(slice)
     , m_step(std::move(step)) {
-    m_timer.setInterval(0);
     QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this, report = std::move(report)] { report(advance()); });
 }
 

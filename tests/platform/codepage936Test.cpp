@@ -53,4 +53,7 @@ TEST(Codepage936, ReplacesWhatHasNoCode) {
         EXPECT_EQ(decode(bytes), text) << bytes.toHex().toStdString();
     EXPECT_EQ(encode(u"aก\uFFFD\U00020000é\u0080"_s), "a????\xA8\xA6?"); // one "?" for each UTF-16 unit
     EXPECT_FALSE(isEncodable(u"ก"));
+    EXPECT_EQ(decode(QByteArrayView("\xB0\xA1").first(1)), u"\uFFFD"_s) << "the byte after the text is not part of it";
+    EXPECT_TRUE(codePageReady());
+    EXPECT_TRUE(codePageReady("no-such-code-page").failure().description.contains(u"（no-such-code-page，"));
 }

@@ -54,6 +54,7 @@ TEST(HanReadings, AreSyllablesWithoutTones) {
     for (int call = 0; call < 2; ++call) // of the table, then of what is known
         for (const auto &[character, reading] : {std::pair(U'中', u"zhong"_s),
                                                  {U'女', u"nü"_s},
+                                                 {U'啊', u"a"_s},
                                                  {U'𠀀', u"he"_s},
                                                  {U'Z', u"z"_s},
                                                  {U'Ω', u""_s},

@@ -59,6 +59,25 @@ TEST(Settings, ReplaceTheTargetOfALink) {
     EXPECT_TRUE(QFileInfo(folder.path(u"应用.ini"_s)).isSymLink());
 }
 
+// QSettings takes a file with the size and the time of the one that it knows for the same file.
+TEST(Settings, AReplacedFileHasALaterTime) {
+    const TestFolder folder;
+    const Settings settings(folder.path());
+    const QString file = folder.path(u"应用.ini"_s);
+    const auto write = [&](const QString &value) { return bool(settings.write(u"应用"_s, u"a"_s, u"key"_s, value)); };
+    ASSERT_TRUE(write(u"1"_s));
+    const QDateTime future = QDateTime::currentDateTime().addSecs(1000);
+    QFile standing(file);
+    ASSERT_TRUE(standing.open(QIODevice::ReadWrite) && standing.setFileTime(future, QFileDevice::FileModificationTime));
+    standing.close();
+    ASSERT_TRUE(write(u"2"_s));
+    EXPECT_EQ(QFileInfo(file).lastModified(), future.addMSecs(1));
+    // What is in the way is not removed, and the settings stay.
+    ASSERT_TRUE(QDir(folder.path()).mkpath(u"应用.ini.making/x"_s));
+    EXPECT_FALSE(write(u"3"_s));
+    EXPECT_EQ(settings.read(u"应用"_s, u"a"_s, u"key"_s, u"none"_s), u"2");
+}
+
 // A pipe, a device or a huge file in place of a small file neither blocks nor fills the memory.
 TEST(SmallFile, IsARegularOneWithinItsLimit) {
     const QTemporaryDir folder;
@@ -114,6 +133,19 @@ TEST(DeskState, IsPrivateAndReportsAFolderThatCannotBeMade) {
     EXPECT_FALSE(DeskState(folder + u"/desk.ini").folderFor(kept::drafts)) << "a path below a file";
 }
 
+TEST(DeskState, IsInTheFolderThatTheEnvironmentNames) {
+    const QTemporaryDir folder;
+    const QByteArray home = qgetenv("HOME"), before = qgetenv("XDG_STATE_HOME");
+    qputenv("HOME", QFile::encodeName(folder.path()));
+    for (const auto &[named, used] : {std::pair(folder.filePath(u"own"_s), folder.filePath(u"own/tarvex"_s)),
+                                      {u"relative"_s, folder.filePath(u".local/state/tarvex"_s)}}) {
+        qputenv("XDG_STATE_HOME", QFile::encodeName(named));
+        EXPECT_EQ(DeskState().folderFor(kept::drafts).value(), used + u"/drafts/");
+    }
+    qputenv("HOME", home);
+    before.isNull() ? qunsetenv("XDG_STATE_HOME") : qputenv("XDG_STATE_HOME", before);
+}
+
 TEST(DeskState, ReadsWhatEarlierVersionsKept) {
     const QTemporaryDir folder;
     const DeskState state(folder.path());
@@ -147,6 +179,8 @@ TEST(DeskState, ReadsWhatEarlierVersionsKept) {
 TEST(RecentFiles, OfOneNameAreToldApartByTheirFolders) {
     EXPECT_EQ(recentNames({u"/甲/2026/一月.iso"_s, u"/乙/2026/一月.iso"_s, u"/甲/一月.iso"_s, u"/甲/二月.iso"_s}),
               (QStringList{u"一月.iso（甲/2026）"_s, u"一月.iso（乙/2026）"_s, u"一月.iso（甲）"_s, u"二月.iso"_s}));
+    EXPECT_EQ(recentNames({u"/甲/一月.iso"_s, u"/甲/甲/一月.iso"_s}),
+              (QStringList{u"一月.iso（/甲）"_s, u"一月.iso（甲/甲）"_s}));
 }
 
 TEST(RecentFiles, AreTheLastOnesThatExistEachOnce) {
@@ -161,7 +195,7 @@ TEST(RecentFiles, AreTheLastOnesThatExistEachOnce) {
     noteRecentFile(state, folder.path(u"./5"_s)); // another path of the same file
     noted.removeAll(folder.path(u"5"_s));
     noted.prepend(folder.path(u"5"_s));
-    EXPECT_EQ(recentFiles(state).first(3), noted.first(3));
+    EXPECT_EQ(recentFiles(state), noted.first(10));
     QFile::remove(noted[0]);
     EXPECT_EQ(recentFiles(state)[0], noted[1]);
 }
@@ -206,9 +240,12 @@ TEST(SingleInstance, IsNotBlockedByASpecialFile) {
     ASSERT_TRUE(QDir(folder.path()).mkdir(u"folder.lock"_s));
     alarm(20); // ends an open() that waits for a writer
     for (const QString &name : {u"pipe"_s, u"link"_s, u"folder"_s}) {
-        const SingleInstance claim(name, folder.path());
-        EXPECT_TRUE(claim.isFirst()) << name.toStdString();
+        errno = EWOULDBLOCK; // of an earlier call
+        const SingleInstance claim(name, folder.path()), second(name, folder.path());
+        EXPECT_TRUE(claim.isFirst() && second.isFirst()) << name.toStdString();
     }
+    errno = EWOULDBLOCK;
+    EXPECT_TRUE(SingleInstance(u"free"_s, folder.path()).isFirst());
     alarm(0);
     EXPECT_FALSE(QFile::exists(folder.filePath(u"elsewhere"_s)));
 }
@@ -219,6 +256,17 @@ TEST(Paths, UseTheSeparatorOfTheSystem) {
     EXPECT_EQ(pathWithSlash(u""_s, u'/'), u"/");
     EXPECT_EQ(folderOf(u"C:\\a\\b.iso"_s, u'\\'), u"C:\\a\\");
     EXPECT_EQ(folderOf(u"b.iso"_s, u'\\'), u"");
+}
+
+TEST(Paths, TwoCharactersOfAFileNameAreFree) {
+    const TestFolder folder;
+    for (const QString &name : {u"a01.iso"_s, u"a?[.iso"_s, u"a1.iso"_s, u"a001.iso"_s, u"A01.iso"_s, u"a01.is"_s,
+                                u"b01.iso"_s, u".a01.iso"_s})
+        folder.file(name, "x");
+    ASSERT_TRUE(QDir(folder.path()).mkdir(u"a02.iso"_s));
+    EXPECT_EQ(filesWithTwoWildcards(folder.path(), u"a"_s, u".iso"_s),
+              (QStringList{folder.path(u"a01.iso"_s), folder.path(u"a?[.iso"_s)}));
+    EXPECT_EQ(filesWithTwoWildcards(folder.path(), u".a"_s, u".iso"_s), QStringList{folder.path(u".a01.iso"_s)});
 }
 
 TEST(Paths, OnlyFilesExistAndAreRemovedOnce) {

@@ -1,8 +1,33 @@
 #include "platform/numbers.h"
+#include "platform/boundedExpression.h"
 #include "platform/tableSource.h"
 #include "support/qtPrinters.h"
 
 using namespace platform;
+
+TEST(BoundedExpression, IsRefusedOrMatchesInBoundedTime) {
+    for (const auto &[expression, fault] : {std::pair(u""_s, u"正则表达式为空或太长"_s),
+                                            {QString(4001, u'a'), u"正则表达式为空或太长"_s},
+                                            {u"ab("_s, u"正则表达式有误，第4个字符："_s},
+                                            {QString(4000, u'a'), u""_s}}) {
+        const auto compiled = boundedExpression(expression);
+        EXPECT_EQ(compiled.ok(), fault.isEmpty());
+        EXPECT_TRUE(compiled.ok() || compiled.failure().description.startsWith(fault));
+    }
+    const std::tuple<QString, QString, bool> rows[] = {
+        {uR"(^\u4E00\u{4e8c}$)"_s, u"一二"_s, true},
+        {uR"(^\\u4E00$)"_s, uR"(\u4E00)"_s, true}, // a backslash and the letters after it
+        {uR"(^\\\u4E00$)"_s, uR"(\一)"_s, true},
+        {u"^A$"_s, u"a"_s, true},
+        {u"(?:a+)+b|x"_s, u"aax"_s, true},
+        {u"(?:a+)+b|x"_s, QString(u"a"_s.repeated(18) + u'x'), false}, // given up
+    };
+    for (const auto &[expression, text, matches] : rows)
+        EXPECT_EQ(
+            boundedExpression(expression, QRegularExpression::CaseInsensitiveOption).value().match(text).hasMatch(),
+            matches)
+            << expression.toStdString();
+}
 
 TEST(Numbers, AreReadByOneRule) {
     const std::optional<double> none;

@@ -4,12 +4,14 @@
 #include "support/testFolder.h"
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QHeaderView>
 #include <QMessageBox>
 #include <QScreen>
+#include <QSettings>
 #include <QTest>
 #include <QTimer>
 #include <QTreeView>
@@ -117,7 +119,8 @@ TEST(QtHost, BoxesAnswerByTheirButtonsAndKeys) {
 }
 
 TEST(QtHost, FilesAreChosenFromTheFolderUsedLast) {
-    const TestFolder folder;
+    const TestFolder folder, toolkit;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, toolkit.path()); // the dialog keeps its columns
     folder.file(u"甲.iso"_s, QByteArray(3000, 'x'));
     folder.file(u"乙.txt"_s, "x");
     ASSERT_TRUE(QDir(folder.path()).mkdir(u"夹"_s));
@@ -132,34 +135,40 @@ TEST(QtHost, FilesAreChosenFromTheFolderUsedLast) {
         return host.chooseFile(asked);
     };
     const FileDialog open{.title = u"打开"_s, .filter = filter, .start = folder.path(u"甲.iso"_s)};
-    EXPECT_EQ(choose(open,
-                     [&](QFileDialog &dialog) {
-                         EXPECT_EQ(dialog.windowTitle(), u"打开"_s);
-                         EXPECT_EQ(dialog.nameFilters(), (QStringList{u"记录(*.iso) (*.iso)"_s, u"全部(*.*) (*)"_s}));
-                         EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptOpen);
-                         EXPECT_EQ(dialog.fileMode(), QFileDialog::ExistingFile);
-                         EXPECT_EQ(dialog.directory().path() + u'/', folder.path());
-                         auto *tree = dialog.findChild<QTreeView *>(u"treeView"_s);
-                         EXPECT_TRUE(tree->isColumnHidden(2) && !tree->header()->stretchLastSection());
-                         EXPECT_TRUE(dialog.testOption(QFileDialog::HideNameFilterDetails));
-                         const auto shown = [&](int row, int column) {
-                             return tree->model()->index(row, column, tree->rootIndex()).data().toString();
-                         };
-                         EXPECT_TRUE(QTest::qWaitFor([&] { return tree->model()->rowCount(tree->rootIndex()) == 2; }));
-                         const int file = shown(0, 0) == u"夹" ? 1 : 0;
-                         EXPECT_EQ(shown(1 - file, 1), u""); // of the folder
-                         EXPECT_TRUE(shown(file, 1).startsWith(u"2.9 ")) << shown(file, 1).toStdString();
-                         EXPECT_EQ(QDateTime::fromString(shown(file, 3), u"yyyy-MM-dd HH:mm"_s).date(),
-                                   QDate::currentDate());
-                         QString headings;
-                         for (int column = 0; column < 4; ++column)
-                             headings += tree->model()->headerData(column, Qt::Horizontal).toString();
-                         EXPECT_EQ(headings, u"名称大小类型修改时间");
-                         EXPECT_EQ(tree->header()->sectionResizeMode(0), QHeaderView::Stretch);
-                         EXPECT_EQ(tree->header()->sectionResizeMode(3), QHeaderView::ResizeToContents);
-                         dialog.reject();
-                     }),
-              QString());
+    EXPECT_EQ(
+        choose(
+            open,
+            [&](QFileDialog &dialog) {
+                EXPECT_EQ(dialog.windowTitle(), u"打开"_s);
+                EXPECT_EQ(dialog.nameFilters(), (QStringList{u"记录(*.iso) (*.iso)"_s, u"全部(*.*) (*)"_s}));
+                EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptOpen);
+                EXPECT_EQ(dialog.fileMode(), QFileDialog::ExistingFile);
+                EXPECT_EQ(dialog.directory().path() + u'/', folder.path());
+                auto *tree = dialog.findChild<QTreeView *>(u"treeView"_s);
+                EXPECT_TRUE(tree->isColumnHidden(2) && !tree->header()->stretchLastSection());
+                EXPECT_TRUE(dialog.testOption(QFileDialog::HideNameFilterDetails));
+                EXPECT_EQ(dialog.findChild<QComboBox *>(u"lookInCombo"_s)->accessibleDescription(), u"查看的文件夹"_s);
+                EXPECT_EQ(dialog.findChild<QComboBox *>(u"fileTypeCombo"_s)->accessibleDescription(), u"文件类型"_s);
+                const QFontMetrics font = dialog.fontMetrics();
+                EXPECT_EQ(dialog.size(),
+                          QSize(font.averageCharWidth() * 76, font.height() * 28).boundedTo(usableScreenSize(&dialog)));
+                const auto shown = [&](int row, int column) {
+                    return tree->model()->index(row, column, tree->rootIndex()).data().toString();
+                };
+                EXPECT_TRUE(QTest::qWaitFor([&] { return tree->model()->rowCount(tree->rootIndex()) == 2; }));
+                const int file = shown(0, 0) == u"夹" ? 1 : 0;
+                EXPECT_EQ(shown(1 - file, 1), u""); // of the folder
+                EXPECT_TRUE(shown(file, 1).startsWith(u"2.9 ")) << shown(file, 1).toStdString();
+                EXPECT_EQ(QDateTime::fromString(shown(file, 3), u"yyyy-MM-dd HH:mm"_s).date(), QDate::currentDate());
+                QString headings;
+                for (int column = 0; column < 4; ++column)
+                    headings += tree->model()->headerData(column, Qt::Horizontal).toString();
+                EXPECT_EQ(headings, u"名称大小类型修改时间");
+                EXPECT_EQ(tree->header()->sectionResizeMode(0), QHeaderView::Stretch);
+                EXPECT_EQ(tree->header()->sectionResizeMode(3), QHeaderView::ResizeToContents);
+                dialog.reject();
+            }),
+        QString());
     const FileDialog save{.title = u"存"_s, .filter = filter, .kind = FileDialogKind::Save, .start = folder.path()};
     EXPECT_EQ(choose(save,
                      [&](QFileDialog &dialog) {
@@ -171,7 +180,16 @@ TEST(QtHost, FilesAreChosenFromTheFolderUsedLast) {
                          QMetaObject::invokeMethod(&dialog, "accept");
                      }),
               folder.path(u"新.iso"_s));
+    EXPECT_EQ(choose({.title = u"夹"_s, .kind = FileDialogKind::Folder, .start = folder.path(u"夹/"_s)},
+                     [&](QFileDialog &dialog) {
+                         EXPECT_EQ(dialog.fileMode(), QFileDialog::Directory);
+                         EXPECT_TRUE(dialog.testOption(QFileDialog::ShowDirsOnly));
+                         QMetaObject::invokeMethod(&dialog, "accept");
+                     }),
+              folder.path(u"夹"_s));
     const DeskState state(folder.path(u"state"_s));
+    EXPECT_EQ(state.value(kept::lastFolder), folder.path(u"夹"_s)) << "the chosen folder itself";
+    state.keep(kept::lastFolder, QDir(folder.path()).absolutePath());
     EXPECT_EQ(state.value(kept::lastFolder) + u'/', folder.path());
     state.keep(kept::lastFolder, folder.path(u"夹"_s)); // not the folder that the dialog itself showed last
     for (const QString &start : {QString(), u"/no/such/folder/a.iso"_s})
@@ -181,6 +199,32 @@ TEST(QtHost, FilesAreChosenFromTheFolderUsedLast) {
                              dialog.reject();
                          }),
                   QString());
+}
+
+TEST(ScreenSize, IsLowForALargeFont) {
+    QWidget window;
+    EXPECT_FALSE(isScreenLow(&window));
+    QFont font = window.font();
+    font.setPixelSize(window.screen()->availableSize().height() / 30);
+    window.setFont(font);
+    EXPECT_TRUE(isScreenLow(&window));
+}
+
+// In a process of its own, since both change the process.
+TEST(QtHost, PreparesTheToolkitAndEndsTheProcess) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(
+        {
+            prepareToolkit();
+            const QMessageBox box(QMessageBox::Question, {}, {}, QMessageBox::Yes);
+            std::fputs(box.button(QMessageBox::Yes)->text().toUtf8().constData(), stderr);
+            const TestFolder folder;
+            QtHost host(Settings(folder.path()), DeskState(folder.path()), [] { std::fputs(" before", stderr); });
+            const bool chinese = QLocale().name() == u"zh_CN" && QGuiApplication::desktopFileName() == u"tarvex";
+            if (chinese)
+                host.endProcess();
+        },
+        testing::ExitedWithCode(0), "是.* before$");
 }
 
 TEST(ScreenSize, AWindowIsMovedOntoTheScreen) {

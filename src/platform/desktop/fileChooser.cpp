@@ -103,7 +103,6 @@ QString chooseFileIn(const FileDialog &dialog, const QString &start, QWidget *pa
         window.setNameFilters(nameFilters(dialog.filter));
     if (dialog.kind == FileDialogKind::Save) {
         window.setAcceptMode(QFileDialog::AcceptSave);
-        window.setFileMode(QFileDialog::AnyFile);
         window.setOption(QFileDialog::DontConfirmOverwrite);
     } else if (dialog.kind == FileDialogKind::Folder) {
         window.setFileMode(QFileDialog::Directory);

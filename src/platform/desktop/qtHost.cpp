@@ -137,8 +137,7 @@ QtHost::QtHost(Settings settings, DeskState state, std::function<void()> beforeE
 
 Answer QtHost::show(const Box &box) {
     QuestionBox window(windowInFront(), box);
-    if (box.buttons == Buttons::Ok) {
-        window.setStandardButtons(QMessageBox::Ok);
+    if (box.buttons == Buttons::Ok) { // which it has by default
         window.exec();
         return Answer::Ok;
     }
@@ -149,7 +148,6 @@ Answer QtHost::show(const Box &box) {
 
 bool QtHost::showWithTick(const Box &box, const QString &tick) {
     QuestionBox window(windowInFront(), box, tick);
-    window.setStandardButtons(QMessageBox::Ok);
     window.exec();
     return window.checkBox()->isChecked();
 }
