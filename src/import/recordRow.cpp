@@ -92,10 +92,9 @@ constexpr auto documentClasses = std::to_array<DocumentClass>({
 constexpr qsizetype documentClassAt = 6; // offset in the leader, counted from 0
 
 QString documentClass(QStringView leader) {
-    if (leader.size() <= documentClassAt)
-        return {};
-    const char16_t code = leader[documentClassAt].unicode();
-    const auto *found = std::ranges::find(documentClasses, code, &DocumentClass::code);
+    const QStringView code = leader.mid(documentClassAt, 1); // empty if the leader is too short
+    const auto *found = std::ranges::find_if(
+        documentClasses, [code](const DocumentClass &row) { return code == QStringView(&row.code, 1); });
     return found == documentClasses.end() ? QString() : found->text.toString();
 }
 

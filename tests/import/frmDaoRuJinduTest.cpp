@@ -4,11 +4,13 @@
 #include "support/scriptedHost.h"
 #include "support/windowState.h"
 #include "widgets/button.h"
+#include "widgets/lineIcon.h"
 #include "widgets/pacedLabel.h"
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QSignalSpy>
+#include <QStyle>
 
 using namespace importing;
 
@@ -43,12 +45,18 @@ TEST_F(FrmDaoRuJinduTest, RunsOnceAndReportsEachStep) {
     PaintedTexts painted(window.labJinDuShu);
     EXPECT_TRUE(window.Text1->isHidden() && window.Text2->isHidden() && !window.barJinduTishi->isTextVisible());
     EXPECT_FALSE(window.Picture1->pixmap().isNull());
+    const QImage before = window.Picture1->pixmap().toImage();
     host.onYield = [&] {
+        EXPECT_TRUE(said.size() != 1 || painted.texts.value(painted.texts.size() - 1) == u"已经成功处理的记录数：0")
+            << "the count is painted before the next record changes it";
         EXPECT_TRUE(QTest::qWaitForWindowExposed(&window)); // nothing is painted before
         EXPECT_TRUE(window.cmdRefused->isHidden() && window.labTishi->isHidden() && window.LabBi->isVisible());
         EXPECT_EQ(window.barJinduTishi->value(), said.size() + 1);
         EXPECT_EQ(window.barJinduTishi->maximum(), 3);
         EXPECT_GE(window.LabBi->width(), window.fontMetrics().horizontalAdvance(u"100.00%"_s));
+        EXPECT_GE(window.labJinDuShu->width(),
+                  window.fontMetrics().horizontalAdvance(u"已经成功处理的记录数：2147483647"_s));
+        EXPECT_TRUE(window.LabBi->alignment().testFlag(Qt::AlignRight));
         said.append(window.labJinDuShu->pacedText() + u' ' + window.LabBi->pacedText());
         window.activate(); // some window systems report an activation twice
         window.close();
@@ -67,8 +75,7 @@ TEST_F(FrmDaoRuJinduTest, RunsOnceAndReportsEachStep) {
     for (const qint64 key : window.keys())
         keys.append(QString::number(key));
     EXPECT_EQ(keys, database.column(u"select zskid from taoluTable order by zskid"_s));
-    EXPECT_TRUE(painted.texts.contains(u"已经成功处理的记录数：0"_s))
-        << "the count is painted before the next record changes it";
+    EXPECT_FALSE(window.Picture1->pixmap().toImage() == before) << "a warning";
     EXPECT_EQ(host.texts(), QStringList(3, u"请先停止导入！"_s));
     EXPECT_EQ(window.windowTitle(), u"套录库数据导入进度"_s);
     EXPECT_EQ(window.labEndShu->text(), u"要导入的机读记录总计：3"_s);
@@ -88,6 +95,10 @@ TEST_F(FrmDaoRuJinduTest, LeavesOutTheRecordsThatTheUserDoesNotWant) {
     EXPECT_EQ(stored(), (QStringList{u"甲"_s, u"丙"_s}));
     EXPECT_EQ(window.labTishi->text() + window.leftOutWords->text(), u"本次成功处理的记录数：3跳过查重命中的 2 条"_s);
     EXPECT_TRUE(window.refused().empty() && window.wentIn() == 2 && window.taken() == 5);
+    const auto sign = [&window](const QString &icon) {
+        return widgets::lineIcon(icon).pixmap(window.style()->pixelMetric(QStyle::PM_LargeIconSize)).toImage();
+    };
+    EXPECT_EQ(window.Picture1->pixmap().toImage(), sign(u"done"_s));
 }
 
 TEST_F(FrmDaoRuJinduTest, StopsAfterTheCurrentRecord) {

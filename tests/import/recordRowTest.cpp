@@ -32,6 +32,7 @@ TEST(RecordRow, TextColumns) {
         EXPECT_EQ((*recordRow(recordOf(fields))).*column, expected) << fields.toStdString();
     EXPECT_EQ(recordRow(recordOf({}, u'v'))->docclass, u"善本书"_s);
     EXPECT_EQ(recordRow(recordOf({}, u'h'))->docclass, QString());
+    EXPECT_EQ(recordRow(u"00026n"_s)->docclass, QString());
 }
 
 TEST(RecordRow, NumberColumnsKeepTheLastRunThatFits) {
