@@ -28,13 +28,22 @@ protected:
     QWidget *place() { return list()->parentWidget(); }
     void query() {
         QTimer::singleShot(0, [] {
-            if (auto *dialog = qobject_cast<catalogue::QueryFrm *>(QApplication::activeModalWidget()))
+            if (auto *dialog = qobject_cast<catalogue::QueryFrm *>(QApplication::activeModalWidget())) {
+                EXPECT_EQ(dialog->cSql->count(), 8);
                 dialog->findData();
+            }
         });
         windows.queryCatalogue(catalogueQuery);
+        EXPECT_EQ(inFront(), u"catalogue::ZSKListFrm"_s);
+    }
+    QString inFront() const {
+        const QMdiSubWindow *front = frame.findChild<QMdiArea *>()->activeSubWindow();
+        return front ? QString::fromLatin1(front->widget()->metaObject()->className()) : QString();
     }
     void closeList() {
+        const QPointer<QWidget> closed = place();
         list()->CmdDcgl[5]->click();
+        EXPECT_FALSE(closed->isVisible()) << "at once, although it is deleted later";
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
@@ -56,6 +65,10 @@ TEST_F(CatalogueWindowsTest, AListReopensAsItWasClosed) {
     query();
     EXPECT_EQ(place()->geometry(), QRect(QPoint(30, 20), drawn));
     EXPECT_EQ(list()->Grid1->columnWidth(4), 222);
+    place()->showMinimized();
+    closeList(); // keeps the size that it had before
+    query();
+    EXPECT_EQ(place()->geometry(), QRect(QPoint(30, 20), drawn));
     place()->showMaximized();
     windows.endRuns(); // the program ends while a list is open
     closeList();
@@ -70,9 +83,12 @@ TEST_F(CatalogueWindowsTest, AListReopensAsItWasClosed) {
 TEST_F(CatalogueWindowsTest, ABookShowsItsDetailInOneWindow) {
     query();
     for (int time = 0; time < 2; ++time) {
-        list()->Grid1->setRow(1);
+        list()->Grid1->setRow(1 + time);
         Q_EMIT list()->Grid1->gridActivated();
-        EXPECT_EQ(frame.findChildren<catalogue::SCKListFrm *>().size(), 1);
+        ASSERT_EQ(frame.findChildren<catalogue::SCKListFrm *>().size(), 1);
+        const auto *detail = frame.findChild<catalogue::SCKListFrm *>();
+        EXPECT_TRUE(std::ranges::any_of(
+            detail->LabelZSK, [&](const QLabel *label) { return label->text() == list()->Grid1->text(1 + time, 2); }));
         auto *front = frame.findChild<QMdiArea *>()->activeSubWindow();
         EXPECT_TRUE(front && qobject_cast<catalogue::SCKListFrm *>(front->widget()));
         frame.findChild<QMdiArea *>()->setActiveSubWindow(qobject_cast<QMdiSubWindow *>(place()));
@@ -91,12 +107,20 @@ TEST_F(CatalogueWindowsTest, TheSortDialogReopensAClosedList) {
 
     list()->CmdDcgl[1]->click(); // the sort button
     auto *sorting = frame.findChild<catalogue::OrderbyFrm *>();
-    ASSERT_TRUE(sorting);
+    ASSERT_TRUE(sorting && sorting->isVisible());
+    frame.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&frame));
+    list()->CmdDcgl[1]->click();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return sorting->isActiveWindow(); })) << "the same dialog, in front again";
+    EXPECT_EQ(frame.findChildren<catalogue::OrderbyFrm *>().size(), 1);
     closeList();
     ASSERT_FALSE(list());
     sorting->List1->setCurrentRow(0);
     sorting->CmdAdd->click();
+    const QPointer<QWidget> closed = sorting;
     sorting->cmdOK->click();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_FALSE(closed);
     ASSERT_TRUE(list());
     EXPECT_TRUE(list()->isVisible());
     EXPECT_EQ(list()->Grid1->text(1, 2) + list()->Grid1->text(2, 2), u"ab"_s); // sorted, without the condition
@@ -110,8 +134,7 @@ TEST_F(CatalogueWindowsTest, AQueryBringsItsListForward) {
                 dialog->findData();
         });
         windows.queryStore(storeQuery);
-        const QMdiSubWindow *front = frame.findChild<QMdiArea *>()->activeSubWindow();
-        return front ? QString::fromLatin1(front->widget()->metaObject()->className()) : QString();
+        return inFront();
     };
     for (int time = 0; time < 2; ++time) {
         EXPECT_EQ(queryStore(), u"catalogue::TLKListFrm"_s);

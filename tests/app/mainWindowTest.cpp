@@ -1,60 +1,16 @@
-#include "app/windows/marcMain.h"
-#include "database/connection.h"
-#include "database/linkPool.h"
 #include "platform/recentFiles.h"
-#include "support/scriptedHost.h"
+#include "recordedWindows.h"
 #include "widgets/button.h"
+#include "widgets/styleTokens.h"
 #include <QAbstractEventDispatcher>
-#include <QAction>
 #include <QDragEnterEvent>
+#include <QMenuBar>
 #include <QMimeData>
-#include <QProcess>
 #include <QScrollBar>
-#include <arpa/inet.h>
-#include <sys/socket.h>
-#include <unistd.h>
+#include <QShortcut>
+#include <QStatusBar>
 
 using namespace app;
-
-namespace {
-
-struct RecordedWindows final : CommandWindows {
-    const ScriptedHost &host;
-    QStringList calls;
-    explicit RecordedWindows(const ScriptedHost &host)
-        : host(host) {}
-    void selectMarcFile(const QString &file) override { calls.append(u"select" + file); }
-    void tidyFile(const QString &) override { calls.append(u"tidy"_s); }
-    void fetchRecords() override { calls.append(u"fetch"_s); }
-    void showTasks() override { calls.append(u"tasks"_s); }
-    QString connectionText() const override {
-        return text.isEmpty() ? u"Driver=SQLite3;Database=" + host.folder + u"/no.db" : text;
-    }
-    QString text;
-    static QString count(const QueryLists &lists) { return QString::number(lists.columns.count(u',') + 1); }
-    void queryCatalogue(const QueryLists &lists) override { calls.append(u"catalogue " + count(lists)); }
-    void queryStore(const QueryLists &lists) override { calls.append(u"store " + count(lists)); }
-    void splitFile() override { calls.append(u"split"_s); }
-    void mergeFiles() override { calls.append(u"merge"_s); }
-    void showHelp() override { calls.append(u"help"_s); }
-    void showAbout() override { calls.append(u"about"_s); }
-    void endRuns() override { calls.append(u"end "_s + QString::number(host.endings)); }
-    void showNotice() override { calls.append(u"notice"_s); }
-};
-
-struct MainWindowTest : testing::Test {
-    ScriptedHost host;
-    RecordedWindows windows{host};
-    marcMain frame{host, windows};
-
-    QString callOf(const QString &name) {
-        windows.calls.clear();
-        frame.findChild<QAction *>(name)->trigger();
-        return windows.calls.join(u'|');
-    }
-};
-
-} // namespace
 
 TEST_F(MainWindowTest, MenuAndToolbarGiveTheSameCommands) {
     const std::tuple<QString, QString, QString> rows[] = {
@@ -66,6 +22,110 @@ TEST_F(MainWindowTest, MenuAndToolbarGiveTheSameCommands) {
     for (const auto &[menu, key, call] : rows) {
         EXPECT_EQ(callOf(menu), call);
         EXPECT_EQ(callOf(key.isEmpty() ? menu : key), call);
+    }
+}
+
+TEST_F(MainWindowTest, ItsPartsAreNamed) {
+    EXPECT_EQ(frame.windowTitle(), u"Tarvex图书馆管理系统-----------marc处理工具"_s);
+    EXPECT_EQ(frame.menuBar()->accessibleName(), u"菜单"_s);
+    EXPECT_EQ(frame.Toolbar1->windowTitle(), u"工具栏"_s);
+    EXPECT_FALSE(frame.Toolbar1->isMovable());
+    EXPECT_EQ(frame.toolBarArea(frame.Toolbar1), Qt::TopToolBarArea);
+    for (const MenuRow &row : menuRows)
+        EXPECT_TRUE(row.menuName.isEmpty() || frame.findChild<QMenu *>(row.menuName.toString()));
+    EXPECT_TRUE(frame.mdiArea->horizontalScrollBarPolicy() == Qt::ScrollBarAsNeeded &&
+                frame.mdiArea->verticalScrollBarPolicy() == Qt::ScrollBarAsNeeded);
+    EXPECT_FALSE(frame.statusBar()->isSizeGripEnabled());
+    for (const ToolRow &row : toolRows) {
+        const QAction *action = frame.findChild<QAction *>(row.key.toString());
+        const QWidget *button = frame.Toolbar1->widgetForAction(frame.findChild<QAction *>(row.key.toString()));
+        EXPECT_EQ(action->data().toString(), row.key);
+        EXPECT_EQ(action->toolTip(), row.tip);
+        EXPECT_EQ(button->accessibleName() + button->objectName(), row.caption + row.key);
+        EXPECT_EQ(button->focusPolicy(), Qt::TabFocus);
+    }
+    EXPECT_EQ(frame.Toolbar1->toolButtonStyle(), Qt::ToolButtonTextUnderIcon);
+    EXPECT_EQ(frame.Toolbar1->iconSize().height(), 2 * frame.fontMetrics().height());
+    QStringList looks;
+    for (int i = 0; i < frame.lookBox->count(); ++i)
+        looks.append(frame.lookBox->itemText(i));
+    EXPECT_EQ(looks, (QStringList{u"外观：跟随系统"_s, u"外观：浅色"_s, u"外观：深色"_s}));
+    const QSize room = frame.screen()->availableSize() * 9 / 10;
+    EXPECT_EQ(frame.height(), std::min(room.height(), frame.fontMetrics().height() * 42));
+    frame.show();
+    EXPECT_TRUE(frame.statusBar()->isAncestorOf(frame.databaseName));
+    EXPECT_TRUE(frame.databaseName->isVisible() && frame.lookBox->x() > frame.databaseName->geometry().right());
+    EXPECT_TRUE(frame.databaseName->text().startsWith(u"⚠ 数据库："));
+}
+
+TEST_F(MainWindowTest, TheAreaFollowsThePalette) {
+    for (const auto scheme : {widgets::Scheme::Dark, widgets::Scheme::Light}) {
+        frame.setPalette(widgets::schemePalette(scheme));
+        EXPECT_EQ(frame.mdiArea->background().color(), QColor(widgets::colourOf(widgets::Colour::Frame, scheme)));
+    }
+    const QPalette before = QApplication::palette();
+    QApplication::setPalette(widgets::schemePalette(widgets::Scheme::Dark));
+    EXPECT_EQ(marcMain(host, windows).mdiArea->background().color(),
+              QColor(widgets::colourOf(widgets::Colour::Frame, widgets::Scheme::Dark)));
+    QApplication::setPalette(before);
+}
+
+TEST_F(MainWindowTest, F10OpensTheMenuUnlessAWindowIsInFront) {
+    frame.show();
+    frame.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&frame));
+    QTest::keyClick(&frame, Qt::Key_F10);
+    EXPECT_EQ(frame.menuBar()->activeAction(), frame.menuBar()->actions().constFirst());
+    EXPECT_TRUE(frame.menuBar()->hasFocus());
+    QTest::keyClick(frame.menuBar(), Qt::Key_Escape);
+    frame.menuBar()->setActiveAction(nullptr);
+    QDialog modal(&frame);
+    modal.setModal(true);
+    modal.show();
+    Q_EMIT frame.findChild<QShortcut *>()->activated();
+    EXPECT_EQ(frame.menuBar()->activeAction(), nullptr);
+}
+
+// On a screen that is too narrow for the menus, the style sets them closer together.
+TEST_F(MainWindowTest, TheMenusMoveTogetherOnANarrowScreen) {
+    EXPECT_FALSE(frame.menuBar()->property("narrow").toBool());
+    const QFont before = QApplication::font();
+    QFont large = before;
+    large.setPointSizeF(3 * before.pointSizeF());
+    QApplication::setFont(large);
+    EXPECT_TRUE(marcMain(host, windows).menuBar()->property("narrow").toBool());
+    QApplication::setFont(before);
+}
+
+// A file that was opened meanwhile is listed when the window of a step has closed.
+TEST_F(MainWindowTest, TheStepsListTheRecentFilesAgain) {
+    const TestFolder folder;
+    int files = 0;
+    windows.onCall = [&] { platform::noteRecentFile(host.remembered(), folder.file(QString::number(++files), "x")); };
+    frame.show();
+    frame.resize(800, 800);
+    QApplication::processEvents();
+    int before = frame.startPage->height();
+    for (widgets::Button *step : {static_cast<widgets::Button *>(frame.startPage->steps[0]),
+                                  static_cast<widgets::Button *>(frame.startPage->tidy),
+                                  static_cast<widgets::Button *>(frame.startPage->fetch)}) {
+        step->click();
+        ASSERT_EQ(frame.startPage->recent.size(), files);
+        QApplication::processEvents();
+        QApplication::processEvents();
+        EXPECT_GE(frame.startPage->height(), before);
+        EXPECT_TRUE(frame.startPage->recent[0]->isVisible());
+        before = frame.startPage->height();
+    }
+    EXPECT_EQ(files, 3);
+    for (const int width : {800, 700}) { // as large as before, and smaller
+        frame.resize(width, 800);
+        QApplication::processEvents();
+        QApplication::processEvents();
+        const QRect page = frame.startPage->geometry();
+        const QSize room = frame.mdiArea->viewport()->size();
+        EXPECT_EQ(page.x(), (room.width() - page.width()) / 2);
+        EXPECT_EQ(page.y(), (room.height() - page.height()) / 3);
     }
 }
 
@@ -149,21 +209,6 @@ TEST_F(MainWindowTest, EveryWayToExitAsksOnceAndEndsOnlyWithYes) {
     EXPECT_EQ(host.lastBox().icon, platform::Icon::Exclamation);
 }
 
-namespace {
-
-// Connects to the strict server and disconnects at once, like a probe for a running server.
-void knock() {
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_port = htons(3306);
-    ::inet_pton(AF_INET, "10.99.0.1", &address.sin_addr);
-    const int socket = ::socket(AF_INET, SOCK_STREAM, 0);
-    EXPECT_EQ(::connect(socket, reinterpret_cast<const sockaddr *>(&address), sizeof(address)), 0);
-    ::close(socket);
-}
-
-} // namespace
-
 // The area reports the end of the lists while the frame is being deleted.
 TEST(MainWindow, MayBeDeletedWithAListOpen) {
     ScriptedHost host;
@@ -174,40 +219,4 @@ TEST(MainWindow, MayBeDeletedWithAListOpen) {
     ASSERT_TRUE(QTest::qWaitFor([&] { return frame->area()->activeSubWindow() && !windows.calls.isEmpty(); }));
     frame.reset();
     EXPECT_EQ(windows.calls, QStringList(u"notice"_s));
-}
-
-// The test runs itself in a separate network namespace with a server that blocks a host after three failed connections.
-TEST(MainWindowStarts, CountAsNoFailedConnection) {
-    const QString text = qEnvironmentVariable("STRICT_SERVER");
-    if (text.isEmpty()) {
-        constexpr int notPermitted = 77;
-        const int status = QProcess::execute(
-            QStringLiteral(STRICT_SERVER_SCRIPT),
-            {QCoreApplication::applicationFilePath(), u"--gtest_filter=MainWindowStarts.CountAsNoFailedConnection"_s});
-        if (status == notPermitted)
-            GTEST_SKIP() << "creating a network namespace requires root";
-        ASSERT_EQ(status, 0);
-        return;
-    }
-    const auto login = [&text] {
-        database::LinkPool links;
-        const auto opened = database::Connection::open(links, text);
-        return opened ? QString() : opened.failure().description;
-    };
-    const ScriptedHost host;
-    RecordedWindows windows(host);
-    windows.text = text;
-    for (int i = 0; i < 10; ++i) {
-        ScriptedHost own;
-        const marcMain frame(own, windows);
-        EXPECT_TRUE(frame.databaseName->text().startsWith(u"数据库：library（10.99.0.1）"));
-        EXPECT_TRUE(QTest::qWaitFor([&] { return !frame.databaseName->text().endsWith(u'…'); }));
-    }
-    EXPECT_EQ(login(), QString());
-    // The server does block: failed connections count until a login succeeds.
-    EXPECT_TRUE(QTest::qWaitFor([&] {
-        for (int i = 0; i < 10; ++i)
-            knock();
-        return login().contains(u"blocked");
-    }));
 }

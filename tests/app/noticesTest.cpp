@@ -1,6 +1,8 @@
 #include "app/startUp.h"
 #include "app/windows/AboutFrm.h"
+#include "app/windows/frmHelp.h"
 #include "app/windows/frmLook.h"
+#include "app/windows/helpText.h"
 #include "support/scriptedHost.h"
 
 using namespace app;
@@ -19,7 +21,8 @@ TEST(Notice, KeepsItsTickAndClosesByItsButtonOrItsCross) {
     notice.Check1->click();
     EXPECT_EQ(kept(), u"True"_s);
     EXPECT_TRUE(notice.isMaximized() && notice.cmOK->hasFocus());
-    // Light words on a dark picture, independent of the desktop's colours; the button keeps its own.
+    // Light words on a dark picture, independent of the desktop's colours; the caption of the button keeps its
+    // own.
     const QImage seen = notice.grab().toImage();
     const QPoint strip = notice.lHttp->parentWidget()->geometry().topLeft() + QPoint(1, 1);
     EXPECT_LT(seen.pixelColor(strip).lightness(), 80);
@@ -28,7 +31,8 @@ TEST(Notice, KeepsItsTickAndClosesByItsButtonOrItsCross) {
         EXPECT_GT(light->palette().color(QPalette::Link).lightness(), 200);
     }
     EXPECT_EQ(notice.cmOK->palette().color(QPalette::ButtonText), QApplication::palette().color(QPalette::ButtonText));
-    EXPECT_GT(notice.lMain->fontInfo().pointSizeF(), 2 * notice.Label1->fontInfo().pointSizeF() * 0.75);
+    EXPECT_GT(notice.lMain->fontInfo().pointSizeF(), 2.5 * notice.font().pointSizeF());
+    EXPECT_GT(notice.Label1->fontInfo().pointSizeF(), 1.5 * notice.font().pointSizeF());
     EXPECT_TRUE(notice.lMain->font().bold() && !notice.Label1->font().bold());
     for (const QLabel *picture : {notice.imgMain, notice.Image1}) {
         const QPixmap shown = picture->pixmap();
@@ -44,8 +48,19 @@ TEST(Notice, KeepsItsTickAndClosesByItsButtonOrItsCross) {
         for (int y = middle / 2; y < mark.height() - middle / 2; ++y)
             inked += mark.pixelColor(x, y).alpha() > 128;
     EXPECT_GT(inked, middle);
-    notice.resize(300, 200);
-    EXPECT_GE(notice.Picture1->width(), notice.screen()->size().width());
+    EXPECT_TRUE(notice.cmOK->property("primary").toBool());
+    const QRect bar = notice.lHttp->parentWidget()->geometry();
+    EXPECT_EQ(QRect(0, bar.y(), notice.width(), notice.height() - bar.y()), bar) << "from edge to edge, at the bottom";
+    EXPECT_GT(notice.lEmail->x() - notice.lHttp->geometry().right(), notice.fontMetrics().height());
+    const QSize screen = notice.screen()->size();
+    for (const QSize &size : {QSize(300, 200), screen * 2}) {
+        notice.resize(size);
+        EXPECT_EQ(notice.Picture1->size(), screen.expandedTo(notice.size()))
+            << "a window may be larger than the screen";
+    }
+    EXPECT_NE(notice.childAt(notice.lMain->geometry().center()), notice.Picture1);
+    for (const QLabel *centred : {notice.lMain, notice.imgMain}) // in rows that are wider than their contents
+        EXPECT_TRUE(centred->alignment().testFlag(Qt::AlignHCenter));
     int unloads = 0;
     QObject::connect(&notice, &frmLook::unloaded, [&] { ++unloads; });
     QTest::keyClick(notice.cmOK, Qt::Key_Return);
@@ -76,6 +91,16 @@ TEST(Notice, ThePictureIsASkyOverAShelf) {
     }
     EXPECT_GE(hues.size(), 6);
     EXPECT_GT(labels, spines * 5 / 4);
+    // One of the books: light between dark edges, with two bands across it, and above them the sky.
+    constexpr int left = 110, lit = 114, right = 125, foot = 398, top = 271;
+    EXPECT_GT(light(lit, foot), light(left, foot) + 20);
+    EXPECT_GT(light(lit, foot), light(right, foot) + 30);
+    QList<int> bands;
+    for (int y = foot; y > top; --y)
+        if (light(left, y) > light(left, foot) + 40)
+            bands.append(y);
+    EXPECT_EQ(bands, (QList<int>{378, 377, 287, 286}));
+    EXPECT_LT(light(lit, top - 5), light(lit, top + 5) - 10);
 }
 
 TEST(Links, OpenOutsideTheProgramAndReportAFailedWebLink) {
@@ -86,6 +111,9 @@ TEST(Links, OpenOutsideTheProgramAndReportAFailedWebLink) {
     QApplication::setActiveWindow(&about);
     for (widgets::ClickLabel *link : {notice.lHttp, notice.lEmail, about.lHttp, about.lEmail1}) {
         host.shellWorks = true;
+        EXPECT_EQ(link->cursor().shape(), Qt::PointingHandCursor);
+        EXPECT_EQ(link->foregroundRole(), QPalette::Link);
+        EXPECT_EQ(link->accessibleName(), link == notice.lHttp || link == about.lHttp ? u"网站"_s : u"电子邮件"_s);
         QTest::mouseClick(link, Qt::LeftButton);
         EXPECT_TRUE(host.boxes.isEmpty());
         host.shellWorks = false;
@@ -105,4 +133,35 @@ TEST(Links, OpenOutsideTheProgramAndReportAFailedWebLink) {
     }
     QTest::keyClick(&about, Qt::Key_Q, Qt::AltModifier);
     EXPECT_FALSE(about.isVisible());
+}
+
+TEST(About, ShowsTheMakerBelowThePicture) {
+    ScriptedHost host;
+    AboutFrm about(host);
+    about.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&about));
+    const int line = about.fontMetrics().height();
+    EXPECT_EQ(about.Image3->geometry().topLeft(), QPoint());
+    EXPECT_EQ(about.Image3->width(), about.width());
+    EXPECT_GE(about.Image3->height(), 6 * line);
+    EXPECT_GE(about.Label2->x(), about.Image1->geometry().right());
+    EXPECT_GE(about.width() - about.Command1->geometry().right() - 1, line);
+    EXPECT_TRUE(about.Label2->font().bold());
+    EXPECT_EQ(about.focusWidget(), about.Command1);
+    EXPECT_GT(about.Label2->font().pointSizeF(), 1.4 * about.font().pointSizeF());
+}
+
+// The text fills the window; it can be selected and not changed.
+TEST(Help, ShowsItsSectionsToRead) {
+    frmHelp help;
+    help.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&help));
+    const QString text = help.RichTextBox1->toPlainText();
+    for (const HelpSection &section : helpSections)
+        EXPECT_TRUE(text.contains(section.title)) << section.title.toUtf8().constData();
+    EXPECT_TRUE(text.contains(helpStandards.back().number));
+    EXPECT_TRUE(help.RichTextBox1->isReadOnly());
+    EXPECT_TRUE(help.RichTextBox1->textInteractionFlags().testFlag(Qt::TextSelectableByKeyboard));
+    EXPECT_TRUE(help.isAncestorOf(help.RichTextBox1) && help.RichTextBox1->width() > help.width() * 9 / 10);
+    EXPECT_GT(help.RichTextBox1->viewport()->width(), 40 * help.fontMetrics().height());
 }

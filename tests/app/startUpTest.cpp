@@ -6,6 +6,9 @@
 #include "platform/codepage936.h"
 #include "support/scriptedHost.h"
 #include "support/windowState.h"
+#include <QDir>
+#include <QLabel>
+#include <algorithm>
 
 using namespace app;
 
@@ -93,6 +96,20 @@ TEST(ConnectionText, IsComposedAsTypedWithoutEscaping) {
     EXPECT_TRUE(composeConnectionString(source).endsWith(u"Database=typed before;"_s));
 }
 
+TEST(ConnectionText, NeedsEachValueOfItsKind) {
+    const ConnectionFields whole{
+        .dataSource = noDataSource.toString(), .driver = u"d"_s, .server = u"s"_s, .user = u"u"_s, .database = u"b"_s};
+    EXPECT_EQ(checkConnectionFields(whole), std::nullopt);
+    for (QString ConnectionFields::*field :
+         {&ConnectionFields::driver, &ConnectionFields::server, &ConnectionFields::user, &ConnectionFields::database}) {
+        ConnectionFields fields = whole;
+        (fields.*field).clear();
+        EXPECT_EQ(checkConnectionFields(fields), u"填写的信息不完整!请重新输入!"_s);
+        fields.dataSource = u"lib"_s;
+        EXPECT_EQ(checkConnectionFields(fields).has_value(), field == &ConnectionFields::user);
+    }
+}
+
 TEST(ConnectionText, AFaultIsReportedByItsDescription) {
     const std::tuple<QString, QString, QString> rows[] = {
         {u"[x] LOGIN FAILED for user"_s, u"操作提示"_s, u"无效的参数，请再试一次！"_s},
@@ -108,6 +125,7 @@ TEST(ConnectionText, AFaultIsReportedByItsDescription) {
 TEST(ConnectionText, TheFirstRunListsTheDataSources) {
     EXPECT_EQ(dataSourceHint({}), u"没有现成的数据源，请见使用手册（F1）"_s);
     EXPECT_TRUE(dataSourceHint({u"a"_s}).startsWith(u"本机已有数据源：a。选一个"));
+    EXPECT_TRUE(dataSourceHint(u"a b c"_s.split(u' ')).startsWith(u"本机已有数据源：a、b、c。"));
     EXPECT_TRUE(dataSourceHint(u"a b c d"_s.split(u' ')).startsWith(u"本机已有数据源：a、b、c 等 4 个。"));
 }
 
@@ -139,20 +157,53 @@ TEST_F(ConnectionDialogTest, RefusesIncompleteInputReportsAFailedTestAndCancels)
     EXPECT_EQ(dialog.cboDSNList->count(), 3) << "a blank name is omitted";
     EXPECT_TRUE(dialog.dataSourceWords->text().startsWith(u"本机已有数据源：lib、other。"));
     dialog.show();
+    for (const QWidget *field : std::initializer_list<QWidget *>{dialog.cboDSNList, dialog.cboDrivers, dialog.txtServer,
+                                                                 dialog.txtUID, dialog.txtPWD, dialog.txtDatabase}) {
+        const auto labels = dialog.fraStep3->findChildren<QLabel *>();
+        const auto label = std::ranges::find(labels, field, &QLabel::buddy);
+        ASSERT_TRUE(label != labels.end()) << field->objectName().toStdString();
+        EXPECT_TRUE((*label)->isVisible() && (*label)->geometry().right() < field->x());
+    }
+    EXPECT_EQ(dialog.cboDSNList->currentText() + dialog.cboDrivers->currentText(), u"(None)SQL Server"_s);
+    EXPECT_TRUE(dialog.cmdOK->property("primary").toBool());
     dialog.cmdOK->click();
+    EXPECT_EQ(dialog.focusWidget(), dialog.txtUID);
     choose(2);
     dialog.cmdCeshi->click();
     EXPECT_EQ(host.texts(), (QStringList{u"填写的信息不完整!请重新输入!"_s, u"用户名不能为空!请重新输入!"_s}));
     EXPECT_TRUE(opened.isEmpty());
     dialog.txtUID->setText(u"u"_s);
     fault = u"away"_s;
+    QString title;
+    host.onYield = [&] { title = dialog.fraStep3->title(); };
     host.onShow = [this] { EXPECT_NE(dialog.cursor().shape(), Qt::WaitCursor); };
     dialog.cmdCeshi->click();
     EXPECT_EQ(host.lastBox().text, u"away\r\n请重试！！"_s);
     EXPECT_EQ(dialog.fraStep3->title(), u"连接值"_s);
+    EXPECT_EQ(title, u"正在尝试连接数据库,请稍候......."_s) << "painted while the connection is tried";
     dialog.cmdCancel->click();
     EXPECT_FALSE(dialog.isVisible());
     EXPECT_FALSE(stored());
+}
+
+// A file that is no plain one is in the place of the settings.
+TEST_F(ConnectionDialogTest, ReportsThatNothingIsStored) {
+    const QFileInfo settings(QDir(host.folder).filePath(platform::settingsApplication + u".ini"));
+    ASSERT_TRUE(QDir().mkpath(settings.filePath()));
+    dialog.show();
+    choose(1);
+    dialog.txtUID->setText(u"u"_s);
+    dialog.cmdOK->click();
+    EXPECT_EQ(host.lastBox().text, settings.filePath() + u" 是文件夹，不是文件");
+    EXPECT_EQ(host.lastBox().title, u"管理系统操作提示"_s);
+    EXPECT_TRUE(dialog.isVisible());
+}
+
+TEST(ConnectionDialog, WrapsLongNamesAsPlainText) {
+    ScriptedHost host;
+    const frmODBC dialog(host, {.dataSources = [] { return QStringList(3, u"<b>library</b> "_s.repeated(9)); }});
+    EXPECT_LT(dialog.sizeHint().width(), dialog.fontMetrics().horizontalAdvance(dialog.dataSourceWords->text()) / 2);
+    EXPECT_EQ(dialog.dataSourceWords->textFormat(), Qt::PlainText);
 }
 
 // A chosen data source needs neither driver, server nor database.

@@ -57,7 +57,6 @@ void paintShelf(QPainter &painter, const QRectF &area) {
 Backdrop::Backdrop(const QString &objectName, QWidget *parent)
     : QWidget(parent) {
     setObjectName(objectName);
-    setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
 void Backdrop::paintEvent(QPaintEvent *) {

@@ -51,7 +51,6 @@ QWidget *CatalogueWindows::frame() const {
 template <class List>
 List *CatalogueWindows::adopted(List *list) {
     QMdiSubWindow *place = m_area->addSubWindow(list);
-    place->setAttribute(Qt::WA_DeleteOnClose);
     place->setFocusPolicy(Qt::ClickFocus); // Tab goes to the controls of the list
     // The sub-window is deleted however the list is closed, but only after the current close event.
     QObject::connect(list, &widgets::Window::unloaded, place, [this, place, list] {

@@ -29,7 +29,6 @@ frmHelp::frmHelp(QWidget *parent)
     : Window(u"frmHelp"_s, makerName + u" 关于CNQuelt"_s, parent)
     , RichTextBox1(widgets::named(new QTextEdit, u"RichTextBox1"_s, windowTitle())) {
     widgets::keepOneSize(this);
-    RichTextBox1->setReadOnly(true);
     RichTextBox1->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     RichTextBox1->setCursorWidth(0); // the cursor is only for selecting by keyboard
     RichTextBox1->document()->setDocumentMargin(fontMetrics().height());

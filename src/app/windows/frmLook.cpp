@@ -40,8 +40,7 @@ QLabel *makerMark(const QString &objectName) {
     return label;
 }
 
-// Returns the palette for light text on the dark picture, independent of the desktop's colours. The button keeps its
-// own.
+// Returns the palette for light text on the dark picture, independent of the desktop's colours.
 QPalette onPicture(QPalette palette) {
     palette.setColor(QPalette::WindowText, lightWords);
     palette.setColor(QPalette::Link, QColor(0xa9, 0xd4, 0xff));
@@ -92,14 +91,11 @@ void frmLook::layOut() {
     strip->layout()->setSpacing(fontMetrics().height());
     for (QLabel *label : {lMain, Label1})
         label->setPalette(onPicture(palette()));
-    cmOK->setPalette(palette());
     QBoxLayout *whole =
         column({stretch(2), imgMain, lMain, row({stretch(), Image1, Label1, stretch()}), stretch(5), strip});
     whole->setContentsMargins(0, 0, 0, 0);
     whole->setSpacing(fontMetrics().height());
     setLayout(whole);
-    Picture1->lower();
-    Picture1->resize(screen()->size());
     cmOK->setFocus();
     setWindowState(Qt::WindowMaximized);
 }

@@ -88,8 +88,6 @@ void frmODBC::GetDSNsAndDrivers() {
     cboDSNList->addItems(names);
     dataSourceWords->setText(dataSourceHint(names));
     cboDrivers->addItems({u"SQL Server"_s, u"Microsoft Access Driver (*.mdb)"_s});
-    cboDSNList->setCurrentIndex(0);
-    cboDrivers->setCurrentIndex(0);
 }
 
 void frmODBC::dataSourceClicked() {

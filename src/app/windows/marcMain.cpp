@@ -126,7 +126,6 @@ void marcMain::buildStartPage() {
     setAcceptDrops(true);
     connect(mdiArea, &QMdiArea::subWindowActivated, this, &marcMain::placeStartPage);
     mdiArea->viewport()->installEventFilter(this);
-    startPage->installEventFilter(this);
     startPage->widget()->installEventFilter(this);
     auto *menuKey = new QShortcut(Qt::Key_F10, this);
     connect(menuKey, &QShortcut::activated, this, [this] {

@@ -91,9 +91,7 @@ void StartPage::refresh() {
         m_recentFiles->addWidget(file);
         recent.append(file);
     }
-    recentTitle->setVisible(!recent.isEmpty());
     m_fittedTo = {};
-    adjustSize();
 }
 
 QSize StartPage::sizeIn(const QSize &room) const {

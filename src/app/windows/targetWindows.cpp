@@ -54,15 +54,17 @@ TargetWindows::TargetWindows(platform::Host &host, const database::SessionState 
     , m_open(std::move(open)) {}
 
 void TargetWindows::search(QWidget *owner, const targets::Query &query, const targets::CurrentRecord &current) {
-    targets::frmSearch window(
-        m_host,
-        {.proof = proof(),
-         .card = cardOf,
-         .searchHoldings = [this](const std::vector<marc::FieldedRecord> &records) { return searchHoldings(records); },
-         .open = m_open},
-        current, owner);
+    targets::frmSearch window(m_host, surroundings(), current, owner);
     window.ask(query);
     window.exec();
+}
+
+targets::Surroundings TargetWindows::surroundings() const {
+    return {
+        .proof = proof(),
+        .card = cardOf,
+        .searchHoldings = [this](const std::vector<marc::FieldedRecord> &records) { return searchHoldings(records); },
+        .open = m_open};
 }
 
 targets::FoundRecords::Proof TargetWindows::proof() const {

@@ -16,6 +16,9 @@ public:
     // Returns when the window is closed.
     void search(QWidget *owner, const targets::Query &query = {}, const targets::CurrentRecord &current = {});
 
+    // What the window asks about the records that it shows. Valid as long as this object.
+    targets::Surroundings surroundings() const;
+
 private:
     targets::HoldingSearch searchHoldings(const std::vector<marc::FieldedRecord> &records) const;
     targets::FoundRecords::Proof proof() const;

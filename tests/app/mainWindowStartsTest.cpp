@@ -1,0 +1,61 @@
+// Starts of the main window as a database server counts them.
+#include "database/connection.h"
+#include "database/linkPool.h"
+#include "recordedWindows.h"
+#include <QProcess>
+#include <arpa/inet.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+using namespace app;
+
+namespace {
+
+// Connects to the strict server and disconnects at once, like a probe for a running server.
+void knock() {
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_port = htons(3306);
+    ::inet_pton(AF_INET, "10.99.0.1", &address.sin_addr);
+    const int socket = ::socket(AF_INET, SOCK_STREAM, 0);
+    EXPECT_EQ(::connect(socket, reinterpret_cast<const sockaddr *>(&address), sizeof(address)), 0);
+    ::close(socket);
+}
+
+} // namespace
+
+// The test runs itself in a separate network namespace with a server that blocks a host after three failed connections.
+TEST(MainWindowStarts, CountAsNoFailedConnection) {
+    const QString text = qEnvironmentVariable("STRICT_SERVER");
+    if (text.isEmpty()) {
+        constexpr int notPermitted = 77;
+        const int status = QProcess::execute(
+            QStringLiteral(STRICT_SERVER_SCRIPT),
+            {QCoreApplication::applicationFilePath(), u"--gtest_filter=MainWindowStarts.CountAsNoFailedConnection"_s});
+        if (status == notPermitted)
+            GTEST_SKIP() << "creating a network namespace requires root";
+        ASSERT_EQ(status, 0);
+        return;
+    }
+    const auto login = [&text] {
+        database::LinkPool links;
+        const auto opened = database::Connection::open(links, text);
+        return opened ? QString() : opened.failure().description;
+    };
+    const ScriptedHost host;
+    RecordedWindows windows(host);
+    windows.text = text;
+    for (int i = 0; i < 10; ++i) {
+        ScriptedHost own;
+        const marcMain frame(own, windows);
+        EXPECT_TRUE(frame.databaseName->text().startsWith(u"数据库：library（10.99.0.1）"));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !frame.databaseName->text().endsWith(u'…'); }));
+    }
+    EXPECT_EQ(login(), QString());
+    // The server does block: failed connections count until a login succeeds.
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        for (int i = 0; i < 10; ++i)
+            knock();
+        return login().contains(u"blocked");
+    }));
+}
