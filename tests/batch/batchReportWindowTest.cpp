@@ -7,6 +7,7 @@
 #include "widgets/styleTokens.h"
 #include <QChart>
 #include <QChartView>
+#include <QHeaderView>
 #include <QLabel>
 #include <QListWidget>
 #include <QProcess>
@@ -67,6 +68,10 @@ TEST_F(ReportWindowTest, ShowsNumbersRulesAndADrawThatCanBeRepeated) {
     EXPECT_EQ(headings, u"级别 规则 字段 处 条 记录号 记录 题名 发现 ");
     EXPECT_EQ(window->pages->tabText(0) + window->pages->tabText(1) + window->pages->tabText(2),
               u"&Z 总览&G 按规则&C 抽查");
+    EXPECT_TRUE(window->facts->toolTip().contains(folder.path(u"供货.iso"_s)));
+    for (const widgets::FlexGrid *grid : {window->rulesGrid, window->drawGrid})
+        EXPECT_TRUE(grid->horizontalHeader()->stretchLastSection());
+    EXPECT_GT(window->drawGrid->columnWidth(1), window->fontMetrics().horizontalAdvance(u"书"_s.repeated(13)));
     EXPECT_TRUE(window->facts->wordWrap() && window->notes->isVisible());
     EXPECT_TRUE(window->seedBox->minimum() == 1 && window->seedBox->maximum() == 999999);
     EXPECT_GE(window->example->minimumHeight(), 2 * window->fontMetrics().lineSpacing());

@@ -59,6 +59,19 @@ TEST_F(RemarkTableTest, ShowsTheTextOfTheRowThatAStepReaches) {
     EXPECT_EQ(table.step(1).number, 2) << "the row that was activated is visited";
 }
 
+TEST_F(RemarkTableTest, ShowsTheFirstRemarkDuringARun) {
+    table.begin(RemarkList());
+    table.take({Remark(4, Kind::Issn, u"011", 1, u"丁"_s), Remark(6, Kind::Issn, u"011", 1, u"己"_s)});
+    table.words->setText(u"正在校对"_s);
+    EXPECT_TRUE(table.remarkText->toPlainText().startsWith(u"丁"));
+    EXPECT_EQ(table.filterBar->ruleBox->count(), 2);
+    table.grid->clickRow(2);
+    table.take({Remark(1, Kind::Issn, u"011", 1, u"戊"_s)});
+    table.settle();
+    EXPECT_EQ(table.grid->row(), 3) << "the row that the user chose";
+    EXPECT_TRUE(table.remarkText->toPlainText().startsWith(u"己"));
+}
+
 TEST_F(RemarkTableTest, TheRightButtonOpensTheMenuOfTheRowBelowIt) {
     const QRect row = table.grid->visualRect(table.grid->model()->index(1, RemarkList::RuleColumn));
     QCursor::setPos(table.grid->viewport()->mapToGlobal(row.center()));

@@ -123,7 +123,6 @@ QChart *newRuleChart(const BatchReport &report, const ChartInk &ink, const QFont
     series->attachAxis(names);
     series->attachAxis(counts);
     chart->setBackgroundBrush(ink.background);
-    chart->setBackgroundPen(Qt::NoPen);
     chart->setBackgroundRoundness(0);
     chart->setMargins({});
     chart->layout()->setContentsMargins(0, 0, 0, 0);
