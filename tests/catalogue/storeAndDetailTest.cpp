@@ -38,6 +38,10 @@ TEST_F(SckListFrmTest, ShowsARowAndItsCopies) {
     EXPECT_EQ(detail.Grid1->text(2, 6), u"2006/03/04"_s);
     EXPECT_EQ(detail.Grid1->text(1, 6), QString());
 
+    detail.InfoLoad(99);
+    EXPECT_TRUE(detail.Grid1->rows() == 2 && detail.Grid1->text(1, 0).isEmpty());
+    detail.InfoLoad(3);
+    EXPECT_EQ(detail.Grid1->rows(), 4);
     database.run(u"drop table jhsk;"_s); // the copies of the previous title must disappear
     database.run(u"insert into zsk (zskid,bookname,bookcount) values (4,'乙',9);"_s);
     detail.InfoLoad(4);
