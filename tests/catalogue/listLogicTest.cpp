@@ -85,5 +85,6 @@ TEST(ColumnWidths, ShareWhatTheFixedColumnsLeave) {
 TEST(ListTexts, ShowTheWholePartOfTheExactPercentage) {
     EXPECT_EQ(progressText(29, 100), u"已经导出：29(29%)"_s);
     EXPECT_EQ(progressText(2, 3), u"已经导出：2(66%)"_s);
+    EXPECT_EQ(progressText(0, 0), u"已经导出：0(100%)"_s);
     EXPECT_EQ(progressText(50'000'000, 50'000'000), u"已经导出：50000000(100%)"_s);
 }
