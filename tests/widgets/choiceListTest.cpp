@@ -84,6 +84,18 @@ TEST(PacedLabel, IsReadWithItsMeaning) {
     EXPECT_EQ(label.accessibleName(), u"进度");
 }
 
+TEST(PacedLabel, ANumberTakesItsPlaceInTheText) {
+    PacedLabel label(u"labJinDu"_s);
+    label.setPacedNumber(u"已读 %1 条", 7);
+    label.setPacedNumber(u"已读 %1 条", 12);
+    EXPECT_EQ(label.pacedText(), u"已读 12 条");
+    EXPECT_EQ(static_cast<QLabel &>(label).text(), u"");
+    label.flush();
+    EXPECT_EQ(static_cast<QLabel &>(label).text(), u"已读 12 条");
+    label.setPacedText(u"读完"_s);
+    EXPECT_EQ(label.pacedText(), u"读完");
+}
+
 TEST(PacedLabel, ALongTextIsPaintedWithoutItsMiddle) {
     PacedLabel label(u"labJinDu"_s);
     const QString text = u"/资料/供货/二〇二六年/一月/三十一日/甲乙丙丁.iso"_s;

@@ -181,6 +181,9 @@ TEST(TextBox, KeepsEveryCharacter) {
     box.paste();
     QTest::keyClicks(&box, u"x"_s);
     EXPECT_EQ(box.text(), u"1\r\n2\r\n3"_s);
+    box.moveCursor(QTextCursor::Start);
+    QTest::keyClick(&box, Qt::Key_Right, Qt::ShiftModifier);
+    EXPECT_TRUE(box.textCursor().hasSelection()) << "by the keyboard too";
     box.setRoom(40, 5);
     EXPECT_GE(box.sizeHint().width(), 40 * box.fontMetrics().horizontalAdvance(u'字'));
     EXPECT_GE(box.sizeHint().height(), 5 * box.fontMetrics().lineSpacing());

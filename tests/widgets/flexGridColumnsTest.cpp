@@ -83,6 +83,18 @@ TEST_F(FlexGridWidths, TheHeadingShowsTheOrderAndCanBeAbsent) {
     EXPECT_TRUE(list.viewport()->rect().contains(list.visualRect(list.currentIndex())));
 }
 
+TEST_F(FlexGridWidths, AnEmptyCellIsReadAsItsRow) {
+    grid.setText(2, 1, {});
+    const auto role = [&](int column, int which) { return grid.model()->index(1, column).data(which); };
+    EXPECT_TRUE(role(1, Qt::AccessibleTextRole).toString().contains(u"22")) << "the other cells";
+    EXPECT_FALSE(role(2, Qt::AccessibleTextRole).isValid()) << "its own text";
+    EXPECT_FALSE(role(1, Qt::BackgroundRole).isValid());
+    EXPECT_EQ(role(1, Qt::DisplayRole).toString(), u"");
+    EXPECT_FALSE(grid.model()->headerData(1, Qt::Vertical).isValid() ||
+                 grid.model()->headerData(4, Qt::Horizontal).isValid());
+    EXPECT_EQ(grid.model()->headerData(0, Qt::Horizontal, Qt::ToolTipRole).toString(), u"号");
+}
+
 struct Letters final : platform::TableSource {
     explicit Letters(QString letters)
         : letters(std::move(letters)) {}

@@ -90,6 +90,12 @@ TEST_F(FlexGridInput, PagesAreOneRowLessThanTheViewAndTheCurrentRowIsSeen) {
     for (const int row : {99, 1, 50}) {
         grid.setRow(row);
         EXPECT_TRUE(grid.viewport()->rect().contains(at(row, 1))) << row;
+        grid.clickRow(100 - row);
+        EXPECT_TRUE(grid.viewport()->rect().contains(at(100 - row, 1))) << row;
+        for (const auto &[key, reached] : {std::pair(Qt::Key_End, 99), {Qt::Key_Home, 1}}) {
+            QTest::keyClick(&grid, key, Qt::ShiftModifier | Qt::ControlModifier);
+            EXPECT_TRUE(grid.rowSel() == reached && grid.viewport()->rect().contains(at(reached, 1))) << reached;
+        }
     }
 }
 

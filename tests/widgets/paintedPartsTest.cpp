@@ -11,6 +11,7 @@
 #include <QHeaderView>
 #include <QMenu>
 #include <QPushButton>
+#include <QScreen>
 #include <QStandardItemModel>
 #include <QStyleOption>
 #include <QTableView>
@@ -142,17 +143,57 @@ TEST(PaintedParts, ALabelToClickHasTheInkOfLabels) {
     EXPECT_TRUE(placeOf(red, picture).isEmpty() && !placeOf(Qt::blue, picture).isEmpty());
 }
 
-TEST(PaintedParts, TheCrossOfAnErrorIsSymmetric) {
-    QImage picture(64, 64, QImage::Format_ARGB32);
-    picture.fill(Qt::white);
-    QPainter painter(&picture);
+// A cross on an error, an exclamation mark on a warning.
+TEST(PaintedParts, MarksHaveTheirSigns) {
     const QPalette palette = schemePalette(Scheme::Light);
-    paintMark(&painter, picture.rect(), Mark::Error, palette);
-    painter.end();
-    const QColor ground = colour(Colour::ErrorInk, palette);
-    for (const QPoint &place : {QPoint(24, 24), QPoint(40, 24), QPoint(24, 40), QPoint(40, 40)})
-        EXPECT_NE(picture.pixelColor(place), ground) << place.x() << place.y();
-    EXPECT_EQ(picture.pixelColor(32, 12), ground);
+    const std::tuple<Mark, Colour, QList<QPoint>, QPoint> marks[] = {
+        {Mark::Error, Colour::ErrorInk, {{24, 24}, {40, 24}, {24, 40}, {40, 40}}, {32, 12}},
+        {Mark::Warning, Colour::WarningInk, {{32, 26}, {32, 36}, {32, 50}}, {20, 50}}};
+    for (const auto &[mark, ink, sign, ground] : marks) {
+        QImage picture(64, 64, QImage::Format_ARGB32);
+        picture.fill(Qt::white);
+        QPainter painter(&picture);
+        paintMark(&painter, picture.rect(), mark, palette);
+        painter.end();
+        for (const QPoint &place : sign)
+            EXPECT_EQ(picture.pixelColor(place), colour(Colour::Base, palette)) << place.x() << ' ' << place.y();
+        EXPECT_EQ(picture.pixelColor(ground), colour(ink, palette));
+    }
+}
+
+TEST(PaintedParts, ACellIsPaintedInItsFont) {
+    struct Large final : FlexGridDelegate {
+        QFont cellFont(const QFont &plain, const QModelIndex &index) const override {
+            QFont font = plain;
+            font.setPixelSize(index.row() == 0 ? 10 : 20);
+            return font;
+        }
+    };
+    QStandardItemModel model(2, 1);
+    QList<int> heights;
+    for (int row = 0; row < 2; ++row) {
+        model.setData(model.index(row, 0), QString(u'█'));
+        model.setData(model.index(row, 0), QBrush(Qt::white), Qt::BackgroundRole);
+        QStyleOptionViewItem option;
+        option.rect = QRect(0, 0, 60, 40);
+        option.palette = schemePalette(Scheme::Light);
+        QImage picture(60, 40, QImage::Format_ARGB32);
+        picture.fill(Qt::white);
+        QPainter painter(&picture);
+        Large().paint(&painter, option, model.index(row, 0));
+        painter.end();
+        heights.append(placeOf(legibleOn(Qt::white), picture).height());
+    }
+    EXPECT_TRUE(heights[0] > 0 && heights[1] > heights[0] * 3 / 2) << heights[0] << ' ' << heights[1];
+}
+
+TEST(PaintedParts, AGivenWidthLeavesRoomOnASmallScreen) {
+    QPushButton button;
+    for (const int wanted : {100, 100'000}) {
+        giveWidth(&button, wanted);
+        EXPECT_LE(button.minimumWidth(), button.screen()->availableSize().width() * 3 / 5);
+        EXPECT_GE(button.minimumWidth(), 100);
+    }
 }
 
 TEST(PaintedParts, AScreenReaderGetsTheNameOfAChoiceAndOfItsEntries) {

@@ -5,6 +5,19 @@
 
 using namespace widgets;
 
+TEST(ReportFace, WrapsLinesAndLeavesOutWhatDrawsNothing) {
+    const QPrinter printer(QPrinter::HighResolution);
+    const ReportFace face(reportFont(10, QFont::Bold), &printer);
+    EXPECT_TRUE(reportFont(10).pointSizeF() == 10 && reportFont(10, QFont::Bold).weight() == QFont::Bold);
+    EXPECT_EQ(face.wrapped(u"甲\r\n乙\x1F"
+                           u"丙\n丁"_s,
+                           10000),
+              (QStringList{u"甲"_s, u"乙 丙"_s, u"丁"_s}));
+    EXPECT_EQ(face.wrapped(u"x"_s.repeated(2000), 1e6), QStringList{u"x"_s.repeated(2000)});
+    EXPECT_EQ(face.wrapped(u"x"_s.repeated(2001), 1e6), QStringList{u"x"_s.repeated(2000) + u'…'});
+    EXPECT_GT(face.wrapped(u"书"_s.repeated(100), 2000).size(), 2);
+}
+
 TEST(ReportFace, WhatIsQuicklySeenToFitDoesFit) {
     const QPrinter printer(QPrinter::HighResolution);
     ReportFace face(reportFont(10), &printer);

@@ -1,13 +1,19 @@
 // The window of a report's preview: of all its pages, or of one page at a time.
 #include "support/qtPrinters.h"
 #include "widgets/bandedReport.h"
+#include "widgets/lineIcon.h"
 #include "widgets/longPreview.h"
 #include <QAction>
+#include <QComboBox>
+#include <QGraphicsView>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPrintPreviewDialog>
+#include <QPrintPreviewWidget>
 #include <QPrinter>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QSpinBox>
 #include <QTest>
 #include <QToolBar>
@@ -62,6 +68,25 @@ TEST_F(ReportPreviewTest, TheToolsOfALongReportAreInGroups) {
                                                                                                  : u"·"_s);
     EXPECT_EQ(tools.join(u' '),
               u"适应宽度 适应页面 缩小 放大 | 纵向 横向 | 第一页 上一页 · · 下一页 最后一页 | 页面设置 打印"_s);
+}
+
+TEST_F(ReportPreviewTest, TheToolsOfAShortReportAreNamedAndFitTheScreen) {
+    const auto shown = preview(10);
+    QSet<QString> names;
+    for (const auto *control : shown->findChildren<QWidget *>())
+        if (qobject_cast<const QLineEdit *>(control) || qobject_cast<const QComboBox *>(control) ||
+            qobject_cast<const QPrintPreviewWidget *>(control) || qobject_cast<const QGraphicsView *>(control))
+            names.insert(control->accessibleName());
+    EXPECT_EQ(names, (QSet<QString>{u"显示比例"_s, u"页码"_s, u"打印预览"_s}));
+    QStringList icons;
+    for (const QToolBar *bar : shown->findChildren<QToolBar *>()) {
+        EXPECT_LE(bar->sizeHint().width(), shown->screen()->availableSize().width());
+        for (const QAction *tool : bar->actions())
+            for (const QStringView icon : {u"zoom-fit-width", u"go-first", u"printer"})
+                if (tool->icon().pixmap(16).toImage() == lineIcon(icon.toString()).pixmap(16).toImage())
+                    icons.append(icon.toString());
+    }
+    EXPECT_EQ(icons.join(u' '), u"zoom-fit-width go-first printer");
 }
 
 TEST_F(ReportPreviewTest, ALongReportCountsItsPagesAndTurnsThem) {

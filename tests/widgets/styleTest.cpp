@@ -41,8 +41,10 @@ TEST(Scheme, WhatIsDisabledLooksDifferent) {
     for (const Scheme scheme : {Scheme::Light, Scheme::Dark}) {
         const QPalette palette = schemePalette(scheme);
         EXPECT_EQ(schemeOf(palette), scheme);
-        for (const QPalette::ColorRole role : {QPalette::Text, QPalette::ButtonText, QPalette::WindowText})
-            EXPECT_NE(palette.color(QPalette::Disabled, role), palette.color(QPalette::Active, role)) << role;
+        for (const QPalette::ColorRole role : {QPalette::Text, QPalette::ButtonText, QPalette::WindowText}) {
+            EXPECT_EQ(palette.color(QPalette::Disabled, role), colour(Colour::FaintInk, palette)) << role;
+            EXPECT_EQ(palette.color(QPalette::Inactive, role), palette.color(QPalette::Active, role)) << role;
+        }
     }
 }
 

@@ -121,6 +121,7 @@ TEST(Window, ContentsThatAreLargerThanTheScreenScroll) {
     EXPECT_TRUE(window.screen()->geometry().contains(window.frameGeometry()));
     EXPECT_TRUE(last->hasFocus());
     const auto *area = window.findChild<QScrollArea *>();
+    EXPECT_EQ(area->focusPolicy(), Qt::NoFocus);
     EXPECT_TRUE(QTest::qWaitFor([&] { return area->widget()->width() == area->viewport()->width(); }));
     for (QLineEdit *box : {first, last}) {
         box->setFocus();
