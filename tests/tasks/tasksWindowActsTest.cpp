@@ -87,6 +87,19 @@ TEST_F(TasksWindowActs, AFaultIsShownBelowItsBoxOnly) {
     frmTasks &form = openWith(price);
     form.show();
     EXPECT_TRUE(faultAt(Parameter::Tag)->isHidden() && faultAt(Parameter::Code)->isHidden());
+    EXPECT_EQ(qobject_cast<QLineEdit *>(form.stepsPage->form->box(false, Parameter::Tag))->text(), u"010");
+    QListWidget &steps = *form.stepsPage->stepList;
+    EXPECT_EQ(steps.item(0)->checkState(), Qt::Checked);
+    steps.item(0)->setCheckState(Qt::Unchecked);
+    EXPECT_FALSE(form.stepsPage->task().steps[0].on);
+    form.previewButton->click();
+    EXPECT_EQ(host.lastBox().text, u"这个任务没有启用的步骤");
+    steps.item(0)->setCheckState(Qt::Checked);
+    form.stepsPage->copyButton->click();
+    edit(false, Parameter::Tag, u"2"_s);
+    steps.setCurrentRow(0);
+    form.previewButton->click();
+    EXPECT_TRUE(steps.currentRow() == 1 && host.lastBox().text.startsWith(u"第2步："));
     edit(false, Parameter::Tag, u"20"_s);
     EXPECT_TRUE(faultAt(Parameter::Tag)->isVisible() && faultAt(Parameter::Code)->isHidden());
     EXPECT_EQ(faultAt(Parameter::Tag)->text(), u"✕ " + form.stepsPage->form->faultText());
@@ -136,6 +149,7 @@ TEST_F(TasksWindowActs, EachKindOfChangeHasItsRows) {
     form.previewPage->recordButton->click();
     form.runButton->click();
     ASSERT_TRUE(done());
+    EXPECT_TRUE(form.reportText->isReadOnly());
     EXPECT_TRUE(form.reportText->text().contains(u"改了 1 条记录，1 条没有改成"));
     EXPECT_TRUE(form.reportText->text().endsWith(u"没有改成的，都保持原样：\r\n　第3条　题2　还有没收下的手工修改"));
 }
