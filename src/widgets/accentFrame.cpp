@@ -8,7 +8,6 @@ AccentFrame::AccentFrame(QWidget *framed)
     : QWidget(framed->parentWidget())
     , m_framed(framed) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
-    setFocusPolicy(Qt::NoFocus);
     framed->installEventFilter(this);
     connect(framed, &QObject::destroyed, this, &QObject::deleteLater);
     hide();

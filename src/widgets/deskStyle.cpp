@@ -94,12 +94,6 @@ void DeskStyle::polish(QPalette &palette) {
     palette = schemePalette(m_scheme.value_or(schemeOf(palette)));
 }
 
-void DeskStyle::polish(QWidget *widget) {
-    QProxyStyle::polish(widget);
-    if (qobject_cast<QAbstractButton *>(widget) || qobject_cast<QComboBox *>(widget))
-        widget->setAttribute(Qt::WA_Hover);
-}
-
 int DeskStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const {
     const QFontMetrics metrics = option ? option->fontMetrics : widget ? widget->fontMetrics() : QFontMetrics(QFont());
     if (metric >= PM_LayoutLeftMargin && metric <= PM_LayoutBottomMargin && qobject_cast<const QMessageBox *>(widget))

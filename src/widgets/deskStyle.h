@@ -22,7 +22,6 @@ public:
 
     using QProxyStyle::polish;
     void polish(QPalette &palette) override;
-    void polish(QWidget *widget) override;
 
     int pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const override;
     int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,

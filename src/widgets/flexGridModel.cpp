@@ -191,7 +191,6 @@ void FlexGridModel::clear() {
     m_rows.clear();
     m_rows.resize(size_t(m_announced));
     m_source.reset();
-    m_overrides.clear();
     if (m_announced > 0)
         Q_EMIT dataChanged(index(0, 0), index(m_announced - 1, columnCount() - 1));
 }

@@ -85,7 +85,6 @@ qsizetype ReportSheet::linesOf(int row) {
 
 ReportSheet::Cells ReportSheet::cells(int row) const {
     Cells result;
-    result.reserve(m_columns.size());
     for (size_t at = 0; at < m_columns.size(); ++at)
         result.push_back(m_body.wrapped(m_report.rows->text(row, m_report.columns[at].source), m_columns[at].width));
     return result;

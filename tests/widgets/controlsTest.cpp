@@ -85,7 +85,7 @@ TEST(Keys, EnterActsAsTabInItsControlOnly) {
 TEST(AccentFrame, FollowsItsWidgetInsideTheParent) {
     QWidget window;
     window.resize(200, 100);
-    auto *framed = new QWidget(&window);
+    auto *framed = new QLineEdit(&window);
     QWidget beside(&window);
     framed->hide();
     const QPointer<AccentFrame> frame = new AccentFrame(framed);
@@ -103,6 +103,8 @@ TEST(AccentFrame, FollowsItsWidgetInsideTheParent) {
         EXPECT_TRUE(frame->mask().contains(QPoint(0, 0)));
         EXPECT_EQ(frame->grab().toImage().pixelColor(0, 0), colour(Colour::Accent, frame->palette()));
     }
+    QTest::keyClicks(framed, u"x"_s);
+    EXPECT_EQ(framed->text(), u"x") << "the frame takes no events";
     beside.raise();
     framed->raise();
     EXPECT_EQ(window.children().last(), frame.data());
@@ -157,6 +159,7 @@ TEST(TextBox, KeepsEveryCharacter) {
                      surrogates, long2 + u"\r\n" + long2 + u"\r\n", long1.repeated(3) + u"\x1F"}) {
         box.setText(text);
         EXPECT_EQ(box.text(), text) << text.size();
+        EXPECT_EQ(box.blockCount() == 1, text.size() <= 4096 && !text.contains(u'\n')) << text.size();
         box.selectAll();
         box.copy();
         EXPECT_EQ(QGuiApplication::clipboard()->text(), QString(text).replace(u"\r\n"_s, u"\n"_s)) << text.size();

@@ -90,6 +90,8 @@ TEST_F(FlexGridWidths, AnEmptyCellIsReadAsItsRow) {
     EXPECT_FALSE(role(2, Qt::AccessibleTextRole).isValid()) << "its own text";
     EXPECT_FALSE(role(1, Qt::BackgroundRole).isValid());
     EXPECT_EQ(role(1, Qt::DisplayRole).toString(), u"");
+    grid.setText(2, 1, u"a\nb\rc\u2028d"_s);
+    EXPECT_EQ(role(1, Qt::DisplayRole).toString(), u"a b c d");
     EXPECT_FALSE(grid.model()->headerData(1, Qt::Vertical).isValid() ||
                  grid.model()->headerData(4, Qt::Horizontal).isValid());
     EXPECT_EQ(grid.model()->headerData(0, Qt::Horizontal, Qt::ToolTipRole).toString(), u"号");
@@ -108,8 +110,10 @@ struct Letters final : platform::TableSource {
 TEST_F(FlexGridWidths, ANewSourceIsShownAsAWhole) {
     grid.bind(std::make_shared<Letters>(u"abc"_s));
     grid.setText(2, 1, u"改"_s);
+    grid.setRowSel(3);
     grid.showOnly(std::vector<int>{1});
     EXPECT_EQ(grid.model()->rowCount(), 2) << "and the current row";
+    EXPECT_EQ(place(), u"1-1/0") << "the end of the selection is not shown";
     grid.bind(std::make_shared<Letters>(u"xyz"_s));
     EXPECT_EQ(grid.text(2, 1), u"y");
     EXPECT_EQ(grid.model()->rowCount(), 3);

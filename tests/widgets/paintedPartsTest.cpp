@@ -10,6 +10,7 @@
 #include <QComboBox>
 #include <QHeaderView>
 #include <QMenu>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
 #include <QStandardItemModel>
@@ -185,6 +186,17 @@ TEST(PaintedParts, ACellIsPaintedInItsFont) {
         heights.append(placeOf(legibleOn(Qt::white), picture).height());
     }
     EXPECT_TRUE(heights[0] > 0 && heights[1] > heights[0] * 3 / 2) << heights[0] << ' ' << heights[1];
+}
+
+TEST(PaintedParts, AMessageBoxHasWideMargins) {
+    const DeskStyle style;
+    const QMessageBox box;
+    const QWidget window;
+    for (const auto side : {QStyle::PM_LayoutLeftMargin, QStyle::PM_LayoutTopMargin, QStyle::PM_LayoutRightMargin,
+                            QStyle::PM_LayoutBottomMargin})
+        EXPECT_GT(style.pixelMetric(side, nullptr, &box), style.pixelMetric(side, nullptr, &window)) << side;
+    EXPECT_EQ(style.pixelMetric(QStyle::PM_LayoutHorizontalSpacing, nullptr, &box),
+              style.pixelMetric(QStyle::PM_LayoutHorizontalSpacing, nullptr, &window));
 }
 
 TEST(PaintedParts, AGivenWidthLeavesRoomOnASmallScreen) {
