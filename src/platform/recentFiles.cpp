@@ -8,9 +8,10 @@ namespace platform {
 namespace {
 constexpr qsizetype mostFiles = 10;
 
-// Returns the last `count` folders of a path with "/" between them.
+// Returns the last `count` folders of a path, or all if there are fewer, with "/" between them.
 QString lastFolders(const QString &path, qsizetype count) {
-    return QFileInfo(path).path().split(u'/').last(std::min(count, QFileInfo(path).path().count(u'/') + 1)).join(u'/');
+    const QStringList folders = QFileInfo(path).path().split(u'/');
+    return folders.mid(folders.size() - count).join(u'/');
 }
 
 // Returns how many of its last folders tell a file apart from the others with its name; 0 if no other has it.
