@@ -44,6 +44,20 @@ const QList<Case> cases = {
     // Malformed by a quote in a value, or only similar to the program's: nothing is lost or rewritten by mistake.
     {u"select 1 where a='it's' And b Convert( varchar(10), 'open"_s, {}, {}, {}},
     {u"select top from t"_s, {}, {}, {}},
+    {u"select a.[x]]y] from zsk a where a.b Like 'c'''"_s, u"select a.\"x]y\" from zsk a where a.b Like 'c'''"_s,
+     u"select a.\"x]y\" from zsk a where a.b ILike 'c''' Escape ''"_s,
+     u"select a.`x]y` from zsk a where convert(a.b using utf8mb4) collate utf8mb4_general_ci Like 'c''' Escape '\x1f'"_s},
+    {u"/* insert */ insert -- into\n t (a) values ('like')"_s,
+     u"/* insert */ insert into -- into\n t (a) values ('like')"_s,
+     {},
+     {}},
+    {u"select top 7(a) from zsk"_s, u"select (a) from zsk limit 7"_s, {}, {}},
+    {u"insert into t (a) values (\"like\")"_s, {}, {}, {}},
+    {u"select convert(varchar(10),f(a,(b)),111) from zsk"_s,
+     u"select replace(substr(f(a,(b)),1,10),'-','/') from zsk"_s,
+     u"select cast(to_char(cast(f(a,(b)) as timestamp),'YYYY/MM/DD') as varchar(10)) from zsk"_s,
+     u"select cast(date_format(f(a,(b)),'%Y/%m/%d') as char(10)) from zsk"_s},
+    {u"select convert(varchar(10)) from t where convert(varchar,a) = convert varchar(1)"_s, {}, {}, {}},
     {u"select convert(date,a),convert(varchar(10),b,120),converted[ from t"_s, {}, {}, {}},
 };
 
@@ -95,6 +109,15 @@ TEST(ConnectionText, IsAdaptedToItsDriver) {
     EXPECT_EQ(database::connectionValue(u"Driver={a;b};PWD=x=y; uid = u", u"pwd"), u"x=y"_s);
     EXPECT_EQ(database::connectionValue(u"Driver={a;b};PWD=x=y; uid = u", u"UID"), u"u"_s);
     EXPECT_EQ(database::connectionValue(u"Driver={a;b};PWD=x=y; uid = u", u"driver"), u"a;b"_s);
+    const std::tuple<QString, QString, bool> rows[] = {
+        {u";UID=u"_s, u"u"_s, true},           {u"A=;UID=u"_s, u"u"_s, true},     {u"=x;UID=u"_s, u"u"_s, true},
+        {u"A;UID= {u;v} ;"_s, u"u;v"_s, true}, {u"A={x};UID={"_s, u"{"_s, false}, {u"A= {x;UID=u"_s, u""_s, false},
+        {u"A=b{;UID={}"_s, u""_s, true},       {u"UID=u"_s, u"u"_s, true},        {u"A=;B={c"_s, u""_s, false},
+    };
+    for (const auto &[text, user, closed] : rows) {
+        EXPECT_EQ(database::connectionValue(text, u"uid"), user) << text.toStdString();
+        EXPECT_EQ(database::bracesAreClosed(text), closed) << text.toStdString();
+    }
 }
 
 TEST(ResultTable, ReturnsEveryCellAcrossItsBlocks) {
@@ -112,7 +135,8 @@ TEST(ResultTable, ReturnsEveryCellAcrossItsBlocks) {
     for (int i = 0; i < 3 * 2000; ++i)
         ASSERT_TRUE(table.text(i / 3, i % 3) == cell(i) && table.isNull(i / 3, i % 3) == cell(i).isNull()) << i;
     EXPECT_EQ(table.column(u"isbn"), 1);
-    EXPECT_EQ(table.column(u"edtion"), std::nullopt);
+    for (const QStringView none : {u"edtion", u"marcs", u"marx"})
+        EXPECT_EQ(table.column(none), std::nullopt);
 }
 
 TEST(Servers, AreRecognisedByTheNamesOfDriverAndServer) {
@@ -139,5 +163,8 @@ TEST(Whereabouts, AreWhatAPersonKnows) {
     EXPECT_EQ(told(u"Driver={PostgreSQL Unicode};Server=lib;Port=1;Database=d;"_s), u"d|lib|"_s);
     EXPECT_EQ(told(u"Driver=SQL Server;Server=主机,14330;Database=d;"_s), u"d|主机,14330|"_s);
     EXPECT_EQ(told(u"Driver=SQL Server;Server=(local)\\lib;Database=d"_s), u"d|(local)\\lib|"_s);
+    const QString folder = qEnvironmentVariable("ODBCSYSINI"); // of the data sources of this program
+    EXPECT_EQ(told(u"DSN=馆藏;UID=u;"_s), u"a.sqlite||"_s + folder + u"/a.sqlite");
+    EXPECT_EQ(told(u"DSN=总馆;UID=u;"_s), u"library|127.0.0.1|"_s);
     EXPECT_EQ(told(u"DSN=nothing of that name;UID=u;"_s), u"nothing of that name||"_s);
 }
