@@ -11,6 +11,7 @@
 #include <QPixmap>
 #include <QScreen>
 #include <QThread>
+#include <QWindow>
 #include <condition_variable>
 #include <cstdio>
 #include <mutex>
@@ -233,8 +234,10 @@ void TourDriver::shot(const QString &name) {
 
 void TourDriver::keepFront(const QString &name, const QImage &screen) {
     const auto frame = [] {
+        // The frame that a widget knows may be the one from before the window manager has dealt with the window.
         const QWidget *front = QApplication::activeWindow();
-        return front && front->frameGeometry() != front->geometry() ? front->frameGeometry() : QRect();
+        const QWindow *window = front ? front->windowHandle() : nullptr;
+        return window && window->frameGeometry() != window->geometry() ? window->frameGeometry() : QRect();
     };
     QRect place = look(frame);
     for (int i = 0; i < 100 && place.isEmpty() && !m_ended; ++i) { // the frame geometry is known only after some delay
