@@ -1,10 +1,12 @@
 #!/usr/bin/python3
 """Walks through the windows of the program on the accessibility bus and lists what a screen reader cannot read.
 
-Usage: screen_reader.py PROGRAM, in a folder with the samples, with a display, a window manager and a session bus.
+Usage: screen_reader.py PROGRAM PORT, in a folder with the samples, with a display, a window manager and a session bus.
+On the port a catalogue of these samples answers.
 """
 
 import collections
+import json
 import os
 import pathlib
 import subprocess
@@ -271,6 +273,11 @@ class Reader:
         self.fault(f"no row with {text}")
         return None
 
+    def ticked(self, name):
+        """Whether the row of a list with that name is ticked."""
+        return any(each.name.startswith(name) and each.getState().contains(pyatspi.STATE_CHECKED)
+                   for each in self.shown(self.front()))
+
     def front_named(self, title):
         window = self.front()
         return window if window is not None and title in window.name else None
@@ -293,6 +300,7 @@ def type_text(text):
 MAIN = "Tarvex图书馆管理系统"
 CHOOSER = "请选择机读目录文件"
 DESK = "套录库数据导入"
+SEARCH = "从其他图书馆套录"
 SETTINGS = pathlib.Path(os.environ.get("XDG_CONFIG_HOME", "")) / "tarvex"
 
 
@@ -496,6 +504,64 @@ def tools(reader):
         box(reader, "question of " + place, "alt+y")
 
 
+def keep_target(port):
+    """Leaves one target in the list, so that no other library is asked."""
+    folder = pathlib.Path(os.environ["XDG_STATE_HOME"]) / "tarvex" / "targets"
+    folder.mkdir(mode=0o700, parents=True, exist_ok=True)
+    target = {"name": "市图书馆", "protocol": "Z39.50", "host": "127.0.0.1", "port": int(port), "database": "Default"}
+    with open(os.open(folder / "targets.json", os.O_CREAT | os.O_WRONLY, 0o600), "w", encoding="utf-8") as file:
+        json.dump({"format": "targets", "version": 1, "targets": [target]}, file)
+
+
+def catalogues(reader):
+    """A search in another library's catalogue, the windows that belong to it, and a record beside the current one."""
+    reader.visit("start page", MAIN)
+    press("alt+6")
+    reader.visit("search in catalogues", SEARCH, rounds=True)
+    press("alt+s")
+    reader.visit("refused search", SEARCH)
+    press("alt+g")
+    if reader.visit("targets", "目标", rounds=True):
+        press("alt+t")
+        reader.listen(3)
+        reader.visit("tested target", "目标")
+        press("Escape")
+    reader.visit("search after the targets", SEARCH)
+    press("alt+b")
+    if reader.visit("batch of ISBNs", "批量查 ISBN", rounds=True):
+        press("Escape")
+    reader.visit("search after the batch", SEARCH)
+    press("alt+q")
+    reader.visit("start page again", MAIN)
+    press("alt+1")
+    reader.visit("chooser for the comparison", CHOOSER)
+    reader.tab_to("机读目录数据文件")
+    press("ctrl+a")
+    type_text(str(pathlib.Path.cwd() / "sample.iso"))
+    reader.listen(0.5)
+    press("alt+s")
+    reader.visit("workspace for the comparison", DESK)
+    reader.listen(1)
+    press("ctrl+t")
+    if reader.visit("search from the workspace", SEARCH):
+        if not reader.ticked("市图书馆"):
+            reader.tab_to("要检索的目标")
+            press("space")
+        press("alt+s")
+        reader.listen(3)
+        reader.visit("records found", SEARCH, rounds=True)
+        press("alt+d")
+        if reader.visit("comparison", "对照", rounds=True):
+            press("Escape")
+        reader.visit("search after the comparison", SEARCH)
+        press("alt+q")
+    reader.visit("workspace after the comparison", DESK)
+    press("alt+q")
+    box(reader, "question after the comparison", "alt+y")
+    reader.visit("chooser after the comparison", CHOOSER)
+    press("alt+q")
+
+
 def act(button):
     """Presses the button; the answer may come only after the window that it opens is closed."""
     try:
@@ -505,8 +571,9 @@ def act(button):
     return False
 
 
-def main(program):
+def main(program, port):
     reader = Reader()
+    keep_target(port)
     first_run(reader, program)
     running = subprocess.Popen([program])
     reader.visit("notice", "Tarvex图书馆管理集成系统", rounds=True)
@@ -518,6 +585,7 @@ def main(program):
         records(reader)
         lists(reader)
         tools(reader)
+        catalogues(reader)
         press("alt+F4")
         box(reader, "the last question", "alt+y")
     finish(running)
@@ -528,4 +596,4 @@ def main(program):
 
 
 if __name__ == "__main__":
-    sys.exit(main(sys.argv[1]))
+    sys.exit(main(*sys.argv[1:]))

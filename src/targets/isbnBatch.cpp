@@ -8,12 +8,21 @@ using State = targets::Outcome::State;
 
 namespace targets {
 
+// While the server works on one request, the answer to the one before it is decoded and kept.
 struct IsbnBatch::Lane {
-    std::unique_ptr<TargetLink> link;
+    explicit Lane(const Target &target, Limits limits)
+        : link(target, limits)
+        , decoder(target.recordCharset) {}
+
+    struct Request {
+        int row = -1; // below 0: none
+        std::vector<QByteArray> records;
+    };
+    TargetLink link;
+    RecordDecoder decoder;
     QTimer pause;
-    int row = -1; // that is asked for; below 0: none
-    Outcome best;
-    int bestFields = -1;
+    Request asked;
+    Request answered; // no record of it is chosen yet
 };
 
 struct IsbnBatch::Asked {
@@ -38,16 +47,16 @@ IsbnBatch::IsbnBatch(TargetList targets, Politeness politeness, Limits limits)
 IsbnBatch::~IsbnBatch() = default;
 
 std::unique_ptr<IsbnBatch::Lane> IsbnBatch::makeLane(size_t target) {
-    auto made = std::make_unique<Lane>();
+    auto made = std::make_unique<Lane>(m_targets[target]->target, m_limits);
     Lane &lane = *made;
-    lane.link = std::make_unique<TargetLink>(m_targets[target]->target, m_limits);
     lane.pause.setSingleShot(true);
     lane.pause.setInterval(m_politeness.pause);
     connect(&lane.pause, &QTimer::timeout, this, [this, target] { serve(target); });
-    connect(lane.link.get(), &TargetLink::arrived, this,
-            [this, &lane](const Fetched &record) { consider(lane, record.decoded.record); });
-    connect(lane.link.get(), &TargetLink::answered, this, [this, target, &lane] { answered(target, lane); });
-    connect(lane.link.get(), &TargetLink::failed, this,
+    connect(&lane.link, &TargetLink::sent, this, [this, target, &lane] { choose(target, lane); });
+    connect(&lane.link, &TargetLink::arrived, this,
+            [&lane](const Answer &record) { lane.asked.records.push_back(record.bytes.toByteArray()); });
+    connect(&lane.link, &TargetLink::answered, this, [this, target, &lane] { answered(target, lane); });
+    connect(&lane.link, &TargetLink::failed, this,
             [this, target, &lane](const LinkFault &fault) { failed(target, lane, fault); });
     return made;
 }
@@ -97,9 +106,9 @@ void IsbnBatch::stop() {
     for (const auto &asked : m_targets) {
         asked->queue.clear();
         for (const auto &lane : asked->lanes) {
-            lane->link->stop();
+            lane->link.stop();
             lane->pause.stop();
-            lane->row = -1;
+            lane->asked = lane->answered = {};
         }
     }
 }
@@ -123,43 +132,58 @@ void IsbnBatch::enqueue(int row, size_t target) {
 void IsbnBatch::serve(size_t target) {
     Asked &asked = *m_targets[target];
     for (const auto &lane : asked.lanes) {
-        if (m_active && lane->row < 0 && !lane->pause.isActive() && !asked.queue.empty())
+        if (m_active && lane->asked.row < 0 && !lane->pause.isActive() && !asked.queue.empty())
             ask(target, *lane);
     }
 }
 
 void IsbnBatch::ask(size_t target, Lane &lane) {
     Asked &asked = *m_targets[target];
-    lane.row = asked.queue.front();
+    lane.asked = {.row = asked.queue.front()};
     asked.queue.pop_front();
-    lane.best = {};
-    lane.bestFields = -1;
-    const auto query = composeQuery({.isbn = m_isbns[lane.row]}, asked.target);
+    const auto query = composeQuery({.isbn = m_isbns[lane.asked.row]}, asked.target);
     if (query)
-        lane.link->search(query.value(), mostHits);
+        lane.link.search(query.value(), mostHits);
     else
-        lane.link->refuse({LinkFault::Kind::BadQuery, query.failure().description});
-}
-
-void IsbnBatch::consider(Lane &lane, const marc::FieldedRecord &record) {
-    if (isBetter(record, marc::isbnKey(m_isbns[lane.row]), lane.bestFields))
-        lane.best.record = record;
+        lane.link.refuse({LinkFault::Kind::BadQuery, query.failure().description});
 }
 
 void IsbnBatch::answered(size_t target, Lane &lane) {
     m_targets[target]->failures = 0;
-    const int row = std::exchange(lane.row, -1);
-    lane.pause.start();
-    if (lane.bestFields < 0)
-        return enqueue(row, target + 1);
-    lane.best.state = State::Found;
-    lane.best.target = m_targets[target]->target.name;
-    conclude(row, std::move(lane.best));
+    lane.answered = std::exchange(lane.asked, {});
+    if (m_politeness.pause.count() > 0)
+        lane.pause.start();
+    else
+        serve(target);
+    if (lane.asked.row < 0) // else when the next request is sent
+        choose(target, lane);
+}
+
+// Chooses the best record of the last answer.
+void IsbnBatch::choose(size_t target, Lane &lane) {
+    const Lane::Request request = std::exchange(lane.answered, {});
+    if (request.row < 0)
+        return;
+    const marc::IsbnKey key = marc::isbnKey(m_isbns[request.row]);
+    Outcome best;
+    int bestFields = -1;
+    for (const QByteArray &bytes : request.records) {
+        if (auto decoded = lane.decoder.decode(bytes); decoded && isBetter(decoded.value().record, key, bestFields))
+            best.record = std::move(decoded.value().record);
+    }
+    if (bestFields < 0)
+        return enqueue(request.row, target + 1);
+    best.state = State::Found;
+    best.target = m_targets[target]->target.name;
+    conclude(request.row, std::move(best));
 }
 
 void IsbnBatch::failed(size_t target, Lane &lane, const LinkFault &fault) {
     Asked &asked = *m_targets[target];
-    const int row = std::exchange(lane.row, -1);
+    const int row = std::exchange(lane.asked, {}).row;
+    choose(target, lane);
+    if (!m_active) // the answer before could not be kept
+        return;
     lane.pause.start();
     m_outcomes[size_t(row)].why = asked.target.name + u"：" + fault.words;
     if (++asked.failures < mostFailures || !asked.dropped.isEmpty())

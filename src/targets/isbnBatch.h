@@ -5,6 +5,7 @@
 
 #include "targets/batchJournal.h"
 #include "targets/query.h"
+#include "targets/recordDecoder.h"
 #include "targets/targetLink.h"
 #include <deque>
 
@@ -55,8 +56,8 @@ private:
     void enqueue(int row, size_t target);
     void serve(size_t target);
     void ask(size_t target, Lane &lane);
-    void consider(Lane &lane, const marc::FieldedRecord &record);
     void answered(size_t target, Lane &lane);
+    void choose(size_t target, Lane &lane);
     void failed(size_t target, Lane &lane, const LinkFault &fault);
     void conclude(int row, Outcome outcome);
     void endIfDone();

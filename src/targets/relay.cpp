@@ -122,6 +122,7 @@ void Relay::request() {
     }
     m_far->write(bytes);
     m_far->flush();
+    Q_EMIT sent();
 }
 
 // YAZ names the host to which it connects, which is this program.

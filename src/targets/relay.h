@@ -25,6 +25,7 @@ public:
 
 Q_SIGNALS:
     void connected();
+    void sent();                                  // bytes of a request, to the server
     void broken(const targets::LinkFault &fault); // an ordinary end of the connection is passed on to YAZ instead
 
 private:

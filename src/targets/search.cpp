@@ -38,7 +38,8 @@ Search::Search(const TargetList &targets, Limits limits, Bounds bounds)
     : m_bounds(bounds) {
     m_parts.reserve(targets.size());
     for (const Target &target : targets) {
-        m_parts.push_back({.link = std::unique_ptr<TargetLink, Later>(new TargetLink(target, limits))});
+        m_parts.push_back({.link = std::unique_ptr<TargetLink, Later>(new TargetLink(target, limits)),
+                           .decoder = RecordDecoder(target.recordCharset)});
         connectPart(int(m_parts.size()) - 1);
     }
 }
@@ -50,13 +51,9 @@ void Search::connectPart(int index) {
         m_parts[size_t(index)].progress.stage = Stage::Fetching;
         Q_EMIT progressed(index);
     });
-    connect(link, &TargetLink::arrived, this, [this, index](const Fetched &record) { deliver(index, record); });
-    connect(link, &TargetLink::unreadable, this, [this, index](qint64 at, const QString &why) {
-        Progress &progress = m_parts[size_t(index)].progress;
-        ++progress.delivered;
-        ++progress.unreadable;
-        Q_EMIT unreadable(index, at, why);
-    });
+    connect(link, &TargetLink::arrived, this, [this, index](const Answer &record) { deliver(index, record); });
+    connect(link, &TargetLink::missing, this,
+            [this, index](qint64 at, const QString &why) { passOver(index, at, why); });
     connect(link, &TargetLink::answered, this, [this, index] {
         Part &part = m_parts[size_t(index)];
         part.progress.hits = part.link->hits();
@@ -86,12 +83,22 @@ void Search::start(const Query &query) {
             this, [this] { Q_EMIT finished(); }, Qt::QueuedConnection);
 }
 
-void Search::deliver(int index, const Fetched &record) {
+void Search::deliver(int index, const Answer &record) {
+    Part &part = m_parts[size_t(index)];
+    auto decoded = part.decoder.decode(record.bytes);
+    if (!decoded)
+        return passOver(index, record.at, decoded.failure().description);
+    part.progress.hits = part.link->hits();
+    ++part.progress.delivered;
+    part.progress.bytes += record.bytes.size();
+    Q_EMIT found(index, {record.at, record.bytes.size(), std::move(decoded).value()});
+}
+
+void Search::passOver(int index, qint64 at, const QString &why) {
     Progress &progress = m_parts[size_t(index)].progress;
-    progress.hits = m_parts[size_t(index)].link->hits();
     ++progress.delivered;
-    progress.bytes += record.size;
-    Q_EMIT found(index, record);
+    ++progress.unreadable;
+    Q_EMIT unreadable(index, at, why);
 }
 
 void Search::fetchNext(int index) {

@@ -2,9 +2,17 @@
 #pragma once
 
 #include "targets/query.h"
+#include "targets/recordDecoder.h"
 #include "targets/targetLink.h"
 
 namespace targets {
+
+// A record as it was fetched.
+struct Fetched {
+    qint64 at = 0;      // position in the result, counted from 0
+    qsizetype size = 0; // bytes of the answer
+    RecordDecoder::Decoded decoded;
+};
 
 struct Bounds {
     qint64 records = 1000;   // fetched from one target unless asked on
@@ -56,12 +64,14 @@ private:
     };
     struct Part {
         std::unique_ptr<TargetLink, Later> link;
+        RecordDecoder decoder;
         Progress progress;
         qint64 most = 0; // records to deliver
     };
 
     void connectPart(int index);
-    void deliver(int index, const Fetched &record);
+    void deliver(int index, const Answer &record);
+    void passOver(int index, qint64 at, const QString &why);
     void fetchNext(int index);
     void end(int index, Progress::Stage stage, const QString &fault = {});
 

@@ -9,16 +9,15 @@ namespace targets {
 
 namespace {
 
-constexpr auto slice = 8ms; // of decoding
+constexpr auto slice = 8ms; // of delivering records, with what their receivers do
 
 } // namespace
 
 TargetLink::TargetLink(Target target, Limits limits)
     : m_target(std::move(target))
     , m_limits(limits)
-    , m_decoder(m_target.recordCharset)
-    , m_decoding(
-          slice, [this] { return decodeNext(); }, [](bool) {}) {
+    , m_delivery(
+          slice, [this] { return deliverNext(); }, [](bool) {}) {
     m_limit.setSingleShot(true);
     connect(&m_limit, &QTimer::timeout, this, [this] {
         const bool connecting = m_stage == Stage::Connecting;
@@ -49,6 +48,7 @@ bool TargetLink::openWire() {
     if (!m_wire)
         return refuse(notBuilt()), false;
     connect(m_relay.get(), &Relay::connected, this, [this] { serve(); });
+    connect(m_relay.get(), &Relay::sent, this, &TargetLink::sent);
     connect(m_relay.get(), &Relay::broken, this, [this](const LinkFault &fault) {
         if (isBusy())
             fail(fault);
@@ -89,7 +89,7 @@ void TargetLink::stop() {
     ++m_request;
     m_stage = Stage::Idle;
     m_limit.stop();
-    m_decoding.stop();
+    m_delivery.stop();
     closeWire();
 }
 
@@ -162,14 +162,14 @@ void TargetLink::answer() {
         return fail(faultOf(error, m_target));
     m_hits = m_wire->hits();
     m_until = std::min(m_until, m_hits);
-    m_stage = Stage::Decoding;
-    m_decoding.start();
+    m_stage = Stage::Delivering;
+    m_delivery.start();
     tellConnected();
 }
 
 // Delivers one record. Returns whether there may be more.
-bool TargetLink::decodeNext() {
-    if (m_stage != Stage::Decoding)
+bool TargetLink::deliverNext() {
+    if (m_stage != Stage::Delivering)
         return false;
     if (m_at >= m_until) {
         endRequest();
@@ -177,21 +177,15 @@ bool TargetLink::decodeNext() {
     }
     const qint64 at = m_at++;
     QString why;
-    const auto bytes = m_wire->record(at, why);
-    if (!bytes) {
-        Q_EMIT unreadable(at, why.isEmpty() ? u"服务器没有送来"_s : u"服务器答："_s + why);
-        return true;
-    }
-    auto decoded = m_decoder.decode(*bytes);
-    if (decoded)
-        Q_EMIT arrived({at, bytes->size(), std::move(decoded).value()});
+    if (const auto bytes = m_wire->record(at, why))
+        Q_EMIT arrived({at, *bytes});
     else
-        Q_EMIT unreadable(at, decoded.failure().description);
+        Q_EMIT missing(at, why.isEmpty() ? u"服务器没有送来"_s : u"服务器答："_s + why);
     return true;
 }
 
 void TargetLink::endRequest() {
-    m_decoding.stop();
+    m_delivery.stop();
     m_stage = Stage::Idle;
     Q_EMIT answered();
 }

@@ -4,7 +4,6 @@
 
 #include "platform/slicedWork.h"
 #include "targets/linkFault.h"
-#include "targets/recordDecoder.h"
 #include "targets/relay.h"
 #include "targets/wire.h"
 #include <QSocketNotifier>
@@ -17,11 +16,10 @@ struct Limits {
     std::chrono::milliseconds answering{30'000};  // until the answer to one request is complete
 };
 
-// A record as it was fetched.
-struct Fetched {
-    qint64 at = 0;      // position in the result, counted from 0
-    qsizetype size = 0; // bytes of the answer
-    RecordDecoder::Decoded decoded;
+// A record as it arrived.
+struct Answer {
+    qint64 at = 0;        // position in the result, counted from 0
+    QByteArrayView bytes; // valid until the next request
 };
 
 class TargetLink : public QObject {
@@ -34,9 +32,9 @@ public:
     const Target &target() const { return m_target; }
     bool isBusy() const { return m_stage != Stage::Idle; }
 
-    // A request is made while the link is not busy. It ends by answered() or by failed(); the link is not busy then. A
-    // search delivers the first `count` records, fetch() any others of the same search; `count` is at most
-    // Wire::portion.
+    // A request is made while the link is not busy. It ends by answered() or by failed(); the link is not busy then,
+    // and the next request may be made during these signals. A search delivers the first `count` records, fetch() any
+    // others of the same search; `count` is at most Wire::portion.
     void search(const QByteArray &query, int count);
     void fetch(qint64 from, int count);
     // Makes no request, but fails with this fault as a request would.
@@ -50,13 +48,14 @@ public:
 
 Q_SIGNALS:
     void connected(); // once for each connection
-    void arrived(const targets::Fetched &record);
-    void unreadable(qint64 at, const QString &why); // a record that arrived damaged or not at all
-    void answered();                                // all records of the request have been delivered
+    void sent();      // a part of the request is on its way to the server
+    void arrived(const targets::Answer &record);
+    void missing(qint64 at, const QString &why); // a record that did not arrive
+    void answered();                             // all records of the request have been delivered
     void failed(const targets::LinkFault &fault);
 
 private:
-    enum class Stage { Idle, Connecting, Waiting, Decoding };
+    enum class Stage { Idle, Connecting, Waiting, Delivering };
     // Ends the work on a socket, also during its signal.
     struct Release {
         void operator()(QSocketNotifier *notifier) const {
@@ -77,14 +76,13 @@ private:
     void watchSocket();
     void tellConnected();
     void answer();
-    bool decodeNext();
+    bool deliverNext();
     void endRequest();
     void fail(const LinkFault &fault);
     void closeWire();
 
     Target m_target;
     Limits m_limits;
-    RecordDecoder m_decoder;
     std::unique_ptr<Relay, Release> m_relay; // outlives the wire
     std::unique_ptr<Wire> m_wire;
     Notifier m_readable;
@@ -92,7 +90,7 @@ private:
     qintptr m_socket = -1;
     int m_connections = 0; // of the wire when the notifiers were made
     QTimer m_limit;
-    platform::SlicedWork m_decoding;
+    platform::SlicedWork m_delivery;
     Stage m_stage = Stage::Idle;
     quint64 m_request = 0; // a number for each request
     bool m_toldConnected = false;

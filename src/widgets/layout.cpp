@@ -62,7 +62,10 @@ QGroupBox *framed(QGroupBox *frame, QLayout *content) {
 
 QLabel *naming(QLabel *label, QWidget *control) {
     label->setBuddy(control);
-    nameForReader(control, label->text().left(label->text().indexOf(u"(&")));
+    QString name = label->text().section(QStringLiteral("(&"), 0, 0).remove(u'&');
+    if (name.endsWith(u':'))
+        name.chop(1);
+    nameForReader(control, name);
     return label;
 }
 
@@ -92,6 +95,13 @@ void nameForReader(QWidget *control, const QString &name) {
         combo->setAccessibleDescription(name);
         combo->view()->setAccessibleName(name);
     }
+}
+
+void describeForReader(QWidget *control, const QString &words) {
+    const bool isChoice = qobject_cast<QComboBox *>(control) != nullptr; // its description begins with its name
+    const QString name = isChoice ? control->accessibleName() : QString();
+    const QStringView between = name.isEmpty() || words.isEmpty() ? u"" : u"：";
+    control->setAccessibleDescription(name + between + words);
 }
 
 void giveWidth(QWidget *control, int pixels) {

@@ -64,6 +64,8 @@ void keepPlace(QWidget *control);
 // Sets the name by which a screen reader knows the control. Of a combo box it reads the current entry as the name, so
 // the name also becomes its description and that of its open list.
 void nameForReader(QWidget *control, const QString &name);
+// Sets what a screen reader says after the name, such as a hint or a fault. Call it after nameForReader().
+void describeForReader(QWidget *control, const QString &words);
 // Sets the object name of the control and, if given, its accessible name. Returns the control.
 template <class Control>
 Control *named(Control *control, const QString &objectName, const QString &accessibleName = {}) {

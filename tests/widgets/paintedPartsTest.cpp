@@ -9,6 +9,8 @@
 #include "widgets/stylePaint.h"
 #include <QComboBox>
 #include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
@@ -213,6 +215,15 @@ TEST(PaintedParts, AScreenReaderGetsTheNameOfAChoiceAndOfItsEntries) {
     nameForReader(&box, u"编码"_s);
     EXPECT_EQ((QStringList{box.accessibleName(), box.accessibleDescription(), box.view()->accessibleName()}),
               (QStringList{u"编码"_s, u"编码"_s, u"编码"_s}));
+    describeForReader(&box, u"不对"_s);
+    EXPECT_EQ(box.accessibleDescription(), u"编码：不对"_s);
+    describeForReader(&box, {});
+    EXPECT_EQ(box.accessibleDescription(), u"编码"_s);
+    QLineEdit edit;
+    QLabel label(u"&ISBN(10):"_s);
+    naming(&label, &edit);
+    describeForReader(&edit, u"不对"_s);
+    EXPECT_EQ(edit.accessibleName() + edit.accessibleDescription(), u"ISBN(10)不对"_s);
 }
 
 } // namespace

@@ -188,7 +188,7 @@ void TargetForm::showFault(const std::optional<TargetFault> &fault) {
         const bool isHere = fault && where == key;
         row.fault->setText(isHere ? u"✕ "_s + fault->reason : QString());
         row.fault->setVisible(isHere);
-        row.box->setAccessibleDescription(isHere ? fault->reason : row.box->toolTip());
+        widgets::describeForReader(row.box, isHere ? fault->reason : row.box->toolTip());
         if (isHere) {
             row.box->setFocus();
             ensureWidgetVisible(row.box);

@@ -189,8 +189,7 @@ void StepForm::showFault() {
             const bool isHere = m_fault && m_fault->inTest == ofTest && m_fault->parameter == parameter;
             row.fault->setText(isHere ? u"✕ "_s + m_fault->reason : QString());
             row.fault->setVisible(isHere);
-            const QString hint = row.box->toolTip().isEmpty() ? row.box->accessibleName() : row.box->toolTip();
-            row.box->setAccessibleDescription(isHere ? m_fault->reason : hint);
+            widgets::describeForReader(row.box, isHere ? m_fault->reason : row.box->toolTip());
         }
 }
 
