@@ -62,6 +62,7 @@ TEST(PaintedParts, ButtonsAndHeadingsShowTheirIcons) {
     QPushButton button(redIcon(), u"名"_s);
     button.setStyle(&style);
     EXPECT_FALSE(placeOf(red, button.grab().toImage()).isEmpty());
+    EXPECT_TRUE(button.testAttribute(Qt::WA_Hover)) << "it is painted when the pointer enters";
     QStandardItemModel model(1, 1);
     model.setHeaderData(0, Qt::Horizontal, redIcon(), Qt::DecorationRole);
     QHeaderView header(Qt::Horizontal);
