@@ -45,6 +45,7 @@ TEST_P(DuplicatesOnServersTest, AreFoundByIsbnOrByTitleAndAuthor) {
         u"200=1 $aL'été '); drop table zsk; --$f别人"_s,         // 3: another author
         u"010=  $a7-02-001037-7|200=1 $a呐喊$f鲁迅著"_s,         // 4: another edition
         u"200=1 $a"_s + u"长"_s.repeated(60) + u"$f" + u"作"_s.repeated(31), // 5: longer than the columns
+        u"010=  $a978-7-02-001234-3|200=1 $a彷徨"_s,                         // 6: stored cut off only
     };
     EXPECT_EQ(found(database.state, records),
               (QStringList{
@@ -54,6 +55,7 @@ TEST_P(DuplicatesOnServersTest, AreFoundByIsbnOrByTitleAndAuthor) {
                   u"0 010 书库已有相同ISBN：控制号 -7《呐喊》鲁迅著，共 2 条"_s,
                   u"1 010 书库已有相同ISBN：控制号 -7《呐喊》鲁迅著"_s,
                   u"2 200 书库已有同题名同作者：控制号 90000000《L'été '); drop table zsk; --》O'Neill \\著"_s,
+                  u"6 010 书库已有相同ISBN：控制号 70001《彷徨》鲁迅著"_s,
               }));
 }
 

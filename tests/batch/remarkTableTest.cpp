@@ -3,6 +3,7 @@
 #include "batch/windows/frmSilenced.h"
 #include "support/scriptedHost.h"
 #include "support/windowState.h"
+#include "widgets/styleTokens.h"
 #include <QAbstractItemView>
 #include <QLabel>
 #include <QMenu>
@@ -38,6 +39,16 @@ TEST_F(RemarkTableTest, HasRoomForItsTexts) {
     EXPECT_LT(table.remarkText->height(), 4 * metrics.lineSpacing());
     EXPECT_GE(table.grid->minimumHeight(), 3 * metrics.height());
     EXPECT_GE(table.grid->columnWidth(RemarkList::RuleColumn), metrics.horizontalAdvance(u"未定义的子字段"_s));
+    const QImage picture = table.grid->grab().toImage();
+    const QRgb ink = widgets::colour(widgets::Colour::ErrorInk, table.palette()).rgb();
+    for (const int column : {RemarkList::LevelColumn, RemarkList::RuleColumn}) {
+        const QRect cell = table.grid->cellRect(2, column).translated(-table.grid->pos());
+        int pixels = 0;
+        for (int x = cell.left(); x <= cell.right(); ++x)
+            for (int y = cell.top(); y <= cell.bottom(); ++y)
+                pixels += picture.pixel(x, y) == ink;
+        EXPECT_EQ(pixels > 5, column == RemarkList::LevelColumn) << "the mark of its level: " << pixels;
+    }
     table.resize(1000, 300);
     QApplication::processEvents();
     EXPECT_EQ(table.grid->cellRect(1, RemarkList::WordsColumn).right(),
