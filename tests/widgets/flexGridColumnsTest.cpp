@@ -1,5 +1,6 @@
 // Widths of columns, and the tool tips of texts that are cut.
 #include "flexGridFixture.h"
+#include "widgets/flexGridColours.h"
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QToolTip>
@@ -90,6 +91,9 @@ TEST_F(FlexGridWidths, AnEmptyCellIsReadAsItsRow) {
     EXPECT_FALSE(role(2, Qt::AccessibleTextRole).isValid()) << "its own text";
     EXPECT_FALSE(role(1, Qt::BackgroundRole).isValid());
     EXPECT_EQ(role(1, Qt::DisplayRole).toString(), u"");
+    grid.setCellBackground(2, 1, 0x0000FF); // red is the low byte
+    EXPECT_EQ(role(1, Qt::BackgroundRole).value<QBrush>().color(), QColor(Qt::red));
+    EXPECT_EQ(role(1, Qt::ForegroundRole).value<QBrush>().color(), widgets::legibleOn(Qt::red));
     grid.setText(2, 1, u"a\nb\rc\u2028d"_s);
     EXPECT_EQ(role(1, Qt::DisplayRole).toString(), u"a b c d");
     EXPECT_FALSE(grid.model()->headerData(1, Qt::Vertical).isValid() ||
