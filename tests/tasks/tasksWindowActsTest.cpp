@@ -73,9 +73,15 @@ TEST_F(TasksWindowActs, WhatIsEditedIsSoonInTheFile) {
     form.previewButton->click();
     EXPECT_EQ(stored().steps[0].values[Parameter::Tag], u"011") << "at once, before it is run";
     EXPECT_TRUE(form.stopButton->isEnabled() && !form.runButton->isEnabled() && !form.taskBar->isEnabled());
+    EXPECT_TRUE(form.labJinDu->pacedText().startsWith(u"正在预览，0 / 3 条"));
     ASSERT_TRUE(done());
+    const auto shown = [&] {
+        return form.stepsButton->isVisible() * 100 + form.previewButton->isVisible() * 10 + form.runButton->isVisible();
+    };
+    EXPECT_TRUE(shown() == 101 && !form.stopButton->isEnabled() && form.taskBar->isEnabled());
     form.stepsButton->click();
-    EXPECT_FALSE(form.work().changes());
+    EXPECT_EQ(shown(), 10);
+    EXPECT_TRUE(!form.work().changes() && form.previewPage->grid->rows() == 1);
     Task task = stored();
     task.description = u"长"_s.repeated(300);
     form.stepsPage->show(task, true);

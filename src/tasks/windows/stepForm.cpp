@@ -55,7 +55,6 @@ public:
         QPalette inked = palette();
         inked.setColor(QPalette::WindowText, widgets::colour(widgets::Colour::ErrorInk, inked));
         setPalette(inked);
-        hide();
     }
 
 protected:
