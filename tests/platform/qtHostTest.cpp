@@ -10,6 +10,7 @@
 #include <QFileDialog>
 #include <QHeaderView>
 #include <QMessageBox>
+#include <QProcess>
 #include <QScreen>
 #include <QSettings>
 #include <QTest>
@@ -22,6 +23,7 @@ using namespace platform;
 TEST(QtHost, ReportsWhetherTheHelperOpenedALink) {
     const TestFolder folder;
     QtHost host{Settings(folder.path())};
+    host.helperPatience = std::chrono::hours(1);
     const QByteArray before = qgetenv("PATH");
     qputenv("PATH", QFile::encodeName(folder.path()));
     for (const int code : {0, 3, 4}) {
@@ -37,6 +39,13 @@ TEST(QtHost, ReportsWhetherTheHelperOpenedALink) {
             EXPECT_EQ(folder.read(u"asked"_s), link + QByteArray(" /dev/null /dev/null /dev/null\n"));
         }
     }
+    folder.file(u"xdg-open"_s, "#!/bin/sh\nexec /bin/sleep 100\n");
+    host.helperPatience = std::chrono::milliseconds(1);
+    EXPECT_TRUE(host.openInShell(u"/a"_s)) << "a helper that runs on has become the browser";
+    auto *browser = qApp->findChild<QProcess *>();
+    ASSERT_TRUE(browser && browser->state() == QProcess::Running);
+    browser->kill();
+    EXPECT_TRUE(browser->waitForFinished());
     qputenv("PATH", before);
 }
 

@@ -104,8 +104,7 @@ private:
 // QDesktopServices reports success as soon as the helper program starts, but the helper reports by its exit code that
 // there is no browser. A helper that still runs after the timeout has become the browser itself or waits for it.
 // Meanwhile windows are painted and user input waits.
-[[maybe_unused]] bool openBy(const QString &opener, const QUrl &url) {
-    constexpr int patienceMilliseconds = 3000;
+[[maybe_unused]] bool openBy(const QString &opener, const QUrl &url, std::chrono::milliseconds patience) {
     auto *helper = new QProcess(qApp); // deleted when the helper ends
     helper->setStandardInputFile(QProcess::nullDevice());
     helper->setStandardOutputFile(QProcess::nullDevice());
@@ -120,7 +119,7 @@ private:
                      [&](int code, QProcess::ExitStatus status) { done(code == 0 && status == QProcess::NormalExit); });
     QObject::connect(helper, &QProcess::errorOccurred, &waiting, [&] { done(false); });
     QObject::connect(helper, &QProcess::finished, helper, &QObject::deleteLater);
-    QTimer::singleShot(patienceMilliseconds, &waiting, &QEventLoop::quit);
+    QTimer::singleShot(patience, &waiting, &QEventLoop::quit);
     helper->start(opener, {url.toString(QUrl::FullyEncoded)});
     if (helper->state() != QProcess::NotRunning)
         waiting.exec(QEventLoop::ExcludeUserInputEvents);
@@ -168,7 +167,7 @@ bool QtHost::openInShell(const QString &target) {
     const QUrl url = isLink ? QUrl(target) : QUrl::fromLocalFile(target);
 #ifndef Q_OS_WIN
     if (const QString opener = QStandardPaths::findExecutable(u"xdg-open"_s); !opener.isEmpty())
-        return openBy(opener, url);
+        return openBy(opener, url, helperPatience);
 #endif
     return QDesktopServices::openUrl(url);
 }

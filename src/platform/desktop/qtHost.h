@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/host.h"
+#include <chrono>
 #include <functional>
 #include <optional>
 
@@ -22,6 +23,9 @@ public:
     QString programFolder() const override { return m_programFolder; }
     void yield() override;
     void endProcess() override;
+
+    // How long openInShell() waits for the result of the desktop's helper.
+    std::chrono::milliseconds helperPatience = std::chrono::seconds(3);
 
 private:
     Settings m_settings;
