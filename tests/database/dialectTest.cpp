@@ -3,8 +3,9 @@
 #include "database/script.h"
 #include "database/servers.h"
 #include "database/sqlDialect.h"
+#include "database/storedConnection.h"
 #include "database/whereabouts.h"
-#include "support/qtPrinters.h"
+#include "support/testFolder.h"
 
 using database::rewrite;
 using database::Server;
@@ -53,6 +54,8 @@ const QList<Case> cases = {
      {}},
     {u"select top 7(a) from zsk"_s, u"select (a) from zsk limit 7"_s, {}, {}},
     {u"insert into t (a) values (\"like\")"_s, {}, {}, {}},
+    {u"select ZSK9,A_ZSK,_ZSK,ZSK_,书ZSK from t /*/ like */ -- like"_s, {}, {}, {}},
+    {u"select a from t /* like"_s, {}, {}, {}},
     {u"select convert(varchar(10),f(a,(b)),111) from zsk"_s,
      u"select replace(substr(f(a,(b)),1,10),'-','/') from zsk"_s,
      u"select cast(to_char(cast(f(a,(b)) as timestamp),'YYYY/MM/DD') as varchar(10)) from zsk"_s,
@@ -96,6 +99,9 @@ TEST(ConnectionText, IsAdaptedToItsDriver) {
     EXPECT_EQ(text(u"Driver=SQLite3;NoCreat=0;Timeout=5000;StepAPI=0"),
               u"Driver=SQLite3;StepAPI=0;NoCreat=1;Timeout=2000;"_s);
     EXPECT_EQ(text(u"DSN=lib;", u"Driver=SQLite3;Timeout=300;"), u"DSN=lib;StepAPI=1;NoCreat=1;"_s);
+    for (const QStringView endless : {u"-1", u"ever", u"2001"})
+        EXPECT_TRUE(text(QString(u"Driver=SQLite3;Timeout=" + endless)).endsWith(u"NoCreat=1;Timeout=2000;"));
+    EXPECT_TRUE(text(u"Driver=SQLite3;Timeout=0").startsWith(u"Driver=SQLite3;Timeout=0;"));
     EXPECT_EQ(text(u"Driver=MariaDB Unicode;AUTO_RECONNECT=1;CONN_TIMEOUT=3;StatementTimeout=0;"),
               u"Driver=MariaDB Unicode;CONN_TIMEOUT=3;StatementTimeout=0;CHARSET=utf8mb4;AUTO_RECONNECT=0;"_s);
     EXPECT_EQ(text(u"DSN=m;", u"Driver=/a/libmaodbc.so;StatementTimeout=0;LoginTimeout=0"),
@@ -117,6 +123,16 @@ TEST(ConnectionText, IsAdaptedToItsDriver) {
     for (const auto &[text, user, closed] : rows) {
         EXPECT_EQ(database::connectionValue(text, u"uid"), user) << text.toStdString();
         EXPECT_EQ(database::bracesAreClosed(text), closed) << text.toStdString();
+    }
+}
+
+TEST(StoredConnection, IsReadAsItWasStored) {
+    const TestFolder folder;
+    const platform::Settings settings(folder.path());
+    EXPECT_EQ(database::storedConnection(settings), std::nullopt);
+    for (const QString &text : {u"DSN=a;PWD={b;c};"_s, u""_s}) {
+        ASSERT_TRUE(database::storeConnection(settings, text));
+        EXPECT_EQ(database::storedConnection(settings), text);
     }
 }
 

@@ -85,6 +85,20 @@ TEST(Link, AMissingFileIsNotCreated) {
     EXPECT_FALSE(QFile::exists(database.file()) || QFile::exists(sourceFile));
 }
 
+// Other failures are reported as the driver reports them.
+TEST(Link, AFileThatIsNoDatabaseIsThereNevertheless) {
+    const TestFolder folder;
+    database::LinkPool links;
+    const QString file = folder.file(u"a.sqlite"_s, QByteArray(4096, 'x'));
+    for (const QString &text :
+         QStringList{u"Driver=SQLite3;Database="_s + file + u';',
+                     TestDatabase::textOf(TestServer::PostgreSql).replace(u"PWD="_s, u"PWD=no"_s)}) {
+        const auto opened = Connection::open(links, text);
+        ASSERT_FALSE(opened) << text.toStdString();
+        EXPECT_FALSE(opened.failure().description.contains(u"不存在")) << opened.failure().description.toStdString();
+    }
+}
+
 TEST(Link, AFullDiskRefusesAndHarmsNothing) {
     const TestDatabase database(TestServer::Sqlite);
     database.selected(u"PRAGMA max_page_count=40"_s); // set on the one connection that all uses share
@@ -153,6 +167,11 @@ TEST(Link, ADeadConnectionIsReplaced) {
         EXPECT_TRUE(import(database, u"一"_s));
         const auto rows = inUse.value().query(titles);
         EXPECT_TRUE(rows && rows.value()->text(0, 0) + database.selected(titles) == u"一一");
+        // A change is not sent again, since the server may have made it.
+        ASSERT_TRUE(killer.value().execute(QString(end).arg(inUse.value().query(own).value()->text(0, 0))));
+        ASSERT_TRUE(aSocketTells());
+        EXPECT_FALSE(inUse.value().execute(u"insert  taolutable (bookname) values ('二')"_s));
+        EXPECT_EQ(database.selected(titles), u"一"_s);
     }
 }
 

@@ -131,5 +131,8 @@ TEST_P(StatementsTest, AFaultHasItsNumberAndTheServersText) {
         EXPECT_NE(number, 0);
         EXPECT_TRUE(failed.failure().description.contains(u"nosuch")) << failed.failure().description.toStdString();
     }
+    // Text after a NUL would be lost, and the rest might be a complete statement.
+    const auto cut = connection.value().execute(u"delete from zsk"_s + QChar(0) + u" where zskid=0");
+    EXPECT_TRUE(!cut && cut.failure().description.contains(u"NUL"));
     EXPECT_EQ(database.selected(u"select zskid from zsk"_s), QString()); // the connection still works
 }
