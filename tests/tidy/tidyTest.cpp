@@ -72,7 +72,7 @@ TEST(Tidy, EachFormGivesTheSameRecordsAsTheSource) {
 
 TEST(Tidy, LossesAreReportedByCharacterAndRecord) {
     const Folder folder;
-    const QString lost = recordOf(u"200=10$a〇𠮷ê𠮷"_s) + recordOf(u"200=10$a𠮷"_s) + recordOf(u"200=10$ax\r\ny\rz"_s);
+    const QString lost = recordOf(u"200=10$a〇𠮷ê𠮷"_s) + recordOf(u"200=10$a𠮷"_s) + recordOf(u"200=10$ax\ry\rz"_s);
     const QByteArray damaged = recordOf(u"200=10$a数据$f库"_s).toUtf8().replace("\xE6\x95\xB0", "\xE6\x95");
     const Tidied gbk = tidied(folder, lost.toUtf8() + damaged + recordOf(u"200=10$a\uFFFD"_s).toUtf8());
     QString expected;
