@@ -229,6 +229,11 @@ TEST_F(FrmHelpLR100Test, TestsFullBoxesOnAFurtherKey) {
     language->setFocus();
     QTest::keyClick(language, 'x');
     EXPECT_EQ(window.focusWidget(), language);
+    language->clear();
+    QInputMethodEvent word;
+    word.setCommitString(u"eng"_s);
+    QCoreApplication::sendEvent(language, &word);
+    EXPECT_EQ(language->text(), u"eng");
     language->selectAll();
     QTest::keyClicks(language, u"XX"_s);
     host.willAnswer(Answer::No);

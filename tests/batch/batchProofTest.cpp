@@ -120,7 +120,9 @@ TEST(BatchProof, ValidatesAgainstTheSchemaInForce) {
     schema.setChecks(::schema::Checks(::schema::allChecks).reset(size_t(::schema::Check::MissingField)));
     database::LinkPool links;
     const database::SessionState state{links, {}};
-    EXPECT_EQ(ProofRun(store, proof, state, &schema).facts({}).checksOff.join(u','), u"缺必备字段"_s);
+    const ProofFacts facts = ProofRun(store, proof, state, &schema).facts({});
+    EXPECT_EQ(facts.checksOff.join(u','), u"缺必备字段"_s);
+    EXPECT_TRUE(facts.inFile == 3 && !facts.schema.isEmpty()) << facts.inFile;
 
     folder.file(u"cnmarc-schema.json"_s, "{");
     schema::SchemaInForce none(platform::Settings(folder.path()), folder.path());

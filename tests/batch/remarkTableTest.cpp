@@ -54,6 +54,7 @@ TEST_F(RemarkTableTest, HasRoomForItsTexts) {
     EXPECT_EQ(table.grid->cellRect(1, RemarkList::WordsColumn).right(),
               table.grid->viewport()->geometry().right() + table.grid->x());
     EXPECT_EQ(table.filterBar->levelBox->mapTo(&table, QPoint()).x(), table.grid->x());
+    EXPECT_GE(table.filterBar->ruleBox->minimumSizeHint().width(), metrics.horizontalAdvance(u"校验规则"_s));
     table.saveButton->setFocus();
     table.setFocus();
     EXPECT_TRUE(table.grid->hasFocus());

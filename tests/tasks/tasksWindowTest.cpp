@@ -20,14 +20,18 @@ TEST_F(TasksWindow, PreviewsRunsAndUndoes) {
         EXPECT_TRUE(form.previewPage->kindList->item(rest)->isHidden()) << "nothing of that kind: " << rest;
     EXPECT_TRUE(form.labJinDu->text().startsWith(u"会改 2 条记录，共 4 处"_s));
     EXPECT_TRUE(form.previewPage->current()) << "the first change";
-    const QImage picture = form.grab().toImage();
-    for (const widgets::Surface surface : {widgets::Surface::Error, widgets::Surface::Done}) {
-        const QColor fill = widgets::colour(widgets::look(surface).fill, form.palette());
-        int pixels = 0;
-        for (int y = 0; y < picture.height(); ++y)
-            for (int x = 0; x < picture.width(); ++x)
-                pixels += picture.pixelColor(x, y) == fill;
-        EXPECT_GT(pixels, 100) << "what differs is coloured: " << int(surface);
+    form.previewPage->grid->setColumnTwips(PreviewRows::TitleColumn, 0);
+    EXPECT_GT(form.previewPage->grid->cellRect(1, PreviewRows::AfterColumn).width(), 0); // announces the rows
+    for (QWidget *part : {static_cast<QWidget *>(&form), form.previewPage->grid->viewport()}) {
+        const QImage picture = part->grab().toImage();
+        for (const widgets::Surface surface : {widgets::Surface::Error, widgets::Surface::Done}) {
+            const QColor fill = widgets::colour(widgets::look(surface).fill, form.palette());
+            int pixels = 0;
+            for (int y = 0; y < picture.height(); ++y)
+                for (int x = 0; x < picture.width(); ++x)
+                    pixels += picture.pixelColor(x, y) == fill;
+            EXPECT_GT(pixels, 100) << "what differs is coloured: " << int(surface);
+        }
     }
     for (const QString &caption : {u"&R 这一条要改"_s, u"&R 这一条不改"_s}) {
         form.previewPage->recordButton->click();
