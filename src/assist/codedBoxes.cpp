@@ -18,8 +18,7 @@ QString lowered(QString text) {
 
 // "####" is the usual entry if there is no second year.
 bool isYear(const QString &text) {
-    const bool digits = std::ranges::all_of(text, [](QChar c) { return c >= u'0' && c <= u'9'; });
-    return text == u"####" || (digits && QDate::fromString(text + u"/01/01", u"yyyy/MM/dd"_s).isValid());
+    return text == u"####" || QDate::fromString(text + u"/01/01", u"yyyy/MM/dd"_s).isValid();
 }
 
 } // namespace

@@ -98,7 +98,8 @@ TEST(CodedBoxes, AKeyIsTakenTestedOrLeftToTheBox) {
     };
     for (const char16_t key : {u' ', u'\b', u'\x7F', u'书'})
         rows.append({leader, 2, u"a"_s, key, LeftToBox, u"a"_s});
-    for (const QString &year : {u"19a8"_s, u"19##"_s, u"199 "_s, u"-198"_s, u"１９９８"_s, u"0000"_s})
+    for (const QString &year :
+         {u"19a8"_s, u"19##"_s, u"199 "_s, u"-198"_s, u"+198"_s, u" 198"_s, u"１９９８"_s, u"0000"_s})
         rows.append({field, 3, year, u'1', YearRefused, year});
     for (const Row &row : std::as_const(rows)) {
         CodedBoxes boxes(row.table);
