@@ -32,8 +32,10 @@ QString inTwoLines(const QString &caption) {
 }
 
 int longestLine(const QString &caption) {
-    const qsizetype first = caption.indexOf(u'\n');
-    return int(first < 0 ? caption.size() : std::max(first, caption.size() - first - 1));
+    qsizetype longest = 0;
+    for (const QStringView line : QStringView(caption).split(u'\n'))
+        longest = std::max(longest, line.size());
+    return int(longest);
 }
 
 // A label that is painted with the line breaks of inTwoLines().

@@ -177,7 +177,7 @@ void CodedBoxWindow::placeMenu() {
 void CodedBoxWindow::closeMenu() {
     if (listMenu->isHidden())
         return;
-    if (focusWidget() == listMenu && m_boxes.currentBox() >= 0)
+    if (focusWidget() == listMenu)
         Text1[size_t(m_boxes.currentBox())]->setFocus();
     listMenu->dismiss();
 }
