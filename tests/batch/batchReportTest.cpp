@@ -163,7 +163,7 @@ TEST(ReportPage, EscapesTextsAndCutsNumbersOnlyIfTold) {
     EXPECT_FALSE(page.contains(u"<script"));
     EXPECT_FALSE(page.contains(u"某处")) << "the folders of this machine are nobody's business";
     EXPECT_EQ(page.count(tame), 7);
-    EXPECT_TRUE(page.contains(u"<th>没有问题</th>"));
+    EXPECT_TRUE(page.contains(u"<th>没有问题</th>") && page.contains(u"<td>1</td><td>" + tame));
     EXPECT_TRUE(page.contains(u"1, 3 …（共 3 条）"));
     EXPECT_FALSE(page.contains(u"<img"));
     EXPECT_TRUE(reportPage(report, draw, {.chart = u"x"_s}).contains(u"1, 3, 5<"));
