@@ -3,9 +3,7 @@
 #include "database/linkPool.h"
 #include "recordedWindows.h"
 #include <QProcess>
-#include <arpa/inet.h>
-#include <sys/socket.h>
-#include <unistd.h>
+#include <QTcpSocket>
 
 using namespace app;
 
@@ -13,13 +11,10 @@ namespace {
 
 // Connects to the strict server and disconnects at once, like a probe for a running server.
 void knock() {
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_port = htons(3306);
-    ::inet_pton(AF_INET, "10.99.0.1", &address.sin_addr);
-    const int socket = ::socket(AF_INET, SOCK_STREAM, 0);
-    EXPECT_EQ(::connect(socket, reinterpret_cast<const sockaddr *>(&address), sizeof(address)), 0);
-    ::close(socket);
+    QTcpSocket socket;
+    socket.connectToHost(u"10.99.0.1"_s, 3306);
+    EXPECT_TRUE(socket.waitForConnected());
+    socket.abort();
 }
 
 } // namespace

@@ -8,9 +8,6 @@
 #include "support/testFolder.h"
 #include <QFileInfo>
 #include <algorithm>
-#include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 using namespace platform;
 
@@ -170,33 +167,7 @@ TEST(Writers, ReportAFullDiskInEachLaterCall) {
         EXPECT_FALSE(whole.value().commit());
     }
     EXPECT_FALSE(QFile::exists(folder.path(u"whole"_s)));
-    for (const Saving saving : {Saving::OwnerOnly, Saving::InPlace}) {
-        umask(022);
-        const QString path = folder.path(u"for me"_s);
-        ASSERT_TRUE(writeWholeFile(path, "x", saving));
-        EXPECT_EQ(QFile::permissions(path).testFlag(QFile::ReadOther), saving != Saving::OwnerOnly);
-        QFile::remove(path);
-    }
     EXPECT_FALSE(SavedFile::create(folder.path()) || SavedFile::create(folder.path(u"no/file"_s)));
-}
-
-TEST(SavedFile, OverwritesInAClosedFolderOnlyIfAsked) {
-    const TestFolder folder;
-    const QString path = folder.file(u"a"_s, "old");
-    ASSERT_EQ(chmod(QFile::encodeName(path).constData(), 0666), 0);
-    ASSERT_EQ(chmod(QFile::encodeName(folder.path()).constData(), 0555), 0);
-    const pid_t child = fork();
-    if (child == 0) {
-        if (geteuid() == 0 && setuid(65534) != 0) // the superuser may write anywhere
-            _exit(9);
-        const bool usual(writeWholeFile(path, "x")), inPlace(writeWholeFile(path, "new", Saving::InPlace));
-        _exit(usual * 2 + inPlace);
-    }
-    int status = 0;
-    ASSERT_EQ(waitpid(child, &status, 0), child);
-    chmod(QFile::encodeName(folder.path()).constData(), 0755);
-    EXPECT_EQ(WEXITSTATUS(status), 1);
-    EXPECT_EQ(folder.read(u"a"_s), "new");
 }
 
 // Compared with a list of the rows that are shown.

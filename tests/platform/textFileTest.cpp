@@ -5,9 +5,6 @@
 #include "support/testFolder.h"
 #include <QDir>
 #include <QFileInfo>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 using namespace platform;
 
@@ -98,30 +95,6 @@ TEST_F(TextFileTest, BlocksConsistOfWholeLinesAndKnowWhatFollows) {
         for (const auto &[memory, bytes] : held)
             ASSERT_TRUE(memory == bytes);
     }
-}
-
-TEST_F(TextFileTest, SpecialFilesAreRefusedWithoutBlocking) {
-    const QString pipe = path(u"pipe"_s);
-    ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0644), 0);
-    ASSERT_TRUE(QFile::link(pipe, path(u"link"_s)));
-    alarm(20); // ends an open() that waits
-    for (const QString &name : {path(u"missing"_s), path(u"."_s), u"/proc/self/mem"_s, pipe, path(u"link"_s),
-                                u"/dev/zero"_s, u"/dev/ptmx"_s}) {
-        EXPECT_FALSE(countLines(name)) << name.toStdString();
-        const auto lines = readTextLines(name);
-        ASSERT_FALSE(lines) << name.toStdString();
-        EXPECT_FALSE(lines.failure().description.isEmpty());
-    }
-    const int reader = open(QFile::encodeName(pipe).constData(), O_RDONLY | O_NONBLOCK); // allows a writer
-    for (const QString &name : {path(u"missing/file"_s), path(u"."_s), pipe, path(u"link"_s), u"/dev/null"_s}) {
-        EXPECT_FALSE(writeTextFile(name, u"x"_s)) << name.toStdString();
-        EXPECT_FALSE(ByteWriter::create(name)) << name.toStdString();
-    }
-    close(reader);
-    alarm(0);
-    const QString plain = file("a\rb");
-    ASSERT_TRUE(QFile::link(plain, path(u"toPlain"_s)));
-    EXPECT_EQ(readTextLines(path(u"toPlain"_s)).value(), (QStringList{u"a"_s, u"b"_s}));
 }
 
 TEST_F(TextFileTest, AFullDiskKeepsTheOldFile) {

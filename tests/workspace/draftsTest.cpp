@@ -1,9 +1,9 @@
 #include "support/fullDisk.h"
+#include "support/machine.h"
 #include "support/testFolder.h"
 #include "workspace/draftFile.h"
 #include <QDir>
 #include <QFileInfo>
-#include <sys/stat.h>
 
 using workspace::Draft;
 using workspace::DraftBook;
@@ -134,7 +134,7 @@ TEST_F(DraftFileTest, WhatCannotBeTrustedIsSetAside) {
 TEST_F(DraftFileTest, SpecialAndTooLargeFilesAreNotRead) {
     const QString path = this->path();
     const auto make = QList<std::function<bool()>>{
-        [&] { return ::mkfifo(path.toUtf8().constData(), 0600) == 0; },
+        [&] { return makePipe(path); },
         [&] { return QFile::link(u"/dev/zero"_s, path); },
         [&] { return QDir().mkdir(path); },
         [&] { return QFile::link(folder.path(u"没有"_s), path); },
@@ -158,7 +158,7 @@ TEST_F(DraftFileTest, WhatIsAppendedReplacesWhatWasThere) {
     ASSERT_TRUE(file.append({{1, {u"a"_s, "o"}}, {2, {u"b"_s, "o"}}}, {}));
     const QByteArray before = bytesOf(names(u"*.json"_s).value(0));
     {
-        const FullDisk full(rlim_t(before.size() + 5));
+        const FullDisk full(before.size() + 5);
         EXPECT_FALSE(file.append({{3, {u"c"_s, "o"}}}, {}));
     }
     EXPECT_EQ(bytesOf(names(u"*.json"_s).value(0)), before);

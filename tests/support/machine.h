@@ -1,0 +1,10 @@
+// What tests ask of the system besides Qt.
+#pragma once
+
+#include <QString>
+
+// Returns the most memory that this process has used, in bytes.
+qint64 peakMemory();
+
+// Makes a named pipe in the file system; returns false where there is none.
+bool makePipe(const QString &path);
