@@ -1,11 +1,10 @@
 #include "widgets/lineIcon.h"
+#include "widgets/lineDrawing.h"
 #include "widgets/styleTokens.h"
 #include <QApplication>
-#include <QFile>
 #include <QIconEngine>
 #include <QPainter>
 #include <QPixmapCache>
-#include <QSvgRenderer>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -14,25 +13,13 @@ namespace widgets {
 
 namespace {
 
-// Exchanges the colours of the light scheme for those of the palette.
-QByteArray dyed(QByteArray drawing, const QPalette &palette, bool faint) {
-    for (const ColourToken &token : colourTokens) {
-        const QByteArray drawn = QColor(token.light).name().toUpper().toLatin1();
-        drawing.replace(drawn, colour(faint ? Colour::Edge : token.name, palette).name().toLatin1());
-    }
-    return drawing;
-}
-
 class LineIconEngine final : public QIconEngine {
 public:
     explicit LineIconEngine(const QString &name)
         : m_name(name) {}
 
     void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State) override {
-        QFile file(u":/lines/"_s + m_name + u".svg"_s);
-        if (!file.open(QIODevice::ReadOnly))
-            return;
-        QSvgRenderer(dyed(file.readAll(), QApplication::palette(), mode == QIcon::Disabled)).render(painter, rect);
+        paintLineDrawing(*painter, rect, m_name, QApplication::palette(), mode == QIcon::Disabled);
     }
 
     QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state) override {

@@ -5,8 +5,6 @@
 #include "support/recordText.h"
 #include "support/scriptedHost.h"
 #include "widgets/styleTokens.h"
-#include <QChart>
-#include <QChartView>
 #include <QHeaderView>
 #include <QLabel>
 #include <QListWidget>
@@ -49,6 +47,15 @@ struct ReportWindowTest : testing::Test {
     }
 };
 
+bool hasColour(QWidget *widget, const QColor &wanted) {
+    const QImage image = widget->grab().toImage();
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (image.pixelColor(x, y) == wanted)
+                return true;
+    return false;
+}
+
 } // namespace
 
 TEST_F(ReportWindowTest, ShowsNumbersRulesAndADrawThatCanBeRepeated) {
@@ -60,7 +67,7 @@ TEST_F(ReportWindowTest, ShowsNumbersRulesAndADrawThatCanBeRepeated) {
     EXPECT_EQ(window->figures[0]->text() + window->figures[3]->text(), u"4（10.0%）36（90.0%）"_s);
     EXPECT_EQ(window->rulesGrid->text(1, 1) + window->rulesGrid->text(1, 5), u"ISBN4–6, 10"_s);
     EXPECT_EQ(window->example->text(), u"例：第 4 条，校验位"_s);
-    EXPECT_EQ(window->chart->chart()->series().size(), 1);
+    EXPECT_TRUE(hasColour(window->chart, schemeInk(window->palette()).bars[0].fill.color()));
     QString headings;
     for (const widgets::FlexGrid *grid : {window->rulesGrid, window->drawGrid})
         for (int column = 0; column < grid->columns(); ++column)
@@ -87,7 +94,7 @@ TEST_F(ReportWindowTest, ShowsNumbersRulesAndADrawThatCanBeRepeated) {
         EXPECT_GT(onPages[page]->width(), window->width() * 3 / 4) << page;
     }
     window->setPalette(widgets::schemePalette(widgets::Scheme::Dark));
-    EXPECT_EQ(window->chart->chart()->backgroundBrush().color(), schemeInk(window->palette()).background);
+    EXPECT_TRUE(hasColour(window->chart, schemeInk(window->palette()).background));
 
     const auto drawn = [this] {
         QStringList numbers;
@@ -125,9 +132,10 @@ TEST_F(ReportWindowTest, SavesThreeFormsAndReportsAFailure) {
                                 u"1–30"_s, u"抽查 10 条"_s})
         EXPECT_TRUE(printed.contains(text)) << qPrintable(text) << qPrintable(printed);
     const QByteArray page = saved(2, u".html"_s);
-    EXPECT_TRUE(page.contains("src=\"data:image/svg+xml;base64,PD94bWwg") && // begins as XML
-                page.contains("校验位&lt;b&gt;") && page.contains(" width=\"620\"") &&
-                page.contains("font-family: sans-serif"));
+    EXPECT_TRUE((page.contains("src=\"data:image/svg+xml;base64,PD94bWwg") || // begins as XML
+                 page.contains("src=\"data:image/png;base64,iVBORw0KGgo")) && // without Qt Svg
+                page.contains("校验位&lt;b&gt;") &&
+                page.contains(" width=\"620\"") && page.contains("font-family: sans-serif"));
     EXPECT_TRUE(saved(3, u".csv"_s).startsWith("\xEF\xBB\xBF"));
     EXPECT_EQ(host.dialogs.value(0).start, folder.path(u"供货-校对报告.pdf"_s));
     EXPECT_EQ(window->state->text(), u"已保存到 "_s + folder.path(u"报告.csv"_s));

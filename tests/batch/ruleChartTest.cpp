@@ -46,5 +46,6 @@ TEST(RuleChart, HasABarForEachRuleInTheInksOfItsScheme) {
     EXPECT_FALSE(names->truncateLabels() || counts->truncateLabels());
     EXPECT_TRUE(chart->backgroundPen() == Qt::NoPen && chart->margins().isNull() && chart->backgroundRoundness() == 0);
     EXPECT_EQ(chart->legend()->alignment(), Qt::AlignTop);
-    EXPECT_TRUE(chartAsSvg(report, ink, font).contains("<svg width=\"")) << "a browser knows its size";
+    const QString drawing = chartAddress(report, ink, font).section(u',', 1);
+    EXPECT_TRUE(QByteArray::fromBase64(drawing.toLatin1()).contains("<svg width=\"")) << "a browser knows its size";
 }

@@ -52,7 +52,7 @@ QPalette onPicture(QPalette palette) {
 QLabel *emblem(const QString &objectName, int lines) {
     auto *label = named(new QLabel, objectName);
     const int side = lines * label->fontMetrics().lineSpacing();
-    label->setPixmap(QIcon(u":/program.svg"_s).pixmap(QSize(side, side), label->devicePixelRatioF()));
+    label->setPixmap(QIcon(QStringLiteral(TARVEX_PICTURE)).pixmap(QSize(side, side), label->devicePixelRatioF()));
     label->setAlignment(Qt::AlignCenter);
     return label;
 }

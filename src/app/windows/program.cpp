@@ -33,7 +33,7 @@ platform::Status probe(database::LinkPool &links, const QString &connectionStrin
 
 int runProgram(platform::Host &host, database::LinkPool &links, const QString &claimFolder) {
     QApplication::setQuitOnLastWindowClosed(false); // the program ends only by the exit question
-    QApplication::setWindowIcon(QIcon(u":/program.svg"_s));
+    QApplication::setWindowIcon(QIcon(QStringLiteral(TARVEX_PICTURE)));
     widgets::Appearance appearance(host.remembered());
     const widgets::FocusReader focusReader;
     const platform::SchemeWatch desktop;

@@ -11,8 +11,6 @@
 #include "widgets/heading.h"
 #include "widgets/layout.h"
 #include "widgets/styleTokens.h"
-#include <QChart>
-#include <QChartView>
 #include <QEvent>
 #include <QHeaderView>
 #include <QLabel>
@@ -59,7 +57,7 @@ frmBatchReport::frmBatchReport(platform::Host &host, const Source &source, Proof
     , facts(wrapped(u"facts"_s))
     , pages(named(new QTabWidget, u"pages"_s))
     , notes(wrapped(u"notes"_s))
-    , chart(named(new QChartView, u"chart"_s, u"最多的几项"_s))
+    , chart(named(newChartView(), u"chart"_s, u"最多的几项"_s))
     , rulesGrid(new widgets::FlexGrid(u"rulesGrid"_s, int(ruleHeadings.count(u'|')) + 1, 1))
     , example(wrapped(u"example"_s))
     , seedBox(named(new QSpinBox, u"seedBox"_s))
@@ -112,8 +110,6 @@ QWidget *frmBatchReport::overview() {
         figures[i]->setAccessibleName(caption);
         numbers->addLayout(widgets::column({figures[i], new QLabel(caption)}), 1);
     }
-    chart->setFrameShape(QFrame::NoFrame);
-    chart->setRenderHint(QPainter::Antialiasing);
     auto *room = new QScrollArea;
     room->setFrameShape(QFrame::NoFrame);
     room->setFocusPolicy(Qt::NoFocus);
@@ -205,9 +201,7 @@ void frmBatchReport::showReport() {
 }
 
 void frmBatchReport::showChart() {
-    QChart *before = chart->chart();
-    chart->setChart(newRuleChart(*m_report, schemeInk(palette()), font()));
-    delete before;
+    showInView(*chart, *m_report, schemeInk(palette()), font());
     const int height = chartSize(*m_report, font()).height();
     chart->setMinimumHeight(height); // with less, labels would be left out
     chart->setMaximumHeight(3 * height / 2);

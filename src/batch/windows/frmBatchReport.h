@@ -12,7 +12,6 @@
 #include "widgets/window.h"
 #include <optional>
 
-class QChartView;
 class QLabel;
 class QSpinBox;
 class QTabWidget;
@@ -34,7 +33,7 @@ public:
     QTabWidget *pages;
     std::array<QLabel *, schema::levelCount + 1> figures; // by gravest level, and without a remark
     QLabel *notes;                                        // what is not part of the numbers; hidden if there is nothing
-    QChartView *chart;
+    QWidget *chart;
     widgets::FlexGrid *rulesGrid;
     QLabel *example; // of the current row
     QSpinBox *seedBox;

@@ -31,7 +31,7 @@ constexpr QSize previewSize(900, 700);
 const QMarginsF margins;
 constexpr qsizetype numbersOnPaper = 24; // of a rule
 constexpr int paperWidth = 620;          // of the chart, in layout pixels
-constexpr QStringView chartAddress = u"chart";
+constexpr QStringView printedChart = u"chart";
 
 QString nameOf(Colour colour) {
     return widgets::colour(colour, widgets::schemePalette(widgets::Scheme::Light)).name();
@@ -59,7 +59,7 @@ PageDress paperDress(const BatchReport &report) {
     PageDress dress = dressOf(report);
     dress.ink = dress.secondInk = QColor(Qt::black).name();
     dress.levels = {dress.ink, dress.ink, dress.ink};
-    dress.chart = report.rules.empty() ? QString() : chartAddress.toString();
+    dress.chart = report.rules.empty() ? QString() : printedChart.toString();
     dress.mostNumbers = numbersOnPaper;
     return dress;
 }
@@ -128,8 +128,7 @@ platform::Status saveReportPage(const QString &path, const BatchReport &report, 
     dress.font = u"sans-serif"_s;
     if (!report.rules.empty()) {
         const ChartInk ink = schemeInk(widgets::schemePalette(widgets::Scheme::Light));
-        dress.chart = u"data:image/svg+xml;base64,"_s +
-                      QString::fromLatin1(chartAsSvg(report, ink, chartFont(QApplication::font())).toBase64());
+        dress.chart = chartAddress(report, ink, chartFont(QApplication::font()));
     }
     return platform::writeWholeFile(path, reportPage(report, draw, dress).toUtf8());
 }

@@ -1,10 +1,9 @@
 #include "batch/windows/ruleChart.h"
-#include "widgets/styleTokens.h"
 #include <QBarCategoryAxis>
 #include <QBarSet>
 #include <QBuffer>
 #include <QChart>
-#include <QFontMetrics>
+#include <QChartView>
 #include <QGraphicsLayout>
 #include <QGraphicsScene>
 #include <QHorizontalStackedBarSeries>
@@ -17,28 +16,16 @@
 
 using namespace Qt::StringLiterals;
 using schema::Level;
-using widgets::Colour;
 
 namespace batch {
 
 namespace {
-
-constexpr int longestLabel = 14;   // characters
-constexpr int widthInLines = 44;   // of the chart
-constexpr double barInLines = 1.6; // height of a bar with its gap
-constexpr double frameInLines = 4; // height of legend and margins
 
 // The axis writes its first category at the bottom.
 std::vector<const RuleEntry *> fromBottom(const BatchReport &report) {
     std::vector<const RuleEntry *> entries = mostFrequent(report);
     std::ranges::reverse(entries);
     return entries;
-}
-
-// The number is part of the label: the stacked series would also write the zeros of the other levels.
-QString labelOf(const RuleEntry &entry) {
-    const QString name = entry.label.size() > longestLabel ? entry.label.first(longestLabel - 1) + u'…' : entry.label;
-    return name + u"　"_s + QString::number(entry.remarks);
 }
 
 QHorizontalStackedBarSeries *barsOf(const std::vector<const RuleEntry *> &entries, const ChartInk &ink) {
@@ -93,25 +80,6 @@ QAbstractAxis *countAxis(const std::vector<const RuleEntry *> &entries, const Ch
 
 } // namespace
 
-ChartInk schemeInk(const QPalette &palette) {
-    const auto of = [&palette](Colour name) { return widgets::colour(name, palette); };
-    return {.ink = of(Colour::Ink),
-            .hairline = of(Colour::Hairline),
-            .background = of(Colour::Base),
-            .bars = {{{of(Colour::ErrorInk), of(Colour::ErrorInk)},
-                      {of(Colour::WarningTint), of(Colour::WarningInk)},
-                      {of(Colour::QuietTint), of(Colour::SecondInk)}}}};
-}
-
-ChartInk paperInk() {
-    const QPalette paper = widgets::schemePalette(widgets::Scheme::Light);
-    const QColor black(Qt::black), white(Qt::white), grey = widgets::colour(Colour::Edge, paper);
-    return {.ink = black,
-            .hairline = widgets::colour(Colour::Hairline, paper),
-            .background = white,
-            .bars = {{{black, black}, {grey, black}, {white, black}}}};
-}
-
 QChart *newRuleChart(const BatchReport &report, const ChartInk &ink, const QFont &font) {
     const std::vector<const RuleEntry *> entries = fromBottom(report);
     auto *chart = new QChart;
@@ -132,10 +100,17 @@ QChart *newRuleChart(const BatchReport &report, const ChartInk &ink, const QFont
     return chart;
 }
 
-QSize chartSize(const BatchReport &report, const QFont &font) {
-    const int line = QFontMetrics(font).lineSpacing();
-    const size_t bars = std::min(report.rules.size(), mostFrequentShown);
-    return QSizeF(widthInLines * line, (double(bars) * barInLines + frameInLines) * line).toSize();
+QWidget *newChartView() {
+    auto *view = new QChartView;
+    view->setFrameShape(QFrame::NoFrame);
+    view->setRenderHint(QPainter::Antialiasing);
+    return view;
+}
+
+void showInView(QWidget &view, const BatchReport &report, const ChartInk &ink, const QFont &font) {
+    auto &charts = static_cast<QChartView &>(view);
+    const std::unique_ptr<QChart> before(charts.chart());
+    charts.setChart(newRuleChart(report, ink, font));
 }
 
 void drawChart(QPainter &painter, const QRectF &target, const BatchReport &report, const ChartInk &ink,
@@ -148,7 +123,7 @@ void drawChart(QPainter &painter, const QRectF &target, const BatchReport &repor
     scene.render(&painter, target, chart->rect());
 }
 
-QByteArray chartAsSvg(const BatchReport &report, const ChartInk &ink, const QFont &font) {
+QString chartAddress(const BatchReport &report, const ChartInk &ink, const QFont &font) {
     QByteArray svg;
     QBuffer buffer(&svg);
     QSvgGenerator generator;
@@ -159,7 +134,7 @@ QByteArray chartAsSvg(const BatchReport &report, const ChartInk &ink, const QFon
     QPainter painter(&generator);
     drawChart(painter, whole, report, ink, font);
     painter.end();
-    return svg;
+    return u"data:image/svg+xml;base64,"_s + QString::fromLatin1(svg.toBase64());
 }
 
 } // namespace batch
