@@ -1,7 +1,8 @@
 // Prepares the environment of one user. Creates the embedded database with its tables and sample rows if it does not
 // exist, adds missing tables if it exists, and stores the connection text if none is stored. Prints what it did.
 // Nothing else creates a database: the program treats a missing file as a database that cannot be reached.
-// Usage: prepareDesk DATABASE-FILE CONNECTION-TEXT
+// DRIVER is the pair of the connection text by which the driver is found, "Driver=SQLite3" if it is missing.
+// Usage: prepareDesk DATABASE-FILE CONNECTION-TEXT [DRIVER]
 #include "database/linkPool.h"
 #include "database/script.h"
 #include "database/storedConnection.h"
@@ -18,8 +19,12 @@ QString resource(const QString &path) {
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
-platform::Result<database::Connection> openDatabase(database::LinkPool &links, const QString &path) {
-    return database::Connection::open(links, u"Driver=SQLite3;Database=" + path + u';');
+struct Place {
+    QString file, driver;
+};
+
+platform::Result<database::Connection> openDatabase(database::LinkPool &links, const Place &place) {
+    return database::Connection::open(links, place.driver + u";Database=" + place.file + u';');
 }
 
 platform::Status runWhole(database::Connection &connection, const QString &script) {
@@ -27,13 +32,13 @@ platform::Status runWhole(database::Connection &connection, const QString &scrip
 }
 
 // Builds the database under a temporary name and renames it once it is complete.
-platform::Status makeDatabase(const QString &path) {
-    const QString growing = path + u".new";
+platform::Status makeDatabase(const Place &place) {
+    const QString growing = place.file + u".new";
     if (QFile empty(growing); !empty.open(QIODevice::WriteOnly | QIODevice::Truncate))
         return platform::Failure{empty.errorString()};
     {
         database::LinkPool links;
-        auto connection = openDatabase(links, growing);
+        auto connection = openDatabase(links, {growing, place.driver});
         if (!connection)
             return connection.failure();
         const QString script = resource(u":/schema/sqlite.sql"_s) + resource(u":/schema/sample.sql"_s);
@@ -41,15 +46,15 @@ platform::Status makeDatabase(const QString &path) {
             return run;
     }
     QFile file(growing);
-    if (!file.rename(path))
+    if (!file.rename(place.file))
         return platform::Failure{file.errorString()};
     return platform::success();
 }
 
 // Creates the missing tables and indexes, without rows. Returns the names of the tables and indexes created.
-platform::Result<QStringList> mendDatabase(const QString &path) {
+platform::Result<QStringList> mendDatabase(const Place &place) {
     database::LinkPool links;
-    auto connection = openDatabase(links, path);
+    auto connection = openDatabase(links, place);
     if (!connection)
         return connection.failure();
     const auto standing = connection.value().query(u"select lower(name) from sqlite_master"_s);
@@ -78,15 +83,15 @@ platform::Status storeSetting(const QString &connectionString) {
 }
 
 // A database that cannot be repaired is reported but is not an error: the program can read files without a database.
-platform::Status prepareDatabase(const QString &path) {
-    const QByteArray name = path.toUtf8();
-    if (!QFile::exists(path)) {
-        platform::Status made = makeDatabase(path);
+platform::Status prepareDatabase(const Place &place) {
+    const QByteArray name = place.file.toUtf8();
+    if (!QFile::exists(place.file)) {
+        platform::Status made = makeDatabase(place);
         if (made)
             std::printf("The embedded database stands in %s\n", name.constData());
         return made;
     }
-    const auto mended = mendDatabase(path);
+    const auto mended = mendDatabase(place);
     if (!mended)
         std::printf("%s is left as it is, it does not work as a database: %s\n", name.constData(),
                     mended.failure().description.toUtf8().constData());
@@ -107,9 +112,10 @@ int complain(const platform::Failure &failure) {
 int main(int argc, char **argv) {
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.size() != 3)
-        return complain({u"usage: prepareDesk DATABASE-FILE CONNECTION-TEXT"_s});
-    if (const platform::Status prepared = prepareDatabase(arguments[1]); !prepared)
+    if (arguments.size() != 3 && arguments.size() != 4)
+        return complain({u"usage: prepareDesk DATABASE-FILE CONNECTION-TEXT [DRIVER]"_s});
+    const Place place{arguments[1], arguments.value(3, u"Driver=SQLite3"_s)};
+    if (const platform::Status prepared = prepareDatabase(place); !prepared)
         return complain(prepared.failure());
     if (const platform::Status stored = storeSetting(arguments[2]); !stored)
         return complain(stored.failure());

@@ -1,6 +1,7 @@
 #include "database/dataSources.h"
 #include "database/odbcHandles.h"
 #include <QList>
+#include <QSettings>
 #include <array>
 #include <utility>
 
@@ -70,7 +71,17 @@ QString pairsOfDataSource(const QString &name) {
     if (driver.isEmpty())
         return {};
     QString pairs = u"Driver=" + driver + u';';
-#ifndef Q_OS_WIN
+#ifdef Q_OS_WIN
+    // The user's data source hides one of the machine with the same name.
+    for (const QStringView owner : {u"HKEY_CURRENT_USER", u"HKEY_LOCAL_MACHINE"}) {
+        const QSettings source(owner + u"\\Software\\ODBC\\ODBC.INI\\" + name, QSettings::NativeFormat);
+        for (const QString &key : source.childKeys())
+            if (key.compare(u"driver", Qt::CaseInsensitive) != 0) // the path of its library
+                pairs += key + u'=' + source.value(key).toString() + u';';
+        if (!source.childKeys().isEmpty())
+            break;
+    }
+#else
     // A null key requests all keys, each terminated by a NUL.
     const auto read = [&name](const char *key) {
         QByteArray buffer(4096, '\0');

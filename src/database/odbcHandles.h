@@ -6,6 +6,7 @@
 #include "platform/result.h"
 
 #ifdef Q_OS_WIN
+#define SQL_NOUNICODEMAP // names without W are the narrow calls, as elsewhere
 #include <windows.h>
 #endif
 #include <sql.h>

@@ -35,6 +35,11 @@ bool mayWriteInto(const QString &folder) {
 #endif
 }
 
+// The installer of Windows writes into a folder of the user, but replaces the files there when it is run again.
+bool isInstalled(const QString &folder) {
+    return QFileInfo::exists(folder + u"/uninstall.exe");
+}
+
 Result<QByteArray> bytesOf(const QString &path) {
     constexpr qint64 largest = 1 << 26; // a few thousand are usual
     return readSmallFile(path, largest);
@@ -98,7 +103,7 @@ void Laying::lay(const QString &source, const QString &target, const QString &na
 } // namespace
 
 QString programFolder(const QString &executableFolder, const QString &userFolder) {
-    return mayWriteInto(executableFolder) ? executableFolder : userFolder;
+    return mayWriteInto(executableFolder) && !isInstalled(executableFolder) ? executableFolder : userFolder;
 }
 
 QString programFolder() {

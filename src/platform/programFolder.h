@@ -1,5 +1,5 @@
 // The program's own folder, where it reads its configuration files and writes its report: the folder of the executable,
-// or a folder in the user's data if the user cannot write to the executable's, as after the installation of a package.
+// or a folder in the user's data if the user cannot write to the executable's or an installer filled it.
 // In the latter case the files supplied with the program are copied to the user's folder once; they belong to the user
 // from then on and are never overwritten.
 #pragma once
@@ -11,7 +11,7 @@
 
 namespace platform {
 
-// Returns the folder of the executable if this user can write to it, else `userFolder`.
+// Returns the folder of the executable if this user can write to it and no installer filled it, else `userFolder`.
 QString programFolder(const QString &executableFolder, const QString &userFolder);
 // The same for the running program and the user's data folder.
 QString programFolder();
