@@ -132,6 +132,11 @@ TEST(BatchProof, ValidatesAgainstTheSchemaInForce) {
     EXPECT_TRUE(unread.value(5).startsWith(u"警告 -1  未能检查  0 机读格式的模式【"_s));
 }
 
+TEST(BookIdentity, IsShownAtItsFirstIsbnOrElseAtItsTitle) {
+    for (const auto &[record, row] : {std::pair(u"200=1 $e副$a甲"_s, 4), {u"010=  $a7-02-001259-0|200=1 $a甲"_s, 3}})
+        EXPECT_EQ(identityOf(marc::showRecord(recordOf(record)).rows).fieldRow, row) << record.toStdString();
+}
+
 TEST(RemarkList, SortsFiltersAndIsATableOfText) {
     RemarkList list(storeOf({{}}));
     list.add(Remark(4, Kind::Isbn, u"010", 3, u"错"_s));

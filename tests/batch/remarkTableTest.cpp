@@ -5,6 +5,7 @@
 #include "support/windowState.h"
 #include "widgets/styleTokens.h"
 #include <QAbstractItemView>
+#include <QHeaderView>
 #include <QLabel>
 #include <QMenu>
 
@@ -137,6 +138,7 @@ TEST_F(RemarkTableTest, SilencedRulesAreTakenBackOneAfterTheOther) {
     EXPECT_EQ(window.grid->text(0, 0) + window.grid->text(0, 1), u"规则字段");
     EXPECT_GE(window.grid->minimumWidth(), window.fontMetrics().horizontalAdvance(u"书"_s.repeated(22)));
     EXPECT_GE(window.grid->minimumHeight(), 8 * window.fontMetrics().height());
+    EXPECT_TRUE(window.grid->horizontalHeader()->stretchLastSection());
     EXPECT_GE(window.grid->columnWidth(0), window.fontMetrics().horizontalAdvance(u"书"_s.repeated(16)));
     window.grid->setRow(2);
     window.takeBackButton->click();

@@ -35,6 +35,7 @@ TEST(RuleChart, HasABarForEachRuleInTheInksOfItsScheme) {
     for (int level = 0; level < 3; ++level) {
         const QBarSet *set = bars->barSets()[level];
         EXPECT_TRUE(set->label() == nameOf(Level(level)) && set->brush() == ink.bars[size_t(level)].fill) << level;
+        EXPECT_EQ(set->pen().color(), ink.bars[size_t(level)].edge);
         for (int bar = 0; bar < 4; ++bar)
             EXPECT_EQ(set->at(bar), values[level][bar]) << level << bar;
     }
