@@ -124,6 +124,13 @@ TEST_F(FrmHelpLR000Test, AsksAboutCodesThatItDoesNotKnow) {
     window.Text1[1]->selectAll();
     QTest::keyClick(window.Text1[1], 'N');
     EXPECT_EQ(window.Text1[1]->text(), u"n") << "the key does not reach the box a second time";
+    window.Text1[1]->deselect();
+    for (const Qt::KeyboardModifiers held : {Qt::AltModifier | Qt::NoModifier, Qt::MetaModifier | Qt::NoModifier}) {
+        QTest::keyClick(window.Text1[1], 'd', held);
+        EXPECT_EQ(window.Text1[1]->text(), u"n") << "a shortcut";
+    }
+    QTest::keyClick(window.Text1[1], 'd', Qt::AltModifier | Qt::ControlModifier);
+    EXPECT_EQ(window.Text1[1]->text(), u"d") << "AltGr on some machines";
 }
 
 TEST_F(FrmHelpLR000Test, TheMouseChoosesAndDismisses) {
