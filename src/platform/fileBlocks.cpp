@@ -56,7 +56,7 @@ bool FileBlocks::next() {
     if (count < 0)
         m_fault = Failure{m_file->errorString(), int(m_file->error())};
     m_read += std::max<qint64>(0, count);
-    m_size = count > 0 ? wholeLines(QByteArrayView(m_memory).first(m_read)) : m_read;
+    m_size = wholeLines(QByteArrayView(m_memory).first(m_read)); // at the end of the file the rest has no line end
     return m_size > 0;
 }
 

@@ -79,7 +79,6 @@ Result<QByteArray> readSmallFile(const QString &path, qint64 limit) {
     if (file.size() > limit)
         return tooLarge(path, limit);
     QByteArray bytes;
-    bytes.reserve(file.size());
     while (true) { // the file may have grown after size() was read
         const QByteArray part = file.read(portion);
         if (part.isEmpty())

@@ -49,9 +49,9 @@ bool holdsAll(const QHash<QString, QVariant> &all, const QString &path) {
 // QSettings caches a file by its time and size, so that it would take a new file with the same time and size for the
 // old one.
 void tellApart(const QString &made, const QString &standing) {
-    const QDateTime before = QFileInfo(standing).lastModified();
-    if (QFile file(made); QFileInfo(made).lastModified() <= before && file.open(QIODevice::ReadWrite))
-        file.setFileTime(before.addMSecs(1), QFileDevice::FileModificationTime);
+    const QDateTime after = QFileInfo(standing).lastModified().addMSecs(1);
+    if (QFile file(made); QFileInfo(made).lastModified() < after && file.open(QIODevice::ReadWrite))
+        file.setFileTime(after, QFileDevice::FileModificationTime);
 }
 
 } // namespace

@@ -74,8 +74,7 @@ SingleInstance::SingleInstance(const QString &name, const QString &folder)
     m_claim->descriptor = openLockFile(QFile::encodeName(folder + u'/' + name + u".lock").constData());
     // If there is no file to lock, or its file system does not support locks, the claim cannot be checked; the program
     // then starts.
-    const bool refused = m_claim->descriptor >= 0 && isPlainFile(m_claim->descriptor) &&
-                         flock(m_claim->descriptor, LOCK_EX | LOCK_NB) != 0;
+    const bool refused = isPlainFile(m_claim->descriptor) && flock(m_claim->descriptor, LOCK_EX | LOCK_NB) != 0;
     m_first = !refused || errno != EWOULDBLOCK;
 }
 

@@ -173,6 +173,7 @@ TEST(QtHost, FilesAreChosenFromTheFolderUsedLast) {
                 for (int column = 0; column < 4; ++column)
                     headings += tree->model()->headerData(column, Qt::Horizontal).toString();
                 EXPECT_EQ(headings, u"名称大小类型修改时间");
+                EXPECT_NE(tree->model()->headerData(0, Qt::Vertical), QVariant(u"名称"_s)) << "of rows";
                 EXPECT_EQ(tree->header()->sectionResizeMode(0), QHeaderView::Stretch);
                 EXPECT_EQ(tree->header()->sectionResizeMode(3), QHeaderView::ResizeToContents);
                 dialog.reject();

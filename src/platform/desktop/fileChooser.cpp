@@ -37,7 +37,7 @@ public:
 
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
         constexpr auto headings = std::to_array<QStringView>({u"名称", u"大小", u"类型", u"修改时间"});
-        if (role == Qt::DisplayRole && orientation == Qt::Horizontal && section >= 0 && section < int(headings.size()))
+        if (role == Qt::DisplayRole && orientation == Qt::Horizontal && size_t(section) < headings.size())
             return headings[size_t(section)].toString();
         return QSortFilterProxyModel::headerData(section, orientation, role);
     }
