@@ -47,6 +47,7 @@ TEST(RuleChart, HasABarForEachRuleInTheInksOfItsScheme) {
     EXPECT_FALSE(names->truncateLabels() || counts->truncateLabels());
     EXPECT_TRUE(chart->backgroundPen() == Qt::NoPen && chart->margins().isNull() && chart->backgroundRoundness() == 0);
     EXPECT_EQ(chart->legend()->alignment(), Qt::AlignTop);
-    const QString drawing = chartAddress(report, ink, font).section(u',', 1);
-    EXPECT_TRUE(QByteArray::fromBase64(drawing.toLatin1()).contains("<svg width=\"")) << "a browser knows its size";
+    const QByteArray svg = QByteArray::fromBase64(chartAddress(report, ink, font).section(u',', 1).toLatin1());
+    EXPECT_TRUE(svg.contains("<svg width=\"")) << "a browser knows its size";
+    EXPECT_GT(svg.count("<text"), 6) << "the chart is drawn";
 }
