@@ -142,7 +142,25 @@ TEST(Search, AServerThatRepeatsThePasswordDoesNotShowIt) {
     EXPECT_EQ(faultOf(error, target).words, u"服务器答：bad ***（Bib-1 3000）：(***)"_s);
 }
 
+// A line of the memory that the process has, in KiB.
+qint64 statusOf(const char *line) {
+    QFile status(u"/proc/self/status"_s);
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    const QByteArray all = status.readAll();
+    return all.mid(all.indexOf(line) + qsizetype(qstrlen(line)), 20).trimmed().split(' ').constFirst().toLongLong();
+}
+
+// Makes the peak of the memory begin anew; returns what the process has now.
+qint64 forgetPeak() {
+    QFile peak(u"/proc/self/clear_refs"_s);
+    if (peak.open(QIODevice::WriteOnly))
+        peak.write("5");
+    return statusOf("VmRSS:");
+}
+
 TEST(Search, AServerThatMisbehavesCostsItsLimitAndNoMore) {
+    constexpr qint64 mostMemory = 64 << 10; // KiB, also with a sanitizer
     const int real = portOf(u"open"_s);
     const std::tuple<Misconduct, int, bool, QString> rows[] = {
         {Misconduct::Silent, 0, false, u"0.4 秒内没有连上"_s},
@@ -165,6 +183,7 @@ TEST(Search, AServerThatMisbehavesCostsItsLimitAndNoMore) {
         Target target = bySru ? openBySru(QueryLanguage::Pqf) : openCatalogue();
         target.port = rogue.port();
         LongestTurn turn;
+        const qint64 before = forgetPeak();
         const bool isEndless = words.contains(u"超过");
         Asked run({target}, isEndless ? Limits() : shortLimits);
         run.untilFinished({.title = u"红楼梦"_s});
@@ -172,6 +191,7 @@ TEST(Search, AServerThatMisbehavesCostsItsLimitAndNoMore) {
         EXPECT_TRUE(run.progress().fault.contains(words))
             << int(misconduct) << bySru << run.progress().fault.toStdString();
         EXPECT_LT(turn.longest, 50) << int(misconduct) << bySru;
+        EXPECT_LT(statusOf("VmHWM:") - before, mostMemory) << int(misconduct) << bySru;
     }
 }
 
