@@ -54,12 +54,17 @@ private:
         ZOOM_connection_option_set(m_connection.get(), option, value.constData());
     }
     void setForSru(const Target &target);
+    void serveEvents();
+    bool hasOtherSyntax() const;
 
     Connection m_connection{nullptr, ZOOM_connection_destroy};
     ResultSet m_result{nullptr, ZOOM_resultset_destroy};
     QByteArray m_host;
     bool m_asksPqf;
     bool m_isSru;
+    QByteArray m_syntax;
+    int m_count = 0;              // of records that the search asks for
+    bool m_looksAtSyntax = false; // when the answer to the search is there
     bool m_begun = false;
     bool m_connected = false;
     int m_connections = 0;
@@ -68,14 +73,14 @@ private:
 ZoomWire::ZoomWire(const Target &target, quint16 port)
     : m_host(hostOption(target, port))
     , m_asksPqf(target.asksPqf())
-    , m_isSru(target.protocol == Protocol::Sru) {
+    , m_isSru(target.protocol == Protocol::Sru)
+    , m_syntax(syntaxOptions[size_t(target.syntax)]) {
     silence();
     m_connection.reset(ZOOM_connection_create(nullptr));
     set("async", "1");
     set("implementationName", "tarvex");
-    set("preferredRecordSyntax", syntaxOptions[size_t(target.syntax)]);
+    set("preferredRecordSyntax", m_syntax);
     set("elementSetName", "F");
-    set("piggyback", "0"); // not all servers give records of the right syntax with the answer to a search
     set("presentChunk", QByteArray::number(portion));
     set("maximumRecordSize", QByteArray::number(1 << 20));
     set("preferredMessageSize", QByteArray::number(portion << 20));
@@ -106,6 +111,8 @@ bool ZoomWire::search(const QByteArray &query, int count) {
     if (!std::exchange(m_begun, true))
         ZOOM_connection_connect(m_connection.get(), m_host.constData(), 0);
     set("count", QByteArray::number(count));
+    m_count = count;
+    m_looksAtSyntax = !m_isSru;
     m_result.reset(ZOOM_connection_search(m_connection.get(), parsed.get()));
     return true;
 }
@@ -125,7 +132,27 @@ void ZoomWire::ready(bool read, bool write) {
                                       (read ? ZOOM_SELECT_READ : 0) | (write ? ZOOM_SELECT_WRITE : 0));
 }
 
+// The answer to a search has the first records with it, which saves an exchange. Some servers give them in another
+// syntax than the one asked for; from such a server the records are fetched separately, now and after later searches.
 void ZoomWire::process() {
+    serveEvents();
+    if (!isIdle() || !std::exchange(m_looksAtSyntax, false) || !hasOtherSyntax())
+        return;
+    set("piggyback", "0");
+    ZOOM_resultset_cache_reset(m_result.get());
+    fetch(0, int(std::min<qint64>(m_count, hits())));
+    serveEvents();
+}
+
+bool ZoomWire::hasOtherSyntax() const {
+    const ZOOM_record first = ZOOM_resultset_record_immediate(m_result.get(), 0);
+    if (!first || ZOOM_record_error(first, nullptr, nullptr, nullptr) != 0)
+        return false;
+    const char *const syntax = ZOOM_record_get(first, "syntax", nullptr);
+    return syntax && qstricmp(syntax, m_syntax.constData()) != 0;
+}
+
+void ZoomWire::serveEvents() {
     while (ZOOM_connection_process(m_connection.get()) != 0) {
         switch (ZOOM_connection_last_event(m_connection.get())) {
         case ZOOM_EVENT_CONNECT:

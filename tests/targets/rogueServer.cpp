@@ -58,6 +58,12 @@ void RogueServer::serve(QTcpSocket &client) {
         return flood(client, "HTTP/1.1 200 OK\r\nContent-Type: text/xml\r\n\r\n<a>", QByteArray(1 << 15, 'x'));
     case Misconduct::Trickle:
         return trickle(client, realAnswer(client, real));
+    case Misconduct::OtherSyntax:
+        while (isOpen(client)) {
+            client.write(realAnswer(client, real));
+            client.flush();
+        }
+        break;
     }
     client.waitForBytesWritten();
     client.disconnectFromHost();
@@ -74,7 +80,12 @@ QByteArray RogueServer::request(QTcpSocket &client) const {
 }
 
 QByteArray RogueServer::realAnswer(QTcpSocket &client, QTcpSocket &real) const {
-    real.write(request(client));
+    QByteArray bytes = request(client);
+    if (m_misconduct == Misconduct::OtherSyntax && bytes.startsWith('\xB6')) // a search by Z39.50
+        bytes.replace("\x13\x05\x01", "\x13\x05\x0A");                       // UNIMARC, USMARC
+    if (bytes.isEmpty())                                                     // the client has closed the connection
+        return {};
+    real.write(bytes);
     real.waitForReadyRead(5000);
     return real.readAll();
 }

@@ -16,7 +16,8 @@ enum class Misconduct {
     EndlessBer,
     EndlessChunks,
     EndlessText,
-    Trickle
+    Trickle,
+    OtherSyntax // of the records that come with the answer to a search; else it behaves
 };
 
 class RogueServer final : public QThread {

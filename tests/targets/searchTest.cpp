@@ -186,12 +186,27 @@ TEST(Search, AServerThatMisbehavesCostsItsLimitAndNoMore) {
         const qint64 before = forgetPeak();
         const bool isEndless = words.contains(u"超过");
         Asked run({target}, isEndless ? Limits() : shortLimits);
-        run.untilFinished({.title = u"红楼梦"_s});
+        run.untilFinished({.title = u"中国"_s}); // more than come with the answer to the search
         EXPECT_EQ(run.progress().stage, Stage::Failed) << int(misconduct) << bySru;
         EXPECT_TRUE(run.progress().fault.contains(words))
             << int(misconduct) << bySru << run.progress().fault.toStdString();
         EXPECT_LT(turn.longest, 50) << int(misconduct) << bySru;
         EXPECT_LT(statusOf("VmHWM:") - before, mostMemory) << int(misconduct) << bySru;
+    }
+}
+
+// It gives USMARC in UTF-8 with the answer to a search, and UNIMARC in GB18030 if asked for records.
+TEST(Search, RecordsOfAnotherSyntaxAreFetchedAgain) {
+    const RogueServer rogue(Misconduct::OtherSyntax, 0, portOf(u"open"_s));
+    Asked run({with(openCatalogue(), [&](Target &t) {
+        t.port = rogue.port();
+        t.recordCharset = RecordCharset::Gbk;
+    })});
+    for (int round = 1; round <= 2; ++round) {
+        run.finished = 0;
+        run.untilFinished({.title = u"红楼梦"_s});
+        ASSERT_EQ(run.found.size(), size_t(round)) << run.progress().words().toStdString();
+        EXPECT_EQ(summaryOf(run.found.back().decoded.record).title, u"红楼梦"_s);
     }
 }
 
