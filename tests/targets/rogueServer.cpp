@@ -1,6 +1,7 @@
 #include "rogueServer.h"
 #include <QTcpServer>
 #include <QTcpSocket>
+#include <limits>
 
 RogueServer::RogueServer(Misconduct misconduct, int passed, int realPort)
     : m_misconduct(misconduct)
@@ -29,7 +30,8 @@ void RogueServer::serve(QTcpSocket &client) {
     QTcpSocket real;
     real.connectToHost(QHostAddress::LocalHost, quint16(m_realPort));
     real.waitForConnected();
-    for (int exchange = 0; exchange < m_passed && isOpen(client); ++exchange) {
+    const int passed = m_misconduct == Misconduct::OtherSyntax ? std::numeric_limits<int>::max() : m_passed;
+    for (int exchange = 0; exchange < passed && isOpen(client); ++exchange) {
         client.write(realAnswer(client, real));
         client.flush();
     }
@@ -39,6 +41,7 @@ void RogueServer::serve(QTcpSocket &client) {
             request(client);
         break;
     case Misconduct::ClosesAtOnce:
+    case Misconduct::OtherSyntax:
         break;
     case Misconduct::ClosesInTheMiddle: {
         const QByteArray answer = realAnswer(client, real);
@@ -58,12 +61,6 @@ void RogueServer::serve(QTcpSocket &client) {
         return flood(client, "HTTP/1.1 200 OK\r\nContent-Type: text/xml\r\n\r\n<a>", QByteArray(1 << 15, 'x'));
     case Misconduct::Trickle:
         return trickle(client, realAnswer(client, real));
-    case Misconduct::OtherSyntax:
-        while (isOpen(client)) {
-            client.write(realAnswer(client, real));
-            client.flush();
-        }
-        break;
     }
     client.waitForBytesWritten();
     client.disconnectFromHost();

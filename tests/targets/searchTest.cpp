@@ -151,7 +151,7 @@ qint64 statusOf(const char *line) {
     return all.mid(all.indexOf(line) + qsizetype(qstrlen(line)), 20).trimmed().split(' ').constFirst().toLongLong();
 }
 
-// Makes the peak of the memory begin anew; returns what the process has now.
+// Resets the peak of the memory; returns what the process has now.
 qint64 forgetPeak() {
     QFile peak(u"/proc/self/clear_refs"_s);
     if (peak.open(QIODevice::WriteOnly))
