@@ -28,7 +28,7 @@ wine_display() {
     mkfifo "$work/display"
     Xvfb -displayfd 9 -screen 0 "${WINE_SCREEN:-1280x900x24}" -nolisten tcp -noreset 9>"$work/display" 2>/dev/null &
     # shellcheck disable=SC2064 # the values of now
-    trap "wineserver -k 2>/dev/null; kill $!; rm -rf $work" EXIT
+    trap "wineserver -k 2>/dev/null || true; kill $! || true; rm -rf $work" EXIT
     read -r number <"$work/display"
     export DISPLAY=:$number
 }
