@@ -13,8 +13,8 @@ inline constexpr size_t titleLabel = 2;
 inline constexpr size_t copyCountLabel = 12; // the number of copies
 extern const std::array<QStringView, detailLabels> detailCaptions;
 
-// Returns the values of the labels from the first row of the result, which must exist, in the order of the captions. A column that is
-// missing or NULL gives an empty text.
+// Returns the values of the labels from the first row of the result, which must exist, in the order of the captions. A
+// column that is missing or NULL gives an empty text.
 std::array<QString, detailLabels> detailValues(const database::ResultTable &book);
 
 // The copies as shown on the grid: column 5 as a word.

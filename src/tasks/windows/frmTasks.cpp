@@ -226,8 +226,7 @@ void frmTasks::jump() {
 }
 
 bool frmTasks::queryUnload() {
-    if (m_work.isBusy() &&
-        !m_host.ask(u"还没有做完，确实要停下退出吗？"_s, platform::hintTitle, platform::Answer::No))
+    if (m_work.isBusy() && !m_host.ask(u"还没有做完，确实要停下退出吗？"_s, platform::hintTitle, platform::Answer::No))
         return false;
     m_work.stop();
     return mayLeaveTask();
