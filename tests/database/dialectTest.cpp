@@ -99,8 +99,9 @@ TEST(ConnectionText, IsAdaptedToItsDriver) {
     EXPECT_EQ(text(u"Driver=SQLite3;NoCreat=0;Timeout=5000;StepAPI=0"),
               u"Driver=SQLite3;StepAPI=0;NoCreat=1;Timeout=2000;"_s);
     EXPECT_EQ(text(u"DSN=lib;", u"Driver=SQLite3;Timeout=300;"), u"DSN=lib;StepAPI=1;NoCreat=1;"_s);
-    for (const QStringView endless : {u"-1", u"ever", u"2001"})
-        EXPECT_TRUE(text(QString(u"Driver=SQLite3;Timeout=" + endless)).endsWith(u"NoCreat=1;Timeout=2000;"));
+    for (const QStringView endless :
+         {u"Driver=SQLite3;Timeout=-1", u"Driver=SQLite3;Timeout=ever", u"Driver=SQLite3;Timeout=2001"})
+        EXPECT_TRUE(text(endless).endsWith(u"NoCreat=1;Timeout=2000;"));
     EXPECT_TRUE(text(u"Driver=SQLite3;Timeout=0").startsWith(u"Driver=SQLite3;Timeout=0;"));
     EXPECT_EQ(text(u"Driver=MariaDB Unicode;AUTO_RECONNECT=1;CONN_TIMEOUT=3;StatementTimeout=0;"),
               u"Driver=MariaDB Unicode;CONN_TIMEOUT=3;StatementTimeout=0;CHARSET=utf8mb4;AUTO_RECONNECT=0;"_s);
