@@ -1,5 +1,6 @@
 #include "widgets/textBox.h"
 #include "platform/desktop/faces.h"
+#include "widgets/spacedLines.h"
 #include "widgets/styleTokens.h"
 #include <QMimeData>
 #include <QScrollBar>
@@ -119,6 +120,10 @@ void TextBox::lock() {
     setReadOnly(true);
     setUndoRedoEnabled(false);
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+}
+
+void TextBox::setLineHeight(double factor) {
+    document()->setDocumentLayout(new SpacedLines(document(), factor));
 }
 
 void TextBox::setRoom(int columns, int lines) {

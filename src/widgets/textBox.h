@@ -22,6 +22,8 @@ public:
 
     // Makes the text read-only. It can still be selected and copied with mouse and keyboard.
     void lock();
+    // Sets the distance of the lines, in heights of a line of the font.
+    void setLineHeight(double factor);
     // Sets the preferred size, in average Chinese characters and lines.
     void setRoom(int columns, int lines);
     QSize sizeHint() const override { return m_room.isValid() ? m_room : QPlainTextEdit::sizeHint(); }

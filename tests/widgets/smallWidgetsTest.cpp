@@ -18,6 +18,28 @@
 
 using namespace widgets;
 
+// Of a block that is wrapped, and between blocks; a click finds the place below it.
+TEST(TextBox, LinesAreAsFarApartAsSet) {
+    TextBox box(u"box"_s);
+    box.setLineHeight(1.5);
+    box.resize(200, 300);
+    box.setText(u"甲"_s.repeated(20) + u"\r\n乙\r\n丙"_s);
+    box.show();
+    std::vector<int> tops;
+    QTextCursor cursor(box.document());
+    for (int at = 0; at <= box.toPlainText().size(); ++at) {
+        cursor.setPosition(at);
+        const QRect place = box.cursorRect(cursor);
+        EXPECT_EQ(box.cursorForPosition(place.center()).position(), at);
+        if (tops.empty() || tops.back() != place.top())
+            tops.push_back(place.top());
+    }
+    ASSERT_GE(tops.size(), 4U); // the first block is wrapped
+    const double step = 1.5 * box.cursorRect(cursor).height();
+    for (size_t line = 1; line < tops.size(); ++line)
+        EXPECT_NEAR(tops[line] - tops[line - 1], step, 1.01) << line;
+}
+
 TEST(ClickLabel, LooksAsItsStateAndIsClickedByKeys) {
     for (const auto look : {ClickLabel::Look::Raised, ClickLabel::Look::Underlined}) {
         const bool raised = look == ClickLabel::Look::Raised;

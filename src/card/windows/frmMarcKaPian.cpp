@@ -29,6 +29,7 @@ frmMarcKaPian::frmMarcKaPian(platform::Host &host, QWidget *parent)
                new Button(u"cmdclick2"_s, u"&Q 返回"_s, this)}
     , m_host(host)
     , m_face(new CardFace(Text1, this)) {
+    Text1->setLineHeight(1.2);
     Text1->lock();
     Text1->setAccessibleName(u"记录内容"_s);
     Text1->setRoom(40, 22);
