@@ -54,9 +54,12 @@ class Reader:
     def listen(seconds=0.02):
         """Lets the announcements come in."""
         context = GLib.MainContext.default()
-        end = time.monotonic() + seconds
-        while context.iteration(False) or time.monotonic() < end:
-            time.sleep(0.001)
+        over = []
+        GLib.timeout_add(int(seconds * 1000), lambda: over.append(True))  # once, as it returns no true value
+        while not over:
+            context.iteration(True)
+        while context.iteration(False):
+            pass
 
     def wait(self, what, condition, seconds=PATIENCE):
         end = time.monotonic() + seconds
@@ -370,12 +373,17 @@ def open_workspace(reader):
     if reader.visit("file dialog", "打开marc文件对话框", rounds=True):
         press("Escape")
     reader.visit("chooser after the file dialog", CHOOSER)
+    choose_sample(reader)
+    reader.visit("workspace", DESK, rounds=True)
+
+
+def choose_sample(reader):
+    """In the chooser."""
     reader.tab_to("机读目录数据文件")
     press("ctrl+a")
     type_text(str(pathlib.Path.cwd() / "sample.iso"))
     reader.listen(0.5)
     press("alt+s")
-    reader.visit("workspace", DESK, rounds=True)
 
 
 def workspace(reader):
@@ -535,11 +543,7 @@ def catalogues(reader):
     reader.visit("start page again", MAIN)
     press("alt+1")
     reader.visit("chooser for the comparison", CHOOSER)
-    reader.tab_to("机读目录数据文件")
-    press("ctrl+a")
-    type_text(str(pathlib.Path.cwd() / "sample.iso"))
-    reader.listen(0.5)
-    press("alt+s")
+    choose_sample(reader)
     reader.visit("workspace for the comparison", DESK)
     reader.listen(1)
     press("ctrl+t")
