@@ -1,12 +1,11 @@
 // Writes the drafts of the workspace's file at most two seconds after each change and when the window is closed; those
-// of thousands of records follow in parts, so that the window stays responsive. The
-// draft of the current record is taken from the grid when it is written, including the text of an open editor. The
-// drafts of an earlier start are offered to the user and then restored or discarded.
+// of thousands of records follow in parts, so that the window stays responsive. The draft of the current record is
+// taken from the grid when it is written, including the text of an open editor. The drafts of an earlier start are
+// offered to the user and then restored or discarded.
 #pragma once
 
 #include "platform/host.h"
-#include "workspace/draftBook.h"
-#include "workspace/draftFile.h"
+#include "workspace/draftStore.h"
 #include "workspace/editedRecord.h"
 #include "workspace/windows/recordList.h"
 #include "workspace/windows/workspaceWindows.h"
@@ -45,32 +44,21 @@ Q_SIGNALS:
     void currentRestored();           // the list now holds another record in the current row
 
 private:
-    struct Written {
-        quint64 revision = 0;
-        int row = -1; // row of the record in the grid; -1: the record is as in the list
-        marc::RawRecord inGrid;
-        friend bool operator==(const Written &, const Written &) = default;
-    };
-
-    bool ready();
+    bool isReady();
     void writeSome();
-    platform::Status store(const std::optional<DraftBook::InGrid> &inGrid, size_t rows);
-    platform::Status append(const std::vector<int> &rows, const std::optional<DraftBook::InGrid> &inGrid);
     bool writeAtMost(size_t rows);
+    std::optional<DraftStore::Grid> grid() const;
     bool onlyGridChanged() const;
-    RecordState typed() const;
     void carryOut(const DraftBook::Restored &restored);
-    QString setAside(const Drafts &drafts);
+    void say(const QString &words);
+    void sayFault(const platform::Failure &failure);
 
     RecordList &m_list;
     EditedRecord &m_record;
     platform::Host &m_host;
     Typing m_typing;
-    QString m_recordFile;
-    std::optional<DraftFile> m_file; // set when its folder is available
-    DraftBook m_book;
+    DraftStore m_store;
     QTimer m_pace;
-    Written m_written;
 };
 
 } // namespace workspace

@@ -1,16 +1,13 @@
-// The line that finds records in the batch: by a text in titles or in whole records, or by number. It searches the list
-// in slices, so that the window stays responsive. It only requests that a record is made current and never changes the
-// list itself.
+// The line that finds records in the batch: by a text in titles or in whole records, or by number. It only requests
+// that a record is made current and never changes the list itself.
 #pragma once
 
-#include "marc/recordSearch.h"
-#include "platform/slicedWork.h"
+#include "workspace/recordFind.h"
 #include "workspace/windows/recordList.h"
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
-#include <memory>
 
 namespace workspace {
 
@@ -19,7 +16,7 @@ class FindLine final : public QWidget {
 public:
     FindLine(RecordList &list, QWidget *parent);
 
-    enum class Place { Title, WholeRecord, Number };
+    using Place = RecordFind::Place;
     // Shows the line and gives it the focus. A given text is entered as if typed. Numbers and words are kept
     // separately: the last words are restored by the next search for words.
     void open(Place place, const QString &text = {});
@@ -42,18 +39,13 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
-    enum class Direction { Next, Previous };
     Place place() const { return Place(findPlace->currentIndex()); }
     void look();
-    void walk(Direction direction);
     void say();
 
-    RecordList &m_list;
-    std::unique_ptr<marc::RecordSearch> m_search;
-    platform::SlicedWork m_slices;
-    std::optional<Direction> m_owed; // a step that waits for the end of the search
-    QString m_words;                 // the last words, while a number is searched for
-    QPointer<QWidget> m_cameFrom;    // had the focus before the line was opened
+    RecordFind m_find;
+    QString m_words;              // the last words, while a number is searched for
+    QPointer<QWidget> m_cameFrom; // had the focus before the line was opened
 };
 
 } // namespace workspace

@@ -5,7 +5,7 @@
 #include "workspace/statusFacts.h"
 #include "workspace/windows/cellEditors.h"
 #include "workspace/windows/draftKeeper.h"
-#include "workspace/windows/recordReading.h"
+#include "workspace/recordReading.h"
 
 namespace workspace {
 

@@ -2,11 +2,24 @@
 
 namespace workspace {
 
+namespace {
+
+void connectList(RecordReading &reading, RecordList &list) {
+    QObject::connect(&reading, &RecordReading::begun, &list, &RecordList::reset);
+    QObject::connect(&reading, &RecordReading::listed, &list, &RecordList::sourceHasGrown);
+    QObject::connect(&reading, &RecordReading::firstBatchRead, &list, [&list] {
+        list.setRow(0);
+        list.markCurrent();
+    });
+}
+
+} // namespace
+
 WorkspaceParts::WorkspaceParts(const Desk &desk, const marc::DamagedDirectory &damaged)
     : editors(desk.fields, desk.record, desk.host, desk.windows)
     , fieldCommands(desk.fields, desk.record, editors, desk.host)
     , moving(desk.list, desk.record, desk.host, damaged)
-    , reading(desk.list, desk.host, damaged)
+    , reading(desk.list.records(), desk.host, damaged)
     , recordCommands(desk.list, desk.record, moving, desk.host, desk.windows)
     , drafts(desk.list, desk.record, desk.host, [this] { return editors.typing(); })
     , keys({desk.fields, desk.list, desk.record, editors, fieldCommands, moving, desk.find}, desk.window)
@@ -22,6 +35,7 @@ WorkspaceParts::WorkspaceParts(const Desk &desk, const marc::DamagedDirectory &d
           {desk.list, desk.record, recordCommands, moving, remarks}, desk.windows, [&file = desk.file] { return file; },
           [this] { return filter.rows(); })
     , fetch(desk.list, desk.record, desk.host, desk.windows) {
+    connectList(reading, desk.list);
     QObject::connect(&editors, &CellEditors::typed, &drafts, &DraftKeeper::touch);
     QObject::connect(&keys, &DeskKeys::remarksWanted, &remarks, &RemarkJumps::showOrHide);
     QObject::connect(&keys, &DeskKeys::changesWanted, &changes, &ListChanges::open);

@@ -4,7 +4,7 @@
 #include "marc/recordCutter.h"
 #include "platform/host.h"
 #include "workspace/preReadEngine.h"
-#include "workspace/windows/recordList.h"
+#include <QObject>
 #include <memory>
 
 namespace workspace {
@@ -12,7 +12,8 @@ namespace workspace {
 class RecordReading final : public QObject {
     Q_OBJECT
 public:
-    RecordReading(RecordList &list, platform::Host &host, marc::DamagedDirectory damaged);
+    // The records are put into `store`.
+    RecordReading(marc::PreReadStore &store, platform::Host &host, marc::DamagedDirectory damaged);
 
     ReadState state() const { return m_state; }
     qint64 listedCount() const { return m_listed; }
@@ -31,6 +32,8 @@ public:
     void abandon() { ++m_readsBegun; }
 
 Q_SIGNALS:
+    void begun(); // a first batch is to be read: the list must be emptied
+    void firstBatchRead();
     void stateChanged(workspace::ReadState state);
     void listed(int count); // record number `count` is now in row `count` - 1; 0 when a list starts
     void lookedAt(const marc::FileCounts &file); // before a batch is read
@@ -40,11 +43,11 @@ private:
     std::unique_ptr<marc::RecordCutter> open(const QString &file); // null if the file cannot be opened
     ReadEnd read(marc::RecordCutter &cutter, ReadRange range);
     void enter(ReadState state);
-    void list(int count);
+    void tellListed(int count);
     void count(qint64 inFile);
     void finish(ReadState state);
 
-    RecordList &m_list;
+    marc::PreReadStore &m_store;
     platform::Host &m_host;
     marc::DamagedDirectory m_damaged;
     ReadState m_state = ReadState::Idle;

@@ -1,4 +1,4 @@
-#include "workspace/windows/recordReading.h"
+#include "workspace/recordReading.h"
 #include "marc/recordCutter.h"
 #include <utility>
 
@@ -6,8 +6,8 @@ using namespace Qt::StringLiterals;
 
 namespace workspace {
 
-RecordReading::RecordReading(RecordList &list, platform::Host &host, marc::DamagedDirectory damaged)
-    : m_list(list)
+RecordReading::RecordReading(marc::PreReadStore &store, platform::Host &host, marc::DamagedDirectory damaged)
+    : m_store(store)
     , m_host(host)
     , m_damaged(std::move(damaged)) {}
 
@@ -24,7 +24,7 @@ void RecordReading::enter(ReadState state) {
     Q_EMIT stateChanged(state);
 }
 
-void RecordReading::list(int count) {
+void RecordReading::tellListed(int count) {
     m_listed = count;
     Q_EMIT listed(count);
 }
@@ -41,13 +41,9 @@ ReadEnd RecordReading::read(marc::RecordCutter &cutter, ReadRange range) {
         .abandoned = [this, begun] { return begun != m_readsBegun; },
         .stopRequested = [this] { return m_stopFlag; },
         .damaged = m_damaged,
-        .listed =
-            [this](int count) {
-                m_list.sourceHasGrown();
-                list(count);
-            },
+        .listed = [this](int count) { tellListed(count); },
     };
-    const ReadEnd end = readRecords(cutter, range, m_list.records(), watcher);
+    const ReadEnd end = readRecords(cutter, range, m_store, watcher);
     if (end.atEnd)
         count(end.count);
     return end;
@@ -59,8 +55,8 @@ void RecordReading::finish(ReadState state) {
 }
 
 void RecordReading::firstBatch(const QString &file, int limit) {
-    m_list.reset();
-    list(0);
+    Q_EMIT begun();
+    tellListed(0);
     auto cutter = open(file);
     if (!cutter)
         return;
@@ -73,8 +69,7 @@ void RecordReading::firstBatch(const QString &file, int limit) {
     cutter.reset();
     if (end.abandoned)
         return;
-    m_list.setRow(0);
-    m_list.markCurrent();
+    Q_EMIT firstBatchRead();
     finish(ReadState::Idle);
 }
 
@@ -93,7 +88,7 @@ void RecordReading::remainder(const QString &file, int passOver) {
 void RecordReading::all(const QString &file) {
     m_stopFlag = false;
     enter(ReadState::Asked);
-    remainder(file, m_list.records().rowCount());
+    remainder(file, m_store.rowCount());
 }
 
 void RecordReading::stop() {
