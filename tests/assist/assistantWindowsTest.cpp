@@ -169,8 +169,9 @@ TEST_F(FrmHelpLR000Test, EnteredBoxesAreSeenAndListedInANarrowOrInactiveWindow) 
     EXPECT_EQ(window.boxArea->widget()->childrenRect().topLeft(), QPoint()) << "in line with the lists below";
     window.boxArea->setMinimumWidth(0);
     QApplication::processEvents(); // the smaller minimum takes effect
-    window.resize(10, window.height());
+    window.resize(10, 10);
     QApplication::processEvents();
+    EXPECT_GE(window.boxArea->height(), window.boxArea->widget()->sizeHint().height()) << "in a low window too";
     CodeBox *last = window.Text1[10];
     for (CodeBox *box : {last, window.Text1[1]}) {
         box->setFocus();
@@ -185,6 +186,9 @@ TEST_F(FrmHelpLR000Test, EnteredBoxesAreSeenAndListedInANarrowOrInactiveWindow) 
     EXPECT_EQ(window.Text1[1]->text(), u"c"_s);
     EXPECT_EQ(window.listMenu->accessibleName(), last->accessibleName());
     EXPECT_GT(window.listLx->count(), 1);
+    last->setText(u"N"_s);
+    last->onKey(u'\r');
+    EXPECT_EQ(last->text(), u"n"_s);
     for (widgets::ChoiceList *list : {window.listMenu, window.listLx}) {
         last->setFocus();
         doubleClick(list, list == window.listMenu ? u"n＝"_s : u"i＝"_s);
@@ -208,10 +212,11 @@ TEST_F(FrmHelpLR000Test, OpensAgainAtItsFirstBox) {
         << window.richTextTS->toPlainText().toStdString();
     window.cmdclick[0]->click();
     window.publicTouBiao = u"00960xam0 2200277   450 "_s;
+    window.setAttribute(Qt::WA_ShowWithoutActivating);
     window.show();
     EXPECT_EQ(window.textMarc->text(), u"?????xam0#22?????###450#") << "before the window is active";
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    EXPECT_EQ(window.richTextTS->toPlainText(), u"");
+    EXPECT_TRUE(window.listLx->count() == 0 && window.richTextTS->toPlainText().isEmpty());
+    EXPECT_TRUE(window.cmdclick[0]->property("primary").toBool());
     window.cmdclick[1]->click();
     EXPECT_FALSE(window.confirmed);
 }

@@ -78,6 +78,7 @@ TEST(CodedBoxes, AKeyIsTakenTestedOrLeftToTheBox) {
         {leader, 10, u"#"_s, u'I', Taken, u"i"_s, true},
         {leader, 2, u"a"_s, u'\r', MovesOn, u"a"_s},
         {leader, 2, u"a"_s, u'~', AsksAgain, u"~"_s},
+        {leader, 2, u"a"_s, u'!', AsksAgain, u"!"_s},
         {field, 5, u"#"_s, u'k', Taken, u"k"_s},
         {field, 5, u"#"_s, u'z', AsksAgain, u"z"_s},
         {field, 2, u"199"_s, u'x', LeftToBox, u"199"_s},

@@ -131,8 +131,7 @@ void CodedBoxWindow::leaveBox() {
 }
 
 bool CodedBoxWindow::typed(int i, char16_t key) {
-    CodeBox *box = Text1[size_t(i)];
-    const KeyEffect effect = m_boxes.type(i, key, box->hasSelectedText());
+    const KeyEffect effect = m_boxes.type(i, key, Text1[size_t(i)]->hasSelectedText());
     if (effect == KeyEffect::LeftToBox)
         return false;
     showBoxes();
@@ -140,11 +139,8 @@ bool CodedBoxWindow::typed(int i, char16_t key) {
         moveOn(i);
     } else if (effect == KeyEffect::YearRefused) {
         m_host.tell(u"输入年份格式不正确。请重新输入"_s);
-        box->setFocus();
     } else if (effect == KeyEffect::AsksAgain) {
-        if (m_host.ask(m_boxes.question(i).toString(), platform::hintTitle, platform::Answer::No))
-            box->setFocus();
-        else
+        if (!m_host.ask(m_boxes.question(i).toString(), platform::hintTitle, platform::Answer::No))
             moveOn(i);
     }
     return true;
