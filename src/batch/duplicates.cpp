@@ -72,7 +72,6 @@ std::vector<Remark> DuplicateSearch::step() {
 }
 
 void DuplicateSearch::end() {
-    m_table = tables.size();
     m_connection = {};
 }
 

@@ -21,7 +21,7 @@ public:
     // and a few hundred per step. If a table cannot be read to its end, one more remark reports it; if the server
     // cannot be reached, a single remark does.
     std::vector<Remark> step();
-    // Ends the search and closes the connection.
+    // Closes the connection. Call no step() afterwards.
     void end();
     // Releases a part of what was found and is not told; returns whether there is more.
     bool dropSome();

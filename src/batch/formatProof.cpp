@@ -8,6 +8,15 @@ namespace batch {
 
 using schema::Check;
 
+namespace {
+
+// Returns the name of the function that rules of the schema call for this number, empty for other kinds of remarks.
+QStringView numberOf(Kind kind) {
+    return kind == Kind::Isbn ? u"isbn" : kind == Kind::Issn ? u"issn" : u"";
+}
+
+} // namespace
+
 FormatProof::FormatProof(schema::SchemaInForce *source)
     : m_schema(source ? source->schema() : nullptr) {
     if (m_schema) {
@@ -32,9 +41,8 @@ bool FormatProof::isReportedBy(const Remark &remark, const Remark &finding) cons
         return remark.kind == Kind::Template;
     case Check::ExternalRule: {
         const schema::Predicate predicate = m_schema->rules[size_t(finding.rule)].consequence.predicate;
-        return predicate && remark.fieldRow == finding.fieldRow &&
-               ((remark.kind == Kind::Isbn && predicate == schema::predicateNamed(u"isbn")) ||
-                (remark.kind == Kind::Issn && predicate == schema::predicateNamed(u"issn")));
+        return predicate && predicate == schema::predicateNamed(numberOf(remark.kind)) &&
+               remark.fieldRow == finding.fieldRow;
     }
     default:
         return false;

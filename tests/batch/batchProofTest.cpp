@@ -123,6 +123,11 @@ TEST(BatchProof, ValidatesAgainstTheSchemaInForce) {
     const ProofFacts facts = ProofRun(store, proof, state, &schema).facts({});
     EXPECT_EQ(facts.checksOff.join(u','), u"缺必备字段"_s);
     EXPECT_TRUE(facts.inFile == 3 && !facts.schema.isEmpty()) << facts.inFile;
+    ProofRun run(store, proof, state, &schema);
+    while (run.hasNext())
+        run.step();
+    run.end();
+    EXPECT_FALSE(run.dropSome()) << "the search found no book";
 
     folder.file(u"cnmarc-schema.json"_s, "{");
     schema::SchemaInForce none(platform::Settings(folder.path()), folder.path());

@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QProcess>
+#include <QScrollArea>
 #include <QSignalSpy>
 #include <QSpinBox>
 #include <QTabWidget>
@@ -94,7 +95,8 @@ TEST_F(ReportWindowTest, ShowsNumbersRulesAndADrawThatCanBeRepeated) {
         EXPECT_GT(onPages[page]->width(), window->width() * 3 / 4) << page;
     }
     window->setPalette(widgets::schemePalette(widgets::Scheme::Dark));
-    EXPECT_TRUE(hasColour(window->chart, schemeInk(window->palette()).background));
+    const QColor background = schemeInk(window->palette()).background;
+    EXPECT_EQ(window->chart->grab().toImage().pixelColor(0, 0), background) << "no frame";
 
     const auto drawn = [this] {
         QStringList numbers;
@@ -171,10 +173,15 @@ TEST_F(ReportWindowTest, MayBeClosedBeforeItIsMade) {
     window = std::make_unique<frmBatchReport>(host, frmBatchReport::Source{*records, list}, ProofFacts{.rows = 40});
     window->show();
     EXPECT_FALSE(window->report() || window->saveButtons[0]->isEnabled() || window->againButton->isEnabled());
+    window->setPalette(widgets::schemePalette(widgets::Scheme::Dark)); // the chart is not there yet
     window->close();
     window.reset();
     QCoreApplication::processEvents();
     ASSERT_TRUE(open(0)); // no record was proofed
+    EXPECT_FALSE(window->notes->isVisible());
+    window->pages->setFocus();
+    QTest::keyClick(window->focusWidget(), Qt::Key_Tab);
+    EXPECT_FALSE(qobject_cast<QScrollArea *>(window->focusWidget())) << "the room of the chart";
     EXPECT_EQ(window->report()->remarks, 200000);
     EXPECT_EQ(window->drawGrid->rows(), 1);
 }

@@ -83,6 +83,10 @@ TEST_F(RemarkTableTest, ShowsTheFirstRemarkDuringARun) {
     table.settle();
     EXPECT_EQ(table.grid->row(), 3) << "the row that the user chose";
     EXPECT_TRUE(table.remarkText->toPlainText().startsWith(u"己"));
+    table.begin(RemarkList());
+    table.take({Remark(4, Kind::Issn), Remark(1, Kind::Issn)});
+    table.settle();
+    EXPECT_EQ(table.grid->row(), 1) << "chosen in the previous run";
 }
 
 TEST_F(RemarkTableTest, TheRightButtonOpensTheMenuOfTheRowBelowIt) {
@@ -119,6 +123,7 @@ TEST_F(RemarkTableTest, TheChoicesFollowTheRemarksAndTheChosenOneStays) {
     EXPECT_EQ(rules->currentText(), u"ISSN (1)");
     rules->showPopup();
     EXPECT_GE(rules->view()->minimumWidth(), rules->view()->sizeHintForColumn(0)) << "entries are seen as a whole";
+    EXPECT_LT(rules->minimumSizeHint().width(), table.filterBar->fontMetrics().horizontalAdvance(u"某"_s.repeated(9)));
     reminders.takeBack({u"isbn"_s, {}});
     EXPECT_EQ(rules->count(), 2) << "an open list stays as it is";
     rules->hidePopup();

@@ -245,7 +245,7 @@ void frmBatchReport::draw() {
 
 void frmBatchReport::wantRecord() {
     const int row = drawGrid->row() - 1;
-    if (row < 0 || size_t(row) >= m_drawnRecords.size())
+    if (size_t(row) >= m_drawnRecords.size()) // also if there is no row
         return;
     Q_EMIT recordWanted(m_drawnRecords[size_t(row)]);
     unload();
