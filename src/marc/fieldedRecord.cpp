@@ -181,7 +181,8 @@ bool FieldedRecord::take(QByteArrayView leaderText, QByteArrayView tags, QString
     for (size_t i = 0; i < fields.size(); ++i) {
         const qsizetype end = data.indexOf(QChar(fieldTerminator), at);
         const qsizetype size = end < 0 ? 0 : end - at;
-        fields[i].tag.resize(tagLength);
+        if (fields[i].tag.size() != tagLength)
+            fields[i].tag.resize(tagLength);
         std::transform(tags.begin() + qsizetype(i) * tagLength, tags.begin() + qsizetype(i + 1) * tagLength,
                        fields[i].tag.begin(), [](char c) { return QChar(char16_t(uchar(c))); });
         fields[i].content.setUnicode(data.data() + at, size);

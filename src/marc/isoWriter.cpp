@@ -9,8 +9,14 @@ namespace marc {
 
 namespace {
 
-bool isPlain(QStringView text) {
-    return std::ranges::all_of(text, [](QChar c) { return c >= u' ' && c <= u'~'; });
+// Writes a text of printable ASCII characters. Returns false if it contains others.
+bool putPlain(char *at, QStringView text) {
+    bool plain = true;
+    for (const QChar c : text) {
+        plain &= c >= u' ' && c <= u'~';
+        *at++ = char(c.unicode());
+    }
+    return plain;
 }
 
 bool holdsTerminator(const Field &field) {
@@ -25,25 +31,24 @@ QString tooLong(qsizetype size, qsizetype longest) {
 
 QString IsoWriter::make(const FieldedRecord &record, IsoEncoding encoding) {
     m_size = 0;
-    if (record.leader.size() != leaderLength || !isPlain(record.leader))
-        return u"头标区不是 %1 个 ASCII 字符"_s.arg(leaderLength);
     const qsizetype base = baseAddress(qsizetype(record.fields.size()));
     ensureSpace(base);
-    char *const leader = m_bytes.data();
-    std::ranges::transform(record.leader, leader, [](QChar c) { return char(c.unicode()); });
-    putNumber(leader + baseAddressAt, baseAddressLength, base);
+    if (record.leader.size() != leaderLength || !putPlain(m_bytes.data(), record.leader))
+        return u"头标区不是 %1 个 ASCII 字符"_s.arg(leaderLength);
+    putNumber(m_bytes.data() + baseAddressAt, baseAddressLength, base);
     m_size = base;
     QString why; // of the first field that does not fit
     for (size_t i = 0; i < record.fields.size(); ++i) {
         const Field &field = record.fields[i];
-        if (field.tag.size() != tagLength || !isPlain(field.tag))
+        char tag[tagLength];
+        if (field.tag.size() != tagLength || !putPlain(tag, field.tag))
             return u"字段标识符“%1”不对"_s.arg(field.tag);
         const qsizetype start = m_size - base;
         const qsizetype length = put(field.content, encoding);
         if (length > longestField && why.isEmpty())
             why = u"字段 %1 有 "_s.arg(field.tag) + tooLong(length, longestField);
         char *const entry = m_bytes.data() + leaderLength + qsizetype(i) * directoryEntryLength;
-        std::ranges::transform(field.tag, entry, [](QChar c) { return char(c.unicode()); });
+        std::ranges::copy(tag, entry);
         putNumber(entry + tagLength, fieldLengthWidth, length);
         putNumber(entry + fieldStartAt, fieldStartWidth, start);
     }

@@ -169,10 +169,12 @@ Status TidyRun::keep() {
             blankBreaks(field.content);
     }
     const RecordChange change = m_change.change ? m_change.change(record) : RecordChange();
+    // What was decoded from GBK without damage can be encoded.
+    const bool isGbk = !isXmlSource() && m_charset == platform::Charset::Gbk && m_form == TargetForm::GbkIso;
     QList<char32_t> lacking;
-    for (marc::Field &field : record.fields) {
-        if (const QList<char32_t> found = marc::fitText(m_form, field.content); !found.isEmpty())
-            lacking += found;
+    if (!isGbk || damaged > 0 || m_change.change) {
+        for (marc::Field &field : record.fields)
+            lacking += marc::fitText(m_form, field.content);
     }
     Status written = platform::success();
     if (const QString why = write(record, written); !why.isEmpty())
