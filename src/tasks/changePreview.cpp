@@ -26,19 +26,23 @@ ListOutcome ChangePreview::look(int row, int number, const Wishes &wishes) {
 }
 
 bool ChangePreview::step() {
-    if (m_next >= total())
-        return false;
+    if (m_next < total())
+        lookAtNext();
+    return m_next < total();
+}
+
+void ChangePreview::lookAtNext() {
     const int row = m_source.rows[size_t(m_next++)];
     const ListOutcome outcome = look(row, m_number, {.list = true});
     if (outcome.record.isEmpty() && outcome.why.isEmpty())
-        return m_next < total();
+        return;
     const auto record = quint32(m_records.size());
     m_records.push_back({row, quint32(m_marks.size()), m_number});
     if (outcome.record.isEmpty()) {
         m_marks.push_back({.record = record, .step = refusedRecord});
         if (m_refused.size() < mostRefused)
             m_refused.push_back({row, outcome.why});
-        return m_next < total();
+        return;
     }
     const std::vector<Change> &changes = m_run.changes();
     for (size_t i = 0; i < std::min(changes.size(), mostChanges); ++i)
@@ -49,7 +53,6 @@ bool ChangePreview::step() {
     for (size_t i = 0; i < outcome.altered.size() && changes.size() + i < mostChanges; ++i)
         m_marks.push_back({.record = record, .step = alteredByWriter, .index = quint16(changes.size() + i)});
     m_number = int(m_run.nextNumber());
-    return m_next < total();
 }
 
 quint32 ChangePreview::endOf(quint32 record) const {
@@ -153,7 +156,7 @@ ListOutcome ChangePreview::make(size_t record) {
     for (quint32 id = at.first; id < endOf(quint32(record)); ++id)
         if (m_marks[id].out)
             without.push_back(change(id));
-    return look(at.row, at.number, {.list = false, .without = without.empty() ? nullptr : &without});
+    return look(at.row, at.number, {.without = without.empty() ? nullptr : &without});
 }
 
 } // namespace tasks

@@ -78,6 +78,7 @@ public:
     const marc::PreReadStore &list() const { return *m_source.records; }
 
 private:
+    void lookAtNext();
     ListOutcome look(int row, int number, const Wishes &wishes);
     const std::vector<Change> &changesOf(quint32 record);
     quint32 endOf(quint32 record) const;

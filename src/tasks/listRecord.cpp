@@ -22,23 +22,22 @@ std::pair<QStringView, QStringView> keptOf(const QString &leader) {
 
 using Fields = std::vector<const marc::Field *>;
 
+std::pair<QStringView, QStringView> textsOf(const marc::Field *field) {
+    return {field->tag, field->content};
+}
+
 Fields sorted(const marc::FieldedRecord &record) {
     Fields fields;
     for (const marc::Field &field : record.fields)
         fields.push_back(&field);
-    std::ranges::sort(fields, [](const marc::Field *a, const marc::Field *b) {
-        return std::tie(a->tag, a->content) < std::tie(b->tag, b->content);
-    });
+    std::ranges::sort(fields, {}, textsOf);
     return fields;
 }
 
 // Returns the fields of `some` that `others` lacks, each as often as it is missing. Both are sorted.
 Fields lacking(const Fields &some, const Fields &others) {
     Fields missing;
-    std::ranges::set_difference(some, others, std::back_inserter(missing),
-                                [](const marc::Field *a, const marc::Field *b) {
-                                    return std::tie(a->tag, a->content) < std::tie(b->tag, b->content);
-                                });
+    std::ranges::set_difference(some, others, std::back_inserter(missing), {}, textsOf, textsOf);
     return missing;
 }
 

@@ -91,7 +91,8 @@ platform::Result<TaskRun> TaskRun::prepare(const Task &task, RunFacts facts, Fit
         }
         run.m_steps.push_back(tasks::prepare(step, int(i)));
         run.m_steps.back().pinyin = pinyin;
-        run.m_needsRemarks = run.m_needsRemarks || step.test == Test::Remark || step.test == Test::NoRemark;
+        if (step.test == Test::Remark || step.test == Test::NoRemark)
+            run.m_needsRemarks = true;
     }
     return run;
 }

@@ -2,6 +2,8 @@
 #include "support/windowState.h"
 #include "tasksWindow.h"
 #include "widgets/styleTokens.h"
+#include <QHeaderView>
+#include <QSplitter>
 #include <QTextBlock>
 
 using namespace tasks;
@@ -34,9 +36,16 @@ TEST_F(TasksWindowActs, TasksAreCopiedRenamedAndDeleted) {
     EXPECT_EQ(names().size(), before.size() + 1);
     EXPECT_TRUE(form.taskBar->entry()->name != u"甲" && form.stepsPage->task().steps.size() == 1);
     EXPECT_EQ(form.stepsPage->nameEdit->maxLength(), longestName);
+    EXPECT_EQ(form.stepsPage->nameEdit->text(), form.taskBar->entry()->name);
+    const auto write = [&form](const QString &text) {
+        form.stepsPage->descriptionEdit->setText(text);
+        Q_EMIT form.stepsPage->descriptionEdit->textEdited(text);
+    };
+    write(u"先"_s);
     form.stepsPage->nameEdit->setText(u"乙"_s);
     QTest::keyClick(form.stepsPage->nameEdit, Qt::Key_Return);
     EXPECT_TRUE(names().contains(u"乙") && form.taskBar->taskBox->currentText() == u"乙");
+    EXPECT_EQ(form.stepsPage->descriptionEdit->text(), u"先") << "stored before it was renamed";
     const QString file = form.taskBar->entry()->path;
     EXPECT_EQ(readTaskFile(file).value().name, u"乙");
     for (const platform::Answer answer : {platform::Answer::No, platform::Answer::Yes}) {
@@ -72,13 +81,18 @@ TEST_F(TasksWindowActs, WhatIsEditedIsSoonInTheFile) {
     edit(false, Parameter::Tag, u"011"_s);
     form.previewButton->click();
     EXPECT_EQ(stored().steps[0].values[Parameter::Tag], u"011") << "at once, before it is run";
-    EXPECT_TRUE(form.stopButton->isEnabled() && !form.runButton->isEnabled() && !form.taskBar->isEnabled());
+    EXPECT_TRUE(form.stopButton->hasFocus() && form.stopButton->isEnabled());
+    for (const QWidget *control :
+         std::initializer_list<QWidget *>{form.runButton, form.taskBar, form.stepsPage, form.stepsButton,
+                                          form.undoButton, form.previewPage->scopeBox})
+        EXPECT_FALSE(control->isEnabled()) << control->objectName().toStdString();
     EXPECT_TRUE(form.labJinDu->pacedText().startsWith(u"正在预览，0 / 3 条"));
     ASSERT_TRUE(done());
     const auto shown = [&] {
         return form.stepsButton->isVisible() * 100 + form.previewButton->isVisible() * 10 + form.runButton->isVisible();
     };
     EXPECT_TRUE(shown() == 101 && !form.stopButton->isEnabled() && form.taskBar->isEnabled());
+    EXPECT_TRUE(form.previewPage->grid->hasFocus() && form.runButton->property("primary").toBool());
     form.stepsButton->click();
     EXPECT_EQ(shown(), 10);
     EXPECT_TRUE(!form.work().changes() && form.previewPage->grid->rows() == 1);
@@ -87,6 +101,12 @@ TEST_F(TasksWindowActs, WhatIsEditedIsSoonInTheFile) {
     form.stepsPage->show(task, true);
     EXPECT_EQ(form.stepsPage->descriptionEdit->cursorPosition(), 0);
     EXPECT_EQ(form.stepsPage->descriptionEdit->maxLength(), longestValue);
+    for (const size_t more : {1, 2}) {
+        task.steps.resize(mostSteps - 2 + more, task.steps[0]);
+        form.stepsPage->show(task, true);
+        EXPECT_EQ(form.stepsPage->addButton->isEnabled(), task.steps.size() < mostSteps) << task.steps.size();
+    }
+    EXPECT_TRUE(readTask(writtenTask(task)).ok()) << "as many steps as a task may have";
 }
 
 TEST_F(TasksWindowActs, AFaultIsShownBelowItsBoxOnly) {
@@ -109,6 +129,8 @@ TEST_F(TasksWindowActs, AFaultIsShownBelowItsBoxOnly) {
     edit(false, Parameter::Tag, u"20"_s);
     EXPECT_TRUE(faultAt(Parameter::Tag)->isVisible() && faultAt(Parameter::Code)->isHidden());
     EXPECT_EQ(faultAt(Parameter::Tag)->text(), u"✕ " + form.stepsPage->form->faultText());
+    EXPECT_EQ(faultAt(Parameter::Tag)->palette().color(QPalette::WindowText),
+              widgets::colour(widgets::Colour::ErrorInk, form.palette()));
     edit(false, Parameter::Tag, u"200"_s);
     EXPECT_TRUE(faultAt(Parameter::Tag)->isHidden());
     WindowState state(form);
@@ -116,12 +138,16 @@ TEST_F(TasksWindowActs, AFaultIsShownBelowItsBoxOnly) {
     for (const QStringView control : {u"stepList wh", u"stepForm wh", u"value-tag w", u"nameEdit w"})
         EXPECT_TRUE(grown.contains(control)) << grown.toStdString();
     EXPECT_TRUE(form.stepsPage->form->testBox->isVisible() && form.stepsPage->form->actionBox->isVisible());
-    EXPECT_TRUE(form.stepsPage->stepList->wordWrap());
+    EXPECT_TRUE(form.stepsPage->stepList->wordWrap() && form.stepsPage->noteLabel->wordWrap());
+    EXPECT_EQ(form.stepsPage->stepList->mapTo(form.stepsPage, QPoint()).x(), 0) << "in line with the names";
+    for (auto *splitter : form.findChildren<QSplitter *>())
+        EXPECT_FALSE(splitter->childrenCollapsible()) << splitter->objectName().toStdString();
 }
 
 TEST_F(TasksWindowActs, EachKindOfChangeHasItsRows) {
     busyRow = 2;
-    frmTasks &form = openWith(price + uR"(, {"action": "pinyin", "tag": "200", "code": "a", "toCode": "9"})");
+    frmTasks &form = openWith(price + uR"(, {"action": "pinyin", "tag": "200", "code": "a", "toCode": "9"},
+            {"action": "deleteField", "tag": "999"})");
     store->setRecord(0, recordOf(u"001=0|010=  $d28.00元|105=  $ay|200=1 $a某某传"_s));
     form.previewButton->click();
     ASSERT_TRUE(done());
@@ -137,6 +163,25 @@ TEST_F(TasksWindowActs, EachKindOfChangeHasItsRows) {
     EXPECT_EQ(rowsOf(u"价格"_s),
               (QStringList{u"✓1 010 ##$d28.00元 ##$dCNY28.00"_s, u"✓2 010 ##$d28.00元 ##$dCNY28.00"_s}));
     EXPECT_EQ(current(), u"改前　##$d28.00元\n改后　##$dCNY28.00");
+    const QTextBlock after = form.previewPage->changeText->document()->lastBlock();
+    const widgets::SurfaceLook &made = widgets::look(widgets::Surface::Done);
+    for (auto at = after.begin(); at != after.end(); ++at) {
+        const bool differs = at.fragment().text() == u"CNY";
+        EXPECT_EQ(at.fragment().charFormat().foreground().color() == widgets::colour(made.ink, form.palette()),
+                  differs);
+        EXPECT_EQ(at.fragment().charFormat().fontUnderline(), differs);
+    }
+    widgets::FlexGrid &grid = *form.previewPage->grid;
+    for (const QString &tick : {u""_s, u"✓"_s}) {
+        const QRect cell = grid.visualRect(grid.model()->index(0, PreviewRows::WantedColumn));
+        QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, cell.center());
+        EXPECT_EQ(grid.text(1, PreviewRows::WantedColumn), tick);
+        QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, cell.center() + QPoint(cell.width(), 0));
+        EXPECT_EQ(grid.text(1, PreviewRows::WantedColumn), tick) << "another column";
+    }
+    EXPECT_TRUE(grid.horizontalHeader()->stretchLastSection());
+    EXPECT_EQ(rowsOf(u"999"_s), QStringList());
+    EXPECT_EQ(current(), QString());
     EXPECT_EQ(rowsOf(u"另变的字段"_s), QStringList{u"✓1 105 ##$ay （不写出）"_s});
     EXPECT_EQ(rowsOf(u"改不成的"_s), QStringList{u"3   没有改成：还有没收下的手工修改"_s});
     form.grab();
@@ -155,7 +200,8 @@ TEST_F(TasksWindowActs, EachKindOfChangeHasItsRows) {
     form.previewPage->recordButton->click();
     form.runButton->click();
     ASSERT_TRUE(done());
-    EXPECT_TRUE(form.reportText->isReadOnly());
+    EXPECT_TRUE(form.reportText->isReadOnly() && form.reportText->hasFocus());
+    EXPECT_EQ(form.labJinDu->text(), form.reportText->text().section(u"\r\n"_s, 0, 0));
     EXPECT_TRUE(form.reportText->text().contains(u"改了 1 条记录，1 条没有改成"));
     EXPECT_TRUE(form.reportText->text().endsWith(u"没有改成的，都保持原样：\r\n　第3条　题2　还有没收下的手工修改"));
 }

@@ -92,6 +92,14 @@ TEST_F(TasksWindow, WhatCannotBeRunIsSaidAtItsBox) {
     const QString folder = host.remembered().folderFor(platform::kept::tasks).value();
     EXPECT_EQ(readTaskFile(folder + u"新任务.json").value().steps.size(), 1U);
 
+    form.show();
+    form.taskBar->newButton->click();
+    form.stepsPage->addButton->click();
+    host.willAnswer(platform::Answer::Yes); // discards the step, which cannot be run
+    choose(window->taskBar->taskBox->itemText(0));
+    form.quitButton->click();
+    EXPECT_FALSE(form.isVisible());
+
     host.willChoose(host.folder + u"/没有.json");
     form.taskBar->importButton->click();
     EXPECT_TRUE(host.lastBox().text.contains(u"没有.json"_s));
@@ -133,4 +141,6 @@ TEST_F(TasksWindow, ButtonsAreEnabledForWhatCanBeDone) {
     choose(window->taskBar->taskBox->itemText(0));
     EXPECT_EQ(enabled(0), u"-----"_s) << "a ready task";
     EXPECT_FALSE(page.form->actionBox->isEnabled() || page.form->testBox->isEnabled());
+    const auto edits = page.form->findChildren<QLineEdit *>();
+    EXPECT_TRUE(!edits.isEmpty() && std::ranges::all_of(edits, &QLineEdit::isReadOnly));
 }

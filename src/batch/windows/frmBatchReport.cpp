@@ -124,8 +124,8 @@ QWidget *frmBatchReport::byRule() {
     rulesGrid->setFormat(ruleHeadings.toString());
     const int character = fontMetrics().horizontalAdvance(u'书');
     constexpr auto characters = std::to_array<int>({5, 12, 10, 4, 4, 16});
-    for (size_t column = 0; column < characters.size(); ++column)
-        rulesGrid->setColumnTwips(int(column), rulesGrid->toTwips(character * characters[column]));
+    for (int column = 0; const int wide : characters)
+        rulesGrid->setColumnTwips(column++, rulesGrid->toTwips(character * wide));
     rulesGrid->setColumnAlignment(3, Qt::AlignRight | Qt::AlignVCenter);
     rulesGrid->setColumnAlignment(4, Qt::AlignRight | Qt::AlignVCenter);
     rulesGrid->horizontalHeader()->setStretchLastSection(true);

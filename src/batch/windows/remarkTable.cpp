@@ -112,8 +112,8 @@ void RemarkTable::connectControls() {
 void RemarkTable::fitWidths() {
     const int character = fontMetrics().horizontalAdvance(u'书');
     constexpr auto characters = std::to_array<int>({5, 8, 3, 4, 8, 12});
-    for (size_t column = 0; column < characters.size(); ++column)
-        grid->setColumnTwips(int(column), grid->toTwips(character * characters[column]));
+    for (int column = 0; const int wide : characters)
+        grid->setColumnTwips(column++, grid->toTwips(character * wide));
     // A line of Chinese may be higher than the font's own, if another font supplies the characters.
     const QRect line = fontMetrics().boundingRect(u"书"_s);
     const int lineHeight = std::max(fontMetrics().lineSpacing(), line.height());

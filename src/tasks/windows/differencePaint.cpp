@@ -85,8 +85,6 @@ DifferenceText::DifferenceText(const QString &objectName, QWidget *parent)
     : QTextEdit(parent) {
     setObjectName(objectName);
     setReadOnly(true);
-    setTabChangesFocus(true);
-    setAcceptRichText(false);
 }
 
 void DifferenceText::show(const QString &before, const QString &after, const QString &note) {

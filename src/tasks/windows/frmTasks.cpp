@@ -63,8 +63,6 @@ void frmTasks::layOut() {
 }
 
 void frmTasks::offerScopes() {
-    const bool hasList = m_work.desk().records != nullptr;
-    previewPage->setEnabled(hasList);
     const auto scopes = std::to_array<QStringView>({u"读出的全部记录", u"题名列表里列出的", u"校对有问题的"});
     for (const QStringView scope : scopes)
         previewPage->scopeBox->addItem(scope.toString());

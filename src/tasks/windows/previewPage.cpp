@@ -84,8 +84,8 @@ void PreviewPage::layOut() {
 void PreviewPage::fitWidths() {
     const int character = fontMetrics().horizontalAdvance(u'书');
     constexpr auto characters = std::to_array<int>({2, 3, 6, 6, 13, 8});
-    for (size_t column = 0; column < characters.size(); ++column)
-        grid->setColumnTwips(int(column), grid->toTwips(character * characters[column]));
+    for (int column = 0; const int wide : characters)
+        grid->setColumnTwips(column++, grid->toTwips(character * wide));
 }
 
 void PreviewPage::begin(std::shared_ptr<ChangePreview> preview, const QStringList &steps) {

@@ -4,6 +4,7 @@
 #include "widgets/selectingEdit.h"
 #include "widgets/styleTokens.h"
 #include <QLineEdit>
+#include <algorithm>
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -44,7 +45,6 @@ constexpr bool inOrder() {
 }
 static_assert(inOrder());
 
-// Removes all rows with their controls.
 // A text of several lines. A form layout would not give it the height that its width requires.
 class FaultLabel final : public QLabel {
 public:
@@ -60,10 +60,11 @@ public:
 protected:
     void resizeEvent(QResizeEvent *event) override {
         QLabel::resizeEvent(event);
-        setMinimumHeight(heightForWidth(width()));
+        setMinimumHeight(std::max(heightForWidth(width()), 0)); // -1 for an empty text
     }
 };
 
+// Removes all rows but the first one, with their controls.
 void clear(QFormLayout *layout) {
     while (layout->rowCount() > 1)
         layout->removeRow(1);
