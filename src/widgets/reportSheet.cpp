@@ -164,9 +164,7 @@ ReportRun::~ReportRun() {
 }
 
 bool ReportRun::step() {
-    if (m_failed || m_next > m_last)
-        return false;
-    m_failed = m_next > m_first && !m_printer.newPage();
+    m_failed = m_failed || (m_next > m_first && !m_printer.newPage());
     if (m_failed)
         return false;
     m_sheet.draw(m_painter, m_next - 1);

@@ -46,26 +46,21 @@ QRect scrollBarPart(const QStyleOptionSlider &bar, QStyle::SubControl part, int 
     }
 }
 
-bool paintScrollBar(const Work &work) {
-    const auto *bar = qstyleoption_cast<const QStyleOptionSlider *>(&work.option);
-    if (!bar)
-        return false;
-    const QPalette &palette = bar->palette;
-    work.painter.fillRect(bar->rect, colour(Colour::Window, palette));
-    if (bar->maximum <= bar->minimum || !work.is(QStyle::State_Enabled))
-        return true;
-    const QRect thumb = work.style.subControlRect(QStyle::CC_ScrollBar, bar, QStyle::SC_ScrollBarSlider, work.widget)
+void paintScrollBar(const Work &work, const QStyleOptionSlider &bar) {
+    const QPalette &palette = bar.palette;
+    work.painter.fillRect(bar.rect, colour(Colour::Window, palette));
+    if (bar.maximum <= bar.minimum || !work.is(QStyle::State_Enabled))
+        return;
+    const QRect thumb = work.style.subControlRect(QStyle::CC_ScrollBar, &bar, QStyle::SC_ScrollBarSlider, work.widget)
                             .adjusted(thumbMargin, thumbMargin, -thumbMargin, -thumbMargin);
-    const bool held = bar->activeSubControls & QStyle::SC_ScrollBarSlider && bar->state & QStyle::State_MouseOver;
+    const bool held = bar.activeSubControls & QStyle::SC_ScrollBarSlider && bar.state & QStyle::State_MouseOver;
     const QColor ink = colour(held || work.is(QStyle::State_Sunken) ? Colour::SecondInk : Colour::Edge, palette);
     paintPanel(&work.painter, thumb, ink, ink, std::min(thumb.width(), thumb.height()) / 2.0);
-    return true;
 }
 
-bool paintGroove(const Work &work) {
+void paintGroove(const Work &work) {
     const QColor fill = colour(Colour::Hairline, work.option.palette);
     paintPanel(&work.painter, slimmed(work.option.rect), fill, fill, slimBar / 2.0);
-    return true;
 }
 
 bool paintProgress(const Work &work) {
@@ -82,7 +77,7 @@ bool paintProgress(const Work &work) {
     return true;
 }
 
-bool paintSplitter(const Work &work) {
+void paintSplitter(const Work &work) {
     constexpr int gripLength = 24, gripWidth = 3;
     const QRect &rect = work.option.rect;
     const bool upright = rect.height() > rect.width();
@@ -91,32 +86,29 @@ bool paintSplitter(const Work &work) {
     const bool held = work.is(QStyle::State_MouseOver) || work.is(QStyle::State_Sunken);
     const QColor fill = colour(held ? Colour::Accent : Colour::Hairline, work.option.palette);
     paintPanel(&work.painter, grip, fill, fill, gripWidth / 2.0);
-    return true;
 }
 
 // The hairline is on the side of the contents.
-bool paintBar(const Work &work) {
+void paintBar(const Work &work) {
     const QRect &rect = work.option.rect;
     const QPalette &palette = work.option.palette;
     work.painter.fillRect(rect, colour(Colour::Window, palette));
     if (qobject_cast<const QMenuBar *>(work.widget))
-        return true;
+        return;
     const int line = qobject_cast<const QToolBar *>(work.widget) ? rect.bottom() : rect.top();
     work.painter.fillRect(rect.left(), line, rect.width(), 1, colour(Colour::Hairline, palette));
-    return true;
 }
 
-bool paintSeparator(const Work &work) {
+void paintSeparator(const Work &work) {
     const QRect &rect = work.option.rect;
     const QColor line = colour(Colour::Hairline, work.option.palette);
     if (work.is(QStyle::State_Horizontal))
         work.painter.fillRect(rect.center().x(), rect.top() + 4, 1, rect.height() - 8, line);
     else
         work.painter.fillRect(rect.left() + 4, rect.center().y(), rect.width() - 8, 1, line);
-    return true;
 }
 
-bool paintHeading(const Work &work) {
+void paintHeading(const Work &work) {
     const auto *header = qstyleoption_cast<const QStyleOptionHeader *>(&work.option);
     const QRect &rect = work.option.rect;
     const SurfaceLook &looks = look(Surface::Heading);
@@ -127,7 +119,6 @@ bool paintHeading(const Work &work) {
                       header->position == QStyleOptionHeader::OnlyOneSection;
     if (!last)
         work.painter.fillRect(rect.right(), rect.top() + 4, 1, rect.height() - 8, line);
-    return true;
 }
 
 bool paintHeadingText(const Work &work) {

@@ -75,7 +75,7 @@ QColor signInk(const Work &work) {
 
 } // namespace
 
-bool paintButton(const Work &work) {
+void paintButton(const Work &work) {
     const auto *button = qstyleoption_cast<const QStyleOptionButton *>(&work.option);
     const QRect &rect = work.option.rect;
     const bool focus = work.is(QStyle::State_HasFocus);
@@ -87,19 +87,17 @@ bool paintButton(const Work &work) {
         paintPrimaryFocus(work, rect);
         paintSurface(&work.painter, rect.adjusted(gap, gap, -gap, -gap), surface, work.option.palette,
                      cornerRadius - gap);
-        return true;
+        return;
     }
     if (!flat || (surface != Surface::Button && surface != Surface::DisabledButton))
         paintSurface(&work.painter, rect, surface, work.option.palette);
     if (focus)
         paintFocusRing(&work.painter, rect, work.option.palette);
-    return true;
 }
 
-bool paintPushButton(const Work &work) {
+void paintPushButton(const Work &work) {
     work.style.drawControl(QStyle::CE_PushButtonBevel, &work.option, &work.painter, work.widget);
     work.style.drawControl(QStyle::CE_PushButtonLabel, &work.option, &work.painter, work.widget);
-    return true;
 }
 
 bool paintButtonLabel(const Work &work) {
@@ -113,7 +111,7 @@ bool paintButtonLabel(const Work &work) {
     return true;
 }
 
-bool paintToolButton(const Work &work) {
+void paintToolButton(const Work &work) {
     if (!work.is(QStyle::State_AutoRaise))
         return paintButton(work);
     const Surface surface = buttonSurface(work);
@@ -123,43 +121,35 @@ bool paintToolButton(const Work &work) {
     }
     if (work.is(QStyle::State_HasFocus))
         paintFocusRing(&work.painter, work.option.rect, work.option.palette);
-    return true;
 }
 
-bool paintEdit(const Work &work) {
+void paintEdit(const Work &work) {
     const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(&work.option);
-    if (!frame || frame->lineWidth <= 0) {
+    if (frame && frame->lineWidth > 0)
+        paintField(work, work.option.rect, fieldFill(work));
+    else
         work.painter.fillRect(work.option.rect, fieldFill(work));
-        return true;
-    }
-    paintField(work, work.option.rect, fieldFill(work));
-    return true;
 }
 
-bool paintEditFrame(const Work &work) {
+void paintEditFrame(const Work &work) {
     paintField(work, work.option.rect, Qt::transparent);
-    return true;
 }
 
-bool paintComboBox(const Work &work) {
-    const auto *box = qstyleoption_cast<const QStyleOptionComboBox *>(&work.option);
-    if (!box)
-        return false;
-    const QPalette &palette = box->palette;
-    if (box->editable) {
-        paintField(work, box->rect, palette.color(QPalette::Base));
+void paintComboBox(const Work &work, const QStyleOptionComboBox &box) {
+    const QPalette &palette = box.palette;
+    if (box.editable) {
+        paintField(work, box.rect, palette.color(QPalette::Base));
     } else {
-        paintSurface(&work.painter, box->rect, work.is(QStyle::State_On) ? Surface::Button : buttonSurface(work),
+        paintSurface(&work.painter, box.rect, work.is(QStyle::State_On) ? Surface::Button : buttonSurface(work),
                      palette);
         if (work.is(QStyle::State_HasFocus))
-            paintFocusRing(&work.painter, box->rect, palette);
+            paintFocusRing(&work.painter, box.rect, palette);
     }
     const Colour ink = work.is(QStyle::State_Enabled) ? Colour::SecondInk : Colour::FaintInk;
-    const QRect arrow = work.style.subControlRect(QStyle::CC_ComboBox, box, QStyle::SC_ComboBoxArrow, work.widget);
-    const int side = box->fontMetrics.ascent();
+    const QRect arrow = work.style.subControlRect(QStyle::CC_ComboBox, &box, QStyle::SC_ComboBoxArrow, work.widget);
+    const int side = box.fontMetrics.ascent();
     paintSign(&work.painter, QRect(arrow.center() - QPoint(side, side) / 2, QSize(side, side)), Sign::Down,
               colour(ink, palette));
-    return true;
 }
 
 QRect comboBoxPart(const QStyleOptionComplex &option, QStyle::SubControl part) {
@@ -176,24 +166,22 @@ QRect comboBoxPart(const QStyleOptionComplex &option, QStyle::SubControl part) {
     }
 }
 
-bool paintTick(const Work &work) {
+void paintTick(const Work &work) {
     paintBox(work, boxOf(work), cornerRadius / 2.0);
     if (work.is(QStyle::State_On))
         paintSign(&work.painter, boxOf(work), Sign::Tick, signInk(work));
     else if (work.is(QStyle::State_NoChange))
         paintSign(&work.painter, boxOf(work), Sign::Dash, signInk(work));
-    return true;
 }
 
-bool paintRadio(const Work &work) {
+void paintRadio(const Work &work) {
     const QRect box = boxOf(work);
     paintBox(work, box, box.width() / 2.0);
     if (!work.is(QStyle::State_On))
-        return true;
+        return;
     constexpr int ring = 4;
     const QRect dot = box.adjusted(ring, ring, -ring, -ring);
     paintPanel(&work.painter, dot, signInk(work), signInk(work), dot.width() / 2.0);
-    return true;
 }
 
 } // namespace widgets

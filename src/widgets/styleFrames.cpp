@@ -19,11 +19,9 @@ bool ringsItsFrame(const QWidget *widget) {
 
 } // namespace
 
-bool paintNothing(const Work &) {
-    return true;
-}
+void paintNothing(const Work &) {}
 
-bool paintFrame(const Work &work) {
+void paintFrame(const Work &work) {
     const QPalette &palette = work.option.palette;
     const bool scrolls = qobject_cast<const QAbstractScrollArea *>(work.widget);
     const bool open = work.is(QStyle::State_Enabled);
@@ -31,66 +29,49 @@ bool paintFrame(const Work &work) {
                colour(scrolls && open ? Colour::Edge : Colour::Hairline, palette));
     if (scrolls && work.widget->hasFocus() && ringsItsFrame(work.widget))
         paintFocusRing(&work.painter, work.option.rect, palette);
-    return true;
 }
 
 // The title stands above the frame.
-bool paintGroupFrame(const Work &work) {
+void paintGroupFrame(const Work &work) {
     constexpr int belowTitle = 3; // as the layout of Fusion has it
     const auto *group = qobject_cast<const QGroupBox *>(work.widget);
     const bool titled = group && !group->title().isEmpty();
     const int top = titled ? group->fontMetrics().height() + belowTitle : 0;
     paintPanel(&work.painter, work.option.rect.adjusted(0, top, 0, 0), Qt::transparent,
                colour(Colour::Hairline, work.option.palette));
-    return true;
 }
 
-bool paintFocusRect(const Work &work) {
+void paintFocusRect(const Work &work) {
     if (qobject_cast<const QToolButton *>(work.widget)) // its panel has the ring
-        return true;
+        return;
     const bool cell = qobject_cast<const QAbstractItemView *>(work.widget);
     paintFocusRing(&work.painter, work.option.rect, work.option.palette, cell ? 0 : cornerRadius);
-    return true;
 }
 
-bool paintTip(const Work &work) {
+// Menus and tool tips.
+void paintPopup(const Work &work) {
     paintSurface(&work.painter, work.option.rect, Surface::Tip, work.option.palette, 0);
-    return true;
 }
 
-bool paintMenuPanel(const Work &work) {
-    paintSurface(&work.painter, work.option.rect, Surface::Tip, work.option.palette, 0);
-    return true;
-}
-
-bool paintRow(const Work &) {
-    return true; // paintItem() fills the whole cell
-}
-
-bool paintItem(const Work &work) {
-    const auto *item = qstyleoption_cast<const QStyleOptionViewItem *>(&work.option);
-    if (!item)
-        return false;
-    if (item->backgroundBrush.style() != Qt::NoBrush)
-        work.painter.fillRect(item->rect, item->backgroundBrush);
+void paintItem(const Work &work, const QStyleOptionViewItem &item) {
+    if (item.backgroundBrush.style() != Qt::NoBrush)
+        work.painter.fillRect(item.rect, item.backgroundBrush);
     if (!work.is(QStyle::State_Selected))
-        return true;
+        return;
     const bool focused = work.widget && work.widget->hasFocus();
     const SurfaceLook &looks = look(focused ? Surface::SelectedRow : Surface::QuietRow);
-    work.painter.fillRect(item->rect, colour(looks.fill, item->palette));
-    if (focused && item->index.column() <= 0)
-        work.painter.fillRect(item->rect.left(), item->rect.top(), accentBarWidth, item->rect.height(),
-                              colour(Colour::Accent, item->palette));
-    return true;
+    work.painter.fillRect(item.rect, colour(looks.fill, item.palette));
+    if (focused && item.index.column() <= 0)
+        work.painter.fillRect(item.rect.left(), item.rect.top(), accentBarWidth, item.rect.height(),
+                              colour(Colour::Accent, item.palette));
 }
 
-bool paintTabFrame(const Work &work) {
+void paintTabFrame(const Work &work) {
     const QRect &rect = work.option.rect;
     work.painter.fillRect(rect.left(), rect.top(), rect.width(), 1, colour(Colour::Hairline, work.option.palette));
-    return true;
 }
 
-bool paintTab(const Work &work) {
+void paintTab(const Work &work) {
     const QRect &rect = work.option.rect;
     const QPalette &palette = work.option.palette;
     const bool current = work.is(QStyle::State_Selected);
@@ -102,19 +83,11 @@ bool paintTab(const Work &work) {
                               colour(Colour::Accent, palette));
     if (work.is(QStyle::State_HasFocus))
         paintFocusRing(&work.painter, inner, palette);
-    return true;
 }
 
-bool paintArrow(const Work &work) {
-    const auto *header = qstyleoption_cast<const QStyleOptionHeader *>(&work.option);
-    // Decided by the rotation that Fusion would use.
-    Sign sign = Sign::Down;
-    if (header)
-        sign = header->sortIndicator == QStyleOptionHeader::SortUp ? Sign::Up : Sign::Down;
-    else
-        return false;
+void paintArrow(const Work &work, const QStyleOptionHeader &header) {
+    const Sign sign = header.sortIndicator == QStyleOptionHeader::SortUp ? Sign::Up : Sign::Down;
     paintSign(&work.painter, work.option.rect, sign, colour(Colour::SecondInk, work.option.palette));
-    return true;
 }
 
 } // namespace widgets

@@ -9,7 +9,7 @@ class QPainter;
 
 namespace widgets {
 
-// What a style is asked to paint. The style paints the parts that a painter leaves to Fusion.
+// What a style is asked to paint.
 struct Work {
     const QStyle &style;
     const QStyleOption &option;
@@ -20,6 +20,19 @@ struct Work {
 };
 // Returns whether it painted the element; if not, Fusion paints it.
 using Paint = bool (*)(const Work &work);
+// Makes a Paint of a painter that paints the element always, and of one that needs the option of the element.
+template <void (*paint)(const Work &)>
+bool always(const Work &work) {
+    paint(work);
+    return true;
+}
+template <class Option, void (*paint)(const Work &, const Option &)>
+bool with(const Work &work) {
+    const auto *option = qstyleoption_cast<const Option *>(&work.option);
+    if (option)
+        paint(work, *option);
+    return option != nullptr;
+}
 
 struct PrimitivePainter {
     QStyle::PrimitiveElement element;
@@ -41,44 +54,42 @@ constexpr int indicatorMargin = 3; // around a tick box, where the focus ring is
 constexpr int slimBar = 8;         // height of a progress bar
 
 // styleControls.cpp
-bool paintButton(const Work &work);
+void paintButton(const Work &work);
 bool paintButtonLabel(const Work &work);
-bool paintPushButton(const Work &work);
-bool paintEdit(const Work &work);
-bool paintEditFrame(const Work &work);
-bool paintComboBox(const Work &work);
-bool paintTick(const Work &work);
-bool paintRadio(const Work &work);
-bool paintToolButton(const Work &work);
+void paintPushButton(const Work &work);
+void paintEdit(const Work &work);
+void paintEditFrame(const Work &work);
+void paintComboBox(const Work &work, const QStyleOptionComboBox &box);
+void paintTick(const Work &work);
+void paintRadio(const Work &work);
+void paintToolButton(const Work &work);
 QRect comboBoxPart(const QStyleOptionComplex &option, QStyle::SubControl part);
 
 // styleFrames.cpp
-bool paintFrame(const Work &work);
-bool paintGroupFrame(const Work &work);
-bool paintFocusRect(const Work &work);
-bool paintTip(const Work &work);
-bool paintMenuPanel(const Work &work);
-bool paintRow(const Work &work);
-bool paintItem(const Work &work);
-bool paintTabFrame(const Work &work);
-bool paintTab(const Work &work);
-bool paintArrow(const Work &work);
-bool paintNothing(const Work &work);
+void paintFrame(const Work &work);
+void paintGroupFrame(const Work &work);
+void paintFocusRect(const Work &work);
+void paintPopup(const Work &work);
+void paintItem(const Work &work, const QStyleOptionViewItem &item);
+void paintTabFrame(const Work &work);
+void paintTab(const Work &work);
+void paintArrow(const Work &work, const QStyleOptionHeader &header);
+void paintNothing(const Work &work);
 
 // styleBars.cpp
-bool paintScrollBar(const Work &work);
-bool paintGroove(const Work &work);
+void paintScrollBar(const Work &work, const QStyleOptionSlider &bar);
+void paintGroove(const Work &work);
 bool paintProgress(const Work &work);
-bool paintSplitter(const Work &work);
-bool paintBar(const Work &work);
-bool paintHeading(const Work &work);
+void paintSplitter(const Work &work);
+void paintBar(const Work &work);
+void paintHeading(const Work &work);
 bool paintHeadingText(const Work &work);
-bool paintSeparator(const Work &work);
+void paintSeparator(const Work &work);
 QRect scrollBarPart(const QStyleOptionSlider &bar, QStyle::SubControl part, int leastSlider);
 
 // styleTitle.cpp
-bool paintTitleBar(const Work &work);
-bool paintWindowFrame(const Work &work);
+void paintTitleBar(const Work &work, const QStyleOptionTitleBar &bar);
+void paintWindowFrame(const Work &work);
 
 // styleMenus.cpp
 bool paintMenuItem(const Work &work);

@@ -54,36 +54,30 @@ void paintTitleButton(const Work &work, const QStyleOptionTitleBar &bar, const T
 
 } // namespace
 
-bool paintTitleBar(const Work &work) {
-    const auto *bar = qstyleoption_cast<const QStyleOptionTitleBar *>(&work.option);
-    if (!bar)
-        return false;
-    const QPalette &palette = bar->palette;
-    const bool active = bar->titleBarState & QStyle::State_Active;
-    work.painter.fillRect(bar->rect, colour(Colour::Base, palette));
-    work.painter.fillRect(bar->rect.left(), bar->rect.bottom(), bar->rect.width(), 1,
-                          colour(Colour::Hairline, palette));
-    QRect words = work.style.subControlRect(QStyle::CC_TitleBar, bar, QStyle::SC_TitleBarLabel, work.widget);
-    const QRect sign = work.style.subControlRect(QStyle::CC_TitleBar, bar, QStyle::SC_TitleBarSysMenu, work.widget);
-    if (bar->subControls & QStyle::SC_TitleBarSysMenu && sign.isValid() && !bar->icon.isNull()) {
-        const int side = bar->fontMetrics.height();
-        const QRect place(bar->rect.left() + side / 2, bar->rect.center().y() - side / 2, side, side);
-        bar->icon.paint(&work.painter, place);
+void paintTitleBar(const Work &work, const QStyleOptionTitleBar &bar) {
+    const QPalette &palette = bar.palette;
+    const bool active = bar.titleBarState & QStyle::State_Active;
+    work.painter.fillRect(bar.rect, colour(Colour::Base, palette));
+    work.painter.fillRect(bar.rect.left(), bar.rect.bottom(), bar.rect.width(), 1, colour(Colour::Hairline, palette));
+    QRect words = work.style.subControlRect(QStyle::CC_TitleBar, &bar, QStyle::SC_TitleBarLabel, work.widget);
+    const QRect sign = work.style.subControlRect(QStyle::CC_TitleBar, &bar, QStyle::SC_TitleBarSysMenu, work.widget);
+    if (bar.subControls & QStyle::SC_TitleBarSysMenu && sign.isValid() && !bar.icon.isNull()) {
+        const int side = bar.fontMetrics.height();
+        const QRect place(bar.rect.left() + side / 2, bar.rect.center().y() - side / 2, side, side);
+        bar.icon.paint(&work.painter, place);
         words.setLeft(place.right() + side / 2);
     }
     work.painter.setPen(colour(active ? Colour::Ink : Colour::FaintInk, palette));
     work.painter.drawText(words, int(Qt::AlignVCenter) | int(Qt::AlignLeft),
-                          bar->fontMetrics.elidedText(bar->text, Qt::ElideRight, words.width()));
+                          bar.fontMetrics.elidedText(bar.text, Qt::ElideRight, words.width()));
     for (const TitleButton &button : titleButtons)
-        paintTitleButton(work, *bar, button);
-    return true;
+        paintTitleButton(work, bar, button);
 }
 
-bool paintWindowFrame(const Work &work) {
+void paintWindowFrame(const Work &work) {
     work.painter.setPen(colour(Colour::Edge, work.option.palette));
     work.painter.setBrush(Qt::NoBrush);
     work.painter.drawRect(work.option.rect.adjusted(0, 0, -1, -1));
-    return true;
 }
 
 } // namespace widgets

@@ -30,14 +30,18 @@ TEST_F(FlexGridWidths, TheStretchedColumnTakesWhatTheOthersLeave) {
     grid.setDrawnWidths({{-1, 50}, {0, 50}, {1, 1}, {2, 70}, {4, 50}});
     EXPECT_EQ(grid.drawnWidths(), (QMap<int, int>{{1, 4}, {2, 70}, {3, 33}}));
     EXPECT_EQ(grid.columnTwips(0), 0) << "a hidden column stays hidden";
-    grid.setColumnTwips(2, 0);
+    for (const int column : {1, 2})
+        grid.setColumnTwips(column, 0);
     EXPECT_TRUE(grid.isColumnHidden(2));
+    grid.setColumn(1);
+    EXPECT_EQ(grid.currentIndex().column(), 3) << "the only one that is shown";
     grid.setColumnTwips(2, 1);
     EXPECT_FALSE(grid.isColumnHidden(2));
 }
 
 TEST_F(FlexGridWidths, TwipsGrowWithAFontAboveTheDesignSize) {
     grid.setColumnTwips(1, 3000);
+    grid.setColumnWidth(2, 77); // by the user
     const auto inch = [this](int size) {
         QFont font = grid.font();
         font.setPixelSize(size);
@@ -49,6 +53,13 @@ TEST_F(FlexGridWidths, TwipsGrowWithAFontAboveTheDesignSize) {
     EXPECT_EQ(inch(6), grid.logicalDpiX());
     EXPECT_GE(inch(24), grid.logicalDpiX() * 2);
     EXPECT_NEAR(inch(48), inch(24) * 2, 4);
+    EXPECT_EQ(grid.columnWidth(2), 77);
+    widgets::FlexGrid other(u"other"_s, 1, 1);
+    const QHeaderView &heading = *other.horizontalHeader();
+    EXPECT_GE(other.verticalHeader()->defaultSectionSize(), other.fontMetrics().height() * 3 / 2);
+    other.setColumnTwips(0, 300);
+    other.setFormat(u"一个很长很长很长的标题"_s);
+    EXPECT_GE(heading.sectionSize(0), heading.sectionSizeHint(0));
 }
 
 TEST_F(FlexGridWidths, ACutTextIsItsToolTip) {

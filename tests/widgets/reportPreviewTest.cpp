@@ -97,6 +97,9 @@ TEST_F(ReportPreviewTest, ALongReportCountsItsPagesAndTurnsThem) {
     const auto *progress = shown->findChild<QProgressBar *>();
     auto *stop = shown->findChild<QPushButton *>(u"stop"_s);
     EXPECT_TRUE(!bar->isEnabled() && progress->maximum() == 5001 && stop->isVisible());
+    EXPECT_TRUE(std::ranges::any_of(shown->findChildren<QLabel *>(), [](const QLabel *label) {
+        return label->isVisible() && label->text().startsWith(u"正在");
+    }));
     EXPECT_FALSE(stop->autoDefault()) << "Enter does not stop";
     const auto ready = [&] { return QTest::qWaitFor([&] { return bar->isEnabled(); }, 20'000); };
     ASSERT_TRUE(ready());

@@ -6,10 +6,12 @@
 #include "widgets/deskStyle.h"
 #include "widgets/fileDrop.h"
 #include "widgets/flexGrid.h"
+#include "widgets/heading.h"
 #include "widgets/layout.h"
 #include "widgets/lineIcon.h"
 #include "widgets/oneSize.h"
 #include "widgets/textBox.h"
+#include "widgets/waitCursor.h"
 #include <QEnterEvent>
 #include <QLineEdit>
 #include <QMimeData>
@@ -123,14 +125,36 @@ TEST(Controls, HaveTheirNames) {
     const ChoiceList list(u"name"_s, u"列表"_s, &window);
     const Button button(u"name"_s, u"&Q 退出"_s);
     const TextBox box(u"name"_s);
+    const Heading heading(u"name"_s, u"标题"_s, titleSize);
     for (const auto &[control, spoken] : {std::pair<const QWidget *, QString>{&grid, u"name"_s},
                                           {&label, u"题名"_s},
                                           {&box, u""_s},
                                           {&list, u"列表"_s},
+                                          {&heading, u""_s},
                                           {&button, u"Q 退出"_s}}) {
         EXPECT_EQ(control->objectName(), u"name"_s);
         EXPECT_EQ(control->accessibleName(), spoken);
     }
+}
+
+TEST(WaitCursor, LastsAsLongAsTheWait) {
+    const auto screenWaits = [] { return QGuiApplication::overrideCursor() != nullptr; };
+    QWidget window;
+    {
+        WaitCursor outer;
+        {
+            const WaitCursor ofWindow(&window);
+            EXPECT_EQ(window.cursor().shape(), Qt::WaitCursor);
+        }
+        EXPECT_EQ(window.cursor().shape(), Qt::ArrowCursor);
+        EXPECT_TRUE(screenWaits());
+        WaitCursor().leaveOn();
+        EXPECT_TRUE(screenWaits());
+    }
+    EXPECT_FALSE(screenWaits());
+    const WaitCursor nested[2];
+    QGuiApplication::restoreOverrideCursor();
+    EXPECT_FALSE(screenWaits()) << "is set once";
 }
 
 TEST(FileDrop, TakesOneFileOfTheMachineThatMayBeCopied) {

@@ -70,6 +70,10 @@ TEST(Appearance, WindowsFollowAChangeWhileTheProgramRuns) {
     EXPECT_TRUE(isDark()) << "as the last start, since the answer of the desktop comes later";
     next.takeDesktop(false);
     EXPECT_FALSE(isDark());
+    next.choose(Appearance::Choice::Dark);
+    Appearance last(state);
+    EXPECT_TRUE(isDark()) << "the user's choice is kept";
+    last.choose(Appearance::Choice::Light);
 
     const Heading heading(QStringLiteral("heading"), QStringLiteral("标题"), titleSize);
     EXPECT_NEAR(heading.font().pointSizeF(), QApplication::font().pointSizeF() * titleSize, 0.1);
