@@ -26,6 +26,7 @@ TEST(EditedRecord, IgnoresRowsThatDoNotExist) {
         record.edit({.row = row, .text = u"x"_s});
         record.remove(row);
         EXPECT_EQ(record.cell(row, ValueColumn), QString());
+        EXPECT_TRUE(record.with({.row = row, .text = u"x"_s}).rows == rows);
     }
     record.edit({.row = 1, .column = ValueColumn + 1, .text = u"x"_s});
     record.insert({0, {}});

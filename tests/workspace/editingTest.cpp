@@ -197,6 +197,7 @@ TEST_F(EditingTest, ListsAddAndTheMenuDeletes) {
     ASSERT_TRUE(window.zdList->isVisible());
     EXPECT_EQ(window.parts().editors.editRow, titleRow); // the Menu key sets the row
     EXPECT_EQ(window.zdList->geometry(), window.Grid1->rightHalf());
+    EXPECT_NEAR(window.zdList->width(), window.Grid1->width() / 2, 1);
     window.resize(window.width() - 60, window.height() + 40);
     EXPECT_TRUE(QTest::qWaitFor([&] { return window.zdList->geometry() == window.Grid1->rightHalf(); }));
     QTest::keyClick(window.zdList, Qt::Key_Down);

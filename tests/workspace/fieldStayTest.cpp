@@ -30,6 +30,7 @@ TEST(FieldStay, OpensTheNextRecordAtTheSameFieldAndSubfield) {
              Case{11, {full, u"000 606 $a"_s, full}, {3, 11}, {}},               // the only one, then the second again
              Case{8, {full, u"000 606 $a 701 $a"_s, full}, {2, 8}, {}},          // the field without that subfield
              Case{4, {full, u"000 101 $a 300 $a"_s, full, full}, {4, 4, 4}, {}}, // before which it would be
+             Case{4, {full, u"000 101 $a 300 $a 606"_s}, {4}, u"200"_s},
              Case{10, {full, u"000 200 $a"_s}, {2}, u"606"_s},
              Case{1, {full, full}, {1}, {}},
              Case{0, {u"$a"_s, full}, {1}, {}},

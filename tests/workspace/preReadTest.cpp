@@ -150,6 +150,7 @@ TEST(SelectMarcFile, RefusesAndOpens) {
     host.willChoose(path);
     window.cmdLL->click();
     EXPECT_EQ(host.dialogs.last().title, u"打开marc文件对话框"_s);
+    EXPECT_EQ(window.focusWidget(), window.cmdClick[0]);
     window.Text1->setText(u"  "_s + window.Text1->text() + u' ');
     window.cmdClick[0]->click();
     EXPECT_EQ(shown, QStringList{path + u" 正在预读,请稍候........."});
