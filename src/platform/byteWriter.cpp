@@ -40,8 +40,7 @@ Status ByteWriter::writeLine(QByteArrayView line) {
         return *m_fault;
     const qsizetype from = m_gathered;
     m_gathered += line.size() + lineEnd.size();
-    if (m_gathered > m_buffer.size())
-        m_buffer.resize(m_gathered);
+    m_buffer.resize(std::max(m_buffer.size(), m_gathered));
     char *const end = std::ranges::copy(line, m_buffer.data() + from).out;
     std::ranges::copy(lineEnd, end);
     m_lineEnds.append(m_gathered);

@@ -72,7 +72,8 @@ void XmlElement::appendStartTag(QByteArray &xml) const {
 }
 
 struct XmlParser::Parser {
-    XML_Parser expat;
+    std::unique_ptr<XML_ParserStruct, void (*)(XML_Parser)> expat{XML_ParserCreateNS("UTF-8", separator),
+                                                                  XML_ParserFree};
     XmlHandler &handler;
     qsizetype fedForToken = 0;
     bool atEnd = false;
@@ -96,27 +97,25 @@ struct XmlParser::Parser {
     static void instruction(void *self, const char *, const char *) { of(self); }
 
     void setUp() {
-        XML_SetUserData(expat, this);
-        XML_SetElementHandler(expat, start, end);
-        XML_SetCharacterDataHandler(expat, text);
-        XML_SetCommentHandler(expat, comment);
-        XML_SetProcessingInstructionHandler(expat, instruction);
+        XML_SetUserData(expat.get(), this);
+        XML_SetElementHandler(expat.get(), start, end);
+        XML_SetCharacterDataHandler(expat.get(), text);
+        XML_SetCommentHandler(expat.get(), comment);
+        XML_SetProcessingInstructionHandler(expat.get(), instruction);
     }
     void fail(const QString &why) {
-        fault = u"第 %1 行第 %2 列：%3"_s.arg(XML_GetCurrentLineNumber(expat))
-                    .arg(XML_GetCurrentColumnNumber(expat) + 1)
+        fault = u"第 %1 行第 %2 列：%3"_s.arg(XML_GetCurrentLineNumber(expat.get()))
+                    .arg(XML_GetCurrentColumnNumber(expat.get()) + 1)
                     .arg(why);
     }
 };
 
 XmlParser::XmlParser(XmlHandler &handler)
-    : m_parser(new Parser{XML_ParserCreateNS("UTF-8", separator), handler, 0, false, {}}) {
+    : m_parser(new Parser{.handler = handler}) {
     m_parser->setUp();
 }
 
-XmlParser::~XmlParser() {
-    XML_ParserFree(m_parser->expat);
-}
+XmlParser::~XmlParser() = default;
 
 XmlParser::State XmlParser::feed(QByteArrayView utf8) {
     m_parser->atEnd = utf8.isEmpty();
@@ -125,15 +124,15 @@ XmlParser::State XmlParser::feed(QByteArrayView utf8) {
         m_parser->fail(u"一处太长"_s);
         return State::Failed;
     }
-    return stateOf(XML_Parse(m_parser->expat, utf8.data(), int(utf8.size()), m_parser->atEnd));
+    return stateOf(XML_Parse(m_parser->expat.get(), utf8.data(), int(utf8.size()), m_parser->atEnd));
 }
 
 void XmlParser::pause() {
-    XML_StopParser(m_parser->expat, XML_TRUE);
+    XML_StopParser(m_parser->expat.get(), XML_TRUE);
 }
 
 XmlParser::State XmlParser::resume() {
-    return stateOf(XML_ResumeParser(m_parser->expat));
+    return stateOf(XML_ResumeParser(m_parser->expat.get()));
 }
 
 XmlParser::State XmlParser::stateOf(int status) {
@@ -141,7 +140,7 @@ XmlParser::State XmlParser::stateOf(int status) {
         return State::Paused;
     if (status == XML_STATUS_OK)
         return m_parser->atEnd ? State::Ended : State::WantsMore;
-    m_parser->fail(m_parser->atEnd ? u"文件没有完"_s : words(XML_GetErrorCode(m_parser->expat)));
+    m_parser->fail(m_parser->atEnd ? u"文件没有完"_s : words(XML_GetErrorCode(m_parser->expat.get())));
     return State::Failed;
 }
 
