@@ -1,5 +1,5 @@
 // The engine of the assistants. A fixed-length text is edited in a row of boxes, one for each part. A table defines
-// each box and the codes it knows. CodedBoxes holds the texts of the boxes and implements loading, entering and leaving
+// each box and its codes. CodedBoxes holds the texts of the boxes and implements loading, entering and leaving
 // a box, keys, and choices from the list. A window displays it.
 #pragma once
 

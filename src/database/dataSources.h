@@ -1,4 +1,4 @@
-// What the driver manager knows about the data sources and drivers of this machine.
+// Reads the data sources and drivers of this machine from the driver manager.
 #pragma once
 
 #include <QString>

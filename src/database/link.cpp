@@ -96,7 +96,7 @@ platform::Status Link::open(const QString &dataSource, Certainty certainty, cons
     QString text = driverText(hidden ? QString(dataSource + m_connectionString) : m_connectionString, dataSource,
                               *m_driver, certainty);
     // A pool of the driver manager would return connections that the program has closed. It finds them by the whole
-    // text, so a number makes each text unique; no driver knows this key.
+    // text, so a number makes each text unique; no driver uses this key.
     if (driverManagerPools())
         text += (text.endsWith(u';') ? u"Link=%1;"_s : u";Link=%1;"_s).arg(number);
     // A limit of the driver's own in the text must remain the only one: PostgreSQL's driver rejects two.

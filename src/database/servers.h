@@ -1,5 +1,4 @@
-// What the program knows about the database servers and their ODBC drivers: one row each. No other file contains such
-// facts.
+// The facts about the database servers and their ODBC drivers: one row each. No other file contains such facts.
 //
 // The rows used for a connection are chosen by what the driver and the server report over it. The names in a connection
 // text are only a first guess: a driver can be registered under any name and be named by its path.

@@ -1,4 +1,4 @@
-// What a connection text says about the location of the database, in words for the user. No server is contacted.
+// The location of the database that a connection text names, in words for the user. No server is contacted.
 #pragma once
 
 #include <QString>

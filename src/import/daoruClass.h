@@ -18,8 +18,8 @@ struct Daoru {
 // reported here. An empty record has no effect.
 // If the connection is lost before the server has answered, the row is looked up in the table after the greatest key of
 // `earlier`, the keys of the rows imported before. If it is the only row after that key, it was imported. Otherwise the
-// record is in doubt: it may still be inserted, or a row found may be another user's. The fault says so, and nothing is
-// sent again. If only the key was lost, it is looked up in the same way.
+// record is in doubt: it may still be inserted, or a row found may be another user's. The fault states this, and
+// nothing is sent again. If only the key was lost, it is looked up in the same way.
 Daoru daoruRecord(const marc::RawRecord &marc, const database::SessionState &state, platform::RunBoxes &boxes,
                   const QList<qint64> &earlier = {});
 

@@ -25,7 +25,7 @@ public:
     // one more.
     void take(const QString &record, const std::function<bool(const QString &)> &daoru);
 
-    // Passes over the next record, by the user's choice; the result of the previous one stays.
+    // Skips the next record, which the user has excluded; lastWentIn() stays unchanged.
     void leaveOut();
 
     int taken() const { return m_taken; }

@@ -13,7 +13,7 @@ inline constexpr QStringView fieldListFile = u"cnmarc_default.Qvs";
 inline constexpr QStringView subfieldListFile = u"cnmarc_zzdtshi.Qvs";
 inline constexpr QStringView descriptionFile = u"marcBJshuoming.Qvs";
 inline constexpr QStringView templateFile = u"mobanJiaoDui.QVs";
-inline constexpr QStringView schemaFile = u"cnmarc-schema.json"; // what records are validated against
+inline constexpr QStringView schemaFile = u"cnmarc-schema.json"; // the schema of the records
 inline constexpr std::array configurationFiles{fieldListFile, subfieldListFile, descriptionFile, templateFile,
                                                schemaFile};
 

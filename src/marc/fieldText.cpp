@@ -77,7 +77,7 @@ bool addSubfields(FieldRows &rows, QStringView tag, QStringView content) {
     return true;
 }
 
-// Appends the rows of a line. Returns why it is no field, or an empty text.
+// Appends the rows of a line. Returns the reason if the line is not a field, else an empty text.
 QString addField(FieldRows &rows, QStringView line) {
     const QStringView tag = line.first(std::min(line.size(), tagLength));
     if (!isTag(tag) || (line.size() > tagLength && line[tagLength] != u' ' && line[tagLength] != u'\t'))

@@ -12,8 +12,8 @@ namespace marc {
 QString fieldText(const FieldRows &rows);
 
 // Returns the rows of the fields in a text, without descriptions. Blanks and "\" are accepted for "#" in indicators.
-// Fails, with the reason and the line, if there is no line, or one that is no field or field 001, which each rebuilt
-// record gets.
+// Fails, with the reason and the line, if there is no line, or if a line is not a field or is field 001, which is
+// written new in each rebuilt record.
 platform::Result<FieldRows> fieldsOfText(const QString &text);
 
 } // namespace marc

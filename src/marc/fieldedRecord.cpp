@@ -19,7 +19,7 @@ bool isNumber(QStringView digits, qsizetype number) {
 }
 
 // Takes the fields of a record whose directory has them in the order in which they are stored, as nearly all do,
-// without encoding the record. Returns false if the directory differs from the fields in anything.
+// without encoding the record. Returns false if the directory differs from the fields in any respect.
 bool takeInOrder(QStringView record, const DirectoryView &directory, std::vector<Field> &fields) {
     const qsizetype base = baseAddress(directory.count());
     if (!isNumber(directory.baseAddress, base) || platform::gbkLength(record.first(base)) != base)
@@ -56,7 +56,7 @@ bool areAllData(std::vector<Place> places, QByteArrayView record, qint64 base) {
     return base + expected == record.size() - 1 && record.back() == char(recordTerminator);
 }
 
-// Takes each field from the bytes to which its entry refers. Entries that refer to none have no field.
+// Takes each field from the bytes to which its entry refers. An entry that refers to no bytes gives no field.
 Cut takeByEntries(const RawRecord &record, const DirectoryView &directory, std::vector<Field> &fields) {
     const QByteArray gbk = platform::encode(record);
     const FieldCutter cutter = FieldCutter::over(gbk);

@@ -16,7 +16,7 @@ constexpr qsizetype longForm = 13, shortForm = 10;
 constexpr qsizetype prefixLength = 3, longestGroup = 5;
 constexpr QStringView bookland = u"978", word = u"ISBN";
 
-// Registrant elements from `first` to `last`, as digits of equal number.
+// The registrant elements from `first` to `last`, both with the same number of digits.
 struct Range {
     QString first;
     QString last;

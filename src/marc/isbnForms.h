@@ -8,7 +8,7 @@
 
 namespace marc {
 
-// An ISBN with a right check digit at the start of a text, which may begin with "ISBN" and end with words such as
+// An ISBN with a correct check digit at the start of a text, which may begin with "ISBN" and end with words such as
 // "（精装）".
 struct Isbn {
     QString digits;   // 10 or 13, with an X as the last of 10
@@ -17,8 +17,8 @@ struct Isbn {
 };
 std::optional<Isbn> isbnIn(QStringView text);
 
-// Each takes 10 or 13 right digits. The first returns std::nullopt if the ISBN is in no range; the others if it has
-// that form already or there is none.
+// Each takes the 10 or 13 digits of a correct ISBN. The first returns std::nullopt if the ISBN is in no range; the
+// others if it has that form already or does not have one.
 std::optional<QString> isbnWithHyphens(const QString &digits);
 std::optional<QString> isbnOf10(const QString &digits);
 std::optional<QString> isbnOf13(const QString &digits);

@@ -19,7 +19,7 @@ using IsbnKey = quint64;
 // of the same ten characters. The check digit of a 13-digit ISBN is not checked.
 IsbnKey isbnKey(QStringView text);
 
-// Returns whether the key of a ten-digit ISBN tells that its check digit is correct.
+// Returns whether the key of a ten-digit ISBN shows that its check digit is correct.
 bool isRightIsbn10(IsbnKey key);
 
 // Returns whether the text starts with a 13-digit ISBN, correct or not.

@@ -1,5 +1,5 @@
 // Compiles regular expressions that come from the user or from a file. Matching takes bounded time for every expression
-// and text: a match that needs too many steps is given up, and QRegularExpressionMatch::isValid() returns false.
+// and text: a match that needs too many steps is stopped, and QRegularExpressionMatch::isValid() returns false.
 #pragma once
 
 #include "platform/result.h"

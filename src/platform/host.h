@@ -69,7 +69,7 @@ public:
     // The usual boxes.
     void tell(const QString &text, QStringView title = hintTitle, Icon icon = Icon::Information);
     bool ask(const QString &text, QStringView title, Answer preselected = Answer::Yes, Icon icon = Icon::Information);
-    // A question that decides over edits or rows: only its two buttons answer it.
+    // A question whose answer can discard edits or rows: only its two buttons answer it.
     bool insist(const QString &text, QStringView title, Answer preselected = Answer::Yes);
     // Chooses a file to write, in a dialog of any kind. Adds the suffix to a name without one and asks before
     // an existing file is replaced. Returns an empty path if the file must not be written.

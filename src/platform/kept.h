@@ -44,15 +44,15 @@ inline constexpr Kept<QByteArray> workspaceDown{u"frmDaoru/down"};       // fiel
 inline constexpr Kept<QByteArray> workspaceUnder{u"frmDaoru/under"};     // both of these and the remarks
 inline constexpr Kept<bool> wholeTextShown{u"frmDaoru/whole", false};    // the button "全文"
 inline constexpr Kept<QStringList> silencedRules{u"proof/silenced"};     // tag, tab, key of a rule
-inline constexpr Kept<bool> rowsMarked{u"proof/marks", true};            // signs beside the rows of the field grid
+inline constexpr Kept<bool> rowsMarked{u"proof/marks", true};            // marks next to the rows of the field grid
 inline constexpr Kept<QByteArray> handbookAcross{u"frmHandbook/across"}; // contents and page
 inline constexpr Kept<int> lookChoice{u"look/choice", 0};                // a widgets::Appearance::Choice
-inline constexpr Kept<int> lookOfDesktop{u"look/desktop", 0};            // its last answer: 0 none, 1 light, 2 dark
-inline constexpr Kept<QStringList> checksOff{u"schema/off"};             // names of checks that are switched off
-inline constexpr Kept<QStringList> chosenTargets{u"targets/chosen"};     // names of the ticked ones
-inline constexpr Kept<QString> takenFolder{u"targets/folder"};           // of the file of taken records
-inline constexpr Kept<int> batchPause{u"targets/pause", 200};            // milliseconds between two requests
-inline constexpr Kept<int> batchAtOnce{u"targets/once", 1};              // requests to one target
+inline constexpr Kept<int> lookOfDesktop{u"look/desktop", 0}; // the last answer of the desktop: 0 none, 1 light, 2 dark
+inline constexpr Kept<QStringList> checksOff{u"schema/off"};  // names of checks that are switched off
+inline constexpr Kept<QStringList> chosenTargets{u"targets/chosen"}; // names of the ticked targets
+inline constexpr Kept<QString> takenFolder{u"targets/folder"};       // of the file of taken records
+inline constexpr Kept<int> batchPause{u"targets/pause", 200};        // milliseconds between two requests
+inline constexpr Kept<int> batchAtOnce{u"targets/once", 1};          // connections to one target
 
 inline constexpr KeptByWindow<QByteArray> geometry{u"geometry"}; // QWidget::saveGeometry() of a top-level window
 inline constexpr KeptByWindow<QSize> listSize{u"size"};          // of a list window, neither maximised nor minimised

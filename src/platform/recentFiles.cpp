@@ -14,7 +14,7 @@ QString lastFolders(const QString &path, qsizetype count) {
     return folders.mid(folders.size() - count).join(u'/');
 }
 
-// Returns how many of its last folders tell a file apart from the others with its name; 0 if no other has it.
+// Returns how many of its last folders distinguish a file from the others with its name; 0 if no other has it.
 qsizetype foldersNeeded(const QString &path, const QStringList &paths) {
     qsizetype needed = 0;
     for (const QString &other : paths) {

@@ -10,8 +10,8 @@ namespace platform {
 QStringList recentFiles(const DeskState &state);
 void noteRecentFile(const DeskState &state, const QString &path);
 
-// Returns the names of the files for a list. Files of one name are followed by as many of their last folders as tell
-// them apart: "一月.iso（甲/2026）".
+// Returns the names of the files for a list. Files of one name are followed by as many of their last folders as
+// distinguish them: "一月.iso（甲/2026）".
 QStringList recentNames(const QStringList &paths);
 
 } // namespace platform

@@ -39,7 +39,7 @@ private:
 
     QString m_folder;
     std::chrono::milliseconds m_interval;
-    QElapsedTimer m_looked; // since the files were looked at; invalid before
+    QElapsedTimer m_looked; // since the files were last checked; invalid before
     QString m_complaint;    // about a missing file
     QDateTime m_changed;
     qint64 m_size = -1;

@@ -33,7 +33,7 @@ private:
 // Returns the box about a missing field list, without which the proof reports nothing; empty if there is one.
 QString templateComplaint(const QString &folder);
 
-// Reads the template and proofs the rows by it. Fails if the template cannot be opened.
+// Reads the template and checks the rows against it. Fails if the template cannot be opened.
 platform::Result<TemplateProof> proofTemplate(const marc::FieldRows &rows, const QString &folder);
 
 } // namespace proof

@@ -1,5 +1,5 @@
-// Shows a text box as it is or as a catalogue card: 12.5 by 7.5, with a hairline and the hole of the card tray. The
-// card is as large as the space allows.
+// Shows a text box as it is or as a catalogue card: 12.5 by 7.5 cm, with a hairline and the hole for the rod of the
+// card tray. The card is as large as the space allows.
 #pragma once
 
 #include "widgets/textBox.h"

@@ -1,5 +1,5 @@
-// Whether the desktop wants programs to be dark: the setting `color-scheme` of the desktop's portal, also while the
-// program runs, or on Windows the setting of the user as of the start of the program.
+// Reports whether the desktop prefers dark windows: the setting `color-scheme` of the desktop's portal, also while the
+// program runs, or on Windows the setting of the user at the start of the program.
 #pragma once
 
 #include <QObject>
@@ -14,7 +14,7 @@ namespace platform {
 class SchemeWatch final : public QObject {
     Q_OBJECT
 public:
-    // Asks the portal on the bus with that name of a connection; an empty name means the session bus. Does not wait for
+    // Queries the portal over the bus connection of that name; an empty name means the session bus. Does not wait for
     // the answer.
     explicit SchemeWatch(const QString &bus = {}, QObject *parent = nullptr);
 
