@@ -1,4 +1,4 @@
-// What validation found in a record, as values; the words are made when they are shown.
+// The findings of a validation, as values; their texts are made when they are shown.
 #pragma once
 
 #include "schema/schema.h"
@@ -6,7 +6,7 @@
 
 namespace schema {
 
-// The validation rules of Avram 0.9 that concern records, in the order of its text, and two of the program itself.
+// The validation rules of Avram 0.9 that concern records, in the order of its text, and two of this program.
 enum class Check : quint8 {
     UndefinedField,
     DeprecatedField,
@@ -51,9 +51,9 @@ struct Finding {
     QString value;    // the beginning of the value; for an unknown tag, the tag
 };
 
-// Returns the field and place, as "200", "200$a" or "100$a/8".
+// Returns the field and place, such as "200", "200$a" or "100$a/8".
 QString placeOf(const Finding &finding);
-// Returns what is wrong, in Chinese, without the place.
+// Returns the fault, in Chinese, without the place.
 QString wordsOf(const Finding &finding, const Schema &schema);
 
 } // namespace schema

@@ -1,5 +1,5 @@
 // A regular expression of a schema or a rule, as in ECMAScript, with "." matching line ends too. Matching takes bounded
-// time for every expression and text: a match that needs too many steps is given up.
+// time for every expression and text: a match that needs too many steps is stopped.
 #pragma once
 
 #include "platform/result.h"

@@ -1,5 +1,5 @@
 // A record in the form that validation walks through: leader, fields with indicators and subfields, tags as numbers.
-// All texts are views of what the record was read from.
+// All texts are views of the record that was read.
 #pragma once
 
 #include "marc/fieldRows.h"
@@ -21,7 +21,7 @@ inline constexpr char16_t noCode = 0;   // a delimiter without a code
 struct Subfield {
     char16_t code = noCode;
     QStringView value;
-    int element = 0; // what it was read from
+    int element = 0; // of the record that was read
 };
 
 struct Field {
@@ -31,10 +31,10 @@ struct Field {
     std::array<char16_t, 2> indicators{}; // 0: there is none
     int firstSubfield = 0;
     int subfieldCount = 0;
-    int element = 0; // what it was read from
+    int element = 0; // of the record that was read
 };
 
-// One object is reused for all records. What it reads must outlive the use of the views.
+// One object is reused for all records. A record must not change or be destroyed while the views of it are in use.
 class RecordView {
 public:
     void read(const marc::FieldRows &rows);       // elements are rows

@@ -25,7 +25,7 @@ struct Path {
     char16_t code = 0;
     int start = -1; // positions in the value, counted from 0; -1: the whole value
     int end = -1;
-    bool ofCurrentField = false; // refers to the field that "each" stands at
+    bool ofCurrentField = false; // refers to the field of "each" that is being checked
 
     bool isOneTag() const { return firstTag == lastTag; }
     bool matchesTag(int number) const {

@@ -7,8 +7,8 @@
 
 namespace schema {
 
-// Reads a condition as "101^1 = '1' and not 101$c". Fails with the reason and the position, counted from 1. `each` is
-// the field that the rule stands at, or null.
+// Parses a condition such as "101^1 = '1' and not 101$c". Fails with the reason and the position, counted from 1.
+// `each` is the field of the rule's key "each", or null.
 platform::Result<Condition> parseCondition(const QString &text, const Path *each = nullptr);
 
 // Reads a rule whose keys have values of the right kinds. A failure names the key.

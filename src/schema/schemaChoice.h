@@ -14,7 +14,7 @@ namespace schema {
 QString chosenSchema(const platform::Settings &settings);
 platform::Status chooseSchema(const platform::Settings &settings, const QString &path);
 
-// Returns whether the user may switch the check off: all that Avram names, but not the program's own.
+// Returns whether the user may switch the check off: those of Avram, but not the program's own.
 inline bool maySwitchOff(Check check) {
     return check != Check::GivenUp;
 }
@@ -22,8 +22,8 @@ inline bool maySwitchOff(Check check) {
 Checks chosenChecks(const platform::DeskState &state);
 void chooseChecks(const platform::DeskState &state, Checks checks);
 
-// Loads the schema at the first use and again after its file has changed. A schema that cannot be used leaves the last
-// good one in force.
+// Loads the schema at the first use and again after its file has changed. A schema that cannot be used does not replace
+// the last valid one.
 class SchemaInForce {
 public:
     // `folder` is the program's own folder, with a separator at its end.
@@ -41,7 +41,7 @@ public:
     bool isShipped() const { return chosenSchema(m_settings).isEmpty(); }
 
     // Reads the file and chooses it; an empty path chooses the file in the program's folder. If the file is refused or
-    // the choice cannot be stored, everything stays as it was.
+    // the choice cannot be stored, nothing changes.
     platform::Status choose(const QString &path);
 
     Checks checks() const { return m_checks; }

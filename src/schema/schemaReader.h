@@ -7,7 +7,7 @@
 
 namespace schema {
 
-// Fails with the key and the reason if the text is no JSON, if a key is unknown or its value of the wrong kind, if the
+// Fails with the key and the reason if the text is not JSON, if a key is unknown or its value of the wrong kind, if the
 // family of formats is not "marc", or if a pattern or a rule is malformed.
 platform::Result<Schema> readSchema(const QByteArray &json);
 

@@ -74,7 +74,7 @@ void Validator::checkField(const RecordView &record, const Field &field) {
         checkSubfields(record.subfields(field), *rules, field);
 }
 
-// What is wrong with an indicator is reported as the indicator's fault, for each of its rules.
+// Reports one fault for an indicator that violates its pattern or its list of codes, or both.
 void Validator::checkIndicators(const Field &field, const FieldRules &rules) {
     for (const int index : {0, 1}) {
         const auto &allowed = rules.indicators[index];
@@ -134,7 +134,7 @@ void Validator::checkValue(QStringView value, const ValueRules &rules, const Pla
     checkCodes(value, rules.codes, place, -1);
 }
 
-// Of a value that is too short, the first missing position is reported, and those after it are not checked.
+// If a value is too short, only the first missing position is reported; the positions after it are not checked.
 void Validator::checkPositions(QStringView value, const ValueRules &rules, const Place &place) {
     for (const PositionRules &position : rules.positions) {
         const qint16 start = qint16(position.start), end = qint16(position.end);

@@ -10,7 +10,7 @@ namespace schema {
 
 class Validator {
 public:
-    // `today` is the day that rules about dates compare with.
+    // `today` is the day with which rules compare dates.
     Validator(std::shared_ptr<const Schema> schema, const QDate &today);
 
     void setChecks(Checks checks) { m_checks = checks; }

@@ -29,7 +29,7 @@ void ValueReader::readDirectory(const QJsonObject &codelists) {
         const QJsonObject list = entry.value().toObject();
         if (!entry.value().isObject())
             return m_fault.report({}, u"应为 {…}"_s);
-        // Before Avram 0.9.2 the list itself stood in the directory.
+        // Before Avram 0.9.2 the directory contained the list itself.
         const bool extended = list[u"codes"].isObject();
         if (extended && !check(list, Part::CodeListEntry))
             return;

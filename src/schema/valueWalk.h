@@ -20,8 +20,7 @@ class ValueWalk {
 public:
     explicit ValueWalk(const QDate &today);
 
-    // Starts with another record, which must outlive its use; end() must follow. begin() fails if it has too many
-    // fields.
+    // Starts with another record, which must not change before end() is called. Fails if it has too many fields.
     bool begin(const RecordView &record);
     void end();
 

@@ -32,7 +32,7 @@ std::optional<QStringList> isbnsOf(const QJsonObject &heading) {
     return isbns;
 }
 
-// Returns false if the object is no outcome.
+// Returns false if the object is not an outcome.
 bool take(const QJsonObject &object, std::vector<Outcome> &outcomes) {
     const int row = object[u"row"_s].toInt(-1);
     if (row < 0 || size_t(row) >= outcomes.size())

@@ -1,5 +1,5 @@
-// The journal of a batch of ISBNs: a file of the user's state to which each outcome is added as it is known, so that
-// the batch continues after a stop or a crash. Only its owner can read it.
+// The journal of a batch of ISBNs: a file of the user's state to which each outcome is added when it is known, so that
+// the batch can continue after a stop or a crash. Only its owner can read it.
 //
 // One JSON object per line. The first has the format, the version and the ISBNs; each of the others has the outcome for
 // one of them: {"row": 3, "target": "…", "leader": "…", "fields": [["200", "…"], …]}, {"row": 4} if no target has it.
@@ -18,9 +18,9 @@ namespace targets {
 struct Outcome {
     enum class State { Pending, Found, Missing, Failed };
     State state = State::Pending;
-    QString target;             // the name of the one that has it
+    QString target;             // the name of the target that has it
     marc::FieldedRecord record; // if found
-    QString why;                // after Failed: the faults of the targets that could not be asked
+    QString why;                // after Failed: the faults of the targets that did not answer
 };
 
 class BatchJournal {

@@ -1,4 +1,4 @@
-// A batch of ISBNs as the rows of a table, and what the window says about it.
+// A batch of ISBNs as the rows of a table, and the texts about it in the window.
 #pragma once
 
 #include "platform/tableSource.h"
@@ -22,11 +22,11 @@ private:
     std::shared_ptr<const IsbnBatch> m_batch;
 };
 
-// Returns the number of ISBNs without an outcome, or that could not be looked up.
+// Returns the number of ISBNs that have no outcome or whose look-up failed.
 int leftIn(const IsbnBatch &batch);
-// Returns a line about the batch: how far it is, and its result.
+// Returns a line about the batch: its progress and its result.
 QString batchWords(const IsbnBatch &batch);
-// Returns why a batch cannot begin and what to do about it; empty if it can.
+// Returns the reason why a batch cannot begin, with advice; empty if it can.
 QString whyNoBatch(const QStringList &isbns, const TargetList &chosen);
 
 } // namespace targets

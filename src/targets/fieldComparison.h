@@ -1,6 +1,6 @@
-// A fetched record beside the current one, field by field, and what the current one becomes when fields are taken. Both
-// are rows of the field grid; the rows that are not taken stay as they are, with their descriptions. The leader, 001
-// and 005, which name the record in this library, are neither compared nor taken.
+// Compares a fetched record with the current one, field by field, and takes fields of it into the current one. Both are
+// rows of the field grid; rows that are not replaced stay unchanged, with their descriptions. The leader, 001 and 005,
+// which identify the record in this library, are neither compared nor taken.
 #pragma once
 
 #include "marc/fieldRows.h"
@@ -33,7 +33,7 @@ struct ComparedField {
 };
 
 // Returns the fields of both records by tag and, among those of one tag, in their order. Equal fields of a tag are
-// compared with each other first, the rest in their order.
+// paired first, then the others in their order.
 std::vector<ComparedField> compareFields(const marc::FieldRows &current, const marc::FieldRows &fetched);
 
 // Returns the current rows with the fetched field in the place of its own, or added after the last field whose tag is

@@ -31,7 +31,7 @@ public:
     };
     static constexpr QStringView headings = u"取|题名|责任者|出版社|年|ISBN|目标|长度|错误|警告|重复";
 
-    // What the validation of a record has found.
+    // The numbers of findings of a validation.
     struct Faults {
         int errors = 0;
         int warnings = 0;
@@ -43,7 +43,7 @@ public:
         : m_proof(std::move(proof)) {}
 
     void add(const QString &target, qsizetype bytes, marc::FieldedRecord record);
-    // Marks a record that the library has; `words` say where.
+    // Marks a record that the library has; `words` name the place.
     void markHeld(int row, const QString &words);
     void forgetHeld(); // removes these marks
 

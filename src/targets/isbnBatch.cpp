@@ -8,7 +8,7 @@ using State = targets::Outcome::State;
 
 namespace targets {
 
-// While the server works on one request, the answer to the one before it is decoded and kept.
+// While the server works on a request, the previous answer is decoded and stored.
 struct IsbnBatch::Lane {
     explicit Lane(const Target &target, Limits limits)
         : link(target, limits)
@@ -29,8 +29,8 @@ struct IsbnBatch::Asked {
     Target target;
     std::vector<std::unique_ptr<Lane>> lanes;
     std::deque<int> queue; // of rows
-    int failures = 0;      // in a row
-    QString dropped;       // the last fault, if it is not asked any more
+    int failures = 0;      // consecutive
+    QString dropped;       // the last fault, once the target is not queried any more
 };
 
 IsbnBatch::IsbnBatch(TargetList targets, Politeness politeness, Limits limits)
@@ -113,7 +113,7 @@ void IsbnBatch::stop() {
     }
 }
 
-// Passes the row to the target, or to the first one after it that is still asked.
+// Passes the row to the target, or to the first one after it that is still queried.
 void IsbnBatch::enqueue(int row, size_t target) {
     while (target < m_targets.size() && !m_targets[target]->dropped.isEmpty()) {
         m_outcomes[size_t(row)].why = m_targets[target]->dropped;
@@ -182,7 +182,7 @@ void IsbnBatch::failed(size_t target, Lane &lane, const LinkFault &fault) {
     Asked &asked = *m_targets[target];
     const int row = std::exchange(lane.asked, {}).row;
     choose(target, lane);
-    if (!m_active) // the answer before could not be kept
+    if (!m_active) // the previous answer could not be stored
         return;
     lane.pause.start();
     m_outcomes[size_t(row)].why = asked.target.name + u"：" + fault.words;

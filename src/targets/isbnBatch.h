@@ -1,6 +1,6 @@
-// Looks up a list of ISBNs in several targets, in the user's order: the next target is asked for what the one before it
-// does not have. Of the records of one answer that have the ISBN, the one with the most essential fields is taken, and
-// of several such the first. Targets work at the same time on different ISBNs; each is asked politely.
+// Looks up a list of ISBNs in several targets, in the user's order: an ISBN that a target does not have is looked up in
+// the next one. Of the records in one answer that have the ISBN, the one with the most essential fields is taken, or
+// the first of several such. Targets are queried at the same time for different ISBNs, each as Politeness allows.
 #pragma once
 
 #include "targets/batchJournal.h"
@@ -20,7 +20,7 @@ class IsbnBatch : public QObject {
     Q_OBJECT
 
 public:
-    static constexpr int mostFailures = 3; // in a row; the target is not asked again then
+    static constexpr int mostFailures = 3; // in a row, after which a target is not queried again
     static constexpr int mostHits = 10;    // records of one answer that are compared
 
     explicit IsbnBatch(TargetList targets, Politeness politeness = {}, Limits limits = {});
@@ -30,9 +30,9 @@ public:
     platform::Status begin(const QStringList &isbns, const QString &journal);
     platform::Status resume(const QString &journal);
 
-    // Looks up what has no outcome yet or failed.
+    // Looks up the ISBNs that have no outcome or whose look-up failed.
     void start();
-    // Stops at once. What was asked for and not answered stays pending.
+    // Stops at once. ISBNs without an answer stay pending.
     void stop();
     bool isActive() const { return m_active; }
 
@@ -45,8 +45,8 @@ public:
     std::vector<marc::FieldedRecord> records() const; // found, in the order of the ISBNs
 
 Q_SIGNALS:
-    void progressed(int row);                                      // it has its outcome
-    void targetDropped(const QString &name, const QString &fault); // it failed too often
+    void progressed(int row);                                      // the row has its outcome
+    void targetDropped(const QString &name, const QString &fault); // after too many failures
     void journalFailed(const QString &why);                        // the batch was stopped
     void finished();
 

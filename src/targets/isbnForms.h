@@ -7,8 +7,8 @@
 namespace targets {
 
 // Returns the 13-digit and the ten-digit form, each without hyphens and, if the ISBN is in a range of its agency, with
-// them. An ISBN with a wrong check digit has the forms without hyphens and as written. A text that is no ISBN is the
-// only form of itself; an empty one has none.
+// them. For an ISBN with a wrong check digit, returns it without hyphens and as written; for a text that is not an
+// ISBN, the text; for an empty text, nothing.
 QStringList isbnForms(QStringView text);
 
 } // namespace targets

@@ -14,7 +14,7 @@ constexpr qsizetype fewestDigits = 9;
 
 class Collector {
 public:
-    // Returns false if the part is no ISBN.
+    // Returns false if the part is not an ISBN.
     bool take(const QString &part) {
         QString number = part;
         number.remove(QRegularExpression(u"^ISBN[- ]?(1[03])?[:：]?\\s*"_s, QRegularExpression::CaseInsensitiveOption));

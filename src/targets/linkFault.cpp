@@ -23,7 +23,7 @@ constexpr auto libraryErrors = std::to_array<LibraryError>({
     {10007, Kind::AnswerLimit, u"服务器没有应答"},
 });
 
-// The common reasons of servers, of Z39.50 and of SRU.
+// Common diagnostics of Z39.50 and SRU servers.
 struct Diagnostic {
     QStringView set;
     int number;
@@ -70,7 +70,7 @@ QString knownWords(const Wire::Error &error) {
     return found == diagnostics.end() ? QString() : found->words.toString();
 }
 
-// Returns the text of a server in one line of limited length, without the password, which it may repeat.
+// Returns the text of a server in one line of limited length, without the password, which the server may repeat.
 QString harmless(QString text, const Target &target) {
     constexpr qsizetype longest = 200;
     if (!target.password.isEmpty())

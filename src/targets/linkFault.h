@@ -1,4 +1,4 @@
-// Why a target did not answer, in words for the user. They never contain the password.
+// The reason why a target did not answer, in words for the user. The words never contain the password.
 #pragma once
 
 #include "targets/wire.h"
@@ -17,7 +17,7 @@ struct LinkFault {
         NotAdmitted, // the server refused the session: user or password
         Moved,       // the server is at another address
         Unreadable,  // the answer is not what the protocol allows, or too long
-        Refused      // the server said why it does not answer
+        Refused      // the server refused the request with a reason
     };
     Kind kind;
     QString words;

@@ -1,4 +1,4 @@
-// What is searched for, and the query that a server gets.
+// A search as the user enters it, and the query that a server gets.
 #pragma once
 
 #include "targets/target.h"

@@ -16,8 +16,8 @@ namespace {
 constexpr QByteArrayView utf8Mark("\xEF\xBB\xBF");
 constexpr qsizetype unicodeAt = 9; // in the leader: "a" for Unicode
 
-// Returns whether the character marks the begin or the end of words that are not sorted by, in one of the two pairs in
-// use.
+// Returns whether the character marks the beginning or the end of words that are ignored in sorting, in one of the two
+// pairs in use.
 bool isNonSortingMark(QChar c) {
     return c == u'\u0088' || c == u'\u0089' || c == u'\u0098' || c == u'\u009C';
 }

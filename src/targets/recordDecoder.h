@@ -1,4 +1,4 @@
-// Decodes the answers of a server to records. An answer is foreign input: it may be anything.
+// Decodes the answers of servers to records. An answer is untrusted input and may be anything.
 #pragma once
 
 #include "marc/fieldedRecord.h"
@@ -18,13 +18,13 @@ public:
 
     struct Decoded {
         marc::FieldedRecord record;
-        qint64 damaged = 0;            // byte sequences without a meaning in the charset, replaced by U+FFFD
+        qint64 damaged = 0;            // byte sequences that are invalid in the charset, replaced by U+FFFD
         bool directoryDamaged = false; // fields found by their terminators
     };
 
-    // Decodes one record, in exchange format or in XML (MARCXML, MarcXchange), whatever the server calls it; XML in
-    // UTF-8 or GB18030. Marks of non-sorting words are removed, and line breaks become blanks. Fails with the reason if
-    // it is no record.
+    // Decodes one record, in exchange format or in XML (MARCXML, MarcXchange), regardless of what the server declares;
+    // XML in UTF-8 or GB18030. Marks of non-sorting words are removed, and line breaks become blanks. Fails with the
+    // reason if it is not a record.
     platform::Result<Decoded> decode(QByteArrayView answer);
 
 private:

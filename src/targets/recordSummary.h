@@ -1,5 +1,5 @@
-// What a list of results shows of a record, and how complete a record is. Knows the tags of UNIMARC, of which CNMARC is
-// a form, and of MARC 21.
+// The data of a record for a list of results, and how complete a record is. Knows the tags of UNIMARC, of which CNMARC
+// is a form, and of MARC 21.
 #pragma once
 
 #include "marc/fieldedRecord.h"
@@ -23,7 +23,7 @@ struct Summary {
 };
 Summary summaryOf(const marc::FieldedRecord &record);
 
-// Returns the ISBNs of the record, also the ones that it calls wrong or cancelled.
+// Returns the ISBNs of the record, including those that it marks as wrong or cancelled.
 std::vector<marc::IsbnKey> isbnsOf(const marc::FieldedRecord &record);
 
 // The fields that count for completeness; each counts once.
@@ -36,8 +36,8 @@ inline constexpr auto essentialMarc21 =
 // Returns the number of essential fields that the record has.
 int essentialFields(const marc::FieldedRecord &record);
 
-// Returns whether the record has the ISBN and more essential fields than `best`, which becomes their number then. Start
-// with -1.
+// Returns whether the record has the ISBN and more essential fields than `best`; `best` is then set to their number.
+// Its initial value is -1.
 bool isBetter(const marc::FieldedRecord &record, marc::IsbnKey isbn, int &best);
 
 } // namespace targets

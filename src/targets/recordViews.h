@@ -1,4 +1,4 @@
-// A fetched record as text, for a look at it before it is taken.
+// A fetched record as text, shown before it is taken.
 #pragma once
 
 #include "marc/fieldedRecord.h"
@@ -7,10 +7,10 @@
 
 namespace targets {
 
-// Returns the text of a field as a person reads it: "200 1  $a红楼梦$f曹雪芹".
+// Returns the text of a field for display: "200 1 $a红楼梦$f曹雪芹".
 QString shownField(const marc::Field &field);
 
-// Returns the record as the file of taken records will have it; characters that GBK lacks become "?". Fails with the
+// Returns the record as it is written to a file of taken records; characters that GBK lacks become "?". Fails with the
 // reason if it does not fit the format.
 platform::Result<marc::RawRecord> asRawRecord(marc::FieldedRecord record);
 

@@ -14,7 +14,7 @@ constexpr qint64 shortAnswer = 64 << 10; // bytes that are handed over without w
 constexpr qint64 farBuffer = 256 << 10;  // bytes read ahead from the server
 constexpr qint64 longestHead = 64 << 10; // of a request by HTTP
 
-// Returns why a certificate is not accepted; empty if it is something else.
+// Returns the fault of the certificate; empty if the errors are others.
 QString wordsOf(const QList<QSslError> &errors) {
     for (const QSslError &error : errors) {
         switch (error.error()) {
@@ -77,14 +77,15 @@ void Relay::accept() {
     connectFar();
 }
 
-// Later, so that YAZ takes one piece before it gets the next one; without an event if nothing is left to hand over.
+// Runs in a later turn of the event loop, so that YAZ takes one piece before it gets the next one. Posts no event if
+// nothing is left to hand over.
 void Relay::takeNext() {
     if (m_far && (m_far->bytesAvailable() > 0 || m_far->state() == QAbstractSocket::UnconnectedState))
         QMetaObject::invokeMethod(
             this, [this] { answer(); }, Qt::QueuedConnection);
 }
 
-// A socket of QSslSocket passes each signal on from another one, also without encryption.
+// QSslSocket passes on each signal of an inner socket, even without encryption, so it is used only where needed.
 void Relay::connectFar() {
     auto *const encrypted = m_target.encrypted ? new QSslSocket(this) : nullptr;
     m_far = encrypted ? encrypted : new QTcpSocket(this);
@@ -137,7 +138,7 @@ QByteArray Relay::withHost(QByteArray head) const {
     return head.replace(at, end - at, line);
 }
 
-// Hands over one piece when the one before it has been taken.
+// Hands over one piece when the previous one has been taken.
 void Relay::answer() {
     if (!m_near || !m_far || m_near->bytesToWrite() > 0)
         return;
@@ -173,7 +174,7 @@ bool Relay::isMoved(const QByteArray &start) {
     return true;
 }
 
-// Errors after the connection was made are ends of the connection.
+// An error of an established connection is treated as its end.
 void Relay::tellFailure() {
     if (m_isConnected)
         return answer();

@@ -1,7 +1,6 @@
-// Passes the bytes between YAZ, which connects to a port of the loopback interface, and the server. This keeps from YAZ
-// what it does in a way that would block the program or trust too much: it resolves names, connects, encrypts and
-// checks the certificate by Qt, hands over an answer in small pieces between other events, and ends one that is too
-// long.
+// Passes the bytes between YAZ, which connects to a port of the loopback interface, and the server. YAZ would block the
+// program while it resolves names and connects, and would trust too much; here Qt does both, encrypts and checks the
+// certificate. An answer is handed over in small pieces between other events, and an answer that is too long is ended.
 #pragma once
 
 #include "targets/linkFault.h"
@@ -25,7 +24,7 @@ public:
 
 Q_SIGNALS:
     void connected();
-    void sent();                                  // bytes of a request, to the server
+    void sent();                                  // bytes of a request were sent to the server
     void broken(const targets::LinkFault &fault); // an ordinary end of the connection is passed on to YAZ instead
 
 private:

@@ -15,7 +15,7 @@ struct Fetched {
 };
 
 struct Bounds {
-    qint64 records = 1000;   // fetched from one target unless asked on
+    qint64 records = 1000;   // fetched from one target before fetchMore()
     qint64 bytes = 64 << 20; // of the records of one target
 };
 
@@ -23,13 +23,13 @@ struct Progress {
     enum class Stage { Waiting, Connecting, Fetching, Done, Failed, Stopped };
     Stage stage = Stage::Waiting;
     qint64 hits = -1;     // below 0: not known yet
-    qint64 delivered = 0; // records, also the unreadable ones
+    qint64 delivered = 0; // records, including unreadable ones
     qint64 unreadable = 0;
     qint64 bytes = 0;
     bool mayGoOn = false; // there are more records, which fetchMore() fetches
     QString fault;        // after Failed
 
-    // Returns the state in one line, as "已取 20 条，共 340 条".
+    // Returns the state in one line, such as "已取 20 条，共 340 条".
     QString words() const;
 };
 
@@ -43,7 +43,7 @@ public:
     void start(const Query &query);
     // Stops at once. The targets that are not done become Stopped; no further record is sent.
     void stop();
-    // Fetches further records from a target whose progress says that it may go on.
+    // Fetches further records from a target whose Progress::mayGoOn is true.
     void fetchMore(int target);
 
     bool isActive() const { return m_active > 0; }

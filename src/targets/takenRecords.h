@@ -12,13 +12,13 @@ namespace targets {
 struct TakenFile {
     QString path;
     int written = 0;
-    // One line for each record that is concerned: its number in the file or in the list, its title, and
+    // One line for each record concerned: its number in the file or in the list, its title, and
     QStringList lacking; // the characters that GBK lacks, which are written as "?"
     QStringList refused; // why the record does not fit the format; it is not in the file
 };
 
-// Writes 套录-DATE.iso in the folder, or 套录-DATE-2.iso and so on if there is such a file. Fails if no record can be
-// written; there is no file then.
+// Writes 套录-DATE.iso in the folder, or 套录-DATE-2.iso and so on if that file exists. Fails if no record can be
+// written; then no file is made.
 platform::Result<TakenFile> writeTaken(const QString &folder, const QDate &date,
                                        std::span<const marc::FieldedRecord> records);
 

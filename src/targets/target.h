@@ -21,12 +21,12 @@ enum class QueryCharset { Utf8, Gbk };
 // The query language of an SRU server; a Z39.50 server always gets the query of PQF.
 enum class QueryLanguage { Cql, Pqf };
 
-// What a term is searched in.
+// The index in which a term is searched.
 enum class Use { Isbn, Title, Author, Publisher, Year, Any };
 inline constexpr size_t useCount = 6;
 
-// For PQF each attribute text is a list as "1=4" or "1=4 4=1"; for CQL an index as "dc.title" with an optional relation
-// after a blank. An empty one: the catalogue cannot be searched by it.
+// For PQF each attribute text is a list such as "1=4" or "1=4 4=1"; for CQL an index such as "dc.title" with an
+// optional relation after a blank. Empty: the catalogue has no such index.
 using Attributes = std::array<QString, useCount>;
 inline const QString &attributeOf(const Attributes &attributes, Use use) {
     return attributes[size_t(use)];
@@ -73,7 +73,7 @@ inline constexpr auto useNames =
     std::to_array<QStringView>({u"ISBN", u"题名", u"责任者", u"出版者", u"出版年", u"任意词"});
 inline constexpr QStringView untested = u"未验证";
 
-// A part of a target that the user can change; the text of a fault is about it.
+// A part of a target that the user can change, and what is wrong with it.
 struct TargetFault {
     QStringView key; // as in the file: "host", "attributes.isbn"
     QString reason;

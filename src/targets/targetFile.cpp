@@ -33,7 +33,8 @@ QString listed(std::span<const QStringView> names) {
     return texts.join(u"、"_s);
 }
 
-// Reads the keys of one JSON object. After the last key, fault() has the first fault; values keep their defaults then.
+// Reads the keys of one JSON object. After the last key, fault() returns the first fault; values then keep their
+// defaults.
 class ObjectReader {
 public:
     ObjectReader(QJsonObject object, QString place)
@@ -90,7 +91,7 @@ public:
         if (m_fault.isEmpty())
             m_fault = fault;
     }
-    // Call last: reports keys that were not asked for.
+    // Call last: reports keys that were not read.
     const QString &fault() {
         for (const QString &key : m_object.keys()) {
             if (!m_known.contains(key))

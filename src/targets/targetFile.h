@@ -1,4 +1,4 @@
-// The list of catalogues as a file in JSON, and the list that the program brings along.
+// The list of catalogues as a JSON file, and the list supplied with the program.
 #pragma once
 
 #include "targets/target.h"
@@ -9,8 +9,8 @@ namespace targets {
 inline constexpr qint64 largestTargetFile = 1 << 20; // bytes
 inline constexpr QStringView targetFileName = u"targets.json";
 
-// Fails with the key and the reason, as "targets.3.port：…", if the text is no JSON, a key is unknown, missing or of
-// the wrong kind, two targets have the same name, or a target has a fault. Targets are counted from 1.
+// Fails with the key and the reason, for example "targets.3.port：…", if the text is not JSON, a key is unknown,
+// missing or of the wrong kind, two targets have the same name, or a target has a fault. Targets are counted from 1.
 platform::Result<TargetList> parseTargets(const QByteArray &json);
 
 // The same for a file, which the failure names.

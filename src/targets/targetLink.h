@@ -1,5 +1,5 @@
-// One target as its user sees it: searches and fetches records, one request after the other, over one connection that
-// is made when it is needed and made again after it was lost. Everything runs in the event loop of the thread.
+// One target as the searches use it: searches and fetches records, one request after the other, over one connection
+// that is made when it is needed and made again after it was lost. Everything runs in the event loop of the thread.
 #pragma once
 
 #include "platform/slicedWork.h"
@@ -32,18 +32,18 @@ public:
     const Target &target() const { return m_target; }
     bool isBusy() const { return m_stage != Stage::Idle; }
 
-    // A request is made while the link is not busy. It ends by answered() or by failed(); the link is not busy then,
-    // and the next request may be made during these signals. A search delivers the first `count` records, fetch() any
-    // others of the same search; `count` is at most Wire::portion.
+    // A request may be made only while the link is not busy. It ends by answered() or by failed(); the link is then no
+    // longer busy, and the next request may be made during these signals. A search delivers the first `count` records,
+    // fetch() any others of the same search; `count` is at most Wire::portion.
     void search(const QByteArray &query, int count);
     void fetch(qint64 from, int count);
-    // Makes no request, but fails with this fault as a request would.
+    // Sends no request, but fails with this fault as a request would.
     void refuse(const LinkFault &fault);
     // Ends the request at once, without a signal, and closes the connection.
     void stop();
 
     qint64 hits() const { return m_hits; }
-    // What the server said of itself when it was connected; may be empty.
+    // The name that the server reported at the start of the session; may be empty.
     const QString &serverName() const { return m_serverName; }
 
 Q_SIGNALS:

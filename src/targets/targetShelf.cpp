@@ -8,7 +8,7 @@ namespace targets {
 
 namespace {
 
-// Returns whether a test of the one says nothing about the other.
+// Returns whether a test of one target is not valid for the other.
 bool answersDiffer(Target one, const Target &other) {
     one.name = other.name;
     one.password = other.password;

@@ -15,15 +15,15 @@ public:
     const TargetList &list() const { return m_list; }
     int count() const { return int(m_list.size()); }
     const Target &at(int index) const { return m_list[size_t(index)]; }
-    // Why the list could not be read; empty if it could. It is empty and cannot be changed then, so that the file keeps
-    // what it has.
+    // The reason why the list could not be read; empty if it could. The list is then empty and cannot be changed, so
+    // that the file stays as it is.
     const QString &complaint() const { return m_complaint; }
     // The targets with these names, in the order of the list.
     TargetList named(const QStringList &names) const;
 
-    // Returns why a target cannot take the place of the one at the index; std::nullopt if it can.
+    // Returns why a target cannot replace the one at the index; std::nullopt if it can.
     std::optional<TargetFault> faultAt(int index, const Target &target) const;
-    // Replaces a target. If anything else than its name or its password has changed, it becomes untested.
+    // Replaces a target. If anything other than its name or its password has changed, it becomes untested.
     platform::Status set(int index, Target target);
     platform::Status markTested(int index);
     // Add a target at the end. Return its index. A name that is taken gets a number.

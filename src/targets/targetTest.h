@@ -1,4 +1,5 @@
-// Tests a target: connects, asks for one ISBN, and tells what the server says of itself and how the answer looks.
+// Tests a target: connects, searches for one ISBN, and reports the name of the server, the number of hits and the first
+// record.
 #pragma once
 
 #include "targets/search.h"

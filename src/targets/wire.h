@@ -49,7 +49,7 @@ public:
     // Returns the bytes of a record as they arrived, or std::nullopt if it did not arrive; `why` is the reason of the
     // server, if it gave one. Valid until the next request.
     virtual std::optional<QByteArrayView> record(qint64 at, QString &why) const = 0;
-    virtual QString serverName() const = 0; // what a Z39.50 server says of itself; else empty
+    virtual QString serverName() const = 0; // the name that a Z39.50 server reports; else empty
 };
 
 // Connects to the target through a relay at this port of the loopback interface. Returns a null pointer if

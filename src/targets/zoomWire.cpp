@@ -1,4 +1,4 @@
-// The connection by YAZ's ZOOM in its asynchronous mode. Its own limits of time are not used.
+// The connection by YAZ's ZOOM in its asynchronous mode. The time limits of YAZ are not used.
 #include "targets/wire.h"
 #include <libxml/xmlerror.h>
 #include <yaz/log.h>
@@ -16,7 +16,7 @@ using ZoomQuery = std::unique_ptr<ZOOM_query_p, decltype(&ZOOM_query_destroy)>;
 
 constexpr const char *syntaxOptions[] = {"unimarc", "usmarc", "xml"};
 
-// The relay waits at this port.
+// The relay listens on this port.
 QByteArray hostOption(const Target &target, quint16 port) {
     const QByteArray place = "127.0.0.1:" + QByteArray::number(port);
     if (target.protocol == Protocol::Sru)
@@ -26,7 +26,7 @@ QByteArray hostOption(const Target &target, quint16 port) {
 
 void ignore(void *, const char *, ...) {}
 
-// YAZ and the XML parser that it uses report faults of answers on the standard error output too.
+// YAZ and the XML parser that it uses also report faults of answers to the standard error output.
 void silence() {
     yaz_log_init_level(0);
     xmlSetGenericErrorFunc(nullptr, ignore);
@@ -63,8 +63,8 @@ private:
     bool m_asksPqf;
     bool m_isSru;
     QByteArray m_syntax;
-    int m_count = 0;              // of records that the search asks for
-    bool m_looksAtSyntax = false; // when the answer to the search is there
+    int m_count = 0;              // records that the search requests
+    bool m_looksAtSyntax = false; // when the answer to the search arrives
     bool m_begun = false;
     bool m_connected = false;
     int m_connections = 0;
@@ -132,8 +132,8 @@ void ZoomWire::ready(bool read, bool write) {
                                       (read ? ZOOM_SELECT_READ : 0) | (write ? ZOOM_SELECT_WRITE : 0));
 }
 
-// The answer to a search has the first records with it, which saves an exchange. Some servers give them in another
-// syntax than the one asked for; from such a server the records are fetched separately, now and after later searches.
+// The answer to a search includes the first records, which saves a round trip. Some servers send these in another
+// syntax than the requested one; from such a server the records are fetched separately, for this and later searches.
 void ZoomWire::process() {
     serveEvents();
     if (!isIdle() || !std::exchange(m_looksAtSyntax, false) || !hasOtherSyntax())
@@ -158,7 +158,7 @@ void ZoomWire::serveEvents() {
         case ZOOM_EVENT_CONNECT:
             ++m_connections;
             break;
-        case ZOOM_EVENT_SEND_DATA: // the first data of SRU is sent when the connection stands
+        case ZOOM_EVENT_SEND_DATA: // SRU sends its first data once it is connected
             m_connected = m_connected || m_isSru;
             break;
         case ZOOM_EVENT_RECV_DATA: // a Z39.50 server first accepts the session
@@ -187,7 +187,7 @@ std::optional<QByteArrayView> ZoomWire::record(qint64 at, QString &why) const {
     }
     int size = 0;
     const char *const bytes = ZOOM_record_get(found, "raw", &size);
-    if (!bytes || size < 0) // a structure of another form than a record
+    if (!bytes || size < 0) // the structure is not a record
         return std::nullopt;
     return QByteArrayView(bytes, size);
 }

@@ -1,4 +1,5 @@
-// A fetched record beside the current one, field by field. What is taken becomes an edit of the current record at once.
+// Shows a fetched record next to the current one, field by field. Fields that are taken change the current record at
+// once.
 #pragma once
 
 #include "platform/host.h"

@@ -1,5 +1,5 @@
-// Looks up a list of ISBNs in the ticked targets, in their order. What was looked up is kept in a journal, so that the
-// batch goes on after a stop, or when the window is opened again after the program has ended.
+// Looks up a list of ISBNs in the ticked targets, in their order. The outcomes are kept in a journal, so that the batch
+// can continue after a stop, or when the window is opened again after the program has ended.
 #pragma once
 
 #include "platform/host.h"

@@ -1,5 +1,4 @@
-// Searches the catalogues of other libraries: what is searched for, in which targets, the records that come, and what
-// becomes of them.
+// Searches the catalogues of other libraries: the query, the targets, the records found, and the actions on them.
 #pragma once
 
 #include "platform/slicedWork.h"

@@ -153,7 +153,8 @@ void frmTargets::allow() {
     exportButton->setEnabled(!testing && any);
 }
 
-// Stores what was edited. If it cannot be stored, asks whether to discard it. Returns whether the form is settled.
+// Stores the changes in the form. If they cannot be stored, asks whether to discard them. Returns false if the user
+// keeps them.
 bool frmTargets::settle() {
     if (m_current < 0 || !form->isChanged())
         return true;

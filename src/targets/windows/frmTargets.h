@@ -1,5 +1,5 @@
-// The user's list of targets: order, data, a test of each, import and export. What is edited is stored when another
-// target is chosen and when the window is closed.
+// The user's list of targets: order, data, a test of each, import and export. Changes are stored when another target is
+// chosen and when the window is closed.
 #pragma once
 
 #include "platform/host.h"

@@ -1,4 +1,4 @@
-// What is searched for: six fields, which a record must match as far as they are filled in.
+// The query: six fields, of which a record must match all that are filled in.
 #pragma once
 
 #include "targets/query.h"

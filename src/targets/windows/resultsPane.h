@@ -1,5 +1,4 @@
-// The records that were found, in a table in which they can be ticked, and the current one as a card, in standard form
-// and field by field.
+// Shows the records found in a table with ticks, and the current one as a card, in standard form and field by field.
 #pragma once
 
 #include "platform/deskState.h"

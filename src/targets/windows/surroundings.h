@@ -1,5 +1,5 @@
-// What the windows of this folder need from other folders. The maker of the windows provides it; an empty function
-// means that there is no such thing.
+// The functions of other folders that the windows of this folder use. The caller that makes the windows supplies them;
+// an empty function: not available.
 #pragma once
 
 #include "marc/fieldRows.h"
@@ -9,7 +9,7 @@ class QWidget;
 
 namespace targets {
 
-// What the library has of a searched record.
+// Where the library has a record that was searched for.
 struct Holding {
     int record = -1; // index in the searched list; -1: about the whole search, such as a failure
     QString words;

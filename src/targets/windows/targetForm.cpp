@@ -117,7 +117,7 @@ QComboBox *TargetForm::addChoice(QStringView key, QStringView caption, const Nam
     return box;
 }
 
-// The attributes of the other protocol are of no use, unless the user has changed them.
+// Replaces the default attributes of the other protocol; attributes that the user has changed stay.
 void TargetForm::offerAttributes() {
     const Attributes all = target().attributes;
     const bool isPqf = target().asksPqf();
@@ -167,7 +167,7 @@ Target TargetForm::target() const {
     for (const TextRow &row : textRows)
         target.*row.part = m_edits.at(row.key.toString())->text().trimmed();
     target.password = m_edits.at(u"password"_s)->text();
-    target.port = m_edits.at(u"port"_s)->text().trimmed().toInt(); // 0, which is a fault, if it is no number
+    target.port = m_edits.at(u"port"_s)->text().trimmed().toInt(); // not a number: 0, which is a fault
     for (size_t use = 0; use < useCount; ++use)
         target.attributes[use] = m_edits.at(attributeKeys[use].toString())->text().trimmed();
     target.protocol = Protocol(m_protocol->currentIndex());
@@ -180,7 +180,7 @@ Target TargetForm::target() const {
 }
 
 void TargetForm::showFault(const std::optional<TargetFault> &fault) {
-    // A fault of all attributes together is shown at the first one.
+    // A fault of all attributes together is shown below the first one.
     const QStringView where = fault && fault->key == u"attributes" ? attributeKeys[0]
                               : fault                              ? fault->key
                                                                    : QStringView();

@@ -19,11 +19,11 @@ public:
 
     // Shows a target; std::nullopt: an empty form that cannot be edited.
     void show(const std::optional<Target> &target);
-    // Returns what the form has now. Its `tested` is that of the shown target.
+    // Returns the contents of the form. Its `tested` is that of the shown target.
     Target target() const;
     bool isChanged() const { return !(target() == m_shown); }
     void lock(bool locked) { widget()->setEnabled(!locked && m_hasTarget); }
-    // Says below its box what is wrong with a part and moves the focus there; an empty reason takes the words back.
+    // Shows a fault below the box of its part and moves the focus there; std::nullopt hides the message.
     void showFault(const std::optional<TargetFault> &fault);
 
     // Returns the box of a part, by its key in the file.

@@ -1,5 +1,5 @@
-// The list of targets with a tick for each that is searched, and below its name what it answers. The ticks are kept
-// between starts; at first there are none.
+// The list of targets, each with a tick if it is searched and with its state below its name. The ticks are kept between
+// starts; at first there are none.
 #pragma once
 
 #include "platform/host.h"
