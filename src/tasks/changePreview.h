@@ -1,5 +1,6 @@
-// What a task would do to the records of a list. Changes nothing. Keeps a few bytes per change, since a list may have a
-// million records; a change is computed again when it is shown. Records and single changes can be left out.
+// A preview of the changes that a task would make to the records of a list. Changes nothing. Keeps a few bytes per
+// change, since a list may have a million records; a change is computed again when it is shown. Records and single
+// changes can be left out.
 //
 // The list must not change between the preview and its use; see isCurrent().
 #pragma once
@@ -27,10 +28,10 @@ public:
     // `steps` is the number of steps of the task. All records get the time `now`.
     ChangePreview(Source source, ListRecord run, size_t steps, const QDateTime &now);
 
-    bool step(); // looks at the next record; returns whether there is more
+    bool step(); // processes the next record; returns whether there is more
     int looked() const { return m_next; }
     int total() const { return int(m_source.rows.size()); }
-    // Returns whether the list is as it was when the preview began.
+    // Returns whether the list has not changed since the preview began.
     bool isCurrent() const { return m_source.records->replacements() == m_moment; }
 
     // A change has an id, counted from 0 in the order of the run.
@@ -56,7 +57,7 @@ public:
     // Returns the change with its texts; of a refused record the reason is in `after`.
     const Change &change(quint32 id);
 
-    // Leave out, or take in again. A change that the record has twice is left out twice.
+    // Leaves a change or a record out, or includes it again. A change that occurs twice in a record is left out twice.
     void setOut(quint32 id, bool out);
     void setRecordOut(quint32 id, bool out);
 
@@ -64,7 +65,7 @@ public:
         int records = 0;
         int changes = 0;
     };
-    // Without those left out. After the steps: what the writer alters, the refused records, the doubtful changes.
+    // Without the changes left out. After the steps: changes by the writer, refused records, doubtful changes.
     std::vector<Count> counts() const;
     size_t alteredAt() const { return m_steps; }
     size_t refusedAt() const { return m_steps + 1; }
@@ -73,7 +74,7 @@ public:
     const std::vector<RefusedRecord> &refused() const { return m_refused; } // at most 1,000
     size_t steps() const { return m_steps; }
 
-    // Changes the record as the user wants it.
+    // Changes the record, without what the user left out.
     ListOutcome make(size_t record);
     const marc::PreReadStore &list() const { return *m_source.records; }
 

@@ -15,7 +15,7 @@
 
 namespace tasks {
 
-// What a text may contain that is not in the record.
+// The data that a text may contain besides those of the record.
 struct RunFacts {
     QDate date;
     QString fileName;

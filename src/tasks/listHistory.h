@@ -1,5 +1,5 @@
-// Carries out previews on the records of a list and takes the last one back. The list keeps each record that it
-// replaced, so that undoing brings back exactly the record that was there.
+// Carries out previews on the records of a list and undoes the last one. The list keeps each record that it replaced,
+// so that undoing restores exactly that record.
 #pragma once
 
 #include "tasks/changePreview.h"
@@ -29,10 +29,10 @@ public:
     // Returns the rows that were changed by other means since the last run, in ascending order.
     std::vector<int> changedSince() const;
 
-    // beginUndo() starts to take the last run back. Records of `keep`, in ascending order, stay as they are.
+    // beginUndo() starts to undo the last run. Records of `keep`, in ascending order, stay as they are.
     void beginUndo(std::vector<int> keep);
     bool undoStep();                        // the next record, in reverse order; returns whether there is more
-    int undone() const { return m_undone; } // records brought back so far
+    int undone() const { return m_undone; } // records restored so far
 
 private:
     struct Done {

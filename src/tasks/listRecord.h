@@ -1,5 +1,5 @@
-// A task on one record of the list. The changed record is built by the writer of the field grid, so that it becomes
-// what an edit by hand would make of it: field 001 is new, and some fields are not written.
+// A task on one record of the list. The changed record is built by the writer of the field grid, so that it equals a
+// record edited by hand: field 001 is new, and some fields are not written.
 #pragma once
 
 #include "marc/isoWriter.h"
@@ -10,8 +10,8 @@ namespace tasks {
 
 struct ListOutcome {
     marc::RawRecord record;      // empty if nothing changes
-    QString why;                 // the record has to stay as it is for this reason; empty if there is none
-    std::vector<Change> altered; // fields that the task left alone and that the writer omits or alters; `step` is -1
+    QString why;                 // why the record must not be changed; empty if it may
+    std::vector<Change> altered; // fields that the task did not change but the writer omits or alters; `step` is -1
 };
 
 class ListRecord {
@@ -19,7 +19,7 @@ public:
     explicit ListRecord(TaskRun run)
         : m_run(std::move(run)) {}
 
-    // `number` is the one that a text of the task may use; `now` is written to field 001.
+    // `number` is the number for texts of the task; `now` is written to field 001.
     struct At {
         qint64 number = 1;
         QDateTime now;

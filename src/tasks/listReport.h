@@ -1,4 +1,4 @@
-// Texts about a task that was carried out on the list, or taken back.
+// Texts about a task that was carried out on the list, or undone.
 #pragma once
 
 #include "tasks/listHistory.h"
@@ -9,9 +9,9 @@ namespace tasks {
 // `steps` are the steps of the task in words. `stopped`: by the user.
 QString runReport(const ChangePreview &preview, const ListHistory &history, const QString &task,
                   const QStringList &steps, bool stopped);
-// `kept` are the rows that were left as they are.
+// `kept` are the rows that were not restored.
 QString undoReport(const QString &task, int undone, const std::vector<int> &kept, bool stopped);
-// Returns the question before the last run is taken back although these records were changed since.
+// Returns the question whether to undo the last run although these records were changed since.
 QString undoQuestion(const std::vector<int> &changedSince);
 
 } // namespace tasks

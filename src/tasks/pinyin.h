@@ -1,4 +1,4 @@
-// Pinyin as catalogues have it: "hong lou meng". Lower case without tones, a blank between syllables, "ü" kept: "nü er
+// Pinyin as catalogues write it: "hong lou meng". Lower case without tones, a blank between syllables, "ü" kept: "nü er
 // guo". Words in other scripts and numbers stay as they are; punctuation is left out.
 //
 // Characters with several readings are read by a table of words, the longest first, which an office can extend by a
@@ -12,7 +12,7 @@
 
 namespace tasks {
 
-enum class ReadAs { Title, Name }; // Name: a surname first
+enum class ReadAs { Title, Name }; // Name: begins with a surname
 
 struct Pinyin {
     QString text;
@@ -23,8 +23,8 @@ inline constexpr qint64 largestPinyinTable = 4 * 1024 * 1024; // bytes
 
 class PinyinReader {
 public:
-    // Takes a quarter of a second. Reads the built-in table and then the office's, whose lines count more; it may be
-    // missing. Fails with the line and the reason if a line is malformed.
+    // Takes a quarter of a second. Reads the built-in table and then that of the office, which takes precedence and may
+    // be missing. Fails with the line and the reason if a line is malformed.
     static platform::Result<PinyinReader> open(const QString &officeTable = {});
 
     Pinyin read(QStringView text, ReadAs as = ReadAs::Title);

@@ -48,10 +48,10 @@ struct PreparedStep {
 PreparedStep prepare(const Step &step, int index);
 
 // Returns the indexes of the fields on which the step works, in ascending order. Without a tag these are the data
-// fields except the coded ones (1XX), in whose values positions count.
+// fields except the coded ones (1XX), whose values are read by position.
 FieldIndexes chosenFields(RecordWork &work, const PreparedStep &step);
 
-// Returns whether a field contains embedded fields in subfields $1, so that its subfields are not all its own.
+// Returns whether a field contains embedded fields in subfields $1, so that some of its subfields belong to those.
 bool hasEmbedded(const marc::Field &field);
 
 // Returns the content that results if `change` returns another text for subfields with that code (null: all except an

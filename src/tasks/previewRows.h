@@ -1,4 +1,4 @@
-// The changes of a preview as a table, all of them or those of a kind.
+// The changes of a preview as a table: all of them or those of one kind.
 #pragma once
 
 #include "platform/tableSource.h"
@@ -12,14 +12,14 @@ public:
     static constexpr QStringView headings = u"改|记录|题名|字段|改前|改后";
     static constexpr QStringView wanted = u"✓";
 
-    // `preview` may be null: then there are no rows.
+    // `preview` may be null; there are then no rows.
     explicit PreviewRows(std::shared_ptr<ChangePreview> preview = nullptr)
         : m_preview(std::move(preview)) {}
 
     // A kind is an index of ChangePreview::counts(), or allSteps: the changes that the steps make.
     static constexpr int allSteps = -1;
     void choose(int kind);
-    void grow(); // takes in what the preview has found since
+    void grow(); // adds the changes that the preview has found since
 
     int rowCount() const override { return int(m_shown.size()); }
     int columnCount() const override { return AfterColumn + 1; }

@@ -1,4 +1,4 @@
-// The tasks that come with the program. They are models: an office changes a copy.
+// The tasks supplied with the program. They are models: an office changes a copy.
 #pragma once
 
 #include "tasks/task.h"

@@ -1,5 +1,5 @@
 // A record while a task changes it. Every change goes through this class, which lists it, refuses those that the caller
-// does not want, keeps the record as it was, and stops a task that makes the record grow without end.
+// excludes, keeps the original record, and stops a task that makes the record grow without limit.
 #pragma once
 
 #include "marc/fieldedRecord.h"
@@ -16,15 +16,15 @@ struct Change {
     QString toTag;      // the new tag of a field; empty if it keeps its tag
     QString before;     // empty for a new field; for another order, the tags separated by blanks
     QString after;      // empty for a deleted field
-    QString doubt;      // why the result needs a look; empty if it does not
+    QString doubt;      // why the result should be checked; empty if it need not be
     friend bool operator==(const Change &, const Change &) = default;
 };
 
-// Returns whether both do the same to fields of the same content. The occurrence does not count: it depends on whether
-// the changes before it were made.
+// Returns whether both make the same change to fields of the same content. The occurrence is not compared: it depends
+// on whether the previous changes were made.
 bool isSame(const Change &a, const Change &b);
 
-// How changes are treated, apart from making them.
+// How changes are treated.
 struct Wishes {
     bool list = false;                    // in RecordWork::changes()
     const std::vector<Change> *without{}; // changes that are not made, compared by isSame(); null: none
@@ -55,7 +55,7 @@ public:
     // Puts the fields into these places, which have them in another order.
     bool reorder(const FieldIndexes &places, const std::vector<marc::Field> &fields);
 
-    // Gives up: the record stays as it was. Keeps the first reason.
+    // Stops the task: the record stays as it was. Keeps the first reason.
     void fail(const QString &why);
     bool failed() const { return !m_why.isEmpty(); }
     const QString &why() const { return m_why; }

@@ -125,7 +125,7 @@ std::optional<StepFault> positionFault(const Values &values, bool inTest) {
         return std::nullopt;
     if (!std::ranges::all_of(values[Parameter::Text], [](QChar c) { return c >= u' ' && c <= u'~'; }))
         return StepFault{inTest, Parameter::Text, u"头标区里只能是 ASCII 字符"_s};
-    // The others are lengths and addresses, or describe the exchange format.
+    // The other positions are lengths and addresses, or describe the exchange format.
     const bool isFree =
         (positions.first >= 5 && positions.last <= 9) || (positions.first >= 17 && positions.last <= 19);
     return isFree ? std::nullopt

@@ -8,7 +8,7 @@
 
 namespace tasks {
 
-// What a value of a parameter may be.
+// The kind of value that a parameter takes.
 enum class Kind {
     Tags,          // several fields; empty: all data fields
     OwnTags,       // fields or the leader; empty: the field on which the action works
@@ -42,7 +42,7 @@ struct Use {
     std::span<const Choice> choices;
 };
 
-// In a sentence "{key}" is the value of a parameter; a part in "[…]" is left out if one of its values is empty.
+// In a sentence "{key}" stands for the value of a parameter; a part in "[…]" is left out if one of its values is empty.
 struct TestRow {
     Test test;
     QStringView key;
@@ -60,7 +60,7 @@ struct ActionRow {
     std::span<const Use> uses;
 };
 
-// In the order in which a list shows them, which is that of the enumeration.
+// The rows are in the order of the enumeration, in which a list shows them.
 std::span<const TestRow> testRows();
 std::span<const ActionRow> actionRows();
 const TestRow &rowOf(Test test);

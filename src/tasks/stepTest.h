@@ -16,7 +16,7 @@ public:
     // The values must be valid; see checkStep().
     StepTest(Test test, const Values &values);
 
-    // Returns whether the test is asked once for each field on which the action works, otherwise once for the record.
+    // Returns whether the test applies to each field on which the action works; otherwise it applies to the record.
     bool isOfField() const { return m_ofField; }
     // `remarks` are the names of the rules that the record violates.
     Answer askRecord(const marc::FieldedRecord &record, const QSet<QString> &remarks) const;

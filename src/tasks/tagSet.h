@@ -1,4 +1,4 @@
-// The fields that a step concerns, and positions in a fixed field.
+// The set of fields that a step concerns, and positions in a fixed field.
 #pragma once
 
 #include <QString>
@@ -10,7 +10,7 @@ namespace tasks {
 
 class TagSet {
 public:
-    // The tags are separated by commas; "X" in a tag is any digit. Returns std::nullopt if one is no tag of a field.
+    // The tags are separated by commas; "X" in a tag is any digit. Returns std::nullopt if one is not a tag of a field.
     static std::optional<TagSet> parse(QStringView text);
 
     // An empty text gives an empty set.

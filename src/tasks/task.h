@@ -1,6 +1,5 @@
 // A task: a named list of steps that change a record. Every parameter of a step is a text, so that a form can show it
-// and a file can hold it; stepTables.h lists which parameters a test and an action have, and stepCheck.h what is wrong
-// with a value.
+// and a file can contain it; stepTables.h lists the parameters of each test and action, and stepCheck.h checks values.
 #pragma once
 
 #include <QString>
@@ -14,7 +13,7 @@ enum class Parameter {
     Tag,        // fields: "200", "6XX", "701,702"; "LDR" is the leader
     Code,       // of a subfield, or several codes
     At,         // positions counted from 0: "8", "9-12"
-    Text,       // to compare with, or to write; as an action's, a template (see fieldTemplate.h)
+    Text,       // to compare with, or to write; in an action a template (see fieldTemplate.h)
     Rules,      // names of rules, separated by "|"
     Find,       // text or regular expression
     With,       // replacement; of an expression with groups: "\1"
@@ -40,8 +39,8 @@ private:
     std::array<QString, parameterCount> m_texts;
 };
 
-// The condition of a step. Those with an empty tag test each field on which the action works; all others test the
-// record. A negated test is true where the other one is false.
+// The condition of a step. Tests with an empty tag are applied to each field on which the action works; all others to
+// the record. A negated test is true if the plain one is false.
 enum class Test {
     Always,
     Present,

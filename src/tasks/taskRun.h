@@ -7,7 +7,7 @@
 
 namespace tasks {
 
-// What the changed records must fit.
+// The form that the changed records must fit.
 enum class Fit {
     GbkRecord,  // exchange format in GBK
     Utf8Record, // exchange format in UTF-8
@@ -21,7 +21,7 @@ struct StepCount {
 
 struct Outcome {
     bool changed = false;
-    QString why;   // the record stays as it was for this reason; empty if there is none
+    QString why;   // why the record was not changed; empty if there is no such reason
     int step = -1; // the index of the step that failed; -1 if the result as a whole does not fit
 };
 
@@ -32,17 +32,17 @@ public:
     static platform::Result<TaskRun> prepare(const Task &task, RunFacts facts, Fit fit = Fit::GbkRecord,
                                              std::shared_ptr<PinyinReader> pinyin = {});
 
-    // Changes the record, or leaves it as it was. `remarks` are the names of the rules that it violates.
+    // Changes the record, or leaves it unchanged. `remarks` are the names of the rules that it violates.
     Outcome apply(marc::FieldedRecord &record, const QSet<QString> &remarks = {}, const Wishes &wishes = {});
 
-    // The changes of the last record, if they were to be listed; none if it stays as it was.
+    // The changes of the last record, if they were to be listed; none if it was not changed.
     const std::vector<Change> &changes() const { return m_changes; }
-    // Of all records so far, by the index of the step in the task.
+    // The counts of all records so far, by the index of the step in the task.
     const std::vector<StepCount> &counts() const { return m_counts; }
-    // The number that the next record gets if it needs one. Set it back before a record is repeated.
+    // The number that the next record gets if it needs one. Set it back before a record is processed again.
     qint64 nextNumber() const { return m_facts.number; }
     void setNextNumber(qint64 number) { m_facts.number = number; }
-    // Returns whether a step asks for remarks.
+    // Returns whether a step tests remarks.
     bool needsRemarks() const { return m_needsRemarks; }
 
 private:
@@ -61,8 +61,8 @@ private:
 // Opens the tables for the steps of the task, with the one of the office in `folder`; null if no step needs them.
 platform::Result<std::shared_ptr<PinyinReader>> pinyinFor(const Task &task, const QString &folder);
 
-// Returns why the changed record does not fit; an empty text if it does. Characters without a code that the record
-// already had before are no reason.
+// Returns why the changed record does not fit; an empty text if it does. Characters without a code that the original
+// record already had are accepted.
 QString misfit(const marc::FieldedRecord &changed, const marc::FieldedRecord &before, Fit fit);
 
 } // namespace tasks

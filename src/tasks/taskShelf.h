@@ -1,6 +1,6 @@
-// The tasks on offer: the ready ones, which are read-only, and those of the user, one file each in a folder. A file
-// that is no valid task is listed with the reason and never overwritten. Names of tasks are unique on the shelf, unless
-// files were put into the folder by other means.
+// The tasks that a user can choose: the ready ones, which are read-only, and those of the user, one file each in a
+// folder. A file that is not a valid task is listed with the reason and never overwritten. Names of tasks are unique on
+// the shelf, unless files were put into the folder by other means.
 #pragma once
 
 #include "platform/deskState.h"
@@ -13,21 +13,21 @@ namespace tasks {
 class TaskShelf {
 public:
     struct Entry {
-        QString name; // of a file that cannot be used: the name of the file
+        QString name; // the name of the file if it cannot be used
         QString path; // empty for a ready one
         bool ready = false;
-        QString fault; // why the file cannot be used; empty if it can
-        Task task;     // as the file has it
+        QString fault; // why the file cannot be used; empty if it can be
+        Task task;     // as read from the file
     };
 
-    // `own` is the user's folder and ends with a separator. If it is empty, no task can be kept, for the reason in
-    // `trouble`.
+    // `own` is the user's folder and ends with a separator. If it is empty, no task can be stored; `trouble` is the
+    // reason.
     TaskShelf(std::vector<Task> ready, QString own, QString trouble = {});
 
     // Reads the folder again. The ready tasks come first, then the user's by name.
     void refresh();
     const std::vector<Entry> &entries() const { return m_entries; }
-    int find(const QString &name) const; // -1: none; a usable one
+    int find(const QString &name) const; // a usable task; -1: none
 
     // Each returns the index of the task that was written, among the new entries().
     platform::Result<int> add(Task task);                    // under its name or, if that is taken, a free one

@@ -79,7 +79,7 @@ void tidyText(RecordWork &work, const PreparedStep &step) {
     changeTexts(work, step, step.tidying);
 }
 
-// The pinyin follows its source: $a, $9, $a, $9.
+// The pinyin is written after its source: $a, $9, $a, $9.
 void writePinyin(RecordWork &work, const PreparedStep &step) {
     const ReadAs as = step.what == u"name" ? ReadAs::Name : ReadAs::Title;
     for (const size_t index : chosenFields(work, step)) {

@@ -1,4 +1,4 @@
-// Puts texts into the form that catalogues want: widths, blanks, brackets, prices, ISBNs.
+// Converts texts to the form that catalogues use: widths, blanks, brackets, prices, ISBNs.
 #pragma once
 
 #include <QString>

@@ -11,14 +11,14 @@
 
 namespace tidy {
 
-// What became of a record. A record that stays as it was for some reason is written unchanged, and the reason is
+// The result of a change for one record. A record that cannot be changed is written unchanged, and the reason is
 // listed.
 struct RecordChange {
     bool changed = false;
     QString why; // empty if there is no reason
 };
 
-// What a step of a change did in all records so far.
+// The effect of one step of a change on all records so far.
 struct StepTally {
     QString words;
     qint64 changes = 0;

@@ -153,7 +153,7 @@ platform::Result<bool> TidyRun::ended() {
 }
 
 // Returns the number of damaged byte sequences in the current record.
-qint64 TidyRun::damagedInHand() {
+qint64 TidyRun::damagedInRecord() {
     const qint64 sofar = m_records->damagedBytes();
     return sofar - std::exchange(m_damagedBefore, sofar);
 }
@@ -161,7 +161,7 @@ qint64 TidyRun::damagedInHand() {
 Status TidyRun::keep() {
     marc::FieldedRecord &record = m_records->record();
     record.leader = leaderFor(m_form, record.leader);
-    const qint64 damaged = damagedInHand();
+    const qint64 damaged = damagedInRecord();
     const QByteArrayView raw = m_records->raw();
     const bool mayBreak = isXmlSource() || raw.contains('\r') || raw.contains('\n');
     if (mayBreak) {
@@ -208,7 +208,7 @@ QString TidyRun::write(const marc::FieldedRecord &record, Status &written) {
 }
 
 Status TidyRun::setAside(const QString &why) {
-    damagedInHand(); // not reported, since the bytes are kept
+    damagedInRecord(); // not reported, since the bytes are kept
     m_result.addUnreadable(++m_result.in, why);
     if (isXmlSource()) {
         if (const Status opened = openAside(); !opened)

@@ -65,7 +65,7 @@ private:
     platform::Status openAside();
     platform::Status endXml();
     platform::Status writeAside(QByteArrayView bytes);
-    qint64 damagedInHand();
+    qint64 damagedInRecord();
     bool isXmlSource() const { return isXml(m_result.encoding); }
 
     QString m_source;

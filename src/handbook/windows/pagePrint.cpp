@@ -31,7 +31,7 @@ QPalette paper() {
     return colours;
 }
 
-// Gives the text of the PDF the characters that were printed.
+// Makes copying and searching in the PDF return the characters that were printed.
 void nameCharacters(const QTextDocument &document, const QPrinter &printer) {
     widgets::DrawnCharacters drawn;
     drawn.add(document.toPlainText());

@@ -1,5 +1,5 @@
-// Shows what a change removes and adds: in the cells of a table, and in a text. What is removed is struck out, what is
-// added is underlined, so that nothing depends on the colours alone.
+// Shows what a change removes and adds, in the cells of a table and in a text. Removed text is struck out and added
+// text is underlined, so that nothing depends on the colours alone.
 #pragma once
 
 #include "widgets/flexGridColours.h"

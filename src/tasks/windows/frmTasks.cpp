@@ -146,7 +146,7 @@ void frmTasks::allow() {
     stopButton->setEnabled(busy);
 }
 
-// Stores what was edited, unless it cannot be run: then the file keeps what it has.
+// Stores the edits, unless the steps cannot be run: the file then stays unchanged.
 bool frmTasks::store() {
     m_pace.stop();
     if (!m_unsaved)
@@ -202,7 +202,7 @@ void frmTasks::finish(const QString &report, bool stopped) {
     }
 }
 
-// Sums up the preview, without what the user has left out.
+// Sums up the preview, without the changes that the user has left out.
 void frmTasks::sayAll() {
     const ChangePreview &preview = *m_work.changes();
     const ChangePreview::Count all = preview.all();
@@ -230,7 +230,7 @@ bool frmTasks::queryUnload() {
     return mayLeaveTask();
 }
 
-// Stores what was edited. If it cannot be run, asks whether to discard it.
+// Stores the edits. If the steps cannot be run, asks whether to discard them.
 bool frmTasks::mayLeaveTask() {
     if (store())
         return true;

@@ -28,7 +28,7 @@ public:
     QStackedWidget *pages;
     StepsPage *stepsPage;
     PreviewPage *previewPage;
-    widgets::TextBox *reportText; // of the last run or undoing
+    widgets::TextBox *reportText; // about the last run or undoing
     widgets::PacedLabel *labJinDu;
     widgets::Button *stepsButton;
     widgets::Button *previewButton;
@@ -60,7 +60,7 @@ private:
 
     platform::Host &m_host;
     ListWork m_work;
-    QTimer m_pace;          // stores what was edited soon after
+    QTimer m_pace;          // stores edits a moment later
     bool m_unsaved = false; // the steps differ from the file
 };
 

@@ -1,4 +1,4 @@
-// Previews a task on the records of a list, carries it out and takes it back, in slices between events.
+// Previews a task on the records of a list, carries it out and undoes it, in slices between events.
 #pragma once
 
 #include "marc/fieldPlace.h"
@@ -10,7 +10,7 @@
 
 namespace tasks {
 
-// The list of records that the window works on, and what it needs of the window that shows it.
+// The list of records that the window works on, and the functions of the window that shows it.
 struct ListDesk {
     std::shared_ptr<const marc::PreReadStore> records; // null: there is no list
     QString file;
@@ -38,8 +38,8 @@ public:
     std::vector<int> rowsOf(Scope scope) const;
     // Starts the preview. Fails with the reason if the task cannot be run.
     platform::Status preview(const Task &task, Scope scope);
-    void run(); // what the preview shows
-    // Starts to take the last run back, after a question about records that were changed since.
+    void run(); // carries out the preview
+    // Starts to undo the last run, after a question if records were changed since.
     void undo();
     void stop();
 
@@ -49,13 +49,13 @@ public:
     const Task &task() const { return m_task; } // of the preview
     QStringList steps() const;                  // its steps in words
     QString progress() const;
-    // Where a change is now, for ListDesk::jump.
+    // The current place of a change, for ListDesk::jump.
     marc::FieldPlace placeOf(int row, const Change *change) const;
     void forget(); // the preview
 
 Q_SIGNALS:
     void progressed();                        // after each slice
-    void ended(QString report, bool stopped); // empty report: of a preview
+    void ended(QString report, bool stopped); // an empty report ends a preview
 
 private:
     bool step();

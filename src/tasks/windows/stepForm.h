@@ -1,5 +1,5 @@
 // The form of one step: its condition and its action, and a box for each of their parameters. The boxes come from
-// stepTables.h. The reason why a value cannot be used is shown below its box.
+// stepTables.h. The fault of a value is shown below its box.
 #pragma once
 
 #include "tasks/stepCheck.h"

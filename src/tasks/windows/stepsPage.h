@@ -1,4 +1,4 @@
-// The steps of a task: as a list in words, each of which can be switched off, and the form of the current one.
+// The steps of a task: as a list of sentences, each of which can be switched off, and the form of the current one.
 #pragma once
 
 #include "tasks/windows/stepForm.h"
@@ -14,7 +14,7 @@ class StepsPage final : public QWidget {
 public:
     explicit StepsPage(QWidget *parent = nullptr);
 
-    // Shows a task, or, instead of its steps, why its file cannot be used.
+    // Shows a task, or, instead of its steps, the fault of its file.
     void show(const Task &task, bool mayChange, const QString &fault = {});
     const Task &task() const { return m_task; }
     // Returns why the task cannot be run, with the number of the step; empty if it can.
@@ -24,7 +24,7 @@ public:
 
     QLineEdit *nameEdit;
     QLineEdit *descriptionEdit;
-    QLabel *noteLabel; // why nothing can be changed, or what to do first
+    QLabel *noteLabel; // why nothing can be changed, or what must be done first
     QListWidget *stepList;
     widgets::Button *addButton;
     widgets::Button *copyButton;

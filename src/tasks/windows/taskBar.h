@@ -1,5 +1,5 @@
-// Chooses a task of the shelf, and makes, copies, deletes, imports and exports tasks. Ready tasks and files that are no
-// task cannot be changed.
+// Chooses a task of the shelf, and makes, copies, deletes, imports and exports tasks. Ready tasks and invalid files
+// cannot be changed.
 #pragma once
 
 #include "platform/host.h"
@@ -28,7 +28,7 @@ public:
     widgets::Button *importButton;
     widgets::Button *exportButton;
 
-    // Called before another task is chosen: what was edited must be stored. If it returns false, the task stays.
+    // Called before another task is chosen, to store the edits. If it returns false, the task stays.
     void setGuard(std::function<bool()> mayLeave) { m_mayLeave = std::move(mayLeave); }
 
 Q_SIGNALS:
