@@ -19,14 +19,14 @@ public:
     // Returns the remarks about the next row, or none if the row is empty.
     std::vector<Remark> step();
 
-    // Returns the schema that records are validated against, or null.
+    // Returns the schema in force, or null.
     const std::shared_ptr<const schema::Schema> &schema() const { return m_check.schema(); }
     schema::Checks checks() const { return m_check.checks(); }
 
     int next() const { return m_next; }     // row of the list for the next step
-    int proved() const { return m_proved; } // records proofed so far
+    int proved() const { return m_proved; } // records checked so far
     int total() const;                      // records currently in the list, without empty rows at its end
-    // Moves out the books of the records proofed so far.
+    // Moves out the books of the records checked so far.
     SoughtBooks takeBooks() { return std::move(m_books); }
 
 private:

@@ -1,5 +1,5 @@
-// The report about a proof of a batch, as values: how many records have which level, and one entry for each rule.
-// Remarks that the user has silenced are counted apart.
+// The report about a proof of a batch, as values: the number of records for each level, and one entry for each rule.
+// Remarks that the user has silenced are counted separately.
 #pragma once
 
 #include "batch/proofFacts.h"
@@ -29,7 +29,7 @@ struct BatchReport {
     ProofFacts facts;
     std::array<int, schema::levelCount> records{}; // records by the gravest level of their remarks
     int remarks = 0;
-    std::vector<RuleEntry> rules;        // by level, then by falling number of remarks
+    std::vector<RuleEntry> rules;        // by level, then by descending number of remarks
     std::vector<SilencedEntry> silenced; // in the order of the rules
     QStringList notChecked;              // remarks about the whole batch
 

@@ -23,7 +23,7 @@ public:
     std::vector<Remark> step();
     // Closes the connection. Call no step() afterwards.
     void end();
-    // Releases a part of what was found and is not told; returns whether there is more.
+    // Releases a part of the hits that were not reported; returns whether there is more.
     bool dropSome();
     // Returns a text such as "套录库 45%".
     QString progressText() const;
@@ -56,7 +56,7 @@ private:
     std::map<int, Hit> m_hits; // in the current table, by book
     size_t m_table = 0;
     std::optional<Walk> m_walk;                   // through the current table
-    std::optional<platform::Status> m_tableEnded; // with the table: read to its end, or why not
+    std::optional<platform::Status> m_tableEnded; // with the result of reading the table, once it has ended
 };
 
 } // namespace batch

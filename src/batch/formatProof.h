@@ -17,9 +17,9 @@ public:
     // Returns, at the first call, why the schema in force could not be read; empty if it was, or if there is no source.
     QString takeComplaint() { return std::exchange(m_complaint, {}); }
 
-    // Adds the remarks about the rows of the record. What `remarks`, those of the other proofs on it, already report is
-    // left out: missing and repeated fields and subfields, wrong ISBNs and ISSNs. A repeated field that the schema does
-    // not allow either becomes an error.
+    // Adds the remarks about the rows of the record. Faults that `remarks`, those of the other proofs, already report
+    // are left out: missing and repeated fields and subfields, wrong ISBNs and ISSNs. A repeated field that the schema
+    // does not allow either becomes an error.
     void addRemarks(int record, const marc::FieldRows &rows, std::vector<Remark> &remarks);
 
     // Returns the schema, or null if there is none.

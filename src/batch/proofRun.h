@@ -1,4 +1,4 @@
-// Proofs a whole list and then searches for duplicates, in steps, and composes the texts about both.
+// Checks a whole list and then searches for duplicates, in steps, and composes the texts about both.
 #pragma once
 
 #include "batch/duplicates.h"
@@ -20,15 +20,15 @@ public:
     QString progressText(int found) const;
     // Returns the result text, after end(). `inFile` is the number of records in the file as far as known.
     QString closingText(const RemarkList &found, qint64 inFile) const;
-    // Adds to the facts what the run knows, after its end or a stop.
+    // Completes the facts with those of the run, after its end or a stop.
     ProofFacts facts(ProofFacts known) const;
     // Returns the list for the remarks of this run, without remarks.
     RemarkList emptyList() const { return RemarkList(m_records, RuleBook(m_proof.schema())); }
-    // Returns PreReadStore::replacements() as it was when the record was proofed.
+    // Returns the value of PreReadStore::replacements() when the record was checked.
     int momentOf(int record) const;
     // Ends the run and closes the database connection.
     void end();
-    // After end(): releases a part of what only the steps need; returns whether there is more.
+    // After end(): releases a part of the data that only the steps need; returns whether there is more.
     bool dropSome();
 
 private:
@@ -37,7 +37,7 @@ private:
     BatchProof m_proof;
     std::optional<DuplicateSearch> m_search; // created after the last record
     bool m_stopped = false;                  // before the end
-    std::map<int, int> m_moments;            // by the first record proofed with that value
+    std::map<int, int> m_moments;            // by the first record checked with that value
 };
 
 } // namespace batch

@@ -23,7 +23,7 @@ public:
     void renew();
     bool isUpToDate() const { return !m_source || (m_source->schema() == schema() && m_source->checks() == m_checks); }
 
-    // Returns the schema that records are validated against, or null.
+    // Returns the schema in force, or null.
     const std::shared_ptr<const schema::Schema> &schema() const { return m_format->schema(); }
     schema::Checks checks() const { return m_checks; }
 

@@ -1,4 +1,4 @@
-// Draws records of a proofed batch by lot, for a person to look at.
+// Draws records of a checked batch by lot, for inspection by a person.
 #pragma once
 
 #include "batch/remarkList.h"
@@ -8,9 +8,9 @@ namespace batch {
 
 inline constexpr int recordsDrawn = 10;
 
-// Returns the rows of `wanted` records among the first `rows` rows of the list, in ascending order, or of all if there
-// are no more. The same seed draws the same rows of the same list, on every machine. Rows without a record are not
-// drawn.
+// Returns the rows of `wanted` records among the first `rows` rows of the list, in ascending order, or of all records
+// if there are no more. The same seed draws the same rows of the same list, on every machine. Rows without a record are
+// not drawn.
 std::vector<int> drawRows(const marc::PreReadStore &records, int rows, quint32 seed, int wanted = recordsDrawn);
 
 struct DrawnRecord {

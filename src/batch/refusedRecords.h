@@ -10,19 +10,19 @@ namespace batch {
 
 using RefusedRecords = std::vector<marc::RefusedRecord>;
 
-// What an import did not put into the store.
+// The records that an import did not put into the store.
 struct NotImported {
     RefusedRecords refused;
     RefusedRecords leftOut;
 
     bool isEmpty() const { return refused.empty() && leftOut.empty(); }
     RefusedRecords inListOrder() const;
-    QString words() const; // how many there are of each
+    QString words() const; // the number of each
 };
 
 std::vector<Remark> remarksOf(const NotImported &rest, const marc::PreReadStore &records);
 
-// Returns the records for which the search for duplicates found something, with all that it found.
+// Returns the records for which the search for duplicates found something, with all hits.
 RefusedRecords duplicatesIn(const RemarkList &remarks);
 
 // Replaces the file by those records as they are in the list, in GBK, each followed by CR LF. On failure the file is

@@ -1,5 +1,5 @@
-// A finding about a record of a batch, as a value that is small enough for a million of them. The words of what the
-// schema's validation finds are made when they are shown, by RuleBook.
+// A finding about a record of a batch, as a value that is small enough for a million of them. The words of the findings
+// of a validation are made when they are shown, by RuleBook.
 #pragma once
 
 #include "schema/finding.h"
@@ -48,7 +48,7 @@ struct Remark {
 
     int record = -1;  // row in the list of records, counted from 0; -1: about the whole batch
     int fieldRow = 0; // row on the field grid, whose row 0 is the heading; 0: none, or the field is missing
-    QString text;     // the words; of what validation found, the value
+    QString text;     // the words; for findings of a validation, the value
     Tag tag;          // empty if no field is concerned
     Kind kind = Kind::Unchecked;
     schema::Level level = schema::Level::Error;
@@ -61,7 +61,7 @@ struct Remark {
 };
 static_assert(sizeof(Remark) <= 56);
 
-// Returns what validation found; meaningful for Kind::Format and Kind::Rule only.
+// Returns the finding of the validation; meaningful for Kind::Format and Kind::Rule only.
 schema::Finding findingOf(const Remark &remark);
 
 } // namespace batch

@@ -1,4 +1,4 @@
-// All remarks of a batch, and as a table source those that are shown: neither silenced by the user nor left out by the
+// All remarks of a batch. As a table source, those that are shown: neither silenced by the user nor excluded by the
 // filter.
 #pragma once
 
@@ -12,7 +12,7 @@
 
 namespace batch {
 
-// What is absent is not filtered by.
+// A member without a value filters nothing.
 struct RemarkFilter {
     std::optional<schema::Level> level;
     std::optional<int> rule; // a number of the list's rule book
@@ -57,8 +57,8 @@ public:
     int count() const { return int(m_all.size()); }
     int count(Kind kind) const { return m_counts[size_t(kind)]; } // silenced ones too
     int silencedCount() const { return m_silencedCount; }
-    // Removes the remarks that were added last, a limited number of them; returns whether there are more. A list that
-    // nobody shows any longer is emptied by it in short steps.
+    // Removes the remarks that were added last, a limited number of them; returns whether there are more. Empties a
+    // list that is no longer shown in short steps.
     bool dropSome();
     // Returns the number of findings: all remarks except the silenced ones and those of Kind::Unchecked.
     int found() const { return count() - count(Kind::Unchecked) - silencedCount(); }
@@ -77,8 +77,8 @@ public:
     QString tabSeparated(QStringView lineEnd) const;
 
 private:
-    // The remarks of one level, rule and tag: a filter shows all of them or none. There are some hundred groups at most
-    // where there are a million remarks.
+    // The remarks of one level, rule and tag: a filter shows all of them or none. A million remarks form some hundred
+    // groups at most.
     struct Group {
         schema::Level level;
         int rule;
@@ -87,7 +87,7 @@ private:
         bool isSilenced = false;
         bool isShown = false;
     };
-    // What sorting and filtering need of a remark, next to each other in memory.
+    // The data of a remark for sorting and filtering, next to each other in memory.
     struct Place {
         int record;
         quint32 group; // index in m_groups

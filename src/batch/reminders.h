@@ -1,5 +1,5 @@
-// What the user wants to be reminded of, kept between starts: the silenced rules, and whether the current record is
-// marked where it has remarks.
+// The user's choices about remarks, kept between starts: the silenced rules, and whether the current record is marked
+// where it has remarks.
 #pragma once
 
 #include "batch/silencedRules.h"

@@ -7,12 +7,12 @@
 namespace batch {
 
 struct PageDress {
-    QString font;                           // as in CSS; empty: that of the document, which is as wide as its paper
-    QString ink, secondInk, hairline, tint; // colours as "#1f2933"
+    QString font;                           // as in CSS; empty: the font of the document, which is as wide as its paper
+    QString ink, secondInk, hairline, tint; // colours such as "#1f2933"
     std::array<QString, schema::levelCount> levels;
     QString chart;                      // address of the picture; empty: no chart
     int chartWidth = 0;                 // in pixels
-    qsizetype mostNumbers = allNumbers; // of records, for each rule
+    qsizetype mostNumbers = allNumbers; // record numbers for each rule
 };
 
 // Returns a page in the subset of HTML that both browsers and QTextDocument show, with texts escaped.

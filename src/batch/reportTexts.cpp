@@ -10,7 +10,7 @@ namespace batch {
 namespace {
 
 constexpr size_t tagsShown = 3;
-constexpr size_t joinedFrom = 3; // so many successive numbers make a range
+constexpr size_t joinedFrom = 3; // the least number of successive numbers that make a range
 
 QString grouped(qint64 number) {
     return QLocale(QLocale::Chinese, QLocale::China).toString(number);

@@ -20,9 +20,9 @@ public:
     QString keyOf(int rule) const;
     QString labelOf(int rule) const;              // in Chinese
     QString labelOfKey(const QString &key) const; // of a rule that the schema may not have
-    // Returns what is wrong, in Chinese, in one line.
+    // Returns the fault, in Chinese, in one line.
     QString wordsOf(const Remark &remark) const;
-    // Returns what the rule demands at the place of the remark and what can be done, in one line.
+    // Returns the requirement of the rule at the place of the remark, and advice, in one line.
     QString explanationOf(const Remark &remark) const;
 
 private:

@@ -1,4 +1,4 @@
-// The rules that the user does not want to see any more: a rule as a whole, or its remarks about one tag.
+// The rules that the user has silenced: a rule as a whole, or its remarks about one tag.
 #pragma once
 
 #include "batch/ruleBook.h"
@@ -16,7 +16,7 @@ struct SilencedRule {
 class SilencedRules {
 public:
     SilencedRules() = default;
-    // Reads what toTexts() returned. Texts of another form are left out.
+    // Reads the result of toTexts(). Texts of another form are ignored.
     explicit SilencedRules(const QStringList &texts);
     QStringList toTexts() const;
 
@@ -24,14 +24,15 @@ public:
     void add(const SilencedRule &rule);
     void remove(const SilencedRule &rule);
 
-    // Returns whether remarks of the kind may be silenced: not what could not be checked, and not what an import left.
+    // Returns whether remarks of the kind may be silenced: all but those about checks that could not run and about
+    // records that were not imported.
     static bool mayBeSilenced(Kind kind);
 
 private:
     std::vector<SilencedRule> m_rules;
 };
 
-// The same for the numbers of one rule book, so that many remarks can be asked for.
+// The same by the numbers of one rule book, for fast look-ups of many remarks.
 class SilencedNumbers {
 public:
     SilencedNumbers() = default;

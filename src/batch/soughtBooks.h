@@ -10,8 +10,8 @@
 
 namespace batch {
 
-// A growing list of entries that are found by the number `key`, except those with the key 0. `next` of an entry belongs
-// to this class. Each entry adds one slot, so that no call takes long, however many entries there are.
+// A growing list of entries that are found by the number `key`, except those with the key 0. This class sets `next` of
+// an entry. Each entry adds one slot, so that no call takes long, however many entries there are.
 template <class Entry>
 class KeyedList {
 public:

@@ -57,7 +57,7 @@ public:
     // Call when the file has been read to its end, with the number of its records. Removes from left() the waiting
     // drafts beyond the end and returns them.
     Drafts beyondTheEnd(int count);
-    // Discards what is left and returns it.
+    // Discards the drafts of left() and returns them.
     Drafts giveUp();
 
     // Returns the drafts of an earlier start that were neither restored nor discarded.
@@ -77,12 +77,12 @@ public:
     // Returns the draft of one row among them; std::nullopt if it has none.
     std::optional<Draft> draftOf(int row, const std::optional<InGrid> &inGrid) const;
 
-    // What a file of drafts lacks since settle(): rows whose drafts came, went or changed, in ascending order, or, with
-    // isUnsettled(), anything.
+    // The differences from the file of drafts since settle(): rows whose drafts were added, removed or changed, in
+    // ascending order; isUnsettled() includes all other differences.
     const std::set<int> &unsettledRows() const { return m_unsettledRows; }
     bool isUnsettled() const { return m_unsettled; }
     void settle();                             // everything was written
-    void settle(const std::vector<int> &rows); // these were
+    void settle(const std::vector<int> &rows); // these rows were written
 
     // Returns a number that increases with each change of left() and of the changed records; begin() resets it to 0.
     quint64 revision() const { return m_revision; }

@@ -53,13 +53,13 @@ std::optional<int> rowOf(const QJsonValue &value) {
     return isRow ? std::optional(int(number)) : std::nullopt;
 }
 
-// What the lines read so far say.
+// The contents of the lines read so far.
 struct Lines {
     Drafts changed;
     Drafts left;
 };
 
-// Returns false if the object is no valid line.
+// Returns false if the object is not a valid line.
 bool takeLine(const QJsonObject &object, Lines &lines) {
     const auto row = rowOf(object[u"row"_s]);
     if (!row)
@@ -219,7 +219,7 @@ platform::Status DraftFile::writeWhole(const QByteArray &text, qsizetype lines) 
 }
 
 bool DraftFile::needsWhole(qsizetype drafts) const {
-    constexpr qint64 spare = 1000; // outdated lines that do not matter
+    constexpr qint64 spare = 1000; // a few outdated lines do no harm
     return !m_mayAppend || m_lines > 2 * drafts + spare || (m_lines > 0 && !QFileInfo::exists(m_path));
 }
 

@@ -4,8 +4,8 @@
 //
 // One JSON object per line. The first object has the format, the version and the record file; each of the others holds
 // one draft: {"row": 3, "origin": "…", "record": "…"}. "left": true marks a draft that an earlier start left. A later
-// line replaces an earlier one about the same row, and {"row": 3, "gone": true} removes the draft. An incomplete line
-// at the end is what a power failure leaves of the last change, and is ignored.
+// line replaces an earlier one about the same row, and {"row": 3, "gone": true} removes the draft. An incomplete last
+// line, written before a power failure, is ignored.
 #pragma once
 
 #include "platform/result.h"
@@ -22,8 +22,8 @@ public:
     DraftFile(const QString &folder, const QString &recordFile);
 
     // Reads the drafts that an earlier start left. If a row has two drafts, `drafts` has the newer and `older` the
-    // older one. On failure the message says what was found instead and where the file was moved; if it could not be
-    // moved, write() does nothing from then on.
+    // older one. On failure the message names what was found and the place to which the file was moved; if it could not
+    // be moved, write() has no effect from then on.
     struct Found {
         Drafts drafts;
         Drafts older;
@@ -36,7 +36,7 @@ public:
     // are the drafts of an earlier start.
     platform::Status write(const Drafts &changed, const Drafts &left);
     // Adds to the file written by write() or append(); makes it if there is none. Takes time for these drafts only. On
-    // failure the file keeps what it had, and needsWhole() is true.
+    // failure the file keeps its contents, and needsWhole() returns true.
     platform::Status append(const Drafts &changed, const std::vector<int> &gone);
     // Returns whether the file must be written as a whole: it was not written since read(), or is mostly outdated
     // lines.

@@ -20,7 +20,7 @@ bool isColumn(int column) {
     return column >= NumberColumn && column <= ValueColumn;
 }
 
-// Compares what becomes part of the built record; descriptions do not.
+// Compares the texts that become part of the built record; descriptions do not.
 bool buildSame(const FieldRow &one, const FieldRow &other) {
     return one.identifier == other.identifier && one.value == other.value;
 }

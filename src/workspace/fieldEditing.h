@@ -41,7 +41,7 @@ int rowsOfField(const marc::FieldRows &rows, int field);
 // subfield belongs to another field.
 int field100Assistants(const marc::FieldRows &rows, int row);
 
-// What is lost of a row's content when the record is stored.
+// The losses in a row's content when the record is stored.
 struct Losses {
     QStringList characters;         // not in code page 936, each once
     bool separators = false;        // the content has characters that separate fields

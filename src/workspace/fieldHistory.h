@@ -19,7 +19,7 @@ public:
 
     struct Step {
         RecordState state; // to be restored
-        QString words;     // what the step changed, such as "修改 200$a"
+        QString words;     // the change that the step made, such as "修改 200$a"
     };
     std::optional<Step> back();    // std::nullopt if there is nothing to undo
     std::optional<Step> forward(); // std::nullopt if there is nothing to redo

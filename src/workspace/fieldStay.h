@@ -12,7 +12,7 @@ class FieldStay {
 public:
     // Call before the record is left, with its current row, numbered as on the grid.
     void leave(const marc::FieldRows &rows, int row);
-    // Returns the row of the next record to make current: the nearest to the wanted one that it has.
+    // Returns the row of the next record to make current: the one nearest to the wanted place.
     int enter(const marc::FieldRows &rows);
     // Returns the tag of the field that the record of the last enter() does not have, or an empty text.
     const QString &missingTag() const { return m_missingTag; }
@@ -31,7 +31,7 @@ private:
     int nearest(const marc::FieldRows &rows);
 
     std::optional<Spot> m_wanted;
-    std::optional<Spot> m_entered; // where the last enter() led
+    std::optional<Spot> m_entered; // the place after the last enter()
     QString m_missingTag;
 };
 

@@ -26,9 +26,9 @@ public:
     Kind kind() const { return m_kind; }
     std::optional<std::vector<int>> rows() const; // std::nullopt: all
 
-    // Returns the name of a kind; of the chosen filter with the number of its rows.
+    // Returns the name of a kind; for the chosen filter followed by the number of its rows.
     QString caption(Kind kind, const std::optional<std::vector<int>> &rows) const;
-    // Returns what to tell the user if the chosen filter shows no record. `proved`: there is a list of remarks.
+    // Returns the message for a chosen filter that shows no record. `proved`: there is a list of remarks.
     QString emptyWords(bool proved) const;
 
 private:

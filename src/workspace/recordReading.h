@@ -51,7 +51,7 @@ private:
     platform::Host &m_host;
     marc::DamagedDirectory m_damaged;
     ReadState m_state = ReadState::Idle;
-    bool m_stopFlag = false; // asks the running read to stop
+    bool m_stopFlag = false; // requests that the running read stops
     qint64 m_listed = 0;
     qint64 m_inFile = 0;  // number of lines until the end was reached
     int m_readsBegun = 0; // a read returns when a later one has begun

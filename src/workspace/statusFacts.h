@@ -1,5 +1,5 @@
-// The text of the line below the grid, the most urgent first: what an edit would lose, the position of the editor, and
-// facts about the file and the import.
+// The text of the line below the grid, the most urgent first: losses that an edit would cause, the position of the
+// editor, and facts about the file and the import.
 #pragma once
 
 #include "marc/recordCutter.h"
@@ -29,8 +29,8 @@ struct StatusFacts {
     QString databaseTrouble;             // why an import would fail; empty: no reason is known
     QString remark;                      // about a recent event
     std::optional<ImportedNow> imported; // until another list is shown
-    QString rowRemark;                   // what is wrong in the current row of the grid
-    QString deed;                        // what a key did to the current record
+    QString rowRemark;                   // the remark about the current row of the grid
+    QString deed;                        // the effect of a key on the current record
 };
 
 // Between the facts of the line.

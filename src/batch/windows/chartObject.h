@@ -11,7 +11,7 @@ class ChartObject final : public QObject, public QTextObjectInterface {
     Q_OBJECT
     Q_INTERFACES(QTextObjectInterface)
 public:
-    // Takes the place of the only picture in the document, which must outlive the object. `width` in layout pixels.
+    // Replaces the only picture in the document, which must outlive the object. `width` is in layout pixels.
     ChartObject(QTextDocument &document, BatchReport report, const QFont &font, int width);
 
     QSizeF intrinsicSize(QTextDocument *document, int position, const QTextFormat &format) override;

@@ -14,8 +14,8 @@ struct SaveTarget {
     QString start = {}; // see platform::FileDialog
 };
 
-// Asks for a file and lets `write` write it; a failure is shown in a box. Returns the text that tells where it was
-// saved, or std::nullopt if it was not.
+// Opens the dialog for a file and calls `write` with its path; a failure is shown in a box. Returns the text that names
+// the file, or std::nullopt if it was not saved.
 std::optional<QString> saveChosen(platform::Host &host, const SaveTarget &target,
                                   const std::function<platform::Status(const QString &path)> &write);
 

@@ -255,7 +255,7 @@ void frmBatchReport::print() {
     newBatchReportPreview(*m_report, m_draw, this)->exec();
 }
 
-// Suggests a name next to the file that was proofed.
+// Suggests a name next to the file that was checked.
 void frmBatchReport::save(QStringView caption, QStringView filter, QStringView suffix, const Write &write) {
     const QString &file = m_report->facts.file;
     const qsizetype folder = platform::folderOf(file).size(), point = file.lastIndexOf(u'.');

@@ -32,7 +32,7 @@ public:
     QLabel *facts; // file, time, number of records
     QTabWidget *pages;
     std::array<QLabel *, schema::levelCount + 1> figures; // by gravest level, and without a remark
-    QLabel *notes;                                        // what is not part of the numbers; hidden if there is nothing
+    QLabel *notes;                                        // about what the numbers do not include; hidden if empty
     QWidget *chart;
     widgets::FlexGrid *rulesGrid;
     QLabel *example; // of the current row

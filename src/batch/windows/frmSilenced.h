@@ -1,4 +1,4 @@
-// Lists the silenced rules; each can be taken back, and then its remarks are shown again.
+// Lists the silenced rules; each can be taken from the list, and its remarks are then shown again.
 #pragma once
 
 #include "batch/reminders.h"
@@ -12,7 +12,7 @@ namespace batch {
 class frmSilenced final : public widgets::Window {
     Q_OBJECT
 public:
-    // Shows the rules with the labels of the book. The former must outlive the window.
+    // Shows the rules with the labels of the book. `reminders` must outlive the window.
     frmSilenced(Reminders &reminders, RuleBook book, QWidget *parent = nullptr);
 
     QLabel *emptyWords; // shown if no rule is silenced

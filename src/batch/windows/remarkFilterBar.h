@@ -1,5 +1,5 @@
-// Chooses which remarks of a list are shown, by level, rule and tag. Each choice shows how many remarks it would list
-// together with the other two.
+// Chooses which remarks of a list are shown, by level, rule and tag. Each choice shows the number of remarks that it
+// would list together with the other two.
 #pragma once
 
 #include "batch/remarkList.h"
@@ -12,7 +12,7 @@ class RemarkFilterBar final : public QWidget {
 public:
     explicit RemarkFilterBar(QWidget *parent);
 
-    // Shows the choices that the list offers. The chosen ones stay, with a count of 0 if the list has none.
+    // Shows the choices for the list. The chosen ones stay, with a count of 0 if the list has none.
     void offer(const RemarkList &list);
     RemarkFilter filter() const;
     void clear(); // chooses everything

@@ -21,15 +21,15 @@ public:
     // Without reminders no remark can be silenced.
     RemarkTable(const QString &objectName, platform::Host &host, Reminders *reminders, QWidget *parent);
 
-    // begin() shows the list, which is empty, take() adds remarks, and settle() sorts them when all are there. A row
-    // chosen by the user in the meantime stays current; otherwise the first row becomes current.
+    // begin() shows the list, which is empty, take() adds remarks, and settle() sorts them when all have been added. A
+    // row chosen by the user in the meantime stays current; otherwise the first row becomes current.
     void begin(RemarkList list);
     void take(std::vector<Remark> remarks);
     void settle();
 
     const RemarkList &remarks() const { return *m_list; }
-    // Makes the row `by` rows away current and returns its remark, and whether it went past an end of the table; null
-    // if no remark is shown. Remarks about the whole batch are passed over.
+    // Makes the row `by` rows away current and returns its remark, and whether it passed an end of the table; null if
+    // no remark is shown. Remarks about the whole batch are skipped.
     struct Step {
         const Remark *remark = nullptr;
         bool wrapped = false;
@@ -39,7 +39,7 @@ public:
     // Add a control next to `words`, or next to the buttons at the bottom.
     void addAbove(QWidget *control) { m_above->addWidget(control); }
     void addBelow(QWidget *control) { m_below->addWidget(control, 0, Qt::AlignTop); }
-    // Asks for a file and lets `write` write it.
+    // Opens the dialog for a file and calls `write` with its path.
     void save(const SaveTarget &target, const std::function<platform::Status(const QString &path)> &write);
 
     RemarkFilterBar *filterBar;
@@ -51,7 +51,7 @@ public:
     widgets::Button *saveButton;
 
 Q_SIGNALS:
-    // By Enter or a double click, if the remark is about a record.
+    // Emitted on Enter or a double click, if the remark is about a record.
     void activated(const batch::Remark &remark);
 
 protected:

@@ -23,18 +23,18 @@ public:
         std::function<qint64()> recordsInFile; // an estimate until the file was read to its end
         ProofOne proof;
         const database::SessionState &state;
-        std::shared_ptr<schema::SchemaInForce> schema = nullptr;  // null: records are not validated against one
+        std::shared_ptr<schema::SchemaInForce> schema = nullptr;  // null: records are not validated
         std::function<QString()> file = [] { return QString(); }; // path of the file with the records
     };
     RemarksPane(platform::Host &host, Source source, QWidget *parent = nullptr);
 
-    // Proofs all records. Returns at the end or when the run is stopped: by its button, by end(), by another run or by
+    // Checks all records. Returns at the end or when the run is stopped: by its button, by end(), by another run or by
     // the deletion of the pane, which may be deleted by then. Hiding the pane does not stop the run.
     void proofAll();
     // Lists the records that the last import refused or left out, and unticks skipBox; if there are none, shows the
     // proof table.
     void listRefused(NotImported rest);
-    // Returns the records that the next import has to leave out: the duplicates that were found, if skipBox is ticked.
+    // Returns the records that the next import must leave out: the duplicates found, if skipBox is ticked.
     RefusedRecords leftOut() const;
     // Ends a run because the workspace is closed.
     void end();
@@ -45,11 +45,11 @@ public:
     // switched the marks off. Silenced rules are left out.
     struct Current {
         Remark remark;
-        QString words; // as "错误：…"
+        QString words; // such as "错误：…"
     };
     std::vector<Current> remarksOn(const marc::FieldRows &rows);
     // Makes the next (1) or last (-1) remark that is shown current. Returns its place, std::nullopt if there is none,
-    // and what to tell the user. Works while the pane is hidden.
+    // and the words for the user. Works while the pane is hidden.
     struct Step {
         std::optional<marc::FieldPlace> place;
         QString words;
@@ -58,7 +58,7 @@ public:
 
     // Returns the rows of the list with a remark of the last proof or refused by the last import, in ascending order.
     std::vector<int> rowsWithRemarks() const;
-    // Returns the names of the rules that each record violates, of the last proof; std::nullopt if there was none.
+    // Returns the names of the rules that each record violates by the last proof; std::nullopt if there was none.
     std::optional<QHash<int, QSet<QString>>> violatedRules() const;
 
     Reminders *reminders;
@@ -75,7 +75,7 @@ Q_SIGNALS:
     void jump(const marc::FieldPlace &place);
     void left();                      // by Esc: the focus should go back
     void changed();                   // remarks were added, removed or silenced
-    void remindersChanged();          // remarksOn() may return others
+    void remindersChanged();          // remarksOn() may return other remarks
     void ended(const QString &words); // a run ended while the pane was hidden
 
 protected:
@@ -97,7 +97,7 @@ private:
     Source m_source;
     RecordCheck m_check;             // of the current record
     std::shared_ptr<ProofRun> m_run; // the last run
-    Clearing m_clearing;             // of what runs leave
+    Clearing m_clearing;             // data of ended runs
     NotImported m_rest;              // of the last import
     int m_runs = 0; // number of runs begun and ended; a loop that finds another number returns and touches nothing
     bool m_running = false;

@@ -1,5 +1,5 @@
 // The buttons next to the list of remarks that open the report about the last proof and the window of the schema. Both
-// are disabled during a run; the tip of the first tells why there is no report.
+// are disabled during a run; the tool tip of the first gives the reason if there is no report.
 #pragma once
 
 #include "batch/proofFacts.h"

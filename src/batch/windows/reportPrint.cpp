@@ -79,7 +79,7 @@ PrintedReport::PrintedReport(const BatchReport &report, const RecordDraw &draw) 
         chart.emplace(document, report, chartFont(document.defaultFont()), paperWidth);
 }
 
-// Gives the text of the PDF the characters that were printed.
+// Makes copying and searching in the PDF return the characters that were printed.
 void nameCharacters(const QString &path, const QTextDocument &document, const QPaintDevice &device) {
     widgets::DrawnCharacters drawn;
     drawn.add(document.toPlainText());

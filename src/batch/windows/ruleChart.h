@@ -29,7 +29,7 @@ ChartInk paperInk(); // black, grey and white
 
 // Returns the least size at which all texts of the chart are legible.
 QSize chartSize(const BatchReport &report, const QFont &font);
-// Returns the label of a bar, which contains its number.
+// Returns the label of a bar, which includes its number.
 QString labelOf(const RuleEntry &entry);
 
 // Returns the chart of the most frequent rules as an object of Qt Charts; the caller takes ownership.

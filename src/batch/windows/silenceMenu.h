@@ -1,5 +1,5 @@
-// The menu about what is not to be shown any more: the rule of a remark, or its remarks about one tag; the list of the
-// silenced rules; and the signs beside the rows of the field grid.
+// The menu for silencing: the rule of a remark, or its remarks about one tag; the list of the silenced rules; and the
+// marks next to the rows of the field grid.
 #pragma once
 
 #include "batch/reminders.h"

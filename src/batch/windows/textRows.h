@@ -1,4 +1,4 @@
-// A table of texts that are made once, for small tables.
+// A small table of texts that are made once.
 #pragma once
 
 #include "platform/tableSource.h"

@@ -1,4 +1,4 @@
-// What the window that changes many records at once needs from the workspace.
+// The interface of the workspace to the window that changes many records at once.
 #pragma once
 
 #include "marc/fieldPlace.h"

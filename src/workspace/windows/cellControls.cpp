@@ -81,7 +81,8 @@ bool EditorKeys::eventFilter(QObject *, QEvent *event) {
     return false;
 }
 
-// Alt and a letter means a button that is disabled at the moment; Qt would insert the letter into the record.
+// Alt and a letter is the access key of a button that is disabled at the moment; Qt would insert the letter into the
+// record.
 bool EditorKeys::meansAButton(const QKeyEvent *event) {
     return (event->modifiers() & ~Qt::KeyboardModifiers(Qt::ShiftModifier)) == Qt::AltModifier &&
            !event->text().isEmpty();

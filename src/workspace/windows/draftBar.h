@@ -1,5 +1,5 @@
-// Offers the drafts that an earlier start left, in a bar at the top of the workspace. It is not a box, so that the user
-// can go on working.
+// Offers the drafts that an earlier start left, in a bar at the top of the workspace. It is not a message box, so that
+// the user can continue to work.
 #pragma once
 
 #include "widgets/button.h"

@@ -39,7 +39,7 @@ public:
 
 Q_SIGNALS:
     void offered(qsizetype records);
-    void told(const QString &words);  // what happened to drafts
+    void told(const QString &words);  // about the fate of drafts
     void fault(const QString &words); // why drafts cannot be written; empty after the next success
     void currentRestored();           // the list now holds another record in the current row
 

@@ -1,4 +1,4 @@
-// Connects the window that changes many records at once to the workspace: F9 and a button open it. Its changes go into
+// Connects the window that changes many records at once to the workspace: F9 and a button open it. Its changes enter
 // the list like those of an edit by hand, and the record in the grid is shown again if it was changed.
 #pragma once
 

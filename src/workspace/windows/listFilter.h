@@ -15,7 +15,7 @@ public:
     // `proved` returns whether there is a list of remarks.
     ListFilter(QComboBox &box, RecordList &list, RecordFilter::Sources sources, std::function<bool()> proved);
 
-    void updateSoon(); // call when remarks or changes came or went
+    void updateSoon(); // call when remarks or changes were added or removed
     void update();     // at once
     std::optional<std::vector<int>> rows() const { return m_filter.rows(); } // std::nullopt: all
 

@@ -19,7 +19,7 @@ void RecordCommands::showCard(const QString &mode) {
         m_record.rebuilt(m_host.now()), mode, [this](int by) { return step(by); }, m_list.window());
 }
 
-// Never steps to an empty row of the list, which would show the record before it again.
+// Never steps to an empty row of the list, which would show the previous record again.
 std::optional<marc::RawRecord> RecordCommands::step(int by) {
     const int next = m_list.shownRow(m_list.row(), by);
     if (next < 0 || m_list.records().record(next).isEmpty())

@@ -1,5 +1,5 @@
 // Connects the pane of remarks to the workspace: F8 shows and hides it, the proof of all records and an import fill it,
-// a remark leads to its record and field, and F4 and Shift+F4 go from one remark to another.
+// a click on a remark moves to its record and field, and F4 and Shift+F4 move from one remark to another.
 #pragma once
 
 #include "workspace/fieldTrail.h"
@@ -31,8 +31,8 @@ public:
     std::vector<marc::RefusedRecord> leftOut() const { return m_pane.leftOut(); } // by the next import
     // Shows the pane or gives it the focus; hides it if it has the focus.
     void showOrHide();
-    // Moves to the record and to the current position of its field, and tells the words. Reports the reason if that is
-    // not possible.
+    // Moves to the record and to the current position of its field, and shows the words in the status line. Reports the
+    // reason if that is not possible.
     void jump(const marc::FieldPlace &place, const QString &words);
     // Goes to the next (1) or last (-1) remark that the pane shows, even if the pane is hidden.
     void step(int by);

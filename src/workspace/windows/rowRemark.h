@@ -9,7 +9,7 @@ namespace workspace {
 struct RowRemark {
     int row = 0; // on the field grid; 0: about the record as a whole
     widgets::Mark mark = widgets::Mark::Error;
-    QString words; // with the level, as "错误：…"
+    QString words; // with the level, such as "错误：…"
 };
 
 } // namespace workspace

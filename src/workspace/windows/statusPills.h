@@ -1,5 +1,5 @@
 // The line below the grids: each fact of its text is painted as a tinted pill, a warning in the colours of a warning.
-// At the right, where there is room, the keys without a caption.
+// The keys without a caption are shown at the right if there is space.
 #pragma once
 
 #include "widgets/pacedLabel.h"

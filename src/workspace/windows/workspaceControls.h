@@ -11,7 +11,7 @@ class QBoxLayout;
 namespace workspace {
 
 std::array<widgets::Button *, 7> commandButtons(QWidget *parent); // cmdclick
-// Lays the buttons out in a row, of one width where there is room.
+// Lays the buttons out in a row, of one width if there is space.
 QBoxLayout *ofOneWidth(const std::array<widgets::Button *, 7> &buttons);
 // Creates a box for a number next to its label, wide enough for 99,999,999 records.
 widgets::PacedLabel *numberBox(const QString &name, const QString &meaning, QWidget *parent);

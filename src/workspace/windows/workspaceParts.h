@@ -1,5 +1,5 @@
 // The helpers of the workspace window, in the order of their dependencies, connected with each other. Only the window
-// knows all of them; each helper gets the objects that it works on.
+// has access to all of them; each helper gets the objects that it works on.
 #pragma once
 
 #include "workspace/windows/listChanges.h"

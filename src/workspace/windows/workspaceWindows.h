@@ -32,7 +32,7 @@ struct ImportOutcome {
 // The pane below the field grid that lists the findings about the records of the list.
 struct RemarksPane {
     QWidget *widget = nullptr; // passes the focus on to its table
-    // Proves all records and returns when the run has ended. The window may be closed by then.
+    // Checks all records and returns when the run has ended. The window may be closed by then.
     std::function<void()> proofAll = [] {};
     std::function<void(const ImportOutcome &)> listRefused = [](const auto &) {};
     // Returns the records that the next import has to leave out, in the order of the list.
@@ -41,7 +41,7 @@ struct RemarksPane {
     // Returns the rows of the list that have a remark, in ascending order.
     std::function<std::vector<int>()> rowsWithRemarks = [] { return std::vector<int>(); };
     // Makes the next (1) or last (-1) remark that is shown current. Returns its place, std::nullopt if there is none,
-    // and what to tell the user.
+    // and the words for the user.
     struct Step {
         std::optional<marc::FieldPlace> place;
         QString words;
@@ -51,12 +51,12 @@ struct RemarksPane {
     std::function<std::vector<RowRemark>(const marc::FieldRows &rows)> check = [](const auto &) {
         return std::vector<RowRemark>();
     };
-    // Of the last proof of all records; std::nullopt if there was none.
+    // Returns the result of the last proof of all records; std::nullopt if there was none.
     std::function<std::optional<ViolatedRules>()> violatedRules = [] { return std::nullopt; };
     std::function<void()> end = [] {}; // ends a running proof
 };
 
-// What the pane needs from the workspace.
+// The interface of the workspace to the pane.
 struct RemarksNeeds {
     std::shared_ptr<const marc::PreReadStore> records;
     std::function<QString()> file;         // path of the file with the records
@@ -82,11 +82,11 @@ struct WorkspaceWindows {
         runImport;
     std::function<RemarksPane(const RemarksNeeds &needs)> makeRemarks;
     // Makes the window that changes many records at once. The function that it returns shows the window and returns
-    // when it is closed. Empty: there is no such window.
+    // when it is closed. Empty if there is no such window.
     std::function<std::function<void()>(const BatchNeeds &needs, QWidget *owner)> makeBatch;
-    // Shows the search in other libraries' catalogues. Empty: there is no such window.
+    // Shows the search in other libraries' catalogues. Empty if there is no such window.
     std::function<void(const FetchNeeds &needs, QWidget *owner)> fetchRecord;
-    // Returns why an import would fail, as far as known without a query to the database; else an empty text.
+    // Returns why an import would fail, as far as this is known without a query to the database; else an empty text.
     std::function<QString()> databaseTrouble = [] { return QString(); };
     Assistant leaderAssistant;   // frmHelpLR000
     Assistant field100Assistant; // frmHelpLR100
