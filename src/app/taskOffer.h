@@ -6,7 +6,7 @@
 
 namespace app {
 
-// Lists the tasks that can be used, as they are now. `host` must remain valid while the offer is used.
+// Lists the tasks that can be used at the moment. `host` must remain valid while the offer is used.
 tidy::ChangeOffer taskOffer(const platform::Host &host);
 
 } // namespace app

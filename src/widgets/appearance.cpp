@@ -7,12 +7,12 @@ namespace widgets {
 
 namespace {
 
-// Some desktops set palettes for these classes, which would win over the palette of the program.
+// Some desktops set palettes for these classes, which would override the palette of the program.
 constexpr auto classesWithPalettes = std::to_array<const char *>(
     {"QAbstractButton", "QToolButton", "QHeaderView", "QAbstractItemView", "QMenu", "QMenuBar", "QMessageBoxLabel",
      "QTabBar", "QLabel", "QGroupBox", "QLineEdit", "QTextEdit", "QCheckBox", "QRadioButton", "QComboBox"});
 
-// As it is kept: 0 none, 1 light, 2 dark.
+// As it is stored: 0 none, 1 light, 2 dark.
 std::optional<Scheme> schemeOfKept(int kept) {
     return kept == 1 ? std::optional(Scheme::Light) : kept == 2 ? std::optional(Scheme::Dark) : std::nullopt;
 }
@@ -50,7 +50,7 @@ void Appearance::apply() {
     m_style->choose(m_choice == Choice::AsDesktop
                         ? m_desktop
                         : std::optional(m_choice == Choice::Dark ? Scheme::Dark : Scheme::Light));
-    QApplication::setPalette(QPalette()); // asks the style again
+    QApplication::setPalette(QPalette()); // requests the palette from the style again
     const QPalette palette = schemePalette(schemeOf(QApplication::palette()));
     QToolTip::setPalette(palette);
     for (const char *name : classesWithPalettes)

@@ -1,5 +1,5 @@
-// Installs the style of the program and decides between light and dark: by the user's choice, else by what the desktop
-// reports, else by the palette of the desktop. All windows follow at once.
+// Installs the style of the program and decides between light and dark: by the user's choice, else by the setting that
+// the desktop reports, else by the palette of the desktop. All windows follow at once.
 #pragma once
 
 #include "platform/deskState.h"
@@ -16,13 +16,13 @@ class Appearance final : public QObject {
 public:
     enum class Choice { AsDesktop, Light, Dark };
 
-    // Needs the application. Begins as the last start ended, since the desktop answers later. `state` must outlive the
-    // object.
+    // Requires the application object. Begins with the scheme of the last start, since the desktop answers later.
+    // `state` must outlive the object.
     explicit Appearance(const platform::DeskState &state);
 
     Choice choice() const { return m_choice; }
     void choose(Choice choice); // remembered
-    // Takes what the desktop reports; std::nullopt: no preference.
+    // Takes the setting that the desktop reports; std::nullopt: no preference.
     void takeDesktop(std::optional<bool> dark);
 
 private:

@@ -37,7 +37,7 @@ int print(const BandedReport &report, QPrinter &printer) {
 }
 
 QDialog *newReportPreview(BandedReport report, QWidget *parent) {
-    constexpr int quicklyShown = 5000; // rows; above that, painting all pages at once is too slow
+    constexpr int quicklyShown = 5000; // rows; above this, painting all pages at once is too slow
     const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
     printer->setDocName(report.caption);
     printer->setPageMargins(margins, QPageLayout::Millimeter);

@@ -44,7 +44,7 @@ QSize ChoiceList::fullSize() const {
 void ChoiceList::keyPressEvent(QKeyEvent *event) {
     if (event->key() == Qt::Key_Escape) {
         Q_EMIT cancelled();
-        event->setAccepted(!isVisible()); // if the list stays visible, the key goes on to the window
+        event->setAccepted(!isVisible()); // if the list stays visible, the key is passed on to the window
     } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         if (currentItem())
             Q_EMIT chosen(currentItem()->text());

@@ -1,9 +1,9 @@
-// The style of all windows, made of the tokens (styleTokens.h) on top of Qt's Fusion. What a control looks like is
-// drawn here and nowhere else. A button with the property `primary` is the primary action of its window; it and the
-// default button are filled with the accent colour.
+// The style of all windows, made of the tokens (styleTokens.h) on top of Qt's Fusion. All controls are painted here. A
+// button with the property `primary` is the primary action of its window; it and the default button are filled with the
+// accent colour.
 //
-// The style replaces the palette of the desktop by that of the light or dark scheme: by choose(), else the scheme that
-// the desktop's palette has.
+// The style replaces the palette of the desktop by that of the light or dark scheme: the scheme set by choose(), else
+// that of the desktop's palette.
 #pragma once
 
 #include "widgets/styleTokens.h"
@@ -17,7 +17,7 @@ class DeskStyle final : public QProxyStyle {
 public:
     DeskStyle();
 
-    // std::nullopt: as the desktop's palette. Takes effect with the next palette of the program.
+    // std::nullopt: the scheme of the desktop's palette. Takes effect with the next palette of the program.
     void choose(std::optional<Scheme> scheme) { m_scheme = scheme; }
 
     using QProxyStyle::polish;

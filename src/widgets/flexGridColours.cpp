@@ -10,7 +10,7 @@ namespace {
 
 constexpr int lineDarkness = 118;
 
-// A cell to paint, with what its painters need to know.
+// A cell to paint, with the data for its painters.
 struct Cell {
     const QStyleOptionViewItem &option;
     const QModelIndex &index;
@@ -21,7 +21,7 @@ struct Cell {
     bool isLively() const { return !option.widget || option.widget->hasFocus() || !option.widget->isEnabled(); }
     QColor ownColour() const { return background.value<QBrush>().color(); }
     QColor token(Colour name) const { return colour(name, option.palette); }
-    // A background of its own is the same in both schemes, and so are the marks on it.
+    // A background set for a cell is the same in both schemes, and so are the marks on it.
     QPalette marks() const { return background.isValid() ? schemePalette(Scheme::Light) : option.palette; }
 };
 
@@ -68,7 +68,7 @@ void paintRing(QPainter &painter, const Cell &cell) {
     paintFocusRing(&painter, rect, cell.marks(), 0);
 }
 
-// Returns the place of the mark and takes it from that of the text.
+// Returns the place of the mark and removes it from that of the text.
 QRect cutMark(QRect &text, bool atEnd, const QFontMetrics &metrics) {
     const int side = metrics.ascent() * 4 / 5, gap = space(Space::Small, metrics) * 3 / 4;
     QRect mark(0, 0, side, side);

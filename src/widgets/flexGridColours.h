@@ -30,7 +30,7 @@ protected:
     // Returns whether a hairline separates the row from the one above it.
     virtual bool hasLineAbove(const QModelIndex &index) const { return index.row() > 0; }
     virtual QFont cellFont(const QFont &plain, const QModelIndex &) const { return plain; }
-    // A mark beside the text of a cell, which gets the remaining room.
+    // A mark next to the text of a cell, which gets the remaining space.
     struct CellMark {
         Mark mark;
         bool atEnd; // after the text, at the right edge of the cell

@@ -105,7 +105,7 @@ void FlexGridModel::showOnly(std::optional<std::vector<int>> rows) {
     announce();
 }
 
-// The view may call keep() for the same row when it learns of the removal.
+// The view may call keep() for the same row when it is notified of the removal.
 void FlexGridModel::keep(int row) {
     if (row == m_shown.kept())
         return;
@@ -155,7 +155,7 @@ void FlexGridModel::moveOverrides(int from, int by) {
     m_overrides = std::move(moved);
 }
 
-// A row beyond those that the view knows is reported with the growth.
+// A row beyond those reported to the view is reported later with the other new rows.
 void FlexGridModel::sourceInsertedRow(int row) {
     if (!m_source || row < 0 || row >= m_source->rowCount())
         return;

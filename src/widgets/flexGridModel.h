@@ -1,7 +1,7 @@
 // The model of a flexible grid: heading texts, and data rows that are either its own cells or those of a bound source,
 // which are never copied. Rows and columns count from 0; data rows do not include the heading. Reading a cell outside
 // the model returns an empty text; writing there does nothing. dataRows() returns the actual number of rows. The view
-// learns of the growth of a source at most once per frame, so rowCount() may be smaller until announce() or the next
+// is notified of new rows of a source at most once per frame, so rowCount() may be smaller until announce() or the next
 // frame.
 //
 // A view has positions: those of the shown rows, which are all rows unless showOnly() filters them. Indexes of the
@@ -48,7 +48,7 @@ public:
     void setHeading(int column, const QString &text);
     void setHeadingAlignment(int column, Qt::Alignment alignment);
     void setColumnAlignment(int column, Qt::Alignment alignment);
-    void setColumnShown(int column, bool shown); // for what a screen reader reads of a row
+    void setColumnShown(int column, bool shown); // for the text that a screen reader reads of a row
 
     void setBackground(int row, int column, quint32 colour);
     std::optional<quint32> background(int row, int column) const;

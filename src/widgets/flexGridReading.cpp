@@ -1,4 +1,4 @@
-// What a screen reader reads of a flexible grid.
+// The text that a screen reader reads of a flexible grid.
 #include "widgets/cellText.h"
 #include "widgets/flexGridModel.h"
 

@@ -25,7 +25,7 @@ FocusReader::FocusReader() {
 bool FocusReader::eventFilter(QObject *watched, QEvent *event) {
     auto *view = event->type() == QEvent::FocusIn ? qobject_cast<QAbstractItemView *>(watched) : nullptr;
     if (view && QAccessible::isActive())
-        QMetaObject::invokeMethod( // after the toolkit has told the list
+        QMetaObject::invokeMethod( // after the toolkit has reported the list
             view, [view] { tellCurrent(view); }, Qt::QueuedConnection);
     return false;
 }

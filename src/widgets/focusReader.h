@@ -1,4 +1,5 @@
-// Tells a screen reader the current entry of a list or table that gets the focus; the toolkit tells it the list alone.
+// Reports the current entry of a list or table that gets the focus to a screen reader; the toolkit reports only the
+// list.
 #pragma once
 
 #include <QObject>

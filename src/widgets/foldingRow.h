@@ -10,7 +10,7 @@ public:
     explicit FoldingRow(std::initializer_list<Item> groups);
 
     QSize sizeHint() const override;    // of one line
-    QSize minimumSize() const override; // as narrow as the widest group, and as high as the row is now
+    QSize minimumSize() const override; // as narrow as the widest group, and with the current height of the row
     bool hasHeightForWidth() const override { return true; }
     int heightForWidth(int width) const override;
     int minimumHeightForWidth(int width) const override { return heightForWidth(width); }

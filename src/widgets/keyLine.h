@@ -1,5 +1,5 @@
-// A faint line at the lower edge inside a list or an edit that says what its keys do. The owner leaves room for it
-// below its viewport.
+// A faint line at the lower edge inside a list or an edit that describes its keys. The owner leaves space for it below
+// its viewport.
 #pragma once
 
 #include <QAbstractScrollArea>

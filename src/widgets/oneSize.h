@@ -1,4 +1,4 @@
-// For a dialog that gains nothing from another size.
+// Gives a dialog a single size, if its contents gain nothing from another one.
 #pragma once
 
 class QWidget;

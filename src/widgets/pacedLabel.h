@@ -21,8 +21,8 @@ public:
     // Shows the stored text when events are next processed. Call it at the end of the work and before a message box.
     void flush();
 
-    // Sets what the text is about. A screen reader reads it together with the text, and reads each new text even if the
-    // label does not have the focus.
+    // Sets the subject of the text. A screen reader reads it together with the text, and reads each new text even if
+    // the label does not have the focus.
     void setMeaning(const QString &meaning);
 
     // As in any label, for code that does not need the pacing.

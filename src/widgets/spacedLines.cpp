@@ -8,7 +8,7 @@ SpacedLines::SpacedLines(QTextDocument *document, double factor)
     : QPlainTextDocumentLayout(document)
     , m_factor(factor) {}
 
-// The toolkit asks for this rectangle before it paints, scrolls to or looks for a place in the block.
+// The toolkit requests this rectangle before it paints the block, scrolls to it or searches for a place in it.
 QRectF SpacedLines::blockBoundingRect(const QTextBlock &block) const {
     QRectF rect = QPlainTextDocumentLayout::blockBoundingRect(block); // lays the lines out if that is due
     if (!block.isValid() || !block.isVisible())

@@ -10,7 +10,7 @@ class SpacedLines final : public QPlainTextDocumentLayout {
     Q_OBJECT
 
 public:
-    // From the top of a line to that of the next, `factor` times the height of the line.
+    // `factor`: the distance from the top of a line to that of the next, in heights of the line.
     SpacedLines(QTextDocument *document, double factor);
 
     QRectF blockBoundingRect(const QTextBlock &block) const override;

@@ -25,7 +25,7 @@ Surface buttonSurface(const Work &work) {
     return primary ? Surface::Primary : Surface::Button;
 }
 
-// A ring inside a gap of the window's colour, so that it is seen on an accent colour too.
+// A ring inside a gap in the window's colour, so that it is visible on an accent colour too.
 void paintPrimaryFocus(const Work &work, const QRect &rect) {
     const QPalette &palette = work.option.palette;
     paintPanel(&work.painter, rect, colour(Colour::Window, palette), colour(Colour::Window, palette));

@@ -1,4 +1,4 @@
-// Shapes that the style and the widgets that paint themselves share.
+// Shapes that are shared by the style and by widgets that paint themselves.
 #pragma once
 
 #include "widgets/styleTokens.h"
@@ -22,15 +22,15 @@ void paintPanel(QPainter *painter, const QRect &rect, const QColor &fill, const 
                 double radius = cornerRadius);
 void paintSurface(QPainter *painter, const QRect &rect, Surface surface, const QPalette &palette,
                   double radius = cornerRadius);
-// The mark of the control that has the focus, inside the rectangle; everywhere the same.
+// Paints the mark of the control that has the focus, inside the rectangle; the same for all controls.
 void paintFocusRing(QPainter *painter, const QRect &rect, const QPalette &palette, double radius = cornerRadius);
 
 enum class Sign { Up, Down, Left, Right, Tick, Dash, Cross };
 // A sign of lines, centred in the rectangle.
 void paintSign(QPainter *painter, const QRect &rect, Sign sign, const QColor &ink);
 
-// What a cell or a text is marked as. The marks differ in shape as well as in colour: a disc with a cross, a triangle,
-// a square that stands on a corner.
+// The mark of a cell or a text. The marks differ in shape as well as in colour: a disc with a cross, a triangle, a
+// square standing on a corner.
 enum class Mark { Error, Warning, Hint };
 // Fills the largest square in the middle of the rectangle.
 void paintMark(QPainter *painter, const QRect &rect, Mark mark, const QPalette &palette);

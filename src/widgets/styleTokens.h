@@ -77,7 +77,7 @@ QColor colour(Colour name, const QPalette &palette);
 // The palette of a scheme, for the whole program or for a widget that keeps its scheme.
 QPalette schemePalette(Scheme scheme);
 
-// What is painted as a surface: its background, the text on it, its outline, and what surrounds it.
+// A painted surface: its background, the text on it, its outline, and its surroundings.
 enum class Surface {
     Page,
     FramePage,
@@ -107,7 +107,7 @@ struct SurfaceLook {
     Surface surface;
     Colour fill;
     Colour ink;
-    Colour edge; // Hairline or the fill: no outline that must be seen
+    Colour edge; // Hairline or the fill if the outline need not be visible
     Colour around;
 };
 // The style paints from this table, and a test computes the contrasts of all its rows.
@@ -136,7 +136,7 @@ constexpr auto surfaceLooks = std::to_array<SurfaceLook>({
     {Surface::Error, Colour::ErrorTint, Colour::ErrorInk, Colour::ErrorTint, Colour::Window},
 });
 
-// A text or a sign on a background beyond those of the surfaces.
+// A text or a sign on a background that is not one of the surfaces.
 struct InkPair {
     Colour ink;
     Colour fill;

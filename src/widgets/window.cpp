@@ -56,7 +56,7 @@ void Window::scrollIfTooLarge() {
     setLayout(new QVBoxLayout);
     layout()->setContentsMargins(0, 0, 0, 0);
     layout()->addWidget(area);
-    area->lower(); // below what is laid over the contents
+    area->lower(); // below the widgets laid over the contents
     const auto follow = [area](QWidget *, QWidget *now) {
         if (now && area->isAncestorOf(now))
             area->ensureWidgetVisible(now);

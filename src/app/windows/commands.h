@@ -65,7 +65,7 @@ public:
     virtual ~CommandWindows() = default;
     virtual void selectMarcFile(const QString &file) = 0; // with the file in its box; empty: none
     virtual void tidyFile(const QString &source) = 0;     // likewise
-    virtual void fetchRecords() = 0;                      // from other libraries
+    virtual void fetchRecords() = 0;                      // in other libraries' catalogues
     virtual void showTasks() = 0;                         // without a list of records
     virtual void queryCatalogue(const QueryLists &lists) = 0;
     virtual void queryStore(const QueryLists &lists) = 0;

@@ -1,5 +1,5 @@
-// Makes the window that searches other libraries' catalogues, and gives it what the other folders know about a record:
-// its card, its faults, and whether the library has it.
+// Makes the window that searches other libraries' catalogues, and supplies the functions of other folders about a
+// record: its card, its faults, and whether the library has it.
 #pragma once
 
 #include "database/sublib.h"
@@ -16,7 +16,7 @@ public:
     // Returns when the window is closed.
     void search(QWidget *owner, const targets::Query &query = {}, const targets::CurrentRecord &current = {});
 
-    // What the window asks about the records that it shows. Valid as long as this object.
+    // The functions for the window. Valid as long as this object.
     targets::Surroundings surroundings() const;
 
 private:
