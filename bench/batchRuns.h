@@ -14,7 +14,7 @@ class ProofPane {
 public:
     ProofPane(const QString &database, std::shared_ptr<const marc::PreReadStore> records);
 
-    // Proofs the whole list. Returns whether the pane then shows that every record was proofed.
+    // Checks the whole list. Returns whether the pane then shows that every record was checked.
     bool proofAll();
 
     BenchHost host;

@@ -69,7 +69,7 @@ Taken byBatch(const targets::Target &target, const QStringList &isbns) {
     return taken;
 }
 
-// Asks for the same, one after the other over one connection, and fetches the records without looking at them.
+// Looks up the same ISBNs, one after the other over one connection, and fetches the records without decoding them.
 Taken byLoop(const targets::Target &target, const QStringList &isbns) {
     Taken taken;
     QElapsedTimer clock;

@@ -55,7 +55,7 @@ std::optional<qint64> bytesPerRemark(const QString &path) {
     batch::ProofRun run(
         records, [&](const marc::FieldRows &rows) { return proofs.faultsOf(rows); }, state, &schema);
     batch::RemarkList list = run.emptyList();
-    malloc_trim(0); // what reading the records left over
+    malloc_trim(0); // releases what reading the records left unused
     const auto before = resident();
     while (run.hasNext())
         for (batch::Remark &remark : run.step())

@@ -1,5 +1,5 @@
-// The speed of the record core: codec, counting, first view, reading on, showing and rebuilding. Runs on the file named
-// in TARVEX_BENCH_FILE (made by makeRecords).
+// The speed of the record core: codec, counting, first view, reading the rest, showing and rebuilding. Runs on the file
+// named in TARVEX_BENCH_FILE (made by makeRecords).
 #include "marc/configurationFiles.h"
 #include "marc/fieldLookup.h"
 #include "marc/preReadStore.h"

@@ -20,7 +20,7 @@ WatchedRun proofing(const BenchStage &stage, std::shared_ptr<const marc::PreRead
     };
 }
 
-// The report about a proof of so many records.
+// Measures the report about a proof of these records.
 void tellReport(ScaleReport &report, const BenchStage &stage, std::shared_ptr<const marc::PreReadStore> records) {
     constexpr double longest = 1, longestGap = 0.05; // seconds
     const int rows = records->rowCount();

@@ -1,4 +1,5 @@
-// Tasks: the ready task for suppliers' records file to file, beside Catmandu with the same steps, and its preview.
+// Tasks: the ready task for suppliers' records file to file, compared with Catmandu with the same steps, and its
+// preview.
 #include "app/taskOffer.h"
 #include "pairs.h"
 #include "tasks/windows/frmTasks.h"

@@ -14,7 +14,7 @@ if(standing STREQUAL "" OR standing STREQUAL last OR standing STREQUAL made)
   file(REMOVE "${TARGET}.new")
 elseif(NOT made STREQUAL last)
   file(COPY_FILE "${MADE}" "${TARGET}.new")
-  message("${TARGET} was changed and is kept; the new one lies beside it: ${TARGET}.new")
+  message("${TARGET} was changed and is kept; the new one is next to it: ${TARGET}.new")
 endif()
 file(WRITE "${MADE}.laid" "${made}")
 file(TOUCH "${TARGET}") # as new as MADE, so that this is not repeated

@@ -1,4 +1,4 @@
-// An answer of another library's catalogue, in each charset: what is decoded fits the forms of the program.
+// An answer of another library's catalogue, in each charset: the decoded record fits the forms of the program.
 #include "fuzz/input.h"
 #include "fuzz/targets.h"
 #include "targets/batchJournal.h"

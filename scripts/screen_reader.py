@@ -20,7 +20,7 @@ PATIENCE = 20  # seconds for a window, an announcement of the program, its end
 ROWS = 12  # of a table that are read
 STOPS = 60  # of the Tab key in a window at most
 
-# Roles that the user operates or reads; each needs a name. Of a text its contents are not enough.
+# Roles that the user operates or reads; each needs a name. The contents of a text do not count as one.
 NAMED = {
     pyatspi.ROLE_PUSH_BUTTON, pyatspi.ROLE_TOGGLE_BUTTON, pyatspi.ROLE_CHECK_BOX, pyatspi.ROLE_RADIO_BUTTON,
     pyatspi.ROLE_COMBO_BOX, pyatspi.ROLE_TEXT, pyatspi.ROLE_ENTRY, pyatspi.ROLE_PASSWORD_TEXT, pyatspi.ROLE_LIST,
@@ -28,7 +28,7 @@ NAMED = {
     pyatspi.ROLE_PROGRESS_BAR, pyatspi.ROLE_SPIN_BUTTON, pyatspi.ROLE_DIALOG, pyatspi.ROLE_FRAME, pyatspi.ROLE_ALERT,
     pyatspi.ROLE_LINK, pyatspi.ROLE_PAGE_TAB, pyatspi.ROLE_DOCUMENT_FRAME, pyatspi.ROLE_SLIDER,
 }
-# They have the focus only on behalf of others.
+# These never have the focus for themselves.
 CARRIERS = {pyatspi.ROLE_LAYERED_PANE, pyatspi.ROLE_MENU_BAR, pyatspi.ROLE_FILLER}
 ROWED = {pyatspi.ROLE_TABLE, pyatspi.ROLE_TREE, pyatspi.ROLE_TREE_TABLE, pyatspi.ROLE_LIST}
 
@@ -67,7 +67,7 @@ class Reader:
             self.listen()
             try:
                 found = condition()
-            except (GLib.Error, LookupError, RuntimeError):  # an object that is just going away
+            except (GLib.Error, LookupError, RuntimeError):  # the object is being removed
                 found = None
             if found:
                 return found

@@ -8,7 +8,7 @@ namespace tools {
 
 namespace {
 
-constexpr QChar fill = u'|'; // stands in coded positions that the cataloguer chose not to code
+constexpr QChar fill = u'|'; // for coded positions that the cataloguer chose not to code
 
 QJsonObject labelled(const QString &label) {
     return label.isEmpty() ? QJsonObject() : QJsonObject{{u"label"_s, label}};

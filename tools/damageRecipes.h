@@ -1,5 +1,5 @@
-// Recipes for damaged files, each made from undamaged records: what files from exchanges, editors and broken transfers
-// look like.
+// Recipes for files with the damage that exchanges, editors and broken transfers cause. Each makes its file from
+// undamaged records.
 #pragma once
 
 #include <QByteArray>

@@ -47,7 +47,7 @@ QString takeLine(const QString &line, Format &format) {
     static const QRegularExpression subfieldShape(uR"(^\$([0-9A-Za-z]) (\S|\S.*?\S))" + marksShape);
     static const QRegularExpression indicatorShape(uR"(^\^([12]) (\*|(\S+) = (.+))$)"_s);
     if (const auto field = fieldShape.match(line); field.hasMatch()) {
-        if (!format.isEmpty() && format.back().tag >= field.captured(1)) // "???" sorts behind the digits
+        if (!format.isEmpty() && format.back().tag >= field.captured(1)) // "???" sorts after the digits
             return u"the field must follow "_s + format.back().tag + u", and once"_s;
         format.append({field.captured(1), field.captured(2), marksOf(field, 3), {}, {}});
         return {};

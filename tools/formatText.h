@@ -9,7 +9,7 @@
 
 namespace tools {
 
-// What the schema says about a field or a subfield, besides its name.
+// The properties of a field or a subfield in the schema, besides its name.
 struct FormatMarks {
     bool required = false;
     bool repeatable = false;

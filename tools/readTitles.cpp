@@ -1,5 +1,5 @@
 // Reads the titles of a file as pinyin and compares them with their known readings: a title, a tab, its syllables on
-// each line. Prints the share of right syllables and the titles that are read in another way. Usage: readTitles FILE
+// each line. Prints the share of correct syllables and the titles that are read in another way. Usage: readTitles FILE
 #include "tasks/pinyin.h"
 #include "tools/sourceText.h"
 #include <QFile>

@@ -95,8 +95,8 @@ Section
         CopyFiles /SILENT "$INSTDIR\samples" "${DATA}"
     ${EndIf}
 
-    ; A data source of this user names the file of the driver, so that the driver need not be registered, which would ask
-    ; for the rights of an administrator.
+    ; A data source of this user names the file of the driver, so that the driver need not be registered, which would
+    ; require the rights of an administrator.
     WriteRegStr HKCU "${SOURCES}\ODBC Data Sources" "${SOURCE}" "SQLite3 ODBC Driver"
     WriteRegStr HKCU "${SOURCES}\${SOURCE}" "Driver" "$INSTDIR\sqlite3odbc.dll"
     ReadRegStr $0 HKCU "${SOURCES}\${SOURCE}" "Database"

@@ -1,5 +1,5 @@
 # shellcheck shell=bash
-# Makes what a program of the package needs under Wine: a prefix of its own, a display, and a driver manager that leads to
+# Makes what a program of the package needs under Wine: a prefix of its own, a display, and a driver manager that loads
 # the SQLite driver of the package (trial/odbc32.c), with its data source.
 
 begin_wine() {
@@ -27,7 +27,7 @@ wine_display() {
     work=$(mktemp -d)
     mkfifo "$work/display"
     Xvfb -displayfd 9 -screen 0 "${WINE_SCREEN:-1280x900x24}" -nolisten tcp -noreset 9>"$work/display" 2>/dev/null &
-    # shellcheck disable=SC2064 # the values of now
+    # shellcheck disable=SC2064 # the current values
     trap "wineserver -k 2>/dev/null || true; kill $! || true; rm -rf $work" EXIT
     read -r number <"$work/display"
     export DISPLAY=:$number

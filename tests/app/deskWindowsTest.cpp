@@ -73,8 +73,9 @@ TEST_F(DeskWindowsTest, TheStartPageOpensTheFileThatIsClicked) {
     EXPECT_EQ(host.remembered().value(platform::kept::lookChoice), 1);
 }
 
-// The store refuses a title that it has; the duplicates that a proof finds are left out, as far as an import comes.
-TEST_F(DeskWindowsTest, WhatAnImportDidNotTakeIsListed) {
+// The store refuses a title that it already has; duplicates that a proof finds are left out, among the records that the
+// import reaches.
+TEST_F(DeskWindowsTest, RecordsThatAnImportDidNotTakeAreListed) {
     database.run(u"create unique index once on taoluTable (bookname)"_s);
     QString bytes;
     for (const auto &[title, isbn] : {std::pair(u"甲"_s, u"7-02-000220-X"_s), {u"甲"_s, u""_s}, {u"乙"_s, u""_s}})

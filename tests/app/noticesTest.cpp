@@ -39,7 +39,7 @@ TEST(Notice, KeepsItsTickAndClosesByItsButtonOrItsCross) {
         EXPECT_EQ(shown.width(), shown.height());
         EXPECT_EQ(shown.width(), (picture == notice.imgMain ? 7 : 2) * picture->fontMetrics().lineSpacing());
     }
-    const QImage mark = notice.Image1->pixmap().toImage(); // a light ring with a letter on nothing
+    const QImage mark = notice.Image1->pixmap().toImage(); // a light ring with a letter, transparent elsewhere
     const int middle = mark.width() / 2;
     EXPECT_EQ(mark.pixelColor(0, 0).alpha(), 0);
     EXPECT_GT(mark.pixelColor(2, middle).lightness(), 200);

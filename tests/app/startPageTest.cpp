@@ -10,7 +10,7 @@ using namespace app;
 
 namespace {
 
-// An entry on a white page, and where it has ink.
+// An entry on a white page, and the parts of it that are painted.
 struct PaintedEntry {
     QWidget page;
     PageEntry *entry;
@@ -85,7 +85,7 @@ TEST(PageEntry, PaintsItsWordsItsKeyAndItsIcon) {
     };
     for (const auto &[caption, detail, parts] : rows)
         EXPECT_EQ(PaintedEntry(caption, detail).parts(), parts) << caption.toStdString();
-    // The detail that is set replaces the one in the caption, and the first "&" is no part of it.
+    // The detail that is set replaces the one in the caption, and the first "&" is not part of it.
     for (const auto &[one, detail, other] :
          {std::tuple(u"甲：乙"_s, u""_s, std::pair(u"甲"_s, u"乙"_s)), {u"甲&&乙"_s, u""_s, {u"甲&乙"_s, u""_s}}}) {
         PaintedEntry first(one, detail), second(other.first, other.second);
@@ -142,7 +142,7 @@ TEST_F(StartPageTest, ListsTheRecentFilesOnce) {
     EXPECT_EQ(page.objectName(), u"startPage"_s);
 }
 
-// Without space the files go first, the last one before the others, and their heading with the first one.
+// Without space the files are hidden first, the last one before the others, and their heading with the first one.
 TEST_F(StartPageTest, ShowsAsManyFilesAsFit) {
     note(3);
     StartPage page(host, &frame);

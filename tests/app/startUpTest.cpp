@@ -186,7 +186,7 @@ TEST_F(ConnectionDialogTest, RefusesIncompleteInputReportsAFailedTestAndCancels)
     EXPECT_FALSE(stored());
 }
 
-// A file that is no plain one is in the place of the settings.
+// Something other than a plain file is in the place of the settings.
 TEST_F(ConnectionDialogTest, ReportsThatNothingIsStored) {
     const QFileInfo settings(QDir(host.folder).filePath(platform::settingsApplication + u".ini"));
     ASSERT_TRUE(QDir().mkpath(settings.filePath()));

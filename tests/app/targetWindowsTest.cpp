@@ -1,4 +1,4 @@
-// What the search in other libraries' catalogues learns about a record from the rest of the program.
+// The functions of the program about a record that the search in other libraries' catalogues shows.
 #include "app/windows/targetWindows.h"
 #include "schema/schemaChoice.h"
 #include "support/databaseServers.h"
@@ -41,7 +41,7 @@ TEST_F(TargetWindowsTest, OpensWithTheQuery) {
     EXPECT_EQ(isbn + u' ' + title, u"7-02-000220-X 红楼梦"_s);
 }
 
-TEST_F(TargetWindowsTest, ACardOrWhyThereIsNone) {
+TEST_F(TargetWindowsTest, MakesACardOrGivesTheReason) {
     const auto card = [this](const QString &fields) { return windows.surroundings().card(record(fields)); };
     EXPECT_TRUE(card(u"200=1 $a红楼梦$f曹雪芹"_s).contains(u"红楼梦"));
     EXPECT_EQ(card(u"300=  $a附注"_s), u"没有正题名,无法显示卡片!");

@@ -54,7 +54,7 @@ TEST_F(TaskOffer, WritesTheChangedRecordsAndTheReasonsOfTheOthers) {
     EXPECT_TRUE(report(u"某"_s, tidy::TargetForm::Utf8Iso).startsWith(u"任务“某”改了 2 条记录！"_s));
 }
 
-TEST_F(TaskOffer, RefusesWhatCannotBeDoneOnAFile) {
+TEST_F(TaskOffer, RefusesTasksThatCannotRunOnAFile) {
     keep(u"全关"_s, uR"({"action": "deleteField", "tag": "801", "off": true})"_s);
     keep(u"校对"_s, uR"({"if": {"is": "noRemark", "rules": "甲"}, "action": "deleteField", "tag": "801"})"_s);
     EXPECT_EQ(change(u"全关"_s, tidy::TargetForm::GbkIso).failure().description, u"任务“全关”没有启用的步骤"_s);

@@ -78,7 +78,7 @@ TEST(BatchProof, ReportsRecordFieldAndRowOfEachFault) {
               }));
 }
 
-// What the other proofs report is not reported again.
+// Faults that the other proofs report are not reported again.
 TEST(BatchProof, ValidatesAgainstTheSchemaInForce) {
     const TestFolder folder;
     folder.file(u"cnmarc-schema.json"_s,

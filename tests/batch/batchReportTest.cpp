@@ -110,7 +110,7 @@ TEST(RecordDraw, IsRepeatedByItsSeedAndLeavesEmptyRowsOut) {
     EXPECT_EQ(drawn, (std::vector<int>{15, 227, 263, 419, 455, 499, 501, 723, 779, 977})); // on every machine
     EXPECT_NE(drawRows(*store, 1000, 8), drawn);
     EXPECT_EQ(drawRows(*store, 20, 7), (std::vector<int>{1, 3, 5, 7, 9, 11, 13, 15, 17, 19}));
-    EXPECT_LT(drawRows(*store, 40, 7).back(), 40); // what the run reached
+    EXPECT_LT(drawRows(*store, 40, 7).back(), 40); // only rows that the run reached
     EXPECT_EQ(drawRows(*store, 2000, 7).size(), 10U);
     EXPECT_TRUE(drawRows(marc::PreReadStore(), 20, 7).empty());
 

@@ -1,4 +1,4 @@
-// Looks up the records of a batch in SQLite files: what does not depend on the server.
+// Looks up the records of a batch in SQLite files: behaviour that does not depend on the server.
 #include "duplicatesTest.h"
 
 using namespace batch;
@@ -24,7 +24,7 @@ TEST(Duplicates, WalkTheWholeTable) {
     EXPECT_LE(mostAtOnce, 1000U) << "a step lasts too long";
 }
 
-TEST(Duplicates, ReportWhatCouldNotBeReadAndContinue) {
+TEST(Duplicates, ReportTablesThatCannotBeReadAndContinue) {
     const TestDatabase database;
     database.run(u"drop table taoluTable; insert into zsk (zskid,isbn) values (3,'9787020012596');"_s);
     const QStringList records{u"010=  $a7020012590"_s};

@@ -1,4 +1,4 @@
-// The list of remarks against a model that filters and counts by going through everything.
+// The list of remarks against a model that filters and counts by visiting all of them.
 #include "batch/remarkList.h"
 #include "batch/refusedRecords.h"
 #include "schema/schemaReader.h"
@@ -82,7 +82,7 @@ TEST(RemarkList, AgreesWithAModelAfterAnyActs) {
                     model.silenced.push_back(rule);
                 else
                     std::erase(model.silenced, rule);
-                [[fallthrough]]; // what is kept is what is read
+                [[fallthrough]]; // the stored rules are those that are read
             case 1: {
                 SilencedRules rules;
                 for (const SilencedRule &each : model.silenced)
@@ -148,7 +148,7 @@ TEST(RemarkList, IsEmptiedInShortSteps) {
     EXPECT_EQ(steps, 3);
 }
 
-TEST(RefusedRecords, AreInTheOrderOfTheListAndStillThere) {
+TEST(RefusedRecords, AreInTheOrderOfTheListAndRemain) {
     marc::PreReadStore store;
     store.setRows(3);
     const NotImported rest{.refused = {{2, u"重复"_s}, {store.rowCount(), u"不在了"_s}},
@@ -163,7 +163,7 @@ TEST(RefusedRecords, AreInTheOrderOfTheListAndStillThere) {
     EXPECT_EQ(reasons.join(u' '), u"重复 跳过"_s);
 }
 
-TEST(RuleBook, NamesAndExplainsWhatIsWrong) {
+TEST(RuleBook, NamesAndExplainsFaults) {
     const RuleBook book(smallSchema());
     using schema::Check;
     const auto remark = [](Check check, qint16 tag, char16_t code = schema::noCode, qint8 indicator = 0,

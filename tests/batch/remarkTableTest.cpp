@@ -29,7 +29,7 @@ struct RemarkTableTest : testing::Test {
 
 } // namespace
 
-TEST_F(RemarkTableTest, HasRoomForItsTexts) {
+TEST_F(RemarkTableTest, HasSpaceForItsTexts) {
     QStringList headings;
     for (int column = 0; column < table.grid->columns(); ++column)
         headings.append(table.grid->text(0, column));

@@ -58,7 +58,7 @@ struct RemarksPaneTest : testing::Test {
     QString lastJump() const {
         return u"%1 %2 %3"_s.arg(jumps.last().record).arg(jumps.last().fieldRow).arg(jumps.last().moment);
     }
-    // Returns what the report says about the last run.
+    // Returns the text of the report about the last run.
     QString reported() {
         QString facts;
         QTimer::singleShot(0, pane.get(), [&facts] {
@@ -81,7 +81,7 @@ struct RemarksPaneTest : testing::Test {
 
 } // namespace
 
-TEST_F(RemarksPaneTest, ProofsLooksUpAndJumpsToTheRecord) {
+TEST_F(RemarksPaneTest, ChecksLooksUpAndJumpsToTheRecord) {
     EXPECT_TRUE(proof().remarkText->isReadOnly() && !pane->stopButton->isVisible());
     EXPECT_TRUE(pane->toRefusedButton->isHidden() && pane->toProofButton->isHidden());
     EXPECT_TRUE(pane->reportButtons->schemaButton->isHidden() && !pane->skipBox->isEnabled());
@@ -96,7 +96,7 @@ TEST_F(RemarksPaneTest, ProofsLooksUpAndJumpsToTheRecord) {
         EXPECT_TRUE(pane->stopButton->isVisible());
         EXPECT_GT(pane->stopButton->y(), proof().filterBar->geometry().bottom());
         if (said.size() == 2)
-            put(0); // already proofed: later remarks about it refer to the previous version
+            put(0); // already checked: later remarks about it refer to the previous version
     };
     pane->proofAll();
     EXPECT_TRUE(said.value(1).startsWith(u"正在校对：2/3，发现 3 处　"_s)) << said.join(u'\n').toStdString();
@@ -173,7 +173,7 @@ TEST_F(RemarksPaneTest, SilencesARuleUntilItIsTakenBack) {
     EXPECT_GT(proof().remarkText->minimumHeight(), height);
 }
 
-TEST_F(RemarksPaneTest, StepsThroughWhatIsListed) {
+TEST_F(RemarksPaneTest, StepsThroughTheListedRemarks) {
     const auto step = [this](int by) -> QString {
         const RemarksPane::Step step = pane->step(by);
         return (step.place ? u"%1 %2 "_s.arg(step.place->record).arg(step.place->fieldRow) : QString()) + step.words;

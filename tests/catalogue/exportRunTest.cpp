@@ -28,7 +28,7 @@ protected:
         list.CmdDcgl[Export]->click();
     }
     // Calls `act` when the program yields after the record with this number.
-    void behindRecord(int number, const std::function<void()> &act) {
+    void afterRecord(int number, const std::function<void()> &act) {
         host.onYield = [this, number, act, yields = 0]() mutable {
             if (++yields == number)
                 act();
@@ -111,7 +111,7 @@ TEST_F(ExportRunTest, StopsOnlyAfterAQuestion) {
     for (const auto &[answer, written] : {std::pair(platform::Answer::No, 10), {platform::Answer::Yes, 4}}) {
         host.boxes.clear();
         host.willAnswer(answer);
-        behindRecord(4, [this] { list.CmdDcgl[Stop]->click(); });
+        afterRecord(4, [this] { list.CmdDcgl[Stop]->click(); });
         path = folder.path(u"%1.iso"_s.arg(written));
         list.CmdDcgl[Export]->setEnabled(true); // a stop has disabled it
         host.onShow = [&, asked = false, all = written]() mutable {
@@ -125,7 +125,7 @@ TEST_F(ExportRunTest, StopsOnlyAfterAQuestion) {
 }
 
 TEST_F(ExportRunTest, ClosesTheFileSilentlyWhenItsWindowCloses) {
-    behindRecord(4, [this] {
+    afterRecord(4, [this] {
         list.unload();
         EXPECT_TRUE(list.isVisible()); // the run still uses the window
         EXPECT_EQ(records().size(), 4);
@@ -140,7 +140,7 @@ TEST_F(ExportRunTest, TheKeyThatEndsTheProgramClosesTheFile) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&list));
     list.Grid1->setFocus();
     Q_EMIT list.labDaochu->aboutToShow(); // no run yet
-    behindRecord(4, [this] {
+    afterRecord(4, [this] {
         Q_EMIT list.labDaochu->aboutToShow();
         EXPECT_EQ(records().size(), 4);
         QTest::keyClick(list.Grid1, Qt::Key_F, Qt::ControlModifier);
@@ -152,7 +152,7 @@ TEST_F(ExportRunTest, TheKeyThatEndsTheProgramClosesTheFile) {
 }
 
 TEST_F(ExportRunTest, ContinuesWithTheRowsListedAndIgnoresASecondPress) {
-    behindRecord(4, [this] {
+    afterRecord(4, [this] {
         list.CmdDcgl[Export]->click();
         load(u"zskid Between 11 And 17"_s);
     });
@@ -163,7 +163,7 @@ TEST_F(ExportRunTest, ContinuesWithTheRowsListedAndIgnoresASecondPress) {
 }
 
 TEST_F(ExportRunTest, WritesEmptyRecordsSilentlyWhenRowsCannotBeRead) {
-    behindRecord(2, [this] { database.run(u"drop table zsk;"_s); });
+    afterRecord(2, [this] { database.run(u"drop table zsk;"_s); });
     run();
     EXPECT_EQ(host.texts(), QStringList{finalWord(10, path)});
     EXPECT_EQ(records().count(exportRecord({})), 8);

@@ -97,7 +97,7 @@ TEST_F(QueryFrmTest, ClearsBackToTheEmptyMaskAndAllSortFields) {
 }
 
 // A value that cannot be compared remains in its box until the type of the field changes or all is cleared.
-TEST_F(QueryFrmTest, AValueThatIsNoNumberIsNotAdded) {
+TEST_F(QueryFrmTest, AValueThatIsNotANumberIsNotAdded) {
     EnteredQuery last;
     last.orderWords = u"'著者'降"_s;
     QueryFrmdel store(host);

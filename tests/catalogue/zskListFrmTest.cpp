@@ -170,7 +170,7 @@ TEST_F(ZskListFrmTest, PrintsTheListedRows) {
     EXPECT_EQ(first.join(u' '), u"书名=呐喊 著者=鲁迅著 分类号=I210.6 出版社=人民文学出版社 馆藏册数=3"_s);
 }
 
-TEST_F(ZskListFrmTest, EndsTheProgramOnTheKeyThatHasNoQueryBehindIt) {
+TEST_F(ZskListFrmTest, EndsTheProgramOnTheKeyWithoutAQuery) {
     list.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&list));
     list.Grid1->setFocus();

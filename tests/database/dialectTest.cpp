@@ -170,7 +170,7 @@ TEST(Servers, AreRecognisedByTheNamesOfDriverAndServer) {
     }
 }
 
-TEST(Whereabouts, AreWhatAPersonKnows) {
+TEST(Whereabouts, NameDatabaseServerAndFile) {
     const auto told = [](const QString &text) {
         const database::Whereabouts found = database::whereabouts(text);
         return QStringList{found.name, found.server, found.file}.join(u'|');

@@ -85,8 +85,8 @@ TEST(Link, AMissingFileIsNotCreated) {
     EXPECT_FALSE(QFile::exists(database.file()) || QFile::exists(sourceFile));
 }
 
-// Other failures are reported as the driver reports them.
-TEST(Link, AFileThatIsNoDatabaseIsThereNevertheless) {
+// Only a missing file is reported as missing; other failures are reported as the driver reports them.
+TEST(Link, AFileThatIsNotADatabaseIsNotReportedAsMissing) {
     const TestFolder folder;
     database::LinkPool links;
     const QString file = folder.file(u"a.sqlite"_s, QByteArray(4096, 'x'));

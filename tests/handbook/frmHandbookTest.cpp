@@ -150,7 +150,7 @@ TEST_F(HandbookTest, SearchBeginsWhereThePageIsVisible) {
         EXPECT_EQ(view()->currentMark(), last);
     }
     for (const auto &[step, place] : {std::pair(1, u"index.md0"_s), {-1, u"c.md399"_s}}) {
-        view()->open(u"b.md"_s); // without the words: continues on the first or the last page that has them
+        view()->open(u"b.md"_s); // without the words: continues on the first or the last page that contains them
         step > 0 ? window->next() : window->previous();
         EXPECT_EQ(view()->file() + QString::number(view()->currentMark()), place);
     }
@@ -242,7 +242,7 @@ TEST_F(HandbookTest, AnotherFontOrPaletteFormatsThePageAgain) {
 }
 
 // Qt blocks every window that is not before the modal one.
-TEST_F(HandbookTest, StandsBeforeTheModalWindow) {
+TEST_F(HandbookTest, StaysInFrontOfTheModalWindow) {
     const auto before = [this] { return window->windowHandle()->transientParent(); };
     EXPECT_EQ(before(), front.windowHandle());
     auto modal = std::make_unique<QDialog>();

@@ -131,7 +131,7 @@ TEST(Hits, CountEachAndQuoteTheFirst) {
     }
 }
 
-TEST(Pages, ThePageIsThatOfTheInnermostWidgetThatHasOne) {
+TEST(Pages, ThePageIsThatOfTheInnermostWidgetWithAPage) {
     const std::pair<QStringList, QString> rows[] = {
         {{u"Text1"_s, u"Picture1"_s, u"frmDaoru"_s, u"marcMain"_s}, u"editing.md"_s},
         {{u"Text1"_s, u"frmMarcKaPian"_s, u"frmDaoru"_s, u"marcMain"_s}, u"card.md"_s},

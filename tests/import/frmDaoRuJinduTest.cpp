@@ -87,7 +87,7 @@ TEST_F(FrmDaoRuJinduTest, RunsOnceAndReportsEachStep) {
 }
 
 // The empty row after the record that is left out repeats the result before it.
-TEST_F(FrmDaoRuJinduTest, LeavesOutTheRecordsThatTheUserDoesNotWant) {
+TEST_F(FrmDaoRuJinduTest, LeavesOutTheRecordsThatTheUserExcluded) {
     list({u"甲"_s, u"乙"_s, u"丙"_s, u"丁"_s});
     frmDaoRuJindu window(host, database.state, records);
     window.leaveOut({{1, {}}, {3, {}}});

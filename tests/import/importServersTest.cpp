@@ -30,7 +30,7 @@ TEST_P(ImportIntoServersTest, AnInsertedRowIsKnownByItsKey) {
 
 // Titles made of the 324 characters whose low byte looks like that of a surrogate. scripts/check-memory runs this test
 // with more records under a memory checker, because heap damage by a driver shows nowhere else.
-TEST_P(ImportIntoServersTest, TitlesThatLookLikeHalvesOfPairsGoInWhole) {
+TEST_P(ImportIntoServersTest, TitlesThatLookLikeHalvesOfPairsAreStoredWhole) {
     const int count = qEnvironmentVariableIsSet("RECORDS") ? qEnvironmentVariableIntValue("RECORDS") : 100;
     QStringList titles;
     for (int i = 0; i < count; ++i) {

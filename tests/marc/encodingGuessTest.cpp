@@ -95,7 +95,7 @@ TEST(EncodingShapes, LookChineseByTheirShares) {
 }
 
 // Each row has one form more or less than another that is guessed otherwise.
-TEST(EncodingGuess, TurnsAtItsThresholds) {
+TEST(EncodingGuess, ChangesAtItsThresholds) {
     using enum FileEncoding;
     const auto times = [](const char *form, int count) { return QByteArray(form).repeated(count); };
     const QByteArray big = times("\xB9\xFA ", 2000), wide = QByteArray("2\0", 2).repeated(5);

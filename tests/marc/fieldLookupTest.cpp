@@ -29,7 +29,7 @@ TEST(ReadZd, ReturnsTheFirstMatchInDirectoryOrder) {
     }
 }
 
-TEST(ReadZd, FailsAsAWholeOnlyInWhatItHasToRead) {
+TEST(ReadZd, FailsOnlyInPartsThatItMustRead) {
     const QString data = real(u"1 <a题名|"_s);
     const std::pair<QString, QString> cases[] = {
         {u"200000900000"_s, u"题名"_s},

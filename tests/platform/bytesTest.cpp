@@ -170,7 +170,7 @@ TEST(Writers, ReportAFullDiskInEachLaterCall) {
     EXPECT_FALSE(SavedFile::create(folder.path()) || SavedFile::create(folder.path(u"no/file"_s)));
 }
 
-// Compared with a list of the rows that are shown.
+// Compared with a list of the shown rows.
 TEST(ShownRows, MatchAListOfTheRows) {
     Dice dice(8);
     for (int round = 0; round < 500; ++round) {

@@ -74,7 +74,7 @@ TEST(SchemeWatch, ReportsChangesOfItsSettingAlone) {
 }
 
 namespace {
-// Answers for the desktop: each question is noted, each answer is 1, in a variant of its own.
+// Answers for the desktop: each call is noted, each answer is 1, in a variant of its own.
 class Portal final : public QDBusVirtualObject {
 public:
     QString introspect(const QString &) const override { return {}; }

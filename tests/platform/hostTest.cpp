@@ -45,7 +45,7 @@ TEST(Host, AFileToWriteHasASuffixAndIsReplacedOnlyIfTheUserAgrees) {
     EXPECT_EQ(host.boxes[0].preselected, Answer::No);
 }
 
-TEST(RunBoxes, KeepsATickedTextBack) {
+TEST(RunBoxes, SuppressesATickedText) {
     ScriptedHost host;
     RunBoxes boxes(host);
     boxes.tell(u"一"_s);

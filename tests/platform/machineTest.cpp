@@ -32,7 +32,7 @@ TEST(Settings, AreReadAsWritten) {
     EXPECT_FALSE(Settings(file + u"/below").write(u"a"_s, u"b"_s, u"c"_s, u"d"_s));
 }
 
-// QSettings takes a file with the size and the time of the one that it knows for the same file.
+// QSettings takes a file of the same size and time for the one that it has cached.
 TEST(Settings, AReplacedFileHasALaterTime) {
     const TestFolder folder;
     const Settings settings(folder.path());
@@ -45,7 +45,7 @@ TEST(Settings, AReplacedFileHasALaterTime) {
     standing.close();
     ASSERT_TRUE(write(u"2"_s));
     EXPECT_EQ(QFileInfo(file).lastModified(), future.addMSecs(1));
-    // What is in the way is not removed, and the settings stay.
+    // An obstacle is not removed, and the settings stay.
     ASSERT_TRUE(QDir(folder.path()).mkpath(u"应用.ini.making/x"_s));
     EXPECT_FALSE(write(u"3"_s));
     EXPECT_EQ(settings.read(u"应用"_s, u"a"_s, u"key"_s, u"none"_s), u"2");
@@ -81,7 +81,7 @@ TEST(DeskState, ReadsWhatEarlierVersionsKept) {
         EXPECT_TRUE(row.read == row.stored) << row.key.toStdString();
 }
 
-TEST(RecentFiles, OfOneNameAreToldApartByTheirFolders) {
+TEST(RecentFiles, OfOneNameAreDistinguishedByTheirFolders) {
     EXPECT_EQ(recentNames({u"/甲/2026/一月.iso"_s, u"/乙/2026/一月.iso"_s, u"/甲/一月.iso"_s, u"/甲/二月.iso"_s}),
               (QStringList{u"一月.iso（甲/2026）"_s, u"一月.iso（乙/2026）"_s, u"一月.iso（甲）"_s, u"二月.iso"_s}));
     EXPECT_EQ(recentNames({u"/甲/一月.iso"_s, u"/甲/甲/一月.iso"_s}),

@@ -20,7 +20,7 @@ TEST(BoundedExpression, IsRefusedOrMatchesInBoundedTime) {
         {uR"(^\\\u4E00$)"_s, uR"(\一)"_s, true},
         {u"^A$"_s, u"a"_s, true},
         {u"(?:a+)+b|x"_s, u"aax"_s, true},
-        {u"(?:a+)+b|x"_s, QString(u"a"_s.repeated(18) + u'x'), false}, // given up
+        {u"(?:a+)+b|x"_s, QString(u"a"_s.repeated(18) + u'x'), false}, // stopped after too many steps
     };
     for (const auto &[expression, text, matches] : rows)
         EXPECT_EQ(
@@ -42,7 +42,7 @@ TEST(Numbers, AreReadByOneRule) {
         {u"9999999999"_s, 9999999999.0, {}, 9999999999.0},
         {u"-2147483648"_s, -2147483648.0, std::numeric_limits<qint32>::min(), -2147483648.0},
         {u"-2147483649"_s, -2147483649.0, {}, -2147483649.0},
-        {u"4294967297"_s, 4294967297.0, {}, 4294967297.0}, // one, if it overflowed
+        {u"4294967297"_s, 4294967297.0, {}, 4294967297.0}, // 1, if it overflowed
         {u"1/"_s, none, {}, 1},
         {u"1:"_s, none, {}, 1},
         {u"1.2.3"_s, none, {}, 1.2},

@@ -77,7 +77,7 @@ TEST(QtHost, ReturnsWhetherTheTickOfABoxIsSet) {
     }
 }
 
-// What Esc, the close button, Enter and each button of a box answer.
+// The answer of a box to Esc, the close button, Enter and each button.
 TEST(QtHost, BoxesAnswerByTheirButtonsAndKeys) {
     const TestFolder folder;
     QtHost host{Settings(folder.path())};

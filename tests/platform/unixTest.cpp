@@ -1,4 +1,4 @@
-// What only Unix has: permissions, pipes and devices, accounts, signals.
+// Features that only Unix has: permissions, pipes and devices, accounts, signals.
 #include "platform/byteFile.h"
 #include "platform/byteWriter.h"
 #include "platform/deskState.h"

@@ -206,7 +206,7 @@ TEST(RecordProofs, FollowTheTemplate) {
     EXPECT_EQ(faults(), 0);
 }
 
-// The template is read again only if its time or its size has changed, and is looked at once in an interval.
+// The template is read again only if its time or its size has changed, and is checked once per interval.
 TEST(RecordProofs, ReadTheTemplateOnce) {
     const ProgramFolder folder(u""_s);
     const auto write = [&](const QString &rules, int secs) {

@@ -51,7 +51,7 @@ TEST_F(SchemaWindowTest, RefusesABrokenSchemaWithFileKeyAndReason) {
     EXPECT_EQ(shown() + chosenSchema(host.settings()), shipped + u"|own\n字段 1 个，规则 0 条");
     EXPECT_TRUE(changed.isEmpty());
 
-    // A chosen file that breaks later is named in the window.
+    // The window names a chosen file that is damaged later.
     choose(R"({"title": "other", "fields": {}})");
     folder.file(u"other.json"_s, "{");
     frmSchema later(host, inForce);

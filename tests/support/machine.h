@@ -1,4 +1,4 @@
-// What tests ask of the system besides Qt.
+// Functions of the system for tests, in addition to Qt's.
 #pragma once
 
 #include <QString>

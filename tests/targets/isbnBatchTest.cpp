@@ -70,7 +70,7 @@ TEST(IsbnList, IsbnsAreFoundInColumnsAndLines) {
     }
 }
 
-TEST(IsbnBatch, WhatTheFirstTargetLacksIsAskedForInTheNext) {
+TEST(IsbnBatch, IsbnsThatOneTargetLacksAreLookedUpInTheNext) {
     const TestFolder folder;
     const QStringList isbns = sampleIsbns();
     IsbnBatch batch({madeUpRecords(), openCatalogue()}, atOnce); // the first one answers with other books
@@ -136,7 +136,7 @@ TEST(IsbnBatch, ADamagedJournalIsRefusedByItsLine) {
     }
 }
 
-TEST(IsbnBatch, ATargetThatFailsIsDroppedAndTheRestIsNotCalledMissing) {
+TEST(IsbnBatch, ATargetThatFailsIsDroppedAndItsIsbnsAreNotMissing) {
     const TestFolder folder;
     Target dead = openCatalogue();
     dead.name = u"dead"_s;
@@ -150,7 +150,7 @@ TEST(IsbnBatch, ATargetThatFailsIsDroppedAndTheRestIsNotCalledMissing) {
     EXPECT_EQ(dropped, QStringList{u"dead"_s});
     EXPECT_EQ(batch.words(), u"找到 6，未找到 0，未查成 2"_s);
     EXPECT_TRUE(batch.outcome(0).why.startsWith(u"dead：连不上"));
-    IsbnBatch again({openCatalogue()}, atOnce); // what failed is asked for again
+    IsbnBatch again({openCatalogue()}, atOnce); // ISBNs that failed are looked up again
     ASSERT_TRUE(again.resume(folder.path(u"j"_s)));
     run(again);
     EXPECT_EQ(again.words(), u"找到 6，未找到 2"_s);

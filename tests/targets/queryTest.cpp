@@ -26,7 +26,7 @@ QByteArray composed(const Query &query, const Target &target) {
 
 } // namespace
 
-TEST(Isbn, EachSpellingIsAskedFor) {
+TEST(Isbn, EachSpellingIsQueried) {
     const std::pair<QString, QStringList> rows[] = {
         {u"978-7-02-000220-7"_s, {u"9787020002207"_s, u"702000220X"_s, u"978-7-02-000220-7"_s, u"7-02-000220-X"_s}},
         {u"702000220x (精装)"_s, {u"9787020002207"_s, u"702000220X"_s, u"978-7-02-000220-7"_s, u"7-02-000220-X"_s}},

@@ -66,7 +66,7 @@ TEST(Decoder, AnAnswerIsReadInItsCharset) {
     }
 }
 
-TEST(Decoder, WhatIsNoRecordIsRefusedWithAReason) {
+TEST(Decoder, AnAnswerThatIsNotARecordIsRefusedWithAReason) {
     const std::pair<QByteArray, QString> rows[] = {
         {"", u"! 不是机读目录记录"_s},
         {QByteArray(100, '\x1E'), u"! 不是机读目录记录"_s},

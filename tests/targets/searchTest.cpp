@@ -74,7 +74,7 @@ Target with(Target target, auto change) {
 
 } // namespace
 
-TEST(Search, EachWayToAskGivesTheSameRecords) {
+TEST(Search, EachTargetGivesTheSameRecords) {
     const std::pair<const char *, Target> ways[] = {
         {"UNIMARC in GB18030", openCatalogue()},
         {"USMARC in UTF-8", openCatalogue(Syntax::Usmarc)},
@@ -107,7 +107,7 @@ TEST(Search, EachWayToAskGivesTheSameRecords) {
     }
 }
 
-TEST(Search, AFaultIsToldInWordsWithoutThePassword) {
+TEST(Search, AFaultIsReportedInWordsWithoutThePassword) {
     const QString secret = u"Geheim-7"_s;
     const std::tuple<Target, Query, QString> rows[] = {
         {with(gbkCatalogue(), [](Target &t) { t.queryCharset = QueryCharset::Utf8; }),
@@ -142,7 +142,7 @@ TEST(Search, AServerThatRepeatsThePasswordDoesNotShowIt) {
     EXPECT_EQ(faultOf(error, target).words, u"服务器答：bad ***（Bib-1 3000）：(***)"_s);
 }
 
-// A line of the memory that the process has, in KiB.
+// Returns the value of a line of /proc/self/status, in KiB.
 qint64 statusOf(const char *line) {
     QFile status(u"/proc/self/status"_s);
     if (!status.open(QIODevice::ReadOnly))
@@ -151,7 +151,7 @@ qint64 statusOf(const char *line) {
     return all.mid(all.indexOf(line) + qsizetype(qstrlen(line)), 20).trimmed().split(' ').constFirst().toLongLong();
 }
 
-// Resets the peak of the memory; returns what the process has now.
+// Resets the peak of the memory; returns the memory in use.
 qint64 forgetPeak() {
     QFile peak(u"/proc/self/clear_refs"_s);
     if (peak.open(QIODevice::WriteOnly))
@@ -159,13 +159,13 @@ qint64 forgetPeak() {
     return statusOf("VmRSS:");
 }
 
-TEST(Search, AServerThatMisbehavesCostsItsLimitAndNoMore) {
+TEST(Search, AServerThatMisbehavesCostsNoMoreThanItsLimits) {
     constexpr qint64 mostMemory = 64 << 10; // KiB, also with a sanitizer
     const int real = portOf(u"open"_s);
     const std::tuple<Misconduct, int, bool, QString> rows[] = {
         {Misconduct::Silent, 0, false, u"0.4 秒内没有连上"_s},
         {Misconduct::Silent, 1, false, u"0.6 秒内没有答完"_s},
-        {Misconduct::Silent, 2, false, u"0.6 秒内没有答完"_s}, // the records do not come
+        {Misconduct::Silent, 2, false, u"0.6 秒内没有答完"_s}, // the records do not arrive
         {Misconduct::Silent, 0, true, u"0.6 秒内没有答完"_s},
         {Misconduct::ClosesAtOnce, 0, false, u"连接就断了"_s},
         {Misconduct::ClosesInTheMiddle, 1, false, u"读不懂"_s},
@@ -195,7 +195,7 @@ TEST(Search, AServerThatMisbehavesCostsItsLimitAndNoMore) {
     }
 }
 
-// It gives USMARC in UTF-8 with the answer to a search, and UNIMARC in GB18030 if asked for records.
+// The server sends USMARC in UTF-8 with the answer to a search, and UNIMARC in GB18030 if records are requested.
 TEST(Search, RecordsOfAnotherSyntaxAreFetchedAgain) {
     const RogueServer rogue(Misconduct::OtherSyntax, 0, portOf(u"open"_s));
     Asked run({with(openCatalogue(), [&](Target &t) {
@@ -210,7 +210,7 @@ TEST(Search, RecordsOfAnotherSyntaxAreFetchedAgain) {
     }
 }
 
-TEST(Search, ADeadServerHoldsNobodyAndStopEndsItAtOnce) {
+TEST(Search, ADeadServerBlocksNothingAndStopEndsItAtOnce) {
     const RogueServer dead(Misconduct::Silent, 0, portOf(u"open"_s));
     Asked run({with(openCatalogue(), [&](Target &t) { t.port = dead.port(); }), openCatalogue()});
     run.search.start({.title = u"红楼梦"_s});
@@ -241,7 +241,7 @@ TEST(Search, ManyHitsAreFetchedInPortionsUpToTheBounds) {
     EXPECT_LT(bounded.progress().bytes, 60'000);
 }
 
-TEST(Search, ATestTellsWhatTheServerIsAndHowItsAnswerLooks) {
+TEST(Search, ATestReportsTheServerAndItsAnswer) {
     const std::tuple<Target, bool, QString> rows[] = {
         {openCatalogue(), true, u"服务器：Zebra Information Server/GFS/YAZ"_s},
         {openCatalogue(), true, u"检索 ISBN 7-02-000220-X：3 条；第一条是“红楼梦”"_s},

@@ -1,4 +1,4 @@
-// What becomes of fetched records: the file, and the comparison with the current record.
+// Records that are taken: the file, and the comparison with the current record.
 #include "marc/recordCutter.h"
 #include "platform/codepage936.h"
 #include "support/testFolder.h"

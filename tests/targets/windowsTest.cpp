@@ -1,4 +1,4 @@
-// The windows of the search and of the targets, against real servers, and what they show.
+// The windows of the search and of the targets, against real servers, and the texts that they show.
 #include "catalogueServers.h"
 #include "support/scriptedHost.h"
 #include "targets/fieldComparison.h"
@@ -86,7 +86,7 @@ TEST(FoundRecords, ShowsEachRecordAndMarksSameBooks) {
     EXPECT_EQ(found.text(1, FoundRecords::KnownColumn), u"同第 1 条");
 }
 
-TEST(TargetShelf, StoresEachChangeAndRefusesWhatIsWrong) {
+TEST(TargetShelf, StoresEachChangeAndRefusesFaults) {
     const TestFolder folder;
     TargetShelf shelf(folder.path());
     const int shipped = shelf.count();
@@ -124,7 +124,7 @@ TEST(SearchWords, TakenWordsNameTheFirstLosses) {
     EXPECT_TRUE(takenWords(taken).endsWith(u"第 8 条\r\n……共 9 条"));
 }
 
-TEST_F(Windows, ASearchFillsTheTableAndWhatIsTickedIsWritten) {
+TEST_F(Windows, ASearchFillsTheTableAndTickedRecordsAreWritten) {
     keep({openCatalogue(), {.name = u"死"_s, .host = u"127.0.0.1"_s, .port = 1}, gbkCatalogue()}, {u"open"_s, u"死"_s});
     frmSearch form(host, surroundings());
     form.show();
@@ -159,7 +159,7 @@ TEST_F(Windows, ASearchFillsTheTableAndWhatIsTickedIsWritten) {
     EXPECT_FALSE(form.isVisible());
 }
 
-TEST_F(Windows, ASearchThatFindsNothingSaysWhatToTry) {
+TEST_F(Windows, ASearchThatFindsNothingGivesAdvice) {
     keep({openCatalogue(), {.name = u"死"_s, .host = u"127.0.0.1"_s, .port = 1}}, {});
     frmSearch form(host, surroundings());
     form.show();
@@ -221,7 +221,7 @@ TEST_F(Windows, ATargetIsEditedTestedAndKept) {
     EXPECT_FALSE(form.isVisible());
 }
 
-TEST_F(Windows, ABatchIsStoppedAndGoesOnInAnotherWindow) {
+TEST_F(Windows, ABatchIsStoppedAndContinuesInAnotherWindow) {
     keep({openCatalogue()}, {});
     host.remembered().keep(platform::kept::batchPause, 0);
     const TargetShelf shelf(host.remembered().folderFor(platform::kept::targets));

@@ -52,7 +52,7 @@ TEST(ChangeWords, AsMuchAsPossibleRemains) {
     }
 }
 
-TEST(ChangeWords, WhatRemainsOfBothTextsIsTheSame) {
+TEST(ChangeWords, TheRestOfBothTextsIsTheSame) {
     Dice dice(5);
     for (int round = 0; round < 500; ++round) {
         const int longest = round % 50 == 0 ? 600 : 12;

@@ -60,7 +60,7 @@ marc::RawRecord book(const QString &title, const QString &more = {}) {
 
 } // namespace
 
-TEST(ListHistory, WhatIsUndoneIsWhatWasThere) {
+TEST(ListHistory, UndoingRestoresTheReplacedRecords) {
     const QStringList tasks{
         uR"({"action": "replace", "tag": "200", "code": "a", "find": "题", "with": "書名"})"_s,
         uR"({"action": "addField", "tag": "905", "content": "##$a{序号:4}", "when": "always"})"_s,
@@ -186,7 +186,7 @@ TEST(ListHistory, ChangesOfOneStepAreLeftOutOneByOne) {
     EXPECT_EQ(out, u"x-x-----");
 }
 
-TEST(ListHistory, WhatTheWriterCannotKeepIsRefused) {
+TEST(ListHistory, ChangesThatTheWriterCannotKeepAreRefused) {
     const struct {
         QString step;
         QString why;

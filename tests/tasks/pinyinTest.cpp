@@ -1,4 +1,4 @@
-// The readings of titles: those of titles.txt, which are known, and those that the sample records have.
+// The readings of titles: those of titles.txt, which are known, and those in the sample records.
 #include "tasks/pinyin.h"
 #include "support/testFolder.h"
 #include "taskRows.h"
@@ -13,7 +13,7 @@ PinyinReader &reader() {
     return opened;
 }
 
-// Counts syllables that are right, and those that are right or marked.
+// Counts syllables that are correct, and those that are correct or marked.
 struct Share {
     int all = 0;
     int right = 0;

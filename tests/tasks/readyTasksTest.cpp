@@ -56,7 +56,7 @@ TEST(ReadyTasks, DoWhatTheirNamesSay) {
 
 // The list rebuilds a changed record as after an edit by hand: 001 is new, 105, 106, 110 and 115 are omitted, data
 // fields are in the order of their tags. A file keeps all of that.
-TEST(ReadyTasks, FileToFileGivesTheSameAsListToListButForTheFieldsThatTheListRebuilds) {
+TEST(ReadyTasks, FilesAndListsDifferOnlyInFieldsThatTheListRebuilds) {
     const TestFolder folder;
     const QByteArray source = sample();
     const QString file = folder.file(u"source.iso"_s, source);
@@ -99,7 +99,7 @@ TEST(ReadyTasks, ATaskWithoutEffectLeavesEveryByte) {
     EXPECT_EQ(folder.read(u"t.iso"_s), sample());
 }
 
-TEST(ReadyTasks, OnAFileARecordThatCannotBeChangedIsWrittenAsItWasAndListed) {
+TEST(ReadyTasks, ARecordOfAFileThatCannotBeChangedIsWrittenAsItWasAndListed) {
     const TestFolder folder;
     TaskRun run = runOf(uR"({"if": {"is": "contains", "tag": "200", "text": "呐喊"}, "action": "addField", "tag": "300",
         "content": "##$a𠮷"})"_s);

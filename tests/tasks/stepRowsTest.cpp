@@ -7,7 +7,7 @@ using namespace tasks;
 
 namespace {
 
-// Checks one step after the other, and that what a change list says agrees with what was done.
+// Checks one step after the other, and that the list of changes agrees with the changes made.
 struct Rows {
     QString json;
     QString before;

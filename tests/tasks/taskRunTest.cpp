@@ -1,4 +1,4 @@
-// What holds for every task: failures leave the record, nothing else changes, a list of changes tells everything.
+// Properties of every task: a failure leaves the record, nothing else changes, and the list of changes is complete.
 #include "support/dice.h"
 #include "support/recordText.h"
 #include "taskRows.h"
@@ -61,7 +61,7 @@ TEST(TaskRun, ChangesOnlyWhatItListsAndIsUndoneByTheRecordBefore) {
     EXPECT_GT(changed, 200);
 }
 
-TEST(TaskRun, LeavesTheRecordAsItWasAndTellsWhy) {
+TEST(TaskRun, LeavesTheRecordAsItWasAndGivesTheReason) {
     const QString longText(9'000, u'x');
     const struct {
         QString steps;

@@ -30,7 +30,7 @@ struct TaskShelfTest : testing::Test {
 
 } // namespace
 
-TEST_F(TaskShelfTest, KeepsTheTasksOfTheUserBesideTheReadyOnes) {
+TEST_F(TaskShelfTest, KeepsTheTasksOfTheUserNextToTheReadyOnes) {
     TaskShelf shelf(ready, own);
     EXPECT_EQ(shelf.add(task).value(), 1);
     Task odd = task;
@@ -54,7 +54,7 @@ TEST_F(TaskShelfTest, KeepsTheTasksOfTheUserBesideTheReadyOnes) {
     EXPECT_FALSE(TaskShelf(ready, {}, u"没有地方"_s).add(task));
 }
 
-TEST_F(TaskShelfTest, AFileThatIsNoTaskIsListedAndStays) {
+TEST_F(TaskShelfTest, AFileThatIsNotATaskIsListedAndStays) {
     const QByteArray broken = R"({"format": "task", "version": 9})";
     folder.file(u"own/坏.json"_s, broken);
     TaskShelf shelf(ready, own);

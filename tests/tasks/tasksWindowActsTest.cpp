@@ -1,4 +1,4 @@
-// What acts in the window of tasks change in it and in the user's files.
+// The effects of actions in the window of tasks on it and on the user's files.
 #include "support/windowState.h"
 #include "tasksWindow.h"
 #include "widgets/styleTokens.h"
@@ -57,7 +57,7 @@ TEST_F(TasksWindowActs, TasksAreCopiedRenamedAndDeleted) {
     EXPECT_EQ(form.taskBar->taskBox->currentIndex(), 0);
 }
 
-TEST_F(TasksWindowActs, AFileThatIsNoTaskIsShownWithItsFault) {
+TEST_F(TasksWindowActs, AFileThatIsNotATaskIsShownWithItsFault) {
     QFile broken(taskFolder() + u"坏.json");
     ASSERT_TRUE(broken.open(QIODevice::WriteOnly) && broken.write("[]") == 2);
     broken.close();
@@ -69,7 +69,7 @@ TEST_F(TasksWindowActs, AFileThatIsNoTaskIsShownWithItsFault) {
     EXPECT_TRUE(form.taskBar->deleteButton->isEnabled());
 }
 
-TEST_F(TasksWindowActs, WhatIsEditedIsSoonInTheFile) {
+TEST_F(TasksWindowActs, EditsAreSoonInTheFile) {
     frmTasks &form = openWith(price);
     EXPECT_EQ(form.focusWidget(), form.taskBar->taskBox);
     const auto stored = [this] { return readTaskFile(taskFolder() + u"a.json").value(); };

@@ -57,7 +57,7 @@ TEST_F(TasksWindow, PreviewsRunsAndUndoes) {
     EXPECT_FALSE(form.undoButton->isEnabled());
 }
 
-TEST_F(TasksWindow, LeadsToTheRecordOfAChange) {
+TEST_F(TasksWindow, OpensTheRecordOfAChange) {
     frmTasks &form = openWith(uR"({"action": "tidyText", "tag": "010", "code": "d", "what": "price"})"_s);
     form.previewButton->click();
     ASSERT_TRUE(done());
@@ -72,7 +72,7 @@ TEST_F(TasksWindow, LeadsToTheRecordOfAChange) {
     EXPECT_EQ(jumps.back().record, 0);
 }
 
-TEST_F(TasksWindow, WhatCannotBeRunIsSaidAtItsBox) {
+TEST_F(TasksWindow, AFaultIsReportedAtItsBox) {
     frmTasks &form = open();
     EXPECT_FALSE(form.stepsPage->addButton->isEnabled()) << "a ready task";
     form.taskBar->newButton->click();

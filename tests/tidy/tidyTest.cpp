@@ -154,7 +154,7 @@ TEST(Tidy, DamagedDirectoriesAreRepairedOrTheRecordIsKeptUnchanged) {
     }
 }
 
-TEST(Tidy, WhatTheFormCannotHoldIsKeptByteForByte) {
+TEST(Tidy, RecordsThatDoNotFitTheFormAreKeptByteForByte) {
     const Folder folder;
     const QString good = recordOf(u"200=10$a甲"_s);
     const auto oneField = [](const QString &field) -> QString {

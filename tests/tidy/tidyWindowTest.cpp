@@ -131,7 +131,7 @@ TEST(FrmTidy, TheChosenEncodingIsShownAndRead) {
     desk.letLook();
     form.Text1[0]->setText(fileOf("\xCA\xE9"));
     choose(SourceEncoding::Utf8);
-    choose(SourceEncoding::Gbk); // before the survey has told that the file is not XML
+    choose(SourceEncoding::Gbk); // before the survey has found that the file is not XML
     EXPECT_EQ(form.sampleText->text(), u"200 10\u001Fa书\r\n"_s);
     form.Text1[0]->setText(fileOf("Genevi\xE8ve"));
     choose(SourceEncoding::Automatic);

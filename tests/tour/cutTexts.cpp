@@ -84,7 +84,7 @@ bool hidesItems(const QWidget &widget) {
     return widget.objectName() == u"qt_menubar_ext_button" || widget.objectName() == u"qt_toolbar_ext_button";
 }
 
-// A layout that has too little room lays its labels over each other.
+// A layout that has too little space places its labels over each other.
 void addOverlaps(QStringList &cut, const QList<QWidget *> &widgets) {
     QList<const QLabel *> labels;
     for (const QWidget *widget : widgets)

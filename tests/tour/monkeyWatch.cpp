@@ -87,7 +87,7 @@ void MonkeyWatch::opened(QWidget *window) {
                              u"the read behind an import"_s);
 }
 
-// What an earlier start has left may be put back into the list.
+// Drafts of an earlier start may be restored into the list.
 void MonkeyWatch::workspaceOpened(workspace::frmDaoru &desk) {
     m_takenOver = 0;
     connect(desk.draftBar, &workspace::DraftBar::restoreWanted, this,

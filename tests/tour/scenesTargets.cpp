@@ -33,7 +33,7 @@ targets::Target local(const QString &name, int port, targets::QueryCharset chars
             .tested = true};
 }
 
-// Two catalogues, whose queries are in UTF-8 and in GBK, and one at a port where nobody listens.
+// Two catalogues, whose queries are in UTF-8 and in GBK, and one at a port without a server.
 void keepTargets() {
     const auto folder = platform::DeskState().folderFor(platform::kept::targets);
     if (!folder)
@@ -105,7 +105,7 @@ targets::frmIsbnBatch *batchWindow() {
     return TourDriver::find<targets::frmIsbnBatch>(u"frmIsbnBatch"_s);
 }
 
-// Looks up 300 ISBNs, stops, leaves the window, and goes on in another one.
+// Looks up 300 ISBNs, stops, leaves the window, and continues in another one.
 void lookUpIsbns(TourDriver &driver) {
     constexpr int all = 300, unknown = 20, before = 100;
     tick(driver, {true, false, false});
@@ -195,7 +195,7 @@ void fetchRecords(TourDriver &driver) {
     lookUpIsbns(driver);
     takeAndCompare(driver);
     importTaken(driver);
-    // The catalogue of the tour's database knows the imported book now.
+    // The catalogue of the tour's database now has the imported book.
     search(driver, u"isbnEdit"_s, u"7-02-889802-4"_s);
     driver.waitUntil(u"the mark of the store"_s, [] {
         return searchWindow()->found().text(0, targets::FoundRecords::KnownColumn).contains(u"套录库");

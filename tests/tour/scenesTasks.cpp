@@ -1,4 +1,4 @@
-// A day's work on a supplier's file by keys alone: clean the batch by a ready task, look at records, undo, run again,
+// A day's work on a supplier's file by keys alone: clean the batch by a ready task, view records, undo, run again,
 // import.
 #include "tasks/windows/frmTasks.h"
 #include "tour/errands.h"
@@ -58,7 +58,7 @@ void refuseStep(TourDriver &driver) {
     driver.answerBox(u"确实要删除任务“新任务”吗？"_s, u"y"_s);
 }
 
-// Imports a file that is no task, then one with an expression that takes too long on a record.
+// Imports a file that is not a task, then one with an expression that takes too long on a record.
 void refuseFiles(TourDriver &driver) {
     const auto import = [&](const QByteArray &json) {
         QFile file(pathOf(u"task.json"_s));
@@ -81,7 +81,7 @@ void refuseFiles(TourDriver &driver) {
     driver.answerBox(u"确实要删除任务“慢”吗？"_s, u"y"_s);
 }
 
-// Goes to a changed record and comes back.
+// Goes to a changed record and returns.
 void look(TourDriver &driver) {
     driver.key(u"alt+q"_s);
     driver.waitForWindow(u"frmDaoru"_s, u"tasks-looked"_s);

@@ -199,7 +199,7 @@ void TourDriver::answerBox(const QString &text, const QString &chord, const QStr
     const auto level = [] { return QThread::currentThread()->loopLevel(); };
     const int ofBox = look(level);
     key(chord);
-    // The command that showed the box goes on after the box is gone, and may move the focus.
+    // The command that showed the box continues after the box has closed, and may move the focus.
     waitUntil(u"box gone: " + text,
               [&] { return !boxWithText(text) && (QApplication::activeModalWidget() || level() < ofBox); });
 }
@@ -234,7 +234,7 @@ void TourDriver::shot(const QString &name) {
 
 void TourDriver::keepFront(const QString &name, const QImage &screen) {
     const auto frame = [] {
-        // The frame that a widget knows may be the one from before the window manager has dealt with the window.
+        // The frame geometry of a widget may be outdated until the window manager has processed the window.
         const QWidget *front = QApplication::activeWindow();
         const QWindow *window = front ? front->windowHandle() : nullptr;
         return window && window->frameGeometry() != window->geometry() ? window->frameGeometry() : QRect();

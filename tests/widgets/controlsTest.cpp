@@ -1,4 +1,4 @@
-// Small controls: the text box, what a run disables, and what is remembered of a window.
+// Small controls: the text box, the controls that a run disables, and the remembered state of a window.
 #include "platform/desktop/faces.h"
 #include "support/testFolder.h"
 #include "support/windowState.h"

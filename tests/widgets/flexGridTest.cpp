@@ -168,7 +168,7 @@ TEST_F(FlexGridTest, CellsMoveWithTheirRowsAndTheCurrentNumberStays) {
     EXPECT_TRUE(taken().isEmpty()) << "changes by the program send no signals";
 }
 
-TEST_F(FlexGridTest, TheViewLearnsOfEachChange) {
+TEST_F(FlexGridTest, TheViewIsNotifiedOfEachChange) {
     QStringList told;
     QObject::connect(grid.model(), &QAbstractItemModel::dataChanged, [&](const auto &from, const auto &to) {
         told.append(u"%1,%2-%3,%4"_s.arg(from.row()).arg(from.column()).arg(to.row()).arg(to.column()));

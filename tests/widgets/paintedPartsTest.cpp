@@ -1,4 +1,4 @@
-// What the style and small parts paint, told by the colours of pixels, and their places in their widgets.
+// The painting of the style and of small parts, checked by the colours of pixels and their places in their widgets.
 #include "support/qtPrinters.h"
 #include "widgets/choiceList.h"
 #include "widgets/clickLabel.h"
@@ -79,7 +79,7 @@ struct Marking final : FlexGridDelegate {
     std::optional<CellMark> markOf(const QModelIndex &) const override { return CellMark{Mark::Error, end}; }
 };
 
-TEST(PaintedParts, AMarkIsBesideTheTextOfItsCell) {
+TEST(PaintedParts, AMarkIsNextToTheTextOfItsCell) {
     for (const bool atEnd : {false, true}) {
         QStandardItemModel model(1, 1);
         model.setData(model.index(0, 0), QString(200, u'█'));

@@ -5,7 +5,7 @@
 
 using namespace widgets;
 
-TEST(ReportFace, WrapsLinesAndLeavesOutWhatDrawsNothing) {
+TEST(ReportFace, WrapsLinesAndLeavesOutInvisibleCharacters) {
     const QPrinter printer(QPrinter::HighResolution);
     const ReportFace face(reportFont(10, QFont::Bold), &printer);
     EXPECT_TRUE(reportFont(10).pointSizeF() == 10 && reportFont(10, QFont::Bold).weight() == QFont::Bold);
@@ -18,7 +18,7 @@ TEST(ReportFace, WrapsLinesAndLeavesOutWhatDrawsNothing) {
     EXPECT_GT(face.wrapped(u"书"_s.repeated(100), 2000).size(), 2);
 }
 
-TEST(ReportFace, WhatIsQuicklySeenToFitDoesFit) {
+TEST(ReportFace, TheFastTestAgreesWithTheLayout) {
     const QPrinter printer(QPrinter::HighResolution);
     ReportFace face(reportFont(10), &printer);
     const QString characters = u"书，AVTofi1 \t\n\u2028\u0301\u200b\u0627\u0644。（㊀"_s;

@@ -20,7 +20,7 @@
 
 using namespace widgets;
 
-// Of a block that is wrapped, and between blocks; a click finds the place below it.
+// Within a block that is wrapped, and between blocks; a click finds the place below it.
 TEST(TextBox, LinesAreAsFarApartAsSet) {
     TextBox box(u"box"_s);
     box.setLineHeight(1.5);

@@ -1,4 +1,4 @@
-// What the style paints, element by element, as the tokens whose colours a picture has and where they are. The scheme
+// The painting of the style, element by element, as the tokens whose colours a picture has and their places. The scheme
 // is the dark one, in which every token has a colour of its own.
 #include "support/qtPrinters.h"
 #include "widgets/deskStyle.h"

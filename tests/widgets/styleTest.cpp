@@ -37,7 +37,7 @@ TEST_P(StyleTest, TextAndEdgesHaveContrast) {
 }
 INSTANTIATE_TEST_SUITE_P(Schemes, StyleTest, testing::Values(Scheme::Light, Scheme::Dark));
 
-TEST(Scheme, WhatIsDisabledLooksDifferent) {
+TEST(Scheme, DisabledControlsLookDifferent) {
     for (const Scheme scheme : {Scheme::Light, Scheme::Dark}) {
         const QPalette palette = schemePalette(scheme);
         EXPECT_EQ(schemeOf(palette), scheme);

@@ -11,7 +11,7 @@
 using namespace widgets;
 
 // The key that opens a modal window may be followed at once by another one, which must not reach the blocked window.
-TEST(Button, AShortcutDoesNotReachBehindAModalWindow) {
+TEST(Button, AShortcutDoesNotReachAWindowBlockedByAModalOne) {
     Window behind(u"behind"_s, {});
     Button button(u"cmd"_s, u"&Q 退出"_s, &behind);
     int clicks = 0;
@@ -108,7 +108,7 @@ TEST(FoldingRow, TakesALineForEachGroupOnlyWhereItIsNarrow) {
     EXPECT_TRUE(becomes(800, false));
 }
 
-// Also if the contents grow while the window is shown; the control with the focus stays in sight.
+// Also if the contents grow while the window is shown; the control with the focus stays visible.
 TEST(Window, ContentsThatAreLargerThanTheScreenScroll) {
     Window window(u"window"_s, {});
     auto *first = new QLineEdit, *last = new QLineEdit, *high = new QLineEdit;
@@ -129,7 +129,7 @@ TEST(Window, ContentsThatAreLargerThanTheScreenScroll) {
     }
 }
 
-TEST(Window, HasItsNamesAndStaysIfItMustNotBeLeft) {
+TEST(Window, HasItsNamesAndStaysIfItMustNotClose) {
     struct Staying final : Window {
         using Window::Window;
         bool stays = true;

@@ -32,7 +32,7 @@ TEST_F(DeskTest, FindsRecordsAndTags) {
     EXPECT_EQ(window.findLine->findCount->text(), QString());
     window.findLine->findText->setText(u"题2"_s);
 
-    change(3, u"改了"_s); // leaving a hit asks as leaving any other record does
+    change(3, u"改了"_s); // leaving a hit asks the same question as leaving any other record
     host.willAnswer(platform::Answer::No);
     QTest::keyClick(window.findLine->findText, Qt::Key_Return);
     EXPECT_TRUE(host.lastBox().text.startsWith(u"本条记录已经改变"_s));
@@ -58,7 +58,7 @@ TEST_F(DeskTest, FindsRecordsAndTags) {
     EXPECT_EQ(window.record().row(window.Grid1->row()).identifier, u"200"_s) << "the next record opens there";
 }
 
-TEST_F(DeskTest, TabGoesThroughTheWindowAsItIsRead) {
+TEST_F(DeskTest, TabFollowsTheReadingOrder) {
     auto &window = load(1);
     pane.empty = false;
     window.show();
@@ -91,7 +91,7 @@ TEST_F(DeskTest, TabGoesThroughTheWindowAsItIsRead) {
 }
 
 // Only one editor at a time, and no command without a record.
-TEST_F(DeskTest, KeysDoNothingWhereTheyMustNot) {
+TEST_F(DeskTest, KeysDoNothingInAnEditorOrWithoutARecord) {
     auto &window = load(1);
     window.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));

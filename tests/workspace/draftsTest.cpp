@@ -71,7 +71,7 @@ TEST_F(DraftFileTest, DraftsAreReadOnlyForTheSameFile) {
     EXPECT_FALSE(DraftFile(folder.path(u"没有/"_s), source).setAside(changed));
 }
 
-TEST_F(DraftFileTest, WhatCannotBeTrustedIsSetAside) {
+TEST_F(DraftFileTest, DamagedAndForeignFilesAreSetAside) {
     const QByteArray good = bytesOf(path());
     const QByteArray heading = good.left(good.indexOf('\n') + 1);
     const QByteArray draft = R"({"row":3,"origin":"","record":"r"})"
@@ -151,7 +151,7 @@ TEST_F(DraftFileTest, SpecialAndTooLargeFilesAreNotRead) {
 }
 
 // Thousands of drafts are written in parts, and only what changed.
-TEST_F(DraftFileTest, WhatIsAppendedReplacesWhatWasThere) {
+TEST_F(DraftFileTest, AppendedDraftsReplaceEarlierOnes) {
     DraftFile file(in(), source);
     EXPECT_TRUE(file.append({}, {4}));
     EXPECT_EQ(names(u"*.json"_s).size(), 0);
@@ -176,7 +176,7 @@ TEST_F(DraftFileTest, WhatIsAppendedReplacesWhatWasThere) {
     EXPECT_TRUE(file.needsWhole(1));
 }
 
-TEST_F(DraftFileTest, AreThoseOfTheFileUnderAnyOfItsPaths) {
+TEST_F(DraftFileTest, DraftsAreFoundByAnyPathOfTheFile) {
     ASSERT_TRUE(file().write({{1, {u"z"_s, {}}}}, {}));
     ASSERT_TRUE(QFile::link(source, folder.path(u"link.iso"_s)) && QDir(folder.path()).mkdir(u"sub"_s));
     for (const QString &path : {folder.path(u"link.iso"_s), folder.path(u"sub/../书.iso"_s)})
@@ -184,7 +184,7 @@ TEST_F(DraftFileTest, AreThoseOfTheFileUnderAnyOfItsPaths) {
     EXPECT_TRUE(DraftFile(in(), folder.path(u"没有.iso"_s)).read().value().drafts.isEmpty());
 }
 
-TEST_F(DraftFileTest, AFullDiskIsReportedAndLeavesWhatWasThere) {
+TEST_F(DraftFileTest, AFullDiskIsReportedAndKeepsTheOldDrafts) {
     const QByteArray before = bytesOf(path());
     const Drafts large{{1, {QString(100'000, u'书'), {}}}};
     {
@@ -197,7 +197,7 @@ TEST_F(DraftFileTest, AFullDiskIsReportedAndLeavesWhatWasThere) {
     EXPECT_TRUE(file().write(large, {}));
 }
 
-TEST(DraftBook, ARecordThatIsAgainThatOfTheFileNeedsNoDraft) {
+TEST(DraftBook, ARecordThatEqualsTheFileAgainNeedsNoDraft) {
     DraftBook book;
     book.taken(3, u"file"_s, u"one"_s);
     book.taken(3, u"one"_s, u"two"_s);

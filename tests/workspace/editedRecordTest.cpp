@@ -3,7 +3,7 @@
 
 using namespace workspace;
 
-TEST(EditedRecord, WarningsOfWhatIsLost) {
+TEST(EditedRecord, WarnsOfLosses) {
     EditedRecord record;
     record.show(recordOf({{u"461"_s, u" 0$1200$a题$v3"_s}, {u"410"_s, u" 0$12001 $a题"_s}}), u"/nowhere/"_s, {});
     ASSERT_TRUE(record.row(3).value.contains(QChar(0x1F))); // too short for indicators

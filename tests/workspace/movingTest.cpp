@@ -63,7 +63,7 @@ TEST_F(MovingTest, LeavingAnEditedRecordAsks) {
     }
 }
 
-TEST_F(MovingTest, AnEditedRecordGoesIntoTheImportAndIsAskedAbout) {
+TEST_F(MovingTest, AnEditedRecordIsImportedAfterAQuestion) {
     auto &window = load(2);
     window.record().edit({.row = 4, .text = u"新名"_s});
     const QString made = window.madeMyMarc();

@@ -175,7 +175,7 @@ TEST(SelectMarcFile, RefusesAndOpens) {
     EXPECT_FALSE(window.isVisible());
 }
 
-TEST(SelectMarcFile, EnterIsForTidyingWhereTheFileWillBeReadWrong) {
+TEST(SelectMarcFile, EnterTidiesAFileThatWouldBeReadWrongly) {
     ScriptedHost host;
     QStringList ways;
     std::function<void()> whileOpen = [] {};

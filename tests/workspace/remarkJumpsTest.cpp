@@ -86,7 +86,7 @@ TEST_F(RemarksTest, JumpToTheFieldWhereItIsNow) {
     EXPECT_TRUE(status().contains(u"列表里没有第 4 条记录"_s));
 }
 
-TEST_F(RemarksTest, JumpToAFieldThatIsThenVisible) {
+TEST_F(RemarksTest, JumpMakesTheFieldVisible) {
     auto &window = open(2);
     window.cmdProofAll->click(); // shows the pane
     for (int i = 0; i < 60; ++i)

@@ -26,7 +26,7 @@ struct WorkspaceModel {
         int version = 0; // of the record file
         Drafts changed;
         Drafts left;
-        // Returns what a start reads: the newest draft of each row, and the older ones.
+        // Returns the drafts that a start reads: the newest of each row, and the older ones.
         std::pair<Drafts, Drafts> means() const {
             std::pair<Drafts, Drafts> found{changed, {}};
             for (auto draft = left.begin(); draft != left.end(); ++draft)

@@ -1,4 +1,4 @@
-/* A driver manager for trials under Wine, whose own one leads to the drivers of the host, which know no drive letters.
+/* A driver manager for trials under Wine, whose own one loads the drivers of the host, which have no drive letters.
    All calls go to the SQLite driver of the package (odbc32.def); only the list of data sources is made here, from the
    part of the registry that belongs to the user. Not part of the package. */
 #include <windows.h>

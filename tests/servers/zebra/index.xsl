@@ -1,4 +1,4 @@
-<!-- What the catalogue of the tests can be searched by. -->
+<!-- The indexes of the catalogue of the tests. -->
 <xsl:stylesheet version="1.0" xmlns:xsl="http://www.w3.org/1999/XSL/Transform"
                 xmlns:m="http://www.loc.gov/MARC21/slim" xmlns:z="http://indexdata.com/zebra-2.0">
  <xsl:template match="text()"/>
