@@ -88,7 +88,7 @@ platform::Status prepareDatabase(const Place &place) {
     if (!QFile::exists(place.file)) {
         platform::Status made = makeDatabase(place);
         if (made)
-            std::printf("The embedded database stands in %s\n", name.constData());
+            std::printf("The embedded database is %s\n", name.constData());
         return made;
     }
     const auto mended = mendDatabase(place);

@@ -19,6 +19,7 @@ QByteArray recordBytes(const QString &record);
 // Counts the characters that a file in code page 936 cannot contain and that become "?".
 class LostCharacters {
 public:
+    // Counts those of a record; `key` is that of its row.
     void look(const QString &record, qint64 key);
     // Returns how many there are, which characters, and in which records; empty if there are none.
     QString words() const;

@@ -19,6 +19,7 @@ qint64 countByte(QByteArrayView bytes, char wanted);
 // Reads a plain file from start to end.
 class ByteReader {
 public:
+    // Fails if the file is missing, unreadable or not a plain file.
     static Result<ByteReader> open(const QString &path);
     ByteReader(ByteReader &&) noexcept;
     ByteReader &operator=(ByteReader &&) noexcept;

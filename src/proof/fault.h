@@ -23,6 +23,7 @@ struct Fault {
     QString words;                    // one or more lines, separated by CR LF
 };
 
+// Returns the words of all faults, each in the frame of its kind; an empty text if there are none.
 QString report(const std::vector<Fault> &faults);
 
 } // namespace proof

@@ -39,7 +39,7 @@ struct SubfieldRules : ValueRules {
 };
 
 struct TypedRules : ValueRules {
-    RecordTypes types = 0; // 0: a name that is no type; never applies
+    RecordTypes types = 0; // 0: the name is not a type; never applies
 };
 
 struct FieldRules : ValueRules { // the values are those of a flat field

@@ -37,7 +37,7 @@ public:
         std::vector<Outcome> outcomes; // one for each ISBN; pending if the journal has none
     };
     // Reads the file and adds to it from then on. A last line that was not completed is removed. Fails with the number
-    // of the line if another one is damaged; the file stays unchanged then.
+    // of the line if another one is damaged; the file then stays unchanged.
     platform::Result<Contents> resume(const QString &path);
     // Adds an outcome, found or missing.
     platform::Status add(int row, const Outcome &outcome);

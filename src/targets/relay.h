@@ -18,6 +18,7 @@ public:
     explicit Relay(const Target &target);
     ~Relay() override;
 
+    // Listens on a free port of the loopback interface.
     platform::Status open();
     quint16 port() const { return m_server.serverPort(); }
     bool isConnected() const; // to the server, and encrypted if the target is

@@ -34,7 +34,7 @@ platform::Result<DraftStore::Opened> DraftStore::open(const platform::Result<QSt
     }
     m_file = std::move(file);
     m_book.leave(found.value().drafts);
-    // The file still contains the older ones, or lacks what was taken over before its folder was available.
+    // The file still contains the older drafts, or lacks those made before its folder was available.
     opened.isDue = !older.isEmpty() || m_book.takenCount() > 0;
     if (!opened.isDue)
         m_written.revision = m_book.revision();
@@ -92,7 +92,7 @@ platform::Status DraftStore::append(const std::set<int> &rows, const std::option
     return m_file->append(changed, gone);
 }
 
-// Returns a text about where they are now. Drafts that cannot be set aside remain in left().
+// Returns a text about where the drafts are now. Drafts that cannot be set aside remain in left().
 QString DraftStore::setAside(const Drafts &drafts) {
     const auto path = m_file->setAside(drafts);
     if (path)

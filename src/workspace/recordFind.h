@@ -17,10 +17,10 @@ public:
     enum class Place { Title, WholeRecord, Number };
     enum class Direction { Next, Previous };
 
-    // `currentRow` returns the row from which the next step goes on.
+    // `currentRow` returns the row from which the next step continues.
     RecordFind(const marc::PreReadStore &records, std::function<int()> currentRow);
 
-    // Sets what is looked for, and begins the search for words.
+    // Sets the text to search for, and begins the search for words.
     void look(Place place, const QString &text);
     // Discards the results. Call when records of the list have changed.
     void forget();

@@ -177,7 +177,7 @@ TEST_F(ReportWindowTest, MayBeClosedBeforeItIsMade) {
     window->close();
     window.reset();
     QCoreApplication::processEvents();
-    ASSERT_TRUE(open(0)); // no record was proofed
+    ASSERT_TRUE(open(0)); // no record was checked
     EXPECT_FALSE(window->notes->isVisible());
     window->pages->setFocus();
     QTest::keyClick(window->focusWidget(), Qt::Key_Tab);

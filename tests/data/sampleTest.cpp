@@ -32,7 +32,7 @@ QList<std::pair<char, QByteArray>> subfieldsOf(const RawField &field) {
     return subfields;
 }
 
-// Returns the remainder of the weighted sum of the digits, with "X" as 10; 0 if the check digit is right.
+// Returns the remainder of the weighted sum of the digits, with "X" as 10; 0 if the check digit is correct.
 int remainder(const QByteArray &digits, bool isbn13) {
     int sum = 0;
     for (qsizetype i = 0; i < digits.size(); ++i) {

@@ -144,7 +144,7 @@ TEST(Generator, GivesTheSameBytesForTheSameSeed) {
               "f3284be1a9dd03a2a2116f331a3924d6c53452db");
 }
 
-// In place of the database: nothing, an empty file, a database that lost a table, a file that is no database.
+// In place of the database: nothing, an empty file, a database that lost a table, a file that is not a database.
 TEST(PrepareDesk, CreatesADatabaseOrItsTablesAndReportsIt) {
     const QTemporaryDir folder;
     const QString database = folder.filePath(u"library.db"_s);
@@ -162,7 +162,7 @@ TEST(PrepareDesk, CreatesADatabaseOrItsTablesAndReportsIt) {
     const auto sql = [&](const QString &statement) { return run(u"sqlite3"_s, {database, statement}).trimmed(); };
     const QString books = u"select count(*)>20 from zsk"_s;
 
-    EXPECT_TRUE(prepare().contains(u"stands in "_s + database));
+    EXPECT_TRUE(prepare().contains(u"database is "_s + database));
     EXPECT_EQ(sql(books), u"1"_s);
     EXPECT_EQ(prepare(), QString());
     sql(u"drop table sck; insert into taoluTable (bookname) values ('甲')"_s);

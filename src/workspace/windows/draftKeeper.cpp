@@ -134,7 +134,7 @@ std::vector<int> DraftKeeper::changedRows() const {
     return rows;
 }
 
-// Returns the record of the grid, including what is being typed.
+// Returns the record of the grid, including the text being typed.
 std::optional<DraftStore::Grid> DraftKeeper::grid() const {
     const std::optional<CellChange> typing = m_typing();
     const RecordState state = typing ? m_record.with(*typing) : m_record.state();
