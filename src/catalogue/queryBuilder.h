@@ -54,10 +54,10 @@ struct Term {
     QString words;
     bool compares; // to the value as typed; false if a quote in the value may change the meaning of the statement
 };
-// All terms of a group must be true, and at least one group.
+// A group is true if all its terms are; a query is true if at least one of its groups is.
 using TermGroup = QList<Term>;
 
-// What was entered for a query.
+// The conditions and the order entered for a query.
 struct EnteredQuery {
     TermGroup current; // not merged yet
     QList<TermGroup> merged;
@@ -88,7 +88,7 @@ public:
     const QString &lOrderby() const { return m_entered.orderWords; }
     const QStringList &sortLabels() const { return m_entered.sortLabels; }
 
-    // What was entered so far, and entering it again instead of what is there, for the same fields.
+    // The conditions and the order entered so far. enter() replaces them, for the same fields.
     const EnteredQuery &entered() const { return m_entered; }
     void enter(const EnteredQuery &query) { m_entered = query; }
 

@@ -15,7 +15,7 @@ namespace database {
 
 class Link {
 public:
-    // What the owner of the links passes to a new one.
+    // The data that the owner of the links passes to a new one.
     struct Facts {
         QStringList tables;                // spelled as in the schema scripts
         int number;                        // unique among the links of a process

@@ -19,7 +19,7 @@ RawRecord decodeLines(QByteArrayView bytes, const QList<qsizetype> &lineEnds);
 // line is ignored.
 class RecordJoiner {
 public:
-    // Of a record that is not in one piece, at most `mostHeld` bytes are held.
+    // At most `mostHeld` bytes are held of a record that is not in one piece.
     explicit RecordJoiner(qsizetype mostHeld = std::numeric_limits<qsizetype>::max())
         : m_mostHeld(mostHeld) {}
 

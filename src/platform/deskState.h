@@ -1,7 +1,7 @@
-// What the program remembers between starts: the values and folders that kept.h lists. It is kept in the user's state
-// folder, apart from the settings, and no other account can read it. The remembered values are optional: if their file
-// is damaged, too large, not a plain file or cannot be written, nothing is remembered and nothing is reported.
-// folderFor() does report a folder that cannot be made.
+// The state that the program remembers between starts: the values and folders that kept.h lists. It is kept in the
+// user's state folder, apart from the settings, and no other account can read it. The remembered values are optional:
+// if their file is damaged, too large, not a plain file or cannot be written, nothing is remembered and nothing is
+// reported. folderFor() does report a folder that cannot be made.
 #pragma once
 
 #include "platform/kept.h"

@@ -39,7 +39,7 @@ private:
 
 using Paths = std::vector<Path>;
 
-// What is compared: the values of paths, a text, or a number computed from paths.
+// A side of a comparison: the values of paths, a text, or a number computed from paths.
 struct Operand {
     enum class Kind { Values, Text, Count, Length, Year, Isbn, Isbns, Today, ThisYear };
     Kind kind = Kind::Values;

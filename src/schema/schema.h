@@ -1,4 +1,4 @@
-// A schema compiled to tables: what a format allows, in the terms of the Avram schema language, family "marc".
+// A schema compiled to tables: the definitions of a format, in the terms of the Avram schema language, family "marc".
 #pragma once
 
 #include "schema/codeList.h"
@@ -16,7 +16,7 @@ using CodeListUse = std::optional<std::shared_ptr<const CodeList>>;
 
 struct PositionRules;
 
-// What a value must conform to. Everything that is absent is not checked.
+// The rules that a value must conform to. A rule that is absent is not checked.
 struct ValueRules {
     std::shared_ptr<const Pattern> pattern;
     CodeListUse codes = std::shared_ptr<const CodeList>();

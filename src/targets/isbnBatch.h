@@ -1,6 +1,6 @@
 // Looks up a list of ISBNs in several targets, in the user's order: an ISBN that a target does not have is looked up in
-// the next one. Of the records in one answer that have the ISBN, the one with the most essential fields is taken, or
-// the first of several such. Targets are queried at the same time for different ISBNs, each as Politeness allows.
+// the next one. Among the records in one answer that have the ISBN, the first of those with the most essential fields
+// is taken. Targets are queried at the same time for different ISBNs, each as Politeness allows.
 #pragma once
 
 #include "targets/batchJournal.h"

@@ -61,10 +61,10 @@ QFrame *hairline(QWidget *parent);
 // Makes a hidden control keep its space, so that other controls do not move.
 void keepPlace(QWidget *control);
 
-// Sets the name by which a screen reader knows the control. Of a combo box it reads the current entry as the name, so
-// the name also becomes its description and that of its open list.
+// Sets the name of the control for a screen reader. For a combo box, a screen reader reads the current entry as the
+// name, so the name also becomes its description and that of its open list.
 void nameForReader(QWidget *control, const QString &name);
-// Sets what a screen reader says after the name, such as a hint or a fault. Call it after nameForReader().
+// Sets the text that a screen reader reads after the name, such as a hint or a fault. Call it after nameForReader().
 void describeForReader(QWidget *control, const QString &words);
 // Sets the object name of the control and, if given, its accessible name. Returns the control.
 template <class Control>

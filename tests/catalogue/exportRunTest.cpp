@@ -135,7 +135,7 @@ TEST_F(ExportRunTest, ClosesTheFileSilentlyWhenItsWindowCloses) {
     EXPECT_TRUE(!list.isVisible() && host.boxes.isEmpty());
 }
 
-// What the label reports is in the file when it is painted.
+// When the label is painted, the file contains the records that it reports.
 TEST_F(ExportRunTest, TheKeyThatEndsTheProgramClosesTheFile) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&list));
     list.Grid1->setFocus();

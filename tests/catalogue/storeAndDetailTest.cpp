@@ -227,7 +227,7 @@ TEST_F(TlkListFrmTest, IsSortedByItsHeadings) {
     EXPECT_EQ(titles(), u"ed"_s) << "a query has its own order";
 }
 
-// What the window shows while it works: a loading, a deletion, a save and a close.
+// The texts of the window while it works: a loading, a deletion, a save and a close.
 TEST_F(TlkListFrmTest, ShowsWhatItIsDoing) {
     list.resize(1500, 500);
     list.show();

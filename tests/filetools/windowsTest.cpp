@@ -64,7 +64,7 @@ struct MergeDesk : Desk<frmUnionFile> {
 
 } // namespace
 
-// What a screen reader says, and that no control is missing in the layout.
+// Each control has a name for a screen reader, and none is missing in the layout.
 TEST(FileToolWindows, EachControlIsShownAndNamed) {
     const SplitDesk split;
     const MergeDesk merge;

@@ -1,4 +1,4 @@
-// Drivers under arbitrary names: what a connection needs must not depend on the name of its driver.
+// Drivers under arbitrary names: the settings of a connection must not depend on the name of its driver.
 #include "database/callLimit.h"
 #include "import/daoruClass.h"
 #include "platform/codepage936.h"

@@ -1,4 +1,4 @@
-// What a screen reader finds in the workspace.
+// The texts that a screen reader reads in the workspace.
 #include "workspaceFixture.h"
 #include <QAccessible>
 

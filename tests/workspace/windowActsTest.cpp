@@ -1,4 +1,4 @@
-// What single keys and buttons change in the window of the workspace.
+// The effects of single keys and buttons on the window of the workspace.
 #include "support/windowState.h"
 #include "workspaceFixture.h"
 

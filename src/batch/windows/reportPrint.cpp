@@ -37,7 +37,7 @@ QString nameOf(Colour colour) {
     return widgets::colour(colour, widgets::schemePalette(widgets::Scheme::Light)).name();
 }
 
-// Of the charts in files: in pixels, so that the picture is the same at every resolution of the screen.
+// Returns the font of charts in files, in pixels, so that the picture is the same at every resolution of the screen.
 QFont chartFont(QFont font) {
     constexpr int pixels = 14;
     font.setPixelSize(pixels);
