@@ -2,10 +2,10 @@
 #pragma once
 
 #include "widgets/pacedLabel.h"
+#include "workspace/recordReading.h"
 #include "workspace/statusFacts.h"
 #include "workspace/windows/cellEditors.h"
 #include "workspace/windows/draftKeeper.h"
-#include "workspace/recordReading.h"
 
 namespace workspace {
 
