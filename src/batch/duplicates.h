@@ -21,7 +21,7 @@ public:
     // and a few hundred per step. If a table cannot be read to its end, one more remark reports it; if the server
     // cannot be reached, a single remark does.
     std::vector<Remark> step();
-    // Closes the connection. Call no step() afterwards.
+    // Closes the connection. step() must not be called afterwards.
     void end();
     // Releases a part of the hits that were not reported; returns whether there is more.
     bool dropSome();

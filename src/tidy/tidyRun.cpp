@@ -169,7 +169,7 @@ Status TidyRun::keep() {
             blankBreaks(field.content);
     }
     const RecordChange change = m_change.change ? m_change.change(record) : RecordChange();
-    // What was decoded from GBK without damage can be encoded.
+    // Text that was decoded from GBK without damage can be encoded.
     const bool isGbk = !isXmlSource() && m_charset == platform::Charset::Gbk && m_form == TargetForm::GbkIso;
     QList<char32_t> lacking;
     if (!isGbk || damaged > 0 || m_change.change) {

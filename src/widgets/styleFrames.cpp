@@ -31,9 +31,9 @@ void paintFrame(const Work &work) {
         paintFocusRing(&work.painter, work.option.rect, palette);
 }
 
-// The title stands above the frame.
+// The title is above the frame.
 void paintGroupFrame(const Work &work) {
-    constexpr int belowTitle = 3; // as the layout of Fusion has it
+    constexpr int belowTitle = 3; // as in the layout of Fusion
     const auto *group = qobject_cast<const QGroupBox *>(work.widget);
     const bool titled = group && !group->title().isEmpty();
     const int top = titled ? group->fontMetrics().height() + belowTitle : 0;

@@ -9,7 +9,7 @@ class QPainter;
 
 namespace widgets {
 
-// What a style is asked to paint.
+// An element to paint.
 struct Work {
     const QStyle &style;
     const QStyleOption &option;
@@ -20,7 +20,7 @@ struct Work {
 };
 // Returns whether it painted the element; if not, Fusion paints it.
 using Paint = bool (*)(const Work &work);
-// Makes a Paint of a painter that paints the element always, and of one that needs the option of the element.
+// Make a Paint from a painter that always paints the element, and from one that needs the option of the element.
 template <void (*paint)(const Work &)>
 bool always(const Work &work) {
     paint(work);

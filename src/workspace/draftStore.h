@@ -13,7 +13,7 @@ public:
     // The record of the grid if it differs from the list.
     struct Grid {
         DraftBook::InGrid draft;
-        marc::RawRecord untimed; // the same without a time of rebuilding, to notice that it has not changed
+        marc::RawRecord untimed; // the same without a time of rebuilding, to detect that it has not changed
     };
 
     // Starts over for a record file. open() must follow.

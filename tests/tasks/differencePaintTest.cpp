@@ -7,8 +7,8 @@
 
 using namespace tasks;
 
-// What differs is in sight in a cell that is too narrow for the text; the line through it or below it is as wide.
-TEST(DifferenceDelegate, ShowsWhatDiffersInANarrowCell) {
+// The difference is visible in a cell that is too narrow for the text; the line through it or below it is as wide.
+TEST(DifferenceDelegate, ShowsTheDifferenceInANarrowCell) {
     constexpr int before = 1, after = 2;
     QStandardItemModel model(0, 3);
     const auto add = [&](const QString &shown, const QString &prefix) {

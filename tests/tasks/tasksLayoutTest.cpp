@@ -1,4 +1,4 @@
-// How the pages of the window of tasks use their room.
+// The division of the space in the pages of the window of tasks.
 #include "support/windowState.h"
 #include "tasksWindow.h"
 #include "widgets/styleTokens.h"
@@ -46,7 +46,7 @@ TEST_F(TasksLayout, TheStepsShareTheWidth) {
     EXPECT_FALSE(page.stepList->toolTip().isEmpty() || form.taskBar->copyButton->toolTip().isEmpty());
 }
 
-TEST_F(TasksLayout, ThePreviewGivesItsRoomToTheChanges) {
+TEST_F(TasksLayout, ThePreviewGivesItsSpaceToTheChanges) {
     frmTasks &form = openWith(longStep);
     form.previewButton->click();
     ASSERT_TRUE(done());

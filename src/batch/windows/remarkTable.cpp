@@ -114,7 +114,7 @@ void RemarkTable::fitWidths() {
     constexpr auto characters = std::to_array<int>({5, 8, 3, 4, 8, 12});
     for (int column = 0; const int wide : characters)
         grid->setColumnTwips(column++, grid->toTwips(character * wide));
-    // A line of Chinese may be higher than the font's own, if another font supplies the characters.
+    // A line of Chinese may be higher than the font's own if another font supplies the characters.
     const QRect line = fontMetrics().boundingRect(u"书"_s);
     const int lineHeight = std::max(fontMetrics().lineSpacing(), line.height());
     remarkText->setFixedHeight(textLines * lineHeight + lineHeight / 2);

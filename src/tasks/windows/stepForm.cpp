@@ -64,7 +64,7 @@ protected:
     }
 };
 
-// Removes all rows but the first one, with their controls.
+// Removes all rows except the first, with their controls.
 void clear(QFormLayout *layout) {
     while (layout->rowCount() > 1)
         layout->removeRow(1);
