@@ -26,7 +26,7 @@ std::optional<Refusal> refuseSplit(const QString &source, bool sourceExists, con
     if (*number < leastLimit)
         return Refusal{.text = u"每个拆分文件的最大记录数太小！最好不要小于10！"_s, .focus = Field::Limit};
     const bool hasExtension = target.size() >= 4 && target.at(target.size() - 4) == u'.';
-    if (!hasExtension || !target.contains(separator))
+    if (!hasExtension || platform::folderOf(target, separator).isEmpty())
         return Refusal{}; // required: nothing happens and no message is shown
     return std::nullopt;
 }

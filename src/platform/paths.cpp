@@ -2,17 +2,21 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <algorithm>
 #include <filesystem>
 #include <system_error>
 
 namespace platform {
 
-QString pathWithSlash(const QString &path, QChar separator) {
-    return path.endsWith(separator) ? path : path + separator;
+QString folderOf(const QString &path, QChar separator) {
+    qsizetype last = path.lastIndexOf(separator);
+    if (separator == u'\\')
+        last = std::max(last, path.lastIndexOf(u'/'));
+    return path.left(last + 1);
 }
 
-QString folderOf(const QString &path, QChar separator) {
-    return path.left(path.lastIndexOf(separator) + 1);
+QString pathWithSlash(const QString &path, QChar separator) {
+    return !path.isEmpty() && folderOf(path, separator) == path ? path : path + separator;
 }
 
 bool fileExists(const QString &path) {

@@ -14,10 +14,11 @@ inline constexpr QChar pathSeparator = u'\\';
 inline constexpr QChar pathSeparator = u'/';
 #endif
 
-// Returns the path with a separator at its end, added only if it is missing.
+// Returns the path with a separator at its end, added only if it has none there.
 QString pathWithSlash(const QString &path, QChar separator = pathSeparator);
 
-// Returns the path up to and including its last separator; an empty string if it has none.
+// Returns the path up to and including its last separator; an empty string if it has none. Where `separator` is '\\',
+// '/' separates as well, since Windows takes both.
 QString folderOf(const QString &path, QChar separator = pathSeparator);
 
 // Returns whether the path names an existing file and not a folder.

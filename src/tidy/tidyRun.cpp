@@ -57,7 +57,7 @@ std::optional<Refusal> refuseTidy(const QString &source, const QString &target) 
         return Refusal{.text = u"请选择需要整理的文件！"_s, .focus = Refusal::Field::Source};
     if (!platform::fileExists(source))
         return Refusal{.text = u"文件{"_s + source + u"}不存在！"_s, .focus = Refusal::Field::Source};
-    if (target.isEmpty() || target.endsWith(platform::pathSeparator))
+    if (platform::folderOf(target) == target)
         return Refusal{.text = u"请给出整理后的目标文件！"_s, .focus = Refusal::Field::Target};
     const TidyFiles files(target);
     for (const QString &path : {files.target, files.unreadable, files.unreadableXml, files.ahead}) {

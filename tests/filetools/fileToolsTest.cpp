@@ -3,6 +3,7 @@
 #include "filetools/splitRun.h"
 #include "support/dice.h"
 #include "support/fullDisk.h"
+#include "support/machine.h"
 #include "support/recordFiles.h"
 
 using namespace filetools;
@@ -75,6 +76,7 @@ TEST(TargetPattern, CutsTheTargetForEitherKindOfPath) {
     const std::tuple<QString, QChar, QString, QString, QString> rows[] = {
         {u"/馆/a.iso"_s, u'/', u"/馆/a700.iso"_s, u"/馆/a1000.iso"_s, u"/馆/a7??.iso"_s},
         {u"D:\\m\\b.x.txt"_s, u'\\', u"D:\\m\\b.x700.txt"_s, u"D:\\m\\b.x1000.txt"_s, u"D:\\m\\b.x7??.txt"_s},
+        {u"D:/m/b.txt"_s, u'\\', u"D:/m/b700.txt"_s, u"D:/m/b1000.txt"_s, u"D:/m/b7??.txt"_s},
         {u"/.iso"_s, u'/', u"/700.iso"_s, u"/1000.iso"_s, u"/7??.iso"_s}};
     for (const auto &[target, separator, number700, number1000, mask] : rows) {
         const auto pattern = targetPattern(target, separator);
@@ -108,6 +110,7 @@ TEST(Checks, TheFirstFaultRefusesTheSplit) {
         EXPECT_EQ(refusal->focus, focus) << text.toStdString();
     }
     EXPECT_FALSE(refuseSplit(u"/s"_s, true, u"/t/a.iso"_s, u"10"_s, u'/'));
+    EXPECT_FALSE(refuseSplit(u"s"_s, true, u"D:/t/a.iso"_s, u"10"_s, u'\\'));
 }
 
 TEST(Split, FollowsTheLinesOfTheSource) {
@@ -125,7 +128,7 @@ TEST(Split, FollowsTheLinesOfTheSource) {
     };
     for (const auto &[what, source, total, targets, reported] : rows) {
         files::Folder folder;
-        SplitRun split(folder.write(u"source.iso"_s, source), *targetPattern(folder.path(u"a.iso"_s), u'/'));
+        SplitRun split(folder.write(u"source.iso"_s, source), *targetPattern(folder.path(u"a.iso"_s)));
         EXPECT_EQ(run(split, u"10"_s), QString()) << what;
         EXPECT_EQ(split.total(), total) << what;
         EXPECT_EQ(folder.names().size(), targets.size()) << what;
@@ -223,6 +226,8 @@ TEST(FileTools, AFailureIsReportedAndKeepsWhatWasWritten) {
 // read; a source that grows is read on.
 TEST(FileTools, CountsMatchTheFilesWhenTheSourceChanges) {
     for (const int change : {-1, 0, 1}) {
+        if (change == 0 && !removesOpenFiles())
+            continue;
         files::Folder folder;
         const QString source = folder.write(u"source.iso"_s, lines(50'000)); // more than is read ahead
         SplitRun split(source, *targetPattern(folder.path(u"a.iso"_s)));

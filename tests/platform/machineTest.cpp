@@ -123,6 +123,11 @@ TEST(Paths, UseTheSeparatorOfTheSystem) {
     EXPECT_EQ(pathWithSlash(u""_s, u'/'), u"/");
     EXPECT_EQ(folderOf(u"C:\\a\\b.iso"_s, u'\\'), u"C:\\a\\");
     EXPECT_EQ(folderOf(u"b.iso"_s, u'\\'), u"");
+    // Windows takes both, also in one path; elsewhere '\\' is a character of a name.
+    EXPECT_EQ(pathWithSlash(u"C:/a/"_s, u'\\'), u"C:/a/");
+    EXPECT_EQ(folderOf(u"C:\\a/b.iso"_s, u'\\'), u"C:\\a/");
+    EXPECT_EQ(folderOf(u"C:/a\\b.iso"_s, u'\\'), u"C:/a\\");
+    EXPECT_EQ(folderOf(u"/a\\b.iso"_s, u'/'), u"/");
 }
 
 TEST(Paths, TwoCharactersOfAFileNameAreFree) {
