@@ -183,7 +183,7 @@ constexpr auto recipes = std::to_array<DamageRecipe>({
     {u"damaged/severalonaline.iso", severalOnALine, u"lines with two records"},
     {u"damaged/linefeeds.iso", lineFeedsOnly, u"lines ended by LF alone"},
     {u"damaged/leadbyte.iso", loneLeadByte, u"a line end inside a character, and a lone lead byte before a line end"},
-    {u"damaged/nul.iso", nulBytes, u"NUL bytes in a title and before a record"},
+    {u"damaged/nulbytes.iso", nulBytes, u"NUL bytes in a title and before a record"},
     {u"damaged/utf8.iso", utf8Text, u"records in UTF-8 with the lengths of their GBK form"},
     {u"damaged/utf16.iso", utf16Text, u"records in UTF-16 with a byte order mark"},
     {u"damaged/longfield.iso", longField, u"fields of more than 9,999 bytes"},

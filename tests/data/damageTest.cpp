@@ -60,7 +60,7 @@ TEST(DamageFiles, GoThroughTheProgram) {
         {u"severalonaline.iso"_s, 3, 0, {one, three, four}},
         {u"linefeeds.iso"_s, 1, 0, {one}},
         {u"leadbyte.iso"_s, 4, 0, {one, two, three}},
-        {u"nul.iso"_s,
+        {u"nulbytes.iso"_s,
          3,
          0,
          {QString(one).replace(u"红"_s, QString(2, QChar(0))).replace(u"／(清"_s, u"／("_s),
