@@ -229,9 +229,11 @@ TEST(FileSurvey, CountsWhatTheReaderReadsForAnyDamage) {
 TEST(FileSurvey, AFileThatChangesOrDisappearsIsReported) {
     const TestFolder folder;
     using Change = std::function<bool(QFile &)>;
-    for (const Change &change :
-         {Change([](QFile &file) { return file.resize(file.size() + 9); }),
-          Change([](QFile &file) { return file.resize(100); }), Change([](QFile &file) { return file.remove(); })}) {
+    QList<Change> changes{[](QFile &file) { return file.resize(file.size() + 9); },
+                          [](QFile &file) { return file.resize(100); }};
+    if (removesOpenFiles())
+        changes.append([](QFile &file) { return file.remove(); });
+    for (const Change &change : std::as_const(changes)) {
         QFile file(folder.file(u"f.iso"_s, QByteArray(FileSurvey::stepSize + 100, 'x')));
         auto survey = FileSurvey::open(file.fileName());
         ASSERT_TRUE(survey.value().step().value());

@@ -5,6 +5,7 @@
 #include "platform/shownRows.h"
 #include "support/dice.h"
 #include "support/fullDisk.h"
+#include "support/machine.h"
 #include "support/testFolder.h"
 #include <QFileInfo>
 #include <algorithm>
@@ -50,6 +51,8 @@ TEST(ByteReader, ReportsAFileThatChangesWhileItIsRead) {
               },
               u"在读取中被改动了"_s},
              {[&] { QFile::remove(path); }, u"在读取中不见了"_s}}) {
+        if (words == u"在读取中不见了" && !removesOpenFiles())
+            continue;
         folder.file(u"a"_s, "12345678");
         auto reader = ByteReader::open(path);
         ASSERT_TRUE(reader);

@@ -42,7 +42,7 @@ TEST_F(ProgramFolderTest, IsTheUsersOwnAfterAnInstallation) {
 
 TEST_F(ProgramFolderTest, AnInstalledFileIsTheUsersAndANewerOneIsReportedOnce) {
     const QStringList files{u"a.Qvs"_s, u"b.QVs"_s}, withNewer{u"a.Qvs"_s, u"a.Qvs.new"_s, u"b.QVs"_s};
-    const QStringList newer{to + u"/a.Qvs.new"};
+    const QStringList newer{folder.path(u"data/user/own/a.Qvs.new"_s)};
     expectLaid({}, files, "first start");
     EXPECT_EQ(own(u"b.QVs"_s), "two\r\n");
     folder.file(u"data/user/own/a.Qvs"_s, "mine");

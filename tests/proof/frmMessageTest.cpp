@@ -1,5 +1,6 @@
 #include "proof/windows/frmMessage.h"
 #include "platform/codepage936.h"
+#include "platform/paths.h"
 #include "support/scriptedHost.h"
 #include "support/windowState.h"
 #include <QDir>
@@ -36,7 +37,7 @@ TEST_F(FrmMessageTest, SavesTheTextOfTheBox) {
         window.setText(text);
         EXPECT_EQ(saved(), platform::encode(text) + "\r\n") << text.left(40).toStdString();
     }
-    EXPECT_EQ(host.lastBox().text, u"报告列表保存在文件" + host.folder + u"/errorlog.txt中");
+    EXPECT_EQ(host.lastBox().text, u"报告列表保存在文件" + platform::pathWithSlash(host.folder) + u"errorlog.txt中");
     EXPECT_EQ(host.lastBox().title, u"操作提示");
     EXPECT_EQ(host.lastBox().icon, platform::Icon::Information);
 }

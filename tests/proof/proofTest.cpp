@@ -197,6 +197,7 @@ TEST(RecordProofs, FollowTheTemplate) {
     QFile sameSize(folder.file(marc::templateFile.toString(), platform::encode(u"[必备子字段]\r\n200f\r\n999a")));
     ASSERT_TRUE(sameSize.open(QIODevice::ReadWrite) &&
                 sameSize.setFileTime(QDateTime::fromSecsSinceEpoch(1000), QFileDevice::FileModificationTime));
+    sameSize.close();
     EXPECT_EQ(faults(), 1);
     ASSERT_TRUE(QFile::remove(folder.path() + marc::templateFile));
     EXPECT_EQ(faults(), -1);

@@ -6,5 +6,8 @@
 // Returns the most memory that this process has used, in bytes.
 qint64 peakMemory();
 
+// Returns whether the system removes a file that a process has open.
+bool removesOpenFiles();
+
 // Makes a named pipe in the file system; returns false where there is none.
 bool makePipe(const QString &path);

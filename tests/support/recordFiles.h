@@ -2,7 +2,6 @@
 #pragma once
 
 #include "support/testFolder.h"
-#include <QDir>
 #include <algorithm>
 
 namespace files {

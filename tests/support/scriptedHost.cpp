@@ -6,7 +6,7 @@ ScriptedHost::ScriptedHost()
     : clock(QDate(2026, 3, 9), QTime(8, 5, 7))
     , m_settings(m_directory.path())
     , m_state(m_directory.filePath(u"state"_s)) {
-    folder = m_directory.path();
+    folder = QDir::toNativeSeparators(m_directory.path());
 }
 
 ScriptedHost::~ScriptedHost() {

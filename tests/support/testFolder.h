@@ -2,18 +2,19 @@
 #pragma once
 
 #include "support/qtPrinters.h"
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
 class TestFolder {
 public:
-    // Returns the folder with a trailing separator, or the path of a file in it.
-    QString path(const QString &name = {}) const { return m_folder.path() + u'/' + name; }
+    // Returns the folder with a trailing separator, or the path of a file in it; with the separators of the system.
+    QString path(const QString &name = {}) const { return QDir::toNativeSeparators(m_folder.path() + u'/' + name); }
     // Writes a file with these bytes and returns its path.
     QString file(const QString &name, const QByteArray &bytes) const {
         QFile file(path(name));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-        return file.fileName();
+        return path(name);
     }
     QByteArray read(const QString &name) const {
         QFile file(path(name));

@@ -48,6 +48,10 @@ qint64 peakMemory() {
     return qint64(used.ru_maxrss) << 10;
 }
 
+bool removesOpenFiles() {
+    return true;
+}
+
 bool makePipe(const QString &path) {
     return mkfifo(QFile::encodeName(path).constData(), 0600) == 0;
 }

@@ -23,6 +23,10 @@ qint64 peakMemory() {
     return qint64(used.PeakWorkingSetSize);
 }
 
+bool removesOpenFiles() {
+    return false;
+}
+
 bool makePipe(const QString &) {
     return false;
 }

@@ -1,3 +1,4 @@
+#include "platform/paths.h"
 #include "widgets/accentFrame.h"
 #include "workspaceFixture.h"
 #include <QMenu>
@@ -234,11 +235,13 @@ TEST_F(EditingTest, ListsAddAndTheMenuDeletes) {
     choose(10);
     EXPECT_EQ(host.lastBox().text, u"不能删除！"_s);
     choose(4);
-    EXPECT_EQ(host.lastBox().text, u"配置文件【"_s + host.folder + u"/cnmarc_zzdtshi.Qvs】损坏或者还没有本字段名。");
+    EXPECT_EQ(host.lastBox().text,
+              u"配置文件【"_s + platform::pathWithSlash(host.folder) + u"cnmarc_zzdtshi.Qvs】损坏或者还没有本字段名。");
 
     write("cnmarc_default.Qvs", u"300 附注\r\nabc\r\n305 版本\r\n"_s);
     choose(3);
-    EXPECT_EQ(host.lastBox().text, u"配置文件【"_s + host.folder + u"/cnmarc_default.Qvs】损坏。");
+    EXPECT_EQ(host.lastBox().text,
+              u"配置文件【"_s + platform::pathWithSlash(host.folder) + u"cnmarc_default.Qvs】损坏。");
     EXPECT_TRUE(!window.zdList->isVisible() && window.zdList->count() == 1); // the lines before the damaged one
 }
 

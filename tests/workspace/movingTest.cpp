@@ -1,3 +1,4 @@
+#include "platform/paths.h"
 #include "workspaceFixture.h"
 
 using MovingTest = Workspace;
@@ -24,9 +25,10 @@ TEST_F(MovingTest, GridShowsTheCurrentRecord) {
     EXPECT_EQ(window.Grid1->cellBackground(5, 3), quint32(0xC0C0C0));
     EXPECT_EQ(window.Grid1->cellBackground(5, 4), std::nullopt);
 
-    QFile::remove(host.folder + u"/marcBJshuoming.Qvs"_s);
+    QFile::remove(platform::pathWithSlash(host.folder) + u"marcBJshuoming.Qvs"_s);
     window.cmdTiMing[1]->click();
-    EXPECT_EQ(host.texts(), QStringList{u"配置文件【"_s + host.folder + u"/marcBJshuoming.Qvs】丢失。"});
+    EXPECT_EQ(host.texts(),
+              QStringList{u"配置文件【"_s + platform::pathWithSlash(host.folder) + u"marcBJshuoming.Qvs】丢失。"});
     EXPECT_EQ(cell(4, 4), u"题2"_s);
 }
 
