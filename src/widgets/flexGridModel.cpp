@@ -149,7 +149,6 @@ void FlexGridModel::setText(int row, int column, const QString &text) {
 
 void FlexGridModel::moveOverrides(int from, int by) {
     std::unordered_map<int, Row> moved;
-    moved.reserve(m_overrides.size());
     for (auto &[row, cells] : m_overrides)
         moved.emplace(row < from ? row : row + by, std::move(cells));
     m_overrides = std::move(moved);

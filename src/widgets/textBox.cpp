@@ -37,7 +37,6 @@ QChar exchanged(QChar c) {
 // Returns the text as stored in the document, with "\n" as line break.
 QString shown(const QString &text) {
     QString result;
-    result.reserve(text.size() + text.size() / pieceLength * 2);
     qsizetype length = 0; // of the current piece
     for (qsizetype i = 0; i < text.size(); ++i) {
         if (text[i] == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n') {
@@ -60,7 +59,6 @@ QString shown(const QString &text) {
 // Converts the raw text of the document back.
 QString restored(const QString &raw, QStringView lineBreak) {
     QString result;
-    result.reserve(raw.size());
     for (qsizetype i = 0; i < raw.size(); ++i) {
         if (raw[i] == blockBreak) {
             if (i + 1 == raw.size() || raw[i + 1] != pieceMark)

@@ -3,6 +3,7 @@
 #include "widgets/flexGridColours.h"
 #include <QHeaderView>
 #include <QHelpEvent>
+#include <QScrollBar>
 #include <QToolTip>
 
 namespace {
@@ -23,6 +24,7 @@ TEST_F(FlexGridWidths, TheStretchedColumnTakesWhatTheOthersLeave) {
     EXPECT_EQ(grid.columnWidth(3), rest());
     grid.setColumnTwips(3, 9000);
     EXPECT_EQ(grid.columnWidth(3), grid.toPixels(9000)) << "the width set by the program is the least";
+    EXPECT_GT(grid.horizontalScrollBar()->maximum(), 50) << "scrolls by pixels";
     grid.setColumnWidth(3, 33); // by the user
     grid.resize(350, 260);
     EXPECT_EQ(grid.columnWidth(3), 33);

@@ -53,6 +53,7 @@ TEST_F(ReportPreviewTest, ALongReportHasTheOtherWindowAndTheSameName) {
         auto *whole = qobject_cast<QPrintPreviewDialog *>(shown.get());
         EXPECT_EQ(whole == nullptr, rows > 5000);
         if (whole) {
+            EXPECT_EQ(whole->printer()->docName(), shown->windowTitle());
             EXPECT_EQ(whole->printer()->pageLayout().margins(QPageLayout::Millimeter), QMarginsF(15, 15, 15, 15));
         }
     }

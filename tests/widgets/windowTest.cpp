@@ -122,6 +122,7 @@ TEST(Window, ContentsThatAreLargerThanTheScreenScroll) {
     EXPECT_TRUE(last->hasFocus());
     const auto *area = window.findChild<QScrollArea *>();
     EXPECT_EQ(area->focusPolicy(), Qt::NoFocus);
+    EXPECT_EQ(area->viewport()->mapTo(&window, QPoint()), QPoint()) << "neither margins nor a frame";
     EXPECT_TRUE(QTest::qWaitFor([&] { return area->widget()->width() == area->viewport()->width(); }));
     for (QLineEdit *box : {first, last}) {
         box->setFocus();
