@@ -11,15 +11,19 @@ namespace {
 
 constexpr qsizetype mostCompared = 40'000; // pairs of characters
 
-bool splitsCharacter(QStringView text, qsizetype at) {
-    return at > 0 && at < text.size() && text[at - 1].isHighSurrogate() && text[at].isLowSurrogate();
-}
-
 void addTo(std::vector<Part> &parts, qsizetype at) {
     if (!parts.empty() && parts.back().from + parts.back().size == at)
         ++parts.back().size;
     else
         parts.push_back({at, 1});
+}
+
+// The halves of a character are the same only together.
+bool isSameAt(QStringView a, qsizetype i, QStringView b, qsizetype j) {
+    if (a[i] != b[j] || !a[i].isSurrogate())
+        return a[i] == b[j];
+    const int other = a[i].isHighSurrogate() ? 1 : -1;
+    return a.mid(i + other, 1) == b.mid(j + other, 1);
 }
 
 // Compares the texts character by character; `offset` is the place of both in the whole texts.
@@ -29,14 +33,14 @@ Difference compared(QStringView a, QStringView b, qsizetype offset) {
     for (qsizetype i = a.size(); i-- > 0;)
         for (qsizetype j = b.size(); j-- > 0;) {
             const size_t at = size_t(i) * width + size_t(j);
-            longest[at] =
-                a[i] == b[j] ? quint16(longest[at + width + 1] + 1) : std::max(longest[at + width], longest[at + 1]);
+            longest[at] = isSameAt(a, i, b, j) ? quint16(longest[at + width + 1] + 1)
+                                               : std::max(longest[at + width], longest[at + 1]);
         }
     Difference found;
     qsizetype i = 0, j = 0;
     while (i < a.size() || j < b.size()) {
         const size_t at = size_t(i) * width + size_t(j);
-        if (i < a.size() && j < b.size() && a[i] == b[j]) {
+        if (i < a.size() && j < b.size() && isSameAt(a, i, b, j)) {
             ++i;
             ++j;
         } else if (j == b.size() || (i < a.size() && longest[at + width] >= longest[at + 1])) {
@@ -73,10 +77,9 @@ QString shownField(const Change &change) {
 Difference difference(QStringView before, QStringView after) {
     const qsizetype shorter = std::min(before.size(), after.size());
     qsizetype head = 0, tail = 0;
-    while (head < shorter && before[head] == after[head])
+    while (head < shorter && isSameAt(before, head, after, head))
         ++head;
-    head -= splitsCharacter(before, head) || splitsCharacter(after, head) ? 1 : 0;
-    while (tail < shorter - head && before[before.size() - 1 - tail] == after[after.size() - 1 - tail])
+    while (tail < shorter - head && isSameAt(before, before.size() - 1 - tail, after, after.size() - 1 - tail))
         ++tail;
     const qsizetype goneSize = before.size() - head - tail, madeSize = after.size() - head - tail;
     if (goneSize > 0 && madeSize > 0 && goneSize * madeSize <= mostCompared)

@@ -41,8 +41,7 @@ QString PreviewRows::content(int row, Column column) const {
         return column == BeforeColumn ? QString() : u"没有改成："_s + made.after;
     if (step == ChangePreview::alteredByWriter && column == AfterColumn && made.after.isEmpty())
         return u"（不写出）"_s;
-    const QString &tag = column == AfterColumn && !made.toTag.isEmpty() ? made.toTag : made.tag;
-    return shownContent(tag, column == BeforeColumn ? made.before : made.after);
+    return shownContent(made.tag, column == BeforeColumn ? made.before : made.after);
 }
 
 QString PreviewRows::text(int row, int column) const {

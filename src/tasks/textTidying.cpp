@@ -197,8 +197,9 @@ Tidying tidyingOf(QStringView key) {
 }
 
 bool isHan(char32_t c) {
-    return (c >= 0x4E00 && c <= 0x9FFF) || (c >= 0x3400 && c <= 0x4DBF) || c == u'〇' ||
-           (c >= 0x20000 && c <= 0x3FFFF) || (c >= 0xF900 && c <= 0xFAFF);
+    constexpr auto ranges = std::to_array<std::pair<char32_t, char32_t>>(
+        {{0x4E00, 0x9FFF}, {0x3400, 0x4DBF}, {u'〇', u'〇'}, {0x20000, 0x3FFFF}, {0xF900, 0xFAFF}});
+    return std::ranges::any_of(ranges, [c](const auto &range) { return range.first <= c && c <= range.second; });
 }
 
 } // namespace tasks

@@ -31,6 +31,9 @@ TEST(ChangeWords, DifferencesAreShort) {
         {u"28.00[元]"_s, u"[CNY]28.00"_s},
         {u""_s, u"[新]"_s},
         {u"一样"_s, u"一样"_s},
+        {u"字[𠀀]甲[𠀀]"_s, u"字[𠀁]甲[𠀁]"_s},
+        {u"[𠀀]字"_s, u"[𡀀]字"_s},
+        {u"字[𠀀]甲𠀁"_s, u"字[乙]甲𠀁"_s},
     };
     for (auto [before, after] : rows) {
         const QString wantedBefore = before, wantedAfter = after;

@@ -114,7 +114,8 @@ TEST(TaskRun, KeepsCharactersThatTheRecordHadAlready) {
 }
 
 TEST(TaskRun, NumbersOnlyTheRecordsThatNeedIt) {
-    TaskRun run = runOf(uR"({"action": "addField", "tag": "905", "content": "##$f{序号}"}, {"action": "dropEmpty"})"_s);
+    TaskRun run = runOf(uR"({"action": "addField", "tag": "905", "content": "##$f{序号}"}, {"action": "dropEmpty"},
+        {"action": "addSubfield", "tag": "200", "code": "9", "text": "x"})"_s);
     QStringList numbers;
     for (const QString &before : {u"200 1 $a1"_s, u"200 1 $a2$e|905   $ah"_s, u"200 1 $a3"_s}) {
         marc::FieldedRecord record = recordIn(before);
@@ -123,6 +124,16 @@ TEST(TaskRun, NumbersOnlyTheRecordsThatNeedIt) {
     }
     EXPECT_EQ(numbers, (QStringList{u"f7"_s, u"ah"_s, u"f8"_s}));
     EXPECT_EQ(run.counts()[0].records, 2);
+}
+
+TEST(TaskRun, NamesTheStepThatCannotBeRun) {
+    Task task = taskOf(uR"({"action": "dropEmpty"}, {"action": "deleteField", "tag": "300"})"_s).value();
+    task.steps[1].values[Parameter::Tag] = u"3"_s;
+    EXPECT_TRUE(TaskRun::prepare(task, testFacts).failure().description.startsWith(u"第2步："));
+    task.steps[1].on = false;
+    EXPECT_FALSE(TaskRun::prepare(task, testFacts).value().needsRemarks());
+    for (const QString &test : {u"remark"_s, u"noRemark"_s})
+        EXPECT_TRUE(runOf(uR"({"if": {"is": "%1", "rules": "x"}, "action": "dropEmpty"})"_s.arg(test)).needsRemarks());
 }
 
 TEST(TaskRun, ListsEachChangeWithItsFieldBeforeAndAfter) {

@@ -8,8 +8,9 @@ using namespace tasks;
 
 namespace {
 
-const QString longStep = uR"({"action": "replace", "tag": "200", "code": "a", "find": ")"_s + u"题"_s.repeated(200) +
-                         uR"(", "with": "x"})"_s;
+const QString longStep =
+    uR"({"if": {"is": "present", "tag": "200"}, "action": "replace", "tag": "200", "code": "a", "find": ")"_s +
+    u"题"_s.repeated(200) + uR"(", "with": "x"})"_s;
 
 using TasksLayout = TasksWindow;
 
@@ -31,9 +32,9 @@ TEST_F(TasksLayout, TheStepsShareTheWidth) {
     const auto right = [&](const QWidget *part) { return part->mapTo(&form, part->rect().topRight()).x(); };
     EXPECT_EQ(right(page.form), right(page.descriptionEdit));
     EXPECT_NEAR(right(page.form->box(false, Parameter::Find)), right(page.form), form.fontMetrics().height());
-    const int list = page.stepList->width(), step = page.form->width();
+    const int list = page.stepList->width(), half = page.form->width();
     EXPECT_TRUE(WindowState(form).grown({200, 0}).contains(u"stepForm w"));
-    EXPECT_TRUE(page.stepList->width() > list + 40 && page.form->width() > step + 40);
+    EXPECT_TRUE(page.stepList->width() > list + 40 && page.form->width() > half + 40);
     for (const QAbstractScrollArea *part : std::initializer_list<QAbstractScrollArea *>{page.stepList, page.form})
         EXPECT_FALSE(part->horizontalScrollBar()->isVisible()) << part->objectName().toStdString();
     const QImage picture = form.grab().toImage();
@@ -43,6 +44,13 @@ TEST_F(TasksLayout, TheStepsShareTheWidth) {
         EXPECT_EQ(picture.pixelColor(corner + place), ground) << place.y() << " no frame, no ground of its own";
     page.form->setFocus();
     EXPECT_TRUE(page.form->actionBox->hasFocus());
+    StepForm &step = *page.form;
+    EXPECT_TRUE(step.testBox->currentIndex() == int(tasks::Test::Present) &&
+                step.actionBox->currentIndex() == int(Action::Replace));
+    Q_EMIT step.actionBox->activated(int(Action::DeleteField));
+    EXPECT_TRUE(page.task().steps[0].action == Action::DeleteField && !step.box(false, Parameter::Find));
+    Q_EMIT step.testBox->activated(int(tasks::Test::Always));
+    EXPECT_TRUE(page.task().steps[0].test == tasks::Test::Always && !step.box(true, Parameter::Tag));
     EXPECT_FALSE(page.stepList->toolTip().isEmpty() || form.taskBar->copyButton->toolTip().isEmpty());
 }
 
@@ -57,9 +65,10 @@ TEST_F(TasksLayout, ThePreviewGivesItsSpaceToTheChanges) {
         EXPECT_EQ(leftOf(form, name), leftOf(form, u"taskLabel"_s)) << name.toStdString();
     EXPECT_NEAR(double(page.kindList->width()) / page.grid->width(), 13.0 / 40, 0.06);
     EXPECT_NEAR(double(page.changeText->height()) / page.grid->height(), 0.21, 0.05);
+    EXPECT_EQ(page.grid->accessibleName() + page.kindList->accessibleName(), u"改动每一步改多少");
     EXPECT_FALSE(page.kindList->horizontalScrollBar()->isVisible());
     EXPECT_GT(page.kindList->visualItemRect(page.kindList->item(1)).height(), 3 * line) << "the words wrap";
-    EXPECT_GE(page.grid->columnWidth(PreviewRows::TitleColumn), page.fontMetrics().horizontalAdvance(u"题名题名"_s));
+    EXPECT_GT(page.grid->columnWidth(PreviewRows::TitleColumn), page.grid->columnWidth(PreviewRows::RecordColumn));
     EXPECT_EQ(WindowState(form).grown({200, 200}),
               u"changeGrid wh; changeText w; changesAcross wh; changesDown wh; kindList h; labJinDu w; pages wh; "
               "previewPage wh; scopeBox w; taskBar w; taskBox w"_s);

@@ -100,6 +100,7 @@ TEST_F(TasksWindowActs, EditsAreSoonInTheFile) {
     task.description = u"长"_s.repeated(300);
     form.stepsPage->show(task, true);
     EXPECT_EQ(form.stepsPage->descriptionEdit->cursorPosition(), 0);
+    EXPECT_EQ(form.stepsPage->descriptionEdit->text(), task.description);
     EXPECT_EQ(form.stepsPage->descriptionEdit->maxLength(), longestValue);
     for (const size_t more : {1, 2}) {
         task.steps.resize(mostSteps - 2 + more, task.steps[0]);
@@ -114,6 +115,7 @@ TEST_F(TasksWindowActs, AFaultIsShownBelowItsBoxOnly) {
     form.show();
     EXPECT_TRUE(faultAt(Parameter::Tag)->isHidden() && faultAt(Parameter::Code)->isHidden());
     EXPECT_EQ(qobject_cast<QLineEdit *>(form.stepsPage->form->box(false, Parameter::Tag))->text(), u"010");
+    EXPECT_EQ(qobject_cast<QComboBox *>(form.stepsPage->form->box(false, Parameter::What))->currentData(), u"price"_s);
     QListWidget &steps = *form.stepsPage->stepList;
     EXPECT_EQ(steps.item(0)->checkState(), Qt::Checked);
     steps.item(0)->setCheckState(Qt::Unchecked);

@@ -52,6 +52,7 @@ TEST_F(TasksWindow, PreviewsRunsAndUndoes) {
     ASSERT_TRUE(done());
     EXPECT_TRUE(host.lastBox().text.startsWith(u"其中 1 条记录执行以后又改过（第 1 条）。"_s));
     EXPECT_TRUE(store->record(0).contains(u"手改"_s));
+    EXPECT_EQ(form.reportText->text(), u"任务“甲”已经撤销：恢复了 1 条记录；后来又改过的 1 条没有动（第 1 条）。");
     EXPECT_EQ(store->record(2), before);
     EXPECT_EQ(store->title(2), u"题2"_s);
     EXPECT_FALSE(form.undoButton->isEnabled());
@@ -140,7 +141,9 @@ TEST_F(TasksWindow, ButtonsAreEnabledForWhatCanBeDone) {
     EXPECT_TRUE(readTaskFile(host.folder + u"/out.json").value().steps.empty()) << "as it is now";
     choose(window->taskBar->taskBox->itemText(0));
     EXPECT_EQ(enabled(0), u"-----"_s) << "a ready task";
-    EXPECT_FALSE(page.form->actionBox->isEnabled() || page.form->testBox->isEnabled());
+    EXPECT_FALSE(form.taskBar->deleteButton->isEnabled());
+    for (const QComboBox *box : page.form->findChildren<QComboBox *>())
+        EXPECT_FALSE(box->isEnabled()) << box->objectName().toStdString();
     const auto edits = page.form->findChildren<QLineEdit *>();
     EXPECT_TRUE(!edits.isEmpty() && std::ranges::all_of(edits, &QLineEdit::isReadOnly));
 }

@@ -98,8 +98,6 @@ StepForm::StepForm(QWidget *parent)
     setFrameShape(QFrame::NoFrame);
     setFocusProxy(actionBox);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    inner->setAutoFillBackground(false);
-    viewport()->setAutoFillBackground(false);
     connect(testBox, &QComboBox::activated, this, [this](int index) {
         m_step.test = Test(index);
         build();
