@@ -111,6 +111,10 @@ TEST(TaskRun, KeepsCharactersThatTheRecordHadAlready) {
     marc::FieldedRecord record = recordIn(u"200 1 $a甲𠀀"_s);
     EXPECT_TRUE(run.apply(record).changed);
     EXPECT_EQ(shown(record), u"200 1 $a乙𠀀"_s);
+    run.apply(record = recordIn(u"200 1 $a甲"_s), {}, {.list = true});
+    EXPECT_EQ(run.changes().size(), 1U);
+    run.apply(record, {}, {.list = true});
+    EXPECT_TRUE(run.changes().empty()) << "nothing remains of the record before";
 }
 
 TEST(TaskRun, NumbersOnlyTheRecordsThatNeedIt) {

@@ -51,6 +51,15 @@ TEST_F(TasksLayout, TheStepsShareTheWidth) {
     EXPECT_TRUE(page.task().steps[0].action == Action::DeleteField && !step.box(false, Parameter::Find));
     Q_EMIT step.testBox->activated(int(tasks::Test::Always));
     EXPECT_TRUE(page.task().steps[0].test == tasks::Test::Always && !step.box(true, Parameter::Tag));
+    Q_EMIT step.actionBox->activated(int(Action::TidyText));
+    auto *what = qobject_cast<QComboBox *>(step.box(false, Parameter::What));
+    what->setCurrentIndex(1);
+    Q_EMIT what->activated(1);
+    EXPECT_EQ(page.task().steps[0].values[Parameter::What], what->currentData().toString());
+    EXPECT_TRUE(page.stepList->item(0)->flags() & Qt::ItemIsUserCheckable);
+    form.resize(1, 1);
+    QApplication::processEvents();
+    EXPECT_GE(page.form->width(), 16 * form.fontMetrics().height());
     EXPECT_FALSE(page.stepList->toolTip().isEmpty() || form.taskBar->copyButton->toolTip().isEmpty());
 }
 

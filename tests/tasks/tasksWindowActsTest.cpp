@@ -128,6 +128,7 @@ TEST_F(TasksWindowActs, AFaultIsShownBelowItsBoxOnly) {
     steps.setCurrentRow(0);
     form.previewButton->click();
     EXPECT_TRUE(steps.currentRow() == 1 && host.lastBox().text.startsWith(u"第2步："));
+    EXPECT_TRUE(faultAt(Parameter::Tag)->isVisible());
     edit(false, Parameter::Tag, u"20"_s);
     EXPECT_TRUE(faultAt(Parameter::Tag)->isVisible() && faultAt(Parameter::Code)->isHidden());
     EXPECT_EQ(faultAt(Parameter::Tag)->text(), u"✕ " + form.stepsPage->form->faultText());
@@ -210,6 +211,10 @@ TEST_F(TasksWindowActs, EachKindOfChangeHasItsRows) {
 
 TEST_F(TasksWindowActs, LeavingStopsThePreviewAndTheWindowCanBeOpenedAgain) {
     frmTasks &form = openWith(price);
+    form.previewButton->click();
+    form.stopButton->click();
+    EXPECT_TRUE(form.labJinDu->text().startsWith(u"停下了，只看了前 "));
+    form.stepsButton->click();
     form.previewButton->click();
     host.willAnswer(platform::Answer::No);
     EXPECT_FALSE(form.close());

@@ -142,6 +142,8 @@ TEST_F(TasksWindow, ButtonsAreEnabledForWhatCanBeDone) {
     choose(window->taskBar->taskBox->itemText(0));
     EXPECT_EQ(enabled(0), u"-----"_s) << "a ready task";
     EXPECT_FALSE(form.taskBar->deleteButton->isEnabled());
+    EXPECT_TRUE(page.nameEdit->isReadOnly() && page.descriptionEdit->isReadOnly());
+    EXPECT_FALSE(page.stepList->item(0)->flags() & Qt::ItemIsUserCheckable);
     for (const QComboBox *box : page.form->findChildren<QComboBox *>())
         EXPECT_FALSE(box->isEnabled()) << box->objectName().toStdString();
     const auto edits = page.form->findChildren<QLineEdit *>();
