@@ -43,6 +43,8 @@ TEST(RunControls, DisableAndLockUntilTheRunEnds) {
     EXPECT_EQ(state.changes(), u"start focus; start on"_s);
     EXPECT_FALSE(path.isReadOnly());
     EXPECT_NE(window.cursor().shape(), Qt::WaitCursor);
+    const PacedLabel *progress = progressLabel(u"progress"_s, &window);
+    EXPECT_TRUE(progress->isHidden() && progress->sizePolicy().retainSizeWhenHidden());
 }
 
 TEST(WaitCursor, NestsOnTheScreen) {
@@ -50,6 +52,10 @@ TEST(WaitCursor, NestsOnTheScreen) {
     const auto waits = [] { return QGuiApplication::overrideCursor() != nullptr; };
     {
         const WaitCursor outer;
+        { const WaitCursor shown(&window); }
+        EXPECT_TRUE(waits()) << "the wait of a window ends alone";
+        WaitCursor().leaveOn();
+        EXPECT_TRUE(waits());
         {
             const WaitCursor inner;
             EXPECT_TRUE(waits());

@@ -133,6 +133,7 @@ TEST(PaintedParts, TheLineOfKeysIsBelowTheEntries) {
     EXPECT_TRUE(list.rect().contains(line->geometry()));
     EXPECT_EQ(line->palette().color(QPalette::WindowText), colour(Colour::FaintInk, list.palette()));
     EXPECT_EQ(line->palette().color(QPalette::Window), colour(Colour::Base, list.palette()));
+    EXPECT_TRUE(line->cursor().shape() == Qt::ArrowCursor && line->margin() > 0);
     list.setStyleSheet(u"QListWidget { background: red }"_s);
     EXPECT_EQ(list.grab().toImage().pixelColor(line->geometry().bottomRight()), colour(Colour::Base, line->palette()));
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(list.item(1)).center());

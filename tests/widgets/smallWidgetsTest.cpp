@@ -11,7 +11,6 @@
 #include "widgets/lineIcon.h"
 #include "widgets/oneSize.h"
 #include "widgets/textBox.h"
-#include "widgets/waitCursor.h"
 #include <QEnterEvent>
 #include <QLineEdit>
 #include <QMimeData>
@@ -135,26 +134,6 @@ TEST(Controls, HaveTheirNames) {
         EXPECT_EQ(control->objectName(), u"name"_s);
         EXPECT_EQ(control->accessibleName(), spoken);
     }
-}
-
-TEST(WaitCursor, LastsAsLongAsTheWait) {
-    const auto screenWaits = [] { return QGuiApplication::overrideCursor() != nullptr; };
-    QWidget window;
-    {
-        WaitCursor outer;
-        {
-            const WaitCursor ofWindow(&window);
-            EXPECT_EQ(window.cursor().shape(), Qt::WaitCursor);
-        }
-        EXPECT_EQ(window.cursor().shape(), Qt::ArrowCursor);
-        EXPECT_TRUE(screenWaits());
-        WaitCursor().leaveOn();
-        EXPECT_TRUE(screenWaits());
-    }
-    EXPECT_FALSE(screenWaits());
-    const WaitCursor nested[2];
-    QGuiApplication::restoreOverrideCursor();
-    EXPECT_FALSE(screenWaits()) << "is set once";
 }
 
 TEST(FileDrop, TakesOneFileOfTheMachineThatMayBeCopied) {

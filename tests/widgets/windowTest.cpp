@@ -113,8 +113,10 @@ TEST(Window, ContentsThatAreLargerThanTheScreenScroll) {
     Window window(u"window"_s, {});
     auto *first = new QLineEdit, *last = new QLineEdit, *high = new QLineEdit;
     window.setLayout(column({first, high, last}));
+    window.resize(2 * window.screen()->size());
     window.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    EXPECT_TRUE(window.width() <= window.screen()->size().width() && !window.findChild<QScrollArea *>());
     last->setFocus();
     high->setMinimumHeight(2 * window.screen()->size().height());
     EXPECT_TRUE(QTest::qWaitFor([&] { return window.findChild<QScrollArea *>() != nullptr; }));
