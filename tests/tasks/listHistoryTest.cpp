@@ -120,10 +120,13 @@ TEST(ListHistory, UndoingRestoresTheReplacedRecords) {
                     keep = byHand;
                 const std::vector<QString> then = list.whole();
                 list.undo(keep);
+                int restored = 0;
                 for (int each = 0; each < count; ++each) {
                     const bool back = runs.back().changed.contains(each) && !std::ranges::binary_search(keep, each);
+                    restored += back;
                     EXPECT_EQ(list.at(each), (back ? runs.back().before : then)[size_t(each)]);
                 }
+                EXPECT_EQ(list.history.undone(), restored);
                 runs.pop_back();
             }
             EXPECT_EQ(list.history.canUndo(), !runs.empty());

@@ -40,8 +40,11 @@ TEST_F(TasksWindow, PreviewsRunsAndUndoes) {
     form.previewPage->changeButton->click();
     EXPECT_EQ(form.previewPage->changeButton->text(), u"&H 这一处要改"_s);
     EXPECT_EQ(table().value(0), u"1 010 ##$d28.00元 ##$dCNY28.00"_s);
+    QStringList said;
+    QObject::connect(&form.work(), &ListWork::progressed, &form, [&] { said.append(form.labJinDu->pacedText()); });
     form.runButton->click();
     ASSERT_TRUE(done());
+    EXPECT_TRUE(said.value(0).startsWith(u"正在执行，2 / 2 条")) << said.join(u'|').toStdString();
     EXPECT_TRUE(store->record(0).contains(u"28.00元"_s) && store->title(0) == u"書名0"_s);
     EXPECT_TRUE(store->record(2).contains(u"CNY28.00"_s) && store->title(1) == u"题1"_s);
     EXPECT_TRUE(form.reportText->text().startsWith(u"任务“甲”执行完毕：改了 2 条记录\r\n"_s));
