@@ -40,7 +40,6 @@ FlexGrid::FlexGrid(const QString &objectName, int columns, int fixedRows, QWidge
     setContextMenuPolicy(Qt::PreventContextMenu); // the windows handle rightPressed and menuKeyPressed
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    horizontalHeader()->setVisible(m_fixedRows > 0);
     horizontalHeader()->setHighlightSections(false);
     m_columns = std::make_unique<FlexGridColumns>(*this, m_fixedRows > 0);
     fitHeights();

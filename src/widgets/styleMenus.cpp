@@ -38,46 +38,36 @@ QSize menuItemSize(const QStyleOption *option, const QSize &fusion) {
             std::max(fusion.height(), metrics.height() + 2 * space(Space::Tight, metrics))};
 }
 
-bool paintMenuItem(const Work &work) {
-    const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(&work.option);
-    if (!item)
-        return false;
-    if (item->menuItemType == QStyleOptionMenuItem::Separator) {
-        paintMenuSeparator(work);
-        return true;
-    }
-    const QPalette &palette = item->palette;
+void paintMenuItem(const Work &work, const QStyleOptionMenuItem &item) {
+    if (item.menuItemType == QStyleOptionMenuItem::Separator)
+        return paintMenuSeparator(work);
+    const QPalette &palette = item.palette;
     if (work.is(QStyle::State_Selected) && work.is(QStyle::State_Enabled))
-        paintPanel(&work.painter, item->rect, colour(Colour::Tint, palette), colour(Colour::Tint, palette),
+        paintPanel(&work.painter, item.rect, colour(Colour::Tint, palette), colour(Colour::Tint, palette),
                    cornerRadius / 2.0);
-    const int side = item->fontMetrics.height(), left = space(Space::Small, item->fontMetrics);
-    const QRect mark(item->rect.left() + left / 2, item->rect.center().y() - side / 2, side, side);
-    if (item->checkType != QStyleOptionMenuItem::NotCheckable && item->checked)
+    const int side = item.fontMetrics.height(), left = space(Space::Small, item.fontMetrics);
+    const QRect mark(item.rect.left() + left / 2, item.rect.center().y() - side / 2, side, side);
+    if (item.checkType != QStyleOptionMenuItem::NotCheckable && item.checked)
         paintSign(&work.painter, mark, Sign::Tick, colour(Colour::Accent, palette));
-    else if (!item->icon.isNull())
-        item->icon.paint(&work.painter, mark);
-    const bool marked = item->menuHasCheckableItems || item->maxIconWidth > 0;
+    else if (!item.icon.isNull())
+        item.icon.paint(&work.painter, mark);
+    const bool marked = item.menuHasCheckableItems || item.maxIconWidth > 0;
     const int text = marked ? side + left : left;
-    paintMenuText(work, *item, item->rect.adjusted(text, 0, -2 * left, 0));
-    if (item->menuItemType == QStyleOptionMenuItem::SubMenu)
-        paintSign(&work.painter, QRect(item->rect.right() - side, mark.top(), side, side), Sign::Right,
+    paintMenuText(work, item, item.rect.adjusted(text, 0, -2 * left, 0));
+    if (item.menuItemType == QStyleOptionMenuItem::SubMenu)
+        paintSign(&work.painter, QRect(item.rect.right() - side, mark.top(), side, side), Sign::Right,
                   colour(Colour::SecondInk, palette));
-    return true;
 }
 
-bool paintMenuBarItem(const Work &work) {
-    const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(&work.option);
-    if (!item)
-        return false;
-    const QPalette &palette = item->palette;
-    work.painter.fillRect(item->rect, colour(Colour::Window, palette));
+void paintMenuBarItem(const Work &work, const QStyleOptionMenuItem &item) {
+    const QPalette &palette = item.palette;
+    work.painter.fillRect(item.rect, colour(Colour::Window, palette));
     if (work.is(QStyle::State_Selected) || work.is(QStyle::State_Sunken))
-        paintPanel(&work.painter, item->rect, colour(Colour::Tint, palette), colour(Colour::Tint, palette),
+        paintPanel(&work.painter, item.rect, colour(Colour::Tint, palette), colour(Colour::Tint, palette),
                    cornerRadius / 2.0);
     const int flags = int(Qt::AlignCenter) | int(Qt::TextShowMnemonic) | int(Qt::TextSingleLine);
-    work.style.drawItemText(&work.painter, item->rect, flags, palette, work.is(QStyle::State_Enabled), item->text,
+    work.style.drawItemText(&work.painter, item.rect, flags, palette, work.is(QStyle::State_Enabled), item.text,
                             QPalette::WindowText);
-    return true;
 }
 
 } // namespace widgets

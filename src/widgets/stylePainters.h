@@ -92,8 +92,8 @@ void paintTitleBar(const Work &work, const QStyleOptionTitleBar &bar);
 void paintWindowFrame(const Work &work);
 
 // styleMenus.cpp
-bool paintMenuItem(const Work &work);
-bool paintMenuBarItem(const Work &work);
+void paintMenuItem(const Work &work, const QStyleOptionMenuItem &item);
+void paintMenuBarItem(const Work &work, const QStyleOptionMenuItem &item);
 QSize menuItemSize(const QStyleOption *option, const QSize &fusion);
 
 } // namespace widgets

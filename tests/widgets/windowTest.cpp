@@ -125,6 +125,7 @@ TEST(Window, ContentsThatAreLargerThanTheScreenScroll) {
     const auto *area = window.findChild<QScrollArea *>();
     EXPECT_EQ(area->focusPolicy(), Qt::NoFocus);
     EXPECT_EQ(area->viewport()->mapTo(&window, QPoint()), QPoint()) << "neither margins nor a frame";
+    EXPECT_EQ(area->size(), window.size());
     EXPECT_TRUE(QTest::qWaitFor([&] { return area->widget()->width() == area->viewport()->width(); }));
     for (QLineEdit *box : {first, last}) {
         box->setFocus();
