@@ -57,9 +57,9 @@ std::vector<QPolygonF> linesOf(Sign sign) {
     case Sign::Tick:
         return {QPolygonF({{-1, 0}, {-0.3, 0.7}, {1, -0.7}})};
     case Sign::Dash:
-        return {QPolygonF({{-0.9, 0}, {0.9, 0}})};
+        return {QPolygonF{QPointF(-0.9, 0), QPointF(0.9, 0)}};
     case Sign::Cross:
-        return {QPolygonF({{-0.8, -0.8}, {0.8, 0.8}}), QPolygonF({{-0.8, 0.8}, {0.8, -0.8}})};
+        return {QPolygonF{QPointF(-0.8, -0.8), QPointF(0.8, 0.8)}, QPolygonF{QPointF(-0.8, 0.8), QPointF(0.8, -0.8)}};
     }
     return {};
 }
@@ -90,14 +90,14 @@ void paintMark(QPainter *painter, const QRect &rect, Mark mark, const QPalette &
         painter->setBrush(colour(Colour::ErrorInk, palette));
         painter->drawEllipse(QPointF(), 0.95, 0.95);
         painter->setPen(line);
-        painter->drawPolyline(QPolygonF({{-0.36, -0.36}, {0.36, 0.36}}));
-        painter->drawPolyline(QPolygonF({{-0.36, 0.36}, {0.36, -0.36}}));
+        painter->drawLine(QPointF(-0.36, -0.36), QPointF(0.36, 0.36));
+        painter->drawLine(QPointF(-0.36, 0.36), QPointF(0.36, -0.36));
         return;
     case Mark::Warning:
         painter->setBrush(colour(Colour::WarningInk, palette));
         painter->drawPolygon(QPolygonF({{0, -0.9}, {1, 0.85}, {-1, 0.85}}));
         painter->setPen(line);
-        painter->drawPolyline(QPolygonF({{0, -0.25}, {0, 0.2}}));
+        painter->drawLine(QPointF(0, -0.25), QPointF(0, 0.2));
         painter->drawPoint(QPointF(0, 0.58));
         return;
     case Mark::Hint:
