@@ -96,7 +96,9 @@ TEST_F(ReportWindowTest, ShowsNumbersRulesAndADrawThatCanBeRepeated) {
     }
     window->setPalette(widgets::schemePalette(widgets::Scheme::Dark));
     const QColor background = schemeInk(window->palette()).background;
-    EXPECT_EQ(window->chart->grab().toImage().pixelColor(0, 0), background) << "no frame";
+    EXPECT_TRUE(hasColour(window->chart, background));
+    const auto *frame = qobject_cast<QFrame *>(window->chart);
+    EXPECT_TRUE(!frame || frame->frameWidth() == 0);
 
     const auto drawn = [this] {
         QStringList numbers;
@@ -173,12 +175,11 @@ TEST_F(ReportWindowTest, MayBeClosedBeforeItIsMade) {
     window = std::make_unique<frmBatchReport>(host, frmBatchReport::Source{*records, list}, ProofFacts{.rows = 40});
     window->show();
     EXPECT_FALSE(window->report() || window->saveButtons[0]->isEnabled() || window->againButton->isEnabled());
-    window->setPalette(widgets::schemePalette(widgets::Scheme::Dark)); // the chart is not there yet
+    EXPECT_FALSE(window->notes->isVisible());
     window->close();
     window.reset();
     QCoreApplication::processEvents();
     ASSERT_TRUE(open(0)); // no record was checked
-    EXPECT_FALSE(window->notes->isVisible());
     window->pages->setFocus();
     QTest::keyClick(window->focusWidget(), Qt::Key_Tab);
     EXPECT_FALSE(qobject_cast<QScrollArea *>(window->focusWidget())) << "the room of the chart";

@@ -123,7 +123,6 @@ TEST_F(RemarkTableTest, TheChoicesFollowTheRemarksAndTheChosenOneStays) {
     EXPECT_EQ(rules->currentText(), u"ISSN (1)");
     rules->showPopup();
     EXPECT_GE(rules->view()->minimumWidth(), rules->view()->sizeHintForColumn(0)) << "entries are seen as a whole";
-    EXPECT_LT(rules->minimumSizeHint().width(), table.filterBar->fontMetrics().horizontalAdvance(u"某"_s.repeated(9)));
     reminders.takeBack({u"isbn"_s, {}});
     EXPECT_EQ(rules->count(), 2) << "an open list stays as it is";
     rules->hidePopup();

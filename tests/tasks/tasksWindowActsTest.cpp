@@ -72,6 +72,7 @@ TEST_F(TasksWindowActs, AFileThatIsNotATaskIsShownWithItsFault) {
 TEST_F(TasksWindowActs, EditsAreSoonInTheFile) {
     frmTasks &form = openWith(price);
     EXPECT_EQ(form.focusWidget(), form.taskBar->taskBox);
+    EXPECT_FALSE(qobject_cast<QLineEdit *>(form.stepsPage->form->box(false, Parameter::Tag))->isReadOnly());
     const auto stored = [this] { return readTaskFile(taskFolder() + u"a.json").value(); };
     Q_EMIT form.stepsPage->descriptionEdit->textEdited(u"说明"_s);
     EXPECT_TRUE(QTest::qWaitFor([&] { return stored().description == u"说明"; }, 20'000));
@@ -126,6 +127,7 @@ TEST_F(TasksWindowActs, AFaultIsShownBelowItsBoxOnly) {
     form.stepsPage->copyButton->click();
     edit(false, Parameter::Tag, u"2"_s);
     steps.setCurrentRow(0);
+    EXPECT_TRUE(faultAt(Parameter::Tag)->isHidden()) << "another step";
     form.previewButton->click();
     EXPECT_TRUE(steps.currentRow() == 1 && host.lastBox().text.startsWith(u"第2步："));
     EXPECT_TRUE(faultAt(Parameter::Tag)->isVisible());

@@ -43,6 +43,7 @@ TEST_F(FlexGridWidths, TheStretchedColumnTakesWhatTheOthersLeave) {
 
 TEST_F(FlexGridWidths, TwipsGrowWithAFontAboveTheDesignSize) {
     grid.setColumnTwips(1, 3000);
+    grid.setColumnTwips(2, 3000);
     grid.setColumnWidth(2, 77); // by the user
     const auto inch = [this](int size) {
         QFont font = grid.font();

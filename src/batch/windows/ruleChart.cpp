@@ -102,7 +102,6 @@ QChart *newRuleChart(const BatchReport &report, const ChartInk &ink, const QFont
 
 QWidget *newChartView() {
     auto *view = new QChartView;
-    view->setFrameShape(QFrame::NoFrame);
     view->setRenderHint(QPainter::Antialiasing);
     return view;
 }
