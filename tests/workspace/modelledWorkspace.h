@@ -26,7 +26,7 @@ struct ModelledWorkspace : Workspace {
         QDir(host.folder).mkpath(u"other"_s);
         for (const auto &[name, count] : {std::pair{u"a.iso"_s, 5}, {u"b.iso"_s, 30}, {u"c.iso"_s, 206}})
             for (const QString &folder : {QString(), u"other/"_s})
-                fill(host.folder + u'/' + folder + name, count);
+                fill(QDir::toNativeSeparators(host.folder + u'/' + folder + name), count);
     }
     // Writes records of equal length, so that files differ only in their text.
     void fill(const QString &path, int count) {
@@ -151,8 +151,8 @@ struct ModelledWorkspace : Workspace {
         for (const QString &name : folder.entryList({u"*.json"_s})) {
             QFile file(folder.filePath(name));
             ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-            WorkspaceModel::OnDisk &drafts =
-                found[QJsonDocument::fromJson(file.readLine()).object()[u"path"_s].toString()];
+            WorkspaceModel::OnDisk &drafts = found[QDir::toNativeSeparators(
+                QJsonDocument::fromJson(file.readLine()).object()[u"path"_s].toString())];
             while (!file.atEnd()) {
                 const QJsonObject draft = QJsonDocument::fromJson(file.readLine()).object();
                 auto &part = draft[u"left"_s].toBool() ? drafts.left : drafts.changed;

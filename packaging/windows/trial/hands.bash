@@ -36,7 +36,7 @@ click_at() {
     local place
     place=$(xwininfo -id "$(xdotool getactivewindow)" | sed -n 's/^ *Absolute upper-left [XY]: *//p' | tr '\n' ' ')
     xdotool mousemove --sync $((${place% * } + $1)) $((${place#* } + $2)) click 1
-    sleep 1
+    sleep 2
 }
 
 # Types a text at the focus.
