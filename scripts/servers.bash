@@ -21,9 +21,10 @@ find_program() {
     echo "$found"
 }
 
+# Prints a port from 20000 to 32767. Linux gives those from 32768 on to outgoing connections, at any time.
 free_port() {
     local port
-    while port=$((20000 + RANDOM)); (exec 3<>"/dev/tcp/127.0.0.1/$port") 2>/dev/null; do :; done
+    while port=$((20000 + RANDOM % 12768)); (exec 3<>"/dev/tcp/127.0.0.1/$port") 2>/dev/null; do :; done
     echo "$port"
 }
 

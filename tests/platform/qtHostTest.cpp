@@ -43,7 +43,7 @@ TEST(QtHost, ReportsWhetherTheHelperOpenedALink) {
     host.helperPatience = std::chrono::milliseconds(1);
     EXPECT_TRUE(host.openInShell(u"/a"_s)) << "a helper that runs on has become the browser";
     auto *browser = qApp->findChild<QProcess *>();
-    ASSERT_TRUE(browser && browser->state() == QProcess::Running);
+    ASSERT_TRUE(browser && browser->waitForStarted());
     browser->kill();
     EXPECT_TRUE(browser->waitForFinished());
     qputenv("PATH", before);
