@@ -77,8 +77,7 @@ void ReportWork::finish() {
     for (auto &[key, entry] : m_entries) {
         if (!std::ranges::is_sorted(entry.records)) { // several look-ups, one after the other
             std::ranges::sort(entry.records);
-            const auto rest = std::ranges::unique(entry.records);
-            entry.records.erase(rest.begin(), rest.end());
+            entry.records.erase(std::unique(entry.records.begin(), entry.records.end()), entry.records.end());
         }
         m_report.rules.push_back(std::move(entry));
     }

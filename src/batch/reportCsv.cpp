@@ -66,7 +66,7 @@ void addRules(QString &table, const BatchReport &report) {
 } // namespace
 
 QByteArray reportCsv(const BatchReport &report, const RecordDraw &draw) {
-    QString table(QChar(QChar::ByteOrderMark));
+    QString table(1, QChar::ByteOrderMark);
     addFacts(table, report);
     addRow(table, {});
     addRules(table, report);

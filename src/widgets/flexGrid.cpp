@@ -30,7 +30,6 @@ FlexGrid::FlexGrid(const QString &objectName, int columns, int fixedRows, QWidge
     setAccessibleName(objectName);
     setModel(m_model);
     setItemDelegate(new FlexGridDelegate(this));
-    setEditTriggers(NoEditTriggers);
     setSelectionBehavior(SelectRows);
     setHorizontalScrollMode(ScrollPerPixel);
     setTabKeyNavigation(false);
@@ -48,7 +47,7 @@ FlexGrid::FlexGrid(const QString &objectName, int columns, int fixedRows, QWidge
         if (first <= positionOf(std::max(m_row, m_rowSel)) || first == 0)
             showSelection();
     });
-    connect(m_model, &FlexGridModel::rowsRemoved, this, [this] { select(m_row, m_rowSel, m_column); });
+    connect(m_model, &FlexGridModel::rowsRemoved, this, &FlexGrid::showSelection);
     connect(horizontalHeader(), &QHeaderView::sectionClicked, this, &FlexGrid::headingClicked);
     select(0, 0, 0);
 }
@@ -73,6 +72,7 @@ int FlexGrid::rows() const {
 
 void FlexGrid::setRows(int count) {
     m_model->setDataRows(count - m_fixedRows);
+    select(m_row, m_rowSel, m_column);
 }
 
 int FlexGrid::columns() const {
@@ -252,6 +252,7 @@ void FlexGrid::sourceInsertedRow(int row) {
 
 void FlexGrid::sourceRemovedRow(int row) {
     m_model->sourceRemovedRow(row - m_fixedRows);
+    select(m_row, m_rowSel, m_column);
 }
 
 void FlexGrid::sourceChanged(int row, int column) {

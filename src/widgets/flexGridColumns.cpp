@@ -69,8 +69,7 @@ QMap<int, int> FlexGridColumns::drawn() const {
 
 void FlexGridColumns::setDrawn(const QMap<int, int> &widths) {
     for (auto width = widths.begin(); width != widths.end(); ++width)
-        if (width.key() >= 0 && width.key() < count() && !m_view.isColumnHidden(width.key()))
-            m_view.setColumnWidth(width.key(), std::max(width.value(), narrowestColumn));
+        m_view.setColumnWidth(width.key(), std::max(width.value(), narrowestColumn));
 }
 
 void FlexGridColumns::setTwips(int column, int twips) {

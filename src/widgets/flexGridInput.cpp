@@ -90,6 +90,7 @@ void FlexGrid::mousePressEvent(QMouseEvent *event) {
     if (m_moving)
         return;
     const QModelIndex cell = indexAt(event->position().toPoint()); // none below the last row
+    m_dragTimer.stop();                                            // of a drag that ended outside
     m_pressed = event->button();
     m_drags = m_pressed == Qt::LeftButton && cell.isValid();
     // A box or menu opened by a slot swallows the release; settlePress() then emits the click. (Events synthesised by a
@@ -110,7 +111,6 @@ void FlexGrid::settlePress() {
     if (m_pressed == Qt::NoButton || QGuiApplication::mouseButtons().testFlag(m_pressed))
         return;
     m_pressed = Qt::NoButton;
-    m_dragTimer.stop();
     Q_EMIT gridClicked();
 }
 
@@ -141,7 +141,6 @@ void FlexGrid::timerEvent(QTimerEvent *event) {
 }
 
 void FlexGrid::mouseReleaseEvent(QMouseEvent *event) {
-    m_dragTimer.stop();
     if (event->button() != m_pressed)
         return;
     m_pressed = Qt::NoButton;
@@ -155,7 +154,6 @@ void FlexGrid::mouseDoubleClickEvent(QMouseEvent *event) {
         mousePressEvent(event);
         return;
     }
-    m_pressed = Qt::NoButton;
     if (m_moving)
         return;
     const QPointer<FlexGrid> self(this);

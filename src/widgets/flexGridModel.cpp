@@ -12,8 +12,6 @@ constexpr int frameMilliseconds = 16;
 FlexGridModel::FlexGridModel(int columns, QObject *parent)
     : QAbstractTableModel(parent)
     , m_columns(size_t(std::max(columns, 1))) {
-    m_pace.setSingleShot(true);
-    m_pace.setInterval(frameMilliseconds);
     connect(&m_pace, &QTimer::timeout, this, &FlexGridModel::announce);
 }
 
@@ -52,7 +50,7 @@ void FlexGridModel::announce() {
 
 void FlexGridModel::sourceHasGrown() {
     if (m_source && !m_pace.isActive())
-        m_pace.start();
+        m_pace.start(frameMilliseconds);
 }
 
 const FlexGridModel::Cell *FlexGridModel::find(int row, int column) const {
@@ -105,7 +103,6 @@ void FlexGridModel::showOnly(std::optional<std::vector<int>> rows) {
     announce();
 }
 
-// The view may call keep() for the same row when it is notified of the removal.
 void FlexGridModel::keep(int row) {
     if (row == m_shown.kept())
         return;
@@ -119,8 +116,6 @@ void FlexGridModel::keep(int row) {
         --m_announced;
         endRemoveRows();
     }
-    if (row == m_shown.kept())
-        return;
     if (without.contains(row) || row < 0 || row >= dataRows())
         return m_shown.keep(row);
     const int place = without.positionOf(row);

@@ -52,7 +52,8 @@ MaskedEdit::MaskedEdit(const QString &objectName, QWidget *parent)
 
 void MaskedEdit::setMask(const QString &mask) {
     m_mask = mask;
-    setInputMask({}); // clears the text
+    setInputMask({});
+    clear();
     delete validator();
     setValidator(mask.isEmpty() ? nullptr : new AsciiDigits(mask, this));
     setInputMask(toolkitMask(mask));

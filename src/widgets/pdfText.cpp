@@ -79,7 +79,7 @@ public:
         if (number <= 0 || number >= m_entries.size() / entry)
             return {};
         const qint64 from = m_entries.sliced(number * entry, 10).toByteArray().toLongLong();
-        const qsizetype end = from > 0 && from < m_table ? m_file.indexOf("endobj", from) : -1;
+        const qsizetype end = from > 0 ? m_file.indexOf("endobj", from) : -1;
         return end < 0 ? QByteArrayView() : m_file.sliced(from, end - from);
     }
     // Returns the bytes to append so that `objects` replace the existing ones.

@@ -92,6 +92,8 @@ TEST(PacedLabel, ANumberTakesItsPlaceInTheText) {
     EXPECT_EQ(static_cast<QLabel &>(label).text(), u"");
     label.flush();
     EXPECT_EQ(static_cast<QLabel &>(label).text(), u"已读 12 条");
+    label.setPacedNumber(u"%1", 13);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return static_cast<QLabel &>(label).text() == u"13"; })) << "without a call";
     label.setPacedText(u"读完"_s);
     EXPECT_EQ(label.pacedText(), u"读完");
 }

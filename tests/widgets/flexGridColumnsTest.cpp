@@ -41,6 +41,32 @@ TEST_F(FlexGridWidths, TheStretchedColumnTakesWhatTheOthersLeave) {
     EXPECT_FALSE(grid.isColumnHidden(2));
 }
 
+TEST_F(FlexGridWidths, AnEditorFindsItsCell) {
+    grid.setColumnTwips(1, 3000);
+    grid.setColumnTwips(3, 9000);
+    grid.setRows(200);
+    EXPECT_EQ(grid.cellRect(0, 1).bottom() + 1, grid.cellRect(1, 1).top());
+    EXPECT_EQ(grid.columnTwips(3), 9000);
+    for (const int height : {260, 120}) {
+        grid.resize(380, height);
+        grid.setRow(150);
+        grid.setColumn(3);
+        const QRect place = grid.cellRect(150, 3);
+        EXPECT_TRUE(grid.geometry().contains(place));
+        EXPECT_EQ(grid.indexAt(at(150, 3)), grid.model()->index(149, 3));
+        EXPECT_GT(place.width(), 300);
+    }
+    grid.setColumnTwips(2, 100);
+    EXPECT_GE(grid.columnWidth(2), grid.fontMetrics().horizontalAdvance(u"标识"_s))
+        << "a column is at least as wide as its heading";
+    EXPECT_EQ(grid.columnTwips(2), 100);
+    grid.setColumnWidth(2, 99); // by the user
+    grid.setColumnTwips(2, 1800);
+    EXPECT_EQ(grid.columnTwips(2), grid.toTwips(99));
+    grid.setHeadingTwips(750);
+    EXPECT_EQ(grid.cellRect(0, 2).height(), grid.toPixels(750));
+}
+
 TEST_F(FlexGridWidths, TwipsGrowWithAFontAboveTheDesignSize) {
     grid.setColumnTwips(1, 3000);
     grid.setColumnTwips(2, 3000);

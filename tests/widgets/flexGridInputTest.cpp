@@ -1,6 +1,9 @@
 // Mouse and keyboard of the grid.
 #include "flexGridFixture.h"
+#include <QAbstractEventDispatcher>
 #include <QClipboard>
+#include <QMenu>
+#include <QScrollBar>
 
 using namespace widgets;
 
@@ -66,8 +69,17 @@ TEST_F(FlexGridInput, EverythingByKeyboard) {
     for (const auto &[key, modifiers, expected, signalsSeen] : steps) {
         QTest::keyClick(&grid, key, modifiers);
         EXPECT_EQ(place(), expected.toString());
+        EXPECT_EQ(grid.currentIndex().column(), grid.column());
         EXPECT_EQ(taken(), signalsSeen.toString());
     }
+    QKeyEvent alt(QEvent::KeyPress, Qt::Key_Down, Qt::AltModifier);
+    QCoreApplication::sendEvent(&grid, &alt);
+    EXPECT_TRUE(!alt.isAccepted() && grid.row() == 1) << "left to the window";
+    grid.setColumnTwips(3, 0);
+    QTest::keyClick(&grid, Qt::Key_End);
+    EXPECT_EQ(place(), u"1-1/2"_s);
+    grid.setColumnTwips(3, 500);
+    QTest::keyClick(&grid, Qt::Key_Left);
     grid.setColumnTwips(0, 500); // no longer hidden
     QTest::keyClick(&grid, Qt::Key_Left);
     EXPECT_EQ(place(), u"1-1/0"_s);
@@ -97,6 +109,9 @@ TEST_F(FlexGridInput, PagesAreOneRowLessThanTheViewAndTheCurrentRowIsSeen) {
             EXPECT_TRUE(grid.rowSel() == reached && grid.viewport()->rect().contains(at(reached, 1))) << reached;
         }
     }
+    grid.verticalScrollBar()->setValue(0);
+    grid.setRowSel(60);
+    EXPECT_EQ(grid.verticalScrollBar()->value(), 0) << "the program extends the selection without scrolling";
 }
 
 // A button of the window system is held: outside the rows the selection grows until the pointer returns.
@@ -106,20 +121,39 @@ TEST_F(FlexGridInput, ADragOutsideExtendsUntilTheLastRow) {
     const int below = grid.viewport()->height();
     const auto reaches = [&](int row) { return QTest::qWaitFor([&] { return grid.rowSel() == row; }, 20'000); };
     QTest::mousePress(system, Qt::LeftButton, {}, inWindow(at(3, 1)));
-    for (const auto &[y, row] : {std::pair(below, 6), {-1, 1}, {below, 6}}) {
+    for (const auto &[y, row, inside] : {std::tuple(below, 6, 4), {-1, 1, 1}, {below, 6, 4}}) {
         QTest::mouseMove(system, inWindow({at(3, 1).x(), y}));
         EXPECT_TRUE(reaches(row)) << y;
-        QTest::mouseMove(system, inWindow(at(4, 1)));
-        EXPECT_EQ(place(), u"3-4/1"_s) << "inside, the row below the pointer";
+        QTest::mouseMove(system, inWindow(at(inside, 1)));
+        EXPECT_EQ(place(), u"3-%1/1"_s.arg(inside)) << "inside, the row below the pointer";
     }
     QTest::mouseMove(system, inWindow({at(3, 1).x(), below - 1})); // below the last row, still inside
     EXPECT_EQ(place(), u"3-6/1"_s);
+    const auto timers = [&] { return QAbstractEventDispatcher::instance()->registeredTimers(&grid).size(); };
+    const auto resting = timers();
+    QTest::mouseMove(system, inWindow({at(3, 1).x(), below}));
+    EXPECT_EQ(timers(), resting + 1);
     QTest::mouseRelease(system, Qt::LeftButton, {}, inWindow({at(3, 1).x(), below + 1}));
     EXPECT_EQ(taken(), u"leave1 enter3"_s) << "no click outside";
+    QTest::mousePress(system, Qt::LeftButton, {}, inWindow(at(3, 1)));
+    EXPECT_EQ(timers(), resting) << "a new press starts no drag";
+    QTest::mouseRelease(system, Qt::LeftButton, {}, inWindow(at(3, 1)));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(taken(), u"click3"_s) << "one click";
     QTest::mousePress(system, Qt::RightButton, {}, inWindow(at(2, 1)));
     QTest::mouseRelease(system, Qt::RightButton, {}, inWindow(at(2, 1)));
     QCoreApplication::processEvents();
     EXPECT_EQ(taken(), u"right3 click3"_s) << "one click";
+    QMenu menu;
+    menu.addAction(u"删除"_s);
+    QObject::connect(&grid, &FlexGrid::rightPressed, [&] {
+        menu.popup(window.mapToGlobal(inWindow(at(2, 1))));
+        QTest::mouseRelease(menu.windowHandle(), Qt::RightButton, {}, {-9, -9});
+        menu.hide();
+    });
+    QTest::mousePress(system, Qt::RightButton, {}, inWindow(at(2, 1)));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(taken(), u"right3 click3"_s) << "if the menu gets the release";
 }
 
 TEST_F(FlexGridInput, SlotsOfLeaveCellMayChangeAnything) {

@@ -59,8 +59,10 @@ TEST_F(MaskedEditTest, ATextKeepsItsPositionsAndWithoutAMaskAllOfIt) {
         EXPECT_EQ(edit.text(), text);
     }
     edit.selectAll();
-    QTest::keyClicks(&edit, u"x#"_s);
-    EXPECT_EQ(edit.text(), u"x#"_s);
+    QTest::keyClicks(&edit, u"1#"_s);
+    EXPECT_EQ(edit.text(), u"1#"_s);
+    edit.setMask(u"##"_s);
+    EXPECT_EQ(edit.text(), u"__"_s) << "a new mask starts empty";
 }
 
 TEST_F(MaskedEditTest, IsLeftOnceAndSelectsWhenItIsEntered) {

@@ -94,7 +94,12 @@ TEST(FoldingRow, TakesALineForEachGroupOnlyWhereItIsNarrow) {
     Window window(u"window"_s, {});
     auto *one = new Button(u"one"_s, u"一个很长很长的按钮"_s), *other = new Button(u"other"_s, u"另一个很长的按钮"_s);
     auto *below = new QLineEdit;
-    window.setLayout(column({new FoldingRow({one, other}), below}));
+    auto *groups = new FoldingRow({one, other});
+    window.setLayout(column({groups, below}));
+    const int least = one->minimumSizeHint().width() + groups->spacing() + other->minimumSizeHint().width();
+    const int between = window.style()->pixelMetric(QStyle::PM_LayoutVerticalSpacing, nullptr, &window);
+    EXPECT_EQ(groups->heightForWidth(least), one->sizeHint().height());
+    EXPECT_EQ(groups->heightForWidth(least - 1), 2 * one->sizeHint().height() + between);
     window.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
     const auto isFolded = [&] { return other->y() > one->geometry().bottom(); };

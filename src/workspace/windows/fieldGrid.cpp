@@ -153,8 +153,8 @@ void FieldGrid::markRows(std::vector<RowRemark> remarks) {
 }
 
 std::vector<RowRemark> FieldGrid::remarksOn(int row) const {
-    const auto found = std::ranges::equal_range(m_remarks, row, {}, &RowRemark::row);
-    return {found.begin(), found.end()};
+    const auto from = std::ranges::lower_bound(m_remarks, row, {}, &RowRemark::row);
+    return {from, std::ranges::upper_bound(from, m_remarks.end(), row, {}, &RowRemark::row)};
 }
 
 void FieldGrid::showAnew() {
