@@ -1,13 +1,11 @@
 // Looks up ISBNs in a catalogue by a batch of the program and by a bare loop over the library that it uses, in turns,
 // and prints both speeds, their ratio, and the longest turn of the event loop during the batch, in milliseconds of
 // processor time. Usage: isbnLookup PORT RECORD-FILE COUNT ROUNDS; the catalogue has the records of the file.
-#include "platform/codepage936.h"
+#include "support/sampleIsbns.h"
 #include "targets/isbnBatch.h"
-#include "targets/isbnList.h"
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
-#include <QFile>
 #include <QTemporaryDir>
 #include <cstdio>
 #include <ctime>
@@ -18,14 +16,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 QStringList isbnsOf(const QString &path, int count) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    QStringList texts;
-    for (const QString &text : platform::decode(file.readAll()).split(u'\u001F'))
-        if (text.startsWith(u"a7-"))
-            texts.append(text.mid(1, 13));
-    const QStringList known = targets::isbnsIn(texts.join(u'\n')).isbns;
+    const QStringList known = sampleIsbns(path);
     QStringList isbns;
     for (int i = 0; i < count && !known.isEmpty(); ++i)
         isbns.append(known[i % known.size()]);

@@ -8,6 +8,7 @@
 
 class TestFolder {
 public:
+    TestFolder() { EXPECT_TRUE(m_folder.isValid()) << m_folder.errorString().toStdString(); }
     // Returns the folder with a trailing separator, or the path of a file in it; with the separators of the system.
     QString path(const QString &name = {}) const { return QDir::toNativeSeparators(m_folder.path() + u'/' + name); }
     // Writes a file with these bytes and returns its path.

@@ -1,8 +1,7 @@
 #include "targets/isbnBatch.h"
 #include "catalogueServers.h"
-#include "platform/codepage936.h"
+#include "support/sampleIsbns.h"
 #include "support/testFolder.h"
-#include "targets/isbnList.h"
 #include "targets/recordSummary.h"
 #include <QEventLoop>
 #include <gtest/gtest.h>
@@ -15,15 +14,9 @@ namespace {
 
 constexpr Politeness atOnce{0ms, 1};
 
-// The ISBNs of the sample records, and some that no catalogue has.
-QStringList sampleIsbns() {
-    QFile file(QStringLiteral(SAMPLE_FILE));
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    QStringList isbns{u"9787999999994"_s, u"7-900000-00-2"_s};
-    for (const QString &text : platform::decode(file.readAll()).split(u'\u001F'))
-        if (text.startsWith(u"a7-") && text.size() >= 14)
-            isbns.append(text.mid(1, 13));
-    return isbnsIn(isbns.join(u'\n')).isbns;
+// Two that no catalogue has, and those of the sample records.
+QStringList batchIsbns() {
+    return QStringList{u"9787999999994"_s, u"7-900000-00-2"_s} + sampleIsbns(QStringLiteral(SAMPLE_FILE));
 }
 
 // Runs the batch until it ends, or until it has that many further outcomes.
@@ -72,7 +65,7 @@ TEST(IsbnList, IsbnsAreFoundInColumnsAndLines) {
 
 TEST(IsbnBatch, IsbnsThatOneTargetLacksAreLookedUpInTheNext) {
     const TestFolder folder;
-    const QStringList isbns = sampleIsbns();
+    const QStringList isbns = batchIsbns();
     IsbnBatch batch({madeUpRecords(), openCatalogue()}, atOnce); // the first one answers with other books
     ASSERT_TRUE(batch.begin(isbns, folder.path(u"j"_s)));
     run(batch);
@@ -90,7 +83,7 @@ TEST(IsbnBatch, IsbnsThatOneTargetLacksAreLookedUpInTheNext) {
 TEST(IsbnBatch, ItContinuesAfterAStopAndAfterACrash) {
     const TestFolder folder;
     const QString journal = folder.path(u"j"_s);
-    const QStringList isbns = sampleIsbns().first(40);
+    const QStringList isbns = batchIsbns().first(40);
     IsbnBatch whole({openCatalogue()}, atOnce);
     ASSERT_TRUE(whole.begin(isbns, folder.path(u"whole"_s)));
     run(whole);
@@ -141,7 +134,7 @@ TEST(IsbnBatch, ATargetThatFailsIsDroppedAndItsIsbnsAreNotMissing) {
     Target dead = openCatalogue();
     dead.name = u"dead"_s;
     dead.port = 1;
-    const QStringList isbns = sampleIsbns().first(8);
+    const QStringList isbns = batchIsbns().first(8);
     IsbnBatch batch({dead, openCatalogue()}, atOnce);
     QStringList dropped;
     QObject::connect(&batch, &IsbnBatch::targetDropped, [&](const QString &name) { dropped.append(name); });
@@ -159,10 +152,10 @@ TEST(IsbnBatch, ATargetThatFailsIsDroppedAndItsIsbnsAreNotMissing) {
 TEST(IsbnBatch, ItPausesBetweenTheRequestsOfAConnection) {
     const TestFolder folder;
     IsbnBatch polite({openCatalogue()}, {.pause = 1h, .atOnce = 2});
-    ASSERT_TRUE(polite.begin(sampleIsbns().first(4), folder.path(u"j"_s)));
+    ASSERT_TRUE(polite.begin(batchIsbns().first(4), folder.path(u"j"_s)));
     polite.start();
     IsbnBatch other({openCatalogue()}, atOnce);
-    ASSERT_TRUE(other.begin(sampleIsbns(), folder.path(u"k"_s)));
+    ASSERT_TRUE(other.begin(batchIsbns(), folder.path(u"k"_s)));
     run(other);
     EXPECT_EQ(polite.notAsked().size(), 2);
 }

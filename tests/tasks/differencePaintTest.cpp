@@ -2,8 +2,12 @@
 #include "support/qtPrinters.h"
 #include "widgets/styleTokens.h"
 #include <QHeaderView>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QProcess>
 #include <QStandardItemModel>
 #include <QTableView>
+#include <QTemporaryDir>
 
 using namespace tasks;
 
@@ -56,4 +60,25 @@ TEST(DifferenceDelegate, ShowsTheDifferenceInANarrowCell) {
                 << column << row;
         EXPECT_TRUE(placeOf(int(rows.size())).isEmpty()) << "left out";
     }
+}
+
+// The width of a part is a whole number of dots, that of its letters is not.
+TEST(DifferenceDelegate, LeavesNothingOutInAWideCell) {
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(u"cell.pdf"_s), after = u"7-111-83133-0CNY19.00年27册i1j2l3f4t5r6"_s;
+    QStandardItemModel model(1, 3);
+    model.setData(model.index(0, 0), u"✓"_s);
+    model.setData(model.index(0, 1), u"711183133019.00年２７册ijlftr"_s);
+    model.setData(model.index(0, 2), after);
+    {
+        QPdfWriter writer(file);
+        QPainter painter(&writer);
+        QStyleOptionViewItem option;
+        option.rect = QRect(0, 0, writer.width(), 1000);
+        DifferenceDelegate(1, 2, nullptr).paint(&painter, option, model.index(0, 2));
+    }
+    QProcess reader;
+    reader.start(u"pdftotext"_s, {file, u"-"_s});
+    ASSERT_TRUE(reader.waitForFinished());
+    EXPECT_EQ(QString::fromUtf8(reader.readAllStandardOutput()).simplified().remove(u' '), after);
 }

@@ -1,8 +1,7 @@
 // Records from other libraries' catalogues, which scripts/tour starts on the loopback interface: a search, a batch of
 // ISBNs, a field taken over, and the taken file imported.
-#include "platform/codepage936.h"
 #include "platform/deskState.h"
-#include "targets/isbnList.h"
+#include "support/sampleIsbns.h"
 #include "targets/windows/frmIsbnBatch.h"
 #include "targets/windows/frmSearch.h"
 #include "tour/errands.h"
@@ -88,14 +87,7 @@ void searchByIsbnAndTitle(TourDriver &driver) {
 
 // The ISBNs of the catalogue, each once and at most `most`, and as many as `unknown` that no catalogue has.
 QStringList isbns(int most, int unknown) {
-    QFile file(pathOf(u"catalogue.iso"_s));
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    QStringList texts;
-    for (const QString &text : platform::decode(file.readAll()).split(u'\u001F'))
-        if (text.startsWith(u"a7-"))
-            texts.append(text.mid(1, 13));
-    QStringList isbns = targets::isbnsIn(texts.join(u'\n')).isbns.first(most);
+    QStringList isbns = sampleIsbns(pathOf(u"catalogue.iso"_s)).first(most);
     for (int i = 0; i < unknown; ++i)
         isbns.insert(isbns.size() * (i + 1) / (unknown + 1), u"97879900%1"_s.arg(10000 + i));
     return isbns;

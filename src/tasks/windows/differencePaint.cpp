@@ -71,7 +71,7 @@ void DifferenceDelegate::paintText(QPainter *painter, const QRect &place, const 
         painter->setPen(differs ? QPen(widgets::colour(look.ink, option.palette)) : ink);
         painter->setFont(differs ? markedFont(plain, isBefore) : plain);
         painter->drawText(box, int(Qt::AlignVCenter | Qt::AlignLeft) | int(Qt::TextSingleLine),
-                          metrics.elidedText(words, Qt::ElideRight, box.width()));
+                          width > box.width() ? metrics.elidedText(words, Qt::ElideRight, box.width()) : words);
         left += width;
     };
     if (begin > 0)

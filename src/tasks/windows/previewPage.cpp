@@ -1,7 +1,6 @@
 #include "tasks/windows/previewPage.h"
 #include "widgets/layout.h"
 #include <QHeaderView>
-#include <QLocale>
 #include <QShortcut>
 #include <QSplitter>
 #include <utility>
@@ -15,8 +14,7 @@ namespace tasks {
 namespace {
 
 QString countWords(const ChangePreview::Count &count) {
-    const QLocale c(QLocale::Chinese);
-    return u"%1 处，%2 条"_s.arg(c.toString(count.changes), c.toString(count.records));
+    return u"%1 处，%2 条"_s.arg(count.changes).arg(count.records);
 }
 
 } // namespace
