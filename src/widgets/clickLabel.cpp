@@ -15,7 +15,6 @@ ClickLabel::ClickLabel(const QString &objectName, const QString &text, Look look
     setObjectName(objectName);
     setText(text);
     setAccessibleName(text);
-    setFocusPolicy(Qt::StrongFocus);
     if (look == Look::Raised)
         return;
     setForegroundRole(QPalette::WindowText);

@@ -191,7 +191,6 @@ void FlexGridModel::clear() {
 
 // Removes and inserts rows instead of resetting the model: on a reset the view would lose its column widths.
 void FlexGridModel::bind(std::shared_ptr<const platform::TableSource> source) {
-    m_pace.stop();
     const bool removing = m_announced > 0;
     if (removing)
         beginRemoveRows({}, 0, m_announced - 1);

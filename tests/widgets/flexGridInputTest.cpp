@@ -30,6 +30,8 @@ TEST_F(FlexGridInput, MouseMovesClickAndActivate) {
         {[&] { QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, at(4, 2)); }, u"4-4/2",
          u"leave2 enter4 activated4"},
         {[&] { QTest::mouseClick(grid.viewport(), Qt::RightButton, {}, below); }, u"4-4/2", u"right4 click4"},
+        {[&] { QTest::mouseDClick(grid.viewport(), Qt::RightButton, {}, at(3, 1)); }, u"4-4/2", u"right4"},
+        {[&] { release(Qt::RightButton, 3); }, u"4-4/2", u"click4"},
         {[&] { QTest::mousePress(grid.viewport(), Qt::LeftButton, {}, below); }, u"4-4/2", u""},
         {[&] { QCoreApplication::sendEvent(grid.viewport(), &drag); }, u"4-4/2", u""},
         {[&] { QTest::mouseRelease(grid.viewport(), Qt::LeftButton, {}, below); }, u"4-4/2", u"click4"},

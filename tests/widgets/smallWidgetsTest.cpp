@@ -10,6 +10,7 @@
 #include "widgets/layout.h"
 #include "widgets/lineIcon.h"
 #include "widgets/oneSize.h"
+#include "widgets/pacedLabel.h"
 #include "widgets/textBox.h"
 #include <QEnterEvent>
 #include <QLineEdit>
@@ -124,10 +125,12 @@ TEST(Controls, HaveTheirNames) {
     const ChoiceList list(u"name"_s, u"列表"_s, &window);
     const Button button(u"name"_s, u"&Q 退出"_s);
     const TextBox box(u"name"_s);
+    const PacedLabel counter(u"name"_s);
     const Heading heading(u"name"_s, u"标题"_s, titleSize);
     for (const auto &[control, spoken] : {std::pair<const QWidget *, QString>{&grid, u"name"_s},
                                           {&label, u"题名"_s},
                                           {&box, u""_s},
+                                          {&counter, u""_s},
                                           {&list, u"列表"_s},
                                           {&heading, u""_s},
                                           {&button, u"Q 退出"_s}}) {
