@@ -170,6 +170,14 @@ TEST(ListHistory, ARunWritesWhatThePreviewShowed) {
     EXPECT_FALSE(list.store->record(2).contains(u"Norvas"_s));
     EXPECT_TRUE(list.store->record(3).contains(u"a003\x1e"_s)) << "as the preview numbered it";
     EXPECT_EQ(list.history.refused().size(), 0U) << "known from the preview";
+    const QString step = uR"({"action": "replace", "tag": "200", "find": "题", "with": "名"})"_s;
+    for (const auto &[row, refused] : {std::pair(2, 1U), {3, 0U}}) {
+        ChangePreview other = list.preview(step, {row});
+        if (refused)
+            list.store->setRecord(row, u"00026x"_s); // after the preview
+        list.run(other);
+        EXPECT_EQ(list.history.refused().size(), refused) << "of this run alone";
+    }
 }
 
 // Leaving one change out leaves only those out that look the same; each record that uses the number takes one.

@@ -91,6 +91,11 @@ TEST_F(TasksWindow, AFaultIsReportedAtItsBox) {
     EXPECT_TRUE(form.isVisible() && form.stepsPage->task().steps.size() == 1);
     edit(false, Parameter::Tag, u"200"_s);
     EXPECT_EQ(form.stepsPage->stepList->item(0)->text(), u"1　在 200 字段里，把“x”换成“”"_s);
+    for (const auto &[action, kept] : {std::pair(Action::DropEmpty, u""_s), {Action::Replace, u"x"_s}}) {
+        form.stepsPage->form->actionBox->setCurrentIndex(int(action));
+        Q_EMIT form.stepsPage->form->actionBox->activated(int(action));
+        EXPECT_EQ(form.stepsPage->task().steps[0].values[Parameter::Find], kept) << "of this action alone";
+    }
     form.quitButton->click();
     EXPECT_FALSE(form.isVisible());
     const QString folder = host.remembered().folderFor(platform::kept::tasks).value();

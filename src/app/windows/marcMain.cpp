@@ -9,6 +9,7 @@
 #include "widgets/remembered.h"
 #include "widgets/styleTokens.h"
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QDragEnterEvent>
 #include <QIcon>
 #include <QMdiSubWindow>

@@ -121,6 +121,7 @@ bool CellEditors::hasAssistant() const {
 
 void CellEditors::reduce() {
     m_enlarged = false;
+    showEditedCell(); // another cell may have become current
     richText->setToolTip(smallHint.toString());
     richText->setEnlarged(false);
     place();
