@@ -177,6 +177,11 @@ TEST_F(DeskTest, TheFilterShowsItsRowsOrWhyThereAreNone) {
     Q_EMIT window.filterBox->activated(2);
     change(4, u"改"_s); // lists the record soon
     EXPECT_TRUE(QTest::qWaitFor([&] { return window.filterBox->currentText() == u"只看改过的：1"; }));
+    outcome.taken = 30;
+    host.willAnswer(platform::Answer::Yes);
+    window.cmdclick[5]->click();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window.filterBox->currentText() == u"只看改过的：0"; })) << "imported";
+    EXPECT_EQ(window.Grid2->columnTwips(1), workspace::RecordList::allTwips);
 }
 
 TEST_F(DeskTest, FindingSelectsTheFieldAndReturnsToItsStart) {

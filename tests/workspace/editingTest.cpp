@@ -107,8 +107,8 @@ TEST_F(EditingTest, LimitsAndTheLargeForm) {
     EXPECT_TRUE(window.richText->toolTip().startsWith(u"双击"_s));
     window.Grid1->setRow(5);
     QTest::mouseDClick(window.richText->viewport(), Qt::LeftButton);
-    EXPECT_TRUE(window.richText->geometry() == window.Grid1->cellRect(3, 4) && window.Grid1->row() == 3);
-
+    EXPECT_TRUE(window.richText->geometry() == window.Grid1->cellRect(3, 4) && window.Grid1->row() == 3 &&
+                window.richText->frameShape() == QFrame::NoFrame);
     window.cmdJieShu->setEnabled(true);
     window.cmdJieShu->setFocus();
     QApplication::processEvents();

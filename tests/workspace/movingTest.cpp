@@ -53,6 +53,23 @@ TEST_F(MovingTest, StepsColourRowsAndStopAtTheEnds) {
     EXPECT_EQ(cell(4, 4), u"题19"_s);           // the grid keeps the previous record
 }
 
+TEST_F(MovingTest, AStepFromAFieldFindsItOrReportsThatItIsMissing) {
+    auto &window = load(3);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    window.Grid1->setFocus();
+    for (const auto &[row, missing] : {std::pair(3, u"没有字段 200"_s), {2, u"没有字段 009"_s}}) {
+        if (row == 2) {
+            window.record().edit({.row = row, .column = 2, .text = u"009"_s, .marks = true});
+            host.willAnswer(Answer::No);
+        }
+        window.Grid1->setRow(row);
+        QTest::keyClick(window.Grid1, Qt::Key_PageDown, Qt::ControlModifier);
+        EXPECT_EQ(says(missing), row == 2);
+    }
+    EXPECT_EQ(window.Grid2->row(), 2);
+}
+
 TEST_F(MovingTest, LeavingAnEditedRecordAsks) {
     load(3);
     auto &window = show();

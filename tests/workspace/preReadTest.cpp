@@ -138,6 +138,7 @@ TEST(SelectMarcFile, RefusesAndOpens) {
                                             {}});
     dialog = &window;
     window.show();
+    EXPECT_TRUE(window.acceptDrops() && window.cmdTidy->isHidden());
     window.cmdClick[0]->click();
     window.Text1->setText(u" "_s + host.folder);
     window.cmdClick[0]->setFocus();
