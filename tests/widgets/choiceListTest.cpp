@@ -2,9 +2,12 @@
 #include "widgets/choiceList.h"
 #include "support/qtPrinters.h"
 #include "widgets/button.h"
+#include "widgets/layout.h"
 #include "widgets/pacedLabel.h"
+#include <QHelpEvent>
 #include <QLineEdit>
 #include <QTest>
+#include <QToolTip>
 
 using namespace widgets;
 
@@ -107,6 +110,10 @@ TEST(PacedLabel, ALongTextIsPaintedWithoutItsMiddle) {
         QLabel shown(label.fontMetrics().elidedText(text, Qt::ElideMiddle, width));
         shown.resize(width, 24);
         EXPECT_EQ(label.grab().toImage(), shown.grab().toImage()) << width;
+        QToolTip::showText({}, u"x"_s);
+        QHelpEvent help(QEvent::ToolTip, {}, {});
+        QCoreApplication::sendEvent(&label, &help);
+        EXPECT_EQ(QToolTip::text(), width == 90 ? plainTip(text) : u"x"_s);
     }
 }
 

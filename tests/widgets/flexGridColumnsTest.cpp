@@ -127,7 +127,7 @@ TEST_F(FlexGridWidths, TheHeadingShowsTheOrderAndCanBeAbsent) {
 TEST_F(FlexGridWidths, AnEmptyCellIsReadAsItsRow) {
     grid.setText(2, 1, {});
     const auto role = [&](int column, int which) { return grid.model()->index(1, column).data(which); };
-    EXPECT_TRUE(role(1, Qt::AccessibleTextRole).toString().contains(u"22")) << "the other cells";
+    EXPECT_EQ(role(1, Qt::AccessibleTextRole).toString(), u"22 23") << "the other cells that are shown";
     EXPECT_FALSE(role(2, Qt::AccessibleTextRole).isValid()) << "its own text";
     EXPECT_FALSE(role(1, Qt::BackgroundRole).isValid());
     EXPECT_EQ(role(1, Qt::DisplayRole).toString(), u"");

@@ -72,6 +72,7 @@ TEST_F(FlexGridInput, EverythingByKeyboard) {
         QTest::keyClick(&grid, key, modifiers);
         EXPECT_EQ(place(), expected.toString());
         EXPECT_EQ(grid.currentIndex().column(), grid.column());
+        EXPECT_EQ(grid.selectionModel()->selectedRows().size(), std::abs(grid.rowSel() - grid.row()) + 1);
         EXPECT_EQ(taken(), signalsSeen.toString());
     }
     QKeyEvent alt(QEvent::KeyPress, Qt::Key_Down, Qt::AltModifier);
