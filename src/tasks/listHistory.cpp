@@ -67,7 +67,6 @@ std::vector<int> ListHistory::changedSince() const {
             rows.push_back(m_records->replacedRow(moment));
     }
     std::ranges::sort(rows);
-    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
     std::vector<int> done;
     for (const Done &one : run.done)
         done.push_back(one.row);

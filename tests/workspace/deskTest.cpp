@@ -50,6 +50,10 @@ TEST_F(DeskTest, FindsRecordsAndTags) {
     QTest::keyClicks(window.Grid2, u"Z"_s);
     EXPECT_EQ(window.findLine->findText->text(), u"Z"_s);
     EXPECT_TRUE(found(u"没有找到"_s));
+    QInputMethodEvent composed;
+    composed.setCommitString(u"红"_s);
+    QApplication::sendEvent(window.Grid2, &composed);
+    EXPECT_EQ(window.findLine->findText->text(), u"红"_s);
 
     QTest::keyClicks(window.Grid1, u"200"_s);
     EXPECT_EQ(window.record().row(window.Grid1->row()).identifier, u"200"_s);

@@ -76,7 +76,9 @@ TEST(FieldEditing, RefusalsOfIdentitiesInTheirOrder) {
         {u"$a"_s, Identifier, u"a$"_s, u"格式错误，请重新输入或按【Esc】取消操作"_s},
         {u"$a"_s, Identifier, u"$1"_s, u"格式错误，请重新输入或按【Esc】取消操作"_s},
         {u"$a"_s, Identifier, u"$ſ"_s, u"格式错误，请重新输入或按【Esc】取消操作"_s},
-        {u"$a"_s, Identifier, u"$B"_s, {}},
+        {u"$a"_s, Identifier, u"$A"_s, {}},
+        {u"$a"_s, Identifier, u"$Z"_s, {}},
+        {u"$a"_s, Identifier, u"$z"_s, {}},
         {u"$a"_s, SubfieldLabel, {}, u"子字段说明不允许为空"_s},
     };
     for (const auto &[identifier, column, typed, refusal] : cases)

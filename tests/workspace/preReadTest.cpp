@@ -139,6 +139,7 @@ TEST(SelectMarcFile, RefusesAndOpens) {
     dialog = &window;
     window.show();
     EXPECT_TRUE(window.acceptDrops() && window.cmdTidy->isHidden());
+    EXPECT_EQ(window.Text1->completer()->maxVisibleItems(), 10);
     window.cmdClick[0]->click();
     window.Text1->setText(u" "_s + host.folder);
     window.cmdClick[0]->setFocus();

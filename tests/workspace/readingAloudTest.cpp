@@ -15,6 +15,7 @@ TEST_F(ReadingAloudTest, TheCurrentCellAndTheCountersAreRead) {
         auto *table = const_cast<QAccessibleInterface *>(reader)->tableInterface();
         return table->cellAt(grid->currentIndex().row(), grid->currentIndex().column())->text(QAccessible::Name);
     };
+    EXPECT_EQ(list->text(QAccessible::Name), u"题名列表"_s);
     EXPECT_EQ(current(window.Grid2, list), u"题1"_s);
     EXPECT_EQ(current(window.Grid1, fields), window.Grid1->text(4, 4));
     window.Grid1->setColumn(0); // a hidden column

@@ -119,9 +119,7 @@ CellText::CellText(const QString &objectName, QWidget *parent)
     : TextBox(objectName, parent)
     , m_keys(new widgets::KeyLine(u"回车写入　Esc 放弃"_s, this)) {
     setContextMenuPolicy(Qt::NoContextMenu); // the right button is used for enlarging
-    setFrameShape(QFrame::NoFrame);
     document()->setDocumentMargin(margin);
-    setEnlarged(false);
     hide();
 }
 
