@@ -20,7 +20,7 @@ constexpr bool isTrail(uchar byte) {
 
 // The kinds of pairs are counted in three parts of one number, which is faster than three conditions a pair.
 constexpr int kindBits = 21;
-constexpr qint64 mostPairs = 1 << 20; // fewer than one part can count
+constexpr qsizetype mostPairs = 1 << 20; // fewer than one part can count
 constexpr quint64 kindMask = (1 << kindBits) - 1;
 constexpr quint64 isUsual = 1, isSeldom = isUsual << kindBits, isForeign = isSeldom << kindBits;
 constexpr uchar firstTrail = 0xA1; // in the national standard, which GBK extends
@@ -48,7 +48,7 @@ constexpr bool isLetter(char byte) {
     return (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z');
 }
 
-// Returns the number of leading bytes that are ASCII, a multiple of eight.
+// Returns the number of leading bytes that are ASCII.
 qsizetype plainAhead(const char *from, const char *end) {
     const char *at = from;
     for (quint64 eight = 0; end - at >= 8; at += 8) {
@@ -56,35 +56,40 @@ qsizetype plainAhead(const char *from, const char *end) {
         if (eight & Q_UINT64_C(0x8080808080808080))
             break;
     }
+    while (at < end && uchar(*at) < 0x80)
+        ++at;
     return at - from;
 }
 
 } // namespace
 
-// The fast path takes usual pairs at once; all other bytes are taken one by one.
 void GbkShape::take(QByteArrayView bytes) {
+    while (!bytes.isEmpty()) {
+        const QByteArrayView part = bytes.first(std::min(2 * mostPairs, bytes.size()));
+        takePart(part);
+        bytes = bytes.sliced(part.size());
+    }
+}
+
+// The fast path takes ASCII characters and usual pairs; all other bytes are taken one by one.
+void GbkShape::takePart(QByteArrayView bytes) {
     const char *at = bytes.begin();
     const char *const end = bytes.end();
+    qint64 paired = 0; // bytes
+    quint64 kinds = 0;
     while (at < end) {
         if (m_place == Place::Between) {
             at += plainAhead(at, end);
-            at = takePairs(at, end);
+            const char *const from = at;
+            for (; end - at >= 2 && isLead(uchar(at[0])) && isTrail(uchar(at[1])); at += 2)
+                kinds += kindOf(uchar(at[0]), uchar(at[1]));
+            paired += at - from;
             if (at == end)
                 break;
         }
         takeByte(uchar(*at++));
     }
-}
-
-// Takes pairs as long as they follow each other. Returns the position after them.
-const char *GbkShape::takePairs(const char *at, const char *end) {
-    const char *const from = at;
-    quint64 kinds = 0;
-    for (end = std::min(end, from + 2 * mostPairs); end - at >= 2 && isLead(uchar(at[0])) && isTrail(uchar(at[1]));
-         at += 2)
-        kinds += kindOf(uchar(at[0]), uchar(at[1]));
-    addPairs((at - from) / 2, kinds);
-    return at;
+    addPairs(paired / 2, kinds);
 }
 
 void GbkShape::addPairs(qint64 count, quint64 kinds) {

@@ -22,7 +22,7 @@ public:
     qint64 damaged = 0;
 
 private:
-    const char *takePairs(const char *at, const char *end);
+    void takePart(QByteArrayView bytes);
     void addPairs(qint64 count, quint64 kinds);
     void takeByte(uchar byte);
     uchar m_lead = 0;

@@ -169,10 +169,11 @@ Status TidyRun::keep() {
             blankBreaks(field.content);
     }
     const RecordChange change = m_change.change ? m_change.change(record) : RecordChange();
-    // Text that was decoded from GBK without damage can be encoded.
+    // UTF-8 holds every text; text that was decoded from GBK without damage can be encoded again.
     const bool isGbk = !isXmlSource() && m_charset == platform::Charset::Gbk && m_form == TargetForm::GbkIso;
+    const bool fits = m_form == TargetForm::Utf8Iso || (isGbk && damaged == 0 && !m_change.change);
     QList<char32_t> lacking;
-    if (!isGbk || damaged > 0 || m_change.change) {
+    if (!fits) {
         for (marc::Field &field : record.fields)
             lacking += marc::fitText(m_form, field.content);
     }
