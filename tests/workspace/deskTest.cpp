@@ -152,6 +152,12 @@ TEST_F(DeskTest, UndoAndTagsAreReported) {
     host.willAnswer(platform::Answer::No);
     window.cmdTiMing[1]->click(); // another record starts a new history
     EXPECT_FALSE(says(u"已撤销"_s));
+    QGuiApplication::clipboard()->setText(u"300 ##$a附注"_s);
+    window.Grid1->setRow(2);
+    QTest::keyClick(window.Grid1, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_TRUE(says(u"已粘贴，Ctrl+Z 撤销"_s));
+    EXPECT_EQ(window.record().row(window.Grid1->row()).identifier, u"300"_s);
+    QTest::keyClick(window.Grid1, Qt::Key_Z, Qt::ControlModifier);
     QTest::keyClick(window.Grid1, Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(value(title), u"题2"_s);
 }

@@ -19,6 +19,7 @@ TEST_F(DraftKeeperTest, DraftsAreOfferedAndReported) {
     change(4, u"更新"_s);
     window.draftBar->cmdRestore->click();
     EXPECT_TRUE(said(u"1 条本次已另改，没有恢复，另存为 "_s));
+    EXPECT_FALSE(says(u"0 条"_s));
     EXPECT_EQ(value(4), u"更新"_s);
 }
 
@@ -33,6 +34,7 @@ TEST_F(DraftKeeperTest, DraftsWaitForTheirRecords) {
     EXPECT_TRUE(says(u"⚠ 没有连接，不能导入"_s));
     window.draftBar->cmdRestore->click();
     EXPECT_TRUE(says(u"2 条的记录还没有读出，读到时恢复"_s));
+    EXPECT_GE(window.parts().drafts.dueIn(), 0);
     window.cmdclick[3]->click();
     EXPECT_TRUE(says(u"1 条修改在文件中没有记录，另存为 "_s));
     EXPECT_EQ(titles(210, 211), QStringList{u"211 改"_s});

@@ -25,6 +25,7 @@ TEST_F(ReadingAloudTest, TheCurrentCellAndTheCountersAreRead) {
     };
     window.Text3->flush();
     EXPECT_EQ(name(window.Text2), u"当前记录 1"_s);
+    EXPECT_EQ(name(window.richText), u"字段内容"_s);
     EXPECT_EQ(name(window.Text3), u"已经读出 3"_s);
     for (QWidget *control : window.findChildren<QWidget *>()) {
         const bool reachable =

@@ -149,7 +149,9 @@ TEST_F(RemarksTest, MarkTheCurrentRecordAsItIsEdited) {
     pressKey(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(marked(), QStringList());
     EXPECT_FALSE(says(u"提示：有错字"_s));
+    window.Grid1->setRow(titleRow);
     window.record().edit({.row = titleRow, .text = u"题错"_s});
+    EXPECT_TRUE(says(u"提示：有错字"_s));
     host.willAnswer(platform::Answer::Yes);
     window.Grid2->clickRow(1);
     EXPECT_EQ(marked(), QStringList());

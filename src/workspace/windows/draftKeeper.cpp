@@ -20,7 +20,6 @@ DraftKeeper::DraftKeeper(RecordList &list, EditedRecord &record, platform::Host 
     , m_record(record)
     , m_host(host)
     , m_typing(std::move(typing)) {
-    m_pace.setSingleShot(true);
     connect(&m_pace, &QTimer::timeout, this, &DraftKeeper::writeSome);
     connect(&record, &EditedRecord::shown, this, &DraftKeeper::touch);
     connect(&record, &EditedRecord::edited, this, &DraftKeeper::touch);

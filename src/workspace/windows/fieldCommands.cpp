@@ -81,7 +81,6 @@ FieldCommands::FieldCommands(FieldGrid &grid, EditedRecord &record, CellEditors 
     for (ChoiceList *list : {zdList, Zzdlist}) {
         list->setToolTip(u"双击可返回,右击或按【Esc】取消"_s);
         list->tellKeys(u"回车添加　Esc 取消"_s);
-        list->setUniformItemSizes(true);
         new widgets::AccentFrame(list);
         list->hide();
         connect(list, &ChoiceList::cancelled, this, [this, list] {

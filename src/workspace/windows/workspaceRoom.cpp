@@ -26,7 +26,6 @@ WorkspaceRoom::WorkspaceRoom(QWidget *list, QWidget *fields, QWidget *parent)
     , m_under(named(new QSplitter(Qt::Vertical), u"under"_s)) {
     setObjectName(u"across"_s);
     wholeText->setReadOnly(true);
-    wholeText->setTabChangesFocus(true);
     cmdWholeText->setCheckable(true);
     cmdWholeText->setToolTip(u"在表格下面显示当前行的全文"_s);
     addWidget(list);
