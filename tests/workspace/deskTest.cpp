@@ -1,6 +1,7 @@
 // Features of the workspace other than editing: find, undo, the filter and the status line.
 #include "workspace/statusFacts.h"
 #include "workspaceFixture.h"
+#include <QClipboard>
 
 using namespace workspace;
 
