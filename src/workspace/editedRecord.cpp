@@ -67,7 +67,6 @@ void EditedRecord::begin(RecordState state, const QString &cutOff) {
     m_history.begin(m_state);
     m_cutOff = cutOff;
     m_losses.clear();
-    m_losses.reserve(m_state.rows.size());
     for (const FieldRow &row : std::as_const(m_state.rows))
         m_losses.append(lossesOf(row.value));
     Q_EMIT shown();

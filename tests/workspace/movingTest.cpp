@@ -45,6 +45,9 @@ TEST_F(MovingTest, StepsColourRowsAndStopAtTheEnds) {
     window.Grid2->setRowSel(4);
     QTest::mouseClick(window.Grid2->viewport(), Qt::RightButton);
     EXPECT_EQ(window.Grid2->rowSel(), 1); // a click leaves one row selected
+    const QRect third = window.Grid2->visualRect(window.Grid2->model()->index(2, 1));
+    QTest::mouseClick(window.Grid2->viewport(), Qt::LeftButton, {}, third.center());
+    EXPECT_TRUE(window.Grid2->row() == 2 && window.Text2->text() == u"3"_s);
     for (int i = 0; i < 30; ++i)
         window.cmdTiMing[1]->click();
     EXPECT_EQ(window.Grid2->row(), 19);
