@@ -60,7 +60,6 @@ struct DraftStoreTest : testing::Test {
         do
             ASSERT_TRUE(store.write(grid, most));
         while (!store.book().unsettledRows().empty());
-        EXPECT_FALSE(store.book().isUnsettled());
         const auto found = DraftFile(in, source).read();
         ASSERT_TRUE(found);
         Records expected = left, older;
