@@ -200,6 +200,9 @@ platform::Status DraftFile::write(const Drafts &changed, const Drafts &left) {
         return platform::success(); // reported when the file was refused
     m_mayAppend = false;
     if (changed.isEmpty() && left.isEmpty()) {
+        // Without its folder, the file is not gone: it is there again when a network drive comes back.
+        if (const QString folder = QFileInfo(m_path).path(); !QFileInfo::exists(folder))
+            return platform::Failure{u"没有文件夹 "_s + folder};
         if (QFile file(m_path); file.exists() && !file.remove())
             return platform::Failure{file.errorString(), int(file.error())};
         m_lines = 0;

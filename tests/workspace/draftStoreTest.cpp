@@ -1,7 +1,6 @@
-// Random changes, imports, restarts and partial writes, compared with maps of records by row.
+// Random changes, imports, restarts, partial and failed writes, compared with maps of records by row.
 #include "workspace/draftStore.h"
 #include "support/dice.h"
-#include "support/fullDisk.h"
 #include "support/testFolder.h"
 
 using namespace workspace;
@@ -120,11 +119,11 @@ TEST_F(DraftStoreTest, TheFileHoldsTheDraftsOfBothSessions) {
             store.book().imported([&](int each) { return each <= row; });
             changed.removeIf([&](Records::iterator each) { return each.key() <= row; });
             break;
-        case 6: {
-            const FullDisk full(20);
-            std::ignore = store.write(grid, 9); // the next write is complete
+        case 6: // the folder is unavailable; the next write is complete
+            ASSERT_TRUE(QDir().rename(in, folder.path(u"elsewhere"_s)));
+            std::ignore = store.write(grid, 9);
+            ASSERT_TRUE(QDir().rename(folder.path(u"elsewhere"_s), in));
             break;
-        }
         case 7:
             restore(dice.below(rows + 1));
             break;
