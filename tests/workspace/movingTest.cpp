@@ -85,6 +85,28 @@ TEST_F(MovingTest, LeavingAnEditedRecordAsks) {
     }
 }
 
+TEST_F(MovingTest, TasksAndOtherCataloguesChangeTheRecordInHand) {
+    batch = [&](const workspace::BatchNeeds &needs) {
+        EXPECT_TRUE(needs.busyRow() == -1 && needs.records->title(0) == u"题1");
+        for (const int row : {0, 1})
+            needs.put(row, titled(u"批"_s), u"批"_s);
+    };
+    fetch = [&](const workspace::FetchNeeds &needs) {
+        EXPECT_EQ(needs.isbn + needs.title, u"批"_s);
+        needs.put(needs.rows().mid(0, 4));
+    };
+    auto &window = load(3);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    window.record().edit({.row = 4, .text = u"手"_s});
+    host.willAnswer(Answer::Yes);
+    window.cmdBatch->click();
+    EXPECT_TRUE(titles(0, 2) == (QStringList{u"1 批"_s, u"2 批"_s}) && cell(4, 4) == u"批");
+    window.Grid1->setFocus();
+    QTest::keyClick(window.Grid1, Qt::Key_T, Qt::ControlModifier);
+    EXPECT_TRUE(window.Grid1->rows() == 5 && window.recordChanged());
+}
+
 TEST_F(MovingTest, AnEditedRecordIsImportedAfterAQuestion) {
     auto &window = load(2);
     window.record().edit({.row = 4, .text = u"新名"_s});

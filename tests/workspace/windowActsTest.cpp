@@ -26,8 +26,9 @@ TEST_F(WindowActs, ChangeOnlyWhatBelongsToThem) {
     const auto key = [](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
         return [key, modifiers] { QTest::keyClick(QApplication::focusWidget(), key, modifiers); };
     };
-    const QString commands = u"cmdProofAll cmdTiMing0 cmdTiMing1 cmdWholeText cmdclick0 cmdclick1 cmdclick2 cmdclick3 "
-                             "cmdclick4 cmdclick5 cmdclick6 filterBox"_s;
+    const QString commands =
+        u"cmdBatch cmdProofAll cmdTiMing0 cmdTiMing1 cmdWholeText cmdclick0 cmdclick1 cmdclick2 cmdclick3 "
+        "cmdclick4 cmdclick5 cmdclick6 filterBox"_s;
     const QString read = u"只读出 200/230 条，导入只含已读出的"_s;
     const QString field = u"Text1 focus; Grid1 "_s + commands + u" off; Text1 on";
     const QString fieldEnds = u"Grid1 focus; Text1 gone; Grid1 "_s + commands + u" on";

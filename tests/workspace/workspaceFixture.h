@@ -68,8 +68,10 @@ struct Workspace : testing::Test {
     ScriptedHost host;
     QStringList opened; // the arguments of the other windows, in order
     std::optional<QString> assistantGives;
-    workspace::ImportOutcome outcome; // of the next import
-    marc::RecordStep stepInCard;      // of the last card
+    workspace::ImportOutcome outcome;                         // of the next import
+    marc::RecordStep stepInCard;                              // of the last card
+    std::function<void(const workspace::BatchNeeds &)> batch; // the windows of tasks and of other catalogues
+    std::function<void(const workspace::FetchNeeds &)> fetch;
     PaneDouble pane;
     QString databaseTrouble;
     std::unique_ptr<workspace::frmDaoru> form;
@@ -120,6 +122,8 @@ struct Workspace : testing::Test {
                         return outcome;
                     },
                 .makeRemarks = [this](const workspace::RemarksNeeds &needs) { return pane.make(needs); },
+                .makeBatch = [this](const workspace::BatchNeeds &needs, QWidget *) { return std::bind(batch, needs); },
+                .fetchRecord = [this](const workspace::FetchNeeds &needs, QWidget *) { fetch(needs); },
                 .databaseTrouble = [this] { return databaseTrouble; },
                 .leaderAssistant = assistant(QStringLiteral("LR000 ")),
                 .field100Assistant = assistant(QStringLiteral("LR100 ")),
