@@ -81,6 +81,7 @@ FieldCommands::FieldCommands(FieldGrid &grid, EditedRecord &record, CellEditors 
     for (ChoiceList *list : {zdList, Zzdlist}) {
         list->setToolTip(u"双击可返回,右击或按【Esc】取消"_s);
         list->tellKeys(u"回车添加　Esc 取消"_s);
+        list->setUniformItemSizes(true); // otherwise the current entry may be out of sight on a low screen
         new widgets::AccentFrame(list);
         list->hide();
         connect(list, &ChoiceList::cancelled, this, [this, list] {
