@@ -89,10 +89,10 @@ void FlexGrid::moveColumnByUser(int step, int most) {
 void FlexGrid::mousePressEvent(QMouseEvent *event) {
     if (m_moving)
         return;
-    const QModelIndex cell = indexAt(event->position().toPoint()); // none below the last row
-    m_dragTimer.stop();                                            // of a drag that ended outside
+    m_dragTimer.stop(); // its release may have gone to a box
+    const QModelIndex cell = indexAt(event->position().toPoint());
     m_pressed = event->button();
-    m_drags = m_pressed == Qt::LeftButton && cell.isValid();
+    m_drags = m_pressed == Qt::LeftButton && cell.isValid(); // not below the last row
     // A box or menu opened by a slot swallows the release; settlePress() then emits the click. (Events synthesised by a
     // test do not appear in mouseButtons().)
     const bool byHand = QGuiApplication::mouseButtons().testFlag(m_pressed);
@@ -141,6 +141,7 @@ void FlexGrid::timerEvent(QTimerEvent *event) {
 }
 
 void FlexGrid::mouseReleaseEvent(QMouseEvent *event) {
+    m_dragTimer.stop();
     if (event->button() != m_pressed)
         return;
     m_pressed = Qt::NoButton;
