@@ -19,7 +19,6 @@ RecordList::RecordList(const QString &objectName, QWidget *parent)
         setColumnTwips(column, widths[size_t(column)]);
         setColumnAlignment(column, Qt::AlignLeft | Qt::AlignVCenter);
     }
-    setAttribute(Qt::WA_InputMethodEnabled);
     connect(this, &FlexGrid::gridClicked, this, [this] {
         if (rowSel() != row())
             setRowSel(row());
@@ -56,6 +55,11 @@ void RecordList::keyPressEvent(QKeyEvent *event) {
         return;
     }
     FlexGrid::keyPressEvent(event);
+}
+
+// Qt disables the input method in views whose cells cannot be edited.
+QVariant RecordList::inputMethodQuery(Qt::InputMethodQuery query) const {
+    return query == Qt::ImEnabled ? QVariant(true) : FlexGrid::inputMethodQuery(query);
 }
 
 void RecordList::inputMethodEvent(QInputMethodEvent *event) {
