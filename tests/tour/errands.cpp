@@ -2,12 +2,10 @@
 #include "database/connection.h"
 #include "database/linkPool.h"
 #include "database/storedConnection.h"
-#include "marc/recordCutter.h"
 #include <QApplication>
 #include <QClipboard>
 #include <QDir>
 #include <QFileDialog>
-#include <QLineEdit>
 
 using namespace Qt::StringLiterals;
 
@@ -99,8 +97,7 @@ int recordsIn(const QString &path) {
 
 void choose(TourDriver &driver, const QString &file) {
     giveFocus(driver, u"Text1"_s);
-    driver.key(u"ctrl+a"_s);
-    driver.type(pathOf(file));
+    driver.key(u"ctrl+a"_s).type(pathOf(file));
     driver.key(u"alt+s"_s);
 }
 
@@ -111,8 +108,7 @@ void openSample(TourDriver &driver, const QString &file) {
 }
 
 void closeWorkspace(TourDriver &driver) {
-    driver.key(u"alt+q"_s);
-    driver.answerBox(closeQuestion.toString(), u"y"_s);
+    driver.key(u"alt+q"_s).answerBox(closeQuestion.toString(), u"y"_s);
     driver.waitUntilGone(u"frmDaoru"_s);
     driver.waitForWindow(u"frmSelectMFile"_s);
 }
@@ -165,8 +161,7 @@ void openContent(TourDriver &driver, int row) {
 
 void retype(TourDriver &driver, int row, const QString &text) {
     openContent(driver, row);
-    driver.key(u"ctrl+a"_s);
-    driver.type(text);
+    driver.key(u"ctrl+a"_s).type(text);
     driver.key(u"Return"_s);
     waitUntilIdle(driver);
     driver.expectEqual(driver.cell(u"Grid1"_s, row, valueColumn), text, u"the cell retyped"_s);

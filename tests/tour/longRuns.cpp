@@ -1,7 +1,6 @@
 #include "tour/longRuns.h"
 #include "tour/errands.h"
 #include "tour/scenes.h"
-#include "widgets/pacedLabel.h"
 #include <QApplication>
 #include <QDir>
 #include <QFile>
@@ -33,8 +32,7 @@ void import(TourDriver &driver, int) {
 
 void exportCatalogue(TourDriver &driver, int round) {
     driver.open(u"daochu"_s, u"QueryFrm"_s);
-    driver.key(u"alt+o"_s);
-    driver.waitForWindow(u"ZSKListFrm"_s);
+    driver.key(u"alt+o"_s).waitForWindow(u"ZSKListFrm"_s);
     driver.key(u"alt+d"_s);
     enterFile(driver, exportTitle.toString(), pathOf(u"monkey-export%1.iso"_s.arg(round)));
 }

@@ -3,10 +3,8 @@
 #include "tour/monkeyHands.h"
 #include "tour/monkeyWatch.h"
 #include "tour/scenes.h"
-#include "widgets/pacedLabel.h"
 #include <QApplication>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <cstdio>

@@ -1,18 +1,12 @@
 #include "tour/monkeyWatch.h"
 #include "import/windows/frmDaoRuJindu.h"
-#include "marc/recordCutter.h"
 #include "proof/windows/frmMessage.h"
 #include "tour/errands.h"
-#include "widgets/button.h"
-#include "widgets/pacedLabel.h"
-#include "workspace/windows/draftBar.h"
-#include "workspace/windows/frmDaoru.h"
 #include <QApplication>
 #include <QFileDialog>
 #include <QProgressBar>
 #include <QRegularExpression>
 #include <algorithm>
-#include <array>
 
 using namespace Qt::StringLiterals;
 

@@ -2,7 +2,6 @@
 #include "catalogue/listTexts.h"
 #include "tour/errands.h"
 #include "tour/scenes.h"
-#include "widgets/flexGrid.h"
 
 using namespace Qt::StringLiterals;
 
@@ -76,8 +75,7 @@ void queriedList(TourDriver &driver) {
     driver.clickCell(grid, 3, 2);
     for (const QString &way : {u"Return"_s, u"alt+m"_s}) {
         driver.waitForFocus(grid);
-        driver.key(way);
-        driver.waitForWindow(u"SCKListFrm"_s, u"book-details"_s);
+        driver.key(way).waitForWindow(u"SCKListFrm"_s, u"book-details"_s);
         driver.expectEqual(driver.textOf(u"SCKListFrm/LabelZSK12"_s),
                            fromDatabase(driver, u"select count(*) from sck where zskid=" + key), u"copies"_s);
         driver.leave(u"alt+x"_s, u"SCKListFrm"_s);
@@ -86,13 +84,10 @@ void queriedList(TourDriver &driver) {
 }
 
 void sortAnew(TourDriver &driver) {
-    driver.key(u"alt+s"_s);
-    driver.waitForWindow(u"OrderbyFrm"_s);
-    driver.key(u"alt+o"_s);
-    driver.answerBox(u"请输入排序条件，取消该操作。"_s, u"Return"_s, u"order-refused"_s);
+    driver.key(u"alt+s"_s).waitForWindow(u"OrderbyFrm"_s);
+    driver.key(u"alt+o"_s).answerBox(u"请输入排序条件，取消该操作。"_s, u"Return"_s, u"order-refused"_s);
     driver.click(u"OrderbyFrm/List1"_s);
-    driver.key(u"End Return Home Return"_s);
-    driver.shot(u"order-chosen"_s);
+    driver.key(u"End Return Home Return"_s).shot(u"order-chosen"_s);
     driver.leave(u"alt+o"_s, u"OrderbyFrm"_s);
     driver.waitUntil(u"sorted by the date"_s, [] {
         auto *grid = TourDriver::find<widgets::FlexGrid>(u"ZSKListFrm/Grid1"_s);
@@ -102,8 +97,7 @@ void sortAnew(TourDriver &driver) {
         }
         return true;
     });
-    driver.key(u"alt+p"_s);
-    driver.waitForWindow(u"DataReportJs"_s, u"print-preview"_s);
+    driver.key(u"alt+p"_s).waitForWindow(u"DataReportJs"_s, u"print-preview"_s);
     driver.leave(u"Escape"_s, u"DataReportJs"_s);
     driver.waitForWindow(u"ZSKListFrm"_s);
 }
@@ -135,19 +129,16 @@ void queryStore(TourDriver &driver, const QString &author) {
         driver.key(u"Tab"_s);
         addCondition(driver, u"Home Down"_s, 2, author);
     }
-    driver.key(u"alt+o"_s);
-    driver.waitForWindow(u"TLKListFrm"_s, u"store-list"_s);
+    driver.key(u"alt+o"_s).waitForWindow(u"TLKListFrm"_s, u"store-list"_s);
 }
 
 // No is the default answer and deletes nothing.
 void deleteRows(TourDriver &driver, const QString &chord, const QString &question, const QString &rows, int left) {
     const int before = stored(driver);
     const int some = stored(driver, rows);
-    driver.key(chord);
-    driver.answerBox(question, u"Return"_s, u"delete-rows"_s);
+    driver.key(chord).answerBox(question, u"Return"_s, u"delete-rows"_s);
     driver.expect(some >= 2 && stored(driver, rows) == some, u"No deletes nothing"_s);
-    driver.key(chord);
-    driver.answerBox(question, u"y"_s);
+    driver.key(chord).answerBox(question, u"y"_s);
     checkList(driver, u"TLKListFrm"_s, left, catalogue::countText(left));
     driver.expect(stored(driver) == before - some && stored(driver, rows) == 0, u"the rows alone are gone"_s);
 }

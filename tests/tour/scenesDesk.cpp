@@ -2,12 +2,7 @@
 // list and its filter.
 #include "tour/errands.h"
 #include "tour/scenes.h"
-#include "widgets/button.h"
-#include "widgets/flexGrid.h"
-#include "widgets/pacedLabel.h"
-#include "workspace/windows/frmDaoru.h"
 #include <QFile>
-#include <QLabel>
 #include <tuple>
 
 using namespace Qt::StringLiterals;
@@ -39,15 +34,13 @@ void tellOfAFile(TourDriver &driver) {
 
 void find(TourDriver &driver) {
     giveFocus(driver, u"Grid2"_s);
-    driver.key(u"F3"_s);
-    driver.waitForFocus(u"findText"_s);
+    driver.key(u"F3"_s).waitForFocus(u"findText"_s);
     paste(driver, u"北京"_s);
     driver.waitUntil(u"hits"_s, [] { return room()->findLine->findCount->text().endsWith(u" 条"); });
     driver.key(u"F3"_s);
     driver.waitUntil(u"the next hit"_s, [] { return room()->Grid2->row() > 0; });
     driver.shot(u"find"_s);
-    driver.key(u"Escape"_s);
-    driver.waitForFocus(u"Grid2"_s);
+    driver.key(u"Escape"_s).waitForFocus(u"Grid2"_s);
     driver.key(u"alt+w"_s);
     driver.waitUntil(u"the whole text"_s, [] { return room()->room->wholeText->isVisible(); });
     driver.shot(u"whole-text"_s);
@@ -57,31 +50,26 @@ void find(TourDriver &driver) {
 // From the pane of remarks: the report in all its forms, and the choice of the schema.
 void report(TourDriver &driver) {
     const QString window = u"frmBatchReport"_s;
-    driver.key(u"alt+g"_s);
-    driver.waitForWindow(window);
+    driver.key(u"alt+g"_s).waitForWindow(window);
     driver.waitUntil(u"the report"_s, [] {
         const auto *save = TourDriver::find<widgets::Button>(u"pdfButton"_s);
         return save && save->isEnabled();
     });
     driver.shot(u"batch-report"_s);
-    driver.key(u"alt+g"_s);
-    driver.shot(u"batch-report-rules"_s);
-    driver.key(u"alt+c"_s);
-    driver.shot(u"batch-report-draw"_s);
+    driver.key(u"alt+g"_s).shot(u"batch-report-rules"_s);
+    driver.key(u"alt+c"_s).shot(u"batch-report-draw"_s);
     for (const auto &[key, title, file] :
          {std::tuple(u"alt+d"_s, u"存为 PDF"_s, u"report.pdf"_s), {u"alt+w"_s, u"存为网页"_s, u"report.html"_s}}) {
         driver.key(key);
         enterFile(driver, title, pathOf(file));
         driver.waitForText(u"state"_s, u"已保存到 "_s + pathOf(file));
     }
-    driver.key(u"alt+p"_s);
-    driver.waitForWindow(u"batchReportPrint"_s, u"batch-report-print"_s);
+    driver.key(u"alt+p"_s).waitForWindow(u"batchReportPrint"_s, u"batch-report-print"_s);
     driver.leave(u"Escape"_s, u"batchReportPrint"_s);
     driver.waitForWindow(window);
     askHandbook(driver, u"report.md"_s, u"report"_s);
     driver.leave(u"alt+q"_s, window);
-    driver.key(u"alt+u"_s);
-    driver.waitForWindow(u"frmSchema"_s, u"schema"_s);
+    driver.key(u"alt+u"_s).waitForWindow(u"frmSchema"_s, u"schema"_s);
     driver.leave(u"alt+q"_s, u"frmSchema"_s);
 }
 
@@ -95,14 +83,10 @@ void proofAll(TourDriver &driver) {
     driver.shot(u"remarks"_s);
     report(driver);
     driver.waitForFocus(u"proofTable/grid"_s);
-    driver.key(u"alt+f Down"_s);
-    driver.shot(u"remarks-filtered"_s);
-    driver.key(u"Up Escape"_s);
-    driver.waitForFocus(u"Grid1"_s);
-    driver.key(u"F8"_s);
-    driver.waitForFocus(u"proofTable/grid"_s);
-    driver.key(u"F8"_s);
-    driver.waitForFocus(u"Grid1"_s);
+    driver.key(u"alt+f Down"_s).shot(u"remarks-filtered"_s);
+    driver.key(u"Up Escape"_s).waitForFocus(u"Grid1"_s);
+    driver.key(u"F8"_s).waitForFocus(u"proofTable/grid"_s);
+    driver.key(u"F8"_s).waitForFocus(u"Grid1"_s);
     driver.expect(driver.look([] { return TourDriver::find(u"remarksPane"_s) == nullptr; }), u"the pane is hidden"_s);
     driver.key(u"F4 F4"_s);
     driver.waitUntil(u"the second remark"_s, [] { return room()->labStatus->text().contains(u"2/"); });
@@ -111,13 +95,10 @@ void proofAll(TourDriver &driver) {
 
 void filterList(TourDriver &driver) {
     driver.look([] { TourDriver::find(u"filterBox"_s)->setFocus(); });
-    driver.key(u"Down"_s);
-    driver.shot(u"filtered"_s);
+    driver.key(u"Down"_s).shot(u"filtered"_s);
     driver.expect(driver.textOf(u"filterBox"_s).startsWith(u"只看有问题的："), u"the filter counts"_s);
-    driver.key(u"alt+k"_s);
-    driver.waitForWindow(u"frmMarcKaPian"_s);
-    driver.key(u"Right"_s);
-    driver.shot(u"next-card"_s);
+    driver.key(u"alt+k"_s).waitForWindow(u"frmMarcKaPian"_s);
+    driver.key(u"Right"_s).shot(u"next-card"_s);
     driver.leave(u"alt+q"_s, u"frmMarcKaPian"_s);
     driver.look([] { TourDriver::find(u"filterBox"_s)->setFocus(); });
     driver.key(u"Up"_s);

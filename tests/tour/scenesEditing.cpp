@@ -2,7 +2,6 @@
 #include "tour/errands.h"
 #include "tour/scenes.h"
 #include <QApplication>
-#include <QListWidget>
 #include <QMenu>
 
 using namespace Qt::StringLiterals;
@@ -56,8 +55,7 @@ void popupByMouse(TourDriver &driver) {
 void smallForm(TourDriver &driver) {
     const int row = rowOf(driver, u"205"_s, u"$a"_s);
     openContent(driver, row);
-    driver.key(u"End"_s);
-    driver.type(u" 1996"_s);
+    driver.key(u"End"_s).type(u" 1996"_s);
     paste(driver, u"㛃"_s);
     driver.waitUntil(u"the warning"_s, [] { return desk()->labStatus->text().contains(u"㛃"); });
     driver.shot(u"edit-small"_s);
@@ -72,9 +70,7 @@ void largeForm(TourDriver &driver) {
     openContent(driver, row);
     driver.click(u"richText"_s, 3);
     driver.waitUntil(u"the large form"_s, [] { return desk()->richText->geometry() == desk()->Grid1->rightHalf(); });
-    driver.key(u"ctrl+Home"_s);
-    driver.type(u"Abstract: "_s);
-    driver.shot(u"edit-large"_s);
+    driver.key(u"ctrl+Home"_s).type(u"Abstract: "_s).shot(u"edit-large"_s);
     driver.clickAt(driver.look([] { return desk()->richText->mapToGlobal(QPoint(40, 40)); }), 1, 2);
     waitForEditor(driver, u"richText"_s, row, 4);
     driver.shot(u"edit-small-again"_s);
@@ -120,8 +116,7 @@ void changeTitle(TourDriver &driver) {
         retype(driver, row(), u"Dream"_s);
         driver.clickCell(u"Grid2"_s, 2, 1);
         driver.boxText();
-        driver.key(u"Escape alt+F4"_s);
-        driver.answerBox(question, answer, u"edit-question"_s);
+        driver.key(u"Escape alt+F4"_s).answerBox(question, answer, u"edit-question"_s);
         driver.waitForText(u"Text2"_s, u"3"_s);
         driver.clickCell(u"Grid2"_s, 0, 1);
         driver.waitForText(u"Text2"_s, u"1"_s);
@@ -135,34 +130,27 @@ void changeTitle(TourDriver &driver) {
 
 void openAssistant(TourDriver &driver, int row, const QString &window) {
     openContent(driver, row);
-    driver.key(u"ctrl+e"_s);
-    driver.waitForWindow(window, window);
+    driver.key(u"ctrl+e"_s).waitForWindow(window, window);
     driver.waitForFocus(u"Text11"_s);
 }
 
 // Opens the drop-down list of the current box with the Down key and chooses the entry `steps` steps away.
 void chooseCode(TourDriver &driver, const QString &direction, int steps, const QString &picture) {
-    driver.key(u"Down"_s);
-    driver.waitForFocus(u"listMenu"_s);
+    driver.key(u"Down"_s).waitForFocus(u"listMenu"_s);
     driver.shot(picture);
     driver.key(direction, steps);
-    driver.key(u"Return"_s);
-    driver.waitUntilGone(u"listMenu"_s);
+    driver.key(u"Return"_s).waitUntilGone(u"listMenu"_s);
 }
 
 void leaderAssistant(TourDriver &driver) {
     openAssistant(driver, 1, u"frmHelpLR000"_s);
     driver.expectEqual(driver.textOf(u"textMarc"_s), u"?????nam0#22?????###450#"_s, u"the leader as loaded"_s);
-    driver.type(u"c"_s);
-    driver.key(u"Return"_s);
-    driver.waitForFocus(u"Text12"_s);
+    driver.type(u"c"_s).key(u"Return"_s).waitForFocus(u"Text12"_s);
     chooseCode(driver, u"Down"_s, 1, u"leader-list"_s);
     driver.waitForFocus(u"Text12"_s);
-    driver.type(u"x"_s);
-    driver.answerBox(u"输入字符不在规定范围内。是否重新输入？"_s, u"y"_s, u"leader-refused"_s);
+    driver.type(u"x"_s).answerBox(u"输入字符不在规定范围内。是否重新输入？"_s, u"y"_s, u"leader-refused"_s);
     driver.waitForFocus(u"Text12"_s);
-    driver.type(u"B"_s);
-    driver.waitForText(u"Text12"_s, u"b"_s);
+    driver.type(u"B"_s).waitForText(u"Text12"_s, u"b"_s);
     driver.leave(u"alt+s"_s, u"frmHelpLR000"_s);
     waitUntilIdle(driver);
     driver.expectEqual(driver.cell(u"Grid1"_s, 1, 4), u"?????cbm0#22?????###450#"_s, u"the leader row"_s);
@@ -172,11 +160,9 @@ void field100Assistant(TourDriver &driver) {
     const int row = rowOf(driver, u"100"_s, u"$a"_s);
     openAssistant(driver, row, u"frmHelpLR100"_s);
     driver.key(u"Tab ctrl+a"_s);
-    driver.type(u"19a81"_s);
-    driver.answerBox(u"输入年份格式不正确。请重新输入"_s, u"Return"_s, u"year-refused"_s);
+    driver.type(u"19a81"_s).answerBox(u"输入年份格式不正确。请重新输入"_s, u"Return"_s, u"year-refused"_s);
     driver.waitForFocus(u"Text12"_s);
-    driver.key(u"ctrl+a"_s);
-    driver.type(u"1998"_s);
+    driver.key(u"ctrl+a"_s).type(u"1998"_s);
     driver.click(u"LabShuoMing8"_s);
     chooseCode(driver, u"Up"_s, 3, u"field100-list"_s);
     driver.waitForFocus(u"Text110"_s);

@@ -15,8 +15,7 @@ void checkReport(TourDriver &driver, const QString &ending, const QString &pictu
     driver.waitForWindow(u"frmMessage"_s, picture);
     const QString report = driver.textOf(u"messageText"_s).trimmed();
     driver.expect(report.startsWith(u"【源文件】"_s) && report.endsWith(ending), u"the report: " + report);
-    driver.key(u"alt+q"_s);
-    driver.answerBox(u"是否查看该目标文件？"_s, u"n"_s);
+    driver.key(u"alt+q"_s).answerBox(u"是否查看该目标文件？"_s, u"n"_s);
 }
 
 // Fills the three boxes of the split by keyboard. The text of each box is selected when it gets the focus.
@@ -26,11 +25,10 @@ void fillSplit(TourDriver &driver) {
     driver.waitForText(u"Text10"_s, pathOf(u"sample.iso"_s));
     giveFocus(driver, u"Text10"_s);
     driver.key(u"Return Tab"_s); // to the button next to the box
-    driver.type(pathOf(u"part.iso"_s));
-    driver.key(u"Return Tab"_s);
+    driver.type(pathOf(u"part.iso"_s)).key(u"Return Tab"_s);
     driver.type(u"9"_s);
-    driver.key(u"alt+d"_s);
-    driver.answerBox(u"每个拆分文件的最大记录数太小！最好不要小于10！"_s, u"Return"_s, u"split-refused"_s);
+    driver.key(u"alt+d"_s)
+        .answerBox(u"每个拆分文件的最大记录数太小！最好不要小于10！"_s, u"Return"_s, u"split-refused"_s);
     driver.type(u"100"_s); // the rejected box has the focus
 }
 
@@ -53,8 +51,7 @@ void split(TourDriver &driver) {
     driver.shot(u"split-done"_s);
     driver.key(u"alt+q"_s);
     driver.answerBox(closeQuestion.toString(), u"Return"_s); // No is the default
-    driver.key(u"Escape"_s);
-    driver.answerBox(closeQuestion.toString(), u"y"_s, u"split-close"_s);
+    driver.key(u"Escape"_s).answerBox(closeQuestion.toString(), u"y"_s, u"split-close"_s);
     driver.waitUntilGone(u"frmCutFile"_s);
 }
 
@@ -72,8 +69,7 @@ void merge(TourDriver &driver) {
     const int records = recordsIn(pathOf(u"sample.iso"_s)) + 5;
     checkReport(driver, u"文件{%1}保存了%2条记录！"_s.arg(target).arg(records), u"merge-report"_s);
     driver.expect(recordsIn(target) == records, u"records in the target"_s);
-    driver.key(u"alt+q"_s);
-    driver.answerBox(closeQuestion.toString(), u"y"_s);
+    driver.key(u"alt+q"_s).answerBox(closeQuestion.toString(), u"y"_s);
     driver.waitUntilGone(u"frmUnionFile"_s);
 }
 

@@ -3,11 +3,7 @@
 #include "handbook/windows/frmHandbook.h"
 #include "tour/errands.h"
 #include "tour/scenes.h"
-#include "widgets/button.h"
-#include "widgets/pacedLabel.h"
 #include "widgets/selectingEdit.h"
-#include "widgets/textBox.h"
-#include <QLabel>
 
 using namespace Qt::StringLiterals;
 
@@ -22,8 +18,7 @@ handbook::frmHandbook *shown() {
 }
 
 void openHandbook(TourDriver &driver, const QString &key, const QString &page) {
-    driver.key(key);
-    driver.waitForWindow(viewer);
+    driver.key(key).waitForWindow(viewer);
     driver.waitForFocus(u"pageView"_s);
     driver.waitUntil(u"the page "_s + page, [page] { return shown() && shown()->view->file() == page; });
 }
@@ -33,8 +28,7 @@ void askWhileEditing(TourDriver &driver) {
     giveFocus(driver, u"Grid1"_s);
     const int row = rowOf(driver, u"205"_s, u"$a"_s);
     openContent(driver, row);
-    driver.key(u"End"_s);
-    driver.type(u" 1996"_s);
+    driver.key(u"End"_s).type(u" 1996"_s);
     const QString typed = driver.textOf(u"richText"_s);
     askHandbook(driver, u"editing.md"_s, u"editor"_s);
     waitForEditor(driver, u"richText"_s, row, 4);
@@ -45,8 +39,7 @@ void askWhileEditing(TourDriver &driver) {
 
 // The import continues while the handbook is open and finishes after it.
 void askWhileImporting(TourDriver &driver) {
-    driver.key(u"alt+s"_s);
-    driver.waitForWindow(u"frmDaoRuJindu"_s);
+    driver.key(u"alt+s"_s).waitForWindow(u"frmDaoRuJindu"_s);
     askHandbook(driver, u"import.md"_s, u"import"_s);
     driver.waitForText(u"labJinDuShu"_s, u"处理完毕！"_s, 60000);
     driver.expectEqual(driver.textOf(u"labTishi"_s), u"本次成功处理的记录数：200"_s, u"imported"_s);
@@ -69,8 +62,7 @@ void keepBeside(TourDriver &driver) {
     openHandbook(driver, u"alt+5"_s, u"start.md"_s); // of the start page
     driver.look([] { TourDriver::find(u"marcMain"_s)->activateWindow(); });
     driver.waitForWindow(u"marcMain"_s);
-    driver.key(u"alt+1"_s);
-    driver.waitForWindow(u"frmSelectMFile"_s);
+    driver.key(u"alt+1"_s).waitForWindow(u"frmSelectMFile"_s);
     driver.expect(driver.look([] { return shown() != nullptr; }), u"the handbook stays"_s);
     driver.look([] {
         if (shown())
@@ -82,8 +74,7 @@ void keepBeside(TourDriver &driver) {
     driver.key(u"Return Return"_s);
     driver.waitUntil(u"a mark"_s, [] { return shown() && shown()->view->currentMark() >= 0; });
     driver.shot(u"handbook-search"_s);
-    driver.key(u"ctrl+p"_s);
-    driver.waitForWindow(u"handbookPrint"_s, u"handbook-print"_s);
+    driver.key(u"ctrl+p"_s).waitForWindow(u"handbookPrint"_s, u"handbook-print"_s);
     driver.leave(u"Escape"_s, u"handbookPrint"_s);
     driver.waitForWindow(viewer);
     driver.leave(u"Escape"_s, viewer);

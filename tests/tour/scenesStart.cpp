@@ -21,8 +21,7 @@ void firstRun(TourDriver &driver) {
         return;
     driver.expect(driver.textOf(u"dataSourceWords"_s).startsWith(u"本机已有数据源：TarvexLibrary。"), u"the hint"_s);
     askHandbook(driver, u"servers.md"_s, u"first-run"_s);
-    driver.key(u"alt+c"_s);
-    driver.answerBox(u"填写的信息不完整!请重新输入!"_s, u"Return"_s, u"first-run-refused"_s);
+    driver.key(u"alt+c"_s).answerBox(u"填写的信息不完整!请重新输入!"_s, u"Return"_s, u"first-run-refused"_s);
     driver.click(u"cboDSNList"_s);
     driver.key(u"End Return"_s);
     driver.waitUntil(u"data source chosen"_s, [] {
@@ -31,8 +30,7 @@ void firstRun(TourDriver &driver) {
                !TourDriver::find(u"txtServer"_s)->isEnabled() && TourDriver::find(u"txtUID"_s)->hasFocus();
     });
     driver.type(u"cataloguer"_s);
-    driver.key(u"alt+c"_s);
-    driver.answerBox(u"测试通过！\r\n请保存连接参数！"_s, u"Return"_s, u"first-run-tested"_s);
+    driver.key(u"alt+c"_s).answerBox(u"测试通过！\r\n请保存连接参数！"_s, u"Return"_s, u"first-run-tested"_s);
     driver.expectEqual(storedSetting(), u"nothing"_s, u"the setting after a test"_s);
     driver.click(u"cmdOK"_s);
     driver.answerBox(u"请重新运行Quelt系统！"_s, u"Return"_s, u"first-run-saved"_s);

@@ -1,12 +1,10 @@
 // Records from other libraries' catalogues, which scripts/tour starts on the loopback interface: a search, a batch of
 // ISBNs, a field taken over, and the taken file imported.
-#include "platform/deskState.h"
 #include "support/sampleIsbns.h"
 #include "targets/windows/frmIsbnBatch.h"
 #include "targets/windows/frmSearch.h"
 #include "tour/errands.h"
 #include "tour/scenes.h"
-#include <QFile>
 
 using namespace Qt::StringLiterals;
 
@@ -109,13 +107,11 @@ void lookUpIsbns(TourDriver &driver) {
     driver.waitUntil(
         u"a third of the batch"_s,
         [] { return batchWindow()->batch().count(targets::Outcome::State::Found) >= before; }, 120000);
-    driver.key(u"alt+t"_s);
-    driver.shot(u"targets-batch-stopped"_s);
+    driver.key(u"alt+t"_s).shot(u"targets-batch-stopped"_s);
     driver.expect(driver.textOf(u"labJinDu"_s).startsWith(u"停下了"_s), u"the batch is stopped"_s);
     driver.leave(u"alt+q"_s, u"frmIsbnBatch"_s);
     driver.open(u"batchButton"_s, u"frmIsbnBatch"_s);
-    driver.key(u"alt+c"_s);
-    driver.waitForText(u"labJinDu"_s, u"找到 %1，未找到 %2"_s.arg(all - unknown).arg(unknown), 120000);
+    driver.key(u"alt+c"_s).waitForText(u"labJinDu"_s, u"找到 %1，未找到 %2"_s.arg(all - unknown).arg(unknown), 120000);
     driver.shot(u"targets-batch"_s);
     driver.leave(u"alt+q"_s, u"frmIsbnBatch"_s);
 }
@@ -133,8 +129,7 @@ void takeAndCompare(TourDriver &driver) {
     enterFile(driver, u"把取用的记录存到哪个文件夹"_s, pathOf({}).chopped(1), u"targets-folder"_s);
     driver.answerBox(u"已写入 1 条记录：\r\n"_s + takenPath(), u"Return"_s);
     driver.expect(recordsIn(takenPath()) == 1, u"the file has the record"_s);
-    driver.key(u"alt+y"_s);
-    driver.waitForWindow(u"frmDaoru"_s);
+    driver.key(u"alt+y"_s).waitForWindow(u"frmDaoru"_s);
     const int title = rowOf(driver, u"200"_s, u"$a"_s);
     const QString before = driver.cell(u"Grid1"_s, title, 4);
     giveFocus(driver, u"Grid1"_s);
@@ -142,10 +137,8 @@ void takeAndCompare(TourDriver &driver) {
     driver.key(u"ctrl+t"_s);
     driver.waitUntil(u"the search over the workspace"_s, [] { return TourDriver::find(u"compareButton"_s); });
     driver.expectEqual(driver.textOf(u"isbnEdit"_s), u"7-02-889802-4"_s, u"the ISBN of the current record"_s);
-    driver.key(u"alt+s"_s);
-    driver.waitForFocus(u"foundGrid"_s);
-    driver.key(u"alt+d"_s);
-    driver.waitForWindow(u"frmCompare"_s);
+    driver.key(u"alt+s"_s).waitForFocus(u"foundGrid"_s);
+    driver.key(u"alt+d"_s).waitForWindow(u"frmCompare"_s);
     driver.waitUntil(u"the field 200"_s, [] { return TourDriver::find(u"compareGrid"_s); });
     driver.look([] {
         auto *grid = TourDriver::find<widgets::FlexGrid>(u"compareGrid"_s);
@@ -156,14 +149,12 @@ void takeAndCompare(TourDriver &driver) {
     driver.shot(u"targets-compare"_s);
     driver.key(u"alt+e"_s);
     driver.leave(u"alt+q"_s, u"frmCompare"_s);
-    driver.key(u"alt+q"_s);
-    driver.waitForWindow(u"frmDaoru"_s);
+    driver.key(u"alt+q"_s).waitForWindow(u"frmDaoru"_s);
     driver.expectEqual(driver.cell(u"Grid1"_s, title, 4), before, u"the title of the catalogue"_s);
     giveFocus(driver, u"Grid1"_s);
     driver.key(u"ctrl+z"_s);
     driver.expectEqual(driver.cell(u"Grid1"_s, title, 4), u"Another title"_s, u"the field is undone"_s);
-    driver.key(u"ctrl+y"_s);
-    driver.shot(u"targets-taken"_s);
+    driver.key(u"ctrl+y"_s).shot(u"targets-taken"_s);
 }
 
 void importTaken(TourDriver &driver) {
@@ -174,8 +165,7 @@ void importTaken(TourDriver &driver) {
     driver.waitForWindow(u"frmDaoRuJindu"_s);
     driver.waitForText(u"labJinDuShu"_s, u"处理完毕！"_s, 120000);
     driver.leave(u"alt+q"_s, u"frmDaoRuJindu"_s);
-    driver.key(u"alt+q"_s);
-    driver.answerBox(closeQuestion.toString(), u"y"_s);
+    driver.key(u"alt+q"_s).answerBox(closeQuestion.toString(), u"y"_s);
     driver.waitForWindow(u"frmSearch"_s);
 }
 

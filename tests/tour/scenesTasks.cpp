@@ -48,14 +48,11 @@ void run(TourDriver &driver, const QString &picture) {
 
 // Makes a task with a faulty step, leaves it, and removes it.
 void refuseStep(TourDriver &driver) {
-    driver.key(u"alt+n"_s);
-    driver.shot(u"tasks-new"_s);
+    driver.key(u"alt+n"_s).shot(u"tasks-new"_s);
     driver.key(u"alt+a"_s);
     giveFocus(driver, u"value-tag"_s);
-    driver.type(u"20"_s);
-    driver.shot(u"tasks-fault"_s);
-    driver.key(u"alt+d"_s);
-    driver.answerBox(u"确实要删除任务“新任务”吗？"_s, u"y"_s);
+    driver.type(u"20"_s).shot(u"tasks-fault"_s);
+    driver.key(u"alt+d"_s).answerBox(u"确实要删除任务“新任务”吗？"_s, u"y"_s);
 }
 
 // Imports a file that is not a task, then one with an expression that takes too long on a record.
@@ -77,19 +74,16 @@ void refuseFiles(TourDriver &driver) {
     waitUntilDone(driver, u"the preview"_s);
     driver.expect(driver.textOf(u"labJinDu"_s).contains(u"1000 条改不成"_s), u"the number of refused records"_s);
     driver.shot(u"tasks-refused-records"_s);
-    driver.key(u"alt+d"_s);
-    driver.answerBox(u"确实要删除任务“慢”吗？"_s, u"y"_s);
+    driver.key(u"alt+d"_s).answerBox(u"确实要删除任务“慢”吗？"_s, u"y"_s);
 }
 
 // Goes to a changed record and returns.
 void look(TourDriver &driver) {
-    driver.key(u"alt+q"_s);
-    driver.waitForWindow(u"frmDaoru"_s, u"tasks-looked"_s);
+    driver.key(u"alt+q"_s).waitForWindow(u"frmDaoru"_s, u"tasks-looked"_s);
     const int price = rowOf(driver, u"010"_s, u"$d"_s);
     driver.expect(driver.look([price] { return desk()->Grid1->text(price, 4).startsWith(u"CNY"_s); }),
                   u"the price is tidied"_s);
-    driver.key(u"F9"_s);
-    driver.waitForWindow(u"frmTasks"_s);
+    driver.key(u"F9"_s).waitForWindow(u"frmTasks"_s);
 }
 
 } // namespace
@@ -99,10 +93,8 @@ void changeBatch(TourDriver &driver) {
     driver.waitForWindow(u"frmTasks"_s, u"tasks-no-list"_s);
     driver.leave(u"alt+q"_s, u"frmTasks"_s);
     openSample(driver, u"supplier.iso"_s);
-    driver.key(u"alt+a"_s);
-    driver.waitForText(u"labJinDu"_s, u"预读结束"_s);
-    driver.key(u"F9"_s);
-    driver.waitForWindow(u"frmTasks"_s, u"tasks-steps"_s);
+    driver.key(u"alt+a"_s).waitForText(u"labJinDu"_s, u"预读结束"_s);
+    driver.key(u"F9"_s).waitForWindow(u"frmTasks"_s, u"tasks-steps"_s);
     driver.expect(driver.look([] { return tasksWindow()->work().rowsOf(tasks::Scope::All).size() == 1000; }),
                   u"all records are in the list"_s);
     refuseStep(driver);
@@ -116,10 +108,8 @@ void changeBatch(TourDriver &driver) {
     driver.expect(records(driver) == before, u"every record is as it was"_s);
     driver.key(u"alt+b"_s);
     run(driver, {});
-    driver.key(u"alt+q"_s);
-    driver.waitForWindow(u"frmDaoru"_s, u"tasks-changed"_s);
-    driver.key(u"alt+s"_s);
-    driver.waitForWindow(u"frmDaoRuJindu"_s);
+    driver.key(u"alt+q"_s).waitForWindow(u"frmDaoru"_s, u"tasks-changed"_s);
+    driver.key(u"alt+s"_s).waitForWindow(u"frmDaoRuJindu"_s);
     driver.waitForText(u"labJinDuShu"_s, u"处理完毕！"_s, 120000);
     driver.leave(u"alt+q"_s, u"frmDaoRuJindu"_s);
     backToMain(driver);

@@ -2,9 +2,7 @@
 #include "tidy/windows/frmTidy.h"
 #include "tour/errands.h"
 #include "tour/scenes.h"
-#include "widgets/button.h"
 #include "widgets/selectingEdit.h"
-#include "widgets/textBox.h"
 #include <QFile>
 
 using namespace Qt::StringLiterals;
@@ -55,8 +53,7 @@ void tidyForeign(TourDriver &driver) {
 // Cleans a supplier's file by a ready task, file to file.
 void tidyByTask(TourDriver &driver) {
     giveFocus(driver, u"Text10"_s);
-    driver.key(u"ctrl+a"_s);
-    driver.type(pathOf(u"supplier.iso"_s));
+    driver.key(u"ctrl+a"_s).type(pathOf(u"supplier.iso"_s));
     driver.key(u"alt+t Down alt+d"_s);
     waitForResult(driver, u"任务“供应商数据清理”改了"_s);
     driver.shot(u"tidy-task"_s);
@@ -76,8 +73,7 @@ void tidy(TourDriver &driver) {
     driver.expect(driver.textOf(u"txtResult"_s).contains(u"𠮷（U+20BB7）：%1 处"_s.arg(rare)),
                   u"the lost characters are listed"_s);
     tidyByTask(driver);
-    driver.key(u"Escape"_s);
-    driver.waitUntilGone(u"frmTidy"_s);
+    driver.key(u"Escape"_s).waitUntilGone(u"frmTidy"_s);
 }
 
 } // namespace tour

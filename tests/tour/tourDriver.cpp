@@ -11,7 +11,6 @@
 #include <QPixmap>
 #include <QScreen>
 #include <QThread>
-#include <QWindow>
 #include <condition_variable>
 #include <cstdio>
 #include <mutex>

@@ -62,12 +62,12 @@ public:
     // Opens a menu of the main window and chooses an item, both with the mouse.
     void openMenu(const QString &menu, const QString &item);
     void clickAt(const QPoint &global, int button = 1, int times = 1);
-    // Presses keys or chords by their X names, one after the other: "Return", "alt+s shift+Down".
-    void key(const QString &chords, int times = 1);
+    // Presses keys or chords by their X names, one after the other: "Return", "alt+s shift+Down". Returns the driver,
+    // as type() does, for the wait for their effect: driver.key(u"F1"_s).waitForWindow(u"frmHandbook"_s).
+    TourDriver &key(const QString &chords, int times = 1);
     // Presses a chord in another program, once that program has the keyboard.
     void keyElsewhere(const QString &chord);
-    void type(const QString &text);
-    int strokes() const { return m_strokes; } // keys and chords pressed so far
+    TourDriver &type(const QString &text);
 
     // Waits for a message box with that text, takes a picture if `picture` is not empty, and presses the key.
     void answerBox(const QString &text, const QString &key, const QString &picture = {});
@@ -103,7 +103,6 @@ private:
     QString m_folder;
     std::atomic_bool m_ended = false;
     int m_pictures = 0;
-    int m_strokes = 0;
     std::atomic_int m_failures = 0; // counted by both threads
     int m_cutTexts = 0;             // counted apart: a cut text causes no other failure
 };

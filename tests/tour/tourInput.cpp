@@ -89,13 +89,13 @@ void TourDriver::press(int button, bool inside) {
         waitUntil(u"the press arrives"_s, [&] { return m_arrivals.presses() > presses; });
 }
 
-void TourDriver::key(const QString &chords, int times) {
+TourDriver &TourDriver::key(const QString &chords, int times) {
     for (const QString &chord : QString(chords + u' ').repeated(times).split(u' ', Qt::SkipEmptyParts)) {
         waitForKeyboard(chord);
         expect(m_server.key(chord), u"a key " + chord);
-        ++m_strokes;
         settle();
     }
+    return *this;
 }
 
 void TourDriver::keyElsewhere(const QString &chord) {
@@ -103,13 +103,13 @@ void TourDriver::keyElsewhere(const QString &chord) {
     expect(m_server.key(chord), u"a key " + chord);
 }
 
-void TourDriver::type(const QString &text) {
+TourDriver &TourDriver::type(const QString &text) {
     waitForKeyboard(text);
     for (const QChar character : text) {
         expect(m_server.type(character), u"a key for "_s + character);
-        ++m_strokes;
         settle();
     }
+    return *this;
 }
 
 } // namespace tour
