@@ -6,7 +6,6 @@
 #include "support/scriptedHost.h"
 #include "widgets/button.h"
 #include "widgets/pacedLabel.h"
-#include <QElapsedTimer>
 #include <QMap>
 
 namespace {
@@ -26,8 +25,6 @@ protected:
     QString name = TestDatabase::nameOf(GetParam());
     QProcess killing;
     int before = 0; // rows in the table just before a node was killed
-    int turns = 0;
-    qint64 longestTurn = 0; // milliseconds
 
     void SetUp() override { std::printf("%s\n", name.toUtf8().constData()); }
     void TearDown() override {
@@ -39,15 +36,12 @@ protected:
     // Processes events between the records. Once the window reports a third as done, starts the commands, which run
     // concurrently.
     void killAtAThird(const QString &kill, const QString &table, const std::function<QString()> &said) {
-        host.onYield = [this, kill, table, said, clock = QElapsedTimer()]() mutable {
-            longestTurn = clock.isValid() ? std::max(longestTurn, clock.elapsed()) : 0;
+        host.onYield = [this, kill, table, said] {
             QCoreApplication::processEvents();
-            ++turns;
             if (!before && numberIn(said()) >= wanted() / 3) {
                 before = database.selected(u"select count(*) from " + table).toInt();
                 startCommands(killing, {kill + name, u"fail-over-"_s + name});
             }
-            clock.start();
         };
     }
 
@@ -96,8 +90,7 @@ TEST_P(ClustersTest, AnImportLosesAndDoublesNothing) {
     for (const QString &kill : {u"kill-"_s, u"kill-other-"_s}) {
         database.run(u"delete from taoluTable"_s);
         host.boxes.clear();
-        before = turns = 0;
-        longestTurn = 0;
+        before = 0;
         importing::frmDaoRuJindu window(host, database.state, records);
         killAtAThird(kill, u"taoluTable"_s, [&] { return window.labJinDuShu->text(); });
         window.Text2->setText(QString::number(wanted()));
@@ -106,12 +99,6 @@ TEST_P(ClustersTest, AnImportLosesAndDoublesNothing) {
         TearDown();
 
         const QMap<QString, int> became = tally(window);
-        std::printf("  import of %d, %s%s: %d in the table before, %s behind it; the window: %s\n", wanted(),
-                    qPrintable(kill), qPrintable(name), before,
-                    qPrintable(database.selected(u"select count(*) from taoluTable"_s)),
-                    window.labTishi->text().toUtf8().constData());
-        std::printf("  %d boxes, %d turns of the event loop, the longest after %lld ms\n", int(host.boxes.size()),
-                    turns, longestTurn);
         for (const auto &[what, count] : became.asKeyValueRange())
             std::printf("  %8d %s\n", count, qPrintable(what));
         EXPECT_GT(before, 0);
@@ -142,8 +129,6 @@ TEST_P(ClustersTest, AnExportIsWhole) {
         whole += titled;
         bare += !titled;
     }
-    std::printf("  export of %d: %d whole, %d bare; the window: %s\n  %d turns, the longest after %lld ms\n", before,
-                whole, bare, host.lastBox().text.section(u'\r', 0, 0).toUtf8().constData(), turns, longestTurn);
     EXPECT_EQ(whole, wanted());
     EXPECT_EQ(bare, 0);
     EXPECT_EQ(numberIn(host.lastBox().text), wanted());
@@ -166,7 +151,6 @@ TEST_P(ClustersTest, AListIsWhole) {
             ASSERT_EQ(window.Grid1->text(row, 0), QString::number(row));
         ++lists;
     } while (!killing.waitForFinished(0) && lists < 100);
-    std::printf("  %d lists of %d rows, each whole; a node was killed in the middle of one of them\n", lists, count);
     EXPECT_EQ(killing.exitCode(), 0);
     EXPECT_TRUE(host.boxes.isEmpty());
 }

@@ -1,6 +1,5 @@
 #include "platform/recentFiles.h"
 #include "recordedWindows.h"
-#include "widgets/button.h"
 #include "widgets/styleTokens.h"
 #include <QAbstractEventDispatcher>
 #include <QDragEnterEvent>

@@ -4,22 +4,13 @@
 #include "proof/proofChain.h"
 #include "proof/structuralProof.h"
 #include "proof/templateProof.h"
+#include "support/rowsOf.h"
 #include "support/testFolder.h"
 
 using namespace proof;
 using marc::FieldRows;
 
 namespace {
-
-// Builds rows from "200 $a=题 $f= 010": an identifier and, after "=", its value; "_" represents a blank.
-FieldRows rowsOf(const QString &text) {
-    FieldRows rows;
-    for (QString word : text.split(u' ', Qt::SkipEmptyParts)) {
-        word.replace(u'_', u' ');
-        rows.append({.identifier = word.section(u'=', 0, 0), .value = word.section(u'=', 1)});
-    }
-    return rows;
-}
 
 const QString complete = u"000 100 101 200 801 "_s;
 

@@ -8,7 +8,6 @@
 #include <QSslSocket>
 #include <QTcpServer>
 #include <QTest>
-#include <gtest/gtest.h>
 
 using namespace targets;
 

@@ -4,7 +4,6 @@
 #include "support/testFolder.h"
 #include "targets/recordSummary.h"
 #include <QEventLoop>
-#include <gtest/gtest.h>
 
 using namespace targets;
 using namespace std::chrono_literals;

@@ -2,7 +2,6 @@
 #include "platform/codepage936.h"
 #include "support/qtPrinters.h"
 #include "targets/isbnForms.h"
-#include <gtest/gtest.h>
 
 using namespace targets;
 

@@ -3,7 +3,6 @@
 #include "platform/codepage936.h"
 #include "support/qtPrinters.h"
 #include "targets/recordSummary.h"
-#include <gtest/gtest.h>
 
 using namespace targets;
 

@@ -6,7 +6,6 @@
 #include "targets/targetTest.h"
 #include <QTest>
 #include <ctime>
-#include <gtest/gtest.h>
 
 using namespace targets;
 using namespace std::chrono_literals;

@@ -5,7 +5,6 @@
 #include "targets/fieldComparison.h"
 #include "targets/recordViews.h"
 #include "targets/takenRecords.h"
-#include <gtest/gtest.h>
 
 using namespace targets;
 

@@ -1,6 +1,5 @@
 #include "targets/targetFile.h"
 #include "support/testFolder.h"
-#include <gtest/gtest.h>
 
 using namespace targets;
 

@@ -1,6 +1,5 @@
 // The window of tasks on a list of records.
 #include "tasksWindow.h"
-#include "widgets/styleTokens.h"
 
 using namespace tasks;
 

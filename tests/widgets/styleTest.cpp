@@ -5,7 +5,6 @@
 #include "widgets/heading.h"
 #include <QApplication>
 #include <QHeaderView>
-#include <gtest/gtest.h>
 
 using namespace widgets;
 
