@@ -44,7 +44,7 @@ QByteArray linesOf(const Drafts &drafts, bool left) {
 
 std::optional<QJsonObject> objectOf(const QByteArray &line) {
     const QJsonDocument document = QJsonDocument::fromJson(line);
-    return document.isObject() && line.endsWith('\n') ? std::optional(document.object()) : std::nullopt;
+    return document.isObject() ? std::optional(document.object()) : std::nullopt;
 }
 
 std::optional<int> rowOf(const QJsonValue &value) {
@@ -98,8 +98,7 @@ std::optional<DraftFile::Found> earlierForm(const QJsonObject &object) {
 }
 
 std::variant<DraftFile::Found, Fault> parse(QFile &file, const QByteArray &heading) {
-    const QByteArray first = file.readLine(longestLine);
-    const auto opening = objectOf(first.endsWith('\n') ? first : QByteArray(first + '\n'));
+    const auto opening = objectOf(file.readLine(longestLine));
     if (!opening)
         return Fault::Damaged;
     const QJsonObject wanted = QJsonDocument::fromJson(heading).object();
@@ -198,7 +197,6 @@ qsizetype DraftFile::count() const {
 platform::Status DraftFile::write(const Drafts &changed, const Drafts &left) {
     if (!m_mayWrite)
         return platform::success(); // reported when the file was refused
-    m_mayAppend = false;
     if (changed.isEmpty() && left.isEmpty()) {
         // Without its folder, the file is not gone: it is there again when a network drive comes back.
         if (const QString folder = QFileInfo(m_path).path(); !QFileInfo::exists(folder))
@@ -216,8 +214,10 @@ platform::Status DraftFile::writeWhole(const QByteArray &text, qsizetype lines) 
     if (text.size() > largest)
         return platform::Failure{u"修改太多"_s};
     auto written = platform::writeWholeFile(m_path, text, platform::Saving::OwnerOnly);
-    m_mayAppend = written.ok();
-    m_lines = lines;
+    if (written) {
+        m_mayAppend = true;
+        m_lines = lines;
+    }
     return written;
 }
 
@@ -241,18 +241,16 @@ platform::Status DraftFile::append(const Drafts &changed, const std::vector<int>
         return opened.failure();
     QFile &file = *opened.value();
     const qint64 before = file.size();
-    if (before + text.size() > largest) {
+    if (before + text.size() > largest)
+        return platform::Failure{u"修改太多"_s}; // as a whole, without the outdated lines, it may be short enough
+    if (platform::notTaken(file, text).isEmpty()) {
+        m_lines += lines;
         m_mayAppend = true;
-        return platform::Failure{u"修改太多"_s};
+        return platform::success();
     }
-    if (!platform::notTaken(file, text).isEmpty()) {
-        const platform::Failure failure{file.errorString(), int(file.error())};
-        m_mayAppend = file.resize(before);
-        return failure;
-    }
-    m_lines += lines;
-    m_mayAppend = true;
-    return platform::success();
+    const platform::Failure failure{file.errorString(), int(file.error())};
+    m_mayAppend = file.resize(before);
+    return failure;
 }
 
 platform::Result<QString> DraftFile::setAside(const Drafts &drafts) const {

@@ -36,10 +36,10 @@ public:
     // are the drafts of an earlier start.
     platform::Status write(const Drafts &changed, const Drafts &left);
     // Adds to the file written by write() or append(); makes it if there is none. Takes time for these drafts only. On
-    // failure the file keeps its contents, and needsWhole() returns true.
+    // failure the file keeps its contents; needsWhole() then returns true if only write() can succeed.
     platform::Status append(const Drafts &changed, const std::vector<int> &gone);
-    // Returns whether the file must be written as a whole: it was not written since read(), or is mostly outdated
-    // lines.
+    // Returns whether the file must be written as a whole: it was not written since read(), is mostly outdated lines,
+    // or cannot be added to.
     bool needsWhole(qsizetype drafts) const;
     // Writes the drafts to a separate file, which the program does not read again. Returns its path.
     platform::Result<QString> setAside(const Drafts &drafts) const;

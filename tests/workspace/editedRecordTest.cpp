@@ -15,6 +15,11 @@ TEST(EditedRecord, WarnsOfLosses) {
     EXPECT_EQ(record.warning(), torn);
     record.edit({.row = 1, .column = IdentifierColumn, .text = u"$1"_s}); // in no field
     EXPECT_EQ(record.warning(1, QChar(0x1F)), torn);
+    record.edit({.row = 5, .text = u"𠮷"_s});
+    record.remove(3);
+    EXPECT_TRUE(record.warning().contains(u"𠮷"));
+    record.remove(4);
+    EXPECT_EQ(record.warning(), QString());
 }
 
 // Access beyond the rows returns empty values and changes nothing.
@@ -40,6 +45,7 @@ TEST(EditedRecord, IgnoresRowsThatDoNotExist) {
 
 TEST(EditedRecord, LeavingReportsAChangeOnly) {
     EditedRecord record;
+    EXPECT_EQ(record.rowCount(), 1);
     int edited = 0;
     QObject::connect(&record, &EditedRecord::edited, [&] { ++edited; });
     const std::pair<std::function<void()>, bool> acts[] = {
@@ -81,4 +87,50 @@ TEST(EditedRecord, ReplacedRowsAreOneEdit) {
     EXPECT_EQ(record.cell(2, FieldLabelColumn), u"我的说明"_s);
     ASSERT_TRUE(record.undo());
     EXPECT_TRUE(record.rows() == before && !record.state().edited);
+}
+
+// Each change with the words of its undo; the second undo finds nothing.
+TEST(EditedRecord, UndoNamesTheRowThatChanged) {
+    const QString text = recordOf({{u"001"_s, u"1"_s}, {u"200"_s, u"1 $a题$f人$f人"_s}, {u"300"_s, u"  $a附"_s}});
+    struct Case {
+        std::function<void(EditedRecord &)> act;
+        QStringView words;
+        int row;
+    };
+    for (const Case &each : {
+             Case{[](EditedRecord &r) { r.edit({.row = 2, .text = u"2"_s}); }, u"修改 001", 2},
+             Case{[](EditedRecord &r) { r.edit({.row = 6, .text = u"者"_s}); }, u"修改 200$f", 6},
+             Case{[](EditedRecord &r) { r.edit({.row = 1, .text = r.row(1).value, .leader = u"x"_s}); }, u"修改 000",
+                  8},
+             Case{[](EditedRecord &r) {
+                      r.insert({1, {.identifier = u"$9"_s}});
+                  },
+                  u"添加 $9", 1},
+             Case{[](EditedRecord &r) {
+                      r.insert({9, {.identifier = u"801"_s}});
+                  },
+                  u"添加 801", 8},
+             Case{[](EditedRecord &r) {
+                      r.insert({7, r.row(6)});
+                  },
+                  u"添加 200$f", 7},
+             Case{[](EditedRecord &r) { r.remove(6); }, u"删除 200$f", 6},
+             Case{[](EditedRecord &r) { r.remove(7, 2); }, u"删除 300", 7},
+             Case{[](EditedRecord &r) { r.remove(8); }, u"删除 300$a", 8},
+         }) {
+        EditedRecord record;
+        record.show(text, u"/nowhere/"_s, {});
+        const marc::FieldRows before = record.rows();
+        const QString leader = record.state().leader;
+        each.act(record);
+        const marc::FieldRows after = record.rows();
+        const auto gone = record.undo();
+        ASSERT_TRUE(gone) << each.words.toUtf8().constData();
+        EXPECT_EQ(gone->words, each.words);
+        EXPECT_EQ(gone->row, each.row) << gone->words.toStdString();
+        EXPECT_TRUE(record.rows() == before && record.state().leader == leader && !record.undo());
+        EXPECT_TRUE(record.redo() && record.rows() == after && !record.redo());
+        record.takenOver();
+        EXPECT_TRUE(record.undo() && record.state().edited) << "it differs from the list now";
+    }
 }

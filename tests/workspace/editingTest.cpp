@@ -16,10 +16,6 @@ struct EditingTest : Workspace {
         write("cnmarc_default.Qvs", u"300 附注\r\n???自定\r\n"_s);
         write("cnmarc_zzdtshi.Qvs", u"[200]\r\n$e 副题名\r\n$f 责任者\r\n[999]\r\n"_s);
     }
-    workspace::frmDaoru &open() {
-        load(3);
-        return show();
-    }
     void goTo(int row) {
         form->Grid1->setFocus();
         form->Grid1->setRow(row);
@@ -57,7 +53,7 @@ struct EditingTest : Workspace {
 } // namespace
 
 TEST_F(EditingTest, ContentIsCommittedOrDiscarded) {
-    auto &window = open();
+    auto &window = open(3);
     editRow(titleRow);
     EXPECT_EQ(window.richText->geometry(), window.Grid1->cellRect(titleRow, 4));
     const auto framed = [&] {
@@ -93,7 +89,7 @@ TEST_F(EditingTest, ContentIsCommittedOrDiscarded) {
 }
 
 TEST_F(EditingTest, LimitsAndTheLargeForm) {
-    auto &window = open();
+    auto &window = open(3);
     editRow(3); // the indicators of 200
     QInputMethodEvent commit;
     commit.setCommitString(u"长"_s);
@@ -119,7 +115,7 @@ TEST_F(EditingTest, LimitsAndTheLargeForm) {
 
 // These key events arrive when the input method has disappeared during a composition.
 TEST_F(EditingTest, AKeyEndsTheCompositionAndNotTheEdit) {
-    auto &window = open();
+    auto &window = open(3);
     const auto compose = [](QWidget *editor) {
         QInputMethodEvent composing(u"zhong"_s, {});
         QApplication::sendEvent(editor, &composing);
@@ -139,7 +135,7 @@ TEST_F(EditingTest, AKeyEndsTheCompositionAndNotTheEdit) {
 }
 
 TEST_F(EditingTest, IdentifiersAreCheckedAndTheListStaysUsable) {
-    auto &window = open();
+    auto &window = open(3);
     window.cmdclick[3]->click(); // everything is read, so the button must stay disabled
     goTo(titleRow);
     choose(7);
@@ -193,7 +189,7 @@ TEST_F(EditingTest, TheEditorStaysOverItsCellWhenTheRecordChanges) {
 }
 
 TEST_F(EditingTest, ListsAddAndTheMenuDeletes) {
-    auto &window = open();
+    auto &window = open(3);
     goTo(titleRow);
     choose(3);
     ASSERT_TRUE(window.zdList->isVisible());
@@ -214,10 +210,6 @@ TEST_F(EditingTest, ListsAddAndTheMenuDeletes) {
     window.cmdclick[6]->setFocus();
     EXPECT_FALSE(window.Zzdlist->isVisible());
     EXPECT_EQ(window.Zzdlist->count(), 0);
-    choose(4);
-    QTest::keyClick(window.Zzdlist, Qt::Key_Escape);
-    EXPECT_TRUE(window.Grid1->hasFocus());
-
     window.Grid1->setRow(5);
     for (const Answer answer : {Answer::No, Answer::Yes}) {
         host.willAnswer(answer);
@@ -253,6 +245,7 @@ TEST_F(EditingTest, AssistantsExchangeTheLeaderAndAnySubfieldA) {
     auto &window = show();
     const QString leader = cell(1, 4);
     editRow(1);
+    EXPECT_TRUE(window.richText->document()->defaultTextOption().flags() & QTextOption::ShowTabsAndSpaces);
     assistantGives = u"00000cam0#2200000###450#"_s;
     QTest::keyClick(window.richText, Qt::Key_E, Qt::ControlModifier);
     EXPECT_EQ(opened, QStringList{u"LR000 "_s + leader});
@@ -276,7 +269,7 @@ TEST_F(EditingTest, AssistantsExchangeTheLeaderAndAnySubfieldA) {
 }
 
 TEST_F(EditingTest, RightButtonNeedsARowThatWasClicked) {
-    auto &window = open();
+    auto &window = open(3);
     const QPoint at = window.Grid1->visualRect(window.Grid1->model()->index(2, 2)).center();
     QTest::mouseClick(window.Grid1->viewport(), Qt::RightButton, {}, at); // a popup menu would block here
     EXPECT_EQ(window.parts().editors.editRow, 0);

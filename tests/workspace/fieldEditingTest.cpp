@@ -1,19 +1,11 @@
 #include "workspace/fieldEditing.h"
 #include "marc/fieldText.h"
-#include "support/qtPrinters.h"
+#include "support/rowsOf.h"
 #include "workspace/fieldPaste.h"
 
 using namespace workspace;
 
 namespace {
-
-// Builds rows from their identifiers.
-marc::FieldRows rowsOf(const QString &identifiers) {
-    marc::FieldRows rows;
-    for (const QString &identifier : identifiers.split(u' '))
-        rows.append({.identifier = identifier});
-    return rows;
-}
 
 marc::FieldRow row(const QString &identifier) {
     return rowsOf(identifier)[0];

@@ -1,18 +1,5 @@
 #include "workspace/fieldStay.h"
-#include <QStringList>
-
-using namespace Qt::StringLiterals;
-
-namespace {
-
-marc::FieldRows rowsOf(const QString &identifiers) {
-    marc::FieldRows rows;
-    for (const QString &identifier : identifiers.split(u' '))
-        rows.append({.identifier = identifier});
-    return rows;
-}
-
-} // namespace
+#include "support/rowsOf.h"
 
 // Steps through the records from a row of the first one.
 TEST(FieldStay, OpensTheNextRecordAtTheSameFieldAndSubfield) {
@@ -33,6 +20,8 @@ TEST(FieldStay, OpensTheNextRecordAtTheSameFieldAndSubfield) {
              Case{4, {full, u"000 101 $a 300 $a 606"_s}, {4}, u"200"_s},
              Case{10, {full, u"000 200 $a"_s}, {2}, u"606"_s},
              Case{1, {full, full}, {1}, {}},
+             Case{4, {u"000 606 $x $x"_s, u"000 606 $x $x $x"_s}, {4}, {}},
+             Case{4, {u"000 200 $a 606"_s, u"000 606"_s}, {2}, {}},
              Case{0, {u"$a"_s, full}, {1}, {}},
          }) {
         workspace::FieldStay stay;
@@ -49,4 +38,8 @@ TEST(FieldStay, OpensTheNextRecordAtTheSameFieldAndSubfield) {
     EXPECT_EQ(stay.enter(rowsOf(u"000 200 $a"_s)), 2);
     stay.leave(rowsOf(u"000 200 $a"_s), 3);
     EXPECT_EQ(stay.enter(rowsOf(full)), 4);
+    stay.leave(rowsOf(full), 13);
+    EXPECT_EQ(stay.enter(rowsOf(full)), 4) << "no such row";
+    stay.leave(rowsOf(full), 1);
+    EXPECT_EQ(stay.enter(rowsOf(full)), 1);
 }

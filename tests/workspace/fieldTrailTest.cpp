@@ -1,6 +1,7 @@
 #include "workspace/fieldTrail.h"
 #include "marc/recordWriter.h"
 #include "support/recordText.h"
+#include "support/rowsOf.h"
 #include <random>
 
 using namespace workspace;
@@ -8,14 +9,6 @@ using marc::FieldRow;
 using marc::FieldRows;
 
 namespace {
-
-// Builds rows from "606=中国 $a=甲 $x=乙": identifiers and values.
-FieldRows rowsOf(const QString &text) {
-    FieldRows rows;
-    for (const QString &word : text.split(u' ', Qt::SkipEmptyParts))
-        rows.append({.identifier = word.section(u'=', 0, 0), .value = word.section(u'=', 1)});
-    return rows;
-}
 
 QString ledTo(const FieldRows &before, const FieldRows &after, qsizetype element) {
     const auto trail = followField(before, after, element);
@@ -143,6 +136,13 @@ TEST(FieldTrail, FollowsAFieldByItsContent) {
          })
         EXPECT_EQ(ledTo(rowsOf(record), rowsOf(row.after.toString()), row.element), row.led.toString())
             << row.element << ": " << row.after.toString().toStdString();
+    for (const auto &[edited, led] :
+         {std::pair(u"乙x"_s, u"1"_s), {u"乙xy"_s, u"lost"_s}, {u"甲"_s, u"1"_s}}) // half of it
+        EXPECT_EQ(ledTo(rowsOf(u"000 606 $a=甲x 606 $a=丁z"_s), rowsOf(u"000 606 $a="_s + edited), 1), led);
+    EXPECT_EQ(ledTo(rowsOf(u"000 606 $a=甲甲甲 606 $a=丁z"_s), rowsOf(u"000 606 $a=甲"_s), 1), u"lost"_s);
+    EXPECT_EQ(ledTo(rowsOf(u"000 606 $a=甲 606 $a=丙 606 $a=乙"_s), rowsOf(u"000 606 $a=甲 606 $a=x 606 $a=乙"_s), 3),
+              u"3"_s);
+    EXPECT_EQ(ledTo(rowsOf(u"$a=甲"_s), rowsOf(u"$a=甲"_s), 0), u"0"_s) << "a row before any field";
     EXPECT_EQ(ledTo(rowsOf(u"000 210=## $a=甲 210=## $a=甲"_s), rowsOf(u"000 210=## $a=甲"_s), 3), u"lost"_s);
     EXPECT_EQ(ledTo(rowsOf(u"000 606=## $a=甲"_s), rowsOf(u"000 606 $a=甲 606=## $a=甲"_s), 2), u"lost"_s);
     FieldRows hostile = rowsOf(u"000"_s);

@@ -53,7 +53,6 @@ struct ModelledWorkspace : Workspace {
         model.open(path, firstBatch);
         show();
         ++opened;
-        ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
     }
     // Sometimes changes the contents of the file, keeping its size and, in half of the cases, its modification time.
     void change(const QString &path) {

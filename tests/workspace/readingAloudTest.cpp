@@ -5,8 +5,7 @@
 using ReadingAloudTest = Workspace;
 
 TEST_F(ReadingAloudTest, TheCurrentCellAndTheCountersAreRead) {
-    auto &window = load(3);
-    window.show();
+    auto &window = open(3);
     const auto *list = QAccessible::queryAccessibleInterface(window.Grid2);
     const auto *fields = QAccessible::queryAccessibleInterface(window.Grid1);
     window.Grid1->setRow(4);

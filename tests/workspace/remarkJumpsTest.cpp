@@ -10,11 +10,6 @@ const QString wayBack = u"F8 回到结果表"_s;
 constexpr int titleRow = 4; // 200 $a
 
 struct RemarksTest : Workspace {
-    frmDaoru &open(int records) {
-        load(records).show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
-        return *form;
-    }
     QString status() const { return form->labStatus->text(); }
     bool paneHasFocus() const { return pane.widget->isVisible() && pane.widget->hasFocus(); }
     QString at() const {

@@ -15,14 +15,15 @@ struct WindowActs : Workspace {
 } // namespace
 
 TEST_F(WindowActs, ChangeOnlyWhatBelongsToThem) {
-    auto &window = load(230);
-    window.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    auto &window = open(230);
     window.Grid1->setFocus();
     window.Grid1->setRow(4); // 200 $a
     ASSERT_TRUE(QTest::qWaitFor([&] { return window.Text3->property("text") == u"200"_s; }));
     WindowState state(window);
-    const auto at = [&]() -> QString { return u" @%1,%2"_s.arg(window.Grid1->row()).arg(window.Grid1->column()); };
+    const auto at = [&]() -> QString {
+        const bool isLarge = window.richText->isVisible() && window.richText->geometry() == window.Grid1->rightHalf();
+        return u" @%1,%2"_s.arg(window.Grid1->row()).arg(window.Grid1->column()) + (isLarge ? u" large" : u"");
+    };
     const auto key = [](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
         return [key, modifiers] { QTest::keyClick(QApplication::focusWidget(), key, modifiers); };
     };
@@ -34,16 +35,25 @@ TEST_F(WindowActs, ChangeOnlyWhatBelongsToThem) {
     const QString fieldEnds = u"Grid1 focus; Text1 gone; Grid1 "_s + commands + u" on";
     const QString find = u"findText focus; findCount findLine findPlace findText on @4,3"_s;
     const QString findEnds = u"Grid1 focus; findCount findLine findPlace findText gone @4,3"_s;
+    const QString changed = u"　已改 1 条，未导入"_s;
+    const auto content = [&](const QString &shown) -> QString {
+        return shown + u"; richText focus; Grid1 Grid2 " + commands + u" off; richText on @4,4";
+    };
+    const QString again = content(u"richText=x题1; labStatus=第 1 位　"_s + read + changed);
+    const QString contentEnds =
+        u"labStatus="_s + read + changed + u"; Grid1 focus; richText gone; Grid1 Grid2 " + commands + u" on @4,4";
     const std::pair<std::function<void()>, QString> steps[] = {
-        {key(Qt::Key_Return), u"labStatus=第 1 位　"_s + read + u"; richText=题1; richText focus; Grid1 Grid2 " +
-                                  commands + u" off; richText on @4,4"},
-        {key(Qt::Key_F6), u" @4,4"_s}, // enlarges
+        {key(Qt::Key_Return), content(u"labStatus=第 1 位　"_s + read + u"; richText=题1")},
+        {key(Qt::Key_F6), u" @4,4 large"_s},
         {key(Qt::Key_F6), u" @4,4"_s},
         {key(Qt::Key_X), u"richText=x题1; labStatus=第 2 位　"_s + read + u" @4,4"},
-        {key(Qt::Key_Return), u"labStatus="_s + read +
-                                  u"　已改 1 条，未导入; Grid1 focus; richText gone; Grid1 Grid2 " + commands +
-                                  u" on @4,4"},
+        {key(Qt::Key_Return), contentEnds},
+        {key(Qt::Key_F6), again + u" large"},
+        {key(Qt::Key_Escape), contentEnds},
+        {key(Qt::Key_Return), again},
+        {key(Qt::Key_Escape), contentEnds},
         {key(Qt::Key_F2), u"Text1=$a; "_s + field + u" @4,2"},
+        {key(Qt::Key_F6), u" @4,2"_s},
         {key(Qt::Key_Escape), fieldEnds + u" @4,2"},
         {key(Qt::Key_F2, Qt::ControlModifier), u"Text1=正题名; "_s + field + u" @4,3"},
         {key(Qt::Key_Return), fieldEnds + u" @4,3"},
@@ -79,5 +89,49 @@ TEST_F(WindowActs, AnOpenEditorHoldsTheControls) {
         EXPECT_EQ(window.Grid2->isEnabled(), !content);
         QTest::keyClick(content ? static_cast<QWidget *>(window.richText) : window.Text1, Qt::Key_Escape);
         EXPECT_TRUE(window.Grid1->isEnabled() && window.Grid2->isEnabled());
+    }
+}
+
+// Controls whose captions and places alone do not tell what they do.
+TEST_F(WindowActs, TheControlsHaveTheirHintsAndSizes) {
+    auto &window = load(1);
+    window.parts().editors.openIdentity(workspace::IdentityColumn::Identifier);
+    for (const auto &[object, property, value] :
+         std::initializer_list<std::tuple<const char *, const char *, QVariant>>{
+             {"cmdWholeText", "toolTip", u"在表格下面显示当前行的全文"_s},
+             {"Text1", "toolTip", u"回车结束输入返回，按【Esc】取消"_s},
+             {"zdList", "toolTip", u"双击可返回,右击或按【Esc】取消"_s},
+             {"Zzdlist", "uniformItemSizes", true},
+             {"findText", "placeholderText", u"查找：F3 下一条，Shift+F3 上一条"_s},
+             {"cmdclick5", "primary", true},
+             {"cmdclick4", "primary", {}},
+             {"Text1", "frame", false},
+             {"filterBox", "sizePolicy", QSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed)},
+             {"Text1", "font", window.Grid1->font()},
+             {"richText", "font", window.Grid1->font()},
+             {"Grid1", "accessibleName", u"字段"_s},
+             {"filterBox", "toolTip", u"只影响列出哪些；导入和“校对全部”仍是读出的全部记录"_s},
+         })
+        EXPECT_EQ(window.findChild<QWidget *>(QString::fromLatin1(object))->property(property), value)
+            << object << ' ' << property;
+    const int space = widgets::space(widgets::Space::Tight, window.fontMetrics());
+    EXPECT_EQ(window.draftBar->layout()->contentsMargins(), QMargins(2 * space, space, space, space));
+    EXPECT_EQ(window.draftBar->frameStyle(), int(QFrame::StyledPanel) | int(QFrame::Raised));
+    EXPECT_EQ(window.Text2->textInteractionFlags(), Qt::TextSelectableByMouse);
+    EXPECT_EQ(window.Text1->textMargins(), QMargins(2, 0, 2, 0));
+    EXPECT_EQ(window.Text4->width(), window.Text4->fontMetrics().horizontalAdvance(u"99999999"_s));
+    for (const auto *plain : {"findLine", "listSide"})
+        EXPECT_EQ(window.findChild<QWidget *>(QString::fromLatin1(plain))->layout()->contentsMargins(), QMargins());
+    EXPECT_GT(window.room->widget(0)->minimumWidth(), 10 * space);
+    EXPECT_GE(window.findLine->findText->minimumWidth(), 10 * window.fontMetrics().averageCharWidth());
+}
+
+// A window that is not active gets no focus events.
+TEST_F(WindowActs, AListClosesWithoutTheFocus) {
+    auto &window = load(1);
+    for (widgets::ChoiceList *list : {window.zdList, window.Zzdlist}) {
+        list->show();
+        Q_EMIT list->cancelled();
+        EXPECT_TRUE(list->isHidden());
     }
 }

@@ -102,6 +102,7 @@ struct Workspace : testing::Test {
         const auto assistant = [this, note](const QString &name) {
             return [this, note, name](const QString &text, QWidget *) {
                 note(name + text);
+                EXPECT_FALSE(form->richText->isVisible());
                 return assistantGives;
             };
         };
@@ -139,10 +140,15 @@ struct Workspace : testing::Test {
         writeRecords(records);
         return load();
     }
+    // Loads this many records and waits until the window has the keyboard.
+    workspace::frmDaoru &open(int records) {
+        load(records);
+        return show();
+    }
     workspace::frmDaoru &show() {
         form->show();
         form->activateWindow();
-        QApplication::processEvents();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
         return *form;
     }
     QStringList titles(int from, int to) const {

@@ -60,7 +60,7 @@ TEST(WorkspaceRoom, SharesItsSpaceAndRemembersWhatTheUserMoved) {
         const auto splitters = QList<QSplitter *>{room} + room->findChildren<QSplitter *>();
         for (QWidget *remarks : {splitters[1]->widget(1), splitters[2]->widget(1)})
             remarks->show();
-        room->resize(900, 600);
+        room->resize(900, 1200);
         room->share(300, 600);
         window.show();
         EXPECT_NEAR(room->sizes()[0], 300, 5);
@@ -69,6 +69,8 @@ TEST(WorkspaceRoom, SharesItsSpaceAndRemembersWhatTheUserMoved) {
             EXPECT_FALSE(splitter->childrenCollapsible());
             EXPECT_GT(splitter->sizes()[1], 30) << splitter->objectName().toStdString();
         }
+        EXPECT_EQ(splitters[1]->sizes()[1], 18 * room->fontMetrics().height()) << "some five remarks";
+        EXPECT_LE(splitters[2]->sizes()[1], 6 * room->fontMetrics().height());
         const auto of = [&] {
             QList<QList<int>> all;
             for (const QSplitter *splitter : splitters)
@@ -83,18 +85,50 @@ TEST(WorkspaceRoom, SharesItsSpaceAndRemembersWhatTheUserMoved) {
             continue;
         }
         for (QSplitter *splitter : splitters)
-            splitter->setSizes({350, 250});
+            splitter->setSizes({650, 450});
         room->cmdWholeText->setChecked(true);
         sizes = of();
         room->remember(state);
     }
 }
 
+TEST(RecordList, ColoursTheCurrentRow) {
+    RecordList list(u"Grid2"_s, nullptr);
+    list.reset();
+    for (int column = 0; column < 3; ++column) {
+        EXPECT_EQ(list.columnTwips(column), column == 1 ? RecordList::allTwips : 0);
+        EXPECT_EQ(list.model()->index(0, column).data(Qt::TextAlignmentRole).value<Qt::Alignment>(),
+                  Qt::AlignLeft | Qt::AlignVCenter);
+    }
+    QInputMethodQueryEvent asked(Qt::ImEnabled);
+    QApplication::sendEvent(&list, &asked);
+    EXPECT_TRUE(asked.value(Qt::ImEnabled).toBool()) << "letters typed here open the find line";
+    int changed = 0;
+    QObject::connect(list.model(), &QAbstractItemModel::dataChanged, [&] { ++changed; });
+    list.records().setNumber(0, 1);
+    list.setTitle(0, u"x"_s);
+    EXPECT_EQ(changed, 1);
+    const auto colour = [&](const std::function<void()> &act) {
+        list.markVisited();
+        list.setColumn(0);
+        act();
+        return list.cellBackground(0, list.column());
+    };
+    EXPECT_EQ(colour([&] { Q_EMIT list.gridClicked(); }), RecordList::currentColour);
+    for (const auto &[key, marks] : {std::pair(Qt::Key_Up, true), {Qt::Key_Down, true}, {Qt::Key_Left, false}})
+        EXPECT_EQ(colour([&] { Q_EMIT list.keyReleased(key); }) == RecordList::currentColour, marks) << key;
+    list.markCurrent();
+    list.reset();
+    EXPECT_TRUE(!list.cellBackground(0, 1) && list.records().number(0).isEmpty());
+}
+
 TEST(FindLine, GoesToAHitOrANumber) {
     RecordList list(u"Grid2"_s, nullptr);
     list.reset();
-    for (int row = 0; row < 20; ++row)
-        list.records().setRecord(row, row == 15 ? u"there"_s : u"nothing of it"_s);
+    list.records().setRows(60000); // more than a search looks through at once
+    const QString other = u"nothing of it"_s.repeated(20);
+    for (int row = 0; row < 60000; ++row)
+        list.records().setRecord(row, row == 50015 ? u"there"_s : other);
     FindLine find(list, nullptr);
     find.open(FindLine::Place::WholeRecord);
     QList<int> wanted;
@@ -105,13 +139,22 @@ TEST(FindLine, GoesToAHitOrANumber) {
     find.findText->setText(u"there"_s);
     EXPECT_TRUE(counts(u"共 1 条"_s));
     find.previous();
+    find.findText->setText(u"ere"_s);
+    find.next(); // not wanted any more when it is found
+    find.findText->setText(u"there"_s);
+    find.next();
+    EXPECT_TRUE(wanted.size() == 1 && QTest::qWaitFor([&] { return wanted.size() == 2; }));
+    find.findText->setText(u"her"_s);
+    find.forget(); // before its first step
+    QApplication::processEvents();
     find.findText->setText(u"nobody"_s);
     find.next();
     EXPECT_TRUE(counts(u"没有找到"_s));
-    EXPECT_EQ(wanted, QList<int>{15});
+    EXPECT_EQ(wanted, (QList<int>{50015, 50015}));
     find.open(FindLine::Place::Number);
     EXPECT_EQ(find.findText->text() + find.findCount->text(), QString());
-    for (const auto &[number, row] : {std::pair(u"0"_s, -1), {u"1"_s, 0}, {u"20"_s, 19}, {u"21"_s, -1}, {u"x"_s, -1}}) {
+    for (const auto &[number, row] :
+         {std::pair(u"0"_s, -1), {u"1"_s, 0}, {u"60000"_s, 59999}, {u"60001"_s, -1}, {u"x"_s, -1}}) {
         wanted.clear();
         find.open(FindLine::Place::Number, number);
         find.next();
@@ -130,23 +173,23 @@ TEST(ReadRecords, ListEachRecordOnceAndReportTheEnd) {
         int stopAfter;
         QString listed;
         bool atEnd;
-    } rows[] = {{{.limit = 9}, 9, u"1 2 3 4 5"_s, true},
-                {{.limit = 5}, 9, u"1 2 3 4 5"_s, true},
-                {{.limit = 3}, 9, u"1 2 3"_s, false},
-                {{.passOver = 3, .limit = 9}, 9, u"4 5"_s, true},
-                {{.limit = 9}, 2, u"1 2"_s, false}};
-    for (const auto &[range, stopAfter, expected, atEnd] : rows) {
+        int abandonedAfter = 9;
+    } rows[] = {{{.limit = 9}, 9, u"1 2 3 4 5"_s, true},          {{.limit = 9}, 9, u"1 2 3"_s, false, 3},
+                {{.limit = 5}, 9, u"1 2 3 4 5"_s, true},          {{.limit = 3}, 9, u"1 2 3"_s, false},
+                {{.passOver = 3, .limit = 9}, 9, u"4 5"_s, true}, {{.limit = 9}, 2, u"1 2"_s, false}};
+    for (const auto &[range, stopAfter, expected, atEnd, abandonedAfter] : rows) {
         marc::PreReadStore store;
         store.setRows(int(range.passOver));
         QStringList listed;
         auto cutter = marc::RecordCutter::open(path).value();
         const ReadEnd end = readRecords(cutter, range, store,
                                         {.yield = [] {},
-                                         .abandoned = [] { return false; },
+                                         .abandoned = [&] { return listed.size() >= abandonedAfter; },
                                          .stopRequested = [&] { return listed.size() >= stopAfter; },
                                          .damaged = {},
                                          .listed = [&](int count) { listed.append(QString::number(count)); }});
         EXPECT_EQ(listed.join(u' '), expected);
         EXPECT_EQ(end.atEnd, atEnd) << expected.toStdString();
+        EXPECT_EQ(end.abandoned, abandonedAfter < 9);
     }
 }

@@ -64,7 +64,6 @@ void CellEditors::openContent() {
         return;
     editRow = row;
     editCol = ValueColumn;
-    m_grid.setColumn(ValueColumn);
     richText->setText(m_record.row(row).value);
     showBlanks(*richText, m_grid.isCoded(row));
     reduce();

@@ -84,10 +84,7 @@ FieldCommands::FieldCommands(FieldGrid &grid, EditedRecord &record, CellEditors 
         list->setUniformItemSizes(true); // otherwise the current entry may be out of sight on a low screen
         new widgets::AccentFrame(list);
         list->hide();
-        connect(list, &ChoiceList::cancelled, this, [this, list] {
-            list->dismiss();
-            m_grid.setFocus();
-        });
+        connect(list, &ChoiceList::cancelled, this, [this, list] { close(list); });
         connect(list, &ChoiceList::left, list, &ChoiceList::dismiss);
         connect(&grid, &FieldGrid::rearranged, this, [this, list] { list->setGeometry(m_grid.rightHalf()); });
     }
@@ -166,10 +163,13 @@ void FieldCommands::run(int item) {
 
 void FieldCommands::dismissLists() {
     for (ChoiceList *list : {zdList, Zzdlist})
-        if (list->isVisible()) {
-            list->dismiss();
-            m_grid.setFocus();
-        }
+        if (list->isVisible())
+            close(list);
+}
+
+void FieldCommands::close(ChoiceList *list) {
+    list->dismiss();
+    m_grid.setFocus();
 }
 
 // On a damaged list file the lines before the damage are in the box, which is not shown.
@@ -177,7 +177,6 @@ void FieldCommands::offer(ChoiceList *box, const marc::PickList &list) {
     box->fill(list.lines, 0);
     if (!list.complaint.isEmpty())
         return m_host.tell(list.complaint);
-    box->setGeometry(m_grid.rightHalf());
     box->offer();
 }
 
@@ -193,8 +192,7 @@ void FieldCommands::showSubfieldList() {
 void FieldCommands::insert(const NewRow &row, ChoiceList *chosenFrom) {
     m_record.insert(row);
     m_grid.scrollToRow(row.place); // the current row does not change, but the new row becomes visible
-    chosenFrom->dismiss();
-    m_grid.setFocus();
+    close(chosenFrom);
 }
 
 void FieldCommands::addField(const QString &line) {

@@ -43,6 +43,7 @@ private:
     void run(int item);
     void offer(widgets::ChoiceList *box, const marc::PickList &list);
     void insert(const NewRow &row, widgets::ChoiceList *chosenFrom);
+    void close(widgets::ChoiceList *list);
 
     FieldGrid &m_grid;
     EditedRecord &m_record;

@@ -31,26 +31,6 @@ class FieldDelegate final : public widgets::FlexGridDelegate {
 public:
     using FlexGridDelegate::FlexGridDelegate;
 
-    void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override {
-        FlexGridDelegate::paint(painter, option, index);
-        if (!isCoded(index))
-            return;
-        const QString text = index.data(Qt::DisplayRole).toString();
-        const QRect place = textRect(option);
-        const QFont font = codedFont(option.font);
-        const QFontMetricsF metrics(font);
-        painter->save();
-        painter->setClipRect(place);
-        painter->setFont(font);
-        painter->setPen(widgets::colour(widgets::Colour::FaintInk, option.palette));
-        for (qsizetype at = text.indexOf(u' '); at >= 0; at = text.indexOf(u' ', at + 1)) {
-            const double left = place.left() + metrics.horizontalAdvance(text, int(at));
-            painter->drawText(QRectF(left, place.top(), metrics.horizontalAdvance(u' '), place.height()),
-                              Qt::AlignCenter, u"·"_s);
-        }
-        painter->restore();
-    }
-
     bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
                    const QModelIndex &index) override {
         QStringList words;
@@ -73,6 +53,21 @@ protected:
         if (index.column() == IdentifierColumn && beginsField(index))
             font.setWeight(QFont::Medium);
         return font;
+    }
+
+    void paintText(QPainter *painter, const QRect &place, const QStyleOptionViewItem &option, const QModelIndex &index,
+                   const QString &text) const override {
+        FlexGridDelegate::paintText(painter, place, option, index, text);
+        if (!isCoded(index))
+            return;
+        const QFontMetricsF metrics(painter->font());
+        painter->setPen(widgets::colour(widgets::Colour::FaintInk, option.palette));
+        for (qsizetype at = text.indexOf(u' '); at >= 0; at = text.indexOf(u' ', at + 1)) {
+            const double left = place.left() + metrics.horizontalAdvance(text, int(at));
+            if (left < place.right())
+                painter->drawText(QRectF(left, place.top(), metrics.horizontalAdvance(u' '), place.height()),
+                                  Qt::AlignCenter, u"·"_s);
+        }
     }
 
     std::optional<CellMark> markOf(const QModelIndex &index) const override {

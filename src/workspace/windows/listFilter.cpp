@@ -15,7 +15,6 @@ ListFilter::ListFilter(QComboBox &box, RecordList &list, RecordFilter::Sources s
     , m_proved(std::move(proved)) {
     for (const QStringView name : RecordFilter::names)
         m_box.addItem(name.toString());
-    m_pace.setSingleShot(true);
     m_pace.setInterval(pace);
     connect(&m_pace, &QTimer::timeout, this, &ListFilter::update);
     connect(&m_box, &QComboBox::activated, this, &ListFilter::choose);
