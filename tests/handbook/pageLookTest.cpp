@@ -14,6 +14,7 @@ TEST(PageLook, BlocksLinksAndTables) {
     QPalette palette;
     palette.setColor(QPalette::AlternateBase, Qt::yellow);
     palette.setColor(QPalette::Mid, Qt::red);
+    palette.setColor(QPalette::Link, Qt::magenta);
     dress(document, palette);
     const double quarter = QFontMetricsF(document.defaultFont()).height() / 4;
     QStringList look, links;
