@@ -194,7 +194,7 @@ TEST_F(DraftFileTest, AFileThatCannotBeMovedIsNotWritten) {
     DraftFile file(deep, source);
     EXPECT_TRUE(file.read().failure().description.contains(u"也不能移开；本次的修改不会暂存："_s));
     EXPECT_TRUE(file.write({{1, {u"z"_s, {}}}}, {}) && file.append({{2, {u"z"_s, {}}}}, {}));
-    EXPECT_EQ(damaged.size(), 1);
+    EXPECT_EQ(QFileInfo(deep + name).size(), 1);
 }
 
 TEST_F(DraftFileTest, DraftsAreFoundByAnyPathOfTheFile) {
