@@ -31,11 +31,12 @@ TEST(StatusPills, ShortenTheLongestFactsAndLeaveTheKeysOut) {
             if (!runs.endsWith(sign))
                 runs += sign;
         }
-        QSet<QRgb> right;
+        int brightest = 0;
         for (int x = end + 20; x < width; ++x)
             for (int row = 0; row < 40; ++row)
-                right.insert(picture.pixel(x, row));
-        return std::tuple(runs.trimmed(), end, right.size() > 1);
+                brightest = std::max(brightest, picture.pixelColor(x, row).lightness());
+        return std::tuple(runs.trimmed(), end,
+                          brightest == widgets::colour(Colour::FaintInk, line.palette()).lightness());
     };
     const QString fact = u"已改 3 条，未导入"_s;
     const auto [one, oneEnd, keys] = painted({fact}, 800);
