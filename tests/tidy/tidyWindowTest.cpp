@@ -42,6 +42,11 @@ TEST(FrmTidy, ShowsTheFactsAndTidiesByKeyboardAlone) {
     EXPECT_TRUE(form.Text1[0]->hasFocus() && form.Text1[0]->text() == desk.source);
     EXPECT_EQ(form.Text1[1]->text(), desk.folder.path(u"source-gbk.iso"_s));
     EXPECT_TRUE(form.sampleText->isVisible() && form.sampleLabel->isVisible() && !form.txtResult->isVisible());
+    EXPECT_TRUE(form.sampleText->isReadOnly() && !form.cmdClick[1]->isEnabled());
+    EXPECT_EQ(form.encodingLabel->buddy(), form.sourceEncoding);
+    EXPECT_EQ(form.cmdSelect[0]->accessibleName() + form.cmdSelect[1]->accessibleName(),
+              u"浏览需要整理的文件浏览整理后的目标文件"_s);
+    EXPECT_EQ(form.LabFacts->textInteractionFlags(), Qt::TextSelectableByMouse);
     form.cboForm->setFocus();
     QTest::keyClick(form.cboForm, Qt::Key_Down);
     EXPECT_EQ(form.Text1[1]->text(), desk.folder.path(u"source-utf8.iso"_s));
@@ -58,6 +63,7 @@ TEST(FrmTidy, ShowsTheFactsAndTidiesByKeyboardAlone) {
         if (yields++ > 0)
             return;
         EXPECT_TRUE(form.cmdClick[1]->hasFocus() && form.Text1[1]->isReadOnly() && !form.cboForm->isEnabled());
+        EXPECT_EQ(form.labJinDu->pacedText(), u"正在整理，20%"_s);
         desk.host.willAnswer(Answer::No);
         form.reject();
         EXPECT_EQ(desk.host.lastBox().text, u"确实要退出吗？"_s);
@@ -69,7 +75,7 @@ TEST(FrmTidy, ShowsTheFactsAndTidiesByKeyboardAlone) {
     EXPECT_EQ(platform::decode(desk.folder.read(u"t.iso"_s)), desk.tidied);
     EXPECT_TRUE(form.txtResult->text().contains(u"𠮷（U+20BB7）：5 处，第 1、2、3、4、5 条"_s) &&
                 form.txtResult->isReadOnly());
-    EXPECT_EQ(form.labShuDo->pacedText(), u"成功处理：5条"_s);
+    EXPECT_EQ(form.labShuDo->pacedText() + form.labJinDu->pacedText(), u"成功处理：5条处理结束"_s);
     EXPECT_TRUE(form.focusWidget() == before && !form.cmdClick[1]->isEnabled() && form.cboForm->isEnabled());
     EXPECT_TRUE(!form.Text1[0]->isReadOnly() && !form.Text1[1]->isReadOnly() && form.sourceEncoding->isEnabled());
     EXPECT_EQ(form.warningLabel->text(), u"⚠ 写成“?”的字符 5 处（第 1、2、3、4、5 条）"_s);
@@ -125,8 +131,13 @@ TEST(FrmTidy, TheChosenEncodingIsShownAndRead) {
         QFile::remove(desk.folder.path(u"t.iso"_s));
     }
     form.Text1[0]->setText(desk.folder.write(u"ascii.iso"_s, recordOf(u"200=10$ax"_s).toLatin1().repeated(2)));
+    EXPECT_EQ(form.sampleText->text() + form.sampleLabel->text(), u"");
     desk.letLook();
     EXPECT_EQ(form.sampleLabel->text(), u"第 1 条会读成:"_s);
+    choose(SourceEncoding::Automatic);
+    form.Text1[0]->setText(fileOf(QByteArray("\xCA\xE9\x95\x32\xB7\x36").repeated(20)));
+    desk.letLook();
+    EXPECT_TRUE(form.sampleText->text().contains(u"书𠈒")) << "GB18030";
     form.Text1[0]->setText(desk.folder.write(u"a.xml"_s, "<collection xmlns='http://www.loc.gov/MARC21/slim'/>"));
     desk.letLook();
     form.Text1[0]->setText(fileOf("\xCA\xE9"));

@@ -22,6 +22,14 @@ TEST(Tidy, XmlIsReadInBothKindsAndUpToItsBreak) {
     EXPECT_EQ(tidied(folder, converted(utf16, QStringConverter::Utf16LE)).bytes, line);
     const QString gbk = QString::fromUtf8(head + record + "</m:collection>").replace(u"UTF-8"_s, u"GB2312"_s);
     EXPECT_EQ(tidied(folder, platform::encode(gbk)).bytes, line);
+    // Blocks of the file end inside of characters.
+    const QString mixed = u"é甲\U00010330"_s.repeated(900);
+    for (int shift = 0; shift < 9; ++shift) {
+        const QByteArray many = QByteArray(record).replace("丙", mixed.toUtf8()).repeated(12);
+        const Tidied cut =
+            tidied(folder, head + QByteArray(shift, ' ') + many + "</m:collection>", TargetForm::Utf8Iso);
+        EXPECT_EQ(QString::fromUtf8(cut.bytes).count(mixed), 12) << shift;
+    }
     const QByteArray wrongTag = QByteArray(record).replace("\"001\"", "\"0001\"");
     EXPECT_EQ(tidied(folder, head + wrongTag + record + "</m:collection>").bytes, line);
     EXPECT_TRUE(folder.read(u"t.bad.xml"_s).contains("丙"));

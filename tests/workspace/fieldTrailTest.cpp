@@ -1,8 +1,6 @@
 #include "workspace/fieldTrail.h"
-#include "marc/recordWriter.h"
-#include "support/recordText.h"
+#include "support/dice.h"
 #include "support/rowsOf.h"
-#include <random>
 
 using namespace workspace;
 using marc::FieldRow;
@@ -20,7 +18,7 @@ QString ledTo(const FieldRows &before, const FieldRows &after, qsizetype element
 class KnownRecord {
 public:
     explicit KnownRecord(unsigned seed)
-        : m_random(seed) {
+        : m_dice(seed) {
         const QStringList tags{u"010"_s, u"200"_s, u"215"_s, u"606"_s, u"606"_s, u"606"_s, u"801"_s};
         m_rows = rowsOf(u"000=x 001=1"_s);
         for (const QString &tag : tags) {
@@ -29,8 +27,6 @@ public:
             for (int subfields = below(3); subfields >= 0; --subfields)
                 m_rows.append({.identifier = u"$"_s + QChar(u'a' + below(2)), .value = below(5) ? text() : repeated});
         }
-        m_held = {rebuilt(m_rows)};
-        m_rows = marc::showRecord(m_held[0]).rows;
         for (int row = 0; row < m_rows.size(); ++row)
             m_known.append(row);
         m_next = int(m_rows.size());
@@ -47,23 +43,19 @@ public:
             insertField(row);
         else if (kind < 10 && m_rows.size() > 8)
             remove(row);
-        else if (kind == 10)
-            take();
     }
 
     const FieldRows &rows() const { return m_rows; }
-    const std::vector<marc::RawRecord> &held() const { return m_held; }
     const QList<int> &known() const { return m_known; }
 
 private:
-    int below(int end) { return int(m_random() % unsigned(end)); }
+    int below(int end) { return m_dice.below(end); }
     QString text() {
         QString made;
         while (made.size() < 8)
             made += QChar(char16_t(0x4E00 + below(5000)));
         return made;
     }
-    static marc::RawRecord rebuilt(const FieldRows &rows) { return marc::madeMyMarc(rows, QString(24, u'0'), {}); }
     void insert(int row, const FieldRow &content) {
         m_rows.insert(row, content);
         m_known.insert(row, m_next++);
@@ -82,32 +74,10 @@ private:
             m_known.removeAt(row);
         } while (field && row < m_rows.size() && !marc::isFieldRow(m_rows[row]));
     }
-    // Writes the record into the list and reads it back; a copy with row numbers as values shows where each row goes.
-    void take() {
-        FieldRows numbered = m_rows;
-        for (int row = 1; row < numbered.size(); ++row)
-            if (!marc::isFieldRow(numbered[row]))
-                numbered[row].value = QString::number(row);
-        m_held.push_back(rebuilt(m_rows));
-        const FieldRows shown = marc::showRecord(rebuilt(numbered)).rows;
-        m_rows = marc::showRecord(m_held.back()).rows;
-        ASSERT_EQ(m_rows.size(), shown.size());
-        QList<int> known{m_known[0], m_known[1]};
-        for (int row = 2; row < shown.size(); ++row) {
-            int from = shown[marc::isFieldRow(shown[row]) ? row + 1 : row].value.toInt();
-            if (marc::isFieldRow(shown[row]))
-                while (!marc::isFieldRow(numbered[from]))
-                    --from;
-            known.append(m_known[from]);
-        }
-        m_known = known;
-    }
-
-    std::mt19937 m_random;
+    Dice m_dice;
     FieldRows m_rows;
     QList<int> m_known;
     int m_next = 0;
-    std::vector<marc::RawRecord> m_held;
 };
 
 } // namespace
@@ -153,29 +123,25 @@ TEST(FieldTrail, FollowsAFieldByItsContent) {
 // A jump reaches its field or reports it as lost; it reaches another field only if that field took the place of a
 // deleted one.
 TEST(FieldTrail, NeverFindsAnotherField) {
-    const unsigned seed = qEnvironmentVariableIsSet("SEED") ? qEnvironmentVariableIntValue("SEED") : 17;
-    const int rounds = qEnvironmentVariableIsSet("ROUNDS") ? qEnvironmentVariableIntValue("ROUNDS") : 40;
-    int there = 0, found = 0, asked = 0;
-    for (int round = 0; round < rounds; ++round) {
-        KnownRecord record(seed + unsigned(round));
+    int there = 0, found = 0;
+    for (unsigned seed = 17; seed < 57; ++seed) {
+        KnownRecord record(seed);
         const FieldRows first = record.rows();
         for (int acts = 0; acts < 12; ++acts) {
             record.act();
             for (int element = 2; element < first.size(); ++element) {
-                ++asked;
                 const bool stands = record.known().contains(element);
                 there += stands;
-                const auto trail = followField(record.held(), record.rows(), element);
+                const auto trail = followField(first, record.rows(), element);
                 if (!trail || trail->subfieldLost)
                     continue;
                 const int reached = record.known()[trail->element];
                 found += reached == element;
                 const bool tookItsPlace = !stands && reached >= first.size();
-                ASSERT_TRUE(reached == element || tookItsPlace) << "seed " << seed + unsigned(round) << ", act " << acts
-                                                                << ", element " << element << ", reached " << reached;
+                ASSERT_TRUE(reached == element || tookItsPlace)
+                    << "seed " << seed << ", act " << acts << ", element " << element << ", reached " << reached;
             }
         }
     }
     EXPECT_GT(found, there * 9 / 10);
-    std::printf("seed %u: %d jumps, %d fields still there, %d found\n", seed, asked, there, found);
 }
