@@ -70,9 +70,7 @@ TEST_F(MainWindowTest, TheAreaFollowsThePalette) {
 }
 
 TEST_F(MainWindowTest, F10OpensTheMenuUnlessAWindowIsInFront) {
-    frame.show();
-    frame.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&frame));
+    showActive(frame);
     QTest::keyClick(&frame, Qt::Key_F10);
     EXPECT_EQ(frame.menuBar()->activeAction(), frame.menuBar()->actions().constFirst());
     EXPECT_TRUE(frame.menuBar()->hasFocus());

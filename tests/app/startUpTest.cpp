@@ -192,8 +192,7 @@ TEST(ConnectionDialog, WrapsLongNamesAsPlainText) {
 
 // A chosen data source needs neither driver, server nor database.
 TEST_F(ConnectionDialogTest, AChosenDataSourceDisablesWhatItReplaces) {
-    dialog.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    showActive(dialog);
     dialog.cboDSNList->setFocus();
     WindowState state(dialog);
     choose(1);

@@ -28,8 +28,7 @@ struct Assistant : testing::Test {
     Window window{host};
     void open(const QString &incoming) {
         window.*text = incoming;
-        window.show();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        showActive(window);
     }
 };
 struct FrmHelpLR000Test : Assistant<assist::frmHelpLR000, &assist::frmHelpLR000::publicTouBiao> {

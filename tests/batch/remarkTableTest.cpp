@@ -22,8 +22,7 @@ struct RemarkTableTest : testing::Test {
         table.take({Remark(0, Kind::Isbn, u"010", 1, u"甲"_s), Remark(1, Kind::Issn, u"011", 1, u"乙"_s),
                     Remark(2, Kind::Isbn, u"073", 1, u"丙"_s)});
         table.settle();
-        table.show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&table));
+        showActive(table);
     }
 };
 
@@ -134,8 +133,7 @@ TEST_F(RemarkTableTest, SilencedRulesAreTakenBackOneAfterTheOther) {
     reminders.silence({u"isbn"_s, {}});
     reminders.silence({u"issn"_s, u"011"_s});
     frmSilenced window(reminders, table.remarks().rules());
-    window.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    showActive(window);
     EXPECT_EQ(WindowState(window).grown({100, 100}), u"grid wh"_s);
     EXPECT_TRUE(window.takeBackButton->isEnabled() && !window.emptyWords->isVisible());
     EXPECT_EQ(window.grid->accessibleName(), window.windowTitle());

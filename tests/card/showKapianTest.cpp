@@ -156,8 +156,7 @@ TEST(FrmMarcKaPian, TheTextIsOnACard) {
     ScriptedHost host;
     card::frmMarcKaPian window(host);
     window.marcRecord = recordWith(u"200=$a题"_s);
-    window.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    showActive(window);
     EXPECT_TRUE(window.Text1->hasFocus());
     EXPECT_GE(window.Text1->sizeHint().height(), 22 * window.Text1->fontMetrics().lineSpacing());
     EXPECT_GE(window.Text1->sizeHint().width(), 40 * window.Text1->fontMetrics().horizontalAdvance(u'字'));

@@ -18,10 +18,7 @@ struct List final : SortableList {
 
 class OrderbyFrmTest : public testing::Test {
 protected:
-    OrderbyFrmTest() {
-        dialog.show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
-    }
+    OrderbyFrmTest() { showActive(dialog); }
     QStringList chosen(const OrderbyFrm &of) {
         QStringList result;
         for (int i = 0; i < of.List2->count(); ++i)

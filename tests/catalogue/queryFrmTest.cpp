@@ -28,8 +28,7 @@ protected:
         target.dialog = &dialog;
         dialog.resultForm = &target;
         dialog.LoadCombo(u"bookname,author,catatime"_s, u"书名,著者,入库日期"_s, u"字符,字符,日期"_s);
-        dialog.show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+        showActive(dialog);
     }
     void choose(const QString &label) {
         const QListWidgetItem *item = dialog.LFields->findItems(label, Qt::MatchExactly).constFirst();
@@ -93,8 +92,7 @@ TEST_F(QueryFrmTest, AValueThatIsNotANumberIsNotAdded) {
     QueryFrmdel store(host);
     store.LoadCombo(u"author,price"_s, u"著者,价格"_s, u"字符,数字"_s);
     store.offerLast(last);
-    store.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&store));
+    showActive(store);
     EXPECT_EQ(store.cSql->accessibleName() + store.cFuhao->accessibleName() + store.lSql->accessibleName(),
               u"查找项目查找关系查找条件");
     store.lSql->setText(u"x"_s);
@@ -126,8 +124,7 @@ TEST_F(QueryFrmTest, OffersTheLastQueryAgain) {
     next.LoadCombo(u"bookname,author,catatime"_s, u"书名,著者,入库日期"_s, u"字符,字符,日期"_s);
     next.offerLast(last);
     EXPECT_EQ(next.LFields->currentRow(), 0);
-    next.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&next));
+    showActive(next);
     QTest::keyClick(&next, Qt::Key_L, Qt::AltModifier);
     ASSERT_EQ(next.totalSql->count(), 1);
     EXPECT_EQ(next.signSql->toPlainText() + next.totalSql->item(0)->text() + next.lOrderby->toPlainText(),

@@ -230,8 +230,7 @@ TEST_F(TlkListFrmTest, IsSortedByItsHeadings) {
 // The texts of the window while it works: a loading, a deletion, a save and a close.
 TEST_F(TlkListFrmTest, ShowsWhatItIsDoing) {
     list.resize(1500, 500);
-    list.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&list));
+    showActive(list);
     WindowState state(list);
     PaintedTexts counter(list.lCounts);
     load(u"author='x'"_s);

@@ -126,8 +126,7 @@ TEST_F(ZskListFrmTest, ReportsEmptyAndFailedQueries) {
 TEST_F(ZskListFrmTest, ShowsWhatItIsDoing) {
     list.resize(1500, 500);
     database.run(schemaScript(u"sample.sql"_s));
-    list.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&list));
+    showActive(list);
     WindowState state(list);
     PaintedTexts counter(list.lCounts);
     load(u"author='鲁迅著'"_s);
@@ -171,8 +170,7 @@ TEST_F(ZskListFrmTest, PrintsTheListedRows) {
 }
 
 TEST_F(ZskListFrmTest, EndsTheProgramOnTheKeyWithoutAQuery) {
-    list.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&list));
+    showActive(list);
     list.Grid1->setFocus();
     QTest::keyClick(list.Grid1, Qt::Key_F, Qt::ControlModifier);
     EXPECT_EQ(host.boxes.size(), 1);

@@ -29,9 +29,7 @@ struct Desk {
             EXPECT_EQ(form->labShuDo->QLabel::text(), form->labShuDo->pacedText());
             EXPECT_EQ(form->labJinDu->QLabel::text(), form->labJinDu->pacedText());
         };
-        form->show();
-        QApplication::setActiveWindow(form.get());
-        EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
+        showActive(*form);
     }
     // Tries every way to close the window.
     void refuseToClose(widgets::Button *quit) {

@@ -1,4 +1,5 @@
 #include "marc/standardNumber.h"
+#include "marc/isbnForms.h"
 #include "support/qtPrinters.h"
 
 using namespace marc;
@@ -33,4 +34,26 @@ TEST(StandardNumber, IsRecognizedInAllItsSpellings) {
     EXPECT_EQ(cutIsbn13(u"978-7-02-0012"), u"9787020012"_s);
     for (const QStringView whole : {u"9787020012596", u"7-02-001259-0", u"978-7-02-00", u"978-7-02-001X"})
         EXPECT_EQ(cutIsbn13(whole), QString()) << whole.toString().toStdString();
+}
+
+TEST(IsbnForms, AreReadFromATextAndWritten) {
+    // The digits, what follows them, and the other forms.
+    const std::pair<QStringView, QStringView> rows[] = {
+        {u"ISBN 978-7-02-000220-7（精装）", u"9787020002207 （精装） 978-7-02-000220-7 702000220X - -"},
+        {u"isbn：702000220x", u"702000220X  7-02-000220-X - 9787020002207"},
+        {u"7 02 000220 X 平装", u"702000220X  平装 7-02-000220-X - 9787020002207"},
+        {u"979-10-90636-07-1", u"9791090636071  979-10-90636-07-1 - - -"},
+        {u"ISBN号7-02-000220-X", u""},
+        {u"702000220Xa", u""},
+        {u"7-02-000220-1", u""},
+        {u"97870200022071", u""},
+    };
+    for (const auto &[text, forms] : rows) {
+        const auto isbn = isbnIn(text);
+        EXPECT_EQ(!isbn ? u""_s
+                        : isbn->digits + u' ' + isbn->rest + u' ' + isbnWithHyphens(isbn->digits).value_or(u"-"_s) +
+                              u' ' + isbnOf10(isbn->digits).value_or(u"-"_s) + u' ' +
+                              isbnOf13(isbn->digits).value_or(u"-"_s) + (isbn->hasHyphens ? u" -" : u""),
+                  forms.toString());
+    }
 }

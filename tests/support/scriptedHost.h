@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/host.h"
+#include "support/showActive.h"
 #include "support/testFolder.h"
 #include <QApplication>
 #include <QClipboard>

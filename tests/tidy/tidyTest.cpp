@@ -1,4 +1,3 @@
-#include "marc/fitText.h"
 #include "marc/recordMaking.h"
 #include "support/fullDisk.h"
 #include "tidy/isoSource.h"
@@ -98,25 +97,7 @@ TEST(Tidy, LossesAreReportedByCharacterAndRecord) {
     EXPECT_EQ(tidied(folder, lost.toUtf8(), TargetForm::Utf8Iso).result.lacking.count, 0);
 }
 
-TEST(Tidy, GbkKeepsWhatCanBeKept) {
-    const std::pair<QStringView, QStringView> rows[] = {
-        {u"u\u0308ber, ǚ: u\u0308\u030C", u"über, ǚ: ǚ"}, // composed
-        {u"\u2126\u00A0x", u"\u03A9 x"},
-        {u"\u0098Die \u009CWelt\u200E 甲\uFE00\U000E0101", u"Die Welt 甲"}, // invisible characters
-        {u"n\u0303 ñ", u"n? ?"},
-        {u"\uFA0C兀", u"\uFA0C兀"}, // code page 936 distinguishes these two
-    };
-    for (const auto &[text, expected] : rows) {
-        QString fitted = text.toString();
-        const qsizetype lost = marc::fitText(TargetForm::GbkIso, fitted).size();
-        EXPECT_EQ(fitted, expected.toString());
-        EXPECT_EQ(lost, expected.count(u'?'));
-        for (const TargetForm form : {TargetForm::Utf8Iso, TargetForm::MarcXml}) {
-            QString kept = text.toString();
-            EXPECT_TRUE(marc::fitText(form, kept).isEmpty() && kept == text) << kept.toStdString();
-        }
-    }
-    // The leader follows the form that is written, not that of the source.
+TEST(Tidy, TheLeaderFollowsTheFormThatIsWritten) {
     const Folder folder;
     QByteArray foreign = recordOf(u"200=10$a甲乙丙"_s).toUtf8();
     foreign.replace(9, 3, "a11").replace(20, 4, "4500");

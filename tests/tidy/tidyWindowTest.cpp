@@ -19,11 +19,7 @@ struct TidyDesk {
     ScriptedHost host;
     std::unique_ptr<frmTidy> form = std::make_unique<frmTidy>(host, source);
 
-    TidyDesk() {
-        form->show();
-        QApplication::setActiveWindow(form.get());
-        EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
-    }
+    TidyDesk() { showActive(*form); }
     void letLook() {
         EXPECT_TRUE(QTest::qWaitFor([this] { return !form->LabFacts->isLooking(); }));
     }

@@ -1,6 +1,7 @@
 // Keys and the mouse in lists and on buttons, and the texts of labels.
 #include "widgets/choiceList.h"
 #include "support/qtPrinters.h"
+#include "support/showActive.h"
 #include "widgets/button.h"
 #include "widgets/layout.h"
 #include "widgets/pacedLabel.h"
@@ -19,8 +20,7 @@ struct ChoiceListTest : testing::Test {
         list.resize(200, 120);
         other.move(0, 130);
         window.resize(220, 160);
-        window.show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        showActive(window);
         list.setFocus();
         QObject::connect(&list, &ChoiceList::chosen, [this](const QString &line) { log.append(u"chosen " + line); });
         QObject::connect(&list, &ChoiceList::cancelled, [this] { log.append(u"cancelled"_s); });

@@ -1,5 +1,6 @@
 // Small controls: the text box, the controls that a run disables, and the remembered state of a window.
 #include "platform/desktop/faces.h"
+#include "support/showActive.h"
 #include "support/testFolder.h"
 #include "support/windowState.h"
 #include "widgets/accentFrame.h"
@@ -29,9 +30,7 @@ TEST(RunControls, DisableAndLockUntilTheRunEnds) {
     path.setObjectName(u"path"_s);
     stop.move(0, 40);
     path.move(0, 80);
-    window.show();
-    window.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    showActive(window);
     start.setFocus();
     WindowState state(window);
     RunControls controls;
@@ -78,9 +77,7 @@ TEST(Keys, EnterActsAsTabInItsControlOnly) {
     QWidget window;
     QLineEdit first(&window), second(&window);
     enterActsAsTab(&first);
-    window.show();
-    window.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    showActive(window);
     for (const auto &[key, reached] :
          {std::pair(Qt::Key_Return, &second), {Qt::Key_Enter, &second}, {Qt::Key_A, &first}}) {
         first.setFocus();

@@ -1,5 +1,6 @@
 #include "widgets/maskedEdit.h"
 #include "support/qtPrinters.h"
+#include "support/showActive.h"
 #include <QClipboard>
 #include <QPushButton>
 #include <QTest>
@@ -11,8 +12,7 @@ namespace {
 struct MaskedEditTest : testing::Test {
     MaskedEditTest() {
         other.move(0, 40);
-        window.show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        showActive(window);
         edit.setFocus();
     }
     QWidget window;

@@ -1,6 +1,7 @@
 // The painting of the style, element by element, as the tokens whose colours a picture has and their places. The scheme
 // is the dark one, in which every token has a colour of its own.
 #include "support/qtPrinters.h"
+#include "support/showActive.h"
 #include "widgets/deskStyle.h"
 #include "widgets/flexGridColours.h"
 #include <QApplication>
@@ -138,9 +139,7 @@ TEST_F(StylePicture, ButtonsAndFields) {
 TEST_F(StylePicture, FramesRowsAndBars) {
     const QStandardItemModel cells(1, 2);
     QListWidget list, focused;
-    focused.show();
-    focused.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&focused));
+    showActive(focused);
     focused.setFocus();
     QMenuBar menuBar;
     QToolBar toolBar;

@@ -1,5 +1,6 @@
 #include "widgets/window.h"
 #include "support/qtPrinters.h"
+#include "support/showActive.h"
 #include "widgets/button.h"
 #include "widgets/foldingRow.h"
 #include <QLineEdit>
@@ -55,9 +56,7 @@ TEST(Button, AnAccessKeyGivesTheFocusBack) {
         if (command)
             command();
     });
-    window.show();
-    window.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    showActive(window);
     const auto focusAfter = [&](std::function<void()> act) {
         command = std::move(act);
         field.setEnabled(true);
@@ -119,8 +118,7 @@ TEST(Window, ContentsThatAreLargerThanTheScreenScroll) {
     auto *first = new QLineEdit, *last = new QLineEdit, *high = new QLineEdit;
     window.setLayout(column({first, high, last}));
     window.resize(2 * window.screen()->size());
-    window.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    showActive(window);
     EXPECT_TRUE(window.width() <= window.screen()->size().width() && !window.findChild<QScrollArea *>());
     last->setFocus();
     high->setMinimumHeight(2 * window.screen()->size().height());

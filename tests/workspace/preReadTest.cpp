@@ -197,9 +197,7 @@ TEST(SelectMarcFile, EnterTidiesAFileThatWouldBeReadWrongly) {
         EXPECT_EQ(window.labFacts->text().contains(u"color:"), wantsTidying);
     };
     holds(platform::encode(good));
-    window.show();
-    QApplication::setActiveWindow(&window);
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    showActive(window);
     window.choose(path);
     looked(false);
     EXPECT_TRUE(window.cmdClick[0]->hasFocus());

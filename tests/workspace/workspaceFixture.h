@@ -146,9 +146,7 @@ struct Workspace : testing::Test {
         return show();
     }
     workspace::frmDaoru &show() {
-        form->show();
-        form->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
+        showActive(*form);
         return *form;
     }
     QStringList titles(int from, int to) const {
