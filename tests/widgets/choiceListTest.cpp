@@ -67,7 +67,7 @@ TEST(Button, IsPressedByEnterAndTheSpaceBar) {
     Button button(u"cmd"_s, u"&Q 退出"_s);
     int clicks = 0;
     QObject::connect(&button, &Button::clicked, [&] { ++clicks; });
-    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_A})
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_A, Qt::Key_B})
         QTest::keyClick(&button, key);
     EXPECT_EQ(clicks, 3);
     EXPECT_FALSE(button.autoDefault()) << "Enter belongs to the fields";
