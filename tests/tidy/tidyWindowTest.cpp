@@ -38,11 +38,15 @@ TEST(FrmTidy, ShowsTheFactsAndTidiesByKeyboardAlone) {
     EXPECT_TRUE(form.Text1[0]->hasFocus() && form.Text1[0]->text() == desk.source);
     EXPECT_EQ(form.Text1[1]->text(), desk.folder.path(u"source-gbk.iso"_s));
     EXPECT_TRUE(form.sampleText->isVisible() && form.sampleLabel->isVisible() && !form.txtResult->isVisible());
-    EXPECT_TRUE(form.sampleText->isReadOnly() && !form.cmdClick[1]->isEnabled());
-    EXPECT_EQ(form.encodingLabel->buddy(), form.sourceEncoding);
+    EXPECT_TRUE(form.sampleText->isReadOnly() && form.sampleText->lineWrapMode() == QPlainTextEdit::NoWrap);
+    EXPECT_TRUE(form.cmdClick[0]->property("primary").toBool() && !form.cmdClick[1]->isEnabled());
+    EXPECT_TRUE(form.encodingLabel->buddy() == form.sourceEncoding && form.changeLabel->buddy() == form.changeBox);
     EXPECT_EQ(form.cmdSelect[0]->accessibleName() + form.cmdSelect[1]->accessibleName(),
               u"浏览需要整理的文件浏览整理后的目标文件"_s);
     EXPECT_EQ(form.LabFacts->textInteractionFlags(), Qt::TextSelectableByMouse);
+    EXPECT_TRUE(form.LabFacts->wordWrap() && form.LabFacts->textFormat() == Qt::RichText);
+    EXPECT_TRUE(form.LabFacts->text().contains(u"color:") &&
+                form.LabFacts->alignment() == (Qt::AlignLeft | Qt::AlignTop));
     form.cboForm->setFocus();
     QTest::keyClick(form.cboForm, Qt::Key_Down);
     EXPECT_EQ(form.Text1[1]->text(), desk.folder.path(u"source-utf8.iso"_s));
@@ -77,7 +81,8 @@ TEST(FrmTidy, ShowsTheFactsAndTidiesByKeyboardAlone) {
     EXPECT_EQ(form.warningLabel->text(), u"⚠ 写成“?”的字符 5 处（第 1、2、3、4、5 条）"_s);
     EXPECT_LT(form.warningLabel->minimumSizeHint().width(), 200) << "a long warning does not widen the window";
     EXPECT_NE(form.warningLabel->palette().color(QPalette::WindowText), form.palette().color(QPalette::WindowText));
-    EXPECT_TRUE(form.txtResult->isVisible() && form.labJinDu->isVisible() && !form.sampleLabel->isVisible());
+    EXPECT_TRUE(form.txtResult->isVisible() && form.labJinDu->isVisible() && form.labShuDo->isVisible() &&
+                !form.sampleLabel->isVisible());
     desk.host.willChoose(desk.folder.write(u"next.iso"_s, recordOf(u"200=10$a甲"_s).toUtf8()));
     form.cmdSelect[0]->click();
     EXPECT_EQ(desk.host.dialogs.last().start, desk.source);
