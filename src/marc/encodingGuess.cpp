@@ -93,8 +93,6 @@ bool allDeclareUtf8(QByteArrayView start) {
             return false;
         any = true;
         at = end + 1;
-        while (at < start.size() && (start[at] == '\r' || start[at] == '\n'))
-            ++at;
     }
     return any;
 }

@@ -87,14 +87,21 @@ TEST(Tidy, LossesAreReportedByCharacterAndRecord) {
 
     // XML cannot contain most control characters; ISO 2709 in UTF-8 can contain all characters.
     const QByteArray odd =
-        recordOf(u"005=\uFEFFz|200=10$a\u0001甲\uFFFE<&\"|300=stray|310=  $|320=  $ x\uFEFFy|001=\u001Fa"_s).toUtf8();
+        recordOf(u"005=\uFEFFz|200=10$a\u0001甲\uFFFE<&\"|300=stray|310=  $|330=  $$ax|320=  $ x\uFEFFy|001=\u001Fa"_s)
+            .toUtf8();
     const Tidied xml = tidied(folder, odd, TargetForm::MarcXml);
     EXPECT_EQ(xml.result.lackingByCharacter.begin()->first, 1U);
     const QByteArray back = tidied(folder, xml.bytes, TargetForm::Utf8Iso).bytes;
-    const QString fields = u"|\uFEFFz|10<a?甲?<&\"|stray|  <|  < x\uFEFFy|  <a|>"_s;
+    const QString fields = u"|\uFEFFz|10<a?甲?<&\"|stray|  <|  <<ax|  < x\uFEFFy|  <a|>"_s;
     EXPECT_EQ(marc::visible(QString::fromUtf8(back.mid(back.indexOf('\x1E')))), fields);
 
     EXPECT_EQ(tidied(folder, lost.toUtf8(), TargetForm::Utf8Iso).result.lacking.count, 0);
+    TidyResult many;
+    for (int i = 0; i < 500; ++i) {
+        many.addLacking(char32_t(0x20000 + i), i);
+        many.addUnreadable(i, QString::number(i));
+    }
+    EXPECT_TRUE(many.lackingByCharacter.size() == TidyResult::mostListed && many.reasons.size() == 100);
 }
 
 TEST(Tidy, TheLeaderFollowsTheFormThatIsWritten) {

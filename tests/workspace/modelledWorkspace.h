@@ -13,7 +13,6 @@ struct ModelledWorkspace : Workspace {
     static constexpr int firstBatch = 200;
     WorkspaceModel model;
     Dice dice{1};
-    int opened = 0; // how often a file was opened
 
     void SetUp() override {
         Workspace::SetUp();
@@ -52,7 +51,6 @@ struct ModelledWorkspace : Workspace {
         form->load();
         model.open(path, firstBatch);
         show();
-        ++opened;
     }
     // Sometimes changes the contents of the file, keeping its size and, in half of the cases, its modification time.
     void change(const QString &path) {

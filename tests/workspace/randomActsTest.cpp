@@ -283,5 +283,4 @@ TEST_F(RandomActsTest, MatchTheModel) {
     form->close();
     model.write();
     compareDisk();
-    RecordProperty("opened", opened);
 }
