@@ -9,9 +9,6 @@
 #include "support/scriptedHost.h"
 #include "widgets/button.h"
 #include "widgets/maskedEdit.h"
-#include <QMainWindow>
-#include <QMdiSubWindow>
-#include <QTimer>
 
 using namespace app;
 

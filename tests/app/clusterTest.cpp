@@ -6,7 +6,6 @@
 #include "support/scriptedHost.h"
 #include "widgets/button.h"
 #include "widgets/pacedLabel.h"
-#include <QMap>
 
 namespace {
 

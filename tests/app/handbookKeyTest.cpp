@@ -3,9 +3,6 @@
 #include "support/scriptedHost.h"
 #include "widgets/button.h"
 #include "widgets/pacedLabel.h"
-#include <QMdiArea>
-#include <QMdiSubWindow>
-#include <QScrollBar>
 
 using namespace app;
 using handbook::frmHandbook;

@@ -2,7 +2,6 @@
 #include "database/connection.h"
 #include "database/linkPool.h"
 #include "recordedWindows.h"
-#include <QProcess>
 #include <QTcpSocket>
 
 using namespace app;

@@ -1,13 +1,6 @@
 #include "platform/recentFiles.h"
 #include "recordedWindows.h"
 #include "widgets/styleTokens.h"
-#include <QAbstractEventDispatcher>
-#include <QDragEnterEvent>
-#include <QMenuBar>
-#include <QMimeData>
-#include <QScrollBar>
-#include <QShortcut>
-#include <QStatusBar>
 
 using namespace app;
 

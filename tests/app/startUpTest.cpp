@@ -6,8 +6,6 @@
 #include "platform/codepage936.h"
 #include "support/scriptedHost.h"
 #include "support/windowState.h"
-#include <QDir>
-#include <QLabel>
 #include <algorithm>
 
 using namespace app;

@@ -3,7 +3,6 @@
 #include "schema/schemaChoice.h"
 #include "support/databaseServers.h"
 #include "support/scriptedHost.h"
-#include <QTimer>
 
 namespace {
 

@@ -4,10 +4,6 @@
 #include "widgets/button.h"
 #include "widgets/choiceList.h"
 #include "widgets/keyLine.h"
-#include <QInputMethodEvent>
-#include <QRegularExpression>
-#include <QScrollBar>
-#include <QTimer>
 
 using assist::CodeBox;
 using platform::Answer;

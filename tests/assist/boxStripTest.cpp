@@ -1,6 +1,5 @@
 #include "assist/windows/frmHelpLR.h"
 #include "support/scriptedHost.h"
-#include <QToolButton>
 
 namespace {
 

@@ -5,15 +5,7 @@
 #include "support/recordText.h"
 #include "support/scriptedHost.h"
 #include "widgets/styleTokens.h"
-#include <QHeaderView>
-#include <QLabel>
-#include <QListWidget>
-#include <QProcess>
-#include <QScrollArea>
 #include <QSignalSpy>
-#include <QSpinBox>
-#include <QTabWidget>
-#include <QTimer>
 
 using namespace batch;
 

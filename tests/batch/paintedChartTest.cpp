@@ -1,11 +1,6 @@
 #include "batch/windows/ruleChart.h"
 #include "support/qtPrinters.h"
 #include "widgets/styleTokens.h"
-#include <QApplication>
-#include <QFontMetrics>
-#include <QImage>
-#include <QPainter>
-#include <QRegion>
 
 using namespace batch;
 using schema::Level;

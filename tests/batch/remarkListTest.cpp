@@ -4,7 +4,6 @@
 #include "schema/schemaReader.h"
 #include "support/dice.h"
 #include "support/qtPrinters.h"
-#include <gtest/gtest.h>
 #include <set>
 
 using namespace batch;

@@ -4,10 +4,6 @@
 #include "support/scriptedHost.h"
 #include "support/windowState.h"
 #include "widgets/styleTokens.h"
-#include <QAbstractItemView>
-#include <QHeaderView>
-#include <QLabel>
-#include <QMenu>
 
 using namespace batch;
 

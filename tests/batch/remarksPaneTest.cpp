@@ -3,10 +3,7 @@
 #include "support/databaseServers.h"
 #include "support/recordText.h"
 #include "support/scriptedHost.h"
-#include <QLabel>
-#include <QMenu>
 #include <QSignalSpy>
-#include <QTimer>
 
 using namespace batch;
 

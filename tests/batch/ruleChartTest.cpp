@@ -1,7 +1,6 @@
 #include "batch/windows/ruleChart.h"
 #include "support/qtPrinters.h"
 #include "widgets/styleTokens.h"
-#include <QApplication>
 #include <QBarCategoryAxis>
 #include <QBarSet>
 #include <QChart>

@@ -1,7 +1,6 @@
 // The keys of the books against a model that keeps all of them in order.
 #include "batch/soughtBooks.h"
 #include "support/dice.h"
-#include <gtest/gtest.h>
 #include <map>
 
 using namespace batch;

@@ -8,7 +8,6 @@
 #include "widgets/button.h"
 #include "widgets/clickLabel.h"
 #include "widgets/maskedEdit.h"
-#include <QTextDocument>
 #include <ranges>
 
 using namespace catalogue;

@@ -3,8 +3,6 @@
 #include "catalogue/windows/zskListFrm.h"
 #include "support/databaseServers.h"
 #include "support/scriptedHost.h"
-#include <QProcess>
-#include <QRegularExpression>
 
 using namespace catalogue;
 

@@ -4,7 +4,6 @@
 #include "support/databaseServers.h"
 #include "support/killedChild.h"
 #include "support/scriptedHost.h"
-#include <QFileInfo>
 
 namespace {
 

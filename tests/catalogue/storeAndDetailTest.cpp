@@ -8,7 +8,6 @@
 #include "support/scriptedHost.h"
 #include "support/windowState.h"
 #include "widgets/styleTokens.h"
-#include <QHeaderView>
 
 using namespace catalogue;
 

@@ -4,7 +4,6 @@
 #include "support/databaseServers.h"
 #include "support/scriptedHost.h"
 #include "support/windowState.h"
-#include <QHeaderView>
 
 using namespace catalogue;
 

@@ -5,7 +5,6 @@
 #include "proof/structuralProof.h"
 #include "shippedFiles.h"
 #include "workspace/preReadEngine.h"
-#include <QRegularExpression>
 
 namespace {
 

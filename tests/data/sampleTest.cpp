@@ -3,8 +3,6 @@
 #include "proof/structuralProof.h"
 #include "proof/templateProof.h"
 #include "shippedFiles.h"
-#include <QMap>
-#include <QSet>
 
 namespace {
 

@@ -3,13 +3,6 @@
 #include "tools/recordAssembler.h"
 #include "tools/recordGenerator.h"
 #include "tools/taggedText.h"
-#include <QCryptographicHash>
-#include <QDir>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QProcess>
-#include <QRegularExpression>
 
 namespace {
 

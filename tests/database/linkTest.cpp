@@ -6,8 +6,6 @@
 #include "driverManager.h"
 #include "support/databaseServers.h"
 #include "support/scriptedHost.h"
-#include <QFileInfo>
-#include <QScopeGuard>
 #include <poll.h>
 
 using database::Connection;

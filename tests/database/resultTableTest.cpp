@@ -1,5 +1,4 @@
 #include "database/resultTable.h"
-#include <gtest/gtest.h>
 #include <random>
 #include <vector>
 

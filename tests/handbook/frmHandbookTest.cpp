@@ -2,12 +2,7 @@
 #include "handbook/windows/pagePrint.h"
 #include "support/scriptedHost.h"
 #include "support/windowState.h"
-#include <QPointer>
 #include <QPrinter>
-#include <QProcess>
-#include <QScrollBar>
-#include <QTextTable>
-#include <QWindow>
 
 using namespace handbook;
 

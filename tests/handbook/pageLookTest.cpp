@@ -1,8 +1,5 @@
 #include "handbook/windows/pageLook.h"
 #include "support/qtPrinters.h"
-#include <QFontMetricsF>
-#include <QTextBlock>
-#include <QTextTable>
 
 using namespace handbook;
 

@@ -4,9 +4,6 @@
 #include "support/testFolder.h"
 #include "widgets/button.h"
 #include "widgets/pacedLabel.h"
-#include <QDirIterator>
-#include <QRegularExpression>
-#include <QTextBlock>
 
 using namespace handbook;
 

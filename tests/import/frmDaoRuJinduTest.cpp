@@ -6,11 +6,7 @@
 #include "widgets/button.h"
 #include "widgets/lineIcon.h"
 #include "widgets/pacedLabel.h"
-#include <QLabel>
-#include <QLineEdit>
-#include <QProgressBar>
 #include <QSignalSpy>
-#include <QStyle>
 
 using namespace importing;
 

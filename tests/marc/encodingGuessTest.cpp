@@ -1,7 +1,6 @@
 #include "marc/encodingGuess.h"
 #include "support/dice.h"
 #include "support/qtPrinters.h"
-#include <QByteArray>
 #include <algorithm>
 #include <array>
 

@@ -3,8 +3,6 @@
 #include "marc/recordCutter.h"
 #include "marc/recordMaking.h"
 #include "support/machine.h"
-#include <QDir>
-#include <QStringConverter>
 #include <random>
 #include <unicode/ucnv.h>
 

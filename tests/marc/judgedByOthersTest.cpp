@@ -4,8 +4,6 @@
 #include "marc/recordMaking.h"
 #include "marc/recordWriter.h"
 #include "tools/recordGenerator.h"
-#include <QProcess>
-#include <QStandardPaths>
 
 using namespace marc;
 

@@ -7,7 +7,6 @@
 #include "support/fullDisk.h"
 #include "support/machine.h"
 #include "support/testFolder.h"
-#include <QFileInfo>
 #include <algorithm>
 
 using namespace platform;

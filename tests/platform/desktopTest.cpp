@@ -3,10 +3,7 @@
 #include "platform/desktop/schemeWatch.h"
 #include "platform/slicedWork.h"
 #include "support/qtPrinters.h"
-#include <QApplication>
-#include <QDialog>
 #include <QTest>
-#include <QWindow>
 #ifdef TARVEX_DBUS
 #include <QDBusConnection>
 #include <QDBusMessage>

@@ -6,12 +6,6 @@
 #include "platform/settings.h"
 #include "platform/singleInstance.h"
 #include "support/testFolder.h"
-#include <QCoreApplication>
-#include <QDateTime>
-#include <QDir>
-#include <QFile>
-#include <QSettings>
-#include <QTemporaryDir>
 
 using namespace platform;
 

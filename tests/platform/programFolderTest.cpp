@@ -1,7 +1,6 @@
 #include "platform/programFolder.h"
 #include "support/fullDisk.h"
 #include "support/testFolder.h"
-#include <QDir>
 #include <array>
 
 using namespace platform;

@@ -2,20 +2,7 @@
 #include "platform/desktop/qtHost.h"
 #include "platform/desktop/screenSize.h"
 #include "support/testFolder.h"
-#include <QApplication>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDir>
-#include <QFile>
-#include <QFileDialog>
-#include <QHeaderView>
-#include <QMessageBox>
-#include <QProcess>
-#include <QScreen>
-#include <QSettings>
 #include <QTest>
-#include <QTimer>
-#include <QTreeView>
 
 using namespace platform;
 

@@ -3,8 +3,6 @@
 #include "support/dice.h"
 #include "support/fullDisk.h"
 #include "support/testFolder.h"
-#include <QDir>
-#include <QFileInfo>
 
 using namespace platform;
 

@@ -9,7 +9,6 @@
 #include "platform/textFile.h"
 #include "support/fullDisk.h"
 #include "support/testFolder.h"
-#include <QDir>
 #include <array>
 #include <csignal>
 #include <fcntl.h>

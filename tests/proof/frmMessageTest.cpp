@@ -3,8 +3,6 @@
 #include "platform/paths.h"
 #include "support/scriptedHost.h"
 #include "support/windowState.h"
-#include <QDir>
-#include <QTextBlock>
 
 namespace {
 

@@ -1,5 +1,4 @@
 #include "validation.h"
-#include <QFile>
 
 using namespace schema;
 

@@ -2,7 +2,6 @@
 #include "support/scriptedHost.h"
 #include "widgets/selectingEdit.h"
 #include "widgets/textBox.h"
-#include <QListWidget>
 #include <QSignalSpy>
 
 using namespace schema;

@@ -1,8 +1,6 @@
 // The schema that the build makes, on sound and wrong records.
 #include "platform/codepage936.h"
 #include "validation.h"
-#include <QFile>
-#include <QSet>
 
 using namespace schema;
 

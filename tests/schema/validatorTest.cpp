@@ -2,7 +2,6 @@
 #include "schema/schemaChoice.h"
 #include "support/testFolder.h"
 #include "validation.h"
-#include <QFile>
 
 using namespace schema;
 

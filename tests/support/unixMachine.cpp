@@ -1,10 +1,8 @@
 #include "support/fullDisk.h"
 #include "support/killedChild.h"
 #include "support/machine.h"
-#include <QFile>
 #include <QTest>
 #include <csignal>
-#include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>

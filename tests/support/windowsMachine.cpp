@@ -1,7 +1,6 @@
 #include "support/fullDisk.h"
 #include "support/killedChild.h"
 #include "support/machine.h"
-#include <gtest/gtest.h>
 #include <windows.h>
 
 #include <psapi.h>

@@ -1,6 +1,4 @@
 #include "catalogueServers.h"
-#include <QFile>
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 using namespace targets;

@@ -2,7 +2,6 @@
 #include "catalogueServers.h"
 #include "support/testFolder.h"
 #include "targets/search.h"
-#include <QProcess>
 #include <QSslConfiguration>
 #include <QSslKey>
 #include <QSslSocket>

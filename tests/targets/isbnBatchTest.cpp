@@ -3,7 +3,6 @@
 #include "support/sampleIsbns.h"
 #include "support/testFolder.h"
 #include "targets/recordSummary.h"
-#include <QEventLoop>
 
 using namespace targets;
 using namespace std::chrono_literals;

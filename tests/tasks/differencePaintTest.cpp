@@ -1,13 +1,6 @@
 #include "tasks/windows/differencePaint.h"
 #include "support/qtPrinters.h"
 #include "widgets/styleTokens.h"
-#include <QHeaderView>
-#include <QPainter>
-#include <QPdfWriter>
-#include <QProcess>
-#include <QStandardItemModel>
-#include <QTableView>
-#include <QTemporaryDir>
 
 using namespace tasks;
 

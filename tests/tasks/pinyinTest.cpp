@@ -2,7 +2,6 @@
 #include "tasks/pinyin.h"
 #include "support/testFolder.h"
 #include "taskRows.h"
-#include <QDir>
 
 using namespace tasks;
 

@@ -2,7 +2,6 @@
 #include "support/fullDisk.h"
 #include "support/testFolder.h"
 #include "taskRows.h"
-#include <QDir>
 
 using namespace tasks;
 

@@ -1,7 +1,6 @@
 // The division of the space in the pages of the window of tasks.
 #include "support/windowState.h"
 #include "tasksWindow.h"
-#include <QScrollBar>
 
 using namespace tasks;
 

@@ -1,9 +1,6 @@
 // The effects of actions in the window of tasks on it and on the user's files.
 #include "support/windowState.h"
 #include "tasksWindow.h"
-#include <QHeaderView>
-#include <QSplitter>
-#include <QTextBlock>
 
 using namespace tasks;
 

@@ -2,8 +2,6 @@
 #include "support/fullDisk.h"
 #include "tidy/isoSource.h"
 #include "tidy/tidying.h"
-#include <QProcess>
-#include <QStandardPaths>
 
 using namespace tidy;
 using files::Folder;

@@ -3,18 +3,8 @@
 #include "support/dice.h"
 #include "support/qtPrinters.h"
 #include "widgets/longPreview.h"
-#include <QDialog>
-#include <QGraphicsView>
-#include <QLabel>
-#include <QPdfWriter>
 #include <QPrintPreviewWidget>
 #include <QPrinter>
-#include <QProcess>
-#include <QProgressBar>
-#include <QPushButton>
-#include <QRegularExpression>
-#include <QSpinBox>
-#include <QTemporaryDir>
 #include <QTest>
 
 using namespace widgets;

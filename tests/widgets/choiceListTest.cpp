@@ -5,10 +5,7 @@
 #include "widgets/button.h"
 #include "widgets/layout.h"
 #include "widgets/pacedLabel.h"
-#include <QHelpEvent>
-#include <QLineEdit>
 #include <QTest>
-#include <QToolTip>
 
 using namespace widgets;
 

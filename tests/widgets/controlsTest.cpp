@@ -10,12 +10,7 @@
 #include "widgets/styleTokens.h"
 #include "widgets/textBox.h"
 #include "widgets/waitCursor.h"
-#include <QClipboard>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QTest>
-#include <QTextBlock>
-#include <QTextLayout>
 
 using namespace widgets;
 

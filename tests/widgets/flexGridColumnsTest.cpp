@@ -1,10 +1,6 @@
 // Widths of columns, and the tool tips of texts that are cut.
 #include "flexGridFixture.h"
 #include "widgets/flexGridColours.h"
-#include <QHeaderView>
-#include <QHelpEvent>
-#include <QScrollBar>
-#include <QToolTip>
 
 namespace {
 

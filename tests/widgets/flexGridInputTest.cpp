@@ -1,9 +1,5 @@
 // Mouse and keyboard of the grid.
 #include "flexGridFixture.h"
-#include <QAbstractEventDispatcher>
-#include <QClipboard>
-#include <QMenu>
-#include <QScrollBar>
 
 using namespace widgets;
 

@@ -1,8 +1,6 @@
 #include "flexGridFixture.h"
 #include "support/dice.h"
 #include <QAbstractItemModelTester>
-#include <QHeaderView>
-#include <QScrollBar>
 #include <set>
 
 using namespace widgets;

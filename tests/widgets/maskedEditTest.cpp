@@ -1,8 +1,6 @@
 #include "widgets/maskedEdit.h"
 #include "support/qtPrinters.h"
 #include "support/showActive.h"
-#include <QClipboard>
-#include <QPushButton>
 #include <QTest>
 
 using namespace widgets;

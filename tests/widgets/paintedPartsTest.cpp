@@ -7,17 +7,6 @@
 #include "widgets/keyLine.h"
 #include "widgets/layout.h"
 #include "widgets/stylePaint.h"
-#include <QComboBox>
-#include <QHeaderView>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMessageBox>
-#include <QPushButton>
-#include <QScreen>
-#include <QStandardItemModel>
-#include <QStyleOption>
-#include <QTableView>
 #include <QTest>
 
 using namespace widgets;

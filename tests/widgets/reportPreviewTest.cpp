@@ -3,20 +3,10 @@
 #include "widgets/bandedReport.h"
 #include "widgets/lineIcon.h"
 #include "widgets/longPreview.h"
-#include <QAction>
-#include <QComboBox>
-#include <QGraphicsView>
-#include <QLabel>
-#include <QLineEdit>
 #include <QPrintPreviewDialog>
 #include <QPrintPreviewWidget>
 #include <QPrinter>
-#include <QProgressBar>
-#include <QPushButton>
-#include <QScreen>
-#include <QSpinBox>
 #include <QTest>
-#include <QToolBar>
 
 using namespace widgets;
 

@@ -12,10 +12,6 @@
 #include "widgets/oneSize.h"
 #include "widgets/pacedLabel.h"
 #include "widgets/textBox.h"
-#include <QEnterEvent>
-#include <QLineEdit>
-#include <QMimeData>
-#include <QSplitter>
 #include <QTest>
 
 using namespace widgets;

@@ -4,17 +4,7 @@
 #include "support/showActive.h"
 #include "widgets/deskStyle.h"
 #include "widgets/flexGridColours.h"
-#include <QApplication>
-#include <QListWidget>
-#include <QMenuBar>
-#include <QPainter>
-#include <QRegularExpression>
-#include <QStandardItemModel>
-#include <QStyleOption>
-#include <QTableView>
 #include <QTest>
-#include <QToolBar>
-#include <QToolButton>
 
 using namespace widgets;
 

@@ -3,8 +3,6 @@
 #include "widgets/deskStyle.h"
 #include "widgets/flexGrid.h"
 #include "widgets/heading.h"
-#include <QApplication>
-#include <QHeaderView>
 
 using namespace widgets;
 

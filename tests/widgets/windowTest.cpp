@@ -3,10 +3,6 @@
 #include "support/showActive.h"
 #include "widgets/button.h"
 #include "widgets/foldingRow.h"
-#include <QLineEdit>
-#include <QScreen>
-#include <QScrollArea>
-#include <QShortcutEvent>
 #include <QTest>
 
 using namespace widgets;

@@ -1,6 +1,5 @@
 // Features of the workspace other than editing: find, undo, the filter and the status line.
 #include "workspaceFixture.h"
-#include <QClipboard>
 
 using namespace workspace;
 

@@ -1,8 +1,6 @@
 // The drafts as the window offers, restores and reports them.
 #include "support/fullDisk.h"
 #include "workspaceFixture.h"
-#include <QDir>
-#include <QFileInfo>
 
 using namespace workspace;
 using DraftKeeperTest = Workspace;

@@ -2,8 +2,6 @@
 #include "support/machine.h"
 #include "support/testFolder.h"
 #include "workspace/draftFile.h"
-#include <QDir>
-#include <QFileInfo>
 
 using workspace::Draft;
 using workspace::DraftBook;

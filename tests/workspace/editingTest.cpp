@@ -1,8 +1,6 @@
 #include "platform/paths.h"
 #include "widgets/accentFrame.h"
 #include "workspaceFixture.h"
-#include <QMenu>
-#include <QTimer>
 
 using platform::Answer;
 

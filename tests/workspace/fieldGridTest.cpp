@@ -2,9 +2,7 @@
 #include "workspace/windows/fieldGrid.h"
 #include "support/recordText.h"
 #include "widgets/styleTokens.h"
-#include <QHelpEvent>
 #include <QTest>
-#include <QToolTip>
 
 using namespace workspace;
 using widgets::Mark;

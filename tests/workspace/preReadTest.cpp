@@ -1,6 +1,5 @@
 #include "workspace/windows/frmSelectMFile.h"
 #include "workspaceFixture.h"
-#include <QCompleter>
 
 using ReadingTest = Workspace;
 

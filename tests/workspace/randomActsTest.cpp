@@ -1,7 +1,6 @@
 // Random actions on the workspace window, compared with a small model of its state. TARVEX_ACTS and TARVEX_SEED set the
 // number of actions and the seed.
 #include "modelledWorkspace.h"
-#include <QClipboard>
 
 using namespace workspace;
 using platform::Answer;

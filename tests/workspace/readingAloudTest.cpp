@@ -1,6 +1,5 @@
 // The texts that a screen reader reads in the workspace.
 #include "workspaceFixture.h"
-#include <QAccessible>
 
 using ReadingAloudTest = Workspace;
 

@@ -1,6 +1,5 @@
 // The pane of remarks in the workspace: F8, jumps, and the refused records of an import.
 #include "workspaceFixture.h"
-#include <QSplitter>
 
 using namespace workspace;
 
