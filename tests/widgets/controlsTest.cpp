@@ -142,6 +142,11 @@ TEST(Remembered, PlaceAndColumnWidths) {
         EXPECT_EQ(grid.columnWidth(1), 177);
         EXPECT_EQ(grid.columnWidth(2), width);
         window.close();
+        const QByteArray kept = state.value(platform::kept::geometry, u"window"_s);
+        window.show();
+        window.resize(111, 99);
+        window.hide();
+        EXPECT_EQ(state.value(platform::kept::geometry, u"window"_s), kept) << "only when it is closed";
     }
 }
 

@@ -104,6 +104,7 @@ TEST_F(FlexGridWidths, TheHeadingShowsTheOrderAndCanBeAbsent) {
     const QHeaderView &header = *grid.horizontalHeader();
     grid.showOrder(1, Qt::AscendingOrder);
     EXPECT_TRUE(header.isSortIndicatorShown() && header.sortIndicatorSection() == 1 && !header.highlightSections());
+    EXPECT_FALSE(grid.tabKeyNavigation()) << "Tab leaves the grid";
     EXPECT_EQ(header.sortIndicatorOrder(), Qt::AscendingOrder);
     grid.showOrder(-1, Qt::AscendingOrder);
     EXPECT_FALSE(header.isSortIndicatorShown());
@@ -171,6 +172,10 @@ TEST_F(FlexGridWidths, RowsThatAreAddedAgainAreEmpty) {
         int columnCount() const override { return 4; }
         QString text(int, int) const override { return u"x"_s; }
     };
+    grid.clear();
+    EXPECT_EQ(grid.text(1, 1) + grid.text(6, 3), QString());
+    grid.setColumnAlignment(0, Qt::AlignRight);
+    EXPECT_EQ(grid.model()->index(0, 0).data(Qt::TextAlignmentRole).value<Qt::Alignment>(), Qt::AlignRight);
     int removals = 0;
     QObject::connect(grid.model(), &QAbstractItemModel::rowsRemoved, [&] { ++removals; });
     grid.bind(std::make_shared<One>());

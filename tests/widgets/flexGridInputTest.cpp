@@ -14,6 +14,8 @@ TEST_F(FlexGridInput, MouseMovesClickAndActivate) {
     const std::tuple<std::function<void()>, QStringView, QStringView> steps[] = {
         {[&] { press(Qt::LeftButton, 3); }, u"3-3/1", u"leave1 enter3"},
         {[&] { release(Qt::LeftButton, 3); }, u"3-3/1", u"click3"},
+        {[&] { release(Qt::LeftButton, 3); }, u"3-3/1", u""},
+        {[&] { QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, at(3, 2)); }, u"3-3/2", u"click3"},
         {[&] { press(Qt::LeftButton, 3); }, u"3-3/1", u""}, // no leave signal for the same row
         {[&] { release(Qt::LeftButton, 3); }, u"3-3/1", u"click3"},
         {[&] { press(Qt::RightButton, 5); }, u"3-3/1", u"right3"},

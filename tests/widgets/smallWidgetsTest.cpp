@@ -70,7 +70,7 @@ TEST(ClickLabel, LooksAsItsStateAndIsClickedByKeys) {
         EXPECT_EQ(lines.join(u' '), raised ? u"none none none none"_s : u"under none under none"_s);
         int clicks = 0;
         QObject::connect(&label, &ClickLabel::clicked, [&] { ++clicks; });
-        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_A})
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_A, Qt::Key_B})
             QTest::keyClick(&label, key);
         EXPECT_EQ(clicks, 3);
         EXPECT_EQ(label.focusPolicy(), Qt::StrongFocus);
@@ -165,6 +165,7 @@ TEST(LineIcon, HasTheColoursOfTheSchemeAndIsMadeOnce) {
             for (const QImage &other : pictures)
                 EXPECT_NE(made.toImage(), other);
             pictures.push_back(made.toImage());
+            EXPECT_EQ(made.toImage().pixelColor(0, 0).alpha(), 0);
         }
     }
     QApplication::setPalette(before);

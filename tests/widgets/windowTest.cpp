@@ -132,6 +132,22 @@ TEST(Window, ContentsThatAreLargerThanTheScreenScroll) {
     }
 }
 
+// Also before it is shown; a window beside the screen is moved onto it.
+TEST(Window, IsShownOnTheScreenAsAWhole) {
+    Window high(u"high"_s, {}), beside(u"beside"_s, {});
+    auto *box = new QLineEdit;
+    box->setMinimumHeight(2 * high.screen()->size().height());
+    high.setLayout(column({box}));
+    high.show();
+    EXPECT_TRUE(high.findChild<QScrollArea *>());
+    high.close();
+    const QRect screen = beside.screen()->availableGeometry();
+    beside.setLayout(column({new QLineEdit}));
+    beside.move(screen.bottomRight() - QPoint(20, 20));
+    showActive(beside);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return screen.contains(beside.frameGeometry()); }));
+}
+
 TEST(Window, HasItsNamesAndStaysIfItMustNotClose) {
     struct Staying final : Window {
         using Window::Window;
