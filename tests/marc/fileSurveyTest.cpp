@@ -76,6 +76,11 @@ TEST(FileSurvey, ReportsEncodingLineEndsAndReadableRecords) {
          u"编码：UTF-16 BE"_s + need + u" 行结束符：CR LF 记录 5 条 目次区损坏 5 条", true},
         {wide(QString(one + u'\n').repeated(5), QStringConverter::Utf16LE),
          u"编码：UTF-16 LE"_s + need + u" 行结束符：LF " + few + u" 目次区损坏 1 条", true},
+        {wide(QString(one + u'\r').repeated(2) + one + u"\r\n", QStringConverter::Utf16LE),
+         u"编码：UTF-16 LE"_s + need + u" 行结束符：混用 记录 3 条 目次区损坏 3 条", true},
+        // A line end between two blocks.
+        {QByteArray((1 << 18) - 1, 'x') + "\r\n",
+         gbk + u" 行结束符：CR LF 记录结束符 0 个，将读出 0 条 文件末尾没有记录结束符，最后一条读不出", true},
         {damaged, gbk + u" 行结束符：CR LF 记录 2 条 目次区损坏 1 条", true},
         {shifted, gbk + u" 行结束符：CR LF 记录 5 条 目次区与字段对不上 5 条，请整理", true},
         {platform::encode(QString(lines + one)).chopped(1),
@@ -93,6 +98,8 @@ TEST(FileSurvey, ReportsEncodingLineEndsAndReadableRecords) {
         const FactLines told = describe(survey(folder.file(u"f"_s, bytes)));
         EXPECT_EQ(text(told), expected);
         EXPECT_EQ(told.disagree, disagree) << expected.toStdString();
+        for (const FactLine &line : told.lines)
+            EXPECT_TRUE(line.isWarning || !line.text.contains(QRegularExpression(u"^目次区|没有记录结束符"_s)));
     }
     EXPECT_FALSE(describe({}).lines[2].isWarning) << "an empty file";
     EXPECT_EQ(survey(folder.file(u"f"_s, rare.toUtf8())).encoding, FileEncoding::Utf8);

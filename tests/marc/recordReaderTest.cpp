@@ -205,3 +205,18 @@ TEST(Subfields, AreCutAtEachDelimiter) {
 }
 
 } // namespace
+
+TEST(FileCounts, CountLinesAndTerminatorsAndNoticeUtf8) {
+    const TestFolder folder;
+    const QString one = recordOf(u"200=1 $a数据库原理与应用"_s);
+    const QString both = one + one + u"\r\n", lines = one + u"\r\n" + one + u"\r\n";
+    const std::tuple<QByteArray, int, bool> rows[] = {
+        {platform::encode(both), 1, false}, {lines.toUtf8(), 2, true}, {"\xEF\xBB\xBF" + both.toUtf8(), 1, true}};
+    for (const auto &[bytes, count, isUtf8] : rows) {
+        const FileCounts counts = fileCounts(folder.file(u"a.iso"_s, bytes)).value();
+        EXPECT_EQ(counts.lines, count);
+        EXPECT_EQ(counts.terminators, 2);
+        EXPECT_EQ(counts.looksLikeUtf8, isUtf8) << count;
+    }
+    EXPECT_FALSE(fileCounts(folder.path(u"none"_s)));
+}

@@ -34,6 +34,9 @@ TEST(StandardNumber, IsRecognizedInAllItsSpellings) {
     EXPECT_EQ(cutIsbn13(u"978-7-02-0012"), u"9787020012"_s);
     for (const QStringView whole : {u"9787020012596", u"7-02-001259-0", u"978-7-02-00", u"978-7-02-001X"})
         EXPECT_EQ(cutIsbn13(whole), QString()) << whole.toString().toStdString();
+    EXPECT_TRUE(beginsWith(9787020012596, u"9787020012"_s));
+    EXPECT_FALSE(beginsWith(9787020012596, u"9787020013"_s) || beginsWith(9787020012596, {}) ||
+                 beginsWith(isbnKey(u"7-02-001259-X"), u"1"_s));
 }
 
 TEST(IsbnForms, AreReadFromATextAndWritten) {
@@ -44,6 +47,7 @@ TEST(IsbnForms, AreReadFromATextAndWritten) {
         {u"7 02 000220 X 平装", u"702000220X  平装 7-02-000220-X - 9787020002207"},
         {u"979-10-90636-07-1", u"9791090636071  979-10-90636-07-1 - - -"},
         {u"7000000007", u"7000000007  7-00-000000-7 - 9787000000001"},
+        {u"9789990100006", u"9789990100006  978-99901-00-00-6 9990100004 -"},
         {u"ISBN号7-02-000220-X", u""},
         {u"702000220Xa", u""},
         {u"7-02-000220-1", u""},

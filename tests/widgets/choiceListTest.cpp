@@ -40,7 +40,12 @@ TEST_F(ChoiceListTest, KeysAndTheMouseChooseCancelAndLeave) {
         {[&] { QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, first); }, u""_s},
         {[&] { QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, first); }, u"chosen 甲"_s},
         {[&] { other.setFocus(); }, u"left"_s},
-        {[&] { list.offer(); }, u""_s},
+        {[&] {
+             list.hide();
+             list.offer();
+             EXPECT_TRUE(list.isVisible() && list.hasFocus());
+         },
+         u""_s},
         {[&] { list.setCurrentRow(-1); }, u""_s},
         {[&] { QTest::keyClick(&list, Qt::Key_Return); }, u""_s}, // no line is current
     };
@@ -64,7 +69,7 @@ TEST(Button, IsPressedByEnterAndTheSpaceBar) {
     Button button(u"cmd"_s, u"&Q 退出"_s);
     int clicks = 0;
     QObject::connect(&button, &Button::clicked, [&] { ++clicks; });
-    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_A, Qt::Key_B})
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_A, Qt::Key_B, Qt::Key_C})
         QTest::keyClick(&button, key);
     EXPECT_EQ(clicks, 3);
     EXPECT_FALSE(button.autoDefault()) << "Enter belongs to the fields";
@@ -75,6 +80,7 @@ TEST(Button, IsPressedByEnterAndTheSpaceBar) {
 }
 
 TEST(PacedLabel, IsReadWithItsMeaning) {
+    EXPECT_EQ(PacedLabel(u"labJinDu"_s, u"3 条"_s).text(), u"3 条");
     PacedLabel label(u"labJinDu"_s);
     label.setMeaning(u"进度"_s);
     EXPECT_EQ(label.accessibleName(), u"进度");

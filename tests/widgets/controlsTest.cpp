@@ -105,6 +105,7 @@ TEST(AccentFrame, FollowsItsWidgetInsideTheParent) {
     }
     QTest::keyClicks(framed, u"x"_s);
     EXPECT_EQ(framed->text(), u"x") << "the frame takes no events";
+    EXPECT_TRUE(frame->testAttribute(Qt::WA_TransparentForMouseEvents));
     beside.raise();
     framed->raise();
     EXPECT_EQ(window.children().last(), frame.data());

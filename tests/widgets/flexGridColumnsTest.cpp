@@ -104,7 +104,7 @@ TEST_F(FlexGridWidths, TheHeadingShowsTheOrderAndCanBeAbsent) {
     const QHeaderView &header = *grid.horizontalHeader();
     grid.showOrder(1, Qt::AscendingOrder);
     EXPECT_TRUE(header.isSortIndicatorShown() && header.sortIndicatorSection() == 1 && !header.highlightSections());
-    EXPECT_FALSE(grid.tabKeyNavigation()) << "Tab leaves the grid";
+    EXPECT_FALSE(grid.tabKeyNavigation() || grid.wordWrap());
     EXPECT_EQ(header.sortIndicatorOrder(), Qt::AscendingOrder);
     grid.showOrder(-1, Qt::AscendingOrder);
     EXPECT_FALSE(header.isSortIndicatorShown());

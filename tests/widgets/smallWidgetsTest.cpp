@@ -70,7 +70,7 @@ TEST(ClickLabel, LooksAsItsStateAndIsClickedByKeys) {
         EXPECT_EQ(lines.join(u' '), raised ? u"none none none none"_s : u"under none under none"_s);
         int clicks = 0;
         QObject::connect(&label, &ClickLabel::clicked, [&] { ++clicks; });
-        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_A, Qt::Key_B})
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_A, Qt::Key_B, Qt::Key_C})
             QTest::keyClick(&label, key);
         EXPECT_EQ(clicks, 3);
         EXPECT_EQ(label.focusPolicy(), Qt::StrongFocus);
@@ -88,6 +88,7 @@ TEST(Layout, TabFollowsTheLayoutAndHiddenControlsKeepTheirPlace) {
     split->addWidget(right); // moves it after the other
     auto *label = new QLabel(u"书名(&N)"_s);
     auto *line = hairline(&window);
+    EXPECT_EQ(line->frameStyle(), int(QFrame::HLine) | int(QFrame::Plain));
     window.setLayout(column({first, framed(new QGroupBox, row({split})), labelled(label, title), line, {last, 1}}));
     tabInReadingOrder(&window);
     QStringList names;
