@@ -24,13 +24,13 @@ struct FieldGridTest : testing::Test {
     QImage picture(int row, int column) {
         return grid.grab(place(row, column).translated(grid.viewport()->pos())).toImage();
     }
-    // Returns the middles of the runs of columns that differ from the ground, from line `top` down.
-    QList<int> inked(const QImage &of, int top = 3) {
+    // Returns the middles of the runs of columns that differ from the ground.
+    static QList<int> inked(const QImage &of) {
         QList<int> middles;
         int begin = -1;
         for (int x = 4; x < of.width() - 4; ++x) {
             bool ink = false;
-            for (int y = top; y < of.height() - 3; ++y)
+            for (int y = 3; y < of.height() - 3; ++y)
                 ink = ink || of.pixelColor(x, y).lightness() < 190;
             if (ink && begin < 0)
                 begin = x;
