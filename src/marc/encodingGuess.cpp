@@ -83,16 +83,12 @@ bool declaresUtf8(QByteArrayView record) {
 // Returns whether each complete record at the beginning declares UTF-8, and there is one.
 bool allDeclareUtf8(QByteArrayView start) {
     bool any = false;
-    for (qsizetype at = 0; at < start.size();) {
-        const qsizetype end = start.indexOf(char(recordTerminator), at);
-        if (end < 0)
-            break;
+    for (qsizetype at = 0, end = 0; (end = start.indexOf(char(recordTerminator), at)) >= 0; at = end + 1) {
         while (at < end && (start[at] == '\r' || start[at] == '\n'))
             ++at;
         if (!declaresUtf8(start.sliced(at, end - at)))
             return false;
         any = true;
-        at = end + 1;
     }
     return any;
 }

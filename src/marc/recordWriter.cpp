@@ -17,7 +17,6 @@ namespace marc {
 namespace {
 
 constexpr int firstDataField = 2;
-constexpr int lastDataField = 999;
 constexpr int firstTagAboveControl = 10;
 constexpr int keptOfLeader = leaderLength - recordLengthWidth;
 constexpr int afterBaseAddress = leaderLength - baseAddressAt - baseAddressLength;
@@ -148,7 +147,7 @@ std::vector<TaggedRow> dataRows(const FieldRows &rows) {
         const QString &text = rows[i].identifier;
         if (text.size() != 3 || !std::ranges::all_of(text, isDigit))
             continue;
-        if (const int tag = text.toInt(); tag >= firstDataField && tag <= lastDataField)
+        if (const int tag = text.toInt(); tag >= firstDataField)
             found.push_back({tag, i});
     }
     std::ranges::sort(found);
