@@ -177,6 +177,18 @@ TEST(FieldedRecord, ANewFieldHasItsPlaceAfterTheLastTagNotGreater) {
         EXPECT_EQ(record.placeFor(tag), place) << tag.toStdString();
 }
 
+TEST(IsoWriter, WritesLengthsAndAddressesAnew) {
+    const QString right = recordOf(u"001=x|200=1 $a甲$f乙"_s);
+    FieldedRecord record;
+    record.take(right);
+    record.leader.replace(0, 5, u"99999"_s).replace(12, 5, u"99999"_s);
+    IsoWriter writer;
+    EXPECT_EQ(writer.make(record, IsoEncoding::Utf8), QString());
+    EXPECT_EQ(writer.bytes().first(5).toInt(), writer.bytes().size());
+    EXPECT_EQ(writer.make(record), QString());
+    EXPECT_EQ(writer.text(), right);
+}
+
 TEST(IsoWriter, RefusesWhatTheFormatCannotHold) {
     const QString leader(24, u' ');
     const auto filled = [](qsizetype bytes) -> QString {
