@@ -21,7 +21,7 @@ TEST(Notice, KeepsItsTickAndClosesByItsButtonOrItsCross) {
     notice.Check1->click();
     EXPECT_EQ(kept(), u"True"_s);
     EXPECT_TRUE(notice.isMaximized() && notice.cmOK->hasFocus());
-    // Light words on a dark picture, whatever the desktop's colours; the caption of the button keeps its own.
+    // Light words on a dark picture, independent of the desktop's colours; the button's caption keeps its own.
     const QImage seen = notice.grab().toImage();
     const QPoint strip = notice.lHttp->parentWidget()->geometry().topLeft() + QPoint(1, 1);
     EXPECT_LT(seen.pixelColor(strip).lightness(), 80);

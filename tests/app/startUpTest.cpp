@@ -18,10 +18,15 @@ struct StartUpTest : testing::Test {
     database::SessionState state{links, {}};
     QString from = host.folder;
     QStringList shown;
+    std::function<void()> inDialog = [] {};
 
     bool start(bool another = false, const platform::Status &codePage = platform::codePageReady()) {
         return startUp(host, {.codePage = codePage, .anotherInstanceRuns = another, .executableFolder = from}, state,
-                       {.showConnectionDialog = [this] { shown.append(u"frmODBC"_s); },
+                       {.showConnectionDialog =
+                            [this] {
+                                shown.append(u"frmODBC"_s);
+                                inDialog();
+                            },
                         .showMain = [this] { shown.append(u"marcMain"_s); }});
     }
     void store(const QString &value) { ASSERT_TRUE(database::storeConnection(host.settings(), value)); }
@@ -39,6 +44,17 @@ TEST_F(StartUpTest, ASecondInstanceReportsItAndEndsBeforeAnySettingIsRead) {
     EXPECT_EQ(host.lastBox().title, u"操作提示"_s);
     EXPECT_TRUE(shown.isEmpty());
     EXPECT_TRUE(state.connectionString.isEmpty());
+}
+
+TEST_F(StartUpTest, AFirstRunEndsEvenWhenTheDialogHasSaved) {
+    inDialog = [this] { store(u"DSN=x;"_s); };
+    EXPECT_FALSE(start());
+    EXPECT_EQ(shown, QStringList{u"frmODBC"_s});
+    EXPECT_EQ(host.texts(), QStringList{u"请重新运行Quelt系统！"_s});
+    EXPECT_EQ(host.lastBox().title, u"系统操作提示"_s);
+    EXPECT_TRUE(start()) << "the next start finds the setting";
+    EXPECT_EQ(shown.last(), u"marcMain"_s);
+    EXPECT_EQ(state.connectionString, u"DSN=x;"_s);
 }
 
 TEST_F(StartUpTest, OnlyTheExactMarkerCountsAsAFirstRun) {

@@ -45,6 +45,16 @@ protected:
     QueryFrm dialog{host};
 };
 
+TEST_F(QueryFrmTest, TheTabKeyGoesDownTheDialog) {
+    QStringList way;
+    dialog.Command3->setFocus();
+    for (int step = 0; step < 5; ++step) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        way.append(QApplication::focusWidget()->objectName());
+    }
+    EXPECT_EQ(way.join(u' '), u"signSql Command10 Command2 totalSql cOrderby"_s);
+}
+
 TEST_F(QueryFrmTest, PassesOnItsConditionsWhenItsKeyIsPressed) {
     EXPECT_EQ(dialog.cSql->currentText() + dialog.cFuhao->currentText(),
               u"书名等于"_s); // the first field counts as clicked

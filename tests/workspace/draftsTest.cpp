@@ -216,6 +216,16 @@ TEST_F(DraftFileTest, AFullDiskIsReportedAndKeepsTheOldDrafts) {
     EXPECT_TRUE(file().write(large, {}));
 }
 
+TEST(DraftBook, ARecordThatEqualsTheFileAgainNeedsNoDraft) {
+    DraftBook book;
+    book.taken(3, u"file"_s, u"one"_s);
+    book.taken(3, u"one"_s, u"two"_s);
+    EXPECT_TRUE(book.isTaken(3));
+    book.settle();
+    book.taken(3, u"two"_s, u"file"_s);
+    EXPECT_TRUE(!book.isTaken(3) && book.unsettledRows().contains(3) && !book.isUnsettled());
+}
+
 TEST(DraftBook, DoesNotRestoreOverNewerOrOtherRecords) {
     const auto listed = [](int row) { return QString(u"file" + QString::number(row)); };
     DraftBook book;

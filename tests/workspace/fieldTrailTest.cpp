@@ -1,4 +1,5 @@
 #include "workspace/fieldTrail.h"
+#include "marc/recordWriter.h"
 #include "support/dice.h"
 #include "support/rowsOf.h"
 
@@ -27,6 +28,8 @@ public:
             for (int subfields = below(3); subfields >= 0; --subfields)
                 m_rows.append({.identifier = u"$"_s + QChar(u'a' + below(2)), .value = below(5) ? text() : repeated});
         }
+        m_held = {rebuilt(m_rows)};
+        m_rows = marc::showRecord(m_held[0]).rows;
         for (int row = 0; row < m_rows.size(); ++row)
             m_known.append(row);
         m_next = int(m_rows.size());
@@ -43,9 +46,12 @@ public:
             insertField(row);
         else if (kind < 10 && m_rows.size() > 8)
             remove(row);
+        else if (kind == 10)
+            take();
     }
 
     const FieldRows &rows() const { return m_rows; }
+    const std::vector<marc::RawRecord> &held() const { return m_held; }
     const QList<int> &known() const { return m_known; }
 
 private:
@@ -56,6 +62,7 @@ private:
             made += QChar(char16_t(0x4E00 + below(5000)));
         return made;
     }
+    static marc::RawRecord rebuilt(const FieldRows &rows) { return marc::madeMyMarc(rows, QString(24, u'0'), {}); }
     void insert(int row, const FieldRow &content) {
         m_rows.insert(row, content);
         m_known.insert(row, m_next++);
@@ -74,10 +81,32 @@ private:
             m_known.removeAt(row);
         } while (field && row < m_rows.size() && !marc::isFieldRow(m_rows[row]));
     }
+    // Writes the record into the list and reads it back; a copy with row numbers as values shows where each row goes.
+    void take() {
+        FieldRows numbered = m_rows;
+        for (int row = 1; row < numbered.size(); ++row)
+            if (!marc::isFieldRow(numbered[row]))
+                numbered[row].value = QString::number(row);
+        m_held.push_back(rebuilt(m_rows));
+        const FieldRows shown = marc::showRecord(rebuilt(numbered)).rows;
+        m_rows = marc::showRecord(m_held.back()).rows;
+        ASSERT_EQ(m_rows.size(), shown.size());
+        QList<int> known{m_known[0], m_known[1]};
+        for (int row = 2; row < shown.size(); ++row) {
+            int from = shown[marc::isFieldRow(shown[row]) ? row + 1 : row].value.toInt();
+            if (marc::isFieldRow(shown[row]))
+                while (!marc::isFieldRow(numbered[from]))
+                    --from;
+            known.append(m_known[from]);
+        }
+        m_known = known;
+    }
+
     Dice m_dice;
     FieldRows m_rows;
     QList<int> m_known;
     int m_next = 0;
+    std::vector<marc::RawRecord> m_held;
 };
 
 } // namespace
@@ -132,7 +161,7 @@ TEST(FieldTrail, NeverFindsAnotherField) {
             for (int element = 2; element < first.size(); ++element) {
                 const bool stands = record.known().contains(element);
                 there += stands;
-                const auto trail = followField(first, record.rows(), element);
+                const auto trail = followField(record.held(), record.rows(), element);
                 if (!trail || trail->subfieldLost)
                     continue;
                 const int reached = record.known()[trail->element];
